@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "art/atelier/Numbers.h"
+
+#include <cstdint>
+
+// The colours of the show. All painting is done in linear light, 0 to 1; ToScreen and FromScreen are the way
+// to the values of a picture file and back.
+
+namespace atelier
+{
+
+struct Colour {
+    float r = 0, g = 0, b = 0; // linear light
+};
+
+constexpr Colour operator*(Colour c, float s)
+{
+    return {c.r * s, c.g * s, c.b * s};
+}
+constexpr Colour operator*(Colour a, Colour b)
+{
+    return {a.r * b.r, a.g * b.g, a.b * b.b};
+}
+constexpr Colour operator+(Colour a, Colour b)
+{
+    return {a.r + b.r, a.g + b.g, a.b + b.b};
+}
+constexpr Colour Mix(Colour a, Colour b, float t)
+{
+    return {Mix(a.r, b.r, t), Mix(a.g, b.g, t), Mix(a.b, b.b, t)};
+}
+
+// A value of a picture file, 0 to 1, as linear light. x to the power 2.4 is x * x times the fifth root of x *
+// x.
+constexpr float FromScreen(float s)
+{
+    if (s <= 0.04045f)
+        return s / 12.92f;
+    const double x = (static_cast<double>(s) + 0.055) / 1.055;
+    const double square = x * x;
+    double root = 1;
+    for (int step = 0; step < 40; ++step)
+        root = (4 * root + square / (root * root * root * root)) / 5;
+    return static_cast<float>(square * root);
+}
+
+inline float ToScreen(float linear)
+{
+    return linear <= 0.0031308f ? linear * 12.92f : 1.055f * Pow(linear, 1 / 2.4f) - 0.055f;
+}
+
+constexpr Colour FromHex(uint32_t rgb)
+{
+    return {FromScreen(static_cast<float>(rgb >> 16 & 255) / 255),
+            FromScreen(static_cast<float>(rgb >> 8 & 255) / 255),
+            FromScreen(static_cast<float>(rgb & 255) / 255)};
+}
+
+namespace palette
+{
+// clang-format off
+constexpr Colour Ink       = FromHex(0x0d1020);
+constexpr Colour Night     = FromHex(0x1b2140);
+constexpr Colour Slate     = FromHex(0x38466b);
+constexpr Colour Mist      = FromHex(0x8f9bb3);
+constexpr Colour Ochre     = FromHex(0xc8822a);
+constexpr Colour Amber     = FromHex(0xf0b050);
+constexpr Colour Rust      = FromHex(0x8a3b1e);
+constexpr Colour Bone      = FromHex(0xefe6d2);
+constexpr Colour Parchment = FromHex(0xd9c9a3);
+constexpr Colour Moss      = FromHex(0x55602f);
+constexpr Colour ColdLight = FromHex(0x9fe8ff); // the rare second light
+constexpr Colour Black     = {0, 0, 0};         // only as the ground of pictures that are added to what lies behind
+// clang-format on
+} // namespace palette
+
+} // namespace atelier

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/PenAlphabet.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace atelier
+{
+
+namespace
+{
+
+constexpr float UnitsPerCapital = 9;
+constexpr float SpaceUnits = 3;
+
+struct Knot {
+    Vec2 place;
+    bool corner;
+};
+
+const PenLetter* Find(char32_t character)
+{
+    for (size_t i = 0; i < PenLetterCount; ++i)
+        if (PenLetters[i].character == character)
+            return &PenLetters[i];
+    return nullptr;
+}
+
+std::u32string Characters(const std::string& text)
+{
+    std::u32string result;
+    for (size_t i = 0; i < text.size();) {
+        const unsigned char first = static_cast<unsigned char>(text[i++]);
+        const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
+        char32_t c = more == 0 ? first : first & (0x3Fu >> more);
+        for (int k = 0; k < more && i < text.size(); ++k)
+            c = (c << 6) | (static_cast<unsigned char>(text[i++]) & 0x3Fu);
+        result.push_back(c);
+    }
+    return result;
+}
+
+float ReadNumber(const char*& p)
+{
+    const float sign = *p == '-' ? -1.0f : 1.0f;
+    if (*p == '-')
+        ++p;
+    float value = 0, part = 1;
+    for (; *p >= '0' && *p <= '9'; ++p)
+        value = value * 10 + static_cast<float>(*p - '0');
+    if (*p == '.')
+        for (++p; *p >= '0' && *p <= '9'; ++p)
+            value += (part *= 0.1f) * static_cast<float>(*p - '0');
+    return sign * value;
+}
+
+std::vector<std::vector<Knot>> Strokes(const PenLetter& letter)
+{
+    std::vector<std::vector<Knot>> strokes(1);
+    for (const char* p = letter.strokes; *p != 0;) {
+        if (*p == ' ') {
+            ++p;
+        } else if (*p == '/') {
+            strokes.emplace_back();
+            ++p;
+        } else {
+            Knot knot{};
+            knot.place.x = ReadNumber(p);
+            if (*p == ',')
+                ++p;
+            knot.place.y = ReadNumber(p);
+            if (*p == '!') {
+                knot.corner = true;
+                ++p;
+            }
+            strokes.back().push_back(knot);
+        }
+    }
+    return strokes;
+}
+
+// Where a letter's ink begins and ends at each height, in units, one band a unit high: what its neighbours
+// see.
+struct Profile {
+    static constexpr int Bands = 18, Lowest = -6;
+    float left[Bands], right[Bands];
+};
+
+Profile ProfileOf(const PenLetter& letter)
+{
+    Profile profile;
+    std::fill(profile.left, profile.left + Profile::Bands, 99.0f);
+    std::fill(profile.right, profile.right + Profile::Bands, -99.0f);
+    for (const std::vector<Knot>& stroke : Strokes(letter))
+        for (size_t i = 0; i < stroke.size(); ++i)
+            for (int k = 0; k <= 8; ++k) {
+                const Vec2 p = Mix(stroke[i].place, stroke[std::min(i + 1, stroke.size() - 1)].place,
+                                   static_cast<float>(k) / 8);
+                const int band = Floor(p.y) - Profile::Lowest;
+                for (int b = std::max(0, band - 1); b <= std::min(Profile::Bands - 1, band + 1); ++b) {
+                    profile.left[b] = Min(profile.left[b], p.x);
+                    profile.right[b] = Max(profile.right[b], p.x);
+                }
+            }
+    return profile;
+}
+
+// From a letter's origin to the next one's: their ink keeps the gap at the height where they come closest,
+// tempered by their widths, so that neither LT nor AV tears a hole.
+float Advance(const PenLetter& letter, const PenLetter& next, float gap)
+{
+    const Profile a = ProfileOf(letter), b = ProfileOf(next);
+    float closest = -99, rightmost = -99, leftmost = 99;
+    for (int i = 0; i < Profile::Bands; ++i) {
+        rightmost = Max(rightmost, a.right[i]);
+        leftmost = Min(leftmost, b.left[i]);
+        if (a.right[i] > -99 && b.left[i] < 99)
+            closest = Max(closest, a.right[i] - b.left[i]);
+    }
+    const float apart = rightmost - leftmost;
+    // A dot on the line must not slip under its neighbour: it would be taken for a part of it.
+    const bool dot = letter.width < 1.6f || next.width < 1.6f;
+    return Mix(apart, Max(closest, apart - (dot ? 0.3f : 2.5f)), 0.65f) + gap;
+}
+
+float AdvanceIn(const std::u32string& text, size_t i, const LetterStyle& style)
+{
+    const PenLetter* letter = Find(text[i]);
+    if (letter == nullptr)
+        return SpaceUnits * style.narrow;
+    const PenLetter* next = i + 1 < text.size() ? Find(text[i + 1]) : nullptr;
+    return (next != nullptr ? Advance(*letter, *next, style.spacing) : letter->width + style.spacing * 0.5f) *
+           style.narrow;
+}
+
+Line Bent(const std::vector<Knot>& stroke, Vec2 origin, float unit, const LetterStyle& style, float size,
+          float turn)
+{
+    Line line;
+    std::vector<Vec2> piece;
+    const auto flush = [&] {
+        const Line part = Through(piece, Max(0.8f, unit * 0.25f));
+        line.insert(line.end(), part.begin() + (line.empty() ? 0 : 1), part.end());
+    };
+    const float c = Cos(turn), s = Sin(turn);
+    for (const Knot& knot : stroke) {
+        const Vec2 p = {(knot.place.x * style.narrow + knot.place.y * style.slant) * size,
+                        -knot.place.y * size};
+        piece.push_back(origin + Vec2{c * p.x - s * p.y, s * p.x + c * p.y} * unit);
+        if (knot.corner && piece.size() > 1) {
+            flush();
+            piece = {piece.back()};
+        }
+    }
+    if (piece.size() > 1)
+        flush();
+    return line;
+}
+
+} // namespace
+
+bool HasLetter(char32_t character)
+{
+    return Find(character) != nullptr;
+}
+
+float WidthOf(const std::string& text, const LetterStyle& style)
+{
+    const std::u32string characters = Characters(text);
+    float width = 0;
+    for (size_t i = 0; i < characters.size(); ++i)
+        width += AdvanceIn(characters, i, style);
+    return width * style.size / UnitsPerCapital;
+}
+
+std::vector<WrittenStroke> Writing(const std::string& text, Vec2 place, const LetterStyle& style,
+                                   Anchor anchor, uint32_t seed)
+{
+    const std::u32string characters = Characters(text);
+    const float unit = style.size / UnitsPerCapital;
+    if (anchor != Anchor::Left)
+        place.x -= WidthOf(text, style) * (anchor == Anchor::Middle ? 0.5f : 1);
+    Dice dice(seed);
+    std::vector<WrittenStroke> written;
+    for (size_t i = 0; i < characters.size(); ++i) {
+        const float size = 1 + 0.035f * style.lively * dice.Bell();
+        const float turn = 0.018f * style.lively * dice.Bell();
+        const Vec2 shift = Vec2{0.05f * dice.Bell(), 0.13f * dice.Bell()} * (unit * style.lively);
+        if (const PenLetter* letter = Find(characters[i]))
+            for (const std::vector<Knot>& stroke : Strokes(*letter)) {
+                // No two letters alike: the knots themselves move a little.
+                std::vector<Knot> moved = stroke;
+                for (Knot& knot : moved)
+                    knot.place = knot.place + Vec2{dice.Bell(), dice.Bell()} * (0.07f * style.lively);
+                if (moved.size() == 1) {
+                    moved.push_back({moved[0].place + Vec2{0.05f, -0.05f}, false});
+                    written.push_back({Bent(moved, place + shift, unit, style, size, turn), true, i});
+                } else {
+                    written.push_back({Bent(moved, place + shift, unit, style, size, turn), false, i});
+                }
+            }
+        place.x += AdvanceIn(characters, i, style) * unit;
+    }
+    return written;
+}
+
+void Write(Pen& pen, const std::string& text, Vec2 place, const LetterStyle& style, Anchor anchor,
+           uint32_t seed)
+{
+    const Nib before = pen.nib;
+    // A wobble that is right for a long line would tear small letters apart.
+    pen.nib.wobble = Min(before.wobble, style.size * 0.012f);
+    pen.nib.wave = Max(style.size * 0.4f, 8);
+    for (const WrittenStroke& stroke : Writing(text, place, style, anchor, seed)) {
+        if (stroke.dot) {
+            pen.Dot(stroke.line.front(), before.width * 0.55f);
+            continue;
+        }
+        // The broad side of the nib comes down with downward strokes.
+        float down = 0, length = 0.001f;
+        for (size_t i = 0; i + 1 < stroke.line.size(); ++i) {
+            const Vec2 step = stroke.line[i + 1] - stroke.line[i];
+            down += Max(step.y, 0) + 0.3f * Abs(step.x);
+            length += Length(step);
+        }
+        const float weight = 1 - style.upright * (1 - Clamp(1.25f * down / length));
+        pen.Stroke(stroke.line, {.start = 0.75f * weight, .middle = weight, .end = 0.45f * weight});
+    }
+    pen.nib = before;
+}
+
+} // namespace atelier

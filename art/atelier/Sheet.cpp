@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/Commands.h"
+#include "art/atelier/Files.h"
+#include "art/atelier/PenAlphabet.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace atelier
+{
+
+namespace
+{
+
+constexpr int Columns = 6, CellWidth = 264, CellHeight = 232, PictureWidth = 240, PictureHeight = 170;
+constexpr int Margin = 24, HeadHeight = 90, CheckerSize = 10;
+
+Canvas FromRaster(const Raster& raster)
+{
+    Canvas canvas(raster.width, raster.height);
+    const size_t step = static_cast<size_t>(raster.channels);
+    float linear[256];
+    for (int i = 0; i < 256; ++i)
+        linear[i] = FromScreen(static_cast<float>(i) / 255);
+    for (int y = 0; y < raster.height; ++y)
+        for (int x = 0; x < raster.width; ++x) {
+            const unsigned char* p =
+                &raster.bytes[(static_cast<size_t>(y) * static_cast<size_t>(raster.width) +
+                               static_cast<size_t>(x)) *
+                              step];
+            const float a = raster.channels == 4 ? static_cast<float>(p[3]) / 255 : 1;
+            canvas.At(x, y) = {linear[p[0]] * a, linear[p[1]] * a, linear[p[2]] * a, a};
+        }
+    return canvas;
+}
+
+void Checker(Canvas& canvas, int left, int top, int width, int height)
+{
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            const Colour c = (x / CheckerSize + y / CheckerSize) % 2 == 0 ? palette::Slate : palette::Mist;
+            canvas.At(left + x, top + y) = {c.r, c.g, c.b, 1};
+        }
+}
+
+} // namespace
+
+int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& path)
+{
+    struct Entry {
+        const Picture* picture;
+        Canvas canvas;
+    };
+    std::vector<Entry> entries;
+    for (const Picture* picture : pictures) {
+        std::string bytes;
+        Raster raster;
+        if (ReadFile(picture->file, bytes) && Decode(bytes, raster))
+            entries.push_back({picture, FromRaster(raster)});
+    }
+    const int rows = std::max(1, (static_cast<int>(entries.size()) + Columns - 1) / Columns);
+    const int width = 2 * Margin + Columns * CellWidth, height = HeadHeight + rows * CellHeight + Margin;
+    Canvas sheet(width, height);
+    SketchPaper().Sheet(sheet, palette::Parchment);
+    Mask ink(width, height);
+    Pen title(ink, SketchPaper(), {.width = 4}, 1), pen(ink, SketchPaper(), {.width = 1.7f, .dry = 0.1f}, 2);
+    Write(title, "moonwaltz, all pictures", {Margin, 62}, {.size = 34}, Anchor::Left, 3);
+    uint32_t seed = 10;
+    for (size_t i = 0; i < entries.size(); ++i) {
+        const Canvas& canvas = entries[i].canvas;
+        const int left = Margin + static_cast<int>(i) % Columns * CellWidth + (CellWidth - PictureWidth) / 2;
+        const int top = HeadHeight + static_cast<int>(i) / Columns * CellHeight;
+        const float scale = Min(static_cast<float>(PictureWidth) / static_cast<float>(canvas.Width()),
+                                static_cast<float>(PictureHeight) / static_cast<float>(canvas.Height()));
+        const int w = std::max(1, Floor(static_cast<float>(canvas.Width()) * Min(scale, 1))),
+                  h = std::max(1, Floor(static_cast<float>(canvas.Height()) * Min(scale, 1)));
+        const int x = left + (PictureWidth - w) / 2, y = top + PictureHeight - h;
+        if (entries[i].picture->format == Format::PngRgba)
+            Checker(sheet, x, y, w, h);
+        sheet.Lay(Squeezed(canvas, w, h), x, y);
+        const float middle = static_cast<float>(left) + PictureWidth / 2.0f,
+                    line = static_cast<float>(top + PictureHeight);
+        char size[40];
+        std::snprintf(size, sizeof size, "%d × %d", canvas.Width(), canvas.Height());
+        LetterStyle style{.size = 15, .spacing = 1.1f, .lively = 0.7f};
+        style.narrow = Min(1, 0.98f * CellWidth / WidthOf(NameOf(*entries[i].picture), style));
+        Write(pen, NameOf(*entries[i].picture), {middle, line + 22}, style, Anchor::Middle, ++seed);
+        Write(pen, size, {middle, line + 42}, {.size = 11, .spacing = 1.1f, .lively = 0.7f}, Anchor::Middle,
+              ++seed);
+    }
+    sheet.Cover(ink, palette::Ink);
+    if (!WriteFile(path, EncodedPng(Finished(sheet, 3)))) {
+        std::fprintf(stderr, "atelier: cannot write %s\n", path.c_str());
+        return 1;
+    }
+    std::printf("%zu pictures on %s\n", entries.size(), path.c_str());
+    return 0;
+}
+
+} // namespace atelier

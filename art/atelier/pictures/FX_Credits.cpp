@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/Pen.h"
+#include "art/atelier/PenAlphabet.h"
+#include "art/atelier/Pictures.h"
+#include "art/atelier/Wash.h"
+#include "art/atelier/pictures/town/Town.h"
+
+namespace atelier
+{
+
+namespace
+{
+
+// The stone that the trees are of, with moss in its hollows.
+Canvas MossyStone()
+{
+    constexpr int Side = 512;
+    constexpr float Size = Side;
+    const Paper& paper = SketchPaper(512);
+    const Noise rock(701, 8, 8), block(709, 9, 7), moss(703, 6, 6), leaf(704, 96, 96), warp(705, 8, 8);
+    const auto cellAt = [&](float x, float y) {
+        const float w = 0.25f * warp.Fbm(x / Size * 8, y / Size * 8, 3);
+        return block.Worley(x / Size * 9 + w, y / Size * 7 + w);
+    };
+    const Mask joint = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const Noise::Cell cell = cellAt(x, y);
+        return Smooth(0.11f, 0.02f, cell.second - cell.nearest);
+    });
+    const Mask green = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float patch = moss.Fbm(x / Size * 6, y / Size * 6, 4) + 0.35f * joint.At(Floor(x), Floor(y));
+        return Smooth(0.12f, 0.34f, patch + 0.22f * leaf.Gradient(x / Size * 96, y / Size * 96));
+    });
+    Canvas canvas(Side, Side);
+    canvas.Ground([&](float x, float y) {
+        const float own = static_cast<float>(cellAt(x, y).name & 255) / 255;
+        const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 8, y / Size * 8, 5);
+        return Mix(palette::Mist, Mix(palette::Parchment, palette::Ochre, 0.2f), Clamp(0.2f + 0.5f * own)) *
+               (0.55f + 0.45f * t);
+    });
+    Wash(canvas, paper, joint, {.pigment = palette::Night, .density = 0.9f, .bloomSize = 128, .stray = 2},
+         706);
+    canvas.Cover(
+        green,
+        [&](float x, float y) {
+            const float t = 0.5f + 0.8f * leaf.Fbm(x / Size * 96, y / Size * 96, 2);
+            return Mix(palette::Moss * 0.75f, Mix(palette::Moss, palette::Parchment, 0.22f), Clamp(t));
+        },
+        0.9f);
+    Mask ink(Side, Side, 0, true);
+    Pen pen(ink, paper, {.width = 2.4f, .wobble = 0.8f, .wave = 20, .skip = 0.4f}, 707);
+    Dice dice(708);
+    for (int i = 0; i < 130; ++i) {
+        Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
+        const float a = dice.Range(0.2f, 1.2f);
+        pen.Stroke(Shaken(Straight({p, p + Vec2{Cos(a), Sin(a)} * dice.Range(10, 34)}), 3, 12, dice.Next()),
+                   {.start = 0.7f, .middle = 0.8f, .end = 0});
+    }
+    for (int i = 0; i < 40; ++i)
+        pen.Splatter({dice.Range(0, Size), dice.Range(0, Size)}, 14, 6, 2);
+    canvas.Cover(ink, palette::Ink, 0.7f);
+    // The grit of the stone, finer than the paper's tooth.
+    canvas.Tone(Mask(Side, Side).Each([&](float, float) { return dice.Unit(); }), 0.72f, 1.28f);
+    paper.Show(canvas, 0.6f);
+    return canvas;
+}
+
+constexpr int NameWidth = 1024, NameHeight = 128;
+constexpr float Baseline = 88;
+
+using Mark = void (*)(Pen& pen);
+
+// The first name is shown nearly twice as wide as high, the others a little higher than wide; `narrow` makes
+// up for it. A name in pen, bone on a soft shade of night, with a mark of its owner's craft at its left.
+Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
+{
+    const Paper& paper = SketchPaper();
+    Mask ink(NameWidth, NameHeight);
+    Pen pen(ink, paper, {.width = 8, .least = 0.3f, .wobble = 0.8f, .skip = 0.1f, .dry = 0.15f}, seed);
+    const LetterStyle style{.size = 66, .slant = 0.08f, .narrow = narrow, .spacing = 1.6f};
+    Write(pen, text, {168, Baseline}, style, Anchor::Left, seed + 1);
+    pen.nib.width = 5;
+    mark(pen);
+    pen.nib.width = 4;
+    const float end = Min(168 + WidthOf(text, style), NameWidth - 30);
+    pen.Stroke(Shaken(Through({{166, 116}, {Mix(166, end, 0.5f), 113}, {end, 117}}), 2, 120, seed + 2),
+               {.start = 0.1f, .middle = 0.8f, .end = 0});
+    Mask shade = ink.Blurred(9).Scale(2.2f);
+    shade.By([](float, float) { return 0.62f; });
+    Canvas canvas(NameWidth, NameHeight);
+    canvas.Cover(shade.FadeToBorder(10), palette::Ink);
+    canvas.Cover(Mask(ink).FadeToBorder(4), palette::Bone);
+    return canvas;
+}
+
+// A reed's mouthpiece and the conical pipe with its holes.
+void Reed(Pen& pen)
+{
+    pen.Stroke(Through({{22, 96}, {70, 66}, {112, 34}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
+    pen.Stroke(Through({{34, 116}, {82, 80}, {118, 42}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
+    pen.Stroke(Through({{20, 92}, {18, 106}, {36, 120}}), {.start = 0.8f, .middle = 1, .end = 0.8f});
+    pen.Stroke(Through({{112, 34}, {130, 20}, {140, 16}, {134, 28}, {118, 42}}),
+               {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
+    for (int i = 0; i < 5; ++i)
+        pen.Dot(Vec2{42, 92} + Vec2{14, -10.5f} * static_cast<float>(i), 3.2f);
+}
+
+void Brush(Pen& pen)
+{
+    pen.Stroke(Through({{136, 16}, {104, 42}, {76, 66}}), {.start = 0.5f, .middle = 1, .end = 1});
+    pen.Stroke(Straight({{82, 54}, {90, 68}}), {.start = 1, .middle = 1, .end = 1});
+    pen.nib.width = 9;
+    pen.Stroke(Through({{80, 64}, {58, 78}, {46, 98}, {28, 108}}), {.start = 0.8f, .middle = 1, .end = 0});
+    pen.nib.width = 5;
+    pen.Stroke(Through({{78, 58}, {52, 72}, {40, 96}}), {.start = 0.8f, .middle = 0.7f, .end = 0.2f});
+    pen.Splatter({32, 104}, 18, 8, 3);
+}
+
+void Gear(Pen& pen, Vec2 at, float radius, int teeth, float turned)
+{
+    Line rim;
+    for (int i = 0; i <= teeth * 4; ++i) {
+        const float a = turned + 2 * Pi * static_cast<float>(i) / static_cast<float>(teeth * 4);
+        rim.push_back(at + Vec2{Cos(a), Sin(a)} * (i % 4 < 2 ? radius : radius * 0.78f));
+    }
+    pen.Stroke(Straight(rim), {.start = 0.8f, .middle = 1, .end = 0.8f});
+    pen.Stroke(Ellipse(at, radius * 0.3f, radius * 0.3f), {.start = 0.8f, .middle = 0.9f, .end = 0.7f});
+}
+void Gears(Pen& pen)
+{
+    Gear(pen, {58, 76}, 36, 10, 0.1f);
+    Gear(pen, {112, 42}, 25, 8, 0.4f);
+}
+
+void Lamp(Pen& pen)
+{
+    pen.Stroke(Through({{44, 108}, {58, 112}, {86, 112}, {100, 108}}),
+               {.start = 0.8f, .middle = 1, .end = 0.8f});
+    pen.Stroke(Through({{56, 104}, {46, 76}, {58, 46}}), {.start = 0.8f, .middle = 1, .end = 0.7f});
+    pen.Stroke(Through({{88, 104}, {98, 76}, {86, 46}}), {.start = 0.8f, .middle = 1, .end = 0.7f});
+    pen.Stroke(Through({{50, 46}, {72, 40}, {94, 46}}), {.start = 0.9f, .middle = 1, .end = 0.8f});
+    pen.Stroke(Ellipse({72, 26}, 15, 13), {.start = 0.7f, .middle = 0.8f, .end = 0.4f});
+    pen.Stroke(Round({{72, 58}, {80, 78}, {72, 90}, {64, 78}}), {.start = 0.9f, .middle = 1, .end = 0.8f});
+    for (const float side : {-1.0f, 1.0f})
+        for (int i = -1; i <= 1; ++i)
+            pen.Stroke(Straight({Vec2{72 + side * 38, 76 + 16 * static_cast<float>(i)},
+                                 Vec2{72 + side * 58, 76 + 24 * static_cast<float>(i)}}),
+                       {.start = 0.9f, .middle = 0.6f, .end = 0});
+}
+
+Canvas NameFen()
+{
+    return Name("fen tarogato", 0.7f, Reed, 721);
+}
+Canvas NameOchre()
+{
+    return Name("ochre", 1.25f, Brush, 731);
+}
+Canvas NameDunmarrow()
+{
+    return Name("dunmarrow", 1.25f, Gears, 741);
+}
+Canvas NameLowbeam()
+{
+    return Name("lowbeam", 1.25f, Lamp, 751);
+}
+
+} // namespace
+
+// clang-format off
+Group FX_CreditsPictures()
+{
+    return {"FX_Credits", {
+        {"Data/stoned.jpg",               512,  512, Format::Jpeg,    MossyStone},
+        {"Data/ackerbau_tiled2_2.jpg",   1024, 1024, Format::Jpeg,    FieldOfTheNames},
+        {"Data/credit-fen_tarogato.png", 1024,  128, Format::PngRgba, NameFen},
+        {"Data/credit-ochre.png",        1024,  128, Format::PngRgba, NameOchre},
+        {"Data/credit-dunmarrow.png",    1024,  128, Format::PngRgba, NameDunmarrow},
+        {"Data/credit-lowbeam.png",      1024,  128, Format::PngRgba, NameLowbeam},
+    }};
+}
+// clang-format on
+
+} // namespace atelier

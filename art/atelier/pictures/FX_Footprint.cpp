@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+// A walk on sand: one print of a bare left foot, the same print as light, and the sand.
+#include "art/atelier/DryBrush.h"
+#include "art/atelier/Glow.h"
+#include "art/atelier/Pen.h"
+#include "art/atelier/Pictures.h"
+#include "art/atelier/Wash.h"
+
+namespace atelier
+{
+
+namespace
+{
+
+// The print is drawn twice as large as its texture. The walk goes to the left; the light comes from there,
+// low, so that the mirrored print of the other foot is lit from the same side.
+constexpr int W = 1024, H = 512;
+
+// clang-format off
+const std::vector<Vec2> Sole = {
+    {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 118}, {350, 106}, {292, 136},
+    {264, 200}, {264, 272}, {292, 342}, {352, 392}, {450, 404}, {560, 392}, {680, 374}, {800, 368}, {890, 346}, {938, 308},
+};
+struct Toe {
+    Vec2 middle;
+    float length, breadth, turn; // half, half, radians
+};
+const Toe Toes[] = {
+    {{188, 128}, 66, 45, -0.06f}, // the big one
+    {{150, 216}, 40, 27,  0.06f},
+    {{170, 276}, 34, 24,  0.16f},
+    {{202, 330}, 31, 22,  0.28f},
+    {{248, 380}, 29, 21,  0.42f},
+};
+// clang-format on
+
+// Where the foot presses, 0 to 1: deepest under heel, ball and toes, hardly at the arch.
+Mask Pressed()
+{
+    Mask foot = Filled(W, H, Round(Sole));
+    for (const Toe& toe : Toes)
+        foot.Fill(Ellipse(toe.middle, toe.length, toe.breadth, toe.turn));
+    foot.Shake(5, 46, 11).Shake(2, 9, 12);
+    const auto under = [](float x, float y, float cx, float cy, float rx, float ry) {
+        return Bell(Length({(x - cx) / rx, (y - cy) / ry}));
+    };
+    return foot.By([&](float x, float y) {
+        return Clamp(0.62f + 0.4f * under(x, y, 846, 268, 120, 100) + 0.4f * under(x, y, 360, 250, 110, 150) +
+                     0.4f * Smooth(262, 230, x) - 0.34f * under(x, y, 620, 262, 110, 60));
+    });
+}
+
+Canvas Footprint()
+{
+    const Paper& paper = SketchPaper();
+    const Mask pressed = Pressed();
+    const Mask floor = pressed.Blurred(6), wide = pressed.Blurred(22);
+    const Noise crumbs(13), lumps(14);
+    // The height of the sand: the floor of the print, the rim that was pushed up around it, and its grain.
+    Mask height = Mask(W, H).Each([&](float x, float y) {
+        const int px = Floor(x), py = Floor(y);
+        const float deep = floor.At(px, py), rim = Clamp(wide.At(px, py) * 2.1f - 0.10f) * (1 - deep) *
+                                                   (0.8f + 0.5f * lumps.Fbm(x / 34, y / 34, 3));
+        const float grain = crumbs.Fbm(x / 5, y / 5, 2);
+        return -0.95f * deep + 0.85f * rim + grain * (0.02f + 0.10f * rim + 0.035f * deep) +
+               0.10f * deep * lumps.Fbm(x / 46, y / 46, 3);
+    });
+    height.Blur(0.8f);
+    Mask dark(W, H), light(W, H), damp(W, H);
+    const Mask window = Mask(W, H, 1).FadeToBorder(40);
+    for (int y = 1; y + 1 < H; ++y)
+        for (int x = 3; x + 3 < W; ++x) {
+            const float slope = (height.At(x + 3, y) - height.At(x - 3, y)) * 1.6f +
+                                (height.At(x, y + 1) - height.At(x, y - 1)) * 0.35f;
+            dark.At(x, y) = Clamp(-slope * 1.5f) * window.At(x, y);
+            light.At(x, y) = Clamp(slope * 1.3f) * window.At(x, y);
+            damp.At(x, y) = (0.66f * floor.At(x, y) + 0.16f * Clamp(wide.At(x, y) * 1.6f)) * window.At(x, y);
+        }
+    damp.By([&](float x, float y) { return 0.85f + 0.5f * (0.5f - paper.Height(Floor(x), Floor(y))); });
+    // Light comes from the left: what falls away from it is dark.
+    Canvas canvas(W, H);
+    canvas.Cover(damp, Mix(palette::Rust, palette::Ink, 0.45f));
+    canvas.Cover(dark, Mix(palette::Ink, palette::Rust, 0.25f), 0.92f);
+    canvas.Cover(light, palette::Bone, 0.85f);
+    // Crumbs thrown out in front of the toes and behind the heel, and a few pen strokes where the edge broke.
+    Mask drops(W, H), strokes(W, H);
+    Pen pen(drops, paper, {.width = 2}, 15),
+        line(strokes, paper, {.width = 3.4f, .wobble = 1.5f, .wave = 20, .skip = 0.5f, .dry = 0.6f}, 16);
+    pen.Splatter({150, 230}, 120, 60, 4.5f);
+    pen.Splatter({930, 270}, 70, 40, 4);
+    line.Stroke(Part(Round(Sole), 0.02f, 0.22f), {.start = 0.1f, .middle = 0.8f, .end = 0});
+    line.Stroke(Part(Round(Sole), 0.44f, 0.62f), {.start = 0.1f, .middle = 0.9f, .end = 0});
+    line.Stroke(Part(Round(Sole), 0.7f, 0.95f), {.start = 0, .middle = 0.6f, .end = 0});
+    for (const Toe& toe : Toes)
+        line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.0f, 4.5f), toe.turn, toe.middle),
+                    {.start = 0.1f, .middle = 0.8f, .end = 0});
+    canvas.Cover(drops.Multiply(window), palette::Ink, 0.6f);
+    canvas.Cover(strokes, palette::Ink, 0.6f);
+    return Squeezed(canvas, 512, 256);
+}
+
+// The same print as light: brightest where the foot pressed hardest.
+Canvas FootprintWhite()
+{
+    const Paper& paper = SketchPaper();
+    const Mask pressed = Pressed();
+    Canvas canvas(W, H, palette::Black);
+    Mask core = pressed.Blurred(2.5f);
+    core.By([&](float x, float y) {
+        return core.At(Floor(x), Floor(y)) * (0.8f + 0.5f * paper.Height(Floor(x), Floor(y)));
+    });
+    canvas.Light(core, Mix(palette::Bone, palette::Amber, 0.25f), 0.75f);
+    canvas.Light(pressed.Blurred(10), palette::Amber, 0.20f);
+    canvas.Light(pressed.Blurred(26), palette::Ochre, 0.12f);
+    DarkenBorder(canvas, 70);
+    return Squeezed(canvas, 512, 256);
+}
+
+// Wind-ribbed sand, a tile. In the scene a tile is 30 units across the walk and 15 along it, so ribs are
+// drawn twice as steep as they will lie. Its corner is what the far band to the horizon is made of, so a
+// rib's middle tone lies there.
+Canvas Sand()
+{
+    constexpr int Size = 512, Ribs = 21;
+    const Paper& paper = SketchPaper(512);
+    const Noise warp(21, 7, 5), swell(23, 5, 3), grain(24, 128, 128);
+    Dice dice(28);
+    // Ribs fork where two places of opposite sense lie near each other: going round the one a rib is gained,
+    // round the other it is lost again.
+    struct Fork {
+        Vec2 gain, loss;
+    };
+    std::vector<Fork> forks;
+    for (int i = 0; i < 6; ++i) {
+        const Vec2 way = {dice.Range(30, 75), dice.Range(-24, 24)};
+        // By twos of opposite sense, or the ribs would climb from tile to tile.
+        for (float sense = -1; sense < 2; sense += 2) {
+            const Vec2 at = {dice.Range(0, Size), dice.Range(0, Size)};
+            forks.push_back({at, at + way * sense});
+        }
+    }
+    // Where a place stands between one crest (a whole number) and the next.
+    const auto phaseAt = [&](float x, float y) {
+        const float u = x / Size, v = y / Size;
+        float phase = v * Ribs + 0.7f * warp.Fbm(u * 7, v * 5, 3) + 0.62f;
+        for (const Fork& f : forks)
+            for (int k = 0; k < 9; ++k) {
+                const Vec2 p = {x - Size * static_cast<float>(k % 3 - 1),
+                                y - Size * static_cast<float>(k / 3 - 1)};
+                phase += (Angle(p - f.gain) - Angle(p - f.loss)) / (2 * Pi);
+            }
+        return phase;
+    };
+    const Mask phase = Mask(Size, Size, 0, true).Each(phaseAt);
+    Mask lee(Size, Size, 0, true), crest(Size, Size, 0, true), tone(Size, Size, 0, true);
+    lee.Each([&](float x, float y) {
+        const float f = Fraction(phase.At(Floor(x), Floor(y)));
+        return Smooth(0.0f, 0.12f, f) * Smooth(0.55f, 0.15f, f) *
+               Clamp(0.7f + 0.7f * swell.Fbm(x / Size * 5, y / Size * 3, 2));
+    });
+    crest.Each([&](float x, float y) {
+        const float f = Fraction(phase.At(Floor(x), Floor(y)));
+        return Smooth(0.66f, 0.95f, f) * Smooth(1.0f, 0.97f, f);
+    });
+    tone.Each(
+        [&](float x, float y) { return Clamp(0.5f + 0.4f * swell.Fbm(x / Size * 5, y / Size * 3, 3)); });
+
+    Canvas canvas(Size, Size);
+    paper.Sheet(canvas, Mix(palette::Parchment, palette::Bone, 0.4f), 0.8f);
+    const WashStyle flat = {.pool = 0, .granulation = 0.6f, .bloom = 0.5f, .bloomSize = 128, .stray = 0};
+    canvas.Glaze(WashDensity(paper, tone, flat, 25), palette::Ochre, 0.30f);
+    Wash(canvas, paper, lee,
+         {.pigment = Mix(palette::Rust, palette::Slate, 0.5f),
+          .density = 0.34f,
+          .pool = 0.35f,
+          .poolWidth = 3,
+          .granulation = 0.9f,
+          .bloom = 0.7f,
+          .bloomSize = 100,
+          .stray = 2},
+         26);
+    canvas.Cover(crest.Blur(0.8f), palette::Bone, 0.5f);
+    // Wind in the sand: a dry brush along the ribs.
+    Mask wind(Size, Size, 0, true);
+    DryBrush brush(wind, paper,
+                   {.width = 13, .count = 8, .thickness = 1.2f, .load = 0.46f, .ragged = 0.5f, .wave = 40},
+                   27);
+    for (int i = 0; i < 120; ++i) {
+        Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
+        const float level = phaseAt(p.x, p.y);
+        Line line;
+        for (int step = 0; step < 26; ++step) {
+            line.push_back(p);
+            p.x += 3;
+            // Stay on the rib.
+            const float off = phaseAt(p.x, p.y) - level;
+            p.y -= Clamp((off - static_cast<float>(Floor(off + 0.5f))) * Size / Ribs, -3, 3);
+        }
+        brush.Stroke(line, dice.Range(0.6f, 1));
+    }
+    canvas.Cover(wind, Mix(palette::Rust, palette::Ink, 0.4f), 0.3f);
+    const Mask specks = Mask(Size, Size, 0, true).Each([&](float x, float y) {
+        return Smooth(0.52f, 0.75f, grain.Gradient(x / 4, y / 4));
+    });
+    canvas.Cover(specks, Mix(palette::Rust, palette::Ink, 0.3f), 0.3f);
+    paper.Show(canvas, 0.5f);
+    return canvas;
+}
+
+} // namespace
+
+// clang-format off
+Group FX_FootprintPictures()
+{
+    return {"FX_Footprint", {
+        {"Data/footprint.png",               512, 256, Format::PngRgba, Footprint},
+        {"Data/footprint_white.jpg",         512, 256, Format::Jpeg,    FootprintWhite},
+        {"Data/sandbau.jpg",                 512, 512, Format::Jpeg,    Sand},
+    }};
+}
+// clang-format on
+
+} // namespace atelier

@@ -1,0 +1,407 @@
+// SPDX-License-Identifier: MIT
+// The closing roll: three pages that follow one another upwards without a gap, half a screen wide, two
+// screens high each. Bone-white pen on whatever lies behind, with a little night about each stroke.
+#include "art/atelier/DryBrush.h"
+#include "art/atelier/Glow.h"
+#include "art/atelier/PenAlphabet.h"
+#include "art/atelier/Pictures.h"
+#include "art/atelier/Wash.h"
+
+namespace atelier
+{
+
+namespace
+{
+
+// Twice the size in which a page is seen on the largest window.
+constexpr int W = 1024, H = 2148;
+constexpr float Middle = W / 2.0f;
+
+// One page: what is written and drawn on it, by kind of ink.
+class Page
+{
+public:
+    explicit Page(uint32_t seed)
+        : lines(W, H), washes(W, H), lights(W, H), accents(W, H), dark(W, H),
+          pen(lines, SketchPaper(), {.width = 4, .wobble = 1.1f, .wave = 44, .skip = 0.3f, .dry = 0.4f},
+              seed),
+          amber(accents, SketchPaper(), {.width = 4, .skip = 0.1f}, seed + 1), dice(seed + 2),
+          letterSeed(seed * 100)
+    {
+    }
+
+    void Words(const std::string& text, float y, float size, float weight = 0)
+    {
+        pen.nib.width = weight > 0 ? weight : 2 + size * 0.058f;
+        Write(pen, text, {Middle, y}, {.size = size, .slant = 0.08f, .spacing = 1.15f, .lively = 0.8f},
+              Anchor::Middle, ++letterSeed);
+    }
+    void Aside(const std::string& text, float y, float size)
+    {
+        amber.nib.width = 2 + size * 0.05f;
+        Write(amber, text, {Middle, y}, {.size = size, .slant = 0.16f, .spacing = 1.2f}, Anchor::Middle,
+              ++letterSeed);
+    }
+    void Draw(const Line& line, float width = 4, Press press = {.start = 0.6f, .middle = 0.9f, .end = 0.4f})
+    {
+        pen.nib.width = width;
+        pen.Stroke(line, press);
+    }
+    // A drawn shape: a pale wash and its contour.
+    void Body(const Line& outline, float width = 4, float amount = 1)
+    {
+        const Mask shape = Filled(W, H, outline);
+        Mask turnedAway = shape;
+        turnedAway.Erase(Moved(outline, {-9, -8})).Erase(Moved(outline, {-16, -3}), 0.5f);
+        washes.Unite(Mask(shape).Scale(amount));
+        Draw(outline, width);
+        pen.nib.width = 2.2f;
+        Hatch(pen, turnedAway, {.angle = 2.2f, .spacing = 6.5f, .length = 40, .bend = 3}, ++letterSeed);
+    }
+    // A flourish between two parts: a line that swells, with a drop at its middle.
+    void Rule(float y, float half)
+    {
+        Draw(Through({{Middle - half, y + 3}, {Middle - half * 0.4f, y - 4}, {Middle - 14, y + 2}}), 4,
+             {.start = 0, .middle = 0.6f, .end = 0.3f});
+        Draw(Through({{Middle + 14, y + 2}, {Middle + half * 0.4f, y + 7}, {Middle + half, y - 2}}), 4,
+             {.start = 0.3f, .middle = 0.6f, .end = 0});
+        pen.Dot({Middle, y + 1}, 4.5f);
+    }
+
+    Canvas Finished()
+    {
+        const Paper& paper = SketchPaper();
+        Canvas canvas(W, H);
+        Mask all = lines;
+        all.Unite(accents).Unite(washes);
+        Mask shade = all.Blurred(5);
+        shade.Scale(1.8f).Curve(0, 1.3f).Unite(all.Blurred(22).Scale(1.4f)).FadeToBorder(30);
+        canvas.Cover(shade, palette::Ink, 0.72f);
+        const Mask body = WashDensity(
+            paper, washes,
+            {.pool = 0.9f, .poolWidth = 6, .granulation = 0.9f, .bloom = 0.8f, .bloomSize = 90, .stray = 2},
+            7);
+        canvas.Cover(dark.Blurred(3), palette::Ink);
+        canvas.Cover(body, palette::Slate, 0.75f);
+        canvas.Cover(accents, palette::Amber, 0.95f);
+        canvas.Cover(lights.Blurred(26).FadeToBorder(10), palette::Amber, 0.5f);
+        canvas.Cover(lights, Mix(palette::Amber, palette::Bone, 0.5f));
+        canvas.Cover(
+            lines,
+            [&](float x, float y) {
+                return Mix(palette::Bone, palette::Parchment,
+                           Smooth(0.35f, 0.75f, paper.Height(Floor(x), Floor(y))));
+            },
+            0.97f);
+        return Squeezed(canvas, 512, 2048);
+    }
+
+    Mask lines, washes, lights, accents, dark;
+    Pen pen, amber;
+    Dice dice;
+
+private:
+    uint32_t letterSeed;
+};
+
+void DrawMoon(Page& page, Vec2 at, float radius)
+{
+    const Line outer = Arc(at, radius, radius, -2.0f, 2.0f),
+               inner = Arc(at - Vec2{radius * 0.46f, 0}, radius * 1.02f, radius * 1.05f, -1.12f, 1.12f);
+    Line sickle = outer;
+    sickle.insert(sickle.end(), inner.rbegin(), inner.rend());
+    page.lights.Fill(Shaken(sickle, 1.5f, 50, 3));
+    page.Draw(outer, 5, {.start = 0.1f, .middle = 1, .end = 0.1f});
+    Mask shade = Filled(W, H, Ellipse(at, radius * 0.97f, radius * 0.97f));
+    shade.Erase(sickle).Scale(0.5f);
+    page.pen.nib.width = 2;
+    Hatch(page.pen, shade.Blur(5), {.angle = 0.9f, .spacing = 9, .length = 80}, 4);
+}
+
+// A tarogato: a cone of wood with keys, a bell, a beak.
+void DrawReed(Page& page, Vec2 at)
+{
+    const Line axis = Through({at + Vec2{-250, -62}, at + Vec2{0, -4}, at + Vec2{232, 58}});
+    page.Body(Limb(axis, 9, 22, 40));
+    page.Body(Limb(Through({at + Vec2{228, 57}, at + Vec2{262, 66}}), 38, 46, 66), 5);
+    page.Body(Limb(Through({at + Vec2{-306, -84}, at + Vec2{-272, -74}, at + Vec2{-248, -62}}), 3, 9, 11));
+    for (int i = 0; i < 9; ++i) {
+        const float t = 0.12f + 0.082f * static_cast<float>(i);
+        const Vec2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
+        page.Draw(Ellipse(p - n * 3, 8 + 4 * t, 6 + 3 * t, 0.2f), 3);
+        if (i % 3 == 1)
+            page.Draw(Through({p - n * (20 + 10 * t), p - n * 16 + d * 20, p + d * 40}), 3);
+    }
+    for (float t = 0.05f; t < 1; t += 0.3f) {
+        const Vec2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
+        page.Draw(Through({p - n * (12 + 24 * t), p + d * 4, p + n * (12 + 24 * t)}), 5);
+    }
+    // What comes out of it: three notes, the last one leaving.
+    for (int i = 0; i < 3; ++i) {
+        const float k = static_cast<float>(i);
+        const Vec2 head = at + Vec2{306 + 46 * k, 34 - 34 * k + 20 * static_cast<float>(i % 2)};
+        page.accents.Fill(Ellipse(head, 12, 8, -0.4f));
+        page.amber.nib.width = 4;
+        page.amber.Stroke(Through({head + Vec2{10, -2}, head + Vec2{11, -30}, head + Vec2{13, -58}}),
+                          {.start = 0.8f, .middle = 0.7f, .end = 0.7f});
+        page.amber.Stroke(Through({head + Vec2{13, -58}, head + Vec2{24, -44}, head + Vec2{26, -28}}),
+                          {.start = 1, .middle = 0.6f, .end = 0});
+    }
+}
+
+void DrawBrush(Page& page, Vec2 at)
+{
+    page.Body(Limb(Through({at + Vec2{290, -70}, at + Vec2{120, -34}, at + Vec2{-40, 8}}), 5, 15, 13));
+    page.Body(Limb(Through({at + Vec2{-40, 8}, at + Vec2{-96, 24}}), 17, 21, 25), 5);
+    for (float k = 0; k < 3; ++k)
+        page.Draw(Through({at + Vec2{-50 - 16 * k, -9 + 3 * k}, at + Vec2{-46 - 16 * k, 12 + 4 * k},
+                           at + Vec2{-40 - 16 * k, 30 + 5 * k}}),
+                  3);
+    DryBrush hair(
+        page.lines, SketchPaper(),
+        {.width = 52, .count = 30, .thickness = 2.2f, .load = 0.9f, .ragged = 0.12f, .spread = -0.75f}, 31);
+    hair.Stroke(Through({at + Vec2{-92, 24}, at + Vec2{-150, 42}, at + Vec2{-206, 74}}));
+    DryBrush trail(page.accents, SketchPaper(),
+                   {.width = 26, .count = 16, .thickness = 1.8f, .load = 0.62f, .ragged = 0.3f}, 32);
+    trail.Stroke(
+        Through({at + Vec2{-200, 76}, at + Vec2{-120, 116}, at + Vec2{60, 96}, at + Vec2{220, 112}}));
+}
+
+void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t seed)
+{
+    Line rim;
+    for (int i = 0; i < teeth; ++i)
+        for (int k = 0; k < 4; ++k) {
+            const float a = turn + (static_cast<float>(i) + 0.25f * static_cast<float>(k)) * 2 * Pi /
+                                       static_cast<float>(teeth);
+            rim.push_back(at + Vec2{Cos(a), Sin(a)} * (radius * (k < 2 ? 1.0f : 0.83f)));
+        }
+    rim.push_back(rim.front());
+    const Line outline = Shaken(Straight(rim, 2), 1.4f, 20, seed);
+    page.Body(outline, 4);
+    page.washes.Erase(Ellipse(at, radius * 0.56f, radius * 0.56f));
+    page.Draw(Ellipse(at, radius * 0.58f, radius * 0.58f, turn), 4);
+    page.Draw(Ellipse(at, radius * 0.17f, radius * 0.17f, turn), 5);
+    for (int i = 0; i < 5; ++i) {
+        const float a = turn + 0.3f + static_cast<float>(i) * 2 * Pi / 5;
+        const Vec2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
+        page.Draw(Through({at + d * (radius * 0.17f) + n * 4, at + d * (radius * 0.4f) + n * 2,
+                           at + d * (radius * 0.57f) + n * 6}),
+                  4);
+        page.Draw(Through({at + d * (radius * 0.17f) - n * 4, at + d * (radius * 0.4f) - n * 2,
+                           at + d * (radius * 0.57f) - n * 6}),
+                  3);
+    }
+}
+
+// A lantern held low.
+void DrawLamp(Page& page, Vec2 at)
+{
+    page.Draw(Arc(at + Vec2{0, -92}, 46, 60, -3.0f, -0.14f), 5);
+    page.Body(Round({at + Vec2{-40, -84}, at + Vec2{-14, -108}, at + Vec2{16, -108}, at + Vec2{42, -84}}), 4);
+    page.Draw(Through({at + Vec2{-44, -84}, at + Vec2{-56, -10}, at + Vec2{-46, 66}}), 4);
+    page.Draw(Through({at + Vec2{44, -84}, at + Vec2{56, -10}, at + Vec2{46, 66}}), 4);
+    page.Draw(Through({at + Vec2{-18, -84}, at + Vec2{-24, -10}, at + Vec2{-18, 66}}), 3,
+              {.start = 0.3f, .middle = 0.6f, .end = 0.3f});
+    page.Draw(Through({at + Vec2{-54, -8}, at + Vec2{0, -2}, at + Vec2{54, -9}}), 3,
+              {.start = 0.5f, .middle = 0.3f, .end = 0.5f});
+    page.Body(Straight({at + Vec2{-56, 66}, at + Vec2{-64, 96}, at + Vec2{64, 96}, at + Vec2{56, 66},
+                        at + Vec2{-56, 66}}),
+              5);
+    page.lights.Fill(Round({at + Vec2{0, -44}, at + Vec2{13, -8}, at + Vec2{10, 28}, at + Vec2{0, 40},
+                            at + Vec2{-11, 26}, at + Vec2{-12, -6}}));
+    // The beam is low, as the name says.
+    for (int i = 0; i < 14; ++i) {
+        const float a = 0.16f + 0.055f * static_cast<float>(i), r0 = 96, r1 = 200 + page.dice.Range(0, 90);
+        for (float side = -1; side < 2; side += 2) {
+            page.amber.nib.width = 3;
+            page.amber.Stroke(Through({at + Vec2{side * Cos(a) * r0, Sin(a) * r0},
+                                       at + Vec2{side * Cos(a) * (r0 + r1) * 0.5f, Sin(a) * (r0 + r1) * 0.5f},
+                                       at + Vec2{side * Cos(a) * r1, Sin(a) * r1}}),
+                              {.start = 0.5f, .middle = 0.5f, .end = 0});
+        }
+    }
+}
+
+// An inkpot and a pen that has been put down.
+void DrawInkpot(Page& page, Vec2 at)
+{
+    page.Body(Round({at + Vec2{-70, 70}, at + Vec2{-84, 10}, at + Vec2{-52, -34}, at + Vec2{-28, -44},
+                     at + Vec2{28, -44}, at + Vec2{54, -32}, at + Vec2{84, 12}, at + Vec2{70, 70}}),
+              5);
+    page.Body(Straight({at + Vec2{-34, -44}, at + Vec2{-38, -72}, at + Vec2{38, -72}, at + Vec2{34, -44},
+                        at + Vec2{-34, -44}}),
+              4);
+    page.Draw(Ellipse(at + Vec2{0, -72}, 38, 10), 4);
+    page.Body(Limb(Through({at + Vec2{6, -68}, at + Vec2{90, -150}, at + Vec2{190, -220}}), 4, 9, 3), 4);
+    for (int i = 0; i < 26; ++i) {
+        const float t = 0.35f + 0.024f * static_cast<float>(i);
+        const Vec2 p = PointAt(Through({at + Vec2{6, -68}, at + Vec2{90, -150}, at + Vec2{190, -220}}), t);
+        page.Draw(Through({p, p + Vec2{34, -2}, p + Vec2{58, -22}}), 2.6f,
+                  {.start = 0.6f, .middle = 0.6f, .end = 0});
+        page.Draw(Through({p, p + Vec2{-8, -26}, p + Vec2{10, -52}}), 2.6f,
+                  {.start = 0.6f, .middle = 0.6f, .end = 0});
+    }
+    page.pen.Splatter(at + Vec2{-120, 70}, 60, 16, 5);
+}
+
+void DrawMoth(Page& page, Vec2 at, float size, float turn)
+{
+    const auto put = [&](Line line) { return Turned(Moved(Scaled(std::move(line), size), at), turn, at); };
+    for (float side = -1; side < 2; side += 2) {
+        page.Body(put(Round({{0, -4},
+                             {side * 30, -46},
+                             {side * 76, -56},
+                             {side * 84, -30},
+                             {side * 54, 2},
+                             {side * 14, 10}})),
+                  3.4f);
+        page.Body(
+            put(Round({{side * 4, 8}, {side * 44, 8}, {side * 58, 34}, {side * 34, 52}, {side * 10, 34}})), 3,
+            0.8f);
+        page.Draw(put(Ellipse({side * 52, -28}, 9, 9)), 3);
+        page.Draw(put(Through({{side * 3, -16}, {side * 14, -40}, {side * 30, -62}})), 2.4f,
+                  {.start = 0.7f, .middle = 0.5f, .end = 0.1f});
+    }
+    page.Draw(put(Through({{0, -20}, {2, 10}, {0, 44}})), 9 * size,
+              {.start = 0.9f, .middle = 1, .end = 0.2f});
+}
+
+// The chick, seen from behind, on its way.
+void DrawChickLeaving(Page& page, Vec2 at)
+{
+    // It is black: only the feathers at its rim catch any light.
+    Mask down(W, H);
+    Pen feather(down, SketchPaper(), {.width = 3.4f, .wobble = 1, .dry = 0.4f, .pool = 0}, 41);
+    for (int i = 0; i < 300; ++i) {
+        const float a = page.dice.Range(0, 2 * Pi),
+                    r = page.dice.Chance(0.8f) ? page.dice.Range(0.8f, 1) : page.dice.Range(0.2f, 0.8f);
+        const Vec2 p = at + Vec2{66 * r * Cos(a), -8 + 76 * r * Sin(a)};
+        const float out = a + 0.5f * page.dice.Bell(), length = page.dice.Range(9, 24);
+        feather.Stroke(Through({p, p + Vec2{Cos(out), Sin(out)} * (length * 0.5f),
+                                p + Vec2{Cos(out + 0.2f), Sin(out + 0.2f)} * length}),
+                       {.start = 0.9f, .middle = 0.7f, .end = 0});
+    }
+    for (int i = -2; i <= 2; ++i) {
+        const float k = static_cast<float>(i);
+        feather.Stroke(Through({at + Vec2{3 * k, -84}, at + Vec2{6 * k, -102},
+                                at + Vec2{11 * k + 3, -118 + 3 * Abs(k)}}),
+                       {.start = 0.9f, .middle = 0.6f, .end = 0});
+    }
+    page.dark.Fill(Ellipse(at + Vec2{0, -8}, 74, 84));
+    page.lines.Screen(down.Scale(0.9f));
+    for (float side = -1; side < 2; side += 2) {
+        const Vec2 ankle = at + Vec2{side * 34, side < 0 ? 112.0f : 98.0f};
+        page.Draw(Through({at + Vec2{side * 20, 58}, at + Vec2{side * 24, 84}, ankle}), 6,
+                  {.start = 0.9f, .middle = 0.8f, .end = 0.8f});
+        for (float toe = -1.5f; toe < 2; toe += 1.5f) {
+            page.amber.nib.width = 8;
+            page.amber.Stroke(Through({ankle, ankle + Vec2{toe * 17 + side * 9, -6},
+                                       ankle + Vec2{toe * 32 + side * 18, -2 - 8 * (1.5f - Abs(toe))}}),
+                              {.start = 1, .middle = 0.8f, .end = 0.3f});
+        }
+    }
+}
+
+Canvas Page1()
+{
+    Page page(1);
+    DrawMoon(page, {Middle + 8, 250}, 118);
+    page.Words("moonwaltz", 560, 150, 15);
+    page.Words("one night, one waltz,", 690, 50);
+    page.Words("thirteen pictures", 762, 50);
+    page.Aside("by tessel", 852, 46);
+    page.Rule(940, 230);
+
+    DrawReed(page, {Middle - 20, 1090});
+    page.Words("fen tarogato", 1300, 86);
+    page.Aside("the waltz and the wind in it", 1382, 42);
+    page.Words("reed, music box, felt, fifty strings", 1448, 36);
+    page.Words("that nobody has ever seen", 1502, 36);
+
+    DrawBrush(page, {Middle - 20, 1680});
+    page.Words("ochre", 1904, 86);
+    page.Aside("everything that was drawn", 1986, 42);
+    page.Words("and the hand that drew it", 2052, 36);
+    return page.Finished();
+}
+
+Canvas Page2()
+{
+    Page page(2);
+    DrawGear(page, {Middle - 80, 210}, 138, 15, 0.1f, 51);
+    DrawGear(page, {Middle + 128, 252}, 84, 9, 0.28f, 52);
+    page.Words("dunmarrow", 486, 86);
+    page.Aside("the engine, all its wheels", 568, 42);
+    page.Words("houses that lean, a tree that grows,", 634, 36);
+    page.Words("two thousand sparks on nine threads", 688, 36);
+
+    DrawLamp(page, {Middle, 900});
+    page.Words("lowbeam", 1160, 86);
+    page.Aside("light, and when it goes out", 1242, 42);
+    page.Words("the course of the night, bar by bar", 1308, 36);
+    page.Rule(1396, 210);
+
+    DrawInkpot(page, {Middle - 40, 1660});
+    page.Words("with a pen, a dry brush, two washes", 1846, 40);
+    page.Words("and paper that has a tooth", 1904, 40);
+    page.Aside("no font was opened", 1984, 42);
+    return page.Finished();
+}
+
+Canvas Page3()
+{
+    Page page(3);
+    DrawMoth(page, {Middle - 96, 190}, 1.3f, -0.5f);
+    DrawMoth(page, {Middle + 120, 130}, 0.8f, 0.6f);
+    page.Aside("thanks", 376, 60);
+    page.Words("to Ida Weißgerber for the kitchen table", 468, 38);
+    page.Words("to old Jörn, who lent the moon", 530, 38);
+    page.Words("to the ferryman for waiting", 592, 38);
+    page.Words("to Malou and the geese", 654, 38);
+    page.Words("to everyone who was up at four", 716, 38);
+    page.Rule(806, 200);
+    page.Words("no chick was told where to go", 890, 40);
+
+    DrawChickLeaving(page, {Middle, 1090});
+    // Its steps, from the border of the page.
+    for (int i = 0; i < 5; ++i) {
+        const Vec2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * static_cast<float>(i),
+                           1290 + 54.0f * static_cast<float>(i)};
+        const float small = 1 - 0.1f * static_cast<float>(4 - i) * 0.5f;
+        for (float toe = -1; toe < 2; toe += 1)
+            page.Draw(Through({foot, foot + Vec2{toe * 10, -12} * small,
+                               foot + Vec2{toe * 19, -22 + 5 * Abs(toe)} * small}),
+                      3.4f, {.start = 0.8f, .middle = 0.6f, .end = 0.1f});
+    }
+    // The horizon, and what is left of the moon.
+    page.lights.Fill(Arc({Middle, 1756}, 86, 86, -Pi + 0.42f, -0.42f));
+    page.Draw(Through({{170, 1726}, {380, 1720}, {600, 1726}, {860, 1718}}), 5,
+              {.start = 0, .middle = 1, .end = 0});
+    for (int i = 0; i < 4; ++i) {
+        const float k = static_cast<float>(i);
+        page.amber.nib.width = 4;
+        page.amber.Stroke(Through({{Middle - 70 + 14 * k, 1748 + 20 * k},
+                                   {Middle, 1744 + 20 * k},
+                                   {Middle + 64 - 12 * k, 1749 + 20 * k}}),
+                          {.start = 0, .middle = 0.9f - 0.2f * k, .end = 0});
+    }
+    page.Words("the moon is gone.", 1930, 62);
+    page.Words("home now, quietly.", 2018, 62);
+    return page.Finished();
+}
+
+} // namespace
+
+// clang-format off
+Group FX_VerticalScrollerPictures()
+{
+    return {"FX_VerticalScroller", {
+        {"Data/abspanner_1.png",             512, 2048, Format::PngRgba, Page1},
+        {"Data/abspanner_2.png",             512, 2048, Format::PngRgba, Page2},
+        {"Data/abspanner_3.png",             512, 2048, Format::PngRgba, Page3},
+    }};
+}
+// clang-format on
+
+} // namespace atelier

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/opening/Opening.h"
+
+#include "art/atelier/PenAlphabet.h"
+
+namespace atelier
+{
+
+namespace
+{
+
+// A dancing shoe at the end of a leg, its toe in the given direction.
+void DrawShoe(Mask& ink, Vec2 ankle, float angle)
+{
+    const Vec2 d = {Cos(angle), Sin(angle)}, n = {-d.y, d.x};
+    ink.Fill(
+        Round({ankle - d * 9 - n * 6, ankle + d * 6 - n * 7, ankle + d * 26 + n * 1, ankle + d * 37 + n * 7,
+               ankle + d * 16 + n * 8, ankle - d * 3 + n * 4, ankle - d * 9 + n * 9, ankle - d * 12},
+              1));
+}
+
+} // namespace
+
+// The title, in ink with some of the moon's light about it: it stands on the moon's face, over the tip of the
+// bough. The two o's dance. The moon's middle is 41 pixels to the right of the picture's.
+Canvas MoonwaltzLogo()
+{
+    constexpr int W = 1024, H = 512;
+    const Paper& paper = SketchPaper();
+    Mask ink(W, H);
+    Pen pen(ink, paper,
+            {.width = 22,
+             .least = 0.16f,
+             .wobble = 1.2f,
+             .wave = 60,
+             .wander = 0.25f,
+             .skip = 0.06f,
+             .dry = 0.3f,
+             .pool = 0.25f},
+            41);
+    const LetterStyle style = {.size = 160, .slant = 0.08f, .spacing = 1.35f, .lively = 0.5f};
+    constexpr float Base = 300;
+    const std::vector<WrittenStroke> strokes = Writing("moonwaltz", {553, Base}, style, Anchor::Middle, 7);
+    Vec2 lo[2] = {{W, H}, {W, H}}, hi[2] = {};
+    for (const WrittenStroke& stroke : strokes) {
+        const bool o = stroke.letter == 1 || stroke.letter == 2;
+        Line line = stroke.line;
+        if (o) {
+            // He leans to her, she leans away, and both have left the line.
+            const size_t k = stroke.letter - 1;
+            const Vec2 middle = PointAt(line, 0.5f);
+            line = Moved(Turned(line, k == 0 ? 0.16f : 0.34f, middle),
+                         {k == 0 ? -3.0f : 7.0f, k == 0 ? -30.0f : -36.0f});
+            for (const Vec2& p : line) {
+                lo[k] = {Min(lo[k].x, p.x), Min(lo[k].y, p.y)};
+                hi[k] = {Max(hi[k].x, p.x), Max(hi[k].y, p.y)};
+            }
+        }
+        // A broad nib held aslant: strokes down are heavy, strokes across are hairs.
+        float down = 0;
+        for (size_t i = 0; i + 1 < line.size(); ++i)
+            down += Max(line[i + 1].y - line[i].y, 0);
+        const float weight = o ? 0.8f : Clamp(0.35f + 0.8f * down / LengthOf(line));
+        pen.Stroke(line, {.start = 0.6f * weight, .middle = weight, .end = 0.15f});
+    }
+    // Arms: two hands held high between them, his other arm round her.
+    pen.nib.width = 9;
+    const Vec2 his = Mix(lo[0], hi[0], 0.5f), hers = Mix(lo[1], hi[1], 0.5f);
+    const Vec2 hands = {(hi[0].x + lo[1].x) / 2 + 2, lo[0].y - 34};
+    pen.Stroke(
+        Through({{his.x + 14, lo[0].y + 3}, {hi[0].x - 4, lo[0].y - 8}, {hands.x - 8, hands.y + 8}, hands}),
+        {.start = 0.9f, .middle = 0.6f, .end = 0.5f});
+    pen.Stroke(Through({{hers.x - 2, lo[1].y + 4},
+                        {hers.x - 18, lo[1].y - 12},
+                        {hands.x + 6, hands.y + 5},
+                        hands + Vec2{-2, -4}}),
+               {.start = 0.8f, .middle = 0.55f, .end = 0.5f});
+    // Legs: he steps forward, she is on the tip of one foot and the other swings out.
+    const Vec2 hip = {his.x - 4, hi[0].y}, waist = {hers.x + 2, hi[1].y};
+    const Vec2 feet[] = {hip + Vec2{-44, 96}, hip + Vec2{34, 100}, waist + Vec2{-2, 104},
+                         waist + Vec2{92, 62}};
+    pen.nib.width = 11;
+    pen.Stroke(Through({hip + Vec2{-8, -3}, hip + Vec2{-14, 44}, feet[0]}),
+               {.start = 1, .middle = 0.75f, .end = 0.6f});
+    pen.Stroke(Through({hip + Vec2{10, -4}, hip + Vec2{40, 44}, feet[1]}),
+               {.start = 1, .middle = 0.75f, .end = 0.6f});
+    pen.nib.width = 9;
+    pen.Stroke(Through({waist + Vec2{-6, -2}, waist + Vec2{4, 50}, feet[2]}),
+               {.start = 1, .middle = 0.7f, .end = 0.5f});
+    pen.Stroke(Through({waist + Vec2{12, -6}, waist + Vec2{52, 18}, feet[3]}),
+               {.start = 1, .middle = 0.7f, .end = 0.5f});
+    DrawShoe(ink, feet[0], Pi - 0.1f);
+    DrawShoe(ink, feet[1], 0.15f);
+    DrawShoe(ink, feet[2], 1.1f);
+    DrawShoe(ink, feet[3], -0.75f);
+    // The floor they turned on.
+    pen.nib.width = 5;
+    for (int i = 0; i < 3; ++i) {
+        const float k = static_cast<float>(i);
+        pen.Stroke(Arc({his.x + 62, Base + 78}, 120 + 34 * k, 15 + 7 * k, 0.25f + 0.5f * k, 2.2f + 0.4f * k),
+                   {.start = 0, .middle = 0.5f - 0.1f * k, .end = 0});
+    }
+    pen.Splatter({905, 340}, 60, 18, 4);
+
+    Canvas canvas(W, H);
+    Mask light = ink.Blurred(5);
+    light.Scale(2.2f).Curve(0, 1);
+    Mask halo = light.Blurred(15);
+    halo.Scale(1.7f).Curve(0, 1.1f).FadeToBorder(50);
+    canvas.Cover(halo, Mix(palette::Bone, palette::Parchment, 0.35f), 0.8f);
+    canvas.Cover(
+        ink,
+        [&](float x, float y) {
+            return Mix(palette::Ink, palette::Night,
+                       0.6f * Smooth(0.4f, 0.8f, paper.Height(Floor(x), Floor(y))));
+        },
+        0.98f);
+    paper.Show(canvas, 0.4f);
+    return canvas;
+}
+
+} // namespace atelier

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/opening/Opening.h"
+
+#include "art/atelier/PenAlphabet.h"
+
+namespace atelier
+{
+
+// "tessel" laid in mosaic, two rows of stones along the pen's way; towards the end the stones come loose and
+// fall out of the word. Shown 717 wide and 376 high, nearly its own proportion.
+Canvas TesselLogo()
+{
+    constexpr int W = 1024, H = 512;
+    constexpr float Stone = 17.5f, Row = 9.6f;
+    const Paper& paper = SketchPaper();
+    struct Tessera {
+        Vec2 centre;
+        float turn, size;
+        int tone;
+        bool loose;
+    };
+    Dice dice(13);
+    std::vector<Tessera> stones;
+    const auto lay = [&](const Line& way) {
+        const float length = LengthOf(way);
+        for (float s = Stone * 0.4f; s < length; s += Stone * 1.06f)
+            for (float side = -Row; side <= Row; side += 2 * Row) {
+                const Vec2 d = DirectionAt(way, s / length);
+                const Vec2 at =
+                    PointAt(way, s / length) + Vec2{-d.y, d.x} * side + Vec2{dice.Bell(), dice.Bell()} * 0.6f;
+                bool taken = false;
+                for (const Tessera& other : stones)
+                    taken = taken || Length(other.centre - at) < Stone * 0.78f;
+                Tessera t = {at, Angle(d) + 0.07f * dice.Bell(), Stone * dice.Range(0.9f, 1.04f),
+                             dice.Below(9), false};
+                // From the second s on more and more of them have let go.
+                const float hold = dice.Unit() + 0.9f * Smooth(1010, 560, at.x);
+                if (hold < 0.62f) {
+                    const float far = (0.62f - hold) * 2 * Smooth(420, 900, at.x);
+                    t.centre =
+                        at + Vec2{far * dice.Range(-30, 90), far * far * 190 + far * dice.Range(0, 40)};
+                    t.turn += far * dice.Range(-3, 3);
+                    t.loose = far > 0.12f;
+                }
+                if (!taken)
+                    stones.push_back(t);
+            }
+    };
+    const LetterStyle style = {.size = 300, .slant = 0.05f, .spacing = 2.0f, .lively = 0.5f};
+    for (const WrittenStroke& stroke : Writing("tessel", {W / 2.0f - 18, 372}, style, Anchor::Middle, 5))
+        lay(stroke.line);
+
+    const Colour tones[9] = {palette::Bone,  palette::Parchment, palette::Bone,
+                             palette::Ochre, palette::Parchment, palette::Rust,
+                             palette::Amber, palette::Bone,      palette::Slate};
+    std::vector<Mask> faces(9, Mask(W, H));
+    Mask mortar(W, H), edges(W, H), cracks(W, H);
+    Pen edge(edges, paper, {.width = 2, .wobble = 0.3f, .wave = 12, .skip = 0.1f, .pool = 0.2f}, 15),
+        crack(cracks, paper, {.width = 1.3f, .pool = 0}, 16);
+    uint32_t seed = 100;
+    for (const Tessera& t : stones) {
+        if (t.centre.y > H - 16 || t.centre.x > W - 16 || t.centre.x < 16 || t.centre.y < 16)
+            continue;
+        Line corners;
+        for (int i = 0; i < 4; ++i) {
+            const float a = t.turn + (static_cast<float>(i) + 0.5f) * Pi / 2 + 0.05f * dice.Bell();
+            corners.push_back(t.centre + Vec2{Cos(a), Sin(a)} * (t.size * 0.68f * dice.Range(0.92f, 1.04f)));
+        }
+        corners.push_back(corners.front());
+        const Line outline = Shaken(Straight(corners, 2), 0.9f, 8, ++seed);
+        faces[static_cast<size_t>(t.tone)].Fill(outline);
+        edge.Stroke(outline, {.start = 0.8f, .middle = 0.5f, .end = 0.7f});
+        if (!t.loose)
+            mortar.Fill(Ellipse(t.centre, Stone * 0.84f, Stone * 0.84f));
+        if (dice.Chance(0.3f))
+            crack.Stroke(Straight({t.centre + Vec2{dice.Range(-6, 6), -6},
+                                   t.centre + Vec2{dice.Range(-5, 5), dice.Range(-2, 6)}}),
+                         {.start = 0.6f, .middle = 0.5f, .end = 0});
+    }
+    mortar.Shake(3, 18, 14);
+
+    // A glow of the dusk behind the word lifts it off the wood.
+    Canvas canvas(W, H);
+    canvas.Cover(mortar.Blurred(16).FadeToBorder(40), palette::Ink, 0.5f);
+    canvas.Cover(mortar, [&](float x, float y) {
+        return palette::Ink * (0.8f + 0.9f * paper.Height(Floor(x), Floor(y)));
+    });
+    const Noise uneven(17);
+    for (size_t i = 0; i < faces.size(); ++i)
+        canvas.Cover(faces[i], [&](float x, float y) {
+            return tones[i] * (0.78f + 0.34f * uneven.Value(x / 13 + static_cast<float>(i) * 7, y / 13) +
+                               0.1f * uneven.Gradient(x / 3, y / 3));
+        });
+    // Each stone is a little darker below.
+    Mask below(W, H);
+    for (const Mask& face : faces)
+        for (int y = 0; y + 3 < H; ++y)
+            for (int x = 0; x < W; ++x)
+                below.At(x, y) = Max(below.At(x, y), face.At(x, y) * (1 - face.At(x, y + 3)));
+    canvas.Glaze(below, palette::Rust, 0.35f);
+    canvas.Cover(cracks, palette::Ink, 0.45f);
+    canvas.Cover(edges, palette::Ink, 0.85f);
+    paper.Show(canvas, 0.7f);
+    return canvas;
+}
+
+} // namespace atelier

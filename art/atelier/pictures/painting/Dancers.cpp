@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/painting/Dancers.h"
+
+#include "art/atelier/pictures/Wood.h"
+
+namespace atelier
+{
+
+// clang-format off
+// Him: his back from the crown to the heel, and his front.
+const std::vector<Vec2> HisBack   = {{468, 246}, {412, 268}, {362, 330}, {334, 410}, {320, 490}, {306, 560}, {268, 650}, {216, 730}, {150, 800}};
+const std::vector<Vec2> HisFront  = {{505, 268}, {540, 318}, {548, 370}, {530, 440}, {505, 505}, {462, 590}, {390, 670}, {318, 740}, {240, 810}};
+// Her: the line from her waist over breast and throat, and the line of her back.
+const std::vector<Vec2> HerFront  = {{448, 560}, {500, 505}, {560, 446}, {612, 388}, {662, 348}, {706, 338}, {738, 352}, {768, 350}};
+const std::vector<Vec2> HerBack   = {{540, 640}, {580, 596}, {624, 536}, {668, 476}, {706, 430}, {736, 400}, {758, 384}, {776, 376}};
+// Her skirt, from the waist: its upper border, that is the horizon of the fields, and its left one.
+const std::vector<Vec2> FieldTop  = {{540, 640}, {640, 640}, {760, 628}, {900, 622}, {1070, 596}, {2000, 470}};
+const std::vector<Vec2> FieldLeft = {{444, 566}, {412, 660}, {350, 770}, {250, 900}, { 100, 1060}, {-300, 1500}};
+// Their arms, from the shoulder: his to the left, hers to the right, his round her, hers round his neck.
+const std::vector<Vec2> HisArm    = {{446, 306}, {366, 292}, {276, 262}, {214, 218}, {172, 160}};
+const std::vector<Vec2> HerArm    = {{700, 352}, {760, 318}, {826, 312}, {890, 278}, {938, 214}};
+const std::vector<Vec2> HisHold   = {{496, 304}, {560, 392}, {622, 436}, {690, 428}};
+const std::vector<Vec2> HerHold   = {{672, 352}, {614, 318}, {560, 286}, {498, 262}};
+const std::vector<Vec2> Hair      = {{836, 346}, {862, 430}, {840, 515}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};
+// clang-format on
+
+// clang-format off
+const std::vector<Vec2> HisFace = {{490, 172}, {472, 196}, {472, 226}, {486, 250}, {508, 258}, {528, 253},
+                                   {536, 240}, {538, 228}, {549, 219}, {542, 204}, {538, 186}, {516, 168}};
+const std::vector<Vec2> HerFace = {{778, 354}, {784, 341}, {790, 331}, {796, 328}, {800, 331}, {804, 326},
+                                   {809, 323}, {815, 312}, {822, 321}, {831, 321}, {847, 329}, {861, 347},
+                                   {866, 368}, {858, 388}, {838, 400}, {812, 396}, {790, 382}};
+// clang-format on
+
+Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t)
+{
+    const Line first = Through(a), second = Through(b);
+    std::vector<Vec2> points;
+    for (int i = 0; i <= 32; ++i)
+        points.push_back(
+            Mix(PointAt(first, static_cast<float>(i) / 32), PointAt(second, static_cast<float>(i) / 32), t));
+    return Through(points);
+}
+
+void DrawHandTree(Pen& pen, const std::vector<Vec2>& arm, float width, uint32_t seed)
+{
+    Dice dice(seed);
+    const Line line = Through(arm);
+    const float angle = Angle(DirectionAt(line, 1));
+    const DeadTree tree = {.gnarl = 0.2f, .rise = 0.12f, .spread = 0.6f};
+    for (int finger = 0; finger < 5; ++finger)
+        DrawBranch(pen, line.back(), angle + (static_cast<float>(finger) - 2) * 0.36f,
+                   finger == 0 ? 40 : 66 - 6 * Abs(static_cast<float>(finger) - 2), width, 4, tree, dice);
+}
+
+} // namespace atelier

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/Finish.h"
+#include "art/atelier/pictures/painting/Dancers.h"
+
+#include <algorithm>
+
+namespace atelier
+{
+
+namespace
+{
+
+// The grey of a moment of the light's way: from dark for the first, 0, to white for the last, 1. Black is
+// never.
+float GreyOf(float moment)
+{
+    return 0.16f + 0.84f * moment;
+}
+
+// Light along a line, from one moment at its start to another at its end. Soft at the edges; where lines
+// cross, the later one stands.
+void TraceLight(Mask& order, const Line& line, float halfWidth, float from, float to)
+{
+    const float length = LengthOf(line);
+    float gone = 0;
+    for (size_t i = 0; i < line.size(); ++i) {
+        if (i > 0)
+            gone += Length(line[i] - line[i - 1]);
+        const float value = GreyOf(Mix(from, to, gone / length));
+        const int reach = Floor(halfWidth * 2.2f) + 1, cx = Floor(line[i].x), cy = Floor(line[i].y);
+        for (int y = std::max(0, cy - reach); y <= std::min(H - 1, cy + reach); ++y)
+            for (int x = std::max(0, cx - reach); x <= std::min(W - 1, cx + reach); ++x) {
+                const float d =
+                    Length(Vec2{static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f} - line[i]);
+                order.At(x, y) =
+                    Max(order.At(x, y), value * Bell(d / halfWidth) * Smooth(2.2f, 1.6f, d / halfWidth));
+            }
+    }
+}
+
+} // namespace
+
+// The order in which light travels through the painting. It starts in his far hand, runs over his shoulders,
+// down him and along his arm to her, up her body and out to her far hand, through her hair, and at last out
+// over the fields.
+Canvas GlowMask()
+{
+    Mask order(W, H);
+    Dice dice(71);
+    Line arm = Through(HisArm);
+    std::reverse(arm.begin(), arm.end());
+    TraceLight(order, arm, 9, 0.02f, 0.11f);
+    TraceLight(order, Round(HisFace), 5, 0.13f, 0.22f);
+    for (int i = 0; i < 8; ++i)
+        TraceLight(order, Furrow(HisBack, HisFront, (static_cast<float>(i) + 0.5f) / 8), 3.6f,
+                   0.13f + 0.02f * dice.Unit(), 0.52f);
+    TraceLight(order, Through(HisHold), 7, 0.20f, 0.32f);
+    for (int i = 0; i < 7; ++i)
+        TraceLight(order, Furrow(HerFront, HerBack, (static_cast<float>(i) + 0.5f) / 7), 3.4f,
+                   0.32f + 0.02f * dice.Unit(), 0.46f);
+    TraceLight(order, Through(HerHold), 5, 0.46f, 0.38f);
+    TraceLight(order, Round(HerFace), 4.5f, 0.48f, 0.54f);
+    TraceLight(order, Through(HerArm), 7, 0.46f, 0.62f);
+    for (int i = -3; i <= 3; ++i)
+        TraceLight(order, Beside(Through(Hair), static_cast<float>(i) * 9), 3.2f, 0.55f, 0.82f);
+    for (int i = 0; i < 24; ++i)
+        TraceLight(order, Furrow(FieldTop, FieldLeft, (static_cast<float>(i) + 0.5f) / 24), 3.6f,
+                   0.54f + 0.03f * dice.Unit(), 1);
+    // Their fingers, the same that are painted.
+    Mask his(W, H), hers(W, H);
+    Pen pen(his, SketchPaper(), {.width = 5, .skip = 0}, 50),
+        other(hers, SketchPaper(), {.width = 5, .skip = 0}, 50);
+    DrawHandTree(pen, HisArm, 8, 51);
+    DrawHandTree(other, HerArm, 6, 52);
+    order.Unite(his.Blur(0.8f).Scale(GreyOf(0))).Unite(hers.Blur(0.8f).Scale(GreyOf(0.64f)));
+    return Grey(order);
+}
+
+} // namespace atelier

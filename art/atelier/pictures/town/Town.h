@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "art/atelier/Canvas.h"
+
+// The larger pictures of the scenes that have ground, houses and a sky.
+
+namespace atelier
+{
+
+Canvas FieldOfTheNames(); // fields from above, under the tree of the names
+Canvas FieldTile();       // across the picture 40 units of ground, down it 14.3: furrows run down it
+Canvas Plaza();           // 60 units of ground both ways, the ring of stones in its middle
+
+// Atlases: four walls side by side in the rows 256 to 768, a roof in the top right quarter of a quarter.
+Canvas HouseWalls();
+Canvas TowerWalls();
+
+// The faces of the box of the night sky: from the box's middle, -x, -z, +x and up.
+Canvas NightLeft();
+Canvas NightBack();
+Canvas NightRight();
+Canvas NightTop();
+
+// The score of the theme, eight bars on five staves, on a strip of paper.
+Canvas ScoreStrip();
+
+} // namespace atelier

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "art/music/ModalBank.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace waltz
+{
+
+namespace
+{
+
+constexpr double pi = 3.14159265358979323846;
+constexpr size_t blockSize = 256;
+constexpr float inaudible = 1e-6f;
+
+// What a mode is multiplied with each sample to lose 60 dB in `decay` seconds.
+double Shrink(double decay)
+{
+    return std::exp(-6.907755 / (std::max(decay, 0.001) * sampleRate));
+}
+
+} // namespace
+
+void ModalBank::Add(double hz, double amplitude, double decay, double phase)
+{
+    if (hz > 0.45 * sampleRate)
+        return;
+    if (used == 4) {
+        groups.push_back(Group());
+        used = 0;
+    }
+    const double turn = 2 * pi * hz / sampleRate, shrink = Shrink(decay);
+    Group& group = groups.back();
+    group.x[used] = static_cast<float>(amplitude * std::cos(2 * pi * phase));
+    group.y[used] = static_cast<float>(amplitude * std::sin(2 * pi * phase));
+    group.cosine[used] = static_cast<float>(shrink * std::cos(turn));
+    group.sine[used] = static_cast<float>(shrink * std::sin(turn));
+    ++used;
+}
+
+void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
+{
+    for (size_t block = begin; block < end; block += blockSize) {
+        const size_t blockEnd = std::min(end, block + blockSize);
+        for (Group& group : groups) {
+            Lanes x = group.x, y = group.y;
+            const Lanes cosine = group.cosine, sine = group.sine;
+            for (size_t i = block; i < blockEnd; ++i) {
+                sound[i] += (y[0] + y[1]) + (y[2] + y[3]);
+                const Lanes nextX = x * cosine - y * sine;
+                y = x * sine + y * cosine;
+                x = nextX;
+            }
+            group.x = x;
+            group.y = y;
+        }
+        const auto silent = [](const Group& group) {
+            for (int i = 0; i < 4; ++i)
+                if (std::fabs(group.x[i]) + std::fabs(group.y[i]) > inaudible)
+                    return false;
+            return true;
+        };
+        groups.erase(std::remove_if(groups.begin(), groups.end(), silent), groups.end());
+        if (groups.empty()) {
+            used = 4;
+            return;
+        }
+    }
+}
+
+void ModalBank::Damp(double decay)
+{
+    const float shrink = static_cast<float>(Shrink(decay));
+    for (Group& group : groups) {
+        group.cosine *= Lanes{shrink, shrink, shrink, shrink};
+        group.sine *= Lanes{shrink, shrink, shrink, shrink};
+    }
+}
+
+} // namespace waltz

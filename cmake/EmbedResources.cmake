@@ -1,0 +1,33 @@
+# SPDX-License-Identifier: MIT
+# Turns the files of a folder into one C++ source that holds their bytes, for platform/Resources.h.
+#   cmake -DFOLDER=<folder> -DOUTPUT=<source> -P EmbedResources.cmake
+file(GLOB files LIST_DIRECTORIES false ${FOLDER}/*)
+list(SORT files)
+
+set(arrays "")
+set(rows "")
+set(index 0)
+foreach(path IN LISTS files)
+  get_filename_component(name ${path} NAME)
+  file(SIZE ${path} size)
+  file(READ ${path} bytes HEX)
+  string(REGEX REPLACE "(..)" "0x\\1," bytes "${bytes}")
+  # An empty file still needs an array with something in it.
+  string(APPEND arrays "static const unsigned char file${index}[] = {${bytes}0x00};\n")
+  string(APPEND rows "    {\"${name}\", file${index}, ${size}},\n")
+  math(EXPR index "${index} + 1")
+endforeach()
+
+file(WRITE ${OUTPUT} "// Made by cmake/EmbedResources.cmake.
+#include \"platform/Resources.h\"
+
+namespace platform
+{
+
+${arrays}
+const Resource resources[] = {
+${rows}    {nullptr, nullptr, 0},
+};
+
+} // namespace platform
+")

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "display/GLWindow.h"
+
+#include "display/RenderTarget.h"
+#include "kernel/Report.h"
+#include "platform/DebugChannel.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+#include <cstring>
+
+using platform::Windows;
+
+static const char* const windowName = "marlinex";
+
+static const int colourBits = 32; // whatever the display mode's bits are
+static const int alphaBits = 8;
+static const int depthBits = 32;
+
+static const int renderTargetSize = 512;
+
+static const float perspectiveAspect = 1.33f;
+static const float perspectiveNear = 0.1f;
+static const float perspectiveFar = 2000.0f;
+
+GLWindow::GLWindow()
+    : state(WindowClosed), size{0, 0}, windowHandle(nullptr), glContext(nullptr), deviceContext(nullptr),
+      clearEnabled(true)
+{
+}
+
+GLWindow::~GLWindow()
+{
+    Destroy();
+}
+
+bool GLWindow::Create(int width, int height, int bits, bool fullscreen)
+{
+    if (!Windows().registerClass(windowName))
+        return false;
+
+    if (fullscreen && !Windows().setDisplayMode(width, height, bits)) {
+        ReportError("Window", "Fullscreen not available!");
+        platform::PostQuit(0);
+        return false;
+    }
+
+    platform::WindowDescription description = {windowName, 0,          0,         width,    height,
+                                               fullscreen, colourBits, alphaBits, depthBits};
+    if (fullscreen) {
+        Windows().showCursor(false);
+    } else {
+        int screenWidth, screenHeight;
+        Windows().getScreenSize(&screenWidth, &screenHeight);
+        description.x = screenWidth / 2 - width / 2;
+        description.y = screenHeight / 2 - height / 2;
+    }
+
+    windowHandle = Windows().createWindow(description);
+    if (!windowHandle) {
+        ReportError("Window", "Error while creating window");
+        platform::PostQuit(0);
+        return false;
+    }
+
+    deviceContext = Windows().getDeviceContext(windowHandle);
+    const platform::ContextHandle context = Windows().createContext(deviceContext, nullptr);
+    Windows().makeCurrent(deviceContext, context);
+    Windows().showWindow(windowHandle);
+    size.width = width;
+    size.height = height;
+    Windows().loadExtensions();
+
+    // From here on the window counts as running, even if the rest fails.
+    state = WindowRunning;
+
+    if (!IsExtensionSupported("GL_ARB_point_sprite")) {
+        ReportError("OGL Init", "GL_ARB_point_sprite is not supported");
+        return false;
+    }
+    // The off-screen target wants framebuffer objects on this platform. The words are those of the facility
+    // whose place they take.
+    if (!IsWglExtensionSupported("GL_ARB_framebuffer_object")) {
+        ReportError("OGL Init", "WGL_ARB_pbuffer is not supported");
+        return false;
+    }
+
+    glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_NICEST);
+    glHint(GL_GENERATE_MIPMAP_HINT, GL_NICEST);
+    RenderTarget::Create(this, renderTargetSize, renderTargetSize);
+    return true;
+}
+
+void GLWindow::Destroy()
+{
+    if (state != WindowQuit)
+        return;
+    Windows().restoreDisplayMode(); // in a windowed run too, where both change nothing
+    Windows().showCursor(true);
+    Windows().makeCurrent(nullptr, nullptr);
+    // The context was let go one line above, so this asks for the deletion of none, and it lives until the
+    // process ends. Textures are still deleted after this, which must find no surprises.
+    Windows().deleteContext(Windows().getCurrentContext());
+    Windows().destroyWindow(windowHandle);
+    windowHandle = nullptr;
+    glContext = nullptr;
+    deviceContext = nullptr;
+    state = WindowClosed;
+}
+
+void GLWindow::PumpMessage()
+{
+    const platform::Event event = platform::TakeEvent();
+    HandleMessage(event);
+    if (event.kind == platform::EventQuit)
+        state = WindowQuit;
+}
+
+void GLWindow::HandleMessage(const platform::Event& event)
+{
+    // All other keys are swallowed.
+    if (event.kind == platform::EventKeyDown && event.key == platform::KeyEscape)
+        platform::PostQuit(0);
+}
+
+bool GLWindow::IsRunning() const
+{
+    return state == WindowRunning;
+}
+
+// True if the occurrence of a name of this length in a list divided by blanks is a whole word.
+static bool IsWholeWord(const char* list, const char* occurrence, size_t length)
+{
+    const char behind = occurrence[length];
+    return (occurrence == list || occurrence[-1] == ' ') && (behind == ' ' || behind == '\0');
+}
+
+bool GLWindow::IsExtensionSupported(const char* name) const
+{
+    if (*name == '\0' || strchr(name, ' '))
+        return false;
+    const char* list = Windows().getExtensions(platform::ExtensionsOfGL);
+    platform::OutputDebugText(list);
+    if (!list)
+        return false;
+    const size_t length = strlen(name);
+    for (const char* place = list; (place = strstr(place, name)); place += length)
+        if (IsWholeWord(list, place, length))
+            return true;
+    return false;
+}
+
+bool GLWindow::IsWglExtensionSupported(const char* name) const
+{
+    const char* list = Windows().getExtensions(platform::ExtensionsOfWindowSystem);
+    if (!list)
+        list = Windows().getExtensions(platform::ExtensionsOfGL);
+    if (!list)
+        return false;
+    // Unlike above, any name goes, and the search steps on by one character. An empty name is a whole word at
+    // the start of an empty list, and wherever two blanks meet.
+    const size_t length = strlen(name);
+    for (const char* place = list; (place = strstr(place, name)); place++) {
+        if (IsWholeWord(list, place, length))
+            return true;
+        if (*place == '\0') // an empty name occurs at the very end too
+            return false;
+    }
+    return false;
+}
+
+platform::WindowHandle GLWindow::GetWindowHandle() const
+{
+    return windowHandle;
+}
+
+platform::ContextHandle GLWindow::GetContext() const
+{
+    return glContext;
+}
+
+platform::DeviceContext GLWindow::GetDeviceContext() const
+{
+    return deviceContext;
+}
+
+const WindowSize* GLWindow::GetSize() const
+{
+    return &size;
+}
+
+void GLWindow::SetLetterbox(float s)
+{
+    // The argument is a float, the products are doubles: in floats a line is lost at several heights.
+    const double h = size.height;
+    const double edge = s;
+    SetViewport(0, int(h * (1 - edge)), size.width, int(h * edge - h * (1 - edge)));
+}
+
+void GLWindow::SetPerspective(float fovY)
+{
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(fovY, perspectiveAspect, perspectiveNear, perspectiveFar);
+    glMatrixMode(GL_MODELVIEW);
+}
+
+void GLWindow::ClearFrame()
+{
+    if (!clearEnabled)
+        return;
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+void GLWindow::ClearDepthAndReset()
+{
+    ClearDepth();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+void GLWindow::ClearDepth()
+{
+    glClear(GL_DEPTH_BUFFER_BIT);
+}
+
+void GLWindow::SwapBuffers()
+{
+    Windows().swapBuffers(deviceContext);
+}
+
+void GLWindow::SetTitle(const char* text)
+{
+    Windows().setTitle(windowHandle, text);
+}
+
+void SetViewport(int x, int y, int width, int height)
+{
+    glViewport(x, y, width, height);
+}

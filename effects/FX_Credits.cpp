@@ -1,0 +1,327 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_Credits.h"
+
+#include "display/GLWindow.h"
+#include "display/RenderTarget.h"
+#include "effects/TownGeometry.h"
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "math/Scalar.h"
+#include "math/Tree.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+#include <algorithm>
+
+static const float creditsPi = 3.141f; // this effect's own figure
+
+static const int firstTreeSeed = 352362122;
+static const float treeRadius =
+    1.2f; // wider than the trunk is long: it has no cube, its children are what shows
+static const int leastDepth = 2;
+static const int mostDepth = 4;
+
+static const float growthPerMessage = 0.6f;
+static const float newTreeTarget = 0.6f;
+static const float brightnessRate = 7.0f; // 1/s
+static const int lastStep = 7;
+static const int lastCredit = 3;
+
+static const int pictureSize = 512; // pixels, of the off-screen scene
+static const float fovY = 45.0f;    // degrees
+static const float groundHalf = 20.0f;
+static const float groundHeight = -0.01f;
+static const float groundBrightness = 1.5f;
+
+static const float restingBlur = 0.25f; // at full growth, and for the last camera
+static const int lastBlurredStep = 5;
+
+struct CreditPlace {
+    float moveX, moveY; // first,
+    float scale;        // then this,
+    float left, bottom, right, top;
+};
+
+// clang-format off
+static const char* const creditNames[4] = {
+    "credit-fen_tarogato.png", "credit-ochre.png", "credit-dunmarrow.png", "credit-lowbeam.png",
+};
+static const CreditPlace creditPlaces[4] = {
+    // move        scale    left    bottom  right top
+    {0.4f, 0.2f,   0.6f,   -0.05f,  0.12f,  1.6f, 0.3f },   // runs past the right edge
+    {0.1f, 0.0f,   1.0f,    0.3f,   0.6f,   0.9f, 0.75f},
+    {0.0f, 0.0f,   1.0f,    0.1f,   0.15f,  0.7f, 0.3f },
+    {0.0f, 0.0f,   1.0f,    0.1f,   0.75f,  0.7f, 0.9f },
+};
+// clang-format on
+
+FX_Credits::FX_Credits()
+    : growth(0.5f), growthTarget(0.5f), wither(1), brightness(0), step(-1), creditIndex(-1), creditFade(0),
+      tree(nullptr), treeGrowth(0), treeSeed(firstTreeSeed), growthRate(0), witherRate(0),
+      brightnessTarget(0), groundTexture(nullptr), creditTextures{}, treeTexture(nullptr), fadeInId(0),
+      fadeLastInId(0), fadeOutId(0), creditWindow(nullptr)
+{
+}
+
+FX_Credits::~FX_Credits()
+{
+    delete tree;
+}
+
+void FX_Credits::Init(GLWindow* newWindow, DemoPlayer*)
+{
+    creditWindow = newWindow;
+    treeSeed = firstTreeSeed;
+    tree = new Tree(treeSeed);
+    PlantTree();
+    blurShader.Load("standard_projection", "postprocessing_blur");
+    blurIntensity.Init(&blurShader, "blur_intensity", 1);
+    if (TextureLoader* textures = TextureLoader::GetInstance()) {
+        treeTexture = textures->GetTexture("stoned.jpg", true, true, true);
+        for (int i = 0; i < 4; i++)
+            creditTextures[i] = textures->GetTexture(creditNames[i], true, true, true);
+        groundTexture = textures->GetTexture("ackerbau_tiled2_2.jpg", true, true, true);
+    }
+}
+
+void FX_Credits::PlantTree()
+{
+    const int depth = std::min(step / 2 + leastDepth, mostDepth);
+    tree->Generate(treeSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), treeRadius, treeRadius, depth);
+}
+
+void FX_Credits::DeclareMessages(SynchMessageTable* table)
+{
+    fadeInId = table->DeclareMessage("fade_in", this, "NA");
+    fadeLastInId = table->DeclareMessage("fade_last_in", this, "NA");
+    fadeOutId = table->DeclareMessage("fade_out", this, "NA");
+}
+
+void FX_Credits::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == fadeInId)
+        FadeIn(false);
+    if (messageId == fadeLastInId)
+        FadeIn(true);
+    if (messageId == fadeOutId) {
+        witherRate = 1;
+        wither = 1;
+        brightnessTarget = 0;
+    }
+}
+
+void FX_Credits::FadeIn(bool limited)
+{
+    growthTarget += growthPerMessage;
+    if (!limited || step < lastStep)
+        step++;
+    growthRate = 1;
+    wither = 1;
+    witherRate = 0;
+    brightnessTarget = 1;
+    if (step > 0 && step % 2 != 0 && (!limited || creditIndex < lastCredit)) {
+        creditIndex++;
+        creditFade = 1;
+    }
+    if (step > 0 && step % 2 == 0) {
+        growthTarget = newTreeTarget;
+        growth = 0;
+        PlantTree();
+        treeSeed++; // for the next one
+        treeGrowth = 0;
+    }
+}
+
+void FX_Credits::Update()
+{
+    const float delta = FrameTimer::GetDelta();
+    growth += delta * (growthTarget - growth) * growthRate;
+    wither -= delta * wither * witherRate;
+    treeGrowth = growth * wither;
+    brightness += delta * (brightnessTarget - brightness) * brightnessRate;
+    creditFade -= delta * creditFade;
+}
+
+// growth is the angle as it stands: the camera moves as the tree grows, and glides to rest with it.
+void FX_Credits::ChooseCamera(Vector3* eye, Vector3* target) const
+{
+    const float v = growth;
+    const float w = wither;
+    // clang-format off
+    const Vector3 cameras[4][2] = {
+        {Vector3(2, 5, -8),                                         Vector3(0, 1, 0)},
+        {Vector3(6 * CosF(v) + 10, 4 * SinF(v) + 5, 10),            Vector3(0, 0, -10)},
+        {Vector3(15 * CosF(v), 15 - 10 * SinF(v), -12),             Vector3(0, 1 - 3 * SinF(v * 0.5f * creditsPi), 0)},
+        {Vector3(-15 * CosF(v + 1.51f), 5 * v + 5, -12),            Vector3(0, (1 - w) * 10 + 4, 0)},
+    };
+    // clang-format on
+    const int index = std::clamp(step / 2, 0, 3); // a step too many stays with the last camera
+    *eye = cameras[index][0];
+    *target = cameras[index][1];
+}
+
+void FX_Credits::Render()
+{
+    RenderScene();
+    RenderBlurredPicture();
+    if (creditIndex == 4)
+        creditIndex = 3;
+    RenderName();
+}
+
+void FX_Credits::RenderScene()
+{
+    Vector3 eye, target;
+    ChooseCamera(&eye, &target);
+    RenderTarget::Begin();
+    RenderTarget::SetProjection(pictureSize, pictureSize, fovY);
+    glDisable(GL_DEPTH_TEST);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    creditWindow->SetPerspective(fovY); // of aspect 1.33, while the picture stays square
+    Vector3 light(0, 7, 10);
+    light.Normalize();
+    gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, 0, 1, 0);
+    RenderGround();
+    RenderLitTree(light);
+    RenderShadow(light);
+    RenderTarget::End();
+}
+
+// Without depth, so that the flat shadow lies on it.
+void FX_Credits::RenderGround() const
+{
+    BindTexture(groundTexture);
+    const float b = brightness * groundBrightness;
+    glColor3f(b, b, b);
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(0, 0);
+        glVertex3f(-groundHalf, groundHeight, -groundHalf);
+        glTexCoord2f(1, 0);
+        glVertex3f(groundHalf, groundHeight, -groundHalf);
+        glTexCoord2f(1, 1);
+        glVertex3f(groundHalf, groundHeight, groundHalf);
+        glTexCoord2f(0, 1);
+        glVertex3f(-groundHalf, groundHeight, groundHalf);
+    }
+    glEnd();
+}
+
+void FX_Credits::RenderLitTree(const Vector3& light) const
+{
+    const float direction[4] = {light.x, light.y, light.z, 0};
+    glLightfv(GL_LIGHT0, GL_POSITION, direction);
+    glEnable(GL_LIGHT0);
+    glEnable(GL_LIGHTING);
+    glEnable(GL_COLOR_MATERIAL);
+    glColorMaterial(GL_FRONT_AND_BACK, GL_DIFFUSE);
+    glEnable(GL_NORMALIZE);
+    glEnable(GL_DEPTH_TEST);
+    glColor3f(1, 1, 1);
+    BindTexture(treeTexture);
+    tree->Draw(treeGrowth);
+    UnbindTexture();
+    glDisable(GL_LIGHT0);
+    glDisable(GL_LIGHTING);
+}
+
+void FX_Credits::RenderShadow(const Vector3& light) const
+{
+    const float direction[3] = {light.x, light.y, light.z};
+    glPushMatrix();
+    {
+        ApplyShadowMatrix(direction, false);
+        glColor3f(0, 0, 0);
+        tree->Draw(treeGrowth);
+    }
+    glPopMatrix();
+}
+
+void FX_Credits::RenderBlurredPicture()
+{
+    blurShader.Enable();
+    RenderTarget::BindTexture();
+    const float blur = step > lastBlurredStep ? restingBlur : growth - 1 + restingBlur;
+    blurIntensity.Set(&blur);
+
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    {
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glDisable(GL_DEPTH_TEST);
+        glColor3f(1, 1, 1);
+        glBegin(GL_QUADS);
+        {
+            glTexCoord2f(0, 0);
+            glVertex2f(0, 0);
+            glTexCoord2f(1, 0);
+            glVertex2f(1, 0);
+            glTexCoord2f(1, 1);
+            glVertex2f(1, 1);
+            glTexCoord2f(0, 1);
+            glVertex2f(0, 1);
+        }
+        glEnd();
+        glMatrixMode(GL_PROJECTION);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    RenderTarget::ReleaseTexture();
+    blurShader.Disable();
+}
+
+static void DrawName(const CreditPlace& place)
+{
+    glPushMatrix();
+    {
+        if (place.moveX != 0 || place.moveY != 0)
+            glTranslatef(place.moveX, place.moveY, 0);
+        if (place.scale != 1)
+            glScalef(place.scale, place.scale, 1);
+        glBegin(GL_QUADS);
+        {
+            glTexCoord2f(0, 0);
+            glVertex2f(place.left, place.top);
+            glTexCoord2f(1, 0);
+            glVertex2f(place.right, place.top);
+            glTexCoord2f(1, 1);
+            glVertex2f(place.right, place.bottom);
+            glTexCoord2f(0, 1);
+            glVertex2f(place.left, place.bottom);
+        }
+        glEnd();
+    }
+    glPopMatrix();
+}
+
+void FX_Credits::RenderName()
+{
+    const int n = creditIndex % 4;
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    {
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glDisable(GL_DEPTH_TEST);
+        glColor3f(1, 1, 1);
+        BindTexture(n >= 0 ? creditTextures[n] : nullptr);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        // Above 1 in the middle of a name's life, which GL limits: the name stands there for a while.
+        glColor4f(1, 1, 1, 2 * SinF(creditFade * creditsPi));
+        if (creditIndex >= 0 && creditIndex <= 3)
+            DrawName(creditPlaces[n]);
+        glDisable(GL_BLEND);
+        glMatrixMode(GL_PROJECTION);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glDisable(GL_BLEND);
+}

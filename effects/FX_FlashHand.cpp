@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_FlashHand.h"
+
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+
+static const float fallSpeed = 0.2f; // of flash, 1/s: linear, not a decay
+static const float darkest = 0.001f; // below it nothing is drawn
+
+// How far the photograph stands over its frame: it shrinks fast from here, and comes to rest inside.
+static const float firstOverhang = 0.2f;
+static const float shrinkSpeed = 4.0f; // per unit of flash
+static const float restInside = 0.05f;
+
+// The frame, in units of the screen: higher than it, with strips at the sides.
+static const float frameLeft = 0.1f;
+static const float frameRight = 0.9f;
+static const float frameBottom = -0.1f;
+static const float frameTop = 1.1f;
+
+FX_FlashHand::FX_FlashHand() : photoTexture(nullptr), msgFlash(0), flash(0) {}
+
+void FX_FlashHand::Init(GLWindow*, DemoPlayer*)
+{
+    if (TextureLoader* textures = TextureLoader::GetInstance())
+        photoTexture = textures->GetTexture("foto.png", true, true, true);
+    blurShader.Load("standard_projection", "postprocessing_blur");
+    blurIntensity.Init(&blurShader, "blur_intensity", 1);
+    flash = 0;
+}
+
+void FX_FlashHand::DeclareMessages(SynchMessageTable* table)
+{
+    msgFlash = table->DeclareMessage("flash", this, "NA");
+}
+
+void FX_FlashHand::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == msgFlash)
+        flash = 1;
+}
+
+void FX_FlashHand::Update()
+{
+    flash -= fallSpeed * FrameTimer::GetDelta();
+}
+
+void FX_FlashHand::Render()
+{
+    if (flash < darkest)
+        return;
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    {
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glTranslatef(0, 0, -1);
+        UnbindTexture();
+        glDisable(GL_DEPTH_TEST);
+        glDepthMask(GL_FALSE);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+
+        BindTexture(photoTexture);
+        glColor4f(1, 1, 1, flash);
+        DrawPhoto();
+
+        const float b = 1 - flash;
+        blurShader.Enable();
+        blurIntensity.Set(&b);
+        glColor4f(1, 1, 1, 2 * b * flash);
+        DrawPhoto();
+        blurShader.Disable();
+
+        glDisable(GL_BLEND);
+        glDepthMask(GL_TRUE);
+        glEnable(GL_DEPTH_TEST);
+        glMatrixMode(GL_PROJECTION);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glDisable(GL_BLEND);
+}
+
+void FX_FlashHand::DrawPhoto() const
+{
+    float o = firstOverhang - shrinkSpeed * (1 - flash);
+    if (o < 0)
+        o = 0;
+    o -= restInside;
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(0, 0);
+        glVertex2f(frameLeft - o, frameTop + o);
+        glTexCoord2f(1, 0);
+        glVertex2f(frameRight + o, frameTop + o);
+        glTexCoord2f(1, 1);
+        glVertex2f(frameRight + o, frameBottom - o);
+        glTexCoord2f(0, 1);
+        glVertex2f(frameLeft - o, frameBottom - o);
+    }
+    glEnd();
+}

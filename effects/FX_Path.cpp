@@ -1,0 +1,457 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_Path.h"
+
+#include "display/GLWindow.h"
+#include "effects/GlowTree.h"
+#include "effects/TownGeometry.h"
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "math/Scalar.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+#include <algorithm>
+
+static const float pathPi = 3.141f; // this effect's own figure
+
+static const unsigned treeSeed = 0x23456789;
+static const int treeLength = 20;
+static const int treeBranches = 3;
+
+static const float plazaX = 64.0f;
+
+// Rates, 1/s.
+static const float stripFadeRate = 2.0f;
+static const float walkBrake = 0.5f;
+static const float edgeFadeRate = 1.0f;
+static const float pulseDecay = 4.0f;
+static const float fadesDecay = 2.0f;
+
+static const float walkRate = 0.075f; // texture units per second
+static const float worldPerUnit = 50.0f;
+
+static const float smallPulse = 0.5f;
+static const float bigPulse = 2.0f;
+static const float zoomDrop = -5.0f;
+static const float zoomClimb = 2.0f;
+
+static const float walkFovY = 70.0f;  // degrees
+static const float lightFovY = 45.0f; // of the tree and the rings
+
+static const float stripHalf = 4.0f;  // half its width
+static const float headLength = 4.0f; // of its soft end, world units
+static const float headUnits = 0.1f;  // and in texture units
+
+// clang-format off
+static const float sunLight[4]         = { 5, 10, 10, 0};      // a direction
+static const float lampColour[4]       = { 1,  1, 0.4f, 0};    // yellow, above the plaza
+static const float lampPlace[4]        = {plazaX, 10, 0, 1};
+static const float pillarShadowLight[4] = {plazaX, 40, 0, 1};
+
+// s, t     x, z at y = 0
+static const float fieldQuad[4][4] = {
+    {1, 0,  -40,  20},
+    {1, 7,   60,  20},
+    {0, 7,   60, -20},
+    {0, 0,  -40, -20},
+};
+static const float plazaQuad[4][4] = { // about the plaza's middle
+    {0, 0,  -30,  30},
+    {1, 0,   30,  30},
+    {1, 1,   30, -30},
+    {0, 1,  -30, -30},
+};
+
+static const float skyScale = 500.0f;
+struct SkyFace {
+    float normal[3];
+    float corners[4][3]; // with the texture's corners (0, 0), (1, 0), (1, 1), (0, 1)
+};
+static const SkyFace skyBackFace  = {{ 0, 0, -1}, {{-0.5f, 0.55f, -0.5f}, { 0.5f, 0.55f, -0.5f},
+                                                   { 0.5f, 0.0f,  -0.5f}, {-0.5f, 0.0f,  -0.5f}}};
+static const SkyFace skyLeftFace  = {{-1, 0,  0}, {{-0.5f, 0.55f,  0.5f}, {-0.5f, 0.55f, -0.5f},
+                                                   {-0.5f, 0.0f,  -0.5f}, {-0.5f, 0.0f,   0.5f}}};
+static const SkyFace skyRightFace = {{ 1, 0,  0}, {{ 0.5f, 0.55f, -0.5f}, { 0.5f, 0.55f,  0.5f},
+                                                   { 0.5f, 0.0f,   0.5f}, { 0.5f, 0.0f,  -0.5f}}};
+static const SkyFace skyTopFace   = {{ 1, 0,  0}, {{-0.5f, 0.55f, -0.5f}, { 0.5f, 0.55f, -0.5f},
+                                                   { 0.5f, 0.55f,  0.5f}, {-0.5f, 0.55f,  0.5f}}};
+// clang-format on
+
+// The walk is set here and not in Init: a further Init keeps it where it is.
+FX_Path::FX_Path()
+    : tree(nullptr), zoomTarget(0), zoom(0), pulse(0), treeHits(0), triggered(false), walkSpeed(1),
+      stripFade(0), walked(0), edgeFade(0), houseTexture(nullptr), lightTextures{}, stripTexture(nullptr),
+      sparkTexture(nullptr), fieldTexture(nullptr), plazaTexture(nullptr), skyLeft(nullptr), skyBack(nullptr),
+      skyRight(nullptr), skyTop(nullptr), ringTexture(nullptr), fades{}, msgTree1(0), msgTree2(0),
+      msgTree3(0), msgFlashCam(0), msgFlashAll(0), msgTriggerCam(0)
+{
+}
+
+FX_Path::~FX_Path()
+{
+    delete tree;
+}
+
+void FX_Path::Init(GLWindow*, DemoPlayer*)
+{
+    if (TextureLoader* textures = TextureLoader::GetInstance()) {
+        houseTexture = textures->GetTexture("budentextur.jpg", true, true, true);
+        lightTextures[0] = textures->GetTexture("licht-an.png", true, true, true);
+        lightTextures[1] = textures->GetTexture("licht-aus.png", true, true, true);
+        stripTexture = textures->GetTexture("teststreifen.png", true, true, true);
+        sparkTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
+        fieldTexture = textures->GetTexture("ackerbau_tiled3.jpg", true, true, true);
+        plazaTexture = textures->GetTexture("ackerbau_tiled2.jpg", true, true, true);
+        skyLeft = textures->GetTexture("skybox_left.jpg", true, false, true);
+        skyBack = textures->GetTexture("skybox_back.jpg", true, false, true);
+        skyRight = textures->GetTexture("skybox_right.jpg", true, false, true);
+        skyTop = textures->GetTexture("skybox_top.jpg", true, false, true);
+        ringTexture = textures->GetTexture("ring.jpg", true, true, true);
+    }
+    stripFade = 1;
+    tree = new GlowTree(treeSeed, treeLength, treeBranches); // reseeds the process's random numbers
+    pulse = 0;
+    edgeFade = 1;
+    treeHits = 0;
+    for (float& fade : fades)
+        fade = 0;
+}
+
+void FX_Path::DeclareMessages(SynchMessageTable* table)
+{
+    msgFlashAll = table->DeclareMessage("flash_all", this, "NA");
+    msgTree1 = table->DeclareMessage("tree1", this, "NA");
+    msgTree2 = table->DeclareMessage("tree2", this, "NA");
+    msgTree3 = table->DeclareMessage("tree3", this, "NA");
+    msgTriggerCam = table->DeclareMessage("trigger_cam", this, "NA");
+    msgFlashCam = table->DeclareMessage("flash_cam", this, "NA");
+}
+
+void FX_Path::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == msgTree1 && triggered)
+        TakeTree1();
+    if (messageId == msgTree2 && triggered) {
+        treeHits++;
+        tree->Spark();
+        tree->Flash();
+        tree->Flash();
+        pulse = bigPulse;
+    }
+    if (messageId == msgTree3 && triggered) {
+        zoom = zoomDrop;
+        zoomTarget = zoomClimb;
+    }
+    if (messageId == msgTriggerCam)
+        triggered = true;
+}
+
+void FX_Path::TakeTree1()
+{
+    treeHits++;
+    if (treeHits % 3 != 0) {
+        tree->Spark();
+        tree->Flash();
+        pulse = smallPulse;
+    }
+    if (treeHits == 3) {
+        tree->Spark();
+        tree->Flash();
+        pulse = bigPulse;
+    }
+    tree->Spark(); // which is all there is at 6, 9, ...
+}
+
+void FX_Path::Update()
+{
+    const float delta = FrameTimer::GetDelta();
+    stripFade -= delta * stripFadeRate * stripFade;
+    if (triggered)
+        walkSpeed -= delta * walkBrake * walkSpeed;
+    edgeFade -= delta * edgeFadeRate * edgeFade;
+    pulse -= delta * pulseDecay * pulse;
+    for (float& fade : fades)
+        fade -= delta * fadesDecay * fade;
+    if (triggered)
+        tree->Update();
+    zoom += delta * (zoomTarget - zoom);
+}
+
+void FX_Path::Render()
+{
+    RenderPrelude();
+    walked += FrameTimer::GetDelta() * walkRate * walkSpeed; // here and not in Update
+    PlaceCamera();
+    GLWindow::SetPerspective(walkFovY);
+    DrawSkybox();
+    RenderField();
+    RenderHouses();
+    RenderPillars();
+    RenderPlaza();
+    RenderShadows();
+    RenderStrip();
+    GLWindow::SetPerspective(lightFovY);
+    if (triggered)
+        RenderTree();
+}
+
+// Draws nothing. What lasts: blending off, depth test and writes on, identity modelview.
+void FX_Path::RenderPrelude() const
+{
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    {
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glTranslatef(0, 0, -1);
+        UnbindTexture();
+        glDisable(GL_DEPTH_TEST);
+        glDepthMask(GL_FALSE);
+        glDisable(GL_BLEND);
+        glDepthMask(GL_TRUE);
+        glEnable(GL_DEPTH_TEST);
+        glMatrixMode(GL_PROJECTION);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+void FX_Path::PlaceCamera() const
+{
+    const float t = localTime;
+    const float h = walked * worldPerUnit; // where the strip's head is
+    const float s = SinF(walkSpeed * pathPi / 2);
+    const float climb = std::min(zoom / 5.5f, 10.0f);
+
+    // Behind the head, rising and closing in as the walk slows down.
+    float eyeX = h - 20 + (1 - s) * 10;
+    float eyeY = (1 - s) * 10 + 1.4f;
+    float eyeZ = 0;
+    if (treeHits > 1) { // round the plaza
+        eyeX = 20 * CosF(t) + plazaX;
+        eyeY = 5 * CosF(t) + 6 + CosF(8 * pulse);
+        eyeZ = 20 * SinF(t) + 10;
+    }
+    const float targetX = h - 14 + (1 - s) * 20 + 2 * SinF(0.75f * t);
+    const float targetY = (1 - edgeFade) * 1.7f + climb + SinF(4 * pulse);
+    gluLookAt(eyeX, eyeY, eyeZ, targetX, targetY, 0, 0, 1, 0);
+}
+
+static void DrawSkyFace(const SkyFace& face, Texture* texture)
+{
+    static const float texCorners[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    BindTexture(texture);
+    glBegin(GL_QUADS);
+    {
+        glNormal3fv(face.normal);
+        for (int i = 0; i < 4; i++) {
+            glTexCoord2fv(texCorners[i]);
+            glVertex3fv(face.corners[i]);
+        }
+    }
+    glEnd();
+}
+
+// No front, no floor, and it stands at the world's origin: the camera moves in it.
+void FX_Path::DrawSkybox() const
+{
+    glPushMatrix();
+    {
+        glDisable(GL_LIGHTING);
+        glDisable(GL_DEPTH_TEST);
+        glDepthMask(GL_FALSE);
+        glColor3f(1, 1, 1);
+        glScalef(skyScale, skyScale, skyScale);
+        glRotatef(-90, 0, 1, 0);
+        DrawSkyFace(skyBackFace, skyBack);
+        DrawSkyFace(skyLeftFace, skyLeft);
+        DrawSkyFace(skyRightFace, skyRight);
+        DrawSkyFace(skyTopFace, skyTop);
+        UnbindTexture();
+        glDepthMask(GL_TRUE);
+        glEnable(GL_DEPTH_TEST);
+    }
+    glPopMatrix();
+}
+
+static void DrawGround(const float (*corners)[4])
+{
+    glBegin(GL_QUADS);
+    {
+        for (int i = 0; i < 4; i++) {
+            glTexCoord2f(corners[i][0], corners[i][1]);
+            glVertex3f(corners[i][2], 0, corners[i][3]);
+        }
+    }
+    glEnd();
+}
+
+// Without depth, so that strip and shadows lie on it. White is what the skybox left.
+void FX_Path::RenderField() const
+{
+    glDisable(GL_TEXTURE_2D);
+    glEnable(GL_DEPTH_TEST);
+    glPushMatrix();
+    {
+        glDepthMask(GL_FALSE);
+        BindTexture(fieldTexture);
+        DrawGround(fieldQuad);
+        glDepthMask(GL_TRUE);
+        glColor3f(0, 0, 0);
+        UnbindTexture();
+    }
+    glPopMatrix();
+}
+
+void FX_Path::RenderHouses() const
+{
+    BindTexture(houseTexture);
+    glLightfv(GL_LIGHT0, GL_POSITION, sunLight);
+    glEnable(GL_LIGHT0);
+    glEnable(GL_LIGHTING);
+    glEnable(GL_NORMALIZE);
+    glEnable(GL_DEPTH_TEST);
+    glShadeModel(GL_SMOOTH);
+    glColor3f(1, 1, 1);
+    DrawHouses(nullptr);
+    BindTexture(lightTextures[0]);
+    DrawLightPatches(lightTextures);
+}
+
+void FX_Path::RenderPillars() const
+{
+    glDisable(GL_LIGHT0);
+    glLightfv(GL_LIGHT1, GL_DIFFUSE, lampColour);
+    glLightfv(GL_LIGHT1, GL_POSITION, lampPlace);
+    glEnable(GL_LIGHT1);
+    BindTexture(houseTexture);
+    glColor3f(1, 1, 1);
+    DrawPillarRing(nullptr, plazaX, 0, 0, pulse);
+    glDisable(GL_LIGHTING);
+    glDisable(GL_LIGHT1);
+}
+
+void FX_Path::RenderPlaza() const
+{
+    glPushMatrix();
+    {
+        glDepthMask(GL_FALSE);
+        glTranslatef(plazaX, 0, 0);
+        BindTexture(plazaTexture);
+        DrawGround(plazaQuad);
+        glDepthMask(GL_TRUE);
+        glColor3f(0, 0, 0);
+        UnbindTexture();
+    }
+    glPopMatrix();
+}
+
+// Opaque black, in the colour and without the texture that the plaza left.
+void FX_Path::RenderShadows() const
+{
+    DrawHouses(sunLight);
+    DrawPillarRing(pillarShadowLight, plazaX, 0, 0, pulse);
+}
+
+void FX_Path::RenderStrip() const
+{
+    const float h = walked * worldPerUnit;
+    const float alpha = 1 - stripFade;
+    glColor3f(0, 0, 0);
+    BindTexture(stripTexture);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glColor4f(1, 1, 1, alpha);
+    // The coordinate follows the head, so that the strip lies still and only its end moves.
+    const float body[4][4] = {
+        {0, 0, 0, -stripHalf}, {walked, 0, h, -stripHalf}, {walked, 1, h, stripHalf}, {0, 1, 0, stripHalf}};
+    DrawGround(body);
+    const float tail[4][4] = {{0, 0, -worldPerUnit, -stripHalf},
+                              {1, 0, 0, -stripHalf},
+                              {1, 1, 0, stripHalf},
+                              {0, 1, -worldPerUnit, stripHalf}};
+    DrawGround(tail);
+
+    glDisable(GL_COLOR_MATERIAL);
+    glColor3f(0, 0, 0);
+    glBegin(GL_QUADS);
+    {
+        glColor4f(1, 1, 1, alpha);
+        glTexCoord2f(walked, 0);
+        glVertex3f(h, 0, -stripHalf);
+        glColor4f(1, 1, 1, 0);
+        glTexCoord2f(walked + headUnits, 0);
+        glVertex3f(h + headLength, 0, -stripHalf);
+        glTexCoord2f(walked + headUnits, 1);
+        glVertex3f(h + headLength, 0, stripHalf);
+        // From -1 up, unlike the corner across: the head comes in askew.
+        glColor4f(1, 1, 1, 1 - 2 * edgeFade);
+        glTexCoord2f(walked, 1);
+        glVertex3f(h, 0, stripHalf);
+    }
+    glEnd();
+    glDisable(GL_BLEND);
+    UnbindTexture();
+}
+
+void FX_Path::RenderTree() const
+{
+    glPushMatrix();
+    {
+        glTranslatef(plazaX, 0, 0);
+        BindTexture(sparkTexture);
+        glScalef(0.5f, 0.5f, 0.5f);
+        tree->Draw();
+        if (treeHits > 5)
+            RenderRings();
+        UnbindTexture();
+    }
+    glPopMatrix();
+}
+
+static void DrawCenteredQuad(float width, float height, float inset)
+{
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(inset, inset);
+        glVertex3f(-width / 2, height / 2, 0);
+        glTexCoord2f(1 - inset, inset);
+        glVertex3f(width / 2, height / 2, 0);
+        glTexCoord2f(1 - inset, 1 - inset);
+        glVertex3f(width / 2, -height / 2, 0);
+        glTexCoord2f(inset, 1 - inset);
+        glVertex3f(-width / 2, -height / 2, 0);
+    }
+    glEnd();
+}
+
+// At distance 1 from the camera, whatever the world's scale, and as bright as the pulse.
+void FX_Path::RenderRings() const
+{
+    const float t = localTime;
+    const float angle = pulse * 40 + t; // degrees
+    BindTexture(ringTexture);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_ONE, GL_ONE);
+    glLoadIdentity();
+    glTranslatef(0, 0, -1);
+    glDepthMask(GL_FALSE);
+    glColor3f(pulse, pulse, pulse);
+    glPushMatrix();
+    {
+        glRotatef(angle, 0, 0, 1);
+        DrawCenteredQuad(2, 2, 0);
+    }
+    glPopMatrix();
+    glRotatef(angle, 0, 0, 1);
+    const float q = SinF(t + treeHits) + 2 - pulse;
+    DrawCenteredQuad(q, q, 0);
+    glDepthMask(GL_TRUE);
+    glDisable(GL_BLEND);
+}

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_RopeThing.h"
+
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "math/Primitives.h"
+#include "math/Scalar.h"
+#include "resources/ShaderParams.h"
+#include "resources/ShaderProgram.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+#include <algorithm>
+
+static const float ropeThingPi = 3.141f; // this effect's own figure
+
+static const float firstTravel = -300.0f; // before any message
+static const float sceneTravel = 100.0f;  // where intro and front begin
+static const float fishScale = 6.0f;
+static const float ropeBehind = 4.0f; // the first link, behind the fish on z
+static const float linkLength = 1.0f;
+static const float sparkSize = 10.0f; // half a side, of the first spark
+
+// clang-format off
+//                          intro   front   shock
+static const float introDecay = 1.4f,  frontDecay = 0.6f,  shockDecay = 6.4f; // of progress, 1/s
+static const float introSpeed = 30.0f, frontSpeed = 50.0f, shockSpeed = 1.0f; // of travel, units per second
+
+static const float ropeDirections[6][3] = {
+    { 0,  0,  1},
+    { 0,  0, -1},
+    { 0,  1,  0},
+    { 0, -1,  0},
+    { 1,  0,  0},
+    {-1,  0,  0},
+};
+// clang-format on
+
+FX_RopeThing::FX_RopeThing()
+    : mode(Nothing), ropes{}, position{0, 0, 0}, fade(0), progress(0), travel(firstTravel),
+      sparkTexture(nullptr), skinTexture(nullptr), eyeTexture(nullptr), shader(nullptr),
+      samplerParam(nullptr), timeParam(nullptr), colorParam(nullptr), fishList(0), eyesList(0), msgShock(0),
+      msgIntro(0), msgFront(0)
+{
+}
+
+// A straight rope. It lives to the end of the process, also when a message puts another in its place.
+static Vec3* MakeRope(const Vec3 direction, const Vec3 start)
+{
+    Vec3* rope = new Vec3[FX_RopeThing::ropeLinks];
+    for (int i = 0; i < FX_RopeThing::ropeLinks; i++)
+        Vec3MulAdd(rope[i], start, direction, float(i));
+    return rope;
+}
+
+static unsigned CompileModel(Model* model)
+{
+    const unsigned list = glGenLists(1);
+    glNewList(list, GL_COMPILE);
+    DrawModel(model);
+    glEndList();
+    return list;
+}
+
+void FX_RopeThing::Init(GLWindow*, DemoPlayer*)
+{
+    const Vec3 origin = {0, 0, 0};
+    for (int i = 0; i < 6; i++)
+        ropes[i] = MakeRope(ropeDirections[i], origin);
+    if (TextureLoader* textures = TextureLoader::GetInstance()) {
+        sparkTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
+        skinTexture = textures->GetTexture("fischhaut.jpg", true, true, true);
+        eyeTexture = textures->GetTexture("fisheye.jpg", true, true, true);
+    }
+    LoadModel("data/fisheyes.txt", &eyesModel);
+    LoadModel("data/fish.txt", &fishModel);
+    shader = ShaderProgram::Load("data/fish.vp", "data/fish.fp");
+    samplerParam = new ShaderSampler(shader, "sampler0");
+    timeParam = new ShaderFloatParam(shader, "fTime0_X");
+    colorParam = new ShaderFloatParam(shader, "vtxColor");
+    fishList = CompileModel(&fishModel);
+    eyesList = CompileModel(&eyesModel);
+}
+
+void FX_RopeThing::DeclareMessages(SynchMessageTable* table)
+{
+    msgFront = table->DeclareMessage("front", this, "NA");
+    msgIntro = table->DeclareMessage("intro", this, "NA");
+    msgShock = table->DeclareMessage("shock", this, "NA");
+}
+
+void FX_RopeThing::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == msgFront)
+        mode = Front;
+    if (messageId == msgIntro)
+        mode = Intro;
+    if (messageId == msgShock)
+        mode = Shock;
+
+    // By the mode that results, and so on any message: one of no known id starts the scene over.
+    if (mode == Front) {
+        travel = sceneTravel;
+        Vec3Set(position, 5 * SinF(0.1f * travel), 0, travel);
+        StartRopeAtFish();
+        progress = 1;
+    } else if (mode == Shock) {
+        progress = 1;
+    } else if (mode == Intro) {
+        travel = sceneTravel;
+        StartRopeAtFish();
+        progress = 1;
+    }
+}
+
+void FX_RopeThing::StartRopeAtFish()
+{
+    const Vec3 start = {position[0], position[1], position[2] + ropeBehind};
+    ropes[0] = MakeRope(ropeDirections[0], start);
+}
+
+void FX_RopeThing::Update()
+{
+    RelaxRope();
+    const float delta = FrameTimer::GetDelta();
+    if (mode == Front) {
+        progress -= delta * progress * frontDecay;
+        travel -= delta * frontSpeed;
+    } else if (mode == Shock) {
+        progress -= delta * progress * shockDecay;
+        travel -= delta * shockSpeed;
+    } else if (mode == Intro) {
+        progress -= delta * progress * introDecay;
+        travel -= delta * introSpeed;
+    }
+}
+
+// Follow the leader: each link is put at its length from the one before, which has just been moved, so one
+// pass settles the whole rope. In every mode, also while nothing is shown.
+void FX_RopeThing::RelaxRope()
+{
+    Vec3* rope = ropes[0];
+    if (!rope)
+        return;
+    for (int i = 1; i < ropeLinks; i++) {
+        Vec3 v;
+        Vec3Sub(v, rope[i - 1], rope[i]);
+        const float length = Vec3Length(v);
+        if (!(length > 0)) // links that coincide have no line between them
+            continue;
+        const float excess = length - linkLength;
+        Vec3MulAdd(rope[i], rope[i], v, excess / length);
+    }
+}
+
+void FX_RopeThing::Render()
+{
+    fade = 0;
+    if (mode == Nothing)
+        return;
+    if (mode == Front)
+        PlaceFront();
+    else if (mode == Intro)
+        PlaceIntro();
+    else
+        PlaceShock();
+    DrawFish();
+    if (mode != Shock)
+        DrawRope(fade);
+}
+
+void FX_RopeThing::PlaceFront()
+{
+    const float t = localTime;
+    Vec3Set(position, 5 * SinF(0.1f * travel), 20 * SinF(3 * t), travel);
+    Vec3Set(ropes[0][0], position[0], position[1], position[2] + ropeBehind);
+    // The eye's height lags behind the fish's shaking by a tenth of a radian.
+    const Vec3 eye = {30 * CosF(0.4f * progress + 2), 20 * SinF(3 * t - 0.1f),
+                      -30 * SinF(0.4f * progress + 1.5f) + travel};
+    Vec3 way;
+    Vec3Sub(way, position, eye);
+    fade = std::min(std::max(1 - 0.005f * Vec3Length(way), 0.0f), 1.0f) * SinF(progress * ropeThingPi);
+    glColor3f(fade, fade, fade);
+    gluLookAt(eye[0], eye[1], eye[2], position[0], position[1], position[2], 0, 1, 0);
+}
+
+void FX_RopeThing::PlaceIntro()
+{
+    Vec3Set(position, 15 * CosF(localTime), 10 * progress, travel);
+    Vec3Set(ropes[0][0], position[0], position[1], position[2] + ropeBehind);
+    gluLookAt(33, -33, -33, 0, 0, 0, 0, 1, 0);
+    fade = 1;
+    glColor3f(1, 1, 1);
+}
+
+void FX_RopeThing::PlaceShock()
+{
+    Vec3Set(position, 0, 0, 0);
+    gluLookAt(20 * progress, 10 * progress - 10, -20, position[0], position[1], position[2], 0, 1, 0);
+    position[2] = 10 * progress; // the camera stays aimed at the origin, and the fish flies off it
+    fade = SinF(progress * ropeThingPi);
+    glColor3f(fade, fade, fade);
+}
+
+void FX_RopeThing::DrawFish() const
+{
+    if (fade <= 0)
+        return;
+    glEnable(GL_DEPTH_TEST);
+    glDisable(GL_BLEND);
+    BindProgram(shader);
+    glPushMatrix();
+    {
+        samplerParam->Set(0);
+        const float time = FrameTimer::GetTime();
+        timeParam->Set(&time, 1);
+        glTranslatef(position[0], position[1], position[2]);
+        glScalef(fishScale, fishScale, fishScale);
+        BindTexture(skinTexture);
+        glColor3f(fade, fade, fade);
+        colorParam->Set(&fade, 1);
+        glCallList(fishList);
+        BindTexture(eyeTexture);
+        glCallList(eyesList);
+        UnbindProgram();
+    }
+    glPopMatrix();
+}
+
+void FX_RopeThing::DrawRope(float brightness) const
+{
+    glEnable(GL_DEPTH_TEST);
+    glDepthMask(GL_FALSE);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_ONE, GL_ONE);
+    BindTexture(sparkTexture);
+    for (int i = 0; i < ropeLinks; i++) {
+        const float f = 1 - i / float(ropeLinks);
+        glColor3f(f * brightness, f * brightness, f * brightness);
+        DrawBillboard(ropes[0][i], sparkSize * f);
+    }
+    glDepthMask(GL_TRUE);
+}

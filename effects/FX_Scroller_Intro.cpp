@@ -1,0 +1,382 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_Scroller_Intro.h"
+
+#include "effects/ScrollerPaths.h"
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "math/Random.h"
+#include "math/Scalar.h"
+#include "platform/DebugChannel.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+#include <cstdio>
+
+// This effect's own figure; it is not to be made more exact.
+static const float scrollerPi = 3.141f;
+
+// Scroll, in screen widths per second. The sky stops at its end, braking a little on the last stretch.
+static const float panoramaSpeed = 0.035f;
+static const float layerSpeed = 0.07f;
+static const float brakeAt = -2.95f;
+static const float stopAt = -3.0f;
+
+static const float skyRise = 0.01f; // of localTime cubed: the sky stands after 4.64 s
+
+static const float sparkPathSpeed = 0.11f; // paths per second
+static const float sparkDecay = 1.2f;      // 1/s
+static const float sparkMargin = 0.06f;    // side of the dimmest spark's quad
+static const float sparkSizeDivisor = 30.0f;
+static const float sparkPointSize = 4.0f;
+
+static const int sparksPerFlash = 150;
+static const int flashSteps = 500; // of additional life, in
+static const float flashStepsPerLife = 250.0f;
+static const int flashCountStart = -842150451; // the turns of three rest on this
+static const int flashTurns = 3;
+
+static const float logoFadeFactor = 20.0f; // the logo goes with the sky when that is down to 1/20
+
+struct Layer {
+    float place; // X at scroll 0, screen widths
+    float speed; // factor on the layers' scroll
+    float slope; // of alpha over X, left of layerFadeEdge
+    float left, bottom, right, top;
+    float v; // lower edge of the picture in its texture
+};
+
+static const float layerFadeEdge = 0.1f;
+
+// clang-format off
+//                               place  speed  slope    left   bottom right  top      v
+static const Layer tesselLogo   = {1.5f, 1.0f, 3.0f,    0.15f, 0.15f, 0.85f, 0.85f,   1.0f};
+static const Layer blackChick   = {2.7f, 1.2f, 0.0f,    0.0f,  0.0f,  0.42f, 1.01f,   343 / 512.0f};
+static const Layer waldsterben  = {4.3f, 1.2f, 0.0f,    0.0f,  0.0f,  1.0f,  0.5f,    1.0f};
+static const Layer waldsterben2 = {6.1f, 1.4f, 0.0f,    0.0f,  0.0f,  1.0f,  0.5f,    1.0f};
+
+// s, t     x              y, in the last sky picture
+static const float closingLogo[4][4] = {
+    {0, 0,  0.23046875f,   0.78515625f },
+    {1, 0,  0.7294921875f, 0.78515625f },
+    {1, 1,  0.7294921875f, 0.287109375f},
+    {0, 1,  0.23046875f,   0.287109375f},
+};
+// clang-format on
+
+// Not members: they outlive every Init, and whoever shows the effect again finds them where they were.
+static float panoramaScroll = 0;
+static float layerScroll = 0;
+static float logoHidden = 1;
+
+FX_Scroller_Intro::FX_Scroller_Intro()
+    : particles{}, flashCount(flashCountStart), fade(0), skyTextures{}, particleTexture(nullptr),
+      blackChickTexture(nullptr), moonwaltzLogoTexture(nullptr), tesselLogoTexture(nullptr),
+      waldsterbenTexture(nullptr), waldsterben2Texture(nullptr), fadingOut(false), logoFadingIn(false),
+      lightFlashId(0), fadeoutId(0), fadeinLogoId(0)
+{
+}
+
+void FX_Scroller_Intro::Init(GLWindow*, DemoPlayer*)
+{
+    // No Attach: the effect needs no window, and Init runs for each of its timeline entries.
+    TextureLoader* textures = TextureLoader::GetInstance();
+    if (!textures)
+        return;
+    tesselLogoTexture = textures->GetTexture("tessel-logo.png", true, true, true);
+    blackChickTexture = textures->GetTexture("black-chick.png", true, true, true);
+    moonwaltzLogoTexture = textures->GetTexture("moonwaltz-logo.png", true, true, true);
+    waldsterbenTexture = textures->GetTexture("waldsterben.png", false, false, true);
+    waldsterben2Texture = textures->GetTexture("waldsterben2.png", false, false, true);
+    particleTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
+
+    // The paths are not emptied first: a second Init doubles their points, and the sparks run them twice.
+    for (int k = 0; k < scrollerPathCount; k++)
+        for (const float* table = scrollerPaths[k]; *table != scrollerPathEnd; table++)
+            paths[k].push_back(*table / scrollerPathUnit);
+
+    for (int i = 0; i < scrollerParticleCount; i++) {
+        const float s = SinF(i / float(scrollerParticleCount) * scrollerPi);
+        particles[i].pathIndex = i % scrollerPathCount;
+        particles[i].pathPos = s * s;
+        particles[i].life = 0; // out of the picture until a flash
+    }
+
+    const char* const skyNames[4] = {"sky-background_01.jpg", "sky-background_02.jpg",
+                                     "sky-background_03.jpg", "sky-background_04.jpg"};
+    for (int i = 0; i < 4; i++)
+        skyTextures[i] = textures->GetTexture(skyNames[i], false, false, true);
+
+    fadingOut = false;
+    fade = 1;
+}
+
+void FX_Scroller_Intro::DeclareMessages(SynchMessageTable* table)
+{
+    fadeinLogoId = table->DeclareMessage("fadein_logo", this, "NA");
+    fadeoutId = table->DeclareMessage("fadeout", this, "NA");
+    lightFlashId = table->DeclareMessage("light_flash", this, "NA");
+}
+
+void FX_Scroller_Intro::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == lightFlashId) {
+        flashCount++;
+        for (int i = 0; i < sparksPerFlash; i++) {
+            // The draw for the spark comes first. One may be hit twice; the later value stands.
+            const int j = Random() % scrollerParticleCount;
+            const int turn = flashCount % flashTurns; // 0, -1 or -2
+            const float base = 1 - turn / 2.0f;
+            particles[j].life = base + Random() % flashSteps / flashStepsPerLife;
+        }
+    }
+    if (messageId == fadeoutId)
+        fadingOut = true;
+    if (messageId == fadeinLogoId)
+        logoFadingIn = true;
+}
+
+void FX_Scroller_Intro::Update()
+{
+    const float delta = FrameTimer::GetDelta();
+    for (ScrollerParticle& particle : particles) {
+        particle.pathPos += delta * sparkPathSpeed;
+        if (particle.pathPos >= 1)
+            particle.pathPos = 0;
+        if (particle.life >= 0)
+            particle.life -= delta * particle.life * sparkDecay;
+        SamplePath(particle.pathPos, &particle.x, &particle.y, paths[particle.pathIndex % scrollerPathCount]);
+    }
+    if (fadingOut)
+        fade -= delta * fade;
+}
+
+void FX_Scroller_Intro::SamplePath(float t, float* outX, float* outY, const std::vector<float>& path)
+{
+    const int n = int(path.size() / 2);
+    if (n < 2)
+        return;
+    if (t < 0)
+        t = 0;
+    if (t > 1)
+        t = 1;
+    // n steps over n - 1 segments. On the last step a spark rests on the point a third of the way along.
+    int index = int(n * t);
+    int next = index + 1;
+    if (index >= n - 1) {
+        index = n - 2;
+        next = index / 3;
+    }
+    float f = (t - index / float(n)) / (1 / float(n));
+    if (f < 0)
+        f = 0;
+    if (f > 1)
+        f = 1;
+    *outX = (1 - f) * path[2 * index] + f * path[2 * next];
+    *outY = (1 - f) * path[2 * index + 1] + f * path[2 * next + 1];
+}
+
+void FX_Scroller_Intro::Render()
+{
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    {
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glColor3f(1, 1, 1);
+
+        AdvanceScroll();
+
+        UnbindTexture();
+        glDisable(GL_DEPTH_TEST);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        glEnable(GL_BLEND);
+        RenderSky();
+        RenderSparks();
+        RenderLayers();
+        RenderClosingLogo();
+
+        glEnable(GL_DEPTH_TEST);
+        glMatrixMode(GL_PROJECTION);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+}
+
+// Here and not in Update. In the frame that crosses brakeAt both steps are made, and the last may run past
+// stopAt.
+void FX_Scroller_Intro::AdvanceScroll()
+{
+    const float delta = FrameTimer::GetDelta();
+    if (panoramaScroll < stopAt)
+        return;
+    if (panoramaScroll >= brakeAt) {
+        panoramaScroll -= delta * panoramaSpeed;
+        layerScroll -= delta * layerSpeed;
+    }
+    if (panoramaScroll < brakeAt) {
+        const float k = 1 + panoramaScroll - brakeAt;
+        panoramaScroll -= delta * panoramaSpeed * k;
+        layerScroll -= delta * layerSpeed * k;
+    }
+}
+
+void FX_Scroller_Intro::RenderSky()
+{
+    float v = localTime * localTime * localTime * skyRise;
+    if (v > 1)
+        v = 1;
+    const float c = CosF((1 - v) * scrollerPi / 2);
+    for (int i = 0; i < 4; i++) {
+        char trace[64];
+        snprintf(trace, sizeof trace, "fadeout time: %f\n", fade);
+        platform::OutputDebugText(trace);
+
+        glPushMatrix();
+        {
+            BindTexture(skyTextures[i]);
+            glTranslatef(panoramaScroll, 0, 0);
+            glColor4f(c, c, c * c, fade); // blue comes last: it arrives through a warm tint
+            glBegin(GL_QUADS);
+            {
+                glTexCoord2f(0, 0);
+                glVertex2f(i, 1);
+                glTexCoord2f(1, 0);
+                glVertex2f(i + 1, 1);
+                glTexCoord2f(1, 1);
+                glVertex2f(i + 1, 0);
+                glTexCoord2f(0, 1);
+                glVertex2f(i, 0);
+            }
+            glEnd();
+        }
+        glPopMatrix();
+    }
+}
+
+static void DrawCentredQuad(float width, float height)
+{
+    const float x = width / 2;
+    const float y = height / 2;
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(0, 0);
+        glVertex2f(-x, y);
+        glTexCoord2f(1, 0);
+        glVertex2f(x, y);
+        glTexCoord2f(1, 1);
+        glVertex2f(x, -y);
+        glTexCoord2f(0, 1);
+        glVertex2f(-x, -y);
+    }
+    glEnd();
+}
+
+// Three paths to a sky picture; the first picture has none.
+static float TileOf(int path)
+{
+    if (path > 5)
+        return 3;
+    if (path > 2)
+        return 2;
+    return 1;
+}
+
+void FX_Scroller_Intro::RenderSparks()
+{
+    glPushMatrix();
+    {
+        glTranslatef(panoramaScroll, 0, 0);
+        glPointSize(sparkPointSize);
+        glBlendFunc(GL_ONE, GL_ONE);
+        glEnable(GL_BLEND);
+        glColor3f(1, 1, 1);
+        BindTexture(particleTexture);
+        for (const ScrollerParticle& particle : particles) {
+            const float place = TileOf(particle.pathIndex % scrollerPathCount) + particle.x;
+            const float onScreen = place + panoramaScroll;
+            if (!(particle.life > 0) || onScreen < 0 || onScreen > 1)
+                continue;
+            glPushMatrix();
+            {
+                const float b = particle.life * particle.life * particle.life;
+                glColor3f(b, b, b);
+                const float s = particle.life * particle.life / sparkSizeDivisor;
+                glTranslatef(place, particle.y, 0);
+                DrawCentredQuad(s + sparkMargin, s + sparkMargin);
+            }
+            glPopMatrix();
+        }
+        glDisable(GL_BLEND);
+    }
+    glPopMatrix();
+}
+
+static void RenderLayer(const Layer& layer, Texture* texture)
+{
+    BindTexture(texture);
+    const float x = layer.place + layer.speed * layerScroll;
+    float a = 1;
+    if (x < layerFadeEdge)
+        a = (x - layerFadeEdge) * layer.slope + 1; // below 0 once the layer has left; GL limits it
+    glEnable(GL_BLEND);
+    glColor4f(1, 1, 1, a);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glPushMatrix();
+    {
+        glTranslatef(x, 0, 0);
+        glBegin(GL_QUADS);
+        {
+            glTexCoord2f(0, 0);
+            glVertex2f(layer.left, layer.top);
+            glTexCoord2f(1, 0);
+            glVertex2f(layer.right, layer.top);
+            glTexCoord2f(1, layer.v);
+            glVertex2f(layer.right, layer.bottom);
+            glTexCoord2f(0, layer.v);
+            glVertex2f(layer.left, layer.bottom);
+        }
+        glEnd();
+    }
+    glPopMatrix();
+    glDisable(GL_BLEND);
+}
+
+void FX_Scroller_Intro::RenderLayers()
+{
+    RenderLayer(tesselLogo, tesselLogoTexture);
+    RenderLayer(blackChick, blackChickTexture);
+    RenderLayer(waldsterben, waldsterbenTexture);
+    RenderLayer(waldsterben2, waldsterben2Texture);
+}
+
+void FX_Scroller_Intro::RenderClosingLogo()
+{
+    glPushMatrix();
+    {
+        BindTexture(moonwaltzLogoTexture);
+        glTranslatef(3 + panoramaScroll, 0, 0); // fixed to the last sky picture
+        if (logoFadingIn)
+            logoHidden -= FrameTimer::GetDelta() * logoHidden;
+        glEnable(GL_BLEND);
+        float m = fade * logoFadeFactor;
+        if (m > 1)
+            m = 1;
+        glColor4f(1, 1, 1, (1 - logoHidden) * m);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        glBegin(GL_QUADS);
+        {
+            for (const float* corner : closingLogo) {
+                glTexCoord2f(corner[0], corner[1]);
+                glVertex2f(corner[2], corner[3]);
+            }
+        }
+        glEnd();
+        glDisable(GL_BLEND);
+    }
+    glPopMatrix();
+}

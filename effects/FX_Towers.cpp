@@ -1,0 +1,382 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_Towers.h"
+
+#include "effects/TownGeometry.h"
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "math/Scalar.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+#include <cmath>
+
+static const float towersPi = 3.141f; // this effect's own figure
+
+static const float farthest = 10.0f;    // of distance
+static const float approachRate = 1.5f; // 1/s
+static const float flashDecay = 4.0f;
+
+static const float orbitSpeed = 0.6f; // radians per second
+
+static const float towerStep = 2.0f;
+static const float towerStretch = 1.0f;
+static const float towerBottom = 3.0f; // half widths
+static const float towerTop = 8.0f;
+
+struct Tower {
+    float x, z, height, angleA, angleB, angleC;
+};
+
+struct SkyLayer {
+    float scale;
+    int turn; // quarter turns about y
+};
+
+struct Rotor {
+    float x, y, z, phase;
+};
+
+struct BeamGroup {
+    float height, firstPhase, secondPhase;
+};
+
+// clang-format off
+static const Tower towers[4] = {
+    //  x      z   height     A      B      C
+    { 4.0f,  4.0f,  80.0f, 25.0f,  10.0f, -10.0f},
+    {-4.0f,  4.0f,  90.0f,  4.0f,  10.0f,  10.0f},
+    { 4.0f, -4.0f,  70.0f,  3.0f, -10.0f, -10.0f},
+    {-4.0f, -4.0f,  80.0f,  0.0f, -10.0f,  10.0f},
+};
+
+static const SkyLayer outermostLayer = {1000, 0}; // blended by alpha; the others add light
+static const SkyLayer innerLayers[5] = {
+    { 800, 1},
+    { 600, 2},
+    { 400, 3},
+    { 300, 1},
+    { 200, 2},
+};
+static const float skyGrey = 0.75f;      // at full fade
+static const float skyAlphaRate = 0.33f; // 1/s
+
+// s, t     x      y     z
+static const float skyBackSide[4][5] = {
+    {0, 0, -0.5f, 1.4f, -0.5f},
+    {1, 0,  0.5f, 1.4f, -0.5f},
+    {1, 1,  0.5f, 0.0f, -0.5f},
+    {0, 1, -0.5f, 0.0f, -0.5f},
+};
+static const float skyFrontSide[4][5] = {
+    {1, 0, -0.5f, 1.4f,  0.5f},
+    {0, 0,  0.5f, 1.4f,  0.5f},
+    {0, 1,  0.5f, 0.0f,  0.5f},
+    {1, 1, -0.5f, 0.0f,  0.5f},
+};
+static const float skyLeftSide[4][5] = {
+    {0, 0, -0.5f, 1.4f,  0.5f},
+    {1, 0, -0.5f, 1.4f, -0.5f},
+    {1, 1, -0.5f, 0.0f, -0.5f},
+    {0, 1, -0.5f, 0.0f,  0.5f},
+};
+static const float skyRightSide[4][5] = {
+    {0, 0,  0.5f, 1.4f, -0.5f},
+    {1, 0,  0.5f, 1.4f,  0.5f},
+    {1, 1,  0.5f, 0.0f,  0.5f},
+    {0, 1,  0.5f, 0.0f, -0.5f},
+};
+
+static const int discCount = 7;
+static const float discGrowth = 1.2f; // from each to the next, and it stays for the rotors
+static const float discHalf = 50.0f;
+static const float discGrey = 0.4f;   // at full fade
+
+static const float rotorsScale = 1.5f;
+static const Rotor rotors[5] = {
+    //  x       y      z   phase
+    { 8.0f,  80.0f,  6.0f, 0.0f},
+    {-8.0f,  90.0f, -4.0f, 1.0f},
+    { 5.0f, 120.0f,  3.0f, 2.0f},
+    { 0.0f, 100.0f,  0.0f, 3.0f},
+    { 0.0f,  80.0f,  0.0f, 3.0f},
+};
+
+// Three blades on one axis, each turned on from the one before. The last corner of the second and third stands on the
+// other side of the plane: a kink in the light.
+struct RotorBlade {
+    float turnSpeed; // degrees per second
+    float half;      // of a side
+    float y;         // of the first three corners; the fourth has -y
+};
+static const RotorBlade rotorBlades[3] = {
+    { 30.0f, 10.0f,  0.0f},
+    { 40.0f, 15.0f, -1.0f},
+    {-60.0f, 19.0f, -2.0f},
+};
+static const float rotorScale = 10.0f;
+
+static const BeamGroup beamGroups[3] = {
+    // height first  second phase
+    {80.0f,   0.0f,  0.3f},
+    {70.0f,   0.35f, 1.0f},
+    {50.0f,   1.3f,  1.6f},
+};
+static const float beamGroupRise = 5.0f; // from a group's first beam to its second
+static const float beamHalfWidth = 3.0f;
+static const float beamHalfLength = 260.0f;
+static const float beamThreshold = 0.7f; // of its flicker
+static const float beamLeast = 0.1f;     // of flash
+// clang-format on
+
+FX_Towers::FX_Towers()
+    : distance(0), fade(0), flash(0), towerTexture(nullptr), spiroTexture(nullptr), towerList(0),
+      skyLeft(nullptr), skyBack(nullptr), skyRight(nullptr), skyFront(nullptr), beamTexture(nullptr),
+      msgFlashLine(0)
+{
+}
+
+void FX_Towers::Init(GLWindow*, DemoPlayer*)
+{
+    TextureLoader* textures = TextureLoader::GetInstance();
+    if (textures) {
+        towerTexture = textures->GetTexture("fasanenbude.jpg", true, true, true);
+        spiroTexture = textures->GetTexture("spirograph.jpg", true, true, true);
+    }
+    CompileTowers();
+    if (textures) {
+        skyLeft = textures->GetTexture("skybox_tower_left.jpg", true, false, true);
+        skyBack = textures->GetTexture("skybox_tower_back.jpg", true, false, true);
+        skyRight = textures->GetTexture("skybox_tower_right.jpg", true, false, true);
+        skyFront = textures->GetTexture("skybox_tower_front.jpg", true, false, true);
+        beamTexture = textures->GetTexture("beam_1.png", true, true, true);
+    }
+    flash = 0;
+    distance = farthest;
+}
+
+void FX_Towers::CompileTowers()
+{
+    towerList = glGenLists(1);
+    glNewList(towerList, GL_COMPILE);
+    {
+        BindTexture(towerTexture);
+        for (const Tower& tower : towers) {
+            glPushMatrix();
+            {
+                glTranslatef(tower.x, 0, tower.z);
+                DrawTwistedBox(towerStep, tower.height, towerStretch, towerBottom, towerTop, tower.angleA,
+                               tower.angleB, tower.angleC);
+            }
+            glPopMatrix();
+        }
+    }
+    glEndList();
+}
+
+void FX_Towers::DeclareMessages(SynchMessageTable* table)
+{
+    msgFlashLine = table->DeclareMessage("flash_line", this, "NA");
+}
+
+void FX_Towers::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == msgFlashLine)
+        flash = 1;
+}
+
+void FX_Towers::Update()
+{
+    const float delta = FrameTimer::GetDelta();
+    flash -= flashDecay * delta * flash;
+    distance -= approachRate * delta * distance;
+    fade = 1 - distance / farthest;
+}
+
+void FX_Towers::Render()
+{
+    PlaceCamera();
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    DrawSkyLayer(outermostLayer.scale, outermostLayer.turn);
+    glBlendFunc(GL_ONE, GL_ONE);
+    for (const SkyLayer& layer : innerLayers)
+        DrawSkyLayer(layer.scale, layer.turn);
+    glDisable(GL_BLEND);
+
+    glCallList(towerList); // in the grey of the sky: they come up with it
+
+    glDisable(GL_TEXTURE_2D);
+    BindTexture(spiroTexture);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_ONE, GL_ONE);
+    glPushMatrix();
+    {
+        glColor3f(discGrey * fade, discGrey * fade, discGrey * fade);
+        glDepthMask(GL_FALSE);
+        glPushMatrix();
+        {
+            RenderDiscs();
+            RenderRotors();
+        }
+        glPopMatrix();
+        RenderBeams();
+        glEnable(GL_TEXTURE_2D);
+        glDepthMask(GL_TRUE);
+    }
+    glPopMatrix();
+    glDisable(GL_BLEND);
+    // One pop too many: GL turns it down as an underflow, and nothing changes.
+    glPopMatrix();
+}
+
+void FX_Towers::PlaceCamera() const
+{
+    const float u = localTime * orbitSpeed;
+    const float eyeX = 80 * CosF(u) + 20 * distance;
+    const float eyeY = 10 * SinF(u) + 20 + 1.5f * SinF(flash * towersPi * 5);
+    const float eyeZ = 40 * SinF(u) + 30 * distance;
+    gluLookAt(eyeX, eyeY, eyeZ, eyeX * (1 - fade), 65 - 6.5f * distance, 0, 0, 1, 0);
+}
+
+static void DrawSkySide(Texture* texture, float nx, float nz, const float (*corners)[5])
+{
+    BindTexture(texture);
+    glBegin(GL_QUADS);
+    {
+        glNormal3f(nx, 0, nz);
+        for (int i = 0; i < 4; i++) {
+            glTexCoord2fv(corners[i]);
+            glVertex3fv(corners[i] + 2);
+        }
+    }
+    glEnd();
+}
+
+// An open cube: four sides, without top and bottom. It stays where it is; the camera passes through its
+// walls, and without the depth test no layer hides another.
+void FX_Towers::DrawSkyLayer(float scale, int turn) const
+{
+    glPushMatrix();
+    {
+        glDisable(GL_DEPTH_TEST);
+        glDepthMask(GL_FALSE);
+        glDisable(GL_LIGHTING);
+        glColor4f(skyGrey * fade, skyGrey * fade, skyGrey * fade, skyAlphaRate * localTime);
+        if (turn > 0)
+            glRotatef(90.0f * turn, 0, 1, 0);
+        glScalef(scale, scale, scale);
+        DrawSkySide(skyBack, 0, -1, skyBackSide);
+        DrawSkySide(skyFront, 0, -1, skyFrontSide);
+        DrawSkySide(skyLeft, -1, 0, skyLeftSide);
+        DrawSkySide(skyRight, 1, 0, skyRightSide);
+        UnbindTexture();
+        glDepthMask(GL_TRUE);
+        glEnable(GL_DEPTH_TEST);
+    }
+    glPopMatrix();
+}
+
+// Each larger than the one before and turning faster. The scales add up and stay.
+void FX_Towers::RenderDiscs() const
+{
+    for (int i = 0; i < discCount; i++) {
+        glScalef(discGrowth, 1, discGrowth);
+        glPushMatrix();
+        {
+            glRotatef(-localTime * (4 * i + 10) * 4, 0, 1, 0);
+            const float y = i / 8.0f;
+            glBegin(GL_QUADS);
+            {
+                glTexCoord2f(0, 0);
+                glVertex3f(-discHalf, y, discHalf);
+                glTexCoord2f(0, 1);
+                glVertex3f(discHalf, y, discHalf);
+                glTexCoord2f(1, 1);
+                glVertex3f(discHalf, y, -discHalf);
+                glTexCoord2f(1, 0);
+                glVertex3f(-discHalf, y, -discHalf);
+            }
+            glEnd();
+        }
+        glPopMatrix();
+    }
+}
+
+void FX_Towers::RenderRotors() const
+{
+    glScalef(rotorsScale, 1, rotorsScale);
+    for (const Rotor& rotor : rotors)
+        DrawRotor(rotor.x, rotor.y, rotor.z, rotor.phase);
+}
+
+void FX_Towers::DrawRotor(float x, float y, float z, float phase) const
+{
+    glPushMatrix();
+    {
+        glTranslatef(x, y, z);
+        glScalef(rotorScale, 1, rotorScale);
+        const float c = 0.3f * SinF(2 * localTime + phase) + 0.7f;
+        glColor3f(c * fade, c * fade, c * fade);
+        for (const RotorBlade& blade : rotorBlades) {
+            glRotatef(blade.turnSpeed * localTime, 0, 1, 0);
+            const float half = blade.half;
+            glBegin(GL_QUADS);
+            {
+                glTexCoord2f(0, 0);
+                glVertex3f(-half, blade.y, half);
+                glTexCoord2f(0, 1);
+                glVertex3f(half, blade.y, half);
+                glTexCoord2f(1, 1);
+                glVertex3f(half, blade.y, -half);
+                glTexCoord2f(1, 0);
+                glVertex3f(-half, -blade.y, -half);
+            }
+            glEnd();
+        }
+    }
+    glPopMatrix();
+}
+
+void FX_Towers::RenderBeams() const
+{
+    glDepthMask(GL_FALSE);
+    glDisable(GL_TEXTURE_2D);
+    for (const BeamGroup& group : beamGroups) {
+        glPushMatrix();
+        {
+            DrawBeam(group.height, group.firstPhase);
+            glTranslatef(0, beamGroupRise, 0);
+            glRotatef(90, 0, 1, 0);
+            DrawBeam(group.height, group.secondPhase);
+        }
+        glPopMatrix();
+    }
+}
+
+// Flickers at its own moments while the flash dies. One that is drawn switches blending off for what follows.
+void FX_Towers::DrawBeam(float height, float phase) const
+{
+    const float v = std::fabs(SinF(flash * towersPi * 3 + phase));
+    if (v < beamThreshold || flash < beamLeast)
+        return;
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    BindTexture(beamTexture);
+    glColor4f(1, 1, 1, 1 - 0.3f * SinF(flash * towersPi));
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(0, 0);
+        glVertex3f(-beamHalfWidth, height, -beamHalfLength);
+        glTexCoord2f(0, 1);
+        glVertex3f(beamHalfWidth, height, -beamHalfLength);
+        glTexCoord2f(1, 1);
+        glVertex3f(beamHalfWidth, height, beamHalfLength);
+        glTexCoord2f(1, 0);
+        glVertex3f(-beamHalfWidth, height, beamHalfLength);
+    }
+    glEnd();
+    glDisable(GL_BLEND);
+}

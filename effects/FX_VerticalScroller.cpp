@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_VerticalScroller.h"
+
+#include "kernel/FrameTimer.h"
+#include "kernel/SynchMessageTable.h"
+#include "resources/Texture.h"
+#include "resources/TextureLoader.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+
+static const float riseSpeed = 0.3f; // units per second
+static const float brakeRate = 5.0f; // 1/s
+static const float columnScale = 0.5f;
+static const float pageHeight = 4.0f; // in the scaled frame: two screens
+
+FX_VerticalScroller::FX_VerticalScroller() : msgStopScroll(0), scrolling(false), scroll(0), speed(0) {}
+
+void FX_VerticalScroller::Init(GLWindow*, DemoPlayer*)
+{
+    if (TextureLoader* textures = TextureLoader::GetInstance())
+        for (const char* name : {"abspanner_1.png", "abspanner_2.png", "abspanner_3.png"})
+            pages.push_back(textures->GetTexture(name, true, true, true));
+    scrolling = true;
+    scroll = 0;
+    speed = 1;
+}
+
+void FX_VerticalScroller::DeclareMessages(SynchMessageTable* table)
+{
+    msgStopScroll = table->DeclareMessage("stopScroll", this, "stop scrolling");
+}
+
+void FX_VerticalScroller::ReceiveMessage(int messageId, float*, int)
+{
+    if (messageId == msgStopScroll)
+        scrolling = false;
+}
+
+void FX_VerticalScroller::Update()
+{
+    const float delta = FrameTimer::GetDelta();
+    if (!scrolling)
+        speed -= brakeRate * delta * speed;
+    scroll += riseSpeed * delta * speed;
+}
+
+void FX_VerticalScroller::Render()
+{
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    {
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+
+        // The move is made in the scaled frame: the column begins a quarter of the screen from the left.
+        glScalef(columnScale, columnScale, columnScale);
+        glTranslatef(1 - columnScale, scroll - pageHeight, -1);
+        for (Texture* page : pages) {
+            BindTexture(page);
+            glColor4f(1, 1, 1, 1);
+            glBegin(GL_QUADS);
+            {
+                glTexCoord2f(0, 0);
+                glVertex2f(0, pageHeight);
+                glTexCoord2f(1, 0);
+                glVertex2f(1, pageHeight);
+                glTexCoord2f(1, 1);
+                glVertex2f(1, 0);
+                glTexCoord2f(0, 1);
+                glVertex2f(0, 0);
+            }
+            glEnd();
+            glTranslatef(0, -pageHeight, 0); // the next page hangs below
+        }
+        glDisable(GL_BLEND);
+        glMatrixMode(GL_PROJECTION);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}

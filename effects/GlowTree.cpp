@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "effects/GlowTree.h"
+
+#include "kernel/FrameTimer.h"
+#include "math/Matrix16.h"
+#include "math/Random.h"
+#include "math/Scalar.h"
+
+#include <GL/glew.h>
+
+static const float glowTreePi = 3.141f; // this module's own figure
+
+static const int wanderSteps = 200; // of the direction at each step: -0.1 to 0.1
+static const float wanderCentre = 0.1f;
+static const int forkSteps = 2000; // of a branch's direction: -1 to 1
+static const float forkCentre = 1.0f;
+static const float stepDivisor = 1000.0f;
+static const int forkEvery = 5;
+
+static const float glowDecay = 1.0f; // 1/s
+static const float flashDecay = 2.0f;
+
+static const int stretch = 10;     // nodes are chosen from this index on
+static const int stretchNodes = 9; // of which so many catch fire
+static const int sparkStretches = 100;
+static const float sparkGlow = 4.0f;
+static const int flashStretches = 50;
+static const float flashGlow = 2.0f;
+static const float rampLength = 100.0f; // though a stretch has nine: only the foot of the sine is used
+
+static const float glowSize = 4.0f; // of a sprite, half a side per unit of glow
+static const float flashSize = 12.0f;
+static const float flashLeast = 0.1f;
+
+GlowTree::GlowTree(unsigned seed, int length, int branches)
+{
+    SeedRandom(seed);
+    const Vec3 root = {0, 0, 0};
+    const Vec3 up = {0, 1, 0};
+    Grow(root, up, length, branches);
+}
+
+GlowTree::~GlowTree() {}
+
+void GlowTree::Grow(const Vec3 position, const Vec3 direction, int length, int branches)
+{
+    if (length <= 1)
+        return;
+    Vec3 current, last, dir;
+    Vec3Copy(current, position);
+    Vec3Copy(dir, direction);
+    for (int i = 0; i < length; i++) {
+        const float wanderZ = Random() % wanderSteps / stepDivisor - wanderCentre;
+        const float wanderX = Random() % wanderSteps / stepDivisor - wanderCentre;
+        const Vec3 wander = {wanderX, 0, wanderZ};
+        Vec3Add(dir, dir, wander);
+        Vec3Normalize(dir, dir);
+        Vec3Copy(last, current);
+        Vec3Add(current, current, dir);
+
+        const bool tip = i == length - 1;
+        if ((i % forkEvery == 0 && i > 1) || tip)
+            for (int b = 0; b < branches; b++) {
+                const float forkZ = Random() % forkSteps / stepDivisor - forkCentre;
+                const float forkY = Random() % forkSteps / stepDivisor - forkCentre;
+                const float forkX = Random() % forkSteps / stepDivisor - forkCentre;
+                Vec3 child = {forkX, forkY, forkZ};
+                Vec3Add(child, dir, child);
+                Vec3Normalize(child, child);
+                Grow(current, child, length / 2, branches);
+            }
+
+        // Behind the branches of this step in the list.
+        AddNode(last, current, 0.0f, tip);
+        AddNode(last, current, 0.5f, tip);
+    }
+}
+
+void GlowTree::AddNode(const Vec3 last, const Vec3 current, float p, bool tip)
+{
+    GlowNode* node = new GlowNode;
+    Vec3Lerp(node->position, last, current, p);
+    node->glow = 0;
+    node->flash = 0;
+    node->tip = tip;
+    nodes.push_back(node);
+}
+
+void GlowTree::Update()
+{
+    const float delta = FrameTimer::GetDelta();
+    for (GlowNode* node : nodes) {
+        node->glow -= delta * glowDecay * node->glow;
+        node->flash -= delta * flashDecay * node->flash;
+    }
+}
+
+// The index of the first node of a stretch.
+unsigned GlowTree::ChooseStretch() const
+{
+    return unsigned(Random()) % unsigned(nodes.size() - stretch);
+}
+
+// The sine only rises from 0 to about 0.25 over a stretch: it brightens towards one end, and its first node
+// stays dark.
+static float Ramp(int k)
+{
+    return SinF(k / rampLength * glowTreePi);
+}
+
+void GlowTree::Spark()
+{
+    if (nodes.size() <= size_t(stretch))
+        return;
+    for (int i = 0; i < sparkStretches; i++) {
+        const unsigned first = ChooseStretch();
+        for (int k = 0; k < stretchNodes; k++)
+            nodes[first + k]->glow += sparkGlow * Ramp(k);
+    }
+}
+
+void GlowTree::Flash()
+{
+    if (nodes.size() <= size_t(stretch))
+        return;
+    for (int i = 0; i < flashStretches; i++) {
+        const unsigned first = ChooseStretch();
+        for (int k = 0; k < stretchNodes; k++) {
+            nodes[first + k]->glow += flashGlow * Ramp(k);
+            nodes[first + k]->flash = 1;
+        }
+    }
+}
+
+static void SendSprite(const Vec3 centre, const Vec3 right, const Vec3 up, float size)
+{
+    Vec3 r, u;
+    Vec3Scale(r, right, size);
+    Vec3Scale(u, up, size);
+    glTexCoord2f(0, 1);
+    glVertex3f(centre[0] - r[0] - u[0], centre[1] - r[1] - u[1], centre[2] - r[2] - u[2]);
+    glTexCoord2f(1, 1);
+    glVertex3f(centre[0] + r[0] - u[0], centre[1] + r[1] - u[1], centre[2] + r[2] - u[2]);
+    glTexCoord2f(1, 0);
+    glVertex3f(centre[0] + r[0] + u[0], centre[1] + r[1] + u[1], centre[2] + r[2] + u[2]);
+    glTexCoord2f(0, 0);
+    glVertex3f(centre[0] - r[0] + u[0], centre[1] - r[1] + u[1], centre[2] - r[2] + u[2]);
+}
+
+void GlowTree::Draw() const
+{
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_ONE, GL_ONE);
+    glEnable(GL_DEPTH_TEST);
+    glDepthMask(GL_FALSE);
+
+    // The billboard's axes, with the scale of the transform in them.
+    Matrix16 m;
+    glGetFloatv(GL_MODELVIEW_MATRIX, m);
+    const Vec3 right = {m[0], m[4], m[8]};
+    const Vec3 up = {m[1], m[5], m[9]};
+
+    glBegin(GL_QUADS);
+    {
+        for (const GlowNode* node : nodes) {
+            if (!(node->glow > 0))
+                continue;
+            glColor3f(node->glow, node->glow, node->glow);
+            SendSprite(node->position, right, up, node->glow * glowSize);
+        }
+    }
+    glEnd();
+
+    // A flash throws the node far out of the tree, and spins it back in as it decays.
+    glColor3f(1, 1, 1);
+    glBegin(GL_QUADS);
+    {
+        for (const GlowNode* node : nodes) {
+            const float flash = node->flash;
+            if (!(flash > flashLeast))
+                continue;
+            Vec3 q = {(3 * flash + 2) * node->position[0], (1 + flash) * node->position[1],
+                      (3 * flash + 2) * node->position[2]};
+            Matrix16 turn;
+            MatrixFromEuler(turn, flash * 360 + FrameTimer::GetTime() * 20, 0, 0, 0, 0, 0);
+            Vec3Transform(q, q, turn);
+            SendSprite(q, right, up, flash * flashSize);
+        }
+    }
+    glEnd();
+    glDepthMask(GL_TRUE);
+}

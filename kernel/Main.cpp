@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The program. It takes no options and looks at no arguments.
+#include "kernel/System.h"
+#include "platform/Paths.h"
+#include "platform/Screen.h"
+#include "platform/WindowSystem.h"
+
+#include <cstdio>
+
+int main()
+{
+    if (!platform::HasDisplay()) {
+        fprintf(stderr,
+                "moonwaltz: there is no display to play on (DISPLAY is not set, or nothing answers there)\n");
+        return 1;
+    }
+    platform::FindDataDirectory();
+    const int status = RunShow();
+    // Gives the desktop its mode back after a full-screen show that came to its natural end.
+    platform::Windows().shutDown();
+    return status;
+}

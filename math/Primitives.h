@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// Two immediate-mode helpers. Both need a current GL context and draw with the texture, colour, blending
+// and culling that the caller has set.
+#pragma once
+
+#include "math/Vec3.h"
+
+// A cube with sides of length 1 round the origin, with normals, the whole texture on each face. The bottom
+// face runs clockwise as seen from outside: with back-face culling it is missing.
+void DrawUnitCube();
+
+// A textured quad at a position of the current modelview matrix that faces the viewer, 2 * size on a side,
+// without a normal. The top row of the texture (t = 0) is at the top. The axes are the rows of the
+// modelview matrix as they are: where that scales, the quad is scaled twice.
+// Leaves the matrix as it was and the matrix mode at GL_MODELVIEW.
+void DrawBillboard(const Vec3 position, float size);

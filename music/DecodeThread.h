@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// The one thread that decodes for all open streams. It runs from the start of the sound system to the end of
+// the process, sleeps while all windows are full, and owns every stream from its opening on.
+#pragma once
+
+#include "music/Bell.h"
+#include "music/SoundMixer.h"
+
+class DecodeThread
+{
+public:
+    // Both are borrowed and, as this, must live to the end of the process. The bell wakes the thread.
+    DecodeThread(SoundMixer* theMixer, Bell* theBell);
+
+    void Start(); // once
+
+    void Add(SoundStream* stream); // main thread: hands a new stream over
+
+private:
+    void Run();
+    void TakeArrivals();
+    bool WorkOnStreams();
+    static void Stop();
+
+    SoundMixer* mixer;
+    Bell* bell;
+    std::vector<SoundStream*> streams;
+    std::atomic<SoundStream*> arrivals; // a chain, the newest first
+    std::atomic<bool> stopping;
+    std::atomic<bool> stopped;
+};

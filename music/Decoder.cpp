@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "music/Decoder.h"
+
+#include "music/FileDecoder.h"
+#include "music/ModuleDecoder.h"
+
+#include <filesystem>
+
+Decoder::~Decoder() {}
+
+std::unique_ptr<Decoder> OpenDecoder(const std::string& path, int mixRate)
+{
+    // A pipe or a device would keep the main thread waiting for its other end.
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return nullptr;
+    std::unique_ptr<Decoder> decoder = FileDecoder::Open(path);
+    if (!decoder)
+        decoder = ModuleDecoder::Open(path, mixRate);
+    if (decoder && (decoder->rate < LowestRate || decoder->rate > HighestRate))
+        return nullptr;
+    return decoder;
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Changes the rate of stereo frames by band-limited interpolation (a sinc under a Kaiser window, 100 dB down
+// outside the band). Each output frame is a sum over the input frames around its place in time and depends on
+// nothing else, so that a seek gives the same bits as playing up to the place.
+//
+// Output frame n lies at input frame n * inputRate / outputRate, exactly.
+#pragma once
+
+#include "platform/SoundOutput.h"
+
+#include <cstdint>
+#include <vector>
+
+using platform::StereoFrame;
+
+class Resampler
+{
+public:
+    Resampler(int fromRate, int toRate); // Hz, both above 0; equal rates copy
+
+    // The input frames that output frame n is made of. Some of them may lie ahead of the first frame (below
+    // 0) or behind the last: there the input is silent.
+    int64_t FirstInput(int64_t n) const;
+    int64_t LastInput(int64_t n) const;
+
+    // How many output frames lie within an input of that many frames.
+    int64_t OutputLength(int64_t inputLength) const;
+
+    // Output frame n. input holds the frames from FirstInput(n) to LastInput(n).
+    StereoFrame Interpolate(int64_t n, const StereoFrame* input);
+
+private:
+    void TabulateKernel(double scale);
+    void Weigh(double fraction, float* weights) const;
+
+    int inputRate;
+    int outputRate;
+    int reach;                 // input frames on either side of the place; 0 copies
+    double step;               // along the kernel's table, per input frame
+    std::vector<float> kernel; // one side, from its middle outwards
+    int phases;                // different fractions that places have
+    std::vector<float>
+        rows; // the weights for each phase, 2 * reach of them; or one row, if there are too many
+};

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "music/SoundSystem.h"
+
+#include "music/DecodeThread.h"
+#include "platform/SoundOutput.h"
+
+#include <algorithm>
+#include <cstdio>
+
+static float version = 3.75f;
+static int chosenDriver = 0;
+static int bufferMilliseconds = 1000;
+static std::vector<std::string>* callSink = nullptr;
+
+// What the threads use, from Init on. It is never freed: they run on while the process ends.
+struct RunningSystem {
+    RunningSystem(int rate, int channels) : mixRate(rate), mixer(rate, channels), decodeThread(&mixer, &bell)
+    {
+    }
+
+    int mixRate;
+    SoundMixer mixer;
+    Bell bell;
+    DecodeThread decodeThread;
+    std::vector<SoundStream*> openStreams;
+};
+static RunningSystem* sound = nullptr;
+
+static void Note(const std::string& call)
+{
+    if (callSink)
+        callSink->push_back(call);
+}
+
+static bool IsOpen(SoundStream* stream)
+{
+    return sound && std::count(sound->openStreams.begin(), sound->openStreams.end(), stream) > 0;
+}
+
+static void FillOutput(void* context, StereoFrame* frames, int count, bool patient)
+{
+    RunningSystem* system = static_cast<RunningSystem*>(context);
+    while (count > 0) {
+        const int piece = std::min(count, SoundChannel::MostFrames);
+        system->mixer.Mix(frames, piece, patient);
+        system->bell.Ring();
+        frames += piece;
+        count -= piece;
+    }
+}
+
+float SoundSystem::GetVersion()
+{
+    Note("GetVersion");
+    return version;
+}
+
+void SoundSystem::SetDriver(int driver)
+{
+    Note("SetDriver " + std::to_string(driver));
+    chosenDriver = driver;
+}
+
+bool SoundSystem::Init(int mixRate, int channels, unsigned flags)
+{
+    Note("Init " + std::to_string(mixRate) + " " + std::to_string(channels) + " " + std::to_string(flags));
+    if (sound)
+        return true;
+    if (chosenDriver != DefaultDriver || mixRate < LowestMixRate || mixRate > HighestMixRate ||
+        channels < 1 || channels > MostChannels || flags != 0)
+        return false;
+    RunningSystem* started = new RunningSystem(mixRate, channels);
+    if (!platform::OpenSoundOutput(mixRate, FillOutput, started)) {
+        delete started;
+        return false;
+    }
+    started->decodeThread.Start();
+    sound = started;
+    return true;
+}
+
+void SoundSystem::SetBufferSize(int milliseconds)
+{
+    Note("SetBufferSize " + std::to_string(milliseconds));
+    bufferMilliseconds = milliseconds;
+}
+
+SoundStream* SoundSystem::OpenStream(const std::string& path, unsigned mode, int offset, int length)
+{
+    char modeText[16];
+    snprintf(modeText, sizeof(modeText), "0x%X", mode);
+    Note("OpenStream " + path + " " + modeText + " " + std::to_string(offset) + " " + std::to_string(length));
+    if (!sound || mode != (LoopOff | Stereo | AccurateTime) || offset != 0 || length != 0)
+        return nullptr;
+    std::unique_ptr<Decoder> decoder = OpenDecoder(path, sound->mixRate);
+    if (!decoder)
+        return nullptr;
+    SoundStream* stream =
+        new SoundStream(std::move(decoder), sound->mixRate, bufferMilliseconds, &sound->bell);
+    sound->openStreams.push_back(stream);
+    sound->decodeThread.Add(stream);
+    return stream;
+}
+
+int SoundSystem::PlayStream(int channel, SoundStream* stream)
+{
+    Note("PlayStream " + std::to_string(channel));
+    if (channel != FreeChannel || !IsOpen(stream))
+        return -1;
+    const bool hasRunOut = stream->HasRunOut();
+    const int time = hasRunOut ? 0 : stream->GetTime();
+    if (hasRunOut || !stream->LastOrder().playing)
+        stream->Give(true, time);
+    const int seat = sound->mixer.Seat(stream);
+    if (seat < 0)
+        stream->Give(false, time);
+    return seat;
+}
+
+bool SoundSystem::SetStreamTime(SoundStream* stream, int milliseconds)
+{
+    Note("SetStreamTime " + std::to_string(milliseconds));
+    if (!IsOpen(stream))
+        return false;
+    stream->Give(stream->LastOrder().playing, milliseconds);
+    return true;
+}
+
+int SoundSystem::GetStreamTime(SoundStream* stream)
+{
+    Note("GetStreamTime");
+    return IsOpen(stream) ? stream->GetTime() : 0;
+}
+
+bool SoundSystem::StopStream(SoundStream* stream)
+{
+    Note("StopStream");
+    if (!IsOpen(stream))
+        return false;
+    stream->Give(false, 0);
+    return true;
+}
+
+bool SoundSystem::CloseStream(SoundStream* stream)
+{
+    Note("CloseStream");
+    if (!IsOpen(stream))
+        return false;
+    stream->Give(false, 0);
+    std::erase(sound->openStreams, stream);
+    sound->mixer.Forget(stream);
+    stream->closed = true;
+    sound->bell.Ring();
+    return true;
+}
+
+bool SoundSystem::GetPaused(int channel)
+{
+    Note("GetPaused " + std::to_string(channel));
+    return channel == AllChannels && sound && sound->mixer.paused;
+}
+
+bool SoundSystem::SetPaused(int channel, bool paused)
+{
+    Note("SetPaused " + std::to_string(channel) + (paused ? " true" : " false"));
+    if (channel != AllChannels || !sound)
+        return false;
+    sound->mixer.paused = paused;
+    return true;
+}
+
+void SoundSystem::CollectCalls(std::vector<std::string>* sink)
+{
+    callSink = sink;
+}
+
+void SoundSystem::PretendVersion(float pretended)
+{
+    version = pretended;
+}

@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#define FL_INTERNALS // Fl_X, for a window of our own making
+
+#include "platform/DialogWindow.h"
+
+#include "platform/Screen.h"
+
+#include <FL/Fl.H>
+#include <FL/fl_draw.H>
+#include <FL/x.H>
+#include <SDL.h>
+#include <SDL_syswm.h>
+#include <X11/XKBlib.h>
+#include <X11/Xatom.h>
+#include <X11/Xutil.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace platform
+{
+
+static const double patience = 0.1; // seconds between two looks at SIGINT and SIGTERM
+
+Fl_Color ToolkitColour(Tint tint)
+{
+    return fl_rgb_color(tint.red, tint.green, tint.blue);
+}
+
+void DrawCanvas(const Canvas& canvas, int x, int y)
+{
+    fl_draw_image(canvas.pixels.data(), x, y, canvas.width, canvas.height, 3);
+}
+
+// The show's window, or null while there is none on the screen.
+static SDL_Window* ShowWindow()
+{
+    if (!SDL_WasInit(SDL_INIT_VIDEO))
+        return nullptr;
+    const Uint32 highestId = 64; // ids count up from 1
+    for (Uint32 id = 1; id <= highestId; ++id) {
+        SDL_Window* window = SDL_GetWindowFromID(id);
+        if (window && !(SDL_GetWindowFlags(window) & (SDL_WINDOW_HIDDEN | SDL_WINDOW_MINIMIZED)))
+            return window;
+    }
+    return nullptr;
+}
+
+static Window XWindowOf(SDL_Window* window)
+{
+    SDL_SysWMinfo system;
+    SDL_VERSION(&system.version);
+    if (!window || !SDL_GetWindowWMInfo(window, &system) || system.subsystem != SDL_SYSWM_X11)
+        return None;
+    return system.info.x11.window;
+}
+
+static Place RoomForWindows()
+{
+    fl_open_display();
+    Place room;
+    SDL_Window* show = ShowWindow();
+    if (XWindowOf(show) && (SDL_GetWindowFlags(show) & SDL_WINDOW_FULLSCREEN)) {
+        SDL_GetWindowPosition(show, &room.x, &room.y);
+        SDL_GetWindowSize(show, &room.width, &room.height);
+        return room;
+    }
+    Fl::check(); // the screen may have changed since the last window
+    int pointerX, pointerY;
+    Fl::get_mouse(pointerX, pointerY);
+    Fl::screen_xywh(room.x, room.y, room.width, room.height, pointerX, pointerY);
+    return room;
+}
+
+static Atom Named(const char* name)
+{
+    return XInternAtom(fl_display, name, False);
+}
+
+static void SetAtoms(Window window, const char* property, std::vector<Atom> atoms)
+{
+    XChangeProperty(fl_display, window, Named(property), XA_ATOM, 32, PropModeReplace,
+                    reinterpret_cast<unsigned char*>(atoms.data()), int(atoms.size()));
+}
+
+// A key that was held down before the window got the keyboard must not answer it: whoever leans on Enter or
+// Escape has not read what came up. Such a key counts again once it was let go.
+static char heldKeys[32]; // a bit for each key code
+
+static int SwallowHeldKeys(void* event, void*)
+{
+    const XEvent& x = *static_cast<XEvent*>(event);
+    static bool justFocused = false;
+    const bool ownFocus = justFocused;
+    justFocused = x.type == FocusIn;
+    if (x.type == KeymapNotify && ownFocus)
+        std::copy_n(x.xkeymap.key_vector, sizeof heldKeys, heldKeys);
+    if (x.type != KeyPress && x.type != KeyRelease)
+        return 0;
+    char& held = heldKeys[x.xkey.keycode / 8 % sizeof heldKeys];
+    const char bit = char(1 << x.xkey.keycode % 8);
+    if (!(held & bit))
+        return 0;
+    if (x.type == KeyRelease)
+        held = char(held & ~bit);
+    return x.type == KeyPress;
+}
+
+// What the window manager draws round the window, and offers to do with it.
+static void SetDecorations(Window window, bool titled)
+{
+    const unsigned long move = 4, close = 32;             // functions
+    const unsigned long border = 2, title = 8, menu = 16; // decorations
+    unsigned long hints[] = {1 | 2, move | close, titled ? border | title | menu : 0, 0, 0};
+    const Atom name = Named("_MOTIF_WM_HINTS");
+    XChangeProperty(fl_display, window, name, name, 32, PropModeReplace,
+                    reinterpret_cast<unsigned char*>(hints), int(std::size(hints)));
+}
+
+DialogWindow::DialogWindow(Frame wantedFrame, std::string caption)
+    : Fl_Double_Window(1, 1), scale(ScreenScale()), managed(HasWindowManager()), area(RoomForWindows()),
+      frame(wantedFrame), title(caption)
+{
+    end();
+    box(FL_NO_BOX);
+    static bool prepared = false;
+    if (prepared)
+        return;
+    prepared = true;
+    Fl::add_system_handler(SwallowHeldKeys, nullptr);
+    Bool supported;
+    XkbSetDetectableAutoRepeat(fl_display, True, &supported);
+}
+
+// Drawing
+
+int DialogWindow::Scaled(float length) const
+{
+    return int(std::lround(length * scale));
+}
+
+bool Place::Holds(int pointX, int pointY) const
+{
+    return pointX >= x && pointX < x + width && pointY >= y && pointY < y + height;
+}
+
+void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint)
+{
+    int left, top, width, capital;
+    fl_text_extents("H", left, top, width, capital);
+    fl_color(ToolkitColour(tint));
+    fl_draw(text.c_str(), int(text.size()), x, y + (height + capital) / 2);
+}
+
+void DialogWindow::DrawFocusLine(Canvas& canvas, Tint ground)
+{
+    const float width = float(canvas.width), height = float(canvas.height);
+    const float line = std::max(1.0f, std::round(scale)), corner = 5 * scale;
+    canvas.FillRoundRect(0, 0, width, height, corner, TintOchre);
+    canvas.FillRoundRect(line, line, width - 2 * line, height - 2 * line, corner - line, ground);
+}
+
+void DialogWindow::DrawPushButton(Place place, const std::string& text, ButtonLook look, Tint ground)
+{
+    const int gap = Scaled(3); // between the button and its focus line
+    const float width = float(place.width), height = float(place.height), edge = float(gap);
+    const float line = std::max(1.0f, std::round(scale)), corner = 3 * scale;
+    Canvas canvas(place.width + 2 * gap, place.height + 2 * gap, ground);
+    if (look.focused)
+        DrawFocusLine(canvas, ground);
+
+    Tint face = look.accepts ? TintAmber : TintNight;
+    if (look.pressed)
+        face = MixTints(face, TintInk, 0.3f);
+    else if (look.hovered)
+        face = MixTints(face, TintBone, look.accepts ? 0.35f : 0.12f);
+    canvas.FillRoundRect(edge, edge, width, height, corner, look.accepts ? face : TintSlate);
+    if (!look.accepts)
+        canvas.FillRoundRect(edge + line, edge + line, width - 2 * line, height - 2 * line, corner - line,
+                             face);
+    DrawCanvas(canvas, place.x - gap, place.y - gap);
+
+    const int textWidth = int(std::lround(fl_width(text.c_str(), int(text.size()))));
+    DrawTextLine(text, place.x + (place.width - textWidth) / 2, place.y, place.height,
+                 look.accepts ? TintInk : TintBone);
+}
+
+// Showing
+
+void DialogWindow::show()
+{
+    if (shown()) {
+        Fl_Double_Window::show();
+        return;
+    }
+
+    const Window owner = XWindowOf(ShowWindow());
+    const Window root = RootWindow(fl_display, fl_screen);
+    resize(area.x + (area.width - w()) / 2, area.y + (area.height - h()) / 2, w(), h());
+
+    XSetWindowAttributes attributes;
+    attributes.colormap = fl_colormap;
+    attributes.border_pixel = 0;
+    attributes.background_pixel = fl_xpixel(ToolkitColour(TintInk));
+    attributes.event_mask = ExposureMask | StructureNotifyMask | KeyPressMask | KeyReleaseMask |
+                            KeymapStateMask | FocusChangeMask | ButtonPressMask | ButtonReleaseMask |
+                            EnterWindowMask | LeaveWindowMask | PropertyChangeMask | PointerMotionMask;
+    const Window window = XCreateWindow(fl_display, root, x(), y(), unsigned(w()), unsigned(h()), 0,
+                                        fl_visual->depth, InputOutput, fl_visual->visual,
+                                        CWColormap | CWBorderPixel | CWBackPixel | CWEventMask, &attributes);
+    Fl_X::set_xid(this, window);
+    copy_label(title.c_str());
+
+    XSizeHints size = {};
+    size.flags = USPosition | PPosition | USSize | PSize | PMinSize | PMaxSize;
+    size.x = x();
+    size.y = y();
+    size.width = size.min_width = size.max_width = w();
+    size.height = size.min_height = size.max_height = h();
+    XWMHints hints = {};
+    hints.flags = InputHint | StateHint;
+    hints.input = True;
+    hints.initial_state = NormalState;
+    char name[] = "marlinex";
+    XClassHint classHint = {name, name};
+    XSetWMProperties(fl_display, window, nullptr, nullptr, nullptr, 0, &size, &hints, &classHint);
+
+    Atom protocols[] = {Named("WM_DELETE_WINDOW")};
+    XSetWMProtocols(fl_display, window, protocols, 1);
+    SetAtoms(window, "_NET_WM_WINDOW_TYPE", {Named("_NET_WM_WINDOW_TYPE_DIALOG")});
+    std::vector<Atom> states = {Named("_NET_WM_STATE_ABOVE")};
+    if (frame == NoFrame)
+        states.push_back(Named("_NET_WM_STATE_SKIP_TASKBAR"));
+    SetDecorations(window, frame == TitleFrame);
+    if (owner) {
+        XSetTransientForHint(fl_display, window, owner);
+        states.push_back(Named("_NET_WM_STATE_MODAL"));
+        // The show is standing still and won't paint where this window was: let the server do it, lest a
+        // closed box seem to be there still.
+        XSetWindowBackground(fl_display, owner, BlackPixel(fl_display, fl_screen));
+    }
+    SetAtoms(window, "_NET_WM_STATE", states);
+
+    set_visible();
+    handle(FL_SHOW);
+    redraw();
+    XMapRaised(fl_display, window);
+    XSync(fl_display, False);
+
+    // Ask for the keyboard: politely where somebody gives it out, otherwise it is taken.
+    if (!managed) {
+        XSetInputFocus(fl_display, window, RevertToParent, CurrentTime);
+        return;
+    }
+    XEvent ask = {};
+    ask.xclient.type = ClientMessage;
+    ask.xclient.window = window;
+    ask.xclient.message_type = Named("_NET_ACTIVE_WINDOW");
+    ask.xclient.format = 32;
+    ask.xclient.data.l[0] = 2; // on behalf of the user, who is waiting for exactly this window
+    XSendEvent(fl_display, root, False, SubstructureRedirectMask | SubstructureNotifyMask, &ask);
+}
+
+void DialogWindow::Run()
+{
+    Window focusBefore;
+    int revertTo;
+    XGetInputFocus(fl_display, &focusBefore, &revertTo);
+
+    show();
+    while (shown()) {
+        Fl::wait(patience);
+        if (SDL_WasInit(SDL_INIT_VIDEO)) {
+            SDL_PumpEvents();
+            if (SDL_HasEvent(SDL_QUIT))
+                hide();
+        }
+    }
+    Fl::flush(); // without it the window stays on the screen
+    if (!managed && focusBefore != None)
+        XSetInputFocus(fl_display, focusBefore, revertTo, CurrentTime);
+    XSync(fl_display, False);
+}
+
+int DialogWindow::handle(int event)
+{
+    switch (event) {
+    case FL_FOCUS:
+    case FL_UNFOCUS:
+        return 1; // FLTK gives keys only to those who want them
+    default:
+        return Fl_Double_Window::handle(event);
+    }
+}
+
+} // namespace platform

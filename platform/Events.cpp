@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Events.h"
+
+#include <SDL.h>
+#include <deque>
+
+namespace platform
+{
+
+static bool quitPosted = false;
+static std::deque<Event> postedEvents;
+
+void PostQuit(int)
+{
+    quitPosted = true;
+}
+
+void PostEvent(Event event)
+{
+    postedEvents.push_back(event);
+}
+
+// Only what the window asks for (see WindowSystem.cpp) gets into SDL's queue at all.
+static Event FromSystem(const SDL_Event& event)
+{
+    switch (event.type) {
+    case SDL_QUIT: // SIGINT or SIGTERM: a close request doesn't come here, SDL is told not to
+        return {EventQuit, 0};
+    case SDL_KEYDOWN: {
+        const SDL_Keycode key = event.key.keysym.sym;
+        return {EventKeyDown, key > 0 && key < 0x80 ? int(key) : 0};
+    }
+    default:
+        return {EventWindow, 0};
+    }
+}
+
+Event TakeEvent()
+{
+    if (quitPosted) {
+        quitPosted = false;
+        return {EventQuit, 0};
+    }
+    if (!postedEvents.empty()) {
+        const Event event = postedEvents.front();
+        postedEvents.pop_front();
+        return event;
+    }
+    SDL_Event event;
+    if (SDL_WasInit(SDL_INIT_VIDEO) && SDL_PollEvent(&event))
+        return FromSystem(event);
+    return {EventNone, 0};
+}
+
+} // namespace platform

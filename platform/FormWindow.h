@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// The window of the start form.
+#pragma once
+
+#include "platform/StartForm.h"
+
+namespace platform
+{
+
+// ShowStartForm with a real window. There must be a display.
+int RunFormWindow(StartForm& form);
+
+} // namespace platform

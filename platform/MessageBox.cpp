@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: MIT
+#include "platform/MessageBox.h"
+
+#include "platform/DialogWindow.h"
+#include "platform/TextFlow.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Slider.H>
+#include <FL/fl_draw.H>
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform
+{
+
+static const Fl_Font bodyFont = FL_HELVETICA;
+static const Fl_Font captionFont = FL_HELVETICA_BOLD;
+
+// clang-format off
+// Pixels at 96 dots per inch.
+static const float fontSize        =  13;
+static const float lineHeight      =  19;
+static const float margin          =  22; // round everything
+static const float iconSize        =  40;
+static const float iconGap         =  20; // from the icon to the text
+static const float narrowestText   = 260;
+static const float widestText      = 460;
+static const float scrollerWidth   =   8;
+static const float scrollerGap     =  10; // from the text to its scroller
+static const float buttonWidth     =  92;
+static const float buttonHeight    =  28;
+static const float buttonGap       =  20; // from the text to the button
+static const float titleButtons    = 100; // what a title bar has beside its caption
+static const float captionHeight   =  36; // of the caption that the box draws itself
+// clang-format on
+
+static const float tallestBox = 0.8f; // of the screen's height
+static const float widestBox = 0.9f;  // of its width
+static const int wheelLines = 3;
+
+class MessageBox : public DialogWindow
+{
+public:
+    explicit MessageBox(const Box& shown);
+
+    void draw() override;
+    int handle(int event) override;
+
+private:
+    void FlowBody();
+    void Arrange();
+    void ScrollTo(int position);
+    int HandleKey();
+    void DrawCaption();
+    void DrawIcon();
+    void DrawBody();
+
+    const Box message;
+    const std::string caption;
+    std::vector<std::string> lines; // of the body, as they fit textPlace
+    int top = 0;                    // of this window's content: 0, or below the caption
+    Place textPlace = {};
+    Place buttonPlace = {};
+    int scroll = 0; // pixels of the text that are above textPlace
+    Fl_Slider scroller;
+    bool hovered = false;
+    bool pressed = false;
+};
+
+MessageBox::MessageBox(const Box& shown)
+    : DialogWindow(TitleFrame, ShowableLine(shown.caption)), message(shown),
+      caption(ShowableLine(shown.caption)), scroller(0, 0, 1, 1)
+{
+    add(scroller);
+    FlowBody();
+    Arrange();
+}
+
+// Layout
+
+void MessageBox::FlowBody()
+{
+    fl_font(bodyFont, Scaled(fontSize));
+    const auto measure = [](const char* text, int length) { return fl_width(text, length); };
+    const float aside = 2 * margin + iconSize + iconGap + scrollerGap + scrollerWidth;
+    const int room = int(float(area.width) * widestBox) - Scaled(aside);
+    const int width = std::max(1, std::min(room, Scaled(widestText)));
+    lines = FlowText(ShowableText(message.body), width, measure);
+
+    // No wider than text or caption ask for, so that a short message sits in a small box.
+    double widest = 0;
+    for (const std::string& line : lines)
+        widest = std::max(widest, fl_width(line.c_str(), int(line.size())));
+    fl_font(captionFont, Scaled(fontSize));
+    widest = std::max(widest, fl_width(caption.c_str(), int(caption.size())) + Scaled(titleButtons - aside));
+    textPlace.width = std::clamp(int(std::ceil(widest)), std::min(width, Scaled(narrowestText)), width);
+}
+
+void MessageBox::Arrange()
+{
+    top = managed ? 0 : Scaled(captionHeight);
+    const int line = Scaled(lineHeight);
+    const int around = top + Scaled(2 * margin + buttonGap + buttonHeight);
+    const int tallest = std::max(1, (int(float(area.height) * tallestBox) - around) / line); // in lines
+    const int textHeight = int(lines.size()) * line;
+    const int contentHeight = std::max(Scaled(iconSize), std::min(textHeight, tallest * line));
+    const bool scrolls = textHeight > contentHeight;
+
+    textPlace.x = Scaled(margin + iconSize + iconGap);
+    textPlace.y = top + Scaled(margin);
+    textPlace.height = contentHeight;
+    const int right = textPlace.x + textPlace.width + (scrolls ? Scaled(scrollerGap + scrollerWidth) : 0);
+    buttonPlace = {right - Scaled(buttonWidth), textPlace.y + contentHeight + Scaled(buttonGap),
+                   Scaled(buttonWidth), Scaled(buttonHeight)};
+    size(right + Scaled(margin), buttonPlace.y + buttonPlace.height + Scaled(margin));
+
+    if (!scrolls) {
+        // A short text stands in the middle of the icon's height.
+        textPlace.y += (contentHeight - textHeight) / 2;
+        textPlace.height = textHeight;
+        scroller.hide();
+        return;
+    }
+    scroller.resize(right - Scaled(scrollerWidth), textPlace.y, Scaled(scrollerWidth), contentHeight);
+    scroller.type(FL_VERT_SLIDER);
+    scroller.bounds(0, textHeight - contentHeight);
+    scroller.slider_size(double(contentHeight) / textHeight);
+    scroller.box(FL_FLAT_BOX);
+    scroller.slider(FL_FLAT_BOX);
+    scroller.color(ToolkitColour(TintNight));
+    scroller.selection_color(ToolkitColour(TintSlate));
+    scroller.clear_visible_focus(); // the keyboard stays with the button
+    scroller.callback([](Fl_Widget* widget, void*) {
+        MessageBox* window = static_cast<MessageBox*>(widget->window());
+        window->ScrollTo(int(window->scroller.value()));
+    });
+}
+
+void MessageBox::ScrollTo(int position)
+{
+    scroll = std::clamp(position, 0, scroller.visible() ? int(scroller.maximum()) : 0);
+    scroller.value(scroll);
+    redraw();
+}
+
+// Drawing
+
+void MessageBox::DrawCaption()
+{
+    fl_color(ToolkitColour(TintNight));
+    fl_rectf(0, 0, w(), top);
+    fl_font(captionFont, Scaled(fontSize));
+    fl_push_clip(0, 0, w() - Scaled(margin), top);
+    DrawTextLine(caption, Scaled(margin), 0, top, TintBone);
+    fl_pop_clip();
+}
+
+void MessageBox::DrawIcon()
+{
+    // clang-format off
+    // Parts of the icon's size, from its top left corner.
+    const float cross[2][4] = {{0.33f, 0.33f, 0.67f, 0.67f}, {0.67f, 0.33f, 0.33f, 0.67f}};
+    const float stem[4]     =  {0.50f, 0.46f, 0.50f, 0.72f};
+    const float dot[2]      =  {0.50f, 0.29f};
+    const float strokeWidth =   0.10f;
+    const float dotRadius   =   0.065f;
+    const float rimWidth    =   0.04f;
+    // clang-format on
+
+    const float size = iconSize * scale;
+    const bool error = message.icon == BoxErrorIcon;
+    Canvas canvas(Scaled(iconSize), Scaled(iconSize), TintInk);
+    canvas.FillCircle(size / 2, size / 2, size / 2, error ? TintOchre : TintBone);
+    canvas.FillCircle(size / 2, size / 2, size / 2 - rimWidth * size, error ? TintRust : TintAmber);
+    if (error)
+        for (const float(&line)[4] : cross)
+            canvas.Line(line[0] * size, line[1] * size, line[2] * size, line[3] * size, strokeWidth * size,
+                        TintBone);
+    else {
+        canvas.Line(stem[0] * size, stem[1] * size, stem[2] * size, stem[3] * size, strokeWidth * size,
+                    TintInk);
+        canvas.FillCircle(dot[0] * size, dot[1] * size, dotRadius * size, TintInk);
+    }
+    DrawCanvas(canvas, Scaled(margin), top + Scaled(margin));
+}
+
+void MessageBox::DrawBody()
+{
+    fl_font(bodyFont, Scaled(fontSize));
+    const int height = Scaled(lineHeight);
+    fl_push_clip(textPlace.x, textPlace.y, textPlace.width, textPlace.height);
+    const int first = scroll / height;
+    const int last = std::min(int(lines.size()) - 1, (scroll + textPlace.height) / height);
+    for (int line = first; line <= last; ++line)
+        DrawTextLine(lines[line], textPlace.x, textPlace.y + line * height - scroll, height, TintBone);
+    fl_pop_clip();
+}
+
+void MessageBox::draw()
+{
+    fl_color(ToolkitColour(TintInk));
+    fl_rectf(0, 0, w(), h());
+    DrawIcon();
+    DrawBody();
+    fl_font(bodyFont, Scaled(fontSize));
+    DrawPushButton(buttonPlace, "OK", {true, true, hovered, pressed && hovered}, TintInk);
+    if (!managed) {
+        DrawCaption();
+        fl_color(ToolkitColour(TintSlate));
+        fl_rect(0, 0, w(), h());
+    }
+    if (scroller.visible())
+        draw_child(scroller);
+}
+
+// Mouse and keyboard
+
+int MessageBox::HandleKey()
+{
+    const int line = Scaled(lineHeight);
+    const int page = std::max(line, textPlace.height - line);
+    switch (Fl::event_key()) {
+    case FL_Enter:
+    case FL_KP_Enter:
+    case FL_Escape:
+    case ' ':
+        hide();
+        return 1;
+    case FL_Up:
+        ScrollTo(scroll - line);
+        return 1;
+    case FL_Down:
+        ScrollTo(scroll + line);
+        return 1;
+    case FL_Page_Up:
+        ScrollTo(scroll - page);
+        return 1;
+    case FL_Page_Down:
+        ScrollTo(scroll + page);
+        return 1;
+    case FL_Home:
+        ScrollTo(0);
+        return 1;
+    case FL_End:
+        ScrollTo(int(scroller.maximum()));
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+int MessageBox::handle(int event)
+{
+    const bool onButton = buttonPlace.Holds(Fl::event_x(), Fl::event_y());
+    switch (event) {
+    case FL_ENTER:
+    case FL_MOVE:
+    case FL_LEAVE:
+    case FL_DRAG:
+        hovered = onButton && event != FL_LEAVE;
+        redraw();
+        break;
+    case FL_PUSH:
+        pressed = onButton && Fl::event_button() == FL_LEFT_MOUSE;
+        redraw();
+        break;
+    case FL_RELEASE:
+        if (pressed && onButton)
+            hide();
+        pressed = false;
+        redraw();
+        break;
+    case FL_MOUSEWHEEL:
+        ScrollTo(scroll + Fl::event_dy() * wheelLines * Scaled(lineHeight));
+        return 1;
+    case FL_KEYBOARD:
+    case FL_SHORTCUT:
+        return HandleKey();
+    default:
+        break;
+    }
+    const int handled = DialogWindow::handle(event);
+    return event == FL_ENTER || event == FL_MOVE || event == FL_PUSH ? 1 : handled;
+}
+
+void RunMessageBox(const Box& box)
+{
+    MessageBox window(box);
+    window.Run();
+}
+
+} // namespace platform

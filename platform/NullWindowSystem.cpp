@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "platform/NullWindowSystem.h"
+
+#include <cstdint>
+#include <cstdio>
+
+namespace platform
+{
+
+static NullWindows state;
+static bool classRegistered = false;
+static int screenToken, deviceToken; // what handles point at
+
+NullWindows& NullWindowState()
+{
+    return state;
+}
+
+void ResetNullWindows()
+{
+    state = NullWindows();
+    classRegistered = false;
+}
+
+static bool RegisterClass(const char*)
+{
+    if (classRegistered || state.refuseClass)
+        return false;
+    classRegistered = true;
+    return true;
+}
+
+static bool SetDisplayMode(int width, int height, int)
+{
+    if (state.refuseMode)
+        return false;
+    state.modeWidth = width;
+    state.modeHeight = height;
+    return true;
+}
+
+static void RestoreDisplayMode()
+{
+    state.modeWidth = state.modeHeight = 0;
+}
+
+static void ShowCursor(bool visible)
+{
+    state.cursorVisible = visible;
+}
+
+static void GetScreenSize(int* width, int* height)
+{
+    *width = state.screenWidth;
+    *height = state.screenHeight;
+}
+
+static void SetTitle(WindowHandle, const char* text)
+{
+    snprintf(state.title, sizeof state.title, "%s", text);
+}
+
+static WindowHandle CreateWindow(const WindowDescription& description)
+{
+    if (state.refuseWindow)
+        return nullptr;
+    state.last = description;
+    state.last.title = nullptr;
+    SetTitle(nullptr, description.title);
+    state.windows++;
+    return &screenToken;
+}
+
+static void ShowWindow(WindowHandle) {}
+
+static void DestroyWindow(WindowHandle)
+{
+    state.windows--;
+}
+
+static DeviceContext GetDeviceContext(WindowHandle window)
+{
+    return window ? &deviceToken : nullptr;
+}
+
+// A handle is the context's number, so that contextSwitched can tell it.
+static ContextHandle CreateContext(DeviceContext device, ContextHandle)
+{
+    if (!device || state.refuseContext)
+        return nullptr;
+    state.contexts++;
+    return reinterpret_cast<ContextHandle>(intptr_t(state.contexts));
+}
+
+static bool MakeCurrent(DeviceContext, ContextHandle context)
+{
+    state.current = context;
+    if (state.contextSwitched)
+        state.contextSwitched(int(reinterpret_cast<intptr_t>(context)));
+    return true;
+}
+
+static ContextHandle GetCurrentContext()
+{
+    return state.current;
+}
+
+static DeviceContext GetCurrentDevice()
+{
+    return state.current ? &deviceToken : nullptr;
+}
+
+static void DeleteContext(ContextHandle context)
+{
+    state.deletedContexts += context != nullptr;
+}
+
+static void LoadExtensions() {}
+
+static const char* GetExtensions(int what)
+{
+    return what == ExtensionsOfGL ? state.glExtensions : state.systemExtensions;
+}
+
+static void SwapBuffers(DeviceContext)
+{
+    NotifyFrameObserver();
+    state.swaps++;
+}
+
+static void ShutDown() {}
+
+const WindowSystem& NullWindowSystem()
+{
+    static const WindowSystem table = {
+        RegisterClass,  SetDisplayMode, RestoreDisplayMode, ShowCursor,       GetScreenSize,
+        CreateWindow,   ShowWindow,     DestroyWindow,      SetTitle,         GetDeviceContext,
+        CreateContext,  MakeCurrent,    GetCurrentContext,  GetCurrentDevice, DeleteContext,
+        LoadExtensions, GetExtensions,  SwapBuffers,        ShutDown,
+    };
+    return table;
+}
+
+} // namespace platform

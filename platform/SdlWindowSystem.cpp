@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "platform/SdlWindowSystem.h"
+
+#include "platform/DebugChannel.h"
+
+#include <GL/glew.h>
+#include <SDL.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace platform
+{
+
+static bool classRegistered = false;
+static SDL_Window* shownWindow = nullptr;
+static SDL_DisplayMode chosenMode;
+static bool modeChosen = false;
+static std::string shownTitle;
+
+// Only what a frame has use for gets into the queue, so that one event per frame is enough for Escape to
+// act at once while the mouse moves.
+static int KeepEvent(void*, SDL_Event* event)
+{
+    switch (event->type) {
+    case SDL_QUIT:
+    case SDL_KEYDOWN:
+        return 1;
+    case SDL_WINDOWEVENT:
+        return event->window.event == SDL_WINDOWEVENT_EXPOSED;
+    default:
+        return 0;
+    }
+}
+
+static bool RegisterClass(const char* name)
+{
+    if (classRegistered)
+        return false;
+    SDL_SetHint(SDL_HINT_APP_NAME, name);
+    setenv("SDL_VIDEO_X11_WMCLASS", name, 0);
+    setenv("SDL_VIDEO_WAYLAND_WMCLASS", name, 0);
+    SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");    // a close request is not the end of a show
+    SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // a message box takes the focus for a while
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // and must be seen above the window
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        OutputDebugText(SDL_GetError());
+        return false;
+    }
+    SDL_DisableScreenSaver();
+    SDL_SetEventFilter(KeepEvent, nullptr);
+    classRegistered = true;
+    return true;
+}
+
+static bool SetDisplayMode(int width, int height, int bits)
+{
+    for (int i = 0; i < SDL_GetNumDisplayModes(0); i++) {
+        SDL_DisplayMode mode;
+        if (SDL_GetDisplayMode(0, i, &mode) != 0 || mode.w != width || mode.h != height)
+            continue;
+        // X11 calls a screen of 32 bits per pixel 24 bits deep.
+        if (SDL_BITSPERPIXEL(mode.format) < (bits == 32 ? 24u : unsigned(bits)))
+            continue;
+        chosenMode = mode;
+        modeChosen = true;
+        return true;
+    }
+    return false;
+}
+
+static void RestoreDisplayMode()
+{
+    modeChosen = false;
+    if (shownWindow)
+        SDL_SetWindowFullscreen(shownWindow, 0);
+}
+
+static void ShowCursor(bool visible)
+{
+    SDL_ShowCursor(visible ? SDL_ENABLE : SDL_DISABLE);
+}
+
+static void GetScreenSize(int* width, int* height)
+{
+    SDL_Rect bounds = {0, 0, 0, 0};
+    SDL_GetDisplayBounds(0, &bounds);
+    *width = bounds.w;
+    *height = bounds.h;
+}
+
+static WindowHandle CreateWindow(const WindowDescription& description)
+{
+    const int channelBits = description.colourBits / 4;
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
+    SDL_GL_SetAttribute(SDL_GL_RED_SIZE, channelBits);
+    SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, channelBits);
+    SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, channelBits);
+    SDL_GL_SetAttribute(SDL_GL_ALPHA_SIZE, description.alphaBits);
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+    SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
+#ifdef MARLINEX_DEBUG_GL
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_FLAGS, SDL_GL_CONTEXT_DEBUG_FLAG);
+#endif
+    // Shown only by ShowWindow, and full screen only then: the mode changes with the picture, not before.
+    const Uint32 flags = SDL_WINDOW_OPENGL | SDL_WINDOW_BORDERLESS | SDL_WINDOW_HIDDEN;
+    SDL_Window* window = nullptr;
+    for (int depth = description.depthBits; depth >= 16 && !window; depth -= 8) {
+        SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, depth);
+        window = SDL_CreateWindow(description.title, description.x, description.y, description.width,
+                                  description.height, flags);
+    }
+    if (!window) {
+        OutputDebugText(SDL_GetError());
+        return nullptr;
+    }
+    if (description.fullscreen && modeChosen)
+        SDL_SetWindowDisplayMode(window, &chosenMode);
+    shownTitle = description.title;
+    shownWindow = window;
+    return window;
+}
+
+static void ShowWindow(WindowHandle handle)
+{
+    SDL_Window* window = static_cast<SDL_Window*>(handle);
+    SDL_ShowWindow(window);
+    if (modeChosen)
+        SDL_SetWindowFullscreen(window, SDL_WINDOW_FULLSCREEN);
+    SDL_RaiseWindow(window);
+    SDL_SetWindowInputFocus(window);
+}
+
+static void DestroyWindow(WindowHandle window)
+{
+    if (window == shownWindow)
+        shownWindow = nullptr;
+    SDL_DestroyWindow(static_cast<SDL_Window*>(window));
+}
+
+static void SetTitle(WindowHandle window, const char* text)
+{
+    if (!window || shownTitle == text) // each change is a request to the display
+        return;
+    shownTitle = text;
+    SDL_SetWindowTitle(static_cast<SDL_Window*>(window), text);
+}
+
+static DeviceContext GetDeviceContext(WindowHandle window)
+{
+    return window;
+}
+
+#ifdef MARLINEX_DEBUG_GL
+static void GLAPIENTRY PrintGLError(GLenum, GLenum type, GLuint, GLenum, GLsizei, const GLchar* text,
+                                    const void*)
+{
+    if (type == GL_DEBUG_TYPE_ERROR)
+        fprintf(stderr, "GL error: %s\n", text);
+}
+#endif
+
+static ContextHandle CreateContext(DeviceContext device, ContextHandle share)
+{
+    if (!device)
+        return nullptr;
+    SDL_GL_SetAttribute(SDL_GL_SHARE_WITH_CURRENT_CONTEXT, share ? 1 : 0);
+    SDL_Window* window = static_cast<SDL_Window*>(device);
+    // SDL makes a new context current. The caller decides about that, so put back what was.
+    SDL_Window* const oldWindow = SDL_GL_GetCurrentWindow();
+    const SDL_GLContext oldContext = SDL_GL_GetCurrentContext();
+    if (share && oldContext != share)
+        SDL_GL_MakeCurrent(window, share);
+    const SDL_GLContext context = SDL_GL_CreateContext(window);
+    if (!context)
+        OutputDebugText(SDL_GetError());
+    SDL_GL_MakeCurrent(oldContext ? oldWindow : window, oldContext);
+    return context;
+}
+
+static bool MakeCurrent(DeviceContext device, ContextHandle context)
+{
+    return SDL_GL_MakeCurrent(static_cast<SDL_Window*>(device), context) == 0;
+}
+
+static ContextHandle GetCurrentContext()
+{
+    return SDL_GL_GetCurrentContext();
+}
+
+static DeviceContext GetCurrentDevice()
+{
+    return SDL_GL_GetCurrentContext() ? SDL_GL_GetCurrentWindow() : nullptr;
+}
+
+static void DeleteContext(ContextHandle context)
+{
+    if (context)
+        SDL_GL_DeleteContext(context);
+}
+
+static void LoadExtensions()
+{
+    // The result means nothing on EGL, Wayland and the offscreen driver: an error comes back there although
+    // the functions are loaded. Whoever needs one looks at its pointer.
+    glewInit();
+    SDL_GL_SetSwapInterval(1);
+#ifdef MARLINEX_DEBUG_GL
+    if (glDebugMessageCallback) {
+        glEnable(GL_DEBUG_OUTPUT_SYNCHRONOUS);
+        glDebugMessageCallback(PrintGLError, nullptr);
+    }
+#endif
+}
+
+static const char* GetExtensions(int what)
+{
+    if (!SDL_GL_GetCurrentContext())
+        return nullptr;
+    if (what == ExtensionsOfGL)
+        return reinterpret_cast<const char*>(glGetString(GL_EXTENSIONS));
+    // SDL has no list of its own: framebuffer objects, the off-screen facility here, are named in GL's.
+    return nullptr;
+}
+
+static void SwapBuffers(DeviceContext device)
+{
+    NotifyFrameObserver();
+    if (device)
+        SDL_GL_SwapWindow(static_cast<SDL_Window*>(device));
+}
+
+static void ShutDown()
+{
+    if (!classRegistered)
+        return;
+    shownWindow = nullptr;
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+const WindowSystem& SdlWindowSystem()
+{
+    static const WindowSystem table = {
+        RegisterClass,  SetDisplayMode, RestoreDisplayMode, ShowCursor,       GetScreenSize,
+        CreateWindow,   ShowWindow,     DestroyWindow,      SetTitle,         GetDeviceContext,
+        CreateContext,  MakeCurrent,    GetCurrentContext,  GetCurrentDevice, DeleteContext,
+        LoadExtensions, GetExtensions,  SwapBuffers,        ShutDown,
+    };
+    return table;
+}
+
+} // namespace platform

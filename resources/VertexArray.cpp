@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include "resources/VertexArray.h"
+
+#include <GL/glew.h>
+
+#include <climits>
+#include <cstdlib>
+
+// Order of bufferIds; the texture units follow each other.
+static const int PositionBuffer = 0;
+static const int NormalBuffer = 1;
+static const int ColourBuffer = 2;
+static const int TextureBuffer = 3;
+static const int BufferCount = 7;
+
+// Set by the first upload in the process. From then on a buffer may be left bound, in whichever context, and
+// GL would take a pointer into memory for an offset into that buffer.
+static bool buffersInUse = false;
+
+VertexArray::VertexArray(unsigned format, unsigned vertexRoom, unsigned indexRoom)
+    : indices(nullptr), data(nullptr), vertexCount(0), indexCount(0), vertexCapacity(vertexRoom),
+      indexCapacity(indexRoom), flags(format), positionOffset(0), normalOffset(0), colourOffset(0),
+      texCoordOffset(), bufferIds(nullptr), uploadedCount(0)
+{
+    indices = static_cast<unsigned*>(calloc(size_t(indexCapacity) + 1, sizeof(unsigned)));
+    if (!LayOut() || !indices)
+        Release();
+}
+
+VertexArray::~VertexArray()
+{
+    Release();
+}
+
+// Sums up the blocks, and takes the memory for all of them. False if it can't be had, or if an offset would
+// not fit into its field.
+bool VertexArray::LayOut()
+{
+    size_t floats = 0;
+    if (Has(VertexPosition)) {
+        positionOffset = static_cast<unsigned>(floats);
+        floats += size_t(3) * vertexCapacity;
+    }
+    if (Has(VertexNormal)) {
+        normalOffset = static_cast<unsigned>(floats);
+        floats += size_t(3) * vertexCapacity;
+    }
+    if (Has(VertexColourRGB)) {
+        colourOffset = static_cast<unsigned>(floats);
+        floats += size_t(3) * vertexCapacity;
+    }
+    if (Has(VertexColourRGBA)) {
+        colourOffset = static_cast<unsigned>(floats); // one field for both: the RGB block stays unused
+        floats += size_t(4) * vertexCapacity;
+    }
+    if (Has(VertexTexture0)) {
+        texCoordOffset[0] = static_cast<unsigned>(floats);
+        floats += size_t(2) * vertexCapacity;
+    }
+    if (Has(VertexTexture1)) {
+        texCoordOffset[1] = static_cast<unsigned>(floats);
+        floats += size_t(2) * vertexCapacity;
+    }
+    if (Has(VertexTexture2)) {
+        texCoordOffset[2] = static_cast<unsigned>(floats);
+        floats += size_t(3) * vertexCapacity; // one more than AddVertex stores
+    }
+    if (Has(VertexTexture3)) {
+        texCoordOffset[3] = static_cast<unsigned>(floats);
+        floats += size_t(2) * vertexCapacity;
+    }
+    if (floats > UINT_MAX)
+        return false;
+    data = static_cast<float*>(calloc(floats + 1, sizeof(float))); // + 1: null means that there is none
+    return data != nullptr;
+}
+
+static const float* Store(float* block, unsigned vertex, unsigned floatsPerVertex, const float* values)
+{
+    for (unsigned i = 0; i < floatsPerVertex; ++i)
+        block[size_t(vertex) * floatsPerVertex + i] = values[i];
+    return values + floatsPerVertex;
+}
+
+bool VertexArray::AddVertex(const float* values, bool addIndex)
+{
+    if (vertexCount >= vertexCapacity || !data)
+        return false;
+    if (addIndex && !AddIndex(vertexCount))
+        return false;
+
+    if (Has(VertexPosition))
+        values = Store(data + positionOffset, vertexCount, 3, values);
+    if (Has(VertexNormal))
+        values = Store(data + normalOffset, vertexCount, 3, values);
+    if (Has(VertexColourRGB))
+        values = Store(data + colourOffset, vertexCount, 3, values);
+    if (Has(VertexColourRGBA))
+        values = Store(data + colourOffset, vertexCount, 4, values);
+    if (Has(VertexTexture0))
+        values = Store(data + texCoordOffset[0], vertexCount, 2, values);
+    if (Has(VertexTexture1))
+        values = Store(data + texCoordOffset[1], vertexCount, 2, values);
+    if (Has(VertexTexture2))
+        values = Store(data + texCoordOffset[2], vertexCount, 2, values);
+    if (Has(VertexTexture3))
+        Store(data + texCoordOffset[3], vertexCount, 2, values);
+    ++vertexCount;
+    return true;
+}
+
+bool VertexArray::AddIndex(unsigned index)
+{
+    if (indexCount >= indexCapacity)
+        return false;
+    indices[indexCount++] = index;
+    return true;
+}
+
+void VertexArray::Upload(bool keepData)
+{
+    if (bufferIds || !glGenBuffersARB || !glBindBufferARB || !glBufferDataARB)
+        return;
+    bufferIds = static_cast<unsigned*>(calloc(BufferCount, sizeof(unsigned)));
+    if (!bufferIds)
+        return;
+
+    if (Has(VertexPosition))
+        UploadBlock(PositionBuffer, positionOffset, 3);
+    if (Has(VertexNormal))
+        UploadBlock(NormalBuffer, normalOffset, 3);
+    if (Has(VertexColourRGB))
+        UploadBlock(ColourBuffer, colourOffset, 3);
+    if (Has(VertexColourRGBA))
+        UploadBlock(ColourBuffer, colourOffset, 4);
+    if (Has(VertexTexture0))
+        UploadBlock(TextureBuffer + 0, texCoordOffset[0], 2);
+    if (Has(VertexTexture1))
+        UploadBlock(TextureBuffer + 1, texCoordOffset[1], 2);
+    if (Has(VertexTexture2))
+        UploadBlock(TextureBuffer + 2, texCoordOffset[2], 3);
+    // The fourth texture unit is not uploaded: its name stays 0.
+
+    uploadedCount = vertexCount;
+    buffersInUse = true;
+    if (!keepData) {
+        free(data);
+        data = nullptr;
+    }
+}
+
+void VertexArray::UploadBlock(int buffer, unsigned offset, unsigned floatsPerVertex)
+{
+    const size_t bytes = size_t(vertexCount) * floatsPerVertex * sizeof(float);
+    glGenBuffersARB(1, &bufferIds[buffer]);
+    glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[buffer]);
+    glBufferDataARB(GL_ARRAY_BUFFER_ARB, static_cast<GLsizeiptrARB>(bytes), data + offset,
+                    GL_STATIC_DRAW_ARB);
+}
+
+void VertexArray::Draw(int mode)
+{
+    if (bufferIds)
+        BindFromBuffers();
+    else
+        BindFromMemory();
+    if (IndicesAreInside())
+        glDrawElements(static_cast<GLenum>(mode), static_cast<GLsizei>(indexCount), GL_UNSIGNED_INT, indices);
+    Unbind();
+}
+
+// AddIndex takes any number, and GL would read whatever lies there.
+bool VertexArray::IndicesAreInside() const
+{
+    const unsigned limit = bufferIds ? uploadedCount : vertexCapacity;
+    for (unsigned i = 0; i < indexCount; ++i)
+        if (indices[i] >= limit)
+            return false;
+    return true;
+}
+
+void VertexArray::BindFromMemory()
+{
+    if (buffersInUse)
+        glBindBufferARB(GL_ARRAY_BUFFER_ARB, 0);
+
+    if (Has(VertexPosition)) {
+        glEnableClientState(GL_VERTEX_ARRAY);
+        glVertexPointer(3, GL_FLOAT, 0, data + positionOffset);
+    }
+    if (Has(VertexNormal)) {
+        glEnableClientState(GL_NORMAL_ARRAY);
+        glNormalPointer(GL_FLOAT, 0, data + normalOffset);
+    }
+    if (Has(VertexColourRGB)) {
+        glEnableClientState(GL_COLOR_ARRAY);
+        glColorPointer(3, GL_FLOAT, 0, data + colourOffset);
+    }
+    if (Has(VertexColourRGBA)) {
+        glEnableClientState(GL_COLOR_ARRAY);
+        glColorPointer(4, GL_FLOAT, 0, data + colourOffset);
+    }
+    if (Has(VertexTexture0)) {
+        // Here the enable comes first, unlike with the other units and with buffers.
+        glEnable(GL_TEXTURE_2D);
+        glClientActiveTexture(GL_TEXTURE0);
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[0]);
+    }
+    if (Has(VertexTexture1)) {
+        glClientActiveTexture(GL_TEXTURE1);
+        glEnable(GL_TEXTURE_2D);
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]);
+    }
+    // The last two units share the block of unit 1.
+    if (Has(VertexTexture2)) {
+        glClientActiveTexture(GL_TEXTURE2);
+        glEnable(GL_TEXTURE_2D);
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]);
+    }
+    if (Has(VertexTexture3)) {
+        glClientActiveTexture(GL_TEXTURE3);
+        glEnable(GL_TEXTURE_2D);
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]);
+    }
+}
+
+static void PointUnitAtBuffer(GLenum unit, unsigned buffer, int floatsPerVertex)
+{
+    glClientActiveTexture(unit);
+    glEnable(GL_TEXTURE_2D);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glBindBufferARB(GL_ARRAY_BUFFER_ARB, buffer);
+    glTexCoordPointer(floatsPerVertex, GL_FLOAT, 0, nullptr);
+}
+
+void VertexArray::BindFromBuffers()
+{
+    if (Has(VertexPosition)) {
+        glEnableClientState(GL_VERTEX_ARRAY);
+        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[PositionBuffer]);
+        glVertexPointer(3, GL_FLOAT, 0, nullptr);
+    }
+    if (Has(VertexNormal)) {
+        glEnableClientState(GL_NORMAL_ARRAY);
+        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[NormalBuffer]);
+        glNormalPointer(GL_FLOAT, 0, nullptr);
+    }
+    if (Has(VertexColourRGB)) {
+        glEnableClientState(GL_COLOR_ARRAY);
+        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[ColourBuffer]);
+        glColorPointer(3, GL_FLOAT, 0, nullptr);
+    }
+    if (Has(VertexColourRGBA)) {
+        glEnableClientState(GL_COLOR_ARRAY);
+        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[ColourBuffer]);
+        glColorPointer(4, GL_FLOAT, 0, nullptr);
+    }
+    if (Has(VertexTexture0))
+        PointUnitAtBuffer(GL_TEXTURE0, bufferIds[TextureBuffer + 0], 2);
+    if (Has(VertexTexture1))
+        PointUnitAtBuffer(GL_TEXTURE1, bufferIds[TextureBuffer + 1], 2);
+    if (Has(VertexTexture2))
+        PointUnitAtBuffer(GL_TEXTURE2, bufferIds[TextureBuffer + 2], 3);
+    if (Has(VertexTexture3)) {
+        // The name is 0, so the pointer is the address 0, and a draw would read there. Switching the array
+        // off again leaves every other call as it is and the unit with one constant coordinate.
+        PointUnitAtBuffer(GL_TEXTURE3, bufferIds[TextureBuffer + 3], 2);
+        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    }
+}
+
+void VertexArray::Unbind()
+{
+    if (Has(VertexPosition))
+        glDisableClientState(GL_VERTEX_ARRAY);
+    if (Has(VertexNormal))
+        glDisableClientState(GL_NORMAL_ARRAY);
+    if (Has(VertexColourRGB | VertexColourRGBA))
+        glDisableClientState(GL_COLOR_ARRAY);
+
+    static const unsigned units[] = {VertexTexture0, VertexTexture1, VertexTexture2, VertexTexture3};
+    for (unsigned unit = 0; unit < 4; ++unit) {
+        if (!Has(units[unit]))
+            continue;
+        glClientActiveTexture(GL_TEXTURE0 + unit);
+        glDisable(GL_TEXTURE_2D);
+        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    }
+}
+
+void VertexArray::Release()
+{
+    flags = 0;
+    vertexCount = 0;
+    indexCount = 0;
+    vertexCapacity = 0;
+    indexCapacity = 0;
+    positionOffset = 0;
+    normalOffset = 0;
+    colourOffset = 0;
+    for (unsigned& offset : texCoordOffset)
+        offset = 0;
+    uploadedCount = 0;
+
+    free(data);
+    free(indices);
+    data = nullptr;
+    indices = nullptr;
+    // Which buffers to delete goes by the flags, and those are 0 by now: the buffers and the array of their
+    // names live to the end of the process.
+}

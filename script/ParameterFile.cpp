@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "script/ParameterFile.h"
+
+#include "kernel/Report.h"
+
+#include <locale.h>
+
+// Numbers pass in and out under the classic locale of this thread: a decimal comma of the user's would make
+// a file that another user can't read. Returns what uselocale needs to go back.
+static locale_t SetClassicLocale()
+{
+    static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
+    return uselocale(classic);
+}
+
+ParameterFile::ParameterFile(std::string baseName) : file(nullptr), name(baseName)
+{
+    Open();
+}
+
+ParameterFile::~ParameterFile()
+{
+    Close();
+}
+
+void ParameterFile::Open()
+{
+    Close();
+    file = OpenFile((name + ".dep").c_str(), "a+");
+}
+
+void ParameterFile::Close()
+{
+    CloseFile(file);
+    file = nullptr;
+}
+
+void ParameterFile::Reopen()
+{
+    Close();
+    Open();
+}
+
+// The width of 255 is ParameterTextSize without the zero: a longer token comes in pieces of that length.
+static void ReadToken(FILE* file, char* token)
+{
+    token[0] = '\0'; // at the end of the file no token arrives, and this stays
+    (void)!fscanf(file, "%255s", token);
+}
+
+static bool FindAndRead(FILE* file, void* value, const std::string& key, int type)
+{
+    fseek(file, 0, SEEK_SET);
+    // A device that fails never reaches its end of file, so that ends the search as well.
+    while (!feof(file) && !ferror(file)) {
+        char token[ParameterTextSize];
+        ReadToken(file, token);
+        if (key != token)
+            continue;
+        switch (type) {
+        case ParameterText:
+            (void)!fscanf(file, "%255s", static_cast<char*>(value));
+            return true;
+        case ParameterInteger:
+            (void)!fscanf(file, "%d", static_cast<int*>(value));
+            return true;
+        case ParameterFloat:
+            (void)!fscanf(file, "%f", static_cast<float*>(value));
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ParameterFile::Read(void* value, std::string key, int type)
+{
+    if (!file)
+        return false;
+    const locale_t theirs = SetClassicLocale();
+    const bool found = FindAndRead(file, value, key, type);
+    uselocale(theirs);
+    return found;
+}
+
+// False in every case: the result says nothing about the writing.
+bool ParameterFile::Write(void* value, std::string key, int type)
+{
+    if (!file)
+        return false;
+    const locale_t theirs = SetClassicLocale();
+    fseek(file, 0, SEEK_END);
+    switch (type) {
+    case ParameterText: // no line end: the format has it so, see the header
+        fprintf(file, "%s %s", key.c_str(), static_cast<const char*>(value));
+        break;
+    case ParameterInteger:
+        fprintf(file, "%s %d\n", key.c_str(), *static_cast<const int*>(value));
+        break;
+    case ParameterFloat:
+        fprintf(file, "%s %f\n", key.c_str(), static_cast<double>(*static_cast<const float*>(value)));
+        break;
+    }
+    fflush(file); // a show that is killed keeps its parameters
+    uselocale(theirs);
+    return false;
+}
+
+bool ParameterFile::ReadOrAdd(void* value, std::string key, int type)
+{
+    if (Read(value, key, type))
+        return false;
+    Write(value, key, type);
+    return true;
+}

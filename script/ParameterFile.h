@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+// What a value is, and what the pointer of Read, Write and ReadOrAdd points to.
+enum ParameterType {
+    ParameterText = 1,    // char[ParameterTextSize]; without white space, or only its first word comes back
+    ParameterInteger = 2, // int
+    ParameterFloat = 3    // float, stored with six decimals
+};
+
+// Bytes that a text value needs room for when it is read, its zero included. Longer ones are cut.
+const int ParameterTextSize = 256;
+
+// A small store of named values in a text file: a component asks for a value under a key, with the default
+// in its variable, and gets the stored one or has the default added. After one run the file holds every
+// parameter that was asked for.
+//
+// The file is tokens divided by white space: key, value, key, value. Two properties of the format stand:
+//   - A text entry is written without a line end, so the next entry's key is glued to its value.
+//   - The search looks at every token: a value that equals the key is taken for it, and the token behind it
+//     for the value. The first match wins.
+// Numbers look the same under any locale. The engine carries the class for its effects; no effect of this
+// production uses it.
+class ParameterFile
+{
+public:
+    // Opens the file "<name>.dep" in the working directory, and creates it if it is missing. On failure
+    // OpenFile reports and posts a quit, and the object stays closed.
+    explicit ParameterFile(std::string name);
+    virtual ~ParameterFile(); // closes
+
+    void Open();
+    void Close();
+    void Reopen();
+
+    // True if the key was found; *value then holds what is stored under it, or stays as it was where that is
+    // no number. False when closed.
+    bool Read(void* value, std::string key, int type);
+
+    // Appends an entry. Always false. Does nothing when closed or for a type that is none of the three.
+    bool Write(void* value, std::string key, int type);
+
+    // True if the key was not found, and so the entry was added (or the file is closed). *value is right in
+    // both cases.
+    bool ReadOrAdd(void* value, std::string key, int type);
+
+    FILE* file; // null when closed
+    std::string name;
+
+private:
+    ParameterFile(const ParameterFile&) = delete;
+    ParameterFile& operator=(const ParameterFile&) = delete;
+};

@@ -1,0 +1,397 @@
+// SPDX-License-Identifier: MIT
+// The bars for the finished pictures: sizes, channels, borders, seams.
+#include "art/atelier/Files.h"
+#include "art/atelier/Pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+using namespace atelier;
+
+namespace
+{
+
+struct Row {
+    const char* name;
+    int width, height;
+    Format format;
+};
+
+// Every picture that the show asks for.
+// clang-format off
+const Row Rows[] = {
+    {"loading.jpg",              1024,  512, Format::Jpeg},
+    {"start-form.png",            348,  138, Format::PngRgb},
+    {"sky-background_01.jpg",    1024,  540, Format::Jpeg},
+    {"sky-background_02.jpg",    1024,  540, Format::Jpeg},
+    {"sky-background_03.jpg",    1024,  540, Format::Jpeg},
+    {"sky-background_04.jpg",    1024,  540, Format::Jpeg},
+    {"partikel_2.jpg",            128,  128, Format::Jpeg},
+    {"tessel-logo.png",          1024,  512, Format::PngRgba},
+    {"black-chick.png",           512,  512, Format::PngRgba},
+    {"moonwaltz-logo.png",       1024,  512, Format::PngRgba},
+    {"waldsterben.png",          1024,  268, Format::PngRgba},
+    {"waldsterben2.png",         1024,  268, Format::PngRgba},
+    {"himmelarsch.jpg",          1024, 1024, Format::Jpeg},
+    {"himmelarschling.jpg",      1024, 1024, Format::Jpeg},
+    {"cloud_5.png",               512,  512, Format::PngRgba},
+    {"cloud_6.png",               512,  512, Format::PngRgba},
+    {"greetings_01.png",          512,  512, Format::PngRgba},
+    {"greetings_02.png",          512,  512, Format::PngRgba},
+    {"greetings_03.png",          512,  512, Format::PngRgba},
+    {"greetings_04.png",          512,  512, Format::PngRgba},
+    {"greetings_05.png",          512,  512, Format::PngRgba},
+    {"greetings_06.png",          512,  512, Format::PngRgba},
+    {"greetings_07.png",          512,  512, Format::PngRgba},
+    {"greetings_08.png",          512,  512, Format::PngRgba},
+    {"greetings_09.png",          512,  512, Format::PngRgba},
+    {"greetings_11.png",          512,  512, Format::PngRgba},
+    {"greetings_12.png",          512,  512, Format::PngRgba},
+    {"greetings_13.png",          512,  512, Format::PngRgba},
+    {"ochre_painting1.jpg",      1024, 1024, Format::Jpeg},
+    {"glowmask.jpg",             1024, 1024, Format::Jpeg},
+    {"stoned.jpg",                512,  512, Format::Jpeg},
+    {"ackerbau_tiled2_2.jpg",    1024, 1024, Format::Jpeg},
+    {"ackerbau_tiled2.jpg",      1024, 1024, Format::Jpeg},
+    {"ackerbau_tiled3.jpg",      1024, 1024, Format::Jpeg},
+    {"credit-fen_tarogato.png",  1024,  128, Format::PngRgba},
+    {"credit-ochre.png",         1024,  128, Format::PngRgba},
+    {"credit-dunmarrow.png",     1024,  128, Format::PngRgba},
+    {"credit-lowbeam.png",       1024,  128, Format::PngRgba},
+    {"budentextur.jpg",          1024, 1024, Format::Jpeg},
+    {"licht-an.png",              128,  128, Format::PngRgba},
+    {"licht-aus.png",             128,  128, Format::PngRgba},
+    {"teststreifen.png",         1024,  256, Format::PngRgba},
+    {"skybox_left.jpg",          1024,  512, Format::Jpeg},
+    {"skybox_back.jpg",          1024,  512, Format::Jpeg},
+    {"skybox_right.jpg",         1024,  512, Format::Jpeg},
+    {"skybox_top.jpg",           1024, 1024, Format::Jpeg},
+    {"ring.jpg",                  512,  512, Format::Jpeg},
+    {"fasanenbude.jpg",          1024, 1024, Format::Jpeg},
+    {"spirograph.jpg",           1024, 1024, Format::Jpeg},
+    {"skybox_tower_left.jpg",     512,  512, Format::Jpeg},
+    {"skybox_tower_back.jpg",     512,  512, Format::Jpeg},
+    {"skybox_tower_right.jpg",    512,  512, Format::Jpeg},
+    {"skybox_tower_front.jpg",    512,  512, Format::Jpeg},
+    {"beam_1.png",                512,   64, Format::PngRgba},
+    {"fischgraeten_1.png",        512,  512, Format::PngRgba},
+    {"fischgraeten_2.png",        256,  512, Format::PngRgba},
+    {"foto.png",                 1024, 1024, Format::PngRgb},
+    {"footprint.png",             512,  256, Format::PngRgba},
+    {"footprint_white.jpg",       512,  256, Format::Jpeg},
+    {"sandbau.jpg",               512,  512, Format::Jpeg},
+    {"abspanner_1.png",           512, 2048, Format::PngRgba},
+    {"abspanner_2.png",           512, 2048, Format::PngRgba},
+    {"abspanner_3.png",           512, 2048, Format::PngRgba},
+    {"fischhaut.jpg",             512,  512, Format::Jpeg},
+    {"fisheye.jpg",               256,  256, Format::Jpeg},
+};
+// clang-format on
+
+// The effects whose pictures are still being painted. Their rows are checked as far as they are there.
+const std::set<std::string> BeingPainted = {"FX_Clouds"};
+
+bool IsAwaited(const std::string& name)
+{
+    return FindPicture(name) == nullptr && !BeingPainted.empty();
+}
+
+// The file of a picture, from the project's own folders.
+Raster Load(const std::string& name)
+{
+    Raster raster;
+    std::string bytes;
+    const Picture* picture = FindPicture(name);
+    if (picture != nullptr && ReadFile(std::string(SOURCE_DIR) + "/" + picture->file, bytes))
+        Decode(bytes, raster);
+    return raster;
+}
+
+int At(const Raster& raster, int x, int y, int channel)
+{
+    return raster
+        .bytes[(static_cast<size_t>(y) * static_cast<size_t>(raster.width) + static_cast<size_t>(x)) *
+                   static_cast<size_t>(raster.channels) +
+               static_cast<size_t>(channel)];
+}
+
+// The mean difference between a column of one picture and a column of another, over the colours.
+double BetweenColumns(const Raster& a, int columnA, const Raster& b, int columnB)
+{
+    double sum = 0;
+    for (int y = 0; y < a.height; ++y)
+        for (int c = 0; c < 3; ++c)
+            sum += std::abs(At(a, columnA, y, c) - At(b, columnB, y, c));
+    return sum / (3.0 * a.height);
+}
+
+double BetweenRows(const Raster& a, int rowA, int rowB)
+{
+    double sum = 0;
+    for (int x = 0; x < a.width; ++x)
+        for (int c = 0; c < 3; ++c)
+            sum += std::abs(At(a, x, rowA, c) - At(a, x, rowB, c));
+    return sum / (3.0 * a.width);
+}
+
+double InnerColumns(const Raster& a)
+{
+    double sum = 0;
+    for (int x = 0; x + 1 < a.width; ++x)
+        sum += BetweenColumns(a, x, a, x + 1);
+    return sum / (a.width - 1);
+}
+
+double InnerRows(const Raster& a)
+{
+    double sum = 0;
+    for (int y = 0; y + 1 < a.height; ++y)
+        sum += BetweenRows(a, y, y + 1);
+    return sum / (a.height - 1);
+}
+
+// The mean difference between neighbouring columns among the first or the last sixteen: what a seam there is
+// to be measured by, where a picture is not alike all over.
+double ColumnsNear(const Raster& a, bool last)
+{
+    double sum = 0;
+    for (int i = 0; i < 15; ++i) {
+        const int x = last ? a.width - 2 - i : i;
+        sum += BetweenColumns(a, x, a, x + 1);
+    }
+    return sum / 15;
+}
+
+double RowsNear(const Raster& a, bool last)
+{
+    double sum = 0;
+    for (int i = 0; i < 15; ++i) {
+        const int y = last ? a.height - 2 - i : i;
+        sum += BetweenRows(a, y, y + 1);
+    }
+    return sum / 15;
+}
+
+// The greatest value of a channel on the outermost two pixels of the sides named by letters: l, r, t, b.
+int LargestOnBorder(const Raster& raster, int channel, const std::string& sides)
+{
+    int largest = 0;
+    for (int y = 0; y < raster.height; ++y)
+        for (int x = 0; x < raster.width; ++x)
+            if ((sides.find('l') != std::string::npos && x < 2) ||
+                (sides.find('r') != std::string::npos && x >= raster.width - 2) ||
+                (sides.find('t') != std::string::npos && y < 2) ||
+                (sides.find('b') != std::string::npos && y >= raster.height - 2))
+                largest = std::max(largest, At(raster, x, y, channel));
+    return largest;
+}
+
+} // namespace
+
+TEST(PictureFiles, EveryPictureOfTheShowIsInTheListAsItIsNeeded)
+{
+    for (const Group& group : AllGroups())
+        EXPECT_TRUE(!group.pictures.empty() || BeingPainted.count(group.effect) == 1) << group.effect;
+    for (const Row& row : Rows) {
+        if (IsAwaited(row.name))
+            continue;
+        const Picture* picture = FindPicture(row.name);
+        ASSERT_NE(nullptr, picture) << row.name;
+        EXPECT_EQ(row.width, picture->width) << row.name;
+        EXPECT_EQ(row.height, picture->height) << row.name;
+        EXPECT_EQ(row.format, picture->format) << row.name;
+    }
+}
+
+TEST(PictureFiles, TheListHasEachNameOnceAndNoOther)
+{
+    std::set<std::string> wanted, seen;
+    for (const Row& row : Rows)
+        wanted.insert(row.name);
+    for (const Group& group : AllGroups())
+        for (const Picture& picture : group.pictures) {
+            EXPECT_TRUE(seen.insert(NameOf(picture)).second) << picture.file;
+            EXPECT_EQ(1u, wanted.count(NameOf(picture))) << picture.file;
+        }
+}
+
+TEST(PictureFiles, EachFileHasTheSizeAndTheChannelsOfItsRow)
+{
+    for (const Group& group : AllGroups())
+        for (const Picture& picture : group.pictures) {
+            const Raster raster = Load(picture.file);
+            EXPECT_EQ(picture.width, raster.width) << picture.file;
+            EXPECT_EQ(picture.height, raster.height) << picture.file;
+            EXPECT_EQ(ChannelsOf(picture.format), raster.channels) << picture.file;
+        }
+}
+
+TEST(PictureFiles, PicturesThatAreAddedAreBlackAtTheirBorder)
+{
+    const std::map<std::string, std::string> sides = {
+        {"partikel_2.jpg", "lrtb"},      {"footprint_white.jpg", "lrtb"}, {"ring.jpg", "lrtb"},
+        {"spirograph.jpg", "lrtb"},      {"skybox_tower_left.jpg", "t"},  {"skybox_tower_back.jpg", "t"},
+        {"skybox_tower_right.jpg", "t"}, {"skybox_tower_front.jpg", "t"}, {"loading.jpg", "lrtb"},
+    };
+    for (const auto& [name, which] : sides) {
+        if (IsAwaited(name))
+            continue;
+        const Raster raster = Load(name);
+        ASSERT_FALSE(raster.bytes.empty()) << name;
+        for (int c = 0; c < 3; ++c)
+            EXPECT_LE(LargestOnBorder(raster, c, which), 3) << name;
+    }
+}
+
+TEST(PictureFiles, SoftPicturesReachAlphaNothingAtTheirBorder)
+{
+    std::map<std::string, std::string> sides = {
+        {"tessel-logo.png", "lrtb"},   {"black-chick.png", "lrtb"},   {"moonwaltz-logo.png", "lrtb"},
+        {"waldsterben.png", "lrt"},    {"waldsterben2.png", "lrt"},   {"cloud_5.png", "lrtb"},
+        {"cloud_6.png", "lrtb"},       {"footprint.png", "lrtb"},     {"teststreifen.png", "tb"},
+        {"fischgraeten_1.png", "ltb"}, {"fischgraeten_2.png", "rtb"}, {"beam_1.png", "lrtb"},
+        {"abspanner_1.png", "lrtb"},   {"abspanner_2.png", "lrtb"},   {"abspanner_3.png", "lrtb"},
+    };
+    for (const auto& [name, which] : sides) {
+        if (IsAwaited(name))
+            continue;
+        const Raster raster = Load(name);
+        ASSERT_EQ(4, raster.channels) << name;
+        EXPECT_EQ(0, LargestOnBorder(raster, 3, which)) << name;
+    }
+}
+
+TEST(PictureFiles, TheChicksPictureEndsWhereItsQuadEnds)
+{
+    const Raster chick = Load("black-chick.png");
+    ASSERT_EQ(4, chick.channels);
+    int largest = 0, inside = 0;
+    for (int y = 0; y < 512; ++y)
+        for (int x = 0; x < 512; ++x)
+            (y >= 343 ? largest : inside) = std::max(y >= 343 ? largest : inside, At(chick, x, y, 3));
+    EXPECT_EQ(0, largest);
+    EXPECT_EQ(255, inside);
+}
+
+TEST(PictureFiles, CloudsStayThin)
+{
+    for (const char* name : {"cloud_5.png", "cloud_6.png"}) {
+        if (IsAwaited(name))
+            continue;
+        const Raster cloud = Load(name);
+        ASSERT_EQ(4, cloud.channels) << name;
+        int largest = 0;
+        for (int y = 0; y < 512; ++y)
+            for (int x = 0; x < 512; ++x)
+                largest = std::max(largest, At(cloud, x, y, 3));
+        EXPECT_LT(largest, 0.35 * 255) << name;
+    }
+}
+
+TEST(PictureFiles, TilesHaveNoSeam)
+{
+    for (const char* name : {"sandbau.jpg", "stoned.jpg", "ackerbau_tiled3.jpg"}) {
+        if (IsAwaited(name))
+            continue;
+        const Raster tile = Load(name);
+        ASSERT_EQ(3, tile.channels) << name;
+        EXPECT_LE(BetweenColumns(tile, tile.width - 1, tile, 0), 1.2 * InnerColumns(tile)) << name;
+        EXPECT_LE(BetweenRows(tile, tile.height - 1, 0), 1.2 * InnerRows(tile)) << name;
+    }
+}
+
+TEST(PictureFiles, TheScoreTilesAlongItsLength)
+{
+    if (IsAwaited("teststreifen.png"))
+        return;
+    const Raster score = Load("teststreifen.png");
+    ASSERT_EQ(4, score.channels);
+    EXPECT_LE(BetweenColumns(score, score.width - 1, score, 0), 1.2 * InnerColumns(score));
+}
+
+TEST(PictureFiles, TheSkyOfTheOpeningIsOnePanorama)
+{
+    const Raster parts[] = {Load("sky-background_01.jpg"), Load("sky-background_02.jpg"),
+                            Load("sky-background_03.jpg"), Load("sky-background_04.jpg")};
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_EQ(3, parts[i].channels);
+        ASSERT_EQ(3, parts[i + 1].channels);
+        EXPECT_LE(BetweenColumns(parts[i], 1023, parts[i + 1], 0),
+                  1.2 * std::max((ColumnsNear(parts[i], true) + ColumnsNear(parts[i + 1], false)) / 2,
+                                 (InnerColumns(parts[i]) + InnerColumns(parts[i + 1])) / 2))
+            << i;
+    }
+}
+
+TEST(PictureFiles, TheNightSkyGoesOnAcrossTheEdgesOfItsBox)
+{
+    if (IsAwaited("skybox_left.jpg") || IsAwaited("skybox_top.jpg"))
+        return;
+    // Seen from inside, the left face's right border is the back face's left one, and so on round.
+    const Raster left = Load("skybox_left.jpg"), back = Load("skybox_back.jpg"),
+                 right = Load("skybox_right.jpg"), top = Load("skybox_top.jpg");
+    ASSERT_EQ(3, left.channels);
+    ASSERT_EQ(3, back.channels);
+    ASSERT_EQ(3, right.channels);
+    ASSERT_EQ(3, top.channels);
+    EXPECT_LE(BetweenColumns(left, 1023, back, 0),
+              1.2 * (ColumnsNear(left, true) + ColumnsNear(back, false)) / 2);
+    EXPECT_LE(BetweenColumns(back, 1023, right, 0),
+              1.2 * (ColumnsNear(back, true) + ColumnsNear(right, false)) / 2);
+    // The top's upper border lies on the back face's upper one, its left on the left face's, its right on the
+    // right's.
+    double seam = 0, seamLeft = 0, seamRight = 0;
+    for (int i = 0; i < 1024; ++i)
+        for (int c = 0; c < 3; ++c) {
+            seam += std::abs(At(top, i, 0, c) - At(back, i, 0, c)) / (3.0 * 1024);
+            seamLeft += std::abs(At(top, 0, i, c) - At(left, 1023 - i, 0, c)) / (3.0 * 1024);
+            seamRight += std::abs(At(top, 1023, i, c) - At(right, i, 0, c)) / (3.0 * 1024);
+        }
+    const double inner = 1.2 * std::max(InnerRows(top), RowsNear(back, false));
+    EXPECT_LE(seam, inner);
+    EXPECT_LE(seamLeft, inner);
+    EXPECT_LE(seamRight, inner);
+}
+
+TEST(PictureFiles, TheBonesOfTheFishMeetAtTheHinge)
+{
+    const Raster head = Load("fischgraeten_1.png"), tail = Load("fischgraeten_2.png");
+    ASSERT_EQ(4, head.channels);
+    ASSERT_EQ(4, tail.channels);
+    int bone = 0;
+    double across = 0, near = 0;
+    for (int y = 0; y < 512; ++y) {
+        across += std::abs(At(head, 511, y, 3) - At(tail, 0, y, 3));
+        for (int i = 0; i < 8; ++i)
+            near += (std::abs(At(head, 510 - i, y, 3) - At(head, 511 - i, y, 3)) +
+                     std::abs(At(tail, i, y, 3) - At(tail, i + 1, y, 3))) /
+                    16.0;
+        bone += At(head, 511, y, 3) > 200 ? 1 : 0;
+    }
+    EXPECT_LT(across, 1.4 * near);
+    EXPECT_GT(bone, 10);
+}
+
+TEST(PictureFiles, TheFirstSightOfTheFishIsNothingButBone)
+{
+    // The scene begins with a view 7 pixels high round this place of the first card.
+    const Raster head = Load("fischgraeten_1.png");
+    ASSERT_EQ(4, head.channels);
+    for (int y = 243 - 12; y <= 243 + 12; ++y)
+        for (int x = 192 - 12; x <= 192 + 12; ++x)
+            EXPECT_EQ(255, At(head, x, y, 3)) << x << ' ' << y;
+}
+
+TEST(PictureFiles, APictureIsTheSameBytesWheneverItIsPainted)
+{
+    for (const char* name : {"partikel_2.jpg", "loading.jpg"}) {
+        const Picture* picture = FindPicture(name);
+        ASSERT_NE(nullptr, picture);
+        const std::string first = Encoded(Finished(picture->paint(), 3), picture->file);
+        const std::string second = Encoded(Finished(picture->paint(), 3), picture->file);
+        EXPECT_FALSE(first.empty());
+        EXPECT_EQ(first, second) << name;
+    }
+}

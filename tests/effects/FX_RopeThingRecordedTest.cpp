@@ -1,0 +1,364 @@
+// SPDX-License-Identifier: MIT
+#include "effects/FX_RopeThing.h"
+
+#include "tests/support/recorder/EffectFixture.h"
+
+#include <cmath>
+
+static const double pi = 3.141; // the effect's figure
+
+class Fish : public EffectFixture
+{
+protected:
+    Fish()
+    {
+        // A face for the body, another for the eyes, to be told apart.
+        AddFile("fish.txt", "body 3 0 0 0 1 0 0 0 1 0 1 0 0 1 1 0.25 0.25 1 0 3 0 1 2 3 0 0 0 3 0 0 0");
+        AddFile("fisheyes.txt", "eyes 3 0 0 5 1 0 5 0 1 5 1 0 0 1 1 0.5 0.5 1 0 3 0 1 2 3 0 0 0 3 0 0 0");
+        Prepare(&fish);
+    }
+    void Step(double seconds)
+    {
+        PassTime(seconds);
+        fish.AddLocalTime(FrameTimer::GetDelta());
+        fish.Update();
+    }
+    static std::vector<gl::Draw> Sparks() { return gl::DrawsWithTexture("partikel_2.jpg"); }
+    static std::vector<gl::Draw> Body() { return gl::DrawsWithTexture("fischhaut.jpg"); }
+    static std::vector<gl::Draw> Eyes() { return gl::DrawsWithTexture("fisheye.jpg"); }
+    void ExpectPosition(double x, double y, double z, double tolerance = 1e-4)
+    {
+        EXPECT_NEAR(x, fish.position[0], tolerance);
+        EXPECT_NEAR(y, fish.position[1], tolerance);
+        EXPECT_NEAR(z, fish.position[2], tolerance);
+    }
+    double Length(int link) const
+    {
+        Vec3 v;
+        Vec3Sub(v, fish.ropes[0][link - 1], fish.ropes[0][link]);
+        return Vec3Length(v);
+    }
+
+    FX_RopeThing fish;
+};
+
+TEST_F(Fish, DeclaresItsScenesInOrderAndDoesntAttach)
+{
+    EXPECT_EQ((std::vector<std::string>{"front: NA", "intro: NA", "shock: NA"}), DeclaredMessages(&fish));
+    EXPECT_FALSE(fish.IsInitialised());
+    EXPECT_EQ(0, fish.mode);
+    EXPECT_EQ(-300.0f, fish.travel);
+    EXPECT_EQ(0.0f, fish.progress);
+}
+
+TEST_F(Fish, AsksForItsPicturesAndItsShader)
+{
+    EXPECT_EQ((std::vector<std::string>{"partikel_2.jpg 1 1 1", "fischhaut.jpg 1 1 1", "fisheye.jpg 1 1 1"}),
+              TextureRequests());
+    ASSERT_EQ(1u, gl::Programs().size());
+    EXPECT_EQ((std::vector<std::string>{"sampler0", "fTime0_X", "vtxColor"}), gl::Programs()[0].uniformNames);
+}
+
+TEST_F(Fish, SixStraightRopesOfFiftyLinks)
+{
+    const float directions[6][3] = {{0, 0, 1}, {0, 0, -1}, {0, 1, 0}, {0, -1, 0}, {1, 0, 0}, {-1, 0, 0}};
+    for (int rope = 0; rope < 6; rope++)
+        for (int i = 0; i < 50; i++)
+            for (int axis = 0; axis < 3; axis++)
+                ASSERT_EQ(i * directions[rope][axis], fish.ropes[rope][i][axis]);
+}
+
+TEST_F(Fish, BeforeTheFirstMessageNothingIsDrawnWhileTheRopeRelaxes)
+{
+    fish.fade = 0.7f;
+    gl::ClearRecords();
+    fish.Render();
+    EXPECT_TRUE(gl::Calls().empty());
+    EXPECT_EQ(0.0f, fish.fade);
+    Vec3Set(fish.ropes[0][0], 10, 0, 0);
+    Step(0.25);
+    for (int i = 1; i < 50; i++)
+        EXPECT_NEAR(1.0, Length(i), 1e-5);
+    EXPECT_EQ(-300.0f, fish.travel);
+}
+
+TEST_F(Fish, TheRopeFollowsItsLeaderInOnePass)
+{
+    for (int i = 0; i < 50; i++)
+        Vec3Set(fish.ropes[0][i], 0, 0, 3.0f * i);
+    Step(0.25);
+    for (int i = 0; i < 50; i++)
+        EXPECT_NEAR(1.0 * i, fish.ropes[0][i][2], 1e-4) << "each from the link just moved";
+    Vec3Set(fish.ropes[0][0], 3, 4, 0); // pull it aside
+    Step(0.25);
+    Vec3 v;
+    Vec3Sub(v, fish.ropes[0][1], fish.ropes[0][0]);
+    const double length = std::sqrt(9.0 + 16 + 1);
+    EXPECT_NEAR(-3 / length, v[0], 1e-4);
+    EXPECT_NEAR(-4 / length, v[1], 1e-4);
+    EXPECT_NEAR(1 / length, v[2], 1e-4) << "along the line between them";
+}
+
+TEST_F(Fish, LinksThatCoincideDoNoHarm)
+{
+    for (int i = 0; i < 50; i++)
+        Vec3Set(fish.ropes[0][i], 1, 1, 1);
+    Step(0.25);
+    for (int i = 0; i < 50; i++)
+        EXPECT_EQ(1.0f, fish.ropes[0][i][0]);
+}
+
+TEST_F(Fish, IntroStartsAtZHundredWithARopeBehindWhereTheFishWas)
+{
+    Send(&fish, "intro", {1});
+    EXPECT_EQ(1, fish.mode);
+    EXPECT_EQ(100.0f, fish.travel);
+    EXPECT_EQ(1.0f, fish.progress);
+    for (int i = 0; i < 50; i++) {
+        EXPECT_EQ(0.0f, fish.ropes[0][i][0]);
+        EXPECT_EQ(4.0f + i, fish.ropes[0][i][2]) << "at the origin, where it had no place yet";
+    }
+}
+
+TEST_F(Fish, IntroIsSeenFromAFixedEyeInFullLight)
+{
+    Send(&fish, "intro");
+    fish.SetLocalTime(0.5f);
+    fish.progress = 0.75f;
+    StartTimer(7);
+    Frame(&fish);
+    ExpectPosition(15 * std::cos(0.5), 7.5, 100);
+    EXPECT_EQ(1.0f, fish.fade);
+    EXPECT_NEAR(104.0, fish.ropes[0][0][2], 1e-4);
+    EXPECT_EQ(fish.position[0], fish.ropes[0][0][0]);
+    EXPECT_EQ(fish.position[1], fish.ropes[0][0][1]);
+    ASSERT_EQ(1u, Body().size());
+    const gl::Matrix camera = gl::LookAt({33, -33, -33}, {0, 0, 0}, {0, 1, 0});
+    const gl::Matrix place =
+        camera * gl::Translation(fish.position[0], fish.position[1], fish.position[2]) * gl::Scaling(6, 6, 6);
+    for (const gl::Draw& draw : {Body()[0], Eyes().at(0)}) {
+        EXPECT_TRUE(gl::IsMatrix(draw.modelview, place, 1e-3));
+        EXPECT_TRUE(gl::HasColour(draw, {1, 1, 1}));
+        EXPECT_TRUE(gl::UsesProgram(draw, gl::Programs()[0].id));
+        EXPECT_TRUE(gl::HasUniform(draw, "sampler0", {0}));
+        EXPECT_TRUE(gl::HasUniform(draw, "fTime0_X", {7}));
+        EXPECT_TRUE(gl::HasUniform(draw, "vtxColor", {1}));
+        EXPECT_TRUE(gl::TestsDepth(draw));
+        EXPECT_TRUE(gl::DoesNotBlend(draw));
+        EXPECT_NE(0u, draw.list);
+    }
+    EXPECT_EQ(0.0f, Body()[0].vertices[0].object.z) << "the body's mesh";
+    EXPECT_EQ(5.0f, Eyes()[0].vertices[0].object.z) << "the eyes' mesh";
+    EXPECT_LT(Body()[0].event, Eyes()[0].event);
+    EXPECT_TRUE(gl::NoErrors());
+}
+
+TEST_F(Fish, TheRopeIsFiftySparksThatShrinkAndFade)
+{
+    Send(&fish, "intro");
+    Frame(&fish);
+    ASSERT_EQ(50u, Sparks().size());
+    const gl::Matrix camera = gl::LookAt({33, -33, -33}, {0, 0, 0}, {0, 1, 0});
+    for (int i = 0; i < 50; i++) {
+        const gl::Draw spark = Sparks()[i];
+        const double f = 1 - i / 50.0;
+        EXPECT_TRUE(gl::HasColour(spark, {f, f, f}, 1e-6));
+        EXPECT_TRUE(gl::Blends(spark, GL_ONE, GL_ONE));
+        EXPECT_TRUE(gl::TestsDepth(spark));
+        EXPECT_TRUE(gl::WritesDepth(spark, false));
+        EXPECT_TRUE(gl::UsesNoProgram(spark));
+        const float* link = fish.ropes[0][i];
+        EXPECT_TRUE(gl::IsMatrix(spark.modelview, camera * gl::Translation(link[0], link[1], link[2]), 1e-3));
+        // In the plane of the screen, 2 * 10 f on a side.
+        const gl::Point &a = spark.vertices[0].eye, &b = spark.vertices[1].eye;
+        EXPECT_NEAR(20 * f, b.x - a.x, 1e-3);
+        EXPECT_NEAR(0, b.y - a.y, 1e-3);
+        EXPECT_NEAR(0, b.z - a.z, 1e-3);
+    }
+}
+
+TEST_F(Fish, IntroSwimsAndSinksAtItsRates)
+{
+    Send(&fish, "intro");
+    Step(0.25);
+    EXPECT_EQ(92.5f, fish.travel);
+    EXPECT_FLOAT_EQ(1 - 0.25f * 1.4f, fish.progress);
+}
+
+TEST_F(Fish, FrontStartsBesideTheMiddleWithARopeBehind)
+{
+    fish.position[1] = 9;
+    Send(&fish, "front", {1});
+    EXPECT_EQ(3, fish.mode);
+    ExpectPosition(5 * std::sin(10.0), 0, 100, 1e-5);
+    EXPECT_EQ(1.0f, fish.progress);
+    for (int i = 0; i < 50; i++) {
+        EXPECT_EQ(fish.position[0], fish.ropes[0][i][0]);
+        EXPECT_EQ(104.0f + i, fish.ropes[0][i][2]);
+    }
+}
+
+TEST_F(Fish, InFrontTheCameraRidesAlong)
+{
+    Send(&fish, "front");
+    for (const double progress : {0.8, 0.5, 0.2}) {
+        fish.SetLocalTime(0.7f);
+        fish.travel = 40;
+        fish.progress = float(progress);
+        Frame(&fish);
+        const double x = 5 * std::sin(4.0), y = 20 * std::sin(3 * 0.7);
+        ExpectPosition(x, y, 40, 1e-3);
+        EXPECT_NEAR(44.0, fish.ropes[0][0][2], 1e-4);
+        const double ex = 30 * std::cos(0.4 * progress + 2), ey = 20 * std::sin(3 * 0.7 - 0.1),
+                     ez = -30 * std::sin(0.4 * progress + 1.5) + 40;
+        const double way = std::sqrt((x - ex) * (x - ex) + (y - ey) * (y - ey) + (40 - ez) * (40 - ez));
+        const double fade = (1 - 0.005 * way) * std::sin(progress * pi);
+        EXPECT_NEAR(fade, fish.fade, 1e-4);
+        const gl::Matrix place = gl::LookAt({ex, ey, ez}, {x, y, 40}, {0, 1, 0}) * gl::Translation(x, y, 40) *
+                                 gl::Scaling(6, 6, 6);
+        EXPECT_TRUE(gl::IsMatrix(Body().at(0).modelview, place, 1e-2));
+        EXPECT_TRUE(gl::HasColour(Body()[0], {fade, fade, fade}, 1e-4));
+        EXPECT_TRUE(gl::HasUniform(Body()[0], "vtxColor", {float(fade)}, 1e-4));
+        EXPECT_TRUE(gl::HasColour(Sparks().at(25), {fade / 2, fade / 2, fade / 2}, 1e-4));
+    }
+}
+
+TEST_F(Fish, FrontAtProgressOneIsDrawnAlmostDark)
+{
+    Send(&fish, "front");
+    Frame(&fish);
+    EXPECT_GT(fish.fade, 0.0f);
+    EXPECT_LT(fish.fade, 0.001f);
+    EXPECT_EQ(1u, Body().size());
+    EXPECT_EQ(50u, Sparks().size());
+}
+
+TEST_F(Fish, FrontFadesInAndOut)
+{
+    Send(&fish, "front");
+    double brightest = 0, when = 0;
+    for (int i = 0; i < 5 * 64; i++) {
+        Frame(&fish);
+        if (std::sin(fish.progress * pi) > brightest) {
+            brightest = std::sin(fish.progress * pi);
+            when = i / 64.0;
+        }
+        Step(1.0 / 64);
+    }
+    EXPECT_NEAR(1.15, when, 0.03);
+    Send(&fish, "front");
+    Step(0.25);
+    EXPECT_EQ(87.5f, fish.travel);
+    EXPECT_FLOAT_EQ(1 - 0.25f * 0.6f, fish.progress);
+}
+
+TEST_F(Fish, FarFromTheEyeTheFishIsNotDrawnAndTheRopeIsBlack)
+{
+    // No place of this scene is that far from its eye; a fish without brightness stands in for one.
+    Send(&fish, "front");
+    fish.progress = 0;
+    Frame(&fish);
+    EXPECT_EQ(0.0f, fish.fade);
+    EXPECT_TRUE(Body().empty());
+    ASSERT_EQ(50u, Sparks().size());
+    EXPECT_TRUE(gl::HasColour(Sparks()[0], {0, 0, 0}));
+}
+
+TEST_F(Fish, ShockHangsAtTheOriginAndFliesAtTheCamera)
+{
+    fish.travel = 33;
+    Send(&fish, "shock", {1});
+    EXPECT_EQ(4, fish.mode);
+    EXPECT_EQ(33.0f, fish.travel) << "stays";
+    for (const double progress : {1.0, 0.6, 0.2}) {
+        fish.progress = float(progress);
+        Frame(&fish);
+        ExpectPosition(0, 0, 10 * progress);
+        const double fade = std::sin(progress * pi);
+        EXPECT_NEAR(fade, fish.fade, 1e-5);
+        const gl::Matrix camera = gl::LookAt({20 * progress, 10 * progress - 10, -20}, {0, 0, 0}, {0, 1, 0});
+        EXPECT_TRUE(gl::IsMatrix(Body().at(0).modelview,
+                                 camera * gl::Translation(0, 0, 10 * progress) * gl::Scaling(6, 6, 6), 1e-3));
+        EXPECT_TRUE(gl::HasColour(Body()[0], {fade, fade, fade}, 1e-5));
+        EXPECT_TRUE(Sparks().empty()) << "without the rope";
+    }
+    Step(0.125);
+    EXPECT_FLOAT_EQ(33 - 0.125f, fish.travel);
+    EXPECT_FLOAT_EQ(0.2f - 0.125f * 0.2f * 6.4f, fish.progress);
+}
+
+TEST_F(Fish, AShockIsAShortFlash)
+{
+    Send(&fish, "shock");
+    double brightest = 0, when = 0, dark = 0;
+    for (int i = 0; i < 1024; i++) {
+        const double fade = std::sin(fish.progress * pi);
+        if (fade > brightest) {
+            brightest = fade;
+            when = i / 1024.0;
+        }
+        if (i > 200 && dark == 0 && fade < 0.1)
+            dark = i / 1024.0;
+        Step(1.0 / 1024);
+    }
+    EXPECT_NEAR(0.11, when, 0.005);
+    EXPECT_NEAR(0.54, dark, 0.01);
+}
+
+TEST_F(Fish, ShockAfterIntroKeepsTheOldRope)
+{
+    Send(&fish, "intro");
+    const Vec3* rope = fish.ropes[0];
+    Send(&fish, "shock");
+    EXPECT_EQ(rope, fish.ropes[0]);
+    Send(&fish, "intro");
+    EXPECT_NE(rope, fish.ropes[0]);
+}
+
+TEST_F(Fish, AMessageOfItsOwnKindStartsASceneOver)
+{
+    Send(&fish, "intro");
+    Step(1);
+    Send(&fish, "intro");
+    EXPECT_EQ(100.0f, fish.travel);
+    EXPECT_EQ(1.0f, fish.progress);
+}
+
+TEST_F(Fish, AnyOtherMessageActsByTheModeThatStands)
+{
+    fish.ReceiveMessage(0, nullptr, 0);
+    EXPECT_EQ(0, fish.mode);
+    EXPECT_EQ(0.0f, fish.progress);
+    Send(&fish, "intro");
+    Step(1);
+    fish.ReceiveMessage(0, nullptr, 0);
+    EXPECT_EQ(100.0f, fish.travel) << "starts the scene over";
+}
+
+TEST_F(Fish, LeavesTheDepthStateOnAndItsBlending)
+{
+    Send(&fish, "intro");
+    Frame(&fish);
+    EXPECT_TRUE(gl::Now().Enabled(GL_BLEND));
+    EXPECT_EQ(GLenum(GL_ONE), gl::Now().blendSource);
+    EXPECT_EQ(GLenum(GL_ONE), gl::Now().blendDestination);
+    EXPECT_TRUE(gl::Now().Enabled(GL_DEPTH_TEST));
+    EXPECT_TRUE(gl::Now().depthWrites);
+    EXPECT_EQ(0u, gl::Now().program);
+    EXPECT_EQ(1, gl::StackDepth(GL_MODELVIEW));
+    Send(&fish, "shock");
+    fish.progress = 0.5f;
+    Frame(&fish);
+    EXPECT_FALSE(gl::Now().Enabled(GL_BLEND)) << "the fish switched it off";
+}
+
+TEST_F(Fish, ItUsesTheProjectionItFinds)
+{
+    glMatrixMode(GL_PROJECTION);
+    glTranslatef(1, 2, 3);
+    glMatrixMode(GL_MODELVIEW);
+    Send(&fish, "intro");
+    Frame(&fish);
+    for (const gl::Draw& draw : gl::Draws())
+        ASSERT_TRUE(gl::IsMatrix(draw.projection, gl::Translation(1, 2, 3)));
+}

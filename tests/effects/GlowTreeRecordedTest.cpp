@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "effects/GlowTree.h"
+
+#include "math/Random.h"
+#include "tests/support/recorder/EffectFixture.h"
+
+#include <cmath>
+
+static const double pi = 3.141; // the module's figure
+
+// The growth once more, in double precision, with a C sequence of its own: a second reading of the rules.
+class SecondTree
+{
+public:
+    struct Node {
+        double x, y, z;
+        bool tip;
+    };
+    explicit SecondTree(unsigned seed, int length, int branches) : state(seed)
+    {
+        Grow({0, 0, 0, false}, {0, 1, 0, false}, length, branches);
+    }
+    int Next()
+    {
+        state = state * 214013u + 2531011u;
+        return int(state >> 16 & 0x7fff);
+    }
+    std::vector<Node> nodes;
+
+private:
+    static Node Normalised(Node v)
+    {
+        const double length = std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z);
+        return {v.x / length, v.y / length, v.z / length, false};
+    }
+    void Grow(Node position, Node direction, int length, int branches)
+    {
+        Node current = position, last = position, d = direction;
+        for (int i = 0; length > 1 && i < length; i++) {
+            const double z = Next() % 200 / 1000.0 - 0.1;
+            const double x = Next() % 200 / 1000.0 - 0.1;
+            d = Normalised({d.x + x, d.y, d.z + z, false});
+            last = current;
+            current = {current.x + d.x, current.y + d.y, current.z + d.z, false};
+            if ((i > 1 && i % 5 == 0) || i == length - 1)
+                for (int b = 0; b < branches; b++) {
+                    const double cz = Next() % 2000 / 1000.0 - 1;
+                    const double cy = Next() % 2000 / 1000.0 - 1;
+                    const double cx = Next() % 2000 / 1000.0 - 1;
+                    Grow(current, Normalised({d.x + cx, d.y + cy, d.z + cz, false}), length / 2, branches);
+                }
+            const bool tip = i == length - 1;
+            nodes.push_back({last.x, last.y, last.z, tip});
+            nodes.push_back(
+                {(last.x + current.x) / 2, (last.y + current.y) / 2, (last.z + current.z) / 2, tip});
+        }
+    }
+    unsigned state;
+};
+
+class LightTree : public EffectFixture
+{
+protected:
+    LightTree() : tree(0x23456789, 20, 3) {}
+    GlowTree tree;
+};
+
+TEST_F(LightTree, HasEighteenHundredAndSixtyFourNodes)
+{
+    EXPECT_EQ(1864u, tree.nodes.size());
+    for (const GlowNode* node : tree.nodes) {
+        EXPECT_EQ(0.0f, node->glow);
+        EXPECT_EQ(0.0f, node->flash);
+    }
+}
+
+TEST_F(LightTree, GrowsAsASecondReadingOfItsRules)
+{
+    const SecondTree second(0x23456789, 20, 3);
+    ASSERT_EQ(second.nodes.size(), tree.nodes.size());
+    for (size_t i = 0; i < tree.nodes.size(); i++) {
+        EXPECT_NEAR(second.nodes[i].x, tree.nodes[i]->position[0], 1e-3) << i;
+        EXPECT_NEAR(second.nodes[i].y, tree.nodes[i]->position[1], 1e-3) << i;
+        EXPECT_NEAR(second.nodes[i].z, tree.nodes[i]->position[2], 1e-3) << i;
+        EXPECT_EQ(second.nodes[i].tip, tree.nodes[i]->tip) << i;
+    }
+}
+
+TEST_F(LightTree, FirstAndLastNodesAsNumbers)
+{
+    const GlowNode& first = *tree.nodes[0];
+    EXPECT_EQ(0.0f, first.position[0]);
+    EXPECT_EQ(0.0f, first.position[1]);
+    EXPECT_EQ(0.0f, first.position[2]);
+    // The first draws after the seed: z = 56 / 1000 - 0.1 and so on, see the second reading.
+    const SecondTree second(0x23456789, 20, 3);
+    const GlowNode& last = *tree.nodes.back();
+    EXPECT_TRUE(last.tip);
+    EXPECT_NEAR(second.nodes.back().y, last.position[1], 1e-3);
+    EXPECT_GT(last.position[1], 10.0f) << "the trunk ends high up, about twenty steps of one unit";
+}
+
+TEST_F(LightTree, PlantingReseedsTheProcessesSequence)
+{
+    SeedRandom(5);
+    GlowTree other(0x23456789, 20, 3);
+    const int after = Random();
+    SeedRandom(99);
+    GlowTree again(0x23456789, 20, 3);
+    EXPECT_EQ(after, Random());
+    for (size_t i = 0; i < other.nodes.size(); i++)
+        ASSERT_EQ(other.nodes[i]->position[0], again.nodes[i]->position[0]);
+}
+
+TEST_F(LightTree, LengthOneAddsNothingAndLengthTwoFour)
+{
+    EXPECT_TRUE(GlowTree(1, 1, 3).nodes.empty());
+    EXPECT_TRUE(GlowTree(1, 0, 3).nodes.empty());
+    EXPECT_TRUE(GlowTree(1, -5, 3).nodes.empty());
+    EXPECT_EQ(4u, GlowTree(1, 2, 3).nodes.size());
+    EXPECT_FALSE(GlowTree(1, 2, 3).nodes[1]->tip);
+    EXPECT_TRUE(GlowTree(1, 2, 3).nodes[2]->tip);
+}
+
+TEST_F(LightTree, TooFewNodesNeitherSparkNorFlash)
+{
+    GlowTree small(1, 5, 0);
+    ASSERT_EQ(10u, small.nodes.size());
+    small.Spark();
+    small.Flash();
+    for (const GlowNode* node : small.nodes)
+        EXPECT_EQ(0.0f, node->glow);
+    GlowTree eleven(1, 6, 0);
+    ASSERT_EQ(12u, eleven.nodes.size());
+    eleven.Spark();
+    EXPECT_GT(eleven.nodes[8]->glow, 0.0f);
+}
+
+TEST_F(LightTree, ASparkLightsAHundredStretchesOfNine)
+{
+    SeedRandom(1234);
+    tree.Spark();
+    SecondTree sequence(1234, 0, 0);
+    std::vector<double> glow(1864, 0);
+    for (int i = 0; i < 100; i++) {
+        const int r = sequence.Next() % (1864 - 10) + 10;
+        for (int j = r - 10; j <= r - 2; j++)
+            glow[j] += 4 * std::sin((j - (r - 10)) / 100.0 * pi);
+    }
+    for (int i = 0; i < 1864; i++) {
+        EXPECT_NEAR(glow[i], tree.nodes[i]->glow, 1e-5) << i;
+        EXPECT_EQ(0.0f, tree.nodes[i]->flash);
+    }
+}
+
+TEST_F(LightTree, AFlashLightsFiftyHalfAsBrightAndThrowsThem)
+{
+    SeedRandom(4321);
+    tree.Flash();
+    SecondTree sequence(4321, 0, 0);
+    std::vector<double> glow(1864, 0), flash(1864, 0);
+    for (int i = 0; i < 50; i++) {
+        const int r = sequence.Next() % (1864 - 10) + 10;
+        for (int k = 0; k <= 8; k++) {
+            glow[r - 10 + k] += 2 * std::sin(k / 100.0 * pi);
+            flash[r - 10 + k] = 1;
+        }
+    }
+    for (int i = 0; i < 1864; i++) {
+        EXPECT_NEAR(glow[i], tree.nodes[i]->glow, 1e-5);
+        EXPECT_EQ(float(flash[i]), tree.nodes[i]->flash);
+    }
+}
+
+TEST_F(LightTree, UpdateLetsBothDecayAtTheirRates)
+{
+    tree.nodes[7]->glow = 2;
+    tree.nodes[7]->flash = 1;
+    PassTime(0.25);
+    tree.Update();
+    EXPECT_EQ(1.5f, tree.nodes[7]->glow);
+    EXPECT_EQ(0.5f, tree.nodes[7]->flash);
+    for (int i = 0; i < 100; i++)
+        tree.Update();
+    EXPECT_GT(tree.nodes[7]->glow, 0.0f) << "never quite dark again";
+}
+
+TEST_F(LightTree, InTheDarkNothingIsDrawn)
+{
+    tree.Draw();
+    for (const gl::Draw& draw : gl::Draws())
+        EXPECT_TRUE(draw.vertices.empty());
+}
+
+TEST_F(LightTree, ANodeGlowsAsASpriteTowardsTheViewer)
+{
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glTranslatef(1, 2, 3);
+    glRotatef(30, 0, 1, 0);
+    glScalef(0.5f, 0.5f, 0.5f);
+    tree.nodes[40]->glow = 0.25f;
+    gl::ClearRecords();
+    tree.Draw();
+    ASSERT_EQ(4u, gl::Draws().at(0).vertices.size());
+    const gl::Draw& sprite = gl::Draws()[0];
+    EXPECT_TRUE(gl::HasColour(sprite, {0.25, 0.25, 0.25}));
+    EXPECT_TRUE(gl::HasTexCoords(sprite, {{0, 1}, {1, 1}, {1, 0}, {0, 0}}));
+    EXPECT_TRUE(gl::Blends(sprite, GL_ONE, GL_ONE));
+    EXPECT_TRUE(gl::TestsDepth(sprite));
+    EXPECT_TRUE(gl::WritesDepth(sprite, false));
+    // Half a side is glow * 4, and the scale of the transform counts twice.
+    const double half = 0.25 * 4 * 0.5 * 0.5;
+    const gl::Matrix m =
+        gl::Translation(1, 2, 3) * gl::RotationDegrees(30, 0, 1, 0) * gl::Scaling(0.5, 0.5, 0.5);
+    const float* p = tree.nodes[40]->position;
+    const gl::Point centre = m * gl::Point(p[0], p[1], p[2]);
+    const double x = centre.x, y = centre.y, z = centre.z;
+    EXPECT_TRUE(gl::HasEyePoints(sprite, {{x - half, y - half, z},
+                                          {x + half, y - half, z},
+                                          {x + half, y + half, z},
+                                          {x - half, y + half, z}}));
+}
+
+TEST_F(LightTree, AFlashFliesFarOutAndSpinsBackIn)
+{
+    StartTimer(2);
+    tree.nodes[40]->flash = 0.5f;
+    gl::ClearRecords();
+    glLoadIdentity();
+    tree.Draw();
+    const gl::Draw& sprite = gl::Draws().back();
+    ASSERT_EQ(4u, sprite.vertices.size());
+    EXPECT_TRUE(gl::HasColour(sprite, {1, 1, 1}));
+    const float* p = tree.nodes[40]->position;
+    const double q[3] = {3.5 * p[0], 1.5 * p[1], 3.5 * p[2]};
+    const double a = (0.5 * 360 + 2 * 20) * 3.14152 / 180;
+    const double x = std::cos(a) * q[0] + std::sin(a) * q[2], z = -std::sin(a) * q[0] + std::cos(a) * q[2];
+    EXPECT_TRUE(gl::HasVertices(
+        sprite, {{x - 6, q[1] - 6, z}, {x + 6, q[1] - 6, z}, {x + 6, q[1] + 6, z}, {x - 6, q[1] + 6, z}},
+        1e-3));
+    EXPECT_TRUE(gl::HasTexCoords(sprite, {{0, 1}, {1, 1}, {1, 0}, {0, 0}}));
+}
+
+TEST_F(LightTree, AFlashOfATenthOrLessDrawsNoSecondSprite)
+{
+    tree.nodes[40]->flash = 0.1f;
+    tree.Draw();
+    EXPECT_TRUE(gl::Draws().back().vertices.empty());
+    tree.nodes[40]->flash = 0.11f;
+    gl::ClearRecords();
+    tree.Draw();
+    EXPECT_EQ(4u, gl::Draws().back().vertices.size());
+}
+
+TEST_F(LightTree, SpritesComeInTheOrderOfTheListInTwoBlocks)
+{
+    tree.nodes[3]->glow = 1;
+    tree.nodes[9]->glow = 2;
+    tree.nodes[9]->flash = 1;
+    gl::ClearRecords();
+    tree.Draw();
+    ASSERT_EQ(2u, gl::Draws().size());
+    EXPECT_EQ(8u, gl::Draws()[0].vertices.size());
+    EXPECT_EQ(1.0f, gl::Draws()[0].vertices[0].colour.r);
+    EXPECT_EQ(2.0f, gl::Draws()[0].vertices[4].colour.r);
+    EXPECT_EQ(4u, gl::Draws()[1].vertices.size());
+    EXPECT_TRUE(gl::Now().depthWrites);
+    EXPECT_TRUE(gl::Now().Enabled(GL_BLEND)) << "stays on, additive";
+}

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "kernel/FrameTimer.h"
+
+#include "platform/Clock.h"
+
+#include <gtest/gtest.h>
+
+static const int64_t second = 1000000000;
+
+class FrameTimerTest : public testing::Test
+{
+protected:
+    FrameTimerTest() { platform::UseSteppedClock(); }
+    static void Frame(int64_t counts)
+    {
+        platform::StepClock(counts);
+        FrameTimer::Update();
+    }
+};
+
+TEST_F(FrameTimerTest, StartsAtTheOffsetWithADeltaOfZero)
+{
+    platform::StepClock(5 * second);
+    FrameTimer::Init(90.0f);
+    EXPECT_EQ(90.0f, FrameTimer::GetTime());
+    EXPECT_EQ(0.0f, FrameTimer::GetDelta());
+    EXPECT_EQ(0, FrameTimer::GetFPS());
+}
+
+TEST_F(FrameTimerTest, TimeMovesOnlyInUpdate)
+{
+    FrameTimer::Init(0);
+    platform::StepClock(second);
+    EXPECT_EQ(0.0f, FrameTimer::GetTime());
+    FrameTimer::Update();
+    EXPECT_EQ(1.0f, FrameTimer::GetTime());
+    EXPECT_EQ(1.0f, FrameTimer::GetDelta());
+}
+
+TEST_F(FrameTimerTest, DeltaIsTheLengthOfTheLastFrame)
+{
+    FrameTimer::Init(10.0f);
+    Frame(second / 4);
+    EXPECT_EQ(0.25f, FrameTimer::GetDelta());
+    Frame(second / 2);
+    EXPECT_EQ(0.5f, FrameTimer::GetDelta());
+    EXPECT_EQ(10.75f, FrameTimer::GetTime());
+}
+
+TEST_F(FrameTimerTest, ALongFrameCountsWholeAndEndsTheWindow)
+{
+    FrameTimer::Init(0);
+    Frame(5 * second / 2);
+    EXPECT_EQ(2.5f, FrameTimer::GetDelta());
+    EXPECT_EQ(2, FrameTimer::GetFPS()) << "the first count holds one frame more than was drawn";
+    Frame(5 * second / 2);
+    EXPECT_EQ(1, FrameTimer::GetFPS());
+}
+
+TEST_F(FrameTimerTest, RateStaysZeroThroughTheFirstSecondAndThenIsTheCount)
+{
+    FrameTimer::Init(0);
+    for (int i = 0; i < 3; i++) {
+        Frame(second / 4);
+        EXPECT_EQ(0, FrameTimer::GetFPS());
+    }
+    Frame(second / 4);
+    EXPECT_EQ(5, FrameTimer::GetFPS());
+    for (int i = 0; i < 3; i++) {
+        Frame(second / 4);
+        EXPECT_EQ(5, FrameTimer::GetFPS());
+    }
+    Frame(second / 4);
+    EXPECT_EQ(4, FrameTimer::GetFPS());
+}
+
+TEST_F(FrameTimerTest, SixtyEqualFramesGiveSixtyOrSixtyOne)
+{
+    FrameTimer::Init(0);
+    for (int i = 0; i < 61; i++)
+        Frame(second / 60 + 1);
+    EXPECT_GE(FrameTimer::GetFPS(), 60);
+    EXPECT_LE(FrameTimer::GetFPS(), 61);
+}
+
+TEST_F(FrameTimerTest, WhatIsOverASecondIsThrownAway)
+{
+    FrameTimer::Init(0);
+    Frame(15 * second / 10); // fps window 1.5 ends here and leaves nothing
+    EXPECT_EQ(2, FrameTimer::GetFPS());
+    Frame(6 * second / 10);
+    EXPECT_EQ(2, FrameTimer::GetFPS()) << "0.5 left over would have ended this window";
+    Frame(6 * second / 10);
+    EXPECT_EQ(2, FrameTimer::GetFPS());
+    Frame(second);
+    EXPECT_EQ(1, FrameTimer::GetFPS());
+}
+
+TEST_F(FrameTimerTest, SpeedScalesTimeAndLeavesDeltaReal)
+{
+    FrameTimer::Init(0);
+    FrameTimer::SetSpeed(2.0f);
+    Frame(second / 2);
+    EXPECT_EQ(1.0f, FrameTimer::GetTime());
+    EXPECT_EQ(0.5f, FrameTimer::GetDelta());
+}
+
+TEST_F(FrameTimerTest, SetTimeWritesTheScaledTimeUnderTheOffset)
+{
+    FrameTimer::Init(10.0f);
+    FrameTimer::SetTime(3.0f);
+    EXPECT_EQ(13.0f, FrameTimer::GetTime());
+    Frame(second);
+    EXPECT_EQ(14.0f, FrameTimer::GetTime());
+}
+
+TEST_F(FrameTimerTest, ASecondInitKeepsScaledTimeElapsedAndFrameCount)
+{
+    FrameTimer::Init(0);
+    Frame(second / 2);
+    FrameTimer::Init(100.0f);
+    EXPECT_EQ(100.5f, FrameTimer::GetTime());
+    EXPECT_EQ(0.0f, FrameTimer::GetDelta());
+    Frame(second);
+    EXPECT_EQ(0.5f, FrameTimer::GetDelta()) << "elapsed was 0.5 when the counter started anew";
+    Frame(second / 2);
+    EXPECT_EQ(5, FrameTimer::GetFPS()) << "two Inits and three frames";
+}
+
+TEST_F(FrameTimerTest, ArithmeticIsSinglePrecision)
+{
+    FrameTimer::Init(0);
+    Frame(300 * second);
+    Frame(second / 60);
+    const float before = 300.0f;
+    const float after = float(300 * second + second / 60) / float(second);
+    EXPECT_EQ(after - before, FrameTimer::GetDelta());
+    EXPECT_NE(1.0f / 60.0f, FrameTimer::GetDelta());
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Resources.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+static std::string ReadWholeFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+TEST(Resources, AnEmbeddedFileIsFoundWithAllItsBytes)
+{
+    const unsigned char* data = nullptr;
+    size_t size = 0;
+    ASSERT_TRUE(platform::FindResource("start-form.png", &data, &size));
+    const std::string file = ReadWholeFile(SOURCE_DIR "/platform/resources/start-form.png");
+    ASSERT_FALSE(file.empty());
+    EXPECT_EQ(file, std::string(reinterpret_cast<const char*>(data), size));
+}
+
+TEST(Resources, ANameThatIsNotThereGivesNothing)
+{
+    for (const char* name :
+         {"", "start-form", "Start-Form.png", "start-form.pngx", "resources/start-form.png"}) {
+        const unsigned char junk = 1;
+        const unsigned char* data = &junk;
+        size_t size = 1;
+        EXPECT_FALSE(platform::FindResource(name, &data, &size)) << name;
+        EXPECT_EQ(nullptr, data) << name;
+        EXPECT_EQ(0u, size) << name;
+    }
+}

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+// The image library of the tests without GL, with handles on it: what it says of its version, and a decoder
+// in the child that can be made to fail. The real one does the rest.
+#pragma once
+
+#include <sys/types.h>
+
+void SetImageLibraryVersions(int il, int ilu); // 0: the real one
+
+enum ChildFate { ChildLives, ChildCrashes, ChildExits, ChildHangs };
+void SetChildFate(ChildFate fate);
+
+// The process in which a foreign picture was decoded last; 0 if none was.
+pid_t LastForeignDecoder();

@@ -1,0 +1,445 @@
+// SPDX-License-Identifier: MIT
+// The production's shader files, drawn by the software rasteriser.
+#include "resources/GLSLUniforms.h"
+#include "resources/ShaderParams.h"
+#include "resources/Texture.h"
+
+#include "tests/support/PictureKinds.h"
+#include "tests/support/picture/PictureFixture.h"
+
+#include <GL/glu.h>
+
+#include <algorithm>
+#include <cmath>
+
+typedef std::vector<unsigned char> Bytes;
+
+class ShaderFiles : public PictureFixture
+{
+protected:
+    // A texture of these pixels, as the loader would make it; repeating like those of the effects.
+    void Make(Texture* texture, const Picture& picture)
+    {
+        ImageData image;
+        image.data = const_cast<unsigned char*>(picture.pixels.data());
+        image.width = picture.width;
+        image.height = picture.height;
+        image.components = picture.components;
+        ASSERT_TRUE(texture->Upload(&image, GL_LINEAR, GL_LINEAR, GL_REPEAT, GL_REPEAT));
+    }
+
+    // White where the function says so.
+    static Picture Paint(int side, float (*brightness)(float x, float y))
+    {
+        Picture picture = PlainPicture(side, side, 3, 0, 0, 0);
+        for (int y = 0; y < side; y++)
+            for (int x = 0; x < side; x++)
+                for (int channel = 0; channel < 3; channel++)
+                    picture.pixels[size_t((y * side + x) * 3 + channel)] = static_cast<unsigned char>(
+                        std::lround(255 * brightness((x + 0.5f) / side, (y + 0.5f) / side)));
+        return picture;
+    }
+
+    // A quad over the whole window, t = 0 at the top, in this colour.
+    static void DrawQuad(float red = 1, float green = 1, float blue = 1, float alpha = 1)
+    {
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        gluOrtho2D(0, 1, 0, 1);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glDisable(GL_DEPTH_TEST);
+        glColor4f(red, green, blue, alpha);
+        glBegin(GL_QUADS);
+        {
+            glTexCoord2f(0, 0);
+            glVertex2f(0, 1);
+            glTexCoord2f(1, 0);
+            glVertex2f(1, 1);
+            glTexCoord2f(1, 1);
+            glVertex2f(1, 0);
+            glTexCoord2f(0, 1);
+            glVertex2f(0, 0);
+        }
+        glEnd();
+    }
+
+    // What the fixed pipeline makes of it.
+    Picture DrawPlain(Texture* texture, float red = 1, float green = 1, float blue = 1, float alpha = 1)
+    {
+        glClear(GL_COLOR_BUFFER_BIT);
+        texture->Bind();
+        DrawQuad(red, green, blue, alpha);
+        return Grab();
+    }
+
+    static int LargestStep(const Picture& picture)
+    {
+        int largest = 0;
+        for (int y = 0; y < picture.height; y++)
+            for (int x = 0; x < picture.width; x++) {
+                if (x > 0)
+                    largest = std::max(largest, abs(*picture.At(x, y) - *picture.At(x - 1, y)));
+                if (y > 0)
+                    largest = std::max(largest, abs(*picture.At(x, y) - *picture.At(x, y - 1)));
+            }
+        return largest;
+    }
+
+    static double MeanOf(const Picture& picture)
+    {
+        double sum = 0;
+        for (unsigned char value : picture.pixels)
+            sum += value;
+        return sum / double(picture.pixels.size());
+    }
+};
+
+// ---- The blur
+
+class BlurFile : public ShaderFiles
+{
+protected:
+    void Start(int side)
+    {
+        ASSERT_TRUE(Open(side, side));
+        ASSERT_TRUE(shader.Load("standard_projection", "postprocessing_blur"));
+        intensity.Init(&shader, "blur_intensity", 1);
+        ASSERT_TRUE(boxes.empty());
+        ASSERT_GE(intensity.location, 0);
+    }
+
+    Picture DrawBlurred(Texture* texture, float strength, float red = 1, float green = 1, float blue = 1,
+                        float alpha = 1)
+    {
+        glClear(GL_COLOR_BUFFER_BIT);
+        texture->Bind();
+        shader.Enable();
+        intensity.Set(&strength);
+        DrawQuad(red, green, blue, alpha);
+        shader.Disable();
+        return Grab();
+    }
+
+    GLSLShader shader;
+    GLSLUniformFloat intensity;
+};
+
+TEST_F(BlurFile, ShowsThePlainPictureAtZeroAndBelow)
+{
+    Start(64);
+    Texture texture;
+    Make(&texture, SlopePicture(64, 64));
+    const Picture plain = DrawPlain(&texture, 1, 0.5f, 0.25f);
+    for (float strength : {0.0f, -0.25f, -100.0f})
+        EXPECT_EQ(plain.pixels, DrawBlurred(&texture, strength, 1, 0.5f, 0.25f).pixels) << strength;
+    EXPECT_NE(plain.pixels, DrawBlurred(&texture, 0.5f, 1, 0.5f, 0.25f).pixels);
+}
+
+TEST_F(BlurFile, KeepsAPlainColourAndAppliesColourAndAlpha)
+{
+    Start(64);
+    Texture texture;
+    Make(&texture, PlainPicture(8, 8, 4, 200, 100, 40, 128));
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    const Picture plain = DrawPlain(&texture, 1, 0.5f, 0.25f, 0.5f);
+    EXPECT_NEAR(50, *plain.At(30, 30), 2); // 200 at a quarter: both alphas count
+    for (float strength : {0.25f, 1.0f}) {
+        const Picture blurred = DrawBlurred(&texture, strength, 1, 0.5f, 0.25f, 0.5f);
+        for (size_t i = 0; i < plain.pixels.size(); i++)
+            ASSERT_NEAR(plain.pixels[i], blurred.pixels[i], 1) << strength;
+    }
+}
+
+TEST_F(BlurFile, HasNoVisibleStepsAt512By512)
+{
+    Start(512);
+    float (*const edges[])(float, float) = {
+        [](float x, float) { return x < 0.5f ? 0.0f : 1.0f; },
+        [](float, float y) { return y < 0.5f ? 0.0f : 1.0f; },
+        [](float x, float y) { return x + 0.7f * y < 0.8f ? 0.0f : 1.0f; },
+    };
+    for (auto edge : edges) {
+        Texture texture;
+        Make(&texture, Paint(512, edge));
+        EXPECT_EQ(255, LargestStep(DrawPlain(&texture)));
+        // The stronger the blur, the more pixels share the edge: about 5 at the resting strength, 22 at 1.
+        EXPECT_LE(LargestStep(DrawBlurred(&texture, 0.25f)), 85);
+        EXPECT_LE(LargestStep(DrawBlurred(&texture, 0.5f)), 55);
+        EXPECT_LE(LargestStep(DrawBlurred(&texture, 1)), 42);
+    }
+}
+
+TEST_F(BlurFile, SpreadsABrightLineByAFiftiethOfTheSideAndKeepsItsLight)
+{
+    Start(512);
+    Texture texture;
+    Make(&texture, Paint(512, [](float x, float) { return x > 0.49f && x < 0.51f ? 1.0f : 0.0f; }));
+    const double light = MeanOf(DrawPlain(&texture));
+    const Picture blurred = DrawBlurred(&texture, 1);
+    EXPECT_NEAR(light, MeanOf(blurred), 0.15);
+    int left = 0;
+    while (*blurred.At(left, 256) == 0)
+        left++;
+    EXPECT_NEAR(0.49 - 0.022, left / 512.0, 0.004); // where the disc's rim ends
+    const Picture half = DrawBlurred(&texture, 0.5f);
+    EXPECT_NEAR(light, MeanOf(half), 0.15);
+    left = 0;
+    while (*half.At(left, 256) == 0)
+        left++;
+    EXPECT_NEAR(0.49 - 0.011, left / 512.0, 0.004);
+    EXPECT_GT(*half.At(256, 256), *blurred.At(256, 256));
+}
+
+TEST_F(BlurFile, GrowsWithoutAJumpFromThePlainPicture)
+{
+    Start(128);
+    Texture texture;
+    Make(&texture, SlopePicture(64, 40));
+    const Picture plain = DrawPlain(&texture);
+    const Picture faint = DrawBlurred(&texture, 0.002f);
+    for (int y = 4; y < 124; y++) // the border is another matter: the wrap repeats, the blur does not
+        for (int x = 4; x < 124; x++)
+            ASSERT_NEAR(*plain.At(x, y), *faint.At(x, y), 2) << x << " " << y;
+}
+
+TEST_F(BlurFile, LetsNothingInFromTheOtherSide)
+{
+    Start(256);
+    Texture texture;
+    Make(&texture, Paint(1024, [](float x, float y) { return x > 0.5f && y > 0.5f ? 1.0f : 0.0f; }));
+    const Picture blurred = DrawBlurred(&texture, 1);
+    for (int i = 0; i < 256; i++) {
+        ASSERT_EQ(0, *blurred.At(0, i));
+        ASSERT_EQ(0, *blurred.At(i, 0));
+    }
+    EXPECT_EQ(255, *blurred.At(255, 255));
+}
+
+// ---- The two pictures of a ShaderProgram
+
+class TwoPictures : public ShaderFiles
+{
+protected:
+    void Start(const char* fragmentPath, const Picture& first, const Picture& second, int side = 64)
+    {
+        ASSERT_TRUE(Open(side, side));
+        program = ShaderProgram::Load("data/glowmask.vp", fragmentPath);
+        ASSERT_TRUE(boxes.empty());
+        sampler0 = new ShaderSampler(program, "sampler0");
+        sampler1 = new ShaderSampler(program, "sampler1");
+        deltaParam = new ShaderFloatParam(program, "delta");
+        ASSERT_GE(sampler0->location, 0);
+        ASSERT_GE(sampler1->location, 0);
+        ASSERT_GE(deltaParam->location, 0);
+        Make(&firstTexture, first);
+        Make(&secondTexture, second);
+    }
+
+    ~TwoPictures() override
+    {
+        delete sampler0;
+        delete sampler1;
+        delete deltaParam;
+        delete program;
+    }
+
+    Picture Draw(float delta, float red = 1, float green = 1, float blue = 1, float alpha = 1)
+    {
+        glClear(GL_COLOR_BUFFER_BIT);
+        program->Bind();
+        sampler0->Set(0);
+        sampler1->Set(1);
+        deltaParam->Set(&delta, 1);
+        glActiveTexture(GL_TEXTURE1);
+        secondTexture.Bind();
+        glActiveTexture(GL_TEXTURE0);
+        firstTexture.Bind();
+        DrawQuad(red, green, blue, alpha);
+        program->Unbind();
+        glActiveTexture(GL_TEXTURE1);
+        Texture::Unbind();
+        glDisable(GL_TEXTURE_2D);
+        glActiveTexture(GL_TEXTURE0);
+        return Grab();
+    }
+
+    ShaderProgram* program = nullptr;
+    ShaderSampler* sampler0 = nullptr;
+    ShaderSampler* sampler1 = nullptr;
+    ShaderFloatParam* deltaParam = nullptr;
+    Texture firstTexture;
+    Texture secondTexture;
+};
+
+TEST_F(TwoPictures, CrossFadeFromTheFirstToTheSecond)
+{
+    Picture second = SlopePicture(64, 64);
+    std::reverse(second.pixels.begin(), second.pixels.end());
+    Start("data/mix.fp", SlopePicture(64, 64), second);
+    const Picture atZero = DrawPlain(&firstTexture, 1, 0.5f, 0.25f);
+    const Picture atOne = DrawPlain(&secondTexture, 1, 0.5f, 0.25f);
+    for (float delta : {0.0f, 0.25f, 1.0f}) {
+        const Picture mixed = Draw(delta, 1, 0.5f, 0.25f);
+        for (size_t i = 0; i < mixed.pixels.size(); i++)
+            ASSERT_NEAR((1 - delta) * atZero.pixels[i] + delta * atOne.pixels[i], mixed.pixels[i], 1.01)
+                << delta;
+    }
+}
+
+TEST_F(TwoPictures, CrossFadeWithTheirAlphaAndThatOfTheVertices)
+{
+    Start("data/mix.fp", PlainPicture(4, 4, 4, 200, 200, 200, 255), PlainPicture(4, 4, 4, 200, 200, 200, 0));
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    EXPECT_NEAR(200, *Draw(0).At(30, 30), 1);
+    EXPECT_NEAR(150, *Draw(0.25f).At(30, 30), 1);
+    EXPECT_NEAR(0, *Draw(1).At(30, 30), 1);
+    EXPECT_NEAR(100, *Draw(0, 1, 1, 1, 0.5f).At(30, 30), 1);
+    EXPECT_NEAR(75, *Draw(0.25f, 1, 1, 1, 0.5f).At(30, 30), 1);
+}
+
+// ---- The painting and its light: bands of the mask from black on the left to white on the right
+
+class GlowFile : public TwoPictures
+{
+protected:
+    static const int side = 120;
+
+    static float Bands(float x, float) { return std::floor(x * 6) / 5; }
+
+    void StartBands()
+    {
+        Start("data/glowmask.fp", PlainPicture(8, 8, 3, 100, 80, 60), Paint(side, Bands), side);
+    }
+
+    // The red of band 0 (black) to 5 (white), in its middle.
+    static int Red(const Picture& picture, int band)
+    {
+        return *picture.At(band * side / 6 + side / 12, side / 2);
+    }
+};
+
+TEST_F(GlowFile, ShowsThePlainPaintingAtZeroAndBelow)
+{
+    Start("data/glowmask.fp", SlopePicture(64, 64), SlopePicture(64, 64));
+    const Picture plain = DrawPlain(&firstTexture, 1, 0.5f, 0.25f);
+    for (float delta : {0.0f, -1.0f, -1e6f})
+        EXPECT_EQ(plain.pixels, Draw(delta, 1, 0.5f, 0.25f).pixels) << delta;
+    EXPECT_NE(plain.pixels, Draw(1, 1, 0.5f, 0.25f).pixels);
+}
+
+TEST_F(GlowFile, StartsWithoutAJump)
+{
+    StartBands();
+    const Picture plain = Draw(0);
+    const Picture first = Draw(0.5f / 60); // a frame later
+    for (size_t i = 0; i < plain.pixels.size(); i++)
+        ASSERT_NEAR(plain.pixels[i], first.pixels[i], 1);
+}
+
+TEST_F(GlowFile, LetsTheLightReachTheDarkerBandsFirst)
+{
+    StartBands();
+    // The light comes by a band of the mask's value m at delta = 2 m, and 0.16 later it is at its brightest.
+    for (int band = 1; band <= 5; band++) {
+        const float arrival = 2 * float(band) / 5;
+        const int early = Red(Draw(arrival - 0.05f), band);
+        const Picture peak = Draw(arrival + 0.16f);
+        EXPECT_GT(Red(peak, band), early + 30) << band;
+        for (int later = band + 1; later <= 5; later++)
+            EXPECT_LT(Red(peak, later), Red(peak, band) - 30) << band << " " << later;
+    }
+}
+
+TEST_F(GlowFile, NeverLightsWhatIsBlackInTheMask)
+{
+    StartBands();
+    for (float delta = 0.1f; delta <= 10; delta += 0.3f)
+        EXPECT_LE(Red(Draw(delta), 0), 100) << delta;
+}
+
+TEST_F(GlowFile, SendsWaveAfterWaveForAsLongAsDeltaGrows)
+{
+    StartBands();
+    const float again = 2 * 1.35f; // delta from one wave to the next
+    for (int band = 1; band <= 5; band++) {
+        const float peak = 2 * float(band) / 5 + 0.16f + again;
+        for (int wave = 1; peak + again * float(wave) <= 10; wave++)
+            EXPECT_NEAR(Red(Draw(peak), band), Red(Draw(peak + again * float(wave)), band), 2);
+        EXPECT_GT(Red(Draw(peak), band), Red(Draw(peak + again * 0.9f), band) + 20);
+    }
+}
+
+TEST_F(GlowFile, IsWarmAndNeverBurnsOut)
+{
+    StartBands();
+    for (float delta = 0.5f; delta <= 10; delta += 0.5f) {
+        const Picture picture = Draw(delta);
+        for (int i = 0; i < picture.width * picture.height; i++) {
+            const unsigned char* const pixel = &picture.pixels[size_t(i) * 3];
+            ASSERT_GT(pixel[0], pixel[1]) << delta;
+            ASSERT_GT(pixel[1], pixel[2]) << delta;
+            ASSERT_LT(pixel[0], 255) << delta;
+            ASSERT_LT(pixel[2], 210) << delta;
+        }
+    }
+}
+
+TEST_F(GlowFile, MovesWithoutAJumpFromFrameToFrame)
+{
+    StartBands();
+    Picture last = Draw(0.5f);
+    for (float delta = 0.5f; delta <= 10; delta += 0.5f / 60) {
+        const Picture next = Draw(delta);
+        for (int band = 0; band < 6; band++)
+            ASSERT_NEAR(Red(last, band), Red(next, band), 22) << band << " " << delta;
+        last = next;
+    }
+}
+
+TEST_F(GlowFile, KeepsTheAlphaOfPaintingAndVertices)
+{
+    Start("data/glowmask.fp", PlainPicture(4, 4, 4, 100, 100, 100, 128), PlainPicture(4, 4, 3, 0, 0, 0));
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    const int whole = *Draw(5).At(30, 30);
+    const int half = *Draw(5, 1, 1, 1, 0.5f).At(30, 30);
+    EXPECT_NEAR(100 * 0.78 * 0.5, whole, 2);
+    EXPECT_NEAR(whole * 0.5, half, 1);
+}
+
+// Golden images: a ring that the light runs round, and a line and a dot out of focus.
+
+static float Ring(float x, float y)
+{
+    const float dx = x - 0.5f, dy = y - 0.5f;
+    const float distance = std::fabs(std::sqrt(dx * dx + dy * dy) - 0.33f) / 0.011f;
+    const float time = 0.2f + 0.8f * (std::atan2(dy, dx) + 3.1415927f) / 6.2831853f;
+    return time * std::max(0.0f, 1 - distance);
+}
+
+TEST_F(GlowFile, RunsRoundARing)
+{
+    Start("data/glowmask.fp", SlopePicture(60, 40), Paint(256, Ring), 192);
+    const char* const names[] = {"GlowShader-arriving", "GlowShader-halfway", "GlowShader-late"};
+    const float deltas[] = {0.7f, 1.3f, 9.1f};
+    for (int i = 0; i < 3; i++)
+        EXPECT_TRUE(MatchesGolden(Draw(deltas[i]), names[i],
+                                  Tolerance("exp and smoothstep are approximated").Maximum(3)));
+}
+
+TEST_F(BlurFile, PutsALineAndADotOutOfFocus)
+{
+    Start(128);
+    Texture texture;
+    Make(&texture, Paint(512, [](float x, float y) {
+        const float dx = x - 0.7f, dy = y - 0.3f;
+        return std::fabs(x + 2 * y - 1.1f) < 0.02f || dx * dx + dy * dy < 0.006f ? 1.0f : 0.1f;
+    }));
+    EXPECT_TRUE(MatchesGolden(DrawBlurred(&texture, 0.25f), "BlurShader-resting",
+                              Tolerance("the taps' places are rounded").Maximum(3)));
+    EXPECT_TRUE(MatchesGolden(DrawBlurred(&texture, 1), "BlurShader-strong",
+                              Tolerance("the taps' places are rounded").Maximum(3)));
+}

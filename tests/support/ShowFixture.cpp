@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/ShowFixture.h"
+
+#include "kernel/FrameTimer.h"
+#include "platform/Clock.h"
+#include "platform/DebugChannel.h"
+#include "platform/Events.h"
+#include "platform/Paths.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+static std::string MakeDirectory()
+{
+    std::string name = testing::TempDir() + "marlinex-XXXXXX";
+    if (!mkdtemp(name.data())) {
+        perror(name.c_str());
+        abort();
+    }
+    return name;
+}
+
+ShowFixture::ShowFixture() : oldDirectory(platform::GetDataDirectory()), directory(MakeDirectory())
+{
+    platform::SetDataDirectory(directory);
+    platform::CollectBoxes(&boxes);
+    platform::CollectDebugText(&debugText);
+    QuitWasPosted();
+    platform::UseSteppedClock();
+    StartTimer();
+}
+
+ShowFixture::~ShowFixture()
+{
+    platform::UseRealClock();
+    QuitWasPosted();
+    platform::CollectDebugText(nullptr);
+    platform::CollectBoxes(nullptr);
+    platform::SetDataDirectory(oldDirectory);
+    std::filesystem::remove_all(directory);
+}
+
+void ShowFixture::AddPicture(std::string name, int width, int height, unsigned char red, unsigned char green,
+                             unsigned char blue)
+{
+    const bool png = name.size() > 4 && name.compare(name.size() - 4, 4, ".png") == 0;
+    AddPicture(name, PlainPicture(width, height, png ? 4 : 3, red, green, blue));
+}
+
+void ShowFixture::AddPicture(std::string name, const Picture& picture)
+{
+    SavePicture(PathOf(name), picture);
+}
+
+void ShowFixture::AddFile(std::string name, std::string content)
+{
+    std::ofstream(PathOf(name), std::ios::binary) << content;
+}
+
+std::string ShowFixture::PathOf(std::string name) const
+{
+    return directory + "/" + name;
+}
+
+void ShowFixture::UseRealData()
+{
+    platform::SetDataDirectory(SOURCE_DIR "/Data");
+}
+
+void ShowFixture::UseOwnData()
+{
+    platform::SetDataDirectory(directory);
+}
+
+void ShowFixture::StartTimer(float startSeconds)
+{
+    FrameTimer::SetSpeed(1);
+    FrameTimer::Init(startSeconds);
+    FrameTimer::Update(); // takes over what an earlier clock left
+    FrameTimer::Update();
+    FrameTimer::SetTime(0);
+}
+
+void ShowFixture::PassTime(double seconds)
+{
+    platform::StepClock(int64_t(seconds * double(platform::CounterFrequency()) + 0.5));
+    FrameTimer::Update();
+}
+
+bool ShowFixture::QuitWasPosted()
+{
+    bool quit = false;
+    for (platform::Event event = platform::TakeEvent(); event.kind != platform::EventNone;
+         event = platform::TakeEvent())
+        quit = quit || event.kind == platform::EventQuit;
+    return quit;
+}

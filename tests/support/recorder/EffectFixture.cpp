@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/recorder/EffectFixture.h"
+
+#include "display/RenderTarget.h"
+#include "platform/WindowSystem.h"
+#include "resources/TextureLoader.h"
+
+static const int windowWidth = 800, windowHeight = 600;
+
+static void InventPicture(const char* name)
+{
+    const std::string path = name;
+    if (FileExists(path) || path.rfind(SOURCE_DIR "/Data/", 0) == 0) // nothing is added to the real ones
+        return;
+    const bool png = path.compare(path.size() - 4, 4, ".png") == 0;
+    SavePicture(path, PlainPicture(1, 1, png ? 4 : 3, 255, 255, 255));
+}
+
+EffectFixture::EffectFixture()
+{
+    for (const char* name : {"glowmask.vp", "fish.vp", "standard_projection.vp"})
+        AddFile(name, "void main() { gl_Position = ftransform(); }\n");
+    for (const char* name : {"glowmask.fp", "mix.fp", "fish.fp", "postprocessing_blur.fp"})
+        AddFile(name, "void main() { gl_FragColor = vec4(1.0); }\n");
+    for (const char* name : {"fish.txt", "fisheyes.txt"}) // one triangle
+        AddFile(name, "model 3 0 0 0 1 0 0 0 1 0 1 0 0 1 3 0 0 1 0 0 1 1 0 3 0 1 2 3 0 0 0 3 0 1 2\n");
+
+    gl::Reset(windowWidth, windowHeight);
+    gl::InventPictures(InventPicture);
+    platform::UseNullWindows();
+    gl::FollowNullWindows();
+    if (!window.Create(windowWidth, windowHeight, 32, false))
+        ADD_FAILURE() << "no window";
+    gl::ClearRecords();
+}
+
+EffectFixture::~EffectFixture()
+{
+    // What the process keeps must not reach a test that runs in it later.
+    if (TextureLoader* const loader = TextureLoader::GetInstance())
+        loader->DeleteAll();
+    RenderTarget::Destroy();
+    gl::InventPictures(nullptr);
+    gl::UnfollowNullWindows();
+    platform::UseSdlWindows();
+}
+
+void EffectFixture::BeginRecords()
+{
+    gl::ClearRecords();
+}
+
+void EffectFixture::KeepRecords(bool keep)
+{
+    if (keep)
+        gl::Resume();
+    else
+        gl::Pause();
+}
+
+std::vector<std::string> EffectFixture::TextureRequests()
+{
+    std::vector<std::string> requests;
+    for (const gl::TextureObject& texture : gl::Textures()) {
+        if (texture.label.empty())
+            continue;
+        requests.push_back(texture.label + (texture.builtByGlu ? " 1" : " 0") +
+                           (texture.wrapS == GL_REPEAT && texture.wrapT == GL_REPEAT ? " 1" : " 0") +
+                           (texture.minFilter == GL_LINEAR && texture.magFilter == GL_LINEAR ? " 1" : " 0"));
+    }
+    return requests;
+}
