@@ -34,6 +34,7 @@ public:
     // Writes the listing for script writers: every effect with its messages, in order of registration. An
     // existing file is replaced; one that can't be opened is left alone in silence.
     void WriteDemoInfo(std::string fileName) const;
+    std::string DemoInfo() const; // the same text
 
     std::vector<RegisteredEffect> effects; // in order of registration
 

@@ -9,20 +9,27 @@ static const char* const head =
     " available effects with their messages (and description) for this demo.\n\n\n\n";
 static const char* const rule = "-----------------------------------------------------\n";
 
+std::string EffectRegistry::DemoInfo() const
+{
+    std::string text = head;
+    for (const RegisteredEffect& row : effects) {
+        text += rule;
+        text += "Effect: " + row.name + "\n";
+        text += "Description: " + row.description + "\n";
+        text += "Available Synch Messages:\n";
+        text += messageTable->ListMessages(row.effect);
+        text += std::string(rule) + "\n";
+    }
+    return text;
+}
+
 void EffectRegistry::WriteDemoInfo(std::string fileName) const
 {
     // Not OpenFile: a listing that can't be written is no reason to end a show.
     FILE* file = fopen(fileName.c_str(), "w");
     if (file) {
-        fprintf(file, "%s", head);
-        for (const RegisteredEffect& row : effects) {
-            fprintf(file, "%s", rule);
-            fprintf(file, "Effect: %s\n", row.name.c_str());
-            fprintf(file, "Description: %s\n", row.description.c_str());
-            fprintf(file, "Available Synch Messages:\n");
-            fprintf(file, "%s", messageTable->ListMessages(row.effect).c_str());
-            fprintf(file, "%s\n", rule);
-        }
+        const std::string text = DemoInfo();
+        fwrite(text.data(), 1, text.size(), file);
     }
     CloseFile(file);
 }

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// Starts a program of the build and waits for it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct ProgramRun {
+    int status; // the exit status, -1 if a signal ended it
+    std::string output;
+    std::string errors;
+};
+
+// A companion program by its bare name ("marlinex-list"), or any other by its path. Words are handed over as
+// they are, no shell looks at them. Environment entries ("NO_COLOR=1") are added to the caller's.
+ProgramRun RunProgram(const std::string& program, const std::vector<std::string>& words,
+                      const std::vector<std::string>& environment = {}, const std::string& folder = ".");

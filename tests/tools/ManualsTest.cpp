@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The manual pages of the companion programs say what the programs say.
+#include "tests/support/RunProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+
+namespace fs = std::filesystem;
+
+static std::string ReadFile(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+// Options as they stand at the beginning of a line, behind nothing but blanks and a short form.
+static std::set<std::string> OptionsOfHelp(const std::string& help)
+{
+    std::set<std::string> found;
+    const std::regex option("(?:^|\n)  (?:(-[A-Za-z]), |    )(--[a-z-]+)(=[A-Z:x]+)?");
+    for (std::sregex_iterator each(help.begin(), help.end(), option), none; each != none; ++each) {
+        if ((*each)[1].matched)
+            found.insert((*each)[1]);
+        found.insert((*each)[2].str() + (*each)[3].str());
+    }
+    return found;
+}
+
+// Options as the heads of the manual's paragraphs have them.
+static std::set<std::string> OptionsOfManual(std::string manual)
+{
+    manual = std::regex_replace(manual, std::regex("\\\\f[BIPR]|\"|,"), " ");
+    manual = std::regex_replace(manual, std::regex("\\\\-"), "-");
+    manual = std::regex_replace(manual, std::regex("= "), "=");
+    std::set<std::string> found;
+    const std::regex head("\\.TP\n\\.B[RI]? +(.*)");
+    const std::regex option("(^| )(-[A-Za-z]|--[a-z-]+(=[A-Z:x]+)?)(?= |$)");
+    for (std::sregex_iterator each(manual.begin(), manual.end(), head), none; each != none; ++each) {
+        const std::string line = (*each)[1];
+        if (line[0] != '-') // an exit status or an example
+            continue;
+        for (std::sregex_iterator word(line.begin(), line.end(), option); word != none; ++word)
+            found.insert((*word)[2]);
+    }
+    return found;
+}
+
+// Every marlinex-NAME that the build has made.
+static std::vector<std::string> Programs()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / "tools"))
+        if (fs::exists(entry.path() / "Main.cpp") && fs::exists(entry.path() / "CMakeLists.txt"))
+            names.push_back("marlinex-" + entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+TEST(Manuals, OfEachProgramHaveEveryOptionOfItsHelpAndNoOther)
+{
+    ASSERT_GE(Programs().size(), 1u);
+    for (const std::string& name : Programs()) {
+        SCOPED_TRACE(name);
+        const ProgramRun help = RunProgram(name, {"--help"});
+        EXPECT_EQ(0, help.status);
+        const std::set<std::string> options = OptionsOfHelp(help.output);
+        EXPECT_EQ(1u, options.count("--help"));
+        EXPECT_EQ(1u, options.count("--version"));
+        EXPECT_EQ(options, OptionsOfManual(ReadFile(fs::path(SOURCE_DIR) / "docs/man" / (name + ".1"))));
+    }
+}
+
+TEST(Manuals, NameTheProgramAndItsVersionOnTheirFirstLine)
+{
+    for (const std::string& name : Programs()) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(name + " 1.5\n", RunProgram(name, {"--version"}).output);
+        std::string upper = std::regex_replace(name, std::regex("-"), "\\-");
+        for (char& c : upper)
+            c = char(toupper(c));
+        const std::string manual = ReadFile(fs::path(SOURCE_DIR) / "docs/man" / (name + ".1"));
+        EXPECT_NE(std::string::npos,
+                  manual.find("\n.TH " + upper + " 1 \"\" \"Marlinex 1.5\" \"Marlinex\"\n"));
+    }
+}
+
+TEST(Manuals, AreCleanRoffOfLinesThatFit)
+{
+    for (const std::string& name : Programs()) {
+        std::ifstream manual(fs::path(SOURCE_DIR) / "docs/man" / (name + ".1"));
+        ASSERT_TRUE(manual.good()) << name;
+        int number = 0;
+        for (std::string line; std::getline(manual, line);) {
+            number++;
+            EXPECT_LE(line.size(), 120u) << name << " line " << number;
+            EXPECT_FALSE(!line.empty() && line.back() == ' ') << name << " line " << number;
+            // The requests of an ordinary page; a misspelt one would vanish without a word.
+            static const std::regex request(
+                "^\\.(\\\\\"|TH|SH|SS|TP|B|I|BR|BI|IR|IB|RI|RB|PP|nf|fi|EX|EE|RS|RE|IP|br)( |$)");
+            const bool isRequest = !line.empty() && (line[0] == '.' || line[0] == '\'');
+            EXPECT_TRUE(!isRequest || std::regex_search(line, request))
+                << name << " line " << number << ": " << line;
+        }
+    }
+}
+
+TEST(Manuals, SitBesideProgramsThatRefuseAnUnknownOptionInOneLine)
+{
+    for (const std::string& name : Programs()) {
+        const ProgramRun run = RunProgram(name, {"--no-such-option"});
+        EXPECT_EQ(2, run.status) << name;
+        EXPECT_EQ("", run.output) << name;
+        EXPECT_EQ(name + ": unknown option --no-such-option (--help lists what there is)\n", run.errors);
+    }
+}

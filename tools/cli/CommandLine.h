@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The command line of a companion program. A Main looks like this:
+//
+//     static const std::vector<cli::Option> options = {
+//         {"data", 0, "DIR", "Look for pictures in DIR instead of where the show looks."},
+//         {"output", 'o', "FILE", "Write to FILE instead of standard output."},
+//         {"json", 0, nullptr, "Write JSON."},
+//     };
+//
+//     int main(int argc, char** argv)
+//     {
+//         cli::CommandLine line("marlinex-lint", "Tells what the show would do in silence.", "FILE",
+//         options); if (!line.Read(argc, argv))
+//             return line.exitStatus;
+//         ...
+//     }
+//
+// Understood are --data DIR, --data=DIR, -o FILE, -oFILE; "--" ends the options, "-" alone is an operand,
+// options and operands may be mixed, and the last of a repeated option counts. --help and --version come by
+// themselves and win over everything behind them.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace cli
+{
+
+// Exit statuses that all programs share; 1 is each program's own.
+const int ExitClean = 0;
+const int ExitUsage = 2; // also: a file that can't be read or written
+
+struct Option {
+    const char* name;  // without its dashes
+    char letter;       // the short form, or 0
+    const char* value; // what stands for the value in --help, "DIR"; null: the option takes none
+    const char* help;  // a sentence or more, wrapped by --help
+};
+
+class CommandLine
+{
+public:
+    // operands is how --help shows them: "FILE" means exactly one, "FILE..." one or more, "[FILE]" at most
+    // one, "" none. The texts of the table are borrowed.
+    CommandLine(const char* programName, const char* summaryText, const char* operandText,
+                std::vector<Option> table);
+
+    // False if the program is over: exitStatus is then 0 after --help and --version, which went to out, and
+    // ExitUsage after a mistake, which went to err as one line.
+    bool Read(int argc, const char* const* argv, FILE* out = stdout, FILE* err = stderr);
+
+    bool Has(const std::string& name) const;
+    std::string Value(const std::string& name, const std::string& otherwise = "") const;
+
+    // The value of an option as a number of low to high, *number untouched where the option was not given.
+    // A value that is no such number is told on err: then false, and exitStatus is ExitUsage.
+    bool WholeNumber(const std::string& name, int64_t low, int64_t high, int64_t* number, FILE* err = stderr);
+    bool Number(const std::string& name, double low, double high, double* number, FILE* err = stderr);
+
+    // One line on err, "NAME: text"; sets exitStatus to ExitUsage and returns it.
+    int Fail(const std::string& text, FILE* err = stderr);
+
+    std::string HelpText() const;
+    std::string VersionText() const; // "NAME 1.5"
+
+    std::vector<std::string> operands;
+    int exitStatus;
+
+private:
+    struct Given {
+        const Option* option;
+        std::string value;
+    };
+
+    const Option* FindName(const std::string& given) const;
+    const Option* FindLetter(char letter) const;
+    const Given* Last(const std::string& name) const;
+    bool CheckOperands(FILE* err);
+
+    std::string name;
+    std::string summary;
+    std::string operandForm;
+    std::vector<Option> options; // --help and --version at the end
+    std::vector<Given> given;
+};
+
+} // namespace cli
