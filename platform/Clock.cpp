@@ -10,8 +10,13 @@ namespace platform
 static const int64_t countsPerSecond = 1000000000;
 static const int64_t countsPerMillisecond = 1000000;
 
-static bool stepped = false;
+enum ClockKind { RealClock, SteppedClock, CountedClock };
+
+static ClockKind kind = RealClock;
 static int64_t steppedCounter = 0;
+static CountsOfRead countsOfRead = nullptr;
+static void* countsUser = nullptr;
+static int64_t clockReads = 0;
 
 int64_t CounterFrequency()
 {
@@ -20,8 +25,10 @@ int64_t CounterFrequency()
 
 int64_t ReadCounter()
 {
-    if (stepped)
+    if (kind == SteppedClock)
         return steppedCounter;
+    if (kind == CountedClock)
+        return countsOfRead(countsUser, clockReads++);
     timespec now;
     clock_gettime(CLOCK_MONOTONIC, &now);
     return int64_t(now.tv_sec) * countsPerSecond + now.tv_nsec;
@@ -29,10 +36,10 @@ int64_t ReadCounter()
 
 void Sleep(unsigned milliseconds)
 {
-    if (stepped) {
+    if (kind == SteppedClock)
         steppedCounter += milliseconds * countsPerMillisecond;
+    if (kind != RealClock)
         return;
-    }
     timespec left = {time_t(milliseconds / 1000), long(milliseconds % 1000) * 1000000};
     while (nanosleep(&left, &left) != 0 && errno == EINTR) {
     }
@@ -40,19 +47,32 @@ void Sleep(unsigned milliseconds)
 
 void UseRealClock()
 {
-    stepped = false;
+    kind = RealClock;
 }
 
 void UseSteppedClock()
 {
-    stepped = true;
+    kind = SteppedClock;
     steppedCounter = 0;
 }
 
 void StepClock(int64_t counts)
 {
-    if (stepped)
+    if (kind == SteppedClock)
         steppedCounter += counts;
+}
+
+void UseCountedClock(CountsOfRead counts, void* user)
+{
+    kind = CountedClock;
+    countsOfRead = counts;
+    countsUser = user;
+    clockReads = 0;
+}
+
+int64_t ClockReads()
+{
+    return clockReads;
 }
 
 } // namespace platform

@@ -23,7 +23,7 @@ static std::string ReadFile(const fs::path& path)
 static std::set<std::string> OptionsOfHelp(const std::string& help)
 {
     std::set<std::string> found;
-    const std::regex option("(?:^|\n)  (?:(-[A-Za-z]), |    )(--[a-z-]+)(=[A-Z:x]+)?");
+    const std::regex option("(?:^|\n)  (?:(-[A-Za-z]), |    )(--[a-z-]+)(=[A-Z:x/]+)?");
     for (std::sregex_iterator each(help.begin(), help.end(), option), none; each != none; ++each) {
         if ((*each)[1].matched)
             found.insert((*each)[1]);
@@ -40,7 +40,7 @@ static std::set<std::string> OptionsOfManual(std::string manual)
     manual = std::regex_replace(manual, std::regex("= "), "=");
     std::set<std::string> found;
     const std::regex head("\\.TP\n\\.B[RI]? +(.*)");
-    const std::regex option("(^| )(-[A-Za-z]|--[a-z-]+(=[A-Z:x]+)?)(?= |$)");
+    const std::regex option("(^| )(-[A-Za-z]|--[a-z-]+(=[A-Z:x/]+)?)(?= |$)");
     for (std::sregex_iterator each(manual.begin(), manual.end(), head), none; each != none; ++each) {
         const std::string line = (*each)[1];
         if (line[0] != '-') // an exit status or an example

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "tools/capture/Options.h"
+
+#include "platform/Paths.h"
+#include "tools/capture/PngSequence.h"
+
+#include <charconv>
+#include <filesystem>
+
+namespace capture
+{
+
+static const int64_t largestSide = 16384; // pixels
+static const int64_t mostSegments = 100000;
+static const int64_t mostTiles = 10000;
+static const int64_t widestTile = 2048;
+static const int64_t mostThreads = 256;
+
+const std::vector<cli::Option>& OptionTable()
+{
+    static const std::vector<cli::Option> table = {
+        {"output", 'o', "PATH",
+         "Where to write: a video (show.mp4; show.mkv keeps every pixel and sample), numbered pictures (a "
+         "folder "
+         "that ends with a slash, or a pattern with %05d), or the picture of --sheet."},
+        {"size", 's', "WxH", "The size of the picture in pixels; 1024x768 unless told."},
+        {"rate", 'r', "FRAMES",
+         "Frames a second, as a whole number or a fraction: 60 unless told, 30, 60000/1001."},
+        {"from", 0, "TIME",
+         "Begin with the first frame at or behind this time, in seconds or as m:ss.fraction. What comes "
+         "before is "
+         "played unseen."},
+        {"to", 0, "TIME", "End ahead of the first frame at or behind this time."},
+        {"every", 0, "SECONDS", "Take one picture in this many seconds and leave out the frames between."},
+        {"sheet", 0, nullptr, "Make one picture of many small ones, each above its time."},
+        {"tiles", 0, "N",
+         "How many pictures a sheet has, spread evenly, unless --every says it; 30 unless told."},
+        {"columns", 0, "N", "How many of them are in a row; 6 unless told."},
+        {"tile-width", 0, "PIXELS", "How wide each of them is; 240 unless told."},
+        {"segment", 0, "K/N",
+         "Make the K-th of N parts; parts are made side by side, by other cores or machines."},
+        {"data", 0, "DIR", "Look for pictures and music in DIR instead of where the show looks."},
+        {"threads", 0, "N", "Let the encoder use N threads; as many as there are cores unless told."},
+        {"timing", 0, nullptr, "Tell at the end where the time went."},
+        {"quiet", 'q', nullptr, "Say nothing but errors."},
+    };
+    return table;
+}
+
+// "640x480" and "1/3": two numbers with a character between.
+static bool ReadPair(const std::string& text, char between, int64_t* first, int64_t* second)
+{
+    const char* const end = text.data() + text.size();
+    const auto [middle, firstError] = std::from_chars(text.data(), end, *first);
+    if (firstError != std::errc() || middle == end || *middle != between)
+        return false;
+    const auto [last, secondError] = std::from_chars(middle + 1, end, *second);
+    return secondError == std::errc() && last == end;
+}
+
+static bool Refuse(cli::CommandLine& line, const std::string& text)
+{
+    line.Fail(text);
+    return false;
+}
+
+static bool ReadSize(cli::CommandLine& line, Options* options)
+{
+    if (!line.Has("size"))
+        return true;
+    const std::string text = line.Value("size");
+    if (ReadPair(text, 'x', &options->width, &options->height) && options->width >= 1 &&
+        options->height >= 1 && options->width <= largestSide && options->height <= largestSide)
+        return true;
+    return Refuse(line, "option --size needs two numbers of 1 to " + std::to_string(largestSide) +
+                            " such as 640x480, not \"" + text + "\"");
+}
+
+static bool ReadMoment(cli::CommandLine& line, const char* name, int64_t* microseconds)
+{
+    if (!line.Has(name) || ReadTime(line.Value(name), microseconds))
+        return true;
+    return Refuse(line, std::string("option --") + name + " needs a time such as 90.5 or 1:30.5, not \"" +
+                            line.Value(name) + "\"");
+}
+
+static bool ReadTimes(cli::CommandLine& line, Options* options)
+{
+    if (line.Has("rate") && !ReadFrameRate(line.Value("rate"), &options->rate))
+        return Refuse(line,
+                      "option --rate needs a number such as 60, or a fraction such as 60000/1001, not \"" +
+                          line.Value("rate") + "\"");
+    if (!ReadMoment(line, "from", &options->from) || !ReadMoment(line, "to", &options->to) ||
+        !ReadMoment(line, "every", &options->every))
+        return false;
+    if (line.Has("every") && options->every == 0)
+        return Refuse(line, "option --every needs a time above 0");
+    if (line.Has("to") && options->to <= options->from)
+        return Refuse(line, "nothing lies between --from and --to");
+    return true;
+}
+
+static bool ReadSegment(cli::CommandLine& line, Options* options)
+{
+    if (!line.Has("segment"))
+        return true;
+    const std::string text = line.Value("segment");
+    if (!ReadPair(text, '/', &options->segment, &options->segments) || options->segment < 1 ||
+        options->segment > options->segments || options->segments > mostSegments)
+        return Refuse(line, "option --segment needs the part and the number of parts such as 1/4, not \"" +
+                                text + "\"");
+    if (line.Has("sheet") || line.Has("every"))
+        return Refuse(line, "option --segment goes with all frames, not with --sheet or --every");
+    return true;
+}
+
+static bool EndsWith(const std::string& text, const std::string& end)
+{
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+static bool ReadOutput(cli::CommandLine& line, Options* options)
+{
+    const std::string path = line.Value("output");
+    options->output = path;
+    if (path.empty())
+        return Refuse(line, "say where to write, with -o (--help tells more)");
+    std::error_code error;
+    if (line.Has("sheet")) {
+        options->kind = OutputSheet;
+        if (!EndsWith(path, ".png"))
+            return Refuse(line,
+                          "a sheet is a PNG file: -o needs a name that ends in .png, not \"" + path + "\"");
+    } else if (IsPattern(path) || path.back() == '/' || std::filesystem::is_directory(path, error)) {
+        options->kind = OutputPictures;
+        if (!PatternOf(path, &options->output))
+            return Refuse(line, "a pattern has one number such as %05d in it: \"" + path + "\" has not");
+    } else if (EndsWith(path, ".png")) {
+        return Refuse(line,
+                      "one PNG file can't hold a show: -o frames/ makes numbered ones, --sheet an overview");
+    }
+    if (options->kind == OutputVideo)
+        return Refuse(line,
+                      "-o needs a folder, a pattern or, with --sheet, a PNG file: \"" + path + "\" is none");
+    if (options->kind == OutputVideo && line.Has("every"))
+        return Refuse(line, "option --every is for pictures: a video has all frames");
+    return true;
+}
+
+bool ReadOptions(cli::CommandLine& line, Options* options)
+{
+    options->timing = line.Has("timing");
+    options->quiet = line.Has("quiet");
+    if (!ReadOutput(line, options) || !ReadSize(line, options) || !ReadTimes(line, options) ||
+        !ReadSegment(line, options) || !line.WholeNumber("columns", 1, mostTiles, &options->columns) ||
+        !line.WholeNumber("tiles", 1, mostTiles, &options->tiles) ||
+        !line.WholeNumber("tile-width", 1, widestTile, &options->tileWidth) ||
+        !line.WholeNumber("threads", 1, mostThreads, &options->threads))
+        return false;
+    options->script = line.operands.empty() ? platform::DataPath("script.txt") : line.operands[0];
+    return true;
+}
+
+} // namespace capture

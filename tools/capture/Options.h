@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// What the command line of marlinex-capture asks for, checked as far as that goes without the show.
+#pragma once
+
+#include "tools/capture/FrameRate.h"
+#include "tools/cli/CommandLine.h"
+
+namespace capture
+{
+
+enum OutputKind { OutputVideo, OutputPictures, OutputSheet };
+
+struct Options {
+    std::string script; // path
+    std::string output; // path, or the pattern of numbered pictures
+    OutputKind kind = OutputVideo;
+    int64_t width = 1024; // pixels
+    int64_t height = 768;
+    FrameRate rate;
+    int64_t from = 0;    // microseconds
+    int64_t to = -1;     // -1: the end of the show
+    int64_t every = 0;   // microseconds between pictures; 0: each frame
+    int64_t segment = 1; // of segments
+    int64_t segments = 1;
+    int64_t columns = 6; // of a sheet
+    int64_t tiles = 30;
+    int64_t tileWidth = 240; // pixels
+    int64_t threads = 0;     // 0: as many as there are cores
+    std::string encoder;     // further arguments for ffmpeg
+    bool music = true;
+    bool timing = false;
+    bool quiet = false;
+    bool join = false;
+    std::vector<std::string> parts; // of a join, in order
+};
+
+const std::vector<cli::Option>& OptionTable();
+
+// False after a mistake, which went to stderr as one line; line.exitStatus is set then. Asks for the data
+// directory, which must be found, and --data obeyed, before (see platform/Paths.h).
+bool ReadOptions(cli::CommandLine& line, Options* options);
+
+} // namespace capture

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "tools/capture/ShowPlayer.h"
+
+#include "display/GLWindow.h"
+#include "display/RenderTarget.h"
+#include "kernel/DemoPlayer.h"
+#include "kernel/EffectRegistry.h"
+#include "kernel/LoadingScreen.h"
+#include "kernel/Production.h"
+#include "kernel/Report.h"
+#include "platform/Clock.h"
+#include "platform/Events.h"
+#include "platform/Paths.h"
+#include "tools/capture/Progress.h"
+
+#include <GL/glew.h>
+
+#include <cfloat>
+#include <cmath>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+namespace capture
+{
+
+static const int displayModeBits = 32;
+static const int64_t countsPerSecond = 1000000000;
+
+// Frames that are drawn in full ahead of the first one wanted. No scene of today's shows what an earlier
+// frame drew, but a texture that is drawn once and kept would be right after one frame of the scene.
+static const int64_t warmUpFrames = 2;
+
+static volatile sig_atomic_t stopRequested = 0;
+
+void ShowPlayer::RequestStop()
+{
+    stopRequested = 1;
+}
+
+ShowPlayer::ShowPlayer()
+    : taken(0), player(nullptr), window(nullptr), registry(nullptr), sink(nullptr), progress(nullptr),
+      width(0), height(0), drawing(true), failed(false), lastMoment(0)
+{
+}
+
+// The script reader looks into the data directory only, and a path from there leads everywhere.
+static std::string SeenFromData(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path data = std::filesystem::canonical(platform::GetDataDirectory(), error);
+    const std::filesystem::path script = std::filesystem::canonical(path, error);
+    return script.lexically_relative(data).string();
+}
+
+bool ShowPlayer::Load(const std::string& scriptPath)
+{
+    platform::CollectBoxes(&boxes);
+    player = new DemoPlayer;
+    window = new GLWindow;
+    registry = new EffectRegistry;
+    RegisterEffects(registry);
+    // No music: the sound of a capture doesn't come from a device. The picture never asks for it.
+    player->Init(window, registry, new LoadingScreen(window), false);
+    player->LoadScript(SeenFromData(scriptPath));
+    return !CollectBoxText();
+}
+
+int64_t ShowPlayer::Duration() const
+{
+    // Script times are milliseconds; the float that one became gives it back.
+    return std::llround(double(player->endTime) * 1000) * 1000;
+}
+
+// A box that nobody sees is a line of the error, without the paragraph that is the same under all of them.
+bool ShowPlayer::CollectBoxText()
+{
+    for (const platform::Box& box : boxes) {
+        std::string body = box.body;
+        const size_t tail = body.find(ErrorTail);
+        if (tail != std::string::npos)
+            body.erase(tail);
+        std::string line = box.caption + ": " + body;
+        for (char& c : line)
+            if (c == '\n' || c == '\r' || c == '\t')
+                c = ' ';
+        error += (error.empty() ? "" : "\n") + line;
+    }
+    const bool any = !boxes.empty();
+    boxes.clear();
+    return any;
+}
+
+int64_t ShowPlayer::CountsOfRead(void* show, int64_t read)
+{
+    return static_cast<ShowPlayer*>(show)->schedule.rate.MomentOf(read, countsPerSecond);
+}
+
+PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSchedule, FrameSink& newSink,
+                            Progress& newProgress)
+{
+    width = newWidth;
+    height = newHeight;
+    schedule = newSchedule;
+    sink = &newSink;
+    progress = &newProgress;
+    if (schedule.picks == 0)
+        return PlayedToTheEnd;
+
+    // Neither a display nor a screen's size has a say in a capture.
+    setenv("SDL_VIDEODRIVER", "offscreen", 1);
+    setenv("SDL_NO_SIGNAL_HANDLERS", "1", 1); // an interruption ends the file properly: see RequestStop
+    lastMoment = progress->Now();
+    if (!window->Create(width, height, displayModeBits, false)) {
+        CollectBoxText();
+        if (error.empty())
+            error = "no off-screen window: SDL has no offscreen driver, or GL can't be had";
+        return PlayFailed;
+    }
+
+    // The schedule says when the show is over, to the frame; the last stop as a float could be off by one.
+    player->endTime = FLT_MAX;
+    platform::SetFrameObserver(FrameDone, this);
+    platform::UseCountedClock(CountsOfRead, this);
+    player->Run();
+    platform::UseRealClock();
+    platform::SetFrameObserver(nullptr, nullptr);
+
+    if (CollectBoxText() || failed)
+        return PlayFailed;
+    return taken == schedule.picks ? PlayedToTheEnd : PlayInterrupted;
+}
+
+void ShowPlayer::Stop()
+{
+    platform::PostQuit(0);
+}
+
+// At each swap. The clock has been read once at the start of the show and once behind each frame of it, this
+// one included; while the effects load it hasn't been read at all.
+void ShowPlayer::FrameDone(void* user)
+{
+    ShowPlayer* const show = static_cast<ShowPlayer*>(user);
+    const int64_t reads = platform::ClockReads();
+    if (stopRequested)
+        show->Stop();
+    else if (reads >= 2)
+        show->LookAtFrame(reads - 2);
+}
+
+void ShowPlayer::LookAtFrame(int64_t number)
+{
+    if (number == 0) {
+        const double now = progress->Now();
+        timing.loading = now - lastMoment;
+        lastMoment = now;
+    }
+    if (CollectBoxText()) {
+        failed = true;
+        Stop();
+        return;
+    }
+    const bool wanted = schedule.Wants(number);
+    if (wanted && !HandFrame(number)) {
+        failed = true;
+        Stop();
+        return;
+    }
+    if (!wanted) {
+        const double now = progress->Now();
+        timing.skipping += now - lastMoment;
+        lastMoment = now;
+    }
+    progress->Show(number, taken);
+    if (taken == schedule.picks)
+        Stop();
+    else
+        PrepareFrame(number + 1);
+}
+
+bool ShowPlayer::HandFrame(int64_t number)
+{
+    glFinish(); // the reading would wait for the drawing: so the time is told apart, and none is lost
+    const double drawn = progress->Now();
+    std::unique_ptr<Frame> frame(new Frame);
+    frame->number = number;
+    frame->width = width;
+    frame->height = height;
+    frame->pixels.resize(size_t(width) * size_t(height) * 4);
+    glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, frame->pixels.data());
+    const double read = progress->Now();
+    const bool good = sink->Take(std::move(frame));
+    const double handed = progress->Now();
+
+    timing.drawing += drawn - lastMoment;
+    timing.reading += read - drawn;
+    timing.handing += handed - read;
+    lastMoment = handed;
+    if (good)
+        taken++;
+    else
+        error = sink->error;
+    return good;
+}
+
+void ShowPlayer::PrepareFrame(int64_t number)
+{
+    SetDrawing(number + warmUpFrames >= schedule.NextWanted(number));
+}
+
+// Of the current context.
+static void DiscardPrimitives(bool on)
+{
+    if (on)
+        glEnable(GL_RASTERIZER_DISCARD);
+    else
+        glDisable(GL_RASTERIZER_DISCARD);
+}
+
+// Both contexts have the switch, the window's and the off-screen target's.
+void ShowPlayer::SetDrawing(bool on)
+{
+    if (drawing == on)
+        return;
+    drawing = on;
+    DiscardPrimitives(!on);
+    // The way to the target and back sets the band of the picture, which is the show's to set.
+    GLint viewport[4];
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    RenderTarget::Begin();
+    DiscardPrimitives(!on);
+    RenderTarget::End();
+    glViewport(viewport[0], viewport[1], viewport[2], viewport[3]);
+}
+
+} // namespace capture
