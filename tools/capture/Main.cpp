@@ -3,16 +3,19 @@
 // display.
 #include "platform/Paths.h"
 #include "tools/capture/ContactSheet.h"
+#include "tools/capture/Join.h"
 #include "tools/capture/Options.h"
 #include "tools/capture/PngSequence.h"
 #include "tools/capture/Progress.h"
 #include "tools/capture/ShowPlayer.h"
+#include "tools/capture/VideoPipe.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <thread>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace capture;
@@ -20,89 +23,112 @@ using namespace capture;
 static const int exitFailed = 1;
 static const int exitInterrupted = 130;
 
-static const int64_t end = -1;
-
 static void StopShow(int)
 {
     ShowPlayer::RequestStop();
 }
 
-// Ctrl-C, and what a job scheduler sends ahead of killing: both end the capture properly.
+// Ctrl-C, and what a job scheduler sends ahead of killing: the first of each ends the capture properly, the
+// second ends it as ever.
 static void CatchSignals()
 {
     struct sigaction action = {};
     action.sa_handler = StopShow;
+    action.sa_flags = int(SA_RESETHAND);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
     signal(SIGPIPE, SIG_IGN); // a broken pipe is an error of write
 }
 
-static int Complain(const std::string& text)
+static int Complain(const std::string& text, int status = exitFailed)
 {
     for (size_t begin = 0; begin <= text.size();) {
         const size_t stop = std::min(text.find('\n', begin), text.size());
         fprintf(stderr, "marlinex-capture: %s\n", text.substr(begin, stop - begin).c_str());
         begin = stop + 1;
     }
-    return exitFailed;
+    return status;
+}
+
+// Told at once, and not when the show has been loaded. A file that wasn't there isn't there afterwards.
+static bool CanWrite(const std::string& path)
+{
+    const bool there = access(path.c_str(), F_OK) == 0;
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (file < 0)
+        return false;
+    close(file);
+    if (!there)
+        unlink(path.c_str());
+    return true;
 }
 
 static Schedule ScheduleOf(const Options& options, int64_t duration)
 {
-    const int64_t to = options.to == end ? duration : std::min(options.to, duration);
-    Schedule schedule = Schedule::Of(options.rate, options.from, to);
+    const int64_t to = options.to < 0 ? duration : std::min(options.to, duration);
+    const Schedule schedule = Schedule::Of(options.rate, options.from, to);
     if (options.segments > 1)
-        schedule = schedule.Part(options.segment, options.segments);
+        return schedule.Part(options.segment, options.segments);
     if (options.every)
-        schedule = schedule.Every(options.every);
-    else if (options.kind == OutputSheet)
-        schedule = schedule.Spread(options.tiles);
-    return schedule;
+        return schedule.Every(options.every);
+    return options.kind == OutputSheet ? schedule.Spread(options.tiles) : schedule;
 }
 
-static std::unique_ptr<FrameSink> SinkOf(const Options& options, int threads)
+static Encoding EncodingOf(const Options& options)
 {
-    if (options.kind == OutputSheet)
+    Encoding encoding;
+    encoding.output = options.output;
+    encoding.threads = int(options.threads);
+    encoding.more = options.encoder;
+    return encoding;
+}
+
+static std::unique_ptr<FrameSink> SinkOf(const Options& options, MusicTrack* track)
+{
+    switch (options.kind) {
+    case OutputSheet:
         return std::make_unique<ContactSheet>(options.output, int(options.columns), int(options.tileWidth));
-    return std::make_unique<PngSequence>(options.output, threads);
+    case OutputPictures:
+        return std::make_unique<PngSequence>(options.output, int(options.threads));
+    default:
+        return std::make_unique<VideoPipe>(EncodingOf(options), track);
+    }
 }
 
 static void TellTiming(const Timing& timing)
 {
     fprintf(
         stderr,
-        "Time: loading %.1f s, frames left out %.1f s, drawing %.1f s, reading back %.1f s, waiting for the "
+        "time: loading %.1f s, frames left out %.1f s, drawing %.1f s, reading back %.1f s, waiting for the "
         "output %.1f s\n",
         timing.loading, timing.skipping, timing.drawing, timing.reading, timing.handing);
 }
 
-static int Capture(const Options& options)
+static int Join(const Options& options, const Schedule& schedule, MusicTrack* track)
 {
-    if (access(options.script.c_str(), R_OK) != 0) {
-        Complain(options.script + ": " + strerror(errno));
-        return cli::ExitUsage;
-    }
-    ShowPlayer show;
-    if (!show.Load(options.script))
-        return Complain(show.error);
-    if (show.Duration() == 0)
-        return Complain(options.script + ": the script puts nothing on the timeline");
-    const Schedule schedule = ScheduleOf(options, show.Duration());
-    if (schedule.first == schedule.end) {
-        Complain("there is no frame in that part: the show is " + TimeText(show.Duration()) + " long");
-        return cli::ExitUsage;
-    }
+    Encoding encoding = EncodingOf(options);
+    encoding.rate = options.rate;
+    encoding.sound = track != nullptr;
+    std::string error;
+    if (!JoinParts(options.parts, encoding, schedule, track, &error))
+        return Complain(error);
+    if (!options.quiet)
+        fprintf(stderr, "%s: %zu parts joined\n", options.output.c_str(), options.parts.size());
+    return cli::ExitClean;
+}
 
-    const int threads = options.threads ? int(options.threads) : int(std::thread::hardware_concurrency());
-    const std::unique_ptr<FrameSink> sink = SinkOf(options, std::max(threads, 1));
-    if (!sink->Begin(int(options.width), int(options.height), schedule))
+static int Capture(const Options& options, ShowPlayer& show, const Schedule& schedule, MusicTrack* track)
+{
+    const std::unique_ptr<FrameSink> sink = SinkOf(options, track);
+    const int width = int(options.width);
+    const int height = int(options.height);
+    if (!sink->Begin(width, height, schedule))
         return Complain(sink->error);
 
     Progress progress(options.quiet ? nullptr : stderr);
-    progress.Begin(schedule.Pick(schedule.picks - 1) + 1, schedule.picks);
-    CatchSignals();
+    progress.Begin(schedule.Pick(0), schedule.Pick(schedule.picks - 1) + 1, schedule.picks);
     const double start = Progress::Now();
-    const PlayResult result = show.Play(int(options.width), int(options.height), schedule, *sink, progress);
+    const PlayResult result = show.Play(width, height, schedule, *sink, progress);
     const bool finished = sink->Finish();
     const double seconds = Progress::Now() - start;
     progress.Clear();
@@ -120,12 +146,40 @@ static int Capture(const Options& options)
     return result == PlayInterrupted ? exitInterrupted : cli::ExitClean;
 }
 
+static int Run(const Options& options)
+{
+    if (access(options.script.c_str(), R_OK) != 0)
+        return Complain(options.script + ": " + strerror(errno), cli::ExitUsage);
+    if (options.kind != OutputPictures && !CanWrite(options.output))
+        return Complain(options.output + ": " + strerror(errno), cli::ExitUsage);
+
+    ShowPlayer show;
+    if (!show.Load(options.script))
+        return Complain(show.error);
+    if (show.Duration() == 0)
+        return Complain(options.script + ": the script puts nothing on the timeline");
+    const Schedule schedule = ScheduleOf(options, show.Duration());
+    if (schedule.first == schedule.end)
+        return Complain("there is no frame in that part: the show is " + TimeText(show.Duration()) + " long",
+                        cli::ExitUsage);
+
+    // A part has no sound: what compresses sound would leave a gap at each seam.
+    MusicTrack music;
+    if (options.kind == OutputVideo && options.music && options.segments == 1 && !music.Open(options.script))
+        return Complain(music.error);
+    MusicTrack* const track = music.IsSilent() ? nullptr : &music;
+
+    CatchSignals();
+    return options.join ? Join(options, schedule, track) : Capture(options, show, schedule, track);
+}
+
 int main(int argc, char** argv)
 {
-    cli::CommandLine line("marlinex-capture",
-                          "Makes pictures of the show, or of another script's. Frame by frame, "
-                          "none lost; needs no display.",
-                          "[FILE]", OptionTable());
+    cli::CommandLine line(
+        "marlinex-capture",
+        "Makes a video of the show, or of the script FILE, or pictures of it. Frame by frame, none "
+        "lost; needs no display.",
+        "[FILE...]", OptionTable());
     if (!line.Read(argc, argv))
         return line.exitStatus;
     platform::FindDataDirectory();
@@ -134,8 +188,8 @@ int main(int argc, char** argv)
     Options options;
     if (!ReadOptions(line, &options))
         return line.exitStatus;
-    const int status = Capture(options);
+    const int status = Run(options);
     fflush(nullptr);
-    // Effects and sound live to the end of the process and have no order in which they could go.
+    // Effects and GL live to the end of the process and have no order in which they could go.
     _exit(status);
 }

@@ -2,10 +2,13 @@
 #include "tools/capture/Options.h"
 
 #include "platform/Paths.h"
+#include "tools/capture/Encoding.h"
 #include "tools/capture/PngSequence.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
+#include <thread>
 
 namespace capture
 {
@@ -39,6 +42,13 @@ const std::vector<cli::Option>& OptionTable()
         {"tile-width", 0, "PIXELS", "How wide each of them is; 240 unless told."},
         {"segment", 0, "K/N",
          "Make the K-th of N parts; parts are made side by side, by other cores or machines."},
+        {"join", 0, nullptr,
+         "Put the parts FILE... of a video behind one another, as they are, and add the music. The other "
+         "options "
+         "are those that the parts were made with."},
+        {"script", 0, "FILE", "The script, where FILE... are the parts of --join."},
+        {"no-music", 0, nullptr, "Make a silent video."},
+        {"encoder", 0, "ARGUMENTS", "Give ffmpeg further arguments, divided by blanks, such as \"-crf 20\"."},
         {"data", 0, "DIR", "Look for pictures and music in DIR instead of where the show looks."},
         {"threads", 0, "N", "Let the encoder use N threads; as many as there are cores unless told."},
         {"timing", 0, nullptr, "Tell at the end where the time went."},
@@ -100,6 +110,27 @@ static bool ReadTimes(cli::CommandLine& line, Options* options)
     return true;
 }
 
+static bool ReadOperands(cli::CommandLine& line, Options* options)
+{
+    options->join = line.Has("join");
+    options->script = line.Value("script", platform::DataPath("script.txt"));
+    if (options->join) {
+        options->parts = line.operands;
+        if (options->parts.empty())
+            return Refuse(line, "option --join needs the parts, in their order");
+        if (options->kind != OutputVideo)
+            return Refuse(line, "option --join makes a video of videos; numbered pictures need no joining");
+        if (line.Has("segment"))
+            return Refuse(line, "option --join takes all parts, so --segment has no place beside it");
+        return true;
+    }
+    if (line.operands.size() > 1)
+        return Refuse(line, "\"" + line.operands[1] + "\" is one script too many");
+    if (!line.operands.empty())
+        options->script = line.operands[0];
+    return true;
+}
+
 static bool ReadSegment(cli::CommandLine& line, Options* options)
 {
     if (!line.Has("segment"))
@@ -139,9 +170,6 @@ static bool ReadOutput(cli::CommandLine& line, Options* options)
         return Refuse(line,
                       "one PNG file can't hold a show: -o frames/ makes numbered ones, --sheet an overview");
     }
-    if (options->kind == OutputVideo)
-        return Refuse(line,
-                      "-o needs a folder, a pattern or, with --sheet, a PNG file: \"" + path + "\" is none");
     if (options->kind == OutputVideo && line.Has("every"))
         return Refuse(line, "option --every is for pictures: a video has all frames");
     return true;
@@ -151,13 +179,20 @@ bool ReadOptions(cli::CommandLine& line, Options* options)
 {
     options->timing = line.Has("timing");
     options->quiet = line.Has("quiet");
-    if (!ReadOutput(line, options) || !ReadSize(line, options) || !ReadTimes(line, options) ||
-        !ReadSegment(line, options) || !line.WholeNumber("columns", 1, mostTiles, &options->columns) ||
+    if (!ReadOutput(line, options) || !ReadOperands(line, options) || !ReadSize(line, options) ||
+        !ReadTimes(line, options) || !ReadSegment(line, options) ||
+        !line.WholeNumber("columns", 1, mostTiles, &options->columns) ||
         !line.WholeNumber("tiles", 1, mostTiles, &options->tiles) ||
         !line.WholeNumber("tile-width", 1, widestTile, &options->tileWidth) ||
         !line.WholeNumber("threads", 1, mostThreads, &options->threads))
         return false;
-    options->script = line.operands.empty() ? platform::DataPath("script.txt") : line.operands[0];
+    if (options->threads == 0)
+        options->threads = std::max(1u, std::thread::hardware_concurrency());
+    options->music = !line.Has("no-music");
+    options->encoder = line.Value("encoder");
+    if (options->kind == OutputVideo && NeedsEvenSize(options->output) &&
+        (options->width % 2 != 0 || options->height % 2 != 0))
+        return Refuse(line, "an MP4 needs an even width and an even height");
     return true;
 }
 

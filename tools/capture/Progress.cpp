@@ -13,8 +13,8 @@ static const double secondsBetweenBars = 0.1;
 static const int barCells = 24;
 
 Progress::Progress(FILE* newStream)
-    : stream(newStream), terminal(newStream && isatty(fileno(newStream))), frames(0), pictures(0), start(0),
-      lastShown(0), tenths(0), barShown(false)
+    : stream(newStream), terminal(newStream && isatty(fileno(newStream))), first(0), end(0), pictures(0),
+      start(0), lastShown(0), tenths(0), barShown(false)
 {
 }
 
@@ -24,10 +24,11 @@ double Progress::Now()
     return duration<double>(steady_clock::now().time_since_epoch()).count();
 }
 
-void Progress::Begin(int64_t framesToPlay, int64_t picturesToTake)
+void Progress::Begin(int64_t newFirst, int64_t newEnd, int64_t newPictures)
 {
-    frames = framesToPlay;
-    pictures = picturesToTake;
+    first = newFirst;
+    end = newEnd;
+    pictures = newPictures;
     start = Now();
     lastShown = start;
     tenths = 0;
@@ -35,27 +36,50 @@ void Progress::Begin(int64_t framesToPlay, int64_t picturesToTake)
 
 void Progress::Show(int64_t frame, int64_t taken)
 {
-    if (!stream || frames == 0)
+    if (!stream || end == 0)
         return;
+    // Loading ends with frame 0, and playing unseen with the first: how long they took says nothing about the
+    // frames to come.
+    if (frame == 0 || frame == first)
+        start = Now();
+    if (terminal)
+        ShowBar(frame, taken);
+    else
+        ShowTenth(frame, taken);
+}
+
+double Progress::Part(int64_t frame) const
+{
+    if (frame < first)
+        return double(frame + 1) / double(first);
+    return double(frame + 1 - first) / double(end - first);
+}
+
+void Progress::ShowBar(int64_t frame, int64_t taken)
+{
     const double now = Now();
-    if (frame == 0) // the effects have been loaded: what went into that says nothing about the frames to come
-        start = now;
-    if (terminal) {
-        if (now - lastShown < secondsBetweenBars)
-            return;
-        lastShown = now;
-        barShown = true;
-        fprintf(stream, "\r%s %s\033[K", BarText(double(frame + 1) / double(frames), barCells).c_str(),
-                Line(frame, taken, now - start).c_str());
-        fflush(stream);
+    if (now - lastShown < secondsBetweenBars)
+        return;
+    lastShown = now;
+    barShown = true;
+    fprintf(stream, "\r%s %s\033[K", BarText(Part(frame), barCells).c_str(),
+            Line(frame, taken, now - start).c_str());
+    fflush(stream);
+}
+
+void Progress::ShowTenth(int64_t frame, int64_t taken)
+{
+    if (frame < first) {
+        if (frame == 0)
+            fprintf(stream, "playing the %lld frames before the first without drawing\n",
+                    static_cast<long long>(first));
         return;
     }
-    const int reached = int((frame + 1) * 10 / frames);
-    if (reached <= tenths)
+    const int reached = int(Part(frame) * 10);
+    if (reached <= tenths || reached == 10) // the end has its own words
         return;
     tenths = reached;
-    if (tenths < 10) // the end has its own words
-        fprintf(stream, "%s\n", Line(frame, taken, now - start).c_str());
+    fprintf(stream, "%s\n", Line(frame, taken, Now() - start).c_str());
     fflush(stream);
 }
 
@@ -68,14 +92,19 @@ void Progress::Clear()
 
 std::string Progress::Line(int64_t frame, int64_t taken, double seconds) const
 {
-    const int64_t played = frame + 1;
+    const bool unseen = frame < first;
+    const int64_t played = unseen ? frame + 1 : frame + 1 - first;
+    const int64_t all = unseen ? first : end - first;
     const double speed = seconds > 0 ? double(played) / seconds : 0;
     char text[160];
-    snprintf(text, sizeof text, "%3d %%  %lld of %lld frames  %.0f a second", int(played * 100 / frames),
-             static_cast<long long>(taken), static_cast<long long>(pictures), speed);
+    if (unseen)
+        snprintf(text, sizeof text, "%3d %%  of what comes before", int(played * 100 / all));
+    else
+        snprintf(text, sizeof text, "%3d %%  %lld of %lld frames  %.0f a second", int(played * 100 / all),
+                 static_cast<long long>(taken), static_cast<long long>(pictures), speed);
     std::string line = text;
     if (speed > 0)
-        line += "  " + DurationText(double(frames - played) / speed) + " left";
+        line += "  " + DurationText(double(all - played) / speed) + " left";
     return line;
 }
 

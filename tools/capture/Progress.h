@@ -16,25 +16,31 @@ public:
     // Writes to `stream` (borrowed; null: says nothing).
     explicit Progress(FILE* stream);
 
-    // What there is to do: frames to play, from 0 to the last, and pictures to take on the way.
-    void Begin(int64_t framesToPlay, int64_t picturesToTake);
+    // What there is to do: the frames of the show from `first` to the one ahead of `end` are played at full
+    // length, `pictures` of them are taken. Those ahead of `first` are played unseen.
+    void Begin(int64_t first, int64_t end, int64_t pictures);
 
     void Show(int64_t frame, int64_t taken); // behind each frame
     void Clear();                            // takes the bar off, so that other lines can follow
 
     static double Now(); // seconds of a real clock that never goes back
 
-    // What stands on the line: for tests, and for whoever wants it elsewhere. `seconds` since Begin.
+    // What stands on the line: for tests. `seconds` since the first of these frames began.
     std::string Line(int64_t frame, int64_t taken, double seconds) const;
     static std::string BarText(double part, int cells);
     static std::string DurationText(double seconds); // "8 s", "3 min 05 s", "2 h 07 min"
 
 private:
+    void ShowBar(int64_t frame, int64_t taken);
+    void ShowTenth(int64_t frame, int64_t taken);
+    double Part(int64_t frame) const; // of the way, 0 to 1
+
     FILE* stream;
     bool terminal;
-    int64_t frames;
+    int64_t first;
+    int64_t end;
     int64_t pictures;
-    double start;
+    double start; // of the first frame, or of the whole show while that hasn't come
     double lastShown;
     int tenths; // told so far
     bool barShown;

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "tools/capture/Encoding.h"
+
+#include "tools/capture/MusicTrack.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace capture
+{
+
+typedef std::vector<std::string> Words;
+
+// Near to what was drawn: moonlit gradients show bands early.
+static const char* const h264Quality = "16";
+static const char* const aacRate = "256k";
+
+static void Add(Words* words, const Words& more)
+{
+    words->insert(words->end(), more.begin(), more.end());
+}
+
+static bool IsMp4(const std::string& output)
+{
+    const std::string end = std::filesystem::path(output).extension();
+    return end == ".mp4" || end == ".mov" || end == ".m4v";
+}
+
+static bool IsArchive(const std::string& output)
+{
+    return std::filesystem::path(output).extension() == ".mkv";
+}
+
+bool NeedsEvenSize(const std::string& output)
+{
+    return IsMp4(output);
+}
+
+// Frames and samples say themselves what they are, so nothing needs probing.
+static const Words unprobed = {"-probesize", "32", "-analyzeduration", "0"};
+
+static Words SoundInput()
+{
+    Words words = {"-f", "f32le", "-ar", std::to_string(MusicTrack::Rate), "-ac", "2"};
+    Add(&words, unprobed);
+    Add(&words, {"-i", "pipe:3"});
+    return words;
+}
+
+static Words SoundCodec(const std::string& output)
+{
+    if (IsMp4(output))
+        return {"-c:a", "aac", "-b:a", aacRate};
+    if (IsArchive(output))
+        return {"-c:a", "pcm_f32le"};
+    return {};
+}
+
+static Words PictureCodec(const Encoding& encoding)
+{
+    if (IsArchive(encoding.output))
+        return {"-vf", "vflip", "-c:v",      "ffv1", "-level",   "3",
+                "-g",  "1",     "-slicecrc", "1",    "-pix_fmt", "bgr0"};
+    const std::string video = "vflip,scale=flags=bicubic+accurate_rnd+full_chroma_int:out_color_matrix=bt709:"
+                              "out_range=tv,format=yuv420p";
+    Words words = {"-vf",   video,        "-colorspace", "bt709",        "-color_primaries",
+                   "bt709", "-color_trc", "bt709",       "-color_range", "tv"};
+    if (IsMp4(encoding.output))
+        Add(&words, {"-c:v", "libx264", "-preset", "medium", "-crf", h264Quality});
+    return words;
+}
+
+// The end of every command. Without versions and random numbers two runs give the same file.
+static Words Tail(const Encoding& encoding)
+{
+    Words words = {"-threads", std::to_string(encoding.threads),
+                   "-fflags",  "+bitexact",
+                   "-flags:v", "+bitexact",
+                   "-flags:a", "+bitexact"};
+    if (IsMp4(encoding.output))
+        Add(&words, {"-movflags", "+faststart"});
+    size_t begin = 0;
+    while (begin < encoding.more.size()) {
+        const size_t end = std::min(encoding.more.find(' ', begin), encoding.more.size());
+        if (end > begin)
+            words.push_back(encoding.more.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    // "file:" so that no name is taken for an option or an address.
+    words.push_back("file:" + encoding.output);
+    return words;
+}
+
+static Words Head()
+{
+    return {"ffmpeg", "-hide_banner", "-loglevel", "error", "-y"};
+}
+
+Words EncoderCommand(const Encoding& encoding)
+{
+    Words words = Head();
+    Add(&words, {"-f", "rawvideo", "-pixel_format", "rgb0", "-video_size",
+                 std::to_string(encoding.width) + "x" + std::to_string(encoding.height), "-framerate",
+                 std::to_string(encoding.rate.frames) + "/" + std::to_string(encoding.rate.seconds)});
+    Add(&words, unprobed);
+    Add(&words, {"-i", "pipe:0"});
+    if (encoding.sound) {
+        Add(&words, SoundInput());
+        Add(&words, {"-map", "0:v", "-map", "1:a"});
+        Add(&words, SoundCodec(encoding.output));
+    }
+    Add(&words, PictureCodec(encoding));
+    Add(&words, Tail(encoding));
+    return words;
+}
+
+Words JoinCommand(const Encoding& encoding)
+{
+    Words words = Head();
+    Add(&words, {"-f", "concat", "-safe", "0", "-protocol_whitelist", "file,pipe,fd", "-i", "pipe:0"});
+    if (encoding.sound)
+        Add(&words, SoundInput());
+    Add(&words, {"-map", "0:v"});
+    if (encoding.sound) {
+        Add(&words, {"-map", "1:a"});
+        Add(&words, SoundCodec(encoding.output));
+    }
+    Add(&words, {"-c:v", "copy"});
+    Add(&words, Tail(encoding));
+    return words;
+}
+
+std::string JoinList(const std::vector<std::string>& parts)
+{
+    std::string list;
+    for (const std::string& part : parts) {
+        list += "file 'file:";
+        for (char c : std::filesystem::absolute(part).string())
+            list += c == '\'' ? std::string("'\\''") : std::string(1, c);
+        list += "'\n";
+    }
+    return list;
+}
+
+} // namespace capture
