@@ -26,24 +26,28 @@ Canvas Sky4()
     return SkyPart(3);
 }
 
-// A spark: a bright core in a soft dot, on black. It is also the tail of the fish and the fire of the tree.
+// A spark: a bright core in a soft dot, on black. It is also the tail of the fish and the fire of the tree,
+// where dozens of them lie over each other and are added up: the halo is so faint and so red that they burn
+// through rust and ochre before they are white. The core is not quite round.
 Canvas Spark()
 {
     constexpr int Size = 128;
     constexpr float Middle = Size / 2.0f;
+    const Noise ragged(91);
     Canvas canvas(Size, Size, palette::Black);
-    const Mask distance = Mask(Size, Size).Each([](float x, float y) {
-        return Length({x - Middle, y - Middle}) / Middle;
-    });
-    const auto dot = [&](float width) {
+    const auto dot = [&](float width, float uneven) {
         return Mask(Size, Size).Each([&](float x, float y) {
-            const float d = distance.At(Floor(x), Floor(y));
-            return Bell(d / width) * Smooth(0.96f, 0.6f, d);
+            const Vec2 off = {(x - Middle) / Middle, (y - Middle) / Middle};
+            const float d = Length(off);
+            const Vec2 way = Normalised(off);
+            const float own = 1 + uneven * ragged.Fbm(way.x * 2.2f + 3, way.y * 2.2f, 3);
+            return Bell(d / (width * own)) * Smooth(0.96f, 0.5f, d);
         });
     };
-    canvas.Light(dot(0.09f), palette::Bone, 1.2f);
-    canvas.Light(dot(0.22f), Mix(palette::Amber, palette::Bone, 0.3f), 0.30f);
-    canvas.Light(dot(0.48f), palette::Amber, 0.085f);
+    canvas.Light(dot(0.075f, 0.12f), palette::Bone, 1.25f);
+    canvas.Light(dot(0.17f, 0.1f), palette::Amber, 0.24f);
+    canvas.Light(dot(0.32f, 0), Mix(palette::Ochre, palette::Rust, 0.25f), 0.060f);
+    canvas.Light(dot(0.60f, 0), Mix(palette::Rust, palette::Ochre, 0.4f), 0.016f);
     return canvas;
 }
 

@@ -25,83 +25,108 @@ Line Spirograph(Vec2 centre, float ring, float wheel, float pen, int turns)
     return line;
 }
 
+// An opening spiral, from `inner` to `outer` pixels.
+Line Spiral(Vec2 centre, float inner, float outer, float turns, float turned)
+{
+    Line line;
+    const int count = Floor(turns * 180);
+    for (int i = 0; i <= count; ++i) {
+        const float t = static_cast<float>(i) / static_cast<float>(count);
+        const float a = turned + 2 * Pi * turns * t, r = Mix(inner, outer, t);
+        line.push_back(centre + Vec2{Cos(a), Sin(a)} * r);
+    }
+    return line;
+}
+
+// Some twenty of these lie over each other and are added up, the largest overhead, so that of their middle
+// one sees a few thin lines drawn out to soft bands, and of their outer parts a net against the horizon.
+// Lines are thin and few; between them there is next to nothing.
 Canvas SpirographOfLight()
 {
     constexpr int Side = 1024;
     constexpr Vec2 Middle = {512, 512};
-    struct Wheel {
-        float ring, wheel, pen;
-        int turns; // the smallest count that closes the line
+    struct Drawing {
+        Line line;
         float width, strength;
         Colour halo;
     };
+    // Wheels that roll in rings and keep clear of the middle, and a spiral and its cold shadow in it.
     // clang-format off
-    const Wheel Wheels[] = {
-        {440, 440 *  5 / 12.0f, 190,  5, 3.4f, 0.75f, palette::Amber},
-        {400, 400 *  7 / 30.0f, 130,  7, 2.4f, 0.50f, palette::Ochre},
-        {300, 300 * 11 / 26.0f, 100, 11, 2.2f, 0.50f, palette::Amber},
-        {150, 150 *  4 / 15.0f,  62,  4, 2.2f, 0.60f, palette::ColdLight},
-        {476, 476 *  1 / 48.0f,  12,  1, 2.2f, 0.45f, palette::Ochre},
+    const Drawing Drawings[] = {
+        {Spirograph(Middle, 430, 430 *  5 / 19.0f, 150,  5),                 1.6f, 0.10f, palette::Amber},
+        {Spirograph(Middle, 372, 372 *  3 / 16.0f,  52,  3),                 1.4f, 0.075f, palette::Ochre},
+        {Spiral(Middle,  16, 214, 2.6f, 0.0f),                               1.4f, 0.15f, palette::Amber},
+        {Spiral(Middle,  90, 150, 1.2f, 2.4f),                               1.3f, 0.10f, palette::ColdLight},
     };
     // clang-format on
     Canvas canvas(Side, Side, palette::Black);
+    const Noise lift(600);
     uint32_t seed = 601;
-    for (const Wheel& w : Wheels) {
+    for (const Drawing& drawing : Drawings) {
         Mask lines(Side, Side);
         Pen pen(lines, SketchPaper(),
-                {.width = w.width,
-                 .least = 0.4f,
-                 .wobble = 0.8f,
-                 .wave = 90,
-                 .wander = 0.5f,
-                 .skip = 0.05f,
+                {.width = drawing.width,
+                 .least = 0.3f,
+                 .wobble = 1.2f,
+                 .wave = 110,
+                 .wander = 0.8f,
+                 .skip = 0.12f,
                  .dry = 0.1f,
-                 .ink = 0.9f},
-                seed++);
-        pen.Stroke(Spirograph(Middle, w.ring, w.wheel, w.pen, w.turns),
-                   {.start = 0.8f, .middle = 0.9f, .end = 0.8f});
-        GlowAlong(canvas, lines, 16,
-                  {.core = Mix(palette::Bone, w.halo, 0.5f),
-                   .halo = w.halo,
-                   .strength = w.strength,
-                   .haloPart = 0.35f});
+                 .ink = 1},
+                seed);
+        pen.Stroke(drawing.line, {.start = 0.5f, .middle = 0.9f, .end = 0.2f});
+        // The light does not reach all round: it is seen turning.
+        lines.By([&](float x, float y) {
+            return 0.2f +
+                   0.95f * Smooth(-0.35f, 0.45f, lift.Fbm(x / 260 + static_cast<float>(seed), y / 260, 3));
+        });
+        ++seed;
+        GlowAlong(canvas, lines, 12,
+                  {.core = Mix(palette::Bone, drawing.halo, 0.6f),
+                   .halo = drawing.halo,
+                   .strength = drawing.strength,
+                   .haloPart = 0.10f});
     }
     DarkenBorder(canvas, 20);
     return canvas;
 }
 
-// The four faces are cut from one panorama that closes on itself: left, back, right, front.
+// The four faces are cut from one panorama that closes on itself: left, back, right, front. Six boxes of it
+// stand in each other and are added up.
 const Canvas& TowerPanorama()
 {
     static const Canvas panorama = [] {
         constexpr int W = 2048, H = 512;
-        const Noise warp(611, 8, 4), veil(612, 12, 4), thin(613, 16, 8);
+        const Noise warp(611, 8, 4), veil(612, 8, 4), thin(613, 16, 8), rent(615, 6, 4);
         Canvas canvas(W, H, palette::Black);
-        const auto fade = [](float y) { return Smooth(10, 190, y) * Mix(1, 0.35f, Smooth(330, 512, y)); };
+        const auto fade = [](float y) { return Smooth(14, 230, y) * Mix(1, 0.45f, Smooth(330, 512, y)); };
+        // Veils hang in folds, bright at one edge and thinning away from it.
         canvas.Light(Mask(W, H, 0, true).Each([&](float x, float y) {
             const float u = x / W, v = y / H;
-            const float w = 0.7f * warp.Fbm(u * 8, v * 4, 3);
-            return fade(y) * Pow(veil.Ridges(u * 12 + w, v * 2 + 0.5f * w, 4), 2);
+            const float w = 0.9f * warp.Fbm(u * 8, v * 4, 4);
+            const float fold = Pow(veil.Ridges(u * 8 + w, v * 2 + 0.6f * w, 4), 3);
+            const float torn = Smooth(-0.2f, 0.35f, rent.Fbm(u * 6, v * 4, 3));
+            return fade(y) * fold * torn;
         }),
-                     Mix(palette::Slate, palette::Night, 0.3f), 0.65f);
+                     Mix(palette::Slate, palette::Night, 0.3f), 0.34f);
         canvas.Light(Mask(W, H, 0, true).Each([&](float x, float y) {
             const float u = x / W, v = y / H;
             return fade(y) *
-                   Smooth(0.05f, 0.6f, thin.Fbm(u * 16 + 0.4f * warp.Gradient(u * 8, v * 4), v * 2, 5));
+                   Smooth(0.1f, 0.7f, thin.Fbm(u * 16 + 0.5f * warp.Gradient(u * 8, v * 4), v * 2, 5));
         }),
-                     palette::Rust, 0.16f);
-        canvas.Light(Mask(W, H).Each([&](float, float y) { return Bell((H - y) / 130); }), palette::Ochre,
-                     0.035f);
+                     palette::Rust, 0.028f);
+        canvas.Light(Mask(W, H).Each([&](float, float y) { return Bell((H - y) / 110); }),
+                     Mix(palette::Rust, palette::Slate, 0.4f), 0.012f);
         Mask stars(W, H, 0, true);
         Dice dice(614);
-        for (int i = 0; i < 420; ++i) {
+        for (int i = 0; i < 260; ++i) {
             const Vec2 p = {dice.Range(0, W), dice.Range(24, H - 8)};
-            const float light = Pow(dice.Unit(), 4), radius = 0.7f + 0.9f * light;
-            for (int y = Floor(p.y) - 5; y <= Floor(p.y) + 5; ++y)
-                for (int x = Floor(p.x) - 5; x <= Floor(p.x) + 5; ++x)
+            const float light = Pow(dice.Unit(), 5), radius = 0.6f + 0.5f * light;
+            for (int y = Floor(p.y) - 4; y <= Floor(p.y) + 4; ++y)
+                for (int x = Floor(p.x) - 4; x <= Floor(p.x) + 4; ++x)
                     if (y >= 0 && y < H) {
                         float& s = stars.At(Wrap(x, W), y);
-                        s += (0.08f + 0.5f * light) * fade(p.y) *
+                        s += (0.05f + 0.5f * light) * fade(p.y) *
                              Bell(Length({static_cast<float>(x) + 0.5f - p.x,
                                           static_cast<float>(y) + 0.5f - p.y}) /
                                   radius);
@@ -130,23 +155,31 @@ Canvas TowerFront()
     return TowerPanorama().Crop(1536, 0, 512, 512);
 }
 
+// A lamp in the middle, among the towers, throws its light both ways: a narrow waist, and rays that spread
+// and thin out in the haze.
 Canvas Beam()
 {
     constexpr int W = 512, H = 64;
-    const Noise streak(621), mote(622);
+    const Noise ray(621), haze(622), mote(623);
     const Mask shape =
         Mask(W, H)
             .Each([&](float x, float y) {
-                const float across = Abs(y - H / 2.0f) / (H / 2.0f);
-                const float ends = Smooth(2, 70, Min(x, W - x));
-                const float dust =
-                    0.8f + 0.25f * streak.Fbm(x / 120, y / 5, 3) + 0.15f * mote.Gradient(x / 5, y / 5);
-                return Clamp((Bell(across / 0.16f) * 0.6f + Bell(across / 0.42f) * 0.55f) * dust) * ends;
+                const float along = Abs(x - W / 2.0f) / (W / 2.0f), across = (y - H / 2.0f) / (H / 2.0f);
+                const float half = 0.10f + 0.50f * along;
+                const float in = across / half;
+                const float rays =
+                    0.65f + 0.6f * ray.Fbm(in * 4 + (x < W / 2.0f ? 0.0f : 9.0f), along * 1.5f, 4);
+                const float smoke = 0.85f + 0.5f * haze.Fbm(x / 60, y / 22, 4);
+                const float dust = 0.5f * Smooth(0.42f, 0.6f, mote.Gradient(x / 4, y / 4)) * Bell(in / 0.7f);
+                const float thinned = Pow(1 - along, 1.3f) * 0.9f / (0.55f + 1.4f * along);
+                const float core = Bell(in / 0.28f) * (1 - along);
+                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.5f * core) * (1 + dust));
             })
-            .FadeToBorder(8);
+            .FadeToBorder(7);
     Canvas canvas(W, H);
-    canvas.Cover(shape, [](float, float y) {
-        return Mix(palette::Bone, palette::ColdLight, Smooth(0.05f, 0.6f, Abs(y - H / 2.0f) / (H / 2.0f)));
+    canvas.Cover(shape, [](float x, float y) {
+        const float along = Abs(x - W / 2.0f) / (W / 2.0f), across = Abs(y - H / 2.0f) / (H / 2.0f);
+        return Mix(palette::Bone, palette::ColdLight, Clamp(0.7f * across + 0.5f * along));
     });
     return canvas;
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Ploughed land. Every field is a phase, a number that grows by one from furrow to furrow; shade, crest and
-// the strokes of the pen all follow it.
+// Ploughed land. Every field has a phase, a number that grows by one from furrow to furrow; its light and the
+// strokes of the pen follow it.
 #include "art/atelier/Pen.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/town/Town.h"
+
+#include <functional>
+#include <vector>
 
 namespace atelier
 {
@@ -16,66 +19,11 @@ constexpr int Side = 1024;
 
 using Field = std::function<float(float x, float y)>;
 
-struct Soil {
-    std::function<Colour(float x, float y)> earth;
-    Colour shade, crest;
-    float crestOpacity;
-    int strokes;
-    float strokeLength; // pixels
-    bool wraps;
-};
-
 // Where a line of equal phase goes from here. Left and right of it the phase falls and grows.
 Vec2 AlongFurrow(const Field& phase, Vec2 p)
 {
     const Vec2 slope = {phase(p.x + 1, p.y) - phase(p.x - 1, p.y), phase(p.x, p.y + 1) - phase(p.x, p.y - 1)};
     return Normalised({-slope.y, slope.x});
-}
-
-// `open` is 1 where the plough went.
-Canvas Ploughed(const Field& phase, const Mask& open, const Soil& soil, uint32_t seed)
-{
-    const Paper& paper = SketchPaper();
-    Canvas canvas(Side, Side);
-    canvas.Ground(soil.earth);
-    const auto profile = [&](float from, float to, float back) {
-        return Mask(Side, Side, 0, soil.wraps)
-            .Each([&](float x, float y) {
-                const float f = Fraction(phase(x, y));
-                return Smooth(from, to, f) * Smooth(back, to, f);
-            })
-            .Multiply(open);
-    };
-    Wash(canvas, paper, profile(0.0f, 0.25f, 0.6f),
-         {.pigment = soil.shade,
-          .density = 0.75f,
-          .pool = 0.3f,
-          .poolWidth = 3,
-          .granulation = 0.9f,
-          .bloom = 0.7f,
-          .bloomSize = 128,
-          .stray = 2},
-         seed);
-    canvas.Cover(profile(0.6f, 0.82f, 1.0f), soil.crest, soil.crestOpacity);
-    Mask lines(Side, Side, 0, soil.wraps);
-    Pen pen(lines, paper, {.width = 2.6f, .wobble = 1.2f, .wave = 30, .skip = 0.5f, .dry = 0.5f}, seed + 1);
-    Dice dice(seed + 2);
-    for (int i = 0; i < soil.strokes; ++i) {
-        Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
-        const float wanted = soil.strokeLength * dice.Range(0.4f, 1.3f);
-        Line line;
-        for (float s = 0; s < wanted; s += 4) {
-            const int x = Wrap(Floor(p.x), Side), y = Wrap(Floor(p.y), Side);
-            if (open.At(x, y) < 0.5f)
-                break;
-            line.push_back(p);
-            p = p + AlongFurrow(phase, p) * 4;
-        }
-        if (line.size() > 4)
-            pen.Stroke(line, {.start = 0.1f, .middle = dice.Range(0.4f, 1), .end = 0});
-    }
-    canvas.Cover(lines, palette::Ink, 0.72f);
-    return canvas;
 }
 
 void Finish(Canvas& canvas, const Mask& light)
@@ -92,175 +40,373 @@ float SideLight(float beside)
 
 } // namespace
 
+namespace
+{
+
+// ---- The ground of the village, in its own units: X along the way, Z across it, to the right. The field's
+// picture is laid 7 times along 100 units, so its land repeats in X.
+constexpr float Repeat = 100.0f / 7;
+constexpr float FurrowUnits = 0.64f;
+
+// Which furrow, and how far across it. They follow the way and bend a little.
+float VillageFurrow(float X, float Z)
+{
+    static const Noise bend(301, 3, 0), sway(304, 1, 0);
+    const float along = X / Repeat;
+    return Z / FurrowUnits + 0.75f * sway.Gradient(along, Z / 9) + 0.30f * bend.Gradient(along * 3, Z / 3);
+}
+
+// Wet earth at night. The moon stands ahead and lies on the crests; stubble and moss show here and there.
+Colour VillageEarth(float X, float Z)
+{
+    static const Noise tint(302, 4, 0), clod(303, 128, 0), grit(305, 256, 0), wet(306, 5, 0);
+    const float u = X / Repeat;
+    const float t = 0.5f + 0.7f * tint.Fbm(u * 4, Z / 3.6f, 5);
+    Colour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f), Mix(palette::Moss, palette::Slate, 0.35f),
+                       0.85f * Smooth(0.15f, 0.7f, t));
+    earth = Mix(earth, Mix(palette::Ochre, palette::Slate, 0.45f), 0.45f * Smooth(0.55f, 1.0f, t));
+    const float f = Fraction(VillageFurrow(X, Z));
+    const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
+    const float ridge = Smooth(0.12f, 0.48f, f + 0.10f * lump) * Smooth(1.0f, 0.66f, f + 0.10f * lump);
+    const float grain = 1 + 0.42f * grit.Gradient(u * 256, Z / 0.08f) + 0.35f * lump;
+    Colour c = earth * (0.42f + 0.75f * ridge) * grain;
+    c = Mix(c, palette::Mist, 0.20f * Hill(0.62f, 0.16f, f + 0.12f * lump) * Smooth(-0.2f, 0.5f, lump));
+    // Water stands in some furrows.
+    const float pool =
+        Smooth(0.16f, 0.30f, wet.Fbm(u * 5, Z / 5, 3)) * Hill(0.02f, 0.17f, Fraction(f + 0.5f) - 0.5f);
+    return Mix(c, Mix(palette::Mist, palette::Slate, 0.3f), 0.65f * pool);
+}
+
+// The pen goes along the furrows. `place` says where a point of the ground lies on the sheet; strokes start
+// at random points of the given ground and stop where `open` is low.
+void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vec2 low, Vec2 high,
+                  const std::function<Vec2(Vec2)>& place, const std::function<bool(Vec2)>& open)
+{
+    for (int i = 0; i < strokes; ++i) {
+        Vec2 p = {dice.Range(low.x, high.x), dice.Range(low.y, high.y)};
+        // To the shaded side of the ridge, where the shadow is drawn in two or three lines.
+        const float wanted =
+            static_cast<float>(Floor(VillageFurrow(p.x, p.y))) + 0.86f + dice.Range(-0.07f, 0.16f);
+        for (int step = 0; step < 4; ++step)
+            p.y += (wanted - VillageFurrow(p.x, p.y)) * FurrowUnits;
+        const float length = dice.Range(0.6f, 4.2f);
+        Line line;
+        for (float d = 0; d < length; d += 0.06f) {
+            if (!open(p))
+                break;
+            line.push_back(place(p));
+            p.x += 0.06f;
+            p.y += (wanted - VillageFurrow(p.x, p.y)) * FurrowUnits;
+        }
+        if (line.size() > 8)
+            pen.Stroke(line, {.start = 0.1f, .middle = dice.Range(0.35f, 1), .end = 0});
+    }
+}
+
+} // namespace
+
 Canvas FieldTile()
 {
-    constexpr float Furrows = 32;
-    const Noise bend(301, 6, 4), tint(302, 8, 4), clod(303, 128, 64);
-    const Field phase = [&](float x, float y) {
-        return x / Size * Furrows + 0.8f * bend.Fbm(x / Size * 6, y / Size * 4, 2);
+    constexpr float Across = 40;
+    Canvas canvas(Side, Side);
+    const auto toGround = [](float x, float y) {
+        return Vec2{y / Size * Repeat, (x / Size - 0.5f) * Across};
     };
-    Soil soil;
-    soil.earth = [&](float x, float y) {
-        const float t = 0.5f + 0.6f * tint.Fbm(x / Size * 8, y / Size * 4, 4);
-        const float grain = 1 + 0.35f * clod.Gradient(x / Size * 128, y / Size * 64);
-        return Mix(Mix(palette::Slate, palette::Moss, 0.45f), Mix(palette::Ochre, palette::Slate, 0.55f),
-                   Clamp(t)) *
-               (1.05f * grain);
-    };
-    soil.shade = palette::Night;
-    soil.crest = palette::Mist;
-    soil.crestOpacity = 0.28f;
-    soil.strokes = 620;
-    soil.strokeLength = 220;
-    soil.wraps = true;
-    Canvas canvas = Ploughed(phase, Mask(Side, Side, 1, true), soil, 310);
-    // Clods and stubble, drawn long: the picture is laid out nearly three times as wide as it is deep.
+    const auto toSheet = [](Vec2 g) { return Vec2{(g.y / Across + 0.5f) * Size, g.x / Repeat * Size}; };
+    canvas.Ground([&](float x, float y) {
+        const Vec2 g = toGround(x, y);
+        return VillageEarth(g.x, g.y);
+    });
+    Mask lines(Side, Side, 0, true);
+    Pen pen(lines, SketchPaper(), {.width = 3.4f, .wobble = 1.2f, .wave = 40, .skip = 0.5f, .dry = 0.5f},
+            310);
+    Dice dice(311);
+    HatchFurrows(pen, dice, 900, {0, -19}, {Repeat, 19}, toSheet, [](Vec2) { return true; });
+    canvas.Cover(lines, palette::Ink, 0.7f);
+    // Stubble, drawn long: the picture is laid out nearly three times as wide as it is deep.
     Mask stubble(Side, Side, 0, true);
-    Pen pen(stubble, SketchPaper(), {.width = 2.4f, .wobble = 0.4f, .skip = 0.2f}, 311);
-    Dice dice(312);
-    for (int i = 0; i < 900; ++i) {
+    Pen straw(stubble, SketchPaper(), {.width = 2.0f, .wobble = 0.4f, .skip = 0.2f}, 312);
+    for (int i = 0; i < 1500; ++i) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
-        pen.Stroke(Straight({p, p + Vec2{dice.Range(-3, 3), dice.Range(8, 22)}}),
-                   {.start = 0.9f, .middle = 0.7f, .end = 0});
+        const Vec2 g = toGround(p.x, p.y);
+        if (Abs(Fraction(VillageFurrow(g.x, g.y)) - 0.5f) < 0.2f)
+            straw.Stroke(Straight({p, p + Vec2{dice.Range(-3, 3), dice.Range(6, 20)}}),
+                         {.start = 0.9f, .middle = 0.7f, .end = 0});
     }
-    canvas.Cover(stubble, Mix(palette::Parchment, palette::Slate, 0.4f), 0.5f);
-    Finish(canvas, Mask(Side, Side).Each([](float x, float) { return SideLight((x / Size - 0.5f) * 40); }));
+    canvas.Cover(stubble, Mix(palette::Parchment, palette::Slate, 0.35f), 0.38f);
+    Finish(canvas,
+           Mask(Side, Side).Each([](float x, float) { return SideLight((x / Size - 0.5f) * Across); }));
     return canvas;
 }
+
+namespace
+{
+
+// The plaza's paving: rings of setts and slabs about the tree's place, in units from it. The broad ring
+// carries the pillars.
+struct PavingRing {
+    float inner, outer;
+    int count; // stones round it
+    bool slab;
+};
+// clang-format off
+constexpr PavingRing Paving[] = {
+    { 1.45f,  2.90f,  9, true },
+    { 2.90f,  3.45f, 20, false},
+    { 3.45f,  3.98f, 24, false},
+    { 3.98f,  4.52f, 28, false},
+    { 4.52f,  5.06f, 31, false},
+    { 5.06f,  5.60f, 34, false},
+    { 5.60f,  8.40f, 18, true },
+    { 8.40f,  9.00f, 55, false},
+    { 9.00f,  9.62f, 60, false},
+    { 9.62f, 10.26f, 63, false},
+    {10.26f, 10.90f, 68, false},
+    {10.90f, 12.30f, 40, true },
+    {12.30f, 12.95f, 80, false},
+    {12.95f, 13.60f, 84, false},
+    {13.60f, 14.25f, 88, false},
+};
+// clang-format on
+
+struct Stone {
+    bool is;
+    float edge;    // units to its rim
+    uint32_t name; // a random number
+    float toLight; // -1 to 1: the side that looks at the middle is 1
+    bool slab;
+};
+
+Stone StoneAt(float x, float z) // from the plaza's middle
+{
+    static const Noise crooked(324), press(325);
+    const float r = Length({x, z}) + 0.07f * crooked.Gradient(x / 0.9f, z / 0.9f);
+    const float a = Angle({x, z}) / (2 * Pi) + 0.5f;
+    uint32_t ringName = 11;
+    for (const PavingRing& ring : Paving) {
+        ringName = ringName * 1664525u + 1013904223u;
+        if (r < ring.inner || r >= ring.outer)
+            continue;
+        const float middle = (ring.inner + ring.outer) / 2;
+        const float u = a * static_cast<float>(ring.count) + static_cast<float>(ringName >> 16 & 255) / 255 +
+                        0.07f * crooked.Gradient(x / 0.5f + 30, z / 0.5f);
+        const int i = Wrap(Floor(u), ring.count);
+        const float arc = 2 * Pi * middle / static_cast<float>(ring.count);
+        const float fu = Fraction(u), fr = (r - ring.inner) / (ring.outer - ring.inner);
+        const float sideways = Min(fu, 1 - fu) * arc, inward = Min(r - ring.inner, ring.outer - r);
+        // Rounded corners: the two distances meet softly.
+        const float k = ring.slab ? 0.22f : 0.16f;
+        const float edge = Min(Min(sideways, inward), (sideways + inward) - k);
+        const uint32_t name = (static_cast<uint32_t>(i) * 2654435761u) ^ ringName;
+        return {true, edge + 0.03f * press.Gradient(x / 0.18f, z / 0.18f), name * 2246822519u, 1 - 2 * fr,
+                ring.slab};
+    }
+    return {false, 0, 0, 0, false};
+}
+
+} // namespace
 
 Canvas Plaza()
 {
     constexpr float Units = 60, PerUnit = Size / Units, Middle = Size / 2;
-    const Noise bend(321), tint(322), stones(323), worn(324);
-    const auto away = [](float x, float y) { return Length({x - Middle, y - Middle}) / PerUnit; };
-    // A furrow every 1.25 units, as in the field, giving way before the ring.
-    const Field phase = [&](float x, float y) {
-        return y / Size * 48 + 0.8f * bend.Fbm(x / 170, y / 170, 2);
+    constexpr float PlazaX = 64; // where it lies on the way
+    const Noise stones(323), worn(326), soil(327), ash(328);
+    // The picture's top is the right-hand side of the way.
+    const auto fromMiddle = [](float x, float y) {
+        return Vec2{(x - Middle) / PerUnit, (Middle - y) / PerUnit};
     };
-    const Mask open = Mask(Side, Side).Each([&](float x, float y) {
-        return Smooth(13, 14.5f, away(x, y) + 1.3f * worn.Fbm(x / 60, y / 60, 3));
-    });
-    Soil soil;
-    soil.earth = [&](float x, float y) {
-        const float t = 0.5f + 0.6f * tint.Fbm(x / 90, y / 90, 4);
-        const Colour field = Mix(Mix(palette::Slate, palette::Moss, 0.45f),
-                                 Mix(palette::Ochre, palette::Slate, 0.55f), Clamp(t));
-        const Colour trodden = Mix(Mix(palette::Ochre, palette::Slate, 0.6f), palette::Parchment, 0.25f * t);
-        return Mix(field * 1.05f, trodden, Smooth(15, 9, away(x, y)));
-    };
-    soil.shade = palette::Night;
-    soil.crest = palette::Mist;
-    soil.crestOpacity = 0.28f;
-    soil.strokes = 520;
-    soil.strokeLength = 130;
-    soil.wraps = false;
-    Canvas canvas = Ploughed(phase, open, soil, 330);
-    // Stones: three rings of slabs about the tree's place; the middle one carries the pillars.
-    struct Ring {
-        float inner, outer;
-        int count;
-    };
-    // clang-format off
-    constexpr Ring Rings[] = {
-        {1.6f,  2.9f,  9},
-        {5.6f,  8.4f, 18},
-        {10.9f, 12.3f, 40},
-    };
-    // clang-format on
-    Mask slabs(Side, Side), ink(Side, Side), lit(Side, Side);
-    Pen pen(ink, SketchPaper(), {.width = 3, .wobble = 0.9f, .wave = 20, .skip = 0.3f}, 331);
-    Dice dice(332);
-    for (const Ring& ring : Rings)
-        for (int i = 0; i < ring.count; ++i) {
-            const float step = 2 * Pi / static_cast<float>(ring.count);
-            const float from = (static_cast<float>(i) + dice.Range(0.02f, 0.1f)) * step;
-            const float to = (static_cast<float>(i) + dice.Range(0.88f, 0.97f)) * step;
-            const float inner = (ring.inner + dice.Range(0, 0.25f)) * PerUnit,
-                        outer = (ring.outer - dice.Range(0, 0.3f)) * PerUnit;
-            Line outline = Arc({Middle, Middle}, outer, outer, from, to);
-            const Line back = Arc({Middle, Middle}, inner, inner, to, from);
-            outline.insert(outline.end(), back.begin(), back.end());
-            outline.push_back(outline.front());
-            outline = Shaken(outline, 2.2f, 18, dice.Next());
-            slabs.Fill(outline, dice.Range(0.55f, 1));
-            lit.Fill(Beside(Part(outline, 0, 0.3f), 2), 0.6f);
-            pen.Stroke(outline, {.start = 0.8f, .middle = 1, .end = 0.7f});
+    const auto raggedness = [&](Vec2 g) { return 1.5f * worn.Fbm(g.x / 2.6f, g.y / 2.6f, 3); };
+    Canvas canvas(Side, Side);
+    canvas.Ground([&](float x, float y) {
+        const Vec2 g = fromMiddle(x, y);
+        const float r = Length(g);
+        const Colour field = VillageEarth(g.x + PlazaX, g.y);
+        const float t = 0.5f + 0.7f * soil.Fbm(g.x / 2.2f, g.y / 2.2f, 5);
+        const Colour trodden = Mix(Mix(palette::Slate, palette::Ochre, 0.25f),
+                                   Mix(palette::Mist, palette::Parchment, 0.4f), 0.30f * t) *
+                               (0.5f + 0.35f * t);
+        Colour c = Mix(trodden, field, Smooth(12.6f, 14.6f, r + raggedness(g)));
+        const Stone stone = StoneAt(g.x, g.y);
+        if (stone.is) {
+            const float own = static_cast<float>(stone.name >> 8 & 255) / 255;
+            const float lost = static_cast<float>(stone.name >> 16 & 255) / 255;
+            const float there =
+                stone.slab ? 1.0f
+                           : Smooth(lost - 0.1f, lost + 0.1f, 1.2f * (13.9f - r - raggedness(g)) / 1.6f);
+            const float rough = stones.Fbm(g.x / 0.35f, g.y / 0.35f, 4);
+            Colour s = Mix(palette::Slate, Mix(palette::Mist, palette::Parchment, 0.35f),
+                           0.12f + 0.42f * own + 0.3f * rough);
+            s = s * (0.62f + 0.16f * stone.toLight + 0.35f * rough);
+            s = Mix(s, palette::Mist,
+                    0.35f * Hill(0.10f, 0.06f, stone.edge) * Smooth(-0.2f, 0.8f, stone.toLight));
+            const Colour joint = Mix(palette::Ink, palette::Night, 0.4f);
+            s = Mix(joint, s, Smooth(0.015f, 0.075f, stone.edge));
+            c = Mix(c, s, there);
         }
-    canvas.Cover(slabs, [&](float x, float y) {
-        return Mix(palette::Slate, Mix(palette::Mist, palette::Parchment, 0.3f),
-                   Clamp(0.55f + 0.7f * stones.Fbm(x / 24, y / 24, 4)));
+        // The hearth: a round of ash that the fire grows out of.
+        const float hearth = Smooth(1.5f, 1.3f, r + 0.12f * ash.Gradient(g.x / 0.5f, g.y / 0.5f));
+        return Mix(c, Mix(palette::Ink, palette::Slate, 0.25f + 0.35f * ash.Fbm(g.x / 0.4f, g.y / 0.4f, 4)),
+                   hearth);
     });
-    Wash(canvas, SketchPaper(), slabs, {.pigment = palette::Slate, .density = 0.4f, .poolWidth = 6}, 333);
-    Hatch(pen, Mask(slabs).Scale(0.5f), {.angle = 0.7f, .spacing = 9, .length = 26}, 334);
-    canvas.Cover(ink, palette::Ink, 0.9f);
-    canvas.Light(Mask(Side, Side).Each([&](float x, float y) { return Bell(away(x, y) / 9); }, 4),
-                 palette::Amber, 0.05f);
+    Wash(canvas, SketchPaper(), Mask(Side, Side).Each([&](float x, float y) {
+        const Vec2 g = fromMiddle(x, y);
+        return Smooth(0.05f, 0.2f, soil.Fbm(g.x / 5 + 7, g.y / 5, 4)) * Smooth(14.5f, 13, Length(g));
+    }),
+         {.pigment = palette::Slate, .density = 0.5f, .poolWidth = 5}, 330);
+    Mask lines(Side, Side), ink(Side, Side);
+    const auto toSheet = [](Vec2 g) {
+        return Vec2{Middle + (g.x - PlazaX) * PerUnit, Middle - g.y * PerUnit};
+    };
+    Pen plough(lines, SketchPaper(), {.width = 2.0f, .wobble = 0.8f, .wave = 30, .skip = 0.5f, .dry = 0.5f},
+               331);
+    Dice dice(332);
+    HatchFurrows(plough, dice, 2600, {PlazaX - 30, -29}, {PlazaX + 30, 29}, toSheet, [&](Vec2 g) {
+        const Vec2 m = {g.x - PlazaX, g.y};
+        return Length(m) + raggedness(m) > 14.4f;
+    });
+    canvas.Cover(lines, palette::Ink, 0.7f);
+    // The slabs are drawn round with the pen, and shaded a little each its own way.
+    Pen pen(ink, SketchPaper(), {.width = 2.4f, .wobble = 0.8f, .wave = 20, .skip = 0.45f}, 333);
+    for (const PavingRing& ring : Paving)
+        for (const float r : {ring.inner, ring.outer})
+            if (ring.slab)
+                for (int i = 0; i < ring.count; ++i) {
+                    const float a = 2 * Pi * (static_cast<float>(i) + dice.Range(0, 0.5f)) /
+                                    static_cast<float>(ring.count);
+                    pen.Stroke(
+                        Shaken(Arc({Middle, Middle}, r * PerUnit, r * PerUnit, a,
+                                   a + dice.Range(0.6f, 1.3f) * 2 * Pi / static_cast<float>(ring.count)),
+                               1.2f, 16, dice.Next()),
+                        {.start = 0.3f, .middle = 1, .end = 0.1f});
+                }
+    Mask shade = Mask(Side, Side).Each([&](float x, float y) {
+        const Vec2 g = fromMiddle(x, y);
+        const Stone stone = StoneAt(g.x, g.y);
+        const float own = static_cast<float>(stone.name >> 20 & 255) / 255;
+        return stone.is && stone.slab ? 0.7f * Smooth(0.45f, 0.95f, own) * Smooth(0.02f, 0.15f, stone.edge)
+                                      : 0.0f;
+    });
+    pen.nib.width = 1.8f;
+    Hatch(pen, shade, {.angle = 0.7f, .spacing = 6, .length = 22}, 334);
+    canvas.Cover(ink, palette::Ink, 0.85f);
+    // Embers in the joints about the hearth.
+    const Mask embers = Mask(Side, Side).Each([&](float x, float y) {
+        const Vec2 g = fromMiddle(x, y);
+        const float r = Length(g);
+        const Stone stone = StoneAt(g.x, g.y);
+        const float joint = stone.is ? Smooth(0.09f, 0.0f, stone.edge) : r < 1.45f ? 0.5f : 0.0f;
+        return joint * Bell(r / 3.2f) * Smooth(-0.3f, 0.4f, ash.Fbm(g.x / 0.7f, g.y / 0.7f, 4));
+    });
+    canvas.Light(embers, palette::Amber, 0.85f);
+    canvas.Light(embers.Blurred(9), palette::Ochre, 0.8f);
     Finish(canvas, Mask(Side, Side).Each([&](float x, float y) {
-        const float beside = SideLight((y - Middle) / PerUnit);
-        const float round = Smooth(29, 15, away(x, y));
+        const Vec2 g = fromMiddle(x, y);
+        const float beside = SideLight(g.y);
+        const float round = Smooth(29, 14, Length(g));
         return Max(round, beside * Smooth(0.55f, 0.2f, x / Size));
     }));
     return canvas;
 }
 
+// Seen from above and from near: each patch ploughed its own way, in pen strokes over a wash, with hedges and
+// ditches between them, a pond, and paths that lead to the tree in the middle.
 Canvas FieldOfTheNames()
 {
-    // Patches of land as the seed points' neighbourhoods, each ploughed its own way.
-    const Noise land(341), bend(342), tint(343);
-    constexpr float Patch = 250;
+    const Noise land(341), bend(342), tint(343), clod(344), lost(345), bush(346);
+    constexpr float Patch = 215;
+    const Paper& paper = SketchPaper();
     const auto cellAt = [&](float x, float y) {
-        const Vec2 p = land.Warp(x / Patch, y / Patch, 0.09f, 2);
+        const Vec2 p = land.Warp(x / Patch + 0.35f, y / Patch + 0.2f, 0.10f, 2);
         return land.Worley(p.x, p.y);
     };
     std::vector<uint32_t> names(static_cast<size_t>(Side) * Side);
-    Mask open(Side, Side);
-    open.Each([&](float x, float y) {
+    Mask between(Side, Side); // 1 on the borders of the patches
+    between.Each([&](float x, float y) {
         const Noise::Cell cell = cellAt(x, y);
         names[static_cast<size_t>(Floor(y)) * Side + static_cast<size_t>(Floor(x))] = cell.name;
-        return Smooth(0.02f, 0.05f, cell.second - cell.nearest);
+        return Smooth(0.050f, 0.022f, cell.second - cell.nearest);
     });
     const auto nameAt = [&](float x, float y) {
         const int i = Floor(Clamp(x, 0, Size - 1)), j = Floor(Clamp(y, 0, Size - 1));
         return names[static_cast<size_t>(j) * Side + static_cast<size_t>(i)];
     };
+    const auto kindOf = [](uint32_t name) { return static_cast<float>(name >> 18 & 255) / 255; };
     const Field phase = [&](float x, float y) {
         const uint32_t name = nameAt(x, y);
         const float turn = static_cast<float>(name & 1023) / 1024 * Pi;
-        const float spacing = 15 + 9 * static_cast<float>(name >> 10 & 255) / 255;
-        return (x * Cos(turn) + y * Sin(turn)) / spacing + 0.9f * bend.Fbm(x / 200, y / 200, 2);
+        const float spacing = 8.5f + 4.5f * static_cast<float>(name >> 10 & 255) / 255;
+        return (x * Cos(turn) + y * Sin(turn)) / spacing + 0.8f * bend.Fbm(x / 150, y / 150, 2);
     };
-    Soil soil;
-    soil.earth = [&](float x, float y) {
+    Canvas canvas(Side, Side);
+    canvas.Ground([&](float x, float y) {
         const uint32_t name = nameAt(x, y);
-        const float t = 0.5f + 0.5f * tint.Fbm(x / 110, y / 110, 4);
-        const float kind = static_cast<float>(name >> 18 & 255) / 255;
-        const Colour earth = kind < 0.25f  ? Mix(palette::Moss, palette::Ochre, 0.35f)
-                             : kind < 0.6f ? Mix(palette::Rust, palette::Ochre, 0.55f)
-                                           : Mix(palette::Ochre, palette::Parchment, 0.35f);
-        return earth * (0.55f + 0.35f * t);
-    };
-    soil.shade = Mix(palette::Rust, palette::Night, 0.6f);
-    soil.crest = palette::Parchment;
-    soil.crestOpacity = 0.24f;
-    soil.strokes = 1300;
-    soil.strokeLength = 120;
-    soil.wraps = false;
-    Canvas canvas = Ploughed(phase, open, soil, 350);
-    // Ditches and hedges between them.
-    Mask ditch = Mask(open).Invert();
-    canvas.Cover(ditch, Mix(palette::Moss, palette::Ink, 0.45f), 0.75f);
-    Mask hedge(Side, Side);
-    Pen pen(hedge, SketchPaper(), {.width = 3}, 351);
+        const float kind = kindOf(name), t = 0.5f + 0.65f * tint.Fbm(x / 95, y / 95, 5);
+        const Colour earth = kind < 0.22f   ? Mix(palette::Moss, palette::Ochre, 0.35f * t)
+                             : kind < 0.45f ? Mix(palette::Rust, palette::Ochre, 0.35f + 0.3f * t)
+                             : kind < 0.75f ? Mix(palette::Ochre, palette::Rust, 0.25f * t)
+                                            : Mix(palette::Ochre, palette::Parchment, 0.5f * t);
+        const float grain = 1 + 0.22f * clod.Fbm(x / 7, y / 7, 3);
+        const float ridge = 0.5f + 0.5f * Sin(2 * Pi * phase(x, y));
+        return earth * (0.38f + 0.34f * t + 0.17f * ridge) * grain;
+    });
+    // Where the wash was wet it pooled and dried in shores.
+    Wash(canvas, paper, Mask(Side, Side).Each([&](float x, float y) {
+        return Smooth(-0.02f, 0.12f, lost.Fbm(x / 170, y / 170, 4));
+    }),
+         {.pigment = Mix(palette::Rust, palette::Slate, 0.35f),
+          .density = 0.22f,
+          .pool = 1.4f,
+          .poolWidth = 6,
+          .stray = 5},
+         349);
+    Mask lines(Side, Side), light(Side, Side);
+    Pen pen(lines, paper, {.width = 2.5f, .wobble = 0.8f, .wave = 26, .skip = 0.55f, .dry = 0.6f}, 350);
+    Pen chalk(light, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 26, .skip = 0.6f, .dry = 0.9f}, 351);
     Dice dice(352);
-    for (int i = 0; i < 9000; ++i) {
-        const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
-        if (ditch.Sample(p.x, p.y) > 0.6f && dice.Chance(0.6f))
-            pen.Splatter(p, 7, 4, 3.2f);
+    for (int i = 0; i < 5200; ++i) {
+        Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
+        const bool bright = i % 4 == 0;
+        // Onto the furrow, then along it to the border of the patch.
+        const float wanted =
+            static_cast<float>(Floor(phase(p.x, p.y))) + (bright ? 0.27f : 0.75f) + dice.Range(-0.08f, 0.08f);
+        const uint32_t name = nameAt(p.x, p.y);
+        const Vec2 way = AlongFurrow(phase, p), over = {way.y, -way.x};
+        const float slope = phase(p.x + over.x, p.y + over.y) - phase(p.x, p.y);
+        if (Abs(slope) < 0.02f)
+            continue;
+        p = p + over * ((wanted - phase(p.x, p.y)) / slope);
+        const float length = dice.Range(20, 120);
+        Line line;
+        for (float d = 0; d < length; d += 3) {
+            if (p.x < 1 || p.y < 1 || p.x > Size - 2 || p.y > Size - 2 || nameAt(p.x, p.y) != name ||
+                between.Sample(p.x, p.y) > 0.4f)
+                break;
+            line.push_back(p);
+            p = p + AlongFurrow(phase, p) * 3;
+        }
+        if (line.size() > 5)
+            (bright ? chalk : pen).Stroke(line, {.start = 0.15f, .middle = dice.Range(0.4f, 1), .end = 0});
     }
-    canvas.Cover(hedge, palette::Ink, 0.85f);
+    canvas.Cover(light, palette::Parchment, 0.42f);
+    canvas.Cover(lines, Mix(palette::Ink, palette::Rust, 0.25f), 0.72f);
+    // Ditches, and hedges along some of them.
+    canvas.Cover(Mask(between).Blur(1.2f), Mix(palette::Moss, palette::Ink, 0.55f), 0.7f);
+    Mask hedge(Side, Side), lit(Side, Side);
+    Pen leaf(hedge, paper, {.width = 3}, 353), top(lit, paper, {.width = 2}, 354);
+    for (int i = 0; i < 26000; ++i) {
+        const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
+        if (between.Sample(p.x, p.y) < 0.3f || bush.Fbm(p.x / 60, p.y / 60, 2) < -0.12f)
+            continue;
+        leaf.Dot(p + Vec2{dice.Range(-5, 5), dice.Range(-5, 5)}, dice.Range(1.2f, 4.2f));
+        if (dice.Chance(0.4f))
+            top.Dot(p + Vec2{dice.Range(-4, 4), dice.Range(-6, 2)}, dice.Range(0.7f, 1.7f));
+    }
+    canvas.Cover(hedge, Mix(palette::Ink, palette::Moss, 0.25f), 0.85f);
+    canvas.Cover(lit, Mix(palette::Moss, palette::Parchment, 0.25f), 0.55f);
     // The land is lost in the dark towards the border, so that the square's edge is not seen.
-    Finish(canvas, Mask(Side, Side).Each([](float x, float y) {
-        return Smooth(1, 0.5f, Length({x - Size / 2, y - Size / 2}) / (Size / 2));
+    Finish(canvas, Mask(Side, Side).Each([&](float x, float y) {
+        const float r = Length({x - Size / 2, y - Size / 2}) / (Size / 2);
+        return Smooth(0.99f, 0.5f, r + 0.08f * lost.Fbm(x / 130, y / 130, 4)) * (r < 0.985f ? 1.0f : 0.0f);
     }));
     return canvas;
 }

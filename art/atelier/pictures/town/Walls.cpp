@@ -5,6 +5,8 @@
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/town/Town.h"
 
+#include <vector>
+
 namespace atelier
 {
 
@@ -159,100 +161,197 @@ Canvas HouseWalls()
     return canvas;
 }
 
+namespace
+{
+
+// The rows of feathers on the towers. They are laid from the foot up, smaller below: seen from the ground a
+// tower grows towards its head.
+struct FeatherRows {
+    std::vector<float> top, length; // pixels
+};
+
+FeatherRows RowsOfFeathers()
+{
+    FeatherRows rows;
+    for (float y = WallTop - 130; y < WallFoot + 60;) {
+        const float step = Mix(46, 17, Clamp((y - WallTop) / (WallFoot - WallTop)));
+        rows.top.push_back(y);
+        rows.length.push_back(step * 2.3f);
+        y += step;
+    }
+    return rows;
+}
+
+// The outline of a feather: how far down it reaches, in its lengths, beside its shaft (u from -1 to 1).
+float FeatherEdge(float u)
+{
+    return 1 - 0.34f * u * u - 0.12f * Pow(Abs(u), 6);
+}
+
+} // namespace
+
+// A tower is a pheasant turned to stone: a dark head, a pale ring, a breast of copper scales, and the barred
+// tail, which goes over into masonry and stands in the dark.
 Canvas TowerWalls()
 {
-    // Feathers hang like shingles, each row over the one below; across they fit sixteen times, so that the
-    // walls join.
-    constexpr float Wide = 64, Row = 44, Length_ = 104;
+    constexpr int Columns = 16; // round the tower, so that the walls join
+    constexpr float Wide = Size / Columns;
     const Paper& paper = SketchPaper();
-    const Noise barb(521, 256, 64), age(522, 8, 8), chip(523, 64, 64);
+    const Noise barb(521, 256, 64), age(522, 8, 8), chip(523, 96, 96), zone(527, 8, 4), sway(528, 16, 8);
+    const FeatherRows rows = RowsOfFeathers();
     struct Place {
         float u, v; // across -1 to 1, along 0 to 1 at the tip
         int row, column;
     };
+    const auto shift = [&](int row) {
+        return (row % 2 == 0 ? 0.0f : 0.5f) + 0.16f * sway.Value(0.5f, static_cast<float>(row) + 0.5f);
+    };
+    const auto reach = [&](int row, int column) { // of its length: no two alike
+        return 0.86f + 0.14f * sway.Value(static_cast<float>(column) + 0.5f, static_cast<float>(row) * 1.7f);
+    };
     const auto feather = [&](float x, float y) {
-        const int last = Floor(y / Row);
-        for (int row = last - 2; row <= last; ++row) {
-            const float shifted = x / Wide + (row % 2 == 0 ? 0.0f : 0.5f);
+        const float bent = x + 5 * sway.Fbm(x / Size * 16, y / Size * 8, 2);
+        Place place = {0, 0, 0, 0};
+        for (int row = 0; row < static_cast<int>(rows.top.size()); ++row) {
+            const size_t i = static_cast<size_t>(row);
+            if (y < rows.top[i] || y > rows.top[i] + rows.length[i])
+                continue;
+            const float shifted = bent / Wide + shift(row);
             const int column = Floor(shifted);
             const float u = (shifted - static_cast<float>(column)) * 2 - 1;
-            const float v = (y - static_cast<float>(row) * Row) / Length_;
-            if (v <= 1 - 0.36f * u * u - 0.10f * Pow(Abs(u), 6))
-                return Place{u, v, row, Wrap(column, 16)};
+            const float v = (y - rows.top[i]) / (rows.length[i] * reach(row, Wrap(column, Columns)));
+            if (v <= FeatherEdge(u))
+                return Place{u, v, row, Wrap(column, Columns)};
         }
-        return Place{0, 0, last, 0};
+        return place;
+    };
+    // Feathers that fell: the wall shows behind them.
+    const auto fallen = [&](const Place& f) {
+        const uint32_t name = static_cast<uint32_t>(f.row * 37 + f.column * 101) * 2654435761u;
+        return (name >> 9 & 255) < 20;
+    };
+    const auto height = [&](float x, float y) { // 0 at the head, 1 at the foot; its borders are not level
+        return (y - WallTop) / (WallFoot - WallTop) + 0.05f * zone.Fbm(x / Size * 8, y / Size * 4, 3);
     };
     Canvas canvas(Side, Side);
     canvas.Ground([&](float x, float y) {
         const Place f = feather(x, y);
-        const float tip = 1 - 0.36f * f.u * f.u - 0.10f * Pow(Abs(f.u), 6) - f.v; // to the edge, in lengths
-        const uint32_t name = static_cast<uint32_t>(f.row * 16 + f.column) * 2654435761u;
+        const float tip = FeatherEdge(f.u) - f.v; // to the edge, in lengths
+        const uint32_t name = static_cast<uint32_t>(f.row * Columns + f.column) * 2654435761u;
         const float own = static_cast<float>(name >> 12 & 255) / 255;
+        const float h = height(x, y);
+        const Colour stone = Mix(palette::Slate, palette::Mist, 0.15f + 0.35f * own);
+        if (fallen(f))
+            return stone * (0.35f + 0.25f * age.Fbm(x / Size * 64, y / Size * 64, 3));
         // Barbs run from the shaft outwards and down.
-        const float comb = barb.Value((f.v * 60 - Abs(f.u) * 16) * 0.8f, static_cast<float>(f.column) + 0.5f);
-        const Colour stone = Mix(palette::Slate, palette::Mist, 0.25f + 0.3f * own);
-        Colour c = Mix(Mix(palette::Rust, palette::Ochre, 0.25f + 0.5f * own), stone, 0.25f + 0.35f * own);
-        c = c * (0.62f + 0.5f * comb);
-        c = Mix(c, palette::Amber * 0.9f, Hill(0.17f, 0.07f, tip) * 0.85f);
-        c = Mix(c, palette::Ink, Hill(0.085f, 0.055f, tip) * 0.9f);
-        c = Mix(c, stone * 1.15f, Smooth(0.06f, 0.0f, tip));
-        // The eye, and the shaft that ends in it.
-        const float eye = Length({f.u * 0.72f, (f.v - 0.66f) * 2.2f});
-        c = Mix(c, palette::Ink, Smooth(0.25f, 0.21f, eye));
-        c = Mix(c, Mix(palette::Mist, palette::ColdLight, 0.3f) * 0.9f, Smooth(0.14f, 0.10f, eye));
-        c = Mix(c, palette::Parchment, 0.8f * Smooth(0.06f, 0.03f, Abs(f.u)) * Smooth(0.62f, 0.5f, f.v));
-        // Set in courses like stone: light on the shoulder, a dark joint below each edge.
-        const float above = Smooth(0.30f, 0.0f, 1 - Max(Abs(f.u), 0.0f));
-        c = c * (1.08f - 0.45f * above);
-        const float under = Smooth(0.62f, 0.44f, f.v); // lies in the shade of the row above
-        c = c * (1 - 0.6f * under);
-        const float worn = 0.5f + 0.6f * age.Fbm(x / Size * 8, y / Size * 8, 4);
-        c = Mix(c, stone * 0.7f, 0.4f * Clamp(worn));
-        return Mix(c, palette::Slate * 0.6f,
-                   Smooth(0.45f, 0.6f, chip.Gradient(x / Size * 64, y / Size * 64)) * 0.7f);
+        const float comb = barb.Value((f.v * 46 - Abs(f.u) * 13) * 0.8f, static_cast<float>(f.column) + 0.5f);
+        const Colour head = Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
+        const Colour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
+        const Colour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
+        const Colour tail =
+            Mix(Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Slate, 0.3f * own) * 0.8f;
+        const float isRing = Smooth(0.10f, 0.12f, h) * Smooth(0.19f, 0.17f, h);
+        const float isCopper = Smooth(0.17f, 0.19f, h), isTail = Smooth(0.52f, 0.68f, h);
+        Colour c = Mix(Mix(Mix(head, copper, isCopper), tail, isTail), ring, isRing);
+        c = c * (0.70f + 0.42f * comb);
+        // The head's scales shine cold, the breast's glow before their dark hem, the tail is barred.
+        const float hem = Hill(0.13f, 0.085f, tip);
+        c = Mix(c, Mix(palette::Mist, palette::ColdLight, 0.35f),
+                0.35f * hem * (1 - isCopper) * (1 - isRing));
+        c = Mix(c, palette::Amber,
+                0.75f * Hill(0.24f, 0.12f, tip) * isCopper * (1 - isTail) * (0.35f + 0.65f * own));
+        c = Mix(c, palette::Ink, 0.85f * Hill(0.09f, 0.08f, tip) * isCopper * (1 - 0.6f * isTail));
+        const float bar = Fraction(f.v * 3.4f + 0.25f * Abs(f.u));
+        c = Mix(c, Mix(palette::Ink, palette::Rust, 0.3f),
+                0.75f * isTail * Smooth(0.55f, 0.62f, bar) * Smooth(1, 0.9f, bar));
+        // The shaft.
+        c = Mix(c, palette::Parchment,
+                0.5f * Smooth(0.08f, 0.03f, Abs(f.u)) * Smooth(0.72f, 0.5f, f.v) * (1 - isRing));
+        // Rounded like a slate, and in the shade of the row above it.
+        c = c * (1.05f - 0.35f * f.u * f.u + 0.18f * f.u);
+        c = c * (1 - 0.72f * Smooth(0.60f, 0.36f, f.v));
+        // Weather: bare stone comes through, more of it towards the foot.
+        const float worn = age.Fbm(x / Size * 8, y / Size * 8, 5) + 0.45f * h - 0.2f;
+        c = Mix(c, stone * (0.75f + 0.3f * comb), 0.8f * Smooth(0.05f, 0.32f, worn));
+        return Mix(c, palette::Ink, 0.6f * Smooth(0.50f, 0.66f, chip.Gradient(x / Size * 96, y / Size * 96)));
     });
+    // Rain has drawn the dark down, moss sits in the wet.
+    const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return Smooth(0.10f, 0.42f, age.Fbm(x / Size * 32 + 3, y / Size * 8, 4));
+    });
+    Wash(canvas, paper, stains,
+         {.pigment = Mix(palette::Slate, palette::Ink, 0.3f), .density = 0.55f, .stray = 3}, 529);
     Mask ink(Side, Side, 0, true);
-    Pen pen(ink, paper, {.width = 3.4f, .wobble = 1, .wave = 22, .skip = 0.35f}, 524);
-    for (int row = -2; row < 24; ++row)
-        for (int column = 0; column < 16; ++column) {
-            const float x = (static_cast<float>(column) + (row % 2 == 0 ? 0.5f : 0.0f)) * Wide,
-                        y = static_cast<float>(row) * Row;
-            const float h = Wide / 2;
+    Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
+    for (size_t row = 0; row < rows.top.size(); ++row) {
+        pen.nib.width = 1.6f + rows.length[row] * 0.018f;
+        for (int column = 0; column < Columns; ++column) {
+            const float x = (static_cast<float>(column) + 0.5f - shift(static_cast<int>(row))) * Wide;
+            const float l = rows.length[row] * reach(static_cast<int>(row), column);
             Line edge;
             for (int i = -12; i <= 12; ++i) {
-                const float u = static_cast<float>(i) / 12;
-                edge.push_back({x + u * h, y + Length_ * (1 - 0.36f * u * u - 0.10f * Pow(Abs(u), 6))});
+                const float u = static_cast<float>(i) / 12, ey = rows.top[row] + l * FeatherEdge(u);
+                const float ex = x + u * Wide / 2;
+                edge.push_back({ex - 5 * sway.Fbm(ex / Size * 16, ey / Size * 8, 2), ey});
             }
-            pen.Stroke(edge, {.start = 0.3f, .middle = 1, .end = 0.15f});
+            pen.Stroke(edge, {.start = 0.25f, .middle = 1, .end = 0.1f});
+            if (column % 3 == static_cast<int>(row) % 3)
+                pen.Stroke(Through({edge[12] - Vec2{0, l * 0.18f}, edge[12] - Vec2{1, l * 0.5f}}),
+                           {.start = 0.1f, .middle = 0.6f, .end = 0});
         }
+    }
     canvas.Cover(ink, palette::Ink, 0.85f);
-    // Corner stones down the edges of the walls.
-    Mask corner(Side, Side, 0, true);
-    Mask joints(Side, Side, 0, true);
-    Pen mason(joints, paper, {.width = 3.2f, .wobble = 0.9f, .wave = 26, .skip = 0.3f}, 525);
-    Dice dice(526);
-    for (int wall = 0; wall < 4; ++wall)
-        for (int i = 0; i < 16; ++i) {
-            const float x = WallWidth * static_cast<float>(wall), y = WallTop + 32 * static_cast<float>(i);
-            const float half = (i % 2 == 0 ? 22 : 13) + dice.Range(-2, 2);
-            const Line block = Shaken(Straight({{x - half, y + 2},
-                                                {x + half, y + 2},
-                                                {x + half, y + 30},
-                                                {x - half, y + 30},
-                                                {x - half, y + 2}}),
-                                      1.6f, 14, dice.Next());
-            corner.Fill(block, dice.Range(0.75f, 1));
-            mason.Stroke(block, {.start = 0.9f, .middle = 1, .end = 0.8f});
-        }
-    canvas.Cover(corner, [&](float x, float y) {
-        return Mix(palette::Slate, palette::Mist,
-                   Clamp(0.35f + 0.8f * age.Fbm(x / Size * 32, y / Size * 32, 4)));
-    });
-    canvas.Cover(joints, palette::Ink, 0.9f);
-    // The foot stands in the dark.
+    // Somebody is up there: a few slits with light in them, each with its sill.
+    struct Slit {
+        float x, y, high; // pixels, the foot's middle
+    };
+    // clang-format off
+    constexpr Slit Slits[] = {
+        {  92, 428, 17}, { 171, 566, 13},
+        { 352, 372, 18}, { 420, 492, 15}, { 330, 622, 11},
+        { 612, 452, 17}, { 650, 540, 13},
+        { 884, 392, 18}, { 836, 512, 14}, { 930, 596, 12},
+    };
+    // clang-format on
+    Mask reveal(Side, Side), light(Side, Side), sill(Side, Side);
+    Pen mason(sill, paper, {.width = 3, .wobble = 0.6f, .skip = 0.1f}, 525);
+    for (const Slit& s : Slits) {
+        const auto arch = [&](float half, float high) {
+            return Through({{s.x - half, s.y},
+                            {s.x - half, s.y - high * 0.75f},
+                            {s.x, s.y - high},
+                            {s.x + half, s.y - high * 0.75f},
+                            {s.x + half, s.y}});
+        };
+        const float half = s.high * 0.36f;
+        reveal.Fill(arch(half + 3.5f, s.high + 3));
+        light.Fill(arch(half, s.high));
+        mason.Stroke(arch(half + 4, s.high + 4), {.start = 0.8f, .middle = 1, .end = 0.7f});
+        mason.Stroke(Straight({{s.x - half - 6, s.y + 2}, {s.x + half + 6, s.y + 2}}),
+                     {.start = 1, .middle = 1, .end = 0.8f});
+    }
+    canvas.Cover(reveal, palette::Ink, 0.9f);
+    canvas.Cover(sill, Mix(palette::Mist, palette::Slate, 0.4f), 0.8f);
+    canvas.Light(light.Blurred(16), palette::Ochre, 0.5f);
+    canvas.Cover(light.Blur(0.7f), Mix(palette::Amber, palette::Ochre, 0.2f));
+    // The corners: an edge that the weather rubbed pale, with a dark joint beside it here and there.
+    Mask rubbed(Side, Side, 0, true), joint(Side, Side, 0, true);
+    DryBrush edge(rubbed, paper, {.width = 9, .count = 7, .thickness = 1.5f, .load = 0.55f, .wave = 26}, 526);
+    Pen crack(joint, paper, {.width = 2.6f, .wobble = 1.5f, .wave = 18, .skip = 0.6f}, 530);
+    for (int wall = 0; wall < 4; ++wall) {
+        const float x = WallWidth * static_cast<float>(wall);
+        edge.Stroke(Straight({{x, WallTop - 8}, {x, WallFoot + 8}}), 0.9f);
+        crack.Stroke(Straight({{x - 5, WallTop}, {x - 5, WallFoot}}),
+                     {.start = 0.6f, .middle = 0.8f, .end = 0.6f});
+        crack.Stroke(Straight({{x + 6, WallTop}, {x + 6, WallFoot}}),
+                     {.start = 0.6f, .middle = 0.7f, .end = 0.6f});
+    }
+    canvas.Cover(joint, palette::Ink, 0.8f);
+    canvas.Cover(rubbed, Mix(palette::Mist, palette::Parchment, 0.4f), 0.55f);
+    // The foot stands in the dark, the head against the sky.
     canvas.Tone(
-        Mask(Side, Side).Each([](float, float y) { return Smooth(WallFoot + 60, WallFoot - 190, y); }, 4),
-        0.35f, 1);
+        Mask(Side, Side).Each([](float, float y) { return Smooth(WallFoot + 20, WallTop + 150, y); }, 4),
+        0.16f, 1);
     paper.Show(canvas, 0.6f);
     return canvas;
 }
