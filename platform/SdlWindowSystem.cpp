@@ -181,6 +181,8 @@ static ContextHandle CreateContext(DeviceContext device, ContextHandle share)
 
 static bool MakeCurrent(DeviceContext device, ContextHandle context)
 {
+    if (device && device != shownWindow) // it is gone, and SDL would look into its memory
+        return false;
     return SDL_GL_MakeCurrent(static_cast<SDL_Window*>(device), context) == 0;
 }
 

@@ -1,0 +1,625 @@
+// SPDX-License-Identifier: MIT
+// The off-screen target on a real driver: what reaches it, what leaves it, what it looks like.
+#include "display/RenderTarget.h"
+
+#include "platform/Events.h"
+#include "resources/GLSLShader.h"
+#include "tests/support/picture/PictureFixture.h"
+
+#include <GL/glew.h>
+
+#include <GL/glu.h>
+
+static const int side = 100;       // of the window
+static const int targetSide = 512; // as GLWindow makes it
+static const int anotherSide = 64; // of a target that a test makes itself
+static const float whole = 1.0f;   // of the square that Flat lays over the viewport
+static const int tolerated = 1;    // steps of a channel: sampling rounds either way
+typedef std::vector<unsigned char> Rgb;
+
+class OffScreen : public PictureFixture
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(Open(side, side)); }
+
+    // The square from (0, 0) at the lower left to (1, 1) fills the viewport.
+    static void Flat()
+    {
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        gluOrtho2D(0, whole, 0, whole);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+    }
+
+    // In the target, whose viewport is nobody's business but the caller's.
+    static void FlatInTarget(int width = targetSide, int height = targetSide)
+    {
+        SetViewport(0, 0, width, height);
+        Flat();
+    }
+
+    static void Fill(float x0, float y0, float x1, float y1, float red, float green, float blue)
+    {
+        glDisable(GL_TEXTURE_2D);
+        glColor3f(red, green, blue);
+        glRectf(x0, y0, x1, y1);
+    }
+
+    // The target's picture over the whole window, from s0 to s1 across and t0 to t1 upward.
+    void Show(float s0 = 0, float t0 = 0, float s1 = 1, float t1 = 1)
+    {
+        window.SetLetterbox(1);
+        Flat();
+        glEnable(GL_TEXTURE_2D);
+        RenderTarget::BindTexture();
+        glColor3f(1, 1, 1);
+        glBegin(GL_QUADS);
+        {
+            glTexCoord2f(s0, t0);
+            glVertex2f(0, 0);
+            glTexCoord2f(s1, t0);
+            glVertex2f(1, 0);
+            glTexCoord2f(s1, t1);
+            glVertex2f(1, 1);
+            glTexCoord2f(s0, t1);
+            glVertex2f(0, 1);
+        }
+        glEnd();
+        RenderTarget::ReleaseTexture();
+        glDisable(GL_TEXTURE_2D);
+    }
+
+    // Of what stands in the window, counted from its lower left.
+    Rgb At(int x, int y) const
+    {
+        const Picture picture = Grab();
+        const unsigned char* const pixel = picture.At(x, side - 1 - y);
+        return {pixel[0], pixel[1], pixel[2]};
+    }
+
+    static double Get(GLenum name)
+    {
+        double value = -1;
+        glGetDoublev(name, &value);
+        return value;
+    }
+    static int GetInt(GLenum name)
+    {
+        int value = -1;
+        glGetIntegerv(name, &value);
+        return value;
+    }
+    static Rgb Red() { return {255, 0, 0}; }
+    static Rgb Green() { return {0, 255, 0}; }
+    static Rgb Blue() { return {0, 0, 255}; }
+    static Rgb Black() { return {0, 0, 0}; }
+};
+
+TEST_F(OffScreen, ItsPictureHasItsOriginAtTheLowerLeft)
+{
+    RenderTarget::Begin();
+    FlatInTarget();
+    Fill(0, 0, 0.5f, 0.5f, 1, 0, 0);
+    Fill(0.5f, 0, 1, 0.5f, 0, 1, 0);
+    Fill(0, 0.5f, 0.5f, 1, 0, 0, 1);
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Red(), At(25, 25));
+    EXPECT_EQ(Green(), At(75, 25));
+    EXPECT_EQ(Blue(), At(25, 75));
+    EXPECT_EQ(Black(), At(75, 75));
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
+}
+
+TEST_F(OffScreen, ItsPictureIsFilteredLinearlyBetweenTwoTexels)
+{
+    RenderTarget::Begin();
+    FlatInTarget();
+    Fill(0.5f, 0, 1, 1, 1, 1, 1);
+    RenderTarget::End();
+    // Four texels across the window, 25 pixels each; the second and the third are centred on 37.5 and 62.5.
+    Show(254.0f / targetSide, 0, 258.0f / targetSide, 1);
+    const Picture picture = Grab();
+    for (int x = 0; x < side; x++) {
+        const double way = (x + 0.5 - 37.5) / 25;
+        const double expected = way < 0 ? 0 : way > 1 ? 255 : 255 * way;
+        EXPECT_NEAR(expected, picture.At(x, 50)[0], 1 + tolerated) << x;
+    }
+}
+
+TEST_F(OffScreen, ItsPictureIsClampedToItsEdges)
+{
+    RenderTarget::Begin();
+    FlatInTarget();
+    Fill(0, 0, 0.5f, 1, 1, 0, 0);
+    Fill(0.5f, 0, 1, 1, 0, 0, 1);
+    RenderTarget::End();
+    Show(-1, 0, 2, 1);
+    EXPECT_EQ(Red(), At(2, 50)) << "repeated it would be blue";
+    EXPECT_EQ(Red(), At(33, 50)) << "at the edge itself nothing of the other side comes in";
+    EXPECT_EQ(Blue(), At(66, 50));
+    EXPECT_EQ(Blue(), At(97, 50));
+
+    RenderTarget::Begin();
+    FlatInTarget();
+    Fill(0, 0, 1, 0.5f, 1, 0, 0);
+    Fill(0, 0.5f, 1, 1, 0, 0, 1);
+    RenderTarget::End();
+    Show(0, -1, 1, 2);
+    EXPECT_EQ(Red(), At(50, 2));
+    EXPECT_EQ(Red(), At(50, 33));
+    EXPECT_EQ(Blue(), At(50, 66));
+    EXPECT_EQ(Blue(), At(50, 97));
+}
+
+TEST_F(OffScreen, HasEightBitsAChannelAndADepthBufferOf24)
+{
+    RenderTarget::Begin();
+    for (const GLenum bits : {GL_RED_BITS, GL_GREEN_BITS, GL_BLUE_BITS, GL_ALPHA_BITS})
+        EXPECT_EQ(8, GetInt(bits)) << bits;
+    EXPECT_EQ(24, GetInt(GL_DEPTH_BITS));
+
+    // Two planes that a depth buffer of 16 bits can't tell apart.
+    FlatInTarget();
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LESS);
+    glTranslatef(0, 0, 0.000004f);
+    Fill(0, 0, 1, 1, 0, 1, 0);
+    glLoadIdentity();
+    Fill(0, 0, 1, 1, 1, 0, 0);
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Green(), At(50, 50));
+}
+
+TEST_F(OffScreen, KeepsTheAlphaOfWhatIsDrawn)
+{
+    RenderTarget::Begin();
+    FlatInTarget();
+    glColor4f(1, 1, 1, 0.5f);
+    glRectf(0, 0, 1, 1);
+    RenderTarget::End();
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glClear(GL_COLOR_BUFFER_BIT);
+    Show();
+    EXPECT_NEAR(128, At(50, 50)[0], tolerated);
+}
+
+TEST_F(OffScreen, BeginsWithItsOwnClearColourAndAFreshDepth)
+{
+    glClearColor(1, 0, 0, 1);
+    RenderTarget::Begin();
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Black(), At(50, 50)) << "the window's clear colour is the window's";
+
+    RenderTarget::Begin();
+    glClearColor(0, 0, 1, 1);
+    FlatInTarget();
+    glEnable(GL_DEPTH_TEST);
+    Fill(0, 0, 1, 1, 0, 1, 0); // depth is written here
+    RenderTarget::End();
+    RenderTarget::Begin();
+    glTranslatef(0, 0, -0.5f); // behind it
+    Fill(0, 0, 0.5f, 1, 1, 0, 0);
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Red(), At(25, 50)) << "the depth of the frame before is gone";
+    EXPECT_EQ(Blue(), At(75, 50)) << "the target's own clear colour";
+    glClear(GL_COLOR_BUFFER_BIT);
+    EXPECT_EQ(Red(), At(50, 50)) << "the window still has its own";
+}
+
+// ---- The two states
+
+static const GLenum switches[] = {
+    GL_ALPHA_TEST, GL_BLEND,       GL_COLOR_MATERIAL, GL_CULL_FACE,     GL_DEPTH_TEST,    GL_FOG,
+    GL_LIGHT0,     GL_LIGHT1,      GL_LIGHTING,       GL_LINE_SMOOTH,   GL_NORMALIZE,     GL_SCISSOR_TEST,
+    GL_TEXTURE_2D, GL_CLIP_PLANE0, GL_STENCIL_TEST,   GL_TEXTURE_GEN_S, GL_POLYGON_SMOOTH};
+static const GLenum values[] = {GL_MATRIX_MODE,
+                                GL_MODELVIEW_STACK_DEPTH,
+                                GL_PROJECTION_STACK_DEPTH,
+                                GL_DEPTH_FUNC,
+                                GL_DEPTH_WRITEMASK,
+                                GL_BLEND_SRC,
+                                GL_BLEND_DST,
+                                GL_SHADE_MODEL,
+                                GL_CULL_FACE_MODE,
+                                GL_FRONT_FACE,
+                                GL_LINE_WIDTH,
+                                GL_POINT_SIZE,
+                                GL_TEXTURE_BINDING_2D,
+                                GL_ACTIVE_TEXTURE,
+                                GL_ALPHA_TEST_FUNC,
+                                GL_FOG_MODE,
+                                GL_FOG_DENSITY,
+                                GL_CURRENT_PROGRAM,
+                                GL_FRAMEBUFFER_BINDING,
+                                GL_DEPTH_CLEAR_VALUE,
+                                GL_UNPACK_ALIGNMENT,
+                                GL_ARRAY_BUFFER_BINDING};
+
+// Every figure of the state that an effect is likely to touch, of the context that is current.
+static std::vector<double> State()
+{
+    std::vector<double> state;
+    double figures[16] = {};
+    for (const GLenum name : switches)
+        state.push_back(glIsEnabled(name));
+    for (const GLenum name : values) {
+        glGetDoublev(name, figures);
+        state.push_back(figures[0]);
+    }
+    for (const GLenum name : {GL_MODELVIEW_MATRIX, GL_PROJECTION_MATRIX, GL_TEXTURE_MATRIX}) {
+        glGetDoublev(name, figures);
+        state.insert(state.end(), figures, figures + 16);
+    }
+    for (const GLenum name : {GL_COLOR_CLEAR_VALUE, GL_CURRENT_COLOR, GL_CURRENT_TEXTURE_COORDS,
+                              GL_LIGHT_MODEL_AMBIENT, GL_FOG_COLOR, GL_COLOR_WRITEMASK}) {
+        glGetDoublev(name, figures);
+        state.insert(state.end(), figures, figures + 4);
+    }
+    float four[4];
+    for (const GLenum name : {GL_POSITION, GL_DIFFUSE, GL_AMBIENT, GL_SPECULAR}) {
+        glGetLightfv(GL_LIGHT0, name, four);
+        state.insert(state.end(), four, four + 4);
+    }
+    for (const GLenum name : {GL_DIFFUSE, GL_AMBIENT, GL_SPECULAR, GL_EMISSION}) {
+        glGetMaterialfv(GL_FRONT, name, four);
+        state.insert(state.end(), four, four + 4);
+    }
+    return state;
+}
+
+// Changes all of that.
+static void Stir()
+{
+    for (const GLenum name : switches)
+        glEnable(name);
+    for (const GLenum mode : {GL_PROJECTION, GL_TEXTURE, GL_MODELVIEW}) {
+        glMatrixMode(mode);
+        glPushMatrix();
+        glRotatef(30, 1, 2, 3);
+        glTranslatef(1, 2, 3);
+    }
+    glMatrixMode(GL_TEXTURE);
+    glDepthFunc(GL_GREATER);
+    glDepthMask(GL_FALSE);
+    glBlendFunc(GL_DST_COLOR, GL_ONE);
+    glShadeModel(GL_FLAT);
+    glCullFace(GL_FRONT);
+    glFrontFace(GL_CW);
+    glLineWidth(3);
+    glPointSize(4);
+    glAlphaFunc(GL_LESS, 0.5f);
+    glFogi(GL_FOG_MODE, GL_LINEAR);
+    glFogf(GL_FOG_DENSITY, 0.25f);
+    glClearDepth(0.5);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glClearColor(0.25f, 0.5f, 0.75f, 1);
+    glTexCoord2f(0.25f, 0.5f);
+    glColorMask(GL_TRUE, GL_FALSE, GL_TRUE, GL_FALSE);
+    const float four[4] = {0.125f, 0.375f, 0.625f, 0.875f};
+    glFogfv(GL_FOG_COLOR, four);
+    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, four);
+    for (const GLenum name : {GL_POSITION, GL_DIFFUSE, GL_AMBIENT, GL_SPECULAR})
+        glLightfv(GL_LIGHT0, name, four);
+    glDisable(GL_COLOR_MATERIAL);
+    for (const GLenum name : {GL_DIFFUSE, GL_AMBIENT, GL_SPECULAR, GL_EMISSION})
+        glMaterialfv(GL_FRONT, name, four);
+    glEnable(GL_COLOR_MATERIAL);
+    glColor4f(0.25f, 0.5f, 0.75f, 0.125f);
+    GLuint texture, buffer;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glGenBuffersARB(1, &buffer);
+    glBindBufferARB(GL_ARRAY_BUFFER_ARB, buffer);
+    const GLhandleARB program = glCreateProgramObjectARB();
+    glLinkProgramARB(program);
+    glUseProgramObjectARB(program);
+    glActiveTexture(GL_TEXTURE1);
+}
+
+static int CountDifferences(const std::vector<double>& a, const std::vector<double>& b)
+{
+    int count = 0;
+    for (size_t i = 0; i < a.size(); i++)
+        count += a[i] != b[i];
+    return count;
+}
+
+TEST_F(OffScreen, NothingOfItsStateReachesTheWindow)
+{
+    const std::vector<double> before = State();
+    RenderTarget::Begin();
+    Stir();
+    const std::vector<double> stirred = State();
+    RenderTarget::End();
+    EXPECT_GT(CountDifferences(before, stirred), 80) << "or else the test sees nothing";
+    EXPECT_EQ(before, State());
+}
+
+TEST_F(OffScreen, NothingOfTheWindowsStateReachesItAndItsOwnStays)
+{
+    RenderTarget::Begin();
+    const std::vector<double> fresh = State();
+    RenderTarget::End();
+    Stir();
+    RenderTarget::Begin();
+    EXPECT_EQ(fresh, State());
+    RenderTarget::SetProjection(targetSide, targetSide, 60);
+    glEnable(GL_LIGHTING);
+    glTranslatef(1, 2, 3);
+    const std::vector<double> left = State();
+    RenderTarget::End();
+    RenderTarget::Begin();
+    EXPECT_EQ(left, State()) << "what an effect left there is there in the next frame";
+    RenderTarget::End();
+}
+
+TEST_F(OffScreen, DrawingGoesToTheBackBufferOfTheWindowAgainAndToNothingElse)
+{
+    Fill(-1, -1, 1, 1, 0, 0, 0);
+    RenderTarget::Begin();
+    EXPECT_EQ(GL_COLOR_ATTACHMENT0, GetInt(GL_DRAW_BUFFER));
+    EXPECT_EQ(GL_COLOR_ATTACHMENT0, GetInt(GL_READ_BUFFER));
+    EXPECT_NE(0, GetInt(GL_FRAMEBUFFER_BINDING));
+    FlatInTarget();
+    Fill(0, 0, 1, 1, 1, 0, 0);
+    RenderTarget::End();
+    EXPECT_EQ(GL_BACK, GetInt(GL_DRAW_BUFFER));
+    EXPECT_EQ(GL_BACK, GetInt(GL_READ_BUFFER));
+    EXPECT_EQ(0, GetInt(GL_FRAMEBUFFER_BINDING));
+    EXPECT_EQ(Black(), At(50, 50)) << "nothing of it is in the window yet";
+
+    Flat();
+    Fill(0, 0, 1, 1, 0, 1, 0);
+    Show();
+    EXPECT_EQ(Red(), At(50, 50)) << "and the window's drawing was not in the target";
+}
+
+TEST_F(OffScreen, TheBandIsAlwaysTheSameAfterwards)
+{
+    int viewport[4];
+    for (const float band : {1.0f, 0.85f, 0.7f}) {
+        window.SetLetterbox(band);
+        RenderTarget::Begin();
+        RenderTarget::SetProjection(targetSide, targetSide, 45);
+        RenderTarget::End();
+        glGetIntegerv(GL_VIEWPORT, viewport);
+        EXPECT_EQ(0, viewport[0]);
+        EXPECT_EQ(10, viewport[1]);
+        EXPECT_EQ(side, viewport[2]);
+        EXPECT_EQ(79, viewport[3]);
+    }
+}
+
+TEST_F(OffScreen, TheBindingOfItsPictureDoesNotEnableTexturing)
+{
+    glDisable(GL_TEXTURE_2D);
+    RenderTarget::BindTexture();
+    EXPECT_FALSE(glIsEnabled(GL_TEXTURE_2D));
+    EXPECT_NE(0, GetInt(GL_TEXTURE_BINDING_2D));
+    glEnable(GL_TEXTURE_2D);
+    RenderTarget::ReleaseTexture();
+    EXPECT_TRUE(glIsEnabled(GL_TEXTURE_2D));
+}
+
+TEST_F(OffScreen, ErrorsOfEarlierDrawingAreDiscarded)
+{
+    glEnable(GL_MODELVIEW);
+    RenderTarget::Begin();
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
+    glEnable(GL_MODELVIEW);
+    RenderTarget::End();
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
+    glEnable(GL_MODELVIEW);
+    RenderTarget::BindTexture();
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
+    RenderTarget::Begin();
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError()) << "of the target's context, from the frame before";
+    RenderTarget::End();
+}
+
+// ---- What is shared
+
+TEST_F(OffScreen, ListsCompiledOnEitherSideAreCalledOnTheOther)
+{
+    const GLuint fromWindow = glGenLists(1);
+    glNewList(fromWindow, GL_COMPILE);
+    Fill(0, 0, 0.5f, 1, 1, 0, 0);
+    glEndList();
+    RenderTarget::Begin();
+    FlatInTarget();
+    glCallList(fromWindow);
+    const GLuint fromTarget = glGenLists(1);
+    EXPECT_NE(fromWindow, fromTarget);
+    glNewList(fromTarget, GL_COMPILE);
+    Fill(0.5f, 0, 1, 0.5f, 0, 0, 1);
+    glEndList();
+    RenderTarget::End();
+    Show();
+    glCallList(fromTarget);
+    EXPECT_EQ(Red(), At(25, 50));
+    EXPECT_EQ(Blue(), At(75, 25));
+    EXPECT_EQ(Black(), At(75, 75));
+}
+
+static GLuint MakeTexel(unsigned char red, unsigned char green, unsigned char blue)
+{
+    const unsigned char texel[4] = {red, green, blue, 255};
+    GLuint texture;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexImage2D(GL_TEXTURE_2D, 0, 4, 1, 1, 0, GL_RGBA, GL_UNSIGNED_BYTE, texel);
+    return texture;
+}
+
+TEST_F(OffScreen, TexturesMadeOnEitherSideAreSampledOnTheOther)
+{
+    const GLuint fromWindow = MakeTexel(0, 255, 0);
+    RenderTarget::Begin();
+    FlatInTarget();
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, fromWindow);
+    glColor3f(1, 1, 1);
+    glRectf(0, 0, 1, 1);
+    const GLuint fromTarget = MakeTexel(0, 0, 255);
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Green(), At(50, 50));
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, fromTarget);
+    glRectf(0, 0, 1, 1);
+    EXPECT_EQ(Blue(), At(50, 50));
+}
+
+TEST_F(OffScreen, ProgramsMadeOnEitherSideDrawOnTheOther)
+{
+    UseOwnData();
+    AddFile("flat.vp", "void main() { gl_Position = ftransform(); }\n");
+    AddFile("red.fp", "void main() { gl_FragColor = vec4(1.0, 0.0, 0.0, 1.0); }\n");
+    AddFile("blue.fp", "void main() { gl_FragColor = vec4(0.0, 0.0, 1.0, 1.0); }\n");
+    GLSLShader fromWindow, fromTarget;
+    ASSERT_TRUE(fromWindow.Load("flat", "red"));
+    RenderTarget::Begin();
+    FlatInTarget();
+    fromWindow.Enable();
+    Fill(0, 0, 1, 1, 1, 1, 1);
+    fromWindow.Disable();
+    ASSERT_TRUE(fromTarget.Load("flat", "blue"));
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Red(), At(50, 50));
+    fromTarget.Enable();
+    Fill(0, 0, 1, 1, 1, 1, 1);
+    fromTarget.Disable();
+    EXPECT_EQ(Blue(), At(50, 50));
+}
+
+// ---- Its life
+
+TEST_F(OffScreen, MadeAgainItHasTheNewSizeAndAStateAsNew)
+{
+    RenderTarget::BindTexture();
+    const int firstPicture = GetInt(GL_TEXTURE_BINDING_2D);
+    RenderTarget::Begin();
+    glClearColor(1, 0, 0, 1);
+    glEnable(GL_LIGHTING);
+    RenderTarget::End();
+
+    ASSERT_TRUE(RenderTarget::Create(&window, anotherSide, anotherSide / 2));
+    EXPECT_EQ(0, GetInt(GL_FRAMEBUFFER_BINDING)) << "the window's context is current";
+    RenderTarget::BindTexture();
+    EXPECT_NE(firstPicture, GetInt(GL_TEXTURE_BINDING_2D));
+    int size = 0;
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &size);
+    EXPECT_EQ(anotherSide, size);
+    glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_HEIGHT, &size);
+    EXPECT_EQ(anotherSide / 2, size);
+
+    RenderTarget::Begin();
+    EXPECT_FALSE(glIsEnabled(GL_LIGHTING));
+    FlatInTarget(anotherSide, anotherSide / 2);
+    Fill(0, 0, 0.5f, 1, 0, 1, 0);
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Green(), At(25, 50));
+    EXPECT_EQ(Black(), At(75, 50)) << "not in the first one's clear colour";
+}
+
+TEST_F(OffScreen, MadeAgainInTheMiddleOfAFrameTheWindowIsStillTheWindow)
+{
+    RenderTarget::Begin();
+    ASSERT_TRUE(RenderTarget::Create(&window, anotherSide, anotherSide));
+    EXPECT_EQ(0, GetInt(GL_FRAMEBUFFER_BINDING));
+    RenderTarget::Begin();
+    FlatInTarget(anotherSide, anotherSide);
+    Fill(0, 0, 1, 1, 0, 0, 1);
+    RenderTarget::End();
+    EXPECT_EQ(0, GetInt(GL_FRAMEBUFFER_BINDING));
+    Show();
+    EXPECT_EQ(Blue(), At(50, 50));
+}
+
+TEST_F(OffScreen, GivenBackTheSceneGoesIntoTheWindow)
+{
+    RenderTarget::Destroy();
+    RenderTarget::Destroy();
+    window.SetLetterbox(1);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    glClear(GL_COLOR_BUFFER_BIT);
+
+    RenderTarget::Begin();
+    RenderTarget::SetProjection(side, side / 2, 90); // half a window: the one operation that still works
+    glTranslatef(0, 0, -1);
+    Fill(-2, -1, 2, 1, 1, 0, 0);
+    RenderTarget::End();
+    EXPECT_EQ(Red(), At(50, 25));
+    EXPECT_EQ(Black(), At(50, 75));
+    int viewport[4];
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    EXPECT_EQ(side / 2, viewport[3]) << "End left the band alone";
+    RenderTarget::BindTexture();
+    EXPECT_EQ(0, GetInt(GL_TEXTURE_BINDING_2D));
+    RenderTarget::ReleaseTexture();
+
+    ASSERT_TRUE(RenderTarget::Create(&window, targetSide, targetSide));
+    RenderTarget::Begin();
+    FlatInTarget();
+    Fill(0, 0, 1, 1, 0, 1, 0);
+    RenderTarget::End();
+    Show();
+    EXPECT_EQ(Green(), At(50, 75));
+}
+
+TEST_F(OffScreen, GivenBackInTheMiddleOfAFrameTheWindowIsCurrent)
+{
+    RenderTarget::Begin();
+    RenderTarget::Destroy();
+    EXPECT_EQ(0, GetInt(GL_FRAMEBUFFER_BINDING));
+    RenderTarget::End();
+    Flat();
+    window.SetLetterbox(1);
+    Fill(0, 0, 1, 1, 0, 0, 1);
+    EXPECT_EQ(Blue(), At(50, 50));
+    EXPECT_EQ(GLenum(GL_NO_ERROR), glGetError());
+}
+
+TEST_F(OffScreen, AfterTheWindowIsGoneNothingHappens)
+{
+    platform::PostQuit(0);
+    window.PumpMessage();
+    window.Destroy();
+    RenderTarget::Begin();
+    RenderTarget::End();
+    RenderTarget::BindTexture();
+    RenderTarget::ReleaseTexture();
+    RenderTarget::Destroy();
+    EXPECT_FALSE(RenderTarget::Create(&window, anotherSide, anotherSide));
+}
+
+class NoOffScreen : public PictureFixture
+{
+};
+
+TEST_F(NoOffScreen, WithoutAWindowItCannotBeMadeAndEverythingIsHarmless)
+{
+    EXPECT_FALSE(RenderTarget::Create(&window, anotherSide, anotherSide));
+    RenderTarget::Begin();
+    RenderTarget::End();
+    RenderTarget::BindTexture();
+    RenderTarget::ReleaseTexture();
+    RenderTarget::Destroy();
+    ASSERT_TRUE(Open(side, side)) << "and it is made with the window after all";
+    RenderTarget::Begin();
+    EXPECT_EQ(24, [] {
+        int bits = 0;
+        glGetIntegerv(GL_DEPTH_BITS, &bits);
+        return bits;
+    }());
+    RenderTarget::End();
+}
