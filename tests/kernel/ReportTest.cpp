@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 class Report : public testing::Test
 {
@@ -71,7 +73,7 @@ TEST_F(Report, AFileThatCannotBeOpenedIsNamedAndEndsTheRun)
 
 TEST_F(Report, AllSpellingsOfTheDataDirectoryMeanTheOneDirectory)
 {
-    const std::string folder = testing::TempDir() + "ReportTestData";
+    const std::string folder = testing::TempDir() + "ReportTestData" + std::to_string(getpid());
     ASSERT_EQ(0, system(("mkdir -p '" + folder + "'").c_str()));
     std::ofstream(folder + "/note.txt") << "x";
     platform::SetDataDirectory(folder);
@@ -84,6 +86,7 @@ TEST_F(Report, AllSpellingsOfTheDataDirectoryMeanTheOneDirectory)
 
     EXPECT_EQ(nullptr, OpenFile("Data\\missing.txt", "rb"));
     EXPECT_EQ("Bad: " + folder + "/missing.txt" + ErrorTail, boxes.at(0).body);
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(Report, ClosingNoFileIsHarmless)

@@ -10,6 +10,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 // Two vertices, one normal, two texture coordinates, a triangle and a quad.
 static const std::vector<std::string> pondTokens = {
@@ -35,9 +36,7 @@ static std::string Join(const std::vector<std::string>& tokens, size_t count, co
 class ModelFile : public testing::Test
 {
 protected:
-    ModelFile()
-        : path(testing::TempDir() + "ModelTest-" +
-               testing::UnitTest::GetInstance()->current_test_info()->name())
+    ModelFile() : path(testing::TempDir() + "ModelTest-" + std::to_string(getpid()))
     {
         platform::CollectBoxes(&boxes);
     }

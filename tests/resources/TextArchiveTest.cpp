@@ -10,15 +10,12 @@
 #include <filesystem>
 #include <iterator>
 #include <locale>
+#include <unistd.h>
 
 class TextArchive : public testing::Test
 {
 protected:
-    TextArchive()
-        : path(testing::TempDir() + "TextArchiveTest-" +
-               testing::UnitTest::GetInstance()->current_test_info()->name())
-    {
-    }
+    TextArchive() : path(testing::TempDir() + "TextArchiveTest-" + std::to_string(getpid())) {}
     ~TextArchive() override { std::filesystem::remove_all(path); }
 
     void Put(const std::string& text) { std::ofstream(path, std::ios::binary) << text; }

@@ -4,6 +4,7 @@
 #include "kernel/Report.h"
 #include "platform/Boxes.h"
 #include "platform/Events.h"
+#include "tests/support/CommaLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -13,14 +14,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <unistd.h>
 
 // Each test has a working directory of its own.
 class Parameters : public testing::Test
 {
 protected:
-    Parameters()
-        : folder(testing::TempDir() + "ParameterFileTest-" +
-                 testing::UnitTest::GetInstance()->current_test_info()->name())
+    Parameters() : folder(testing::TempDir() + "ParameterFileTest-" + std::to_string(getpid()))
     {
         platform::CollectBoxes(&boxes);
         std::filesystem::remove_all(folder);
@@ -290,14 +290,11 @@ TEST_F(Parameters, ADestroyedStoreHasClosedItsFile)
     EXPECT_FALSE(std::filesystem::exists("/proc/self/fd/" + std::to_string(descriptor)));
 }
 
-// The machine may know no locale with a decimal comma, so one is made for the test.
 TEST_F(Parameters, NumbersAreTheSameUnderALocaleWithADecimalComma)
 {
-    if (system("localedef -i de_DE -f UTF-8 ./comma >/dev/null 2>&1") != 0 &&
-        !std::filesystem::exists("comma/LC_NUMERIC"))
-        GTEST_SKIP() << "no localedef, or no sources of locales";
+    ASSERT_EQ("", MakeCommaLocale(folder));
     setenv("LOCPATH", folder.c_str(), 1);
-    ASSERT_NE(nullptr, setlocale(LC_ALL, "comma"));
+    ASSERT_NE(nullptr, setlocale(LC_NUMERIC, "comma"));
     char sample[16];
     snprintf(sample, sizeof sample, "%.1f", 0.5);
     ASSERT_STREQ("0,5", sample) << "the locale of this test must bite";
@@ -312,5 +309,5 @@ TEST_F(Parameters, NumbersAreTheSameUnderALocaleWithADecimalComma)
 
     snprintf(sample, sizeof sample, "%.1f", 0.5);
     EXPECT_STREQ("0,5", sample) << "the program's own locale is back";
-    setlocale(LC_ALL, "C");
+    setlocale(LC_NUMERIC, "C");
 }

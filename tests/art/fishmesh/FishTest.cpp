@@ -10,10 +10,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
+#include <unistd.h>
 
 static std::string ReadWholeFile(const std::string& path)
 {
@@ -61,7 +63,7 @@ protected:
 
 TEST_F(FishInData, IsMadeByTheProgramByteForByte)
 {
-    const std::string folder = testing::TempDir() + "FishTest";
+    const std::string folder = testing::TempDir() + "FishTest" + std::to_string(getpid());
     ASSERT_EQ(
         0, system(("mkdir -p '" + folder + "' && '" BINARY_DIR "/art/fishmesh/fishmesh' -o '" + folder + "'")
                       .c_str()));
@@ -70,6 +72,7 @@ TEST_F(FishInData, IsMadeByTheProgramByteForByte)
         EXPECT_FALSE(committed.empty());
         EXPECT_TRUE(committed == ReadWholeFile(folder + name)) << name << ": run fishmesh again";
     }
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(FishInData, HasItsNamesAndEnoughFacesAndNotTooMany)
@@ -291,10 +294,12 @@ TEST_F(FishInData, HasAMouthThatHangsOpenWithTeethInBothJaws)
 
 TEST_F(FishInData, IsTheSameOnEveryRun)
 {
-    const std::string first = testing::TempDir() + "fish-first.txt";
-    const std::string second = testing::TempDir() + "fish-second.txt";
+    const std::string first = testing::TempDir() + "fish-first.txt" + std::to_string(getpid());
+    const std::string second = testing::TempDir() + "fish-second.txt" + std::to_string(getpid());
     ASSERT_TRUE(fishmesh::WriteModelFile(fishmesh::MakeFish(), first.c_str()));
     ASSERT_TRUE(fishmesh::WriteModelFile(fishmesh::MakeFish(), second.c_str()));
     EXPECT_TRUE(ReadWholeFile(first) == ReadWholeFile(second));
     EXPECT_FALSE(fishmesh::WriteModelFile(fishmesh::MakeFish(), "no/such/folder/fish.txt"));
+    std::filesystem::remove(first);
+    std::filesystem::remove(second);
 }
