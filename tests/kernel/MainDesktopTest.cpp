@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The whole program as a viewer meets it: from the form to the end of a show.
+#include "tests/support/CommaLocale.h"
+#include "tests/support/SoundFiles.h"
 #include "tests/support/desktop/DesktopFixture.h"
 #include "tests/support/desktop/ShowFolder.h"
 
 #include <algorithm>
 #include <csignal>
+#include <cstring>
+#include <fstream>
+#include <iterator>
 
 // What the white overlay adds at its peak, 0.9, over black; drivers round either way.
 static const Pixel flashed = {0xe6, 0xe6, 0xe6};
@@ -38,6 +43,12 @@ protected:
     void GoInAWindow()
     {
         for (const char* key : {"Tab", "Down", "Tab", "space", "Return"})
+            desktop.Key(key);
+    }
+
+    void GoInAWindowWithoutMusic()
+    {
+        for (const char* key : {"Tab", "Down", "Tab", "space", "Tab", "space", "Return"})
             desktop.Key(key);
     }
 
@@ -160,6 +171,99 @@ TEST_F(MainDesktop, ABadEntryIsToldAndTheRestOfTheShowPlays)
     desktop.Key("Escape");
     ASSERT_TRUE(ShowIsUp());
     EXPECT_TRUE(Shows(flashed));
+    desktop.Key("Escape");
+    EXPECT_TRUE(EndsWell());
+}
+
+TEST_F(MainDesktop, AMissingSoundDeviceIsToldAndEndsTheRun)
+{
+    desktop.ownEnvironment = {"SDL_AUDIODRIVER=no such driver"};
+    Start(flashes);
+    desktop.Key("Return");
+    ASSERT_NE(0u, desktop.WaitForFocusedWindow("Marlinex 1.5 Error: Music Player"));
+    desktop.Key("Return");
+    EXPECT_TRUE(EndsWell());
+}
+
+TEST_F(MainDesktop, WithoutMusicNoSoundDeviceIsNeeded)
+{
+    desktop.ownEnvironment = {"SDL_AUDIODRIVER=no such driver"};
+    Start(std::string("[MUSIC] FileName=tune.wav;\n") + flashes);
+    GoInAWindowWithoutMusic();
+    ASSERT_TRUE(ShowIsUp());
+    EXPECT_TRUE(Shows(flashed));
+    desktop.Key("Escape");
+    EXPECT_TRUE(EndsWell());
+}
+
+static std::vector<float> ReadSamples(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::vector<float> samples(bytes.size() / sizeof(float));
+    memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
+    return samples;
+}
+
+// Its sound device is a file, which takes what a device would, at a device's pace.
+TEST_F(MainDesktop, TheMusicIsSilentWhileTheShowLoadsAndThenPlaysFromTheStartOffsetOn)
+{
+    const int rate = 44100, offset = 4, steady = 3000; // Hz, s, frames from the first sound on
+    soundfiles::Write(folder.path + "/Data/tune.wav", soundfiles::Tune(rate, 2, 8 * rate),
+                      soundfiles::KindOf("16bit.wav"));
+    const std::vector<float> tune = soundfiles::Decode(folder.path + "/Data/tune.wav");
+    folder.Write("editoren_sind_fuer_clickscener.txt", "4000");
+    desktop.ownEnvironment = {"SDL_AUDIODRIVER=disk", "SDL_DISKAUDIOFILE=" + folder.path + "/sound.raw"};
+    Start("[MUSIC] FileName=tune.wav;\n"
+          "[EFFECT] EffectName=WhiteFlashOverlay; StartTime=0; StopTime=6000; LayerID=1;\n"
+          "[MESSAGE] MessageText=flash; ActivationTime=4000;\n"
+          "          TargetEffect=WhiteFlashOverlay; Parameter=0.00;\n");
+    GoInAWindow();
+    ASSERT_TRUE(ShowIsUp());
+    EXPECT_TRUE(Shows(flashed));
+    ASSERT_TRUE(program->WaitForExit());
+    EXPECT_EQ(0, program->ExitStatus());
+
+    const std::vector<float> heard = ReadSamples(folder.path + "/sound.raw");
+    const size_t first =
+        size_t(std::find_if(heard.begin(), heard.end(), [](float sample) { return sample != 0; }) -
+               heard.begin()) /
+        2;
+    EXPECT_GT(first, size_t(rate / 4)) << "the effect takes a second to load, and the file some time to fill";
+    ASSERT_GT(heard.size(), 2 * (first + 2 * steady));
+
+    // Between Play and the seek the device may have asked for some samples of the start, a piece or two; and
+    // the first one of a rise is nothing. Which place of the tune is it that sounds a moment later?
+    const float* const sound = &heard[2 * (first + steady)];
+    size_t place = offset * rate;
+    while (place < size_t(offset * rate + 2 * steady) &&
+           memcmp(&tune[2 * place], sound, 8 * sizeof(float)) != 0)
+        place++;
+    EXPECT_LE(place, size_t(offset * rate + steady + 1));
+    EXPECT_GE(place, size_t(offset * rate + steady - 2048));
+    size_t same = 0;
+    while (2 * (first + steady) + same < heard.size() && sound[same] == tune[2 * place + same])
+        same++;
+    EXPECT_GT(same / 2, size_t(rate / 4)) << "and so it goes on, sample by sample";
+}
+
+TEST_F(MainDesktop, NumbersOfTheScriptAreTheSameUnderALocaleWithADecimalComma)
+{
+    ASSERT_EQ("", MakeCommaLocale(folder.path));
+    desktop.ownEnvironment = {"LC_ALL", "LC_NUMERIC=comma", "LOCPATH=" + folder.path};
+    Start("[EFFECT] EffectName=WhiteFlashOverlay; StartTime=0; StopTime=60000; LayerID=1;\n"
+          "[MESSAGE] MessageText=flash; ActivationTime=0; TargetEffect=WhiteFlashOverlay; Parameter=0.50;\n");
+    GoInAWindow();
+    ASSERT_TRUE(ShowIsUp());
+    // At the rate 0.5 it fades within some seconds; read as 0 it would stand for ever.
+    double brightness = 0;
+    const auto look = [&] {
+        const Screenshot shot = desktop.Capture(show);
+        brightness = shot.width > 0 ? shot.Brightness() : brightness;
+        return brightness;
+    };
+    EXPECT_TRUE(WaitUntil([&] { return look() > 0.2; }));
+    EXPECT_TRUE(WaitUntil([&] { return look() < 0.1; })) << brightness;
     desktop.Key("Escape");
     EXPECT_TRUE(EndsWell());
 }

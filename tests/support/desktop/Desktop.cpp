@@ -137,13 +137,15 @@ std::vector<std::string> Desktop::Environment() const
 {
     // The sanitizer must not look for leaks: effects live to the end of the process on purpose, and the font
     // and driver libraries keep what they have as well.
-    return {"DISPLAY=" + name,
-            "WAYLAND_DISPLAY",
-            "XAUTHORITY",
-            "SDL_VIDEODRIVER=x11",
-            "SDL_AUDIODRIVER=dummy",
-            "LIBGL_ALWAYS_SOFTWARE=1",
-            "ASAN_OPTIONS=detect_leaks=0"};
+    std::vector<std::string> rows = {"DISPLAY=" + name,
+                                     "WAYLAND_DISPLAY",
+                                     "XAUTHORITY",
+                                     "SDL_VIDEODRIVER=x11",
+                                     "SDL_AUDIODRIVER=dummy",
+                                     "LIBGL_ALWAYS_SOFTWARE=1",
+                                     "ASAN_OPTIONS=detect_leaks=0"};
+    rows.insert(rows.end(), ownEnvironment.begin(), ownEnvironment.end());
+    return rows;
 }
 
 Process* Desktop::Run(const std::string& program, const std::vector<std::string>& arguments,

@@ -35,8 +35,10 @@ public:
     // Sets the desktop's dots per inch; programs started from then on see them.
     void SetDotsPerInch(int dpi);
 
-    // "NAME=value" rows that put a program on this desktop, with software GL and without sound.
+    // "NAME=value" rows that put a program on this desktop, with software GL and without sound; then those of
+    // the test's own, which win.
     std::vector<std::string> Environment() const;
+    std::vector<std::string> ownEnvironment;
 
     // Starts a program of the build on this desktop: "moonwaltz", or one of tests/programs. Its working
     // directory is the test's own if none is named. Null if it can't be started. It ends with the desktop.
