@@ -23,9 +23,11 @@ void ShowBox(std::string caption, std::string body, unsigned icon)
         fprintf(stderr, "%s\n%s\n", ShowableLine(caption).c_str(), ShowableText(body).c_str());
 }
 
-void CollectBoxes(std::vector<Box>* sink)
+std::vector<Box>* CollectBoxes(std::vector<Box>* sink)
 {
+    std::vector<Box>* const previous = boxSink;
     boxSink = sink;
+    return previous;
 }
 
 } // namespace platform

@@ -25,7 +25,7 @@ struct Box {
 void ShowBox(std::string caption, std::string body, unsigned icon);
 
 // For tests and tools: from here on boxes are appended to *sink and return at once; null shows them again.
-// The sink is borrowed.
-void CollectBoxes(std::vector<Box>* sink);
+// The sink is borrowed. Returns the sink up to now.
+std::vector<Box>* CollectBoxes(std::vector<Box>* sink);
 
 } // namespace platform

@@ -148,7 +148,9 @@ void ScriptParser::ParseMessage(std::string body)
     std::string stepsText, deltaText;
     if (timeCount != 1 || !GetValue(body, "Steps", &stepsText) || !GetValue(body, "TimeDelta", &deltaText))
         return;
-    const uint32_t steps = uint32_t(atoi(stepsText.c_str()));
+    uint32_t steps = uint32_t(atoi(stepsText.c_str()));
+    if (observer)
+        steps = observer->LimitSteps(steps);
     const uint32_t delta = uint32_t(atoi(deltaText.c_str()));
     for (uint32_t i = 1; i < steps; i++) {
         time += delta;

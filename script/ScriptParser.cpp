@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-ScriptParser::ScriptParser() : player(nullptr) {}
+ScriptParser::ScriptParser() : player(nullptr), observer(nullptr) {}
 
 ScriptParser::~ScriptParser()
 {
@@ -16,6 +16,11 @@ ScriptParser::~ScriptParser()
 void ScriptParser::SetPlayer(DemoPlayer* newPlayer)
 {
     player = newPlayer;
+}
+
+void ScriptParser::SetObserver(ScriptObserver* newObserver)
+{
+    observer = newObserver;
 }
 
 // Here the sequencer and the parser need each other: this file is the one place that knows both.
@@ -36,11 +41,22 @@ bool ScriptParser::Load(std::string fileName)
     FILE* file = OpenFile(("Data\\" + fileName).c_str(), "rb");
     if (!file)
         return false;
-    std::string stream = ReadFiltered(file);
+    ReadBlocks(file);
     CloseFile(file);
+    return true;
+}
+
+void ScriptParser::ReadBlocks(FILE* file)
+{
+    std::string stream = ReadFiltered(file);
+    const size_t length = stream.size();
     while (!stream.empty()) {
+        const size_t header = length - stream.size();
         const BlockType type = NextBlock(stream);
+        const size_t begin = length - stream.size();
         const std::string body = ReadBlockBody(stream);
+        if (observer)
+            observer->BlockBegins(type, header, begin, body);
         switch (type) {
         case BlockMusic:
             ParseMusic(body);
@@ -57,8 +73,9 @@ bool ScriptParser::Load(std::string fileName)
         case BlockNone:
             break;
         }
+        if (observer)
+            observer->BlockEnds();
     }
-    return true;
 }
 
 // Not isalnum: what counts as a letter there depends on the locale.
@@ -72,11 +89,19 @@ std::string ScriptParser::ReadFiltered(FILE* file)
 {
     std::string stream;
     bool inComment = false;
+    size_t place = 0;
     for (int c = fgetc(file); c != EOF; c = fgetc(file)) {
-        if (c == '#')
+        ByteFate fate = inComment ? ByteCommented : ByteDropped;
+        if (c == '#') {
             inComment = !inComment;
-        else if (!inComment && IsPermitted(c))
+            fate = ByteMark;
+        } else if (!inComment && IsPermitted(c)) {
             stream += char(c);
+            fate = ByteKept;
+        }
+        if (observer)
+            observer->ByteRead(place, char(c), fate);
+        place++;
     }
     return stream;
 }

@@ -12,13 +12,12 @@
 #pragma once
 
 #include "kernel/ColorScheme.h"
+#include "script/ScriptObserver.h"
 
 #include <cstdio>
 #include <string>
 
 class DemoPlayer;
-
-enum BlockType { BlockNone = 0, BlockMusic = 1, BlockEffect = 2, BlockMessage = 3, BlockColorScheme = 4 };
 
 class ScriptParser
 {
@@ -26,11 +25,14 @@ public:
     ScriptParser();
     ~ScriptParser();
 
-    void SetPlayer(DemoPlayer* newPlayer); // borrowed
+    void SetPlayer(DemoPlayer* newPlayer);         // borrowed
+    void SetObserver(ScriptObserver* newObserver); // borrowed; null, as at first, for none
 
     // Reads a script of the data directory. True if the file could be opened, whatever was in it; if it could
     // not, that was reported and a quit posted.
     bool Load(std::string fileName);
+
+    void ReadBlocks(FILE* file); // what Load does with the open file, from where it stands to its end
 
     // The lexical layer. Streams and texts are consumed at the front.
     std::string ReadFiltered(FILE* file);
@@ -56,4 +58,5 @@ private:
     void ParseParameters(std::string text, float* params, int count);
 
     DemoPlayer* player;
+    ScriptObserver* observer;
 };

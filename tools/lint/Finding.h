@@ -10,6 +10,7 @@ namespace lint
 {
 
 enum Severity {
+    Note,    // to be expected, and good to know
     Warning, // looks unmeant, and the show goes on much as written
     Error    // something that is written is not shown, or the show can't start
 };

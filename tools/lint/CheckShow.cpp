@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+// What the blocks come to: entries against each other, messages against entries.
+#include "tools/lint/Checks.h"
+#include "tools/lint/Requests.h"
+#include "tools/lint/Schedule.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lint
+{
+
+static const double mostDelay = 50;     // milliseconds that a message may be late
+static const size_t mostSpansNamed = 3; // of one effect
+
+// ---- Entries
+
+static bool Overlap(const ShownEntry& a, const ShownEntry& b)
+{
+    return a.start < b.stop && b.start < a.stop; // to meet in one moment is no overlap
+}
+
+static void AddOverlap(const ShownEntry& entry, const ShownEntry& other, Findings* findings)
+{
+    const uint32_t start = std::max(entry.start, other.start);
+    const uint32_t stop = std::min(entry.stop, other.stop);
+    const std::string when = "from " + std::to_string(start) + " to " + std::to_string(stop);
+    if (entry.effect == other.effect)
+        SetSpan(&findings->AddAt(
+                    Warning, "overlap", entry.line, entry.column,
+                    entry.effect + " is scheduled twice " + when + ", here and in line " +
+                        std::to_string(other.line) + ".",
+                    "It is drawn twice in each frame, runs at double speed and hears messages twice.",
+                    "Let one entry stop before the other starts."),
+                start, stop);
+    else
+        SetSpan(&findings->AddAt(Warning, "same-layer", entry.line, entry.column,
+                                 entry.effect + " shares layer " + std::to_string(entry.layer) + " with " +
+                                     other.effect + " of line " + std::to_string(other.line) + ", " + when +
+                                     ".",
+                                 "Which of the two lies in front can change from frame to frame.",
+                                 "Give them different layers."),
+                start, stop);
+}
+
+// One finding of a kind for each entry, against the first of those ahead of it.
+static void CheckOverlaps(const Show& show, Findings* findings)
+{
+    for (size_t i = 0; i < show.entries.size(); i++) {
+        const ShownEntry& entry = show.entries[i];
+        bool twice = false, shared = false;
+        for (size_t j = 0; j < i && entry.kept; j++) {
+            const ShownEntry& other = show.entries[j];
+            if (!other.kept || !Overlap(entry, other))
+                continue;
+            bool* const told = entry.effect == other.effect ? &twice : &shared;
+            if (*told || (told == &shared && entry.layer != other.layer))
+                continue;
+            *told = true;
+            AddOverlap(entry, other, findings);
+        }
+    }
+}
+
+static bool ShowsByItself(const ShownEntry& entry)
+{
+    const EffectRequests* const requests = FindRequests(entry.effect);
+    return entry.kept && !(requests && requests->overlay) && entry.start <= entry.stop;
+}
+
+// The entry is the scene that ends the gap, or that which the show waits for in the end.
+static void AddGap(uint32_t start, uint32_t stop, const ShownEntry& entry, bool atEnd, Findings* findings)
+{
+    SetSpan(&findings->AddAt(Warning, "gap", entry.line, entry.column,
+                             "No scene is on from " + Milliseconds(start) + " to " + Milliseconds(stop) + ".",
+                             "The screen is black but for flashes.",
+                             atEnd ? "Let " + entry.effect + " stop earlier, or schedule a scene there."
+                                   : "Let " + entry.effect +
+                                         " start earlier, or the scene ahead of it stop later."),
+            start, stop);
+}
+
+static void CheckGaps(const Show& show, const Options& options, Findings* findings)
+{
+    std::vector<const ShownEntry*> scenes;
+    for (const ShownEntry& entry : show.entries)
+        if (ShowsByItself(entry))
+            scenes.push_back(&entry);
+    std::stable_sort(scenes.begin(), scenes.end(),
+                     [](const ShownEntry* a, const ShownEntry* b) { return a->start < b->start; });
+    uint32_t shownUpTo = options.startOffset;
+    for (const ShownEntry* scene : scenes) {
+        if (scene->start > shownUpTo)
+            AddGap(shownUpTo, scene->start, *scene, false, findings);
+        shownUpTo = std::max(shownUpTo, scene->stop);
+    }
+    for (const ShownEntry& entry : show.entries)
+        if (show.end > shownUpTo && entry.kept && entry.stop == show.end) {
+            AddGap(shownUpTo, show.end, entry, true, findings);
+            break;
+        }
+}
+
+static void CheckNothing(const Reading& script, const Show& show, const Options& options, Findings* findings)
+{
+    for (const ShownEntry& entry : show.entries)
+        if (entry.kept)
+            return;
+    const bool isEmpty = script.blocks.empty();
+    const bool cut = !show.entries.empty();
+    findings->AddAt(Error, "nothing-shown", 0, 0,
+                    isEmpty ? "There is no block in this script."
+                    : cut   ? "All entries stop at " + std::to_string(options.startOffset) +
+                                " or before, where the show is to start."
+                          : "No entry of this script comes to the timeline.",
+                    "The show loads without a word and ends after its first frame.",
+                    cut ? "Start earlier."
+                        : "Write an [EFFECT] with EffectName, StartTime, StopTime and LayerID.");
+}
+
+// ---- Messages
+
+static std::string SpansOf(const Show& show, const std::string& effect)
+{
+    std::vector<std::string> spans;
+    size_t count = 0;
+    for (const ShownEntry& entry : show.entries) {
+        if (!entry.kept || entry.effect != effect)
+            continue;
+        count++;
+        if (spans.size() < mostSpansNamed)
+            spans.push_back("from " + std::to_string(entry.start) + " to " + std::to_string(entry.stop));
+    }
+    if (count == 0)
+        return effect + " is never on stage.";
+    return effect + " is on stage " + Listed(spans) + (count > spans.size() ? " and later." : ".");
+}
+
+// Messages of one block that share a fate, told in one finding.
+struct Group {
+    std::vector<const SentMessage*> messages;
+
+    const SentMessage& First() const { return *messages.front(); }
+    std::string Told() const
+    {
+        const std::string what =
+            Quote(First().name) + " for " + First().effect + " at " + std::to_string(First().time);
+        if (messages.size() == 1)
+            return what;
+        return what + " and " + std::to_string(messages.size() - 1) + " more up to " +
+               std::to_string(messages.back()->time);
+    }
+    void Span(Finding* finding) const { SetSpan(finding, First().time, messages.back()->time); }
+};
+
+typedef bool (*Fate)(const Show& show, const SentMessage& message, const Options& options);
+
+static std::vector<Group> Gather(const Show& show, const Options& options, Fate hasFate)
+{
+    std::vector<Group> groups; // by block, since the blocks are numbered from 0 and all may have messages
+    for (const SentMessage& message : show.messages) {
+        if (!hasFate(show, message, options))
+            continue;
+        if (groups.size() <= message.block)
+            groups.resize(message.block + 1);
+        groups[message.block].messages.push_back(&message);
+    }
+    groups.erase(std::remove_if(groups.begin(), groups.end(),
+                                [](const Group& group) { return group.messages.empty(); }),
+                 groups.end());
+    return groups;
+}
+
+// When a message leaves depends on where the frames fall: at the earliest when it is due and those ahead of
+// it are gone, and at the latest a frame's length later.
+static bool IsSurelyHeard(const Show& show, const SentMessage& message, const Options& options)
+{
+    const double earliest = message.time + message.delay;
+    return IsOnStage(show, message.effect, earliest) &&
+           IsOnStage(show, message.effect, earliest + 1000 / options.frameRate);
+}
+
+static bool IsLost(const Show& show, const SentMessage& message, const Options&)
+{
+    return message.kept && !message.heard && !IsOnStage(show, message.effect, message.time + message.delay);
+}
+
+static bool IsAtEdge(const Show& show, const SentMessage& message, const Options& options)
+{
+    return message.kept && !IsLost(show, message, options) && !IsSurelyHeard(show, message, options);
+}
+
+static bool IsLate(const Show&, const SentMessage& message, const Options&)
+{
+    return message.kept && message.delay > mostDelay;
+}
+
+// Dropped by the offset, though its effect would have heard it and is still to be seen.
+static bool IsMissed(const Show& show, const SentMessage& message, const Options&)
+{
+    return !message.kept && IsOnStage(show, message.effect, message.time);
+}
+
+static bool IsDropped(const Show& show, const SentMessage& message, const Options& options)
+{
+    return !message.kept && !IsMissed(show, message, options);
+}
+
+static void CheckMessages(const Show& show, const Options& options, Findings* findings)
+{
+    for (const Group& group : Gather(show, options, IsLost)) {
+        const bool pushed =
+            group.messages.size() == 1 && IsOnStage(show, group.First().effect, group.First().time);
+        group.Span(&findings->AddAt(
+            Error, "message-outside", group.First().line, group.First().column,
+            group.Told() + (group.messages.size() == 1 ? " finds" : " find") + " nobody on stage" +
+                (pushed ? ", being " + std::to_string(lround(group.First().delay)) + " ms late." : "."),
+            "Lost without a trace. " + SpansOf(show, group.First().effect),
+            "Move the message, or the entry of its effect."));
+    }
+    for (const Group& group : Gather(show, options, IsAtEdge))
+        group.Span(&findings->AddAt(
+            Warning, "message-at-edge", group.First().line, group.First().column,
+            group.Told() + (group.messages.size() == 1 ? " stands" : " stand") + " on the edge of an entry.",
+            "Whether it is heard hangs on where the frames fall. " + SpansOf(show, group.First().effect),
+            "Keep at least 20 ms from the end of the entry, and don't begin ahead of it."));
+    for (const Group& group : Gather(show, options, IsLate)) {
+        double most = 0;
+        for (const SentMessage* message : group.messages)
+            most = std::max(most, message->delay);
+        group.Span(&findings->AddAt(
+            Warning, "message-late", group.First().line, group.First().column,
+            group.Told() + (group.messages.size() == 1 ? " waits" : " wait") + " behind others.",
+            "One message leaves in a frame, so that at " + std::to_string(lround(options.frameRate)) +
+                " frames a second it comes up to " + std::to_string(lround(most)) + " ms late.",
+            "Send fewer messages at one time."));
+    }
+    for (const Group& group : Gather(show, options, IsMissed))
+        group.Span(&findings->AddAt(Warning, "message-missed", group.First().line, group.First().column,
+                                    group.Told() + (group.messages.size() == 1 ? " lies" : " lie") +
+                                        " before the start at " + std::to_string(options.startOffset) + ".",
+                                    "Dropped: " + group.First().effect +
+                                        " goes on stage without having heard of it.",
+                                    "Expect it to look otherwise than in the whole show."));
+    for (const Group& group : Gather(show, options, IsDropped))
+        group.Span(&findings->AddAt(Note, "message-dropped", group.First().line, group.First().column,
+                                    group.Told() + (group.messages.size() == 1 ? " lies" : " lie") +
+                                        " before the start at " + std::to_string(options.startOffset) + ".",
+                                    "Dropped; its effect would not have shown it either.",
+                                    "Start earlier to see it."));
+}
+
+void CheckShow(const Reading& script, const Show& show, const Options& options, Findings* findings)
+{
+    CheckNothing(script, show, options, findings);
+    CheckOverlaps(show, findings);
+    CheckGaps(show, options, findings);
+    CheckMessages(show, options, findings);
+}
+
+} // namespace lint

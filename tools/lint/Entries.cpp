@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "tools/lint/Entries.h"
+
+#include "script/ScriptParser.h"
+
+#include <algorithm>
+
+namespace lint
+{
+
+const BlockKeys& KeysOf(BlockType type)
+{
+    // clang-format off
+    static const BlockKeys music   = {"MUSIC",       {"FileName"}, 1};
+    static const BlockKeys effect  = {"EFFECT",      {"EffectName", "StartTime", "StopTime", "LayerID"}, 4};
+    static const BlockKeys message = {"MESSAGE",     {"MessageText", "ActivationTime", "TargetEffect",
+                                                      "Parameter", "Steps", "TimeDelta"}, 3};
+    static const BlockKeys scheme  = {"COLORSCHEME", {"GlobalColor", "SupportColor", "FlowColor"}, 3};
+    // clang-format on
+    switch (type) {
+    case BlockMusic:
+        return music;
+    case BlockEffect:
+        return effect;
+    case BlockMessage:
+        return message;
+    default:
+        return scheme;
+    }
+}
+
+// The places of the characters that the reader puts into the value: all behind the = or ; at which it has the
+// key together, but for further = signs. What ends the value stands last.
+static void FindValuePlaces(Entry* entry)
+{
+    const std::string& text = entry->text;
+    const size_t end = entry->ended ? text.size() - 1 : text.size();
+    std::string word;
+    size_t i = 0;
+    while (i < end && !(text[i] == '=' && word == entry->key)) {
+        if (text[i] != '=')
+            word += text[i];
+        i++;
+    }
+    for (; i < end; i++)
+        if (text[i] != '=')
+            entry->valuePlaces.push_back(entry->begin + i);
+    entry->valuePlaces.push_back(entry->begin + end);
+}
+
+std::vector<Entry> SplitEntries(const Block& block)
+{
+    // The reader forgets everything at a ; but what it has found, so that each entry can be shown to it
+    // alone.
+    ScriptParser reader;
+    std::vector<Entry> entries;
+    for (size_t begin = 0; begin < block.text.size();) {
+        const size_t semicolon = block.text.find(';', begin);
+        const bool ended = semicolon != std::string::npos;
+        const size_t end = ended ? semicolon + 1 : block.text.size();
+        Entry entry = {
+            block.text.substr(begin, end - begin), block.body + begin, ended, "", "", "", {}, false, false};
+        entry.word = entry.text.substr(0, entry.text.find_first_of("=;"));
+        for (const std::string& key : KeysOf(block.type).keys) {
+            std::string value;
+            if (reader.GetValue(ended ? entry.text : entry.text + ";", key, &value)) {
+                entry.key = key;
+                entry.value = value;
+                break;
+            }
+        }
+        entry.counts = ended && !entry.key.empty() && !FindEntry(entries, entry.key);
+        FindValuePlaces(&entry);
+        entries.push_back(entry);
+        begin = end;
+    }
+    return entries;
+}
+
+const Entry* FindEntry(const std::vector<Entry>& entries, const std::string& key)
+{
+    for (const Entry& entry : entries)
+        if (entry.counts && entry.key == key)
+            return &entry;
+    return nullptr;
+}
+
+const Entry* FindSound(const std::vector<Entry>& entries, const std::string& key)
+{
+    const Entry* const found = FindEntry(entries, key);
+    return found && !found->broken ? found : nullptr;
+}
+
+std::vector<Item> SplitItems(const Entry& entry)
+{
+    std::vector<Item> items;
+    for (size_t begin = 0; begin <= entry.value.size();) {
+        const size_t end = std::min(entry.value.find(',', begin), entry.value.size());
+        const size_t last = end > begin ? end - 1 : begin;
+        items.push_back(
+            {entry.value.substr(begin, end - begin), entry.valuePlaces[begin], entry.valuePlaces[last]});
+        begin = end + 1;
+    }
+    return items;
+}
+
+} // namespace lint

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "tools/lint/Print.h"
+
+#include "tools/cli/Json.h"
+#include "tools/cli/Terminal.h"
+
+#include <cstdio>
+
+namespace lint
+{
+
+const char* NameOf(Severity severity)
+{
+    const char* const names[] = {"note", "warning", "error"};
+    return names[severity];
+}
+
+static std::string Counted(long count, const char* noun)
+{
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+static std::string Minutes(uint32_t time)
+{
+    char text[32];
+    snprintf(text, sizeof text, "%u:%02u.%03u", time / 60000, time / 1000 % 60, time % 1000);
+    return text;
+}
+
+static long KeptEntries(const Show& show)
+{
+    long count = 0;
+    for (const ShownEntry& entry : show.entries)
+        count += entry.kept ? 1 : 0;
+    return count;
+}
+
+static long KeptMessages(const Show& show)
+{
+    long count = 0;
+    for (const SentMessage& message : show.messages)
+        count += message.kept ? 1 : 0;
+    return count;
+}
+
+// What the script comes to.
+static std::string Facts(const Show& show)
+{
+    const long entries = KeptEntries(show);
+    return std::to_string(entries) + (entries == 1 ? " entry, " : " entries, ") +
+           Counted(KeptMessages(show), "message") + ", ends at " + Minutes(show.end) +
+           ", loads for at least " + Counted(show.loads, "second");
+}
+
+static std::string Where(const Finding& finding)
+{
+    std::string where = finding.file;
+    if (finding.line > 0)
+        where += ":" + std::to_string(finding.line);
+    if (finding.column > 0)
+        where += ":" + std::to_string(finding.column);
+    return where;
+}
+
+std::string PrintText(const std::string& file, const Report& report, bool colours)
+{
+    const cli::Colour shades[] = {cli::Blue, cli::Yellow, cli::Red};
+    std::string text;
+    for (const Finding& finding : report.findings) {
+        text += cli::Paint(Where(finding) + ":", cli::Bold, colours) + " ";
+        text +=
+            cli::Paint(std::string(NameOf(finding.severity)) + ":", shades[finding.severity], colours) + " ";
+        text += finding.text + " " + cli::Paint("[" + finding.code + "]", cli::Dim, colours) + "\n";
+        text += "    " + finding.consequence + "\n";
+        text += "    " + finding.cure + "\n";
+    }
+    const int errors = report.Count(Error), warnings = report.Count(Warning);
+    const bool clean = errors == 0 && warnings == 0;
+    std::string sum = clean ? "clean" : "";
+    if (errors > 0)
+        sum = Counted(errors, "error");
+    if (warnings > 0)
+        sum += (errors > 0 ? " and " : "") + Counted(warnings, "warning");
+    text += file + ": " + cli::Paint(sum, clean ? cli::Green : cli::Bold, colours) + "; " +
+            Facts(report.show) + "\n";
+    return text;
+}
+
+std::string PrintJson(const std::string& file, const Report& report, const Options& options)
+{
+    cli::Json json;
+    json.BeginObject();
+    json.Member("file", file);
+    json.Member("errors", report.Count(Error));
+    json.Member("warnings", report.Count(Warning));
+    json.Member("notes", report.Count(Note));
+    json.Key("findings");
+    json.BeginArray();
+    for (const Finding& finding : report.findings) {
+        json.BeginObject();
+        json.Member("severity", NameOf(finding.severity));
+        json.Member("code", finding.code);
+        json.Member("line", finding.line);
+        json.Member("column", finding.column);
+        json.Key("span");
+        if (finding.hasSpan) {
+            json.BeginObject();
+            json.Member("start", finding.spanStart);
+            json.Member("stop", finding.spanStop);
+            json.EndObject();
+        } else {
+            json.Null();
+        }
+        json.Member("text", finding.text);
+        json.Member("consequence", finding.consequence);
+        json.Member("cure", finding.cure);
+        json.EndObject();
+    }
+    json.EndArray();
+    json.Key("show");
+    json.BeginObject();
+    json.Member("offset", options.startOffset);
+    json.Member("entries", int64_t(KeptEntries(report.show)));
+    json.Member("messages", int64_t(KeptMessages(report.show)));
+    json.Member("music", report.show.music);
+    json.Member("end", report.show.end);
+    json.Member("loadingSeconds", report.show.loads);
+    json.EndObject();
+    json.EndObject();
+    return json.Finish();
+}
+
+} // namespace lint

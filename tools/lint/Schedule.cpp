@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "tools/lint/Schedule.h"
+
+#include "kernel/EffectRegistry.h"
+#include "kernel/SynchMessageTable.h"
+#include "tools/lint/Entries.h"
+#include "tools/lint/Requests.h"
+#include "tools/lint/Values.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace lint
+{
+
+// The player keeps seconds in single precision, from which milliseconds come back exactly within two hours.
+static uint32_t WholeMilliseconds(float seconds)
+{
+    const long long rounded = llround(double(seconds) * 1000.0);
+    return uint32_t(std::clamp(rounded, 0LL, 0xFFFFFFFFLL));
+}
+
+static std::string NameOf(const EffectRegistry& registry, const Effect* effect)
+{
+    for (const RegisteredEffect& row : registry.effects)
+        if (row.effect == effect)
+            return row.name;
+    return "";
+}
+
+static void AddEntries(const Reading& whole, const Reading& kept, const EffectRegistry& registry, Show* show)
+{
+    for (size_t b = 0; b < whole.blocks.size(); b++) {
+        const Block& block = whole.blocks[b];
+        if (block.entryCount == 0)
+            continue;
+        const EffectInstance& entry = whole.player.timeline[block.firstEntry];
+        const Place place = whole.PlaceInStream(block.header);
+        show->entries.push_back({NameOf(registry, entry.effect), WholeMilliseconds(entry.start),
+                                 WholeMilliseconds(entry.stop), entry.layer, kept.blocks[b].entryCount > 0,
+                                 place.line, place.column});
+    }
+    show->end = WholeMilliseconds(kept.player.endTime);
+}
+
+static void AddMessages(const Reading& whole, const Reading& kept, const EffectRegistry& registry, Show* show)
+{
+    size_t messageBlock = 0;
+    for (size_t b = 0; b < whole.blocks.size(); b++) {
+        const Block& block = whole.blocks[b];
+        if (block.type != BlockMessage)
+            continue;
+        messageBlock++;
+        if (block.messageCount == 0)
+            continue;
+        const std::vector<Entry> entries = SplitEntries(block);
+        const Entry* const text = FindEntry(entries, "MessageText");
+        const Entry* const list = FindEntry(entries, "ActivationTime");
+        const std::vector<Item> times = SplitItems(*list);
+        const size_t lastTime = CountTimes(*list) - 1; // from which Steps counts on
+        const std::string effect = NameOf(registry, whole.player.messages[block.firstMessage].effect);
+        // What is kept stands in the same order; equal times share one fate.
+        size_t next = kept.blocks[b].firstMessage;
+        const size_t end = next + kept.blocks[b].messageCount;
+        for (size_t i = 0; i < block.messageCount; i++) {
+            const SynchMessage& message = whole.player.messages[block.firstMessage + i];
+            const bool isKept = next < end && kept.player.messages[next].time == message.time;
+            next += isKept ? 1 : 0;
+            const Place place = whole.PlaceInStream(times[std::min(i, lastTime)].place);
+            show->messages.push_back({effect, text->value, message.id, WholeMilliseconds(message.time),
+                                      std::vector<float>(message.params, message.params + message.count),
+                                      isKept, false, 0, place.line, place.column, messageBlock - 1});
+        }
+    }
+    // As DemoPlayer::SortMessages orders them, in less time.
+    std::stable_sort(show->messages.begin(), show->messages.end(),
+                     [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; });
+}
+
+// Hands the messages out one per frame, as the player does it, on frames of equal length.
+static void PlayMessages(const Options& options, Show* show)
+{
+    const double frame = 1000.0 / options.frameRate;
+    const double hair = 1e-6; // of a frame: a message on a frame's very moment leaves in it
+    double free = 0;          // the first frame that has not handed out a message yet
+    for (SentMessage& message : show->messages) {
+        if (!message.kept)
+            continue;
+        const double due = std::ceil((double(message.time) - options.startOffset) / frame - hair);
+        const double leaves = std::max(due, free);
+        free = leaves + 1;
+        message.delay = (leaves - due) * frame;
+        message.heard = IsOnStage(*show, message.effect, options.startOffset + leaves * frame);
+    }
+}
+
+static int CountLoads(const Show& show)
+{
+    std::set<std::string> loaded;
+    int loads = 0;
+    for (const ShownEntry& entry : show.entries) {
+        if (!entry.kept)
+            continue;
+        const EffectRequests* const requests = FindRequests(entry.effect);
+        const bool isNew = loaded.insert(entry.effect).second;
+        if (isNew || !requests || !requests->loadsOnce)
+            loads++;
+    }
+    return loads;
+}
+
+Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& registry,
+               const Options& options)
+{
+    Show show = {{}, {}, "", kept.player.GetColorScheme(), 0, 0};
+    AddEntries(whole, kept, registry, &show);
+    AddMessages(whole, kept, registry, &show);
+    for (const Block& block : whole.blocks)
+        if (block.type == BlockMusic && !block.hasBox)
+            for (const Entry& entry : SplitEntries(block))
+                if (entry.key == "FileName" && (entry.counts || !entry.ended)) {
+                    show.music = entry.value;
+                    break;
+                }
+    PlayMessages(options, &show);
+    show.loads = CountLoads(show);
+    return show;
+}
+
+bool IsOnStage(const Show& show, const std::string& effect, double time)
+{
+    for (const ShownEntry& entry : show.entries)
+        if (entry.kept && entry.effect == effect && time >= entry.start && time <= entry.stop)
+            return true;
+    return false;
+}
+
+} // namespace lint

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+#include "tools/lint/Values.h"
+
+#include "kernel/EffectRegistry.h"
+#include "kernel/SynchMessageTable.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <climits>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+namespace lint
+{
+
+// ---- Whole numbers
+
+static std::string WithoutTheSign(uint32_t number)
+{
+    return std::to_string(number) + ", since the show knows no numbers below 0";
+}
+
+// One whole number that is not empty.
+static void CheckWholeItem(const Item& item, const std::string& key, Findings* findings)
+{
+    const std::string& text = item.text;
+    const size_t sign = text[0] == '-' ? 1 : 0;
+    size_t end = sign;
+    while (end < text.size() && isdigit(static_cast<unsigned char>(text[end])))
+        end++;
+    const int read = atoi(text.c_str()); // as the show does it
+    if (end == sign) {
+        findings->Add(Error, "not-a-number", item.place, Quote(text) + " is no number.",
+                      key + " is read as " + std::to_string(read) + ".", "Write a whole number.");
+        return;
+    }
+    if (end < text.size())
+        findings->Add(Warning, "cut-number", item.place + end, Quote(text) + " is no whole number.",
+                      "Reading stops ahead of " + Quote(text.substr(end)) + ": " + key + " is " +
+                          std::to_string(read) + ".",
+                      "Write a whole number" +
+                          std::string(key == "LayerID" || key == "Steps" ? "" : " of milliseconds") +
+                          ", nothing else.");
+    errno = 0;
+    const long whole = strtol(text.c_str(), nullptr, 10);
+    if (errno == ERANGE || whole > INT_MAX || whole < INT_MIN)
+        findings->Add(Error, "large-number", item.place, Quote(text) + " is above what a number can be.",
+                      key + " is read as " + std::to_string(uint32_t(read)) + ".",
+                      "Write a number up to " + std::to_string(INT_MAX) + ".");
+    else if (whole < 0)
+        findings->Add(Error, "negative-number", item.place, Quote(text) + " is below 0.",
+                      key + " is read as " + WithoutTheSign(uint32_t(read)) + ".",
+                      "Write a number from 0 on.");
+}
+
+static void AddEmpty(const Entry& entry, const std::string& consequence, Findings* findings)
+{
+    findings->Add(Error, "empty-value", entry.valuePlaces[0], entry.key + " has no value.", consequence,
+                  "Write a value between the = and the ;.");
+}
+
+void CheckWhole(const Entry& entry, Findings* findings)
+{
+    if (entry.value.empty())
+        AddEmpty(entry, "It is read as 0.", findings);
+    else
+        CheckWholeItem({entry.value, entry.valuePlaces[0], entry.valuePlaces[entry.value.size() - 1]},
+                       entry.key, findings);
+}
+
+size_t CountTimes(const Entry& entry)
+{
+    if (entry.value.empty())
+        return 0;
+    const size_t items = SplitItems(entry).size();
+    return entry.value.back() == ',' ? items - 1 : items;
+}
+
+void CheckTimes(const Entry& entry, Findings* findings)
+{
+    if (entry.value.empty()) {
+        AddEmpty(entry, "The message is never sent, and nothing says so.", findings);
+        return;
+    }
+    const std::vector<Item> items = SplitItems(entry);
+    for (size_t i = 0; i < CountTimes(entry); i++) {
+        if (items[i].text.empty())
+            findings->Add(Error, "empty-item", items[i].place,
+                          "There is nothing between two commas of this list.",
+                          "It is read as 0: the message is sent at the start of the show as well.",
+                          "Delete the comma, or write the time that is missing.");
+        else
+            CheckWholeItem(items[i], entry.key, findings);
+    }
+}
+
+void CheckColour(const Entry& entry, Findings* findings)
+{
+    const std::vector<Item> items = SplitItems(entry);
+    for (size_t i = 0; i < items.size() && i < 3; i++) {
+        const Item& item = items[i];
+        if (item.text.empty()) {
+            findings->Add(Error, "empty-item", item.place, "A component of " + entry.key + " is empty.",
+                          "It is read as 0.", "Write red, green and blue, 0 to 255 each.");
+            continue;
+        }
+        CheckWholeItem(item, entry.key, findings);
+        const int read = atoi(item.text.c_str());
+        if (read > 255)
+            findings->Add(Warning, "colour-range", item.place, std::to_string(read) + " is above 255.",
+                          "Nothing limits it: the component is brighter than full.", "Write 0 to 255.");
+    }
+    if (items.size() < 3)
+        findings->Add(Warning, "colour-count", entry.valuePlaces[0],
+                      entry.key + " has " + std::to_string(items.size()) +
+                          (items.size() == 1 ? " component." : " components."),
+                      "Those that are missing are 0.", "Write red, green and blue, 0 to 255 each.");
+    else if (items.size() > 3)
+        findings->Add(Warning, "colour-count", items[3].place,
+                      entry.key + " has " + std::to_string(items.size()) + " components.",
+                      "Those behind the third are passed over.", "Write red, green and blue, no more.");
+}
+
+// ---- Parameters
+
+static std::string Decimal(float value)
+{
+    char text[64];
+    snprintf(text, sizeof text, "%g", double(value));
+    return text;
+}
+
+// How many parameters the effect says that a message takes: the highest "PARAM n" of its description.
+static int ParametersOf(const SynchMessageDeclaration& declared)
+{
+    static const std::string mark = "PARAM ";
+    int count = 0;
+    for (size_t at = declared.description.find(mark); at != std::string::npos;
+         at = declared.description.find(mark, at + 1))
+        count = std::max(count, 1 + atoi(declared.description.c_str() + at + mark.size()));
+    return count;
+}
+
+static void CheckParameterItem(const Item& item, Findings* findings)
+{
+    char* end = nullptr;
+    const double value = strtod(item.text.c_str(), &end);
+    if (end == item.text.c_str())
+        findings->Add(Error, "not-a-number", item.place, Quote(item.text) + " is no number.",
+                      "The parameter is read as 0.", "Write a number, with a point if it is no whole one.");
+    else if (*end)
+        findings->Add(Warning, "cut-number", item.place + (end - item.text.c_str()),
+                      Quote(item.text) + " is no number as a whole.",
+                      "Reading stops ahead of " + Quote(end) + ": the parameter is " + Decimal(float(value)) +
+                          ".",
+                      "Write a number, nothing else.");
+    else if (!std::isfinite(float(value)))
+        findings->Add(Error, "large-number", item.place, Quote(item.text) + " is no finite number.",
+                      "The effect is given " + Decimal(float(value)) + " to calculate with.",
+                      "Write a number that can be shown.");
+}
+
+// The last character of the list is lost unless it is a comma; see ScriptParser::ParseParameters.
+static void CheckLostCharacter(const Item& last, float* value, Findings* findings)
+{
+    const std::string left = last.text.substr(0, last.text.size() - 1);
+    const float meant = float(atof(last.text.c_str()));
+    *value = float(atof(left.c_str()));
+    if (*value == meant)
+        return;
+    findings->Add(Error, "lost-character", last.last, "The list of parameters loses its last character.",
+                  "The last parameter is read from " + Quote(left) + ": " + Decimal(*value) + " instead of " +
+                      Decimal(meant) + ".",
+                  "Write " + last.text + (last.text.find('.') == std::string::npos ? ".0" : "") +
+                      "0, of which nothing is missed.");
+}
+
+void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared, Findings* findings)
+{
+    if (entry.value.empty()) {
+        AddEmpty(entry, "The message comes with one parameter, 0.", findings);
+        return;
+    }
+    const std::vector<Item> items = SplitItems(entry);
+    const bool closed = entry.value.back() == ','; // the way to lose nothing, and no item behind it is meant
+    const size_t count = closed ? items.size() - 1 : items.size();
+    float first = 0;
+    for (size_t i = 0; i < count; i++) {
+        if (items[i].text.empty()) {
+            findings->Add(Error, "empty-item", items[i].place,
+                          "There is nothing between two commas of this list.", "The parameter is read as 0.",
+                          "Write the number that is missing.");
+            continue;
+        }
+        CheckParameterItem(items[i], findings);
+        float value = float(atof(items[i].text.c_str()));
+        if (!closed && i + 1 == count)
+            CheckLostCharacter(items[i], &value, findings);
+        if (i == 0)
+            first = value;
+    }
+    if (!declared)
+        return;
+    const int used = ParametersOf(*declared);
+    if (int(count) > used)
+        findings->Add(Warning, "unused-parameter", items[used].place,
+                      Quote(declared->name) + " takes " +
+                          (used == 0 ? "no parameter."
+                                     : std::to_string(used) + (used == 1 ? " parameter." : " parameters.")),
+                      count - used == 1 ? "This one is passed over."
+                                        : "This one and those behind it are passed over.",
+                      "Leave it out.");
+    if (used > 0 && declared->description.find("fading speed") != std::string::npos && !(first > 0))
+        findings->Add(Warning, "endless-flash", items[0].place,
+                      "The fading speed of this flash is " + Decimal(first) + ".",
+                      first < 0 ? "The flash grows instead of fading." : "The flash never fades.",
+                      "Write a speed above 0, with a 0 behind it.");
+}
+
+// ---- Names
+
+bool CheckEffectName(const Entry& entry, const EffectRegistry& registry, const char* what, Findings* findings)
+{
+    if (registry.FindEffect(entry.value))
+        return true;
+    const std::string meant = Nearest(entry.value, EffectNames(registry));
+    findings->Add(Error, "unknown-effect", entry.valuePlaces[0],
+                  "There is no effect of the name " + Quote(entry.value) + ".",
+                  std::string("The show says so in a box, without the name, and drops the ") + what + ".",
+                  meant.empty() ? "The effects are " + Listed(EffectNames(registry)) + "."
+                                : "Did you mean " + meant + "?");
+    return false;
+}
+
+const SynchMessageDeclaration* CheckMessageName(const Entry& entry, const std::string& effect,
+                                                const EffectRegistry& registry, Findings* findings)
+{
+    const Effect* const owner = registry.FindEffect(effect);
+    for (const SynchMessageDeclaration& row : registry.GetMessageTable()->entries)
+        if (row.owner == owner && row.name == entry.value)
+            return &row;
+    const std::vector<std::string> names = MessageNames(registry, effect);
+    const std::string meant = Nearest(entry.value, names);
+    findings->Add(Error, "unknown-message", entry.valuePlaces[0],
+                  effect + " has no message " + Quote(entry.value) + ".",
+                  "The message is delivered and ignored, and nothing says so.",
+                  names.empty()   ? "It understands no message at all."
+                  : meant.empty() ? "Its messages are " + Listed(names) + "."
+                                  : "Did you mean " + meant + "?");
+    return nullptr;
+}
+
+} // namespace lint
