@@ -11,56 +11,75 @@ namespace atelier
 namespace
 {
 
-// The stone that the trees are of, with moss in its hollows.
+// The stone that the trees are of. Every side of every block shows the whole tile, mostly no larger than a
+// thumbnail: one stone, pale enough to be seen in the shade, with a few cracks, moss in large patches, and
+// the pen's outline where block meets block.
 Canvas MossyStone()
 {
     constexpr int Side = 512;
     constexpr float Size = Side;
     const Paper& paper = SketchPaper(512);
-    const Noise rock(701, 8, 8), block(709, 9, 7), moss(703, 6, 6), leaf(704, 96, 96), warp(705, 8, 8);
-    const auto cellAt = [&](float x, float y) {
-        const float w = 0.25f * warp.Fbm(x / Size * 8, y / Size * 8, 3);
-        return block.Worley(x / Size * 9 + w, y / Size * 7 + w);
+    const Noise rock(701, 4, 4), crack(702, 3, 3), moss(703, 3, 3), leaf(704, 64, 64), warp(705, 6, 6),
+        pit(709, 24, 24);
+    const auto border = [&](float x,
+                            float y) { // pixels to the next border of the block, which is not straight
+        return Min(Min(x, Size - x), Min(y, Size - y)) + 6 * warp.Fbm(x / Size * 6, y / Size * 6, 3);
     };
-    const Mask joint = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        const Noise::Cell cell = cellAt(x, y);
-        return Smooth(0.11f, 0.02f, cell.second - cell.nearest);
-    });
-    const Mask green = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        const float patch = moss.Fbm(x / Size * 6, y / Size * 6, 4) + 0.35f * joint.At(Floor(x), Floor(y));
-        return Smooth(0.12f, 0.34f, patch + 0.22f * leaf.Gradient(x / Size * 96, y / Size * 96));
-    });
     Canvas canvas(Side, Side);
     canvas.Ground([&](float x, float y) {
-        const float own = static_cast<float>(cellAt(x, y).name & 255) / 255;
-        const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 8, y / Size * 8, 5);
-        return Mix(palette::Mist, Mix(palette::Parchment, palette::Ochre, 0.2f), Clamp(0.2f + 0.5f * own)) *
-               (0.55f + 0.45f * t);
+        const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 4, y / Size * 4, 5);
+        const float bulge = Smooth(4, 90, border(x, y));
+        const Colour stone = Mix(Mix(palette::Mist, palette::Parchment, 0.35f), palette::Bone, Clamp(t));
+        return stone * (0.58f + 0.42f * bulge) * (0.92f + 0.22f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
     });
-    Wash(canvas, paper, joint, {.pigment = palette::Night, .density = 0.9f, .bloomSize = 128, .stray = 2},
+    const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return Smooth(0.02f, 0.22f, rock.Fbm(x / Size * 4 + 2, y / Size * 4 + 1, 3));
+    });
+    Wash(canvas, paper, stains,
+         {.pigment = Mix(palette::Slate, palette::Ochre, 0.35f),
+          .density = 0.32f,
+          .pool = 1,
+          .poolWidth = 7,
+          .bloomSize = 128},
          706);
+    const Mask green = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float w = 0.35f * warp.Fbm(x / Size * 6, y / Size * 6, 3);
+        const float patch =
+            moss.Fbm(x / Size * 3 + w, y / Size * 3, 3) + 0.10f * leaf.Gradient(x / Size * 64, y / Size * 64);
+        return Smooth(0.10f, 0.20f, patch + 0.10f * Smooth(80, 10, border(x, y)));
+    });
+    canvas.Glaze(Mask(green).Blur(7), palette::Slate, 0.5f);
     canvas.Cover(
         green,
         [&](float x, float y) {
-            const float t = 0.5f + 0.8f * leaf.Fbm(x / Size * 96, y / Size * 96, 2);
-            return Mix(palette::Moss * 0.75f, Mix(palette::Moss, palette::Parchment, 0.22f), Clamp(t));
+            const float t = 0.45f + 0.7f * leaf.Fbm(x / Size * 64, y / Size * 64, 3);
+            return Mix(palette::Moss * 0.75f, Mix(palette::Moss, palette::Amber, 0.35f), Clamp(t));
         },
         0.9f);
     Mask ink(Side, Side, 0, true);
-    Pen pen(ink, paper, {.width = 2.4f, .wobble = 0.8f, .wave = 20, .skip = 0.4f}, 707);
+    ink.Each([&](float x, float y) {
+        const float w = 0.4f * warp.Fbm(x / Size * 6 + 1, y / Size * 6, 3);
+        const float ridge = crack.Ridges(x / Size * 3 + w, y / Size * 3 + 0.5f, 1);
+        const float thin = Smooth(-0.2f, 0.4f, rock.Fbm(x / Size * 4 + 3, y / Size * 4, 2));
+        return Smooth(0.965f - 0.012f * thin, 0.99f, ridge) * thin;
+    });
+    Pen pen(
+        ink, paper,
+        {.width = 11, .least = 0.35f, .wobble = 3, .wave = 60, .wander = 0.5f, .skip = 0.15f, .dry = 0.3f},
+        707);
+    // Along the borders, on both sides of which the blocks of a tile meet.
+    pen.Stroke(Straight({{0, 1}, {Size, 1}}), {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
+    pen.Stroke(Straight({{1, 0}, {1, Size}}), {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
+    pen.nib.width = 3.5f;
     Dice dice(708);
-    for (int i = 0; i < 130; ++i) {
-        Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
-        const float a = dice.Range(0.2f, 1.2f);
-        pen.Stroke(Shaken(Straight({p, p + Vec2{Cos(a), Sin(a)} * dice.Range(10, 34)}), 3, 12, dice.Next()),
-                   {.start = 0.7f, .middle = 0.8f, .end = 0});
+    for (int i = 0; i < 60; ++i) {
+        const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
+        const float a = dice.Range(0.5f, 1.0f);
+        pen.Stroke(Shaken(Straight({p, p + Vec2{Cos(a), Sin(a)} * dice.Range(20, 60)}), 3, 20, dice.Next()),
+                   {.start = 0.7f, .middle = 0.7f, .end = 0});
     }
-    for (int i = 0; i < 40; ++i)
-        pen.Splatter({dice.Range(0, Size), dice.Range(0, Size)}, 14, 6, 2);
-    canvas.Cover(ink, palette::Ink, 0.7f);
-    // The grit of the stone, finer than the paper's tooth.
-    canvas.Tone(Mask(Side, Side).Each([&](float, float) { return dice.Unit(); }), 0.72f, 1.28f);
-    paper.Show(canvas, 0.6f);
+    canvas.Cover(ink, palette::Ink, 0.8f);
+    paper.Show(canvas, 0.7f);
     return canvas;
 }
 
@@ -75,17 +94,26 @@ Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
 {
     const Paper& paper = SketchPaper();
     Mask ink(NameWidth, NameHeight);
-    Pen pen(ink, paper, {.width = 8, .least = 0.3f, .wobble = 0.8f, .skip = 0.1f, .dry = 0.15f}, seed);
-    const LetterStyle style{.size = 66, .slant = 0.08f, .narrow = narrow, .spacing = 1.6f};
+    Pen pen(ink, paper,
+            {.width = narrow < 1 ? 8.5f : 11.0f,
+             .least = 0.22f,
+             .wobble = 1,
+             .wander = 0.45f,
+             .skip = 0.12f,
+             .dry = 0.3f,
+             .pool = 0.6f},
+            seed);
+    const LetterStyle style{
+        .size = 74, .slant = 0.10f, .narrow = narrow, .spacing = 1.3f, .lively = 1.3f, .upright = 0.6f};
     Write(pen, text, {168, Baseline}, style, Anchor::Left, seed + 1);
-    pen.nib.width = 5;
+    pen.nib.width = 6;
     mark(pen);
     pen.nib.width = 4;
     const float end = Min(168 + WidthOf(text, style), NameWidth - 30);
     pen.Stroke(Shaken(Through({{166, 116}, {Mix(166, end, 0.5f), 113}, {end, 117}}), 2, 120, seed + 2),
                {.start = 0.1f, .middle = 0.8f, .end = 0});
-    Mask shade = ink.Blurred(9).Scale(2.2f);
-    shade.By([](float, float) { return 0.62f; });
+    Mask shade = ink.Blurred(11).Scale(2.6f);
+    shade.By([](float, float) { return 0.7f; });
     Canvas canvas(NameWidth, NameHeight);
     canvas.Cover(shade.FadeToBorder(10), palette::Ink);
     canvas.Cover(Mask(ink).FadeToBorder(4), palette::Bone);
@@ -149,7 +177,7 @@ void Lamp(Pen& pen)
 
 Canvas NameFen()
 {
-    return Name("fen tarogato", 0.7f, Reed, 721);
+    return Name("fen tarogato", 0.66f, Reed, 721);
 }
 Canvas NameOchre()
 {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "art/atelier/DryBrush.h"
 #include "art/atelier/Glow.h"
 #include "art/atelier/Pen.h"
 #include "art/atelier/Pictures.h"
@@ -23,7 +24,7 @@ Canvas Window(bool lit)
     const Mask frame =
         Filled(Side, Side, Shaken(Straight({{5, 6}, {122, 5}, {123, 122}, {5, 122}, {5, 6}}), 1.6f, 24, 563));
     Canvas canvas(Side, Side);
-    canvas.Cover(Mask(Side, Side, 1), Mix(palette::Rust, palette::Night, 0.6f));
+    canvas.Cover(Mask(Side, Side, 1), Mix(palette::Rust, palette::Ink, 0.72f));
     const Mask inner = Filled(Side, Side, opening);
     canvas.Cover(inner, [&](float x, float y) {
         const float cloud = 0.12f * glass.Fbm(x / 30, y / 30, 3);
@@ -70,7 +71,7 @@ Canvas Window(bool lit)
     joiner.Stroke(Straight({{10, 56}, {118, 57}}), {.start = 1, .middle = 0.9f, .end = 1});
     joiner.nib.width = 4;
     joiner.Stroke(opening, {.start = 1, .middle = 0.9f, .end = 1});
-    canvas.Cover(bars, Mix(palette::Rust, palette::Ink, 0.75f));
+    canvas.Cover(bars, Mix(palette::Rust, palette::Ink, 0.8f));
     if (lit)
         canvas.Light(inner.Blurred(7), palette::Amber, 0.10f);
     paper.Show(canvas, lit ? 0.25f : 0.5f);
@@ -87,23 +88,51 @@ Canvas DarkWindow()
     return Window(false);
 }
 
+// It is laid twice over the whole view, once so large that only what lies within two thirds of the way to the
+// border is seen: one ring round the fire, one that opens and closes. Drawn in three goes of a brush that
+// does not come back to where it began; embers fly off it.
 Canvas RingOfLight()
 {
     constexpr int Side = 512;
+    constexpr Vec2 Middle = {256, 256};
+    constexpr float Radius = 122;
+    const Paper& paper = SketchPaper();
     Canvas canvas(Side, Side, palette::Black);
-    Mask line(Side, Side), echo(Side, Side);
-    Pen pen(line, SketchPaper(),
-            {.width = 7, .least = 0.2f, .wobble = 2, .wave = 90, .wander = 0.6f, .skip = 0.1f}, 571);
-    pen.Stroke(Turned(Ellipse({256, 256}, 196, 193), 1.0f, {256, 256}),
-               {.start = 0.2f, .middle = 1, .end = 0.3f});
-    pen.nib.width = 3;
-    pen.Stroke(Turned(Ellipse({258, 254}, 204, 201), 3.4f, {256, 256}),
-               {.start = 0, .middle = 0.7f, .end = 0});
-    Pen faint(echo, SketchPaper(), {.width = 2.5f, .wobble = 2.5f, .wave = 120, .skip = 0.5f}, 572);
-    faint.Stroke(Turned(Ellipse({255, 257}, 178, 181), 5, {256, 256}),
-                 {.start = 0, .middle = 0.8f, .end = 0});
-    GlowAlong(canvas, line, 34, {.strength = 0.9f, .haloPart = 0.4f});
-    GlowAlong(canvas, echo, 14, {.strength = 0.4f, .haloPart = 0.3f});
+    Mask line(Side, Side), echo(Side, Side), embers(Side, Side);
+    DryBrush brush(line, paper,
+                   {.width = 11, .count = 9, .thickness = 1.3f, .load = 0.75f, .ragged = 0.3f, .wave = 90},
+                   571);
+    const auto sweep = [&](float radius, float from, float to, float drift) {
+        Line arc;
+        for (int i = 0; i <= 160; ++i) {
+            const float t = static_cast<float>(i) / 160, a = Mix(from, to, t);
+            arc.push_back(Middle + Vec2{Cos(a), Sin(a) * 0.985f} * (radius + drift * t));
+        }
+        return Shaken(arc, 2.5f, 120, static_cast<uint32_t>(from * 100) + 5);
+    };
+    brush.Stroke(sweep(Radius, 0.4f, 3.9f, 4), 0.9f);
+    brush.bristles.width = 7;
+    brush.Stroke(sweep(Radius + 3, 3.5f, 5.8f, -3), 0.7f);
+    brush.bristles.width = 4;
+    brush.Stroke(sweep(Radius - 3, 5.5f, 7.3f, 2), 0.8f);
+    Pen faint(echo, paper, {.width = 2.2f, .wobble = 2.5f, .wave = 120, .skip = 0.5f}, 572);
+    faint.Stroke(sweep(Radius + 17, 4.4f, 8.2f, -6), {.start = 0, .middle = 0.8f, .end = 0});
+    faint.Stroke(sweep(Radius - 14, 1.2f, 3.4f, 5), {.start = 0, .middle = 0.7f, .end = 0});
+    faint.Stroke(sweep(Radius + 66, 0.2f, 5.2f, 10), {.start = 0, .middle = 0.8f, .end = 0});
+    Pen fleck(embers, paper, {.width = 2, .wobble = 0.5f}, 573);
+    Dice dice(574);
+    for (int i = 0; i < 90; ++i) {
+        const float a = dice.Range(0, 2 * Pi), out = Radius + dice.Bell() * 9 + 26 * Pow(dice.Unit(), 2);
+        const Vec2 p = Middle + Vec2{Cos(a), Sin(a)} * out, way = {-Sin(a + 0.5f), Cos(a + 0.5f)};
+        fleck.Stroke(Straight({p, p + way * dice.Range(1.5f, 7)}, 1),
+                     {.start = 0.9f, .middle = dice.Range(0.2f, 0.8f), .end = 0});
+    }
+    GlowAlong(canvas, line, 40,
+              {.core = Mix(palette::Bone, palette::Amber, 0.35f), .strength = 0.62f, .haloPart = 0.28f});
+    GlowAlong(canvas, echo, 14,
+              {.core = palette::Amber, .halo = palette::Ochre, .strength = 0.30f, .haloPart = 0.3f});
+    GlowAlong(canvas, embers, 10,
+              {.core = palette::Amber, .halo = palette::Rust, .strength = 0.6f, .haloPart = 0.4f});
     DarkenBorder(canvas, 24);
     return canvas;
 }

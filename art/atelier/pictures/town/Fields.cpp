@@ -63,8 +63,8 @@ Colour VillageEarth(float X, float Z)
     const float u = X / Repeat;
     const float t = 0.5f + 0.7f * tint.Fbm(u * 4, Z / 3.6f, 5);
     Colour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f), Mix(palette::Moss, palette::Slate, 0.35f),
-                       0.85f * Smooth(0.15f, 0.7f, t));
-    earth = Mix(earth, Mix(palette::Ochre, palette::Slate, 0.45f), 0.45f * Smooth(0.55f, 1.0f, t));
+                       0.6f * Smooth(0.15f, 0.7f, t));
+    earth = Mix(earth, Mix(palette::Ochre, palette::Slate, 0.45f), 0.22f * Smooth(0.55f, 1.0f, t));
     const float f = Fraction(VillageFurrow(X, Z));
     const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
     const float ridge = Smooth(0.12f, 0.48f, f + 0.10f * lump) * Smooth(1.0f, 0.66f, f + 0.10f * lump);
@@ -387,7 +387,7 @@ Canvas FieldOfTheNames()
         if (line.size() > 5)
             (bright ? chalk : pen).Stroke(line, {.start = 0.15f, .middle = dice.Range(0.4f, 1), .end = 0});
     }
-    canvas.Cover(light, palette::Parchment, 0.42f);
+    canvas.Cover(light, palette::Parchment, 0.24f);
     canvas.Cover(lines, Mix(palette::Ink, palette::Rust, 0.25f), 0.72f);
     // Ditches, and hedges along some of them.
     canvas.Cover(Mask(between).Blur(1.2f), Mix(palette::Moss, palette::Ink, 0.55f), 0.7f);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The night over the village. The sky is a colour for every direction, so that it goes on across the edges of
 // its box; the faces only look it up.
-#include "art/atelier/Paper.h"
+#include "art/atelier/Glow.h"
+#include "art/atelier/Noise.h"
 #include "art/atelier/pictures/town/Town.h"
 
 namespace atelier
@@ -38,49 +39,135 @@ Vec2 Flat(const Direction& d)
     return {d.x / (1 + d.y), d.z / (1 + d.y)};
 }
 
+// How high the land stands in a direction round the horizon, as the tangent of its angle: two ranges of
+// hills, the nearer one wooded.
+float FarHillsAt(Vec2 round)
+{
+    static const Noise hills(403);
+    return 0.070f + 0.055f * hills.Fbm(round.x * 2.1f + 3, round.y * 2.1f + 7, 4);
+}
 float HillsAt(Vec2 round)
 {
     static const Noise hills(401), firs(402);
-    const float high = 0.045f + 0.05f * hills.Fbm(round.x * 2.6f + 9, round.y * 2.6f + 9, 3);
+    const float high = 0.034f + 0.045f * hills.Fbm(round.x * 2.6f + 9, round.y * 2.6f + 9, 3);
     const float wood = Smooth(-0.1f, 0.4f, hills.Gradient(round.x * 3 + 40, round.y * 3));
     const float trees = Abs(firs.Gradient(round.x * 90, round.y * 90)) * 0.7f +
                         0.5f * firs.Value(round.x * 210, round.y * 210);
-    return Max(0.012f, high) + 0.026f * wood * trees;
+    return Max(0.012f, high) + 0.024f * wood * trees;
+}
+
+// What stands on the nearer hills against the sky. Round: the direction in radians from the middle of the
+// back face, to the right.
+struct Landmark {
+    float round, half, high; // half its width and its height over the hill, as tangents
+    bool pointed;
+};
+// clang-format off
+constexpr Landmark Landmarks[] = {
+    {-0.330f, 0.0060f, 0.052f, true }, // a steeple, with its nave
+    {-0.308f, 0.0200f, 0.016f, false},
+    { 0.520f, 0.0035f, 0.030f, true }, // a row of poplars
+    { 0.536f, 0.0040f, 0.036f, true },
+    { 0.553f, 0.0035f, 0.032f, true },
+    { 0.571f, 0.0042f, 0.038f, true },
+    { 0.590f, 0.0032f, 0.027f, true },
+    {-1.240f, 0.0040f, 0.036f, true },
+    {-1.218f, 0.0036f, 0.030f, true },
+    { 1.700f, 0.0150f, 0.020f, false}, // a farm, with its chimney
+    { 1.692f, 0.0022f, 0.030f, false},
+};
+// Windows far away. Above: from the top of the nearer hill, mostly below it.
+struct FarLight {
+    float round, above, bright;
+};
+constexpr FarLight FarLights[] = {
+    {-0.300f,  0.006f, 0.9f}, {-0.420f, -0.012f, 0.7f}, {-0.436f, -0.016f, 0.5f}, { 0.235f, -0.010f, 0.8f},
+    { 0.262f, -0.014f, 0.4f}, { 0.640f, -0.012f, 0.6f}, { 1.050f, -0.010f, 0.8f}, { 1.082f, -0.015f, 0.5f},
+    { 1.705f,  0.006f, 0.9f}, {-0.850f, -0.012f, 0.7f}, {-1.300f, -0.010f, 0.6f}, {-1.760f, -0.013f, 0.8f},
+    { 2.200f, -0.012f, 0.6f}, {-2.150f, -0.011f, 0.5f},
+};
+// clang-format on
+
+float RoundOf(const Direction& d)
+{
+    return Angle({-d.z, d.x});
+}
+
+float LandmarksAt(float round)
+{
+    float high = 0;
+    for (const Landmark& mark : Landmarks) {
+        const float off = Abs(round - mark.round);
+        if (off >= mark.half * 1.15f)
+            continue;
+        const float t = off / mark.half;
+        high = Max(high,
+                   mark.pointed ? mark.high * (1 - 0.85f * t) : mark.high * (t < 1 ? 1 - 0.35f * t : 0.0f));
+    }
+    return high;
+}
+
+// The tooth of the paper, over the whole globe: no wall of the box has a sheet of its own.
+float ToothTowards(Vec2 flat)
+{
+    static const Noise tooth(416), fibre(417);
+    return 0.6f * tooth.Fbm(flat.x * 170, flat.y * 170, 2) +
+           0.4f * fibre.Gradient(flat.x * 420, flat.y * 140);
 }
 
 Colour SkyTowards(const Direction& d)
 {
-    static const Noise cloud(411), milk(412), dust(413), grain(414), maria(415);
+    static const Noise cloud(411), milk(412), dust(413), shore(414), maria(415), stroke(418);
     const Vec2 p = Flat(d);
-    Colour sky = Mix(palette::Slate * 0.62f, palette::Night * 0.9f, Smooth(0.0f, 0.35f, d.y));
+    const float tooth = ToothTowards(p);
+    Colour sky = Mix(palette::Slate * 0.66f, palette::Night * 0.9f, Smooth(0.0f, 0.35f, d.y));
     sky = Mix(sky, palette::Ink * 0.9f, Smooth(0.25f, 0.9f, d.y));
+    // The brush went to and fro: broad, uneven strokes, level with the horizon.
+    const float brushed =
+        stroke.Fbm(p.x * 2.2f + 1.5f * d.y, d.y * 9 + 0.8f * stroke.Gradient(p.x * 2, p.y * 2), 4);
+    sky = sky * (1 + 0.22f * brushed);
     // A last warmth low over the land.
-    sky = sky + palette::Rust * (0.16f * Bell(d.y / 0.11f) * (0.55f - 0.45f * d.z));
+    sky = sky + palette::Rust * (0.15f * Bell(d.y / 0.12f) * (0.55f - 0.45f * d.z) * (1 + 0.6f * brushed));
     // The milky way crosses the zenith.
     const float across = p.x * 0.8f + p.y * 0.6f + 0.10f * milk.Fbm(p.x * 3, p.y * 3, 3);
     const float lane = dust.Fbm(p.x * 7 + 3, p.y * 7, 5);
     const float band = Bell(across / 0.20f) * Smooth(0.12f, 0.5f, d.y);
     const float river =
         band * Clamp(0.55f + 0.9f * lane) * (1 - 0.75f * Bell((across + 0.05f * lane) / 0.045f));
-    sky = sky + Mix(palette::Mist, palette::Bone, 0.4f) * (0.16f * river);
-    // Washes of cloud, and the moon behind and over them.
+    sky = sky + Mix(palette::Mist, palette::Slate, 0.35f) * (0.17f * river);
+    // Washes of cloud: pigment pools where a wash ended and granulates inside it. The moon is behind them,
+    // and lights the edges that look at her.
     const float far = AngleTo(d, Moon);
-    const Vec2 w = cloud.Warp(p.x * 3.2f, p.y * 3.2f, 0.5f);
-    const float veil = Smooth(0.02f, 0.5f, cloud.Fbm(w.x, w.y, 5)) * Smooth(0.85f, 0.25f, d.y);
-    sky = Mix(sky, palette::Slate * 0.75f + palette::Mist * (0.45f * Bell(far / 0.30f)), 0.6f * veil);
-    sky = sky + palette::Parchment * (0.30f * Bell(far / 0.10f) + 0.10f * Bell(far / 0.33f));
-    const float disc = Smooth(MoonRadius * 1.02f, MoonRadius * 0.96f, far);
+    const Vec2 w = cloud.Warp(p.x * 3.0f, p.y * 3.0f, 0.55f);
+    const float body = cloud.Fbm(w.x, w.y, 5);
+    const float low = Smooth(0.75f, 0.2f, d.y);
+    const float veil = Smooth(-0.04f, 0.30f, body) * low;
+    const float dried = Hill(0.075f, 0.035f, body + 0.012f * shore.Gradient(p.x * 60, p.y * 60)) * low;
+    const Colour lit = palette::Slate * 0.62f + palette::Mist * (0.50f * Bell(far / 0.30f));
+    sky = Mix(sky, lit * (1 + 0.30f * tooth), 0.55f * veil);
+    sky = sky * (1 - 0.13f * dried * (1 - Bell(far / 0.22f)));
+    sky = sky + palette::Parchment * (0.10f * dried * Bell(far / 0.26f));
+    sky = sky +
+          palette::Parchment * (0.26f * Bell(far / 0.095f) + 0.10f * Bell(far / 0.34f)) * (1 + 0.25f * body);
+    // A ring about her, as before frost.
+    sky = sky + palette::Ochre * (0.022f * Hill(0.150f, 0.050f, far + 0.02f * body));
+    const float disc = Smooth(MoonRadius * 1.025f, MoonRadius * 0.975f, far + 0.0007f * tooth);
     const Colour face = Mix(palette::Bone, Mix(palette::Mist, palette::Parchment, 0.5f),
                             Smooth(-0.1f, 0.45f, maria.Fbm(p.x * 22 + 5, p.y * 22 + 2, 4)));
-    sky = Mix(sky, face * 0.96f, disc * (1 - 0.25f * veil));
-    sky = sky * (1 + 0.10f * grain.Gradient(p.x * 420, p.y * 420));
-    // The land stands black before it; mist lies in front of the hills, and the foot is all dark.
+    sky = Mix(sky, face * (0.95f + 0.06f * tooth), disc * (1 - 0.30f * veil));
+    sky = sky * (1 + 0.10f * tooth);
+    // Two ranges of land stand before it, mist between them; the foot is all dark.
     const float level = Sqrt(d.x * d.x + d.z * d.z);
     const float rise = d.y / level;
-    const float hill = HillsAt({d.x / level, d.z / level});
+    const Vec2 round = {d.x / level, d.z / level};
+    const float farHill = FarHillsAt(round), hill = HillsAt(round), top = hill + LandmarksAt(RoundOf(d));
+    const Colour farLand = Mix(Mix(palette::Slate, palette::Mist, 0.12f) * 0.55f, palette::Night * 0.8f,
+                               Smooth(0.02f, 0.10f, rise)) *
+                           (1 + 0.16f * tooth + 0.2f * brushed);
+    sky = Mix(sky, farLand, 0.92f * Smooth(0.0016f, -0.0016f, rise - farHill));
     const Colour land =
-        Mix(Colour{0, 0, 0}, Mix(palette::Ink, palette::Night, 0.35f), Smooth(0, 0.05f, rise));
-    return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - hill));
+        Mix(Colour{0, 0, 0}, Mix(palette::Ink, palette::Night, 0.25f) * 0.8f, Smooth(0, 0.05f, rise));
+    return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top));
 }
 
 struct Star {
@@ -138,17 +225,15 @@ Canvas Paint(const Face& face)
                 pixel = {pixel.r + light.r, pixel.g + light.g, pixel.b + light.b, pixel.a};
             }
     }
-    // The paper goes on from wall to wall, but not over the upper edges, so that it gives way there.
-    constexpr float Way = 40;
-    const bool isTop = face.height == face.width;
-    const Paper& paper = SketchPaper();
-    Dice dice(431);
-    const Mask tooth = Mask(face.width, face.height).Each([&](float x, float y) {
-        const float edge = isTop ? Min(Min(x, w - x), y) : y;
-        return 0.5f +
-               Smooth(0, Way, edge) * (paper.Height(Floor(x), Floor(y)) - 0.5f + dice.Range(-0.45f, 0.45f));
-    });
-    canvas.Tone(tooth, 0.66f, 1.34f);
+    for (const FarLight& light : FarLights) {
+        const Vec2 round = {Sin(light.round), -Cos(light.round)};
+        Vec2 uv;
+        if (!face.seen(Towards(round.x, HillsAt(round) + light.above, round.y), uv) || uv.x < 0 || uv.x > 1 ||
+            uv.y < 0 || uv.y > 1)
+            continue;
+        GlowAt(canvas, {uv.x * w, uv.y * h}, 1.1f, 11,
+               {.core = palette::Amber, .halo = palette::Ochre, .strength = light.bright, .haloPart = 0.35f});
+    }
     return canvas;
 }
 

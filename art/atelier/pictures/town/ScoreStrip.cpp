@@ -12,13 +12,14 @@ namespace
 
 constexpr int W = 1024, H = 256;
 constexpr float Bar = 128, Gap = 7; // pixels from bar line to bar line and from line to line
-constexpr float FirstBeat = 26, Beat = 33;
-// The strip lies 1.56 times as long as it is drawn, so everything is drawn narrow.
-constexpr float HeadX = 3.3f, HeadY = 3.6f;
+constexpr float FirstBeat = 41, Beat = 31;
+// The strip is seen from one end, along the staves, so that everything on it is drawn wide along them, as
+// signs on a road are.
+constexpr float HeadX = 6.2f, HeadY = 3.7f;
 
-// The lowest lines of the five staves: theme, counter-melody, the chords of the second and third beats twice,
-// bass.
-constexpr float Foot[5] = {56, 102, 148, 194, 240};
+// The lowest lines of the five staves: theme, counter-melody, two for the chords of the second and third
+// beats, bass.
+constexpr float Foot[5] = {58, 104, 150, 196, 240};
 
 // Steps of the white keys above the C four octaves below middle C's.
 int Step(char letter, int octave)
@@ -34,71 +35,123 @@ int StepOfKey(int midi)
 
 constexpr int TrebleFoot = 4 * 7 + 2, BassFoot = 2 * 7 + 4; // E4, G2
 
-void DrawNote(Pen& pen, Vec2 at, float length, float foot)
+// The chord of a bar as its name says it: letters of root, third and fifth, and which of them needs a sign.
+struct Triad {
+    char letter[3];
+    int sign[3]; // -1 flat, 1 sharp, where the key of D minor does not say it
+};
+Triad TriadOf(const char* name)
 {
+    constexpr char circle[] = "ABCDEFG";
+    Triad triad = {};
+    for (int i = 0; i < 3; ++i)
+        triad.letter[i] = circle[(name[0] - 'A' + 2 * i) % 7];
+    if (name[0] == 'E' && name[1] == 'b')
+        triad.sign[0] = -1; // B flat is in the key
+    if (name[0] == 'A' && name[1] == '7')
+        triad.sign[1] = 1; // the leading note
+    return triad;
+}
+
+// The place of a letter in the staff that begins at E.
+int StepInStaff(char letter)
+{
+    int step = Step(letter, 4);
+    while (step < TrebleFoot)
+        step += 7;
+    return step;
+}
+
+struct Sheet {
+    Mask& ink;
+    Pen& pen;
+};
+
+void DrawHead(const Sheet& sheet, Vec2 at, bool hollow)
+{
+    Mask head(W, H, 0, true);
+    head.Fill(Ellipse(at, HeadX, HeadY, -0.22f));
+    if (hollow)
+        head.Erase(Ellipse(at, HeadX - 1.9f, HeadY - 1.5f, -0.40f));
+    sheet.ink.Unite(head);
+}
+
+void DrawNote(const Sheet& sheet, Vec2 at, float length, float foot)
+{
+    Pen& pen = sheet.pen;
     const bool hollow = length >= 2;
-    pen.nib.width = hollow ? 2.2f : 3.4f;
-    pen.Stroke(Ellipse(at, HeadX - (hollow ? 0.3f : 1.2f), HeadY - (hollow ? 0.6f : 1.4f), -0.4f),
-               {.start = 1, .middle = 1, .end = 1});
-    if (!hollow)
-        pen.Dot(at, 2.6f);
+    DrawHead(sheet, at, hollow);
     if (length < 3) {
         const float up = at.y > foot - 2 * Gap ? -1.0f : 1.0f;
-        const Vec2 root = at + Vec2{-up * HeadX, 0}, tip = root + Vec2{0, up * 21};
-        pen.nib.width = 1.9f;
+        const Vec2 root = at + Vec2{-up * (HeadX - 0.7f), 0}, tip = root + Vec2{0.6f, up * 23};
+        pen.nib.width = 2.4f;
         pen.Stroke(Straight({root, tip}), {.start = 1, .middle = 0.9f, .end = 0.8f});
         if (length < 1) {
-            pen.nib.width = 3;
-            pen.Stroke(Through({tip, tip + Vec2{5, -up * 6}, tip + Vec2{4, -up * 12}}),
-                       {.start = 1, .middle = 0.8f, .end = 0.1f});
+            pen.nib.width = 4;
+            pen.Stroke(
+                Through({tip, tip + Vec2{6, -up * 4}, tip + Vec2{11, -up * 10}, tip + Vec2{10, -up * 15}}),
+                {.start = 1, .middle = 0.8f, .end = 0.1f});
         }
     }
     if (length == 1.5f || length == 3)
-        pen.Dot(at + Vec2{8, -1.5f}, 1.5f);
+        pen.Dot(at + Vec2{12, -1.5f}, 2.0f);
     pen.nib.width = 1.6f;
     for (float y = foot + Gap; y <= at.y + 1; y += Gap)
-        pen.Stroke(Straight({{at.x - 7, y}, {at.x + 7, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
+        pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
     for (float y = foot - 5 * Gap; y >= at.y - 1; y -= Gap)
-        pen.Stroke(Straight({{at.x - 7, y}, {at.x + 7, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
+        pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
 }
 
 void DrawSign(Pen& pen, Vec2 at, int accidental)
 {
-    pen.nib.width = 2;
+    pen.nib.width = 2.4f;
     if (accidental < 0) {
-        pen.Stroke(Through({at + Vec2{-2, -11}, at + Vec2{-2, 4}}),
+        pen.Stroke(Through({at + Vec2{-3, -13}, at + Vec2{-3, 4}}),
                    {.start = 0.9f, .middle = 0.9f, .end = 0.8f});
-        pen.Stroke(Through({at + Vec2{-2, -1}, at + Vec2{2, -3}, at + Vec2{1.5f, 1}, at + Vec2{-2, 4}}),
+        pen.Stroke(Through({at + Vec2{-3, -1}, at + Vec2{3, -4}, at + Vec2{3, 0}, at + Vec2{-3, 4}}),
                    {.start = 0.8f, .middle = 1, .end = 0.8f});
         return;
     }
-    for (const float x : {-1.5f, 1.5f})
-        pen.Stroke(Straight({at + Vec2{x, -8}, at + Vec2{x, 8}}),
+    for (const float x : {-2.2f, 2.2f})
+        pen.Stroke(Straight({at + Vec2{x, -9}, at + Vec2{x, 9}}),
                    {.start = 0.8f, .middle = 0.8f, .end = 0.8f});
-    for (const float y : {-2.5f, 2.5f})
-        pen.Stroke(Straight({at + Vec2{-4, y + 1}, at + Vec2{4, y - 1}}),
+    for (const float y : {-2.8f, 2.8f})
+        pen.Stroke(Straight({at + Vec2{-6, y + 1}, at + Vec2{6, y - 1}}),
                    {.start = 1, .middle = 1, .end = 1});
 }
 
+// At the line of G.
 void DrawTrebleClef(Pen& pen, Vec2 at)
 {
-    pen.nib.width = 2.6f;
-    pen.Stroke(
-        Through({at + Vec2{0, -3}, at + Vec2{3, -8}, at + Vec2{5, -3}, at + Vec2{0, 2}, at + Vec2{-5, -4},
-                 at + Vec2{-3, -13}, at + Vec2{3, -23}, at + Vec2{3, -31}, at + Vec2{0, -33},
-                 at + Vec2{-1, -25}, at + Vec2{1, -6}, at + Vec2{2, 7}, at + Vec2{-2, 10}}),
-        {.start = 0.6f, .middle = 1, .end = 0.9f});
+    pen.nib.width = 3.2f;
+    const auto in = [&](float x, float y) { return at + Vec2{x * 1.45f, y}; };
+    pen.Stroke(Through({in(0.5f, 2), in(-2.6f, -1), in(0, -5.5f), in(4.6f, -3), in(4.6f, 4), in(0, 7.6f),
+                        in(-5.4f, 4), in(-5.6f, -5), in(0, -13), in(4.4f, -20), in(4, -28), in(1.6f, -31),
+                        in(-0.6f, -25), in(0.4f, -12), in(2.2f, 8), in(1.6f, 15), in(-2, 17), in(-3.6f, 14)}),
+               {.start = 0.5f, .middle = 1, .end = 0.9f});
+    pen.Dot(in(-2.8f, 14), 2.2f);
 }
 
+// At the line of F.
 void DrawBassClef(Pen& pen, Vec2 at)
 {
-    pen.nib.width = 2.8f;
-    pen.Dot(at + Vec2{-3, 0}, 2.2f);
-    pen.Stroke(
-        Through({at + Vec2{-3, 0}, at + Vec2{-1, -6}, at + Vec2{4, -4}, at + Vec2{4, 6}, at + Vec2{-4, 17}}),
-        {.start = 0.8f, .middle = 1, .end = 0.1f});
-    pen.Dot(at + Vec2{8, -3}, 1.4f);
-    pen.Dot(at + Vec2{8, 4}, 1.4f);
+    pen.nib.width = 3.4f;
+    const auto in = [&](float x, float y) { return at + Vec2{x * 1.45f, y}; };
+    pen.Dot(in(-3, 0), 2.8f);
+    pen.Stroke(Through({in(-3, 0), in(-2.5f, -5), in(1.5f, -7), in(5, -3), in(4, 8), in(-4, 18)}),
+               {.start = 0.8f, .middle = 1, .end = 0.1f});
+    pen.Dot(in(8, -3.5f), 1.7f);
+    pen.Dot(in(8, 3.5f), 1.7f);
+}
+
+// From note to note of a bar, above or below their heads.
+void DrawSlur(Pen& pen, Vec2 from, Vec2 to, float side)
+{
+    pen.nib.width = 2.2f;
+    const Vec2 lift = {0, side * 7};
+    const float depth = Min(9, 3 + Length(to - from) * 0.08f);
+    pen.Stroke(Through({from + lift, Mix(from, to, 0.5f) + lift + Vec2{0, side * depth}, to + lift}),
+               {.start = 0.1f, .middle = 1, .end = 0.1f});
 }
 
 } // namespace
@@ -118,15 +171,15 @@ Canvas ScoreStrip()
         return Mix(Mix(palette::Bone, palette::Parchment, Clamp(t)) * 0.86f,
                    Mix(palette::Ochre, palette::Rust, 0.4f), 0.45f * rim);
     });
-    Mask ink(W, H, 0, true);
-    Pen lines(ink, paper,
-              {.width = 1.7f,
-               .least = 0.6f,
-               .wobble = 0.5f,
-               .wave = 60,
-               .wander = 0.2f,
+    Mask ruled(W, H, 0, true), ink(W, H, 0, true);
+    Pen lines(ruled, paper,
+              {.width = 1.5f,
+               .least = 0.5f,
+               .wobble = 0.6f,
+               .wave = 90,
+               .wander = 0.35f,
                .skip = 0.02f,
-               .dry = 0,
+               .dry = 0.15f,
                .pool = 0},
               543);
     for (const float foot : Foot)
@@ -136,50 +189,83 @@ Canvas ScoreStrip()
                                    {W + 4, foot - Gap * static_cast<float>(i)}}),
                          {.start = 0.9f, .middle = 0.9f, .end = 0.9f});
     for (int bar = 0; bar < waltz::themeBars; ++bar) {
-        lines.nib.width = bar == 0 ? 3.4f : 2.0f;
         const float x = Bar * static_cast<float>(bar) + 3;
-        lines.Stroke(Straight({{x, Foot[0] - 4 * Gap}, {x, Foot[4]}}), {.start = 1, .middle = 1, .end = 1});
+        lines.nib.width = 2.2f;
+        if (bar == 0) { // the sign that it begins again
+            lines.nib.width = 5;
+            lines.Stroke(Straight({{x - 1, Foot[0] - 4 * Gap}, {x - 1, Foot[4]}}),
+                         {.start = 1, .middle = 1, .end = 1});
+            lines.nib.width = 2.2f;
+            lines.Stroke(Straight({{x - 8, Foot[0] - 4 * Gap}, {x - 8, Foot[4]}}),
+                         {.start = 1, .middle = 1, .end = 1});
+        } else
+            lines.Stroke(Straight({{x, Foot[0] - 4 * Gap}, {x, Foot[4]}}),
+                         {.start = 1, .middle = 1, .end = 1});
     }
     Pen pen(ink, paper, {.width = 2.4f, .wobble = 0.25f, .wave = 12, .skip = 0, .dry = 0, .pool = 0.2f}, 544);
+    const Sheet page = {ink, pen};
     for (int staff = 0; staff < 5; ++staff) {
         if (staff < 4)
-            DrawTrebleClef(pen, {11, Foot[staff] - Gap});
+            DrawTrebleClef(pen, {13, Foot[staff] - Gap});
         else
-            DrawBassClef(pen, {11, Foot[staff] - 3 * Gap});
+            DrawBassClef(pen, {13, Foot[staff] - 3 * Gap});
         // The one flat of D minor.
-        DrawSign(pen, {20, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
+        DrawSign(pen, {27, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
     }
     const auto placeOf = [](int bar, float beat, int step, int footStep, float foot) {
-        return Vec2{Bar * static_cast<float>(bar - 1) + FirstBeat + 8 + Beat * beat,
+        return Vec2{Bar * static_cast<float>(bar - 1) + FirstBeat + Beat * beat,
                     foot - Gap / 2 * static_cast<float>(step - footStep)};
     };
-    const auto voice = [&](const waltz::ThemeNote& note, float foot) {
-        const Vec2 at = placeOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
-        DrawNote(pen, at, note.length, foot);
-        if (note.printedSign)
-            DrawSign(pen, at - Vec2{10, 0}, note.accidental);
+    // A tune, each bar of it under a slur.
+    const auto tune = [&](const auto& notes, float foot) {
+        int bar = 0;
+        Vec2 first, last;
+        const auto slur = [&] {
+            if (bar > 0 && last.x > first.x)
+                // On the side where no stem is.
+                DrawSlur(pen, first, last, Min(first.y, last.y) > foot - 2 * Gap ? 1.0f : -1.0f);
+        };
+        for (const waltz::ThemeNote& note : notes) {
+            const Vec2 at = placeOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
+            DrawNote(page, at, note.length, foot);
+            if (note.printedSign)
+                DrawSign(pen, at - Vec2{14, 0}, note.accidental);
+            if (note.bar != bar) {
+                slur();
+                bar = note.bar;
+                first = at;
+            }
+            last = at;
+        }
+        slur();
     };
-    for (const waltz::ThemeNote& note : waltz::theme)
-        voice(note, Foot[0]);
-    for (const waltz::ThemeNote& note : waltz::counterMelody)
-        voice(note, Foot[1]);
+    tune(waltz::theme, Foot[0]);
+    tune(waltz::counterMelody, Foot[1]);
     for (int bar = 1; bar <= waltz::themeBars; ++bar) {
-        const int bass = waltz::themeBass[bar - 1];
-        const int low = StepOfKey(bass);
-        DrawNote(pen, placeOf(bar, 0, low, BassFoot, Foot[4]), 3, Foot[4]);
+        DrawNote(page, placeOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
+        const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
         for (int beat = 1; beat <= 2; ++beat) {
-            // A third and a fifth over the bass, two octaves up, into the staff.
-            DrawNote(pen,
-                     placeOf(bar, static_cast<float>(beat), low + 16 - (low > 15 ? 7 : 0), TrebleFoot - 7,
-                             Foot[2]),
-                     1, Foot[2]);
-            DrawNote(pen,
-                     placeOf(bar, static_cast<float>(beat), low + 18 - (low > 15 ? 7 : 0), TrebleFoot - 7,
-                             Foot[3]),
-                     1, Foot[3]);
+            // Third and fifth together on one stem, the root below them.
+            const auto at = [&](int i, float foot) {
+                return placeOf(bar, static_cast<float>(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
+            };
+            const Vec2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
+            const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
+            DrawHead(page, third, false);
+            DrawHead(page, fifth, false);
+            const float side = down ? -1.0f : 1.0f, high = Min(third.y, fifth.y), low = Max(third.y, fifth.y);
+            const Vec2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
+            pen.nib.width = 2.4f;
+            pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
+                       {.start = 1, .middle = 0.9f, .end = 0.8f});
+            DrawNote(page, at(0, Foot[3]), 1, Foot[3]);
+            for (int i = 0; beat == 1 && i < 3; ++i)
+                if (triad.sign[i] != 0)
+                    DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{14, 0}, triad.sign[i]);
         }
     }
-    canvas.Cover(ink, palette::Ink, 0.94f);
+    canvas.Cover(ruled, palette::Ink, 0.72f);
+    canvas.Cover(ink, palette::Ink, 0.96f);
     paper.Show(canvas, 0.4f);
     canvas.CutOut(sheet);
     return canvas;

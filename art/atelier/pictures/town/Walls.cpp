@@ -70,27 +70,58 @@ void DrawDoor(Mask& wood, Pen& pen, float left, float right, float top)
 
 } // namespace
 
+// The wall at s above 0.75 looks at whoever comes along the way and is lit by the sky alone, as is the first
+// one: a fifth of what is painted reaches the eye. They are whitewashed, their timber is nearly black.
 Canvas HouseWalls()
 {
+    constexpr float Plinth = 738, DoorTop = 604, DoorWidth = 84;
     const Paper& paper = SketchPaper();
-    const Noise tint(501, 8, 8), stone(502, 28, 28), damp(503, 6, 6);
+    const Noise tint(501, 8, 8), stone(502, 28, 28), damp(503, 6, 6), trowel(509, 24, 48),
+        rubble(510, 26, 26);
     Canvas canvas(Side, Side);
+    const auto whitewash = [](float x) { // 1 on the first and the last wall
+        const float w = x / WallWidth;
+        return Max(Smooth(1.02f, 0.98f, w), Smooth(2.98f, 3.02f, w));
+    };
     canvas.Ground([&](float x, float y) {
         const float t = 0.5f + 0.6f * tint.Fbm(x / Size * 8, y / Size * 8, 5);
-        const float wet = Smooth(560, 760, y + 120 * damp.Fbm(x / Size * 6, y / Size * 6, 3));
-        const Colour plaster =
-            Mix(Mix(palette::Parchment, palette::Mist, 0.35f), palette::Bone, 0.5f * Clamp(t));
-        return Mix(plaster * 0.72f, Mix(palette::Slate, palette::Moss, 0.4f), 0.55f * wet);
+        const float strokes = trowel.Fbm(x / Size * 24, y / Size * 48, 3);
+        const float wet = Smooth(520, 740, y + 130 * damp.Fbm(x / Size * 6, y / Size * 6, 3));
+        const Colour clay =
+            Mix(Mix(palette::Parchment, palette::Ochre, 0.22f), palette::Bone, 0.6f * Clamp(t)) * 0.66f;
+        const Colour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
+        const Colour plaster = Mix(clay, white, whitewash(x)) * (1 + 0.14f * strokes);
+        return Mix(plaster, Mix(palette::Slate, palette::Moss, 0.45f), 0.5f * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         return Smooth(0.08f, 0.3f, damp.Fbm(x / Size * 6 + 2, y / Size * 6, 4));
     });
     Wash(canvas, paper, blots,
-         {.pigment = Mix(palette::Ochre, palette::Mist, 0.4f), .density = 0.45f, .stray = 6}, 504);
-    Mask timber(Side, Side, 0, true), ink(Side, Side, 0, true), grain(Side, Side, 0, true), wood(Side, Side);
+         {.pigment = Mix(palette::Ochre, palette::Mist, 0.45f), .density = 0.35f, .pool = 0.9f, .stray = 6},
+         504);
+    Mask timber(Side, Side, 0, true), ink(Side, Side, 0, true), grain(Side, Side, 0, true), wood(Side, Side),
+        edges(Side, Side, 0, true);
     Pen pen(ink, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 505);
+    Pen outline(edges, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.25f}, 516);
     DryBrush brush(grain, paper, {.width = 18, .count = 9, .thickness = 1.3f, .load = 0.5f}, 506);
     Dice dice(507);
+    // Where the plaster fell the rubble of the wall is seen.
+    const Mask bare = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float fell =
+            damp.Fbm(x / Size * 12 + 3, y / Size * 12 + 1, 4) + 0.22f * Smooth(560, 740, y) - 0.10f;
+        return Smooth(0.30f, 0.325f, fell);
+    });
+    const auto rubbleAt = [&](float x, float y) { // the colour of stones with their joints
+        const Noise::Cell cell = rubble.Worley(
+            x / Size * 26 + 0.15f * stone.Gradient(x / Size * 28, y / Size * 28), y / Size * 26);
+        const float own = static_cast<float>(cell.name & 255) / 255;
+        const Colour c = Mix(Mix(palette::Rust, palette::Slate, 0.5f),
+                             Mix(palette::Mist, palette::Parchment, 0.4f), 0.7f * own) *
+                         (0.62f + 0.35f * stone.Fbm(x / Size * 28, y / Size * 28, 4));
+        return Mix(palette::Ink, c, Smooth(0.03f, 0.13f, cell.second - cell.nearest));
+    };
+    canvas.Cover(bare, rubbleAt);
+    canvas.Glaze(Mask(bare).Blur(5).Subtract(bare), Mix(palette::Slate, palette::Rust, 0.3f), 0.9f);
     // Plaster cracks where nothing holds it.
     for (int i = 0; i < 46; ++i) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(WallTop, WallFoot)};
@@ -107,43 +138,90 @@ Canvas HouseWalls()
     };
     // clang-format off
     constexpr Frame Frames[4] = {
-        {{ 14, 500}, { 92, 408}, {242, 500}, {170, 400}, { 92, 170}, 152},
+        {{ 14, 500}, { 92, 408}, {242, 500}, {170, 400}, { 92, 128}, 152},
         {{ 14, 740}, {110, 520}, {110, 500}, {240, 290}, {110, 190},   0},
-        {{242, 740}, {176, 530}, { 14, 290}, { 84, 492}, { 88, 172},  20},
-        {{ 20, 290}, {236, 492}, {236, 290}, { 20, 492}, {128, 128},   0},
+        {{242, 740}, {176, 530}, { 14, 290}, { 84, 492}, {128, 172},  20},
+        {{ 20, 290}, {110, 492}, {236, 290}, {146, 492}, {128, 128},   0},
     };
     // clang-format on
     for (int wall = 0; wall < 4; ++wall) {
         const float left = WallWidth * static_cast<float>(wall);
         const Vec2 at = {left, 0};
         const Frame& frame = Frames[wall];
-        for (const float y : {268.0f, 394.0f, 508.0f, 752.0f})
-            DrawBeam(timber, pen, brush, {{left - 6, y}, {left + WallWidth + 6, y}, 20}, dice.Next());
-        DrawBeam(timber, pen, brush, {at + frame.braceFrom, at + frame.braceTo, 15}, dice.Next());
-        DrawBeam(timber, pen, brush, {at + frame.otherFrom, at + frame.otherTo, 15}, dice.Next());
+        for (const float y : {268.0f, 394.0f, 508.0f})
+            DrawBeam(timber, outline, brush, {{left - 6, y}, {left + WallWidth + 6, y}, 20}, dice.Next());
+        DrawBeam(timber, outline, brush, {at + frame.braceFrom, at + frame.braceTo, 15}, dice.Next());
+        DrawBeam(timber, outline, brush, {at + frame.otherFrom, at + frame.otherTo, 15}, dice.Next());
         for (const float x : frame.studs)
-            DrawBeam(timber, pen, brush, {{left + x, 514}, {left + x + 2, 744}, 15}, dice.Next());
-        DrawBeam(timber, pen, brush, {{left, WallTop - 30}, {left, WallFoot + 30}, 30}, dice.Next());
+            DrawBeam(timber, outline, brush, {{left + x, 514}, {left + x + 2, 744}, 15}, dice.Next());
+        DrawBeam(timber, outline, brush, {{left, WallTop - 30}, {left, WallFoot + 30}, 30}, dice.Next());
     }
+    Mask doors(Side, Side);
+    Pen joiner(doors, paper, {.width = 3, .wobble = 0.8f, .wave = 40, .skip = 0.2f}, 517);
     for (int wall = 0; wall < 4; ++wall)
         if (Frames[wall].door > 0) {
             const float left = WallWidth * static_cast<float>(wall) + Frames[wall].door;
-            DrawDoor(wood, pen, left, left + 84, 596);
+            DrawDoor(wood, joiner, left, left + DoorWidth, DoorTop);
         }
     timber.Subtract(Roof());
-    canvas.Cover(timber, Mix(palette::Rust, palette::Night, 0.62f), 0.93f);
-    canvas.Cover(wood, Mix(palette::Rust, palette::Ochre, 0.25f) * 0.6f);
+    // Under beams and eaves lies a shadow.
+    const Mask cast = Mask(Side, Side).Each([&](float x, float y) {
+        const int from = Floor(y) - 9;
+        return from < 0 ? 0.0f : timber.At(Floor(x), from);
+    });
+    canvas.Glaze(Mask(cast).Blur(3).Subtract(timber), palette::Slate, 0.55f);
+    // The pen lays tone beside the posts and above the foot, never over wood.
+    Mask tone = Mask(Side, Side, 0, true).Each([](float x, float y) {
+        const float beside = Fraction(x / WallWidth), post = Min(beside, 1 - beside) * WallWidth;
+        const float inside = Smooth(WallTop - 4, WallTop + 6, y) * Smooth(WallFoot + 30, WallFoot, y);
+        return inside *
+               Max(0.5f * Smooth(46, 12, post), Max(0.45f * Smooth(640, 752, y), 0.6f * Smooth(320, 276, y)));
+    });
+    tone.Subtract(Mask(timber).Unite(wood).Blur(2).Scale(2));
+    pen.nib.width = 1.8f;
+    Hatch(pen, tone, {.angle = 1.15f, .spacing = 7, .length = 34}, 508);
+    canvas.Cover(Mask(ink).Subtract(Mask(timber).Unite(wood)), palette::Ink, 0.8f);
+    // The plinth of field stones; the doors reach down through it.
+    const Mask plinth = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return Smooth(Plinth - 3, Plinth + 3, y + 7 * tint.Fbm(x / Size * 32, 0.5f, 2)) *
+               Smooth(WallFoot + 40, WallFoot + 30, y);
+    });
+    canvas.Cover(plinth, [&](float x, float y) { return rubbleAt(x, y) * 0.85f; });
+    canvas.Cover(timber.Subtract(plinth), Mix(palette::Rust, palette::Ink, 0.78f), 0.95f);
     grain.Multiply(timber);
-    canvas.Cover(grain, Mix(palette::Ochre, palette::Rust, 0.5f), 0.55f);
-    Hatch(pen, Mask(Side, Side, 0, true).Each([](float, float y) {
-        return 0.20f * Smooth(640, 768, y) * Smooth(860, 770, y) +
-               0.18f * Smooth(330, 262, y) * Smooth(180, 256, y);
-    }),
-          {.angle = 1.1f, .spacing = 7, .length = 30}, 508);
+    canvas.Cover(grain, Mix(palette::Ochre, palette::Slate, 0.4f), 0.42f);
+    edges.Subtract(wood).Subtract(plinth);
+    canvas.Cover(edges, palette::Ink, 0.9f);
+    canvas.Cover(wood, [&](float x, float y) {
+        const float board = static_cast<float>(Floor(x / 13) * 7 % 5) / 5;
+        return Mix(palette::Rust, palette::Ochre, 0.20f + 0.2f * board) *
+               (0.50f + 0.25f * trowel.Fbm(x / 4, y / 40, 3));
+    });
+    canvas.Cover(doors, palette::Ink, 0.92f);
+    // A loft window on the wall that comes to meet us, its lamp turned low.
+    {
+        const float x = 3.5f * WallWidth, y = 344;
+        const Line pane = Shaken(
+            Straight(
+                {{x - 19, y - 22}, {x + 19, y - 22}, {x + 18, y + 24}, {x - 19, y + 24}, {x - 19, y - 22}}),
+            1.2f, 20, 518);
+        Mask frame(Side, Side), light = Filled(Side, Side, pane);
+        Pen bars(frame, paper, {.width = 6, .wobble = 0.6f, .skip = 0}, 519);
+        bars.Stroke(pane, {.start = 1, .middle = 1, .end = 1});
+        bars.nib.width = 3.5f;
+        bars.Stroke(Straight({{x, y - 22}, {x + 1, y + 24}}), {.start = 1, .middle = 1, .end = 1});
+        bars.Stroke(Straight({{x - 19, y - 3}, {x + 19, y - 2}}), {.start = 1, .middle = 1, .end = 1});
+        canvas.Cover(light, [&](float px, float py) {
+            return Mix(palette::Ochre, Mix(palette::Amber, palette::Bone, 0.4f),
+                       Bell(Length({px - x, py - y - 8}) / 24));
+        });
+        canvas.Cover(frame, Mix(palette::Rust, palette::Ink, 0.8f));
+        canvas.Light(light.Blurred(14), palette::Amber, 0.22f);
+    }
     // The roof: shingles in rows, a little crooked.
     canvas.Cover(Roof(), Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f);
-    Mask shade(Side, Side);
-    pen.nib.width = 3;
+    Mask shade(Side, Side), seams(Side, Side, 0, true);
+    Pen slater(seams, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 520);
     for (int row = 0; row < 8; ++row)
         for (int i = 0; i < 9; ++i) {
             const float x = RoofLeft + (static_cast<float>(i) - (row % 2 == 0 ? 0.5f : 0.0f)) * 32,
@@ -153,10 +231,10 @@ Canvas HouseWalls()
                 Through({{x + 2, y}, {x + 2, foot - 8}, {x + 16, foot}, {x + 30, foot - 8}, {x + 30, y}}),
                 1.5f, 14, dice.Next());
             shade.Fill(shingle, dice.Range(0, 0.8f));
-            pen.Stroke(shingle, {.start = 0.4f, .middle = 1, .end = 0.3f});
+            slater.Stroke(shingle, {.start = 0.4f, .middle = 1, .end = 0.3f});
         }
     canvas.Glaze(shade.Multiply(Roof()), palette::Ochre, 0.4f);
-    canvas.Cover(ink, palette::Ink, 0.9f);
+    canvas.Cover(seams.Multiply(Roof()), palette::Ink, 0.9f);
     paper.Show(canvas, 0.6f);
     return canvas;
 }
