@@ -192,6 +192,12 @@ TEST_F(Run, AStartOffsetThatIsNoNumberIsZero)
     EXPECT_EQ(0u, OffsetAfterBuild());
 }
 
+TEST_F(Run, ANegativeStartOffsetIsAHugeUnsignedOne)
+{
+    WriteOffset("-1");
+    EXPECT_EQ(0xFFFFFFFFu, OffsetAfterBuild());
+}
+
 TEST_F(Run, AStartOffsetIsReadUpToWhereTheNumberEnds)
 {
     WriteOffset("  1500ms");
