@@ -40,7 +40,7 @@ Shape Her()
 {
     Shape shape = Between(HerFront, HerBack);
     shape.Add(Round(HerFace));
-    shape.Add(Limb(Through({{728, 370}, {768, 362}, {802, 362}}), 20, 13, 17));
+    shape.Add(Limb(Through({{724, 372}, {758, 364}, {790, 372}}), 22, 15, 14));
     shape.Add(Limb(Through(HerArm), 19, 11, 5));
     return shape;
 }
@@ -246,7 +246,7 @@ Canvas Painting()
     strands.Stroke(Moved(Through(Hair), {6, -3}));
     shine.Stroke(Moved(Through(Hair), {4, 0}));
     Pen lock(hair, paper, {.width = 3.2f, .wobble = 1, .skip = 0.2f, .pool = 0}, 46);
-    const Line crown = Through({{836, 322}, {860, 340}, {869, 366}, {858, 390}, {826, 400}}),
+    const Line crown = Through(OnHerHead({{30, 4}, {54, -5}, {84, 6}, {101, 36}, {98, 64}})),
                fall = Through(Hair);
     for (int i = 0; i < 34; ++i) {
         const float t = static_cast<float>(i) / 33;
@@ -262,18 +262,19 @@ Canvas Painting()
     PaintBody(canvas, paper, her, straw, clay, 38);
     DrawFurrows(canvas, paper, HerFront, HerBack, 9, 9, her, palette::Parchment,
                 Mix(palette::Rust, palette::Ink, 0.5f), 39);
-    const Mask hold = Filled(W, H, Limb(Through(HisHold), 10, 25, 8)).Shake(2, 30, 44),
-               neck = Filled(W, H, Limb(Through(HerHold), 14, 11, 6)).Shake(2, 30, 45);
-    PaintBody(canvas, paper, hold, clay * 0.75f, earth, 40);
-    PaintBody(canvas, paper, neck, straw, clay, 41);
-    DrawVillage(canvas, paper, {640, 634});
-
-    // Ink, last: contours where the pen felt like it, the wood on his back, fingers.
+    // Ink: contours where the pen felt like it.
     Mask ink(W, H);
-    Pen pen(ink, paper, {.width = 4.5f, .wobble = 1.2f, .wave = 60, .skip = 0.45f, .dry = 0.4f}, 50);
+    Pen pen(ink, paper, {.width = 4.5f, .wobble = 1.2f, .wave = 60, .skip = 0.4f, .dry = 0.4f}, 50);
     const auto contour = [&](const Line& line, float width) {
         pen.nib.width = width;
         pen.Stroke(line, {.start = 0.2f, .middle = 1, .end = 0.1f});
+    };
+    const Colour line = Mix(palette::Ink, palette::Rust, 0.15f);
+    const Line arm = Limb(Through(HisArm), 36, 17, 6), farArm = Limb(Through(HerArm), 19, 11, 5),
+               holdArm = Limb(Through(HisHold), 10, 25, 9), neckArm = Limb(Through(HerHold), 14, 11, 7);
+    const auto along = [&](const Line& limb, float width) { // both sides of an arm, not its ends
+        contour(Part(limb, 0.03f, 0.46f), width);
+        contour(Part(limb, 0.55f, 0.96f), width * 0.7f);
     };
     contour(Part(Through(HisBack), 0.05f, 0.95f), 4.5f);
     contour(Part(Through(HisFront), 0.05f, 0.62f), 4);
@@ -282,20 +283,61 @@ Canvas Painting()
     contour(Part(Through(FieldTop), 0, 0.4f), 4);
     contour(Part(Through(FieldLeft), 0.02f, 0.4f), 4);
     contour(Round(HisFace), 3.5f);
-    contour(Round(HerFace), 3);
-    contour(Part(Beside(Through(HisHold), 18), 0.3f, 0.95f), 3.5f);
-    contour(Part(Beside(Through(HisHold), -18), 0.3f, 0.95f), 3);
+    along(arm, 4);
+    contour(Part(farArm, 0.07f, 0.46f), 3.4f);
+    contour(Part(farArm, 0.55f, 0.9f), 2.4f);
+    canvas.Cover(ink, line, 0.92f);
+    ink = Mask(W, H);
+
+    // The arms that hold: his round her, its fingers spread on her back, hers round his neck.
+    Shape holding(holdArm);
     for (int finger = 0; finger < 4; ++finger) {
         const float k = static_cast<float>(finger);
-        contour(Through({{678, 418 + 5.5f * k}, {700, 412 + 7.5f * k}, {718 - 2 * k, 408 + 9.5f * k}}), 6.5f);
+        holding.Add(Limb(Through({{672, 426 + 2.5f * k}, {700, 409 + 8 * k}, {726 - 3 * k, 399 + 11.5f * k}}),
+                         5.5f, 5, 2.5f));
     }
-    contour(Beside(Through(HerHold), 9.5f), 3);
-    contour(Part(Beside(Through(HerArm), 12), 0.1f, 0.9f), 3);
-    contour(Part(Beside(Through(HisArm), -18), 0.1f, 0.9f), 3.5f);
-    // Closed eyes.
+    holding.Add(Limb(Through({{664, 424}, {676, 402}, {694, 388}}), 7, 5, 2.5f));
+    Shape shoulder(neckArm);
+    shoulder.Add(Ellipse({672, 352}, 15, 14));
+    const Mask hold = Filled(W, H, holding).Shake(1.2f, 30, 44),
+               neck = Filled(W, H, shoulder).Shake(2, 30, 45);
+    PaintBody(canvas, paper, hold, clay * 0.75f, earth, 40);
+    PaintBody(canvas, paper, neck, straw, clay, 41);
+    DrawVillage(canvas, paper, {640, 634});
+    pen.nib.skip = 0.25f;
+    along(holdArm, 4);
+    along(neckArm, 3.4f);
+    for (int finger = 0; finger < 4; ++finger) {
+        const float k = static_cast<float>(finger);
+        contour(Through({{684, 424 + 6.5f * k}, {704, 413.5f + 9 * k}, {724 - 3 * k, 404 + 12 * k}}), 2.6f);
+    }
+    // His eye, closed. Her profile, her eye, brow, lips and ear.
     contour(Through({{524, 212}, {531, 215}, {538, 212}}), 3);
-    contour(Through({{826, 331}, {834, 337}, {844, 336}}), 3);
-    contour(Through({{799, 331}, {804, 336}, {809, 337}}), 2.6f);
+    const Line profile = Through(OnHerHead({{26, 8},
+                                            {14, 22},
+                                            {9, 34},
+                                            {11, 42},
+                                            {2, 52},
+                                            {-7, 59},
+                                            {3, 64},
+                                            {0, 69},
+                                            {5, 73},
+                                            {1, 78},
+                                            {7, 84},
+                                            {4, 92},
+                                            {9, 99},
+                                            {24, 99},
+                                            {40, 96}}),
+                                 1.5f);
+    pen.nib.skip = 0.05f;
+    contour(profile, 3.4f);
+    contour(Through(OnHerHead({{15, 45}, {22, 50}, {31, 48}, {36, 44}})), 3.4f);
+    for (const float x : {17.0f, 22.0f, 27.0f})
+        contour(Through(OnHerHead({{x, 48}, {x - 4, 54}})), 1.8f);
+    contour(Through(OnHerHead({{13, 35}, {24, 30}, {38, 34}})), 2.8f);
+    contour(Through(OnHerHead({{5, 73}, {12, 72}, {18, 74}})), 3);
+    contour(Through(OnHerHead({{8, 61}, {12, 58}, {11, 63}})), 2);
+    contour(Through(OnHerHead({{40, 96}, {54, 84}, {60, 70}})), 2);
     DrawHandTree(pen, HisArm, 8, 51);
     DrawHandTree(pen, HerArm, 6, 52);
     const Line ridge = Through(HisBack);
@@ -319,19 +361,44 @@ Canvas Painting()
                    {.start = 0.8f, .middle = 0.7f, .end = 0});
     }
     // Hers begins at the temple and leaves the brow free.
-    ink.Fill(Shaken(Round({{840, 325},
-                           {860, 340},
-                           {869, 366},
-                           {859, 391},
-                           {832, 403},
-                           {816, 399},
-                           {836, 386},
-                           {846, 366},
-                           {844, 346},
-                           {836, 334}}),
-                    1.5f, 16, 55));
+    ink.Fill(Shaken(Round(OnHerHead({{24, 9},
+                                     {50, -5},
+                                     {84, 4},
+                                     {103, 36},
+                                     {99, 66},
+                                     {88, 92},
+                                     {76, 88},
+                                     {72, 74},
+                                     {68, 62},
+                                     {60, 54},
+                                     {56, 40},
+                                     {40, 24}})),
+                    1.2f, 16, 55));
+    canvas.Cover(ink, line, 0.92f);
+    // A comb of light on it, and her ear.
+    Mask gleam(W, H);
+    Pen hairline(gleam, paper, {.width = 2, .wobble = 0.8f, .skip = 0.4f}, 56);
+    for (int i = 0; i < 9; ++i) {
+        const float k = static_cast<float>(i);
+        hairline.Stroke(
+            Through(OnHerHead({{34 + 3.4f * k, 12 - k}, {62 + 3 * k, 22 + 2.6f * k}, {84 + k, 50 + 3 * k}})),
+            {.start = 0.1f, .middle = 0.7f, .end = 0.2f});
+    }
+    canvas.Cover(gleam, Mix(palette::Ochre, palette::Rust, 0.4f), 0.8f);
+    const Line ear = Round(OnHerHead({{62, 52}, {69, 54}, {69, 63}, {63, 70}, {60, 62}}));
+    canvas.Cover(Filled(W, H, ear), Mix(straw, clay, 0.25f));
+    // A warm cheek.
+    const Vec2 cheek = OnHerHead({{32, 66}})[0];
+    canvas.Glaze(Mask(W, H).Each(
+                     [&](float x, float y) {
+                         return Bell(Length(Vec2{x, y} - cheek) / 15);
+                     },
+                     2),
+                 palette::Rust, 0.3f);
+    ink = Mask(W, H);
+    contour(ear, 2);
     contour(Through({{500, 214}, {506, 210}, {509, 218}, {504, 226}}), 2.6f);
-    canvas.Cover(ink, Mix(palette::Ink, palette::Rust, 0.15f), 0.92f);
+    canvas.Cover(ink, line, 0.92f);
     paper.Show(canvas, 0.4f);
     return canvas;
 }

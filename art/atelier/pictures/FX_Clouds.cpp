@@ -5,7 +5,7 @@
 #include "art/atelier/Pen.h"
 #include "art/atelier/Pictures.h"
 #include "art/atelier/Wash.h"
-#include "art/atelier/pictures/FX_CloudsGreetings.h"
+#include "art/atelier/pictures/clouds/Greetings.h"
 
 #include <algorithm>
 

@@ -18,19 +18,32 @@ const std::vector<Vec2> FieldTop  = {{540, 640}, {640, 640}, {760, 628}, {900, 6
 const std::vector<Vec2> FieldLeft = {{444, 566}, {412, 660}, {350, 770}, {250, 900}, { 100, 1060}, {-300, 1500}};
 // Their arms, from the shoulder: his to the left, hers to the right, his round her, hers round his neck.
 const std::vector<Vec2> HisArm    = {{446, 306}, {366, 292}, {276, 262}, {214, 218}, {172, 160}};
-const std::vector<Vec2> HerArm    = {{700, 352}, {760, 318}, {826, 312}, {890, 278}, {938, 214}};
+const std::vector<Vec2> HerArm    = {{698, 354}, {738, 304}, {800, 268}, {872, 240}, {934, 182}};
 const std::vector<Vec2> HisHold   = {{496, 304}, {560, 392}, {622, 436}, {690, 428}};
 const std::vector<Vec2> HerHold   = {{672, 352}, {614, 318}, {560, 286}, {498, 262}};
-const std::vector<Vec2> Hair      = {{836, 346}, {862, 430}, {840, 515}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};
+const std::vector<Vec2> Hair      = {{846, 384}, {868, 446}, {842, 520}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};
 // clang-format on
 
 // clang-format off
 const std::vector<Vec2> HisFace = {{490, 172}, {472, 196}, {472, 226}, {486, 250}, {508, 258}, {528, 253},
                                    {536, 240}, {538, 228}, {549, 219}, {542, 204}, {538, 186}, {516, 168}};
-const std::vector<Vec2> HerFace = {{778, 354}, {784, 341}, {790, 331}, {796, 328}, {800, 331}, {804, 326},
-                                   {809, 323}, {815, 312}, {822, 321}, {831, 321}, {847, 329}, {861, 347},
-                                   {866, 368}, {858, 388}, {838, 400}, {812, 396}, {790, 382}};
+// Her profile, upright and facing left, 100 from crown to chin.
+const std::vector<Vec2> HerFace = OnHerHead(
+    {{50, 0},  {26, 8},  {14, 22}, {9, 34},  {11, 42}, {2, 52},  {-7, 59}, {3, 64},  {0, 69},   {5, 73},  {1, 78},  {7, 84},
+     {4, 92},  {9, 99},  {24, 99}, {40, 96}, {46, 104}, {50, 118}, {80, 118}, {84, 92}, {96, 62}, {97, 36}, {80, 8}});
 // clang-format on
+
+std::vector<Vec2> OnHerHead(std::vector<Vec2> points)
+{
+    // Thrown back, so that her face looks at the sky.
+    constexpr Vec2 Neck = {60, 104}, Place = {778, 366};
+    constexpr float Size = 0.92f, Back = (90 + 18) * Pi / 180;
+    for (Vec2& p : points) {
+        const Vec2 d = (p - Neck) * Size;
+        p = Place + Vec2{d.x * Cos(Back) - d.y * Sin(Back), d.x * Sin(Back) + d.y * Cos(Back)};
+    }
+    return points;
+}
 
 Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t)
 {

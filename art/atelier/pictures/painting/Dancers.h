@@ -17,6 +17,9 @@ constexpr int W = 1024, H = 1024; // the picture is in the top 768 rows; below i
 extern const std::vector<Vec2> HisBack, HisFront, HerFront, HerBack, FieldTop, FieldLeft, HisArm, HerArm,
     HisHold, HerHold, Hair, HisFace, HerFace;
 
+// From her upright profile, 100 from crown to chin, to where her head is.
+std::vector<Vec2> OnHerHead(std::vector<Vec2> points);
+
 // The line that lies a part t of the way from a to b, as a furrow between two borders.
 Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t);
 

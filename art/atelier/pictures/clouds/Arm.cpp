@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/clouds/Arm.h"
+
+#include "art/atelier/Wash.h"
+
+namespace atelier
+{
+
+namespace
+{
+
+Stuff Skin(const Arm& arm)
+{
+    const Colour pale = Mix(palette::Bone, palette::Parchment, 0.35f);
+    const Colour weathered = Mix(Mix(palette::Parchment, palette::Ochre, 0.3f), palette::Rust, 0.16f);
+    return {.light = Mix(pale, weathered, arm.tan),
+            .shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f),
+            .depth = 1.15f};
+}
+
+// A warm touch of wash: joints, fingertips, the ball of the thumb. It takes on what is painted already.
+void Flush(Canvas& canvas, const Sight& sight, Vec2 place, float radius, float strength)
+{
+    const float r = radius * sight.scale;
+    Around(canvas, {sight(place)}, 2.6f * r, [&](Canvas& part, Vec2 origin) {
+        const Vec2 at = sight(place) - origin;
+        Mask spot(part.Width(), part.Height());
+        spot.Each([&](float x, float y) { return Bell(Length(Vec2{x, y} - at) / r); }, 2);
+        part.Glaze(spot, Mix(palette::Rust, palette::Ochre, 0.35f), strength);
+    });
+}
+
+// Where a part grows out of another: a soft spot.
+Mask Root(const Canvas& canvas, Vec2 at, float inner, float outer)
+{
+    return Mask(canvas.Width(), canvas.Height())
+        .Each(
+            [&](float x, float y) {
+                return Smooth(outer, inner, Length(Vec2{x, y} - at));
+            },
+            2);
+}
+
+} // namespace
+
+Line Forearm(const Sight& sight, const Arm& arm)
+{
+    return Through({sight({8, 262}), sight({14, 330}), sight({6, 430}), Vec2{496 - arm.bend * 0.6f, 790},
+                    Vec2{400 - arm.bend, 1100}});
+}
+
+void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
+{
+    const int width = canvas.Width(), height = canvas.Height();
+    const float g = arm.girth;
+    const Stuff skin = Skin(arm);
+    const auto wide = [g](std::vector<Vec2> points) {
+        for (Vec2& p : points)
+            p.x *= g;
+        return points;
+    };
+
+    const Line along = Forearm(sight, arm);
+    Shape palm = Limb(along, 66 * g, 76 * g, 122 * g);
+    palm.Add(Round(sight(wide({{-80, 74},
+                               {-44, 58},
+                               {4, 52},
+                               {54, 58},
+                               {96, 84},
+                               {112, 136},
+                               {109, 196},
+                               {95, 256},
+                               {74, 318},
+                               {8, 334},
+                               {-60, 322},
+                               {-92, 276},
+                               {-118, 218},
+                               {-124, 166},
+                               {-104, 118}}))));
+    const Mask hand = Melted(width, height, palm, 7);
+    PaintBody(canvas, hand, skin, 1, arm.seed);
+    // The heel of the hand and the ball of the thumb stand out; the hollow between them is dark.
+    const auto hollow = [&](const std::vector<Vec2>& points, float radius, float density, uint32_t seed) {
+        Around(canvas, sight(wide(points)), 2.5f * radius, [&](Canvas& part, Vec2 origin) {
+            const Shape shape =
+                Sausage(sight.From(origin)(wide(points)), {radius * 0.3f, radius, radius * 0.4f});
+            const Mask dark = Filled(part.Width(), part.Height(), shape).Blur(radius * 0.45f);
+            Wash(part, SketchPaper(), dark,
+                 {.pigment = skin.shade,
+                  .density = density,
+                  .pool = 0,
+                  .bloomSize = 60,
+                  .stray = 3,
+                  .bleed = 0},
+                 seed);
+        });
+    };
+    hollow({{-38, 112}, {6, 176}, {6, 262}}, 30, 0.5f, arm.seed + 60);
+    hollow({{-52, 300}, {6, 312}, {66, 300}}, 12, 0.55f, arm.seed + 61);
+    hollow({{20, 340}, {24, 420}, {4, 520}}, 13, 0.35f, arm.seed + 62);
+    Flush(canvas, sight, {-92 * g, 210}, 66, 0.2f);
+    Flush(canvas, sight, {84 * g, 232}, 56, 0.18f);
+    Flush(canvas, sight, {20 * g, 80}, 60, 0.14f);
+
+    // Four fingers, the little one as it likes.
+    const float off = 66 * arm.spread;
+    struct Finger {
+        std::vector<Vec2> points;
+        std::vector<float> radii;
+    };
+    const Finger fingers[] = {
+        {{{78, 118},
+          {104 + off * 0.25f, 66},
+          {140 + off * 0.5f, 22},
+          {158 + off * 0.7f, -22},
+          {156 + off * 0.8f, -56}},
+         {23, 21, 21, 18.5f, 15}},
+        {{{44, 96}, {54, 40}, {64, -20}, {62, -80}}, {24, 22.5f, 22, 18}},
+        {{{0, 90}, {2, 30}, {4, -30}, {2, -90}}, {25, 23.5f, 23, 18}},
+        {{{-48, 100}, {-56, 40}, {-58, -20}, {-50, -80}}, {25, 23, 22, 18}},
+    };
+    for (size_t i = 0; i < 4; ++i) {
+        std::vector<float> radii = fingers[i].radii;
+        for (float& r : radii)
+            r *= g;
+        Around(canvas, sight(wide(fingers[i].points)), 60, [&](Canvas& part, Vec2 origin) {
+            const Sight here = sight.From(origin);
+            const std::vector<Vec2> points = here(wide(fingers[i].points));
+            const Mask finger = Melted(part.Width(), part.Height(), Sausage(points, radii), 2.5f);
+            const Mask root =
+                Root(part, points[0] + (points[1] - points[0]) * 0.12f, radii[0] * 1.3f, radii[0] * 2.1f);
+            PaintBody(part, finger, skin, 1, arm.seed + 10 + 10 * static_cast<uint32_t>(i), &root);
+        });
+        Flush(canvas, sight, wide({fingers[i].points.back()})[0], 26, 0.35f);
+    }
+
+    // The lines of the palm, the creases of joints and wrist, the sinews.
+    Mask creases(width, height);
+    Pen pen(creases, SketchPaper(), {.width = 3.6f, .wobble = 1, .skip = 0.25f, .pool = 0.1f}, arm.seed + 80);
+    const auto draw = [&](const std::vector<Vec2>& points, Press press = {0.25f, 1, 0.1f}) {
+        pen.Stroke(Through(sight(wide(points))), press);
+    };
+    draw({{-66, 104}, {-26, 138}, {4, 200}, {-4, 276}}, {0.7f, 1, 0.1f});
+    draw({{-70, 112}, {-20, 128}, {40, 158}, {82, 204}}, {0.6f, 0.9f, 0});
+    draw({{104, 138}, {62, 130}, {14, 106}, {-6, 84}}, {0.7f, 1, 0.1f});
+    draw({{22, 270}, {18, 210}, {8, 150}}, {0.1f, 0.6f, 0});
+    pen.nib.width = 2.6f;
+    draw({{-54, 318}, {-10, 328}, {64, 316}}, {0.2f, 1, 0.1f});
+    draw({{-50, 330}, {0, 338}, {44, 332}}, {0.1f, 0.8f, 0});
+    draw({{-6, 350}, {-2, 390}, {-14, 450}}, {0.1f, 0.7f, 0});
+    draw({{16, 348}, {20, 400}, {6, 470}}, {0.1f, 0.6f, 0});
+    for (const float y : {66.0f, 72.0f}) { // where the fingers begin
+        draw({{-76, y + 8}, {-54, y - 2}, {-34, y}});
+        draw({{-22, y - 6}, {0, y - 12}, {22, y - 6}});
+        draw({{32, y}, {52, y - 4}, {74, y + 8}});
+    }
+    draw({{124 + off * 0.5f, 12}, {142 + off * 0.5f, 18}, {160 + off * 0.55f, 30}});
+    draw({{128 + off * 0.5f, 6}, {146 + off * 0.5f, 12}, {162 + off * 0.55f, 23}});
+    draw({{142 + off * 0.7f, -24}, {158 + off * 0.72f, -20}, {174 + off * 0.72f, -22}});
+    canvas.Cover(creases, Mix(palette::Ink, palette::Rust, 0.15f), 0.8f);
+}
+
+void PaintThumb(Canvas& whole, const Sight& far, const Arm& arm)
+{
+    const float s = far.scale, g = arm.girth;
+    const Stuff skin = Skin(arm);
+    const std::vector<Vec2> way = {{-72, 214}, {-106, 150}, {-114, 84}, {-98, 24}, {-78, -12}};
+    std::vector<float> radii = {44, 34, 27, 26, 19};
+    for (float& r : radii)
+        r *= g * s;
+    Around(whole, far(way), 84 * s, [&](Canvas& canvas, Vec2 origin) {
+        const Sight sight = far.From(origin);
+        const Mask thumb = Melted(canvas.Width(), canvas.Height(), Sausage(sight(way), radii), 2.5f * s);
+        const Mask root = Root(canvas, sight({-68, 208}), 56 * g * s, 110 * g * s);
+        // Its shadow on the card.
+        const Vec2 cast = sight({9, 7}) - sight({0, 0});
+        Mask shadow(canvas.Width(), canvas.Height());
+        shadow.Each([&](float x, float y) { return thumb.Sample(x - cast.x, y - cast.y); })
+            .Blur(4 * s)
+            .Subtract(thumb);
+        shadow.Multiply(canvas.Alpha()).Subtract(Root(canvas, sight({-76, 190}), 100 * s, 150 * s));
+        canvas.Glaze(shadow, Mix(palette::Slate, palette::Rust, 0.3f), 0.75f);
+
+        PaintBody(canvas, thumb, skin, s, arm.seed + 90, &root);
+        Flush(canvas, sight, way.back(), 34, 0.5f);
+        Flush(canvas, sight, way[2], 30, 0.25f);
+
+        Mask lines(canvas.Width(), canvas.Height());
+        Pen pen(lines, SketchPaper(), {.width = 2.6f * s, .wobble = 0.6f * s, .skip = 0.2f, .pool = 0.1f},
+                arm.seed + 95);
+        // The joint, and the nail.
+        for (const float y : {0.0f, 6.0f, 13.0f})
+            pen.Stroke(Through(sight({{-128 + y * 0.3f, 70 + y}, {-112, 65 + y}, {-98, 69 + y}})),
+                       {0.1f, 0.8f, 0.1f});
+        const Vec2 bed = sight({-83, -5}), up = sight({-73, -23}) - bed, side = sight({-70, 2}) - bed;
+        std::vector<Vec2> nail;
+        for (const Vec2 p :
+             {Vec2{-0.92f, -0.5f}, Vec2{-0.98f, 0.3f}, Vec2{-0.6f, 0.95f}, Vec2{0, 1.12f}, Vec2{0.6f, 0.95f},
+              Vec2{0.98f, 0.3f}, Vec2{0.92f, -0.5f}, Vec2{0.5f, -0.8f}, Vec2{0, -0.88f}, Vec2{-0.5f, -0.8f}})
+            nail.push_back(bed + side * p.x + up * p.y);
+        const Mask plate = Filled(canvas.Width(), canvas.Height(), Round(nail)).Blur(0.6f * s);
+        canvas.Cover(plate, Mix(palette::Bone, palette::Parchment, 0.2f), 0.7f);
+        pen.Stroke(Round(nail), {0.5f, 0.9f, 0.3f});
+        pen.nib.width = 1.6f * s;
+        pen.Stroke(Through({nail[2] - up * 0.12f, nail[3] - up * 0.1f, nail[4] - up * 0.12f}),
+                   {0.3f, 0.8f, 0.2f});
+        canvas.Cover(lines.Multiply(thumb), palette::Ink, 0.85f);
+    });
+}
+
+} // namespace atelier

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/clouds/Emblems.h"
+
+#include "art/atelier/Glow.h"
+#include "art/atelier/Wash.h"
+#include "art/atelier/pictures/clouds/Body.h"
+
+namespace atelier
+{
+
+namespace
+{
+
+// A small picture in the making: paint in body colour, ink lines over it, light last.
+class Vignette
+{
+public:
+    Vignette(Canvas& newCanvas, Vec2 newAt, uint32_t newSeed)
+        : canvas(newCanvas), at(newAt), seed(newSeed + 50), lines(canvas.Width(), canvas.Height()),
+          pen(lines, SketchPaper(), {.width = 8, .wobble = 1.4f, .skip = 0.15f}, newSeed)
+    {
+    }
+    ~Vignette() { canvas.Cover(lines, palette::Ink, 0.95f); }
+    Vignette(const Vignette&) = delete;
+    Vignette& operator=(const Vignette&) = delete;
+
+    std::vector<Vec2> At(std::vector<Vec2> points) const
+    {
+        for (Vec2& p : points)
+            p = at + p;
+        return points;
+    }
+    // A closed shape in paint that dries unevenly, with corners where `straight`.
+    void Paint(const std::vector<Vec2>& points, Colour colour, float opacity = 0.95f, bool straight = false)
+    {
+        std::vector<Vec2> closed = At(points);
+        if (straight)
+            closed.push_back(closed.front());
+        const uint32_t first = seed;
+        seed += 3;
+        Around(canvas, closed, 30, [&](Canvas& part, Vec2 origin) {
+            const Line outline = Moved(straight ? Straight(closed) : Round(closed), Vec2{} - origin);
+            const Mask shape = Filled(part.Width(), part.Height(), Shaken(outline, 2, 30, first));
+            const Noise noise(first + 1);
+            part.Cover(
+                shape, [&](float x, float y) { return colour * (1 + 0.22f * noise.Fbm(x / 46, y / 46, 4)); },
+                opacity);
+            Wash(part, SketchPaper(), shape,
+                 {.pigment = Mix(colour, palette::Rust, 0.4f),
+                  .density = 0.25f,
+                  .pool = 1.6f,
+                  .poolWidth = 4,
+                  .stray = 1},
+                 first + 2);
+        });
+    }
+    void Outline(const std::vector<Vec2>& points, bool straight = false)
+    {
+        std::vector<Vec2> closed = At(points);
+        if (straight)
+            closed.push_back(closed.front());
+        pen.Stroke(straight ? Straight(closed) : Round(closed), {0.6f, 1, 0.4f});
+    }
+    void Ink(const std::vector<std::vector<Vec2>>& strokes, float width = 6)
+    {
+        pen.nib.width = width;
+        for (const std::vector<Vec2>& stroke : strokes)
+            pen.Stroke(Through(At(stroke)), {0.5f, 1, 0.3f});
+        pen.nib.width = 8;
+    }
+    void Bright(const std::vector<std::vector<Vec2>>& strokes, Colour colour, float width = 5)
+    {
+        Mask mask(canvas.Width(), canvas.Height());
+        Pen light(mask, SketchPaper(), {.width = width, .wobble = 1, .skip = 0.1f}, ++seed);
+        for (const std::vector<Vec2>& stroke : strokes)
+            light.Stroke(Through(At(stroke)), {0.4f, 1, 0.2f});
+        canvas.Cover(mask, colour, 0.9f);
+    }
+    void Lamp(Vec2 place, float radius, float reach, Colour halo = palette::Amber, float strength = 0.9f)
+    {
+        GlowAt(canvas, at + place, radius, reach, {.halo = halo, .strength = strength, .haloPart = 0.45f});
+    }
+    void Stars(int count)
+    {
+        Mask mask(canvas.Width(), canvas.Height());
+        Pen light(mask, SketchPaper(), {.width = 2}, ++seed);
+        Dice dice(++seed);
+        for (int i = 0; i < count; ++i)
+            light.Dot(at + Vec2{dice.Range(-250, 250), dice.Range(-165, 20)}, 1.2f + 2 * Pow(dice.Unit(), 3));
+        canvas.Cover(mask, palette::Bone, 0.8f);
+    }
+
+    Canvas& canvas;
+    Vec2 at;
+    uint32_t seed;
+    Mask lines;
+    Pen pen;
+};
+
+} // namespace
+
+// clang-format off
+void LanternEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+{
+    Vignette v(canvas, at, seed);
+    v.Stars(16);
+    v.Lamp({0, -12}, 60, 250, palette::Amber, 0.75f);
+    v.Paint({{-62, -72}, {62, -72}, {38, 84}, {-38, 84}}, Mix(palette::Amber, palette::Bone, 0.25f), 0.9f, true);
+    v.Paint({{-76, -72}, {-34, -116}, {0, -128}, {34, -116}, {76, -72}}, Mix(palette::Slate, palette::Night, 0.5f), 1, true);
+    v.Paint({{-44, 84}, {44, 84}, {26, 106}, {-26, 106}}, Mix(palette::Slate, palette::Night, 0.5f), 1, true);
+    v.Paint({{-9, 104}, {9, 104}, {12, 215}, {-12, 215}}, Mix(palette::Slate, palette::Night, 0.6f), 1, true);
+    v.Paint({{0, 58}, {-24, 22}, {-6, -44}, {20, 16}}, palette::Bone);
+    v.Outline({{-62, -72}, {62, -72}, {38, 84}, {-38, 84}}, true);
+    v.Outline({{-76, -72}, {-34, -116}, {0, -128}, {34, -116}, {76, -72}}, true);
+    v.Ink({{{0, -126}, {-13, -142}, {0, -158}, {13, -142}, {0, -126}}, {{-22, -70}, {-14, 82}}, {{22, -70}, {14, 82}}, {{-44, 90}, {0, 96}, {44, 90}}}, 5);
+    v.Bright({{{-104, -50}, {-160, -72}}, {{104, -50}, {160, -72}}, {{-98, 14}, {-158, 22}}, {{98, 14}, {158, 22}}, {{-84, 70}, {-128, 104}}, {{84, 70}, {128, 104}}}, palette::Amber, 6);
+}
+
+void FerryEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+{
+    Vignette v(canvas, at, seed);
+    v.Stars(14);
+    v.Paint({{-130, -96}, {-96, -130}, {-62, -96}, {-96, -62}}, Mix(palette::Bone, palette::Amber, 0.25f));
+    v.Bright({{{-150, 150}, {-96, 158}, {-40, 150}}, {{-126, 126}, {-96, 132}, {-70, 126}}, {{-140, 176}, {-90, 184}, {-52, 176}}, {{30, 146}, {90, 154}, {160, 144}}, {{-20, 176}, {60, 184}, {120, 174}}}, Mix(palette::Bone, palette::Amber, 0.2f), 6);
+    v.Paint({{-190, 40}, {-90, 66}, {60, 68}, {186, 28}, {138, 96}, {60, 120}, {-60, 120}, {-140, 100}}, Mix(palette::Ochre, palette::Rust, 0.35f));
+    v.Paint({{62, 70}, {60, 4}, {86, -54}, {108, 4}, {116, 66}}, Mix(palette::Mist, palette::Slate, 0.25f));
+    v.Paint({{62, -82}, {86, -106}, {108, -82}, {86, -58}}, Mix(palette::Parchment, palette::Ochre, 0.15f));
+    v.Paint({{-52, 64}, {-54, 6}, {-30, -26}, {-6, 6}, {-4, 64}}, Mix(palette::Rust, palette::Ochre, 0.2f));
+    v.Paint({{-50, -46}, {-30, -66}, {-10, -46}, {-30, -26}}, Mix(palette::Parchment, palette::Ochre, 0.15f));
+    v.Ink({{{-190, 40}, {-90, 66}, {60, 68}, {186, 28}}, {{-190, 40}, {-150, 96}, {-60, 120}, {60, 120}, {138, 96}, {186, 28}}, {{-160, 74}, {-60, 94}, {60, 94}, {150, 66}}, {{130, -150}, {98, -10}, {56, 178}},
+           {{62, 66}, {60, 4}, {86, -56}, {108, 4}, {116, 62}}, {{-52, 62}, {-54, 6}, {-30, -28}, {-6, 6}, {-4, 62}}, {{64, -98}, {88, -116}, {112, -96}}, {{84, -18}, {100, 2}, {100, -22}}}, 7);
+}
+
+void LoafEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+{
+    Vignette v(canvas, at, seed);
+    v.Lamp({0, 40}, 40, 260, palette::Amber, 0.5f);
+    v.Paint({{-168, 106}, {-184, 50}, {-116, -12}, {0, -32}, {116, -12}, {184, 50}, {166, 106}, {0, 124}}, Mix(palette::Ochre, palette::Amber, 0.35f));
+    for (const float x : {-88.0f, 0.0f, 84.0f})
+        v.Paint({{x - 20, 6}, {x + 6, 0}, {x + 26, 50}, {x + 20, 84}, {x + 2, 60}}, Mix(palette::Bone, palette::Amber, 0.3f), 0.9f);
+    v.Ink({{{-168, 106}, {-186, 50}, {-116, -12}, {0, -32}, {116, -12}, {186, 50}, {166, 106}, {0, 126}, {-168, 106}}}, 9);
+    v.Ink({{{-108, 6}, {-86, 48}, {-72, 88}}, {{-20, -6}, {2, 40}, {18, 88}}, {{66, 0}, {88, 40}, {104, 84}}, {{-150, 88}, {-80, 104}, {0, 108}}, {{120, 90}, {142, 78}, {152, 60}}, {{100, 98}, {124, 90}}}, 6);
+    v.Bright({{{-70, -58}, {-92, -90}, {-56, -118}, {-76, -156}}, {{0, -68}, {-22, -104}, {16, -132}, {-6, -172}}, {{70, -58}, {50, -90}, {86, -118}, {64, -156}}}, Mix(palette::Bone, palette::Mist, 0.3f), 7);
+}
+
+void MothEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+{
+    Vignette v(canvas, at, seed);
+    v.Stars(14);
+    v.Lamp({0, -20}, 30, 230, palette::Amber, 0.5f);
+    for (const float side : {-1.0f, 1.0f}) {
+        const auto w = [side](std::vector<Vec2> points) {
+            for (Vec2& p : points)
+                p.x *= side;
+            return points;
+        };
+        v.Paint(w({{12, 6}, {90, 26}, {128, 90}, {84, 138}, {36, 104}}), Mix(palette::Ochre, palette::Parchment, 0.25f));
+        v.Paint(w({{8, -50}, {70, -118}, {176, -136}, {196, -84}, {132, -8}, {14, 6}}), Mix(palette::Parchment, palette::Mist, 0.25f));
+        v.Paint(w({{92, -64}, {112, -86}, {132, -64}, {112, -42}}), palette::Rust);
+        v.Paint(w({{104, -64}, {112, -73}, {120, -64}, {112, -55}}), palette::Ink);
+        v.Paint(w({{62, 80}, {78, 66}, {92, 84}, {78, 98}}), palette::Rust);
+        v.Ink({w({{8, -50}, {70, -118}, {176, -136}}), w({{176, -136}, {200, -84}, {132, -8}, {14, 6}}), w({{14, 6}, {90, 26}, {130, 90}, {84, 140}, {36, 104}, {8, 40}})}, 8);
+        v.Ink({w({{22, -42}, {80, -86}, {164, -118}}), w({{24, -26}, {80, -34}, {170, -76}}), w({{20, -12}, {70, -14}, {142, -30}}), w({{24, 22}, {60, 60}, {80, 118}}), w({{22, 16}, {70, 44}, {112, 84}}), w({{150, -126}, {166, -92}, {150, -40}})}, 4);
+        v.Bright({w({{5, -74}, {24, -122}, {58, -154}})}, palette::Bone, 6);
+    }
+    v.Paint({{0, -78}, {-16, -36}, {-14, 50}, {0, 124}, {14, 50}, {16, -36}}, Mix(palette::Rust, palette::Ochre, 0.3f));
+    v.Ink({{{0, -78}, {-16, -36}, {-14, 50}, {0, 124}, {14, 50}, {16, -36}, {0, -78}}, {{-13, -4}, {13, -2}}, {{-13, 26}, {13, 28}}, {{-10, 58}, {10, 60}}, {{-7, 88}, {7, 90}}}, 6);
+}
+
+void TowerEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+{
+    Vignette v(canvas, at, seed);
+    v.Stars(18);
+    v.Paint({{-230, 178}, {-140, 150}, {0, 142}, {150, 152}, {230, 178}, {150, 206}, {0, 214}, {-140, 206}}, Mix(palette::Moss, palette::Night, 0.45f));
+    v.Paint({{-68, 176}, {-50, -70}, {50, -70}, {68, 176}}, Mix(palette::Parchment, palette::Mist, 0.45f), 1, true);
+    v.Paint({{6, 172}, {8, -66}, {50, -70}, {68, 176}}, Mix(palette::Mist, palette::Slate, 0.6f), 0.8f, true);
+    v.Paint({{-76, -70}, {-76, -120}, {-42, -120}, {-42, -96}, {-16, -96}, {-16, -120}, {18, -120}, {18, -96}, {44, -96}, {44, -120}, {76, -120}, {76, -70}}, Mix(palette::Parchment, palette::Mist, 0.35f), 1, true);
+    v.Paint({{-14, 14}, {-14, -22}, {0, -36}, {14, -22}, {14, 14}}, palette::Amber, 1, true);
+    v.Lamp({0, -8}, 12, 90);
+    v.Paint({{2, -168}, {60, -160}, {34, -146}, {56, -128}, {2, -138}}, palette::Rust, 1, true);
+    v.Ink({{{-68, 176}, {-54, 40}, {-50, -70}}, {{-76, -70}, {0, -64}, {76, -70}}, {{-16, 174}, {-16, 124}, {0, 102}, {16, 124}, {16, 174}}, {{2, -118}, {2, -172}}, {{-44, 60}, {-18, 62}}, {{-40, -20}, {-26, -20}}, {{24, 44}, {46, 42}}, {{-46, 112}, {-30, 112}}, {{28, 110}, {54, 108}}, {{26, -30}, {42, -32}}}, 6);
+    v.Ink({{{68, 176}, {54, 40}, {50, -70}}}, 9);
+    v.Outline({{-76, -70}, {-76, -120}, {-42, -120}, {-42, -96}, {-16, -96}, {-16, -120}, {18, -120}, {18, -96}, {44, -96}, {44, -120}, {76, -120}, {76, -70}}, true);
+}
+
+void MastEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+{
+    Vignette v(canvas, at, seed);
+    v.Stars(16);
+    v.Paint({{-230, 186}, {-120, 160}, {0, 154}, {130, 162}, {230, 188}, {120, 210}, {-120, 210}}, Mix(palette::Moss, palette::Night, 0.5f));
+    v.Paint({{-150, 168}, {-150, 128}, {-118, 104}, {-86, 128}, {-86, 168}}, Mix(palette::Rust, palette::Ochre, 0.3f), 1, true);
+    v.Paint({{-128, 150}, {-128, 132}, {-108, 132}, {-108, 150}}, palette::Amber, 1, true);
+    v.Bright({{{-70, 172}, {-34, 20}, {0, -110}}, {{70, 172}, {34, 20}, {0, -110}}}, palette::Bone, 11);
+    v.Bright({{{-58, 124}, {46, 72}}, {{58, 124}, {-46, 72}}, {{-46, 72}, {32, 16}}, {{46, 72}, {-32, 16}}, {{-32, 16}, {20, -34}}, {{32, 16}, {-20, -34}}, {{-20, -34}, {10, -72}}, {{20, -34}, {-10, -72}}}, palette::Parchment, 6);
+    for (const float radius : {48.0f, 90.0f, 134.0f}) {
+        std::vector<std::vector<Vec2>> arcs(2);
+        for (int i = -3; i <= 3; ++i) {
+            const float a = static_cast<float>(i) * 0.2f;
+            arcs[0].push_back(Vec2{Cos(a) * radius, Sin(a) * radius - 118});
+            arcs[1].push_back(Vec2{-Cos(a) * radius, Sin(a) * radius - 118});
+        }
+        v.Bright(arcs, palette::ColdLight, 7);
+    }
+    v.Lamp({0, -118}, 10, 90, palette::ColdLight);
+    v.Ink({{{-150, 168}, {-150, 128}, {-118, 104}, {-86, 128}, {-86, 168}}}, 6);
+}
+// clang-format on
+
+} // namespace atelier
