@@ -59,7 +59,7 @@ float VillageFurrow(float X, float Z)
 // Wet earth at night. The moon stands ahead and lies on the crests; stubble and moss show here and there.
 Colour VillageEarth(float X, float Z)
 {
-    static const Noise tint(302, 4, 0), clod(303, 128, 0), grit(305, 256, 0), wet(306, 5, 0);
+    static const Noise tint(302, 4, 0), clod(303, 128, 0), grit(305, 512, 0), wet(306, 5, 0);
     const float u = X / Repeat;
     const float t = 0.5f + 0.7f * tint.Fbm(u * 4, Z / 3.6f, 5);
     Colour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f), Mix(palette::Moss, palette::Slate, 0.35f),
@@ -68,7 +68,7 @@ Colour VillageEarth(float X, float Z)
     const float f = Fraction(VillageFurrow(X, Z));
     const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
     const float ridge = Smooth(0.12f, 0.48f, f + 0.10f * lump) * Smooth(1.0f, 0.66f, f + 0.10f * lump);
-    const float grain = 1 + 0.42f * grit.Gradient(u * 256, Z / 0.08f) + 0.35f * lump;
+    const float grain = 1 + 0.62f * grit.Gradient(u * 512, Z / 0.08f) + 0.35f * lump;
     Colour c = earth * (0.42f + 0.75f * ridge) * grain;
     c = Mix(c, palette::Mist, 0.20f * Hill(0.62f, 0.16f, f + 0.12f * lump) * Smooth(-0.2f, 0.5f, lump));
     // Water stands in some furrows.

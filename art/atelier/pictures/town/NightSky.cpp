@@ -107,12 +107,17 @@ float LandmarksAt(float round)
     return high;
 }
 
-// The tooth of the paper, over the whole globe: no wall of the box has a sheet of its own.
+// The tooth of the paper and the bristles of a broad brush, dragged across the whole globe: no wall of the
+// box has a sheet of its own.
 float ToothTowards(Vec2 flat)
 {
-    static const Noise tooth(416), fibre(417);
-    return 0.6f * tooth.Fbm(flat.x * 170, flat.y * 170, 2) +
-           0.4f * fibre.Gradient(flat.x * 420, flat.y * 140);
+    static const Noise tooth(416), bristle(417), load(419);
+    const Vec2 drag = {flat.x * 0.766f + flat.y * 0.643f + 0.02f * load.Gradient(flat.x * 6, flat.y * 6),
+                       flat.y * 0.766f - flat.x * 0.643f + 0.04f * load.Gradient(flat.x * 4 + 9, flat.y * 4)};
+    const float wet = 0.95f + 0.5f * load.Gradient(flat.x * 14, flat.y * 14);
+    return 0.55f * tooth.Fbm(flat.x * 190, flat.y * 190, 2) +
+           wet * (0.7f * bristle.Gradient(drag.x * 42, drag.y * 330) +
+                  0.4f * bristle.Gradient(drag.x * 30, drag.y * 120));
 }
 
 Colour SkyTowards(const Direction& d)
@@ -144,7 +149,7 @@ Colour SkyTowards(const Direction& d)
     const float veil = Smooth(-0.04f, 0.30f, body) * low;
     const float dried = Hill(0.075f, 0.035f, body + 0.012f * shore.Gradient(p.x * 60, p.y * 60)) * low;
     const Colour lit = palette::Slate * 0.62f + palette::Mist * (0.50f * Bell(far / 0.30f));
-    sky = Mix(sky, lit * (1 + 0.30f * tooth), 0.55f * veil);
+    sky = Mix(sky, lit * (1 + 0.12f * tooth), 0.55f * veil);
     sky = sky * (1 - 0.13f * dried * (1 - Bell(far / 0.22f)));
     sky = sky + palette::Parchment * (0.10f * dried * Bell(far / 0.26f));
     sky = sky +
@@ -154,8 +159,8 @@ Colour SkyTowards(const Direction& d)
     const float disc = Smooth(MoonRadius * 1.025f, MoonRadius * 0.975f, far + 0.0007f * tooth);
     const Colour face = Mix(palette::Bone, Mix(palette::Mist, palette::Parchment, 0.5f),
                             Smooth(-0.1f, 0.45f, maria.Fbm(p.x * 22 + 5, p.y * 22 + 2, 4)));
-    sky = Mix(sky, face * (0.95f + 0.06f * tooth), disc * (1 - 0.30f * veil));
-    sky = sky * (1 + 0.10f * tooth);
+    sky = Mix(sky, face * (0.95f - 0.30f * tooth), disc * (1 - 0.30f * veil));
+    sky = sky * (1 + 0.64f * tooth);
     // Two ranges of land stand before it, mist between them; the foot is all dark.
     const float level = Sqrt(d.x * d.x + d.z * d.z);
     const float rise = d.y / level;

@@ -12,7 +12,7 @@ namespace
 
 constexpr int W = 1024, H = 256;
 constexpr float Bar = 128, Gap = 7; // pixels from bar line to bar line and from line to line
-constexpr float FirstBeat = 41, Beat = 31;
+constexpr float FirstBeat = 45, Beat = 30;
 // The strip is seen from one end, along the staves, so that everything on it is drawn wide along them, as
 // signs on a road are.
 constexpr float HeadX = 6.2f, HeadY = 3.7f;
@@ -192,8 +192,8 @@ Canvas ScoreStrip()
         const float x = Bar * static_cast<float>(bar) + 3;
         lines.nib.width = 2.2f;
         if (bar == 0) { // the sign that it begins again
-            lines.nib.width = 5;
-            lines.Stroke(Straight({{x - 1, Foot[0] - 4 * Gap}, {x - 1, Foot[4]}}),
+            lines.nib.width = 4;
+            lines.Stroke(Straight({{x + 1.5f, Foot[0] - 4 * Gap}, {x + 1.5f, Foot[4]}}),
                          {.start = 1, .middle = 1, .end = 1});
             lines.nib.width = 2.2f;
             lines.Stroke(Straight({{x - 8, Foot[0] - 4 * Gap}, {x - 8, Foot[4]}}),
@@ -206,11 +206,11 @@ Canvas ScoreStrip()
     const Sheet page = {ink, pen};
     for (int staff = 0; staff < 5; ++staff) {
         if (staff < 4)
-            DrawTrebleClef(pen, {13, Foot[staff] - Gap});
+            DrawTrebleClef(pen, {18, Foot[staff] - Gap});
         else
-            DrawBassClef(pen, {13, Foot[staff] - 3 * Gap});
+            DrawBassClef(pen, {17, Foot[staff] - 3 * Gap});
         // The one flat of D minor.
-        DrawSign(pen, {27, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
+        DrawSign(pen, {31, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
     }
     const auto placeOf = [](int bar, float beat, int step, int footStep, float foot) {
         return Vec2{Bar * static_cast<float>(bar - 1) + FirstBeat + Beat * beat,
