@@ -68,8 +68,8 @@ TEST_P(LintCorpus, GivesExactlyWhatLiesBesideIt)
 }
 
 INSTANTIATE_TEST_SUITE_P(Script, LintCorpus, testing::ValuesIn(ScriptNames()),
-                         [](const testing::TestParamInfo<std::string>& info) {
-                             return std::regex_replace(info.param, std::regex("-"), "_");
+                         [](const testing::TestParamInfo<std::string>& script) {
+                             return std::regex_replace(script.param, std::regex("-"), "_");
                          });
 
 TEST(LintCodes, HaveAScriptOfTheirNameEach)
