@@ -114,9 +114,9 @@ bool ContactSheet::Take(std::unique_ptr<Frame> frame)
     return true;
 }
 
-bool ContactSheet::Finish()
+bool ContactSheet::Finish(bool keep)
 {
-    return next == 0 || WritePng(path, sheet, false, &error);
+    return !keep || next == 0 || WritePng(path, sheet, false, &error);
 }
 
 } // namespace capture

@@ -16,7 +16,7 @@ public:
 
     bool Begin(int width, int height, const Schedule& schedule) override;
     bool Take(std::unique_ptr<Frame> frame) override;
-    bool Finish() override; // writes the file, as far as it got
+    bool Finish(bool keep) override; // writes the file, as far as it got
 
 private:
     const std::string path;

@@ -4,6 +4,9 @@
 #include "tools/capture/MusicTrack.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 namespace capture
@@ -29,6 +32,26 @@ static bool IsMp4(const std::string& output)
 static bool IsArchive(const std::string& output)
 {
     return std::filesystem::path(output).extension() == ".mkv";
+}
+
+std::string UnfinishedName(const std::string& output)
+{
+    std::filesystem::path path = output;
+    const std::string end = path.extension();
+    path.replace_extension();
+    return path.string() + ".part" + end;
+}
+
+bool KeepFinished(const std::string& unfinished, const std::string& output, std::string* error)
+{
+    if (output.empty()) {
+        remove(unfinished.c_str());
+        return true;
+    }
+    if (rename(unfinished.c_str(), output.c_str()) == 0)
+        return true;
+    *error = output + ": " + strerror(errno);
+    return false;
 }
 
 bool NeedsEvenSize(const std::string& output)
@@ -130,14 +153,21 @@ Words JoinCommand(const Encoding& encoding)
     return words;
 }
 
-std::string JoinList(const std::vector<std::string>& parts)
+std::string JoinList(const std::vector<VideoPart>& parts, const FrameRate& rate)
 {
     std::string list;
-    for (const std::string& part : parts) {
+    int64_t begin = 0;
+    int64_t frames = 0;
+    for (const VideoPart& part : parts) {
         list += "file 'file:";
-        for (char c : std::filesystem::absolute(part).string())
+        for (char c : std::filesystem::absolute(part.path).string())
             list += c == '\'' ? std::string("'\\''") : std::string(1, c);
-        list += "'\n";
+        // A file says its length to the millisecond only, and the seams would drift. Here the length is what
+        // is between two places that are both exact.
+        frames += part.frames;
+        const int64_t end = rate.MomentOf(frames, 1000000);
+        list += "'\nduration " + std::to_string(end - begin) + "us\n";
+        begin = end;
     }
     return list;
 }

@@ -23,6 +23,13 @@ struct Encoding {
     std::string more; // further arguments, divided by blanks
 };
 
+// The name under which ffmpeg writes: "show.part.mp4" for "show.mp4". A name that was asked for holds a
+// complete file or what was there before.
+std::string UnfinishedName(const std::string& output);
+
+// Gives the finished file its name, or removes it where that is empty. False: *error says why.
+bool KeepFinished(const std::string& unfinished, const std::string& output, std::string* error);
+
 // True if the format can't have an odd width or height.
 bool NeedsEvenSize(const std::string& output);
 
@@ -33,6 +40,10 @@ std::vector<std::string> EncoderCommand(const Encoding& encoding);
 // The command that reads a list of parts on its standard input (JoinList) and the music as above. The
 // pictures are taken over as they are.
 std::vector<std::string> JoinCommand(const Encoding& encoding);
-std::string JoinList(const std::vector<std::string>& parts);
+struct VideoPart {
+    std::string path;
+    int64_t frames;
+};
+std::string JoinList(const std::vector<VideoPart>& parts, const FrameRate& rate);
 
 } // namespace capture

@@ -30,12 +30,14 @@ class FrameSink
 public:
     virtual ~FrameSink() {}
 
-    // Order of calls: Begin once, Take for each frame that the schedule wants, in order, and Finish once,
-    // also after an interruption: what was taken by then is complete and usable. All of them give false after
-    // a failure, whose reason stands in `error`; the capture is over then.
+    // Order of calls: Begin once, Take for each frame that the schedule wants, in order, and Finish once. All
+    // of them give false after a failure, whose reason stands in `error`; the capture is over then.
     virtual bool Begin(int width, int height, const Schedule& schedule) = 0;
     virtual bool Take(std::unique_ptr<Frame> frame) = 0;
-    virtual bool Finish() = 0;
+
+    // What was taken becomes complete and usable, also when it is less than was announced: an interruption
+    // ends so. With keep false the show has failed, and one file is not left behind or replaced.
+    virtual bool Finish(bool keep) = 0;
 
     std::string error;
 };

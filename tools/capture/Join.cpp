@@ -30,11 +30,12 @@ bool JoinParts(const std::vector<std::string>& parts, const Encoding& encoding, 
                MusicTrack* track, std::string* error)
 {
     int64_t frames = 0;
+    std::vector<VideoPart> counted;
     for (const std::string& part : parts) {
-        const int64_t count = CountFrames(part, error);
-        if (count < 0)
+        counted.push_back({part, CountFrames(part, error)});
+        if (counted.back().frames < 0)
             return false;
-        frames += count;
+        frames += counted.back().frames;
     }
     if (frames != schedule.end - schedule.first) {
         *error = "the parts have " + std::to_string(frames) + " frames together, the show has " +
@@ -43,23 +44,21 @@ bool JoinParts(const std::vector<std::string>& parts, const Encoding& encoding, 
         return false;
     }
 
+    Encoding unfinished = encoding;
+    unfinished.output = UnfinishedName(encoding.output);
     ChildProcess joiner;
-    const std::string list = JoinList(parts);
-    if (!joiner.Start(JoinCommand(encoding)) || !joiner.WriteFirst(list.data(), list.size())) {
-        joiner.Finish();
-        *error = joiner.error;
-        return false;
-    }
+    const std::string list = JoinList(counted, schedule.rate);
+    if (joiner.Start(JoinCommand(unfinished)))
+        joiner.WriteFirst(list.data(), list.size()); // if that fails, so does the joiner
     joiner.CloseFirst();
     if (track) {
         MusicFeed feed(joiner, *track);
         feed.Start(schedule.rate.MomentOf(schedule.first, MusicTrack::Rate));
         feed.End(schedule.rate.MomentOf(schedule.end, MusicTrack::Rate));
     }
-    if (joiner.Finish())
-        return true;
-    *error = joiner.error;
-    return false;
+    if (!joiner.Finish())
+        *error = joiner.error;
+    return KeepFinished(unfinished.output, error->empty() ? encoding.output : "", error) && error->empty();
 }
 
 } // namespace capture

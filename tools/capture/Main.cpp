@@ -129,7 +129,7 @@ static int Capture(const Options& options, ShowPlayer& show, const Schedule& sch
     progress.Begin(schedule.Pick(0), schedule.Pick(schedule.picks - 1) + 1, schedule.picks);
     const double start = Progress::Now();
     const PlayResult result = show.Play(width, height, schedule, *sink, progress);
-    const bool finished = sink->Finish();
+    const bool finished = sink->Finish(result != PlayFailed);
     const double seconds = Progress::Now() - start;
     progress.Clear();
     if (result == PlayFailed)
@@ -150,7 +150,8 @@ static int Run(const Options& options)
 {
     if (access(options.script.c_str(), R_OK) != 0)
         return Complain(options.script + ": " + strerror(errno), cli::ExitUsage);
-    if (options.kind != OutputPictures && !CanWrite(options.output))
+    if ((options.kind != OutputPictures && !CanWrite(options.output)) ||
+        (options.kind == OutputVideo && !CanWrite(UnfinishedName(options.output))))
         return Complain(options.output + ": " + strerror(errno), cli::ExitUsage);
 
     ShowPlayer show;

@@ -125,7 +125,7 @@ void PngSequence::Join()
     threads.clear();
 }
 
-bool PngSequence::Finish()
+bool PngSequence::Finish(bool)
 {
     Join();
     return error.empty();

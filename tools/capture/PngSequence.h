@@ -29,7 +29,7 @@ public:
 
     bool Begin(int width, int height, const Schedule& schedule) override; // makes the folder
     bool Take(std::unique_ptr<Frame> frame) override; // waits while all threads have work waiting
-    bool Finish() override;
+    bool Finish(bool keep) override;
 
 private:
     void Work();

@@ -7,13 +7,15 @@ namespace capture
 static const size_t mostWaiting = 3; // frames: as much as evens out a slow one
 
 VideoPipe::VideoPipe(const Encoding& newEncoding, MusicTrack* track)
-    : encoding(newEncoding), music(track), written(0), ending(false), broken(false)
+    : output(newEncoding.output), encoding(newEncoding), music(track), written(0), ending(false),
+      broken(false)
 {
+    encoding.output = UnfinishedName(output);
 }
 
 VideoPipe::~VideoPipe()
 {
-    Finish();
+    JoinWriter(); // for the case that nobody has called Finish
 }
 
 bool VideoPipe::Begin(int width, int height, const Schedule& newSchedule)
@@ -43,7 +45,7 @@ bool VideoPipe::Take(std::unique_ptr<Frame> frame)
     changed.wait(lock, [this] { return waiting.size() < mostWaiting || broken; });
     if (broken) {
         lock.unlock();
-        Finish(); // it knows why
+        Finish(false); // it knows why
         if (error.empty())
             error = "ffmpeg ended before the show did";
         return false;
@@ -91,14 +93,16 @@ void VideoPipe::JoinWriter()
     writer.join();
 }
 
-bool VideoPipe::Finish()
+bool VideoPipe::Finish(bool keep)
 {
     JoinWriter();
     if (feed)
         feed->End(schedule.rate.MomentOf(schedule.first + written, MusicTrack::Rate));
     feed.reset();
-    if (!encoder.Finish() && error.empty())
+    // An encoder that never got a frame has every right to complain, and no reason.
+    if (!encoder.Finish() && error.empty() && (written > 0 || broken))
         error = encoder.error;
+    KeepFinished(encoding.output, keep && written > 0 && error.empty() ? output : "", &error);
     return error.empty();
 }
 

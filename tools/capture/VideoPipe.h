@@ -22,13 +22,14 @@ public:
 
     bool Begin(int width, int height, const Schedule& newSchedule) override;
     bool Take(std::unique_ptr<Frame> frame) override; // waits while the encoder has enough to do
-    bool Finish() override;
+    bool Finish(bool keep) override;
 
 private:
     void Write();
     void JoinWriter();
 
-    Encoding encoding;
+    const std::string output;
+    Encoding encoding; // its output is the unfinished file
     MusicTrack* music;
     Schedule schedule;
     ChildProcess encoder;

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "tools/capture/Encoding.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+using capture::Encoding;
+
+static std::string Joined(const std::vector<std::string>& words)
+{
+    std::string text;
+    for (const std::string& word : words)
+        text += " " + word;
+    return text + " ";
+}
+
+static bool Has(const std::vector<std::string>& words, const std::string& part)
+{
+    return Joined(words).find(" " + part + " ") != std::string::npos;
+}
+
+static Encoding Example(const std::string& output)
+{
+    Encoding encoding;
+    encoding.output = output;
+    encoding.width = 640;
+    encoding.height = 480;
+    encoding.rate.frames = 60000;
+    encoding.rate.seconds = 1001;
+    encoding.threads = 3;
+    encoding.sound = true;
+    return encoding;
+}
+
+TEST(CaptureEncoding, SaysWhatComesThroughThePipes)
+{
+    const std::vector<std::string> words = EncoderCommand(Example("show.mp4"));
+    EXPECT_EQ("ffmpeg", words.front());
+    EXPECT_TRUE(Has(words, "-f rawvideo -pixel_format rgb0 -video_size 640x480 -framerate 60000/1001"));
+    EXPECT_TRUE(Has(words, "-f f32le -ar 44100 -ac 2"));
+    EXPECT_TRUE(Has(words, "-map 0:v -map 1:a"));
+    EXPECT_TRUE(Has(words, "-threads 3"));
+    EXPECT_EQ("file:show.mp4", words.back());
+}
+
+TEST(CaptureEncoding, WithoutSoundHasOneInput)
+{
+    Encoding silent = Example("show.mp4");
+    silent.sound = false;
+    const std::vector<std::string> words = EncoderCommand(silent);
+    EXPECT_EQ(1, std::count(words.begin(), words.end(), "-i"));
+    EXPECT_FALSE(Has(words, "-c:a aac"));
+}
+
+TEST(CaptureEncoding, GoesByTheEndOfTheName)
+{
+    for (const char* name : {"a.mp4", "a.mov", "a.m4v"}) {
+        EXPECT_TRUE(Has(EncoderCommand(Example(name)), "-c:v libx264 -preset medium -crf 16")) << name;
+        EXPECT_TRUE(Has(EncoderCommand(Example(name)), "-c:a aac -b:a 256k")) << name;
+        EXPECT_TRUE(Has(EncoderCommand(Example(name)), "-movflags +faststart")) << name;
+        EXPECT_TRUE(capture::NeedsEvenSize(name));
+    }
+    EXPECT_TRUE(Has(EncoderCommand(Example("a.mkv")), "-c:v ffv1 -level 3 -g 1 -slicecrc 1 -pix_fmt bgr0"));
+    EXPECT_TRUE(Has(EncoderCommand(Example("a.mkv")), "-c:a pcm_f32le"));
+    EXPECT_FALSE(capture::NeedsEvenSize("a.mkv"));
+    EXPECT_EQ(std::string::npos, Joined(EncoderCommand(Example("a.webm"))).find("-c:v"));
+}
+
+TEST(CaptureEncoding, TurnsPicturesOverAndTagsTheirColours)
+{
+    for (const char* name : {"a.mp4", "a.mkv", "a.webm"})
+        EXPECT_NE(std::string::npos, Joined(EncoderCommand(Example(name))).find(" -vf vflip")) << name;
+    EXPECT_TRUE(Has(EncoderCommand(Example("a.mp4")),
+                    "-colorspace bt709 -color_primaries bt709 -color_trc bt709 -color_range tv"));
+}
+
+TEST(CaptureEncoding, PutsFurtherArgumentsLastSoThatTheyWin)
+{
+    Encoding more = Example("a.mp4");
+    more.more = " -crf 20  -preset slow ";
+    const std::vector<std::string> words = EncoderCommand(more);
+    const std::vector<std::string> last(words.end() - 5, words.end());
+    EXPECT_EQ((std::vector<std::string>{"-crf", "20", "-preset", "slow", "file:a.mp4"}), last);
+}
+
+TEST(CaptureEncoding, WritesUnderANameOfItsOwn)
+{
+    EXPECT_EQ("show.part.mp4", capture::UnfinishedName("show.mp4"));
+    EXPECT_EQ("a.b/show.part", capture::UnfinishedName("a.b/show"));
+    EXPECT_EQ("./x/y.z.part.mkv", capture::UnfinishedName("./x/y.z.mkv"));
+}
+
+TEST(CaptureEncoding, ListsPartsWithNamesOfAnyKindAndLengthsThatDoNotDrift)
+{
+    capture::FrameRate rate;
+    rate.frames = 60000;
+    rate.seconds = 1001;
+    const std::string here = std::filesystem::current_path();
+    // 28 frames are 467133.33 microseconds: every third part is one longer.
+    EXPECT_EQ("file 'file:" + here + "/a b.mp4'\nduration 467133us\n" + //
+                  "file 'file:/it'\\''s\\.mp4'\nduration 467133us\n" +  //
+                  "file 'file:" + here + "/-c.mp4'\nduration 467134us\n",
+              JoinList({{"a b.mp4", 28}, {"/it's\\.mp4", 28}, {"-c.mp4", 28}}, rate));
+}
+
+TEST(CaptureEncoding, OfAJoinTakesThePicturesOver)
+{
+    const std::vector<std::string> words = JoinCommand(Example("all.mp4"));
+    EXPECT_TRUE(Has(words, "-f concat -safe 0 -protocol_whitelist file,pipe,fd -i pipe:0"));
+    EXPECT_TRUE(Has(words, "-c:v copy"));
+    EXPECT_TRUE(Has(words, "-c:a aac -b:a 256k"));
+    EXPECT_EQ(std::string::npos, Joined(words).find("vflip"));
+}
