@@ -10,21 +10,26 @@ namespace
 {
 
 // The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
-// more than twice as long as it is drawn, so that the scales are drawn narrow and tall.
+// four times as long as it is drawn, and the whole fish is seldom longer than a hand on the screen: scales
+// are few, large and drawn narrow and tall, the back is barred, the gill has a burning edge, the belly is
+// pale.
 Canvas FishSkin()
 {
     constexpr int Side = 512;
-    constexpr float Size = Side, Wide = 18, Tall = 30;
+    constexpr float Size = Side, Wide = 21, Tall = 62, Gill = 128;
     const Paper& paper = SketchPaper(512);
-    const Noise tint(641), bend(642), own(643);
-    // How far the scales go: behind the gills, which lie a quarter of the way back.
-    const auto scaled = [](float x) { return Smooth(118, 150, x); };
+    const Noise tint(641), bend(642), own(643), bars(647), wrinkle(648);
+    // Where the gill cover ends, and the scales begin.
+    const auto gillAt = [](float y) {
+        const float v = (y - 260) / 260;
+        return Gill + 14 - 52 * v * v;
+    };
     struct Place {
         float u, v; // across -1 to 1, and 0 to 1 at the free edge, which looks to the tail
         float name;
     };
     const auto scale = [&](float x, float y) {
-        const float bent = y + 10 * bend.Fbm(x / 120, y / 120, 2);
+        const float bent = y + 12 * bend.Fbm(x / 120, y / 120, 2);
         // A scale nearer the head lies over the next.
         for (int column = Floor(x / Wide) - 1;; ++column) {
             const float row = bent / Tall + (Wrap(column, 2) == 0 ? 0.0f : 0.5f);
@@ -36,44 +41,99 @@ Canvas FishSkin()
                     own.Value(static_cast<float>(column) * 3.7f, static_cast<float>(Floor(row)) * 5.3f)};
         }
     };
+    const Colour back = Mix(palette::Ink, palette::Slate, 0.60f),
+                 flank = Mix(palette::Ochre, palette::Amber, 0.25f),
+                 belly = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
     Canvas canvas(Side, Side);
     canvas.Ground([&](float x, float y) {
-        const float v = y / Size + 0.06f * tint.Fbm(x / 80, y / 80, 3);
-        Colour c = Mix(Mix(palette::Ink, palette::Slate, 0.55f), Mix(palette::Ochre, palette::Rust, 0.35f),
-                       Smooth(0.12f, 0.42f, v));
-        c = Mix(c, palette::Amber * 0.9f, Smooth(0.38f, 0.62f, v));
-        c = Mix(c, Mix(palette::Parchment, palette::Bone, 0.4f) * 0.9f, Smooth(0.66f, 0.92f, v));
+        const float v = y / Size + 0.05f * tint.Fbm(x / 60, y / 110, 4);
+        const float behind = Smooth(-3, 5, x - gillAt(y));
+        Colour c = Mix(back, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
+        c = Mix(c, flank, Smooth(0.32f, 0.52f, v));
+        c = Mix(c, belly, Smooth(0.58f, 0.84f, v));
+        // Towards the tail the gold sinks into rust.
+        c = Mix(c, Mix(palette::Rust, palette::Slate, 0.35f),
+                0.55f * Smooth(330, 520, x) * Smooth(0.9f, 0.5f, v));
         const Place s = scale(x, y);
         const float edge = 1 - 0.5f * s.u * s.u - s.v; // to the free edge
-        const float ring = 0.5f + 0.5f * Sin(edge * 42);
-        Colour skin = c * (0.70f + 0.45f * s.name);
-        skin = skin * (0.85f + 0.15f * ring);
-        skin = Mix(skin, palette::Bone, 0.35f * Hill(0.14f, 0.09f, edge)); // the edge that catches light
-        skin = skin * (1 - 0.72f * Smooth(0.10f, 0.01f, edge));
-        const Colour head = c * (0.85f + 0.4f * tint.Fbm(x / 14, y / 20, 4));
-        return Mix(head, skin, scaled(x));
+        Colour skin = c * (0.72f + 0.5f * s.name);
+        skin = skin * (0.92f + 0.16f * Smooth(0.7f, 0.15f, edge)); // domed
+        skin = Mix(skin, Mix(c, palette::Bone, 0.55f),
+                   0.42f * Hill(0.17f, 0.10f, edge) * Smooth(0.15f, 0.5f, v));
+        skin = Mix(skin, palette::Mist, 0.18f * Hill(0.17f, 0.10f, edge) * Smooth(0.3f, 0.1f, v));
+        skin = skin * (1 - 0.80f * Smooth(0.12f, 0.015f, edge));
+        // The head is bare: leathery above, a cheek of copper, a bone-pale jaw.
+        Colour head = Mix(back * 0.9f, Mix(palette::Rust, palette::Ochre, 0.30f), Smooth(0.24f, 0.40f, v));
+        head = Mix(head, Mix(flank, palette::Rust, 0.15f), Smooth(0.40f, 0.58f, v));
+        head = Mix(head, belly * 0.92f, Smooth(0.60f, 0.74f, v));
+        const float crease = wrinkle.Ridges(x / 30 + 0.4f * tint.Gradient(x / 30, y / 60), y / 95, 3);
+        head = head * (0.80f + 0.34f * tint.Fbm(x / 12, y / 30, 4) + 0.20f * (1 - Pow(crease, 3)));
+        head = head * (1 - 0.35f * Pow(crease, 6));
+        // Before its edge the gill cover is dark, the edge itself glows, behind it lies its shadow.
+        const float toGill = gillAt(y) - x;
+        head = Mix(head, Mix(palette::Rust, palette::Ink, 0.45f),
+                   0.60f * Smooth(34, 9, toGill) * Smooth(0.10f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
+        head = Mix(head, palette::Amber,
+                   0.9f * Hill(4, 6, toGill) * Smooth(0.12f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
+        skin = skin * (1 - 0.75f * Smooth(26, 0, -toGill));
+        return Mix(head, skin, behind);
     });
-    // Stains along the flank, as a trout's.
-    const Mask stains = Mask(Side, Side).Each([&](float x, float y) {
-        return Smooth(0.26f, 0.42f, tint.Fbm(x / 17 + 9, y / 36, 2)) * Smooth(0.75f, 0.5f, y / Size);
-    });
-    Wash(canvas, paper, stains,
-         {.pigment = Mix(palette::Ink, palette::Rust, 0.25f), .density = 0.6f, .poolWidth = 2}, 644);
-    Mask ink(Side, Side);
-    Pen pen(ink, paper, {.width = 4, .wobble = 1, .wave = 26, .skip = 0.2f}, 645);
-    // The gill cover, the plates of the cheek, and the side line.
-    pen.Stroke(Through({{104, 60}, {136, 150}, {142, 260}, {128, 370}, {92, 450}}),
-               {.start = 0.3f, .middle = 1, .end = 0.2f});
-    pen.Stroke(Through({{120, 130}, {127, 240}, {114, 350}}), {.start = 0, .middle = 0.7f, .end = 0});
-    pen.Stroke(Through({{60, 360}, {86, 320}, {92, 250}, {84, 190}}),
-               {.start = 0.2f, .middle = 0.8f, .end = 0.1f});
-    pen.Stroke(Through({{20, 300}, {44, 290}, {66, 300}}), {.start = 0.5f, .middle = 0.8f, .end = 0});
+    // Bars down from the back, as a perch's: each runs out in a point, none like another.
+    Mask barred(Side, Side);
     Dice dice(646);
-    for (int i = 0; i < 90; ++i)
-        pen.Dot({dice.Range(6, 110), dice.Range(30, 330)}, dice.Range(0.8f, 2.6f));
-    for (float x = 146; x < 505; x += 9)
-        pen.Stroke(Straight({{x, 232 + 16 * Sin(x * 0.008f)}, {x + 5, 233 + 16 * Sin(x * 0.008f)}}),
-                   {.start = 0.7f, .middle = 0.8f, .end = 0.5f});
+    for (int i = 0; i < 8; ++i) {
+        const float x = 168 + 44 * static_cast<float>(i) + dice.Range(-7, 7),
+                    low = dice.Range(250, 345) - 7 * static_cast<float>(i);
+        const float half = dice.Range(8, 13);
+        barred.Fill(Shaken(Limb(Through({{x + 6, -20}, {x + dice.Range(-6, 6), low * 0.5f}, {x - 8, low}}),
+                                half * 1.5f, half, 1),
+                           5, 26, dice.Next()));
+        if (i % 2 == 0)
+            barred.Fill(Shaken(Ellipse({x + dice.Range(-10, 20), low + dice.Range(34, 56)}, 6, 17), 3, 16,
+                               dice.Next()),
+                        0.8f);
+    }
+    Wash(canvas, paper, barred,
+         {.pigment = Mix(palette::Ink, palette::Rust, 0.22f),
+          .density = 0.9f,
+          .pool = 0.5f,
+          .poolWidth = 3,
+          .bloom = 0.6f,
+          .bloomSize = 60,
+          .stray = 4},
+         644);
+    Mask ink(Side, Side);
+    Pen pen(ink, paper, {.width = 5, .wobble = 1, .wave = 26, .skip = 0.12f}, 645);
+    Line gill;
+    for (float y = 46; y < 476; y += 4)
+        gill.push_back({gillAt(y) + 3, y});
+    pen.Stroke(gill, {.start = 0.3f, .middle = 1, .end = 0.2f});
+    // The plates of the cheek, and the folds at the corner of the mouth.
+    pen.nib.width = 3.4f;
+    pen.Stroke(Through({{100, 150}, {112, 250}, {104, 352}, {84, 408}}),
+               {.start = 0, .middle = 0.9f, .end = 0.1f});
+    pen.Stroke(Through({{52, 372}, {78, 336}, {88, 270}, {84, 214}}),
+               {.start = 0.2f, .middle = 1, .end = 0.1f});
+    pen.Stroke(Through({{22, 318}, {44, 306}, {66, 322}, {74, 356}}),
+               {.start = 0.5f, .middle = 0.9f, .end = 0});
+    pen.Stroke(Through({{8, 226}, {26, 214}, {40, 222}}),
+               {.start = 0.4f, .middle = 0.8f, .end = 0}); // nostril
+    pen.nib.width = 2;
+    for (int i = 0; i < 46; ++i) { // pores, in rows along the jaw
+        const float along = static_cast<float>(i % 23) / 22;
+        pen.Dot({Mix(10, 100, along) + dice.Range(-2, 2),
+                 Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)},
+                dice.Range(1, 2.4f));
+    }
+    for (float x = 146; x < 505; x += 10)
+        pen.Stroke(Straight({{x, 236 + 20 * Sin(x * 0.008f)}, {x + 6, 238 + 20 * Sin(x * 0.008f)}}),
+                   {.start = 0.9f, .middle = 1, .end = 0.6f});
+    // The belly is shaded with the pen.
+    pen.nib.width = 1.8f;
+    Hatch(pen, Mask(Side, Side).Each([&](float x, float y) {
+        return x > gillAt(y) ? 0.55f * Smooth(415, 505, y) : 0.0f;
+    }),
+          {.angle = 1.35f, .spacing = 8, .length = 40}, 649);
     canvas.Cover(ink, palette::Ink, 0.85f);
     paper.Show(canvas, 0.4f);
     return canvas;
@@ -84,6 +144,7 @@ Canvas FishEye()
 {
     constexpr int Side = 256;
     constexpr Vec2 Middle = {128, 128};
+    constexpr float Pupil = 31, Iris = 84;
     const Paper& paper = SketchPaper(256);
     const Noise iris(651), vein(652);
     Canvas canvas(Side, Side);
@@ -92,31 +153,38 @@ Canvas FishEye()
         const float r = Length(d);
         const Vec2 way = Normalised(d);
         const float fibre = iris.Fbm(way.x * 9 + 20, way.y * 9 + r / 60, 4);
-        Colour c = Mix(palette::Parchment, palette::Mist, 0.4f) * 0.8f; // the white
-        c = Mix(c, palette::Rust,
-                0.55f * Pow(vein.Ridges(way.x * 3 + r / 70, way.y * 3, 4), 3) * Smooth(80, 120, r));
-        const Colour gold =
-            Mix(palette::Amber, palette::Rust, Clamp(0.42f + 0.9f * fibre)) * (1 + 0.25f * Hill(58, 16, r));
-        c = Mix(c, gold, Smooth(85, 81, r));
-        c = Mix(c, palette::Ink, 0.85f * Hill(84, 9, r));
-        c = Mix(c, palette::Bone, 0.7f * Hill(41, 4, r)); // a thin bright ring round the pupil
-        return Mix(c, palette::Ink * 0.6f, Smooth(39, 36, r + 2.5f * iris.Gradient(way.x * 2, way.y * 2)));
+        const float blotch = iris.Fbm(x / 34, y / 34, 3);
+        // Round the iris it is dark and wet, with gold in its veins.
+        Colour c = Mix(Mix(palette::Slate, palette::Ink, 0.45f), palette::Rust, 0.35f * Smooth(84, 118, r));
+        c = Mix(c, palette::Ochre,
+                0.6f * Pow(vein.Ridges(way.x * 3 + r / 70, way.y * 3, 4), 3) * Smooth(84, 112, r));
+        Colour gold = Mix(palette::Amber, palette::Rust, Clamp(0.30f + 0.9f * fibre + 0.5f * blotch));
+        gold = gold * (0.72f + 0.5f * Hill(Pupil + 14, 26, r)); // light gathers round the pupil
+        gold = Mix(gold, palette::Rust * 0.7f, Smooth(62, 83, r));
+        c = Mix(c, gold, Smooth(Iris + 2, Iris - 2, r + 2 * blotch));
+        c = Mix(c, palette::Ink, 0.8f * Hill(Iris, 9, r));
+        c = Mix(c, Mix(palette::Amber, palette::Bone, 0.5f), 0.55f * Hill(Pupil + 4, 4, r + 3 * fibre));
+        return Mix(c, palette::Ink * 0.5f,
+                   Smooth(Pupil + 1, Pupil - 2, r + 3.5f * iris.Gradient(way.x * 1.6f, way.y * 1.6f)));
     });
     Mask ink(Side, Side);
     Pen pen(ink, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 14, .skip = 0.4f}, 653);
     Dice dice(654);
-    for (int i = 0; i < 70; ++i) {
-        const float a = dice.Range(0, 2 * Pi), from = dice.Range(44, 52), to = dice.Range(58, 80);
+    for (int i = 0; i < 80; ++i) {
+        const float a = dice.Range(0, 2 * Pi), from = dice.Range(38, 50), to = dice.Range(56, 80);
         const Vec2 way = {Cos(a), Sin(a)};
-        pen.Stroke(Straight({Middle + way * to, Middle + way * from}),
-                   {.start = 0.9f, .middle = 0.6f, .end = 0});
+        pen.Stroke(
+            Through({Middle + way * to, Middle + Vec2{Cos(a + 0.04f), Sin(a + 0.04f)} * ((from + to) / 2),
+                     Middle + way * from}),
+            {.start = 0.9f, .middle = 0.6f, .end = 0});
     }
     pen.nib.width = 5;
-    pen.Stroke(Ellipse(Middle, 84, 83, 1), {.start = 0.6f, .middle = 1, .end = 0.3f});
-    canvas.Cover(ink, palette::Ink, 0.75f);
+    pen.Stroke(Ellipse(Middle, Iris, Iris - 1, 1), {.start = 0.6f, .middle = 1, .end = 0.3f});
+    canvas.Cover(ink, palette::Ink, 0.7f);
     // The window that the night sees itself in.
-    canvas.Light(Filled(Side, Side, Ellipse({106, 98}, 13, 9, -0.5f)).Blur(1.6f), palette::Bone, 0.9f);
-    canvas.Light(Filled(Side, Side, Ellipse({150, 158}, 7, 4, -0.5f)).Blur(2), palette::ColdLight, 0.35f);
+    canvas.Light(Filled(Side, Side, Shaken(Ellipse({106, 100}, 14, 9, -0.5f), 1.5f, 20, 655)).Blur(1.8f),
+                 palette::Bone, 0.9f);
+    canvas.Light(Filled(Side, Side, Ellipse({148, 154}, 8, 4, -0.5f)).Blur(3), palette::ColdLight, 0.30f);
     paper.Show(canvas, 0.3f);
     return canvas;
 }
