@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// Where everything of the picture lies. No colours of washes, no formats: Picture.h draws what stands here.
+//
+// From the top: the head with title and summary; the body, which is the gutter with the names of the lanes
+// and the plot beside it; the foot with the legend and the list of remarks. The plot has the ruler on top, a
+// row of flags for remarks, a lane for each layer with the front one on top, a lane for messages that nobody
+// hears, and the music at the bottom. Left of the show's start lies the loading, on the same scale.
+#pragma once
+
+#include "tools/timeline/TimelineModel.h"
+#include "tools/timeline/Times.h"
+#include "tools/timeline/Type.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace timeline
+{
+
+const double NarrowestCanvas = 480;
+const double WidestCanvas = 30000;
+const double LongestAxis = 24 * 3600; // seconds; what runs on beyond it is cut off there
+
+struct LayoutOptions {
+    double width = 1600; // of the canvas at zoom 1
+    double zoom = 1;     // the plot is that many times as wide; all else keeps its size
+    Tempo tempo;
+    std::string title; // empty: the model's
+};
+
+enum MarkKind { BeatMark, BarMark, NumberedBarMark, ClockMark };
+
+struct RulerMark {
+    double x;
+    MarkKind kind;
+};
+
+enum TickKind { HeardTick, UnknownTick, LostTick }; // Unknown: the effect never declared it
+
+// One message or, where they lie closer than the eye can part, several.
+struct PlacedTick {
+    std::vector<size_t> messages; // of the model, in order of time
+    TickKind kind;                // the worst of them
+    Box box;                      // from the first to the last, no narrower than a tick
+    std::string title;            // for the pointer that rests on it
+};
+
+struct PlacedBar {
+    size_t entry; // of the model
+    Box box;      // the time on stage, cut at the ends of the axis
+    bool cutLeft, cutRight;
+    bool never; // its stop lies ahead of its start
+    std::string title;
+    std::vector<PlacedText> texts;
+    std::vector<PlacedTick> ticks;
+    std::vector<PlacedText> tickTexts;
+};
+
+struct PlacedLane {
+    uint32_t layer;
+    int rows; // entries that overlap lie in rows of their own
+    Box box;  // across the whole plot
+};
+
+struct PlacedFlag {
+    std::vector<size_t> remarks; // of the model
+    bool grave;
+    double pole;   // x
+    double extent; // x up to which the longest of them reaches
+    Box box;       // the flag itself
+    std::string title;
+    PlacedText number;
+};
+
+struct WaveColumn {
+    double x;
+    float peak, loudness; // 0 to 1
+};
+
+enum LegendKind { EntryLegend, TickLegend, ClusterLegend, LostLegend, UnknownLegend, LoadLegend, FlagLegend };
+
+struct PlacedLegend {
+    LegendKind kind;
+    Box box; // of the sample
+};
+
+struct Layout {
+    double width, height;
+    Tempo tempo;
+
+    // The scale: x = zero + (seconds - start) * perSecond.
+    double start, end; // of the axis, seconds
+    double zero, perSecond;
+    double X(double seconds) const { return zero + (seconds - start) * perSecond; }
+
+    Box head, gutter, plot, foot; // they tile the canvas; the plot holds the margin to its right as well
+    double plotEnd;               // x of the axis' end
+    double showEnd;               // x of the show's end; what lies behind it is never seen
+
+    std::vector<PlacedText> headTexts, gutterTexts, footTexts;
+
+    double rulerBottom;
+    std::vector<RulerMark> marks;
+    std::vector<PlacedText> rulerTexts;
+
+    Box loading;               // empty without entries
+    std::vector<double> loads; // the right edges of its seconds, from left to right
+    bool loadingCut;           // too long for its scale: the seconds are narrower there
+    std::string loadingTitle;
+    std::vector<PlacedText> loadingTexts;
+
+    Box flagRow; // empty without placed remarks
+    std::vector<PlacedFlag> flags;
+
+    std::vector<PlacedLane> lanes; // from the top
+    std::vector<PlacedBar> bars;   // in the order of the model's entries
+    double rowHeight, barHeight;
+
+    Box lostLane; // empty if no message is lost
+    std::vector<PlacedTick> lost;
+    std::vector<PlacedText> lostTexts;
+
+    Box musicLane;
+    double musicStart, musicEnd; // x; equal without music
+    std::vector<WaveColumn> wave;
+    std::string musicTitle;
+    std::vector<PlacedText> musicTexts;
+
+    std::vector<PlacedLegend> legend;
+};
+
+Layout LayOut(const TimelineModel& model, const LayoutOptions& options);
+
+// Every text of the picture.
+std::vector<PlacedText> AllTexts(const Layout& layout);
+
+} // namespace timeline

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "tools/timeline/Type.h"
+
+#include <cstdint>
+
+namespace timeline
+{
+
+// clang-format off
+static const TextShape shapes[TextStyleCount] = {
+    //               serif  bold   italic size
+    /* Title   */   {true,  false, false, 27.0},
+    /* Summary */   {true,  false, true,  13.0},
+    /* Gutter  */   {true,  false, false, 14.0},
+    /* Caption */   {true,  false, true,  10.5},
+    /* Bar     */   {true,  false, false, 12.0},
+    /* Time    */   {false, false, false,  9.5},
+    /* Entry   */   {false, false, false, 11.5},
+    /* Note    */   {true,  false, true,  10.0},
+    /* Message */   {false, false, false,  9.0},
+    /* Finding */   {false, false, false, 10.5},
+    /* Flag    */   {false, true,  false,  8.5},
+};
+
+// Thousandths of an em for the characters 32 to 126: the wider of a sans and a serif of the same family, upright;
+// the second table is bold.
+static const short advances[2][95] = {
+    {318, 402, 460, 838, 636, 950, 890, 275, 390, 390, 500, 838, 318, 361, 318, 337, 636, 636, 636, 636, 636, 636,
+     636, 636, 636, 636, 337, 337, 838, 838, 838, 536, 1000, 722, 735, 765, 802, 730, 694, 799, 872, 395, 401, 747,
+     664, 1024, 875, 820, 673, 820, 753, 685, 667, 843, 722, 1028, 712, 660, 695, 390, 337, 390, 838, 500, 500, 613,
+     640, 560, 640, 615, 370, 640, 644, 320, 310, 606, 320, 974, 644, 612, 640, 640, 478, 521, 402, 644, 592, 856,
+     592, 592, 527, 636, 337, 636, 838},
+    {348, 456, 521, 838, 696, 1002, 903, 306, 473, 473, 523, 838, 380, 415, 380, 365, 696, 696, 696, 696, 696, 696,
+     696, 696, 696, 696, 400, 400, 838, 838, 838, 586, 1000, 776, 845, 796, 867, 762, 710, 854, 945, 468, 473, 869,
+     703, 1107, 914, 871, 752, 871, 831, 722, 744, 872, 776, 1123, 776, 724, 730, 473, 365, 473, 838, 500, 500, 675,
+     716, 609, 716, 699, 435, 716, 727, 380, 362, 693, 380, 1058, 727, 687, 716, 716, 527, 595, 478, 727, 652, 924,
+     645, 652, 582, 712, 365, 712, 838},
+};
+// clang-format on
+static const int advanceOfOthers = 1000; // the widest that a script other than Latin has as a rule
+
+static const double ascender = 0.94; // ems
+static const double descender = 0.24;
+
+static const char* const ellipsis = "\xe2\x80\xa6";
+static const char* const replacement = "\xef\xbf\xbd";
+
+bool Box::Overlaps(const Box& other) const
+{
+    return x < other.Right() && other.x < Right() && y < other.Bottom() && other.y < Bottom();
+}
+
+bool Box::Contains(const Box& other) const
+{
+    return other.x >= x && other.y >= y && other.Right() <= Right() && other.Bottom() <= Bottom();
+}
+
+const TextShape& ShapeOf(TextStyle style)
+{
+    return shapes[style];
+}
+
+double TextWidth(const std::string& text, TextStyle style)
+{
+    const TextShape& shape = shapes[style];
+    long sum = 0;
+    for (const char c : text) {
+        const unsigned char byte = static_cast<unsigned char>(c);
+        if (byte >= 32 && byte < 127)
+            sum += advances[shape.bold][byte - 32];
+        else if (byte < 0x80 || byte >= 0xc0) // not the later bytes of a character
+            sum += advanceOfOthers;
+    }
+    return double(sum) * shape.size / 1000;
+}
+
+double TextHeight(TextStyle style)
+{
+    return (ascender + descender) * shapes[style].size;
+}
+
+PlacedText PlaceText(const std::string& text, TextStyle style, Colour colour, double x, double baseline)
+{
+    const double top = baseline - ascender * shapes[style].size;
+    return {text, style, colour, x, baseline, {x, top, TextWidth(text, style), TextHeight(style)}};
+}
+
+std::string Elide(const std::string& text, TextStyle style, double width, int least)
+{
+    if (TextWidth(text, style) <= width)
+        return text;
+    size_t end = 0; // of the part that is kept
+    int characters = 0;
+    for (size_t i = 0; i < text.size();) {
+        size_t next = i + 1;
+        while (next < text.size() && (static_cast<unsigned char>(text[next]) & 0xc0) == 0x80)
+            next++;
+        if (TextWidth(text.substr(0, next) + ellipsis, style) > width)
+            break;
+        end = i = next;
+        characters++;
+    }
+    return characters < least ? std::string() : text.substr(0, end) + ellipsis;
+}
+
+// The length of the character that begins at i, 0 if the bytes there are none or one that can't be shown.
+static size_t CharacterAt(const std::string& text, size_t i)
+{
+    const auto byte = [&](size_t k) -> uint32_t {
+        return k < text.size() ? static_cast<unsigned char>(text[k]) : 0;
+    };
+    const auto later = [&](size_t k) { return (byte(k) & 0xc0) == 0x80; };
+    const uint32_t first = byte(i);
+    if (first < 0x80)
+        return (first >= 32 && first != 127) || first == '\n' || first == '\t' ? 1 : 0;
+    if (first >= 0xc2 && first <= 0xdf && later(i + 1)) {
+        const uint32_t code = (first & 0x1f) << 6 | (byte(i + 1) & 0x3f);
+        return code < 0xa0 ? 0 : 2; // the second row of control characters
+    }
+    if ((first & 0xf0) == 0xe0 && later(i + 1) && later(i + 2)) {
+        const uint32_t code = (first & 0x0f) << 12 | (byte(i + 1) & 0x3f) << 6 | (byte(i + 2) & 0x3f);
+        const bool surrogate = code >= 0xd800 && code < 0xe000;
+        return code < 0x800 || surrogate || code >= 0xfffe ? 0 : 3;
+    }
+    if (first >= 0xf0 && first <= 0xf4 && later(i + 1) && later(i + 2) && later(i + 3)) {
+        const uint32_t code = (first & 0x07) << 18 | (byte(i + 1) & 0x3f) << 12 | (byte(i + 2) & 0x3f) << 6 |
+                              (byte(i + 3) & 0x3f);
+        return code < 0x10000 || code > 0x10ffff ? 0 : 4;
+    }
+    return 0;
+}
+
+std::string Clean(const std::string& text)
+{
+    std::string clean;
+    for (size_t i = 0; i < text.size();) {
+        const size_t length = CharacterAt(text, i);
+        if (length)
+            clean.append(text, i, length);
+        else
+            clean += replacement;
+        i += length ? length : 1;
+    }
+    return clean;
+}
+
+} // namespace timeline

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// What the picture says in words: the summary in the head, and the titles that a resting pointer reads.
+#pragma once
+
+#include "tools/timeline/TimelineModel.h"
+#include "tools/timeline/Times.h"
+
+#include <string>
+#include <vector>
+
+namespace timeline
+{
+
+// Short phrases, most important first.
+std::vector<std::string> Summary(const TimelineModel& model, const Tempo& tempo);
+
+std::string EntryTitle(const TimelineModel& model, size_t entry, const Tempo& tempo);
+
+// One message in full; of several a line each, as far as a reader follows.
+std::string MessagesTitle(const TimelineModel& model, const std::vector<size_t>& messages,
+                          const Tempo& tempo);
+
+std::string LoadingTitle(const TimelineModel& model);
+std::string MusicTitle(const TimelineModel& model);
+std::string RemarksTitle(const TimelineModel& model, const std::vector<size_t>& remarks);
+
+// "one entry", "3 entries".
+std::string Count(size_t number, const std::string& one, const std::string& several);
+
+// "hand", "fade_in \xc3\x97 7" of several with one name, "3 messages" of a mixture.
+std::string MessagesLabel(const TimelineModel& model, const std::vector<size_t>& messages);
+
+} // namespace timeline
