@@ -36,7 +36,7 @@ static void FindValuePlaces(Entry* entry)
     const std::string& text = entry->text;
     const size_t end = entry->ended ? text.size() - 1 : text.size();
     std::string word;
-    size_t i = 0;
+    size_t i = entry->key.empty() ? end : 0; // without a key there is no value
     while (i < end && !(text[i] == '=' && word == entry->key)) {
         if (text[i] != '=')
             word += text[i];
