@@ -83,6 +83,13 @@ TEST_F(CloudFlight, TheFirstTenCloudsAsNumbers)
     }
 }
 
+TEST_F(CloudFlight, TheShadersAreTheGlowMasksAndTheMix)
+{
+    ASSERT_EQ(2u, gl::Shaders().size());
+    EXPECT_EQ(0u, gl::Shaders()[0].source.find("// glowmask.vp"));
+    EXPECT_EQ(0u, gl::Shaders()[1].source.find("// mix.fp"));
+}
+
 TEST_F(CloudFlight, TwelveGreetingsInPairs)
 {
     ASSERT_EQ(12u, flight.greetingQuads.size());
@@ -465,6 +472,127 @@ TEST_F(CloudFlight, AHandResetsTheEyeThatHadComeNearer)
     Send(&flight, "hand");
     Step(0.125);
     EXPECT_NEAR(3 - 0.125 * 0.4, flight.eye.z, 1e-5);
+}
+
+TEST_F(CloudFlight, CloudNumberZeroTakesNoPartEvenWhereItWouldBeSeen)
+{
+    flight.cameraTravel = -10; // all of them are ahead from here
+    for (Cloud& cloud : flight.clouds)
+        cloud.fade = 0.5f;
+    Frame(&flight);
+    EXPECT_EQ(699u, Clouds().size());
+    const Cloud& last = flight.clouds[1];
+    const gl::Matrix camera = gl::LookAt({0, 0, 20}, {0, 0, -990}, {0, 1, 0});
+    EXPECT_TRUE(
+        gl::IsMatrix(Clouds().at(698).modelview, camera * gl::Translation(last.x, last.y, last.z), 1e-3));
+    EXPECT_TRUE(gl::WritesDepth(Clouds()[698])) << "the sky alone writes none";
+    flight.cameraTravel = -13.75f;
+    Step(0.125);
+    EXPECT_EQ(0.5f, flight.clouds[0].fade);
+    EXPECT_NE(0.5f, flight.clouds[1].fade);
+    EXPECT_NE(0.5f, flight.clouds[699].fade);
+}
+
+TEST_F(CloudFlight, ACloudThinsOutFromBelowTwentyAhead)
+{
+    for (Cloud& cloud : flight.clouds)
+        cloud.fade = 0.5f;
+    flight.cameraTravel = -3.75f;
+    Step(0.125); // at 0: cloud 10 is 20 ahead, cloud 9 is 18
+    EXPECT_LT(flight.clouds[10].fade, 0.5f);
+    EXPECT_GT(flight.clouds[9].fade, 0.5f);
+}
+
+TEST_F(CloudFlight, AHandTakesEverythingBackThatADiveDid)
+{
+    Send(&flight, "hand");
+    flight.rollFrom = 4;
+    flight.rollTo = 6;
+    Step(1.5);
+    Send(&flight, "handFrakt");
+    Step(0.125);
+    EXPECT_NE(0.0f, flight.target.x);
+    Send(&flight, "hand");
+    EXPECT_EQ(0.0f, flight.target.x);
+    EXPECT_EQ(0.0f, flight.target.y);
+    EXPECT_EQ(0.0f, flight.eye.x);
+    EXPECT_EQ(3.0f, flight.eye.z);
+    flight.rollFrom = 4;
+    flight.rollTo = 6;
+    Step(0.125);
+    EXPECT_FLOAT_EQ(4.25f, flight.roll) << "the roll starts over";
+    EXPECT_EQ(0.0f, flight.target.x) << "and the camera is at the start of a move that leads nowhere";
+    EXPECT_EQ(0.0f, flight.target.y);
+    EXPECT_NEAR(3 - 0.125 * 0.4, flight.eye.z, 1e-6);
+    EXPECT_EQ(0, flight.handState);
+    EXPECT_EQ(0.0f, flight.cameraBlend);
+}
+
+TEST_F(CloudFlight, ASecondDiveStartsFromTheStart)
+{
+    Send(&flight, "hand");
+    flight.rollFrom = flight.rollTo = 0;
+    Send(&flight, "handFrakt");
+    for (int i = 0; i < 8; i++)
+        Step(0.0625);
+    EXPECT_EQ(2, flight.handState);
+    const float z = flight.eye.z;
+    Send(&flight, "handFrakt");
+    EXPECT_EQ(1, flight.handState);
+    EXPECT_EQ(0.0f, flight.cameraBlend);
+    EXPECT_EQ(0.0f, flight.target.x);
+    EXPECT_EQ(0.0f, flight.target.y);
+    EXPECT_EQ(3.0f, flight.eye.z) << "at once";
+    EXPECT_NE(z, flight.eye.z);
+}
+
+TEST_F(CloudFlight, AnInitStartsEverythingAnew)
+{
+    Send(&flight, "hand");
+    const float firstRoll = flight.rollFrom;
+    Send(&flight, "hand");
+    Send(&flight, "handFrakt");
+    Send(&flight, "blend");
+    for (int i = 0; i < 20; i++)
+        Step(0.125);
+    Send(&flight, "hand");
+    Step(0.125);
+    Send(&flight, "handFrakt");
+    Step(0.125);
+    Send(&flight, "fadeOut");
+    Step(0.125);
+    StartTimer(FrameTimer::GetTime()); // its two updates take no time
+    Init(&flight);
+    EXPECT_EQ(0.0f, flight.cameraTravel);
+    EXPECT_EQ(1.0f, flight.skyFade);
+    EXPECT_EQ(0.0f, flight.shake);
+    EXPECT_EQ(0.0f, flight.roll);
+    EXPECT_EQ(0.0f, flight.rollFrom);
+    EXPECT_EQ(0.0f, flight.rollTo);
+    EXPECT_EQ(0.0f, flight.handAlpha);
+    EXPECT_EQ(2, flight.handState);
+    EXPECT_EQ(-2, flight.greetingIndex);
+    EXPECT_EQ(0.0f, flight.cameraBlend);
+    EXPECT_EQ(0.0f, flight.blendValue);
+    EXPECT_EQ(0.0f, flight.target.x);
+    EXPECT_EQ(0.0f, flight.target.y);
+    EXPECT_EQ(0.0f, flight.eye.x);
+    EXPECT_EQ(3.0f, flight.eye.z);
+    EXPECT_EQ(12u, flight.greetingQuads.size());
+    for (const Cloud& cloud : flight.clouds)
+        ASSERT_EQ(0.0f, cloud.fade);
+    sequence = 310312;
+    EXPECT_EQ(NextOfSequence(2000) / 50.0f, flight.clouds[0].x);
+    Step(0.125);
+    EXPECT_EQ(3.0f, flight.eye.z) << "nothing moves";
+    EXPECT_EQ(0.0f, flight.target.x);
+    EXPECT_EQ(0.0f, flight.blendValue) << "neither blends nor fades out";
+    EXPECT_FLOAT_EQ(0.85f, flight.skyFade);
+    Send(&flight, "hand");
+    EXPECT_EQ(0, flight.greetingIndex);
+    EXPECT_EQ(firstRoll, flight.rollFrom) << "the sequence, too";
+    Frame(&flight);
+    EXPECT_EQ(1u, gl::DrawsWithTexture("greetings_01.png").size());
 }
 
 TEST_F(CloudFlight, LeavesTheDepthTestOffTheBandAndNoTextures)

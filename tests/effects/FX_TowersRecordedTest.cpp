@@ -282,6 +282,31 @@ TEST_F(TowerFlight, SixBeamsFlickerEachAtItsOwnMoments)
     }
 }
 
+TEST_F(TowerFlight, EachBeamGoesOnAndOffWhereItsPhaseSays)
+{
+    // Where |sin(flash * 3 * pi + phase)| passes 0.7, for each beam alone.
+    const double phases[6] = {0, 0.3, 0.35, 1, 1.3, 1.6};
+    const double edge = std::asin(0.7), turn = 3.14159265358979323846;
+    const auto shines = [](double flash, double phase) {
+        return std::fabs(std::sin(flash * pi * 3 + phase)) >= 0.7;
+    };
+    for (const double phase : phases)
+        for (int half = 0; half < 4; half++)
+            for (const double angle : {half * turn + edge, (half + 1) * turn - edge}) {
+                const double flash = (angle - phase) / (3 * pi);
+                if (flash < 0.11 || flash > 1)
+                    continue;
+                for (const double side : {-0.0005, 0.0005}) {
+                    size_t expected = 0;
+                    for (const double other : phases)
+                        expected += shines(flash + side, other);
+                    flight.flash = float(flash + side);
+                    Frame(&flight);
+                    EXPECT_EQ(expected, Beams().size()) << "phase " << phase << ", flash " << flash + side;
+                }
+            }
+}
+
 TEST_F(TowerFlight, BelowATenthAllBeamsAreOff)
 {
     flight.flash = 0.0999f;
