@@ -26,11 +26,11 @@ struct Toe {
     float length, breadth, turn; // half, half, radians
 };
 const Toe Toes[] = {
-    {{188, 128}, 66, 45, -0.06f}, // the big one
-    {{150, 216}, 40, 27,  0.06f},
-    {{170, 276}, 34, 24,  0.16f},
-    {{202, 330}, 31, 22,  0.28f},
-    {{248, 380}, 29, 21,  0.42f},
+    {{184, 126}, 68, 48, -0.08f}, // the big one
+    {{166, 210}, 43, 30,  0.04f},
+    {{178, 268}, 38, 27,  0.14f},
+    {{204, 322}, 35, 25,  0.26f},
+    {{244, 372}, 34, 25,  0.42f},
 };
 // clang-format on
 
@@ -50,68 +50,105 @@ Mask Pressed()
     });
 }
 
+// The ridges of the skin, 1 on a ridge and 0 between: whorls under ball and heel that run into each other
+// across the arch, and one in each toe.
+Mask Ridges()
+{
+    constexpr float Spacing = 13.5f, Melt = 64;
+    const Noise warp(17), width(18);
+    return Mask(W, H).Each([&](float x, float y) {
+        const Vec2 p =
+            Vec2{x, y} + Vec2{warp.Fbm(x / 120, y / 120, 3), warp.Fbm(x / 120 + 40, y / 120, 3)} * 26;
+        const auto from = [p](float cx, float cy, float stretch) {
+            return Length({(p.x - cx) / stretch, p.y - cy});
+        };
+        float way = -Melt * Log2(Exp(-from(356, 196, 1.1f) / Melt) + Exp(-from(356, 318, 1.25f) / Melt) +
+                                 Exp(-from(846, 268, 1.3f) / Melt));
+        for (const Toe& toe : Toes)
+            if (Length(Vec2{x, y} - toe.middle) < toe.length + 8)
+                way = 1.5f * from(toe.middle.x, toe.middle.y, 1.5f) + 7 * toe.turn;
+        const float wave = 0.5f + 0.5f * Cos(2 * Pi * way / Spacing);
+        // Here and there a ridge breaks off, and all differ in breadth.
+        return Smooth(0.30f, 0.66f, wave + 0.22f * width.Fbm(x / 15, y / 15, 2));
+    });
+}
+
 Canvas Footprint()
 {
     const Paper& paper = SketchPaper();
-    const Mask pressed = Pressed();
-    const Mask floor = pressed.Blurred(6), wide = pressed.Blurred(22);
-    const Noise crumbs(13), lumps(14);
-    // The height of the sand: the floor of the print, the rim that was pushed up around it, and its grain.
-    Mask height = Mask(W, H).Each([&](float x, float y) {
-        const int px = Floor(x), py = Floor(y);
-        const float deep = floor.At(px, py), rim = Clamp(wide.At(px, py) * 2.1f - 0.10f) * (1 - deep) *
-                                                   (0.8f + 0.5f * lumps.Fbm(x / 34, y / 34, 3));
-        const float grain = crumbs.Fbm(x / 5, y / 5, 2);
-        return -0.95f * deep + 0.85f * rim + grain * (0.02f + 0.10f * rim + 0.035f * deep) +
-               0.10f * deep * lumps.Fbm(x / 46, y / 46, 3);
-    });
-    height.Blur(0.8f);
-    Mask dark(W, H), light(W, H), damp(W, H);
+    const Mask pressed = Pressed(), ridges = Ridges();
+    const Mask floor = pressed.Blurred(4), wide = pressed.Blurred(24);
+    const Noise crumbs(13), lumps(14), crack(19);
     const Mask window = Mask(W, H, 1).FadeToBorder(40);
-    for (int y = 1; y + 1 < H; ++y)
-        for (int x = 3; x + 3 < W; ++x) {
-            const float slope = (height.At(x + 3, y) - height.At(x - 3, y)) * 1.6f +
-                                (height.At(x, y + 1) - height.At(x, y - 1)) * 0.35f;
-            dark.At(x, y) = Clamp(-slope * 1.5f) * window.At(x, y);
-            light.At(x, y) = Clamp(slope * 1.3f) * window.At(x, y);
-            damp.At(x, y) = (0.66f * floor.At(x, y) + 0.16f * Clamp(wide.At(x, y) * 1.6f)) * window.At(x, y);
+    // The light is low: the wall on its side throws a shadow across the floor, the wall opposite shines.
+    Mask shadow(W, H), wall(W, H), rim(W, H), lee(W, H), damp(W, H);
+    for (int y = 0; y < H; ++y)
+        for (int x = 0; x < W; ++x) {
+            const float fx = static_cast<float>(x) + 0.5f, fy = static_cast<float>(y) + 0.5f;
+            const float deep = Clamp(floor.At(x, y) * 1.25f), ragged = lumps.Fbm(fx / 24, fy / 24, 3);
+            float cast = 0;
+            for (const float reach : {14.0f, 32.0f, 54.0f}) {
+                const float far = reach * (1 + 0.5f * ragged);
+                cast += 0.4f * (1 - Clamp(1.25f * floor.Sample(fx - far, fy - 0.45f * far)));
+            }
+            shadow.At(x, y) = deep * Clamp(cast);
+            wall.At(x, y) =
+                deep * Smooth(0.25f, 0.9f, 1 - Clamp(1.3f * floor.Sample(fx + 14 + 6 * ragged, fy + 5)));
+            // What was pushed up around it, broken into clods.
+            const float heap = Clamp(wide.At(x, y) * 2.3f - 0.12f) * (1 - deep) *
+                               Smooth(-0.5f, 0.35f, crack.Fbm(fx / 20, fy / 20, 4));
+            const float slope = wide.Sample(fx + 12, fy + 5) - wide.Sample(fx - 12, fy - 5);
+            rim.At(x, y) = heap * Smooth(-0.05f, 0.4f, slope) * window.At(x, y);
+            lee.At(x, y) = heap * Smooth(0.02f, -0.35f, slope) * window.At(x, y);
+            const float grain = crumbs.Fbm(fx / 5, fy / 5, 2);
+            damp.At(x, y) =
+                deep * (0.58f + 0.14f * ragged + 0.1f * grain) * (1 - 0.3f * (1 - ridges.At(x, y)) * deep);
         }
-    damp.By([&](float x, float y) { return 0.85f + 0.5f * (0.5f - paper.Height(Floor(x), Floor(y))); });
-    // Light comes from the left: what falls away from it is dark.
+    damp.By([&](float x, float y) { return 0.85f + 0.6f * (0.5f - paper.Height(Floor(x), Floor(y))); });
     Canvas canvas(W, H);
-    canvas.Cover(damp, Mix(palette::Rust, palette::Ink, 0.45f));
-    canvas.Cover(dark, Mix(palette::Ink, palette::Rust, 0.25f), 0.92f);
-    canvas.Cover(light, palette::Bone, 0.85f);
-    // Crumbs thrown out in front of the toes and behind the heel, and a few pen strokes where the edge broke.
+    canvas.Cover(lee, Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f, 0.55f);
+    canvas.Cover(damp, Mix(Mix(palette::Rust, palette::Slate, 0.42f), palette::Ochre, 0.16f) * 0.85f);
+    canvas.Cover(shadow, Mix(palette::Ink, palette::Night, 0.5f), 0.8f);
+    canvas.Cover(wall, Mix(palette::Bone, palette::Amber, 0.2f), 0.8f);
+    canvas.Cover(rim, palette::Bone, 0.9f);
+    // The ridges of the skin, where the sand was damp enough to keep them.
+    Mask skin = ridges;
+    skin.Multiply(pressed).By([&](float x, float y) {
+        return Smooth(-0.25f, 0.3f, lumps.Fbm(x / 90 + 7, y / 90, 3)) * (1 - wall.At(Floor(x), Floor(y)));
+    });
+    canvas.Cover(skin, Mix(palette::Ink, palette::Rust, 0.3f), 0.42f);
+    // Crumbs thrown out in front of the toes and behind the heel, and pen strokes where the edge broke.
     Mask drops(W, H), strokes(W, H);
     Pen pen(drops, paper, {.width = 2}, 15),
-        line(strokes, paper, {.width = 3.4f, .wobble = 1.5f, .wave = 20, .skip = 0.5f, .dry = 0.6f}, 16);
-    pen.Splatter({150, 230}, 120, 60, 4.5f);
-    pen.Splatter({930, 270}, 70, 40, 4);
-    line.Stroke(Part(Round(Sole), 0.02f, 0.22f), {.start = 0.1f, .middle = 0.8f, .end = 0});
-    line.Stroke(Part(Round(Sole), 0.44f, 0.62f), {.start = 0.1f, .middle = 0.9f, .end = 0});
+        line(strokes, paper, {.width = 4.6f, .wobble = 2, .wave = 20, .skip = 0.45f, .dry = 0.5f}, 16);
+    pen.Splatter({140, 220}, 130, 90, 5);
+    pen.Splatter({930, 270}, 70, 50, 4.5f);
+    pen.Splatter({560, 400}, 60, 24, 4);
+    line.Stroke(Part(Round(Sole), 0.04f, 0.2f), {.start = 0.1f, .middle = 0.8f, .end = 0});
+    line.Stroke(Part(Round(Sole), 0.30f, 0.62f), {.start = 0.1f, .middle = 1, .end = 0});
     line.Stroke(Part(Round(Sole), 0.7f, 0.95f), {.start = 0, .middle = 0.6f, .end = 0});
     for (const Toe& toe : Toes)
-        line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.0f, 4.5f), toe.turn, toe.middle),
-                    {.start = 0.1f, .middle = 0.8f, .end = 0});
+        line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.0f, 4.7f), toe.turn, toe.middle),
+                    {.start = 0.1f, .middle = 1, .end = 0});
     canvas.Cover(drops.Multiply(window), palette::Ink, 0.6f);
-    canvas.Cover(strokes, palette::Ink, 0.6f);
+    canvas.Cover(strokes, palette::Ink, 0.75f);
     return Squeezed(canvas, 512, 256);
 }
 
-// The same print as light: brightest where the foot pressed hardest.
+// The same print as light: its ridges burn, brightest where the foot pressed hardest.
 Canvas FootprintWhite()
 {
-    const Paper& paper = SketchPaper();
     const Mask pressed = Pressed();
-    Canvas canvas(W, H, palette::Black);
-    Mask core = pressed.Blurred(2.5f);
-    core.By([&](float x, float y) {
-        return core.At(Floor(x), Floor(y)) * (0.8f + 0.5f * paper.Height(Floor(x), Floor(y)));
+    const Noise breath(20);
+    Mask ridges = Ridges();
+    ridges.Multiply(pressed.Blurred(2)).By([&](float x, float y) {
+        return 0.75f + 0.7f * breath.Fbm(x / 130, y / 130, 3);
     });
-    canvas.Light(core, Mix(palette::Bone, palette::Amber, 0.25f), 0.75f);
-    canvas.Light(pressed.Blurred(10), palette::Amber, 0.20f);
-    canvas.Light(pressed.Blurred(26), palette::Ochre, 0.12f);
+    Canvas canvas(W, H, palette::Black);
+    canvas.Light(ridges, Mix(palette::Bone, palette::Amber, 0.35f), 0.85f);
+    canvas.Light(ridges.Blurred(5), palette::Amber, 0.4f);
+    canvas.Light(pressed.Blurred(12), Mix(palette::Amber, palette::Rust, 0.35f), 0.16f);
+    canvas.Light(pressed.Blurred(30), palette::Ochre, 0.12f);
     DarkenBorder(canvas, 70);
     return Squeezed(canvas, 512, 256);
 }

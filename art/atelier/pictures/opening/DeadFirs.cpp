@@ -10,6 +10,53 @@ namespace atelier
 namespace
 {
 
+// One has come down: its plate of roots stands up against the sky.
+void DrawFallen(Mask& front, Pen& pen, Dice& dice)
+{
+    const Line trunk = Through({{428, 214}, {380, 226}, {320, 238}, {262, 244}, {214, 250}});
+    front.Fill(Shaken(Limb(trunk, 17, 12, 4), 2, 24, 592));
+    const Vec2 hub = {436, 206};
+    front.Fill(Shaken(Ellipse(hub, 22, 42, -0.2f), 7, 16, 593));
+    for (int i = 0; i < 21; ++i) {
+        const float a = -2.2f + 0.215f * static_cast<float>(i), way = dice.Range(26, 58);
+        const Vec2 d = {Cos(a), Sin(a)};
+        DrawBranch(pen, hub + Vec2{d.x * 16, d.y * 34}, a + dice.Range(-0.3f, 0.3f), way, 8, 4,
+                   {.gnarl = 0.42f, .rise = -0.02f, .spread = 0.7f}, dice);
+    }
+    for (int i = 0; i < 13; ++i) { // stubs of its branches
+        const Vec2 from = PointAt(trunk, 0.12f + 0.065f * static_cast<float>(i));
+        DrawBranch(pen, from, -1.9f + dice.Range(-0.5f, 0.5f), dice.Range(14, 46), 4, 2, {.gnarl = 0.3f},
+                   dice);
+    }
+}
+
+// One has broken half way up; its top hangs by a splinter.
+void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
+{
+    front.Fill(Shaken(Limb(Through({{812, 252}, {816, 190}, {822, 126}}), 15, 10, 8.5f), 1.5f, 20, 594));
+    for (const Vec2 splinter : {Vec2{813, 92}, Vec2{819, 104}, Vec2{826, 84}, Vec2{830, 112}})
+        front.Fill(Straight({{splinter.x - 3, 134}, splinter, {splinter.x + 3, 134}}));
+    const Line top = Through({{824, 116}, {862, 146}, {902, 196}, {934, 250}});
+    front.Fill(Limb(top, 7.5f, 5.5f, 1.5f));
+    for (int i = 0; i < 16; ++i) {
+        const float t = 0.14f + 0.053f * static_cast<float>(i);
+        for (const float side : {-1.0f, 1.0f})
+            DrawBranch(pen, PointAt(top, t), Angle(DirectionAt(top, t)) + side * dice.Range(0.6f, 1.1f),
+                       dice.Range(16, 44) * (1.1f - t * 0.6f), 3, 2, {.gnarl = 0.25f, .rise = -0.12f}, dice);
+    }
+    for (const float y : {150.0f, 176.0f, 206.0f})
+        DrawBranch(pen, {818, y}, dice.Chance(0.5f) ? -0.4f : Pi + 0.4f, dice.Range(14, 30), 4, 2,
+                   {.gnarl = 0.3f}, dice);
+}
+
+// Somebody who stayed.
+void DrawCrow(Mask& front, Vec2 feet)
+{
+    front.Fill(Round({feet + Vec2{-15, 14}, feet + Vec2{-6, 0}, feet + Vec2{2, -8}, feet + Vec2{9, -10},
+                      feet + Vec2{13, -7}, feet + Vec2{21, -4}, feet + Vec2{13, -2}, feet + Vec2{10, 5},
+                      feet + Vec2{2, 10}, feet + Vec2{-6, 11}}));
+}
+
 // A row of dead firs in the foreground, with stumps and roots; the second row barer, one tree fallen.
 Canvas DeadFirs(bool barer)
 {
@@ -36,11 +83,11 @@ Canvas DeadFirs(bool barer)
         {935, 246, 128,  6, 32,  -9},
     };
     const std::vector<Fir> sparse = {
-        {120, 242, 222, 10, 50, -16},
-        {268, 246, 128,  7, 30,  10},
-        {452, 242, 238, 12, 54,   6},
-        {716, 244, 176,  9, 40, -22},
-        {886, 242, 226, 11, 46,  12},
+        { 84, 244, 214, 13, 54, -18},
+        {158, 248, 104,  8, 30,  14},
+        {604, 246, 240, 15, 60,  22},
+        {690, 250, 132,  9, 34, -12},
+        {936, 244, 190, 12, 44, -26},
     };
     // clang-format on
     uint32_t seed = barer ? 540 : 640;
@@ -78,7 +125,7 @@ Canvas DeadFirs(bool barer)
         float x, width, height;
     };
     const std::vector<Stump> stumps =
-        barer ? std::vector<Stump>{{182, 26, 30}, {356, 34, 22}, {566, 22, 40}, {634, 30, 20}, {806, 28, 34}}
+        barer ? std::vector<Stump>{{214, 30, 30}, {520, 40, 24}, {768, 54, 40}, {862, 28, 20}}
               : std::vector<Stump>{{236, 24, 24}, {478, 32, 28}, {806, 26, 22}};
     for (const Stump& stump : stumps) {
         const float foot = 246, half = stump.width / 2;
@@ -94,14 +141,10 @@ Canvas DeadFirs(bool barer)
         DrawRoots(pen, {stump.x - half * 0.6f, foot - 8}, stump.width * 1.5f, stump.width * 0.22f, ++seed);
         DrawRoots(pen, {stump.x + half * 0.6f, foot - 8}, stump.width * 1.4f, stump.width * 0.22f, ++seed);
     }
-    // One has come down: its plate of roots stands up.
     if (barer) {
-        const Line trunk = Through({{540, 238}, {470, 246}, {360, 249}, {300, 250}});
-        front.Fill(Limb(trunk, 8, 6, 2));
-        DrawRoots(pen, {542, 232}, 44, 8, 591);
-        for (int i = 0; i < 9; ++i)
-            DrawBranch(pen, {546, 236}, -2.4f + 0.5f * static_cast<float>(i) * 0.62f, 26, 5, 3,
-                       {.gnarl = 0.35f, .spread = 0.7f}, dice);
+        DrawFallen(front, pen, dice);
+        DrawSnapped(front, pen, dice);
+        DrawCrow(front, {627, 12});
     }
     for (int i = 0; i < 9; ++i) {
         rootPen.nib.width = 2.4f;
@@ -123,8 +166,16 @@ Canvas DeadFirs(bool barer)
     const Mask side = Mask(W, H).Each(
         [](float x, float y) { return Smooth(2, 60, x) * Smooth(W - 2, W - 60, x) * Smooth(2, 14, y); });
     canvas.Cover(back.Multiply(side), Mix(palette::Night, palette::Slate, 0.3f), 0.8f);
-    Mask haze = ground.Blurred(16);
-    canvas.Cover(haze.Multiply(side).FadeToBorder(3), palette::Night, 0.35f);
+    // Mist has settled behind the trunks and sets them off from the hills.
+    const Noise drift(barer ? 69 : 68);
+    const Mask mist = Mask(W, H).Each(
+        [&](float x, float y) {
+            const Vec2 p = drift.Warp(x / 210, y / 60, 0.5f);
+            return Smooth(96, 236, y + 46 * drift.Fbm(p.x, p.y, 4)) * Smooth(4, 190, x) *
+                   Smooth(W - 4, W - 190, x) * (0.72f + 0.5f * drift.Fbm(p.x * 2, p.y * 2 + 7, 3));
+        },
+        2);
+    canvas.Cover(mist, Mix(palette::Slate, palette::Mist, 0.4f), barer ? 0.62f : 0.55f);
     canvas.Cover(front.Multiply(side), palette::Ink, 0.98f);
     const Mask earth = WashDensity(
         paper, ground, {.pool = 0.3f, .granulation = 0.8f, .bloom = 0.7f, .bloomSize = 80, .stray = 2}, 67);
@@ -139,7 +190,7 @@ Canvas DeadFirs(bool barer)
         for (int x = 3; x + 1 < W; ++x)
             rim.At(x, y) = front.At(x, y) * front.At(x + 1, y) * (1 - front.At(x - 3, y)) *
                            Smooth(0.45f, 0.65f, paper.Height(x, y));
-    canvas.Cover(rim, palette::Slate, 0.6f);
+    canvas.Cover(rim, Mix(palette::Slate, palette::Mist, 0.45f), 0.75f);
     paper.Show(canvas, 0.5f);
     return canvas;
 }
