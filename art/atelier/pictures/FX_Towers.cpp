@@ -119,9 +119,9 @@ const Canvas& TowerPanorama()
                      Mix(palette::Rust, palette::Slate, 0.4f), 0.012f);
         Mask stars(W, H, 0, true);
         Dice dice(614);
-        for (int i = 0; i < 260; ++i) {
+        for (int i = 0; i < 190; ++i) {
             const Vec2 p = {dice.Range(0, W), dice.Range(24, H - 8)};
-            const float light = Pow(dice.Unit(), 5), radius = 0.6f + 0.5f * light;
+            const float light = Pow(dice.Unit(), 5), radius = 0.5f + 0.4f * light;
             for (int y = Floor(p.y) - 4; y <= Floor(p.y) + 4; ++y)
                 for (int x = Floor(p.x) - 4; x <= Floor(p.x) + 4; ++x)
                     if (y >= 0 && y < H) {

@@ -309,7 +309,7 @@ Canvas Plaza()
 }
 
 // Seen from above and from near: each patch ploughed its own way, in pen strokes over a wash, with hedges and
-// ditches between them, a pond, and paths that lead to the tree in the middle.
+// ditches between them, a pond, and tracks that lead to the tree in the middle.
 Canvas FieldOfTheNames()
 {
     const Noise land(341), bend(342), tint(343), clod(344), lost(345), bush(346);
@@ -319,6 +319,19 @@ Canvas FieldOfTheNames()
         const Vec2 p = land.Warp(x / Patch + 0.35f, y / Patch + 0.2f, 0.10f, 2);
         return land.Worley(p.x, p.y);
     };
+    // The tree stands in the middle. Tracks have been trodden to it.
+    constexpr Vec2 Pond = {352, 604};
+    const Line tracks[] = {
+        Shaken(Through({{512, 512}, {600, 486}, {690, 520}, {800, 492}, {1024, 540}}), 7, 60, 355),
+        Shaken(Through({{512, 512}, {470, 440}, {486, 330}, {430, 210}, {440, 0}}), 7, 60, 356),
+        Shaken(Through({{512, 512}, {540, 600}, {500, 720}, {560, 1024}}), 7, 60, 357),
+    };
+    Mask trodden(Side, Side);
+    for (const Line& track : tracks)
+        trodden.Fill(Limb(track, 9, 7, 6));
+    trodden.Fill(Shaken(Ellipse({512, 512}, 34, 30), 6, 26, 358)).Shake(3, 14, 359);
+    const Line shore = Shaken(Ellipse(Pond, 62, 37, -0.4f), 7, 50, 360);
+    const Mask water = Filled(Side, Side, shore);
     std::vector<uint32_t> names(static_cast<size_t>(Side) * Side);
     Mask between(Side, Side); // 1 on the borders of the patches
     between.Each([&](float x, float y) {
@@ -379,7 +392,8 @@ Canvas FieldOfTheNames()
         Line line;
         for (float d = 0; d < length; d += 3) {
             if (p.x < 1 || p.y < 1 || p.x > Size - 2 || p.y > Size - 2 || nameAt(p.x, p.y) != name ||
-                between.Sample(p.x, p.y) > 0.4f)
+                between.Sample(p.x, p.y) > 0.4f || trodden.Sample(p.x, p.y) > 0.5f ||
+                water.Sample(p.x, p.y) > 0.5f)
                 break;
             line.push_back(p);
             p = p + AlongFurrow(phase, p) * 3;
@@ -387,8 +401,42 @@ Canvas FieldOfTheNames()
         if (line.size() > 5)
             (bright ? chalk : pen).Stroke(line, {.start = 0.15f, .middle = dice.Range(0.4f, 1), .end = 0});
     }
-    canvas.Cover(light, palette::Parchment, 0.24f);
+    canvas.Cover(light, palette::Parchment, 0.16f);
     canvas.Cover(lines, Mix(palette::Ink, palette::Rust, 0.25f), 0.72f);
+    canvas.Cover(
+        Mask(trodden).Blur(1.5f),
+        [&](float x, float y) {
+            const float t = 0.5f + 0.8f * clod.Fbm(x / 9, y / 9, 4);
+            return Mix(Mix(palette::Ochre, palette::Slate, 0.35f), palette::Parchment, 0.45f * t) *
+                   (0.45f + 0.3f * t);
+        },
+        0.9f);
+    // Ruts, and the water with its bank, its sky and its reeds.
+    Mask drawn(Side, Side);
+    Pen rut(drawn, paper, {.width = 2.6f, .wobble = 1.5f, .wave = 30, .skip = 0.5f, .dry = 0.5f}, 361);
+    for (const Line& track : tracks)
+        for (const float side : {-4.5f, 4.0f})
+            rut.Stroke(Beside(track, side), {.start = 0.6f, .middle = 0.9f, .end = 0.5f});
+    canvas.Cover(Mask(water).Blur(7).Scale(1.4f), Mix(palette::Rust, palette::Ink, 0.6f), 0.7f);
+    canvas.Cover(water, [&](float x, float y) {
+        const float ripple = lost.Fbm(x / 30, y / 9, 3);
+        const float sky = Bell(Length({(x - Pond.x - 12) / 40, (y - Pond.y + 6) / 20}));
+        const Colour deep =
+            Mix(palette::Ink, Mix(palette::Slate, palette::Rust, 0.55f), 0.30f + 0.2f * ripple);
+        return Mix(deep, Mix(palette::Amber, palette::Parchment, 0.5f),
+                   0.6f * sky * Smooth(-0.35f, 0.35f, ripple));
+    });
+    rut.nib.width = 3.4f;
+    rut.Stroke(shore, {.start = 0.7f, .middle = 1, .end = 0.6f});
+    rut.nib.width = 2.2f;
+    for (int i = 0; i < 70; ++i) {
+        const Vec2 at = PointAt(shore, dice.Unit());
+        rut.Stroke(
+            Through({at, at + Vec2{dice.Range(-3, 3), -5}, at + Vec2{dice.Range(-7, 7), -dice.Range(9, 17)}}),
+            {.start = 0.9f, .middle = 0.7f, .end = 0});
+    }
+    canvas.Cover(drawn, palette::Ink, 0.8f);
+    between.Subtract(Mask(trodden).Blur(2)).Subtract(water);
     // Ditches, and hedges along some of them.
     canvas.Cover(Mask(between).Blur(1.2f), Mix(palette::Moss, palette::Ink, 0.55f), 0.7f);
     Mask hedge(Side, Side), lit(Side, Side);
