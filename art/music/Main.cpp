@@ -3,6 +3,7 @@
 #include "art/music/Listening.h"
 #include "art/music/Master.h"
 #include "art/music/Mix.h"
+#include "art/music/Rendition.h"
 #include "art/music/ScoreReader.h"
 #include "art/music/SoundFile.h"
 #include "art/music/Theme.h"
@@ -28,6 +29,7 @@ constexpr const char* usage =
 
 constexpr const char* scoreFolder = "art/music/score";
 constexpr const char* nightFile = "Data/moonwaltz.ogg";
+constexpr const char* renditionFile = "art/music/score/rendition.txt";
 
 struct Options {
     std::string output, stems, command, file;
@@ -112,6 +114,10 @@ int Render(const waltz::Score& score, const Options& options)
         output.ends_with(".wav") ? waltz::WriteWave(output, mix) : waltz::WriteVorbis(output, mix);
     if (!written)
         return std::fprintf(stderr, "cannot write %s\n", output.c_str()), 1;
+    const bool whole = output == nightFile && options.section < 0;
+    if (whole &&
+        !waltz::WriteRendition(renditionFile, {waltz::ScoreDigest(score), waltz::FileDigest(output)}))
+        return std::fprintf(stderr, "cannot write %s\n", renditionFile), 1;
     PrintMeasures(score, mix);
     return 0;
 }

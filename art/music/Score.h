@@ -33,12 +33,14 @@ public:
     float LevelAt(double beat) const;
     bool Empty() const { return points.empty(); }
 
-private:
     struct Point {
         double beat;
         float level;
         bool sloping;
     };
+    const std::vector<Point>& Points() const { return points; } // in the order of time
+
+private:
     std::vector<Point> points;
 };
 

@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+// The script of the night, by the bar: a bar of the waltz is 1800 ms, a beat 600.
+#include "tests/support/NightScript.h"
+#include "art/music/ScoreReader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+static const uint32_t beat = 600, bar = 1800;
+
+class TheNight : public testing::Test
+{
+protected:
+    TheNight()
+    {
+        std::string error;
+        EXPECT_TRUE(waltz::ReadScore(SOURCE_DIR "/art/music/score", score, error)) << error;
+    }
+
+    bool IsFlash(const NightScript::Message& message) const
+    {
+        return message.name == "flash" &&
+               (message.effect == "WhiteFlashOverlay" || message.effect == "BlackFlashOverlay");
+    }
+
+    // When a message comes to an effect, in bars.
+    std::vector<double> Bars(const std::string& effect, const std::string& name) const
+    {
+        std::vector<double> bars;
+        for (const NightScript::Message& message : night.messages)
+            if (message.effect == effect && message.name == name)
+                bars.push_back(double(message.time) / bar);
+        return bars;
+    }
+
+    NightScript night;
+    waltz::Score score;
+};
+
+TEST_F(TheNight, UsesEveryEffect)
+{
+    ASSERT_EQ(13u, night.effects.size());
+    for (const std::string& effect : night.effects)
+        EXPECT_NE(~0u, night.StartOf(effect)) << effect;
+}
+
+TEST_F(TheNight, SendsEveryMessageThatDoesSomething)
+{
+    const std::set<std::pair<std::string, std::string>> idle = {
+        {"FX_Path", "flash_all"}, {"FX_Path", "flash_cam"}, {"FS_Image", "flash"}};
+    std::set<std::pair<std::string, std::string>> sent;
+    for (const NightScript::Message& message : night.messages)
+        sent.emplace(message.effect, message.name);
+    for (const auto& row : night.declared)
+        EXPECT_EQ(idle.count(row) == 0, sent.count(row) == 1) << row.first << " " << row.second;
+    for (const auto& [effect, name] : sent)
+        EXPECT_NE("?", name) << "a message that " << effect << " never declared";
+}
+
+TEST_F(TheNight, PutsEverythingOnABeat)
+{
+    for (const NightScript::Entry& entry : night.entries) {
+        EXPECT_EQ(0u, entry.start % bar) << entry.effect;
+        EXPECT_EQ(0u, entry.stop % bar) << entry.effect;
+    }
+    for (const NightScript::Message& message : night.messages)
+        EXPECT_EQ(0u, message.time % beat) << message.effect << " " << message.name << " " << message.time;
+}
+
+TEST_F(TheNight, LosesNoMessage)
+{
+    // A target must be on at the time, and still be on a few frames later when several are due at once.
+    for (const NightScript::Message& message : night.messages) {
+        const bool on =
+            std::any_of(night.entries.begin(), night.entries.end(), [&](const NightScript::Entry& entry) {
+                return entry.effect == message.effect && entry.start <= message.time &&
+                       entry.stop >= message.time + beat;
+            });
+        EXPECT_TRUE(on) << message.effect << " " << message.name << " " << message.time;
+    }
+}
+
+TEST_F(TheNight, MarksEveryBorderOfTheMusicWithAFlashOrTheFish)
+{
+    std::set<uint32_t> flashes;
+    for (const NightScript::Message& message : night.messages)
+        if (IsFlash(message))
+            flashes.insert(message.time);
+    for (const waltz::Section& section : score.sections) {
+        const uint32_t border = uint32_t(section.firstBar) * bar;
+        const bool fish =
+            night.StartOf("Transition_Fish") < border && border < night.StopOf("Transition_Fish");
+        EXPECT_EQ(border > 0 && !fish, flashes.count(border) == 1) << section.name;
+    }
+    // All others come with another message: the photograph's own flash, and the dark that lets the fish in.
+    for (const uint32_t flash : flashes) {
+        const bool border =
+            std::any_of(score.sections.begin(), score.sections.end(),
+                        [&](const auto& section) { return uint32_t(section.firstBar) * bar == flash; });
+        const bool company =
+            std::any_of(night.messages.begin(), night.messages.end(),
+                        [&](const auto& message) { return message.time == flash && !IsFlash(message); });
+        EXPECT_TRUE(border || company) << flash;
+    }
+}
+
+TEST_F(TheNight, EveryFlashHasASpeedThatDecaysAndIsOfUse)
+{
+    for (const NightScript::Message& message : night.messages) {
+        if (!IsFlash(message))
+            continue;
+        ASSERT_EQ(1u, message.params.size()) << message.time;
+        EXPECT_GE(message.params[0], 1) << message.time;
+        EXPECT_LE(message.params[0], 6) << message.time;
+    }
+}
+
+TEST_F(TheNight, FlashesLeaveAheadOfWhatElseIsDueAtTheirTime)
+{
+    // One message leaves per frame: the first of a time is the one that is exact.
+    for (size_t i = 1; i < night.messages.size(); ++i) {
+        if (IsFlash(night.messages[i])) {
+            EXPECT_LT(night.messages[i - 1].time, night.messages[i].time);
+        }
+    }
+    // And no more than four are due at once.
+    for (size_t i = 4; i < night.messages.size(); ++i)
+        EXPECT_LT(night.messages[i - 4].time, night.messages[i].time);
+}
+
+TEST_F(TheNight, OverlaysLieOverItAllFromStartToEnd)
+{
+    for (const char* overlay : {"WhiteFlashOverlay", "BlackFlashOverlay"}) {
+        EXPECT_EQ(0u, night.StartOf(overlay));
+        EXPECT_EQ(night.end, night.StopOf(overlay));
+    }
+    for (const NightScript::Entry& entry : night.entries)
+        if (entry.effect.find("Overlay") == std::string::npos) {
+            EXPECT_LT(entry.layer, 90u) << entry.effect;
+        }
+    // Effects that are on together have layers of their own: those of one layer have no settled order.
+    for (const NightScript::Entry& a : night.entries)
+        for (const NightScript::Entry& b : night.entries)
+            if (&a != &b && a.start < b.stop && b.start < a.stop) {
+                EXPECT_NE(a.layer, b.layer) << a.effect << " and " << b.effect;
+            }
+}
+
+TEST_F(TheNight, SomethingIsOnAtEveryMoment)
+{
+    for (uint32_t time = 0; time <= night.end; time += beat) {
+        const bool scene =
+            std::any_of(night.entries.begin(), night.entries.end(), [&](const NightScript::Entry& entry) {
+                return entry.layer < 90 && entry.start <= time && time <= entry.stop;
+            });
+        EXPECT_TRUE(scene) << time;
+    }
+}
+
+TEST_F(TheNight, EndsWithTheMusic)
+{
+    EXPECT_EQ(uint32_t(score.Bars()) * bar, night.end);
+}
+
+static std::vector<double> Every(double first, double step, int count)
+{
+    std::vector<double> bars;
+    for (int i = 0; i < count; ++i)
+        bars.push_back(first + step * i);
+    return bars;
+}
+
+TEST_F(TheNight, HandsReachUpOnTheFirstBarOfAPhraseAndCardsAreReadOnTheSecond)
+{
+    EXPECT_EQ(Every(54, 3, 6), Bars("FX_Clouds", "hand"));
+    EXPECT_EQ(Every(55, 3, 6), Bars("FX_Clouds", "handFrakt"));
+    EXPECT_EQ(Every(60, 0, 1), Bars("FX_Clouds", "blend"));
+}
+
+TEST_F(TheNight, FourTreesArePlantedWithTheFourTunesAndNeverMoreThanEightStepsAreTaken)
+{
+    EXPECT_EQ(Every(73, 3, 7), Bars("FX_Credits", "fade_in"));
+    EXPECT_EQ(Every(94, 0, 1), Bars("FX_Credits", "fade_last_in"));
+}
+
+TEST_F(TheNight, TheTreeOfLightWaitsForTheCamera)
+{
+    const double camera = Bars("FX_Path", "trigger_cam").at(0);
+    EXPECT_EQ(113, camera) << "the strings' long tune";
+    for (const char* name : {"tree1", "tree2", "tree3"})
+        for (const double at : Bars("FX_Path", name))
+            EXPECT_GT(at, camera) << name;
+    const std::vector<double> fires = Bars("FX_Path", "tree2");
+    for (int climb = 129; climb <= 136; ++climb)
+        EXPECT_TRUE(std::count(fires.begin(), fires.end(), climb)) << "bar " << climb;
+}
+
+TEST_F(TheNight, TheDrumWalksWithTheSteps)
+{
+    std::set<double> drum;
+    for (const waltz::Tone& tone : score.Find("drum")->tones)
+        drum.insert(tone.beat / 3);
+    const std::vector<double> steps = Bars("FX_Footprint", "step");
+    EXPECT_EQ(29u, steps.size());
+    for (const double step : steps)
+        EXPECT_TRUE(std::any_of(drum.begin(), drum.end(),
+                                [&](double stroke) { return stroke > step - 1e-6 && stroke < step + 1e-6; }))
+            << "bar " << step;
+}
+
+TEST_F(TheNight, ThePhotographAndTheFishComeOnTheirChords)
+{
+    EXPECT_EQ(Every(157, 4, 3), Bars("FX_FlashHand", "flash"));
+    EXPECT_EQ(Every(177, 2, 2), Bars("FX_RopeThing", "shock"));
+    EXPECT_EQ(Every(206, 0, 1), Bars("FX_VerticalScroller", "stopScroll")) << "the last note";
+}
