@@ -16,7 +16,8 @@
 #include <cmath>
 #include <map>
 
-// Frames of 1/64 s, which single precision adds up without error.
+// Frames of 15.625 ms: the timer's single precision stays near them, and no millisecond comes nearer to them
+// than an eighth but those that fall on them.
 static const int framesPerSecond = 64;
 
 class Played : public ShowFixture
@@ -69,7 +70,7 @@ protected:
 TEST_F(Played, MessagesAreHeardThenAndThereWhereTheLinterSaysSo)
 {
     int heard = 0, lost = 0, late = 0;
-    for (unsigned seed = 0; seed < 40; seed++) {
+    for (unsigned seed = 0; seed < 120; seed++) {
         SCOPED_TRACE(seed);
         RandomScript random(seed, {names[0], names[1], names[2]}, {"flash", "step"}, 4000);
         const std::string script = random.Write(12, false);
@@ -80,7 +81,7 @@ TEST_F(Played, MessagesAreHeardThenAndThereWhereTheLinterSaysSo)
         const lint::Reading kept(script, &registry, options.startOffset);
         const lint::Show show = lint::BuildShow(whole, kept, registry, options);
 
-        std::map<std::string, std::vector<float>> expected; // the times at which each effect hears something
+        std::map<std::string, std::vector<long>> expected; // the frames in which each effect hears something
         for (const lint::SentMessage& message : show.messages) {
             if (!message.kept)
                 continue;
@@ -90,18 +91,21 @@ TEST_F(Played, MessagesAreHeardThenAndThereWhereTheLinterSaysSo)
             if (!message.heard)
                 continue;
             const double frame = 1000.0 / framesPerSecond;
-            const double due = std::ceil((double(message.time) - options.startOffset) / frame) * frame;
-            expected[message.effect].push_back(float((options.startOffset + due + message.delay) / 1000));
+            const double due = std::ceil((double(message.time) - options.startOffset) / frame);
+            expected[message.effect].push_back(
+                lround(options.startOffset / frame + due + message.delay / frame));
         }
         for (ProbeEffect& probe : probes)
             probe.calls.clear();
         Play(script, options.startOffset);
         for (size_t i = 0; i < 3; i++) {
-            std::vector<float> times;
-            for (const ProbeCall& call : probes[i].calls)
-                if (call.what == "message" && (times.empty() || times.back() != call.time))
-                    times.push_back(call.time); // once for each entry that is on
-            EXPECT_EQ(expected[names[i]], times) << names[i];
+            std::vector<long> frames;
+            for (const ProbeCall& call : probes[i].calls) {
+                const long frame = lround(double(call.time) * framesPerSecond);
+                if (call.what == "message" && (frames.empty() || frames.back() != frame))
+                    frames.push_back(frame); // once, however many entries are on
+            }
+            EXPECT_EQ(expected[names[i]], frames) << names[i];
         }
     }
     EXPECT_GT(heard, 100);
