@@ -65,21 +65,28 @@ TEST_F(CloudFlight, SevenHundredCloudsStandWhereTheSequencePutsThem)
     }
 }
 
-TEST_F(CloudFlight, TheFirstTenCloudsAsNumbers)
+TEST_F(CloudFlight, TheFirstTenCloudsAndTheLastOneAsNumbers)
 {
-    // Worked out by hand from the seed: state * 22695477 modulo 2^32, its upper half % 2000, with its sign.
-    long long state = 310312;
+    // Worked out apart from this program: state * 22695477 modulo 2^32, its upper half % 2000, with its sign.
+    const double places[10][2] = {{-5.78, -16.272}, {4.04, -13.722}, {-7.70, -14.484}, {-36.82, -8.700},
+                                  {6.72, -6.288},   {-28.96, 5.454}, {-24.44, -7.770}, {-8.26, -4.110},
+                                  {-8.30, -17.676}, {14.82, -12.036}};
     for (int i = 0; i < 10; i++) {
-        double value[2];
-        for (double& v : value) {
-            state = (state * 22695477LL) & 0xffffffffLL;
-            long long upper = state >> 16;
-            if (upper >= 32768)
-                upper -= 65536;
-            v = double(upper % 2000);
-        }
-        EXPECT_NEAR(value[0] / 50, flight.clouds[i].x, 1e-5);
-        EXPECT_NEAR((value[1] / 1000 - 1) * 6, flight.clouds[i].y, 1e-5);
+        EXPECT_NEAR(places[i][0], flight.clouds[i].x, 1e-5) << i;
+        EXPECT_NEAR(places[i][1], flight.clouds[i].y, 1e-5) << i;
+    }
+    EXPECT_NEAR(-7.92, flight.clouds[699].x, 1e-5);
+    EXPECT_NEAR(1.974, flight.clouds[699].y, 1e-5);
+}
+
+TEST_F(CloudFlight, TheFirstSixRollsAsNumbers)
+{
+    const float rolls[6][2] = {{-38, -44.5f}, {-21, -27.5f}, {2, 0.5f},
+                               {-15, -17.5f}, {0, -0.5f},    {-15, -17.5f}};
+    for (const auto& roll : rolls) {
+        Send(&flight, "hand");
+        EXPECT_EQ(roll[0], flight.rollFrom);
+        EXPECT_EQ(roll[1], flight.rollTo);
     }
 }
 

@@ -86,18 +86,36 @@ TEST_F(LightTree, GrowsAsASecondReadingOfItsRules)
     }
 }
 
-TEST_F(LightTree, FirstAndLastNodesAsNumbers)
+TEST_F(LightTree, NodesAsNumbers)
 {
-    const GlowNode& first = *tree.nodes[0];
-    EXPECT_EQ(0.0f, first.position[0]);
-    EXPECT_EQ(0.0f, first.position[1]);
-    EXPECT_EQ(0.0f, first.position[2]);
-    // The first draws after the seed: z = 56 / 1000 - 0.1 and so on, see the second reading.
-    const SecondTree second(0x23456789, 20, 3);
-    const GlowNode& last = *tree.nodes.back();
-    EXPECT_TRUE(last.tip);
-    EXPECT_NEAR(second.nodes.back().y, last.position[1], 1e-3);
-    EXPECT_GT(last.position[1], 10.0f) << "the trunk ends high up, about twenty steps of one unit";
+    // Worked out apart from this program, from the seed and the order of the draws.
+    struct {
+        int number;
+        double x, y, z;
+    } const nodes[8] = {
+        // clang-format off
+        {   0,  0.00000,  0.00000,  0.00000},
+        {   1, -0.04431,  0.49785, -0.01344},
+        {   2, -0.08862,  0.99570, -0.02688},
+        {  11, -0.49764,  6.31648, -1.08234},
+        {  12, -0.63614,  6.71771, -1.34660},
+        {1000, -2.93517, 22.07496,  0.34774},
+        {1862,  1.30055, 18.46586, -1.85464},
+        {1863,  1.43622, 18.94698, -1.86555},
+        // clang-format on
+    };
+    for (const auto& node : nodes) {
+        EXPECT_NEAR(node.x, tree.nodes[node.number]->position[0], 2e-4) << node.number;
+        EXPECT_NEAR(node.y, tree.nodes[node.number]->position[1], 2e-4) << node.number;
+        EXPECT_NEAR(node.z, tree.nodes[node.number]->position[2], 2e-4) << node.number;
+    }
+    double sums[3] = {0, 0, 0};
+    for (const GlowNode* node : tree.nodes)
+        for (int axis = 0; axis < 3; axis++)
+            sums[axis] += node->position[axis];
+    EXPECT_NEAR(-237.8226, sums[0], 0.1);
+    EXPECT_NEAR(35779.7702, sums[1], 0.1);
+    EXPECT_NEAR(615.5442, sums[2], 0.1);
 }
 
 TEST_F(LightTree, PlantingReseedsTheProcessesSequence)
