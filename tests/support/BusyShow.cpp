@@ -30,7 +30,7 @@ timeline::TimelineModel BusyShow(int entries, int messages, int remarks, unsigne
         model.loads.push_back(effects[row]);
     }
     for (int i = 0; i < messages; i++) {
-        timeline::Message message = {Pick(&random, 380000) / 1000.0, "", true, effects[0], 0, {}, {}};
+        timeline::Message message = {Pick(&random, 380000) / 1000.0, 0, "", true, effects[0], 0, {}, {}};
         static const char* const names[] = {"flash", "hand", "fade_last_in", "wave", "light_flash"};
         message.name = names[Pick(&random, 5)];
         message.known = message.name != "wave";

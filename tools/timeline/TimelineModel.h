@@ -23,6 +23,7 @@ struct Entry {
 
 struct Message {
     double time;
+    double delay; // seconds that it leaves late, since one at most leaves in a frame
     std::string name;
     bool known; // false: the effect never declared such a message, and will ignore it
     std::string effect;

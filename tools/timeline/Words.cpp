@@ -99,10 +99,13 @@ static std::string Parameters(const Message& message)
 
 static std::string Fate(const Message& message)
 {
+    const double mayGoUnseen = 0.04; // seconds: the viewer takes no notice
     if (message.entries.empty())
         return "lost: " + message.effect + " is not on stage then";
     if (!message.known)
         return "unheard: " + message.effect + " knows no such message";
+    if (message.delay > mayGoUnseen)
+        return "leaves " + MillisecondText(message.delay) + " ms late: one message leaves in a frame";
     return "";
 }
 

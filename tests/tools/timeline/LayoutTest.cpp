@@ -164,7 +164,7 @@ TEST(TimelineLayout, TicksThatLieTooCloseBecomeOneAndNoneIsLost)
     TimelineModel model = Plain();
     std::set<size_t> all;
     for (int i = 0; i < 300; i++) {
-        model.messages.push_back({i * 0.3, "flash", true, "FX_Path", 2, {}, {0}});
+        model.messages.push_back({i * 0.3, 0, "flash", true, "FX_Path", 2, {}, {0}});
         all.insert(size_t(i));
     }
     for (const double zoom : {0.3, 1.0, 8.0}) {
@@ -192,9 +192,9 @@ TEST(TimelineLayout, TicksThatLieTooCloseBecomeOneAndNoneIsLost)
 TEST(TimelineLayout, ATickIsNamedWhereThereIsRoom)
 {
     TimelineModel model = Plain();
-    model.messages = {{10, "hand", true, "FX_Path", 2, {}, {0}},
-                      {12, "handFrakt", true, "FX_Path", 2, {}, {0}},
-                      {50, "blend", true, "FX_Path", 2, {}, {0}}};
+    model.messages = {{10, 0, "hand", true, "FX_Path", 2, {}, {0}},
+                      {12, 0, "handFrakt", true, "FX_Path", 2, {}, {0}},
+                      {50, 0, "blend", true, "FX_Path", 2, {}, {0}}};
     const Layout layout = LayOut(model, Options(1600));
     std::vector<std::string> names;
     for (const PlacedText& text : layout.bars[0].tickTexts)
@@ -208,7 +208,7 @@ TEST(TimelineLayout, ALostMessageLiesInALaneOfItsOwn)
     TimelineModel model = Plain();
     EXPECT_TRUE(LayOut(model, Options(1600)).lost.empty());
     EXPECT_EQ(0, LayOut(model, Options(1600)).lostLane.height);
-    model.messages = {{10, "flash", true, "WhiteFlashOverlay", 11, {}, {}}};
+    model.messages = {{10, 0, "flash", true, "WhiteFlashOverlay", 11, {}, {}}};
     const Layout layout = LayOut(model, Options(1600));
     ASSERT_EQ(1u, layout.lost.size());
     EXPECT_EQ(LostTick, layout.lost[0].kind);
@@ -277,7 +277,7 @@ TEST(TimelineLayout, TheAxisShowsALittleOfWhatComesTooLate)
 {
     TimelineModel model = Plain();
     EXPECT_EQ(100, LayOut(model, Options(1600)).end);
-    model.messages = {{104, "flash", true, "FX_Path", 2, {}, {}}};
+    model.messages = {{104, 0, "flash", true, "FX_Path", 2, {}, {}}};
     EXPECT_EQ(104, LayOut(model, Options(1600)).end);
     model.messages[0].time = 5000; // a slip of the pen must not squeeze the show
     const Layout layout = LayOut(model, Options(1600));

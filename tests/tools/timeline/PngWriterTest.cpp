@@ -116,7 +116,7 @@ TEST(TimelinePng, OddNamesDoNotStopThePainter)
     model.title = "\xff\xfe odd \x01";
     model.end = 10;
     model.entries = {{0, 10, 1, "\xc3", 0}};
-    model.messages = {{5, "\xf0\x9f", true, "\xc3", 0, {}, {0}}};
+    model.messages = {{5, 0, "\xf0\x9f", true, "\xc3", 0, {}, {0}}};
     model.music.file = "\x80";
     model.remarks = {{true, true, 1, 2, "\xed\xa0\x80"}};
     EXPECT_EQ(1600, Paint(model, LayOut(model, {}), 1).width);

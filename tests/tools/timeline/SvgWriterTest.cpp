@@ -94,11 +94,18 @@ void TimelineSvg::ExpectPictureOfThePlayer(const XmlElement& svg)
 
     // The times of all ticks, by the entry that hears them.
     std::multiset<std::string> expected, found;
+    const double frame = 1.0 / 60;
+    double free = 0; // the first frame that hands nothing out yet
     for (const SynchMessage& message : player.messages) {
+        const double due = std::ceil(std::lround(double(message.time) * 1000) / 1000.0 / frame - 1e-6);
+        const double leaves = std::max(due, free);
+        free = leaves + 1;
         bool heard = false;
         for (size_t i = 0; i < player.timeline.size(); i++) {
             const EffectInstance& entry = player.timeline[i];
-            if (entry.effect == message.effect && message.time >= entry.start && message.time < entry.stop) {
+            const auto exact = [](float seconds) { return std::lround(double(seconds) * 1000) / 1000.0; };
+            if (entry.effect == message.effect && leaves * frame >= exact(entry.start) - 1e-6 &&
+                leaves * frame <= exact(entry.stop) + 1e-6) {
                 expected.insert(std::to_string(i) + " " + Whole(message.time));
                 heard = true;
             }
@@ -254,7 +261,7 @@ TEST(TimelineSvgText, OddNamesComeThroughWhole)
     model.title = odd;
     model.end = 100;
     model.entries = {{0, 100, 1, odd, 0}};
-    model.messages = {{50, odd, true, odd, 0, {}, {0}}};
+    model.messages = {{50, 0, odd, true, odd, 0, {}, {0}}};
     model.music.file = odd;
     model.remarks = {{true, true, 1, 2, odd}};
     const XmlElement svg = Parse(SvgPicture(model, LayOut(model, {})));
