@@ -16,6 +16,7 @@
 #include <cstring>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace capture;
@@ -28,15 +29,19 @@ static void StopShow(int)
     ShowPlayer::RequestStop();
 }
 
-// Ctrl-C, and what a job scheduler sends ahead of killing: the first of each ends the capture properly, the
-// second ends it as ever.
+// Ctrl-C, what a job scheduler sends ahead of killing, and the terminal's farewell: the first of each ends
+// the capture properly, the second ends it as ever.
 static void CatchSignals()
 {
-    struct sigaction action = {};
-    action.sa_handler = StopShow;
-    action.sa_flags = int(SA_RESETHAND);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (int number : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action = {};
+        sigaction(number, nullptr, &action);
+        if (action.sa_handler == SIG_IGN) // nohup, or a shell that has put this in the background
+            continue;
+        action.sa_handler = StopShow;
+        action.sa_flags = int(SA_RESETHAND);
+        sigaction(number, &action, nullptr);
+    }
     signal(SIGPIPE, SIG_IGN); // a broken pipe is an error of write
 }
 
@@ -95,6 +100,16 @@ static std::unique_ptr<FrameSink> SinkOf(const Options& options, MusicTrack* tra
     }
 }
 
+static double ProcessorSeconds(int who)
+{
+    rusage usage = {};
+    getrusage(who, &usage);
+    return double(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+           double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+// By the clock on the wall, where the show waits for an encoder that works meanwhile, and by what the
+// processors did, which other programs on the machine change little.
 static void TellTiming(const Timing& timing)
 {
     fprintf(
@@ -102,6 +117,8 @@ static void TellTiming(const Timing& timing)
         "time: loading %.1f s, frames left out %.1f s, drawing %.1f s, reading back %.1f s, waiting for the "
         "output %.1f s\n",
         timing.loading, timing.skipping, timing.drawing, timing.reading, timing.handing);
+    fprintf(stderr, "processors: the show %.1f s, the encoder %.1f s\n", ProcessorSeconds(RUSAGE_SELF),
+            ProcessorSeconds(RUSAGE_CHILDREN));
 }
 
 static int Join(const Options& options, const Schedule& schedule, MusicTrack* track)

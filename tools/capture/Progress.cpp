@@ -10,7 +10,7 @@ namespace capture
 {
 
 static const double secondsBetweenBars = 0.1;
-static const int barCells = 24;
+static const int barCells = 16; // a line of less than 80 characters, which no terminal wraps
 
 Progress::Progress(FILE* newStream)
     : stream(newStream), terminal(newStream && isatty(fileno(newStream))), first(0), end(0), pictures(0),
@@ -100,7 +100,7 @@ std::string Progress::Line(int64_t frame, int64_t taken, double seconds) const
     if (unseen)
         snprintf(text, sizeof text, "%3d %%  of what comes before", int(played * 100 / all));
     else
-        snprintf(text, sizeof text, "%3d %%  %lld of %lld frames  %.0f a second", int(played * 100 / all),
+        snprintf(text, sizeof text, "%3d %%  %lld of %lld  %.0f a second", int(played * 100 / all),
                  static_cast<long long>(taken), static_cast<long long>(pictures), speed);
     std::string line = text;
     if (speed > 0)

@@ -12,9 +12,9 @@ TEST(CaptureProgress, TellsPartSpeedAndTimeLeft)
 {
     Progress progress(nullptr);
     progress.Begin(0, 1000, 1000);
-    EXPECT_EQ(" 25 %  250 of 1000 frames  50 a second  15 s left", progress.Line(249, 250, 5));
-    EXPECT_EQ("100 %  1000 of 1000 frames  50 a second  0 s left", progress.Line(999, 1000, 20));
-    EXPECT_EQ("  0 %  1 of 1000 frames  0 a second", progress.Line(0, 1, 0));
+    EXPECT_EQ(" 25 %  250 of 1000  50 a second  15 s left", progress.Line(249, 250, 5));
+    EXPECT_EQ("100 %  1000 of 1000  50 a second  0 s left", progress.Line(999, 1000, 20));
+    EXPECT_EQ("  0 %  1 of 1000  0 a second", progress.Line(0, 1, 0));
 }
 
 TEST(CaptureProgress, TellsWhatIsPlayedUnseenApart)
@@ -22,7 +22,7 @@ TEST(CaptureProgress, TellsWhatIsPlayedUnseenApart)
     Progress progress(nullptr);
     progress.Begin(800, 1000, 200);
     EXPECT_EQ(" 50 %  of what comes before  4 s left", progress.Line(399, 0, 4));
-    EXPECT_EQ(" 50 %  100 of 200 frames  10 a second  10 s left", progress.Line(899, 100, 10));
+    EXPECT_EQ(" 50 %  100 of 200  10 a second  10 s left", progress.Line(899, 100, 10));
 }
 
 TEST(CaptureProgress, DrawsItsBarInWholeCells)
@@ -57,9 +57,9 @@ TEST(CaptureProgress, OutsideATerminalIsALineForEachTenth)
     const std::string told(text);
     free(text);
     EXPECT_EQ(0u,
-              told.find("playing the 10 frames before the first without drawing\n 10 %  10 of 100 frames"));
+              told.find("playing the 10 frames before the first without drawing\n 10 %  10 of 100"));
     EXPECT_EQ(10, std::count(told.begin(), told.end(), '\n'));
-    EXPECT_NE(std::string::npos, told.find("\n 90 %  90 of 100 frames"));
+    EXPECT_NE(std::string::npos, told.find("\n 90 %  90 of 100"));
     EXPECT_EQ(std::string::npos, told.find("100 %"));
     EXPECT_EQ(std::string::npos, told.find('\r'));
 }
