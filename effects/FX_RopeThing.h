@@ -31,7 +31,7 @@ public:
     void Render() override;
     void ReceiveMessage(int messageId, float* params, int paramCount) override;
 
-    static const int ropeLinks = 50;
+    static constexpr int ropeLinks = 50;
     enum { Nothing = 0, Intro = 1, Front = 3, Shock = 4 }; // there is no 2
 
     // Read by tests.

@@ -15,7 +15,7 @@ class Decoder
 public:
     // All reads ask for this many frames. libopenmpt's last bits depend on how its output is cut into pieces,
     // and a seek must not change a bit.
-    static const int BlockFrames = 1024;
+    static constexpr int BlockFrames = 1024;
 
     virtual ~Decoder();
 

@@ -22,7 +22,7 @@
 class SoundChannel
 {
 public:
-    static const int FadeMilliseconds = 5;
+    static constexpr int FadeMilliseconds = 5;
     static constexpr int MostFrames = 512; // of one Mix
 
     explicit SoundChannel(int rate);

@@ -18,15 +18,16 @@ class SoundStream;
 class SoundSystem
 {
 public:
-    static const int DefaultDriver = 1; // the system's default output device
+    static constexpr int DefaultDriver = 1; // the system's default output device
 
-    static const int FreeChannel = -1;
-    static const int AllChannels = -3;
+    static constexpr int FreeChannel = -1;
+    static constexpr int AllChannels = -3;
 
     // Mode bits of OpenStream.
-    static const unsigned LoopOff = 0x1;
-    static const unsigned Stereo = 0x40;
-    static const unsigned AccurateTime = 0x20000; // a seek lands on the exact frame in compressed files too
+    static constexpr unsigned LoopOff = 0x1;
+    static constexpr unsigned Stereo = 0x40;
+    static constexpr unsigned AccurateTime =
+        0x20000; // a seek lands on the exact frame in compressed files too
 
     static float GetVersion();
 
@@ -37,9 +38,9 @@ public:
     // flags are known, so they are 0. False: one of these is wrong, or there is no device. Once it has
     // started, further calls change nothing and return true.
     static bool Init(int mixRate, int channels, unsigned flags);
-    static const int LowestMixRate = 8000;
-    static const int HighestMixRate = 192000;
-    static const int MostChannels = 1024;
+    static constexpr int LowestMixRate = 8000;
+    static constexpr int HighestMixRate = 192000;
+    static constexpr int MostChannels = 1024;
 
     // How far ahead the streams opened from now on are decoded, in milliseconds (a second unless it is set).
     // See SoundStream for the range that is kept.

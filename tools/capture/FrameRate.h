@@ -14,7 +14,7 @@ namespace capture
 {
 
 struct FrameRate {
-    static const int64_t Largest = 1000000; // of either part
+    static constexpr int64_t Largest = 1000000; // of either part
 
     int64_t frames = 60;
     int64_t seconds = 1;

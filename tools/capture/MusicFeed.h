@@ -18,7 +18,7 @@ class MusicFeed
 public:
     // Samples ahead of the first frame that the encoder gets at once: it wants some before it looks at any
     // picture at all. A quarter of a second.
-    static const int64_t Lead = MusicTrack::Rate / 4;
+    static constexpr int64_t Lead = MusicTrack::Rate / 4;
 
     // Both are borrowed until End has returned.
     MusicFeed(ChildProcess& encoder, MusicTrack& track);

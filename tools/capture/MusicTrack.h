@@ -14,7 +14,7 @@ namespace capture
 class MusicTrack
 {
 public:
-    static const int Rate = 44100; // Hz, the mix of the show
+    static constexpr int Rate = 44100; // Hz, the mix of the show
 
     // Finds the music of a script: its last [MUSIC] block that names a file, in the data directory. Every one
     // of them must open, as it must in the show. False: `error` says which doesn't. A script without music is

@@ -18,7 +18,7 @@ struct Swing {
 class Waveform
 {
 public:
-    static const int SwingsPerSecond = 100;
+    static constexpr int SwingsPerSecond = 100;
 
     // Decodes the whole file. False if the show can't open it.
     bool Read(const std::string& path);
