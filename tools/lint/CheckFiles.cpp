@@ -33,6 +33,8 @@ static std::string Complaint(const std::string& path)
     std::error_code error;
     if (fs::is_directory(path, error))
         return "is a folder";
+    if (fs::exists(path, error) && !fs::is_regular_file(path, error))
+        return "is no ordinary file"; // which might keep us waiting
     FILE* const file = fopen(path.c_str(), "rb");
     if (!file)
         return errno == ENOENT ? "is missing" : std::string("can't be read (") + strerror(errno) + ")";
@@ -59,43 +61,52 @@ static void CheckFile(const std::string& folder, const std::string& name, const 
     if (complaint.empty())
         return;
     const std::string like = Lookalike(folder, name);
+    const char* const consequences[] = {
+        "The show says so in a box and ends when everything is loaded.",
+        "The show says so in a box and goes on without.",
+        "The show goes on without it and says nothing.",
+    };
     findings->AddAt(Error, "missing-file", line, column,
-                    path + " " + complaint + ", and " + who + " asks for it.",
-                    "The show says so in a box and ends when everything is loaded.",
+                    path + " " + complaint + ", and " + who + " asks for it.", consequences[LossOf(name)],
                     like.empty() || like == name ? "Put the file there."
                                                  : "Rename " + like + ": small and capital letters differ.");
 }
 
-static void CheckMusicFile(const Reading& script, const std::string& folder, const Show& show,
-                           Findings* findings)
+static void CheckMusicFile(const std::string& folder, const Entry& entry, Findings* findings)
 {
-    if (show.music.empty())
-        return;
-    size_t place = 0;
-    for (const Block& block : script.blocks)
-        if (block.type == BlockMusic && !block.hasBox)
-            for (const Entry& entry : SplitEntries(block))
-                if (entry.key == "FileName" && entry.value == show.music)
-                    place = entry.valuePlaces[0];
-    const std::string path = folder + "/" + show.music;
+    const std::string path = folder + "/" + entry.value;
     std::string complaint = Complaint(path);
     if (complaint.empty() && !OpenDecoder(path, probeRate))
         complaint = "is no music that the show can play";
     if (complaint.empty())
         return;
-    const std::string like = Lookalike(folder, show.music);
+    const std::string like = Lookalike(folder, entry.value);
     findings->Add(
-        Error, "missing-music", place, path + " " + complaint + ".",
+        Error, "missing-music", entry.valuePlaces[0], path + " " + complaint + ".",
         "The show says so in a box and ends when everything is loaded, unless it is started without "
         "music.",
-        like.empty() || like == show.music ? "Put a WAV, FLAC, Ogg, MP3 or tracker file there."
-                                           : "Write " + like + ": small and capital letters differ.");
+        like.empty() || like == entry.value ? "Put a WAV, FLAC, Ogg, MP3 or tracker file there."
+                                            : "Write " + like + ": small and capital letters differ.");
+}
+
+// Of each block, since the show opens them all, one after the other.
+static void CheckMusic(const Reading& script, const std::string& folder, Findings* findings)
+{
+    std::set<std::string> seen;
+    for (const Block& block : script.blocks)
+        if (block.type == BlockMusic && !block.hasBox)
+            for (const Entry& entry : SplitEntries(block))
+                if (entry.key == "FileName" && (entry.counts || !entry.ended)) {
+                    if (seen.insert(entry.value).second)
+                        CheckMusicFile(folder, entry, findings);
+                    break;
+                }
 }
 
 void CheckFiles(const Reading& script, const Show& show, const Options& options, Findings* findings)
 {
     const std::string folder = options.data.empty() ? platform::GetDataDirectory() : options.data;
-    CheckMusicFile(script, folder, show, findings);
+    CheckMusic(script, folder, findings);
     std::set<std::string> seen;
     bool anything = false;
     for (const ShownEntry& entry : show.entries) {

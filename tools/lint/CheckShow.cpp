@@ -15,6 +15,12 @@ static const size_t mostSpansNamed = 3; // of one effect
 
 // ---- Entries
 
+static bool IsOverlay(const std::string& effect)
+{
+    const EffectRequests* const requests = FindRequests(effect);
+    return requests && requests->overlay;
+}
+
 static bool Overlap(const ShownEntry& a, const ShownEntry& b)
 {
     return a.start < b.stop && b.start < a.stop; // to meet in one moment is no overlap
@@ -64,8 +70,7 @@ static void CheckOverlaps(const Show& show, Findings* findings)
 
 static bool ShowsByItself(const ShownEntry& entry)
 {
-    const EffectRequests* const requests = FindRequests(entry.effect);
-    return entry.kept && !(requests && requests->overlay) && entry.start <= entry.stop;
+    return entry.kept && !IsOverlay(entry.effect) && entry.start <= entry.stop;
 }
 
 // The entry is the scene that ends the gap, or that which the show waits for in the end.
@@ -99,6 +104,21 @@ static void CheckGaps(const Show& show, const Options& options, Findings* findin
             AddGap(shownUpTo, show.end, entry, true, findings);
             break;
         }
+}
+
+// An effect that the start offset lets begin in the middle of its entry.
+static void CheckCut(const Show& show, const Options& options, Findings* findings)
+{
+    for (const ShownEntry& entry : show.entries)
+        if (entry.kept && !IsOverlay(entry.effect) && entry.start < options.startOffset &&
+            entry.start <= entry.stop)
+            SetSpan(&findings->AddAt(Note, "cut-entry", entry.line, entry.column,
+                                     entry.effect + " is on from " + std::to_string(entry.start) +
+                                         ", ahead of the start at " + std::to_string(options.startOffset) +
+                                         ".",
+                                     "Its own time begins at 0 with the show, not where it would be by then.",
+                                     "Start at " + std::to_string(entry.start) + " to see it as it is."),
+                    entry.start, std::min(options.startOffset, entry.stop));
 }
 
 static void CheckNothing(const Reading& script, const Show& show, const Options& options, Findings* findings)
@@ -195,10 +215,11 @@ static bool IsLate(const Show&, const SentMessage& message, const Options&)
     return message.kept && message.delay > mostDelay;
 }
 
-// Dropped by the offset, though its effect would have heard it and is still to be seen.
+// Dropped by the offset, though its effect would have heard it and is still to be seen. Of a flash that is
+// over nothing is left to be seen.
 static bool IsMissed(const Show& show, const SentMessage& message, const Options&)
 {
-    return !message.kept && IsOnStage(show, message.effect, message.time);
+    return !message.kept && !IsOverlay(message.effect) && IsOnStage(show, message.effect, message.time);
 }
 
 static bool IsDropped(const Show& show, const SentMessage& message, const Options& options)
@@ -246,7 +267,7 @@ static void CheckMessages(const Show& show, const Options& options, Findings* fi
         group.Span(&findings->AddAt(Note, "message-dropped", group.First().line, group.First().column,
                                     group.Told() + (group.messages.size() == 1 ? " lies" : " lie") +
                                         " before the start at " + std::to_string(options.startOffset) + ".",
-                                    "Dropped; its effect would not have shown it either.",
+                                    "Dropped, as all that lies before the start.",
                                     "Start earlier to see it."));
 }
 
@@ -255,6 +276,7 @@ void CheckShow(const Reading& script, const Show& show, const Options& options, 
     CheckNothing(script, show, options, findings);
     CheckOverlaps(show, findings);
     CheckGaps(show, options, findings);
+    CheckCut(show, options, findings);
     CheckMessages(show, options, findings);
 }
 

@@ -51,7 +51,8 @@ Report CheckText(const std::string& bytes, const std::string& name, const Option
 
 static bool ReadWhole(const std::string& path, std::string* bytes)
 {
-    FILE* const file = fopen(path.c_str(), "rb");
+    const bool standard = path == "-";
+    FILE* const file = standard ? stdin : fopen(path.c_str(), "rb");
     if (!file)
         return false;
     char piece[65536];
@@ -61,7 +62,8 @@ static bool ReadWhole(const std::string& path, std::string* bytes)
         bytes->append(piece, got);
     } while (got > 0);
     const int cause = ferror(file) ? errno : 0;
-    fclose(file);
+    if (!standard)
+        fclose(file);
     errno = cause;
     return cause == 0;
 }

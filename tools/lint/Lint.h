@@ -72,7 +72,7 @@ struct Report {
     int Count(Severity severity) const;
 };
 
-// The path is the caller's, not one of the data directory.
+// The path is the caller's, not one of the data directory; "-" is standard input.
 Report CheckFile(const std::string& path, const Options& options);
 
 // The same for a script that is in memory; name is what findings say the file is.

@@ -55,6 +55,13 @@ const std::vector<EffectRequests>& RequestsOfProduction()
     return requests;
 }
 
+Loss LossOf(const std::string& file)
+{
+    if (file == "standard_projection.vp" || file == "postprocessing_blur.fp")
+        return LossIsTold;
+    return file == "fish.txt" || file == "fisheyes.txt" ? LossIsSilent : LossEndsShow;
+}
+
 const EffectRequests* FindRequests(const std::string& effect)
 {
     for (const EffectRequests& row : RequestsOfProduction())

@@ -19,6 +19,14 @@ struct EffectRequests {
 const std::vector<EffectRequests>& RequestsOfProduction();     // in the order of registration
 const EffectRequests* FindRequests(const std::string& effect); // null: no such effect
 
+// What becomes of a show that lacks a file.
+enum Loss {
+    LossEndsShow, // a box, and the end when everything is loaded: pictures, and shaders of one kind
+    LossIsTold,   // a box, and the show goes on without: shaders of the other kind
+    LossIsSilent  // nothing is said, and nothing drawn: models
+};
+Loss LossOf(const std::string& file);
+
 extern const char* const loadingPicture; // what the loading screen shows, whatever is scheduled
 
 } // namespace lint

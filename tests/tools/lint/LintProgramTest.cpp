@@ -82,6 +82,16 @@ TEST_F(LintProgram, EndsWithTwoWhereItMayNotRead)
     EXPECT_EQ("marlinex-lint: secret.txt: Permission denied\n", run.errors);
 }
 
+TEST_F(LintProgram, ReadsStandardInputForADash)
+{
+    AddFile("clean.txt", scene);
+    const ProgramRun run =
+        RunProgram("/bin/sh", {"-c", std::string(BINARY_DIR) + "/marlinex-lint --no-files - < clean.txt"}, {},
+                   PathOf(""));
+    EXPECT_EQ(0, run.status);
+    EXPECT_EQ("-: clean; 1 entry, 0 messages, ends at 0:01.000, loads for at least 1 second\n", run.output);
+}
+
 TEST_F(LintProgram, RefusesNumbersThatAreNone)
 {
     AddFile("clean.txt", scene);

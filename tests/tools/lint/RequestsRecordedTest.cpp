@@ -84,6 +84,42 @@ class RequestTable : public EffectFixture
 {
 };
 
+TEST_P(Requests, ThatAreNotMetHaveTheLossThatTheTableTells)
+{
+    const lint::EffectRequests& row = lint::RequestsOfProduction()[GetParam()];
+    for (const std::string& name : row.files) {
+        if (name.ends_with(".jpg") || name.ends_with(".png"))
+            continue;
+        SCOPED_TRACE(name);
+        std::filesystem::rename(PathOf(name), PathOf("elsewhere"));
+        boxes.clear();
+        QuitWasPosted();
+        EffectRegistry fresh;
+        RegisterEffects(&fresh);
+        Init(fresh.FindEffect(row.effect));
+        const lint::Loss loss = lint::LossOf(name);
+        EXPECT_EQ(loss == lint::LossIsSilent, boxes.empty());
+        EXPECT_EQ(loss == lint::LossEndsShow, QuitWasPosted());
+        std::filesystem::rename(PathOf("elsewhere"), PathOf(name));
+    }
+}
+
+// The pictures by themselves: what was found once stays in the cache.
+TEST_P(Requests, ForPicturesThatAreNotMetEndTheShow)
+{
+    const lint::EffectRequests& row = lint::RequestsOfProduction()[GetParam()];
+    gl::InventPictures(nullptr);
+    Init(registry.FindEffect(row.effect));
+    size_t pictures = 0;
+    for (const std::string& name : row.files)
+        if (name.ends_with(".jpg") || name.ends_with(".png")) {
+            EXPECT_EQ(lint::LossEndsShow, lint::LossOf(name));
+            pictures++;
+        }
+    EXPECT_EQ(pictures, boxes.size());
+    EXPECT_EQ(pictures > 0, QuitWasPosted());
+}
+
 TEST_F(RequestTable, HasEveryEffectOfTheProduction)
 {
     EffectRegistry registry;
