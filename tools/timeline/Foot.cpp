@@ -16,7 +16,7 @@ static const double itemGap      = 24;
 static const double legendStep   = 20;
 static const double listGap      = 14;
 static const double lineStep     = 15;
-static const double numberRoom   = 26;
+static const double numberRoom   = 34;
 static const size_t mostRemarks  = 40;
 static const int    mostLines    = 4; // of one remark
 // clang-format on
@@ -92,19 +92,27 @@ static double PlaceLegend(const TimelineModel& model, double y, Layout* layout)
     return any ? y + legendStep : y;
 }
 
+// All, or as many as a reader follows: then the grave ones first. In their order.
+static std::vector<size_t> Listed(const TimelineModel& model)
+{
+    std::vector<size_t> listed;
+    for (const bool grave : {true, false})
+        for (size_t i = 0; i < model.remarks.size(); i++)
+            if (model.remarks[i].grave == grave &&
+                (listed.size() < mostRemarks || model.remarks.size() == mostRemarks + 1))
+                listed.push_back(i);
+    std::sort(listed.begin(), listed.end());
+    return listed;
+}
+
 void PlaceFoot(const TimelineModel& model, double top, Layout* layout)
 {
     double y = PlaceLegend(model, top + 8, layout);
     if (!model.remarks.empty())
         y += listGap;
     const double width = layout->width - 2 * margin - numberRoom;
-    for (size_t i = 0; i < model.remarks.size(); i++) {
-        if (i == mostRemarks && model.remarks.size() > mostRemarks + 1) {
-            layout->footTexts.push_back(PlaceText("and " + std::to_string(model.remarks.size() - i) + " more",
-                                                  FindingText, Slate, margin + numberRoom, y + 10));
-            y += lineStep;
-            break;
-        }
+    const std::vector<size_t> listed = Listed(model);
+    for (const size_t i : listed) {
         const Remark& remark = model.remarks[i];
         layout->footTexts.push_back(
             PlaceText(std::to_string(i + 1), FindingText, remark.grave ? Rust : Ochre, margin, y + 10));
@@ -112,6 +120,11 @@ void PlaceFoot(const TimelineModel& model, double top, Layout* layout)
             layout->footTexts.push_back(PlaceText(line, FindingText, Ink, margin + numberRoom, y + 10));
             y += lineStep;
         }
+    }
+    if (listed.size() < model.remarks.size()) {
+        const std::string rest = "and " + std::to_string(model.remarks.size() - listed.size()) + " more";
+        layout->footTexts.push_back(PlaceText(rest, FindingText, Slate, margin + numberRoom, y + 10));
+        y += lineStep;
     }
     layout->height = y + 12;
     layout->foot = {0, top, layout->width, layout->height - top};

@@ -7,7 +7,7 @@ namespace timeline
 const char* const PageStyle = R"css(
 html { background: #efe6d2; color: #0d1020; }
 body { margin: 0; font: 14px 'Palatino Linotype', Palatino, 'Book Antiqua', Georgia, serif; }
-main { min-width: 860px; }
+main { min-width: 1180px; }
 svg { display: block; width: 100%; height: auto; }
 .body { display: flex; }
 .gutter { flex: none; }
@@ -26,10 +26,10 @@ svg { display: block; width: 100%; height: auto; }
 .card b { font-size: 15px; font-weight: normal; color: #f0b050; }
 .strip { position: fixed; z-index: 1; left: 0; right: 0; bottom: 0; display: flex; align-items: center; gap: 14px;
   padding: 5px 24px; background: #0d1020; color: #d9c9a3; min-height: 26px; white-space: nowrap; overflow: hidden; }
-.strip output { color: #efe6d2; min-width: 23em; font-variant-numeric: tabular-nums; }
+.strip output { color: #efe6d2; min-width: 23em; flex: none; font-variant-numeric: tabular-nums; }
 .strip i { margin-left: auto; overflow: hidden; text-overflow: ellipsis; }
 .strip button { font: inherit; color: #f0b050; background: none; border: 1px solid #38466b; border-radius: 2px;
-  min-width: 2em; padding: 1px 8px; cursor: pointer; }
+  min-width: 2em; padding: 1px 8px; cursor: pointer; flex: none; }
 .strip button:hover, .strip button:focus-visible { border-color: #f0b050; }
 .strip button:disabled { color: #38466b; cursor: default; border-color: #1b2140; }
 [hidden] { display: none !important; }
@@ -115,7 +115,7 @@ const char* const PageScript = R"js(
       return;
     }
     const n = nearestBeat(time), bar = Math.floor(n / beats);
-    readout.textContent = clock(time) + '   bar ' + bar + ', beat ' + (n - bar * beats + 1) + ' at ' +
+    readout.textContent = clock(time) + ' \u00b7 bar ' + bar + ', beat ' + (n - bar * beats + 1) + ' \u00b7 ' +
       Math.round(n * beat * 1000) + ' ms' + (word || '');
   };
 
@@ -123,7 +123,7 @@ const char* const PageScript = R"js(
   const settle = () => {
     less.disabled = whole.disabled = level === 0;
     more.disabled = level === sheets.length - 1;
-    line.hidden = true;
+    line.hidden = card.hidden = true;
     const tall = document.documentElement.scrollHeight > innerHeight + 1;
     help.textContent = (tall ? 'Ctrl and wheel' : 'wheel') + ' or + \u2212 zoom, drag or arrows move, ' +
       '0 shows all, a click copies the beat';

@@ -19,9 +19,10 @@ static const Colour numberColour = Faded(Slate, 0.36f);
 static const Colour clockColour  = Faded(Slate, 0.55f);
 static const Colour hatchColour  = Faded(Slate, 0.38f);
 static const Colour afterColour  = Faded(Parchment, 0.55f); // behind the end of the show
-static const float  washAtTop    = 0.26f;                   // pigment in the water
-static const float  washAtBottom = 0.46f;                   // it pools
+static const float  washAtTop    = 0.22f;                   // pigment in the water
+static const float  washAtBottom = 0.42f;                   // it pools
 static const double barRadius    = 2.5;
+static const size_t mostPoles    = 8; // flags whose poles reach down to the music; more would be a fence
 // clang-format on
 
 static Wash Even(Colour colour)
@@ -83,6 +84,13 @@ static void DrawLoading(const Layout& layout, Drawing* drawing)
         last = x;
     }
     drawing->StrokeSegments(seconds, Slate, 0.8);
+    if (layout.loadingCut) {
+        // The sign of a scale that is broken.
+        const double x = box.x + box.width / 2, y = layout.rulerBottom;
+        drawing->FillShape({{x - 5, y + 6}, {x - 1, y - 6}, {x + 5, y - 6}, {x + 1, y + 6}}, paper);
+        drawing->StrokeSegments({{{x - 5, y + 6}, {x - 1, y - 6}}, {{x + 1, y + 6}, {x + 5, y - 6}}}, Slate,
+                                1);
+    }
     drawing->Sense(box);
     WriteAll(layout.loadingTexts, drawing);
     drawing->EndGroup();
@@ -209,8 +217,9 @@ static void DrawFlags(const Layout& layout, Drawing* drawing)
         if (flag.extent > flag.pole)
             drawing->FillBox({flag.pole, flag.box.Bottom() + 1, flag.extent - flag.pole, 2},
                              Even(Faded(colour, 0.5f)), 0);
-        drawing->StrokeSegments({{{flag.pole, flag.box.y}, {flag.pole, layout.musicLane.Bottom()}}},
-                                Faded(colour, 0.55f), 0.9);
+        const double foot =
+            layout.flags.size() <= mostPoles ? layout.musicLane.Bottom() : layout.flagRow.Bottom();
+        drawing->StrokeSegments({{{flag.pole, flag.box.y}, {flag.pole, foot}}}, Faded(colour, 0.55f), 0.9);
         drawing->FillBox(flag.box, Even(colour), 2);
         drawing->Write(flag.number);
         drawing->EndGroup();
@@ -252,14 +261,14 @@ static void DrawPlot(const TimelineModel& model, const Layout& layout, Drawing* 
     DrawMusic(layout, drawing);
     DrawLoading(layout, drawing);
     DrawGrid(layout, drawing);
-    for (const PlacedBar& bar : layout.bars)
-        DrawBar(model, layout, bar, drawing);
-    DrawLost(model, layout, drawing);
     if (layout.showEnd < layout.plotEnd) {
         drawing->FillBox({layout.showEnd, layout.rulerBottom, layout.plotEnd - layout.showEnd,
                           layout.musicLane.Bottom() - layout.rulerBottom},
                          Even(afterColour), 0);
     }
+    for (const PlacedBar& bar : layout.bars)
+        DrawBar(model, layout, bar, drawing);
+    DrawLost(model, layout, drawing);
     drawing->StrokeSegments(
         {{{layout.showEnd, layout.plot.y + 3}, {layout.showEnd, layout.musicLane.Bottom()}}}, Ink, 1.2);
     DrawFlags(layout, drawing);

@@ -154,9 +154,9 @@ TEST(TimelineLayout, ALongLoadingIsDrawnNarrower)
     model.loads.assign(500, "FX_Path");
     const Layout layout = LayOut(model, Options(1600));
     EXPECT_TRUE(layout.loadingCut);
-    EXPECT_NEAR(0.12 * (1600 - 134 - 24), layout.loading.width, 1e-9);
+    EXPECT_NEAR(0.06 * (1600 - 134 - 24), layout.loading.width, 1e-9);
     EXPECT_EQ(500u, layout.loads.size());
-    EXPECT_NEAR(0.88 * (1600 - 134 - 24) / 100, layout.perSecond, 1e-9);
+    EXPECT_NEAR(0.94 * (1600 - 134 - 24) / 100, layout.perSecond, 1e-9);
 }
 
 TEST(TimelineLayout, TicksThatLieTooCloseBecomeOneAndNoneIsLost)
@@ -360,6 +360,15 @@ TEST(TimelineLayout, ALongListOfRemarksEndsWithTheNumberOfTheRest)
 {
     const Layout layout = LayOut(BusyShow(10, 0, 100), Options(1600));
     EXPECT_EQ("and 60 more", layout.footTexts.back().text);
+    // Every third is grave, and those come first.
+    std::set<std::string> numbers;
+    for (const PlacedText& text : layout.footTexts)
+        numbers.insert(text.text);
+    const TimelineModel model = BusyShow(10, 0, 100);
+    for (size_t i = 0; i < model.remarks.size(); i++)
+        if (model.remarks[i].grave) {
+            EXPECT_EQ(1u, numbers.count(std::to_string(i + 1)));
+        }
 }
 
 TEST(TimelineLayout, AnEmptyShowStillHasAnAxisAndSaysSo)

@@ -65,7 +65,7 @@ TEST(TimelinePng, ABarHasTheWashOfItsEffectFromItsStartToItsStop)
         const int y = int(box.y + box.height / 2);
         const Colour pigment = pigments[i];
         // Half way down the wash is half way between its ends; the ruler's marks show through nowhere.
-        const Colour wash = Mix(Bone, pigment, 0.36f);
+        const Colour wash = Mix(Bone, pigment, 0.32f);
         EXPECT_TRUE(IsAbout(picture.At(int(box.Right()) - 12, y), wash, 6)) << i;
         EXPECT_FALSE(IsAbout(picture.At(int(box.Right()) + 3, y), wash, 6)) << i;
         EXPECT_TRUE(IsAbout(picture.At(int(box.x) + 1, y), Mix(pigment, Ink, 0.35f), 24))
