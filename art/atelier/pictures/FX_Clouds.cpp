@@ -37,10 +37,13 @@ const Tones Amber = {
     Mix(palette::Ink, palette::Rust, 0.28f) * 0.9f, Mix(palette::Rust, palette::Ink, 0.25f), Mix(palette::Amber, palette::Bone, 0.2f)};
 // clang-format on
 
-// One billow of the sea: a ragged ball, lit from where the moon is, that loses itself downwards.
+// One billow of the sea: a ragged ball of wash, lit from where the moon is, that loses itself downwards. Its
+// pigment has dried darker along the edge, and a pen of `nib` pixels has gone round its head, lifting now and
+// then.
 void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry, const Tones& tones,
-            float light, float haze)
+            float light, float haze, float nib)
 {
+    const Paper& paper = SketchPaper();
     const Vec2 toMoon = Normalised(Moon - centre);
     const int left = std::max(0, Floor(centre.x - rx * 1.4f)),
               right = std::min(W - 1, Floor(centre.x + rx * 1.4f));
@@ -60,6 +63,14 @@ void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry,
             Colour c = Mix(tones.shade, tones.body, Smooth(-0.6f, 0.6f, facing));
             c = Mix(c, tones.lit, Clamp(rim * light));
             c = Mix(c, tones.horizon, haze);
+            const float dried = Smooth(0.62f, 0.97f, d) * (1 - 0.8f * rim) +
+                                0.9f * noise.Fbm(fx / 46 + 31, fy / 30, 4) +
+                                0.9f * (0.5f - paper.Height(x, y));
+            c = c * (1 - 0.22f * dried);
+            const float lifted = noise.Fbm(fx / (rx * 0.55f) + 7, fy / (rx * 0.55f), 2);
+            const float line = Hill(0.95f, nib * (1 + 0.7f * lifted) / ry, d) * Smooth(0.35f, -0.25f, n.y) *
+                               Smooth(-0.12f, 0.12f, lifted + 0.25f * n.x);
+            c = Mix(c, tones.zenith, 0.85f * line * (1 - haze));
             Pixel& p = canvas.At(x, y);
             p = {Mix(p.r, c.r, cover), Mix(p.g, c.g, cover), Mix(p.b, c.b, cover), 1};
         }
@@ -78,6 +89,14 @@ Canvas Sky(const Tones& tones)
         const float far = Length(Vec2{x, y} - Moon);
         return c + tones.halo * (0.42f * Bell(far / 240) + 0.2f * Bell(far / 560));
     });
+    // The wash did not dry evenly, and left its shores.
+    canvas.Glaze(WashDensity(paper, Mask(W, H, 1),
+                             {.pool = 0, .granulation = 0.7f, .bloom = 1.1f, .bloomSize = 300, .stray = 0},
+                             38)
+                     .By([](float x, float y) {
+                         return Smooth(130, 520, Length(Vec2{x, y} - Moon));
+                     }),
+                 Mix(tones.middle, tones.horizon, 0.5f), 0.42f);
     // Stars, fewer towards the light.
     Mask stars(W, H);
     Pen pen(stars, paper, {.width = 2}, 34);
@@ -124,9 +143,6 @@ Canvas Sky(const Tones& tones)
     for (int row = 0; row < Rows; ++row) {
         const float t = static_cast<float>(row) / (Rows - 1);
         const float y = Mix(Horizon + 4, H + 40, Pow(t, 1.35f)), size = Mix(15, 190, Pow(t, 1.2f));
-        Mask lines(W, H);
-        Pen ink(lines, paper, {.width = 1.4f + 2.4f * t, .wobble = 1 + 2 * t, .skip = 0.5f, .dry = 0.5f},
-                36u + static_cast<uint32_t>(row));
         const int count = Floor(W / size * 2.3f);
         for (int i = 0; i < count; ++i) {
             const float x = (static_cast<float>((i * 7) % count) + dice.Range(-0.4f, 0.4f)) * W /
@@ -135,16 +151,9 @@ Canvas Sky(const Tones& tones)
             const float rx = size * dice.Range(0.7f, 1.35f), ry = rx * dice.Range(0.5f, 0.68f);
             const Vec2 c = {x, y - size * (0.3f + 1.1f * swell) + dice.Range(-0.25f, 0.25f) * size};
             const float path = Bell((x - Moon.x) / (190 + 330 * t));
-            Billow(canvas, curls, c, rx, ry, tones, (0.16f + 0.78f * path) * (1 - 0.55f * t),
-                   0.55f * Pow(1 - t, 2));
-            const float turn = dice.Range(-0.5f, 0.3f);
-            if (t > 0.2f && dice.Chance(0.4f))
-                ink.Stroke(Shaken(Arc(c + Vec2{0, ry * 0.12f}, rx * 0.8f, ry * 0.8f, -Pi * 0.75f + turn,
-                                      -Pi * 0.3f + turn),
-                                  size * 0.05f, size * 0.5f, dice.Next()),
-                           {.start = 0.15f, .middle = 0.9f, .end = 0});
+            Billow(canvas, curls, c, rx, ry, tones, (0.26f + 0.95f * path) * (1 - 0.5f * t),
+                   0.55f * Pow(1 - t, 2), 1.1f + 2.0f * t);
         }
-        canvas.Cover(lines, tones.zenith, 0.3f);
         // Mist lies between the rows.
         Mask mist(W, H);
         mist.Each(
@@ -161,7 +170,7 @@ Canvas Sky(const Tones& tones)
         },
         2);
     canvas.Tone(corner, 1, 0.55f);
-    paper.Show(canvas, 0.5f);
+    paper.Show(canvas, 0.8f);
     return Squeezed(canvas, 1024, 1024);
 }
 

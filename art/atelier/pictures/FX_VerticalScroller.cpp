@@ -3,9 +3,9 @@
 // screens high each. Bone-white pen on whatever lies behind, with a little night about each stroke.
 #include "art/atelier/DryBrush.h"
 #include "art/atelier/Glow.h"
-#include "art/atelier/PenAlphabet.h"
 #include "art/atelier/Pictures.h"
-#include "art/atelier/Wash.h"
+#include "art/atelier/pictures/Wood.h"
+#include "art/atelier/pictures/roll/Page.h"
 
 namespace atelier
 {
@@ -13,96 +13,8 @@ namespace atelier
 namespace
 {
 
-// Twice the size in which a page is seen on the largest window.
-constexpr int W = 1024, H = 2148;
-constexpr float Middle = W / 2.0f;
-
-// One page: what is written and drawn on it, by kind of ink.
-class Page
-{
-public:
-    explicit Page(uint32_t seed)
-        : lines(W, H), washes(W, H), lights(W, H), accents(W, H), dark(W, H),
-          pen(lines, SketchPaper(), {.width = 4, .wobble = 1.1f, .wave = 44, .skip = 0.3f, .dry = 0.4f},
-              seed),
-          amber(accents, SketchPaper(), {.width = 4, .skip = 0.1f}, seed + 1), dice(seed + 2),
-          letterSeed(seed * 100)
-    {
-    }
-
-    void Words(const std::string& text, float y, float size, float weight = 0)
-    {
-        pen.nib.width = weight > 0 ? weight : 2 + size * 0.058f;
-        Write(pen, text, {Middle, y}, {.size = size, .slant = 0.08f, .spacing = 1.15f, .lively = 0.8f},
-              Anchor::Middle, ++letterSeed);
-    }
-    void Aside(const std::string& text, float y, float size)
-    {
-        amber.nib.width = 2 + size * 0.05f;
-        Write(amber, text, {Middle, y}, {.size = size, .slant = 0.16f, .spacing = 1.2f}, Anchor::Middle,
-              ++letterSeed);
-    }
-    void Draw(const Line& line, float width = 4, Press press = {.start = 0.6f, .middle = 0.9f, .end = 0.4f})
-    {
-        pen.nib.width = width;
-        pen.Stroke(line, press);
-    }
-    // A drawn shape: a pale wash and its contour.
-    void Body(const Line& outline, float width = 4, float amount = 1)
-    {
-        const Mask shape = Filled(W, H, outline);
-        Mask turnedAway = shape;
-        turnedAway.Erase(Moved(outline, {-9, -8})).Erase(Moved(outline, {-16, -3}), 0.5f);
-        washes.Unite(Mask(shape).Scale(amount));
-        Draw(outline, width);
-        pen.nib.width = 2.2f;
-        Hatch(pen, turnedAway, {.angle = 2.2f, .spacing = 6.5f, .length = 40, .bend = 3}, ++letterSeed);
-    }
-    // A flourish between two parts: a line that swells, with a drop at its middle.
-    void Rule(float y, float half)
-    {
-        Draw(Through({{Middle - half, y + 3}, {Middle - half * 0.4f, y - 4}, {Middle - 14, y + 2}}), 4,
-             {.start = 0, .middle = 0.6f, .end = 0.3f});
-        Draw(Through({{Middle + 14, y + 2}, {Middle + half * 0.4f, y + 7}, {Middle + half, y - 2}}), 4,
-             {.start = 0.3f, .middle = 0.6f, .end = 0});
-        pen.Dot({Middle, y + 1}, 4.5f);
-    }
-
-    Canvas Finished()
-    {
-        const Paper& paper = SketchPaper();
-        Canvas canvas(W, H);
-        Mask all = lines;
-        all.Unite(accents).Unite(washes);
-        Mask shade = all.Blurred(5);
-        shade.Scale(1.8f).Curve(0, 1.3f).Unite(all.Blurred(22).Scale(1.4f)).FadeToBorder(30);
-        canvas.Cover(shade, palette::Ink, 0.72f);
-        const Mask body = WashDensity(
-            paper, washes,
-            {.pool = 0.9f, .poolWidth = 6, .granulation = 0.9f, .bloom = 0.8f, .bloomSize = 90, .stray = 2},
-            7);
-        canvas.Cover(dark.Blurred(3), palette::Ink);
-        canvas.Cover(body, palette::Slate, 0.75f);
-        canvas.Cover(accents, palette::Amber, 0.95f);
-        canvas.Cover(lights.Blurred(26).FadeToBorder(10), palette::Amber, 0.5f);
-        canvas.Cover(lights, Mix(palette::Amber, palette::Bone, 0.5f));
-        canvas.Cover(
-            lines,
-            [&](float x, float y) {
-                return Mix(palette::Bone, palette::Parchment,
-                           Smooth(0.35f, 0.75f, paper.Height(Floor(x), Floor(y))));
-            },
-            0.97f);
-        return Squeezed(canvas, 512, 2048);
-    }
-
-    Mask lines, washes, lights, accents, dark;
-    Pen pen, amber;
-    Dice dice;
-
-private:
-    uint32_t letterSeed;
-};
+constexpr int W = PageWidth, H = PageHeight;
+constexpr float Middle = PageMiddle;
 
 void DrawMoon(Page& page, Vec2 at, float radius)
 {
@@ -270,37 +182,77 @@ void DrawMoth(Page& page, Vec2 at, float size, float turn)
 // The chick, seen from behind, on its way.
 void DrawChickLeaving(Page& page, Vec2 at)
 {
-    // It is black: only the feathers at its rim catch any light.
-    Mask down(W, H);
-    Pen feather(down, SketchPaper(), {.width = 3.4f, .wobble = 1, .dry = 0.4f, .pool = 0}, 41);
-    for (int i = 0; i < 300; ++i) {
-        const float a = page.dice.Range(0, 2 * Pi),
-                    r = page.dice.Chance(0.8f) ? page.dice.Range(0.8f, 1) : page.dice.Range(0.2f, 0.8f);
-        const Vec2 p = at + Vec2{66 * r * Cos(a), -8 + 76 * r * Sin(a)};
-        const float out = a + 0.5f * page.dice.Bell(), length = page.dice.Range(9, 24);
-        feather.Stroke(Through({p, p + Vec2{Cos(out), Sin(out)} * (length * 0.5f),
-                                p + Vec2{Cos(out + 0.2f), Sin(out + 0.2f)} * length}),
-                       {.start = 0.9f, .middle = 0.7f, .end = 0});
-    }
-    for (int i = -2; i <= 2; ++i) {
-        const float k = static_cast<float>(i);
-        feather.Stroke(Through({at + Vec2{3 * k, -84}, at + Vec2{6 * k, -102},
-                                at + Vec2{11 * k + 3, -118 + 3 * Abs(k)}}),
-                       {.start = 0.9f, .middle = 0.6f, .end = 0});
-    }
-    page.dark.Fill(Ellipse(at + Vec2{0, -8}, 74, 84));
-    page.lines.Screen(down.Scale(0.9f));
+    // Legs first: it is all feet.
     for (float side = -1; side < 2; side += 2) {
-        const Vec2 ankle = at + Vec2{side * 34, side < 0 ? 112.0f : 98.0f};
-        page.Draw(Through({at + Vec2{side * 20, 58}, at + Vec2{side * 24, 84}, ankle}), 6,
-                  {.start = 0.9f, .middle = 0.8f, .end = 0.8f});
+        const Vec2 ankle = at + Vec2{side * 50, side < 0 ? 172.0f : 150.0f};
+        page.amber.nib.width = 13;
+        page.amber.Stroke(Through({at + Vec2{side * 28, 84}, at + Vec2{side * 36, 124}, ankle}),
+                          {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
         for (float toe = -1.5f; toe < 2; toe += 1.5f) {
-            page.amber.nib.width = 8;
-            page.amber.Stroke(Through({ankle, ankle + Vec2{toe * 17 + side * 9, -6},
-                                       ankle + Vec2{toe * 32 + side * 18, -2 - 8 * (1.5f - Abs(toe))}}),
-                              {.start = 1, .middle = 0.8f, .end = 0.3f});
+            page.amber.nib.width = 15;
+            page.amber.Stroke(Through({ankle, ankle + Vec2{toe * 30 + side * 14, -10},
+                                       ankle + Vec2{toe * 58 + side * 28, -2 - 13 * (1.5f - Abs(toe))}}),
+                              {.start = 1, .middle = 0.8f, .end = 0.25f});
         }
     }
+    // It is black: a body, a head without a neck, two stubs that are no wings yet.
+    Shape body(Round({at + Vec2{-84, 40}, at + Vec2{-92, -8}, at + Vec2{-72, -62}, at + Vec2{-60, -108},
+                      at + Vec2{0, -136}, at + Vec2{60, -108}, at + Vec2{72, -62}, at + Vec2{92, -8},
+                      at + Vec2{84, 40}, at + Vec2{46, 92}, at + Vec2{0, 104}, at + Vec2{-46, 92}}));
+    body.Add(Limb(Through({at + Vec2{-80, -20}, at + Vec2{-112, 26}, at + Vec2{-122, 62}}), 22, 17, 3));
+    body.Add(Limb(Through({at + Vec2{80, -20}, at + Vec2{108, 20}, at + Vec2{128, 50}}), 22, 17, 3));
+    page.dark.Fill(body);
+    const Mask inside = Mask(page.dark).Blur(9);
+    // Only the feathers at its rim catch the moon, those on the right more of it.
+    Mask down(W, H), deep(W, H);
+    Pen feather(down, SketchPaper(), {.width = 4, .wobble = 1.2f, .dry = 0.4f, .pool = 0}, 41),
+        shadow(deep, SketchPaper(), {.width = 4, .wobble = 1.2f, .pool = 0}, 42);
+    for (int i = 0; i < 2600; ++i) {
+        const Vec2 p = at + Vec2{page.dice.Range(-140, 140), page.dice.Range(-145, 115)};
+        const float in = inside.Sample(p.x, p.y);
+        const Vec2 fall = Normalised(Vec2{(p.x - at.x) * 1.1f, 60 + 0.5f * (p.y - at.y)});
+        const float turn = 0.5f * page.dice.Bell(), length = page.dice.Range(14, 32);
+        const Vec2 d = {fall.x * Cos(turn) - fall.y * Sin(turn), fall.x * Sin(turn) + fall.y * Cos(turn)};
+        if (in > 0.22f && in < 0.72f) {
+            const Line line = Through({p, p + d * (length * 0.5f), p + d * length + Vec2{d.y, -d.x} * 4});
+            const bool moon = page.dice.Chance(0.16f + 0.42f * Smooth(-60, 120, p.x - at.x));
+            (moon ? feather : shadow).Stroke(line, {.start = 0.9f, .middle = 0.7f, .end = 0});
+        } else if (in >= 0.72f && page.dice.Chance(0.10f)) {
+            feather.nib.ink = 0.28f;
+            feather.Stroke(Through({p, p + d * (length * 0.3f), p + d * (length * 0.6f)}),
+                           {.start = 0.6f, .middle = 0.5f, .end = 0});
+            feather.nib.ink = 1;
+        }
+    }
+    for (int i = -3; i <= 3; ++i) { // what stands up on its head
+        const float k = static_cast<float>(i);
+        (i % 2 == 0 ? feather : shadow)
+            .Stroke(Through({at + Vec2{4 * k, -128}, at + Vec2{9 * k, -152},
+                             at + Vec2{16 * k + 6, -178 + 5 * Abs(k)}}),
+                    {.start = 0.9f, .middle = 0.6f, .end = 0});
+    }
+    page.dark.Unite(deep);
+    page.lines.Screen(down.Scale(0.85f));
+}
+
+// A house that leans, and the tree that has taken it as its pot: they stand on the greater wheel.
+void DrawLeaningHouse(Page& page, Vec2 foot)
+{
+    page.Body(Straight({foot + Vec2{-34, 6}, foot + Vec2{-22, -66}, foot + Vec2{42, -62}, foot + Vec2{36, 6},
+                        foot + Vec2{-34, 6}}),
+              4);
+    page.Body(
+        Straight({foot + Vec2{-36, -62}, foot + Vec2{18, -116}, foot + Vec2{56, -56}, foot + Vec2{-36, -62}}),
+        5);
+    page.lights.Fill(Straight({foot + Vec2{2, -22}, foot + Vec2{4, -46}, foot + Vec2{22, -45},
+                               foot + Vec2{21, -21}, foot + Vec2{2, -22}}));
+    page.Draw(Through({foot + Vec2{12, -46}, foot + Vec2{12, -22}}), 2.6f);
+    page.Draw(Through({foot + Vec2{3, -34}, foot + Vec2{21, -33}}), 2.6f);
+    page.pen.nib.width = 4;
+    DrawDeadTree(page.pen, foot + Vec2{34, -96}, {.height = 66, .trunk = 6, .lean = 0.25f, .generations = 4},
+                 55);
+    DrawDeadTree(page.pen, foot + Vec2{-62, 14}, {.height = 66, .trunk = 5, .lean = -0.2f, .generations = 4},
+                 56);
 }
 
 Canvas Page1()
@@ -329,23 +281,24 @@ Canvas Page1()
 Canvas Page2()
 {
     Page page(2);
-    DrawGear(page, {Middle - 80, 210}, 138, 15, 0.1f, 51);
-    DrawGear(page, {Middle + 128, 252}, 84, 9, 0.28f, 52);
-    page.Words("dunmarrow", 486, 86);
-    page.Aside("the engine, all its wheels", 568, 42);
-    page.Words("houses that lean, a tree that grows,", 634, 36);
-    page.Words("two thousand sparks on nine threads", 688, 36);
+    DrawLeaningHouse(page, {Middle - 92, 196});
+    DrawGear(page, {Middle - 80, 330}, 146, 15, 0.1f, 51);
+    DrawGear(page, {Middle + 138, 376}, 88, 9, 0.28f, 52);
+    page.Words("dunmarrow", 610, 86);
+    page.Aside("the engine, all its wheels", 692, 42);
+    page.Words("houses that lean, a tree that grows,", 758, 36);
+    page.Words("two thousand sparks on nine threads", 812, 36);
 
-    DrawLamp(page, {Middle, 900});
-    page.Words("lowbeam", 1160, 86);
-    page.Aside("light, and when it goes out", 1242, 42);
-    page.Words("the course of the night, bar by bar", 1308, 36);
-    page.Rule(1396, 210);
+    DrawLamp(page, {Middle, 1012});
+    page.Words("lowbeam", 1268, 86);
+    page.Aside("light, and when it goes out", 1350, 42);
+    page.Words("the course of the night, bar by bar", 1416, 36);
+    page.Rule(1496, 210);
 
-    DrawInkpot(page, {Middle - 40, 1660});
-    page.Words("with a pen, a dry brush, two washes", 1846, 40);
-    page.Words("and paper that has a tooth", 1904, 40);
-    page.Aside("no font was opened", 1984, 42);
+    DrawInkpot(page, {Middle - 40, 1750});
+    page.Words("with a pen, a dry brush, two washes", 1926, 40);
+    page.Words("and paper that has a tooth", 1984, 40);
+    page.Aside("no font was opened", 2062, 42);
     return page.Finished();
 }
 
@@ -363,11 +316,11 @@ Canvas Page3()
     page.Rule(806, 200);
     page.Words("no chick was told where to go", 890, 40);
 
-    DrawChickLeaving(page, {Middle, 1090});
+    DrawChickLeaving(page, {Middle, 1124});
     // Its steps, from the border of the page.
     for (int i = 0; i < 5; ++i) {
         const Vec2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * static_cast<float>(i),
-                           1290 + 54.0f * static_cast<float>(i)};
+                           1372 + 52.0f * static_cast<float>(i)};
         const float small = 1 - 0.1f * static_cast<float>(4 - i) * 0.5f;
         for (float toe = -1; toe < 2; toe += 1)
             page.Draw(Through({foot, foot + Vec2{toe * 10, -12} * small,

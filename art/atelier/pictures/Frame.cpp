@@ -129,6 +129,8 @@ Canvas StartForm()
     canvas.Cover(title.Blurred(9), palette::Ink, 0.5f);
     canvas.Cover(title, palette::Bone, 0.96f);
     paper.Show(canvas, 0.4f);
+    // The form goes on below in plain ink.
+    canvas.Cover(Mask(W, H).Each([](float, float y) { return Smooth(H - 48, H - 9, y); }), palette::Ink);
     return Squeezed(canvas, 348, 138);
 }
 

@@ -30,7 +30,7 @@ void Flush(Canvas& canvas, const Sight& sight, Vec2 place, float radius, float s
     });
 }
 
-// Where a part grows out of another: a soft spot.
+// Where a part grows out of another that is painted already: a soft spot.
 Mask Root(const Canvas& canvas, Vec2 at, float inner, float outer)
 {
     return Mask(canvas.Width(), canvas.Height())
@@ -127,8 +127,9 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
             const Sight here = sight.From(origin);
             const std::vector<Vec2> points = here(wide(fingers[i].points));
             const Mask finger = Melted(part.Width(), part.Height(), Sausage(points, radii), 2.5f);
-            const Mask root =
+            Mask root =
                 Root(part, points[0] + (points[1] - points[0]) * 0.12f, radii[0] * 1.3f, radii[0] * 2.1f);
+            root.Multiply(part.Alpha());
             PaintBody(part, finger, skin, 1, arm.seed + 10 + 10 * static_cast<uint32_t>(i), &root);
         });
         Flush(canvas, sight, wide({fingers[i].points.back()})[0], 26, 0.35f);
@@ -171,7 +172,8 @@ void PaintThumb(Canvas& whole, const Sight& far, const Arm& arm)
     Around(whole, far(way), 84 * s, [&](Canvas& canvas, Vec2 origin) {
         const Sight sight = far.From(origin);
         const Mask thumb = Melted(canvas.Width(), canvas.Height(), Sausage(sight(way), radii), 2.5f * s);
-        const Mask root = Root(canvas, sight({-68, 208}), 56 * g * s, 110 * g * s);
+        Mask root = Root(canvas, sight({-68, 208}), 56 * g * s, 110 * g * s);
+        root.Multiply(canvas.Alpha());
         // Its shadow on the card.
         const Vec2 cast = sight({9, 7}) - sight({0, 0});
         Mask shadow(canvas.Width(), canvas.Height());
