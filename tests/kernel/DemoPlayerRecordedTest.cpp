@@ -69,6 +69,9 @@ protected:
         test->swaps++;
         if (test->swaps == test->quitAtSwap)
             platform::PostQuit(0);
+        test->timesAtSwap.push_back(FrameTimer::GetTime());
+        test->titlesAtSwap.push_back(platform::NullWindowState().title);
+        gl::PostSwap();
     }
 
     GLWindow window;
@@ -81,6 +84,8 @@ protected:
     float end = 0;
     int swaps = 0;
     int quitAtSwap = 0;
+    std::vector<float> timesAtSwap;
+    std::vector<std::string> titlesAtSwap;
 };
 
 static std::vector<float> TimesOf(const ProbeEffect& effect, const std::string& what)
@@ -323,6 +328,18 @@ TEST_F(DemoPlayerRun, TheTitleIsTheFrameRate)
     EXPECT_EQ("FPS: " + std::to_string(FrameTimer::GetFPS()), platform::NullWindowState().title);
 }
 
+TEST_F(DemoPlayerRun, AFrameEndsWithTheClockThenTheSwapThenTheTitle)
+{
+    Add(&a, 0, 1000);
+    Play(0.5);
+    EXPECT_EQ((Floats{0.5f, 1.0f, 1.5f}), timesAtSwap) << "the clock has moved by then";
+    EXPECT_NE(0, FrameTimer::GetFPS());
+    EXPECT_EQ(
+        (std::vector<std::string>{"marlinex", "FPS: 0", "FPS: " + std::to_string(FrameTimer::GetFPS())}),
+        titlesAtSwap)
+        << "the title is that of the frame before";
+}
+
 TEST_F(DemoPlayerRun, EachEffectStartsWithAClearDepthBufferAndTheIdentity)
 {
     Add(&a, 0, 10);
@@ -393,6 +410,59 @@ TEST_F(LoadingRun, ThePictureHasTheWholeWindow)
     const std::vector<gl::Draw> pictures = gl::DrawsWithTexture("loading.jpg");
     ASSERT_FALSE(pictures.empty());
     EXPECT_TRUE(gl::HasViewport(pictures[0], 0, 0, 800, 600));
+}
+
+TEST_F(LoadingRun, TheLoadBeginsWithAnEmptyFrameInItsOwnPerspective)
+{
+    Add(&a, 0, 10);
+    Play(1.0);
+    const std::vector<std::string> calls = gl::Calls();
+    const std::vector<std::string> beginning = {
+        "glViewport(0, 0, 800, 600)",
+        "glMatrixMode(GL_PROJECTION)",
+        "glLoadIdentity()",
+        "gluPerspective(45, 1.3300000429153442, 0.10000000149011612, 2000)",
+        "glMatrixMode(GL_MODELVIEW)",
+        "glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT)",
+        "glMatrixMode(GL_MODELVIEW)",
+        "glLoadIdentity()",
+        "swap",
+        "glClearColor(0, 0, 0, 0)"};
+    ASSERT_GT(calls.size(), beginning.size());
+    EXPECT_TRUE(gl::CallsAre(std::vector<std::string>(calls.begin(), calls.begin() + long(beginning.size())),
+                             beginning));
+}
+
+// Notes how far the load is when it is its turn.
+class ProgressProbe : public ProbeEffect
+{
+public:
+    void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override
+    {
+        ProbeEffect::Init(newWindow, newPlayer);
+        progress.push_back(newPlayer->loadingScreen->GetProgress());
+        pictures.push_back(gl::DrawsWithTexture("loading.jpg").size());
+        waited.push_back(platform::ReadCounter());
+    }
+    std::vector<float> progress;
+    std::vector<size_t> pictures;
+    std::vector<int64_t> waited;
+};
+
+TEST_F(LoadingRun, ProgressCountsTheEntriesAndThePictureComesAheadOfTheWait)
+{
+    ProgressProbe early, late;
+    Add(&early, 0, 10);
+    Add(&early, 0, 10); // initialised by then, so its share is passed over
+    Add(&late, 0, 10);
+    Play(1.0); // and the ticker
+    EXPECT_EQ((Floats{0.25f}), early.progress);
+    EXPECT_EQ((Floats{0.75f}), late.progress);
+    EXPECT_EQ((std::vector<size_t>{1}), early.pictures);
+    EXPECT_EQ((std::vector<size_t>{2}), late.pictures);
+    EXPECT_EQ((std::vector<int64_t>{1000000000}), early.waited);
+    EXPECT_EQ((std::vector<int64_t>{2000000000}), late.waited);
+    EXPECT_EQ(1.0f, player.loadingScreen->GetProgress());
 }
 
 TEST_F(LoadingRun, AnEmptyTimelineInitialisesTheScreenAndNeverDrawsIt)

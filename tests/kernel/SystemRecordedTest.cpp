@@ -27,8 +27,8 @@ protected:
     Run()
     {
         gl::Reset(800, 600);
-        gl::FollowNullWindows();
         platform::UseNullWindows();
+        gl::FollowNullWindows();
         platform::UseSteppedClock();
         platform::SetFrameObserver(AtSwap, this);
         folder = testing::TempDir() + "Run" + std::to_string(getpid());
@@ -242,6 +242,31 @@ TEST_F(Run, AQuitClosesTheWindow)
     EXPECT_EQ(0, RunShow());
     EXPECT_EQ(4, swaps);
     EXPECT_EQ(0, system.windows);
+}
+
+// Which context the textures are deleted in: 0 is none.
+static std::vector<int> ContextsOfDeletion()
+{
+    std::vector<int> contexts;
+    for (const gl::Event& event : gl::Events())
+        if (std::string(event.name) == "glDeleteTextures")
+            contexts.push_back(event.context);
+    return contexts;
+}
+
+TEST_F(Run, TheTexturesAreDeletedBehindTheWindowIfThatClosed)
+{
+    AddFile("script.txt", shortShow);
+    quitAtSwap = 4;
+    EXPECT_EQ(0, RunShow());
+    EXPECT_EQ((std::vector<int>{0}), ContextsOfDeletion());
+}
+
+TEST_F(Run, TheTexturesAreDeletedInTheWindowThatStays)
+{
+    AddFile("script.txt", shortShow);
+    EXPECT_EQ(0, RunShow());
+    EXPECT_EQ((std::vector<int>{1}), ContextsOfDeletion());
 }
 
 TEST_F(Run, AnUntickedMusicBoxPlaysInSilenceAndSaysNothingOfAMusicBlock)
