@@ -6,6 +6,7 @@
 #include "kernel/EffectRegistry.h"
 #include "script/ScriptParser.h"
 #include "tests/kernel/ProbeEffect.h"
+#include "tests/support/ShowFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +50,7 @@ public:
     size_t entries = 0;
 };
 
-class Observed : public testing::Test
+class Observed : public ShowFixture
 {
 protected:
     Observed()
@@ -103,6 +104,7 @@ TEST_F(Observed, WhatIsEatenUpIsToldAsABlockOfNoType)
     Listener listener;
     Read("[MUSIC][junk]FileName=a;[EFFECT]", &listener);
     EXPECT_EQ("1:[MUSIC]\n0:[junk]FileName=a;[EFFECT]\n", listener.heard);
+    EXPECT_EQ(1u, boxes.size()) << "for the music that the first block lacks";
 }
 
 TEST_F(Observed, StepsCanBeLimitedAndAreNotUnlessTheyAre)
