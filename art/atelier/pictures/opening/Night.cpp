@@ -174,18 +174,24 @@ void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)
     PaintLand(canvas, paper, ridge, palette::Night, palette::Ink, 0.2f, 660);
     // The tree that leans out of the bank, its bough along the thread, reaching for the moon.
     const Line bough = Thread(7);
-    pen.nib.width = 26;
-    pen.nib.least = 0.03f;
+    // Before the moon its light eats at it: the title stands there, and must not fight with a bough.
+    Mask reaching(W, H);
+    Pen arm(reaching, paper,
+            {.width = 26, .least = 0.03f, .wobble = 0, .wander = 0.15f, .skip = 0, .pool = 0}, 662);
     Line trunk = Through({Thread(4).back(), bough.front(), PointAt(bough, 0.06f)});
     trunk.insert(trunk.end(), bough.begin() + static_cast<long>(static_cast<float>(bough.size()) * 0.065f),
                  bough.end());
-    pen.nib.wobble = 0;
-    pen.nib.wander = 0.15f;
-    pen.nib.skip = 0;
-    pen.Stroke(trunk, {.start = 0.28f, .middle = 0.46f, .end = 0});
-    pen.nib.least = 0.22f;
-    pen.nib.wobble = 0.6f;
-    DrawTwigs(pen, bough, 0.15f, 1, 16, 95, dice);
+    arm.Stroke(trunk, {.start = 0.28f, .middle = 0.42f, .end = 0});
+    arm.nib = {.width = 3, .wobble = 0.6f, .skip = 0.05f, .pool = 0};
+    DrawTwigs(arm, bough, 0.15f, 1, 16, 95, dice);
+    const float limb = Mix(bough.front().x, bough.back().x, 0.56f), tip = bough.back().x;
+    canvas.Cover(
+        reaching,
+        [&](float x, float) {
+            return Mix(palette::Ink, Mix(palette::Slate, palette::Parchment, 0.3f),
+                       0.85f * Smooth(limb, Mix(limb, tip, 0.7f), x));
+        },
+        0.97f);
     // Firs on the right close the picture.
     for (const Vec2 f : {Vec2{3925, 500}, Vec2{3985, 520}, Vec2{4050, 505}, Vec2{4085, 530}})
         DrawDeadFir(pen, f,
