@@ -7,8 +7,9 @@
 namespace capture
 {
 
-static const int gap = 8;          // pixels between the tiles and round them
-static const int labelHeight = 16; // under each tile
+static const int gap = 8;                    // pixels between the tiles and round them
+static const int labelHeight = 16;           // under each tile
+static const int64_t mostPixels = 200000000; // of a sheet: what a viewer of pictures still opens
 static const unsigned char paper[3] = {16, 16, 20};
 static const unsigned char ink[3] = {200, 200, 190};
 
@@ -52,6 +53,11 @@ bool ContactSheet::Begin(int width, int height, const Schedule& schedule)
     const int down = int((schedule.picks + columns - 1) / columns);
     sheet.width = gap + across * (tileWidth + gap);
     sheet.height = gap + down * (tileHeight + labelHeight + gap);
+    if (int64_t(sheet.width) * sheet.height > mostPixels) {
+        error = "a sheet of that many tiles of that size is too large: " + std::to_string(sheet.width) +
+                " x " + std::to_string(sheet.height) + " pixels";
+        return false;
+    }
     sheet.pixels.resize(size_t(sheet.width) * size_t(sheet.height) * 3);
     for (size_t i = 0; i < sheet.pixels.size(); i++)
         sheet.pixels[i] = paper[i % 3];

@@ -110,15 +110,16 @@ static double ProcessorSeconds(int who)
 
 // By the clock on the wall, where the show waits for an encoder that works meanwhile, and by what the
 // processors did, which other programs on the machine change little.
-static void TellTiming(const Timing& timing)
+static void TellTiming(const ShowPlayer& show)
 {
+    const Timing& timing = show.timing;
     fprintf(
         stderr,
         "time: loading %.1f s, frames left out %.1f s, drawing %.1f s, reading back %.1f s, waiting for the "
         "output %.1f s\n",
         timing.loading, timing.skipping, timing.drawing, timing.reading, timing.handing);
-    fprintf(stderr, "processors: the show %.1f s, the encoder %.1f s\n", ProcessorSeconds(RUSAGE_SELF),
-            ProcessorSeconds(RUSAGE_CHILDREN));
+    fprintf(stderr, "processors: the show %.1f s, the encoder %.1f s; drawn by %s\n",
+            ProcessorSeconds(RUSAGE_SELF), ProcessorSeconds(RUSAGE_CHILDREN), show.renderer.c_str());
 }
 
 static int Join(const Options& options, const Schedule& schedule, MusicTrack* track)
@@ -159,7 +160,7 @@ static int Capture(const Options& options, ShowPlayer& show, const Schedule& sch
                 show.taken == 1 ? "frame" : "frames", Progress::DurationText(seconds).c_str(),
                 result == PlayInterrupted ? ", and no more: interrupted" : "");
     if (options.timing)
-        TellTiming(show.timing);
+        TellTiming(show);
     return result == PlayInterrupted ? exitInterrupted : cli::ExitClean;
 }
 

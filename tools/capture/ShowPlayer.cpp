@@ -19,7 +19,6 @@
 #include <cmath>
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 
 namespace capture
@@ -119,6 +118,9 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSche
         return PlayFailed;
     }
 
+    if (const GLubyte* name = glGetString(GL_RENDERER))
+        renderer = reinterpret_cast<const char*>(name);
+
     // The schedule says when the show is over, to the frame; the last stop as a float could be off by one.
     player->endTime = FLT_MAX;
     platform::SetFrameObserver(FrameDone, this);
@@ -129,7 +131,12 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSche
 
     if (CollectBoxText() || failed)
         return PlayFailed;
-    return taken == schedule.picks ? PlayedToTheEnd : PlayInterrupted;
+    if (taken == schedule.picks)
+        return PlayedToTheEnd;
+    if (stopRequested)
+        return PlayInterrupted;
+    error = "the show ended by itself, " + std::to_string(schedule.picks - taken) + " frames early";
+    return PlayFailed;
 }
 
 void ShowPlayer::Stop()

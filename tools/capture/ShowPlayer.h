@@ -57,6 +57,7 @@ public:
     static void RequestStop();
 
     std::string error;
+    std::string renderer; // GL's name for who draws; pictures are the same where this is
     Timing timing;
     int64_t taken; // frames handed to the sink
 

@@ -56,8 +56,7 @@ TEST(CaptureProgress, OutsideATerminalIsALineForEachTenth)
     fclose(stream);
     const std::string told(text);
     free(text);
-    EXPECT_EQ(0u,
-              told.find("playing the 10 frames before the first without drawing\n 10 %  10 of 100"));
+    EXPECT_EQ(0u, told.find("playing the 10 frames before the first without drawing\n 10 %  10 of 100"));
     EXPECT_EQ(10, std::count(told.begin(), told.end(), '\n'));
     EXPECT_NE(std::string::npos, told.find("\n 90 %  90 of 100"));
     EXPECT_EQ(std::string::npos, told.find("100 %"));
