@@ -101,11 +101,19 @@ static void ExpectTree(const Tree& tree, int seed, int depth)
     EXPECT_EQ(expected.segmentCount, tree.segmentCount);
     EXPECT_EQ(expected.seed, tree.seed) << "the same draws";
     EXPECT_TRUE(tree.root->segments.empty()) << "the trunk has no cube";
-    for (int i = 0; i < expected.nodesUsed; i++)
-        ASSERT_EQ(expected.nodes[i].segments.size(), tree.nodes[i].segments.size());
+    for (int i = 0; i < expected.nodesUsed; i++) {
+        const std::vector<Matrix4>&a = expected.nodes[i].segments, &b = tree.nodes[i].segments;
+        ASSERT_EQ(a.size(), b.size());
+        for (size_t k = 0; k < a.size(); k++)
+            ASSERT_TRUE(std::equal(a[k].m, a[k].m + 16, b[k].m)) << "cube " << k << " of branch " << i;
+    }
 }
 
-TEST_F(MakersNames, TheUsualCourse)
+class Courses : public MakersNames, public testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(Courses, TheUsualCourse)
 {
     ExpectTree(*credits.tree, 352362122, 2);
     // clang-format off
@@ -127,7 +135,7 @@ TEST_F(MakersNames, TheUsualCourse)
         credits.creditFade = 0.125f;
         credits.treeGrowth = 0.5f;
         credits.wither = 0.5f;
-        Send(&credits, "fade_in", {1});
+        Send(&credits, GetParam(), {1});
         EXPECT_EQ(c.step, credits.step);
         EXPECT_NEAR(c.target, credits.growthTarget, 1e-5);
         EXPECT_EQ(c.credit, credits.creditIndex);
@@ -138,7 +146,35 @@ TEST_F(MakersNames, TheUsualCourse)
         EXPECT_EQ(planted ? 0.0f : 0.5f, credits.treeGrowth);
         EXPECT_EQ(c.step % 2 != 0 ? 1.0f : 0.125f, credits.creditFade);
         ExpectTree(*credits.tree, planted ? c.seed - 1 : std::max(352362122, c.seed - 1), c.depth);
+        const float growth = credits.growth;
+        Step(0.125); // at rate 1, with the ground coming up and nothing withering
+        EXPECT_FLOAT_EQ(growth + 0.125f * (credits.growthTarget - growth), credits.growth);
+        EXPECT_EQ(1.0f, credits.wither);
+        EXPECT_GT(credits.brightness, 0.8f);
     }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEither, Courses, testing::Values("fade_in", "fade_last_in"),
+                         [](const testing::TestParamInfo<const char*>& message) {
+                             return std::string(message.param);
+                         });
+
+TEST_F(MakersNames, PastTheLastStepTheLimitedMessageStillPlantsAndGrows)
+{
+    FadeIn(9); // to step 8, which has no camera of its own
+    credits.growth = 0.75f;
+    Send(&credits, "fade_last_in");
+    EXPECT_EQ(8, credits.step) << "rises only while it is below 7";
+    EXPECT_EQ(0.0f, credits.growth);
+    EXPECT_NEAR(0.6, credits.growthTarget, 1e-6);
+    EXPECT_EQ(352362127, credits.treeSeed);
+    FadeIn(1); // to step 9
+    EXPECT_EQ(4, credits.creditIndex);
+    credits.creditFade = 0.5f;
+    Send(&credits, "fade_last_in");
+    EXPECT_EQ(9, credits.step);
+    EXPECT_EQ(4, credits.creditIndex);
+    EXPECT_EQ(0.5f, credits.creditFade);
 }
 
 TEST_F(MakersNames, UpdateFollowsItsRates)

@@ -147,6 +147,11 @@ TEST_F(FlashOverlays, WithoutParameterTheyDecayAtRateOne)
     for (int i = 0; i < 1024; i++)
         Step(&white, 1.0 / 1024);
     EXPECT_NEAR(0.9 * std::exp(-1.0), Grey(&white), 0.001) << "0.37 of the start after a second";
+    Prepare(&black);
+    Send(&black, "flash");
+    for (int i = 0; i < 1024; i++)
+        Step(&black, 1.0 / 1024);
+    EXPECT_NEAR(1 - std::exp(-1.0), Grey(&black), 0.001);
 }
 
 TEST_F(FlashOverlays, AParameterOfFiveHalvesThemInAboutASeventhOfASecond)
@@ -213,6 +218,11 @@ TEST_F(FlashOverlays, AParameterOfZeroFreezesThem)
     for (int i = 0; i < 100; i++)
         Step(&white, 1);
     EXPECT_FLOAT_EQ(0.9f, float(Grey(&white)));
+    Prepare(&black);
+    Send(&black, "flash", {0});
+    for (int i = 0; i < 100; i++)
+        Step(&black, 1);
+    EXPECT_EQ(0.0, Grey(&black));
 }
 
 TEST_F(FlashOverlays, ANegativeParameterMakesThemGrowWithoutLimit)
@@ -234,6 +244,10 @@ TEST_F(FlashOverlays, ATooFastDecaySwingsThroughZero)
     Send(&white, "flash", {3});
     Step(&white, 0.5);
     EXPECT_FLOAT_EQ(-0.45f, float(Grey(&white)));
+    Prepare(&black);
+    Send(&black, "flash", {3});
+    Step(&black, 0.5);
+    EXPECT_FLOAT_EQ(1.5f, float(Grey(&black)));
 }
 
 TEST_F(FlashOverlays, UnknownMessagesAreIgnored)
@@ -245,7 +259,11 @@ TEST_F(FlashOverlays, UnknownMessagesAreIgnored)
     white.ReceiveMessage(99, params, 1);
     EXPECT_EQ(0.0, Grey(&white));
     black.ReceiveMessage(0, params, 1);
+    black.ReceiveMessage(99, params, 1);
     EXPECT_EQ(1.0, Grey(&black));
+    Send(&black, "flash");
+    Step(&black, 0.25);
+    EXPECT_FLOAT_EQ(0.25f, float(Grey(&black))) << "nor was the speed taken";
 }
 
 TEST_F(FlashOverlays, AFlashIsSeenWholeInTheFrameThatBringsIt)
