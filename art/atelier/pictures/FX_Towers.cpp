@@ -160,7 +160,13 @@ Canvas TowerFront()
 Canvas Beam()
 {
     constexpr int W = 512, H = 64;
-    const Noise ray(621), haze(622), mote(623);
+    const Noise ray(621), haze(622);
+    Mask motes(W, H);
+    Dice dice(623);
+    Pen dust(motes, SketchPaper(256), {}, 624);
+    for (int i = 0; i < 170; ++i)
+        dust.Dot({dice.Range(10, W - 10), H / 2.0f + dice.Bell() * 9}, dice.Range(0.5f, 1.3f));
+    motes.Blur(0.5f);
     const Mask shape =
         Mask(W, H)
             .Each([&](float x, float y) {
@@ -170,10 +176,10 @@ Canvas Beam()
                 const float rays =
                     0.65f + 0.6f * ray.Fbm(in * 4 + (x < W / 2.0f ? 0.0f : 9.0f), along * 1.5f, 4);
                 const float smoke = 0.85f + 0.5f * haze.Fbm(x / 60, y / 22, 4);
-                const float dust = 0.5f * Smooth(0.42f, 0.6f, mote.Gradient(x / 4, y / 4)) * Bell(in / 0.7f);
                 const float thinned = Pow(1 - along, 1.3f) * 0.9f / (0.55f + 1.4f * along);
                 const float core = Bell(in / 0.28f) * (1 - along);
-                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.5f * core) * (1 + dust));
+                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.5f * core) *
+                             (1 + 0.8f * motes.At(Floor(x), Floor(y))));
             })
             .FadeToBorder(7);
     Canvas canvas(W, H);

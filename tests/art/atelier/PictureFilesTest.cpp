@@ -234,6 +234,33 @@ TEST(PictureFiles, PicturesThatAreAddedAreBlackAtTheirBorder)
     }
 }
 
+TEST(PictureFiles, LightThatIsAddedUpManyTimesIsFaint)
+{
+    // How often the show lays the picture over itself, and what is left of it then where nothing shines.
+    const std::map<std::string, double> largestMeans = {
+        {"spirograph.jpg", 6}, // 7 discs and 15 blades
+        {"skybox_tower_left.jpg", 10},  {"skybox_tower_back.jpg", 10},
+        {"skybox_tower_right.jpg", 10}, {"skybox_tower_front.jpg", 10}, // 5 boxes in each other
+        {"partikel_2.jpg", 12},
+    };
+    for (const auto& [name, largest] : largestMeans) {
+        const Raster raster = Load(name);
+        ASSERT_EQ(3, raster.channels) << name;
+        double sum = 0;
+        for (const unsigned char value : raster.bytes)
+            sum += value;
+        EXPECT_LE(sum / static_cast<double>(raster.bytes.size()), largest) << name;
+    }
+    // Overhead one sees the middle of the spirograph only, drawn out to half the sky.
+    const Raster spirograph = Load("spirograph.jpg");
+    int lit = 0, all = 0;
+    for (int y = 512 - 200; y < 512 + 200; ++y)
+        for (int x = 512 - 200; x < 512 + 200; ++x, ++all)
+            lit += At(spirograph, x, y, 0) > 40 ? 1 : 0;
+    EXPECT_LT(lit, 0.08 * all);
+    EXPECT_GT(lit, 0.01 * all);
+}
+
 TEST(PictureFiles, SoftPicturesReachAlphaNothingAtTheirBorder)
 {
     std::map<std::string, std::string> sides = {

@@ -59,11 +59,13 @@ float VillageFurrow(float X, float Z)
 // Wet earth at night. The moon stands ahead and lies on the crests; stubble and moss show here and there.
 Colour VillageEarth(float X, float Z)
 {
-    static const Noise tint(302, 4, 0), clod(303, 128, 0), grit(305, 512, 0), wet(306, 5, 0);
+    // What is large changes across the way only: along it, it would show where the land repeats.
+    static const Noise tint(302, 11, 0), strip(307, 1, 0), clod(303, 128, 0), grit(305, 512, 0),
+        wet(306, 7, 0);
     const float u = X / Repeat;
-    const float t = 0.5f + 0.7f * tint.Fbm(u * 4, Z / 3.6f, 5);
+    const float t = 0.5f + 0.42f * tint.Fbm(u * 11, Z / 1.3f, 4) + 0.5f * strip.Gradient(0.3f, Z / 4.5f);
     Colour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f), Mix(palette::Moss, palette::Slate, 0.35f),
-                       0.6f * Smooth(0.15f, 0.7f, t));
+                       0.55f * Smooth(0.1f, 0.9f, t));
     earth = Mix(earth, Mix(palette::Ochre, palette::Slate, 0.45f), 0.22f * Smooth(0.55f, 1.0f, t));
     const float f = Fraction(VillageFurrow(X, Z));
     const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
@@ -73,8 +75,8 @@ Colour VillageEarth(float X, float Z)
     c = Mix(c, palette::Mist, 0.20f * Hill(0.62f, 0.16f, f + 0.12f * lump) * Smooth(-0.2f, 0.5f, lump));
     // Water stands in some furrows.
     const float pool =
-        Smooth(0.16f, 0.30f, wet.Fbm(u * 5, Z / 5, 3)) * Hill(0.02f, 0.17f, Fraction(f + 0.5f) - 0.5f);
-    return Mix(c, Mix(palette::Mist, palette::Slate, 0.3f), 0.65f * pool);
+        Smooth(0.20f, 0.34f, wet.Fbm(u * 7, Z / 2.4f, 3)) * Hill(0.02f, 0.17f, Fraction(f + 0.5f) - 0.5f);
+    return Mix(c, Mix(palette::Mist, palette::Slate, 0.3f), 0.5f * pool);
 }
 
 // The pen goes along the furrows. `place` says where a point of the ground lies on the sheet; strokes start
@@ -220,11 +222,13 @@ Canvas Plaza()
     canvas.Ground([&](float x, float y) {
         const Vec2 g = fromMiddle(x, y);
         const float r = Length(g);
-        const Colour field = VillageEarth(g.x + PlazaX, g.y);
+        // The land lies darker and drier in places; not where the field's picture goes on.
+        const float lie = soil.Fbm(g.x / 9, g.y / 6, 3) * Smooth(-28, -16, g.x);
+        const Colour field = Mix(VillageEarth(g.x + PlazaX, g.y) * (1 + 0.55f * lie),
+                                 Mix(palette::Moss, palette::Slate, 0.35f), 0.22f * Smooth(0.05f, 0.5f, lie));
         const float t = 0.5f + 0.7f * soil.Fbm(g.x / 2.2f, g.y / 2.2f, 5);
-        const Colour trodden = Mix(Mix(palette::Slate, palette::Ochre, 0.25f),
-                                   Mix(palette::Mist, palette::Parchment, 0.4f), 0.30f * t) *
-                               (0.5f + 0.35f * t);
+        const Colour trodden = Mix(Mix(palette::Slate, palette::Moss, 0.55f), palette::Parchment, 0.16f * t) *
+                               (0.55f + 0.35f * t);
         Colour c = Mix(trodden, field, Smooth(12.6f, 14.6f, r + raggedness(g)));
         const Stone stone = StoneAt(g.x, g.y);
         if (stone.is) {
@@ -233,7 +237,7 @@ Canvas Plaza()
             const float there =
                 stone.slab ? 1.0f
                            : Smooth(lost - 0.1f, lost + 0.1f, 1.2f * (13.9f - r - raggedness(g)) / 1.6f);
-            const float rough = stones.Fbm(g.x / 0.35f, g.y / 0.35f, 4);
+            const float rough = 0.75f * stones.Fbm(g.x / 0.8f, g.y / 0.8f, 4);
             Colour s = Mix(palette::Slate, Mix(palette::Mist, palette::Parchment, 0.35f),
                            0.12f + 0.42f * own + 0.3f * rough);
             s = s * (0.62f + 0.16f * stone.toLight + 0.35f * rough);
@@ -252,7 +256,7 @@ Canvas Plaza()
         const Vec2 g = fromMiddle(x, y);
         return Smooth(0.05f, 0.2f, soil.Fbm(g.x / 5 + 7, g.y / 5, 4)) * Smooth(14.5f, 13, Length(g));
     }),
-         {.pigment = palette::Slate, .density = 0.5f, .poolWidth = 5}, 330);
+         {.pigment = palette::Slate, .density = 0.3f, .pool = 1, .poolWidth = 5}, 330);
     Mask lines(Side, Side), ink(Side, Side);
     const auto toSheet = [](Vec2 g) {
         return Vec2{Middle + (g.x - PlazaX) * PerUnit, Middle - g.y * PerUnit};

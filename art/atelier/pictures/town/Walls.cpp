@@ -426,6 +426,15 @@ Canvas TowerWalls()
     }
     canvas.Cover(joint, palette::Ink, 0.8f);
     canvas.Cover(rubbed, Mix(palette::Mist, palette::Parchment, 0.4f), 0.55f);
+    // The roof: slabs of slate with moss between them.
+    canvas.Cover(Roof(), [&](float x, float y) {
+        const Noise::Cell slab = chip.Worley(x / 52 + 0.2f * age.Gradient(x / 60, y / 60), y / 40);
+        const float own = static_cast<float>(slab.name & 255) / 255;
+        const Colour top = Mix(palette::Slate, palette::Mist, 0.10f + 0.4f * own) *
+                           (0.7f + 0.3f * age.Fbm(x / 20, y / 20, 4));
+        return Mix(Mix(palette::Moss, palette::Ink, 0.6f), top,
+                   Smooth(0.02f, 0.10f, slab.second - slab.nearest));
+    });
     // The foot stands in the dark, the head against the sky.
     canvas.Tone(
         Mask(Side, Side).Each([](float, float y) { return Smooth(WallFoot + 20, WallTop + 150, y); }, 4),
