@@ -16,6 +16,10 @@ typedef std::vector<std::string> Words;
 
 // Near to what was drawn: moonlit gradients show bands early.
 static const char* const h264Quality = "16";
+// At that quality 120 frames of painting and village took x264 7.5 s of processor time in its preset
+// "medium", 4.5 s in this and 3.0 s in "veryfast", for files of one size and a likeness of 0.9972, 0.9959 and
+// 0.9950.
+static const char* const h264Preset = "faster";
 static const char* const aacRate = "256k";
 
 static void Add(Words* words, const Words& more)
@@ -89,7 +93,7 @@ static Words PictureCodec(const Encoding& encoding)
     Words words = {"-vf",   video,        "-colorspace", "bt709",        "-color_primaries",
                    "bt709", "-color_trc", "bt709",       "-color_range", "tv"};
     if (IsMp4(encoding.output))
-        Add(&words, {"-c:v", "libx264", "-preset", "medium", "-crf", h264Quality});
+        Add(&words, {"-c:v", "libx264", "-preset", h264Preset, "-crf", h264Quality});
     return words;
 }
 
