@@ -64,6 +64,11 @@ void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
                 waltz::FindClicks(sound.right).size());
 }
 
+bool IsNumber(const std::string& word)
+{
+    return !word.empty() && word.size() < 5 && word.find_first_not_of("0123456789") == std::string::npos;
+}
+
 bool ReadOptions(int argc, char** argv, Options& options)
 {
     for (int i = 1; i < argc; ++i) {
@@ -71,7 +76,7 @@ bool ReadOptions(int argc, char** argv, Options& options)
         const bool more = i + 1 < argc;
         if (word == "-o" && more)
             options.output = argv[++i];
-        else if (word == "--section" && more)
+        else if (word == "--section" && more && IsNumber(argv[i + 1]))
             options.section = std::atoi(argv[++i]);
         else if (word == "--stems" && more)
             options.stems = argv[++i];
