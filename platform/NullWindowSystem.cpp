@@ -11,6 +11,8 @@ static NullWindows state;
 static bool classRegistered = false;
 static int screenToken, deviceToken; // what handles point at
 
+static const int modeBits = 32; // the screen on paper has modes of any size, all of this depth
+
 NullWindows& NullWindowState()
 {
     return state;
@@ -30,9 +32,9 @@ static bool RegisterClass(const char*)
     return true;
 }
 
-static bool SetDisplayMode(int width, int height, int)
+static bool SetDisplayMode(int width, int height, int bits)
 {
-    if (state.refuseMode)
+    if (state.refuseMode || bits != modeBits)
         return false;
     state.modeWidth = width;
     state.modeHeight = height;

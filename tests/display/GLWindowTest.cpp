@@ -84,6 +84,13 @@ TEST_F(GLWindowTest, ARefusedModeIsReportedAndNoWindowComesUp)
     EXPECT_FALSE(window.IsRunning());
 }
 
+TEST_F(GLWindowTest, TheModeIsAskedForWithItsBits)
+{
+    EXPECT_FALSE(window.Create(640, 480, 16, true)) << "the screen on paper has modes of 32 bits alone";
+    ASSERT_EQ(1u, boxes.size());
+    EXPECT_EQ("Marlinex 1.5 Error: Window", boxes[0].caption);
+}
+
 TEST_F(GLWindowTest, ARefusedWindowIsReportedAndTheModeStaysInForce)
 {
     system.refuseWindow = true;

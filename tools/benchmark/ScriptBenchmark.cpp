@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// A script is read while the viewer waits for the first picture, and as often as its writer saves it. Each
+// line carries, beside its time, counters:
+//
+//   bytes      of the script
+//   plain      the time as a multiple of getting the bytes of the same file one by one and doing nothing with
+//              them, which is measured in the same run
+//   of_load    the time as a share of the second that every effect takes to load at least
+#include "display/GLWindow.h"
+#include "kernel/DemoPlayer.h"
+#include "kernel/Effect.h"
+#include "kernel/EffectRegistry.h"
+#include "platform/Paths.h"
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+// It declares nothing and is never on stage.
+class Extra : public Effect
+{
+public:
+    void Init(GLWindow*, DemoPlayer*) override {}
+    void DeclareMessages(SynchMessageTable*) override {}
+    void Update() override {}
+    void Render() override {}
+    void ReceiveMessage(int, float*, int) override {}
+};
+
+static double Seconds()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// Half of the entries are effects, half messages, laid out and commented as a person writes them. In the
+// order that the sorting of messages takes longest for: the last one first.
+static std::string MakeScript(int entries)
+{
+    std::string script;
+    for (int i = 0; i < entries; i++) {
+        const std::string time = std::to_string((entries - i) * 250);
+        if (i % 2 == 0)
+            script += "# scene " + std::to_string(i) +
+                      " #\n[EFFECT]\n    EffectName = Extra;\n    StartTime  = " + time +
+                      ";\n    StopTime   = " + std::to_string((entries - i) * 250 + 5000) +
+                      ";\n    LayerID    = 1;\n\n";
+        else
+            script += "[MESSAGE]\n    MessageText    = flash;\n    ActivationTime = " + time +
+                      ";\n    TargetEffect   = Extra;\n    Parameter      = 2.00;\n\n";
+    }
+    return script;
+}
+
+static double SecondsOfGetting(const char* path)
+{
+    double shortest = 1e9;
+    for (int run = 0; run < 20; run++) {
+        const double start = Seconds();
+        FILE* const file = fopen(path, "rb");
+        int sum = 0;
+        for (int c = fgetc(file); c != EOF; c = fgetc(file))
+            sum += c;
+        benchmark::DoNotOptimize(sum);
+        fclose(file);
+        const double taken = Seconds() - start;
+        if (taken < shortest)
+            shortest = taken;
+    }
+    return shortest;
+}
+
+static void ReadScript(benchmark::State& state)
+{
+    const int entries = int(state.range(0));
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("benchmark" + std::to_string(getpid()));
+    std::filesystem::create_directory(folder);
+    const std::string path = (folder / "script.txt").string();
+    std::ofstream(path, std::ios::binary) << MakeScript(entries);
+    platform::SetDataDirectory(folder.string());
+
+    Extra extra;
+    GLWindow window;
+    EffectRegistry registry;
+    registry.Register("Extra", &extra, "Extra");
+    double shortest = 1e9;
+    while (state.KeepRunning()) {
+        DemoPlayer player;
+        player.Init(&window, &registry, nullptr, false);
+        const double start = Seconds();
+        const bool loaded = player.LoadScript("script.txt");
+        const double taken = Seconds() - start;
+        if (taken < shortest)
+            shortest = taken;
+        if (!loaded || int(player.timeline.size() + player.messages.size()) != entries)
+            state.SkipWithError("the script was not read as it should be");
+    }
+    state.counters["bytes"] = double(std::filesystem::file_size(path));
+    state.counters["plain"] = shortest / SecondsOfGetting(path.c_str());
+    state.counters["of_load"] = shortest;
+    std::filesystem::remove_all(folder);
+}
+BENCHMARK(ReadScript)
+    ->ArgName("entries")
+    ->Arg(125)
+    ->Arg(250)
+    ->Arg(500)
+    ->Arg(1000)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(0.1);
