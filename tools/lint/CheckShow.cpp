@@ -23,7 +23,8 @@ static bool IsOverlay(const std::string& effect)
 
 static bool Overlap(const ShownEntry& a, const ShownEntry& b)
 {
-    return a.start < b.stop && b.start < a.stop; // to meet in one moment is no overlap
+    // To meet in one moment is no overlap.
+    return std::max(a.start, b.start) < std::min(a.stop, b.stop);
 }
 
 static void AddOverlap(const ShownEntry& entry, const ShownEntry& other, Findings* findings)
