@@ -38,5 +38,8 @@ int VerifyFiles(const std::vector<const Picture*>& pictures);
 // The files in their places as one PNG, with names and sizes in the pen alphabet, alpha over a checker. A
 // picture without a file is left out.
 int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& path);
+// Frames of the show on one sheet, each with its file's name without folder and ending below it. The path's
+// end decides between JPEG and PNG.
+int DrawScenes(const std::vector<std::string>& frames, const std::string& path);
 
 } // namespace atelier

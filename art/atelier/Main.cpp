@@ -13,6 +13,7 @@ constexpr const char* Usage =
     "atelier --all [-o FOLDER]     paints all pictures\n"
     "atelier --group EFFECT [-o FOLDER]  paints the pictures of an effect\n"
     "atelier --sheet [OUT.png]     draws a contact sheet of the files, out/sheet.png\n"
+    "atelier --scenes OUT.jpg FRAME...   draws a sheet of frames of the show\n"
     "atelier --verify [NAME...]    repaints and compares with the files\n"
     "atelier --list                lists all pictures\n"
     "Without -o pictures go to their places in the project.\n";
@@ -57,6 +58,8 @@ int main(int argc, char** argv)
         return List();
     if (command == "--sheet")
         return atelier::DrawSheet(All(), names.empty() ? "out/sheet.png" : names[0]);
+    if (command == "--scenes" && names.size() > 1)
+        return atelier::DrawScenes({names.begin() + 1, names.end()}, names[0]);
 
     std::vector<const atelier::Picture*> pictures;
     if (command == "--all" || (command == "--verify" && names.empty()))

@@ -43,6 +43,18 @@ void Checker(Canvas& canvas, int left, int top, int width, int height)
         }
 }
 
+// The lettering goes onto the sheet, the sheet into its file.
+int Written(Canvas& sheet, const Mask& ink, size_t count, const std::string& path)
+{
+    sheet.Cover(ink, palette::Ink);
+    if (!WriteFile(path, Encoded(Finished(sheet, 3), path))) {
+        std::fprintf(stderr, "atelier: cannot write %s\n", path.c_str());
+        return 1;
+    }
+    std::printf("%zu pictures on %s\n", count, path.c_str());
+    return 0;
+}
+
 } // namespace
 
 int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& path)
@@ -88,13 +100,42 @@ int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& pa
         Write(pen, size, {middle, line + 42}, {.size = 11, .spacing = 1.1f, .lively = 0.7f}, Anchor::Middle,
               ++seed);
     }
-    sheet.Cover(ink, palette::Ink);
-    if (!WriteFile(path, EncodedPng(Finished(sheet, 3)))) {
-        std::fprintf(stderr, "atelier: cannot write %s\n", path.c_str());
-        return 1;
+    return Written(sheet, ink, entries.size(), path);
+}
+
+int DrawScenes(const std::vector<std::string>& frames, const std::string& path)
+{
+    constexpr int SceneColumns = 3, SceneWidth = 320, SceneHeight = 240, Gap = 18, Below = 34, Titled = 2;
+    const int cells = static_cast<int>(frames.size()) + Titled,
+              rows = (cells + SceneColumns - 1) / SceneColumns;
+    const int width = 2 * Margin + SceneColumns * SceneWidth + (SceneColumns - 1) * Gap,
+              height = 2 * Margin + rows * (SceneHeight + Below);
+    Canvas sheet(width, height);
+    SketchPaper().Sheet(sheet, palette::Parchment);
+    Mask ink(width, height);
+    Pen title(ink, SketchPaper(), {.width = 10, .skip = 0.05f}, 1),
+        pen(ink, SketchPaper(), {.width = 2.2f, .dry = 0.1f}, 2);
+    Write(title, "moonwaltz", {Margin + 20, 168}, {.size = 112}, Anchor::Left, 3);
+    Write(pen, "one night, one waltz, thirteen effects", {Margin + 26, 226}, {.size = 25}, Anchor::Left, 4);
+    uint32_t seed = 10;
+    for (size_t i = 0; i < frames.size(); ++i) {
+        std::string bytes;
+        Raster raster;
+        if (!ReadFile(frames[i], bytes) || !Decode(bytes, raster)) {
+            std::fprintf(stderr, "atelier: %s is no picture\n", frames[i].c_str());
+            return 1;
+        }
+        const int cell = static_cast<int>(i) + Titled;
+        const int left = Margin + cell % SceneColumns * (SceneWidth + Gap),
+                  top = Margin + cell / SceneColumns * (SceneHeight + Below);
+        sheet.Lay(Squeezed(FromRaster(raster), SceneWidth, SceneHeight), left, top);
+        std::string name = frames[i].substr(frames[i].find_last_of('/') + 1);
+        name = name.substr(0, name.find_last_of('.'));
+        Write(pen, name,
+              {static_cast<float>(left + SceneWidth / 2), static_cast<float>(top + SceneHeight + 23)},
+              {.size = 17, .spacing = 1.1f, .lively = 0.7f}, Anchor::Middle, ++seed);
     }
-    std::printf("%zu pictures on %s\n", entries.size(), path.c_str());
-    return 0;
+    return Written(sheet, ink, frames.size(), path);
 }
 
 } // namespace atelier
