@@ -130,10 +130,10 @@ static void CheckEnding(const Stereo& sound)
     EXPECT_LT(chroma[5] + chroma[6], 0.15);
 }
 
-// Windows in which, between them, everybody plays: played again they are what the file has.
+// Two windows in which, between them, nearly everybody plays: played again they are what the file has.
 static void CheckWindows(const Score& score, const Stereo& sound)
 {
-    const int windows[][2] = {{133, 134}, {150, 151}, {157, 158}};
+    const int windows[][2] = {{133, 134}, {150, 151}};
     for (const auto& [from, end] : windows) {
         const Resemblance found = Verify(score, sound, from, end);
         EXPECT_TRUE(found.sameLength);
