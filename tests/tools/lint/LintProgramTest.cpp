@@ -2,6 +2,7 @@
 // marlinex-lint as a program: exit statuses, standard error, JSON.
 #include "tests/support/RunProgram.h"
 #include "tests/support/ShowFixture.h"
+#include "tools/lint/Print.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -132,9 +133,12 @@ TEST_F(LintProgram, WritesJsonWithTheFactsOfItsText)
             scripts.push_back(entry.path());
     std::sort(scripts.begin(), scripts.end());
     std::string all, text;
+    lint::Options options;
+    options.checkFiles = false;
     for (const fs::path& script : scripts) {
-        all += Run({"--no-files", "--json", script}).output;
-        text += Run({"--no-files", script}).output;
+        const lint::Report report = lint::CheckFile(script, options);
+        all += lint::PrintJson(script, report, options);
+        text += lint::PrintText(script, report, false);
     }
     AddFile("all.json", all);
     const ProgramRun run = RunProgram(
