@@ -35,7 +35,7 @@ svg { display: block; width: 100%; height: auto; }
 [hidden] { display: none !important; }
 @page { size: landscape; margin: 8mm; }
 @media print {
-  html { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
+  html { background: none; -webkit-print-color-adjust: exact; print-color-adjust: exact; }
   main { min-width: 0; }
   .plot { overflow: hidden; }
   .plot svg { display: none; }

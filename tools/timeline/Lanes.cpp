@@ -28,7 +28,7 @@ static const Size sizes[] = {
     { 1 << 30,     0,    0,    0,    0,    0}, // as high as the highest canvas allows
 };
 static const double laneGap       = 6;     // between lanes
-static const double lanePadding   = 2;     // above and below the bars of a lane
+static const double lanePadding   = 4;     // above and below the bars of a lane
 static const double mostHeight    = 24000; // of all lanes together
 static const double leastBarWidth = 1.5;
 static const double nameInset     = 7;
@@ -147,7 +147,7 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
     for (auto each = rowsOfLayer.rbegin(); each != rowsOfLayer.rend(); ++each) {
         const auto& [layer, count] = *each;
         const Box box = {gutterWidth, y, layout->plotEnd - gutterWidth,
-                         count * size.rowHeight + 2 * lanePadding};
+                         (count - 1) * size.rowHeight + size.barHeight + 2 * lanePadding};
         layout->lanes.push_back({layer, count, box});
         tops[layer] = y + lanePadding;
         y = box.Bottom() + laneGap;

@@ -19,8 +19,8 @@ static const Colour numberColour = Faded(Slate, 0.36f);
 static const Colour clockColour  = Faded(Slate, 0.55f);
 static const Colour hatchColour  = Faded(Slate, 0.38f);
 static const Colour afterColour  = Faded(Parchment, 0.55f); // behind the end of the show
-static const float  washAtTop    = 0.22f;                   // pigment in the water
-static const float  washAtBottom = 0.42f;                   // it pools
+static const float  washAtTop    = 0.30f;                   // pigment in the water
+static const float  washAtBottom = 0.54f;                   // it pools
 static const double barRadius    = 2.5;
 static const size_t mostPoles    = 8; // flags whose poles reach down to the music; more would be a fence
 // clang-format on
@@ -28,6 +28,11 @@ static const size_t mostPoles    = 8; // flags whose poles reach down to the mus
 static Wash Even(Colour colour)
 {
     return {colour, colour};
+}
+
+static Wash WashOf(const Pigment& pigment)
+{
+    return {Mix(Bone, pigment.tint, washAtTop), Mix(Bone, pigment.tint, washAtBottom)};
 }
 
 static void WriteAll(const std::vector<PlacedText>& texts, Drawing* drawing)
@@ -139,15 +144,17 @@ static void DrawTick(const TimelineModel& model, const Layout& layout, const Pla
     const double x = box.x + box.width / 2;
     const Colour head = tick.kind == HeardTick ? Ochre : Rust;
     if (tick.messages.size() > 1) {
-        drawing->FillBox({box.x, box.y + 3, box.width, box.height - 4}, Even(Faded(Night, 0.34f)), 1);
+        const double width = std::max(box.width, 6.4); // wide enough to be told from a single one
+        drawing->FillBox({x - width / 2, box.y + 3, width, box.height - 4}, Even(Faded(Night, 0.34f)), 1);
         double last = -1;
         for (const size_t index : tick.messages) {
             const double at = layout.X(std::clamp(model.messages[index].time, layout.start, layout.end));
-            if (at - last >= 1.5)
-                drawing->FillShape(DownStroke(at, box.y + 3, box.Bottom() - 1, 1.4), Ink);
-            last = at - last >= 1.5 ? at : last;
+            if (at - last < 1.5)
+                continue;
+            drawing->FillShape(DownStroke(at, box.y + 3, box.Bottom() - 1, 1.4), Ink);
+            last = at;
         }
-        drawing->FillBox({box.x, box.y, box.width, 3}, Even(head), 1);
+        drawing->FillBox({x - width / 2, box.y, width, 3}, Even(head), 1);
     } else {
         drawing->FillShape(DownStroke(x, box.y + 2, box.Bottom() - 1, 2), tick.kind == LostTick ? Rust : Ink);
         drawing->FillShape(Diamond({x, box.y + 2}, 3.2), head);
@@ -161,8 +168,8 @@ static void DrawTick(const TimelineModel& model, const Layout& layout, const Pla
 static void DrawBar(const TimelineModel& model, const Layout& layout, const PlacedBar& bar, Drawing* drawing)
 {
     const Entry& entry = model.entries[bar.entry];
-    const Colour pigment = pigments[entry.row % pigmentCount];
-    const Colour dark = Mix(pigment, Ink, 0.35f);
+    const Pigment& pigment = pigments[entry.row % pigmentCount];
+    const Colour dark = pigment.ink;
     drawing->BeginGroup({"entry",
                          bar.title,
                          {{"effect", Clean(entry.effect)},
@@ -174,8 +181,7 @@ static void DrawBar(const TimelineModel& model, const Layout& layout, const Plac
         drawing->FillBox(box, Even(Faded(Rust, 0.8f)), 0);
         drawing->FillShape(Diamond({box.x, box.y + 4}, 3.5), Rust);
     } else {
-        drawing->FillBox(box, {Mix(Bone, pigment, washAtTop), Mix(Bone, pigment, washAtBottom)},
-                         std::min(barRadius, box.width / 3));
+        drawing->FillBox(box, WashOf(pigment), std::min(barRadius, box.width / 3));
         const double edge = std::min(3.0, box.width);
         if (!bar.cutLeft)
             drawing->FillBox({box.x, box.y, edge, box.height}, Even(dark), std::min(1.2, edge / 3));
@@ -287,8 +293,8 @@ static void DrawSample(const PlacedLegend& item, Drawing* drawing)
         drawing->StrokeSegments(Hatching(box, 7), hatchColour, 0.6);
         break;
     case EntryLegend:
-        drawing->FillBox(box, {Mix(Bone, Slate, washAtTop), Mix(Bone, Slate, washAtBottom)}, barRadius);
-        drawing->FillBox({box.x, box.y, 3, box.height}, Even(Mix(Slate, Ink, 0.35f)), 1);
+        drawing->FillBox(box, WashOf(pigments[0]), barRadius);
+        drawing->FillBox({box.x, box.y, 3, box.height}, Even(pigments[0].ink), 1);
         break;
     case TickLegend:
     case UnknownLegend:

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 
@@ -63,13 +64,12 @@ TEST(TimelinePng, ABarHasTheWashOfItsEffectFromItsStartToItsStop)
     for (size_t i = 0; i < 2; i++) {
         const Box& box = layout.bars[i].box;
         const int y = int(box.y + box.height / 2);
-        const Colour pigment = pigments[i];
+        const Pigment& pigment = pigments[i];
         // Half way down the wash is half way between its ends; the ruler's marks show through nowhere.
-        const Colour wash = Mix(Bone, pigment, 0.32f);
+        const Colour wash = Mix(Bone, pigment.tint, 0.42f);
         EXPECT_TRUE(IsAbout(picture.At(int(box.Right()) - 12, y), wash, 6)) << i;
         EXPECT_FALSE(IsAbout(picture.At(int(box.Right()) + 3, y), wash, 6)) << i;
-        EXPECT_TRUE(IsAbout(picture.At(int(box.x) + 1, y), Mix(pigment, Ink, 0.35f), 24))
-            << i; // its inked edge
+        EXPECT_TRUE(IsAbout(picture.At(int(box.x) + 1, y), pigment.ink, 24)) << i; // its inked edge
         EXPECT_FALSE(IsAbout(picture.At(int(box.x) - 3, y), wash, 6)) << i;
     }
 }
@@ -120,4 +120,14 @@ TEST(TimelinePng, OddNamesDoNotStopThePainter)
     model.music.file = "\x80";
     model.remarks = {{true, true, 1, 2, "\xed\xa0\x80"}};
     EXPECT_EQ(1600, Paint(model, LayOut(model, {}), 1).width);
+}
+
+TEST(TimelinePng, NoWashIsGrey)
+{
+    for (const Pigment& pigment : pigments)
+        for (const float strength : {0.30f, 0.54f}) {
+            const Colour wash = Mix(Bone, pigment.tint, strength);
+            const auto [least, most] = std::minmax({wash.red, wash.green, wash.blue});
+            EXPECT_GE(most - least, 8);
+        }
 }
