@@ -66,7 +66,7 @@ TEST(TimelinePng, ABarHasTheWashOfItsEffectFromItsStartToItsStop)
         const int y = int(box.y + box.height / 2);
         const Pigment& pigment = pigments[i];
         // Half way down the wash is half way between its ends; the ruler's marks show through nowhere.
-        const Colour wash = Mix(Bone, pigment.tint, 0.42f);
+        const Colour wash = Mix(Bone, pigment.tint, 0.45f);
         EXPECT_TRUE(IsAbout(picture.At(int(box.Right()) - 12, y), wash, 6)) << i;
         EXPECT_FALSE(IsAbout(picture.At(int(box.Right()) + 3, y), wash, 6)) << i;
         EXPECT_TRUE(IsAbout(picture.At(int(box.x) + 1, y), pigment.ink, 24)) << i; // its inked edge
@@ -125,7 +125,7 @@ TEST(TimelinePng, OddNamesDoNotStopThePainter)
 TEST(TimelinePng, NoWashIsGrey)
 {
     for (const Pigment& pigment : pigments)
-        for (const float strength : {0.30f, 0.54f}) {
+        for (const float strength : {0.36f, 0.54f}) {
             const Colour wash = Mix(Bone, pigment.tint, strength);
             const auto [least, most] = std::minmax({wash.red, wash.green, wash.blue});
             EXPECT_GE(most - least, 8);
