@@ -209,6 +209,7 @@ static std::vector<float> ReadSamples(const std::string& path)
 TEST_F(MainDesktop, TheMusicIsSilentWhileTheShowLoadsAndThenPlaysFromTheStartOffsetOn)
 {
     const int rate = 44100, offset = 4, steady = 3000; // Hz, s, frames from the first sound on
+    const int piece = 1024;                            // frames that the device asks for at a time
     soundfiles::Write(folder.path + "/Data/tune.wav", soundfiles::Tune(rate, 2, 8 * rate),
                       soundfiles::KindOf("16bit.wav"));
     const std::vector<float> tune = soundfiles::Decode(folder.path + "/Data/tune.wav");
@@ -232,15 +233,16 @@ TEST_F(MainDesktop, TheMusicIsSilentWhileTheShowLoadsAndThenPlaysFromTheStartOff
     EXPECT_GT(first, size_t(rate / 4)) << "the effect takes a second to load, and the file some time to fill";
     ASSERT_GT(heard.size(), 2 * (first + 2 * steady));
 
-    // Between Play and the seek the device may have asked for some samples of the start, a piece or two; and
-    // the first one of a rise is nothing. Which place of the tune is it that sounds a moment later?
+    // Between Play and the seek the device may have asked for some samples of the start, a piece or two; the
+    // first one of a rise is nothing; and where the file is late behind the seek, time goes on in silence.
+    // Which place of the tune is it that sounds a moment later?
     const float* const sound = &heard[2 * (first + steady)];
+    const size_t latest = size_t(offset * rate + steady + 1 + 8 * piece);
     size_t place = offset * rate;
-    while (place < size_t(offset * rate + 2 * steady) &&
-           memcmp(&tune[2 * place], sound, 8 * sizeof(float)) != 0)
+    while (place <= latest && memcmp(&tune[2 * place], sound, 8 * sizeof(float)) != 0)
         place++;
-    EXPECT_LE(place, size_t(offset * rate + steady + 1));
-    EXPECT_GE(place, size_t(offset * rate + steady - 2048));
+    EXPECT_LE(place, latest);
+    EXPECT_GE(place, size_t(offset * rate + steady - 2 * piece));
     size_t same = 0;
     while (2 * (first + steady) + same < heard.size() && sound[same] == tune[2 * place + same])
         same++;

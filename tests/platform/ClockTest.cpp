@@ -68,21 +68,3 @@ TEST(SteppedClock, StartsAtZeroAndMovesOnlyWhenItIsTold)
     platform::UseRealClock();
     EXPECT_GT(platform::ReadCounter(), 7);
 }
-
-TEST(CountedClock, GivesEachReadItsMomentAndPassesWaits)
-{
-    int64_t factor = 10;
-    platform::UseCountedClock([](void* user, int64_t read) { return read * *static_cast<int64_t*>(user); },
-                              &factor);
-    EXPECT_EQ(0, platform::ClockReads());
-    EXPECT_EQ(0, platform::ReadCounter());
-    EXPECT_EQ(10, platform::ReadCounter());
-    platform::Sleep(1000);
-    platform::StepClock(5);
-    EXPECT_EQ(20, platform::ReadCounter());
-    EXPECT_EQ(3, platform::ClockReads());
-    platform::UseCountedClock([](void*, int64_t) { return int64_t(4); }, nullptr);
-    EXPECT_EQ(0, platform::ClockReads());
-    EXPECT_EQ(4, platform::ReadCounter());
-    platform::UseRealClock();
-}
