@@ -86,7 +86,8 @@ protected:
         glDisable(GL_DEPTH_TEST);
         glColor3f(0, 1, 0);
         glRectf(-1, -1, 1, 1);
-        const unsigned char* const pixel = Grab().At(8, 8);
+        const Picture picture = Grab();
+        const unsigned char* const pixel = picture.At(8, 8);
         return {pixel[0], pixel[1], pixel[2]};
     }
 

@@ -12,6 +12,8 @@
 
 namespace fs = std::filesystem;
 
+static const int longestTune = 5000; // milliseconds; a longer show ends in silence
+
 CaptureFixture::CaptureFixture()
 {
     std::string name = testing::TempDir() + "marlinex-capture-XXXXXX";
@@ -45,8 +47,9 @@ void CaptureFixture::WriteFlashShow(int milliseconds, bool withMusic)
     if (withMusic) {
         script += "[MUSIC]\nFileName=tune.wav;\n";
         soundfiles::Kind kind = soundfiles::KindOf("16bit.wav");
+        const int music = std::min(milliseconds, longestTune);
         soundfiles::Write(PathOf("Data/tune.wav"),
-                          soundfiles::Tune(kind.rate, kind.channels, kind.rate * milliseconds / 1000), kind);
+                          soundfiles::Tune(kind.rate, kind.channels, kind.rate * music / 1000), kind);
     }
     WriteFile("Data/script.txt", script);
 }
