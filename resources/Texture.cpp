@@ -23,9 +23,12 @@ static void SendMipmapChain(const ImageData& image)
 }
 
 // Our rows follow one another without padding. Where GL would look for the second row behind padding it
-// would shear the picture and read past its end.
-static bool RowsNeedCare(const ImageData& image)
+// would shear the picture and read past its end. GLU does the same to its own smallest levels: two rows of
+// two RGB pixels take 12 bytes there, and GL would read 14.
+static bool RowsNeedCare(const ImageData& image, bool mipmapped)
 {
+    if (mipmapped && image.components == 3)
+        return true;
     return image.height > 1 && image.width * image.components % defaultRowAlignment != 0;
 }
 
@@ -42,7 +45,7 @@ bool Texture::UploadWith(void (*send)(const ImageData& image), const ImageData* 
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, wrapS);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, wrapT);
     if (image->components == 3 || image->components == 4) {
-        const bool care = RowsNeedCare(*image);
+        const bool care = RowsNeedCare(*image, send == SendMipmapChain);
         if (care)
             glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
         send(*image);

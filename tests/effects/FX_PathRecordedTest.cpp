@@ -141,7 +141,7 @@ TEST_F(VillageWalk, TheCameraFollowsFromBehindAndRises)
         path.walked = float(t * 0.075);
         path.edgeFade = float(std::exp(-t));
         Look();
-        const gl::Draw& house = Of("budentextur.jpg").at(0);
+        const gl::Draw house = Of("budentextur.jpg").at(0);
         EXPECT_TRUE(gl::IsMatrix(house.modelview, Follow(t) * gl::Translation(0, 0, -4), 2e-3)) << t;
         EXPECT_NEAR(70.0, FovY(house), 1e-4);
     }
