@@ -2,8 +2,11 @@
 #include "tools/cli/CommandLine.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstring>
+
+#include <getopt.h>
 
 namespace cli
 {
@@ -20,54 +23,71 @@ CommandLine::CommandLine(const char* programName, const char* summaryText, const
     options.push_back({"version", 0, nullptr, "Show the version and end."});
 }
 
+// getopt_long returns the letter of a short option, and these codes, one per row of the table, for long ones.
+static const int firstLongCode = 256;
+
 bool CommandLine::Read(int argc, const char* const* argv, FILE* out, FILE* err)
 {
-    bool optionsEnded = false;
-    for (int i = 1; i < argc; i++) {
-        const std::string word = argv[i];
-        if (optionsEnded || word.size() < 2 || word[0] != '-') {
-            operands.push_back(word);
-            continue;
-        }
-        if (word == "--") {
-            optionsEnded = true;
-            continue;
-        }
-
-        // --name, --name=value, -l, -lvalue
-        const bool isLong = word[1] == '-';
-        const size_t equals = isLong ? word.find('=') : std::string::npos;
-        const std::string written = isLong ? word.substr(0, equals) : word.substr(0, 2);
-        const Option* const option = isLong ? FindName(written.substr(2)) : FindLetter(word[1]);
-        const bool hasValue = isLong ? equals != std::string::npos : word.size() > 2;
-        std::string value;
-        if (hasValue)
-            value = word.substr(isLong ? equals + 1 : 2);
-
-        if (!option) {
-            Fail("unknown option " + written + " (--help lists what there is)", err);
-            return false;
-        }
-        if (hasValue && !option->value) {
-            Fail("option " + written + " takes no value", err);
-            return false;
-        }
-        if (option->value && !hasValue) {
-            if (i + 1 == argc) {
-                Fail("option " + written + " needs a value, " + option->value, err);
-                return false;
-            }
-            value = argv[++i];
-        }
-        if (!strcmp(option->name, "help") || !strcmp(option->name, "version")) {
-            const std::string text = !strcmp(option->name, "help") ? HelpText() : VersionText() + "\n";
-            fputs(text.c_str(), out);
-            exitStatus = ExitClean;
-            return false;
-        }
-        given.push_back({option, value});
+    std::string letters = ":"; // a missing value is told apart from an unknown option
+    std::vector<option> longOptions;
+    for (const Option& each : options) {
+        longOptions.push_back({each.name, each.value ? required_argument : no_argument, nullptr,
+                               firstLongCode + int(longOptions.size())});
+        if (each.letter)
+            letters += each.letter;
+        if (each.letter && each.value)
+            letters += ':';
     }
+    longOptions.push_back({});
+
+    std::vector<char*> words; // getopt_long sorts them, operands last
+    for (int i = 0; i < argc; i++)
+        words.push_back(const_cast<char*>(argv[i]));
+    words.push_back(nullptr);
+    optind = 0; // also forgets where an earlier reading stood
+    opterr = 0;
+    for (;;) {
+        const int code = getopt_long(argc, words.data(), letters.c_str(), longOptions.data(), nullptr);
+        if (code == -1)
+            break;
+        if (code == '?' || code == ':') {
+            Fail(Mistake(code, words[optind - 1]), err);
+            return false;
+        }
+        const Option* const found = FindCode(code);
+        const bool help = !strcmp(found->name, "help");
+        if (help || !strcmp(found->name, "version")) {
+            const std::string text = help ? HelpText() : VersionText() + "\n";
+            exitStatus = ExitClean;
+            if (fputs(text.c_str(), out) < 0 || fflush(out) != 0)
+                Fail(std::string("standard output: ") + strerror(errno), err);
+            return false;
+        }
+        given.push_back({found, optarg ? optarg : ""});
+    }
+    operands.assign(words.begin() + optind, words.begin() + argc);
     return CheckOperands(err);
+}
+
+// What is wrong with the option that getopt_long has stopped at.
+std::string CommandLine::Mistake(int code, const std::string& word) const
+{
+    const Option* const known = optopt ? FindCode(optopt) : nullptr;
+    if (known) {
+        const std::string written =
+            optopt < firstLongCode ? std::string("-") + known->letter : std::string("--") + known->name;
+        if (code == ':')
+            return "option " + written + " needs a value, " + known->value;
+        return "option " + written + " takes no value";
+    }
+    const std::string written = optopt ? std::string("-") + char(optopt) : word.substr(0, word.find('='));
+    std::string candidates;
+    for (const Option& each : options)
+        if (!optopt && ("--" + std::string(each.name)).starts_with(written))
+            candidates += (candidates.empty() ? " --" : ", --") + std::string(each.name);
+    if (!candidates.empty())
+        return "option " + written + " can be short for" + candidates;
+    return "unknown option " + written + " (--help lists what there is)";
 }
 
 bool CommandLine::CheckOperands(FILE* err)
@@ -198,19 +218,13 @@ std::string CommandLine::VersionText() const
     return name + " " + MARLINEX_VERSION;
 }
 
-const Option* CommandLine::FindName(const std::string& wanted) const
+const Option* CommandLine::FindCode(int code) const
 {
-    for (const Option& option : options)
-        if (wanted == option.name)
-            return &option;
-    return nullptr;
-}
-
-const Option* CommandLine::FindLetter(char letter) const
-{
-    for (const Option& option : options)
-        if (option.letter && option.letter == letter)
-            return &option;
+    if (code >= firstLongCode)
+        return &options[size_t(code - firstLongCode)];
+    for (const Option& each : options)
+        if (each.letter && each.letter == char(code))
+            return &each;
     return nullptr;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The command line of a companion program. A Main looks like this:
+// The command line of a program: a table of options, read by getopt_long, from which --help and the manual
+// page are made. A Main looks like this:
 //
 //     static const std::vector<cli::Option> options = {
 //         {"data", 0, "DIR", "Look for pictures in DIR instead of where the show looks."},
@@ -9,15 +10,16 @@
 //
 //     int main(int argc, char** argv)
 //     {
-//         cli::CommandLine line("marlinex-lint", "Tells what the show would do in silence.", "FILE",
-//         options); if (!line.Read(argc, argv))
+//         cli::CommandLine line("marlinex-lint", "Checks a script.", "FILE", options);
+//         if (!line.Read(argc, argv))
 //             return line.exitStatus;
 //         ...
 //     }
 //
-// Understood are --data DIR, --data=DIR, -o FILE, -oFILE; "--" ends the options, "-" alone is an operand,
-// options and operands may be mixed, and the last of a repeated option counts. --help and --version come by
-// themselves and win over everything behind them.
+// GNU conventions hold: --data DIR, --data=DIR, -o FILE and -oFILE; short options without values can be
+// bundled; a long option can be shortened as long as one option alone begins so; "--" ends the options; "-"
+// is an operand; options and operands can be mixed. If an option is repeated, the last one counts. --help and
+// --version are added to every table, and what stands behind them is not read.
 #pragma once
 
 #include <cstdint>
@@ -47,8 +49,8 @@ public:
     CommandLine(const char* programName, const char* summaryText, const char* operandText,
                 std::vector<Option> table);
 
-    // False if the program is over: exitStatus is then 0 after --help and --version, which went to out, and
-    // ExitUsage after a mistake, which went to err as one line.
+    // False if the program has to end with exitStatus: ExitClean after --help and --version, whose text went
+    // to out, and ExitUsage after a mistake or if out could not be written to, which is one line on err.
     bool Read(int argc, const char* const* argv, FILE* out = stdout, FILE* err = stderr);
 
     bool Has(const std::string& name) const;
@@ -74,8 +76,8 @@ private:
         std::string value;
     };
 
-    const Option* FindName(const std::string& given) const;
-    const Option* FindLetter(char letter) const;
+    const Option* FindCode(int code) const; // of getopt_long; null: no such letter
+    std::string Mistake(int code, const std::string& word) const;
     const Given* Last(const std::string& name) const;
     bool CheckOperands(FILE* err);
 

@@ -88,11 +88,14 @@ TEST(CommandLine, RefusesWhatItDoesNotKnowInOneLine)
         {{"--nothing=1"}, "prog: unknown option --nothing (--help lists what there is)\n"},
         {{"-x"}, "prog: unknown option -x (--help lists what there is)\n"},
         {{"-xyz"}, "prog: unknown option -x (--help lists what there is)\n"},
-        {{"--dat"}, "prog: unknown option --dat (--help lists what there is)\n"},
+        {{"--datum"}, "prog: unknown option --datum (--help lists what there is)\n"},
+        {{"-\xFC"}, "prog: unknown option -\xFC (--help lists what there is)\n"},
         {{"---"}, "prog: unknown option --- (--help lists what there is)\n"},
         {{"--json=1"}, "prog: option --json takes no value\n"},
         {{"--data"}, "prog: option --data needs a value, DIR\n"},
         {{"-o"}, "prog: option -o needs a value, FILE\n"},
+        {{"--js=1"}, "prog: option --json takes no value\n"},
+        {{"--out"}, "prog: option --output needs a value, FILE\n"},
         {{"file", "other"}, "prog: \"other\" is one operand too many\n"},
         {{}, "prog: a FILE is missing (--help tells more)\n"},
     };
@@ -102,6 +105,57 @@ TEST(CommandLine, RefusesWhatItDoesNotKnowInOneLine)
         EXPECT_EQ(2, spoken.line.exitStatus);
         EXPECT_EQ("", spoken.output);
         EXPECT_EQ(each.complaint, spoken.Errors());
+    }
+}
+
+TEST(CommandLine, TakesALongOptionShortenedAsFarAsItStaysUnique)
+{
+    Spoken spoken("", {"--js", "--dat=a"});
+    ASSERT_TRUE(spoken.readable);
+    EXPECT_TRUE(spoken.line.Has("json"));
+    EXPECT_EQ("a", spoken.line.Value("data"));
+
+    const std::vector<cli::Option> alike = {{"tiles", 0, "N", "A."}, {"tile-width", 0, "N", "B."}};
+    cli::CommandLine line("prog", "Does things.", "", alike);
+    const char* const words[] = {"prog", "--tile=3"};
+    FILE* const err = tmpfile();
+    EXPECT_FALSE(line.Read(2, words, stdout, err));
+    char text[200] = "";
+    rewind(err);
+    EXPECT_NE(nullptr, fgets(text, sizeof text, err));
+    fclose(err);
+    EXPECT_STREQ("prog: option --tile can be short for --tiles, --tile-width\n", text);
+    EXPECT_EQ(2, line.exitStatus);
+}
+
+TEST(CommandLine, TakesShortOptionsInOneWord)
+{
+    const std::vector<cli::Option> letters = {
+        {"quiet", 'q', nullptr, "A."}, {"long", 'l', nullptr, "B."}, {"output", 'o', "FILE", "C."}};
+    cli::CommandLine line("prog", "Does things.", "FILE", letters);
+    const char* const words[] = {"prog", "-qlofile", "operand"};
+    ASSERT_TRUE(line.Read(3, words));
+    EXPECT_TRUE(line.Has("quiet"));
+    EXPECT_TRUE(line.Has("long"));
+    EXPECT_EQ("file", line.Value("output"));
+    EXPECT_EQ(std::vector<std::string>{"operand"}, line.operands);
+}
+
+TEST(CommandLine, TellsIfItsHelpCouldNotBeWritten)
+{
+    for (const char* word : {"--help", "--version"}) {
+        cli::CommandLine line("prog", "Does things.", "", table);
+        FILE* const full = fopen("/dev/full", "w");
+        FILE* const err = tmpfile();
+        const char* const words[] = {"prog", word};
+        EXPECT_FALSE(line.Read(2, words, full, err));
+        EXPECT_EQ(2, line.exitStatus);
+        char text[200] = "";
+        rewind(err);
+        EXPECT_NE(nullptr, fgets(text, sizeof text, err));
+        EXPECT_STREQ("prog: standard output: No space left on device\n", text);
+        fclose(err);
+        fclose(full);
     }
 }
 
