@@ -197,5 +197,5 @@ TEST_F(ScriptPage, EveryToolThatItNamesHasAPage)
         page += line + "\n";
     const std::regex tool("marlinex-[a-z]+");
     for (auto i = std::sregex_iterator(page.begin(), page.end(), tool); i != std::sregex_iterator(); ++i)
-        EXPECT_TRUE(std::ifstream(SOURCE_DIR "/docs/man/" + i->str() + ".1").good()) << i->str();
+        EXPECT_TRUE(std::ifstream(SOURCE_DIR "/docs/man/" + i->str() + ".h2m").good()) << i->str();
 }

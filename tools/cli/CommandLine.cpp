@@ -197,7 +197,7 @@ std::string CommandLine::HelpText() const
         help += " " + operandForm;
     help += "\n";
     AddWrapped(&help, summary, 0);
-    help += "\n";
+    help += "\nOptions:\n";
     for (const Option& option : options) {
         std::string head = option.letter ? std::string("  -") + option.letter + ", --" : "      --";
         head += option.name;

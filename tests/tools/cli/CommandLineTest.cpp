@@ -180,6 +180,7 @@ TEST(CommandLine, PrintsHelpAndEnds)
         EXPECT_EQ("Usage: prog [OPTION]... FILE\n"
                   "Does things.\n"
                   "\n"
+                  "Options:\n"
                   "      --data=DIR        Look in DIR.\n"
                   "  -o, --output=FILE     Write to FILE instead of to standard output, which is\n"
                   "                        what happens without it.\n"

@@ -84,7 +84,7 @@ TEST(LintCodes, HaveAScriptOfTheirNameEach)
 
 TEST(LintCodes, AreExplainedInTheManualAndInTheDocuments)
 {
-    const std::string manual = ReadFile(fs::path(SOURCE_DIR) / "docs/man/marlinex-lint.1");
+    const std::string manual = ReadFile(fs::path(BINARY_DIR) / "man/marlinex-lint.1");
     const std::string document = ReadFile(fs::path(SOURCE_DIR) / "docs/TOOLS.md");
     for (const std::string& code : Codes()) {
         EXPECT_NE(std::string::npos,
