@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/lint/Print.h"
 
-#include "tools/cli/Json.h"
+#include "tools/cli/JsonWriter.h"
 #include "tools/cli/Terminal.h"
 
 #include <cstdio>
@@ -88,23 +88,23 @@ std::string PrintText(const std::string& file, const Report& report, bool colour
 
 std::string PrintJson(const std::string& file, const Report& report, const Options& options)
 {
-    cli::Json json;
-    json.BeginObject();
+    cli::JsonWriter json;
+    json.StartObject();
     json.Member("file", file);
     json.Member("errors", report.Count(Error));
     json.Member("warnings", report.Count(Warning));
     json.Member("notes", report.Count(Note));
     json.Key("findings");
-    json.BeginArray();
+    json.StartArray();
     for (const Finding& finding : report.findings) {
-        json.BeginObject();
+        json.StartObject();
         json.Member("severity", NameOf(finding.severity));
         json.Member("code", finding.code);
         json.Member("line", finding.line);
         json.Member("column", finding.column);
         json.Key("span");
         if (finding.hasSpan) {
-            json.BeginObject();
+            json.StartObject();
             json.Member("start", finding.spanStart);
             json.Member("stop", finding.spanStop);
             json.EndObject();
@@ -118,7 +118,7 @@ std::string PrintJson(const std::string& file, const Report& report, const Optio
     }
     json.EndArray();
     json.Key("show");
-    json.BeginObject();
+    json.StartObject();
     json.Member("offset", options.startOffset);
     json.Member("entries", int64_t(KeptEntries(report.show)));
     json.Member("messages", int64_t(KeptMessages(report.show)));

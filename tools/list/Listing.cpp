@@ -4,7 +4,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
-#include "tools/cli/Json.h"
+#include "tools/cli/JsonWriter.h"
 
 namespace listing
 {
@@ -20,20 +20,20 @@ std::string JsonOfProduction()
 {
     EffectRegistry registry;
     RegisterEffects(&registry);
-    cli::Json json;
-    json.BeginObject();
+    cli::JsonWriter json;
+    json.StartObject();
     json.Key("effects");
-    json.BeginArray();
+    json.StartArray();
     for (const RegisteredEffect& row : registry.effects) {
-        json.BeginObject();
+        json.StartObject();
         json.Member("name", row.name);
         json.Member("description", row.description);
         json.Key("messages");
-        json.BeginArray();
+        json.StartArray();
         for (const SynchMessageDeclaration& message : registry.GetMessageTable()->entries) {
             if (message.owner != row.effect)
                 continue;
-            json.BeginObject();
+            json.StartObject();
             json.Member("name", message.name);
             json.Member("description", message.description);
             json.Member("id", message.id);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/cli/Json.h"
+#include "tools/cli/JsonWriter.h"
 
 #include "tests/support/RunProgram.h"
 
@@ -11,20 +11,20 @@
 #include <random>
 #include <unistd.h>
 
-TEST(Json, IsIndentedByTwoWithOneMemberALine)
+TEST(JsonWriter, IsIndentedByTwoWithOneMemberALine)
 {
-    cli::Json json;
-    json.BeginObject();
+    cli::JsonWriter json;
+    json.StartObject();
     json.Member("text", "a");
     json.Key("list");
-    json.BeginArray();
-    json.Whole(1);
-    json.Number(0.5);
-    json.Truth(true);
+    json.StartArray();
+    json.Int64(1);
+    json.Double(0.5);
+    json.Bool(true);
     json.Null();
-    json.BeginObject();
+    json.StartObject();
     json.EndObject();
-    json.BeginArray();
+    json.StartArray();
     json.EndArray();
     json.EndArray();
     json.Member("last", false);
@@ -44,10 +44,10 @@ TEST(Json, IsIndentedByTwoWithOneMemberALine)
               json.Finish());
 }
 
-TEST(Json, KnowsEachKindOfMember)
+TEST(JsonWriter, KnowsEachKindOfMember)
 {
-    cli::Json json;
-    json.BeginObject();
+    cli::JsonWriter json;
+    json.StartObject();
     json.Member("string", std::string("s"));
     json.Member("literal", "l");
     json.Member("int", -1);
@@ -61,54 +61,66 @@ TEST(Json, KnowsEachKindOfMember)
               json.Finish());
 }
 
-TEST(Json, EscapesWhatMayNotStandBetweenQuotes)
+// A string as it stands in the text, without the line end.
+static std::string Written(const std::string& value)
 {
-    EXPECT_EQ("\"\\\"\\\\/\\n\\t\\u000d\\u0000\\u001f\\u007f\"",
-              cli::Quoted(std::string("\"\\/\n\t\r\0\x1F\x7F", 9)));
+    cli::JsonWriter json;
+    json.String(value);
+    const std::string text = json.Finish();
+    return text.substr(0, text.size() - 1);
+}
+
+TEST(JsonWriter, EscapesWhatMayNotStandBetweenQuotes)
+{
+    EXPECT_EQ("\"\\\"\\\\/\\n\\t\\r\\u0000\\u001F\"", Written(std::string("\"\\/\n\t\r\0\x1F", 8)));
     EXPECT_EQ("\"\xC3\xB6 \xE2\x82\xAC \xF0\x9F\x90\x9F\"",
-              cli::Quoted("\xC3\xB6 \xE2\x82\xAC \xF0\x9F\x90\x9F"));
+              Written("\xC3\xB6 \xE2\x82\xAC \xF0\x9F\x90\x9F"));
 }
 
-TEST(Json, PutsAReplacementForBytesThatAreNoText)
+TEST(JsonWriter, PutsAReplacementForBytesThatAreNoText)
 {
-    EXPECT_EQ("\"\\ufffd\"", cli::Quoted("\xFF"));
-    EXPECT_EQ("\"\\ufffd\"", cli::Quoted("\x80"));
-    EXPECT_EQ("\"\\ufffda\"", cli::Quoted("\xC3"
-                                          "a"));
-    EXPECT_EQ("\"\\ufffd\"", cli::Quoted("\xC3")) << "cut short";
-    EXPECT_EQ("\"\\ufffd\\ufffd\"", cli::Quoted("\xC0\x80")) << "overlong";
-    EXPECT_EQ("\"\\ufffd\\ufffd\\ufffd\"", cli::Quoted("\xE0\x80\x80")) << "overlong";
-    EXPECT_EQ("\"\\ufffd\\ufffd\\ufffd\"", cli::Quoted("\xED\xA0\x80")) << "a surrogate";
-    EXPECT_EQ("\"\\ufffd\\ufffd\\ufffd\\ufffd\"", cli::Quoted("\xF4\x90\x80\x80")) << "above the last";
-    EXPECT_EQ("\"\\ufffd\\ufffd\\ufffd\\ufffd\"", cli::Quoted("\xF0\x8F\xBF\xBF")) << "overlong";
+    const std::string replacement = "\xEF\xBF\xBD";
+    EXPECT_EQ("\"" + replacement + "\"", Written("\xFF"));
+    EXPECT_EQ("\"" + replacement + "\"", Written("\x80"));
+    EXPECT_EQ("\"" + replacement + "a\"", Written("\xC3"
+                                                  "a"));
+    for (const char* wrong :
+         {"\xC3", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF0\x8F\xBF\xBF"}) {
+        SCOPED_TRACE(testing::PrintToString(wrong));
+        std::string text = Written(std::string("a") + wrong + "b");
+        EXPECT_EQ("\"a", text.substr(0, 2));
+        EXPECT_EQ("b\"", text.substr(text.size() - 2));
+        for (text = text.substr(2, text.size() - 4); !text.empty(); text = text.substr(replacement.size()))
+            ASSERT_EQ(replacement, text.substr(0, replacement.size()));
+    }
 }
 
-TEST(Json, WritesNumbersThatReadBackAndNullForThoseItCannotSay)
+TEST(JsonWriter, WritesNumbersThatReadBackAndNullForThoseItCannotSay)
 {
     for (double value : {0.1, 1.0 / 3, 1e300, -2.5, 1e-9, 372.6}) {
-        cli::Json json;
-        json.Number(value);
+        cli::JsonWriter json;
+        json.Double(value);
         EXPECT_EQ(value, strtod(json.Finish().c_str(), nullptr));
     }
     for (double value : {double(INFINITY), double(-INFINITY), double(NAN)}) {
-        cli::Json json;
-        json.Number(value);
+        cli::JsonWriter json;
+        json.Double(value);
         EXPECT_EQ("null\n", json.Finish());
     }
 }
 
 // jq is somebody else's reader.
-TEST(Json, OfAnyBytesIsReadBackByOthers)
+TEST(JsonWriter, OfAnyBytesIsReadBackByOthers)
 {
     const std::string path = testing::TempDir() + "marlinex-json-" + std::to_string(getpid());
     std::mt19937 random(7);
-    cli::Json json;
-    json.BeginArray();
+    cli::JsonWriter json;
+    json.StartArray();
     for (int i = 0; i < 200; i++) {
         std::string bytes(random() % 40, ' ');
         for (char& c : bytes)
             c = char(random() % 256);
-        json.Text(bytes);
+        json.String(bytes);
     }
     json.EndArray();
     std::ofstream(path, std::ios::binary) << json.Finish();
