@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/TextFlow.h"
 
+#include <utf8.h>
+
+#include <cstdint>
+#include <iterator>
+
 namespace platform
 {
 
@@ -8,68 +13,42 @@ static const size_t tabColumns = 4;
 static const char* const replacement = "\xEF\xBF\xBD"; // U+FFFD
 static const char* const ellipsis = "\xE2\x80\xA6";    // U+2026
 
-static bool Continues(char byte)
+static bool IsControl(uint32_t character)
 {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-// The length in bytes of the UTF-8 character at `at`, or 0 if none is there: no overlong form, no surrogate,
-// nothing beyond U+10FFFF.
-static size_t CharacterLength(const std::string& text, size_t at)
-{
-    const unsigned char lead = static_cast<unsigned char>(text[at]);
-    if (lead < 0x80)
-        return 1;
-    const size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
-                          : lead >= 0xE0 && lead <= 0xEF ? 3
-                          : lead >= 0xF0 && lead <= 0xF4 ? 4
-                                                         : 0;
-    if (length == 0 || at + length > text.size())
-        return 0;
-    for (size_t i = 1; i < length; ++i)
-        if (!Continues(text[at + i]))
-            return 0;
-    const unsigned char second = static_cast<unsigned char>(text[at + 1]);
-    if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second >= 0xA0) ||
-        (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second >= 0x90))
-        return 0;
-    return length;
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
 std::string ShowableText(const std::string& text)
 {
     std::string shown;
     size_t column = 0;
-    for (size_t at = 0; at < text.size();) {
-        if (at >= LongestShownText)
+    auto invalid = utf8::find_invalid(text.begin(), text.end()); // all before it is UTF-8
+    for (auto at = text.begin(); at != text.end();) {
+        if (at - text.begin() >= std::ptrdiff_t(LongestShownText))
             return shown + ellipsis;
-        const unsigned char byte = static_cast<unsigned char>(text[at]);
-        if (byte == '\r' || byte == '\n') {
+        uint32_t character = 0;
+        if (at == invalid) {
+            character = static_cast<unsigned char>(*at++); // as Latin-1 has it
+            invalid = utf8::find_invalid(at, text.end());
+        } else {
+            character = utf8::unchecked::next(at);
+        }
+        if (character == '\r' || character == '\n') {
             shown += '\n';
             column = 0;
-            at += text.compare(at, 2, "\r\n") == 0 ? 2 : 1;
-            continue;
-        }
-        if (byte == '\t') {
+            if (character == '\r' && at != text.end() && *at == '\n')
+                ++at;
+        } else if (character == '\t') {
             const size_t blanks = tabColumns - column % tabColumns;
             shown.append(blanks, ' ');
             column += blanks;
-            ++at;
-            continue;
+        } else {
+            ++column;
+            if (IsControl(character))
+                shown += replacement;
+            else
+                utf8::unchecked::append(character, std::back_inserter(shown));
         }
-        ++column;
-        const size_t length = CharacterLength(text, at);
-        const bool latinLetter = length == 0 && byte >= 0xA0;
-        const bool control = byte < 0x20 || byte == 0x7F || (length == 0 && !latinLetter) ||
-                             (byte == 0xC2 && length == 2 && static_cast<unsigned char>(text[at + 1]) < 0xA0);
-        if (control)
-            shown += replacement;
-        else if (latinLetter) {
-            shown += static_cast<char>(0xC0 | byte >> 6);
-            shown += static_cast<char>(0x80 | (byte & 0x3F));
-        } else
-            shown.append(text, at, length);
-        at += length == 0 ? 1 : length;
     }
     return shown;
 }
@@ -88,9 +67,9 @@ static size_t FittingLength(const std::string& line, double width, const TextMea
 {
     size_t fits = 0;
     while (fits < line.size()) {
-        size_t end = fits + 1;
-        while (end < line.size() && Continues(line[end]))
-            ++end;
+        auto next = line.begin() + std::ptrdiff_t(fits);
+        utf8::unchecked::next(next);
+        const size_t end = size_t(next - line.begin());
         if (fits > 0 && measure(line.data(), int(end)) > width)
             break;
         fits = end;

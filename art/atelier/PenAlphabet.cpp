@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "art/atelier/PenAlphabet.h"
 
+#include <utf8.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -28,16 +30,7 @@ const PenLetter* Find(char32_t character)
 
 std::u32string Characters(const std::string& text)
 {
-    std::u32string result;
-    for (size_t i = 0; i < text.size();) {
-        const unsigned char first = static_cast<unsigned char>(text[i++]);
-        const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
-        char32_t c = more == 0 ? first : first & (0x3Fu >> more);
-        for (int k = 0; k < more && i < text.size(); ++k)
-            c = (c << 6) | (static_cast<unsigned char>(text[i++]) & 0x3Fu);
-        result.push_back(c);
-    }
-    return result;
+    return utf8::utf8to32(utf8::replace_invalid(text));
 }
 
 float ReadNumber(const char*& p)
