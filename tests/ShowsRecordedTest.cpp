@@ -121,7 +121,8 @@ INSTANTIATE_TEST_SUITE_P(OfOneEffect, Shows,
                                          ShowCase{"FX_FlashHand", large}, ShowCase{"FX_Footprint", large},
                                          ShowCase{"FX_VerticalScroller", large},
                                          ShowCase{"FX_RopeThing", large}, ShowCase{"FS_Image", large},
-                                         ShowCase{"FlashOverlays", large}),
+                                         ShowCase{"WhiteFlashOverlay", large},
+                                         ShowCase{"BlackFlashOverlay", large}),
                          [](const testing::TestParamInfo<ShowCase>& show) { return show.param.script; });
 
 INSTANTIATE_TEST_SUITE_P(OfMany, Shows,

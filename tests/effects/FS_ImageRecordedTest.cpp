@@ -3,10 +3,10 @@
 
 #include "tests/support/recorder/EffectFixture.h"
 
-class Painting : public EffectFixture
+class FS_ImageRecorded : public EffectFixture
 {
 protected:
-    Painting() : image("ochre_painting1.jpg") { Prepare(&image); }
+    FS_ImageRecorded() : image("ochre_painting1.jpg") { Prepare(&image); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -22,7 +22,7 @@ protected:
     FS_Image image;
 };
 
-TEST_F(Painting, DeclaresFlashAndFadeAndAttaches)
+TEST_F(FS_ImageRecorded, DeclaresFlashAndFadeAndAttaches)
 {
     EXPECT_EQ((std::vector<std::string>{
                   "flash: screen fades from black to transparent. PARAM 0: fading speed", "fade: NA"}),
@@ -30,7 +30,7 @@ TEST_F(Painting, DeclaresFlashAndFadeAndAttaches)
     EXPECT_TRUE(image.IsInitialised());
 }
 
-TEST_F(Painting, AsksForItsPictureItsMaskAndItsShader)
+TEST_F(FS_ImageRecorded, AsksForItsPictureItsMaskAndItsShader)
 {
     EXPECT_EQ((std::vector<std::string>{"ochre_painting1.jpg 0 0 1", "glowmask.jpg 1 1 1"}),
               TextureRequests());
@@ -38,7 +38,7 @@ TEST_F(Painting, AsksForItsPictureItsMaskAndItsShader)
     EXPECT_EQ((std::vector<std::string>{"sampler0", "sampler1", "delta"}), gl::Programs()[0].uniformNames);
 }
 
-TEST_F(Painting, ShowsThePictureItWasBuiltWith)
+TEST_F(FS_ImageRecorded, ShowsThePictureItWasBuiltWith)
 {
     AddPicture("another.png");
     FS_Image other("another.png");
@@ -47,7 +47,7 @@ TEST_F(Painting, ShowsThePictureItWasBuiltWith)
     EXPECT_TRUE(gl::IsTextured(gl::Draws().at(0), "another.png"));
 }
 
-TEST_F(Painting, FillsTheWholeWindowThroughItsShader)
+TEST_F(FS_ImageRecorded, FillsTheWholeWindowThroughItsShader)
 {
     window.SetLetterbox(0.85f);
     const gl::Draw picture = Picture();
@@ -68,7 +68,7 @@ TEST_F(Painting, FillsTheWholeWindowThroughItsShader)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(Painting, TheZoomLetsTheEdgesMoveOutOfTheWindow)
+TEST_F(FS_ImageRecorded, TheZoomLetsTheEdgesMoveOutOfTheWindow)
 {
     for (const double t : {10.0, 30.0}) {
         image.SetLocalTime(float(t));
@@ -83,14 +83,14 @@ TEST_F(Painting, TheZoomLetsTheEdgesMoveOutOfTheWindow)
     EXPECT_NEAR(-0.36, Picture().vertices[0].object.x, 1e-6);
 }
 
-TEST_F(Painting, WithoutFadeDeltaStaysZero)
+TEST_F(FS_ImageRecorded, WithoutFadeDeltaStaysZero)
 {
     for (int i = 0; i < 10; i++)
         Step(1);
     EXPECT_TRUE(gl::HasUniform(Picture(), "delta", {0}));
 }
 
-TEST_F(Painting, FadeRunsDeltaUpWithoutEnd)
+TEST_F(FS_ImageRecorded, FadeRunsDeltaUpWithoutEnd)
 {
     Send(&image, "fade", {3});
     EXPECT_TRUE(gl::HasUniform(Picture(), "delta", {0}));
@@ -102,7 +102,7 @@ TEST_F(Painting, FadeRunsDeltaUpWithoutEnd)
     EXPECT_TRUE(gl::HasUniform(Picture(), "delta", {10}));
 }
 
-TEST_F(Painting, ASecondFadeStartsAgainFromZero)
+TEST_F(FS_ImageRecorded, ASecondFadeStartsAgainFromZero)
 {
     Send(&image, "fade");
     Step(2);
@@ -112,7 +112,7 @@ TEST_F(Painting, ASecondFadeStartsAgainFromZero)
     EXPECT_TRUE(gl::HasUniform(Picture(), "delta", {0.5}));
 }
 
-TEST_F(Painting, FlashWithOrWithoutParameterChangesNothingToBeSeen)
+TEST_F(FS_ImageRecorded, FlashWithOrWithoutParameterChangesNothingToBeSeen)
 {
     Frame(&image);
     const std::vector<std::string> before = gl::Calls();
@@ -125,7 +125,7 @@ TEST_F(Painting, FlashWithOrWithoutParameterChangesNothingToBeSeen)
     EXPECT_EQ(before, gl::Calls());
 }
 
-TEST_F(Painting, TheCallsComeInOrder)
+TEST_F(FS_ImageRecorded, TheCallsComeInOrder)
 {
     gl::ClearRecords();
     image.Render();
@@ -154,7 +154,7 @@ TEST_F(Painting, TheCallsComeInOrder)
                                                  "glLoadIdentity()"}));
 }
 
-TEST_F(Painting, LeavesTheWholeWindowNoTexturesAndUnitZero)
+TEST_F(FS_ImageRecorded, LeavesTheWholeWindowNoTexturesAndUnitZero)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -173,7 +173,7 @@ TEST_F(Painting, LeavesTheWholeWindowNoTexturesAndUnitZero)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(Painting, ASecondInitStopsTheFadeAndKeepsTheZoom)
+TEST_F(FS_ImageRecorded, ASecondInitStopsTheFadeAndKeepsTheZoom)
 {
     Send(&image, "fade");
     Step(2);
@@ -184,7 +184,7 @@ TEST_F(Painting, ASecondInitStopsTheFadeAndKeepsTheZoom)
     EXPECT_NEAR(-0.04, Picture().vertices[0].object.x, 1e-6);
 }
 
-TEST_F(Painting, UnknownMessagesAreIgnored)
+TEST_F(FS_ImageRecorded, UnknownMessagesAreIgnored)
 {
     float params[1] = {1};
     image.ReceiveMessage(0, params, 1);

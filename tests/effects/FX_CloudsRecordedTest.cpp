@@ -7,10 +7,10 @@
 
 static const double pi = 3.1415927;
 
-class CloudFlight : public EffectFixture
+class FX_CloudsRecorded : public EffectFixture
 {
 protected:
-    CloudFlight() { Prepare(&flight); }
+    FX_CloudsRecorded() { Prepare(&flight); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -31,14 +31,14 @@ static int NextOfSequence(int n)
     return (sequence >> 16) % n;
 }
 
-TEST_F(CloudFlight, DeclaresItsMessagesInOrderAndAttaches)
+TEST_F(FX_CloudsRecorded, DeclaresItsMessagesInOrderAndAttaches)
 {
     EXPECT_EQ((std::vector<std::string>{"hand: NA", "handFrakt: NA", "fadeOut: NA", "blend: NA"}),
               DeclaredMessages(&flight));
     EXPECT_TRUE(flight.IsInitialised());
 }
 
-TEST_F(CloudFlight, AsksForItsPicturesInOrderWithoutANumberTen)
+TEST_F(FX_CloudsRecorded, AsksForItsPicturesInOrderWithoutANumberTen)
 {
     std::vector<std::string> expected = {"cloud_5.png 1 1 1", "cloud_6.png 1 1 1", "himmelarsch.jpg 1 1 1",
                                          "himmelarschling.jpg 1 1 1"};
@@ -49,7 +49,7 @@ TEST_F(CloudFlight, AsksForItsPicturesInOrderWithoutANumberTen)
     EXPECT_EQ((std::vector<std::string>{"sampler0", "sampler1", "delta"}), gl::Programs()[0].uniformNames);
 }
 
-TEST_F(CloudFlight, SevenHundredCloudsStandWhereTheSequencePutsThem)
+TEST_F(FX_CloudsRecorded, SevenHundredCloudsStandWhereTheSequencePutsThem)
 {
     sequence = 310312;
     for (int i = 0; i < 700; i++) {
@@ -65,7 +65,7 @@ TEST_F(CloudFlight, SevenHundredCloudsStandWhereTheSequencePutsThem)
     }
 }
 
-TEST_F(CloudFlight, TheFirstTenCloudsAndTheLastOneAsNumbers)
+TEST_F(FX_CloudsRecorded, TheFirstTenCloudsAndTheLastOneAsNumbers)
 {
     // Worked out apart from this program: state * 22695477 modulo 2^32, its upper half % 2000, with its sign.
     const double places[10][2] = {{-5.78, -16.272}, {4.04, -13.722}, {-7.70, -14.484}, {-36.82, -8.700},
@@ -79,7 +79,7 @@ TEST_F(CloudFlight, TheFirstTenCloudsAndTheLastOneAsNumbers)
     EXPECT_NEAR(1.974, flight.clouds[699].y, 1e-5);
 }
 
-TEST_F(CloudFlight, TheFirstSixRollsAsNumbers)
+TEST_F(FX_CloudsRecorded, TheFirstSixRollsAsNumbers)
 {
     const float rolls[6][2] = {{-38, -44.5f}, {-21, -27.5f}, {2, 0.5f},
                                {-15, -17.5f}, {0, -0.5f},    {-15, -17.5f}};
@@ -90,14 +90,14 @@ TEST_F(CloudFlight, TheFirstSixRollsAsNumbers)
     }
 }
 
-TEST_F(CloudFlight, TheShadersAreTheGlowMasksAndTheMix)
+TEST_F(FX_CloudsRecorded, TheShadersAreTheGlowMasksAndTheMix)
 {
     ASSERT_EQ(2u, gl::Shaders().size());
     EXPECT_EQ(0u, gl::Shaders()[0].source.find("// glowmask.vp"));
     EXPECT_EQ(0u, gl::Shaders()[1].source.find("// mix.fp"));
 }
 
-TEST_F(CloudFlight, TwelveGreetingsInPairs)
+TEST_F(FX_CloudsRecorded, TwelveGreetingsInPairs)
 {
     ASSERT_EQ(12u, flight.greetingQuads.size());
     for (int i = 0; i < 12; i += 2) {
@@ -115,7 +115,7 @@ TEST_F(CloudFlight, TwelveGreetingsInPairs)
     }
 }
 
-TEST_F(CloudFlight, StartValues)
+TEST_F(FX_CloudsRecorded, StartValues)
 {
     EXPECT_EQ(0.0f, flight.cameraTravel);
     EXPECT_EQ(1.0f, flight.skyFade);
@@ -127,7 +127,7 @@ TEST_F(CloudFlight, StartValues)
     EXPECT_EQ(3.0f, flight.eye.z);
 }
 
-TEST_F(CloudFlight, InitUpdatesTwiceWithWhateverDeltaThereIs)
+TEST_F(FX_CloudsRecorded, InitUpdatesTwiceWithWhateverDeltaThereIs)
 {
     PassTime(0.25);
     Init(&flight);
@@ -135,7 +135,7 @@ TEST_F(CloudFlight, InitUpdatesTwiceWithWhateverDeltaThereIs)
     EXPECT_FLOAT_EQ(0.7f * 0.7f, flight.skyFade);
 }
 
-TEST_F(CloudFlight, TheSkyFillsTheBandThroughTheMixShader)
+TEST_F(FX_CloudsRecorded, TheSkyFillsTheBandThroughTheMixShader)
 {
     Frame(&flight);
     const gl::Draw sky = Sky();
@@ -154,7 +154,7 @@ TEST_F(CloudFlight, TheSkyFillsTheBandThroughTheMixShader)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(CloudFlight, TheSkyRisesAtItsRate)
+TEST_F(FX_CloudsRecorded, TheSkyRisesAtItsRate)
 {
     Step(0.25);
     EXPECT_FLOAT_EQ(0.7f, flight.skyFade);
@@ -167,7 +167,7 @@ TEST_F(CloudFlight, TheSkyRisesAtItsRate)
     EXPECT_NEAR(std::exp(-1.2), flight.skyFade, 0.001);
 }
 
-TEST_F(CloudFlight, CloudsComeFromFarToNearAllButNumberZero)
+TEST_F(FX_CloudsRecorded, CloudsComeFromFarToNearAllButNumberZero)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -190,7 +190,7 @@ TEST_F(CloudFlight, CloudsComeFromFarToNearAllButNumberZero)
     }
 }
 
-TEST_F(CloudFlight, CloudsThatWerePassedAreGoneAndTheLastOneTooInTheEnd)
+TEST_F(FX_CloudsRecorded, CloudsThatWerePassedAreGoneAndTheLastOneTooInTheEnd)
 {
     flight.cameraTravel = 100;
     Frame(&flight);
@@ -204,7 +204,7 @@ TEST_F(CloudFlight, CloudsThatWerePassedAreGoneAndTheLastOneTooInTheEnd)
     EXPECT_NEAR(46.4, 1392 / 30.0, 0.01) << "seconds";
 }
 
-TEST_F(CloudFlight, TheFlightIsStraightAndThirtyASecond)
+TEST_F(FX_CloudsRecorded, TheFlightIsStraightAndThirtyASecond)
 {
     Step(0.5);
     EXPECT_EQ(15.0f, flight.cameraTravel);
@@ -215,7 +215,7 @@ TEST_F(CloudFlight, TheFlightIsStraightAndThirtyASecond)
         gl::IsMatrix(Clouds().at(0).modelview, camera * gl::Translation(cloud.x, cloud.y, cloud.z), 1e-3));
 }
 
-TEST_F(CloudFlight, NearCloudsThinOutFarOnesComeBack)
+TEST_F(FX_CloudsRecorded, NearCloudsThinOutFarOnesComeBack)
 {
     for (Cloud& cloud : flight.clouds)
         cloud.fade = 0.5f;
@@ -229,7 +229,7 @@ TEST_F(CloudFlight, NearCloudsThinOutFarOnesComeBack)
     EXPECT_EQ(0.0f, flight.clouds[300].fade) << "not below 0";
 }
 
-TEST_F(CloudFlight, AThinCloudIsDrawnThin)
+TEST_F(FX_CloudsRecorded, AThinCloudIsDrawnThin)
 {
     flight.clouds[699].fade = 0.25f;
     flight.clouds[698].fade = 1.5f;
@@ -238,7 +238,7 @@ TEST_F(CloudFlight, AThinCloudIsDrawnThin)
     EXPECT_TRUE(gl::HasColour(Clouds().at(1), {1, 1, 1, -0.5})) << "no upper clamp";
 }
 
-TEST_F(CloudFlight, FadeOutTogglesTheFadeOfTheWholeScene)
+TEST_F(FX_CloudsRecorded, FadeOutTogglesTheFadeOfTheWholeScene)
 {
     flight.skyFade = 0;
     Send(&flight, "fadeOut", {1});
@@ -258,7 +258,7 @@ TEST_F(CloudFlight, FadeOutTogglesTheFadeOfTheWholeScene)
     EXPECT_FLOAT_EQ(before - 0.125f * 1.7f, flight.clouds[650].fade);
 }
 
-TEST_F(CloudFlight, BlendCrossFadesWithinHalfASecondOnceAndForAll)
+TEST_F(FX_CloudsRecorded, BlendCrossFadesWithinHalfASecondOnceAndForAll)
 {
     Step(1);
     EXPECT_EQ(0.0f, flight.blendValue);
@@ -275,7 +275,7 @@ TEST_F(CloudFlight, BlendCrossFadesWithinHalfASecondOnceAndForAll)
     EXPECT_EQ(1.0f, flight.blendValue);
 }
 
-TEST_F(CloudFlight, HandsShowThePairsInTurnAndThenNothing)
+TEST_F(FX_CloudsRecorded, HandsShowThePairsInTurnAndThenNothing)
 {
     const int expected[9] = {0, 2, 4, 6, 8, 10, -2, 0, 2};
     for (const int index : expected) {
@@ -287,7 +287,7 @@ TEST_F(CloudFlight, HandsShowThePairsInTurnAndThenNothing)
     }
 }
 
-TEST_F(CloudFlight, TheFirstSixRollsComeFromTheSequenceBehindTheClouds)
+TEST_F(FX_CloudsRecorded, TheFirstSixRollsComeFromTheSequenceBehindTheClouds)
 {
     sequence = 310312;
     for (int i = 0; i < 1400; i++)
@@ -303,7 +303,7 @@ TEST_F(CloudFlight, TheFirstSixRollsComeFromTheSequenceBehindTheClouds)
     }
 }
 
-TEST_F(CloudFlight, TheRollGoesOnPastItsEnd)
+TEST_F(FX_CloudsRecorded, TheRollGoesOnPastItsEnd)
 {
     Send(&flight, "hand");
     flight.rollFrom = -10;
@@ -314,7 +314,7 @@ TEST_F(CloudFlight, TheRollGoesOnPastItsEnd)
     EXPECT_FLOAT_EQ(12.5f, flight.roll);
 }
 
-TEST_F(CloudFlight, AHandJoltsTheCamera)
+TEST_F(FX_CloudsRecorded, AHandJoltsTheCamera)
 {
     Send(&flight, "hand");
     flight.SetLocalTime(2);
@@ -332,7 +332,7 @@ TEST_F(CloudFlight, AHandJoltsTheCamera)
         gl::IsMatrix(Clouds().at(0).modelview, camera * gl::Translation(cloud.x, cloud.y, cloud.z), 2e-3));
 }
 
-TEST_F(CloudFlight, TheJoltDiesAtItsRate)
+TEST_F(FX_CloudsRecorded, TheJoltDiesAtItsRate)
 {
     Send(&flight, "hand");
     Step(0.125);
@@ -342,7 +342,7 @@ TEST_F(CloudFlight, TheJoltDiesAtItsRate)
     EXPECT_LT(flight.shake, 0.05f) << "within half a second";
 }
 
-TEST_F(CloudFlight, AGreetingRisesInAQuarterSecondAndComesNearer)
+TEST_F(FX_CloudsRecorded, AGreetingRisesInAQuarterSecondAndComesNearer)
 {
     Send(&flight, "hand");
     Step(0.125);
@@ -355,7 +355,7 @@ TEST_F(CloudFlight, AGreetingRisesInAQuarterSecondAndComesNearer)
     EXPECT_EQ(1.5f, flight.handAlpha) << "GL limits it";
 }
 
-TEST_F(CloudFlight, APairIsDrawnOverEverythingTheCardTwiceAsBright)
+TEST_F(FX_CloudsRecorded, APairIsDrawnOverEverythingTheCardTwiceAsBright)
 {
     Send(&flight, "hand");
     Send(&flight, "hand"); // pair 2
@@ -387,13 +387,13 @@ TEST_F(CloudFlight, APairIsDrawnOverEverythingTheCardTwiceAsBright)
     EXPECT_EQ(arm.event, gl::Draws()[gl::Draws().size() - 2].event) << "the arm first, the card last";
 }
 
-TEST_F(CloudFlight, AtMinusTwoNoGreetingIsDrawn)
+TEST_F(FX_CloudsRecorded, AtMinusTwoNoGreetingIsDrawn)
 {
     Frame(&flight);
     EXPECT_EQ(1u + 696u, gl::Draws().size());
 }
 
-TEST_F(CloudFlight, HandFraktDivesTowardsTheCardAndFreezes)
+TEST_F(FX_CloudsRecorded, HandFraktDivesTowardsTheCardAndFreezes)
 {
     Send(&flight, "hand");
     flight.rollFrom = flight.rollTo = 0;
@@ -422,7 +422,7 @@ TEST_F(CloudFlight, HandFraktDivesTowardsTheCardAndFreezes)
     EXPECT_FLOAT_EQ(alpha - 0.15f, flight.handAlpha);
 }
 
-TEST_F(CloudFlight, TheGreetingCameraIsTurnedByTheRoll)
+TEST_F(FX_CloudsRecorded, TheGreetingCameraIsTurnedByTheRoll)
 {
     Send(&flight, "hand");
     flight.rollFrom = 30;
@@ -436,7 +436,7 @@ TEST_F(CloudFlight, TheGreetingCameraIsTurnedByTheRoll)
     EXPECT_NEAR(std::sin(r) * x + std::cos(r) * y, flight.target.y, 1e-5);
 }
 
-TEST_F(CloudFlight, AtTheEndOfTheMoveExactlyItIsStillMade)
+TEST_F(FX_CloudsRecorded, AtTheEndOfTheMoveExactlyItIsStillMade)
 {
     Send(&flight, "hand");
     Send(&flight, "handFrakt");
@@ -450,7 +450,7 @@ TEST_F(CloudFlight, AtTheEndOfTheMoveExactlyItIsStillMade)
     EXPECT_EQ(2, flight.handState);
 }
 
-TEST_F(CloudFlight, HandFraktWithoutAHandShowsTheLastPairAtOnceOrNone)
+TEST_F(FX_CloudsRecorded, HandFraktWithoutAHandShowsTheLastPairAtOnceOrNone)
 {
     Send(&flight, "handFrakt");
     EXPECT_EQ(-2, flight.greetingIndex);
@@ -463,7 +463,7 @@ TEST_F(CloudFlight, HandFraktWithoutAHandShowsTheLastPairAtOnceOrNone)
     EXPECT_EQ(1.0f, flight.handAlpha);
 }
 
-TEST_F(CloudFlight, WithoutAHandTheBrightnessSinksBelowZero)
+TEST_F(FX_CloudsRecorded, WithoutAHandTheBrightnessSinksBelowZero)
 {
     Step(0.5);
     Step(0.5);
@@ -472,7 +472,7 @@ TEST_F(CloudFlight, WithoutAHandTheBrightnessSinksBelowZero)
     EXPECT_EQ(0.0f, flight.handAlpha);
 }
 
-TEST_F(CloudFlight, AHandResetsTheEyeThatHadComeNearer)
+TEST_F(FX_CloudsRecorded, AHandResetsTheEyeThatHadComeNearer)
 {
     Send(&flight, "hand");
     Step(2);
@@ -481,7 +481,7 @@ TEST_F(CloudFlight, AHandResetsTheEyeThatHadComeNearer)
     EXPECT_NEAR(3 - 0.125 * 0.4, flight.eye.z, 1e-5);
 }
 
-TEST_F(CloudFlight, CloudNumberZeroTakesNoPartEvenWhereItWouldBeSeen)
+TEST_F(FX_CloudsRecorded, CloudNumberZeroTakesNoPartEvenWhereItWouldBeSeen)
 {
     flight.cameraTravel = -10; // all of them are ahead from here
     for (Cloud& cloud : flight.clouds)
@@ -500,7 +500,7 @@ TEST_F(CloudFlight, CloudNumberZeroTakesNoPartEvenWhereItWouldBeSeen)
     EXPECT_NE(0.5f, flight.clouds[699].fade);
 }
 
-TEST_F(CloudFlight, ACloudThinsOutFromBelowTwentyAhead)
+TEST_F(FX_CloudsRecorded, ACloudThinsOutFromBelowTwentyAhead)
 {
     for (Cloud& cloud : flight.clouds)
         cloud.fade = 0.5f;
@@ -510,7 +510,7 @@ TEST_F(CloudFlight, ACloudThinsOutFromBelowTwentyAhead)
     EXPECT_GT(flight.clouds[9].fade, 0.5f);
 }
 
-TEST_F(CloudFlight, AHandTakesEverythingBackThatADiveDid)
+TEST_F(FX_CloudsRecorded, AHandTakesEverythingBackThatADiveDid)
 {
     Send(&flight, "hand");
     flight.rollFrom = 4;
@@ -535,7 +535,7 @@ TEST_F(CloudFlight, AHandTakesEverythingBackThatADiveDid)
     EXPECT_EQ(0.0f, flight.cameraBlend);
 }
 
-TEST_F(CloudFlight, ASecondDiveStartsFromTheStart)
+TEST_F(FX_CloudsRecorded, ASecondDiveStartsFromTheStart)
 {
     Send(&flight, "hand");
     flight.rollFrom = flight.rollTo = 0;
@@ -553,7 +553,7 @@ TEST_F(CloudFlight, ASecondDiveStartsFromTheStart)
     EXPECT_NE(z, flight.eye.z);
 }
 
-TEST_F(CloudFlight, AnInitStartsEverythingAnew)
+TEST_F(FX_CloudsRecorded, AnInitStartsEverythingAnew)
 {
     Send(&flight, "hand");
     const float firstRoll = flight.rollFrom;
@@ -602,7 +602,7 @@ TEST_F(CloudFlight, AnInitStartsEverythingAnew)
     EXPECT_EQ(1u, gl::DrawsWithTexture("greetings_01.png").size());
 }
 
-TEST_F(CloudFlight, LeavesTheDepthTestOffTheBandAndNoTextures)
+TEST_F(FX_CloudsRecorded, LeavesTheDepthTestOffTheBandAndNoTextures)
 {
     glEnable(GL_DEPTH_TEST);
     Frame(&flight);
@@ -620,7 +620,7 @@ TEST_F(CloudFlight, LeavesTheDepthTestOffTheBandAndNoTextures)
     EXPECT_EQ(1, gl::StackDepth(GL_MODELVIEW));
 }
 
-TEST_F(CloudFlight, UnknownMessagesAreIgnored)
+TEST_F(FX_CloudsRecorded, UnknownMessagesAreIgnored)
 {
     flight.ReceiveMessage(0, nullptr, 0);
     EXPECT_EQ(-2, flight.greetingIndex);

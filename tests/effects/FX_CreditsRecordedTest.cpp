@@ -8,10 +8,10 @@
 
 static const double pi = 3.141; // the effect's figure
 
-class MakersNames : public EffectFixture
+class FX_CreditsRecorded : public EffectFixture
 {
 protected:
-    MakersNames() { Prepare(&credits); }
+    FX_CreditsRecorded() { Prepare(&credits); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -60,14 +60,14 @@ protected:
     FX_Credits credits;
 };
 
-TEST_F(MakersNames, DeclaresItsMessagesInOrderAndDoesntAttach)
+TEST_F(FX_CreditsRecorded, DeclaresItsMessagesInOrderAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"fade_in: NA", "fade_last_in: NA", "fade_out: NA"}),
               DeclaredMessages(&credits));
     EXPECT_FALSE(credits.IsInitialised());
 }
 
-TEST_F(MakersNames, AsksForItsPicturesAndItsShader)
+TEST_F(FX_CreditsRecorded, AsksForItsPicturesAndItsShader)
 {
     EXPECT_EQ((std::vector<std::string>{"stoned.jpg 1 1 1", "credit-fen_tarogato.png 1 1 1",
                                         "credit-ochre.png 1 1 1", "credit-dunmarrow.png 1 1 1",
@@ -77,7 +77,7 @@ TEST_F(MakersNames, AsksForItsPicturesAndItsShader)
     EXPECT_EQ((std::vector<std::string>{"blur_intensity"}), gl::Programs()[0].uniformNames);
 }
 
-TEST_F(MakersNames, StartValues)
+TEST_F(FX_CreditsRecorded, StartValues)
 {
     EXPECT_EQ(0.5f, credits.growth);
     EXPECT_EQ(0.5f, credits.growthTarget);
@@ -109,11 +109,11 @@ static void ExpectTree(const Tree& tree, int seed, int depth)
     }
 }
 
-class Courses : public MakersNames, public testing::WithParamInterface<const char*>
+class FX_CreditsCourses : public FX_CreditsRecorded, public testing::WithParamInterface<const char*>
 {
 };
 
-TEST_P(Courses, TheUsualCourse)
+TEST_P(FX_CreditsCourses, TheUsualCourse)
 {
     ExpectTree(*credits.tree, 352362122, 2);
     // clang-format off
@@ -154,12 +154,12 @@ TEST_P(Courses, TheUsualCourse)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEither, Courses, testing::Values("fade_in", "fade_last_in"),
+INSTANTIATE_TEST_SUITE_P(OfEither, FX_CreditsCourses, testing::Values("fade_in", "fade_last_in"),
                          [](const testing::TestParamInfo<const char*>& message) {
                              return std::string(message.param);
                          });
 
-TEST_F(MakersNames, PastTheLastStepTheLimitedMessageStillPlantsAndGrows)
+TEST_F(FX_CreditsRecorded, PastTheLastStepTheLimitedMessageStillPlantsAndGrows)
 {
     FadeIn(9); // to step 8, which has no camera of its own
     credits.growth = 0.75f;
@@ -177,7 +177,7 @@ TEST_F(MakersNames, PastTheLastStepTheLimitedMessageStillPlantsAndGrows)
     EXPECT_EQ(0.5f, credits.creditFade);
 }
 
-TEST_F(MakersNames, UpdateFollowsItsRates)
+TEST_F(FX_CreditsRecorded, UpdateFollowsItsRates)
 {
     Step(0.5);
     EXPECT_EQ(0.5f, credits.growth) << "no rate before the first message";
@@ -196,7 +196,7 @@ TEST_F(MakersNames, UpdateFollowsItsRates)
     EXPECT_FLOAT_EQ(credits.growth * 0.75f, credits.treeGrowth);
 }
 
-TEST_F(MakersNames, FadeOutWithersAndDarkensAndAFadeInBringsItBack)
+TEST_F(FX_CreditsRecorded, FadeOutWithersAndDarkensAndAFadeInBringsItBack)
 {
     FadeIn(1);
     for (int i = 0; i < 100; i++)
@@ -217,7 +217,7 @@ TEST_F(MakersNames, FadeOutWithersAndDarkensAndAFadeInBringsItBack)
     EXPECT_EQ(1.0f, credits.wither) << "a second one starts from the whole";
 }
 
-TEST_F(MakersNames, FadeLastInStopsAtTheLastStepAndTheLastName)
+TEST_F(FX_CreditsRecorded, FadeLastInStopsAtTheLastStepAndTheLastName)
 {
     FadeIn(8, "fade_last_in");
     EXPECT_EQ(7, credits.step);
@@ -231,7 +231,7 @@ TEST_F(MakersNames, FadeLastInStopsAtTheLastStepAndTheLastName)
     EXPECT_NEAR(target + 1.8, credits.growthTarget, 1e-5) << "but the tree grows on";
 }
 
-TEST_F(MakersNames, TooManyFadeInsStayWithTheLastCameraAndName)
+TEST_F(FX_CreditsRecorded, TooManyFadeInsStayWithTheLastCameraAndName)
 {
     FadeIn(10);
     EXPECT_EQ(9, credits.step);
@@ -246,7 +246,7 @@ TEST_F(MakersNames, TooManyFadeInsStayWithTheLastCameraAndName)
     EXPECT_TRUE(gl::DrawsWithTexture("credit-ochre.png").empty()) << "above 4 no name is drawn";
 }
 
-TEST_F(MakersNames, TheSceneGoesOffTheScreenUnderItsCamera)
+TEST_F(FX_CreditsRecorded, TheSceneGoesOffTheScreenUnderItsCamera)
 {
     const int steps[5] = {-1, 1, 3, 5, 7};
     for (const int step : steps) {
@@ -264,7 +264,7 @@ TEST_F(MakersNames, TheSceneGoesOffTheScreenUnderItsCamera)
     }
 }
 
-TEST_F(MakersNames, TheGroundIsAsBrightAsItsValue)
+TEST_F(FX_CreditsRecorded, TheGroundIsAsBrightAsItsValue)
 {
     credits.brightness = 0.5f;
     Frame(&credits);
@@ -277,7 +277,7 @@ TEST_F(MakersNames, TheGroundIsAsBrightAsItsValue)
     EXPECT_TRUE(gl::IsLit(ground, false));
 }
 
-TEST_F(MakersNames, TheTreeIsDrawnLitAndOnceMoreAsItsShadow)
+TEST_F(FX_CreditsRecorded, TheTreeIsDrawnLitAndOnceMoreAsItsShadow)
 {
     credits.treeGrowth = 1.2f;
     Frame(&credits);
@@ -320,7 +320,7 @@ TEST_F(MakersNames, TheTreeIsDrawnLitAndOnceMoreAsItsShadow)
     EXPECT_TRUE(gl::IsMatrix(shadow[0].modelview, expected * gl::Scaling(scale, scale, scale), 1e-3));
 }
 
-TEST_F(MakersNames, ThePictureComesBackThroughTheBlur)
+TEST_F(FX_CreditsRecorded, ThePictureComesBackThroughTheBlur)
 {
     credits.growth = 0.9f;
     Frame(&credits);
@@ -337,7 +337,7 @@ TEST_F(MakersNames, ThePictureComesBackThroughTheBlur)
     EXPECT_NE(0u, picture.state->units[0].bound);
 }
 
-TEST_F(MakersNames, TheBlurFollowsTheGrowthUntilTheLastCamera)
+TEST_F(FX_CreditsRecorded, TheBlurFollowsTheGrowthUntilTheLastCamera)
 {
     Frame(&credits);
     EXPECT_TRUE(gl::HasUniform(Picture(), "blur_intensity", {-0.25f}, 1e-6)) << "before the first message";
@@ -350,7 +350,7 @@ TEST_F(MakersNames, TheBlurFollowsTheGrowthUntilTheLastCamera)
     EXPECT_TRUE(gl::HasUniform(Picture(), "blur_intensity", {0.25f}));
 }
 
-TEST_F(MakersNames, FourNamesStandInTheirPlaces)
+TEST_F(FX_CreditsRecorded, FourNamesStandInTheirPlaces)
 {
     const char* const names[4] = {"credit-fen_tarogato.png", "credit-ochre.png", "credit-dunmarrow.png",
                                   "credit-lowbeam.png"};
@@ -385,7 +385,7 @@ TEST_F(MakersNames, FourNamesStandInTheirPlaces)
     EXPECT_NEAR(1.36 * 800, gl::DrawsWithTexture(names[0]).at(0).vertices[1].window.x, 0.1);
 }
 
-TEST_F(MakersNames, ANameComesAtOnceStaysAndDies)
+TEST_F(FX_CreditsRecorded, ANameComesAtOnceStaysAndDies)
 {
     double full = 0, fallen = 0, gone = 0;
     credits.creditIndex = 0;
@@ -405,7 +405,7 @@ TEST_F(MakersNames, ANameComesAtOnceStaysAndDies)
     EXPECT_NEAR(5.0, gone, 0.2);
 }
 
-TEST_F(MakersNames, BeforeTheFirstNameNoneIsDrawn)
+TEST_F(FX_CreditsRecorded, BeforeTheFirstNameNoneIsDrawn)
 {
     Frame(&credits);
     for (const char* name :
@@ -413,7 +413,7 @@ TEST_F(MakersNames, BeforeTheFirstNameNoneIsDrawn)
         EXPECT_TRUE(gl::DrawsWithTexture(name).empty());
 }
 
-TEST_F(MakersNames, WhatRanBeforeDoesntReachTheScene)
+TEST_F(FX_CreditsRecorded, WhatRanBeforeDoesntReachTheScene)
 {
     Frame(&credits); // whose lights and materials stay in the target's context
     Frame(&credits);
@@ -438,7 +438,7 @@ TEST_F(MakersNames, WhatRanBeforeDoesntReachTheScene)
         << "nor the scene's camera the window";
 }
 
-TEST_F(MakersNames, LeavesTheBandDepthAndBlendingOffAndTheProjectionAsItWas)
+TEST_F(FX_CreditsRecorded, LeavesTheBandDepthAndBlendingOffAndTheProjectionAsItWas)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -458,7 +458,7 @@ TEST_F(MakersNames, LeavesTheBandDepthAndBlendingOffAndTheProjectionAsItWas)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(MakersNames, ASecondInitMakesAnotherTreeOfTheStepThatStands)
+TEST_F(FX_CreditsRecorded, ASecondInitMakesAnotherTreeOfTheStepThatStands)
 {
     FadeIn(3);
     const Tree* old = credits.tree;
@@ -469,7 +469,7 @@ TEST_F(MakersNames, ASecondInitMakesAnotherTreeOfTheStepThatStands)
     ExpectTree(*credits.tree, 352362122, 3);
 }
 
-TEST_F(MakersNames, UnknownMessagesAreIgnored)
+TEST_F(FX_CreditsRecorded, UnknownMessagesAreIgnored)
 {
     credits.ReceiveMessage(0, nullptr, 0);
     EXPECT_EQ(-1, credits.step);

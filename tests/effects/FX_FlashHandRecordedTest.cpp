@@ -3,10 +3,10 @@
 
 #include "tests/support/recorder/EffectFixture.h"
 
-class Photograph : public EffectFixture
+class FX_FlashHandRecorded : public EffectFixture
 {
 protected:
-    Photograph() { Prepare(&hand); }
+    FX_FlashHandRecorded() { Prepare(&hand); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -28,27 +28,27 @@ protected:
     FX_FlashHand hand;
 };
 
-TEST_F(Photograph, DeclaresOneMessageAndDoesntAttach)
+TEST_F(FX_FlashHandRecorded, DeclaresOneMessageAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"flash: NA"}), DeclaredMessages(&hand));
     EXPECT_FALSE(hand.IsInitialised());
 }
 
-TEST_F(Photograph, AsksForItsPictureAndItsShader)
+TEST_F(FX_FlashHandRecorded, AsksForItsPictureAndItsShader)
 {
     EXPECT_EQ((std::vector<std::string>{"foto.png 1 1 1"}), TextureRequests());
     ASSERT_EQ(1u, gl::Programs().size());
     EXPECT_EQ((std::vector<std::string>{"blur_intensity"}), gl::Programs()[0].uniformNames);
 }
 
-TEST_F(Photograph, BetweenFlashesNothingIsTouched)
+TEST_F(FX_FlashHandRecorded, BetweenFlashesNothingIsTouched)
 {
     gl::ClearRecords();
     hand.Render();
     EXPECT_TRUE(gl::Calls().empty());
 }
 
-TEST_F(Photograph, JumpsInAtFullStrengthAndOverItsFrame)
+TEST_F(FX_FlashHandRecorded, JumpsInAtFullStrengthAndOverItsFrame)
 {
     Send(&hand, "flash");
     Frame(&hand);
@@ -71,7 +71,7 @@ TEST_F(Photograph, JumpsInAtFullStrengthAndOverItsFrame)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(Photograph, ShrinksInAQuarterOfASecondAndStandsStillInsideItsFrame)
+TEST_F(FX_FlashHandRecorded, ShrinksInAQuarterOfASecondAndStandsStillInsideItsFrame)
 {
     Send(&hand, "flash");
     Step(0.125); // 0.975
@@ -85,7 +85,7 @@ TEST_F(Photograph, ShrinksInAQuarterOfASecondAndStandsStillInsideItsFrame)
     ExpectQuads(-0.05);
 }
 
-TEST_F(Photograph, FallsInALineWhileItsBlurredCopySwellsAndDies)
+TEST_F(FX_FlashHandRecorded, FallsInALineWhileItsBlurredCopySwellsAndDies)
 {
     Send(&hand, "flash");
     for (int i = 0; i < 20; i++) {
@@ -101,7 +101,7 @@ TEST_F(Photograph, FallsInALineWhileItsBlurredCopySwellsAndDies)
     EXPECT_TRUE(gl::Draws().empty()) << "gone after five seconds";
 }
 
-TEST_F(Photograph, AtExactlyAThousandthItIsDrawnOnceMore)
+TEST_F(FX_FlashHandRecorded, AtExactlyAThousandthItIsDrawnOnceMore)
 {
     // Falls close to it, and from there by a last step of the length that is missing. Most steps miss it by a
     // bit or two; one ends on the float 0.001 itself, as the picture's alpha tells.
@@ -129,7 +129,7 @@ TEST_F(Photograph, AtExactlyAThousandthItIsDrawnOnceMore)
     EXPECT_EQ(2u, gl::Draws().size());
 }
 
-TEST_F(Photograph, TheValueFallsBelowZeroWithoutHarm)
+TEST_F(FX_FlashHandRecorded, TheValueFallsBelowZeroWithoutHarm)
 {
     Send(&hand, "flash");
     Step(100);
@@ -140,7 +140,7 @@ TEST_F(Photograph, TheValueFallsBelowZeroWithoutHarm)
     ExpectQuads(0.15);
 }
 
-TEST_F(Photograph, ASecondFlashRestartsItWithTheJump)
+TEST_F(FX_FlashHandRecorded, ASecondFlashRestartsItWithTheJump)
 {
     Send(&hand, "flash");
     Step(2);
@@ -150,7 +150,7 @@ TEST_F(Photograph, ASecondFlashRestartsItWithTheJump)
     EXPECT_TRUE(gl::HasColour(gl::Draws()[0], {1, 1, 1, 1}));
 }
 
-TEST_F(Photograph, LeavesBlendingOffDepthOnAndTheProjectionAsItWas)
+TEST_F(FX_FlashHandRecorded, LeavesBlendingOffDepthOnAndTheProjectionAsItWas)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -167,7 +167,7 @@ TEST_F(Photograph, LeavesBlendingOffDepthOnAndTheProjectionAsItWas)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(Photograph, ASecondInitEndsAFlash)
+TEST_F(FX_FlashHandRecorded, ASecondInitEndsAFlash)
 {
     Send(&hand, "flash");
     Init(&hand);
@@ -175,7 +175,7 @@ TEST_F(Photograph, ASecondInitEndsAFlash)
     EXPECT_TRUE(gl::Draws().empty());
 }
 
-TEST_F(Photograph, UnknownMessagesAreIgnored)
+TEST_F(FX_FlashHandRecorded, UnknownMessagesAreIgnored)
 {
     hand.ReceiveMessage(0, nullptr, 0);
     hand.ReceiveMessage(99, nullptr, 0);

@@ -5,10 +5,10 @@
 
 #include <cmath>
 
-class Footprints : public EffectFixture
+class FX_FootprintRecorded : public EffectFixture
 {
 protected:
-    Footprints() { Prepare(&walk); }
+    FX_FootprintRecorded() { Prepare(&walk); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -31,13 +31,13 @@ protected:
     FX_Footprint walk;
 };
 
-TEST_F(Footprints, DeclaresStepThenTriggerBaseAndDoesntAttach)
+TEST_F(FX_FootprintRecorded, DeclaresStepThenTriggerBaseAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"step: NA", "trigger_base: NA"}), DeclaredMessages(&walk));
     EXPECT_FALSE(walk.IsInitialised());
 }
 
-TEST_F(Footprints, AsksForItsPicturesAndForAShaderThatStaysIdle)
+TEST_F(FX_FootprintRecorded, AsksForItsPicturesAndForAShaderThatStaysIdle)
 {
     EXPECT_EQ(
         (std::vector<std::string>{"footprint.png 1 1 1", "sandbau.jpg 1 1 1", "footprint_white.jpg 1 1 1"}),
@@ -50,7 +50,7 @@ TEST_F(Footprints, AsksForItsPicturesAndForAShaderThatStaysIdle)
         EXPECT_TRUE(gl::UsesNoProgram(draw));
 }
 
-TEST_F(Footprints, TheFirstMarkLiesOutOfSightButIsNumberZero)
+TEST_F(FX_FootprintRecorded, TheFirstMarkLiesOutOfSightButIsNumberZero)
 {
     ASSERT_EQ(1u, walk.marks.size());
     EXPECT_GT(std::fabs(walk.marks[0].x), 1e8f);
@@ -58,7 +58,7 @@ TEST_F(Footprints, TheFirstMarkLiesOutOfSightButIsNumberZero)
     EXPECT_EQ(0.0f, walk.walked);
 }
 
-TEST_F(Footprints, TheSandIsFortyTilesAndABandToTheHorizon)
+TEST_F(FX_FootprintRecorded, TheSandIsFortyTilesAndABandToTheHorizon)
 {
     walk.SetLocalTime(5);
     Frame(&walk);
@@ -79,7 +79,7 @@ TEST_F(Footprints, TheSandIsFortyTilesAndABandToTheHorizon)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(Footprints, TheSandFadesInYellowFirst)
+TEST_F(FX_FootprintRecorded, TheSandFadesInYellowFirst)
 {
     for (const double t : {0.0, 0.5, 1.0, 2.0, 4.0, 6.0}) {
         walk.SetLocalTime(float(t));
@@ -88,7 +88,7 @@ TEST_F(Footprints, TheSandFadesInYellowFirst)
     }
 }
 
-TEST_F(Footprints, TheCameraStandsThreeBackAndThreeUpAndCirclesWithTheWalk)
+TEST_F(FX_FootprintRecorded, TheCameraStandsThreeBackAndThreeUpAndCirclesWithTheWalk)
 {
     Frame(&walk);
     EXPECT_TRUE(gl::IsMatrix(Sand().at(0).modelview, Camera(0, 0, 0)));
@@ -102,7 +102,7 @@ TEST_F(Footprints, TheCameraStandsThreeBackAndThreeUpAndCirclesWithTheWalk)
     EXPECT_TRUE(gl::IsMatrix(Sand().at(0).modelview, Camera(5, 0.4, 3), 1e-4));
 }
 
-TEST_F(Footprints, TheFirstStepIsAnOddPrint)
+TEST_F(FX_FootprintRecorded, TheFirstStepIsAnOddPrint)
 {
     Send(&walk, "step", {9, 9});
     ASSERT_EQ(2u, walk.marks.size());
@@ -120,7 +120,7 @@ TEST_F(Footprints, TheFirstStepIsAnOddPrint)
     EXPECT_TRUE(gl::IsMatrix(print.modelview, Camera(0, 0, 0) * place, 1e-4));
 }
 
-TEST_F(Footprints, TheSecondStepIsAnEvenPrint)
+TEST_F(FX_FootprintRecorded, TheSecondStepIsAnEvenPrint)
 {
     Send(&walk, "step");
     Send(&walk, "step");
@@ -131,7 +131,7 @@ TEST_F(Footprints, TheSecondStepIsAnEvenPrint)
     EXPECT_TRUE(gl::IsMatrix(print.modelview, Camera(0, 0, 0) * place, 1e-4));
 }
 
-TEST_F(Footprints, APrintFlaresUpToFiveTimesItsSizeAndShrinksBack)
+TEST_F(FX_FootprintRecorded, APrintFlaresUpToFiveTimesItsSizeAndShrinksBack)
 {
     Send(&walk, "step");
     Frame(&walk);
@@ -152,7 +152,7 @@ TEST_F(Footprints, APrintFlaresUpToFiveTimesItsSizeAndShrinksBack)
     EXPECT_TRUE(gl::HasColour(Glows()[1], {1.25, 1.25, 1.25}));
 }
 
-TEST_F(Footprints, AGlowOfATenthOrLessIsNotDrawn)
+TEST_F(FX_FootprintRecorded, AGlowOfATenthOrLessIsNotDrawn)
 {
     Send(&walk, "step");
     walk.marks[0].alpha = 1;
@@ -167,7 +167,7 @@ TEST_F(Footprints, AGlowOfATenthOrLessIsNotDrawn)
     EXPECT_TRUE(Glows().empty());
 }
 
-TEST_F(Footprints, GlowsAndPrintsFollowEachOtherAndSetTheirOwnBlending)
+TEST_F(FX_FootprintRecorded, GlowsAndPrintsFollowEachOtherAndSetTheirOwnBlending)
 {
     Send(&walk, "step");
     Frame(&walk);
@@ -180,7 +180,7 @@ TEST_F(Footprints, GlowsAndPrintsFollowEachOtherAndSetTheirOwnBlending)
          "glPopMatrix()", "glDepthMask(GL_TRUE)", "glEnable(GL_DEPTH_TEST)"}));
 }
 
-TEST_F(Footprints, APrintGrowsOpaqueAtRateFourAndStopsAtOne)
+TEST_F(FX_FootprintRecorded, APrintGrowsOpaqueAtRateFourAndStopsAtOne)
 {
     Send(&walk, "step");
     Step(0.125);
@@ -197,7 +197,7 @@ TEST_F(Footprints, APrintGrowsOpaqueAtRateFourAndStopsAtOne)
     EXPECT_EQ(1.5f, walk.marks[1].alpha);
 }
 
-TEST_F(Footprints, AStepPushesTheWalkWhichMovesAheadOfTheBrake)
+TEST_F(FX_FootprintRecorded, AStepPushesTheWalkWhichMovesAheadOfTheBrake)
 {
     Send(&walk, "step");
     Step(0.25);
@@ -206,7 +206,7 @@ TEST_F(Footprints, AStepPushesTheWalkWhichMovesAheadOfTheBrake)
     EXPECT_FLOAT_EQ(2.5f + 0.25f * 5 * 1.2f, walk.walked);
 }
 
-TEST_F(Footprints, EachStepCarriesTheCameraSixAndAQuarter)
+TEST_F(FX_FootprintRecorded, EachStepCarriesTheCameraSixAndAQuarter)
 {
     for (const double frame : {1.0 / 64, 1.0 / 32}) {
         Init(&walk);
@@ -220,7 +220,7 @@ TEST_F(Footprints, EachStepCarriesTheCameraSixAndAQuarter)
     }
 }
 
-TEST_F(Footprints, AStepShowsItsPrintWhateverTheSandIs)
+TEST_F(FX_FootprintRecorded, AStepShowsItsPrintWhateverTheSandIs)
 {
     Send(&walk, "trigger_base");
     Send(&walk, "step");
@@ -229,7 +229,7 @@ TEST_F(Footprints, AStepShowsItsPrintWhateverTheSandIs)
     EXPECT_EQ(2u, Prints().size());
 }
 
-TEST_F(Footprints, TriggerBaseTwiceShowsTheSandAgainAtOnce)
+TEST_F(FX_FootprintRecorded, TriggerBaseTwiceShowsTheSandAgainAtOnce)
 {
     walk.SetLocalTime(3);
     Send(&walk, "trigger_base");
@@ -240,7 +240,7 @@ TEST_F(Footprints, TriggerBaseTwiceShowsTheSandAgainAtOnce)
     EXPECT_TRUE(gl::HasColour(Sand().at(0), {1, 1, 3, 0.75}));
 }
 
-TEST_F(Footprints, PrintsBehindTheCameraAreStillDrawnInOrder)
+TEST_F(FX_FootprintRecorded, PrintsBehindTheCameraAreStillDrawnInOrder)
 {
     for (int i = 0; i < 30; i++)
         Send(&walk, "step");
@@ -249,7 +249,7 @@ TEST_F(Footprints, PrintsBehindTheCameraAreStillDrawnInOrder)
     EXPECT_EQ(31u, walk.marks.size());
 }
 
-TEST_F(Footprints, LeavesBlendingOnAndTheDepthStateOn)
+TEST_F(FX_FootprintRecorded, LeavesBlendingOnAndTheDepthStateOn)
 {
     Frame(&walk);
     EXPECT_TRUE(gl::Now().Enabled(GL_BLEND));
@@ -261,7 +261,7 @@ TEST_F(Footprints, LeavesBlendingOnAndTheDepthStateOn)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(Footprints, ASecondInitSetsAMarkWhereTheWalkIsAndStartsIt)
+TEST_F(FX_FootprintRecorded, ASecondInitSetsAMarkWhereTheWalkIsAndStartsIt)
 {
     Send(&walk, "step");
     Send(&walk, "trigger_base");
@@ -276,7 +276,7 @@ TEST_F(Footprints, ASecondInitSetsAMarkWhereTheWalkIsAndStartsIt)
     EXPECT_EQ(1u, Sand().size());
 }
 
-TEST_F(Footprints, UnknownMessagesAreIgnored)
+TEST_F(FX_FootprintRecorded, UnknownMessagesAreIgnored)
 {
     walk.ReceiveMessage(0, nullptr, 0);
     Frame(&walk);

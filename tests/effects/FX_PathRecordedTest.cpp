@@ -9,10 +9,10 @@
 
 static const double pi = 3.141; // the effect's figure
 
-class VillageWalk : public EffectFixture
+class FX_PathRecorded : public EffectFixture
 {
 protected:
-    VillageWalk() { Prepare(&path); }
+    FX_PathRecorded() { Prepare(&path); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -56,7 +56,7 @@ protected:
     FX_Path path;
 };
 
-TEST_F(VillageWalk, DeclaresItsMessagesInOrderAndDoesntAttach)
+TEST_F(FX_PathRecorded, DeclaresItsMessagesInOrderAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"flash_all: NA", "tree1: NA", "tree2: NA", "tree3: NA",
                                         "trigger_cam: NA", "flash_cam: NA"}),
@@ -64,7 +64,7 @@ TEST_F(VillageWalk, DeclaresItsMessagesInOrderAndDoesntAttach)
     EXPECT_FALSE(path.IsInitialised());
 }
 
-TEST_F(VillageWalk, AsksForItsPicturesInOrder)
+TEST_F(FX_PathRecorded, AsksForItsPicturesInOrder)
 {
     EXPECT_EQ((std::vector<std::string>{"budentextur.jpg 1 1 1", "licht-an.png 1 1 1", "licht-aus.png 1 1 1",
                                         "teststreifen.png 1 1 1", "partikel_2.jpg 1 1 1",
@@ -75,7 +75,7 @@ TEST_F(VillageWalk, AsksForItsPicturesInOrder)
     EXPECT_EQ(1864u, path.tree->nodes.size());
 }
 
-TEST_F(VillageWalk, StartValues)
+TEST_F(FX_PathRecorded, StartValues)
 {
     EXPECT_EQ(0.0f, path.zoom);
     EXPECT_EQ(0.0f, path.zoomTarget);
@@ -88,7 +88,7 @@ TEST_F(VillageWalk, StartValues)
     EXPECT_EQ(1.0f, path.edgeFade);
 }
 
-TEST_F(VillageWalk, UpdateLetsEachValueDecayAtItsRate)
+TEST_F(FX_PathRecorded, UpdateLetsEachValueDecayAtItsRate)
 {
     path.pulse = 1;
     path.zoomTarget = 2;
@@ -108,7 +108,7 @@ TEST_F(VillageWalk, UpdateLetsEachValueDecayAtItsRate)
     EXPECT_EQ(0.875f, path.tree->nodes[5]->glow);
 }
 
-TEST_F(VillageWalk, TheWalkMovesInRender)
+TEST_F(FX_PathRecorded, TheWalkMovesInRender)
 {
     PassTime(0.5);
     Frame(&path);
@@ -120,7 +120,7 @@ TEST_F(VillageWalk, TheWalkMovesInRender)
     EXPECT_FLOAT_EQ(0.5f * 0.075f * 1.5f, path.walked);
 }
 
-TEST_F(VillageWalk, TheHeadWouldReachThePlazaAfterSeventeenSeconds)
+TEST_F(FX_PathRecorded, TheHeadWouldReachThePlazaAfterSeventeenSeconds)
 {
     double t = 0;
     while (path.walked * 50 < 64) {
@@ -134,7 +134,7 @@ TEST_F(VillageWalk, TheHeadWouldReachThePlazaAfterSeventeenSeconds)
     EXPECT_NEAR(3.75, 64 / t, 0.02);
 }
 
-TEST_F(VillageWalk, TheCameraFollowsFromBehindAndRises)
+TEST_F(FX_PathRecorded, TheCameraFollowsFromBehindAndRises)
 {
     for (const double t : {0.0, 1.5, 6.0}) {
         path.SetLocalTime(float(t));
@@ -147,7 +147,7 @@ TEST_F(VillageWalk, TheCameraFollowsFromBehindAndRises)
     }
 }
 
-TEST_F(VillageWalk, AfterTriggerCamTheCameraLiftsAndTheWalkStopsASevenAndAHalfFurther)
+TEST_F(FX_PathRecorded, AfterTriggerCamTheCameraLiftsAndTheWalkStopsASevenAndAHalfFurther)
 {
     Send(&path, "trigger_cam");
     gl::Pause();
@@ -165,7 +165,7 @@ TEST_F(VillageWalk, AfterTriggerCamTheCameraLiftsAndTheWalkStopsASevenAndAHalfFu
         gl::IsMatrix(Of("budentextur.jpg").at(0).modelview, Follow(1) * gl::Translation(0, 0, -4), 2e-3));
 }
 
-TEST_F(VillageWalk, TreeMessagesBeforeTriggerCamDoNotCount)
+TEST_F(FX_PathRecorded, TreeMessagesBeforeTriggerCamDoNotCount)
 {
     for (const char* message : {"tree1", "tree2", "tree3"})
         Send(&path, message);
@@ -177,7 +177,7 @@ TEST_F(VillageWalk, TreeMessagesBeforeTriggerCamDoNotCount)
     EXPECT_TRUE(Of("partikel_2.jpg").empty()) << "and the tree isn't drawn";
 }
 
-TEST_F(VillageWalk, Tree1FollowsItsRuleOfThrees)
+TEST_F(FX_PathRecorded, Tree1FollowsItsRuleOfThrees)
 {
     Send(&path, "trigger_cam");
     const float pulses[9] = {0.5f, 0.5f, 2, 0.5f, 0.5f, -1, 0.5f, 0.5f, -1};
@@ -203,7 +203,7 @@ static double Light(const FX_Path& path)
     return sum;
 }
 
-TEST_F(VillageWalk, TheNumberOfSparksAndFlashesIsFixed)
+TEST_F(FX_PathRecorded, TheNumberOfSparksAndFlashesIsFixed)
 {
     double perSpark = 0;
     for (int k = 0; k <= 8; k++)
@@ -222,7 +222,7 @@ TEST_F(VillageWalk, TheNumberOfSparksAndFlashesIsFixed)
     EXPECT_NEAR(perSpark + 2 * perFlash, Light(path) - before, 0.1);
 }
 
-TEST_F(VillageWalk, Tree2AlwaysPulsesStrongly)
+TEST_F(FX_PathRecorded, Tree2AlwaysPulsesStrongly)
 {
     Send(&path, "trigger_cam");
     for (int hit = 1; hit <= 6; hit++) {
@@ -233,7 +233,7 @@ TEST_F(VillageWalk, Tree2AlwaysPulsesStrongly)
     }
 }
 
-TEST_F(VillageWalk, Tree3DropsTheLookAtPointAndLetsItClimb)
+TEST_F(FX_PathRecorded, Tree3DropsTheLookAtPointAndLetsItClimb)
 {
     Send(&path, "trigger_cam");
     Send(&path, "tree3");
@@ -251,7 +251,7 @@ TEST_F(VillageWalk, Tree3DropsTheLookAtPointAndLetsItClimb)
         gl::IsMatrix(Of("budentextur.jpg").at(0).modelview, Follow(0.25) * gl::Translation(0, 0, -4), 2e-2));
 }
 
-TEST_F(VillageWalk, FromTheSecondHitTheCameraOrbits)
+TEST_F(FX_PathRecorded, FromTheSecondHitTheCameraOrbits)
 {
     Send(&path, "trigger_cam");
     Send(&path, "tree1");
@@ -269,7 +269,7 @@ TEST_F(VillageWalk, FromTheSecondHitTheCameraOrbits)
     }
 }
 
-TEST_F(VillageWalk, FlashAllAndFlashCamChangeNothing)
+TEST_F(FX_PathRecorded, FlashAllAndFlashCamChangeNothing)
 {
     Send(&path, "trigger_cam");
     Look();
@@ -281,7 +281,7 @@ TEST_F(VillageWalk, FlashAllAndFlashCamChangeNothing)
     EXPECT_EQ(0, path.treeHits);
 }
 
-TEST_F(VillageWalk, TheSkyHasFourFacesAndNoFloor)
+TEST_F(FX_PathRecorded, TheSkyHasFourFacesAndNoFloor)
 {
     Look();
     struct {
@@ -321,7 +321,7 @@ TEST_F(VillageWalk, TheSkyHasFourFacesAndNoFloor)
     }
 }
 
-TEST_F(VillageWalk, TheFieldAndThePlazaLieFlatAndWriteNoDepth)
+TEST_F(FX_PathRecorded, TheFieldAndThePlazaLieFlatAndWriteNoDepth)
 {
     Look();
     const gl::Draw field = Of("ackerbau_tiled3.jpg").at(0);
@@ -341,7 +341,7 @@ TEST_F(VillageWalk, TheFieldAndThePlazaLieFlatAndWriteNoDepth)
     }
 }
 
-TEST_F(VillageWalk, HousesStandInTheSunAndPillarsUnderTheLamp)
+TEST_F(FX_PathRecorded, HousesStandInTheSunAndPillarsUnderTheLamp)
 {
     Look();
     const std::vector<gl::Draw> walls = Of("budentextur.jpg");
@@ -365,7 +365,7 @@ TEST_F(VillageWalk, HousesStandInTheSunAndPillarsUnderTheLamp)
     EXPECT_TRUE(Of("licht-aus.png").empty()) << "every window is lit";
 }
 
-TEST_F(VillageWalk, ShadowsAreBlackWithoutATextureAndOverThePlaza)
+TEST_F(FX_PathRecorded, ShadowsAreBlackWithoutATextureAndOverThePlaza)
 {
     Look();
     const int plaza = Of("ackerbau_tiled2.jpg").at(0).event, strip = Of("teststreifen.png").at(0).event;
@@ -394,7 +394,7 @@ TEST_F(VillageWalk, ShadowsAreBlackWithoutATextureAndOverThePlaza)
                              0.1));
 }
 
-TEST_F(VillageWalk, TheStripUnrollsWithASoftHeadThatComesInAskew)
+TEST_F(FX_PathRecorded, TheStripUnrollsWithASoftHeadThatComesInAskew)
 {
     path.walked = 0.4f;
     path.stripFade = 0.25f;
@@ -426,14 +426,14 @@ TEST_F(VillageWalk, TheStripUnrollsWithASoftHeadThatComesInAskew)
                                {{1, 1, 1, 0}, {1, 1, 1, 0}, {1, 1, 1, 0}, {1, 1, 1, -1}}));
 }
 
-TEST_F(VillageWalk, AtTheStartOnlyTailAndHeadOfTheStripShow)
+TEST_F(FX_PathRecorded, AtTheStartOnlyTailAndHeadOfTheStripShow)
 {
     Look();
     const gl::Draw body = Of("teststreifen.png").at(0);
     EXPECT_EQ(body.vertices[0].object.x, body.vertices[1].object.x) << "no width";
 }
 
-TEST_F(VillageWalk, TheTreeStandsOnThePlazaAtHalfItsSize)
+TEST_F(FX_PathRecorded, TheTreeStandsOnThePlazaAtHalfItsSize)
 {
     Send(&path, "trigger_cam");
     Send(&path, "tree1");
@@ -451,7 +451,7 @@ TEST_F(VillageWalk, TheTreeStandsOnThePlazaAtHalfItsSize)
     EXPECT_EQ(1, gl::StackDepth(GL_MODELVIEW));
 }
 
-TEST_F(VillageWalk, FromTheSixthHitTwoRingsCoverTheScreen)
+TEST_F(FX_PathRecorded, FromTheSixthHitTwoRingsCoverTheScreen)
 {
     Send(&path, "trigger_cam");
     for (int i = 0; i < 5; i++)
@@ -480,7 +480,7 @@ TEST_F(VillageWalk, FromTheSixthHitTwoRingsCoverTheScreen)
     EXPECT_EQ(1, gl::StackDepth(GL_MODELVIEW));
 }
 
-TEST_F(VillageWalk, PulseAndPillarsBend)
+TEST_F(FX_PathRecorded, PulseAndPillarsBend)
 {
     path.pulse = 0.5f;
     Look();
@@ -492,7 +492,7 @@ TEST_F(VillageWalk, PulseAndPillarsBend)
     EXPECT_GT(std::fabs(top.x - still.x) + std::fabs(top.y - still.y) + std::fabs(top.z - still.z), 2.0f);
 }
 
-TEST_F(VillageWalk, LeavesItsStateAndNoErrors)
+TEST_F(FX_PathRecorded, LeavesItsStateAndNoErrors)
 {
     glEnable(GL_COLOR_MATERIAL);
     Look();
@@ -506,7 +506,7 @@ TEST_F(VillageWalk, LeavesItsStateAndNoErrors)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(VillageWalk, TheFrameBeginsWithAPreludeThatDrawsNothing)
+TEST_F(FX_PathRecorded, TheFrameBeginsWithAPreludeThatDrawsNothing)
 {
     gl::ClearRecords();
     path.Render();
@@ -518,7 +518,7 @@ TEST_F(VillageWalk, TheFrameBeginsWithAPreludeThatDrawsNothing)
                                   "glLoadIdentity()", "gluLookAt", "gluPerspective"}));
 }
 
-TEST_F(VillageWalk, ASecondInitKeepsTheWalkAndPlantsANewTree)
+TEST_F(FX_PathRecorded, ASecondInitKeepsTheWalkAndPlantsANewTree)
 {
     Send(&path, "trigger_cam");
     Send(&path, "tree2");
@@ -540,7 +540,7 @@ TEST_F(VillageWalk, ASecondInitKeepsTheWalkAndPlantsANewTree)
     EXPECT_EQ(2.0f, path.zoomTarget);
 }
 
-TEST_F(VillageWalk, UnknownMessagesAreIgnored)
+TEST_F(FX_PathRecorded, UnknownMessagesAreIgnored)
 {
     path.ReceiveMessage(0, nullptr, 0);
     EXPECT_FALSE(path.triggered);

@@ -7,10 +7,10 @@
 
 static const double pi = 3.141; // the effect's figure
 
-class Fish : public EffectFixture
+class FX_RopeThingRecorded : public EffectFixture
 {
 protected:
-    Fish()
+    FX_RopeThingRecorded()
     {
         // A face for the body, another for the eyes, to be told apart.
         AddFile("fish.txt", "body 3 0 0 0 1 0 0 0 1 0 1 0 0 1 1 0.25 0.25 1 0 3 0 1 2 3 0 0 0 3 0 0 0");
@@ -42,7 +42,7 @@ protected:
     FX_RopeThing fish;
 };
 
-TEST_F(Fish, DeclaresItsScenesInOrderAndDoesntAttach)
+TEST_F(FX_RopeThingRecorded, DeclaresItsScenesInOrderAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"front: NA", "intro: NA", "shock: NA"}), DeclaredMessages(&fish));
     EXPECT_FALSE(fish.IsInitialised());
@@ -51,7 +51,7 @@ TEST_F(Fish, DeclaresItsScenesInOrderAndDoesntAttach)
     EXPECT_EQ(0.0f, fish.progress);
 }
 
-TEST_F(Fish, AsksForItsPicturesAndItsShader)
+TEST_F(FX_RopeThingRecorded, AsksForItsPicturesAndItsShader)
 {
     EXPECT_EQ((std::vector<std::string>{"partikel_2.jpg 1 1 1", "fischhaut.jpg 1 1 1", "fisheye.jpg 1 1 1"}),
               TextureRequests());
@@ -59,7 +59,7 @@ TEST_F(Fish, AsksForItsPicturesAndItsShader)
     EXPECT_EQ((std::vector<std::string>{"sampler0", "fTime0_X", "vtxColor"}), gl::Programs()[0].uniformNames);
 }
 
-TEST_F(Fish, SixStraightRopesOfFiftyLinks)
+TEST_F(FX_RopeThingRecorded, SixStraightRopesOfFiftyLinks)
 {
     const float directions[6][3] = {{0, 0, 1}, {0, 0, -1}, {0, 1, 0}, {0, -1, 0}, {1, 0, 0}, {-1, 0, 0}};
     for (int rope = 0; rope < 6; rope++)
@@ -68,7 +68,7 @@ TEST_F(Fish, SixStraightRopesOfFiftyLinks)
                 ASSERT_EQ(i * directions[rope][axis], fish.ropes[rope][i][axis]);
 }
 
-TEST_F(Fish, BeforeTheFirstMessageNothingIsDrawnWhileTheRopeRelaxes)
+TEST_F(FX_RopeThingRecorded, BeforeTheFirstMessageNothingIsDrawnWhileTheRopeRelaxes)
 {
     fish.fade = 0.7f;
     gl::ClearRecords();
@@ -82,7 +82,7 @@ TEST_F(Fish, BeforeTheFirstMessageNothingIsDrawnWhileTheRopeRelaxes)
     EXPECT_EQ(-300.0f, fish.travel);
 }
 
-TEST_F(Fish, TheRopeFollowsItsLeaderInOnePass)
+TEST_F(FX_RopeThingRecorded, TheRopeFollowsItsLeaderInOnePass)
 {
     for (int i = 0; i < 50; i++)
         Vec3Set(fish.ropes[0][i], 0, 0, 3.0f * i);
@@ -99,7 +99,7 @@ TEST_F(Fish, TheRopeFollowsItsLeaderInOnePass)
     EXPECT_NEAR(1 / length, v[2], 1e-4) << "along the line between them";
 }
 
-TEST_F(Fish, LinksThatCoincideDoNoHarm)
+TEST_F(FX_RopeThingRecorded, LinksThatCoincideDoNoHarm)
 {
     for (int i = 0; i < 50; i++)
         Vec3Set(fish.ropes[0][i], 1, 1, 1);
@@ -108,7 +108,7 @@ TEST_F(Fish, LinksThatCoincideDoNoHarm)
         EXPECT_EQ(1.0f, fish.ropes[0][i][0]);
 }
 
-TEST_F(Fish, IntroStartsAtZHundredWithARopeBehindWhereTheFishWas)
+TEST_F(FX_RopeThingRecorded, IntroStartsAtZHundredWithARopeBehindWhereTheFishWas)
 {
     Send(&fish, "intro", {1});
     EXPECT_EQ(1, fish.mode);
@@ -120,7 +120,7 @@ TEST_F(Fish, IntroStartsAtZHundredWithARopeBehindWhereTheFishWas)
     }
 }
 
-TEST_F(Fish, IntroIsSeenFromAFixedEyeInFullLight)
+TEST_F(FX_RopeThingRecorded, IntroIsSeenFromAFixedEyeInFullLight)
 {
     Send(&fish, "intro");
     fish.SetLocalTime(0.5f);
@@ -153,7 +153,7 @@ TEST_F(Fish, IntroIsSeenFromAFixedEyeInFullLight)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(Fish, TheRopeIsFiftySparksThatShrinkAndFade)
+TEST_F(FX_RopeThingRecorded, TheRopeIsFiftySparksThatShrinkAndFade)
 {
     Send(&fish, "intro");
     Frame(&fish);
@@ -177,7 +177,7 @@ TEST_F(Fish, TheRopeIsFiftySparksThatShrinkAndFade)
     }
 }
 
-TEST_F(Fish, IntroSwimsAndSinksAtItsRates)
+TEST_F(FX_RopeThingRecorded, IntroSwimsAndSinksAtItsRates)
 {
     Send(&fish, "intro");
     Step(0.25);
@@ -185,7 +185,7 @@ TEST_F(Fish, IntroSwimsAndSinksAtItsRates)
     EXPECT_FLOAT_EQ(1 - 0.25f * 1.4f, fish.progress);
 }
 
-TEST_F(Fish, FrontStartsBesideTheMiddleWithARopeBehind)
+TEST_F(FX_RopeThingRecorded, FrontStartsBesideTheMiddleWithARopeBehind)
 {
     fish.position[1] = 9;
     Send(&fish, "front", {1});
@@ -198,7 +198,7 @@ TEST_F(Fish, FrontStartsBesideTheMiddleWithARopeBehind)
     }
 }
 
-TEST_F(Fish, InFrontTheCameraRidesAlong)
+TEST_F(FX_RopeThingRecorded, InFrontTheCameraRidesAlong)
 {
     Send(&fish, "front");
     for (const double progress : {0.8, 0.5, 0.2}) {
@@ -223,7 +223,7 @@ TEST_F(Fish, InFrontTheCameraRidesAlong)
     }
 }
 
-TEST_F(Fish, FrontAtProgressOneIsDrawnAlmostDark)
+TEST_F(FX_RopeThingRecorded, FrontAtProgressOneIsDrawnAlmostDark)
 {
     Send(&fish, "front");
     Frame(&fish);
@@ -233,7 +233,7 @@ TEST_F(Fish, FrontAtProgressOneIsDrawnAlmostDark)
     EXPECT_EQ(50u, Sparks().size());
 }
 
-TEST_F(Fish, FrontFadesInAndOut)
+TEST_F(FX_RopeThingRecorded, FrontFadesInAndOut)
 {
     Send(&fish, "front");
     double brightest = 0, when = 0;
@@ -252,7 +252,7 @@ TEST_F(Fish, FrontFadesInAndOut)
     EXPECT_FLOAT_EQ(1 - 0.25f * 0.6f, fish.progress);
 }
 
-TEST_F(Fish, FarFromTheEyeTheFishIsNotDrawnAndTheRopeIsBlack)
+TEST_F(FX_RopeThingRecorded, FarFromTheEyeTheFishIsNotDrawnAndTheRopeIsBlack)
 {
     // No place of this scene is that far from its eye; a fish without brightness stands in for one.
     Send(&fish, "front");
@@ -264,7 +264,7 @@ TEST_F(Fish, FarFromTheEyeTheFishIsNotDrawnAndTheRopeIsBlack)
     EXPECT_TRUE(gl::HasColour(Sparks()[0], {0, 0, 0}));
 }
 
-TEST_F(Fish, ShockHangsAtTheOriginAndFliesAtTheCamera)
+TEST_F(FX_RopeThingRecorded, ShockHangsAtTheOriginAndFliesAtTheCamera)
 {
     fish.travel = 33;
     Send(&fish, "shock", {1});
@@ -287,7 +287,7 @@ TEST_F(Fish, ShockHangsAtTheOriginAndFliesAtTheCamera)
     EXPECT_FLOAT_EQ(0.2f - 0.125f * 0.2f * 6.4f, fish.progress);
 }
 
-TEST_F(Fish, AShockIsAShortFlash)
+TEST_F(FX_RopeThingRecorded, AShockIsAShortFlash)
 {
     Send(&fish, "shock");
     double brightest = 0, when = 0, dark = 0;
@@ -305,7 +305,7 @@ TEST_F(Fish, AShockIsAShortFlash)
     EXPECT_NEAR(0.54, dark, 0.01);
 }
 
-TEST_F(Fish, ShockAfterIntroKeepsTheOldRope)
+TEST_F(FX_RopeThingRecorded, ShockAfterIntroKeepsTheOldRope)
 {
     Send(&fish, "intro");
     const Vec3* rope = fish.ropes[0];
@@ -315,7 +315,7 @@ TEST_F(Fish, ShockAfterIntroKeepsTheOldRope)
     EXPECT_NE(rope, fish.ropes[0]);
 }
 
-TEST_F(Fish, AMessageOfItsOwnKindStartsASceneOver)
+TEST_F(FX_RopeThingRecorded, AMessageOfItsOwnKindStartsASceneOver)
 {
     Send(&fish, "intro");
     Step(1);
@@ -324,7 +324,7 @@ TEST_F(Fish, AMessageOfItsOwnKindStartsASceneOver)
     EXPECT_EQ(1.0f, fish.progress);
 }
 
-TEST_F(Fish, AnyOtherMessageActsByTheModeThatStands)
+TEST_F(FX_RopeThingRecorded, AnyOtherMessageActsByTheModeThatStands)
 {
     fish.ReceiveMessage(0, nullptr, 0);
     EXPECT_EQ(0, fish.mode);
@@ -335,7 +335,7 @@ TEST_F(Fish, AnyOtherMessageActsByTheModeThatStands)
     EXPECT_EQ(100.0f, fish.travel) << "starts the scene over";
 }
 
-TEST_F(Fish, LeavesTheDepthStateOnAndItsBlending)
+TEST_F(FX_RopeThingRecorded, LeavesTheDepthStateOnAndItsBlending)
 {
     Send(&fish, "intro");
     Frame(&fish);
@@ -352,7 +352,7 @@ TEST_F(Fish, LeavesTheDepthStateOnAndItsBlending)
     EXPECT_FALSE(gl::Now().Enabled(GL_BLEND)) << "the fish switched it off";
 }
 
-TEST_F(Fish, ItUsesTheProjectionItFinds)
+TEST_F(FX_RopeThingRecorded, ItUsesTheProjectionItFinds)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);

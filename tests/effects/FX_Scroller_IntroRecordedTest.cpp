@@ -9,10 +9,10 @@
 
 static const double pi = 3.141; // the effect's figure
 
-class Opening : public EffectFixture
+class FX_Scroller_IntroRecorded : public EffectFixture
 {
 protected:
-    Opening() { Prepare(&intro); }
+    FX_Scroller_IntroRecorded() { Prepare(&intro); }
 
     // Time for the scroll, which moves in Render.
     void Scroll(double seconds, double step)
@@ -49,14 +49,14 @@ protected:
     FX_Scroller_Intro intro;
 };
 
-TEST_F(Opening, DeclaresItsThreeMessagesInOrderAndDoesntAttach)
+TEST_F(FX_Scroller_IntroRecorded, DeclaresItsThreeMessagesInOrderAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"fadein_logo: NA", "fadeout: NA", "light_flash: NA"}),
               DeclaredMessages(&intro));
     EXPECT_FALSE(intro.IsInitialised());
 }
 
-TEST_F(Opening, AsksForItsPicturesInOrder)
+TEST_F(FX_Scroller_IntroRecorded, AsksForItsPicturesInOrder)
 {
     EXPECT_EQ((std::vector<std::string>{"tessel-logo.png 1 1 1", "black-chick.png 1 1 1",
                                         "moonwaltz-logo.png 1 1 1", "waldsterben.png 0 0 1",
@@ -66,7 +66,7 @@ TEST_F(Opening, AsksForItsPicturesInOrder)
               TextureRequests());
 }
 
-TEST_F(Opening, ParticlesStandAlongTheirPathsInTheDark)
+TEST_F(FX_Scroller_IntroRecorded, ParticlesStandAlongTheirPathsInTheDark)
 {
     for (int i = 0; i < 2000; i++) {
         const ScrollerParticle& particle = intro.particles[i];
@@ -78,7 +78,7 @@ TEST_F(Opening, ParticlesStandAlongTheirPathsInTheDark)
     EXPECT_EQ(-842150451, intro.flashCount);
 }
 
-TEST_F(Opening, PathsAreTheTablesInTheUnitSquare)
+TEST_F(FX_Scroller_IntroRecorded, PathsAreTheTablesInTheUnitSquare)
 {
     for (int k = 0; k < 9; k++) {
         const std::vector<float>& path = intro.paths[k];
@@ -89,7 +89,7 @@ TEST_F(Opening, PathsAreTheTablesInTheUnitSquare)
     }
 }
 
-TEST_F(Opening, ASampleWalksNStepsOverOneSegmentLess)
+TEST_F(FX_Scroller_IntroRecorded, ASampleWalksNStepsOverOneSegmentLess)
 {
     const std::vector<float> path = {0, 0, 1, 10, 2, 20, 3, 30, 4, 40, 5, 50, 6, 60, 7, 70}; // n = 8
     float x, y;
@@ -103,7 +103,7 @@ TEST_F(Opening, ASampleWalksNStepsOverOneSegmentLess)
     EXPECT_FLOAT_EQ(65.0f, y);
 }
 
-TEST_F(Opening, OnTheLastStepASparkRestsAThirdOfTheWayAlong)
+TEST_F(FX_Scroller_IntroRecorded, OnTheLastStepASparkRestsAThirdOfTheWayAlong)
 {
     const std::vector<float> path = {0, 0, 1, 10, 2, 20, 3, 30, 4, 40, 5, 50, 6, 60, 7, 70};
     float x, y;
@@ -116,7 +116,7 @@ TEST_F(Opening, OnTheLastStepASparkRestsAThirdOfTheWayAlong)
     EXPECT_EQ(0.0f, x);
 }
 
-TEST_F(Opening, APathOfLessThanTwoPointsMovesNobody)
+TEST_F(FX_Scroller_IntroRecorded, APathOfLessThanTwoPointsMovesNobody)
 {
     float x = 5, y = 6;
     FX_Scroller_Intro::SamplePath(0.5f, &x, &y, {});
@@ -125,7 +125,7 @@ TEST_F(Opening, APathOfLessThanTwoPointsMovesNobody)
     EXPECT_EQ(6.0f, y);
 }
 
-TEST_F(Opening, UpdateMovesAllParticlesLitOrNot)
+TEST_F(FX_Scroller_IntroRecorded, UpdateMovesAllParticlesLitOrNot)
 {
     intro.particles[0].pathPos = 0.5f;
     intro.particles[1].pathPos = 0.96f;
@@ -153,7 +153,7 @@ static int NextOfSequence()
     return int(sequence >> 16 & 0x7fff);
 }
 
-TEST_F(Opening, FlashesLightSparksFromTheProcessesRandomSequence)
+TEST_F(FX_Scroller_IntroRecorded, FlashesLightSparksFromTheProcessesRandomSequence)
 {
     SeedRandom(77);
     sequence = 77;
@@ -173,7 +173,7 @@ TEST_F(Opening, FlashesLightSparksFromTheProcessesRandomSequence)
     }
 }
 
-TEST_F(Opening, WithoutASeedTheSequenceStartsAsAfterOne)
+TEST_F(FX_Scroller_IntroRecorded, WithoutASeedTheSequenceStartsAsAfterOne)
 {
     sequence = 1;
     Send(&intro, "light_flash");
@@ -188,7 +188,7 @@ TEST_F(Opening, WithoutASeedTheSequenceStartsAsAfterOne)
     EXPECT_EQ(life, intro.particles[j].life);
 }
 
-TEST_F(Opening, TheSkyRisesFromBlackThroughAWarmTint)
+TEST_F(FX_Scroller_IntroRecorded, TheSkyRisesFromBlackThroughAWarmTint)
 {
     for (const double t : {0.0, 2.0, 4.0, 4.64, 5.0, 80.0}) {
         intro.SetLocalTime(float(t));
@@ -209,7 +209,7 @@ TEST_F(Opening, TheSkyRisesFromBlackThroughAWarmTint)
     }
 }
 
-TEST_F(Opening, ItsFadeIsTracedOncePerTile)
+TEST_F(FX_Scroller_IntroRecorded, ItsFadeIsTracedOncePerTile)
 {
     debugText.clear();
     intro.Render();
@@ -218,7 +218,7 @@ TEST_F(Opening, ItsFadeIsTracedOncePerTile)
         debugText);
 }
 
-TEST_F(Opening, BeforeTheFirstFlashNoSparkIsDrawn)
+TEST_F(FX_Scroller_IntroRecorded, BeforeTheFirstFlashNoSparkIsDrawn)
 {
     Scroll(30, 0.25);
     intro.Update();
@@ -226,7 +226,7 @@ TEST_F(Opening, BeforeTheFirstFlashNoSparkIsDrawn)
     EXPECT_TRUE(Sparks().empty());
 }
 
-TEST_F(Opening, ASparkIsDrawnWhereItStandsAsBrightAsItLives)
+TEST_F(FX_Scroller_IntroRecorded, ASparkIsDrawnWhereItStandsAsBrightAsItLives)
 {
     Scroll(20, 0.25); // the panorama at -0.7
     Light(5, 1.5f, 0.25f, 0.5f, 2);
@@ -242,7 +242,7 @@ TEST_F(Opening, ASparkIsDrawnWhereItStandsAsBrightAsItLives)
     EXPECT_EQ(4.0f, spark.state->pointSize);
 }
 
-TEST_F(Opening, ThreePathsToASkyPictureAndNoneInTheFirst)
+TEST_F(FX_Scroller_IntroRecorded, ThreePathsToASkyPictureAndNoneInTheFirst)
 {
     Scroll(60, 0.25); // at -2.1
     for (int path = 0; path < 18; path++) {
@@ -263,7 +263,7 @@ TEST_F(Opening, ThreePathsToASkyPictureAndNoneInTheFirst)
     EXPECT_EQ(1u, Sparks().size());
 }
 
-TEST_F(Opening, ASparkIsOnTheScreenFromEdgeToEdge)
+TEST_F(FX_Scroller_IntroRecorded, ASparkIsOnTheScreenFromEdgeToEdge)
 {
     for (const float x : {-1.0f, -0.5f, 0.0f}) { // tile 1, panorama at 0
         Light(0, 1, x, 0.5f, 0);
@@ -280,7 +280,7 @@ TEST_F(Opening, ASparkIsOnTheScreenFromEdgeToEdge)
     EXPECT_TRUE(Sparks().empty()) << "dark";
 }
 
-TEST_F(Opening, TheBrightestSparkIsSaturatedAndLarge)
+TEST_F(FX_Scroller_IntroRecorded, TheBrightestSparkIsSaturatedAndLarge)
 {
     Light(0, 3.996f, -0.5f, 0.5f, 0);
     Frame(&intro);
@@ -289,7 +289,7 @@ TEST_F(Opening, TheBrightestSparkIsSaturatedAndLarge)
     EXPECT_NEAR(0.592, spark.vertices[1].object.x - spark.vertices[0].object.x, 0.001);
 }
 
-TEST_F(Opening, ALitSparkStaysLit)
+TEST_F(FX_Scroller_IntroRecorded, ALitSparkStaysLit)
 {
     Light(0, 2, 0, 0, 0);
     for (int i = 0; i < 200; i++) {
@@ -306,7 +306,7 @@ struct LayerFacts {
     double place, speed, slope, left, bottom, right, top, v;
 };
 
-TEST_F(Opening, LayersMoveAtTheirOwnSpeeds)
+TEST_F(FX_Scroller_IntroRecorded, LayersMoveAtTheirOwnSpeeds)
 {
     const LayerFacts layers[4] = {
         {"tessel-logo.png", 1.5, 1, 3, 0.15, 0.15, 0.85, 0.85, 1},
@@ -334,7 +334,7 @@ TEST_F(Opening, LayersMoveAtTheirOwnSpeeds)
     }
 }
 
-TEST_F(Opening, TheClosingLogoIsFixedToTheLastSkyAndHidden)
+TEST_F(FX_Scroller_IntroRecorded, TheClosingLogoIsFixedToTheLastSkyAndHidden)
 {
     Scroll(70, 0.25);
     Frame(&intro);
@@ -348,7 +348,7 @@ TEST_F(Opening, TheClosingLogoIsFixedToTheLastSkyAndHidden)
     EXPECT_TRUE(gl::IsMatrix(logo.modelview, gl::Translation(3 - 70 * 0.035, 0, 0), 1e-3));
 }
 
-TEST_F(Opening, TheLogoRisesInRenderAtRateOne)
+TEST_F(FX_Scroller_IntroRecorded, TheLogoRisesInRenderAtRateOne)
 {
     Send(&intro, "fadein_logo", {1});
     PassTime(0.25);
@@ -359,7 +359,7 @@ TEST_F(Opening, TheLogoRisesInRenderAtRateOne)
     EXPECT_TRUE(gl::HasColour(Of("moonwaltz-logo.png"), {1, 1, 1, 1 - 0.75 * 0.75}));
 }
 
-TEST_F(Opening, FadeoutTakesTheSkyAndAtTheEndTheLogo)
+TEST_F(FX_Scroller_IntroRecorded, FadeoutTakesTheSkyAndAtTheEndTheLogo)
 {
     Send(&intro, "fadein_logo");
     for (int i = 0; i < 40; i++) {
@@ -386,7 +386,7 @@ TEST_F(Opening, FadeoutTakesTheSkyAndAtTheEndTheLogo)
     EXPECT_TRUE(gl::HasColour(Of("waldsterben2.png"), {1, 1, 1, 1})) << "layers stay";
 }
 
-TEST_F(Opening, WithoutFadeoutTheFadeStays)
+TEST_F(FX_Scroller_IntroRecorded, WithoutFadeoutTheFadeStays)
 {
     PassTime(1);
     intro.Update();
@@ -394,11 +394,12 @@ TEST_F(Opening, WithoutFadeoutTheFadeStays)
 }
 
 // The table of what a viewer sees, with frames of these lengths.
-class OpeningSeen : public Opening, public testing::WithParamInterface<std::vector<double>>
+class FX_Scroller_IntroMoments : public FX_Scroller_IntroRecorded,
+                                 public testing::WithParamInterface<std::vector<double>>
 {
 };
 
-TEST_P(OpeningSeen, TheMomentsOfTheScrollComeTrue)
+TEST_P(FX_Scroller_IntroMoments, TheMomentsOfTheScrollComeTrue)
 {
     const std::vector<double> steps = GetParam();
     double t = 0;
@@ -446,11 +447,11 @@ TEST_P(OpeningSeen, TheMomentsOfTheScrollComeTrue)
     EXPECT_NEAR(85.8, moments["stop"], slack);
 }
 
-INSTANTIATE_TEST_SUITE_P(AtAnyRate, OpeningSeen,
+INSTANTIATE_TEST_SUITE_P(AtAnyRate, FX_Scroller_IntroMoments,
                          testing::Values(std::vector<double>{1.0 / 60}, std::vector<double>{1.0 / 30},
                                          std::vector<double>{1.0 / 60, 1.0 / 20, 1.0 / 90}));
 
-TEST_F(Opening, TheScrollBrakesOnItsLastStretch)
+TEST_F(FX_Scroller_IntroRecorded, TheScrollBrakesOnItsLastStretch)
 {
     Scroll(84, 0.25); // -2.94
     PassTime(0.25);   // -2.94875
@@ -465,7 +466,7 @@ TEST_F(Opening, TheScrollBrakesOnItsLastStretch)
     EXPECT_NEAR(4.3 + 1.2 * layer, Of("waldsterben.png").modelview.m[12], 4e-4);
 }
 
-TEST_F(Opening, ALongFrameRunsPastTheEndAndThereItStays)
+TEST_F(FX_Scroller_IntroRecorded, ALongFrameRunsPastTheEndAndThereItStays)
 {
     PassTime(100);
     Frame(&intro); // -3.5, and then a scaled step: k = 1 - 3.5 + 2.95 = 0.45
@@ -476,7 +477,7 @@ TEST_F(Opening, ALongFrameRunsPastTheEndAndThereItStays)
     EXPECT_NEAR(-3.5 - 3.5 * 0.45, PanoramaScroll(), 1e-4);
 }
 
-TEST_F(Opening, AtExactlyMinusThreeItStillScrolls)
+TEST_F(FX_Scroller_IntroRecorded, AtExactlyMinusThreeItStillScrolls)
 {
     // Not below -3 is the test: the show may rest a little past it, never at it.
     Scroll(100, 0.25);
@@ -485,7 +486,7 @@ TEST_F(Opening, AtExactlyMinusThreeItStillScrolls)
     EXPECT_GT(PanoramaScroll(), -3.01);
 }
 
-TEST_F(Opening, ASecondInitKeepsTheScrollTheFlashesAndTheLogoAndDoublesThePaths)
+TEST_F(FX_Scroller_IntroRecorded, ASecondInitKeepsTheScrollTheFlashesAndTheLogoAndDoublesThePaths)
 {
     Scroll(20, 0.25);
     Send(&intro, "light_flash");
@@ -509,7 +510,7 @@ TEST_F(Opening, ASecondInitKeepsTheScrollTheFlashesAndTheLogoAndDoublesThePaths)
     EXPECT_EQ(1.0f, intro.fade) << "the fade-out is over";
 }
 
-TEST_F(Opening, AnotherObjectGoesOnWhereTheScrollIs)
+TEST_F(FX_Scroller_IntroRecorded, AnotherObjectGoesOnWhereTheScrollIs)
 {
     Scroll(20, 0.25);
     FX_Scroller_Intro again;
@@ -518,7 +519,7 @@ TEST_F(Opening, AnotherObjectGoesOnWhereTheScrollIs)
     EXPECT_NEAR(-0.7, PanoramaScroll(), 1e-4);
 }
 
-TEST_F(Opening, ThePassesFollowEachOther)
+TEST_F(FX_Scroller_IntroRecorded, ThePassesFollowEachOther)
 {
     Light(0, 1, -0.5f, 0.5f, 0);
     Frame(&intro);
@@ -533,7 +534,7 @@ TEST_F(Opening, ThePassesFollowEachOther)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(Opening, LeavesTheDepthTestOnBlendingOffAndTheProjectionAsItWas)
+TEST_F(FX_Scroller_IntroRecorded, LeavesTheDepthTestOnBlendingOffAndTheProjectionAsItWas)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -548,7 +549,7 @@ TEST_F(Opening, LeavesTheDepthTestOnBlendingOffAndTheProjectionAsItWas)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(Opening, UnknownMessagesAreIgnored)
+TEST_F(FX_Scroller_IntroRecorded, UnknownMessagesAreIgnored)
 {
     intro.ReceiveMessage(0, nullptr, 0);
     intro.ReceiveMessage(99, nullptr, 0);

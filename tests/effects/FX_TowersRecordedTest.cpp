@@ -7,10 +7,10 @@
 
 static const double pi = 3.141; // the effect's figure
 
-class TowerFlight : public EffectFixture
+class FX_TowersRecorded : public EffectFixture
 {
 protected:
-    TowerFlight() { Prepare(&flight); }
+    FX_TowersRecorded() { Prepare(&flight); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -33,7 +33,7 @@ protected:
     FX_Towers flight;
 };
 
-TEST_F(TowerFlight, DeclaresFlashLineAndDoesntAttach)
+TEST_F(FX_TowersRecorded, DeclaresFlashLineAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"flash_line: NA"}), DeclaredMessages(&flight));
     EXPECT_FALSE(flight.IsInitialised());
@@ -42,7 +42,7 @@ TEST_F(TowerFlight, DeclaresFlashLineAndDoesntAttach)
     EXPECT_EQ(0.0f, flight.flash);
 }
 
-TEST_F(TowerFlight, AsksForItsPicturesInOrder)
+TEST_F(FX_TowersRecorded, AsksForItsPicturesInOrder)
 {
     EXPECT_EQ((std::vector<std::string>{"fasanenbude.jpg 1 1 1", "spirograph.jpg 1 1 1",
                                         "skybox_tower_left.jpg 1 0 1", "skybox_tower_back.jpg 1 0 1",
@@ -51,7 +51,7 @@ TEST_F(TowerFlight, AsksForItsPicturesInOrder)
               TextureRequests());
 }
 
-TEST_F(TowerFlight, UpdateLetsFlashAndDistanceDecayAndWritesFade)
+TEST_F(FX_TowersRecorded, UpdateLetsFlashAndDistanceDecayAndWritesFade)
 {
     Send(&flight, "flash_line", {3});
     EXPECT_EQ(1.0f, flight.flash);
@@ -63,7 +63,7 @@ TEST_F(TowerFlight, UpdateLetsFlashAndDistanceDecayAndWritesFade)
     EXPECT_EQ(1.0f, flight.flash) << "restarts";
 }
 
-TEST_F(TowerFlight, TheFirstFrameIsBlackButForAlpha)
+TEST_F(FX_TowersRecorded, TheFirstFrameIsBlackButForAlpha)
 {
     flight.SetLocalTime(2);
     Frame(&flight);
@@ -73,7 +73,7 @@ TEST_F(TowerFlight, TheFirstFrameIsBlackButForAlpha)
     EXPECT_NEAR(0.66, Sky("back").at(0).vertices[0].colour.a, 1e-6);
 }
 
-TEST_F(TowerFlight, TheEyeSweepsInAndThenRunsOnItsEllipse)
+TEST_F(FX_TowersRecorded, TheEyeSweepsInAndThenRunsOnItsEllipse)
 {
     struct {
         double t, distance, flash;
@@ -91,7 +91,7 @@ TEST_F(TowerFlight, TheEyeSweepsInAndThenRunsOnItsEllipse)
     }
 }
 
-TEST_F(TowerFlight, FromBlackWithinAboutTwoSeconds)
+TEST_F(FX_TowersRecorded, FromBlackWithinAboutTwoSeconds)
 {
     for (int i = 0; i < 128; i++)
         Step(1.0 / 64);
@@ -101,7 +101,7 @@ TEST_F(TowerFlight, FromBlackWithinAboutTwoSeconds)
     EXPECT_NEAR(0.0, flight.distance, 1e-6);
 }
 
-TEST_F(TowerFlight, SixLayersOfSkyWithFourSidesEach)
+TEST_F(FX_TowersRecorded, SixLayersOfSkyWithFourSidesEach)
 {
     flight.SetLocalTime(1);
     flight.distance = 5;
@@ -147,7 +147,7 @@ TEST_F(TowerFlight, SixLayersOfSkyWithFourSidesEach)
         }
 }
 
-TEST_F(TowerFlight, FourTowersComeOutOfAList)
+TEST_F(FX_TowersRecorded, FourTowersComeOutOfAList)
 {
     flight.distance = 0;
     flight.fade = 1;
@@ -175,7 +175,7 @@ TEST_F(TowerFlight, FourTowersComeOutOfAList)
     }
 }
 
-TEST_F(TowerFlight, TheTowersTopsLeanAsTheirAnglesSay)
+TEST_F(FX_TowersRecorded, TheTowersTopsLeanAsTheirAnglesSay)
 {
     Frame(&flight);
     const std::vector<gl::Draw> towers = gl::DrawsWithTexture("fasanenbude.jpg");
@@ -195,7 +195,7 @@ TEST_F(TowerFlight, TheTowersTopsLeanAsTheirAnglesSay)
     }
 }
 
-TEST_F(TowerFlight, SevenDiscsEachLargerFasterAndHigher)
+TEST_F(FX_TowersRecorded, SevenDiscsEachLargerFasterAndHigher)
 {
     flight.SetLocalTime(0.5f);
     flight.distance = 0;
@@ -218,7 +218,7 @@ TEST_F(TowerFlight, SevenDiscsEachLargerFasterAndHigher)
     }
 }
 
-TEST_F(TowerFlight, FiveRotorsOfThreeBladesStandInTheDiscsScale)
+TEST_F(FX_TowersRecorded, FiveRotorsOfThreeBladesStandInTheDiscsScale)
 {
     const double t = 0.5;
     flight.SetLocalTime(float(t));
@@ -246,13 +246,13 @@ TEST_F(TowerFlight, FiveRotorsOfThreeBladesStandInTheDiscsScale)
     }
 }
 
-TEST_F(TowerFlight, WithoutAFlashNoBeamIsDrawn)
+TEST_F(FX_TowersRecorded, WithoutAFlashNoBeamIsDrawn)
 {
     Frame(&flight);
     EXPECT_TRUE(Beams().empty());
 }
 
-TEST_F(TowerFlight, SixBeamsFlickerEachAtItsOwnMoments)
+TEST_F(FX_TowersRecorded, SixBeamsFlickerEachAtItsOwnMoments)
 {
     const double phases[6] = {0, 0.3, 0.35, 1, 1.3, 1.6};
     const double heights[6] = {80, 80, 70, 70, 50, 50};
@@ -282,7 +282,7 @@ TEST_F(TowerFlight, SixBeamsFlickerEachAtItsOwnMoments)
     }
 }
 
-TEST_F(TowerFlight, EachBeamGoesOnAndOffWhereItsPhaseSays)
+TEST_F(FX_TowersRecorded, EachBeamGoesOnAndOffWhereItsPhaseSays)
 {
     // Where |sin(flash * 3 * pi + phase)| passes 0.7, for each beam alone.
     const double phases[6] = {0, 0.3, 0.35, 1, 1.3, 1.6};
@@ -307,7 +307,7 @@ TEST_F(TowerFlight, EachBeamGoesOnAndOffWhereItsPhaseSays)
             }
 }
 
-TEST_F(TowerFlight, BelowATenthAllBeamsAreOff)
+TEST_F(FX_TowersRecorded, BelowATenthAllBeamsAreOff)
 {
     flight.flash = 0.0999f;
     Frame(&flight);
@@ -321,7 +321,7 @@ TEST_F(TowerFlight, BelowATenthAllBeamsAreOff)
     EXPECT_NEAR(0.58, frames / 1024.0, 0.01) << "seconds after the message";
 }
 
-TEST_F(TowerFlight, ItUsesTheProjectionItFindsAndLeavesOneUnderflow)
+TEST_F(FX_TowersRecorded, ItUsesTheProjectionItFindsAndLeavesOneUnderflow)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -333,7 +333,7 @@ TEST_F(TowerFlight, ItUsesTheProjectionItFindsAndLeavesOneUnderflow)
     EXPECT_EQ(1, gl::StackDepth(GL_MODELVIEW));
 }
 
-TEST_F(TowerFlight, LeavesDepthOnBlendingOffAndTexturingOn)
+TEST_F(FX_TowersRecorded, LeavesDepthOnBlendingOffAndTexturingOn)
 {
     for (const float flash : {0.0f, 0.5f}) {
         flight.flash = flash;
@@ -348,7 +348,7 @@ TEST_F(TowerFlight, LeavesDepthOnBlendingOffAndTexturingOn)
     }
 }
 
-TEST_F(TowerFlight, ASecondInitStartsTheApproachAnew)
+TEST_F(FX_TowersRecorded, ASecondInitStartsTheApproachAnew)
 {
     Send(&flight, "flash_line");
     Step(0.5);
@@ -357,7 +357,7 @@ TEST_F(TowerFlight, ASecondInitStartsTheApproachAnew)
     EXPECT_EQ(0.0f, flight.flash);
 }
 
-TEST_F(TowerFlight, UnknownMessagesAreIgnored)
+TEST_F(FX_TowersRecorded, UnknownMessagesAreIgnored)
 {
     flight.ReceiveMessage(0, nullptr, 0);
     EXPECT_EQ(0.0f, flight.flash);

@@ -3,10 +3,10 @@
 
 #include "tests/support/recorder/EffectFixture.h"
 
-class ClosingRoll : public EffectFixture
+class FX_VerticalScrollerRecorded : public EffectFixture
 {
 protected:
-    ClosingRoll() { Prepare(&roll); }
+    FX_VerticalScrollerRecorded() { Prepare(&roll); }
     void Step(double seconds)
     {
         PassTime(seconds);
@@ -22,20 +22,20 @@ protected:
     FX_VerticalScroller roll;
 };
 
-TEST_F(ClosingRoll, DeclaresStopScrollAndDoesntAttach)
+TEST_F(FX_VerticalScrollerRecorded, DeclaresStopScrollAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"stopScroll: stop scrolling"}), DeclaredMessages(&roll));
     EXPECT_FALSE(roll.IsInitialised());
 }
 
-TEST_F(ClosingRoll, AsksForItsPagesInOrder)
+TEST_F(FX_VerticalScrollerRecorded, AsksForItsPagesInOrder)
 {
     EXPECT_EQ(
         (std::vector<std::string>{"abspanner_1.png 1 1 1", "abspanner_2.png 1 1 1", "abspanner_3.png 1 1 1"}),
         TextureRequests());
 }
 
-TEST_F(ClosingRoll, ThePagesHangUnderEachOtherWithoutAGap)
+TEST_F(FX_VerticalScrollerRecorded, ThePagesHangUnderEachOtherWithoutAGap)
 {
     Step(1.5);
     Frame(&roll);
@@ -54,7 +54,7 @@ TEST_F(ClosingRoll, ThePagesHangUnderEachOtherWithoutAGap)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(ClosingRoll, TheColumnStandsFromAQuarterToThreeQuartersTwoScreensToThePage)
+TEST_F(FX_VerticalScrollerRecorded, TheColumnStandsFromAQuarterToThreeQuartersTwoScreensToThePage)
 {
     Step(2);
     Frame(&roll);
@@ -62,7 +62,7 @@ TEST_F(ClosingRoll, TheColumnStandsFromAQuarterToThreeQuartersTwoScreensToThePag
                                     {{200, 180}, {600, 180}, {600, 180 - 1200}, {200, 180 - 1200}}, 0.1));
 }
 
-TEST_F(ClosingRoll, StartsWhollyBelowTheScreenAndRisesAtItsSpeed)
+TEST_F(FX_VerticalScrollerRecorded, StartsWhollyBelowTheScreenAndRisesAtItsSpeed)
 {
     EXPECT_NEAR(0.0, Top(), 1e-6);
     for (int i = 0; i < 64; i++)
@@ -70,7 +70,7 @@ TEST_F(ClosingRoll, StartsWhollyBelowTheScreenAndRisesAtItsSpeed)
     EXPECT_NEAR(0.3, Top(), 1e-5) << "0.15 screen heights a second";
 }
 
-TEST_F(ClosingRoll, AfterTheLastPageTheScreenIsFree)
+TEST_F(FX_VerticalScrollerRecorded, AfterTheLastPageTheScreenIsFree)
 {
     for (int i = 0; i < 47; i++) // scroll 14.1
         Step(1);
@@ -78,7 +78,7 @@ TEST_F(ClosingRoll, AfterTheLastPageTheScreenIsFree)
     EXPECT_GE(gl::Draws().at(2).vertices[2].window.y, 600.0);
 }
 
-TEST_F(ClosingRoll, StopScrollBrakesItWithinAboutHalfASecond)
+TEST_F(FX_VerticalScrollerRecorded, StopScrollBrakesItWithinAboutHalfASecond)
 {
     for (int i = 0; i < 64; i++)
         Step(1.0 / 32);
@@ -95,7 +95,7 @@ TEST_F(ClosingRoll, StopScrollBrakesItWithinAboutHalfASecond)
     EXPECT_NEAR(rest, Top(), 1e-6);
 }
 
-TEST_F(ClosingRoll, TheBrakeComesAheadOfTheRise)
+TEST_F(FX_VerticalScrollerRecorded, TheBrakeComesAheadOfTheRise)
 {
     Send(&roll, "stopScroll");
     Step(0.125); // speed 0.375
@@ -105,7 +105,7 @@ TEST_F(ClosingRoll, TheBrakeComesAheadOfTheRise)
                              1e-6));
 }
 
-TEST_F(ClosingRoll, StopScrollTwiceIsTheSameAsOnce)
+TEST_F(FX_VerticalScrollerRecorded, StopScrollTwiceIsTheSameAsOnce)
 {
     Send(&roll, "stopScroll");
     Step(0.125);
@@ -117,7 +117,7 @@ TEST_F(ClosingRoll, StopScrollTwiceIsTheSameAsOnce)
                              gl::Scaling(0.5, 0.5, 0.5) * gl::Translation(0.5, scroll - 4, -1), 1e-6));
 }
 
-TEST_F(ClosingRoll, LeavesTheDepthStateAloneBlendingOffAndTheProjectionAsItWas)
+TEST_F(FX_VerticalScrollerRecorded, LeavesTheDepthStateAloneBlendingOffAndTheProjectionAsItWas)
 {
     glMatrixMode(GL_PROJECTION);
     glTranslatef(1, 2, 3);
@@ -137,7 +137,7 @@ TEST_F(ClosingRoll, LeavesTheDepthStateAloneBlendingOffAndTheProjectionAsItWas)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(ClosingRoll, ASecondInitStartsItAnewWithThreeMorePagesBelow)
+TEST_F(FX_VerticalScrollerRecorded, ASecondInitStartsItAnewWithThreeMorePagesBelow)
 {
     Send(&roll, "stopScroll");
     Step(1);
@@ -148,7 +148,7 @@ TEST_F(ClosingRoll, ASecondInitStartsItAnewWithThreeMorePagesBelow)
     EXPECT_NEAR(0.15, Top(), 1e-5) << "it scrolls again";
 }
 
-TEST_F(ClosingRoll, UnknownMessagesAreIgnored)
+TEST_F(FX_VerticalScrollerRecorded, UnknownMessagesAreIgnored)
 {
     roll.ReceiveMessage(0, nullptr, 0);
     Step(1);

@@ -77,7 +77,7 @@ protected:
     std::string name;
 };
 
-TEST_F(Transcripts, WhiteFlash)
+TEST_F(Transcripts, WhiteFlashOverlay)
 {
     WhiteFlashOverlay flash;
     Begin(&flash, "WhiteFlashOverlay");
@@ -87,7 +87,7 @@ TEST_F(Transcripts, WhiteFlash)
     Look(&flash, 0.75);
 }
 
-TEST_F(Transcripts, BlackFlash)
+TEST_F(Transcripts, BlackFlashOverlay)
 {
     BlackFlashOverlay flash;
     Begin(&flash, "BlackFlashOverlay");
@@ -97,7 +97,7 @@ TEST_F(Transcripts, BlackFlash)
     Look(&flash, 0.75);
 }
 
-TEST_F(Transcripts, Painting)
+TEST_F(Transcripts, FS_Image)
 {
     FS_Image image("ochre_painting1.jpg");
     Begin(&image, "FS_Image");
@@ -108,7 +108,7 @@ TEST_F(Transcripts, Painting)
     Look(&image, 9);
 }
 
-TEST_F(Transcripts, Opening)
+TEST_F(Transcripts, FX_Scroller_Intro)
 {
     FX_Scroller_Intro intro;
     Begin(&intro, "FX_Scroller_Intro");
@@ -124,7 +124,7 @@ TEST_F(Transcripts, Opening)
     Look(&intro, 90);
 }
 
-TEST_F(Transcripts, CloudFlight)
+TEST_F(Transcripts, FX_Clouds)
 {
     FX_Clouds flight;
     Begin(&flight, "FX_Clouds");
@@ -142,7 +142,7 @@ TEST_F(Transcripts, CloudFlight)
     Look(&flight, 46);
 }
 
-TEST_F(Transcripts, MakersNames)
+TEST_F(Transcripts, FX_Credits)
 {
     FX_Credits credits;
     Begin(&credits, "FX_Credits");
@@ -155,7 +155,7 @@ TEST_F(Transcripts, MakersNames)
     Look(&credits, 12.5);
 }
 
-TEST_F(Transcripts, VillageWalk)
+TEST_F(Transcripts, FX_Path)
 {
     FX_Path path;
     Begin(&path, "FX_Path");
@@ -171,7 +171,7 @@ TEST_F(Transcripts, VillageWalk)
     Look(&path, 8.75);
 }
 
-TEST_F(Transcripts, TowerFlight)
+TEST_F(Transcripts, FX_Towers)
 {
     FX_Towers flight;
     Begin(&flight, "FX_Towers");
@@ -182,7 +182,7 @@ TEST_F(Transcripts, TowerFlight)
     Look(&flight, 2.25);
 }
 
-TEST_F(Transcripts, FishWipe)
+TEST_F(Transcripts, Transition_Fish)
 {
     Transition_Fish fish;
     Begin(&fish, "Transition_Fish");
@@ -191,7 +191,7 @@ TEST_F(Transcripts, FishWipe)
     Look(&fish, 4);
 }
 
-TEST_F(Transcripts, Photograph)
+TEST_F(Transcripts, FX_FlashHand)
 {
     FX_FlashHand hand;
     Begin(&hand, "FX_FlashHand");
@@ -201,7 +201,7 @@ TEST_F(Transcripts, Photograph)
     Look(&hand, 2);
 }
 
-TEST_F(Transcripts, Footprints)
+TEST_F(Transcripts, FX_Footprint)
 {
     FX_Footprint walk;
     Begin(&walk, "FX_Footprint");
@@ -215,7 +215,7 @@ TEST_F(Transcripts, Footprints)
     Look(&walk, 1);
 }
 
-TEST_F(Transcripts, ClosingRoll)
+TEST_F(Transcripts, FX_VerticalScroller)
 {
     FX_VerticalScroller roll;
     Begin(&roll, "FX_VerticalScroller");
@@ -225,7 +225,7 @@ TEST_F(Transcripts, ClosingRoll)
     Look(&roll, 7.25);
 }
 
-TEST_F(Transcripts, Fish)
+TEST_F(Transcripts, FX_RopeThing)
 {
     FX_RopeThing fish;
     Begin(&fish, "FX_RopeThing");

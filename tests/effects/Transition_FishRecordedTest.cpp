@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-class FishWipe : public EffectFixture
+class Transition_FishRecorded : public EffectFixture
 {
 protected:
     void Step(double seconds)
@@ -33,7 +33,7 @@ static const gl::Matrix places[4] = {
 };
 // clang-format on
 
-TEST_F(FishWipe, DeclaresNoMessagesAndDoesntAttach)
+TEST_F(Transition_FishRecorded, DeclaresNoMessagesAndDoesntAttach)
 {
     Prepare(&fish);
     EXPECT_TRUE(DeclaredMessages(&fish).empty());
@@ -41,14 +41,14 @@ TEST_F(FishWipe, DeclaresNoMessagesAndDoesntAttach)
     fish.ReceiveMessage(1, nullptr, 0);
 }
 
-TEST_F(FishWipe, ItsCardsAreClampedSoThatTheirEdgesDontBleed)
+TEST_F(Transition_FishRecorded, ItsCardsAreClampedSoThatTheirEdgesDontBleed)
 {
     Prepare(&fish);
     EXPECT_EQ((std::vector<std::string>{"fischgraeten_1.png 1 0 1", "fischgraeten_2.png 1 0 1"}),
               TextureRequests());
 }
 
-TEST_F(FishWipe, TheFirstFrameLooksThroughHalfADegree)
+TEST_F(Transition_FishRecorded, TheFirstFrameLooksThroughHalfADegree)
 {
     Prepare(&fish);
     Frame(&fish);
@@ -56,7 +56,7 @@ TEST_F(FishWipe, TheFirstFrameLooksThroughHalfADegree)
     EXPECT_NEAR(0.5, FovY(), 1e-9);
 }
 
-TEST_F(FishWipe, TheFieldOfViewOpensAtItsRateTowardsFortyFive)
+TEST_F(Transition_FishRecorded, TheFieldOfViewOpensAtItsRateTowardsFortyFive)
 {
     Prepare(&fish);
     Step(1.0);
@@ -69,7 +69,7 @@ TEST_F(FishWipe, TheFieldOfViewOpensAtItsRateTowardsFortyFive)
     EXPECT_GT(FovY(), 44.99);
 }
 
-TEST_F(FishWipe, WhatAViewerSees)
+TEST_F(Transition_FishRecorded, WhatAViewerSees)
 {
     Prepare(&fish);
     const double step = 1.0 / 64;
@@ -84,7 +84,7 @@ TEST_F(FishWipe, WhatAViewerSees)
     EXPECT_GT(FovY(), 42.0) << "after five seconds";
 }
 
-TEST_F(FishWipe, ShadowsComeFirstAndEachPassRunsFromFarToNear)
+TEST_F(Transition_FishRecorded, ShadowsComeFirstAndEachPassRunsFromFarToNear)
 {
     Prepare(&fish);
     Frame(&fish);
@@ -109,7 +109,7 @@ TEST_F(FishWipe, ShadowsComeFirstAndEachPassRunsFromFarToNear)
     EXPECT_TRUE(gl::NoErrors());
 }
 
-TEST_F(FishWipe, TheFishDriftLeftAndNearerRollAndWagInStep)
+TEST_F(Transition_FishRecorded, TheFishDriftLeftAndNearerRollAndWagInStep)
 {
     Prepare(&fish);
     // closeness after two steps of 0.5 s: 0.725, 0.525625; drift: 0.5 * 0.275 + 0.5 * 0.474375
@@ -130,7 +130,7 @@ TEST_F(FishWipe, TheFishDriftLeftAndNearerRollAndWagInStep)
     }
 }
 
-TEST_F(FishWipe, TheDriftTendsToOneUnitASecond)
+TEST_F(Transition_FishRecorded, TheDriftTendsToOneUnitASecond)
 {
     Prepare(&fish);
     for (int i = 0; i < 20 * 64; i++)
@@ -145,7 +145,7 @@ TEST_F(FishWipe, TheDriftTendsToOneUnitASecond)
     EXPECT_NEAR(-1.0, moved.x, 0.25) << "to the left, in the frame of a camera that looks aslant";
 }
 
-TEST_F(FishWipe, ItLeavesBlendingAndDepthTestOffAndItsProjection)
+TEST_F(Transition_FishRecorded, ItLeavesBlendingAndDepthTestOffAndItsProjection)
 {
     Prepare(&fish);
     glEnable(GL_DEPTH_TEST);
@@ -159,7 +159,7 @@ TEST_F(FishWipe, ItLeavesBlendingAndDepthTestOffAndItsProjection)
     EXPECT_EQ(1, gl::StackDepth(GL_PROJECTION));
 }
 
-TEST_F(FishWipe, ASecondInitStartsTheZoomAndTheDriftAnew)
+TEST_F(Transition_FishRecorded, ASecondInitStartsTheZoomAndTheDriftAnew)
 {
     Prepare(&fish);
     Step(1);

@@ -58,7 +58,7 @@ protected:
 // one behind that.
 static const double slack = 0.1 + 1e-6;
 
-TEST_P(ViewersMoments, AFlashAtRateOneIsAtAThirdAfterASecond)
+TEST_P(ViewersMoments, WhiteFlashOverlay_AFlashAtRateOneIsAtAThirdAfterASecond)
 {
     WhiteFlashOverlay white;
     Prepare(&white);
@@ -66,6 +66,10 @@ TEST_P(ViewersMoments, AFlashAtRateOneIsAtAThirdAfterASecond)
     Play(&white, 1);
     Look(&white);
     EXPECT_NEAR(0.9 * 0.37, gl::Draws().at(0).vertices[0].colour.r, 0.02);
+}
+
+TEST_P(ViewersMoments, BlackFlashOverlay_AFlashAtRateFiveIsHalfGoneAfterASeventhOfASecond)
+{
     BlackFlashOverlay black;
     Prepare(&black);
     Send(&black, "flash", {5});
@@ -76,7 +80,7 @@ TEST_P(ViewersMoments, AFlashAtRateOneIsAtAThirdAfterASecond)
     EXPECT_NEAR(0.14, Until(&black, 1, half), 0.04);
 }
 
-TEST_P(ViewersMoments, ThePaintingGrowsSlowlyAndGlowsTwoSecondsAfterItsFade)
+TEST_P(ViewersMoments, FS_Image_ThePaintingGrowsSlowlyAndGlowsTwoSecondsAfterItsFade)
 {
     FS_Image image("ochre_painting1.jpg");
     Prepare(&image);
@@ -88,7 +92,7 @@ TEST_P(ViewersMoments, ThePaintingGrowsSlowlyAndGlowsTwoSecondsAfterItsFade)
     EXPECT_NEAR(-0.04, gl::Draws()[0].vertices[0].object.x, 0.001);
 }
 
-TEST_P(ViewersMoments, TheSkyOfTheCloudsRisesAndTheLastCloudPasses)
+TEST_P(ViewersMoments, FX_Clouds_TheSkyOfTheCloudsRisesAndTheLastCloudPasses)
 {
     FX_Clouds flight;
     Prepare(&flight);
@@ -107,7 +111,7 @@ TEST_P(ViewersMoments, TheSkyOfTheCloudsRisesAndTheLastCloudPasses)
     EXPECT_EQ(1u, gl::DrawsWithTexture("himmelarsch.jpg").size()) << "only the sky is left";
 }
 
-TEST_P(ViewersMoments, AHandRisesJoltsDivesAndDims)
+TEST_P(ViewersMoments, FX_Clouds_AHandRisesJoltsDivesAndDims)
 {
     FX_Clouds flight;
     Prepare(&flight);
@@ -123,7 +127,7 @@ TEST_P(ViewersMoments, AHandRisesJoltsDivesAndDims)
     EXPECT_NEAR(3.33, Until(&flight, 5, [&] { return flight.handAlpha <= 0; }), slack);
 }
 
-TEST_P(ViewersMoments, TheTreeOfTheNamesGrowsAndANameFlaresUpAndDies)
+TEST_P(ViewersMoments, FX_Credits_TheTreeOfTheNamesGrowsAndANameFlaresUpAndDies)
 {
     FX_Credits credits;
     Prepare(&credits);
@@ -141,7 +145,7 @@ TEST_P(ViewersMoments, TheTreeOfTheNamesGrowsAndANameFlaresUpAndDies)
     EXPECT_NEAR(5.0, full + fallen + gone, 0.2);
 }
 
-TEST_P(ViewersMoments, TheWalkPassesTheHousesAndWouldReachThePlaza)
+TEST_P(ViewersMoments, FX_Path_TheWalkPassesTheHousesAndWouldReachThePlaza)
 {
     FX_Path path;
     Prepare(&path);
@@ -155,7 +159,7 @@ TEST_P(ViewersMoments, TheWalkPassesTheHousesAndWouldReachThePlaza)
     EXPECT_NEAR(64 / 3.75, plaza, slack);
 }
 
-TEST_P(ViewersMoments, TheLiftHalvesTheWalkAndTheTreeTakesOver)
+TEST_P(ViewersMoments, FX_Path_TheLiftHalvesTheWalkAndTheTreeTakesOver)
 {
     FX_Path path;
     Prepare(&path);
@@ -169,7 +173,7 @@ TEST_P(ViewersMoments, TheLiftHalvesTheWalkAndTheTreeTakesOver)
     EXPECT_NEAR(std::log(2.0) / 4, Until(&path, 2, [&] { return path.pulse < 1; }), slack);
 }
 
-TEST_P(ViewersMoments, TheTowersComeUpAndTheEyeTurnsInTenAndAHalfSeconds)
+TEST_P(ViewersMoments, FX_Towers_TheTowersComeUpAndTheEyeTurnsInTenAndAHalfSeconds)
 {
     FX_Towers flight;
     Prepare(&flight);
@@ -191,7 +195,7 @@ TEST_P(ViewersMoments, TheTowersComeUpAndTheEyeTurnsInTenAndAHalfSeconds)
     EXPECT_NEAR(2 * pi / 0.6, turn, 2 * slack);
 }
 
-TEST_P(ViewersMoments, TheBeamsAreOffAfterHalfASecond)
+TEST_P(ViewersMoments, FX_Towers_TheBeamsAreOffAfterHalfASecond)
 {
     FX_Towers flight;
     Prepare(&flight);
@@ -201,7 +205,7 @@ TEST_P(ViewersMoments, TheBeamsAreOffAfterHalfASecond)
     EXPECT_TRUE(gl::DrawsWithTexture("beam_1.png").empty());
 }
 
-TEST_P(ViewersMoments, TheFishWipeOpens)
+TEST_P(ViewersMoments, Transition_Fish_TheFishWipeOpens)
 {
     Transition_Fish fish;
     Prepare(&fish);
@@ -216,7 +220,7 @@ TEST_P(ViewersMoments, TheFishWipeOpens)
     EXPECT_LT(half + Until(&fish, 9, opened(42)), 5.1);
 }
 
-TEST_P(ViewersMoments, ThePhotographRestsAndIsGone)
+TEST_P(ViewersMoments, FX_FlashHand_ThePhotographRestsAndIsGone)
 {
     FX_FlashHand hand;
     Prepare(&hand);
@@ -238,7 +242,7 @@ TEST_P(ViewersMoments, ThePhotographRestsAndIsGone)
     EXPECT_NEAR(2.5, Until(&hand, 9, gone), slack);
 }
 
-TEST_P(ViewersMoments, APrintFlaresAndSettlesAndTheWalkRuns)
+TEST_P(ViewersMoments, FX_Footprint_APrintFlaresAndSettlesAndTheWalkRuns)
 {
     FX_Footprint walk;
     Prepare(&walk);
@@ -259,7 +263,7 @@ TEST_P(ViewersMoments, APrintFlaresAndSettlesAndTheWalkRuns)
     EXPECT_GE(gl::DrawsWithTexture("sandbau.jpg").at(0).vertices[0].colour.a, 1.0);
 }
 
-TEST_P(ViewersMoments, TheRollRisesAndComesToRest)
+TEST_P(ViewersMoments, FX_VerticalScroller_TheRollRisesAndComesToRest)
 {
     FX_VerticalScroller roll;
     Prepare(&roll);
@@ -275,7 +279,7 @@ TEST_P(ViewersMoments, TheRollRisesAndComesToRest)
     EXPECT_NEAR(0.03, top() - before, 0.006);
 }
 
-TEST_P(ViewersMoments, TheFishSwimsRushesAndStartles)
+TEST_P(ViewersMoments, FX_RopeThing_TheFishSwimsRushesAndStartles)
 {
     FX_RopeThing fish;
     Prepare(&fish);

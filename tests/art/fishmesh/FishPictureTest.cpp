@@ -229,7 +229,7 @@ TEST_F(SwimmingFish, LooksAtTheViewerWithItsMouthOpen)
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     gluLookAt(1.5, 0.33, -2.2, 0.05, 0.03, -0.62, 0, 1, 0);
-    EXPECT_TRUE(MatchesGolden(Draw(0.3f, 1.0f), "Fish-face",
+    EXPECT_TRUE(MatchesGolden(Draw(0.3f, 1.0f), "FishMesh-face",
                               Tolerance("thin teeth and fins, whose edges move by single pixels")
                                   .Maximum(6)
                                   .Share(0.004)

@@ -47,6 +47,21 @@ TEST_F(Driver, ASurplusPopIsAnUnderflowAndChangesNothing)
     EXPECT_EQ(1, Get(GL_MODELVIEW_MATRIX, 16)[12]);
 }
 
+TEST_F(Driver, ASwapShowsThePictureThatWasDrawn)
+{
+    glClearColor(0.5f, 0.25f, 0, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(16, 8, 20, 30);
+    glClearColor(0, 1, 0.75f, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    const Picture picture = Grab();
+    GrabAtSwaps();
+    window.SwapBuffers();
+    EXPECT_EQ(1, swaps);
+    EXPECT_EQ(0, Compare(shown, picture, 0).maximum);
+}
+
 TEST_F(Driver, TheModelviewStackHoldsAtLeast32Matrices)
 {
     for (int i = 1; i < 32; i++)

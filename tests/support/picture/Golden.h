@@ -2,8 +2,8 @@
 // Golden images: tests/golden/NAME.png is what a picture looked like when somebody looked at it and found it
 // good.
 //
-//     EXPECT_TRUE(MatchesGolden(Grab(), "WhiteFlash-half", Tolerance("blending rounds either
-//     way").Maximum(1)));
+//     EXPECT_TRUE(MatchesGolden(Grab(), "WhiteFlashOverlay-half",
+//                               Tolerance("blending rounds either way").Maximum(1)));
 //
 // When a comparison fails, the build directory's golden/ holds NAME-expected.png, NAME-actual.png and
 // NAME-difference.png (black where equal, the largest difference in full brightness); the message names them

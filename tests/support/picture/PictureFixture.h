@@ -2,18 +2,18 @@
 // The fixture of picture tests: StageFixture (read that first) with a real window and GL context of SDL's
 // offscreen driver, drawn by Mesa's software rasteriser. Neither a display nor a graphics card is needed.
 //
-//     class FlashOverlays : public PictureFixture
+//     class BlackFlashOverlayPicture : public PictureFixture
 //     {
 //     };
 //
-//     TEST_F(FlashOverlays, TheBlackFlashDarkensWhatLiesBelow)
+//     TEST_F(BlackFlashOverlayPicture, TheBlackFlashDarkensWhatLiesBelow)
 //     {
 //         BlackFlashOverlay overlay;
 //         Open(320, 240);
 //         Prepare(&overlay);
 //         Send(&overlay, "flash");
 //         Frame(&overlay);
-//         EXPECT_TRUE(MatchesGolden(Grab(), "BlackFlash-peak", Tolerance("the picture is plain")));
+//         EXPECT_TRUE(MatchesGolden(Grab(), "BlackFlashOverlay-peak", Tolerance("the picture is plain")));
 //     }
 //
 // The data directory is the production's own (UseOwnData takes the one of the test, with AddPicture and
