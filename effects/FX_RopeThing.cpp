@@ -96,24 +96,20 @@ void FX_RopeThing::ReceiveMessage(int messageId, float*, int)
 {
     if (messageId == msgFront)
         mode = Front;
-    if (messageId == msgIntro)
+    else if (messageId == msgIntro)
         mode = Intro;
-    if (messageId == msgShock)
+    else if (messageId == msgShock)
         mode = Shock;
+    else
+        return;
 
-    // By the mode that results, and so on any message: one of no known id starts the scene over.
-    if (mode == Front) {
-        travel = sceneTravel;
+    progress = 1;
+    if (mode == Shock)
+        return;
+    travel = sceneTravel;
+    if (mode == Front)
         Vec3Set(position, 5 * SinF(0.1f * travel), 0, travel);
-        StartRopeAtFish();
-        progress = 1;
-    } else if (mode == Shock) {
-        progress = 1;
-    } else if (mode == Intro) {
-        travel = sceneTravel;
-        StartRopeAtFish();
-        progress = 1;
-    }
+    StartRopeAtFish();
 }
 
 void FX_RopeThing::StartRopeAtFish()

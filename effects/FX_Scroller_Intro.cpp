@@ -31,6 +31,7 @@ static const float sparkDecay = 1.2f;      // 1/s
 static const float sparkMargin = 0.06f;    // side of the dimmest spark's quad
 static const float sparkSizeDivisor = 30.0f;
 static const float sparkPointSize = 4.0f;
+static const float unplacedX = -4.0f; // left of the screen in every sky picture and at every scroll
 
 static const int sparksPerFlash = 150;
 static const int flashSteps = 500; // of additional life, in
@@ -101,7 +102,9 @@ void FX_Scroller_Intro::Init(GLWindow*, DemoPlayer*)
         const float s = SinF(i / float(scrollerParticleCount) * scrollerPi);
         particles[i].pathIndex = i % scrollerPathCount;
         particles[i].pathPos = s * s;
-        particles[i].life = 0; // out of the picture until a flash
+        particles[i].life = 0; // dark until a flash
+        // A flash in the first frame comes ahead of the Update that puts the sparks on their paths.
+        particles[i].x = unplacedX;
     }
 
     const char* const skyNames[4] = {"sky-background_01.jpg", "sky-background_02.jpg",

@@ -27,7 +27,7 @@ struct ScrollerParticle {
     float pathPos; // along the path, 0 up to but not including 1
     float life;    // brightness and size; 0 is dark, 3.996 the most
     int pathIndex; // which path, always used modulo 9
-    float x, y;    // in the unit square of its sky picture, y upward; unset until the first Update
+    float x, y;    // in the unit square of its sky picture, y upward; off the screen until the first Update
 };
 
 const int scrollerParticleCount = 2000;

@@ -324,15 +324,25 @@ TEST_F(FX_RopeThingRecorded, AMessageOfItsOwnKindStartsASceneOver)
     EXPECT_EQ(1.0f, fish.progress);
 }
 
-TEST_F(FX_RopeThingRecorded, AnyOtherMessageActsByTheModeThatStands)
+TEST_F(FX_RopeThingRecorded, AnIdThatIsNoMessageOfItChangesNothing)
 {
-    fish.ReceiveMessage(0, nullptr, 0);
-    EXPECT_EQ(0, fish.mode);
-    EXPECT_EQ(0.0f, fish.progress);
-    Send(&fish, "intro");
-    Step(1);
-    fish.ReceiveMessage(0, nullptr, 0);
-    EXPECT_EQ(100.0f, fish.travel) << "starts the scene over";
+    for (const char* scene : {"", "intro", "front", "shock"}) {
+        if (*scene)
+            Send(&fish, scene);
+        Step(0.5);
+        Vec3Set(fish.position, 1, 2, 3);
+        const int mode = fish.mode;
+        const float travel = fish.travel, progress = fish.progress;
+        const Vec3* const rope = fish.ropes[0];
+        for (const int id : {0, -1, 99}) {
+            fish.ReceiveMessage(id, nullptr, 0);
+            EXPECT_EQ(mode, fish.mode) << scene << " " << id;
+            EXPECT_EQ(travel, fish.travel) << scene << " " << id;
+            EXPECT_EQ(progress, fish.progress) << scene << " " << id;
+            EXPECT_EQ(rope, fish.ropes[0]) << scene << " " << id;
+            ExpectPosition(1, 2, 3, 0);
+        }
+    }
 }
 
 TEST_F(FX_RopeThingRecorded, LeavesTheDepthStateOnAndItsBlending)

@@ -226,6 +226,27 @@ TEST_F(FX_Scroller_IntroRecorded, BeforeTheFirstFlashNoSparkIsDrawn)
     EXPECT_TRUE(Sparks().empty());
 }
 
+TEST_F(FX_Scroller_IntroRecorded, AFlashInTheFirstFrameShowsNoSparkBeforeUpdateHasPlacedIt)
+{
+    for (const double seconds : {0.0, 40.0, 60.0}) { // the panorama at 0, -1.4 and -3.5
+        Scroll(seconds, 0.25);
+        Init(&intro);
+        Send(&intro, "light_flash");
+        Frame(&intro);
+        EXPECT_TRUE(Sparks().empty()) << seconds;
+    }
+}
+
+TEST_F(FX_Scroller_IntroRecorded, SparksOfAFlashInTheFirstFrameShowFromTheSecondOn)
+{
+    Scroll(30, 0.25);
+    Send(&intro, "light_flash");
+    Frame(&intro);
+    intro.Update();
+    Frame(&intro);
+    EXPECT_FALSE(Sparks().empty());
+}
+
 TEST_F(FX_Scroller_IntroRecorded, ASparkIsDrawnWhereItStandsAsBrightAsItLives)
 {
     Scroll(20, 0.25); // the panorama at -0.7
