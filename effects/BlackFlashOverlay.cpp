@@ -1,18 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "effects/BlackFlashOverlay.h"
 
-#include "display/GLWindow.h"
-#include "kernel/FrameTimer.h"
-#include "kernel/SynchMessageTable.h"
 #include "resources/TextureLoader.h"
 
 #include <GL/glew.h>
-
-static const float fovY = 45.0f;    // degrees
-static const float distance = 1.5f; // of the quad from the eye
-static const float quadSize = 4.0f; // half a side: more than the viewport shows at this distance
-
-BlackFlashOverlay::BlackFlashOverlay() : flashId(0), flashValue(0), flashSpeed(1) {}
 
 void BlackFlashOverlay::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 {
@@ -22,22 +13,17 @@ void BlackFlashOverlay::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 
 void BlackFlashOverlay::DeclareMessages(SynchMessageTable* table)
 {
-    flashId =
-        table->DeclareMessage("flash", this, "screen fades from black to transparent. PARAM 0: fading speed");
+    flash.Declare(table, this, "screen fades from black to transparent. PARAM 0: fading speed");
 }
 
 void BlackFlashOverlay::ReceiveMessage(int messageId, float* params, int paramCount)
 {
-    if (messageId != flashId)
-        return;
-    flashValue = 1;
-    if (paramCount > 0)
-        flashSpeed = params[0];
+    flash.Receive(messageId, params, paramCount);
 }
 
 void BlackFlashOverlay::Update()
 {
-    flashValue -= FrameTimer::GetDelta() * flashValue * flashSpeed;
+    flash.Update();
 }
 
 void BlackFlashOverlay::Render()
@@ -47,21 +33,8 @@ void BlackFlashOverlay::Render()
     {
         glLoadIdentity();
         glDisable(GL_TEXTURE_2D);
-        glTranslatef(0, 0, -distance);
-        GLWindow::SetPerspective(fovY);
-        const float c = 1 - flashValue;
-        glColor3f(c, c, c);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_DST_COLOR, GL_ZERO);
-        glBegin(GL_QUADS);
-        {
-            glVertex3f(-quadSize, quadSize, 0);
-            glVertex3f(quadSize, quadSize, 0);
-            glVertex3f(quadSize, -quadSize, 0);
-            glVertex3f(-quadSize, -quadSize, 0);
-        }
-        glEnd();
-        glDisable(GL_BLEND);
+        ScreenFlash::Place(1 - flash.value);
+        ScreenFlash::Draw(GL_DST_COLOR, GL_ZERO);
     }
     glPopMatrix();
 }

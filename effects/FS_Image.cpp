@@ -4,14 +4,14 @@
 #include "display/GLWindow.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
+#include "math/Primitives.h"
 #include "resources/ShaderParams.h"
 #include "resources/ShaderProgram.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
 
 #include <GL/glew.h>
-
-#include <GL/glu.h>
 
 static const float zoomSpeed = 0.02f;     // of localTime, squared: 0.04 after 10 s, 0.36 after 30 s
 static const float pictureHeight = 0.75f; // of the texture
@@ -70,12 +70,8 @@ void FS_Image::Update()
 
 void FS_Image::Render()
 {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glLoadIdentity();
         window->SetLetterbox(wholeWindow);
         glTranslatef(0, 0, -1);
@@ -101,10 +97,7 @@ void FS_Image::Render()
         glDisable(GL_BLEND);
         glDepthMask(GL_TRUE);
         glEnable(GL_DEPTH_TEST);
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     glDisable(GL_BLEND);
     UnbindTexture();
@@ -112,20 +105,9 @@ void FS_Image::Render()
     UnbindTexture();
 }
 
-// The zoom makes the quad bigger, not the part of the picture smaller: its edges move out of the window.
+// The zoom enlarges the quad, whose edges move out of the window; the texture coordinates stay the same.
 void FS_Image::DrawPicture() const
 {
     const float z = localTime * zoomSpeed * (localTime * zoomSpeed);
-    glBegin(GL_QUADS);
-    {
-        glMultiTexCoord2f(GL_TEXTURE0, 0, 0);
-        glVertex2f(-z, 1 + z);
-        glMultiTexCoord2f(GL_TEXTURE0, 1, 0);
-        glVertex2f(1 + z, 1 + z);
-        glMultiTexCoord2f(GL_TEXTURE0, 1, pictureHeight);
-        glVertex2f(1 + z, -z);
-        glMultiTexCoord2f(GL_TEXTURE0, 0, pictureHeight);
-        glVertex2f(-z, -z);
-    }
-    glEnd();
+    DrawRectangle(-z, -z, 1 + z, 1 + z, pictureHeight);
 }

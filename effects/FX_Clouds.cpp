@@ -4,6 +4,7 @@
 #include "display/GLWindow.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
 #include "math/Primitives.h"
 #include "math/Random.h"
 #include "math/Scalar.h"
@@ -22,17 +23,17 @@ static const float radiansPerDegree = 0.017453292f;
 
 static const int firstSeed = 310312;
 
-// The field of clouds: x in -40..40, y in -18..6, one behind the other every 2 units.
+// The field of clouds: x is -40 to 40, y is -18 to 6, and there is a cloud every 2 units along -z.
 static const int placeSteps = 2000;
 static const float placeDivisor = 1000.0f;
 static const float cloudWidth = 20.0f;
 static const float cloudHeight = 6.0f;
 static const float cloudSpacing = -2.0f;
 static const float cloudHalfSize = 15.0f;
-static const float cutOff = 6.0f; // ahead of cameraTravel; the eye is another 10 behind that
+static const float cutOff = 6.0f; // clouds nearer than this to cameraTravel are not drawn
 static const float thinningDepth = 20.0f;
 static const float thinningRate = 1.7f; // of fade, 1/s, for a cloud that comes close, and back
-static const float leavingRate = 1.4f;  // for all while the scene fades out
+static const float leavingRate = 1.4f;  // the same, for all clouds while the scene fades out
 
 static const float flightSpeed = 30.0f; // units per second
 static const float eyeBack = 10.0f;
@@ -69,7 +70,7 @@ static const float rollCentre = 15.0f;
 static const int rollChangeSteps = 5;
 static const float rollChangeCentre = 2.5f;
 
-// There is no number 10.
+// There is no picture number 10.
 static const char* const greetingNames[2 * greetingPairs] = {
     "greetings_01.png", "greetings_02.png", "greetings_03.png", "greetings_04.png",
     "greetings_05.png", "greetings_06.png", "greetings_07.png", "greetings_08.png",
@@ -188,11 +189,11 @@ void FX_Clouds::ShowNextHand()
     cameraBlend = 0;
     rollBlend = 0;
     shake = 1;
-    // Thrown away, but the sequence moves on by three.
+    // The results are not used, but the random sequence has to move on by three.
     for (int i = 0; i < 3; i++)
         NextRandom(&seed, placeSteps);
 
-    // Six pairs, then one hand that shows nothing. Compared unsigned, as sizes are.
+    // After the six pairs comes one hand that shows nothing. The comparison is unsigned, as sizes are.
     greetingIndex += 2;
     if (unsigned(greetingIndex) >= greetingQuads.size() ||
         unsigned(greetingIndex) + 1 >= greetingQuads.size())
@@ -236,7 +237,7 @@ void FX_Clouds::Update()
         handAlpha -= delta * handDim;
     }
 
-    // Not limited: it rolls on past rollTo until the next hand.
+    // rollBlend has no limit: the picture rolls on past rollTo until the next hand.
     rollBlend += delta;
     roll = rollBlend * rollTo + (1 - rollBlend) * rollFrom;
     UpdateGreetingCamera();
@@ -253,7 +254,7 @@ void FX_Clouds::Update()
 
 void FX_Clouds::UpdateGreetingCamera()
 {
-    if (cameraBlend > 1) // past the end of its move it stays where it was
+    if (cameraBlend > 1) // the camera stays where its move has ended
         return;
     eye = eyeEnd * cameraBlend + eyeStart * (1 - cameraBlend);
     target = targetEnd * cameraBlend + targetStart * (1 - cameraBlend);
@@ -266,7 +267,7 @@ bool FX_Clouds::IsAhead(const Cloud& cloud) const
     return cameraTravel + cutOff < -cloud.z;
 }
 
-// Down to number 1, here and in RenderClouds: number 0 is there and takes no part.
+// Cloud number 0 is neither updated nor drawn.
 void FX_Clouds::UpdateClouds(float delta)
 {
     for (int i = cloudCount - 1; i >= 1; i--) {
@@ -315,12 +316,8 @@ void FX_Clouds::UnbindPair()
 
 void FX_Clouds::RenderSky()
 {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glLoadIdentity();
         window->SetLetterbox(band);
         glTranslatef(0, 0, -1);
@@ -330,25 +327,11 @@ void FX_Clouds::RenderSky()
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
         glColor4f(1, 1, 1, 1 - skyFade);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex3f(0, 1, 0);
-            glTexCoord2f(1, 0);
-            glVertex3f(1, 1, 0);
-            glTexCoord2f(1, 1);
-            glVertex3f(1, 0, 0);
-            glTexCoord2f(0, 1);
-            glVertex3f(0, 0, 0);
-        }
-        glEnd();
+        DrawRectangle(0, 0, 1, 1);
         glDisable(GL_BLEND);
         glDepthMask(GL_TRUE);
         UnbindPair();
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
 }
 
@@ -361,7 +344,7 @@ void FX_Clouds::RenderClouds()
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glColor4f(1, 1, 1, 1);
     BindPair(cloudTexture, cloudTexture2);
-    // From far to near: the order of the array is that of depth, and nothing needs sorting.
+    // Drawn from far to near. The array is in the order of depth already.
     for (int i = cloudCount - 1; i >= 1; i--) {
         const Cloud& cloud = clouds[i];
         if (!IsAhead(cloud))
@@ -382,7 +365,7 @@ void FX_Clouds::RenderGreetings()
     glRotatef(roll, 0, 0, 1);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    glDisable(GL_DEPTH_TEST); // and stays off
+    glDisable(GL_DEPTH_TEST); // stays off after Render
     glDepthMask(GL_FALSE);
     if (greetingIndex > -2) {
         RenderGreeting(greetingIndex, handAlpha);
@@ -395,25 +378,13 @@ void FX_Clouds::RenderGreetings()
 void FX_Clouds::RenderGreeting(int number, float brightness) const
 {
     const GreetingQuad& quad = greetingQuads[number];
-    const float h = quad.halfSize;
     glPushMatrix();
     {
         glTranslatef(quad.position.x, quad.position.y, quad.position.z);
         glRotatef(quad.rotation, 0, 0, 1);
         BindTexture(greetingTextures[number]);
         glColor4f(brightness, brightness, brightness, brightness);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex3f(-h, h, 0);
-            glTexCoord2f(1, 0);
-            glVertex3f(h, h, 0);
-            glTexCoord2f(1, 1);
-            glVertex3f(h, -h, 0);
-            glTexCoord2f(0, 1);
-            glVertex3f(-h, -h, 0);
-        }
-        glEnd();
+        DrawCentredRectangle(2 * quad.halfSize, 2 * quad.halfSize);
         UnbindTexture();
     }
     glPopMatrix();

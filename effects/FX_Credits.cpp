@@ -6,6 +6,8 @@
 #include "effects/TownGeometry.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
+#include "math/Primitives.h"
 #include "math/Scalar.h"
 #include "math/Tree.h"
 #include "resources/Texture.h"
@@ -19,10 +21,10 @@
 static const float creditsPi = 3.141f; // this effect's own figure
 
 static const int firstTreeSeed = 352362122;
-static const float treeRadius =
-    1.2f; // wider than the trunk is long: it has no cube, its children are what shows
-static const int leastDepth = 2;
-static const int mostDepth = 4;
+// Wider than the trunk is long, so that the trunk has no cube and only its children show.
+static const float treeRadius = 1.2f;
+static const int minDepth = 2;
+static const int maxDepth = 4;
 
 static const float growthPerMessage = 0.6f;
 static const float newTreeTarget = 0.6f;
@@ -32,12 +34,20 @@ static const int lastCredit = 3;
 
 static const int pictureSize = 512; // pixels, of the off-screen scene
 static const float fovY = 45.0f;    // degrees
-static const float groundHalf = 20.0f;
-static const float groundHeight = -0.01f;
 static const float groundBrightness = 1.5f;
 
-static const float restingBlur = 0.25f; // at full growth, and for the last camera
+static const float restingBlur = 0.25f; // at a growth of 1, and for the last camera
 static const int lastBlurredStep = 5;
+
+// clang-format off
+static const QuadCorner groundCorners[4] = {
+    // s, t     x      y      z
+    {  0, 0,   -20, -0.01f, -20 },
+    {  1, 0,    20, -0.01f, -20 },
+    {  1, 1,    20, -0.01f,  20 },
+    {  0, 1,   -20, -0.01f,  20 },
+};
+// clang-format on
 
 struct CreditPlace {
     float moveX, moveY; // first,
@@ -51,7 +61,7 @@ static const char* const creditNames[4] = {
 };
 static const CreditPlace creditPlaces[4] = {
     // move        scale    left    bottom  right top
-    {0.4f, 0.2f,   0.6f,   -0.05f,  0.12f,  1.6f, 0.3f },   // runs past the right edge
+    {0.4f, 0.2f,   0.6f,   -0.05f,  0.12f,  1.6f, 0.3f },   // ends beyond the right edge of the screen
     {0.1f, 0.0f,   1.0f,    0.3f,   0.6f,   0.9f, 0.75f},
     {0.0f, 0.0f,   1.0f,    0.1f,   0.15f,  0.7f, 0.3f },
     {0.0f, 0.0f,   1.0f,    0.1f,   0.75f,  0.7f, 0.9f },
@@ -89,7 +99,7 @@ void FX_Credits::Init(GLWindow* newWindow, DemoPlayer*)
 
 void FX_Credits::PlantTree()
 {
-    const int depth = std::min(step / 2 + leastDepth, mostDepth);
+    const int depth = std::min(step / 2 + minDepth, maxDepth);
     tree->Generate(treeSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), treeRadius, treeRadius, depth);
 }
 
@@ -130,7 +140,7 @@ void FX_Credits::FadeIn(bool limited)
         growthTarget = newTreeTarget;
         growth = 0;
         PlantTree();
-        treeSeed++; // for the next one
+        treeSeed++; // for the next tree
         treeGrowth = 0;
     }
 }
@@ -145,7 +155,7 @@ void FX_Credits::Update()
     creditFade -= delta * creditFade;
 }
 
-// growth is the angle as it stands: the camera moves as the tree grows, and glides to rest with it.
+// The growth is used as an angle in radians, so that the camera moves and comes to rest with the tree.
 void FX_Credits::ChooseCamera(Vector3* eye, Vector3* target) const
 {
     const float v = growth;
@@ -158,7 +168,7 @@ void FX_Credits::ChooseCamera(Vector3* eye, Vector3* target) const
         {Vector3(-15 * CosF(v + 1.51f), 5 * v + 5, -12),            Vector3(0, (1 - w) * 10 + 4, 0)},
     };
     // clang-format on
-    const int index = std::clamp(step / 2, 0, 3); // a step too many stays with the last camera
+    const int index = std::clamp(step / 2, 0, 3); // further steps stay with the last camera
     *eye = cameras[index][0];
     *target = cameras[index][1];
 }
@@ -181,7 +191,7 @@ void FX_Credits::RenderScene()
     glDisable(GL_DEPTH_TEST);
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
-    creditWindow->SetPerspective(fovY); // of aspect 1.33, while the picture stays square
+    creditWindow->SetPerspective(fovY); // has the aspect 1.33, although the picture is square
     Vector3 light(0, 7, 10);
     light.Normalize();
     gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, 0, 1, 0);
@@ -191,24 +201,13 @@ void FX_Credits::RenderScene()
     RenderTarget::End();
 }
 
-// Without depth, so that the flat shadow lies on it.
+// Drawn without depth, so that the flat shadow is not hidden by it.
 void FX_Credits::RenderGround() const
 {
     BindTexture(groundTexture);
     const float b = brightness * groundBrightness;
     glColor3f(b, b, b);
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(0, 0);
-        glVertex3f(-groundHalf, groundHeight, -groundHalf);
-        glTexCoord2f(1, 0);
-        glVertex3f(groundHalf, groundHeight, -groundHalf);
-        glTexCoord2f(1, 1);
-        glVertex3f(groundHalf, groundHeight, groundHalf);
-        glTexCoord2f(0, 1);
-        glVertex3f(-groundHalf, groundHeight, groundHalf);
-    }
-    glEnd();
+    DrawQuad(groundCorners);
 }
 
 void FX_Credits::RenderLitTree(const Vector3& light) const
@@ -248,30 +247,12 @@ void FX_Credits::RenderBlurredPicture()
     const float blur = step > lastBlurredStep ? restingBlur : growth - 1 + restingBlur;
     blurIntensity.Set(&blur);
 
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glDisable(GL_DEPTH_TEST);
         glColor3f(1, 1, 1);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex2f(0, 0);
-            glTexCoord2f(1, 0);
-            glVertex2f(1, 0);
-            glTexCoord2f(1, 1);
-            glVertex2f(1, 1);
-            glTexCoord2f(0, 1);
-            glVertex2f(0, 1);
-        }
-        glEnd();
-        glMatrixMode(GL_PROJECTION);
+        DrawRectangle(0, 1, 1, 0); // row 0 of a rendered picture is its lowest
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     RenderTarget::ReleaseTexture();
     blurShader.Disable();
 }
@@ -284,18 +265,7 @@ static void DrawName(const CreditPlace& place)
             glTranslatef(place.moveX, place.moveY, 0);
         if (place.scale != 1)
             glScalef(place.scale, place.scale, 1);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex2f(place.left, place.top);
-            glTexCoord2f(1, 0);
-            glVertex2f(place.right, place.top);
-            glTexCoord2f(1, 1);
-            glVertex2f(place.right, place.bottom);
-            glTexCoord2f(0, 1);
-            glVertex2f(place.left, place.bottom);
-        }
-        glEnd();
+        DrawRectangle(place.left, place.bottom, place.right, place.top);
     }
     glPopMatrix();
 }
@@ -303,25 +273,18 @@ static void DrawName(const CreditPlace& place)
 void FX_Credits::RenderName()
 {
     const int n = creditIndex % 4;
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glDisable(GL_DEPTH_TEST);
         glColor3f(1, 1, 1);
         BindTexture(n >= 0 ? creditTextures[n] : nullptr);
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        // Above 1 in the middle of a name's life, which GL limits: the name stands there for a while.
+        // The alpha is above 1 in the middle of a name's life. GL limits it, so that the name stands still.
         glColor4f(1, 1, 1, 2 * SinF(creditFade * creditsPi));
         if (creditIndex >= 0 && creditIndex <= 3)
             DrawName(creditPlaces[n]);
         glDisable(GL_BLEND);
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     glDisable(GL_BLEND);
 }

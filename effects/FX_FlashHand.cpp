@@ -3,12 +3,12 @@
 
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
+#include "math/Primitives.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
 
 #include <GL/glew.h>
-
-#include <GL/glu.h>
 
 static const float fallSpeed = 0.2f; // of flash, 1/s: linear, not a decay
 static const float darkest = 0.001f; // below it nothing is drawn
@@ -55,12 +55,8 @@ void FX_FlashHand::Render()
 {
     if (flash < darkest)
         return;
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glLoadIdentity();
         glTranslatef(0, 0, -1);
         UnbindTexture();
@@ -83,10 +79,7 @@ void FX_FlashHand::Render()
         glDisable(GL_BLEND);
         glDepthMask(GL_TRUE);
         glEnable(GL_DEPTH_TEST);
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     glDisable(GL_BLEND);
 }
@@ -97,16 +90,5 @@ void FX_FlashHand::DrawPhoto() const
     if (o < 0)
         o = 0;
     o -= restInside;
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(0, 0);
-        glVertex2f(frameLeft - o, frameTop + o);
-        glTexCoord2f(1, 0);
-        glVertex2f(frameRight + o, frameTop + o);
-        glTexCoord2f(1, 1);
-        glVertex2f(frameRight + o, frameBottom - o);
-        glTexCoord2f(0, 1);
-        glVertex2f(frameLeft - o, frameBottom - o);
-    }
-    glEnd();
+    DrawRectangle(frameLeft - o, frameBottom - o, frameRight + o, frameTop + o);
 }

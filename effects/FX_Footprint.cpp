@@ -35,14 +35,14 @@ static const float printHalf = 2.0f;   // half the length of a print, which is t
 static const float printAside = -3.0f; // z of the odd prints
 static const float printTurn = 30.0f;  // degrees, inward
 static const float glowFactor = 10.0f;
-static const float glowLeast = 0.1f;
+static const float minGlow = 0.1f; // below it no glow is drawn
 
-// What walked holds before the first Init. The mark that Init sets down then lies far out of sight, but it is
-// number 0 and makes the first step an odd one.
-static const float nowhere = -4.0e8f;
+// The distance walked before the first Init. It puts the mark that Init adds far out of sight. That mark is
+// still number 0, so that the first step is an odd mark.
+static const float unsetWalk = -4.0e8f;
 
 FX_Footprint::FX_Footprint()
-    : walked(nowhere), printTexture(nullptr), sandTexture(nullptr), glowTexture(nullptr), hideSand(false),
+    : walked(unsetWalk), printTexture(nullptr), sandTexture(nullptr), glowTexture(nullptr), hideSand(false),
       push(0), msgTriggerBase(0), msgStep(0)
 {
 }
@@ -57,7 +57,7 @@ void FX_Footprint::Init(GLWindow*, DemoPlayer*)
     blurShader.Load("standard_projection", "postprocessing_blur");
     blurIntensity.Init(&blurShader, "blur_intensity", 1);
 
-    AddMark(); // ahead of the walk's reset, on purpose
+    AddMark(); // before `walked` is reset, on purpose: see unsetWalk
     push = 0;
     walked = 0;
     hideSand = false;
@@ -117,7 +117,7 @@ void FX_Footprint::Render()
 
 void FX_Footprint::RenderSand() const
 {
-    // Yellow through the first second; from the fourth on GL limits all of it to 1.
+    // The blue grows through the first second and the alpha through the first four; GL limits both to 1.
     glColor4f(1, 1, localTime, localTime * sandFade);
     BindTexture(sandTexture);
     glBegin(GL_QUADS);
@@ -134,7 +134,7 @@ void FX_Footprint::RenderSand() const
             glTexCoord2f(1, 0);
             glVertex3f(a, 0, tileHalf);
 
-            // The far band: one texel of the sand as far as the horizon, so that nothing tiles there.
+            // From the tile to the horizon the sand is a single texel, so that no pattern repeats there.
             glTexCoord2f(0, 0);
             glVertex3f(a, 0, horizon);
             glTexCoord2f(0, 0);
@@ -148,7 +148,7 @@ void FX_Footprint::RenderSand() const
     glEnd();
 }
 
-// Left and right foot from one picture: the odd one is mirrored in t.
+// The picture shows one foot. An odd print is mirrored in t and so shows the other.
 static void DrawPrint(float s, bool odd)
 {
     const float far = odd ? 1.0f : 0.0f;
@@ -179,7 +179,7 @@ void FX_Footprint::RenderMark(const FootprintMark& mark, bool odd) const
         DrawPrint(printHalf, odd);
 
         const float g = (1 - mark.alpha) * glowFactor;
-        if (g > glowLeast) {
+        if (g > minGlow) {
             glBlendFunc(GL_ONE, GL_ONE);
             BindTexture(glowTexture);
             glColor3f(g, g, g);

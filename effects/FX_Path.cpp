@@ -6,6 +6,8 @@
 #include "effects/TownGeometry.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
+#include "math/Primitives.h"
 #include "math/Scalar.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
@@ -51,36 +53,78 @@ static const float lampColour[4]       = { 1,  1, 0.4f, 0};    // yellow, above 
 static const float lampPlace[4]        = {plazaX, 10, 0, 1};
 static const float pillarShadowLight[4] = {plazaX, 40, 0, 1};
 
-// s, t     x, z at y = 0
-static const float fieldQuad[4][4] = {
-    {1, 0,  -40,  20},
-    {1, 7,   60,  20},
-    {0, 7,   60, -20},
-    {0, 0,  -40, -20},
+// s, t     x    y   z
+static const QuadCorner fieldQuad[4] = {
+    {1, 0,  -40, 0,  20},
+    {1, 7,   60, 0,  20},
+    {0, 7,   60, 0, -20},
+    {0, 0,  -40, 0, -20},
 };
-static const float plazaQuad[4][4] = { // about the plaza's middle
-    {0, 0,  -30,  30},
-    {1, 0,   30,  30},
-    {1, 1,   30, -30},
-    {0, 1,  -30, -30},
+static const QuadCorner plazaQuad[4] = { // about the plaza's middle
+    {0, 0,  -30, 0,  30},
+    {1, 0,   30, 0,  30},
+    {1, 1,   30, 0, -30},
+    {0, 1,  -30, 0, -30},
 };
 
 static const float skyScale = 500.0f;
 struct SkyFace {
     float normal[3];
-    float corners[4][3]; // with the texture's corners (0, 0), (1, 0), (1, 1), (0, 1)
+    QuadCorner corners[4];
 };
-static const SkyFace skyBackFace  = {{ 0, 0, -1}, {{-0.5f, 0.55f, -0.5f}, { 0.5f, 0.55f, -0.5f},
-                                                   { 0.5f, 0.0f,  -0.5f}, {-0.5f, 0.0f,  -0.5f}}};
-static const SkyFace skyLeftFace  = {{-1, 0,  0}, {{-0.5f, 0.55f,  0.5f}, {-0.5f, 0.55f, -0.5f},
-                                                   {-0.5f, 0.0f,  -0.5f}, {-0.5f, 0.0f,   0.5f}}};
-static const SkyFace skyRightFace = {{ 1, 0,  0}, {{ 0.5f, 0.55f, -0.5f}, { 0.5f, 0.55f,  0.5f},
-                                                   { 0.5f, 0.0f,   0.5f}, { 0.5f, 0.0f,  -0.5f}}};
-static const SkyFace skyTopFace   = {{ 1, 0,  0}, {{-0.5f, 0.55f, -0.5f}, { 0.5f, 0.55f, -0.5f},
-                                                   { 0.5f, 0.55f,  0.5f}, {-0.5f, 0.55f,  0.5f}}};
+//                                 normal        s, t    x      y      z
+static const SkyFace skyBackFace  = {{ 0, 0, -1}, {{0, 0, -0.5f, 0.55f, -0.5f},
+                                                   {1, 0,  0.5f, 0.55f, -0.5f},
+                                                   {1, 1,  0.5f, 0.0f,  -0.5f},
+                                                   {0, 1, -0.5f, 0.0f,  -0.5f}}};
+static const SkyFace skyLeftFace  = {{-1, 0,  0}, {{0, 0, -0.5f, 0.55f,  0.5f},
+                                                   {1, 0, -0.5f, 0.55f, -0.5f},
+                                                   {1, 1, -0.5f, 0.0f,  -0.5f},
+                                                   {0, 1, -0.5f, 0.0f,   0.5f}}};
+static const SkyFace skyRightFace = {{ 1, 0,  0}, {{0, 0,  0.5f, 0.55f, -0.5f},
+                                                   {1, 0,  0.5f, 0.55f,  0.5f},
+                                                   {1, 1,  0.5f, 0.0f,   0.5f},
+                                                   {0, 1,  0.5f, 0.0f,  -0.5f}}};
+static const SkyFace skyTopFace   = {{ 1, 0,  0}, {{0, 0, -0.5f, 0.55f, -0.5f},
+                                                   {1, 0,  0.5f, 0.55f, -0.5f},
+                                                   {1, 1,  0.5f, 0.55f,  0.5f},
+                                                   {0, 1, -0.5f, 0.55f,  0.5f}}};
+
+// The camera of the walk. `lift` is 0 in the walk and goes to 1 as it slows down.
+struct WalkCamera {
+    float eyeX,    eyeXByLift;    // from the strip's head
+    float eyeY,    eyeYByLift;
+    float targetX, targetXByLift; // from the strip's head
+    float sway,    swaySpeed;     // of the target along x; radians per second
+};
+static const WalkCamera walkCamera = {
+    -20.0f, 10.0f,
+      1.4f, 10.0f,
+    -14.0f, 20.0f,
+      2.0f,  0.75f,
+};
+static const float gazeHeight    =  1.7f; // of the target, once edgeFade is gone
+static const float gazeShake     =  4.0f; // radians per unit of pulse
+static const float climbDivisor  =  5.5f; // of zoom
+static const float maxClimb      = 10.0f; // of the target
+
+// The orbit round the plaza, one turn in 2 pi seconds.
+struct OrbitCamera {
+    float x, y, z; // middle
+    float radius;
+    float bob;     // up and down with the turn
+    float shake;   // radians per unit of pulse
+};
+static const OrbitCamera orbitCamera = {plazaX, 6, 10, 20, 5, 8};
+static const int hitsToOrbit = 2;
+
+static const int   hitsToRings      =  6;
+static const float ringTurn         = 40.0f; // degrees per unit of pulse
+static const float outerRingSize    =  2.0f;
+static const float innerRingSize    =  2.0f; // on average, without pulse
 // clang-format on
 
-// The walk is set here and not in Init: a further Init keeps it where it is.
+// What belongs to the walk is set here and not in Init, so that a further Init lets the walk continue.
 FX_Path::FX_Path()
     : tree(nullptr), zoomTarget(0), zoom(0), pulse(0), treeHits(0), triggered(false), walkSpeed(1),
       stripFade(0), walked(0), edgeFade(0), houseTexture(nullptr), lightTextures{}, stripTexture(nullptr),
@@ -162,7 +206,7 @@ void FX_Path::TakeTree1()
         tree->Flash();
         pulse = bigPulse;
     }
-    tree->Spark(); // which is all there is at 6, 9, ...
+    tree->Spark(); // at the hits 6, 9, ... this is all that happens
 }
 
 void FX_Path::Update()
@@ -183,7 +227,7 @@ void FX_Path::Update()
 void FX_Path::Render()
 {
     RenderPrelude();
-    walked += FrameTimer::GetDelta() * walkRate * walkSpeed; // here and not in Update
+    walked += FrameTimer::GetDelta() * walkRate * walkSpeed; // belongs to Render, not to Update
     PlaceCamera();
     GLWindow::SetPerspective(walkFovY);
     DrawSkybox();
@@ -198,15 +242,12 @@ void FX_Path::Render()
         RenderTree();
 }
 
-// Draws nothing. What lasts: blending off, depth test and writes on, identity modelview.
+// Draws nothing. It leaves behind: blending disabled, depth test and writes enabled, texturing enabled with
+// nothing bound, the identity as the modelview matrix.
 void FX_Path::RenderPrelude() const
 {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glLoadIdentity();
         glTranslatef(0, 0, -1);
         UnbindTexture();
@@ -215,50 +256,42 @@ void FX_Path::RenderPrelude() const
         glDisable(GL_BLEND);
         glDepthMask(GL_TRUE);
         glEnable(GL_DEPTH_TEST);
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
 }
 
 void FX_Path::PlaceCamera() const
 {
+    const WalkCamera& walk = walkCamera;
     const float t = localTime;
-    const float h = walked * worldPerUnit; // where the strip's head is
-    const float s = SinF(walkSpeed * pathPi / 2);
-    const float climb = std::min(zoom / 5.5f, 10.0f);
+    const float head = walked * worldPerUnit;
+    const float lift = 1 - SinF(walkSpeed * pathPi / 2);
+    const float climb = std::min(zoom / climbDivisor, maxClimb);
 
-    // Behind the head, rising and closing in as the walk slows down.
-    float eyeX = h - 20 + (1 - s) * 10;
-    float eyeY = (1 - s) * 10 + 1.4f;
+    // Behind the strip's head, rising and closing in as the walk slows down.
+    float eyeX = head + walk.eyeX + lift * walk.eyeXByLift;
+    float eyeY = lift * walk.eyeYByLift + walk.eyeY;
     float eyeZ = 0;
-    if (treeHits > 1) { // round the plaza
-        eyeX = 20 * CosF(t) + plazaX;
-        eyeY = 5 * CosF(t) + 6 + CosF(8 * pulse);
-        eyeZ = 20 * SinF(t) + 10;
+    if (treeHits >= hitsToOrbit) {
+        const OrbitCamera& orbit = orbitCamera;
+        eyeX = orbit.radius * CosF(t) + orbit.x;
+        eyeY = orbit.bob * CosF(t) + orbit.y + CosF(orbit.shake * pulse);
+        eyeZ = orbit.radius * SinF(t) + orbit.z;
     }
-    const float targetX = h - 14 + (1 - s) * 20 + 2 * SinF(0.75f * t);
-    const float targetY = (1 - edgeFade) * 1.7f + climb + SinF(4 * pulse);
+    const float targetX =
+        head + walk.targetX + lift * walk.targetXByLift + walk.sway * SinF(walk.swaySpeed * t);
+    const float targetY = (1 - edgeFade) * gazeHeight + climb + SinF(gazeShake * pulse);
     gluLookAt(eyeX, eyeY, eyeZ, targetX, targetY, 0, 0, 1, 0);
 }
 
 static void DrawSkyFace(const SkyFace& face, Texture* texture)
 {
-    static const float texCorners[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
     BindTexture(texture);
-    glBegin(GL_QUADS);
-    {
-        glNormal3fv(face.normal);
-        for (int i = 0; i < 4; i++) {
-            glTexCoord2fv(texCorners[i]);
-            glVertex3fv(face.corners[i]);
-        }
-    }
-    glEnd();
+    glNormal3fv(face.normal);
+    DrawQuad(face.corners);
 }
 
-// No front, no floor, and it stands at the world's origin: the camera moves in it.
+// The skybox has neither front nor floor. It stands at the world's origin and does not follow the camera.
 void FX_Path::DrawSkybox() const
 {
     glPushMatrix();
@@ -280,19 +313,8 @@ void FX_Path::DrawSkybox() const
     glPopMatrix();
 }
 
-static void DrawGround(const float (*corners)[4])
-{
-    glBegin(GL_QUADS);
-    {
-        for (int i = 0; i < 4; i++) {
-            glTexCoord2f(corners[i][0], corners[i][1]);
-            glVertex3f(corners[i][2], 0, corners[i][3]);
-        }
-    }
-    glEnd();
-}
-
-// Without depth, so that strip and shadows lie on it. White is what the skybox left.
+// Drawn without depth writes, so that the strip and the shadows are not hidden by it, and in the white that
+// the skybox has left.
 void FX_Path::RenderField() const
 {
     glDisable(GL_TEXTURE_2D);
@@ -301,7 +323,7 @@ void FX_Path::RenderField() const
     {
         glDepthMask(GL_FALSE);
         BindTexture(fieldTexture);
-        DrawGround(fieldQuad);
+        DrawQuad(fieldQuad);
         glDepthMask(GL_TRUE);
         glColor3f(0, 0, 0);
         UnbindTexture();
@@ -344,7 +366,7 @@ void FX_Path::RenderPlaza() const
         glDepthMask(GL_FALSE);
         glTranslatef(plazaX, 0, 0);
         BindTexture(plazaTexture);
-        DrawGround(plazaQuad);
+        DrawQuad(plazaQuad);
         glDepthMask(GL_TRUE);
         glColor3f(0, 0, 0);
         UnbindTexture();
@@ -352,7 +374,7 @@ void FX_Path::RenderPlaza() const
     glPopMatrix();
 }
 
-// Opaque black, in the colour and without the texture that the plaza left.
+// The shadows are opaque black: RenderPlaza has left this colour and no texture.
 void FX_Path::RenderShadows() const
 {
     DrawHouses(sunLight);
@@ -368,15 +390,19 @@ void FX_Path::RenderStrip() const
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glColor4f(1, 1, 1, alpha);
-    // The coordinate follows the head, so that the strip lies still and only its end moves.
-    const float body[4][4] = {
-        {0, 0, 0, -stripHalf}, {walked, 0, h, -stripHalf}, {walked, 1, h, stripHalf}, {0, 1, 0, stripHalf}};
-    DrawGround(body);
-    const float tail[4][4] = {{0, 0, -worldPerUnit, -stripHalf},
-                              {1, 0, 0, -stripHalf},
-                              {1, 1, 0, stripHalf},
-                              {0, 1, -worldPerUnit, stripHalf}};
-    DrawGround(tail);
+    // The texture coordinate grows with the head, so that the strip lies still and only its end moves.
+    // clang-format off
+    const QuadCorner body[4] = {{0,      0,  0, 0, -stripHalf},
+                                {walked, 0,  h, 0, -stripHalf},
+                                {walked, 1,  h, 0,  stripHalf},
+                                {0,      1,  0, 0,  stripHalf}};
+    const QuadCorner tail[4] = {{0, 0,  -worldPerUnit, 0, -stripHalf},
+                                {1, 0,              0, 0, -stripHalf},
+                                {1, 1,              0, 0,  stripHalf},
+                                {0, 1,  -worldPerUnit, 0,  stripHalf}};
+    // clang-format on
+    DrawQuad(body);
+    DrawQuad(tail);
 
     glDisable(GL_COLOR_MATERIAL);
     glColor3f(0, 0, 0);
@@ -390,7 +416,7 @@ void FX_Path::RenderStrip() const
         glVertex3f(h + headLength, 0, -stripHalf);
         glTexCoord2f(walked + headUnits, 1);
         glVertex3f(h + headLength, 0, stripHalf);
-        // From -1 up, unlike the corner across: the head comes in askew.
+        // The alpha starts at -1, unlike that of the opposite corner, so that the head appears askew.
         glColor4f(1, 1, 1, 1 - 2 * edgeFade);
         glTexCoord2f(walked, 1);
         glVertex3f(h, 0, stripHalf);
@@ -408,34 +434,18 @@ void FX_Path::RenderTree() const
         BindTexture(sparkTexture);
         glScalef(0.5f, 0.5f, 0.5f);
         tree->Draw();
-        if (treeHits > 5)
+        if (treeHits >= hitsToRings)
             RenderRings();
         UnbindTexture();
     }
     glPopMatrix();
 }
 
-static void DrawCenteredQuad(float width, float height, float inset)
-{
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(inset, inset);
-        glVertex3f(-width / 2, height / 2, 0);
-        glTexCoord2f(1 - inset, inset);
-        glVertex3f(width / 2, height / 2, 0);
-        glTexCoord2f(1 - inset, 1 - inset);
-        glVertex3f(width / 2, -height / 2, 0);
-        glTexCoord2f(inset, 1 - inset);
-        glVertex3f(-width / 2, -height / 2, 0);
-    }
-    glEnd();
-}
-
-// At distance 1 from the camera, whatever the world's scale, and as bright as the pulse.
+// The rings stand at distance 1 from the eye, whatever the scale of the world. Their brightness is the pulse.
 void FX_Path::RenderRings() const
 {
     const float t = localTime;
-    const float angle = pulse * 40 + t; // degrees
+    const float angle = pulse * ringTurn + t; // degrees
     BindTexture(ringTexture);
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);
@@ -446,12 +456,12 @@ void FX_Path::RenderRings() const
     glPushMatrix();
     {
         glRotatef(angle, 0, 0, 1);
-        DrawCenteredQuad(2, 2, 0);
+        DrawCentredRectangle(outerRingSize, outerRingSize);
     }
     glPopMatrix();
     glRotatef(angle, 0, 0, 1);
-    const float q = SinF(t + treeHits) + 2 - pulse;
-    DrawCenteredQuad(q, q, 0);
+    const float size = SinF(t + treeHits) + innerRingSize - pulse;
+    DrawCentredRectangle(size, size);
     glDepthMask(GL_TRUE);
     glDisable(GL_BLEND);
 }

@@ -17,9 +17,34 @@
 
 static const float ropeThingPi = 3.141f; // this effect's own figure
 
-static const float firstTravel = -300.0f; // before any message
-static const float sceneTravel = 100.0f;  // where intro and front begin
+static const float firstTravel = -300.0f; // z of the fish before any message
+static const float sceneTravel = 100.0f;  // and where intro and front begin
 static const float fishScale = 6.0f;
+
+// "intro": the fish weaves along x and sinks, seen from a fixed eye that looks at the origin.
+static const float introEye[3] = {33, -33, -33};
+static const float introWeave = 15.0f; // to either side, with a phase of localTime
+static const float introSink = 10.0f;  // from this height to 0, with progress
+
+// "front": the fish weaves along x with its way and shakes along y with time; the eye rides along.
+static const float frontWeave = 5.0f;
+static const float frontWeavePerUnit = 0.1f; // radians per unit of travel
+static const float frontShake = 20.0f;       // up and down, of fish and eye
+static const float frontShakeSpeed = 3.0f;   // radians per second
+static const float frontEyeLag = 0.1f;       // radians by which the eye shakes behind the fish
+static const float frontEyeRadius = 30.0f;   // of the eye's way round the fish
+static const float frontEyeTurn = 0.4f;      // radians, with progress
+static const float frontEyePhaseX = 2.0f;    // radians
+static const float frontEyePhaseZ = 1.5f;
+static const float frontDimming = 0.005f; // of the brightness, per unit between eye and fish
+
+// "shock": the eye moves while it looks at the origin, from which the fish flies off along z.
+struct ShockEye {
+    float start, byProgress;
+};
+static const ShockEye shockEye[3] = {{0, 20}, {-10, 10}, {-20, 0}}; // x, y, z
+static const float shockFlight = 10.0f;                             // along z, with progress
+
 static const float ropeBehind = 4.0f; // the first link, behind the fish on z
 static const float linkLength = 1.0f;
 static const float sparkSize = 10.0f; // half a side, of the first spark
@@ -47,7 +72,7 @@ FX_RopeThing::FX_RopeThing()
 {
 }
 
-// A straight rope. It lives to the end of the process, also when a message puts another in its place.
+// Makes a straight rope. It lives to the end of the process, also when a message puts another in its place.
 static Vec3* MakeRope(const Vec3 direction, const Vec3 start)
 {
     Vec3* rope = new Vec3[FX_RopeThing::ropeLinks];
@@ -108,7 +133,7 @@ void FX_RopeThing::ReceiveMessage(int messageId, float*, int)
         return;
     travel = sceneTravel;
     if (mode == Front)
-        Vec3Set(position, 5 * SinF(0.1f * travel), 0, travel);
+        Vec3Set(position, frontWeave * SinF(frontWeavePerUnit * travel), 0, travel);
     StartRopeAtFish();
 }
 
@@ -134,8 +159,8 @@ void FX_RopeThing::Update()
     }
 }
 
-// Follow the leader: each link is put at its length from the one before, which has just been moved, so one
-// pass settles the whole rope. In every mode, also while nothing is shown.
+// Puts each link at its length from the link before it. That one has just been moved, so that one pass
+// settles the whole rope. This happens in every mode, also while nothing is shown.
 void FX_RopeThing::RelaxRope()
 {
     Vec3* rope = ropes[0];
@@ -170,33 +195,37 @@ void FX_RopeThing::Render()
 
 void FX_RopeThing::PlaceFront()
 {
-    const float t = localTime;
-    Vec3Set(position, 5 * SinF(0.1f * travel), 20 * SinF(3 * t), travel);
+    const float shakePhase = frontShakeSpeed * localTime;
+    Vec3Set(position, frontWeave * SinF(frontWeavePerUnit * travel), frontShake * SinF(shakePhase), travel);
     Vec3Set(ropes[0][0], position[0], position[1], position[2] + ropeBehind);
-    // The eye's height lags behind the fish's shaking by a tenth of a radian.
-    const Vec3 eye = {30 * CosF(0.4f * progress + 2), 20 * SinF(3 * t - 0.1f),
-                      -30 * SinF(0.4f * progress + 1.5f) + travel};
+    const float turn = frontEyeTurn * progress;
+    const Vec3 eye = {frontEyeRadius * CosF(turn + frontEyePhaseX),
+                      frontShake * SinF(shakePhase - frontEyeLag),
+                      -frontEyeRadius * SinF(turn + frontEyePhaseZ) + travel};
     Vec3 way;
     Vec3Sub(way, position, eye);
-    fade = std::min(std::max(1 - 0.005f * Vec3Length(way), 0.0f), 1.0f) * SinF(progress * ropeThingPi);
+    const float nearness = std::min(std::max(1 - frontDimming * Vec3Length(way), 0.0f), 1.0f);
+    fade = nearness * SinF(progress * ropeThingPi);
     glColor3f(fade, fade, fade);
     gluLookAt(eye[0], eye[1], eye[2], position[0], position[1], position[2], 0, 1, 0);
 }
 
 void FX_RopeThing::PlaceIntro()
 {
-    Vec3Set(position, 15 * CosF(localTime), 10 * progress, travel);
+    Vec3Set(position, introWeave * CosF(localTime), introSink * progress, travel);
     Vec3Set(ropes[0][0], position[0], position[1], position[2] + ropeBehind);
-    gluLookAt(33, -33, -33, 0, 0, 0, 0, 1, 0);
+    gluLookAt(introEye[0], introEye[1], introEye[2], 0, 0, 0, 0, 1, 0);
     fade = 1;
     glColor3f(1, 1, 1);
 }
 
 void FX_RopeThing::PlaceShock()
 {
-    Vec3Set(position, 0, 0, 0);
-    gluLookAt(20 * progress, 10 * progress - 10, -20, position[0], position[1], position[2], 0, 1, 0);
-    position[2] = 10 * progress; // the camera stays aimed at the origin, and the fish flies off it
+    Vec3 eye;
+    for (int axis = 0; axis < 3; axis++)
+        eye[axis] = shockEye[axis].byProgress * progress + shockEye[axis].start;
+    gluLookAt(eye[0], eye[1], eye[2], 0, 0, 0, 0, 1, 0);
+    Vec3Set(position, 0, 0, shockFlight * progress);
     fade = SinF(progress * ropeThingPi);
     glColor3f(fade, fade, fade);
 }

@@ -4,6 +4,8 @@
 #include "effects/ScrollerPaths.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
+#include "math/Primitives.h"
 #include "math/Random.h"
 #include "math/Scalar.h"
 #include "platform/DebugChannel.h"
@@ -12,13 +14,12 @@
 
 #include <GL/glew.h>
 
-#include <GL/glu.h>
 #include <cstdio>
 
-// This effect's own figure; it is not to be made more exact.
+// This effect's own figure of pi. It is not to be made more exact.
 static const float scrollerPi = 3.141f;
 
-// Scroll, in screen widths per second. The sky stops at its end, braking a little on the last stretch.
+// Speeds of the scroll in screen widths per second. The sky brakes a little before it stops at its end.
 static const float panoramaSpeed = 0.035f;
 static const float layerSpeed = 0.07f;
 static const float brakeAt = -2.95f;
@@ -34,9 +35,11 @@ static const float sparkPointSize = 4.0f;
 static const float unplacedX = -4.0f; // left of the screen in every sky picture and at every scroll
 
 static const int sparksPerFlash = 150;
-static const int flashSteps = 500; // of additional life, in
+static const int flashSteps = 500; // different amounts of additional life
 static const float flashStepsPerLife = 250.0f;
-static const int flashCountStart = -842150451; // the turns of three rest on this
+// Three flashes of different strength follow each other in turn. The strength of the first is that of the
+// remainder of this negative count, so that it must not be tidied to 0.
+static const int flashCountStart = -842150451;
 static const int flashTurns = 3;
 
 static const float logoFadeFactor = 20.0f; // the logo goes with the sky when that is down to 1/20
@@ -57,17 +60,16 @@ static const Layer tesselLogo   = {1.5f, 1.0f, 3.0f,    0.15f, 0.15f, 0.85f, 0.8
 static const Layer blackChick   = {2.7f, 1.2f, 0.0f,    0.0f,  0.0f,  0.42f, 1.01f,   343 / 512.0f};
 static const Layer waldsterben  = {4.3f, 1.2f, 0.0f,    0.0f,  0.0f,  1.0f,  0.5f,    1.0f};
 static const Layer waldsterben2 = {6.1f, 1.4f, 0.0f,    0.0f,  0.0f,  1.0f,  0.5f,    1.0f};
-
-// s, t     x              y, in the last sky picture
-static const float closingLogo[4][4] = {
-    {0, 0,  0.23046875f,   0.78515625f },
-    {1, 0,  0.7294921875f, 0.78515625f },
-    {1, 1,  0.7294921875f, 0.287109375f},
-    {0, 1,  0.23046875f,   0.287109375f},
-};
 // clang-format on
 
-// Not members: they outlive every Init, and whoever shows the effect again finds them where they were.
+// In the last sky picture.
+static const float closingLogoLeft = 236 / 1024.0f;
+static const float closingLogoRight = 747 / 1024.0f;
+static const float closingLogoBottom = 294 / 1024.0f;
+static const float closingLogoTop = 804 / 1024.0f;
+
+// These are not members, so that they outlive every Init: a further entry of the effect continues where the
+// last one stopped.
 static float panoramaScroll = 0;
 static float layerScroll = 0;
 static float logoHidden = 1;
@@ -93,7 +95,7 @@ void FX_Scroller_Intro::Init(GLWindow*, DemoPlayer*)
     waldsterben2Texture = textures->GetTexture("waldsterben2.png", false, false, true);
     particleTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
 
-    // The paths are not emptied first: a second Init doubles their points, and the sparks run them twice.
+    // The paths are not emptied first: a second Init doubles their points, so that a spark runs each twice.
     for (int k = 0; k < scrollerPathCount; k++)
         for (const float* table = scrollerPaths[k]; *table != scrollerPathEnd; table++)
             paths[k].push_back(*table / scrollerPathUnit);
@@ -128,7 +130,8 @@ void FX_Scroller_Intro::ReceiveMessage(int messageId, float*, int)
     if (messageId == lightFlashId) {
         flashCount++;
         for (int i = 0; i < sparksPerFlash; i++) {
-            // The draw for the spark comes first. One may be hit twice; the later value stands.
+            // The spark is drawn from the random sequence before its life. A spark may come twice; then
+            // the later life stands.
             const int j = Random() % scrollerParticleCount;
             const int turn = flashCount % flashTurns; // 0, -1 or -2
             const float base = 1 - turn / 2.0f;
@@ -165,7 +168,7 @@ void FX_Scroller_Intro::SamplePath(float t, float* outX, float* outY, const std:
         t = 0;
     if (t > 1)
         t = 1;
-    // n steps over n - 1 segments. On the last step a spark rests on the point a third of the way along.
+    // There are n steps for n - 1 segments. On the last step the spark rests a third of the way along.
     int index = int(n * t);
     int next = index + 1;
     if (index >= n - 1) {
@@ -183,12 +186,8 @@ void FX_Scroller_Intro::SamplePath(float t, float* outX, float* outY, const std:
 
 void FX_Scroller_Intro::Render()
 {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glLoadIdentity();
         glColor3f(1, 1, 1);
 
@@ -204,14 +203,11 @@ void FX_Scroller_Intro::Render()
         RenderClosingLogo();
 
         glEnable(GL_DEPTH_TEST);
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
 }
 
-// Here and not in Update. In the frame that crosses brakeAt both steps are made, and the last may run past
-// stopAt.
+// Called from Render, not from Update. In the frame that crosses brakeAt both steps are made, and the last
+// step may run past stopAt.
 void FX_Scroller_Intro::AdvanceScroll()
 {
     const float delta = FrameTimer::GetDelta();
@@ -243,43 +239,14 @@ void FX_Scroller_Intro::RenderSky()
         {
             BindTexture(skyTextures[i]);
             glTranslatef(panoramaScroll, 0, 0);
-            glColor4f(c, c, c * c, fade); // blue comes last: it arrives through a warm tint
-            glBegin(GL_QUADS);
-            {
-                glTexCoord2f(0, 0);
-                glVertex2f(i, 1);
-                glTexCoord2f(1, 0);
-                glVertex2f(i + 1, 1);
-                glTexCoord2f(1, 1);
-                glVertex2f(i + 1, 0);
-                glTexCoord2f(0, 1);
-                glVertex2f(i, 0);
-            }
-            glEnd();
+            glColor4f(c, c, c * c, fade); // blue comes last, so that the sky has a warm tint at first
+            DrawRectangle(i, 0, i + 1, 1);
         }
         glPopMatrix();
     }
 }
 
-static void DrawCentredQuad(float width, float height)
-{
-    const float x = width / 2;
-    const float y = height / 2;
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(0, 0);
-        glVertex2f(-x, y);
-        glTexCoord2f(1, 0);
-        glVertex2f(x, y);
-        glTexCoord2f(1, 1);
-        glVertex2f(x, -y);
-        glTexCoord2f(0, 1);
-        glVertex2f(-x, -y);
-    }
-    glEnd();
-}
-
-// Three paths to a sky picture; the first picture has none.
+// The sky picture that a path lies in: three paths in each, and none in the first picture.
 static float TileOf(int path)
 {
     if (path > 5)
@@ -310,7 +277,7 @@ void FX_Scroller_Intro::RenderSparks()
                 glColor3f(b, b, b);
                 const float s = particle.life * particle.life / sparkSizeDivisor;
                 glTranslatef(place, particle.y, 0);
-                DrawCentredQuad(s + sparkMargin, s + sparkMargin);
+                DrawCentredRectangle(s + sparkMargin, s + sparkMargin);
             }
             glPopMatrix();
         }
@@ -325,25 +292,14 @@ static void RenderLayer(const Layer& layer, Texture* texture)
     const float x = layer.place + layer.speed * layerScroll;
     float a = 1;
     if (x < layerFadeEdge)
-        a = (x - layerFadeEdge) * layer.slope + 1; // below 0 once the layer has left; GL limits it
+        a = (x - layerFadeEdge) * layer.slope + 1; // falls below 0, which GL limits
     glEnable(GL_BLEND);
     glColor4f(1, 1, 1, a);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glPushMatrix();
     {
         glTranslatef(x, 0, 0);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex2f(layer.left, layer.top);
-            glTexCoord2f(1, 0);
-            glVertex2f(layer.right, layer.top);
-            glTexCoord2f(1, layer.v);
-            glVertex2f(layer.right, layer.bottom);
-            glTexCoord2f(0, layer.v);
-            glVertex2f(layer.left, layer.bottom);
-        }
-        glEnd();
+        DrawRectangle(layer.left, layer.bottom, layer.right, layer.top, layer.v);
     }
     glPopMatrix();
     glDisable(GL_BLEND);
@@ -371,14 +327,7 @@ void FX_Scroller_Intro::RenderClosingLogo()
             m = 1;
         glColor4f(1, 1, 1, (1 - logoHidden) * m);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        glBegin(GL_QUADS);
-        {
-            for (const float* corner : closingLogo) {
-                glTexCoord2f(corner[0], corner[1]);
-                glVertex2f(corner[2], corner[3]);
-            }
-        }
-        glEnd();
+        DrawRectangle(closingLogoLeft, closingLogoBottom, closingLogoRight, closingLogoTop);
         glDisable(GL_BLEND);
     }
     glPopMatrix();

@@ -4,6 +4,7 @@
 #include "effects/TownGeometry.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/Primitives.h"
 #include "math/Scalar.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
@@ -15,7 +16,7 @@
 
 static const float towersPi = 3.141f; // this effect's own figure
 
-static const float farthest = 10.0f;    // of distance
+static const float firstDistance = 10.0f;
 static const float approachRate = 1.5f; // 1/s
 static const float flashDecay = 4.0f;
 
@@ -64,25 +65,25 @@ static const float skyGrey = 0.75f;      // at full fade
 static const float skyAlphaRate = 0.33f; // 1/s
 
 // s, t     x      y     z
-static const float skyBackSide[4][5] = {
+static const QuadCorner skyBackSide[4] = {
     {0, 0, -0.5f, 1.4f, -0.5f},
     {1, 0,  0.5f, 1.4f, -0.5f},
     {1, 1,  0.5f, 0.0f, -0.5f},
     {0, 1, -0.5f, 0.0f, -0.5f},
 };
-static const float skyFrontSide[4][5] = {
+static const QuadCorner skyFrontSide[4] = {
     {1, 0, -0.5f, 1.4f,  0.5f},
     {0, 0,  0.5f, 1.4f,  0.5f},
     {0, 1,  0.5f, 0.0f,  0.5f},
     {1, 1, -0.5f, 0.0f,  0.5f},
 };
-static const float skyLeftSide[4][5] = {
+static const QuadCorner skyLeftSide[4] = {
     {0, 0, -0.5f, 1.4f,  0.5f},
     {1, 0, -0.5f, 1.4f, -0.5f},
     {1, 1, -0.5f, 0.0f, -0.5f},
     {0, 1, -0.5f, 0.0f,  0.5f},
 };
-static const float skyRightSide[4][5] = {
+static const QuadCorner skyRightSide[4] = {
     {0, 0,  0.5f, 1.4f, -0.5f},
     {1, 0,  0.5f, 1.4f,  0.5f},
     {1, 1,  0.5f, 0.0f,  0.5f},
@@ -104,8 +105,8 @@ static const Rotor rotors[5] = {
     { 0.0f,  80.0f,  0.0f, 3.0f},
 };
 
-// Three blades on one axis, each turned on from the one before. The last corner of the second and third stands on the
-// other side of the plane: a kink in the light.
+// Three blades on one axis, each turned further than the one before. The last corner of the second and the third lies
+// on the other side of the plane, which shows as a kink in the light.
 struct RotorBlade {
     float turnSpeed; // degrees per second
     float half;      // of a side
@@ -128,7 +129,7 @@ static const float beamGroupRise = 5.0f; // from a group's first beam to its sec
 static const float beamHalfWidth = 3.0f;
 static const float beamHalfLength = 260.0f;
 static const float beamThreshold = 0.7f; // of its flicker
-static const float beamLeast = 0.1f;     // of flash
+static const float minBeamFlash = 0.1f;
 // clang-format on
 
 FX_Towers::FX_Towers()
@@ -154,7 +155,7 @@ void FX_Towers::Init(GLWindow*, DemoPlayer*)
         beamTexture = textures->GetTexture("beam_1.png", true, true, true);
     }
     flash = 0;
-    distance = farthest;
+    distance = firstDistance;
 }
 
 void FX_Towers::CompileTowers()
@@ -192,7 +193,7 @@ void FX_Towers::Update()
     const float delta = FrameTimer::GetDelta();
     flash -= flashDecay * delta * flash;
     distance -= approachRate * delta * distance;
-    fade = 1 - distance / farthest;
+    fade = 1 - distance / firstDistance;
 }
 
 void FX_Towers::Render()
@@ -206,7 +207,7 @@ void FX_Towers::Render()
         DrawSkyLayer(layer.scale, layer.turn);
     glDisable(GL_BLEND);
 
-    glCallList(towerList); // in the grey of the sky: they come up with it
+    glCallList(towerList); // drawn in the grey that the sky has left, so that they fade in with it
 
     glDisable(GL_TEXTURE_2D);
     BindTexture(spiroTexture);
@@ -228,7 +229,7 @@ void FX_Towers::Render()
     }
     glPopMatrix();
     glDisable(GL_BLEND);
-    // One pop too many: GL turns it down as an underflow, and nothing changes.
+    // One pop too many: GL refuses it with a stack underflow, and nothing changes.
     glPopMatrix();
 }
 
@@ -241,22 +242,15 @@ void FX_Towers::PlaceCamera() const
     gluLookAt(eyeX, eyeY, eyeZ, eyeX * (1 - fade), 65 - 6.5f * distance, 0, 0, 1, 0);
 }
 
-static void DrawSkySide(Texture* texture, float nx, float nz, const float (*corners)[5])
+static void DrawSkySide(Texture* texture, float nx, float nz, const QuadCorner corners[4])
 {
     BindTexture(texture);
-    glBegin(GL_QUADS);
-    {
-        glNormal3f(nx, 0, nz);
-        for (int i = 0; i < 4; i++) {
-            glTexCoord2fv(corners[i]);
-            glVertex3fv(corners[i] + 2);
-        }
-    }
-    glEnd();
+    glNormal3f(nx, 0, nz);
+    DrawQuad(corners);
 }
 
-// An open cube: four sides, without top and bottom. It stays where it is; the camera passes through its
-// walls, and without the depth test no layer hides another.
+// A layer is an open cube of four sides, without top and bottom. It does not follow the camera, which passes
+// through its walls. Without the depth test no layer hides another.
 void FX_Towers::DrawSkyLayer(float scale, int turn) const
 {
     glPushMatrix();
@@ -279,7 +273,8 @@ void FX_Towers::DrawSkyLayer(float scale, int turn) const
     glPopMatrix();
 }
 
-// Each larger than the one before and turning faster. The scales add up and stay.
+// Each disc is larger than the one before and turns faster. The scales accumulate, and apply to the rotors
+// too.
 void FX_Towers::RenderDiscs() const
 {
     for (int i = 0; i < discCount; i++) {
@@ -356,11 +351,11 @@ void FX_Towers::RenderBeams() const
     }
 }
 
-// Flickers at its own moments while the flash dies. One that is drawn switches blending off for what follows.
+// A beam flickers at its own moments while the flash decays. Drawing one leaves blending disabled.
 void FX_Towers::DrawBeam(float height, float phase) const
 {
     const float v = std::fabs(SinF(flash * towersPi * 3 + phase));
-    if (v < beamThreshold || flash < beamLeast)
+    if (v < beamThreshold || flash < minBeamFlash)
         return;
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);

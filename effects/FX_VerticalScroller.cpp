@@ -3,12 +3,12 @@
 
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/FlatScreen.h"
+#include "math/Primitives.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
 
 #include <GL/glew.h>
-
-#include <GL/glu.h>
 
 static const float riseSpeed = 0.3f; // units per second
 static const float brakeRate = 5.0f; // 1/s
@@ -48,40 +48,23 @@ void FX_VerticalScroller::Update()
 
 void FX_VerticalScroller::Render()
 {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
     {
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
+        FlatScreen screen;
         glLoadIdentity();
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
 
-        // The move is made in the scaled frame: the column begins a quarter of the screen from the left.
+        // The translation is in the scaled frame, so that the column begins a quarter of the screen from the
+        // left.
         glScalef(columnScale, columnScale, columnScale);
         glTranslatef(1 - columnScale, scroll - pageHeight, -1);
         for (Texture* page : pages) {
             BindTexture(page);
             glColor4f(1, 1, 1, 1);
-            glBegin(GL_QUADS);
-            {
-                glTexCoord2f(0, 0);
-                glVertex2f(0, pageHeight);
-                glTexCoord2f(1, 0);
-                glVertex2f(1, pageHeight);
-                glTexCoord2f(1, 1);
-                glVertex2f(1, 0);
-                glTexCoord2f(0, 1);
-                glVertex2f(0, 0);
-            }
-            glEnd();
+            DrawRectangle(0, 0, 1, pageHeight);
             glTranslatef(0, -pageHeight, 0); // the next page hangs below
         }
         glDisable(GL_BLEND);
-        glMatrixMode(GL_PROJECTION);
     }
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
 }

@@ -26,11 +26,11 @@ static const int sparkStretches = 100;
 static const float sparkGlow = 4.0f;
 static const int flashStretches = 50;
 static const float flashGlow = 2.0f;
-static const float rampLength = 100.0f; // though a stretch has nine: only the foot of the sine is used
+static const float rampLength = 100.0f; // nodes of half a period of the sine; a stretch has nine
 
 static const float glowSize = 4.0f; // of a sprite, half a side per unit of glow
 static const float flashSize = 12.0f;
-static const float flashLeast = 0.1f;
+static const float minFlash = 0.1f; // below it no flying sprite is drawn
 
 GlowTree::GlowTree(unsigned seed, int length, int branches)
 {
@@ -70,7 +70,7 @@ void GlowTree::Grow(const Vec3 position, const Vec3 direction, int length, int b
                 Grow(current, child, length / 2, branches);
             }
 
-        // Behind the branches of this step in the list.
+        // The nodes of this step follow those of its branches in the list.
         AddNode(last, current, 0.0f, tip);
         AddNode(last, current, 0.5f, tip);
     }
@@ -95,14 +95,14 @@ void GlowTree::Update()
     }
 }
 
-// The index of the first node of a stretch.
+// Draws the index of the first node of a stretch from the random sequence.
 unsigned GlowTree::ChooseStretch() const
 {
     return unsigned(Random()) % unsigned(nodes.size() - stretch);
 }
 
-// The sine only rises from 0 to about 0.25 over a stretch: it brightens towards one end, and its first node
-// stays dark.
+// The glow along a stretch. The sine only rises from 0 to about 0.25 there, so that the stretch gets brighter
+// towards one end and its first node stays dark.
 static float Ramp(int k)
 {
     return SinF(k / rampLength * glowTreePi);
@@ -154,7 +154,7 @@ void GlowTree::Draw() const
     glEnable(GL_DEPTH_TEST);
     glDepthMask(GL_FALSE);
 
-    // The billboard's axes, with the scale of the transform in them.
+    // The axes of the billboards. They contain the scale of the modelview matrix.
     Matrix16 m;
     glGetFloatv(GL_MODELVIEW_MATRIX, m);
     const Vec3 right = {m[0], m[4], m[8]};
@@ -171,13 +171,13 @@ void GlowTree::Draw() const
     }
     glEnd();
 
-    // A flash throws the node far out of the tree, and spins it back in as it decays.
+    // A flash throws the node far out of the tree; as it decays, the node spins back in.
     glColor3f(1, 1, 1);
     glBegin(GL_QUADS);
     {
         for (const GlowNode* node : nodes) {
             const float flash = node->flash;
-            if (!(flash > flashLeast))
+            if (!(flash > minFlash))
                 continue;
             Vec3 q = {(3 * flash + 2) * node->position[0], (1 + flash) * node->position[1],
                       (3 * flash + 2) * node->position[2]};

@@ -3,6 +3,7 @@
 
 #include "display/GLWindow.h"
 #include "kernel/FrameTimer.h"
+#include "math/Primitives.h"
 #include "math/Scalar.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
@@ -61,13 +62,13 @@ void Transition_Fish::Update()
 void Transition_Fish::Render()
 {
     glLoadIdentity();
-    gluLookAt(0, 0, 3, -1.25f, 0.05f, 0, 0, 1, 0); // at the head card of the first fish
+    gluLookAt(0, 0, 3, -1.25f, 0.05f, 0, 0, 1, 0); // looks at the head card of the first fish
     GLWindow::SetPerspective((1 - closeness) * openingFovY + closestFovY);
     glDisable(GL_DEPTH_TEST);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
 
-    // Without depth test, from far to near: first all shadows, then all fish.
+    // Without the depth test the order counts: first all shadows, then all fish, each from far to near.
     for (const bool shadows : {true, false})
         for (int i = fishCount - 1; i >= 0; i--) {
             glPushMatrix();
@@ -91,32 +92,16 @@ void Transition_Fish::Render()
     glDisable(GL_BLEND);
 }
 
-static void DrawCard(float left, float right)
-{
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(0, 0);
-        glVertex3f(left, 1, 0);
-        glTexCoord2f(1, 0);
-        glVertex3f(right, 1, 0);
-        glTexCoord2f(1, 1);
-        glVertex3f(right, -1, 0);
-        glTexCoord2f(0, 1);
-        glVertex3f(left, -1, 0);
-    }
-    glEnd();
-}
-
 void Transition_Fish::DrawFishCards() const
 {
     glPushMatrix();
     {
         glRotatef(rollAngle * SinF(rollSpeed * localTime), 0, 0, 1);
         BindTexture(headTexture);
-        DrawCard(-2, 0);
+        DrawRectangle(-2, -1, 0, 1);
         glRotatef(wagAngle * SinF(wagSpeed * localTime), 0, 1, 0); // the hinge is at x = 0
         BindTexture(tailTexture);
-        DrawCard(0, 1);
+        DrawRectangle(0, -1, 1, 1);
     }
     glPopMatrix();
 }

@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "effects/WhiteFlashOverlay.h"
 
-#include "display/GLWindow.h"
-#include "kernel/FrameTimer.h"
-#include "kernel/SynchMessageTable.h"
 #include "resources/TextureLoader.h"
 
 #include <GL/glew.h>
 
-static const float peak = 0.9f;     // the flash is not fully white
-static const float fovY = 45.0f;    // degrees
-static const float distance = 1.5f; // of the quad from the eye
-static const float quadSize = 4.0f; // half a side: more than the viewport shows at this distance
-
-WhiteFlashOverlay::WhiteFlashOverlay() : flashId(0), flashValue(0), flashSpeed(1) {}
+static const float peak = 0.9f; // the flash is not fully white
 
 void WhiteFlashOverlay::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 {
@@ -23,22 +15,17 @@ void WhiteFlashOverlay::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 
 void WhiteFlashOverlay::DeclareMessages(SynchMessageTable* table)
 {
-    flashId =
-        table->DeclareMessage("flash", this, "screen fades from white to transparent. PARAM 0: fading speed");
+    flash.Declare(table, this, "screen fades from white to transparent. PARAM 0: fading speed");
 }
 
 void WhiteFlashOverlay::ReceiveMessage(int messageId, float* params, int paramCount)
 {
-    if (messageId != flashId)
-        return;
-    flashValue = 1;
-    if (paramCount > 0)
-        flashSpeed = params[0];
+    flash.Receive(messageId, params, paramCount);
 }
 
 void WhiteFlashOverlay::Update()
 {
-    flashValue -= FrameTimer::GetDelta() * flashValue * flashSpeed;
+    flash.Update();
 }
 
 void WhiteFlashOverlay::Render()
@@ -47,22 +34,9 @@ void WhiteFlashOverlay::Render()
     glPushMatrix();
     {
         glLoadIdentity();
-        glTranslatef(0, 0, -distance);
-        GLWindow::SetPerspective(fovY);
-        const float c = flashValue * peak;
-        glColor3f(c, c, c);
+        ScreenFlash::Place(flash.value * peak);
         glDisable(GL_TEXTURE_2D);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_ONE, GL_ONE);
-        glBegin(GL_QUADS);
-        {
-            glVertex3f(-quadSize, quadSize, 0);
-            glVertex3f(quadSize, quadSize, 0);
-            glVertex3f(quadSize, -quadSize, 0);
-            glVertex3f(-quadSize, -quadSize, 0);
-        }
-        glEnd();
-        glDisable(GL_BLEND);
+        ScreenFlash::Draw(GL_ONE, GL_ONE);
     }
     glPopMatrix();
 }

@@ -25,6 +25,39 @@ static const CubeFace cubeFaces[6] = {
 static const float cornerTexCoords[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
 // clang-format on
 
+void DrawQuad(const QuadCorner corners[4])
+{
+    glBegin(GL_QUADS);
+    {
+        for (int i = 0; i < 4; i++) {
+            glTexCoord2f(corners[i].s, corners[i].t);
+            glVertex3f(corners[i].x, corners[i].y, corners[i].z);
+        }
+    }
+    glEnd();
+}
+
+void DrawRectangle(float left, float bottom, float right, float top, float lowestT)
+{
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(0, 0);
+        glVertex2f(left, top);
+        glTexCoord2f(1, 0);
+        glVertex2f(right, top);
+        glTexCoord2f(1, lowestT);
+        glVertex2f(right, bottom);
+        glTexCoord2f(0, lowestT);
+        glVertex2f(left, bottom);
+    }
+    glEnd();
+}
+
+void DrawCentredRectangle(float width, float height)
+{
+    DrawRectangle(-width / 2, -height / 2, width / 2, height / 2);
+}
+
 void DrawUnitCube()
 {
     for (const CubeFace& face : cubeFaces) {

@@ -1,9 +1,25 @@
 // SPDX-License-Identifier: MIT
-// Two immediate-mode helpers. Both need a current GL context and draw with the texture, colour, blending
-// and culling that the caller has set.
+// Immediate-mode helpers. They need a current GL context and draw with the texture, colour, blending and
+// culling that the caller has set.
 #pragma once
 
 #include "math/Vec3.h"
+
+// A corner of a textured quad.
+struct QuadCorner {
+    float s, t;
+    float x, y, z;
+};
+
+// A quad with its corners in the order given, without a normal.
+void DrawQuad(const QuadCorner corners[4]);
+
+// A rectangle in the plane z = 0, clockwise from its upper left corner, without a normal. The texture fills
+// it down to the row lowestT, its first row (t = 0) along the edge `top`.
+void DrawRectangle(float left, float bottom, float right, float top, float lowestT = 1);
+
+// The same round the origin.
+void DrawCentredRectangle(float width, float height);
 
 // A cube with sides of length 1 round the origin, with normals, the whole texture on each face. The bottom
 // face runs clockwise as seen from outside: with back-face culling it is missing.
