@@ -22,7 +22,7 @@ static const float showLetterbox = 0.85f;
 
 static float Seconds(uint32_t milliseconds)
 {
-    return milliseconds / 1000.0f;
+    return float(milliseconds / 1000.0);
 }
 
 DemoPlayer::DemoPlayer()

@@ -30,7 +30,7 @@ void FrameTimer::Update()
 {
     currentCounter = platform::ReadCounter();
     const float oldElapsed = elapsed;
-    elapsed = float(currentCounter - startCounter) / float(frequency);
+    elapsed = float(double(currentCounter - startCounter) / double(frequency));
     delta = elapsed - oldElapsed;
     scaledTime += delta * speed;
 

@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <vector>
 
-static const float fullColour = 255.0f;
+static const double fullColour = 255.0;
 
 // What a box says of each value that is missing, each on a line of its own, far to the right.
 static std::string Reason(const std::string& value, const char* words)
@@ -78,7 +78,7 @@ void ScriptParser::ParseColor(std::string text, float* rgb) const
             continue;
         }
         if (component < 3)
-            rgb[component] = float(uint32_t(atoi(token.c_str()))) / fullColour;
+            rgb[component] = float(uint32_t(atoi(token.c_str())) / fullColour);
         token.clear();
         component++;
     }

@@ -6,6 +6,7 @@
 #include "display/GLWindow.h"
 #include "kernel/EffectRegistry.h"
 #include "platform/Boxes.h"
+#include "platform/Clock.h"
 #include "platform/Events.h"
 #include "tests/kernel/ProbeEffect.h"
 
@@ -138,7 +139,33 @@ TEST_F(DemoPlayerTest, AWrongNameInADroppedEntryGoesUnnoticed)
 TEST_F(DemoPlayerTest, ANegativeStopKeepsTheEntryAndMovesTheEndFarAway)
 {
     EXPECT_TRUE(player.AddEffect(0, uint32_t(-1), "FX_A", 0));
-    EXPECT_EQ(4294967295u / 1000.0f, player.endTime);
+    EXPECT_EQ(4294967.5f, player.endTime) << "4294967.295 among floats that are 0.5 apart";
+}
+
+TEST_F(DemoPlayerTest, MillisecondsBecomeTheNearestFloatAlsoWhereTheyAreNoFloatsThemselves)
+{
+    // From 16384 to 32768 floats are 2^-9 apart: 16777.219 is 8589936.128 of these steps.
+    player.AddEffectInstance(16777219, 16777227, &a, 0);
+    EXPECT_EQ(8589936 / 512.0f, player.timeline[0].start);
+    EXPECT_EQ(8589940 / 512.0f, player.timeline[0].stop) << "8589940.224 steps";
+    // In the millions they are 0.5 apart.
+    player.AddMessage(uint32_t(-2998), "flash", nullptr, 0, "FX_A");
+    EXPECT_EQ(4294964.5f, player.messages[0].time) << "4294964.298";
+}
+
+TEST_F(DemoPlayerTest, AMillisecondOfTheScriptIsTheSameMomentOnTheClock)
+{
+    platform::UseSteppedClock();
+    FrameTimer::Init(0);
+    for (uint32_t milliseconds = 10; milliseconds <= 600000; milliseconds += 10) {
+        platform::StepClock(10000000);
+        FrameTimer::Update();
+        player.timeline.clear();
+        player.AddEffectInstance(milliseconds, milliseconds, &a, 0);
+        ASSERT_EQ(player.timeline[0].start, FrameTimer::GetTime()) << milliseconds;
+        ASSERT_EQ(player.timeline[0].stop, FrameTimer::GetTime()) << milliseconds;
+    }
+    platform::UseRealClock();
 }
 
 TEST_F(DemoPlayerTest, AMessageExactlyAtTheOffsetIsKept)

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
+
 static const int64_t second = 1000000000;
 
 class FrameTimerTest : public testing::Test
@@ -105,6 +108,19 @@ TEST_F(FrameTimerTest, SpeedScalesTimeAndLeavesDeltaReal)
     EXPECT_EQ(0.5f, FrameTimer::GetDelta());
 }
 
+TEST_F(FrameTimerTest, TheRateCountsRealSecondsWhateverTheSpeed)
+{
+    FrameTimer::Init(0);
+    FrameTimer::SetSpeed(4.0f);
+    for (int i = 0; i < 3; i++) {
+        Frame(second / 4);
+        EXPECT_EQ(0, FrameTimer::GetFPS()) << "not a second yet, though GetTime is " << FrameTimer::GetTime();
+    }
+    Frame(second / 4);
+    EXPECT_EQ(5, FrameTimer::GetFPS());
+    EXPECT_EQ(4.0f, FrameTimer::GetTime());
+}
+
 TEST_F(FrameTimerTest, SetTimeWritesTheScaledTimeUnderTheOffset)
 {
     FrameTimer::Init(10.0f);
@@ -127,13 +143,55 @@ TEST_F(FrameTimerTest, ASecondInitKeepsScaledTimeElapsedAndFrameCount)
     EXPECT_EQ(5, FrameTimer::GetFPS()) << "two Inits and three frames";
 }
 
-TEST_F(FrameTimerTest, ArithmeticIsSinglePrecision)
+TEST_F(FrameTimerTest, DeltasAreQuantisedToTheStepsOfAFloat)
 {
     FrameTimer::Init(0);
     Frame(300 * second);
-    Frame(second / 60);
-    const float before = 300.0f;
-    const float after = float(300 * second + second / 60) / float(second);
-    EXPECT_EQ(after - before, FrameTimer::GetDelta());
-    EXPECT_NE(1.0f / 60.0f, FrameTimer::GetDelta());
+    EXPECT_EQ(300.0f, FrameTimer::GetDelta());
+    // Floats from 256 to 512 are 2^-15 s apart, and 16666666 ns are 546.13 of those steps.
+    Frame(16666666);
+    EXPECT_EQ(546 / 32768.0f, FrameTimer::GetDelta());
+    EXPECT_EQ(300 + 546 / 32768.0f, FrameTimer::GetTime());
+    // 33333333 ns are 1092.27 steps.
+    Frame(16666667);
+    EXPECT_EQ(546 / 32768.0f, FrameTimer::GetDelta());
+    EXPECT_EQ(300 + 1092 / 32768.0f, FrameTimer::GetTime());
+}
+
+TEST_F(FrameTimerTest, AQuotientOfCountsIsRoundedOnce)
+{
+    FrameTimer::Init(0);
+    Frame(9 * second / 4);
+    EXPECT_EQ(2.25f, FrameTimer::GetTime());
+    EXPECT_EQ(2.25f, FrameTimer::GetDelta()) << "2250000000 is no float, the nearest is 2249999872";
+}
+
+// What the nearest float to a moment is, by way of its decimals: strtof rounds correctly.
+static float NearestFloat(int64_t counts)
+{
+    char decimals[32];
+    snprintf(decimals, sizeof decimals, "%lld.%09lld", static_cast<long long>(counts / second),
+             static_cast<long long>(counts % second));
+    return strtof(decimals, nullptr);
+}
+
+TEST_F(FrameTimerTest, EveryFrameOfTenMinutesShowsTheNearestFloatToItsMoment)
+{
+    for (const int64_t rate : {20, 25, 50, 60}) {
+        platform::UseSteppedClock();
+        FrameTimer::Init(0);
+        FrameTimer::Update(); // takes over what the rate before left
+        FrameTimer::Update();
+        FrameTimer::SetTime(0);
+        int64_t reached = 0;
+        int wholeMilliseconds = 0;
+        for (int64_t frame = 1; frame <= 600 * rate; frame++) {
+            const int64_t moment = frame * second / rate;
+            Frame(moment - reached);
+            reached = moment;
+            ASSERT_EQ(NearestFloat(moment), FrameTimer::GetTime()) << "frame " << frame << " at " << rate;
+            wholeMilliseconds += frame * 1000 % rate == 0;
+        }
+        EXPECT_EQ(rate == 60 ? 12000 : 600 * rate, wholeMilliseconds);
+    }
 }

@@ -89,7 +89,7 @@ TEST_F(ScriptBlocksTest, NegativeNumbersInAnEffectBlockAreHugeUnsignedOnes)
     parser.ParseEffect("EffectName=FX_A;StartTime=0;StopTime=-1;LayerID=-1;");
     ASSERT_EQ(1u, player.timeline.size());
     EXPECT_EQ(4294967295u, player.timeline[0].layer);
-    EXPECT_EQ(4294967295u / 1000.0f, player.endTime);
+    EXPECT_EQ(4294967.5f, player.endTime) << "4294967.295 among floats that are 0.5 apart";
 }
 
 TEST_F(ScriptBlocksTest, AnEmptyLayerCountsAsZero)
@@ -169,7 +169,7 @@ TEST_F(ScriptBlocksTest, AColourSchemeReplacesTheWholeScheme)
     const ColorScheme scheme = player.GetColorScheme();
     for (int i = 0; i < 3; i++) {
         EXPECT_EQ(1.0f, scheme.global[i]);
-        EXPECT_EQ(128 / 255.0f, scheme.support[i]);
+        EXPECT_EQ(0.50196078431f, scheme.support[i]);
         EXPECT_EQ(i == 2 ? 0.2f : 0.0f, scheme.flow[i]);
     }
     parser.ParseColorScheme("GlobalColor=;SupportColor=0,0;FlowColor=0;");
@@ -179,12 +179,15 @@ TEST_F(ScriptBlocksTest, AColourSchemeReplacesTheWholeScheme)
 
 TEST_F(ScriptBlocksTest, ColoursAreParsedAsTheyComeAndNeverClamped)
 {
-    EXPECT_EQ((Floats{300 / 255.0f, 0, 0}), Colour("300,0,0"));
-    EXPECT_EQ((Floats{1, 2 / 255.0f, 3 / 255.0f}), Colour("255,2,3,4,5"));
-    EXPECT_EQ((Floats{1 / 255.0f, 2 / 255.0f, 0}), Colour("1,2"));
-    EXPECT_EQ((Floats{0, 0, 7 / 255.0f}), Colour(",,7"));
+    EXPECT_EQ((Floats{1.1764705882f, 0, 0}), Colour("300,0,0"));
+    EXPECT_EQ((Floats{1, 0.0078431372549f, 0.011764705882f}), Colour("255,2,3,4,5"));
+    EXPECT_EQ((Floats{0.0039215686275f, 0.0078431372549f, 0}), Colour("1,2"));
+    EXPECT_EQ((Floats{0, 0, 0.027450980392f}), Colour(",,7"));
     EXPECT_EQ((Floats{0, 0, 0}), Colour(""));
-    EXPECT_EQ((Floats{4294967295.0f / 255.0f, 0, 0}), Colour("-1,red,0"));
+    // 4294967295 is 255 times 16843009, which lies between two floats; the even one is the lower.
+    EXPECT_EQ((Floats{16843008.0f, 0, 0}), Colour("-1,red,0"));
+    EXPECT_EQ((Floats{16843006.0f, 0, 0}), Colour("-1000,0,0"))
+        << "16843005.08 among floats that are 2 apart";
 }
 
 TEST_F(ScriptBlocksTest, AColourSchemeThatLacksAKeyIsToldAndSkipped)
@@ -323,7 +326,7 @@ TEST_F(ScriptBlocksTest, StepsGoWithASingleTimeAndTheirDeltaOnly)
 TEST_F(ScriptBlocksTest, ANegativeDeltaWalksBackwardIntoHugeTimes)
 {
     ParseMessage("ActivationTime=100;Steps=3;TimeDelta=-100;");
-    EXPECT_EQ((Floats{0.1f, 0.0f, 4294967196u / 1000.0f}), Times());
+    EXPECT_EQ((Floats{0.1f, 0.0f, 4294967.0f}), Times()) << "4294967.196 among floats that are 0.5 apart";
 }
 
 TEST_F(ScriptBlocksTest, AnExpansionThatStraddlesTheOffsetKeepsItsLaterPart)

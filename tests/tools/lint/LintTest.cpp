@@ -82,11 +82,11 @@ protected:
         for (size_t i = 0; i < entries.size(); i++) {
             const EffectInstance& got = player.timeline[i];
             EXPECT_EQ(got.effect, registry.FindEffect(entries[i]->effect));
-            EXPECT_EQ(got.start, entries[i]->start / 1000.0f);
-            EXPECT_EQ(got.stop, entries[i]->stop / 1000.0f);
+            EXPECT_EQ(got.start, float(entries[i]->start / 1000.0));
+            EXPECT_EQ(got.stop, float(entries[i]->stop / 1000.0));
             EXPECT_EQ(got.layer, entries[i]->layer);
         }
-        EXPECT_EQ(player.endTime, report.show.end / 1000.0f);
+        EXPECT_EQ(player.endTime, float(report.show.end / 1000.0));
 
         std::vector<const lint::SentMessage*> messages;
         for (const lint::SentMessage& message : report.show.messages)
@@ -95,7 +95,7 @@ protected:
         ASSERT_EQ(player.messages.size(), messages.size());
         for (size_t i = 0; i < messages.size(); i++) {
             const SynchMessage& got = player.messages[i];
-            EXPECT_EQ(got.time, messages[i]->time / 1000.0f);
+            EXPECT_EQ(got.time, float(messages[i]->time / 1000.0));
             EXPECT_EQ(got.effect, registry.FindEffect(messages[i]->effect));
             EXPECT_EQ(got.id, messages[i]->id);
             EXPECT_EQ(got.id, registry.GetMessageTable()->FindMessage(messages[i]->name.c_str(), got.effect));
@@ -182,7 +182,7 @@ TEST_F(Lint, HasTheIdeaOfTheWorkedExampleThatScriptWritersAreGiven)
     EXPECT_TRUE(report.findings.empty());
     EXPECT_EQ("tune.mp3", report.show.music);
     EXPECT_EQ(1.0f, report.show.scheme.global[0]);
-    EXPECT_EQ(128 / 255.0f, report.show.scheme.support[2]);
+    EXPECT_EQ(0.50196078431f, report.show.scheme.support[2]);
     ASSERT_EQ(2u, report.show.entries.size());
     EXPECT_EQ("WhiteFlashOverlay", report.show.entries[1].effect);
     EXPECT_EQ(500u, report.show.entries[1].start);
