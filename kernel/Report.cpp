@@ -26,9 +26,14 @@ void ReportInfo(std::string title, std::string text)
 FILE* OpenFile(const char* path, const char* mode)
 {
     const std::string place = platform::NamesDataDirectory(path) ? platform::DataPath(path) : path;
-    FILE* file = fopen(place.c_str(), mode);
+    return OpenLocalFile(place.c_str(), mode);
+}
+
+FILE* OpenLocalFile(const char* path, const char* mode)
+{
+    FILE* file = fopen(path, mode);
     if (!file) {
-        ReportError("File Not Found!", place);
+        ReportError("File Not Found!", path);
         platform::PostQuit(0);
     }
     return file;

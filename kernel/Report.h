@@ -24,5 +24,9 @@ extern const char* const ErrorTail;
 // cause: ReportError("File Not Found!", path), PostQuit(0), null.
 FILE* OpenFile(const char* path, const char* mode);
 
+// The same for a path that never means the data directory: one that isn't absolute starts from the working
+// directory, also if its first folder is called data.
+FILE* OpenLocalFile(const char* path, const char* mode);
+
 // Closes the handle unless it is null.
 void CloseFile(FILE* file);

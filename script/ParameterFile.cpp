@@ -5,6 +5,8 @@
 
 #include <locale.h>
 
+static const size_t tokenSize = 256; // of the search for a key; longer tokens are compared in pieces
+
 // Numbers pass in and out under the classic locale of this thread: a decimal comma of the user's would make
 // a file that another user can't read. Returns what uselocale needs to go back.
 static locale_t SetClassicLocale()
@@ -26,7 +28,7 @@ ParameterFile::~ParameterFile()
 void ParameterFile::Open()
 {
     Close();
-    file = OpenFile((name + ".dep").c_str(), "a+");
+    file = OpenLocalFile((name + ".dep").c_str(), "a+");
 }
 
 void ParameterFile::Close()
@@ -41,25 +43,28 @@ void ParameterFile::Reopen()
     Open();
 }
 
-// The width of 255 is ParameterTextSize without the zero: a longer token comes in pieces of that length.
-static void ReadToken(FILE* file, char* token)
+// Reads up to size - 1 bytes of the next token into text. Without a token text stays as it is.
+static void ReadToken(FILE* file, char* text, size_t size)
 {
-    token[0] = '\0'; // at the end of the file no token arrives, and this stays
-    (void)!fscanf(file, "%255s", token);
+    if (size < 2)
+        return;
+    char format[32];
+    snprintf(format, sizeof format, "%%%zus", size - 1);
+    (void)!fscanf(file, format, text);
 }
 
-static bool FindAndRead(FILE* file, void* value, const std::string& key, int type)
+static bool FindAndRead(FILE* file, void* value, const std::string& key, int type, size_t textSize)
 {
     fseek(file, 0, SEEK_SET);
     // A device that fails never reaches its end of file, so that ends the search as well.
     while (!feof(file) && !ferror(file)) {
-        char token[ParameterTextSize];
-        ReadToken(file, token);
+        char token[tokenSize] = ""; // stays empty at the end of the file, where no token arrives
+        ReadToken(file, token, tokenSize);
         if (key != token)
             continue;
         switch (type) {
         case ParameterText:
-            (void)!fscanf(file, "%255s", static_cast<char*>(value));
+            ReadToken(file, static_cast<char*>(value), textSize);
             return true;
         case ParameterInteger:
             (void)!fscanf(file, "%d", static_cast<int*>(value));
@@ -72,12 +77,12 @@ static bool FindAndRead(FILE* file, void* value, const std::string& key, int typ
     return false;
 }
 
-bool ParameterFile::Read(void* value, std::string key, int type)
+bool ParameterFile::Read(void* value, std::string key, int type, size_t textSize)
 {
     if (!file)
         return false;
     const locale_t theirs = SetClassicLocale();
-    const bool found = FindAndRead(file, value, key, type);
+    const bool found = FindAndRead(file, value, key, type, textSize);
     uselocale(theirs);
     return found;
 }
@@ -105,9 +110,9 @@ bool ParameterFile::Write(void* value, std::string key, int type)
     return false;
 }
 
-bool ParameterFile::ReadOrAdd(void* value, std::string key, int type)
+bool ParameterFile::ReadOrAdd(void* value, std::string key, int type, size_t textSize)
 {
-    if (Read(value, key, type))
+    if (Read(value, key, type, textSize))
         return false;
     Write(value, key, type);
     return true;

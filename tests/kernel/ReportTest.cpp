@@ -4,6 +4,7 @@
 #include "platform/Boxes.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "tests/support/BoxWatch.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,23 @@ TEST_F(Report, AFileThatCannotBeOpenedIsNamedAndEndsTheRun)
     EXPECT_EQ(std::string("Bad: no/such.file") + ErrorTail, boxes[0].body);
     EXPECT_EQ(platform::EventQuit, platform::TakeEvent().kind);
     EXPECT_EQ(platform::EventNone, platform::TakeEvent().kind);
+}
+
+TEST_F(Report, TheBoxIsShownBeforeTheQuitIsPosted)
+{
+    BoxWatch watch;
+    EXPECT_EQ(nullptr, OpenFile("no/such.file", "rb"));
+    EXPECT_EQ(std::vector<bool>{false}, watch.quitAtBox);
+    EXPECT_EQ(platform::EventQuit, platform::TakeEvent().kind);
+}
+
+TEST_F(Report, ALocalFileNeverMeansTheDataDirectory)
+{
+    platform::SetDataDirectory("/no/such/folder");
+    EXPECT_EQ(nullptr, OpenLocalFile("data/note.txt", "rb"));
+    ASSERT_EQ(1u, boxes.size());
+    EXPECT_EQ(std::string("Bad: data/note.txt") + ErrorTail, boxes[0].body);
+    EXPECT_EQ(platform::EventQuit, platform::TakeEvent().kind);
 }
 
 TEST_F(Report, AllSpellingsOfTheDataDirectoryMeanTheOneDirectory)

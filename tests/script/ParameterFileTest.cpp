@@ -4,6 +4,7 @@
 #include "kernel/Report.h"
 #include "platform/Boxes.h"
 #include "platform/Events.h"
+#include "platform/Paths.h"
 #include "tests/support/CommaLocale.h"
 
 #include <gtest/gtest.h>
@@ -231,10 +232,62 @@ TEST_F(Parameters, ATokenThatIsTooLongStaysInsideTheBuffers)
     char guarded[ParameterTextSize + 16];
     memset(guarded, '#', sizeof guarded);
     EXPECT_TRUE(store.Read(guarded, "name", ParameterText));
+    EXPECT_EQ(longToken, guarded);
+
+    memset(guarded, '#', sizeof guarded);
+    EXPECT_FALSE(store.ReadOrAdd(guarded, "name", ParameterText, 256));
     EXPECT_EQ(std::string(255, 'x'), guarded);
-    for (int i = ParameterTextSize; i < ParameterTextSize + 16; ++i)
-        EXPECT_EQ('#', guarded[i]);
-    EXPECT_EQ(256, ParameterTextSize);
+    EXPECT_EQ('#', guarded[256]);
+
+    Put("name " + std::string(5000, 'y') + "\n");
+    memset(guarded, '#', sizeof guarded);
+    store.Reopen();
+    EXPECT_TRUE(store.Read(guarded, "name", ParameterText));
+    EXPECT_EQ(std::string(4095, 'y'), guarded);
+    EXPECT_EQ('#', guarded[4096]);
+}
+
+TEST_F(Parameters, ATextOfAnyLengthComesBackWholeWhereThereIsRoom)
+{
+    ParameterFile store("store");
+    for (const size_t length : {254, 255, 256, 257, 1000, 9999}) {
+        char text[10000] = "";
+        const std::string key = "name" + std::to_string(length);
+        std::string stored(length, 'x');
+        stored.back() = '.';
+        fprintf(store.file, "\n"); // ends the text entry before
+        EXPECT_TRUE(store.ReadOrAdd(stored.data(), key, ParameterText, length + 1));
+        EXPECT_TRUE(store.Read(text, key, ParameterText, sizeof text));
+        EXPECT_EQ(stored, text);
+    }
+}
+
+TEST_F(Parameters, ATextWithoutRoomStaysUntouched)
+{
+    Put("name bone");
+    ParameterFile store("store");
+    char text[2] = "x";
+    EXPECT_TRUE(store.Read(text, "name", ParameterText, 1));
+    EXPECT_TRUE(store.Read(text, "name", ParameterText, 0));
+    EXPECT_STREQ("x", text);
+    EXPECT_TRUE(store.Read(text, "name", ParameterText, 2));
+    EXPECT_STREQ("b", text);
+}
+
+TEST_F(Parameters, ANameWithAFolderInItLiesUnderTheWorkingDirectory)
+{
+    platform::SetDataDirectory(folder + "/elsewhere");
+    std::filesystem::create_directory("elsewhere");
+    for (const char* name : {"data", "Data"}) {
+        std::filesystem::create_directory(name);
+        ParameterFile store(std::string(name) + "/store");
+        EXPECT_TRUE(std::filesystem::exists(std::string(name) + "/store.dep"));
+    }
+    ParameterFile odd("data\\store");
+    EXPECT_TRUE(std::filesystem::exists("data\\store.dep")) << "a backslash is a letter like others";
+    EXPECT_TRUE(std::filesystem::is_empty("elsewhere"));
+    EXPECT_TRUE(boxes.empty());
+    platform::SetDataDirectory("Data");
 }
 
 TEST_F(Parameters, AKeyOf255BytesIsFound)
