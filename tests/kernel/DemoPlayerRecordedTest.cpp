@@ -9,6 +9,7 @@
 #include "platform/Events.h"
 #include "platform/WindowSystem.h"
 #include "tests/kernel/ProbeEffect.h"
+#include "tests/support/BytesInUse.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
@@ -70,6 +71,8 @@ protected:
         if (test->swaps == test->quitAtSwap)
             platform::PostQuit(0);
         test->timesAtSwap.push_back(FrameTimer::GetTime());
+        test->countsAtSwap.push_back(platform::ReadCounter());
+        test->picturesAtSwap.push_back(gl::DrawsWithTexture("loading.jpg").size());
         test->titlesAtSwap.push_back(platform::NullWindowState().title);
         gl::PostSwap();
     }
@@ -85,6 +88,8 @@ protected:
     int swaps = 0;
     int quitAtSwap = 0;
     std::vector<float> timesAtSwap;
+    std::vector<int64_t> countsAtSwap;
+    std::vector<size_t> picturesAtSwap;
     std::vector<std::string> titlesAtSwap;
 };
 
@@ -117,6 +122,18 @@ TEST_F(DemoPlayerRun, StartAndStopAreBothIncluded)
     Add(&b, 0, 2000);
     Play(0.25);
     EXPECT_EQ((Floats{0.5f, 0.75f, 1.0f}), TimesOf(a, "Render"));
+}
+
+TEST_F(DemoPlayerRun, WholeMillisecondsFallOnTheirFramesAtTwentyFramesASecond)
+{
+    Add(&a, 2250, 2350);
+    Add(&b, 0, 2400);
+    player.AddMessage(2250, "flash", nullptr, 0, "FX_B");
+    Play(0.05);
+    EXPECT_EQ((Floats{2.25f, 2.3f, 2.35f}), TimesOf(a, "Render")) << "frames 45 to 47";
+    EXPECT_EQ((Floats{2.25f}), TimesOf(b, "message"));
+    EXPECT_EQ(49, b.Count("Render")) << "frames 0 to 48";
+    EXPECT_EQ(49, swaps);
 }
 
 TEST_F(DemoPlayerRun, TheShowEndsOnlyWhenTheTimePassesTheEnd)
@@ -301,6 +318,65 @@ TEST_F(DemoPlayerRun, AQuitWhileLoadingRunsTheLoadToItsEndAndNoFrame)
     EXPECT_FALSE(window.IsRunning());
 }
 
+// Has the player end the show while it loads.
+class Stopper : public ProbeEffect
+{
+public:
+    void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override
+    {
+        ProbeEffect::Init(newWindow, newPlayer);
+        newPlayer->End();
+    }
+};
+
+TEST_F(DemoPlayerRun, APlayerThatEndsWhileLoadingLoadsNothingMoreAndDrawsNoFrame)
+{
+    Stopper stopper;
+    Add(&a, 0, 1000);
+    Add(&stopper, 0, 1000);
+    Add(&b, 0, 1000);
+    Play(0.5);
+    EXPECT_EQ(1, a.Count("Init"));
+    EXPECT_EQ(1, stopper.Count("Init"));
+    EXPECT_EQ(0, b.Count("Init"));
+    EXPECT_EQ(0, swaps);
+    EXPECT_EQ(2 * second, platform::ReadCounter()) << "two waits";
+}
+
+TEST_F(DemoPlayerRun, TheLoadPumpsOnceForEveryEntryAlsoForThoseThatNeedNoInit)
+{
+    Add(&a, 0, 10000);
+    Add(&a, 0, 10000);
+    Add(&b, 0, 10000);
+    for (int entry = 0; entry < 4; entry++) // the ticker's is the fourth
+        platform::PostEvent({platform::EventWindow, 0});
+    platform::PostEvent(
+        {platform::EventKeyDown, platform::KeyEscape}); // taken by frame 1, its quit by frame 2
+    Play(0.5);
+    EXPECT_EQ(2, b.Count("Render"));
+}
+
+TEST_F(DemoPlayerRun, TheLastFramePumpsAnEventBehindTheEnd)
+{
+    Add(&a, 0, 10);
+    for (int entry = 0; entry < 2; entry++)
+        platform::PostEvent({platform::EventWindow, 0});
+    platform::PostEvent({platform::EventKeyDown, 'x'});
+    Play(1.0);
+    EXPECT_EQ(uint32_t(PlayerEnded), player.state);
+    EXPECT_EQ(1, swaps);
+    EXPECT_EQ(platform::EventNone, platform::TakeEvent().kind) << "the one frame took the third event";
+}
+
+TEST_F(DemoPlayerRun, AQuitInTheLastFrameReachesTheWindowThoughTheShowHasEnded)
+{
+    Add(&a, 0, 10);
+    quitAtSwap = 1;
+    Play(1.0);
+    EXPECT_EQ(uint32_t(PlayerEnded), player.state);
+    EXPECT_FALSE(window.IsRunning());
+}
+
 TEST_F(DemoPlayerRun, AQuitDuringTheShowEndsItWithTheFrame)
 {
     Add(&a, 0, 10000);
@@ -353,6 +429,27 @@ TEST_F(DemoPlayerRun, EachEffectStartsWithAClearDepthBufferAndTheIdentity)
     EXPECT_EQ((std::vector<GLbitfield>{both, depth, depth, depth}), masks) << "and one for the ticker";
 }
 
+// Counts the clears that were sent up to each call.
+class ClearCounter : public ProbeEffect
+{
+public:
+    void ReceiveMessage(int, float*, int) override { clears.push_back(gl::Clears().size()); }
+    void Render() override { clears.push_back(gl::Clears().size()); }
+    void Update() override { clears.push_back(gl::Clears().size()); }
+    std::vector<size_t> clears;
+};
+
+TEST_F(DemoPlayerRun, AMessageArrivesBeforeItsEffectsDepthBufferIsCleared)
+{
+    ClearCounter counter;
+    registry.Register("FX_Counter", &counter, "");
+    Add(&counter, 0, 10);
+    player.AddMessage(0, "flash", nullptr, 0, "FX_Counter");
+    gl::ClearRecords();
+    Play(1.0);
+    EXPECT_EQ((std::vector<size_t>{1, 2, 2}), counter.clears) << "message, Render, Update";
+}
+
 TEST_F(DemoPlayerRun, TheShowIsLetterboxed)
 {
     Add(&a, 0, 10);
@@ -374,12 +471,37 @@ TEST_F(DemoPlayerRun, ARunThatIsNotReadyDoesNothing)
 
 TEST_F(DemoPlayerRun, TheDestructorFreesAllMessages)
 {
-    DemoPlayer other;
-    other.Init(&window, &registry, nullptr, false);
-    for (int i = 0; i < 3; i++) {
-        const float param = float(i);
-        other.AddMessage(0, "flash", &param, 1, "FX_A");
+    const std::vector<float> params(1 << 16); // a quarter of a megabyte for each message
+    const size_t before = BytesInUse();
+    {
+        DemoPlayer other;
+        other.Init(&window, &registry, nullptr, false);
+        for (int i = 0; i < 40; i++)
+            other.AddMessage(0, "flash", params.data(), int(params.size()), "FX_A");
+        EXPECT_GT(BytesInUse(), before + (10 << 20));
     }
+    EXPECT_LT(BytesInUse(), before + (1 << 18)) << "less than a single one of them";
+}
+
+class MortalScreen : public LoadingScreen
+{
+public:
+    explicit MortalScreen(int* newDeaths) : LoadingScreen(nullptr), deaths(newDeaths) {}
+    ~MortalScreen() override { (*deaths)++; }
+
+private:
+    int* deaths;
+};
+
+TEST_F(DemoPlayerRun, TheDestructorDeletesTheLoadingScreen)
+{
+    int deaths = 0;
+    {
+        DemoPlayer other;
+        other.Init(&window, &registry, new MortalScreen(&deaths), false);
+        EXPECT_EQ(0, deaths);
+    }
+    EXPECT_EQ(1, deaths);
 }
 
 class LoadingRun : public DemoPlayerRun
@@ -401,6 +523,33 @@ TEST_F(LoadingRun, ThePictureStandsOnceForEachEffectThatLoads)
     Play(1.0);
     EXPECT_EQ(3u, gl::DrawsWithTexture("loading.jpg").size()) << "a, b and the ticker";
     EXPECT_EQ(1 + 3 + 1, swaps) << "one ahead of the picture, three with it, one frame";
+}
+
+TEST_F(LoadingRun, ThePictureIsOnTheScreenBeforeTheWaitBegins)
+{
+    Add(&a, 0, 10);
+    Add(&b, 0, 10);
+    Play(1.0);
+    // An empty frame, then a picture for a, b and the ticker, each shown at the end of the wait before.
+    EXPECT_EQ((std::vector<size_t>{0, 1, 2, 3, 3}), picturesAtSwap);
+    EXPECT_EQ((std::vector<int64_t>{0, 0, second, 2 * second, 4 * second}), countsAtSwap);
+}
+
+TEST_F(LoadingRun, EachPictureIsDrawnBetweenAClearAndASwap)
+{
+    Add(&a, 0, 10);
+    Play(1.0);
+    std::vector<std::string> steps;
+    for (const std::string& call : gl::Calls())
+        for (const char* step : {"glClear(", "glEnd", "swap"})
+            if (call.rfind(step, 0) == 0)
+                steps.push_back(step);
+    EXPECT_EQ((std::vector<std::string>{"glClear(", "swap",                         // ahead of the picture
+                                        "glClear(", "glEnd", "swap",                // for a
+                                        "glClear(", "glEnd", "swap",                // for the ticker
+                                        "glClear(", "glClear(", "glClear(", "swap"} // the frame of the show
+               ),
+              steps);
 }
 
 TEST_F(LoadingRun, ThePictureHasTheWholeWindow)

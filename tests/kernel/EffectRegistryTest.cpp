@@ -41,6 +41,30 @@ TEST(EffectRegistry, RegisteringLetsTheEffectDeclareItsMessagesAtOnce)
     EXPECT_EQ(4, b.stepId);
 }
 
+// Looks itself up while it declares its messages.
+class CuriousEffect : public ProbeEffect
+{
+public:
+    explicit CuriousEffect(EffectRegistry* newRegistry) : registry(newRegistry) {}
+    void DeclareMessages(SynchMessageTable* table) override
+    {
+        found = registry->FindEffect("FX_Curious");
+        sameTable = table == registry->GetMessageTable();
+    }
+    EffectRegistry* registry;
+    Effect* found = nullptr;
+    bool sameTable = false;
+};
+
+TEST(EffectRegistry, AnEffectHasItsRowBeforeItDeclaresItsMessages)
+{
+    EffectRegistry registry;
+    CuriousEffect curious(&registry);
+    EXPECT_TRUE(registry.Register("FX_Curious", &curious, ""));
+    EXPECT_EQ(&curious, curious.found);
+    EXPECT_TRUE(curious.sameTable);
+}
+
 TEST(EffectRegistry, ASecondEffectUnderATakenNameIsLeftAloneAndDeclaresNothing)
 {
     EffectRegistry registry;

@@ -46,6 +46,19 @@ TEST_F(LoadingScreenTest, ThePictureFillsTheMiddleOfTheScreen)
     EXPECT_TRUE(gl::HasWindowPoints(picture, {{160, 390}, {640, 390}, {640, 180}, {160, 180}}));
 }
 
+TEST_F(LoadingScreenTest, ThePictureStandsInItsPlaceWhateverTheMatricesAre)
+{
+    screen.Init();
+    gl::ClearRecords();
+    glMatrixMode(GL_MODELVIEW);
+    glTranslatef(4, 5, 6);
+    glMatrixMode(GL_PROJECTION);
+    glScalef(2, 3, 4);
+    screen.Render();
+    ASSERT_EQ(1u, gl::Draws().size());
+    EXPECT_TRUE(gl::HasWindowPoints(gl::Draws()[0], {{160, 390}, {640, 390}, {640, 180}, {160, 180}}));
+}
+
 TEST_F(LoadingScreenTest, ItLeavesWhiteAndOneUnderflowBehind)
 {
     screen.Init();

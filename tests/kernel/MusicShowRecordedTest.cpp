@@ -12,6 +12,7 @@
 #include "platform/SoundOutput.h"
 #include "platform/WindowSystem.h"
 #include "tests/kernel/ProbeEffect.h"
+#include "tests/support/BoxWatch.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
@@ -70,6 +71,14 @@ protected:
         EXPECT_TRUE(player.LoadScript("script.txt"));
         player.Run();
     }
+    // For the counted clock: frames of the same length. Notes what the music was told before the first read.
+    static int64_t CountsOfRead(void* user, int64_t read)
+    {
+        MusicShow* const test = static_cast<MusicShow*>(user);
+        if (read == 0)
+            test->callsAtFirstRead = test->calls;
+        return read * second / 50;
+    }
     static std::string Entry(int start, int stop)
     {
         return "[EFFECT]EffectName=FX_A;StartTime=" + std::to_string(start) +
@@ -114,7 +123,7 @@ protected:
     Listener listener;
     DemoPlayer player;
     std::vector<float> waltz, polka;
-    Calls calls, callsWhileLoading, callsAtFirstFrame;
+    Calls calls, callsWhileLoading, callsAtFirstRead, callsAtFirstFrame;
     std::vector<std::vector<float>> heardWhileLoading, heard;
     std::vector<float> times;
     int picturesWhileLoading = 0;
@@ -137,6 +146,17 @@ TEST_F(MusicShow, SilenceWhileThePictureLoadsThenMusicAndClockStartTogether)
               Calls(callsAtFirstFrame.end() - 3, callsAtFirstFrame.end()));
     EXPECT_EQ(0.0f, times.at(0));
     EXPECT_EQ(From(waltz, 0, frameLength), heard.at(0)) << "from its first sample on";
+}
+
+TEST_F(MusicShow, TheClockStartsBehindTheMusicAndItsTime)
+{
+    platform::UseCountedClock(CountsOfRead, this);
+    Play(Music("waltz.wav") + Entry(0, 200), 60);
+    ASSERT_GE(callsAtFirstRead.size(), 2u);
+    EXPECT_EQ((Calls{"PlayStream -1", "SetStreamTime 60"}),
+              Calls(callsAtFirstRead.end() - 2, callsAtFirstRead.end()));
+    EXPECT_EQ(0.06f, times.at(0)) << "and the clock has begun with the first read";
+    EXPECT_EQ(0.06f + 0.02f, times.at(1));
 }
 
 TEST_F(MusicShow, EveryFrameHearsTheSamplesOfItsTime)
@@ -214,6 +234,15 @@ TEST_F(MusicShow, AMusicFileThatCannotBeOpenedIsToldAndEndsTheRunBehindTheWholeL
     EXPECT_FALSE(window.IsRunning());
 }
 
+TEST_F(MusicShow, AMusicFileThatCannotBeOpenedIsToldBeforeTheQuitIsPosted)
+{
+    ASSERT_TRUE(player.Init(&window, &registry, nullptr, true));
+    BoxWatch watch;
+    player.SetMusic("tango.wav");
+    EXPECT_EQ(std::vector<bool>{false}, watch.quitAtBox);
+    EXPECT_TRUE(QuitWasPosted());
+}
+
 TEST_F(MusicShow, AMusicFileThatIsNoneIsToldInTheSameWords)
 {
     AddFile("tango.wav", "not a sound in it");
@@ -258,6 +287,15 @@ TEST_F(SilentMachine, AMissingSoundDeviceIsToldAndThereIsNoShow)
 {
     platform::UseSoundOutput(platform::SoundMissing);
     ExpectNoPlayer();
+}
+
+TEST_F(SilentMachine, AMissingSoundDeviceIsToldBeforeTheQuitIsPosted)
+{
+    platform::UseSoundOutput(platform::SoundMissing);
+    BoxWatch watch;
+    EXPECT_FALSE(player.Init(&window, &registry, nullptr, true));
+    EXPECT_EQ(std::vector<bool>{false}, watch.quitAtBox);
+    EXPECT_TRUE(QuitWasPosted());
 }
 
 TEST_F(SilentMachine, ASoundSystemThatIsTooOldIsToldInTheSameWords)

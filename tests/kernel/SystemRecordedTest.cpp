@@ -5,9 +5,11 @@
 #include "display/GLWindow.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
+#include "kernel/LoadingScreen.h"
 #include "kernel/SynchMessageTable.h"
 #include "platform/Clock.h"
 #include "platform/Events.h"
+#include "platform/SoundOutput.h"
 #include "platform/StartForm.h"
 #include "platform/WindowSystem.h"
 #include "tests/support/ShowFixture.h"
@@ -45,11 +47,11 @@ protected:
         std::filesystem::current_path(oldFolder);
         std::filesystem::remove_all(folder);
     }
-    // How the user leaves the form. Music off: these tests make no sound.
-    void Answer(int button, bool fullscreen)
+    // How the user leaves the form. Music is off in most tests: they make no sound.
+    void Answer(int button, bool fullscreen, bool music = false)
     {
         platform::AnswerStartForm([=](platform::StartForm& form) {
-            form.Check(musicBox, false);
+            form.Check(musicBox, music);
             form.Check(fullscreenBox, fullscreen);
             return button;
         });
@@ -204,6 +206,46 @@ TEST_F(Run, AStartOffsetIsReadUpToWhereTheNumberEnds)
     EXPECT_EQ(1500u, OffsetAfterBuild());
 }
 
+TEST_F(Run, TheStartOffsetIsReadAheadOfTheWindow)
+{
+    system.refuseWindow = true;
+    WriteOffset("1500");
+    EXPECT_FALSE(BuildSystem());
+    ASSERT_NE(nullptr, demoPlayer);
+    EXPECT_EQ(1500u, demoPlayer->startOffset);
+}
+
+TEST_F(Run, ATickedMusicBoxMakesAMusicPlayer)
+{
+    platform::UseSoundOutput(platform::SoundPulledByHand);
+    Answer(go, false, true);
+    EXPECT_TRUE(BuildSystem());
+    EXPECT_NE(nullptr, demoPlayer->music);
+    EXPECT_EQ(uint32_t(PlayerReady), demoPlayer->state);
+}
+
+TEST_F(Run, APlayerThatFailsToInitialiseStillCountsAsBuilt)
+{
+    platform::UseSoundOutput(platform::SoundMissing);
+    Answer(go, false, true);
+    EXPECT_TRUE(BuildSystem());
+    EXPECT_EQ(uint32_t(PlayerFailed), demoPlayer->state);
+    EXPECT_EQ(1u, boxes.size());
+}
+
+TEST_F(Run, WithoutASoundDeviceTheRunIsTakenDownUnplayed)
+{
+    platform::UseSoundOutput(platform::SoundMissing);
+    Answer(go, false, true);
+    AddFile("script.txt", shortShow);
+    EXPECT_EQ(0, RunShow());
+    ASSERT_EQ(1u, boxes.size()) << "nothing is said of the script";
+    EXPECT_EQ("Marlinex 1.5 Error: Music Player", boxes[0].caption);
+    EXPECT_EQ(0, swaps);
+    EXPECT_EQ(nullptr, demoPlayer) << "the tear-down ran";
+    EXPECT_EQ(nullptr, effectRegistry);
+}
+
 TEST_F(Run, AWindowThatCannotBeCreatedEndsTheRunWithoutAScript)
 {
     system.refuseWindow = true;
@@ -267,6 +309,71 @@ TEST_F(Run, TheTexturesAreDeletedInTheWindowThatStays)
     AddFile("script.txt", shortShow);
     EXPECT_EQ(0, RunShow());
     EXPECT_EQ((std::vector<int>{1}), ContextsOfDeletion());
+}
+
+// Looks round when the player deletes it.
+class Witness : public LoadingScreen
+{
+public:
+    struct Sight {
+        size_t effects = 99;
+        int windows = 99;
+        size_t deletedTextures = 99;
+        const void* player = nullptr;
+        const void* window = nullptr;
+        const void* registry = nullptr;
+    };
+    explicit Witness(Sight* newSight) : LoadingScreen(nullptr), sight(newSight) {}
+    ~Witness() override
+    {
+        sight->effects = effectRegistry->effects.size();
+        sight->windows = platform::NullWindowState().windows;
+        sight->deletedTextures = ContextsOfDeletion().size();
+        sight->player = demoPlayer;
+        sight->window = glWindow;
+        sight->registry = effectRegistry;
+        // From here on only the window's own destructor can close it.
+        platform::PostQuit(0);
+        glWindow->PumpMessage();
+    }
+
+private:
+    Sight* sight;
+};
+
+TEST_F(Run, TheTearDownClearsTheEffectsClosesDeletesTexturesThenPlayerThenWindow)
+{
+    AddFile("script.txt", shortShow);
+    EXPECT_TRUE(BuildSystem());
+    EXPECT_TRUE(demoPlayer->LoadScript("script.txt"));
+    demoPlayer->Run();
+    Witness::Sight sight;
+    delete demoPlayer->loadingScreen;
+    demoPlayer->loadingScreen = new Witness(&sight);
+    EXPECT_EQ(1, system.windows);
+    ::TearDown();
+    EXPECT_EQ(0u, sight.effects) << "the registry was cleared first";
+    EXPECT_EQ(1, sight.windows) << "no quit was pumped up to there";
+    EXPECT_EQ(1u, sight.deletedTextures);
+    EXPECT_NE(nullptr, sight.player);
+    EXPECT_NE(nullptr, sight.window);
+    EXPECT_NE(nullptr, sight.registry);
+    EXPECT_EQ(0, system.windows) << "its destructor tries again";
+}
+
+TEST_F(Run, AfterAQuitTheTearDownClosesTheWindowBeforeTheRest)
+{
+    AddFile("script.txt", shortShow);
+    quitAtSwap = 4;
+    EXPECT_TRUE(BuildSystem());
+    EXPECT_TRUE(demoPlayer->LoadScript("script.txt"));
+    demoPlayer->Run();
+    Witness::Sight sight;
+    delete demoPlayer->loadingScreen;
+    demoPlayer->loadingScreen = new Witness(&sight);
+    ::TearDown();
+    EXPECT_EQ(0, sight.windows);
+    EXPECT_EQ(1u, sight.deletedTextures);
 }
 
 TEST_F(Run, AnUntickedMusicBoxPlaysInSilenceAndSaysNothingOfAMusicBlock)

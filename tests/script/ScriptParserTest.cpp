@@ -106,6 +106,18 @@ TEST(ScriptStream, ALowerCaseHeaderEatsTheRestOfTheFile)
     EXPECT_EQ(BlockNone, Next("[music]FileName=a.mp3;[EFFECT]EffectName=x;", ""));
 }
 
+TEST(ScriptStream, AnUnknownHeaderSpoilsTheNextOneRightBehindIt)
+{
+    EXPECT_EQ(BlockNone, Next("[music][EFFECT]a=b;", ""));
+    EXPECT_EQ(BlockNone, Next("[EFFECTS][EFFECT]a=b;[MUSIC]c", ""));
+}
+
+TEST(ScriptStream, AfterABracketThatOpenedEveryOneThatClosesIsCompared)
+{
+    EXPECT_EQ(BlockEffect, Next("[]EFFECT]a=b;", "a=b;"));
+    EXPECT_EQ(BlockMusic, Next("[]]MUSIC]a", "a"));
+}
+
 TEST(ScriptStream, JunkBeforeAHeaderSpoilsAllThatFollow)
 {
     EXPECT_EQ(BlockNone, Next("x[MUSIC]a[EFFECT]b", ""));
@@ -258,6 +270,20 @@ TEST_F(ScriptFileTest, BlocksAreReadUpToTheFirstSpoiltHeader)
                      "[effect] EffectName=FX_A; StartTime=0; StopTime=30; LayerID=0;\n"
                      "[EFFECT] EffectName=FX_A; StartTime=0; StopTime=40; LayerID=0;\n"));
     EXPECT_EQ(2u, player.timeline.size());
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(ScriptFileTest, AnUnknownHeaderRightAheadOfABlockLosesIt)
+{
+    EXPECT_TRUE(Load("[music][EFFECT]EffectName=FX_A;StartTime=0;StopTime=10;LayerID=0;"));
+    EXPECT_TRUE(player.timeline.empty());
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(ScriptFileTest, AnEmptyHeaderOpensTheBracketForTheNextWord)
+{
+    EXPECT_TRUE(Load("[]EFFECT]EffectName=FX_A;StartTime=0;StopTime=10;LayerID=0;"));
+    EXPECT_EQ(1u, player.timeline.size());
     EXPECT_TRUE(boxes.empty());
 }
 
