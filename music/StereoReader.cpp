@@ -14,8 +14,10 @@ void StereoReader::Seek(int64_t frame)
 {
     position = std::max<int64_t>(frame, 0);
     const int64_t first = resampler.FirstInput(position);
-    const int64_t reached = source->Seek(std::max<int64_t>(first, 0));
-    atEnd = reached < 0;
+    const int64_t asked = std::max<int64_t>(first, 0);
+    const int64_t reached = source->Seek(asked);
+    // Beyond the place, as no decoder should land, the frames for the interpolation would be missing.
+    atEnd = reached < 0 || reached > asked;
     input.clear();
     inputStart = std::max<int64_t>(reached, 0);
     inputLength = -1;

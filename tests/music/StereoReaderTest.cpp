@@ -109,6 +109,20 @@ TEST(StereoReader, APlaceBehindTheEndHasNoFrames)
     EXPECT_EQ(1u, ReadAll(&reader, 10).size());
 }
 
+TEST(StereoReader, ADecoderThatLandsBeyondThePlaceGivesSilenceAndNotWhatLiesAheadOfItsFrames)
+{
+    auto decoder = std::make_unique<NumberedDecoder>(100000);
+    NumberedDecoder* numbered = decoder.get();
+    StereoReader reader(std::move(decoder), 44100);
+    numbered->seekBackOff = -1;
+    reader.Seek(50000);
+    EXPECT_TRUE(ReadAll(&reader, 100).empty());
+    EXPECT_TRUE(reader.IsAtEnd());
+    numbered->seekBackOff = 0;
+    reader.Seek(50000);
+    EXPECT_EQ(NumberedDecoder::Sample(50000), ReadAll(&reader, 100, 100).at(0));
+}
+
 TEST(StereoReader, AtAnotherRateASeekGivesTheBitsOfPlayingUpToThePlace)
 {
     for (int rate : {48000, 22050, 96000, 44099}) {
