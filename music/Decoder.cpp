@@ -3,6 +3,7 @@
 
 #include "music/FileDecoder.h"
 #include "music/ModuleDecoder.h"
+#include "music/Mp3Decoder.h"
 
 #include <filesystem>
 
@@ -14,9 +15,12 @@ std::unique_ptr<Decoder> OpenDecoder(const std::string& path, int mixRate)
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error))
         return nullptr;
-    std::unique_ptr<Decoder> decoder = FileDecoder::Open(path);
+    std::unique_ptr<Decoder> decoder =
+        Mp3Decoder::Recognises(path) ? Mp3Decoder::Open(path) : FileDecoder::Open(path);
     if (!decoder)
         decoder = ModuleDecoder::Open(path, mixRate);
+    if (!decoder && Mp3Decoder::HasExtension(path)) // its start may be damaged
+        decoder = Mp3Decoder::Open(path);
     if (decoder && (decoder->rate < LowestRate || decoder->rate > HighestRate))
         return nullptr;
     return decoder;

@@ -34,7 +34,7 @@ public:
 const int LowestRate = 1000; // Hz
 const int HighestRate = 768000;
 
-// Opens whatever libsndfile knows (WAV, FLAC, Ogg Vorbis, Opus, MP3, ...) or else libopenmpt (XM, IT, S3M,
-// MOD, ...). A tracker module is rendered in stereo at mixRate. Null: no regular file, unreadable, unknown,
-// or at a rate outside LowestRate..HighestRate.
+// Opens MP3 through libmpg123, else whatever libsndfile knows (WAV, FLAC, Ogg Vorbis, Opus, ...) or else
+// libopenmpt (XM, IT, S3M, MOD, ...). A tracker module is rendered in stereo at mixRate. Null: no regular
+// file, unreadable, unknown, or at a rate outside LowestRate..HighestRate.
 std::unique_ptr<Decoder> OpenDecoder(const std::string& path, int mixRate);

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "music/FileDecoder.h"
 
+#include "music/Mp3Decoder.h"
 #include "music/OggPages.h"
 
 #include <algorithm>
+#include <fcntl.h>
 
 // The frames that a seek leaves to be decoded ahead of the place asked for. A compressed frame leans on those
-// before it: measured right behind a seek, Vorbis was wrong for a part of a block, Opus in its last bit and
-// MP3 at low bit rates for up to 4 of its frames of 1152. Two of Vorbis' longest blocks are enough for all.
+// before it: measured right behind a seek, Vorbis was wrong for a part of a block and Opus in its last bit.
+// Two of Vorbis' longest blocks are enough for both.
 static const int64_t runUpFrames = 16384;
 
 // The least distance between the places that are tried behind damage: a usual frame of FLAC.
@@ -59,10 +61,20 @@ static std::vector<Speaker> SpeakersOf(SNDFILE* file, int channels)
     return speakers;
 }
 
+// Without a name libsndfile goes by the content alone: a file of unknown content that is called .mp3 it would
+// search for MPEG frames, with notes on the standard error stream.
+static SNDFILE* OpenSoundFile(const std::string& path, SF_INFO* info)
+{
+    if (!Mp3Decoder::HasExtension(path))
+        return sf_open(path.c_str(), SFM_READ, info);
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    return descriptor < 0 ? nullptr : sf_open_fd(descriptor, SFM_READ, info, SF_TRUE);
+}
+
 std::unique_ptr<Decoder> FileDecoder::Open(const std::string& path)
 {
     SF_INFO info = {};
-    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    SNDFILE* file = OpenSoundFile(path, &info);
     if (!file)
         return nullptr;
     return std::unique_ptr<Decoder>(new FileDecoder(path, file, info));
@@ -153,7 +165,7 @@ bool FileDecoder::Reopen()
 {
     sf_close(file);
     SF_INFO info = {};
-    file = sf_open(path.c_str(), SFM_READ, &info);
+    file = OpenSoundFile(path, &info);
     // Another file may lie there by now.
     if (file && (info.channels != int(speakers.size()) || info.samplerate != rate)) {
         sf_close(file);
