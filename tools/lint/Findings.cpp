@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/EffectRegistry.h"
 #include "kernel/SynchMessageTable.h"
+#include "tools/cli/Text.h"
 #include "tools/lint/Checks.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@
 namespace lint
 {
 
-static const size_t longestQuote = 40;
+static const size_t longestQuote = 40; // characters
 
 Findings::Findings(const Reading& script, const std::string& fileName, std::vector<Finding>* sink)
     : reading(script), file(fileName), findings(sink)
@@ -47,7 +48,7 @@ void SetSpan(Finding* finding, uint32_t start, uint32_t stop)
 
 std::string Quote(const std::string& text)
 {
-    return "\"" + (text.size() <= longestQuote ? text : text.substr(0, longestQuote - 3) + "...") + "\"";
+    return "\"" + cli::Escaped(text, longestQuote) + "\"";
 }
 
 std::string Milliseconds(uint32_t time)
