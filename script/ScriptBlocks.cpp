@@ -90,10 +90,10 @@ void ScriptParser::ParseParameters(std::string text, float* params, int count)
 {
     std::string token;
     int index = 0;
-    while (!text.empty()) {
-        const char c = PopChar(text);
-        if (c != ',' && !text.empty()) {
-            token += c;
+    for (size_t i = 0; i < text.size(); i++) {
+        const bool isLast = i + 1 == text.size();
+        if (text[i] != ',' && !isLast) {
+            token += text[i];
             continue;
         }
         if (index < count)
@@ -129,18 +129,18 @@ void ScriptParser::ParseMessage(std::string body)
     std::string token;
     int timeCount = 0;
     uint32_t time = 0;
-    while (!times.empty()) {
-        const char c = PopChar(times);
-        if (c != ',' && !times.empty()) {
-            token += c;
+    for (size_t i = 0; i < times.size(); i++) {
+        const bool isLast = i + 1 == times.size();
+        if (times[i] != ',' && !isLast) {
+            token += times[i];
             continue;
         }
         timeCount++;
-        if (times.empty())
-            token += c;
+        if (isLast)
+            token += times[i];
         time = uint32_t(atoi(token.c_str()));
         token.clear();
-        if (player)
+        if (player && (!observer || observer->TakesMessage(params.size())))
             player->AddMessage(time, messageText, params.data(), count, target);
     }
 
@@ -154,7 +154,7 @@ void ScriptParser::ParseMessage(std::string body)
     const uint32_t delta = uint32_t(atoi(deltaText.c_str()));
     for (uint32_t i = 1; i < steps; i++) {
         time += delta;
-        if (player)
+        if (player && (!observer || observer->TakesMessage(params.size())))
             player->AddMessage(time, messageText, params.data(), count, target);
     }
 }

@@ -10,7 +10,7 @@
 enum BlockType { BlockNone = 0, BlockMusic = 1, BlockEffect = 2, BlockMessage = 3, BlockColorScheme = 4 };
 
 // What becomes of a byte of the file.
-enum ByteFate {
+enum ByteFate : uint8_t {
     ByteKept,      // it is the next character of the stream
     ByteDropped,   // it is none of those that a script is made of
     ByteCommented, // it stands in a comment
@@ -31,4 +31,8 @@ public:
 
     // How many of the messages of a Steps entry are to be made.
     virtual uint32_t LimitSteps(uint32_t steps) = 0;
+
+    // Whether one more message of that many parameters is to be made. A short script can ask for more of them
+    // than memory holds.
+    virtual bool TakesMessage(size_t parameters) = 0;
 };

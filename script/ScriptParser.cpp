@@ -46,15 +46,48 @@ bool ScriptParser::Load(std::string fileName)
     return true;
 }
 
+// The block whose header comes next from *place on, which is moved behind that header.
+static BlockType FindBlock(const std::string& stream, size_t* place)
+{
+    std::string word;
+    bool sawBracket = false;
+    while (*place < stream.size()) {
+        const char c = stream[(*place)++];
+        if (c == '[') {
+            sawBracket = true;
+        } else if (c == ']' && sawBracket) {
+            // The word is kept when nothing matches, so one unknown header spoils all that follow.
+            if (word == "MUSIC")
+                return BlockMusic;
+            if (word == "EFFECT")
+                return BlockEffect;
+            if (word == "MESSAGE")
+                return BlockMessage;
+            if (word == "COLORSCHEME")
+                return BlockColorScheme;
+        } else {
+            word += c;
+        }
+    }
+    return BlockNone;
+}
+
+static size_t FindBodyEnd(const std::string& stream, size_t begin)
+{
+    return std::min(stream.find('[', begin), stream.size());
+}
+
+// By places in the stream, since erasing what was read would take a time that grows with the square of its
+// length.
 void ScriptParser::ReadBlocks(FILE* file)
 {
-    std::string stream = ReadFiltered(file);
-    const size_t length = stream.size();
-    while (!stream.empty()) {
-        const size_t header = length - stream.size();
-        const BlockType type = NextBlock(stream);
-        const size_t begin = length - stream.size();
-        const std::string body = ReadBlockBody(stream);
+    const std::string stream = ReadFiltered(file);
+    for (size_t place = 0; place < stream.size();) {
+        const size_t header = place;
+        const BlockType type = FindBlock(stream, &place);
+        const size_t begin = place;
+        place = FindBodyEnd(stream, begin);
+        const std::string body = stream.substr(begin, place - begin);
         if (observer)
             observer->BlockBegins(type, header, begin, body);
         switch (type) {
@@ -121,35 +154,15 @@ char ScriptParser::PeekChar(const std::string& stream) const
 
 BlockType ScriptParser::NextBlock(std::string& stream)
 {
-    std::string word;
-    bool sawBracket = false;
-    BlockType result = BlockNone;
     size_t taken = 0;
-    while (taken < stream.size() && result == BlockNone) {
-        const char c = stream[taken++];
-        if (c == '[') {
-            sawBracket = true;
-        } else if (c == ']' && sawBracket) {
-            // The word is kept when nothing matches, so one unknown header spoils all that follow.
-            if (word == "MUSIC")
-                result = BlockMusic;
-            else if (word == "EFFECT")
-                result = BlockEffect;
-            else if (word == "MESSAGE")
-                result = BlockMessage;
-            else if (word == "COLORSCHEME")
-                result = BlockColorScheme;
-        } else {
-            word += c;
-        }
-    }
-    stream.erase(0, taken); // once, not for each character: a long file of junk must not stall the start
+    const BlockType result = FindBlock(stream, &taken);
+    stream.erase(0, taken);
     return result;
 }
 
 std::string ScriptParser::ReadBlockBody(std::string& stream)
 {
-    const size_t end = std::min(stream.find('['), stream.size());
+    const size_t end = FindBodyEnd(stream, 0);
     const std::string body = stream.substr(0, end);
     stream.erase(0, end);
     return body;

@@ -36,6 +36,12 @@ public:
         if (player && player->timeline.size() > entries)
             heard += "an entry\n";
     }
+    bool TakesMessage(size_t parameters) override
+    {
+        parametersAsked.push_back(parameters);
+        return parametersAsked.size() <= messagesTaken;
+    }
+
     uint32_t LimitSteps(uint32_t steps) override
     {
         asked = steps;
@@ -46,6 +52,8 @@ public:
     bool inBlock = false;
     uint32_t asked = 0;
     uint32_t limit = uint32_t(-1);
+    std::vector<size_t> parametersAsked;
+    size_t messagesTaken = size_t(-1);
     DemoPlayer* player = nullptr;
     size_t entries = 0;
 };
@@ -117,6 +125,19 @@ TEST_F(Observed, StepsCanBeLimitedAndAreNotUnlessTheyAre)
     limiting.limit = 2;
     Read(script, &limiting);
     EXPECT_EQ(6u, player.messages.size());
+}
+
+TEST_F(Observed, EachMessageIsTakenOrRefusedByTheNumberOfItsParameters)
+{
+    Listener listener;
+    listener.messagesTaken = 4;
+    Read("[MESSAGE]MessageText=a;ActivationTime=5,6,;TargetEffect=FX_A;"
+         "[MESSAGE]MessageText=b;ActivationTime=7;TargetEffect=FX_A;Steps=4;TimeDelta=1;Parameter=1,2,;",
+         &listener);
+    EXPECT_EQ((std::vector<size_t>{0, 0, 3, 3, 3, 3}), listener.parametersAsked)
+        << "a comma at the end opens a last parameter, and no time";
+    ASSERT_EQ(4u, player.messages.size());
+    EXPECT_EQ(0.008f, player.messages[3].time);
 }
 
 TEST_F(Observed, AShowWithoutObserverIsTheSame)

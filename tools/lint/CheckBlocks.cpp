@@ -214,6 +214,19 @@ static void CheckSteps(const std::vector<Entry>& entries, const Block& block, Fi
                       "Write how many milliseconds lie between them.");
 }
 
+static void CheckRefused(const Block& block, Findings* findings)
+{
+    if (block.messagesRefused == 0)
+        return;
+    findings->Add(
+        Error, "many-messages", block.header,
+        "The messages up to here are too many, or have too many parameters.",
+        "The show makes and sorts them all before it starts, in a time that grows with the square of "
+        "their number, if memory lasts; here the last " +
+            std::to_string(block.messagesRefused) + " of this block are not looked at.",
+        "Send fewer, or with fewer parameters.");
+}
+
 static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
                          const EffectRegistry& registry, Findings* findings)
 {
@@ -230,6 +243,7 @@ static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
     if (const Entry* const parameter = FindSound(entries, "Parameter"))
         CheckParameters(*parameter, declared, findings);
     CheckSteps(entries, block, findings);
+    CheckRefused(block, findings);
 }
 
 static void CheckMusic(const std::vector<Entry>& entries, Findings* findings)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace lint
 {
@@ -174,6 +175,24 @@ struct Group {
     void Span(Finding* finding) const { SetSpan(finding, First().time, messages.back()->time); }
 };
 
+// Of the effects that findings have told about: a show can have as many entries as findings.
+class SpansText
+{
+public:
+    explicit SpansText(const Show& told) : show(told) {}
+    const std::string& Of(const std::string& effect)
+    {
+        const auto [place, isNew] = texts.insert({effect, ""});
+        if (isNew)
+            place->second = SpansOf(show, effect);
+        return place->second;
+    }
+
+private:
+    const Show& show;
+    std::map<std::string, std::string> texts;
+};
+
 typedef bool (*Fate)(const Show& show, const SentMessage& message, const Options& options);
 
 static std::vector<Group> Gather(const Show& show, const Options& options, Fate hasFate)
@@ -230,6 +249,7 @@ static bool IsDropped(const Show& show, const SentMessage& message, const Option
 
 static void CheckMessages(const Show& show, const Options& options, Findings* findings)
 {
+    SpansText spans(show);
     for (const Group& group : Gather(show, options, IsLost)) {
         const bool pushed =
             group.messages.size() == 1 && IsOnStage(show, group.First().effect, group.First().time);
@@ -237,14 +257,14 @@ static void CheckMessages(const Show& show, const Options& options, Findings* fi
             Error, "message-outside", group.First().line, group.First().column,
             group.Told() + (group.messages.size() == 1 ? " finds" : " find") + " nobody on stage" +
                 (pushed ? ", being " + std::to_string(lround(group.First().delay)) + " ms late." : "."),
-            "Lost without a trace. " + SpansOf(show, group.First().effect),
+            "Lost without a trace. " + spans.Of(group.First().effect),
             "Move the message, or the entry of its effect."));
     }
     for (const Group& group : Gather(show, options, IsAtEdge))
         group.Span(&findings->AddAt(
             Warning, "message-at-edge", group.First().line, group.First().column,
             group.Told() + (group.messages.size() == 1 ? " stands" : " stand") + " on the edge of an entry.",
-            "Whether it is heard hangs on where the frames fall. " + SpansOf(show, group.First().effect),
+            "Whether it is heard hangs on where the frames fall. " + spans.Of(group.First().effect),
             "Keep at least 20 ms from the end of the entry, and don't begin ahead of it."));
     for (const Group& group : Gather(show, options, IsLate)) {
         double most = 0;

@@ -44,8 +44,8 @@ static void FindValuePlaces(Entry* entry)
     }
     for (; i < end; i++)
         if (text[i] != '=')
-            entry->valuePlaces.push_back(entry->begin + i);
-    entry->valuePlaces.push_back(entry->begin + end);
+            entry->valuePlaces.push_back(uint32_t(entry->begin + i));
+    entry->valuePlaces.push_back(uint32_t(entry->begin + end));
 }
 
 std::vector<Entry> SplitEntries(const Block& block)
@@ -71,7 +71,7 @@ std::vector<Entry> SplitEntries(const Block& block)
         }
         entry.counts = ended && !entry.key.empty() && !FindEntry(entries, entry.key);
         FindValuePlaces(&entry);
-        entries.push_back(entry);
+        entries.push_back(std::move(entry));
         begin = end;
     }
     return entries;

@@ -27,9 +27,9 @@ struct Entry {
 
     std::string key;   // as the reader finds it, were it not for a missing ; - empty: under none
     std::string value; // as the reader takes it, without any further =
-    std::vector<size_t> valuePlaces; // in the stream: of each character of the value, and of what ends it
-    bool counts;                     // the reader uses it: it is ended, and the first with its key
-    bool broken;                     // it runs on into the next: what its value is says nothing
+    std::vector<uint32_t> valuePlaces; // in the stream: of each character of the value, and of what ends it
+    bool counts;                       // the reader uses it: it is ended, and the first with its key
+    bool broken;                       // it runs on into the next: what its value is says nothing
 };
 
 std::vector<Entry> SplitEntries(const Block& block);

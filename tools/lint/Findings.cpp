@@ -11,10 +11,12 @@
 namespace lint
 {
 
+const size_t Findings::limit = 1000;
+
 static const size_t longestQuote = 40; // characters
 
 Findings::Findings(const Reading& script, const std::string& fileName, std::vector<Finding>* sink)
-    : reading(script), file(fileName), findings(sink)
+    : reading(script), file(fileName), findings(sink), leftOut(0), spare()
 {
 }
 
@@ -35,8 +37,18 @@ Finding& Findings::AddInFile(Severity severity, const char* code, size_t byte, c
 Finding& Findings::AddAt(Severity severity, const char* code, int line, int column, const std::string& text,
                          const std::string& consequence, const std::string& cure)
 {
-    findings->push_back({severity, code, file, line, column, false, 0, 0, text, consequence, cure});
+    Finding finding = {severity, code, file, line, column, false, 0, 0, text, consequence, cure};
+    if (++counts[finding.code] > limit) {
+        leftOut++;
+        return spare = std::move(finding);
+    }
+    findings->push_back(std::move(finding));
     return findings->back();
+}
+
+size_t Findings::LeftOut() const
+{
+    return leftOut;
 }
 
 void SetSpan(Finding* finding, uint32_t start, uint32_t stop)

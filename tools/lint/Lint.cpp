@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 namespace lint
 {
@@ -31,11 +32,22 @@ int Report::Count(Severity severity) const
                              [=](const Finding& finding) { return finding.severity == severity; }));
 }
 
+static const char* const tooLarge = "larger than any script (16 MiB)";
+
+static Report Unreadable(const std::string& reason)
+{
+    return {false, reason, {}, 0, {{}, {}, "", {}, 0, 0, {}}};
+}
+
 Report CheckText(const std::string& bytes, const std::string& name, const Options& options)
 {
+    if (bytes.size() > Reading::contentLimit)
+        return Unreadable(tooLarge);
     const Reading whole(bytes, Production(), 0);
-    const Reading kept(bytes, Production(), options.startOffset);
-    Report report = {true, "", {}, BuildShow(whole, kept, *Production(), options)};
+    std::optional<Reading> late;
+    if (options.startOffset > 0)
+        late.emplace(bytes, Production(), options.startOffset);
+    Report report = {true, "", {}, 0, BuildShow(whole, late ? *late : whole, *Production(), options)};
     Findings findings(whole, name, &report.findings);
     CheckText(whole, &findings);
     CheckBlocks(whole, *Production(), &findings);
@@ -43,12 +55,14 @@ Report CheckText(const std::string& bytes, const std::string& name, const Option
     CheckScenes(report.show, &findings);
     if (options.checkFiles)
         CheckFiles(whole, report.show, options, &findings);
+    report.findingsLeftOut = findings.LeftOut();
     std::stable_sort(report.findings.begin(), report.findings.end(), [](const Finding& a, const Finding& b) {
         return a.line != b.line ? a.line < b.line : a.column < b.column;
     });
     return report;
 }
 
+// Reads not much more than a script can have: the file may be a device without an end.
 static bool ReadWhole(const std::string& path, std::string* bytes)
 {
     const bool standard = path == "-";
@@ -60,7 +74,7 @@ static bool ReadWhole(const std::string& path, std::string* bytes)
     do {
         got = fread(piece, 1, sizeof piece, file);
         bytes->append(piece, got);
-    } while (got > 0);
+    } while (got > 0 && bytes->size() <= Reading::contentLimit);
     const int cause = ferror(file) ? errno : 0;
     if (!standard)
         fclose(file);
@@ -72,7 +86,7 @@ Report CheckFile(const std::string& path, const Options& options)
 {
     std::string bytes;
     if (!ReadWhole(path, &bytes))
-        return {false, strerror(errno), {}, {{}, {}, "", {}, 0, 0}};
+        return Unreadable(strerror(errno));
     return CheckText(bytes, path, options);
 }
 

@@ -15,6 +15,7 @@
 #include "tools/lint/Finding.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,11 @@ struct SentMessage {
     size_t block;     // counts the message blocks of the script, for messages that belong together
 };
 
+// A time on stage, in milliseconds, both ends included.
+struct Span {
+    uint32_t start, stop;
+};
+
 struct Show {
     std::vector<ShownEntry> entries;
     std::vector<SentMessage> messages;
@@ -60,13 +66,17 @@ struct Show {
     ColorScheme scheme; // the player's own where the script has none
     uint32_t end;       // milliseconds, the last stop of all entries that are kept
     int loads;          // how often an effect is initialised, and so the seconds that loading takes at least
+
+    // When each effect is on stage: its kept entries in order of time, those that meet or overlap as one.
+    std::map<std::string, std::vector<Span>> stage;
 };
 
 struct Report {
     bool readable;
     std::string reason; // why not, in the system's words
 
-    std::vector<Finding> findings; // by line and column
+    std::vector<Finding> findings; // by line and column, of each kind at most 1000
+    size_t findingsLeftOut;        // beyond that limit
     Show show;
 
     int Count(Severity severity) const;

@@ -83,6 +83,9 @@ std::string PrintText(const std::string& file, const Report& report, bool colour
         sum += (errors > 0 ? " and " : "") + Counted(warnings, "warning");
     text += file + ": " + cli::Paint(sum, clean ? cli::Green : cli::Bold, colours) + "; " +
             Facts(report.show) + "\n";
+    if (report.findingsLeftOut > 0)
+        text += "    " + Counted(long(report.findingsLeftOut), "further finding") +
+                " of the same kinds left out\n";
     return text;
 }
 
@@ -117,6 +120,7 @@ std::string PrintJson(const std::string& file, const Report& report, const Optio
         json.EndObject();
     }
     json.EndArray();
+    json.Member("findingsLeftOut", int64_t(report.findingsLeftOut));
     json.Key("show");
     json.StartObject();
     json.Member("offset", options.startOffset);

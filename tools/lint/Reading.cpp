@@ -9,14 +9,29 @@
 namespace lint
 {
 
+const size_t Reading::contentLimit = 16 << 20;
 const size_t Reading::messageLimit = 20000;
+const size_t Reading::listLimit = 200000;
+const size_t Reading::parameterLimit = 2 << 20;
+
+static const size_t countStep = 1024; // bytes
+
+static bool BeginsCharacter(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; // a further byte of a UTF-8 sequence doesn't
+}
 
 Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t startOffset)
-    : bytes(content), lineStarts{0}, stepsGranted(0)
+    : bytes(content), lineStarts{0}, stepsGranted(0), messagesTaken(0), parametersTaken(0)
 {
-    for (size_t i = 0; i < bytes.size(); i++)
+    uint32_t characters = 0;
+    for (size_t i = 0; i < bytes.size(); i++) {
+        if (i % countStep == 0)
+            charactersBefore.push_back(characters);
+        characters += BeginsCharacter(bytes[i]) ? 1 : 0;
         if (bytes[i] == '\n')
-            lineStarts.push_back(i + 1);
+            lineStarts.push_back(uint32_t(i + 1));
+    }
 
     player.SetStartOffset(startOffset);
     player.registry = registry; // all of Init that a player without window and sound needs
@@ -43,17 +58,21 @@ Reading::~Reading()
     player.messages.clear();
 }
 
-static bool BeginsCharacter(char byte)
+// Counts from a mark nearby, since a line can be as long as the file.
+size_t Reading::CharactersBefore(size_t byte) const
 {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; // a further byte of a UTF-8 sequence doesn't
+    if (bytes.empty())
+        return 0;
+    const size_t mark = std::min(byte / countStep, charactersBefore.size() - 1);
+    const auto begin = bytes.begin() + std::ptrdiff_t(mark * countStep);
+    return charactersBefore[mark] +
+           size_t(std::count_if(begin, bytes.begin() + std::ptrdiff_t(byte), BeginsCharacter));
 }
 
 Place Reading::PlaceInFile(size_t byte) const
 {
     const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), byte);
-    const size_t start = *(next - 1);
-    const size_t end = std::min(byte, bytes.size());
-    const auto before = std::count_if(bytes.begin() + start, bytes.begin() + end, BeginsCharacter);
+    const size_t before = CharactersBefore(std::min(byte, bytes.size())) - CharactersBefore(*(next - 1));
     return {int(next - lineStarts.begin()), int(before) + 1};
 }
 
@@ -69,7 +88,7 @@ void Reading::ByteRead(size_t place, char byte, ByteFate fate)
     fates.push_back(fate);
     if (fate == ByteKept) {
         stream += byte;
-        offsets.push_back(place);
+        offsets.push_back(uint32_t(place));
     }
 }
 
@@ -77,7 +96,7 @@ void Reading::BlockBegins(BlockType type, size_t header, size_t body, const std:
 {
     boxes.clear();
     blocks.push_back(
-        {type, header, body, text, player.timeline.size(), 0, player.messages.size(), 0, 0, 0, false});
+        {type, header, body, text, player.timeline.size(), 0, player.messages.size(), 0, 0, 0, 0, false});
 }
 
 void Reading::BlockEnds()
@@ -95,6 +114,17 @@ uint32_t Reading::LimitSteps(uint32_t steps)
     blocks.back().steps = steps;
     blocks.back().stepsMade = granted;
     return granted;
+}
+
+bool Reading::TakesMessage(size_t parameters)
+{
+    if (messagesTaken == listLimit || parameters > parameterLimit - parametersTaken) {
+        blocks.back().messagesRefused++;
+        return false;
+    }
+    messagesTaken++;
+    parametersTaken += parameters;
+    return true;
 }
 
 } // namespace lint

@@ -28,39 +28,49 @@ struct Block {
     // What the player got from it.
     size_t firstEntry, entryCount;
     size_t firstMessage, messageCount;
-    uint32_t steps;     // what its Steps asks for, 0 where the reader doesn't look
-    uint32_t stepsMade; // how many of them this reading granted
-    bool hasBox;        // the show would put up at least one
+    uint32_t steps;         // what its Steps asks for, 0 where the reader doesn't look
+    uint32_t stepsMade;     // how many of them this reading granted
+    size_t messagesRefused; // beyond what this reading takes
+    bool hasBox;            // the show would put up at least one
 };
 
 class Reading : private ScriptObserver
 {
 public:
-    // Reads once. All Steps together make at most messageLimit messages: a script can ask for more than
-    // memory holds.
-    Reading(const std::string& bytes, EffectRegistry* registry, uint32_t startOffset);
+    // Reads once. The content is borrowed, and not larger than contentLimit. A short script can ask for more
+    // messages than memory holds, so that not more than these limits are made.
+    Reading(const std::string& content, EffectRegistry* registry, uint32_t startOffset);
     ~Reading() override;
 
-    static const size_t messageLimit;
+    static const size_t contentLimit;   // bytes
+    static const size_t messageLimit;   // by all Steps together
+    static const size_t listLimit;      // messages in all
+    static const size_t parameterLimit; // of all messages together
 
     Place PlaceInFile(size_t byte) const;
     Place PlaceInStream(size_t character) const;
 
-    const std::string bytes;
+    const std::string& bytes;
     std::vector<ByteFate> fates; // one per byte
     std::string stream;
-    std::vector<size_t> offsets; // where in the file each character of the stream stands
-    std::vector<Block> blocks;   // a last one of type BlockNone holds what was eaten up
-    DemoPlayer player;           // messages in the order of the script, not sorted
+    std::vector<uint32_t> offsets; // where in the file each character of the stream stands
+    std::vector<Block> blocks;     // a last one of type BlockNone holds what was eaten up
+    DemoPlayer player;             // messages in the order of the script, not sorted
 
 private:
     void ByteRead(size_t place, char byte, ByteFate fate) override;
     void BlockBegins(BlockType type, size_t header, size_t body, const std::string& text) override;
     void BlockEnds() override;
     uint32_t LimitSteps(uint32_t steps) override;
+    bool TakesMessage(size_t parameters) override;
 
-    std::vector<size_t> lineStarts;
+    size_t CharactersBefore(size_t byte) const;
+
+    std::vector<uint32_t> lineStarts;
+    std::vector<uint32_t> charactersBefore; // of every countStep-th byte
     size_t stepsGranted;
+    size_t messagesTaken;
+    size_t parametersTaken;
     std::vector<platform::Box> boxes;
 };
 

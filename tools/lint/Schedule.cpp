@@ -44,6 +44,23 @@ static void AddEntries(const Reading& whole, const Reading& kept, const EffectRe
     show->end = WholeMilliseconds(kept.player.endTime);
 }
 
+static void SetStage(Show* show)
+{
+    for (const ShownEntry& entry : show->entries)
+        if (entry.kept && entry.start <= entry.stop)
+            show->stage[entry.effect].push_back({entry.start, entry.stop});
+    for (auto& [effect, spans] : show->stage) {
+        std::sort(spans.begin(), spans.end(), [](const Span& a, const Span& b) { return a.start < b.start; });
+        size_t count = 0; // of the spans so far that stay apart
+        for (const Span& span : spans)
+            if (count > 0 && span.start <= spans[count - 1].stop)
+                spans[count - 1].stop = std::max(spans[count - 1].stop, span.stop);
+            else
+                spans[count++] = span;
+        spans.resize(count);
+    }
+}
+
 static void AddMessages(const Reading& whole, const Reading& kept, const EffectRegistry& registry, Show* show)
 {
     size_t messageBlock = 0;
@@ -113,8 +130,9 @@ static int CountLoads(const Show& show)
 Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& registry,
                const Options& options)
 {
-    Show show = {{}, {}, "", kept.player.GetColorScheme(), 0, 0};
+    Show show = {{}, {}, "", kept.player.GetColorScheme(), 0, 0, {}};
     AddEntries(whole, kept, registry, &show);
+    SetStage(&show);
     AddMessages(whole, kept, registry, &show);
     for (const Block& block : whole.blocks)
         if (block.type == BlockMusic && !block.hasBox)
@@ -130,10 +148,12 @@ Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& 
 
 bool IsOnStage(const Show& show, const std::string& effect, double time)
 {
-    for (const ShownEntry& entry : show.entries)
-        if (entry.kept && entry.effect == effect && time >= entry.start && time <= entry.stop)
-            return true;
-    return false;
+    const auto spans = show.stage.find(effect);
+    if (spans == show.stage.end())
+        return false;
+    const auto next = std::upper_bound(spans->second.begin(), spans->second.end(), time,
+                                       [](double moment, const Span& span) { return moment < span.start; });
+    return next != spans->second.begin() && time <= (next - 1)->stop;
 }
 
 } // namespace lint

@@ -74,8 +74,8 @@ size_t CountTimes(const Entry& entry)
 {
     if (entry.value.empty())
         return 0;
-    const size_t items = SplitItems(entry).size();
-    return entry.value.back() == ',' ? items - 1 : items;
+    const auto commas = size_t(std::count(entry.value.begin(), entry.value.end(), ','));
+    return entry.value.back() == ',' ? commas : commas + 1;
 }
 
 void CheckTimes(const Entry& entry, Findings* findings)
@@ -85,7 +85,8 @@ void CheckTimes(const Entry& entry, Findings* findings)
         return;
     }
     const std::vector<Item> items = SplitItems(entry);
-    for (size_t i = 0; i < CountTimes(entry); i++) {
+    const size_t count = CountTimes(entry);
+    for (size_t i = 0; i < count; i++) {
         if (items[i].text.empty())
             findings->Add(Error, "empty-item", items[i].place,
                           "There is nothing between two commas of this list.",

@@ -13,6 +13,8 @@
 #include "tests/support/RandomScript.h"
 #include "tests/support/ShowFixture.h"
 #include "tools/lint/Entries.h"
+#include "tools/lint/Print.h"
+#include "tools/lint/Schedule.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -61,7 +63,7 @@ protected:
     void CompareWithThePlayer(const std::string& text)
     {
         const lint::Report report = lint::CheckText(text, "script.txt", options);
-        if (Asks(report, "many-steps"))
+        if (Asks(report, "many-steps") || Asks(report, "many-messages"))
             return; // which the player would take for an order
         AddFile("script.txt", text);
         DemoPlayer player;
@@ -247,6 +249,18 @@ TEST_F(Lint, CountsColumnsInCharactersOfTheLine)
     EXPECT_EQ(24, report.findings[1].column);
 }
 
+TEST_F(Lint, CountsColumnsOfALineOfAnyLength)
+{
+    std::string line;
+    for (int i = 0; i < 3000; i++)
+        line += "# \xC3\xA4 #"; // five characters, six bytes
+    const lint::Report report = lint::CheckText("#\n#" + line + "$" + line + "\xC3\xA4", "", options);
+    ASSERT_EQ(2u, report.findings.size()); // and nothing-shown, of the whole file
+    EXPECT_EQ("vanished", report.findings[1].code);
+    EXPECT_EQ(2, report.findings[1].line);
+    EXPECT_EQ(2 + 3000 * 5, report.findings[1].column);
+}
+
 TEST_F(Lint, TakesAByteOrderMarkForNothing)
 {
     const lint::Report report = lint::CheckText(
@@ -255,7 +269,118 @@ TEST_F(Lint, TakesAByteOrderMarkForNothing)
     EXPECT_EQ(1u, report.show.entries.size());
 }
 
+// ---- When effects are on stage
+
+TEST_F(Lint, JoinsEntriesOfAnEffectThatMeetOrOverlap)
+{
+    std::string script;
+    for (const char* times : {"30;StopTime=40", "10;StopTime=20", "12;StopTime=15", "20;StopTime=25",
+                              "26;StopTime=28", "60;StopTime=50"})
+        script += std::string("[EFFECT]EffectName=FX_Clouds;LayerID=1;StartTime=") + times + ";";
+    const lint::Show show = lint::CheckText(script, "", options).show;
+    ASSERT_EQ(1u, show.stage.size());
+    std::string spans;
+    for (const lint::Span& span : show.stage.at("FX_Clouds"))
+        spans += std::to_string(span.start) + "-" + std::to_string(span.stop) + " ";
+    EXPECT_EQ("10-25 26-28 30-40 ", spans);
+    for (double time : {10.0, 15.0, 20.0, 22.5, 25.0, 26.0, 30.0, 40.0})
+        EXPECT_TRUE(lint::IsOnStage(show, "FX_Clouds", time)) << time;
+    for (double time : {0.0, 9.5, 25.5, 29.0, 40.5, 55.0})
+        EXPECT_FALSE(lint::IsOnStage(show, "FX_Clouds", time)) << time;
+    EXPECT_FALSE(lint::IsOnStage(show, "FX_Towers", 10));
+}
+
 // ---- What it survives
+
+// With the square of their number as cost this would take longer than a test may.
+TEST_F(Lint, ReadsAListOfAHundredThousandTimes)
+{
+    std::string times = "0";
+    for (int i = 1; i < 100000; i++)
+        times += "," + std::to_string(i * 20);
+    const lint::Report report =
+        lint::CheckText("[EFFECT]EffectName=FX_Clouds;StartTime=0;StopTime=2000000;LayerID=1;"
+                        "[MESSAGE]MessageText=hand;TargetEffect=FX_Clouds;ActivationTime=" +
+                            times + ";",
+                        "", options);
+    EXPECT_EQ(0, report.Count(lint::Error));
+    ASSERT_EQ(100000u, report.show.messages.size());
+    EXPECT_EQ(1999980u, report.show.messages.back().time);
+}
+
+TEST_F(Lint, ReadsTenThousandEntriesAndAHundredThousandMessages)
+{
+    std::string script;
+    for (int i = 0; i < 10000; i++)
+        script += "[EFFECT]EffectName=FX_Clouds;StartTime=" + std::to_string(i * 200) +
+                  ";StopTime=" + std::to_string(i * 200 + 200) + ";LayerID=1;";
+    for (int i = 0; i < 100000; i++)
+        script +=
+            "[MESSAGE]MessageText=hand;TargetEffect=FX_Clouds;ActivationTime=" + std::to_string(i * 20) + ";";
+    const lint::Report report = lint::CheckText(script, "", options);
+    EXPECT_EQ(10000u, report.show.entries.size());
+    EXPECT_EQ(100000u, report.show.messages.size());
+    EXPECT_EQ(0, report.Count(lint::Error));
+}
+
+TEST_F(Lint, KeepsAThousandFindingsOfAKindAndCountsTheRest)
+{
+    std::string times;
+    for (int i = 0; i < 5000; i++)
+        times += "x,";
+    const lint::Report report = lint::CheckText(
+        "[MESSAGE]MessageText=hand;TargetEffect=FX_Clouds;ActivationTime=" + times + ";", "", options);
+    EXPECT_EQ(1002, report.Count(lint::Error)) << "nobody hears them, and nothing is shown";
+    EXPECT_EQ(4000u, report.findingsLeftOut);
+    EXPECT_EQ(5000u, report.show.messages.size());
+    EXPECT_NE(std::string::npos, lint::PrintText("a.txt", report, false)
+                                     .find("\n    4000 further findings of the same kinds left out\n"));
+    EXPECT_NE(std::string::npos, lint::PrintJson("a.txt", report, options).find("\"findingsLeftOut\": 4000"));
+}
+
+TEST_F(Lint, RefusesWhatIsLargerThanAnyScript)
+{
+    const std::string large((16 << 20) + 1, 'a');
+    const lint::Report report = lint::CheckText(large, "", options);
+    EXPECT_FALSE(report.readable);
+    EXPECT_EQ("larger than any script (16 MiB)", report.reason);
+    EXPECT_EQ("larger than any script (16 MiB)", lint::CheckFile("/dev/zero", options).reason)
+        << "a file without an end";
+    EXPECT_TRUE(lint::CheckText(large.substr(1), "", options).readable);
+}
+
+// 20,000 messages of 20,000 parameters each would be 1.6 GB.
+TEST_F(Lint, BoundsTheParametersOfAllMessagesTogether)
+{
+    std::string parameters;
+    for (int i = 0; i < 20000; i++)
+        parameters += "1,";
+    const std::string head = "[MESSAGE]MessageText=hand;TargetEffect=FX_Clouds;Parameter=" + parameters + ";";
+    lint::Report report = lint::CheckText(head + "ActivationTime=0;Steps=20000;TimeDelta=1;", "", options);
+    EXPECT_TRUE(Asks(report, "many-messages"));
+    EXPECT_EQ(104u, report.show.messages.size()) << "of 2,097,152 parameters in all, 20,001 each";
+
+    std::string times;
+    for (int i = 0; i < 20000; i++)
+        times += "0,";
+    report = lint::CheckText(head + "ActivationTime=" + times + ";", "", options);
+    EXPECT_TRUE(Asks(report, "many-messages"));
+    EXPECT_EQ(104u, report.show.messages.size());
+
+    report = lint::CheckText(head + "ActivationTime=0;Steps=104;TimeDelta=1;", "", options);
+    EXPECT_FALSE(Asks(report, "many-messages"));
+}
+
+TEST_F(Lint, BoundsTheMessagesOfAListOfTimes)
+{
+    std::string times;
+    for (int i = 0; i < 300000; i++)
+        times += "0,";
+    const lint::Report report = lint::CheckText(
+        "[MESSAGE]MessageText=hand;TargetEffect=FX_Clouds;ActivationTime=" + times + ";", "", options);
+    EXPECT_TRUE(Asks(report, "many-messages"));
+    EXPECT_EQ(200000u, report.show.messages.size());
+}
 
 TEST_F(Lint, SurvivesRandomBytes)
 {
