@@ -6,6 +6,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/LoadingScreen.h"
+#include "kernel/ReadScript.h"
 #include "kernel/Report.h"
 #include "kernel/SynchMessageTable.h"
 #include "music/MusicPlayer.h"
@@ -57,6 +58,16 @@ bool DemoPlayer::Init(GLWindow* newWindow, EffectRegistry* newRegistry, LoadingS
     }
     state = PlayerReady;
     return true;
+}
+
+bool DemoPlayer::LoadScript(std::string fileName)
+{
+    if (state != PlayerReady)
+        return false;
+    const bool loaded = ReadScript(this, fileName);
+    if (loaded)
+        SortMessages();
+    return loaded;
 }
 
 bool DemoPlayer::AddEffect(uint32_t startMs, uint32_t stopMs, std::string effectName, uint32_t layer)

@@ -10,7 +10,8 @@
 #pragma once
 
 #include "kernel/ColorScheme.h"
-#include "kernel/Timeline.h"
+#include "kernel/EffectInstance.h"
+#include "kernel/SynchMessage.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "script/ScriptParser.h"
 
-#include "kernel/DemoPlayer.h"
+#include "kernel/ReadScript.h"
 #include "kernel/Report.h"
 
 #include <algorithm>
@@ -23,17 +23,11 @@ void ScriptParser::SetObserver(ScriptObserver* newObserver)
     observer = newObserver;
 }
 
-// Here the sequencer and the parser need each other: this file is the one place that knows both.
-bool DemoPlayer::LoadScript(std::string fileName)
+bool ReadScript(DemoPlayer* player, std::string fileName)
 {
-    if (state != PlayerReady)
-        return false;
     ScriptParser parser;
-    parser.SetPlayer(this);
-    const bool loaded = parser.Load(fileName);
-    if (loaded)
-        SortMessages();
-    return loaded;
+    parser.SetPlayer(player);
+    return parser.Load(fileName);
 }
 
 bool ScriptParser::Load(std::string fileName)
