@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/capture/ChildProcess.h"
 
+#include "tools/capture/Interruption.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -40,8 +42,12 @@ ChildProcess::~ChildProcess()
 // Away from the numbers that the program's own files get, which are free where somebody closed ours.
 static int LiftUp(int file)
 {
+    if (file < 0)
+        return -1;
     const int lifted = fcntl(file, F_DUPFD_CLOEXEC, secondInput + 1);
+    const int cause = errno;
     close(file);
+    errno = cause;
     return lifted;
 }
 
@@ -53,18 +59,23 @@ bool ChildProcess::MakePipes()
             return false;
         farEnds[i] = LiftUp(ends[0]);
         inputs[i] = LiftUp(ends[1]);
+        if (farEnds[i] < 0 || inputs[i] < 0)
+            return false;
         fcntl(inputs[i], F_SETPIPE_SZ, pipeSize); // a wish
     }
     outputFile = LiftUp(memfd_create("output", MFD_CLOEXEC));
-    errorFile = LiftUp(memfd_create("errors", MFD_CLOEXEC));
-    return outputFile >= 0 && errorFile >= 0;
+    if (outputFile >= 0)
+        errorFile = LiftUp(memfd_create("errors", MFD_CLOEXEC));
+    return errorFile >= 0;
 }
 
-bool ChildProcess::Start(const std::vector<std::string>& command)
+bool ChildProcess::Start(const std::vector<std::string>& command, int outputTo)
 {
     name = command[0];
     if (!MakePipes()) {
         error = name + ": " + strerror(errno);
+        for (int* file : {&inputs[0], &inputs[1], &farEnds[0], &farEnds[1]})
+            Close(file);
         return false;
     }
     std::vector<char*> arguments;
@@ -75,7 +86,7 @@ bool ChildProcess::Start(const std::vector<std::string>& command)
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_adddup2(&files, farEnds[0], STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&files, outputFile, STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&files, outputTo >= 0 ? outputTo : outputFile, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&files, errorFile, STDERR_FILENO);
     posix_spawn_file_actions_adddup2(&files, farEnds[1], secondInput);
     posix_spawnattr_t attributes;
@@ -90,8 +101,10 @@ bool ChildProcess::Start(const std::vector<std::string>& command)
     posix_spawn_file_actions_destroy(&files);
     Close(&farEnds[0]);
     Close(&farEnds[1]);
-    if (failure == 0)
+    if (failure == 0) {
+        ContinueOnInterruption(pid);
         return true;
+    }
     pid = -1;
     Close(&inputs[0]);
     Close(&inputs[1]);
@@ -154,6 +167,7 @@ bool ChildProcess::Finish()
     int status = 0;
     while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
     }
+    ContinueOnInterruption(0);
     pid = -1;
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
         return true;

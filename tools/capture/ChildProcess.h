@@ -19,9 +19,10 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    // Two pipes lead into it: its standard input, and one that it knows as "pipe:3". Its standard output and
-    // its errors are kept. The program is found along PATH. False: `error` says why. Once per object.
-    bool Start(const std::vector<std::string>& command);
+    // Two pipes lead into it: its standard input, and one that it knows as "pipe:3". Its errors are kept, and
+    // so is its standard output unless `outputTo` is a descriptor that it is to write to (borrowed until
+    // Start returns). The program is found along PATH. False: `error` says why. Once per object.
+    bool Start(const std::vector<std::string>& command, int outputTo = -1);
 
     // Writes all of it and waits while the pipe is full. False: the program has closed the pipe, or ended.
     // Each input may have a thread of its own.

@@ -40,8 +40,8 @@ static const Glyph glyphs[] = {
 };
 // clang-format on
 
-ContactSheet::ContactSheet(const std::string& outputPath, int tileColumns, int tilePixels)
-    : path(outputPath), columns(tileColumns), tileWidth(tilePixels), tileHeight(0), next(0)
+ContactSheet::ContactSheet(OutputFile& outputFile, int tileColumns, int tilePixels)
+    : file(outputFile), columns(tileColumns), tileWidth(tilePixels), tileHeight(0), next(0)
 {
 }
 
@@ -122,7 +122,10 @@ bool ContactSheet::Take(std::unique_ptr<Frame> frame)
 
 bool ContactSheet::Finish(bool keep)
 {
-    return !keep || next == 0 || WritePng(path, sheet, false, &error);
+    if (keep && next > 0)
+        return WritePng(file, sheet, false, &error);
+    file.Discard();
+    return true;
 }
 
 } // namespace capture

@@ -11,15 +11,16 @@ namespace capture
 class ContactSheet : public FrameSink
 {
 public:
-    // Tiles of that width in pixels, in rows of `tileColumns`. The frames' shape is kept.
-    ContactSheet(const std::string& outputPath, int tileColumns, int tilePixels);
+    // Tiles of that width in pixels, in rows of `tileColumns`. The frames' shape is kept. The file is open
+    // and borrowed.
+    ContactSheet(OutputFile& outputFile, int tileColumns, int tilePixels);
 
     bool Begin(int width, int height, const Schedule& schedule) override;
     bool Take(std::unique_ptr<Frame> frame) override;
     bool Finish(bool keep) override; // writes the file, as far as it got
 
 private:
-    const std::string path;
+    OutputFile& file;
     const int columns;
     const int tileWidth;
     int tileHeight;

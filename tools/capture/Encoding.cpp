@@ -4,9 +4,6 @@
 #include "tools/capture/MusicTrack.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
 
 namespace capture
@@ -33,29 +30,15 @@ static bool IsMp4(const std::string& output)
     return end == ".mp4" || end == ".mov" || end == ".m4v";
 }
 
-static bool IsArchive(const std::string& output)
+static bool IsArchive(const Encoding& encoding)
 {
-    return std::filesystem::path(output).extension() == ".mkv";
+    const std::string end = std::filesystem::path(encoding.output).extension();
+    return end == ".mkv" || (encoding.streamed && end.empty());
 }
 
-std::string UnfinishedName(const std::string& output)
+bool Encoding::HasOnePacketPerFrame() const
 {
-    std::filesystem::path path = output;
-    const std::string end = path.extension();
-    path.replace_extension();
-    return path.string() + ".part" + end;
-}
-
-bool KeepFinished(const std::string& unfinished, const std::string& output, std::string* error)
-{
-    if (output.empty()) {
-        remove(unfinished.c_str());
-        return true;
-    }
-    if (rename(unfinished.c_str(), output.c_str()) == 0)
-        return true;
-    *error = output + ": " + strerror(errno);
-    return false;
+    return IsMp4(output) || IsArchive(*this);
 }
 
 bool NeedsEvenSize(const std::string& output)
@@ -74,18 +57,18 @@ static Words SoundInput()
     return words;
 }
 
-static Words SoundCodec(const std::string& output)
+static Words SoundCodec(const Encoding& encoding)
 {
-    if (IsMp4(output))
+    if (IsMp4(encoding.output))
         return {"-c:a", "aac", "-b:a", aacRate};
-    if (IsArchive(output))
+    if (IsArchive(encoding))
         return {"-c:a", "pcm_f32le"};
     return {};
 }
 
 static Words PictureCodec(const Encoding& encoding)
 {
-    if (IsArchive(encoding.output))
+    if (IsArchive(encoding))
         return {"-vf", "vflip", "-c:v",      "ffv1", "-level",   "3",
                 "-g",  "1",     "-slicecrc", "1",    "-pix_fmt", "bgr0"};
     const std::string video = "vflip,scale=flags=bicubic+accurate_rnd+full_chroma_int:out_color_matrix=bt709:"
@@ -104,8 +87,13 @@ static Words Tail(const Encoding& encoding)
                    "-fflags",  "+bitexact",
                    "-flags:v", "+bitexact",
                    "-flags:a", "+bitexact"};
+    // The index of an MP4 is put in front at the end, unless what was written can't be changed any more: then
+    // each piece has an index of its own.
     if (IsMp4(encoding.output))
-        Add(&words, {"-movflags", "+faststart"});
+        Add(&words,
+            {"-movflags", encoding.streamed ? "+frag_keyframe+empty_moov+default_base_moof" : "+faststart"});
+    if (IsArchive(encoding))
+        Add(&words, {"-f", "matroska"});
     size_t begin = 0;
     while (begin < encoding.more.size()) {
         const size_t end = std::min(encoding.more.find(' ', begin), encoding.more.size());
@@ -114,13 +102,14 @@ static Words Tail(const Encoding& encoding)
         begin = end + 1;
     }
     // "file:" so that no name is taken for an option or an address.
-    words.push_back("file:" + encoding.output);
+    words.push_back(encoding.output == "-" ? "pipe:1" : "file:" + encoding.output);
     return words;
 }
 
 static Words Head()
 {
-    return {"ffmpeg", "-hide_banner", "-loglevel", "error", "-y"};
+    // -xerror: without it ffmpeg 5.1 calls it a success when it could not write the end of a file.
+    return {"ffmpeg", "-hide_banner", "-loglevel", "error", "-xerror", "-y"};
 }
 
 Words EncoderCommand(const Encoding& encoding)
@@ -134,7 +123,7 @@ Words EncoderCommand(const Encoding& encoding)
     if (encoding.sound) {
         Add(&words, SoundInput());
         Add(&words, {"-map", "0:v", "-map", "1:a"});
-        Add(&words, SoundCodec(encoding.output));
+        Add(&words, SoundCodec(encoding));
     }
     Add(&words, PictureCodec(encoding));
     Add(&words, Tail(encoding));
@@ -150,7 +139,7 @@ Words JoinCommand(const Encoding& encoding)
     Add(&words, {"-map", "0:v"});
     if (encoding.sound) {
         Add(&words, {"-map", "1:a"});
-        Add(&words, SoundCodec(encoding.output));
+        Add(&words, SoundCodec(encoding));
     }
     Add(&words, {"-c:v", "copy"});
     Add(&words, Tail(encoding));

@@ -4,6 +4,7 @@
 //   .mp4 .mov .m4v   H.264 and AAC for every player, the colours of HDTV, the index in front
 //   .mkv             FFV1 and float samples: each pixel and each sample as the show made it
 //   others           what ffmpeg makes of such a name
+// A stream without an ending in its name gets what .mkv has.
 #pragma once
 
 #include "tools/capture/FrameRate.h"
@@ -14,21 +15,18 @@ namespace capture
 {
 
 struct Encoding {
-    std::string output;
+    std::string output;    // "-" is standard output
+    bool streamed = false; // the output can't be read back or sought in: a pipe, a device
     int width = 0;
     int height = 0;
     FrameRate rate;
     int threads = 1;
     bool sound = false;
     std::string more; // further arguments, divided by blanks
+
+    // True where, without further arguments, each frame becomes one packet of the file.
+    bool HasOnePacketPerFrame() const;
 };
-
-// The name under which ffmpeg writes: "show.part.mp4" for "show.mp4". A name that was asked for holds a
-// complete file or what was there before.
-std::string UnfinishedName(const std::string& output);
-
-// Gives the finished file its name, or removes it where that is empty. False: *error says why.
-bool KeepFinished(const std::string& unfinished, const std::string& output, std::string* error);
 
 // True if the format can't have an odd width or height.
 bool NeedsEvenSize(const std::string& output);

@@ -2,36 +2,25 @@
 #include "tools/capture/Join.h"
 
 #include "tools/capture/MusicFeed.h"
+#include "tools/capture/VideoProbe.h"
 
-#include <cstdlib>
+#include <filesystem>
 
 namespace capture
 {
 
-// -1: no video, and *error says so.
-static int64_t CountFrames(const std::string& part, std::string* error)
-{
-    ChildProcess probe;
-    if (!probe.Start({"ffprobe", "-v", "error", "-select_streams", "v:0", "-count_packets", "-show_entries",
-                      "stream=nb_read_packets", "-of", "csv=p=0", "file:" + part}) ||
-        !probe.Finish()) {
-        *error = part + ": " + probe.error;
-        return -1;
-    }
-    const std::string count = probe.Output();
-    if (count.empty() || count[0] < '0' || count[0] > '9') {
-        *error = part + ": there is no video in it";
-        return -1;
-    }
-    return std::atoll(count.c_str());
-}
-
-bool JoinParts(const std::vector<std::string>& parts, const Encoding& encoding, const Schedule& schedule,
-               MusicTrack* track, std::string* error)
+bool JoinParts(const std::vector<std::string>& parts, OutputFile& file, const Encoding& encoding,
+               const Schedule& schedule, MusicTrack* track, std::string* error)
 {
     int64_t frames = 0;
     std::vector<VideoPart> counted;
     for (const std::string& part : parts) {
+        // ffmpeg reads the list line by line and knows no way to write such a path in it.
+        if (std::filesystem::absolute(part).string().find_first_of("\r\n") != std::string::npos) {
+            *error = "part " + std::to_string(counted.size() + 1) +
+                     " has a line break in its path, which a list of parts can't have: rename it";
+            return false;
+        }
         counted.push_back({part, CountFrames(part, error)});
         if (counted.back().frames < 0)
             return false;
@@ -44,11 +33,12 @@ bool JoinParts(const std::vector<std::string>& parts, const Encoding& encoding, 
         return false;
     }
 
-    Encoding unfinished = encoding;
-    unfinished.output = UnfinishedName(encoding.output);
+    Encoding joined = encoding;
+    joined.output = file.Name();
+    joined.streamed = file.IsStream();
     ChildProcess joiner;
     const std::string list = JoinList(counted, schedule.rate);
-    if (joiner.Start(JoinCommand(unfinished)))
+    if (joiner.Start(JoinCommand(joined), file.IsStream() ? file.Descriptor() : -1))
         joiner.WriteFirst(list.data(), list.size()); // if that fails, so does the joiner
     joiner.CloseFirst();
     if (track) {
@@ -56,9 +46,11 @@ bool JoinParts(const std::vector<std::string>& parts, const Encoding& encoding, 
         feed.Start(schedule.rate.MomentOf(schedule.first, MusicTrack::Rate));
         feed.End(schedule.rate.MomentOf(schedule.end, MusicTrack::Rate));
     }
-    if (!joiner.Finish())
-        *error = joiner.error;
-    return KeepFinished(unfinished.output, error->empty() ? encoding.output : "", error) && error->empty();
+    if (joiner.Finish())
+        return KeepVideo(file, joined, frames, error);
+    *error = joiner.error;
+    file.Discard();
+    return false;
 }
 
 } // namespace capture

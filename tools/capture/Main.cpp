@@ -3,19 +3,21 @@
 // display.
 #include "platform/Paths.h"
 #include "tools/capture/ContactSheet.h"
+#include "tools/capture/Interruption.h"
 #include "tools/capture/Join.h"
 #include "tools/capture/Options.h"
 #include "tools/capture/PngSequence.h"
 #include "tools/capture/Progress.h"
 #include "tools/capture/ShowPlayer.h"
 #include "tools/capture/VideoPipe.h"
+#include "tools/cli/Input.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <exception>
 
-#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -23,27 +25,6 @@ using namespace capture;
 
 static const int exitFailed = 1;
 static const int exitInterrupted = 130;
-
-static void StopShow(int)
-{
-    ShowPlayer::RequestStop();
-}
-
-// Ctrl-C, what a job scheduler sends ahead of killing, and the terminal's farewell: the first of each ends
-// the capture properly, the second ends it as ever.
-static void CatchSignals()
-{
-    for (int number : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction action = {};
-        sigaction(number, nullptr, &action);
-        if (action.sa_handler == SIG_IGN) // nohup, or a shell that has put this in the background
-            continue;
-        action.sa_handler = StopShow;
-        action.sa_flags = int(SA_RESETHAND);
-        sigaction(number, &action, nullptr);
-    }
-    signal(SIGPIPE, SIG_IGN); // a broken pipe is an error of write
-}
 
 static int Complain(const std::string& text, int status = exitFailed)
 {
@@ -55,17 +36,11 @@ static int Complain(const std::string& text, int status = exitFailed)
     return status;
 }
 
-// Told at once, and not when the show has been loaded. A file that wasn't there isn't there afterwards.
-static bool CanWrite(const std::string& path)
+// Without memory, or without threads, the standard library throws what nobody here catches.
+[[noreturn]] static void EndWithoutMemory()
 {
-    const bool there = access(path.c_str(), F_OK) == 0;
-    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-    if (file < 0)
-        return false;
-    close(file);
-    if (!there)
-        unlink(path.c_str());
-    return true;
+    OutputFile::DiscardAll();
+    _exit(Complain("the system refuses more memory or more threads"));
 }
 
 static Schedule ScheduleOf(const Options& options, int64_t duration)
@@ -82,21 +57,20 @@ static Schedule ScheduleOf(const Options& options, int64_t duration)
 static Encoding EncodingOf(const Options& options)
 {
     Encoding encoding;
-    encoding.output = options.output;
     encoding.threads = int(options.threads);
     encoding.more = options.encoder;
     return encoding;
 }
 
-static std::unique_ptr<FrameSink> SinkOf(const Options& options, MusicTrack* track)
+static std::unique_ptr<FrameSink> SinkOf(const Options& options, OutputFile& file, MusicTrack* track)
 {
     switch (options.kind) {
     case OutputSheet:
-        return std::make_unique<ContactSheet>(options.output, int(options.columns), int(options.tileWidth));
+        return std::make_unique<ContactSheet>(file, int(options.columns), int(options.tileWidth));
     case OutputPictures:
         return std::make_unique<PngSequence>(options.output, int(options.threads));
     default:
-        return std::make_unique<VideoPipe>(EncodingOf(options), track);
+        return std::make_unique<VideoPipe>(file, EncodingOf(options), track);
     }
 }
 
@@ -122,22 +96,23 @@ static void TellTiming(const ShowPlayer& show)
             ProcessorSeconds(RUSAGE_SELF), ProcessorSeconds(RUSAGE_CHILDREN), show.renderer.c_str());
 }
 
-static int Join(const Options& options, const Schedule& schedule, MusicTrack* track)
+static int Join(const Options& options, OutputFile& file, const Schedule& schedule, MusicTrack* track)
 {
     Encoding encoding = EncodingOf(options);
     encoding.rate = options.rate;
     encoding.sound = track != nullptr;
     std::string error;
-    if (!JoinParts(options.parts, encoding, schedule, track, &error))
+    if (!JoinParts(options.parts, file, encoding, schedule, track, &error))
         return Complain(error);
     if (!options.quiet)
         fprintf(stderr, "%s: %zu parts joined\n", options.output.c_str(), options.parts.size());
     return cli::ExitClean;
 }
 
-static int Capture(const Options& options, ShowPlayer& show, const Schedule& schedule, MusicTrack* track)
+static int Capture(const Options& options, OutputFile& file, ShowPlayer& show, const Schedule& schedule,
+                   MusicTrack* track)
 {
-    const std::unique_ptr<FrameSink> sink = SinkOf(options, track);
+    const std::unique_ptr<FrameSink> sink = SinkOf(options, file, track);
     const int width = int(options.width);
     const int height = int(options.height);
     if (!sink->Begin(width, height, schedule))
@@ -164,16 +139,39 @@ static int Capture(const Options& options, ShowPlayer& show, const Schedule& sch
     return result == PlayInterrupted ? exitInterrupted : cli::ExitClean;
 }
 
+// What can be told at once, before the show is loaded. ExitClean: all is well.
+static int Prepare(const Options& options, std::string* script, OutputFile* file)
+{
+    std::string reason;
+    if (!cli::ReadInput(options.script, script, &reason))
+        return IsInterrupted() ? exitInterrupted : Complain(options.script + ": " + reason, cli::ExitUsage);
+    const std::string data = platform::GetDataDirectory();
+    // With a slash behind it a name means a directory.
+    if (access((data + "/").c_str(), R_OK | X_OK) != 0)
+        return Complain("the data directory can't be read: " + data + ": " + strerror(errno), cli::ExitUsage);
+    if (options.kind != OutputPictures &&
+        !file->Open(options.output, options.kind == OutputVideo ? PartKeepsEnding : PartHidesEnding,
+                    options.quiet))
+        return IsInterrupted() ? exitInterrupted : Complain(file->error, cli::ExitUsage);
+    return cli::ExitClean;
+}
+
 static int Run(const Options& options)
 {
-    if (access(options.script.c_str(), R_OK) != 0)
-        return Complain(options.script + ": " + strerror(errno), cli::ExitUsage);
-    if ((options.kind != OutputPictures && !CanWrite(options.output)) ||
-        (options.kind == OutputVideo && !CanWrite(UnfinishedName(options.output))))
-        return Complain(options.output + ": " + strerror(errno), cli::ExitUsage);
+    std::set_terminate(EndWithoutMemory);
+    CatchInterruptions();
+    // A broken pipe, and a file larger than the user may make, are errors of write; ffmpeg inherits the
+    // latter.
+    signal(SIGPIPE, SIG_IGN);
+    signal(SIGXFSZ, SIG_IGN);
+    std::string script;
+    OutputFile file;
+    const int status = Prepare(options, &script, &file);
+    if (status != cli::ExitClean)
+        return status;
 
     ShowPlayer show;
-    if (!show.Load(options.script))
+    if (!show.Load(script))
         return Complain(show.error);
     if (show.Duration() == 0)
         return Complain(options.script + ": the script puts nothing on the timeline");
@@ -184,12 +182,11 @@ static int Run(const Options& options)
 
     // A part has no sound: what compresses sound would leave a gap at each seam.
     MusicTrack music;
-    if (options.kind == OutputVideo && options.music && options.segments == 1 && !music.Open(options.script))
+    if (options.kind == OutputVideo && options.music && options.segments == 1 && !music.Open(script))
         return Complain(music.error);
     MusicTrack* const track = music.IsSilent() ? nullptr : &music;
-
-    CatchSignals();
-    return options.join ? Join(options, schedule, track) : Capture(options, show, schedule, track);
+    return options.join ? Join(options, file, schedule, track)
+                        : Capture(options, file, show, schedule, track);
 }
 
 int main(int argc, char** argv)

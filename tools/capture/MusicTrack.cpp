@@ -5,20 +5,18 @@
 #include "script/ScriptParser.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace capture
 {
 
-bool MusicTrack::Open(const std::string& scriptPath)
+bool MusicTrack::Open(const std::string& script)
 {
-    FILE* const file = fopen(scriptPath.c_str(), "rb");
-    if (!file) {
-        error = scriptPath + ": " + strerror(errno);
-        return false;
-    }
+    // A stream over nothing can't be had everywhere, and an empty script has no music.
+    FILE* const file =
+        script.empty() ? nullptr : fmemopen(const_cast<char*>(script.data()), script.size(), "rb");
+    if (!file)
+        return true;
     ScriptParser parser;
     std::string stream = parser.ReadFiltered(file);
     fclose(file);

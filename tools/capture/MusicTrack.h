@@ -16,10 +16,10 @@ class MusicTrack
 public:
     static constexpr int Rate = 44100; // Hz, the mix of the show
 
-    // Finds the music of a script: its last [MUSIC] block that names a file, in the data directory. Every one
-    // of them must open, as it must in the show. False: `error` says which doesn't. A script without music is
-    // none, and has IsSilent.
-    bool Open(const std::string& scriptPath);
+    // Finds the music of a script, given as the text of its file: the last [MUSIC] block that names a file of
+    // the data directory. All of them must open, as they must in the show. False: `error` says which one
+    // doesn't. A script without music is no failure; then IsSilent.
+    bool Open(const std::string& script);
     bool IsSilent() const { return !reader; }
 
     // The next Read begins at that sample of the show, from 0.

@@ -3,6 +3,7 @@
 
 #include "platform/Paths.h"
 #include "tools/capture/Encoding.h"
+#include "tools/capture/OutputFile.h"
 #include "tools/capture/PngSequence.h"
 
 #include <algorithm>
@@ -159,13 +160,15 @@ static bool ReadOutput(cli::CommandLine& line, Options* options)
     std::error_code error;
     if (line.Has("sheet")) {
         options->kind = OutputSheet;
-        if (!EndsWith(path, ".png"))
+        if (!EndsWith(path, ".png") && !OutputFile::IsStream(path))
             return Refuse(line,
                           "a sheet is a PNG file: -o needs a name that ends in .png, not \"" + path + "\"");
     } else if (IsPattern(path) || path.back() == '/' || std::filesystem::is_directory(path, error)) {
         options->kind = OutputPictures;
         if (!PatternOf(path, &options->output))
-            return Refuse(line, "a pattern has one number such as %05d in it: \"" + path + "\" has not");
+            return Refuse(
+                line, "a pattern has one number such as %05d in its name, and %% for a per cent sign: \"" +
+                          path + "\" has not");
     } else if (EndsWith(path, ".png")) {
         return Refuse(line,
                       "one PNG file can't hold a show: -o frames/ makes numbered ones, --sheet an overview");
@@ -190,6 +193,10 @@ bool ReadOptions(cli::CommandLine& line, Options* options)
         options->threads = std::max(1u, std::thread::hardware_concurrency());
     options->music = !line.Has("no-music");
     options->encoder = line.Value("encoder");
+    if (options->kind == OutputVideo && std::filesystem::path(options->output).extension().empty() &&
+        options->encoder.empty() && !OutputFile::IsStream(options->output))
+        return Refuse(line, "the end of the name says what to make, such as show.mp4 or night-%05d.png: \"" +
+                                options->output + "\" has none");
     if (options->kind == OutputVideo && NeedsEvenSize(options->output) &&
         (options->width % 2 != 0 || options->height % 2 != 0))
         return Refuse(line, "an MP4 needs an even width and an even height");

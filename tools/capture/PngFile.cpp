@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include <png.h>
+#include <unistd.h>
 
 namespace capture
 {
@@ -30,27 +31,45 @@ RgbPicture WithoutFourth(const Frame& frame)
     return picture;
 }
 
-bool WritePng(const std::string& path, const RgbPicture& picture, bool quick, std::string* error)
+static bool Write(int descriptor, const RgbPicture& picture, bool quick, std::string* error)
 {
-    const std::string part = path + ".part";
+    const int copy = dup(descriptor); // which fclose may close
+    FILE* const stream = copy < 0 ? nullptr : fdopen(copy, "wb");
+    if (!stream) {
+        *error = strerror(errno);
+        if (copy >= 0)
+            close(copy);
+        return false;
+    }
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
     image.width = png_uint_32(picture.width);
     image.height = png_uint_32(picture.height);
     image.format = PNG_FORMAT_RGB;
     image.flags = quick ? PNG_IMAGE_FLAG_FAST : 0;
-    if (!png_image_write_to_file(&image, part.c_str(), 0, picture.pixels.data(), 0, nullptr)) {
-        *error = path + ": " + image.message;
-        png_image_free(&image);
-        remove(part.c_str());
+    errno = 0;
+    const bool encoded =
+        png_image_write_to_stdio(&image, stream, 0, picture.pixels.data(), 0, nullptr) && !ferror(stream);
+    int cause = errno;
+    const bool flushed = fclose(stream) == 0;
+    if (encoded && flushed)
+        return true;
+    if (encoded)
+        cause = errno;
+    *error = cause ? strerror(cause) : image.message; // the library has no words but "Write Error"
+    png_image_free(&image);
+    return false;
+}
+
+bool WritePng(OutputFile& file, const RgbPicture& picture, bool quick, std::string* error)
+{
+    if (!Write(file.Descriptor(), picture, quick, error)) {
+        file.Discard();
         return false;
     }
-    if (rename(part.c_str(), path.c_str()) != 0) {
-        *error = path + ": " + strerror(errno);
-        remove(part.c_str());
-        return false;
-    }
-    return true;
+    const bool kept = file.Keep();
+    *error = file.error;
+    return kept;
 }
 
 } // namespace capture

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tools/capture/OutputFile.h"
+
 #include <string>
 #include <vector>
 
@@ -19,8 +21,8 @@ struct RgbPicture {
 struct Frame;
 RgbPicture WithoutFourth(const Frame& frame);
 
-// Writes the file under a name of its own first and renames it when it is complete: there is never half a
-// picture. The same pixels give the same bytes. `quick` compresses less. False: *error says why.
-bool WritePng(const std::string& path, const RgbPicture& picture, bool quick, std::string* error);
+// Writes the picture into the open file and keeps that, or discards it if something goes wrong: there is
+// never half a picture. The same pixels give the same bytes. `quick` compresses less. False: *error says why.
+bool WritePng(OutputFile& file, const RgbPicture& picture, bool quick, std::string* error);
 
 } // namespace capture

@@ -11,10 +11,31 @@ namespace capture
 static const char* const nameInFolder = "%06d.png";
 static const size_t longestWidth = 2; // digits of the width in %05d
 
-// The place and the length of the one %d, %5d or %05d. False if there is none, more than one, or another %.
+static bool EndsWith(const std::string& text, const std::string& end)
+{
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+// Where the name of the file begins in a path.
+static size_t NameBegin(const std::string& path)
+{
+    const size_t slash = path.rfind('/');
+    return slash == std::string::npos ? 0 : slash + 1;
+}
+
+// The place of the next per cent sign from `begin` on that is not doubled; npos if there is none.
+static size_t FindSign(const std::string& text, size_t begin)
+{
+    while ((begin = text.find('%', begin)) != std::string::npos && text.compare(begin, 2, "%%") == 0)
+        begin += 2;
+    return begin;
+}
+
+// The place and the length of the one %d, %5d or %05d in the name. False if there is none, more than one, or
+// another single %.
 static bool FindNumber(const std::string& pattern, size_t* begin, size_t* length)
 {
-    *begin = pattern.find('%');
+    *begin = FindSign(pattern, NameBegin(pattern));
     if (*begin == std::string::npos)
         return false;
     size_t end = *begin + 1;
@@ -23,12 +44,12 @@ static bool FindNumber(const std::string& pattern, size_t* begin, size_t* length
     if (end - *begin - 1 > longestWidth + 1 || end == pattern.size() || pattern[end] != 'd')
         return false;
     *length = end + 1 - *begin;
-    return pattern.find('%', end) == std::string::npos;
+    return FindSign(pattern, end) == std::string::npos;
 }
 
 bool IsPattern(const std::string& output)
 {
-    return output.find('%') != std::string::npos;
+    return EndsWith(output, ".png") && output.find('%', NameBegin(output)) != std::string::npos;
 }
 
 bool PatternOf(const std::string& output, std::string* pattern)
@@ -43,6 +64,13 @@ bool PatternOf(const std::string& output, std::string* pattern)
     return FindNumber(output, &begin, &length);
 }
 
+static std::string WithSingleSigns(std::string text)
+{
+    for (size_t place = 0; (place = text.find("%%", place)) != std::string::npos; place++)
+        text.erase(place, 1);
+    return text;
+}
+
 std::string PatternName(const std::string& pattern, int64_t number)
 {
     size_t begin, length;
@@ -54,7 +82,9 @@ std::string PatternName(const std::string& pattern, int64_t number)
     const size_t width = form.empty() ? 0 : size_t(std::stoi(form));
     if (digits.size() < width)
         digits.insert(0, width - digits.size(), filler);
-    return pattern.substr(0, begin) + digits + pattern.substr(begin + length);
+    const size_t name = NameBegin(pattern);
+    return pattern.substr(0, name) + WithSingleSigns(pattern.substr(name, begin - name)) + digits +
+           WithSingleSigns(pattern.substr(begin + length));
 }
 
 PngSequence::PngSequence(const std::string& outputPattern, int newThreads)
@@ -103,13 +133,19 @@ void PngSequence::Work()
         changed.notify_all();
         lock.unlock();
 
+        const std::string path = PatternName(pattern, frame->number);
+        OutputFile file;
         std::string failure;
-        if (!WritePng(PatternName(pattern, frame->number), WithoutFourth(*frame), true, &failure)) {
-            lock.lock();
-            if (error.empty())
-                error = failure;
-            changed.notify_all();
-        }
+        if (!file.Open(path, PartHidesEnding))
+            failure = file.error;
+        else if (!WritePng(file, WithoutFourth(*frame), true, &failure))
+            failure = path + ": " + failure;
+        else
+            continue;
+        lock.lock();
+        if (error.empty())
+            error = failure;
+        changed.notify_all();
     }
 }
 

@@ -14,9 +14,12 @@
 namespace capture
 {
 
-// What `-o` says: a pattern with one %d or %05d, or a folder, in which the pictures are called 000000.png and
-// so on. False: the text is neither.
+// A pattern is the path of a .png whose name, the last part of the path, has a % in it. One %d, %5d or %05d
+// stands for the number of the frame, and %% for a per cent sign.
 bool IsPattern(const std::string& output);
+
+// The pattern that an output stands for: itself, or that of the names 000000.png and so on in it as a folder.
+// False: it is a pattern without a number, with several, or with another single %; or empty.
 bool PatternOf(const std::string& output, std::string* pattern);
 std::string PatternName(const std::string& pattern, int64_t number);
 

@@ -71,8 +71,8 @@ void Progress::ShowTenth(int64_t frame, int64_t taken)
 {
     if (frame < first) {
         if (frame == 0)
-            fprintf(stream, "playing the %lld frames before the first without drawing\n",
-                    static_cast<long long>(first));
+            fprintf(stream, "playing the %s before the first without drawing\n",
+                    first == 1 ? "frame" : (std::to_string(first) + " frames").c_str());
         return;
     }
     const int reached = int(Part(frame) * 10);

@@ -10,16 +10,16 @@
 #include "kernel/Report.h"
 #include "platform/Clock.h"
 #include "platform/Events.h"
-#include "platform/Paths.h"
+#include "script/ScriptParser.h"
+#include "tools/capture/Interruption.h"
 #include "tools/capture/Progress.h"
 
 #include <GL/glew.h>
 
 #include <cfloat>
 #include <cmath>
-#include <csignal>
+#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 
 namespace capture
 {
@@ -31,29 +31,13 @@ static const int64_t countsPerSecond = 1000000000;
 // frame drew, but a texture that is drawn once and kept would be right after one frame of the scene.
 static const int64_t warmUpFrames = 2;
 
-static volatile sig_atomic_t stopRequested = 0;
-
-void ShowPlayer::RequestStop()
-{
-    stopRequested = 1;
-}
-
 ShowPlayer::ShowPlayer()
     : taken(0), player(nullptr), window(nullptr), registry(nullptr), sink(nullptr), progress(nullptr),
       width(0), height(0), drawing(true), failed(false), lastMoment(0)
 {
 }
 
-// The script reader looks into the data directory only, and a path from there leads everywhere.
-static std::string SeenFromData(const std::string& path)
-{
-    std::error_code error;
-    const std::filesystem::path data = std::filesystem::canonical(platform::GetDataDirectory(), error);
-    const std::filesystem::path script = std::filesystem::canonical(path, error);
-    return script.lexically_relative(data).string();
-}
-
-bool ShowPlayer::Load(const std::string& scriptPath)
+bool ShowPlayer::Load(const std::string& script)
 {
     platform::CollectBoxes(&boxes);
     player = new DemoPlayer;
@@ -62,7 +46,16 @@ bool ShowPlayer::Load(const std::string& scriptPath)
     RegisterEffects(registry);
     // No music: the sound of a capture doesn't come from a device. The picture never asks for it.
     player->Init(window, registry, new LoadingScreen(window), false);
-    player->LoadScript(SeenFromData(scriptPath));
+    // A stream over nothing can't be had everywhere, and an empty script has no block.
+    FILE* const file =
+        script.empty() ? nullptr : fmemopen(const_cast<char*>(script.data()), script.size(), "rb");
+    if (file) {
+        ScriptParser parser;
+        parser.SetPlayer(player);
+        parser.ReadBlocks(file);
+        player->SortMessages();
+        fclose(file);
+    }
     return !CollectBoxText();
 }
 
@@ -109,7 +102,7 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSche
 
     // Neither a display nor a screen's size has a say in a capture.
     setenv("SDL_VIDEODRIVER", "offscreen", 1);
-    setenv("SDL_NO_SIGNAL_HANDLERS", "1", 1); // an interruption ends the file properly: see RequestStop
+    setenv("SDL_NO_SIGNAL_HANDLERS", "1", 1); // an interruption ends the file properly: see Interruption.h
     lastMoment = progress->Now();
     if (!window->Create(width, height, displayModeBits, false)) {
         CollectBoxText();
@@ -133,7 +126,7 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSche
         return PlayFailed;
     if (taken == schedule.picks)
         return PlayedToTheEnd;
-    if (stopRequested)
+    if (IsInterrupted())
         return PlayInterrupted;
     error = "the show ended by itself, " + std::to_string(schedule.picks - taken) + " frames early";
     return PlayFailed;
@@ -150,7 +143,7 @@ void ShowPlayer::FrameDone(void* user)
 {
     ShowPlayer* const show = static_cast<ShowPlayer*>(user);
     const int64_t reads = platform::ClockReads();
-    if (stopRequested)
+    if (IsInterrupted())
         show->Stop();
     else if (reads >= 2)
         show->LookAtFrame(reads - 2);

@@ -41,20 +41,18 @@ class ShowPlayer
 public:
     ShowPlayer();
 
-    // Reads the script, a path; pictures and music come from the data directory (see platform/Paths.h). False
-    // if it can't be opened or any box came up; `error` says what the boxes said. Needs neither display nor
-    // GL.
-    bool Load(const std::string& scriptPath);
+    // Reads the script, given as the text of its file; pictures come from the data directory (see
+    // platform/Paths.h). False if any box came up; `error` says what the boxes said. Needs neither display
+    // nor GL.
+    bool Load(const std::string& script);
 
     // The moment of the last stop of all entries, microseconds. 0: the script has none.
     int64_t Duration() const;
 
     // Opens the window and plays until the schedule's last frame has been taken. A box that comes up at any
-    // time is a failure. RequestStop ends it early, with PlayInterrupted.
+    // time is a failure. An interruption (see Interruption.h) ends it at the next
+    // frame, with PlayInterrupted.
     PlayResult Play(int width, int height, const Schedule& schedule, FrameSink& sink, Progress& progress);
-
-    // Ends the play at the next frame. Safe in a signal handler.
-    static void RequestStop();
 
     std::string error;
     std::string renderer; // GL's name for who draws; pictures are the same where this is

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "tools/capture/VideoPipe.h"
 
+#include "tools/capture/VideoProbe.h"
+
 namespace capture
 {
 
 static const size_t mostWaiting = 3; // frames: as much as evens out a slow one
 
-VideoPipe::VideoPipe(const Encoding& newEncoding, MusicTrack* track)
-    : output(newEncoding.output), encoding(newEncoding), music(track), written(0), ending(false),
-      broken(false)
+VideoPipe::VideoPipe(OutputFile& outputFile, const Encoding& newEncoding, MusicTrack* track)
+    : file(outputFile), encoding(newEncoding), music(track), written(0), ending(false), broken(false)
 {
-    encoding.output = UnfinishedName(output);
+    encoding.output = file.Name();
+    encoding.streamed = file.IsStream();
 }
 
 VideoPipe::~VideoPipe()
@@ -25,7 +27,7 @@ bool VideoPipe::Begin(int width, int height, const Schedule& newSchedule)
     encoding.height = height;
     encoding.rate = schedule.rate;
     encoding.sound = music != nullptr;
-    if (!encoder.Start(EncoderCommand(encoding))) {
+    if (!encoder.Start(EncoderCommand(encoding), file.IsStream() ? file.Descriptor() : -1)) {
         error = encoder.error;
         return false;
     }
@@ -102,7 +104,10 @@ bool VideoPipe::Finish(bool keep)
     // An encoder that never got a frame has every right to complain, and no reason.
     if (!encoder.Finish() && error.empty() && (written > 0 || broken))
         error = encoder.error;
-    KeepFinished(encoding.output, keep && written > 0 && error.empty() ? output : "", &error);
+    if (keep && written > 0 && error.empty())
+        KeepVideo(file, encoding, written, &error);
+    else
+        file.Discard();
     return error.empty();
 }
 

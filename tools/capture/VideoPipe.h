@@ -6,6 +6,7 @@
 #include "tools/capture/Encoding.h"
 #include "tools/capture/FrameSink.h"
 #include "tools/capture/MusicFeed.h"
+#include "tools/capture/OutputFile.h"
 
 #include <deque>
 
@@ -15,9 +16,10 @@ namespace capture
 class VideoPipe : public FrameSink
 {
 public:
-    // The size and the rate of the encoding are the schedule's. track is borrowed, or null for a silent
-    // video.
-    VideoPipe(const Encoding& newEncoding, MusicTrack* track);
+    // The output, the size and the rate of the encoding are settled here and by Begin. A null track makes a
+    // silent video.
+    // The file is open; both are borrowed.
+    VideoPipe(OutputFile& outputFile, const Encoding& newEncoding, MusicTrack* track);
     ~VideoPipe() override;
 
     bool Begin(int width, int height, const Schedule& newSchedule) override;
@@ -28,8 +30,8 @@ private:
     void Write();
     void JoinWriter();
 
-    const std::string output;
-    Encoding encoding; // its output is the unfinished file
+    OutputFile& file;
+    Encoding encoding;
     MusicTrack* music;
     Schedule schedule;
     ChildProcess encoder;

@@ -47,7 +47,11 @@ TEST_F(CaptureOptions, ThatMakeNoSenseAreRefusedWithAReason)
          "option --segment goes with all frames, not with --sheet or --every"},
         {{"-o", "x.png"},
          "one PNG file can't hold a show: -o frames/ makes numbered ones, --sheet an overview"},
-        {{"-o", "x-%s.png"}, "a pattern has one number such as %05d in it: \"x-%s.png\" has not"},
+        {{"-o", "x-%s.png"},
+         "a pattern has one number such as %05d in its name, and %% for a per cent sign: \"x-%s.png\" has "
+         "not"},
+        {{"-o", "x-%05d"},
+         "the end of the name says what to make, such as show.mp4 or night-%05d.png: \"x-%05d\" has none"},
         {{"-o", "x.mp4", "--sheet"},
          "a sheet is a PNG file: -o needs a name that ends in .png, not \"x.mp4\""},
         {{"-o", "x.mp4", "--threads", "0"}, "option --threads needs a whole number of 1 to 256, not \"0\""},
@@ -62,9 +66,20 @@ TEST_F(CaptureOptions, ThatMakeNoSenseAreRefusedWithAReason)
         EXPECT_EQ(row.reason, Refusal(row.words));
 }
 
-TEST_F(CaptureOptions, AScriptThatIsNotThereIsRefused)
+TEST_F(CaptureOptions, AScriptThatIsNotThereOrIsNoTextIsRefused)
 {
     EXPECT_EQ("gone.txt: No such file or directory", Refusal({"-o", "x.mp4", "gone.txt"}));
+    EXPECT_EQ("Data: Is a directory", Refusal({"-o", "x.mp4", "Data"}));
+    EXPECT_EQ("/dev/zero: File too large", Refusal({"-o", "x.mp4", "/dev/zero"}));
+}
+
+TEST_F(CaptureOptions, AMissingDataDirectoryIsRefused)
+{
+    WriteFlashShow(500);
+    for (const char* name : {"gone", "Data/script.txt"})
+        EXPECT_EQ(std::string("the data directory can't be read: ") + name +
+                      (name[0] == 'g' ? ": No such file or directory" : ": Not a directory"),
+                  Refusal({"-o", "x.mp4", "--data", name, "Data/script.txt"}));
 }
 
 TEST_F(CaptureOptions, APlaceThatCanNotBeWrittenIsRefusedBeforeTheShowIsRead)

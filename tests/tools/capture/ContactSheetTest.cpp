@@ -13,6 +13,8 @@ using capture::Schedule;
 class ContactSheets : public testing::Test
 {
 protected:
+    void SetUp() override { ASSERT_TRUE(file.Open(path, capture::PartHidesEnding)) << file.error; }
+
     // Left half of one brightness, right half of another, and one bright row on top.
     static std::unique_ptr<capture::Frame> FrameOf(int64_t number)
     {
@@ -38,11 +40,12 @@ protected:
     }
 
     const std::string path = soundfiles::TemporaryPath("sheet.png");
+    capture::OutputFile file;
 };
 
 TEST_F(ContactSheets, ShrinkEachFrameToTheMeanOfWhatLiesUnderAPixel)
 {
-    ContactSheet sheet(path, 2, 20);
+    ContactSheet sheet(file, 2, 20);
     const Schedule three = Schedule::Of(FrameRate(), 0, 50000);
     ASSERT_EQ(3, three.picks);
     ASSERT_TRUE(sheet.Begin(80, 60, three));
@@ -63,7 +66,7 @@ TEST_F(ContactSheets, ShrinkEachFrameToTheMeanOfWhatLiesUnderAPixel)
 
 TEST_F(ContactSheets, WriteTheTimeUnderEachTile)
 {
-    ContactSheet sheet(path, 1, 80);
+    ContactSheet sheet(file, 1, 80);
     Schedule late = Schedule::Of(FrameRate(), 67500000, 67501000);
     ASSERT_EQ(4050, late.first); // 1:07.50
     ASSERT_TRUE(sheet.Begin(80, 60, late));
@@ -81,7 +84,7 @@ TEST_F(ContactSheets, WriteTheTimeUnderEachTile)
 
 TEST_F(ContactSheets, ThatWereBrokenOffShowWhatThereIs)
 {
-    ContactSheet sheet(path, 3, 20);
+    ContactSheet sheet(file, 3, 20);
     ASSERT_TRUE(sheet.Begin(80, 60, Schedule::Of(FrameRate(), 0, 50000)));
     ASSERT_TRUE(sheet.Take(FrameOf(0)));
     ASSERT_TRUE(sheet.Finish(true));
@@ -92,12 +95,12 @@ TEST_F(ContactSheets, ThatWereBrokenOffShowWhatThereIs)
 
 TEST_F(ContactSheets, OfAShowThatFailedAreNotWritten)
 {
-    ContactSheet failed(path, 3, 20);
+    ContactSheet failed(file, 3, 20);
     ASSERT_TRUE(failed.Begin(80, 60, Schedule::Of(FrameRate(), 0, 50000)));
     ASSERT_TRUE(failed.Take(FrameOf(0)));
     EXPECT_TRUE(failed.Finish(false));
     EXPECT_FALSE(FileExists(path));
-    ContactSheet empty(path, 3, 20);
+    ContactSheet empty(file, 3, 20);
     ASSERT_TRUE(empty.Begin(80, 60, Schedule::Of(FrameRate(), 0, 50000)));
     EXPECT_TRUE(empty.Finish(true));
     EXPECT_FALSE(FileExists(path));
@@ -105,7 +108,7 @@ TEST_F(ContactSheets, OfAShowThatFailedAreNotWritten)
 
 TEST_F(ContactSheets, ThatNobodyCouldOpenAreRefused)
 {
-    ContactSheet sheet(path, 10000, 2048);
+    ContactSheet sheet(file, 10000, 2048);
     EXPECT_FALSE(sheet.Begin(80, 60, Schedule::Of(FrameRate(), 0, 100000000)));
     EXPECT_EQ("a sheet of that many tiles of that size is too large: 12336008 x 1568 pixels", sheet.error);
 }

@@ -85,11 +85,35 @@ TEST(CaptureEncoding, PutsFurtherArgumentsLastSoThatTheyWin)
     EXPECT_EQ((std::vector<std::string>{"-crf", "20", "-preset", "slow", "file:a.mp4"}), last);
 }
 
-TEST(CaptureEncoding, WritesUnderANameOfItsOwn)
+TEST(CaptureEncoding, MakesTheEncoderTellEveryFailure)
 {
-    EXPECT_EQ("show.part.mp4", capture::UnfinishedName("show.mp4"));
-    EXPECT_EQ("a.b/show.part", capture::UnfinishedName("a.b/show"));
-    EXPECT_EQ("./x/y.z.part.mkv", capture::UnfinishedName("./x/y.z.mkv"));
+    EXPECT_TRUE(Has(EncoderCommand(Example("a.mp4")), "-xerror"));
+    EXPECT_TRUE(Has(JoinCommand(Example("a.mp4")), "-xerror"));
+}
+
+TEST(CaptureEncoding, OfAStreamNeedsNoWayBack)
+{
+    Encoding stream = Example("pipe.mp4");
+    stream.streamed = true;
+    EXPECT_TRUE(Has(EncoderCommand(stream), "-movflags +frag_keyframe+empty_moov+default_base_moof"));
+    EXPECT_EQ("file:pipe.mp4", EncoderCommand(stream).back());
+    for (const char* name : {"-", "/dev/null"}) {
+        stream.output = name;
+        EXPECT_TRUE(Has(EncoderCommand(stream), "-c:v ffv1 -level 3")) << name;
+        EXPECT_TRUE(Has(EncoderCommand(stream), "-f matroska")) << name;
+        EXPECT_TRUE(Has(JoinCommand(stream), "-f matroska")) << name;
+    }
+    EXPECT_EQ("file:/dev/null", EncoderCommand(stream).back());
+    stream.output = "-";
+    EXPECT_EQ("pipe:1", EncoderCommand(stream).back());
+}
+
+TEST(CaptureEncoding, KnowsWhereEachFrameBecomesOneOfTheFiles)
+{
+    for (const char* name : {"a.mp4", "a.mov", "a.m4v", "a.mkv"})
+        EXPECT_TRUE(Example(name).HasOnePacketPerFrame()) << name;
+    for (const char* name : {"a.webm", "a.gif", "a"}) // frames that nobody sees, and frames that are left out
+        EXPECT_FALSE(Example(name).HasOnePacketPerFrame()) << name;
 }
 
 TEST(CaptureEncoding, ListsPartsWithNamesOfAnyKindAndLengthsThatDoNotDrift)

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
 
 namespace fs = std::filesystem;
 
@@ -35,12 +36,35 @@ TEST(PngSequence, NamesFilesInAFolderOrByAPattern)
     EXPECT_EQ("frames/1234567.png", PatternName(pattern, 1234567));
     EXPECT_TRUE(PatternOf("x-%03d.png", &pattern));
     EXPECT_EQ("x-007.png", PatternName(pattern, 7));
-    EXPECT_TRUE(PatternOf("%d", &pattern));
-    EXPECT_EQ("7", PatternName(pattern, 7));
-    EXPECT_TRUE(PatternOf("x%4dy", &pattern));
-    EXPECT_EQ("x   7y", PatternName(pattern, 7));
-    for (const char* wrong : {"%", "%s", "%05", "%d%d", "%0005d", "a%%d", "%d%s", ""})
+    EXPECT_TRUE(PatternOf("%d.png", &pattern));
+    EXPECT_EQ("7.png", PatternName(pattern, 7));
+    EXPECT_TRUE(PatternOf("x%4dy.png", &pattern));
+    EXPECT_EQ("x   7y.png", PatternName(pattern, 7));
+    for (const char* wrong : {"%.png", "%s.png", "%05.png", "%d%d.png", "%0005d.png", "a%%d.png", "%d%s.png",
+                              "%d%.png", "%%%%.png", "%%%.png", ""})
         EXPECT_FALSE(PatternOf(wrong, &pattern)) << wrong;
+}
+
+TEST(PngSequence, TakesOnlyTheNameOfAPngForAPattern)
+{
+    for (const char* pattern : {"%d.png", "a/b-%05d.png", "100%.png", "50%/50%%-%d.png"})
+        EXPECT_TRUE(capture::IsPattern(pattern)) << pattern;
+    for (const char* other : {"50%/x.png", "%d/x.png", "a%03d.mp4", "%d", "%d.png/", "50%/"})
+        EXPECT_FALSE(capture::IsPattern(other)) << other;
+    std::string pattern;
+    EXPECT_TRUE(PatternOf("50%/%d/x-%d.png", &pattern));
+    EXPECT_EQ("50%/%d/x-3.png", PatternName(pattern, 3));
+    EXPECT_TRUE(PatternOf("50%/", &pattern));
+    EXPECT_EQ("50%/000003.png", PatternName(pattern, 3));
+}
+
+TEST(PngSequence, WritesADoubledPerCentSignOnce)
+{
+    std::string pattern;
+    EXPECT_TRUE(PatternOf("a%%/100%%-%02d%%d%%%%.png", &pattern));
+    EXPECT_EQ("a%%/100%-04%d%%.png", PatternName(pattern, 4));
+    EXPECT_TRUE(PatternOf("%%%d.png", &pattern));
+    EXPECT_EQ("%4.png", PatternName(pattern, 4));
 }
 
 TEST(PngSequence, WritesEachFrameTheRightWayUp)
@@ -81,5 +105,5 @@ TEST(PngSequence, TellsWhatItCanNotWrite)
     late.Take(FrameOf(0));
     EXPECT_FALSE(late.Finish(true));
     EXPECT_EQ((other / "0.png").string() + ": Is a directory", late.error);
-    EXPECT_FALSE(fs::exists(other / "0.png.part"));
+    EXPECT_EQ(1, std::distance(fs::directory_iterator(other), fs::directory_iterator()));
 }

@@ -70,3 +70,16 @@ TEST(CaptureProgress, SaysNothingWithoutAStream)
     progress.Show(9, 10);
     progress.Clear();
 }
+
+TEST(CaptureProgress, CountsOneFrameBeforeTheFirstAsOne)
+{
+    char* text = nullptr;
+    size_t size = 0;
+    FILE* const stream = open_memstream(&text, &size);
+    Progress progress(stream);
+    progress.Begin(1, 3, 2);
+    progress.Show(0, 0);
+    fclose(stream);
+    EXPECT_STREQ("playing the frame before the first without drawing\n", text);
+    free(text);
+}

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "tools/capture/VideoProbe.h"
+
+#include "tools/capture/ChildProcess.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace capture
+{
+
+int64_t CountFrames(const std::string& path, std::string* error)
+{
+    ChildProcess probe;
+    if (!probe.Start({"ffprobe", "-v", "error", "-select_streams", "v:0", "-count_packets", "-show_entries",
+                      "stream=nb_read_packets", "-of", "csv=p=0", "file:" + path}) ||
+        !probe.Finish()) {
+        *error = path + ": " + probe.error;
+        return -1;
+    }
+    const std::string count = probe.Output();
+    if (count.empty() || count[0] < '0' || count[0] > '9') {
+        *error = path + ": there is no video in it";
+        return -1;
+    }
+    return std::atoll(count.c_str());
+}
+
+static bool IsWhole(const OutputFile& file, const Encoding& encoding, int64_t frames, std::string* error)
+{
+    if (fsync(file.Descriptor()) != 0) {
+        *error = file.Name() + ": " + strerror(errno);
+        return false;
+    }
+    const int64_t found = CountFrames(file.Name(), error);
+    if (found < 0)
+        return false;
+    // Only of these formats is it known that each frame becomes one of the file's.
+    if (encoding.more.empty() && encoding.HasOnePacketPerFrame() ? found == frames : found > 0)
+        return true;
+    *error = "ffmpeg reported no error, but its file holds " + std::to_string(found) + " of " +
+             std::to_string(frames) + " frames";
+    return false;
+}
+
+bool KeepVideo(OutputFile& file, const Encoding& encoding, int64_t frames, std::string* error)
+{
+    if (file.IsStream() || IsWhole(file, encoding, frames, error)) {
+        if (file.Keep())
+            return true;
+        *error = file.error;
+    }
+    file.Discard();
+    return false;
+}
+
+} // namespace capture
