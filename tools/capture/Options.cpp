@@ -26,7 +26,7 @@ const std::vector<cli::Option>& OptionTable()
         {"output", 'o', "PATH",
          "Where to write: a video (show.mp4; show.mkv keeps every pixel and sample), numbered pictures (a "
          "folder "
-         "that ends with a slash, or a pattern with %05d), or the picture of --sheet."},
+         "that ends with a slash, or a pattern such as x-%05d.png), or the picture of --sheet."},
         {"size", 's', "WxH", "The size of the picture in pixels; 1024x768 unless told."},
         {"rate", 'r', "FRAMES",
          "Frames a second, as a whole number or a fraction: 60 unless told, 30, 60000/1001."},
