@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program that paints the pictures of the show. Run it from the root of the project.
 #include "art/atelier/Commands.h"
+#include "tools/cli/CommandLine.h"
 
 #include <cstdio>
 #include <cstring>
@@ -8,15 +9,15 @@
 namespace
 {
 
-constexpr const char* Usage =
-    "atelier NAME... [-o FOLDER]   paints the pictures of these names\n"
-    "atelier --all [-o FOLDER]     paints all pictures\n"
-    "atelier --group EFFECT [-o FOLDER]  paints the pictures of an effect\n"
-    "atelier --sheet [OUT.png]     draws a contact sheet of the files, out/sheet.png\n"
-    "atelier --scenes OUT.jpg FRAME...   draws a sheet of frames of the show\n"
-    "atelier --verify [NAME...]    repaints and compares with the files\n"
-    "atelier --list                lists all pictures\n"
-    "Without -o pictures go to their places in the project.\n";
+const std::vector<cli::Option> options = {
+    {"all", 0, nullptr, "Paint all pictures."},
+    {"group", 0, "EFFECT", "Paint the pictures of an effect."},
+    {"output", 'o', "FOLDER", "Paint into FOLDER instead of the pictures' places in the project."},
+    {"verify", 0, nullptr, "Repaint the pictures NAME, or all, and compare them with the files."},
+    {"sheet", 0, nullptr, "Draw a contact sheet of the files, as the PNG file NAME or as out/sheet.png."},
+    {"scenes", 0, "JPEG", "Draw a sheet of frames of the show, whose files are the NAMEs."},
+    {"list", 0, nullptr, "List all pictures."},
+};
 
 std::vector<const atelier::Picture*> All(const char* effect = nullptr)
 {
@@ -41,40 +42,29 @@ int List()
 
 int main(int argc, char** argv)
 {
-    std::string command, folder;
-    std::vector<std::string> names;
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        if (word == "-o" && i + 1 < argc)
-            folder = argv[++i];
-        else if (word.starts_with("--") && command.empty())
-            command = word;
-        else if (word.starts_with("-"))
-            return std::fputs(Usage, stderr), 2;
-        else
-            names.push_back(word);
-    }
-    if (command == "--list")
+    cli::CommandLine line("atelier", "Paints pictures of the show.", "[NAME...]", options);
+    if (!line.Read(argc, argv))
+        return line.exitStatus;
+    const std::vector<std::string>& names = line.operands;
+    if (line.Has("list"))
         return List();
-    if (command == "--sheet")
+    if (line.Has("sheet"))
         return atelier::DrawSheet(All(), names.empty() ? "out/sheet.png" : names[0]);
-    if (command == "--scenes" && names.size() > 1)
-        return atelier::DrawScenes({names.begin() + 1, names.end()}, names[0]);
+    if (line.Has("scenes") && !names.empty())
+        return atelier::DrawScenes(names, line.Value("scenes"));
 
     std::vector<const atelier::Picture*> pictures;
-    if (command == "--all" || (command == "--verify" && names.empty()))
+    if (line.Has("group"))
+        pictures = All(line.Value("group").c_str());
+    else if (line.Has("all") || (line.Has("verify") && names.empty()))
         pictures = All();
-    else if (command == "--group" && names.size() == 1)
-        pictures = All(names[0].c_str());
-    else if (command.empty() || command == "--verify")
-        for (const std::string& name : names) {
-            pictures.push_back(atelier::FindPicture(name));
-            if (pictures.back() == nullptr) {
-                std::fprintf(stderr, "atelier: there is no picture %s\n", name.c_str());
-                return 2;
-            }
-        }
+    for (const std::string& name : names) {
+        pictures.push_back(atelier::FindPicture(name));
+        if (pictures.back() == nullptr)
+            return line.Fail("there is no picture " + name);
+    }
     if (pictures.empty())
-        return std::fputs(Usage, stderr), 2;
-    return command == "--verify" ? atelier::VerifyFiles(pictures) : atelier::PaintFiles(pictures, folder);
+        return line.Fail("nothing to do (--help tells more)");
+    return line.Has("verify") ? atelier::VerifyFiles(pictures)
+                              : atelier::PaintFiles(pictures, line.Value("output"));
 }

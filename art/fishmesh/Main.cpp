@@ -3,23 +3,21 @@
 #include "art/fishmesh/Fish.h"
 #include "art/fishmesh/Mesh.h"
 
-#include <cstdio>
-#include <cstring>
-#include <string>
+#include "tools/cli/CommandLine.h"
 
-static const char usage[] = "fishmesh [-o FOLDER]   writes fish.txt and fisheyes.txt, into Data without -o\n";
+static const std::vector<cli::Option> options = {
+    {"output", 'o', "FOLDER", "Write into FOLDER instead of Data."},
+};
 
 int main(int argc, char** argv)
 {
-    std::string folder = "Data";
-    if (argc == 3 && strcmp(argv[1], "-o") == 0)
-        folder = argv[2];
-    else if (argc != 1)
-        return fputs(usage, stderr), 2;
-
+    cli::CommandLine line("fishmesh", "Models the fish: writes fish.txt and fisheyes.txt.", "", options);
+    if (!line.Read(argc, argv))
+        return line.exitStatus;
+    const std::string folder = line.Value("output", "Data");
     if (!fishmesh::WriteModelFile(fishmesh::MakeFish(), (folder + "/fish.txt").c_str()) ||
         !fishmesh::WriteModelFile(fishmesh::MakeEyes(), (folder + "/fisheyes.txt").c_str())) {
-        fprintf(stderr, "fishmesh: can't write into %s\n", folder.c_str());
+        line.Fail("can't write into " + folder);
         return 1;
     }
     return 0;

@@ -8,31 +8,32 @@
 #include "art/music/SoundFile.h"
 #include "art/music/Theme.h"
 #include "art/music/Verify.h"
+#include "tools/cli/CommandLine.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 namespace
 {
 
-constexpr const char* usage =
-    "composer [-o FILE] [--section N] [--stems DIR]   renders the night, or its section N, to FILE\n"
-    "composer --print [--section N]                   prints the score, a line a bar and part\n"
-    "composer --verify [--section N] [FILE]          plays the score again and compares it with FILE\n"
-    "composer --measure [FILE]                        prints what can be measured, section by section\n"
-    "FILE is Data/moonwaltz.ogg if not given. Without -o the night goes to Data/moonwaltz.ogg, a section to "
-    "out/section-N.ogg. A FILE that ends in "
-    ".wav\n"
-    "becomes 32-bit float WAV.\n";
+const std::vector<cli::Option> optionTable = {
+    {"output", 'o', "SOUND",
+     "Render to SOUND, 32-bit float WAV if it ends in .wav and else Ogg Vorbis, instead of to "
+     "Data/moonwaltz.ogg, or to out/section-N.ogg with --section."},
+    {"section", 0, "N", "Only section N of the score, which counts from 0."},
+    {"stems", 0, "FOLDER", "Write each part by itself into FOLDER as well."},
+    {"print", 0, nullptr, "Print the score instead, a line for each bar and part."},
+    {"verify", 0, nullptr, "Play the score again instead, and compare it with FILE."},
+    {"measure", 0, nullptr, "Print instead what can be measured in FILE, section by section."},
+};
 
 constexpr const char* scoreFolder = "art/music/score";
 constexpr const char* nightFile = "Data/moonwaltz.ogg";
 constexpr const char* renditionFile = "art/music/score/rendition.txt";
 
 struct Options {
-    std::string output, stems, command, file;
+    std::string output, stems, file;
     int section = -1;
 };
 
@@ -64,29 +65,16 @@ void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
                 waltz::FindClicks(sound.right).size());
 }
 
-bool IsNumber(const std::string& word)
+// False after a mistake, which was told.
+bool ReadOptions(cli::CommandLine& line, Options& options)
 {
-    return !word.empty() && word.size() < 5 && word.find_first_not_of("0123456789") == std::string::npos;
-}
-
-bool ReadOptions(int argc, char** argv, Options& options)
-{
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        const bool more = i + 1 < argc;
-        if (word == "-o" && more)
-            options.output = argv[++i];
-        else if (word == "--section" && more && IsNumber(argv[i + 1]))
-            options.section = std::atoi(argv[++i]);
-        else if (word == "--stems" && more)
-            options.stems = argv[++i];
-        else if (word.starts_with("--") && options.command.empty())
-            options.command = word;
-        else if (!word.starts_with("-") && options.file.empty())
-            options.file = word;
-        else
-            return false;
-    }
+    int64_t section = -1;
+    if (!line.WholeNumber("section", 0, 9999, &section))
+        return false;
+    options.section = static_cast<int>(section);
+    options.output = line.Value("output");
+    options.stems = line.Value("stems");
+    options.file = line.operands.empty() ? nightFile : line.operands[0];
     return true;
 }
 
@@ -144,29 +132,29 @@ int Verify(const waltz::Score& score, const Options& options, const waltz::Stere
 
 int main(int argc, char** argv)
 {
+    cli::CommandLine line("composer",
+                          "Renders the music of the show. FILE is Data/moonwaltz.ogg if not given.", "[FILE]",
+                          optionTable);
     Options options;
-    if (!ReadOptions(argc, argv, options))
-        return std::fputs(usage, stderr), 2;
+    if (!line.Read(argc, argv) || !ReadOptions(line, options))
+        return line.exitStatus;
     waltz::Score score;
     std::string error;
     if (!waltz::ReadScore(scoreFolder, score, error))
         return std::fprintf(stderr, "%s\n", error.c_str()), 1;
     if (options.section >= static_cast<int>(score.sections.size()))
         return std::fprintf(stderr, "there are %zu sections, from 0\n", score.sections.size()), 2;
-    if (options.command.empty())
-        return Render(score, options);
-    if (options.command == "--print") {
+    if (line.Has("print")) {
         const waltz::Section range = Range(score, options);
         std::fputs(waltz::Print(score, range.firstBar, range.endBar).c_str(), stdout);
         return 0;
     }
-    if (options.command != "--measure" && options.command != "--verify")
-        return std::fputs(usage, stderr), 2;
+    if (!line.Has("measure") && !line.Has("verify"))
+        return Render(score, options);
     waltz::Stereo sound;
-    const std::string file = options.file.empty() ? nightFile : options.file;
-    if (!waltz::ReadSound(file, sound))
-        return std::fprintf(stderr, "cannot read %s\n", file.c_str()), 1;
-    if (options.command == "--verify")
+    if (!waltz::ReadSound(options.file, sound))
+        return std::fprintf(stderr, "cannot read %s\n", options.file.c_str()), 1;
+    if (line.Has("verify"))
         return Verify(score, options, sound);
     PrintMeasures(score, sound);
     return 0;
