@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/Report.h"
 
-#include "platform/Boxes.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBox.h"
 
 const char* const ErrorTail =
     "\r\n\r\n"
@@ -15,12 +15,14 @@ const char* const ErrorTail =
 
 void ReportError(std::string title, std::string text)
 {
-    platform::ShowBox("Marlinex 1.5 Error: " + title, "Bad: " + text + ErrorTail, platform::BoxErrorIcon);
+    platform::ShowMessageBox("Marlinex 1.5 Error: " + title, "Bad: " + text + ErrorTail,
+                             platform::BoxErrorIcon);
 }
 
 void ReportInfo(std::string title, std::string text)
 {
-    platform::ShowBox("Marlinex 1.5 Information: " + title, "Info: " + text, platform::BoxInformationIcon);
+    platform::ShowMessageBox("Marlinex 1.5 Information: " + title, "Info: " + text,
+                             platform::BoxInformationIcon);
 }
 
 FILE* OpenFile(const char* path, const char* mode)

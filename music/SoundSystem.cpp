@@ -2,15 +2,14 @@
 #include "music/SoundSystem.h"
 
 #include "music/DecodeThread.h"
+#include "music/SoundSystemHooks.h"
 #include "platform/SoundOutput.h"
 
 #include <algorithm>
 #include <cstdio>
 
-static float version = 3.75f;
 static int chosenDriver = 0;
 static int bufferMilliseconds = 1000;
-static std::vector<std::string>* callSink = nullptr;
 
 // What the threads use, from Init on. It is never freed: they run on while the process ends.
 struct RunningSystem {
@@ -25,12 +24,6 @@ struct RunningSystem {
     std::vector<SoundStream*> openStreams;
 };
 static RunningSystem* sound = nullptr;
-
-static void Note(const std::string& call)
-{
-    if (callSink)
-        callSink->push_back(call);
-}
 
 static bool IsOpen(SoundStream* stream)
 {
@@ -51,19 +44,20 @@ static void FillOutput(void* context, StereoFrame* frames, int count, bool patie
 
 float SoundSystem::GetVersion()
 {
-    Note("GetVersion");
-    return version;
+    NoteSoundCall("GetVersion");
+    return SoundVersion();
 }
 
 void SoundSystem::SetDriver(int driver)
 {
-    Note("SetDriver " + std::to_string(driver));
+    NoteSoundCall("SetDriver " + std::to_string(driver));
     chosenDriver = driver;
 }
 
 bool SoundSystem::Init(int mixRate, int channels, unsigned flags)
 {
-    Note("Init " + std::to_string(mixRate) + " " + std::to_string(channels) + " " + std::to_string(flags));
+    NoteSoundCall("Init " + std::to_string(mixRate) + " " + std::to_string(channels) + " " +
+                  std::to_string(flags));
     if (sound)
         return true;
     if (chosenDriver != DefaultDriver || mixRate < LowestMixRate || mixRate > HighestMixRate ||
@@ -81,7 +75,7 @@ bool SoundSystem::Init(int mixRate, int channels, unsigned flags)
 
 void SoundSystem::SetBufferSize(int milliseconds)
 {
-    Note("SetBufferSize " + std::to_string(milliseconds));
+    NoteSoundCall("SetBufferSize " + std::to_string(milliseconds));
     bufferMilliseconds = milliseconds;
 }
 
@@ -89,7 +83,8 @@ SoundStream* SoundSystem::OpenStream(const std::string& path, unsigned mode, int
 {
     char modeText[16];
     snprintf(modeText, sizeof(modeText), "0x%X", mode);
-    Note("OpenStream " + path + " " + modeText + " " + std::to_string(offset) + " " + std::to_string(length));
+    NoteSoundCall("OpenStream " + path + " " + modeText + " " + std::to_string(offset) + " " +
+                  std::to_string(length));
     if (!sound || mode != (LoopOff | Stereo | AccurateTime) || offset != 0 || length != 0)
         return nullptr;
     std::unique_ptr<Decoder> decoder = OpenDecoder(path, sound->mixRate);
@@ -104,7 +99,7 @@ SoundStream* SoundSystem::OpenStream(const std::string& path, unsigned mode, int
 
 int SoundSystem::PlayStream(int channel, SoundStream* stream)
 {
-    Note("PlayStream " + std::to_string(channel));
+    NoteSoundCall("PlayStream " + std::to_string(channel));
     if (channel != FreeChannel || !IsOpen(stream))
         return -1;
     const bool hasRunOut = stream->HasRunOut();
@@ -119,7 +114,7 @@ int SoundSystem::PlayStream(int channel, SoundStream* stream)
 
 bool SoundSystem::SetStreamTime(SoundStream* stream, int milliseconds)
 {
-    Note("SetStreamTime " + std::to_string(milliseconds));
+    NoteSoundCall("SetStreamTime " + std::to_string(milliseconds));
     if (!IsOpen(stream))
         return false;
     stream->Give(stream->LastOrder().playing, milliseconds);
@@ -128,13 +123,13 @@ bool SoundSystem::SetStreamTime(SoundStream* stream, int milliseconds)
 
 int SoundSystem::GetStreamTime(SoundStream* stream)
 {
-    Note("GetStreamTime");
+    NoteSoundCall("GetStreamTime");
     return IsOpen(stream) ? stream->GetTime() : 0;
 }
 
 bool SoundSystem::StopStream(SoundStream* stream)
 {
-    Note("StopStream");
+    NoteSoundCall("StopStream");
     if (!IsOpen(stream))
         return false;
     stream->Give(false, 0);
@@ -143,7 +138,7 @@ bool SoundSystem::StopStream(SoundStream* stream)
 
 bool SoundSystem::CloseStream(SoundStream* stream)
 {
-    Note("CloseStream");
+    NoteSoundCall("CloseStream");
     if (!IsOpen(stream))
         return false;
     stream->Give(false, 0);
@@ -156,25 +151,15 @@ bool SoundSystem::CloseStream(SoundStream* stream)
 
 bool SoundSystem::GetPaused(int channel)
 {
-    Note("GetPaused " + std::to_string(channel));
+    NoteSoundCall("GetPaused " + std::to_string(channel));
     return channel == AllChannels && sound && sound->mixer.paused;
 }
 
 bool SoundSystem::SetPaused(int channel, bool paused)
 {
-    Note("SetPaused " + std::to_string(channel) + (paused ? " true" : " false"));
+    NoteSoundCall("SetPaused " + std::to_string(channel) + (paused ? " true" : " false"));
     if (channel != AllChannels || !sound)
         return false;
     sound->mixer.paused = paused;
     return true;
-}
-
-void SoundSystem::CollectCalls(std::vector<std::string>* sink)
-{
-    callSink = sink;
-}
-
-void SoundSystem::PretendVersion(float pretended)
-{
-    version = pretended;
 }

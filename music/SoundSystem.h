@@ -11,7 +11,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 class SoundStream;
 
@@ -72,11 +71,4 @@ public:
     // loses nor repeats a frame. A stream that is set to play during the pause is heard after it.
     static bool GetPaused(int channel);
     static bool SetPaused(int channel, bool paused);
-
-    // For tests: appends each call with its arguments, "Init 44100 32 0", to *sink; null ends that. The sink
-    // is borrowed.
-    static void CollectCalls(std::vector<std::string>* sink);
-
-    // For tests: what GetVersion says from now on.
-    static void PretendVersion(float version);
 };

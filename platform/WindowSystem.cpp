@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/WindowSystem.h"
 
-#include "platform/NullWindowSystem.h"
 #include "platform/SdlWindowSystem.h"
 
 namespace platform
@@ -18,15 +17,14 @@ const WindowSystem& Windows()
     return *system;
 }
 
+void UseWindowSystem(const WindowSystem& other)
+{
+    system = &other;
+}
+
 void UseSdlWindows()
 {
     system = &SdlWindowSystem();
-}
-
-void UseNullWindows()
-{
-    ResetNullWindows();
-    system = &NullWindowSystem();
 }
 
 void SetFrameObserver(FrameObserver observer, void* user)

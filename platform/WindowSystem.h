@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Windows and GL contexts, as a table of plain functions. The real one is SDL's; the null one has a screen
-// and windows that exist on paper only, for tests that look at GL calls instead of pixels.
+// Windows and GL contexts, as a table of plain functions. The one that a show uses is SDL's
+// (SdlWindowSystem).
 //
 // Handles are opaque; null is none. Main thread only.
 #pragma once
@@ -63,39 +63,15 @@ struct WindowSystem {
 const int ExtensionsOfGL = 0;
 const int ExtensionsOfWindowSystem = 1;
 
-// The table in use; SDL's unless another was chosen.
+// The table in use: SDL's until another, which is borrowed, is put in its place.
 const WindowSystem& Windows();
+void UseWindowSystem(const WindowSystem& system);
 void UseSdlWindows();
-void UseNullWindows(); // as new, whatever an earlier test did to them
 
 // The frame observer sees each finished frame: it is called at the swap, ahead of it, with the window's
 // context current. Null takes it off again.
 typedef void (*FrameObserver)(void* user);
 void SetFrameObserver(FrameObserver observer, void* user);
 void NotifyFrameObserver();
-
-// The null window system's bits and pieces, for tests to set and read.
-struct NullWindows {
-    bool refuseClass = false;
-    bool refuseMode = false;
-    bool refuseWindow = false;
-    bool refuseContext = false;
-    int screenWidth = 1920;
-    int screenHeight = 1080;
-    const char* glExtensions = "GL_ARB_point_sprite GL_ARB_framebuffer_object";     // may be null
-    const char* systemExtensions = "GL_ARB_point_sprite GL_ARB_framebuffer_object"; // may be null
-    WindowDescription last = {}; // of the last window created; its title is not kept
-    char title[256] = "";        // as last set
-    int windows = 0;             // alive
-    int modeWidth = 0;           // 0: the desktop's
-    int modeHeight = 0;
-    bool cursorVisible = true;
-    int swaps = 0;
-    int contexts = 0; // ever created
-    int deletedContexts = 0;
-    ContextHandle current = nullptr;
-    void (*contextSwitched)(int number) = nullptr; // told which context became current, from 1; 0 is none
-};
-NullWindows& NullWindowState();
 
 } // namespace platform

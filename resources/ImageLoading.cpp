@@ -3,9 +3,9 @@
 #include "resources/TextureLoader.h"
 
 #include "kernel/Report.h"
+#include "platform/EmbeddedFiles.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
-#include "platform/Resources.h"
 #include "resources/DibReader.h"
 #include "resources/ImageFiles.h"
 #include "resources/PictureDecoder.h"
@@ -98,7 +98,7 @@ ImageData TextureLoader::LoadBitmapResource(const char* name)
     const unsigned char* bytes = nullptr;
     size_t size = 0;
     ImageData picture;
-    if (!name || !platform::FindResource(name, &bytes, &size) || !ReadDib(bytes, size, &picture))
+    if (!name || !platform::FindEmbeddedFile(name, &bytes, &size) || !ReadDib(bytes, size, &picture))
         return image;
     const size_t pixels = static_cast<size_t>(picture.width) * picture.height;
     image.width = picture.width;

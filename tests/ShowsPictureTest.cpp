@@ -6,9 +6,9 @@
 #include "display/RenderTarget.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/FrameTimer.h"
-#include "platform/Clock.h"
-#include "platform/StartForm.h"
+#include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
+#include "platform/dialogs/StartForm.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>

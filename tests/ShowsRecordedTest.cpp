@@ -5,9 +5,9 @@
 
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
-#include "platform/Clock.h"
-#include "platform/StartForm.h"
-#include "platform/WindowSystem.h"
+#include "platform/SteppedClock.h"
+#include "platform/dialogs/StartForm.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -55,7 +55,7 @@ protected:
 
         gl::Reset(800, 600);
         gl::InventPictures(InventPicture);
-        platform::UseNullWindows();
+        UseNullWindows();
         gl::FollowNullWindows(); // takes the frame observer, so the clock is moved by hand below
         platform::UseSteppedClock();
         const int resolution = GetParam().resolution;

@@ -10,9 +10,9 @@
 #include "kernel/FrameTimer.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
-#include "platform/Clock.h"
-#include "platform/WindowSystem.h"
+#include "platform/SteppedClock.h"
 #include "tests/support/NightScript.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -71,7 +71,7 @@ protected:
     {
         framesPerSecond = rate;
         gl::Reset(800, 600);
-        platform::UseNullWindows();
+        UseNullWindows();
         gl::FollowNullWindows(); // takes the frame observer, so the clock is moved by hand below
         platform::UseSteppedClock();
         StartTimer(); // as in a process of its own

@@ -2,6 +2,7 @@
 // The frame operations, as GL sees them.
 #include "display/GLWindow.h"
 
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -14,7 +15,7 @@ class GLWindowFrame : public testing::Test
 protected:
     GLWindowFrame()
     {
-        platform::UseNullWindows();
+        UseNullWindows();
         gl::Reset(16, 16);
         gl::FollowNullWindows();
     }

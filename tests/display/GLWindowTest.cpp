@@ -3,8 +3,9 @@
 // GLWindowRecordedTest.cpp.
 #include "display/GLWindow.h"
 
-#include "platform/Boxes.h"
 #include "platform/DebugChannel.h"
+#include "platform/dialogs/MessageBox.h"
+#include "tests/support/NullWindowSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -13,13 +14,13 @@ class GLWindowTest : public testing::Test
 protected:
     GLWindowTest()
     {
-        platform::UseNullWindows();
-        platform::CollectBoxes(&boxes);
+        UseNullWindows();
+        platform::CollectMessageBoxes(&boxes);
         platform::CollectDebugText(&debugText);
     }
     ~GLWindowTest() override
     {
-        platform::CollectBoxes(nullptr);
+        platform::CollectMessageBoxes(nullptr);
         platform::CollectDebugText(nullptr);
     }
     static bool QuitPosted() { return platform::TakeEvent().kind == platform::EventQuit; }
@@ -39,8 +40,8 @@ protected:
         EXPECT_EQ(platform::BoxErrorIcon, boxes[0].icon);
     }
 
-    platform::NullWindows& system = platform::NullWindowState();
-    std::vector<platform::Box> boxes;
+    NullWindows& system = NullWindowState();
+    std::vector<platform::MessageBox> boxes;
     std::string debugText;
     GLWindow window;
 };

@@ -3,6 +3,7 @@
 #include "display/RenderTarget.h"
 
 #include "display/GLWindow.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -17,7 +18,7 @@ class RenderTargetCalls : public testing::Test
 protected:
     RenderTargetCalls()
     {
-        platform::UseNullWindows();
+        UseNullWindows();
         gl::Reset(800, 600);
         gl::FollowNullWindows();
     }
@@ -52,7 +53,7 @@ TEST_F(RenderTargetCalls, TheWindowMakesItWith512By512LinearAndClamped)
          "context 2", "glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, 512, 512)",
          "glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, 1, 0)",
          "glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, 1)", "context 1"}));
-    EXPECT_EQ(2, platform::NullWindowState().contexts);
+    EXPECT_EQ(2, NullWindowState().contexts);
     EXPECT_TRUE(gl::NoErrors());
 }
 
@@ -129,8 +130,8 @@ TEST_F(RenderTargetCalls, MadeAgainItGivesTheSurfaceBackButNeitherContextNorPict
     EXPECT_EQ(1, gl::CountCalls("glDeleteFramebuffers"));
     EXPECT_EQ(1, gl::CountCalls("glDeleteRenderbuffers"));
     EXPECT_EQ(2u, gl::Textures().size());
-    EXPECT_EQ(3, platform::NullWindowState().contexts);
-    EXPECT_EQ(0, platform::NullWindowState().deletedContexts);
+    EXPECT_EQ(3, NullWindowState().contexts);
+    EXPECT_EQ(0, NullWindowState().deletedContexts);
     EXPECT_EQ(1, gl::GetContext());
     gl::ClearRecords();
     RenderTarget::BindTexture();
@@ -171,11 +172,11 @@ TEST_F(RenderTargetCalls, GivenBackItDoesNothing)
 TEST_F(RenderTargetCalls, WithoutASecondContextItCannotBeMade)
 {
     Open();
-    platform::NullWindowState().refuseContext = true;
+    NullWindowState().refuseContext = true;
     EXPECT_FALSE(RenderTarget::Create(&window, 64, 64));
     EXPECT_EQ(1, gl::GetContext());
     ExpectNoTarget();
-    platform::NullWindowState().refuseContext = false;
+    NullWindowState().refuseContext = false;
     EXPECT_TRUE(RenderTarget::Create(&window, 64, 64));
 }
 
@@ -211,9 +212,9 @@ TEST_F(RenderTargetCalls, AWindowWhoseTargetCannotBeMadeIsAWindowAllTheSame)
     // The second context alone is refused: the window's own was made by then.
     static int made;
     made = 0;
-    platform::NullWindowState().contextSwitched = [](int number) {
+    NullWindowState().contextSwitched = [](int number) {
         gl::SetContext(number);
-        platform::NullWindowState().refuseContext = ++made == 1;
+        NullWindowState().refuseContext = ++made == 1;
     };
     EXPECT_TRUE(window.Create(800, 600, 32, false));
     EXPECT_TRUE(window.IsRunning());

@@ -3,7 +3,7 @@
 #include "FX_Lantern.h"
 
 #include "kernel/EffectRegistry.h"
-#include "platform/Clock.h"
+#include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
 #include "tests/support/recorder/EffectFixture.h"
 

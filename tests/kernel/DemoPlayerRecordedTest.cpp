@@ -5,11 +5,11 @@
 #include "display/GLWindow.h"
 #include "kernel/EffectRegistry.h"
 #include "kernel/LoadingScreen.h"
-#include "platform/Clock.h"
 #include "platform/Events.h"
-#include "platform/WindowSystem.h"
+#include "platform/SteppedClock.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/BytesInUse.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
@@ -24,7 +24,7 @@ protected:
     DemoPlayerRun()
     {
         gl::Reset(800, 600);
-        platform::UseNullWindows();
+        UseNullWindows();
         platform::UseSteppedClock();
         window.Create(800, 600, 32, false);
         registry.Register("FX_A", &a, "FX_A");
@@ -73,7 +73,7 @@ protected:
         test->timesAtSwap.push_back(FrameTimer::GetTime());
         test->countsAtSwap.push_back(platform::ReadCounter());
         test->picturesAtSwap.push_back(gl::DrawsWithTexture("loading.jpg").size());
-        test->titlesAtSwap.push_back(platform::NullWindowState().title);
+        test->titlesAtSwap.push_back(NullWindowState().title);
         gl::PostSwap();
     }
 
@@ -110,7 +110,7 @@ TEST_F(DemoPlayerRun, AnEmptyTimelineGivesOneFrameOfClearsAndEnds)
     platform::UseRealClock();
     player.Run();
     EXPECT_EQ(uint32_t(PlayerEnded), player.state);
-    EXPECT_EQ(1, platform::NullWindowState().swaps);
+    EXPECT_EQ(1, NullWindowState().swaps);
     ASSERT_EQ(1u, gl::Clears().size());
     EXPECT_EQ(GLbitfield(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT), gl::Clears()[0].mask);
     EXPECT_TRUE(gl::Draws().empty());
@@ -401,7 +401,7 @@ TEST_F(DemoPlayerRun, TheTitleIsTheFrameRate)
     Add(&a, 0, 1000);
     Play(0.25);
     EXPECT_NE(0, FrameTimer::GetFPS());
-    EXPECT_EQ("FPS: " + std::to_string(FrameTimer::GetFPS()), platform::NullWindowState().title);
+    EXPECT_EQ("FPS: " + std::to_string(FrameTimer::GetFPS()), NullWindowState().title);
 }
 
 TEST_F(DemoPlayerRun, AFrameEndsWithTheClockThenTheSwapThenTheTitle)

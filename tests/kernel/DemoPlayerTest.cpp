@@ -5,9 +5,9 @@
 
 #include "display/GLWindow.h"
 #include "kernel/EffectRegistry.h"
-#include "platform/Boxes.h"
-#include "platform/Clock.h"
 #include "platform/Events.h"
+#include "platform/SteppedClock.h"
+#include "platform/dialogs/MessageBox.h"
 #include "tests/kernel/ProbeEffect.h"
 
 #include <gtest/gtest.h>
@@ -19,14 +19,14 @@ class DemoPlayerTest : public testing::Test
 protected:
     DemoPlayerTest()
     {
-        platform::CollectBoxes(&boxes);
+        platform::CollectMessageBoxes(&boxes);
         registry.Register("FX_A", &a, "FX_A");
         registry.Register("FX_B", &b, "FX_B");
         player.Init(&window, &registry, nullptr, false);
     }
-    ~DemoPlayerTest() override { platform::CollectBoxes(nullptr); }
+    ~DemoPlayerTest() override { platform::CollectMessageBoxes(nullptr); }
 
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
     GLWindow window;
     EffectRegistry registry;
     ProbeEffect a, b;

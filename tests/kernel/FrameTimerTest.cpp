@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/FrameTimer.h"
 
-#include "platform/Clock.h"
+#include "platform/SteppedClock.h"
 
 #include <gtest/gtest.h>
 

@@ -8,11 +8,13 @@
 #include "kernel/LoadingScreen.h"
 #include "kernel/Report.h"
 #include "music/SoundSystem.h"
-#include "platform/Clock.h"
+#include "music/SoundSystemHooks.h"
+#include "platform/CountedClock.h"
 #include "platform/SoundOutput.h"
-#include "platform/WindowSystem.h"
+#include "platform/SteppedClock.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/BoxWatch.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
@@ -34,7 +36,7 @@ protected:
     MusicShow() : listener(this)
     {
         gl::Reset(800, 600);
-        platform::UseNullWindows();
+        UseNullWindows();
         gl::FollowNullWindows();
         platform::UseSoundOutput(platform::SoundPulledByHand);
         window.Create(800, 600, 32, false);
@@ -45,7 +47,7 @@ protected:
         soundfiles::Write(PathOf("polka.wav"), soundfiles::Tune(40000, 2, rate / 2), kind);
         waltz = soundfiles::Decode(PathOf("waltz.wav"));
         polka = soundfiles::Decode(PathOf("polka.wav"));
-        SoundSystem::CollectCalls(&calls);
+        CollectSoundCalls(&calls);
         platform::SetFrameObserver(
             [](void* user) {
                 MusicShow* const test = static_cast<MusicShow*>(user);
@@ -57,7 +59,7 @@ protected:
     }
     ~MusicShow() override
     {
-        SoundSystem::CollectCalls(nullptr);
+        CollectSoundCalls(nullptr);
         platform::SetFrameObserver(nullptr, nullptr);
         platform::UseSdlWindows();
     }
@@ -300,7 +302,7 @@ TEST_F(SilentMachine, AMissingSoundDeviceIsToldBeforeTheQuitIsPosted)
 
 TEST_F(SilentMachine, ASoundSystemThatIsTooOldIsToldInTheSameWords)
 {
-    SoundSystem::PretendVersion(3.6f);
+    PretendSoundVersion(3.6f);
     ExpectNoPlayer();
 }
 

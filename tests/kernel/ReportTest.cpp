@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/Report.h"
 
-#include "platform/Boxes.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBox.h"
 #include "tests/support/BoxWatch.h"
 
 #include <gtest/gtest.h>
@@ -16,10 +16,10 @@
 class Report : public testing::Test
 {
 protected:
-    Report() { platform::CollectBoxes(&boxes); }
-    ~Report() override { platform::CollectBoxes(nullptr); }
+    Report() { platform::CollectMessageBoxes(&boxes); }
+    ~Report() override { platform::CollectMessageBoxes(nullptr); }
 
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
 };
 
 TEST_F(Report, TheTailIsOneParagraphOf449CharactersSetApartByTwoLineEnds)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Resources.h"
+#include "platform/EmbeddedFiles.h"
 #include "tests/support/desktop/DesktopFixture.h"
 
 #include <IL/il.h>
@@ -98,7 +98,7 @@ TEST_F(SettingsDialogDesktop, ShowsItsPictureInFullPixelSizeAtTheTopLeft)
 {
     const unsigned char* data;
     size_t size;
-    ASSERT_TRUE(platform::FindResource("start-form.png", &data, &size));
+    ASSERT_TRUE(platform::FindEmbeddedFile("start-form.png", &data, &size));
     ilInit();
     ILuint name;
     ilGenImages(1, &name);

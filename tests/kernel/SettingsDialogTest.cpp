@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/SettingsDialog.h"
 
-#include "platform/StartForm.h"
+#include "platform/dialogs/StartForm.h"
 
 #include <gtest/gtest.h>
 

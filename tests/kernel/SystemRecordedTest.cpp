@@ -7,11 +7,11 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/LoadingScreen.h"
 #include "kernel/SynchMessageTable.h"
-#include "platform/Clock.h"
 #include "platform/Events.h"
 #include "platform/SoundOutput.h"
-#include "platform/StartForm.h"
-#include "platform/WindowSystem.h"
+#include "platform/SteppedClock.h"
+#include "platform/dialogs/StartForm.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -29,7 +29,7 @@ protected:
     Run()
     {
         gl::Reset(800, 600);
-        platform::UseNullWindows();
+        UseNullWindows();
         gl::FollowNullWindows();
         platform::UseSteppedClock();
         platform::SetFrameObserver(AtSwap, this);
@@ -76,7 +76,7 @@ protected:
 
     std::string folder;
     std::filesystem::path oldFolder;
-    platform::NullWindows& system = platform::NullWindowState();
+    NullWindows& system = NullWindowState();
     int swaps = 0;
     int quitAtSwap = 0;
 };
@@ -327,7 +327,7 @@ public:
     ~Witness() override
     {
         sight->effects = effectRegistry->effects.size();
-        sight->windows = platform::NullWindowState().windows;
+        sight->windows = NullWindowState().windows;
         sight->deletedTextures = ContextsOfDeletion().size();
         sight->player = demoPlayer;
         sight->window = glWindow;

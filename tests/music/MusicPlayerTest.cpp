@@ -2,6 +2,7 @@
 #include "music/MusicPlayer.h"
 
 #include "music/SoundSystem.h"
+#include "music/SoundSystemHooks.h"
 #include "platform/Paths.h"
 #include "platform/SoundOutput.h"
 #include "tests/support/SoundFiles.h"
@@ -33,9 +34,9 @@ protected:
         soundfiles::Write(folder + "/polka.wav", soundfiles::Tune(40000, 2, 44100), kind);
         waltz = soundfiles::Decode(folder + "/waltz.wav");
         polka = soundfiles::Decode(folder + "/polka.wav");
-        SoundSystem::CollectCalls(&calls);
+        CollectSoundCalls(&calls);
     }
-    ~MusicPlayerTest() override { SoundSystem::CollectCalls(nullptr); }
+    ~MusicPlayerTest() override { CollectSoundCalls(nullptr); }
 
     // The calls since the last time.
     Calls TakeCalls()
@@ -71,22 +72,22 @@ TEST_F(MusicPlayerTest, InitAsksTheVersionChoosesTheDriverStartsAndThenSetsTheBu
 
 TEST_F(MusicPlayerTest, ASoundSystemOlderThan37FailsBeforeAnythingElse)
 {
-    SoundSystem::PretendVersion(std::nextafterf(3.7f, 0.0f));
+    PretendSoundVersion(std::nextafterf(3.7f, 0.0f));
     EXPECT_FALSE(player.Init());
     EXPECT_EQ((Calls{"GetVersion"}), TakeCalls());
-    SoundSystem::PretendVersion(3.0f);
+    PretendSoundVersion(3.0f);
     EXPECT_FALSE(player.Init());
 }
 
 TEST_F(MusicPlayerTest, Version37IsNewEnough)
 {
-    SoundSystem::PretendVersion(3.7f);
+    PretendSoundVersion(3.7f);
     EXPECT_TRUE(player.Init());
 }
 
 TEST_F(MusicPlayerTest, ANewerVersionIsNewEnough)
 {
-    SoundSystem::PretendVersion(4.0f);
+    PretendSoundVersion(4.0f);
     EXPECT_TRUE(player.Init());
 }
 

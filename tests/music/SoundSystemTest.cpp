@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "music/SoundSystem.h"
+#include "music/SoundSystemHooks.h"
 
 #include "platform/SoundOutput.h"
 #include "tests/support/SoundFiles.h"
@@ -39,7 +40,7 @@ TEST_F(SoundSystemStart, TheVersionIsNewEnough)
 
 TEST_F(SoundSystemStart, TheVersionCanBePretended)
 {
-    SoundSystem::PretendVersion(3.5f);
+    PretendSoundVersion(3.5f);
     EXPECT_EQ(3.5f, SoundSystem::GetVersion());
 }
 
@@ -124,7 +125,7 @@ TEST_F(SoundSystemStart, TheOutputRunsAtTheGivenRate)
 TEST_F(SoundSystemStart, EveryCallIsNotedWithItsArguments)
 {
     std::vector<std::string> calls;
-    SoundSystem::CollectCalls(&calls);
+    CollectSoundCalls(&calls);
     SoundSystem::GetVersion();
     SoundSystem::SetDriver(1);
     SoundSystem::Init(44100, 32, 0);
@@ -138,7 +139,7 @@ TEST_F(SoundSystemStart, EveryCallIsNotedWithItsArguments)
     SoundSystem::GetPaused(-3);
     SoundSystem::SetPaused(-3, true);
     SoundSystem::SetPaused(-2, false);
-    SoundSystem::CollectCalls(nullptr);
+    CollectSoundCalls(nullptr);
     SoundSystem::GetVersion();
     EXPECT_EQ((std::vector<std::string>{"GetVersion", "SetDriver 1", "Init 44100 32 0", "SetBufferSize 500",
                                         "OpenStream nowhere.wav 0x20041 1 2", "PlayStream -1",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Clock.h"
+#include "platform/SteppedClock.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/CountedClock.h"
 #include "kernel/FrameTimer.h"
-#include "platform/Clock.h"
+#include "platform/SteppedClock.h"
 
 #include <gtest/gtest.h>
 

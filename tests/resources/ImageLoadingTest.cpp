@@ -2,7 +2,7 @@
 #include "resources/TextureLoader.h"
 
 #include "kernel/Report.h"
-#include "platform/Resources.h"
+#include "platform/EmbeddedFiles.h"
 #include "tests/resources/ImageLibrary.h"
 #include "tests/support/PictureKinds.h"
 #include "tests/support/ShowFixture.h"
@@ -564,11 +564,13 @@ TEST_F(ImageLoading, AFileThatIsNoWindowsBitmapIsReportedWithItsPath)
 TEST_F(ImageLoading, ABitmapResourceIsPackedIntoABufferOfFourBytesAPixel)
 {
     const std::string bytes = SmallBitmap();
-    const platform::Resource moon = {"moon.bmp", reinterpret_cast<const unsigned char*>(bytes.data()),
-                                     bytes.size()};
-    platform::AddTestResource(&moon);
+    const platform::EmbeddedFile files[] = {
+        {"moon.bmp", reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()},
+        {nullptr, nullptr, 0},
+    };
+    platform::UseEmbeddedFiles(files);
     const ImageData image = Keep(loader->LoadBitmapResource("moon.bmp"));
-    platform::AddTestResource(nullptr);
+    platform::UseEmbeddedFiles(nullptr);
     ASSERT_NE(nullptr, image.data);
     EXPECT_EQ(3, image.width);
     EXPECT_EQ(2, image.height);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "resources/Model.h"
 
-#include "platform/Boxes.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBox.h"
 #include "resources/TextArchive.h"
 
 #include <gtest/gtest.h>
@@ -38,11 +38,11 @@ class ModelFile : public testing::Test
 protected:
     ModelFile() : path(testing::TempDir() + "ModelTest-" + std::to_string(getpid()))
     {
-        platform::CollectBoxes(&boxes);
+        platform::CollectMessageBoxes(&boxes);
     }
     ~ModelFile() override
     {
-        platform::CollectBoxes(nullptr);
+        platform::CollectMessageBoxes(nullptr);
         std::filesystem::remove_all(path);
     }
 
@@ -57,7 +57,7 @@ protected:
     }
 
     const std::string path;
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
 };
 
 static std::vector<float> Floats(const std::vector<Vector3>& list)

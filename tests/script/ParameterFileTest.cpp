@@ -2,9 +2,9 @@
 #include "script/ParameterFile.h"
 
 #include "kernel/Report.h"
-#include "platform/Boxes.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBox.h"
 #include "tests/support/CommaLocale.h"
 
 #include <gtest/gtest.h>
@@ -23,14 +23,14 @@ class Parameters : public testing::Test
 protected:
     Parameters() : folder(testing::TempDir() + "ParameterFileTest-" + std::to_string(getpid()))
     {
-        platform::CollectBoxes(&boxes);
+        platform::CollectMessageBoxes(&boxes);
         std::filesystem::remove_all(folder);
         std::filesystem::create_directory(folder);
         std::filesystem::current_path(folder);
     }
     ~Parameters() override
     {
-        platform::CollectBoxes(nullptr);
+        platform::CollectMessageBoxes(nullptr);
         std::filesystem::current_path(testing::TempDir());
         std::filesystem::remove_all(folder);
     }
@@ -53,7 +53,7 @@ protected:
     }
 
     const std::string folder;
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
 };
 
 TEST_F(Parameters, TypesHaveTheirNumbers)

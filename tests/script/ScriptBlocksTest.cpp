@@ -5,8 +5,8 @@
 #include "display/GLWindow.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
-#include "platform/Boxes.h"
 #include "platform/Events.h"
+#include "platform/dialogs/MessageBox.h"
 #include "tests/kernel/ProbeEffect.h"
 
 #include <gtest/gtest.h>
@@ -16,14 +16,14 @@ class ScriptBlocksTest : public testing::Test
 protected:
     ScriptBlocksTest()
     {
-        platform::CollectBoxes(&boxes);
+        platform::CollectMessageBoxes(&boxes);
         registry.Register("FX_A", &a, "FX_A");
         player.Init(&window, &registry, nullptr, false);
         parser.SetPlayer(&player);
     }
     ~ScriptBlocksTest() override
     {
-        platform::CollectBoxes(nullptr);
+        platform::CollectMessageBoxes(nullptr);
         EXPECT_EQ(platform::EventNone, platform::TakeEvent().kind) << "no block ends a run";
     }
 
@@ -65,7 +65,7 @@ protected:
 
     typedef std::vector<float> Floats;
 
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
     GLWindow window;
     EffectRegistry registry;
     ProbeEffect a;

@@ -5,9 +5,9 @@
 #include "display/GLWindow.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
-#include "platform/Boxes.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBox.h"
 #include "tests/kernel/ProbeEffect.h"
 
 #include <gtest/gtest.h>
@@ -220,7 +220,7 @@ class ScriptFileTest : public testing::Test
 protected:
     ScriptFileTest()
     {
-        platform::CollectBoxes(&boxes);
+        platform::CollectMessageBoxes(&boxes);
         folder = testing::TempDir() + "ScriptFileTest" + std::to_string(getpid());
         std::filesystem::create_directory(folder);
         platform::SetDataDirectory(folder);
@@ -229,7 +229,7 @@ protected:
     }
     ~ScriptFileTest() override
     {
-        platform::CollectBoxes(nullptr);
+        platform::CollectMessageBoxes(nullptr);
         std::filesystem::remove_all(folder);
     }
     bool Load(const std::string& text)
@@ -238,7 +238,7 @@ protected:
         return player.LoadScript("script.txt");
     }
 
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
     std::string folder;
     GLWindow window;
     EffectRegistry registry;

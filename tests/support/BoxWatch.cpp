@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/BoxWatch.h"
 
-#include "platform/Boxes.h"
 #include "platform/Events.h"
+#include "platform/dialogs/MessageBox.h"
 
 #include <cstdlib>
 #include <cstring>
 
 static const char* const captionBegins = "Marlinex ";
 
-BoxWatch::BoxWatch() : sink(platform::CollectBoxes(nullptr)), oldStderr(stderr)
+BoxWatch::BoxWatch() : sink(platform::CollectMessageBoxes(nullptr)), oldStderr(stderr)
 {
     if (const char* value = getenv("DISPLAY"))
         display = value;
@@ -26,7 +26,7 @@ BoxWatch::~BoxWatch()
     stderr = oldStderr;
     if (!display.empty())
         setenv("DISPLAY", display.c_str(), 1);
-    platform::CollectBoxes(sink);
+    platform::CollectMessageBoxes(sink);
 }
 
 ssize_t BoxWatch::Write(void* watch, const char* text, size_t size)

@@ -13,7 +13,7 @@
 
 namespace platform
 {
-struct Box;
+struct MessageBox;
 }
 
 class BoxWatch
@@ -27,7 +27,7 @@ public:
 private:
     static ssize_t Write(void* watch, const char* text, size_t size);
 
-    std::vector<platform::Box>* sink; // where boxes went before
+    std::vector<platform::MessageBox>* sink; // where boxes went before
     std::string display;
     FILE* oldStderr;
 };

@@ -7,8 +7,8 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
-#include "platform/Boxes.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBox.h"
 
 #include <gtest/gtest.h>
 
@@ -21,8 +21,8 @@ static uint32_t Milliseconds(float seconds)
 
 NightScript::NightScript()
 {
-    std::vector<platform::Box> boxes;
-    platform::CollectBoxes(&boxes);
+    std::vector<platform::MessageBox> boxes;
+    platform::CollectMessageBoxes(&boxes);
     const std::string oldDirectory = platform::GetDataDirectory();
     platform::SetDataDirectory(SOURCE_DIR "/Data");
     GLWindow window;
@@ -32,8 +32,8 @@ NightScript::NightScript()
     player.Init(&window, &registry, nullptr, false);
     EXPECT_TRUE(player.LoadScript("script.txt"));
     platform::SetDataDirectory(oldDirectory);
-    platform::CollectBoxes(nullptr);
-    for (const platform::Box& box : boxes)
+    platform::CollectMessageBoxes(nullptr);
+    for (const platform::MessageBox& box : boxes)
         ADD_FAILURE() << box.caption << ": " << box.body;
 
     const auto nameOf = [&](const Effect* effect) {

@@ -2,10 +2,10 @@
 #include "tests/support/ShowFixture.h"
 
 #include "kernel/FrameTimer.h"
-#include "platform/Clock.h"
 #include "platform/DebugChannel.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/SteppedClock.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -25,7 +25,7 @@ static std::string MakeDirectory()
 ShowFixture::ShowFixture() : oldDirectory(platform::GetDataDirectory()), directory(MakeDirectory())
 {
     platform::SetDataDirectory(directory);
-    platform::CollectBoxes(&boxes);
+    platform::CollectMessageBoxes(&boxes);
     platform::CollectDebugText(&debugText);
     QuitWasPosted();
     platform::UseSteppedClock();
@@ -37,7 +37,7 @@ ShowFixture::~ShowFixture()
     platform::UseRealClock();
     QuitWasPosted();
     platform::CollectDebugText(nullptr);
-    platform::CollectBoxes(nullptr);
+    platform::CollectMessageBoxes(nullptr);
     platform::SetDataDirectory(oldDirectory);
     std::filesystem::remove_all(directory);
 }

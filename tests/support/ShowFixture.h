@@ -18,7 +18,7 @@
 // for golden images.
 #pragma once
 
-#include "platform/Boxes.h"
+#include "platform/dialogs/MessageBox.h"
 #include "tests/support/PictureFiles.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +58,7 @@ protected:
 
     bool QuitWasPosted(); // takes all events off the queue and tells whether a quit was among them
 
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
     std::string debugText;
 
 private:

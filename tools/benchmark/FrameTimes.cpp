@@ -21,8 +21,8 @@
 #include "kernel/FrameTimer.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
-#include "platform/Clock.h"
 #include "platform/Paths.h"
+#include "platform/SteppedClock.h"
 
 #include <GL/glew.h>
 

@@ -8,7 +8,7 @@
 #include "kernel/LoadingScreen.h"
 #include "kernel/Production.h"
 #include "kernel/Report.h"
-#include "platform/Clock.h"
+#include "platform/CountedClock.h"
 #include "platform/Events.h"
 #include "script/ScriptParser.h"
 #include "tools/capture/Interruption.h"
@@ -39,7 +39,7 @@ ShowPlayer::ShowPlayer()
 
 bool ShowPlayer::Load(const std::string& script)
 {
-    platform::CollectBoxes(&boxes);
+    platform::CollectMessageBoxes(&boxes);
     player = new DemoPlayer;
     window = new GLWindow;
     registry = new EffectRegistry;
@@ -68,7 +68,7 @@ int64_t ShowPlayer::Duration() const
 // A box that nobody sees is a line of the error, without the paragraph that is the same under all of them.
 bool ShowPlayer::CollectBoxText()
 {
-    for (const platform::Box& box : boxes) {
+    for (const platform::MessageBox& box : boxes) {
         std::string body = box.body;
         const size_t tail = body.find(ErrorTail);
         if (tail != std::string::npos)

@@ -14,7 +14,7 @@
 
 #include "tools/capture/FrameSink.h"
 
-#include "platform/Boxes.h"
+#include "platform/dialogs/MessageBox.h"
 
 class DemoPlayer;
 class EffectRegistry;
@@ -72,7 +72,7 @@ private:
     DemoPlayer* player; // these three live to the end of the process, as they do in the show
     GLWindow* window;
     EffectRegistry* registry;
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
 
     Schedule schedule;
     FrameSink* sink;

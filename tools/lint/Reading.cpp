@@ -36,7 +36,7 @@ Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t 
     player.SetStartOffset(startOffset);
     player.registry = registry; // all of Init that a player without window and sound needs
 
-    std::vector<platform::Box>* const previous = platform::CollectBoxes(&boxes);
+    std::vector<platform::MessageBox>* const previous = platform::CollectMessageBoxes(&boxes);
     // A stream over nothing can't be had everywhere, and an empty script has no block.
     FILE* const file =
         bytes.empty() ? nullptr : fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "rb");
@@ -47,7 +47,7 @@ Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t 
         parser.ReadBlocks(file);
         fclose(file);
     }
-    platform::CollectBoxes(previous);
+    platform::CollectMessageBoxes(previous);
 }
 
 Reading::~Reading()

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "kernel/DemoPlayer.h"
-#include "platform/Boxes.h"
+#include "platform/dialogs/MessageBox.h"
 #include "script/ScriptObserver.h"
 
 #include <cstddef>
@@ -71,7 +71,7 @@ private:
     size_t stepsGranted;
     size_t messagesTaken;
     size_t parametersTaken;
-    std::vector<platform::Box> boxes;
+    std::vector<platform::MessageBox> boxes;
 };
 
 } // namespace lint

@@ -141,7 +141,7 @@ Group FramePictures()
 {
     return {"Frame", {
         {"Data/loading.jpg",                1024, 512, Format::Jpeg,    Loading},
-        {"platform/resources/start-form.png", 348, 138, Format::PngRgb, StartForm},
+        {"platform/embedded/start-form.png", 348, 138, Format::PngRgb, StartForm},
     }};
 }
 // clang-format on

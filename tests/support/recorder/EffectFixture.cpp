@@ -2,8 +2,8 @@
 #include "tests/support/recorder/EffectFixture.h"
 
 #include "display/RenderTarget.h"
-#include "platform/WindowSystem.h"
 #include "resources/TextureLoader.h"
+#include "tests/support/NullWindowSystem.h"
 
 static const int windowWidth = 800, windowHeight = 600;
 
@@ -27,7 +27,7 @@ EffectFixture::EffectFixture()
 
     gl::Reset(windowWidth, windowHeight);
     gl::InventPictures(InventPicture);
-    platform::UseNullWindows();
+    UseNullWindows();
     gl::FollowNullWindows();
     if (!window.Create(windowWidth, windowHeight, 32, false))
         ADD_FAILURE() << "no window";

@@ -2,7 +2,7 @@
 // How calls and draws become records.
 #include "tests/support/recorder/GLContext.h"
 
-#include "platform/WindowSystem.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/recorder/GLText.h"
 
 #include <set>
@@ -73,14 +73,14 @@ static void FollowSwap(void*)
 
 void FollowNullWindows()
 {
-    contextsBefore = platform::NullWindowState().contexts;
-    platform::NullWindowState().contextSwitched = FollowContext;
+    contextsBefore = NullWindowState().contexts;
+    NullWindowState().contextSwitched = FollowContext;
     platform::SetFrameObserver(FollowSwap, nullptr);
 }
 
 void UnfollowNullWindows()
 {
-    platform::NullWindowState().contextSwitched = nullptr;
+    NullWindowState().contextSwitched = nullptr;
     platform::SetFrameObserver(nullptr, nullptr);
 }
 

@@ -114,7 +114,7 @@ protected:
 
         std::string name;
         const std::string opening = "Bad: Cannot Open Music File: ";
-        for (const platform::Box& box : boxes)
+        for (const platform::MessageBox& box : boxes)
             if (box.body.compare(0, opening.size(), opening) == 0)
                 name = box.body.substr(opening.size(), box.body.find('\r') - opening.size());
         EXPECT_EQ(name, report.show.music);

@@ -4,9 +4,9 @@
 
 #include "display/GLWindow.h"
 #include "kernel/EffectRegistry.h"
-#include "platform/Clock.h"
-#include "platform/WindowSystem.h"
+#include "platform/SteppedClock.h"
 #include "tests/kernel/ProbeEffect.h"
+#include "tests/support/NullWindowSystem.h"
 #include "tests/support/RandomScript.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"
@@ -26,7 +26,7 @@ protected:
     Played()
     {
         gl::Reset(800, 600);
-        platform::UseNullWindows();
+        UseNullWindows();
         window.Create(800, 600, 32, false);
         for (size_t i = 0; i < 3; i++)
             registry.Register(names[i], &probes[i], "");

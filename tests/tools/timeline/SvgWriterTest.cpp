@@ -50,8 +50,8 @@ protected:
         if (registry.effects.empty())
             RegisterEffects(&registry);
         ASSERT_TRUE(player.Init(&window, &registry, nullptr, false));
-        std::vector<platform::Box> ignored;
-        platform::CollectBoxes(&ignored);
+        std::vector<platform::MessageBox> ignored;
+        platform::CollectMessageBoxes(&ignored);
         ASSERT_TRUE(player.LoadScript(name));
         for (const RegisteredEffect& row : registry.effects)
             names[row.effect] = row.name;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/FormWindow.h"
+#include "platform/dialogs/FormWindow.h"
 
-#include "platform/DialogWindow.h"
-#include "platform/FormFocus.h"
-#include "platform/Resources.h"
+#include "platform/EmbeddedFiles.h"
+#include "platform/dialogs/DialogWindow.h"
+#include "platform/dialogs/FormFocus.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_PNG_Image.H>
@@ -47,12 +47,12 @@ public:
     int result = FormClosed;
 
 private:
-    Place PlaceOf(const FormControl& control) const;
-    Place LabelOf(const FormControl& control) const;
+    PixelRect PlaceOf(const FormControl& control) const;
+    PixelRect LabelOf(const FormControl& control) const;
     const FormControl* ControlAt(int x, int y) const;
     void DrawPicture();
-    void DrawRing(Canvas& canvas, float x, float y, bool checked, Tint rim, Tint inside);
-    void DrawCheckBox(Canvas& canvas, float x, float y, bool checked, Tint rim, Tint inside);
+    void DrawRing(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside);
+    void DrawCheckBox(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside);
     void DrawControl(const FormControl& control);
     void DrawMarkedControl(const FormControl& control);
     void End(int button);
@@ -68,7 +68,7 @@ private:
     int dragX = 0, dragY = 0;
 };
 
-FormWindow::FormWindow(StartForm& shown) : DialogWindow(NoFrame, ""), form(shown), focus(shown)
+FormWindow::FormWindow(StartForm& shown) : DialogWindow(Undecorated, ""), form(shown), focus(shown)
 {
     Fl::set_font(formFont, formFontName);
     size(Scaled(float(FormPixelsAcross(form.width)) + 2 * edgeWidth),
@@ -77,7 +77,7 @@ FormWindow::FormWindow(StartForm& shown) : DialogWindow(NoFrame, ""), form(shown
 
     const unsigned char* data;
     size_t length;
-    if (!FindResource(form.picture, &data, &length))
+    if (!FindEmbeddedFile(form.picture, &data, &length))
         return;
     const Fl_PNG_Image original(nullptr, data, int(length));
     if (original.w() <= 0 || original.h() <= 0)
@@ -87,7 +87,7 @@ FormWindow::FormWindow(StartForm& shown) : DialogWindow(NoFrame, ""), form(shown
         const_cast<Fl_PNG_Image&>(original).copy(Scaled(float(original.w())), Scaled(float(original.h()))));
 }
 
-Place FormWindow::PlaceOf(const FormControl& control) const
+PixelRect FormWindow::PlaceOf(const FormControl& control) const
 {
     return {Scaled(edgeWidth + float(FormPixelsAcross(control.x))),
             Scaled(edgeWidth + float(FormPixelsDown(control.y))),
@@ -102,9 +102,9 @@ void FormWindow::End(int button)
 
 // Drawing
 
-Place FormWindow::LabelOf(const FormControl& control) const
+PixelRect FormWindow::LabelOf(const FormControl& control) const
 {
-    const Place place = PlaceOf(control);
+    const PixelRect place = PlaceOf(control);
     const int width = int(std::lround(fl_width(control.text.c_str(), int(control.text.size()))));
     const int mark = Scaled(markSize) + Scaled(markGap);
     const int right = place.x + place.width;
@@ -127,48 +127,48 @@ void FormWindow::DrawPicture()
                       std::min(picture->h(), h() - 2 * edge));
 }
 
-void FormWindow::DrawRing(Canvas& canvas, float x, float y, bool checked, Tint rim, Tint inside)
+void FormWindow::DrawRing(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside)
 {
     const float radius = markSize * scale / 2;
-    canvas.FillCircle(x + radius, y + radius, radius, rim);
-    canvas.FillCircle(x + radius, y + radius, radius - rimWidth * scale, inside);
+    pixmap.FillCircle(x + radius, y + radius, radius, rim);
+    pixmap.FillCircle(x + radius, y + radius, radius - rimWidth * scale, inside);
     if (checked)
-        canvas.FillCircle(x + radius, y + radius, markSize * scale * dotRadius, rim);
+        pixmap.FillCircle(x + radius, y + radius, markSize * scale * dotRadius, rim);
 }
 
-void FormWindow::DrawCheckBox(Canvas& canvas, float x, float y, bool checked, Tint rim, Tint inside)
+void FormWindow::DrawCheckBox(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside)
 {
     const float size = markSize * scale, edge = rimWidth * scale, corner = cornerRadius * scale;
-    canvas.FillRoundRect(x, y, size, size, corner, rim);
-    canvas.FillRoundRect(x + edge, y + edge, size - 2 * edge, size - 2 * edge, corner - edge, inside);
+    pixmap.FillRoundRect(x, y, size, size, corner, rim);
+    pixmap.FillRoundRect(x + edge, y + edge, size - 2 * edge, size - 2 * edge, corner - edge, inside);
     if (checked)
         for (int stroke = 0; stroke < 2; ++stroke)
-            canvas.Line(x + size * tick[stroke][0], y + size * tick[stroke][1],
+            pixmap.Line(x + size * tick[stroke][0], y + size * tick[stroke][1],
                         x + size * tick[stroke + 1][0], y + size * tick[stroke + 1][1], tickWidth * scale,
                         rim);
 }
 
 void FormWindow::DrawMarkedControl(const FormControl& control)
 {
-    const Place place = PlaceOf(control);
-    const Place label = LabelOf(control);
+    const PixelRect place = PlaceOf(control);
+    const PixelRect label = LabelOf(control);
     const int mark = Scaled(markSize);
     const int left = std::min(place.x, label.x) - Scaled(focusGap);
     const int right = std::max(place.x + place.width, label.x + label.width) + Scaled(focusGap);
-    Canvas canvas(right - left, place.height, TintInk);
+    Pixmap pixmap(right - left, place.height, TintInk);
     if (control.id == focus.id)
-        DrawFocusLine(canvas, TintInk);
+        DrawFocusLine(pixmap, TintInk);
 
     const bool lit = control.id == hovered || control.id == pressed;
     const Tint rim = control.checked ? TintAmber : lit ? TintBone : TintMist;
     const Tint inside = control.id == pressed ? TintSlate : TintNight;
     const int top = (place.height - mark) / 2;
     if (control.kind == FormRadioButton)
-        DrawRing(canvas, float(place.x - left), float(top), control.checked, rim, inside);
+        DrawRing(pixmap, float(place.x - left), float(top), control.checked, rim, inside);
     else
-        DrawCheckBox(canvas, float(place.x + place.width - mark - left), float(top), control.checked, rim,
+        DrawCheckBox(pixmap, float(place.x + place.width - mark - left), float(top), control.checked, rim,
                      inside);
-    DrawCanvas(canvas, left, place.y);
+    DrawPixmap(pixmap, left, place.y);
 
     const Tint words = lit || control.checked ? TintBone : MixTints(TintMist, TintBone, 0.5f);
     DrawTextLine(control.text, label.x, label.y, label.height, words);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/MessageBox.h"
+#include "platform/dialogs/MessageBoxWindow.h"
 
-#include "platform/DialogWindow.h"
-#include "platform/TextFlow.h"
+#include "platform/dialogs/DialogWindow.h"
+#include "platform/dialogs/TextFlow.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Slider.H>
@@ -39,10 +39,10 @@ static const float tallestBox = 0.8f; // of the screen's height
 static const float widestBox = 0.9f;  // of its width
 static const int wheelLines = 3;
 
-class MessageBox : public DialogWindow
+class MessageBoxWindow : public DialogWindow
 {
 public:
-    explicit MessageBox(const Box& shown);
+    explicit MessageBoxWindow(const MessageBox& shown);
 
     void draw() override;
     int handle(int event) override;
@@ -56,20 +56,20 @@ private:
     void DrawIcon();
     void DrawBody();
 
-    const Box message;
+    const MessageBox message;
     const std::string caption;
     std::vector<std::string> lines; // of the body, as they fit textPlace
     int top = 0;                    // of this window's content: 0, or below the caption
-    Place textPlace = {};
-    Place buttonPlace = {};
+    PixelRect textPlace = {};
+    PixelRect buttonPlace = {};
     int scroll = 0; // pixels of the text that are above textPlace
     Fl_Slider scroller;
     bool hovered = false;
     bool pressed = false;
 };
 
-MessageBox::MessageBox(const Box& shown)
-    : DialogWindow(TitleFrame, ShowableLine(shown.caption)), message(shown),
+MessageBoxWindow::MessageBoxWindow(const MessageBox& shown)
+    : DialogWindow(TitleBar, ShowableLine(shown.caption)), message(shown),
       caption(ShowableLine(shown.caption)), scroller(0, 0, 1, 1)
 {
     add(scroller);
@@ -79,7 +79,7 @@ MessageBox::MessageBox(const Box& shown)
 
 // Layout
 
-void MessageBox::FlowBody()
+void MessageBoxWindow::FlowBody()
 {
     fl_font(bodyFont, Scaled(fontSize));
     const auto measure = [](const char* text, int length) { return fl_width(text, length); };
@@ -97,7 +97,7 @@ void MessageBox::FlowBody()
     textPlace.width = std::clamp(int(std::ceil(widest)), std::min(width, Scaled(narrowestText)), width);
 }
 
-void MessageBox::Arrange()
+void MessageBoxWindow::Arrange()
 {
     top = managed ? 0 : Scaled(captionHeight);
     const int line = Scaled(lineHeight);
@@ -132,12 +132,12 @@ void MessageBox::Arrange()
     scroller.selection_color(ToolkitColour(TintSlate));
     scroller.clear_visible_focus(); // the keyboard stays with the button
     scroller.callback([](Fl_Widget* widget, void*) {
-        MessageBox* window = static_cast<MessageBox*>(widget->window());
+        MessageBoxWindow* window = static_cast<MessageBoxWindow*>(widget->window());
         window->ScrollTo(int(window->scroller.value()));
     });
 }
 
-void MessageBox::ScrollTo(int position)
+void MessageBoxWindow::ScrollTo(int position)
 {
     scroll = std::clamp(position, 0, scroller.visible() ? int(scroller.maximum()) : 0);
     scroller.value(scroll);
@@ -146,7 +146,7 @@ void MessageBox::ScrollTo(int position)
 
 // Drawing
 
-void MessageBox::DrawCaption()
+void MessageBoxWindow::DrawCaption()
 {
     fl_color(ToolkitColour(TintNight));
     fl_rectf(0, 0, w(), top);
@@ -156,7 +156,7 @@ void MessageBox::DrawCaption()
     fl_pop_clip();
 }
 
-void MessageBox::DrawIcon()
+void MessageBoxWindow::DrawIcon()
 {
     // clang-format off
     // Parts of the icon's size, from its top left corner.
@@ -170,22 +170,22 @@ void MessageBox::DrawIcon()
 
     const float size = iconSize * scale;
     const bool error = message.icon == BoxErrorIcon;
-    Canvas canvas(Scaled(iconSize), Scaled(iconSize), TintInk);
-    canvas.FillCircle(size / 2, size / 2, size / 2, error ? TintOchre : TintBone);
-    canvas.FillCircle(size / 2, size / 2, size / 2 - rimWidth * size, error ? TintRust : TintAmber);
+    Pixmap pixmap(Scaled(iconSize), Scaled(iconSize), TintInk);
+    pixmap.FillCircle(size / 2, size / 2, size / 2, error ? TintOchre : TintBone);
+    pixmap.FillCircle(size / 2, size / 2, size / 2 - rimWidth * size, error ? TintRust : TintAmber);
     if (error)
         for (const float(&line)[4] : cross)
-            canvas.Line(line[0] * size, line[1] * size, line[2] * size, line[3] * size, strokeWidth * size,
+            pixmap.Line(line[0] * size, line[1] * size, line[2] * size, line[3] * size, strokeWidth * size,
                         TintBone);
     else {
-        canvas.Line(stem[0] * size, stem[1] * size, stem[2] * size, stem[3] * size, strokeWidth * size,
+        pixmap.Line(stem[0] * size, stem[1] * size, stem[2] * size, stem[3] * size, strokeWidth * size,
                     TintInk);
-        canvas.FillCircle(dot[0] * size, dot[1] * size, dotRadius * size, TintInk);
+        pixmap.FillCircle(dot[0] * size, dot[1] * size, dotRadius * size, TintInk);
     }
-    DrawCanvas(canvas, Scaled(margin), top + Scaled(margin));
+    DrawPixmap(pixmap, Scaled(margin), top + Scaled(margin));
 }
 
-void MessageBox::DrawBody()
+void MessageBoxWindow::DrawBody()
 {
     fl_font(bodyFont, Scaled(fontSize));
     const int height = Scaled(lineHeight);
@@ -197,7 +197,7 @@ void MessageBox::DrawBody()
     fl_pop_clip();
 }
 
-void MessageBox::draw()
+void MessageBoxWindow::draw()
 {
     fl_color(ToolkitColour(TintInk));
     fl_rectf(0, 0, w(), h());
@@ -216,7 +216,7 @@ void MessageBox::draw()
 
 // Mouse and keyboard
 
-int MessageBox::HandleKey()
+int MessageBoxWindow::HandleKey()
 {
     const int line = Scaled(lineHeight);
     const int page = std::max(line, textPlace.height - line);
@@ -250,7 +250,7 @@ int MessageBox::HandleKey()
     }
 }
 
-int MessageBox::handle(int event)
+int MessageBoxWindow::handle(int event)
 {
     const bool onButton = buttonPlace.Holds(Fl::event_x(), Fl::event_y());
     switch (event) {
@@ -284,9 +284,9 @@ int MessageBox::handle(int event)
     return event == FL_ENTER || event == FL_MOVE || event == FL_PUSH ? 1 : handled;
 }
 
-void RunMessageBox(const Box& box)
+void RunMessageBoxWindow(const MessageBox& box)
 {
-    MessageBox window(box);
+    MessageBoxWindow window(box);
     window.Run();
 }
 

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/NullWindowSystem.h"
+#include "tests/support/NullWindowSystem.h"
 
 #include <cstdint>
 #include <cstdio>
-
-namespace platform
-{
 
 static NullWindows state;
 static bool classRegistered = false;
@@ -16,12 +13,6 @@ static const int modeBits = 32; // the screen on paper has modes of any size, al
 NullWindows& NullWindowState()
 {
     return state;
-}
-
-void ResetNullWindows()
-{
-    state = NullWindows();
-    classRegistered = false;
 }
 
 static bool RegisterClass(const char*)
@@ -57,12 +48,12 @@ static void GetScreenSize(int* width, int* height)
     *height = state.screenHeight;
 }
 
-static void SetTitle(WindowHandle, const char* text)
+static void SetTitle(platform::WindowHandle, const char* text)
 {
     snprintf(state.title, sizeof state.title, "%s", text);
 }
 
-static WindowHandle CreateWindow(const WindowDescription& description)
+static platform::WindowHandle CreateWindow(const platform::WindowDescription& description)
 {
     if (state.refuseWindow)
         return nullptr;
@@ -73,28 +64,28 @@ static WindowHandle CreateWindow(const WindowDescription& description)
     return &screenToken;
 }
 
-static void ShowWindow(WindowHandle) {}
+static void ShowWindow(platform::WindowHandle) {}
 
-static void DestroyWindow(WindowHandle)
+static void DestroyWindow(platform::WindowHandle)
 {
     state.windows--;
 }
 
-static DeviceContext GetDeviceContext(WindowHandle window)
+static platform::DeviceContext GetDeviceContext(platform::WindowHandle window)
 {
     return window ? &deviceToken : nullptr;
 }
 
 // A handle is the context's number, so that contextSwitched can tell it.
-static ContextHandle CreateContext(DeviceContext device, ContextHandle)
+static platform::ContextHandle CreateContext(platform::DeviceContext device, platform::ContextHandle)
 {
     if (!device || state.refuseContext)
         return nullptr;
     state.contexts++;
-    return reinterpret_cast<ContextHandle>(intptr_t(state.contexts));
+    return reinterpret_cast<platform::ContextHandle>(intptr_t(state.contexts));
 }
 
-static bool MakeCurrent(DeviceContext, ContextHandle context)
+static bool MakeCurrent(platform::DeviceContext, platform::ContextHandle context)
 {
     state.current = context;
     if (state.contextSwitched)
@@ -102,17 +93,17 @@ static bool MakeCurrent(DeviceContext, ContextHandle context)
     return true;
 }
 
-static ContextHandle GetCurrentContext()
+static platform::ContextHandle GetCurrentContext()
 {
     return state.current;
 }
 
-static DeviceContext GetCurrentDevice()
+static platform::DeviceContext GetCurrentDevice()
 {
     return state.current ? &deviceToken : nullptr;
 }
 
-static void DeleteContext(ContextHandle context)
+static void DeleteContext(platform::ContextHandle context)
 {
     state.deletedContexts += context != nullptr;
 }
@@ -121,26 +112,26 @@ static void LoadExtensions() {}
 
 static const char* GetExtensions(int what)
 {
-    return what == ExtensionsOfGL ? state.glExtensions : state.systemExtensions;
+    return what == platform::ExtensionsOfGL ? state.glExtensions : state.systemExtensions;
 }
 
-static void SwapBuffers(DeviceContext)
+static void SwapBuffers(platform::DeviceContext)
 {
-    NotifyFrameObserver();
+    platform::NotifyFrameObserver();
     state.swaps++;
 }
 
 static void ShutDown() {}
 
-const WindowSystem& NullWindowSystem()
+void UseNullWindows()
 {
-    static const WindowSystem table = {
+    static const platform::WindowSystem table = {
         RegisterClass,  SetDisplayMode, RestoreDisplayMode, ShowCursor,       GetScreenSize,
         CreateWindow,   ShowWindow,     DestroyWindow,      SetTitle,         GetDeviceContext,
         CreateContext,  MakeCurrent,    GetCurrentContext,  GetCurrentDevice, DeleteContext,
         LoadExtensions, GetExtensions,  SwapBuffers,        ShutDown,
     };
-    return table;
+    state = NullWindows();
+    classRegistered = false;
+    platform::UseWindowSystem(table);
 }
-
-} // namespace platform

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/StartForm.h"
+#include "platform/dialogs/StartForm.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #define FL_INTERNALS // Fl_X, for a window of our own making
 
-#include "platform/DialogWindow.h"
+#include "platform/dialogs/DialogWindow.h"
 
 #include "platform/Screen.h"
 
@@ -28,9 +28,9 @@ Fl_Color ToolkitColour(Tint tint)
     return fl_rgb_color(tint.red, tint.green, tint.blue);
 }
 
-void DrawCanvas(const Canvas& canvas, int x, int y)
+void DrawPixmap(const Pixmap& pixmap, int x, int y)
 {
-    fl_draw_image(canvas.pixels.data(), x, y, canvas.width, canvas.height, 3);
+    fl_draw_image(pixmap.pixels.data(), x, y, pixmap.width, pixmap.height, 3);
 }
 
 // The show's window, or null while there is none on the screen.
@@ -56,10 +56,10 @@ static Window XWindowOf(SDL_Window* window)
     return system.info.x11.window;
 }
 
-static Place RoomForWindows()
+static PixelRect RoomForWindows()
 {
     fl_open_display();
-    Place room;
+    PixelRect room;
     SDL_Window* show = ShowWindow();
     if (XWindowOf(show) && (SDL_GetWindowFlags(show) & SDL_WINDOW_FULLSCREEN)) {
         SDL_GetWindowPosition(show, &room.x, &room.y);
@@ -118,9 +118,9 @@ static void SetDecorations(Window window, bool titled)
                     reinterpret_cast<unsigned char*>(hints), int(std::size(hints)));
 }
 
-DialogWindow::DialogWindow(Frame wantedFrame, std::string caption)
+DialogWindow::DialogWindow(Decoration wantedDecoration, std::string caption)
     : Fl_Double_Window(1, 1), scale(ScreenScale()), managed(HasWindowManager()), area(RoomForWindows()),
-      frame(wantedFrame), title(caption)
+      decoration(wantedDecoration), title(caption)
 {
     end();
     box(FL_NO_BOX);
@@ -140,7 +140,7 @@ int DialogWindow::Scaled(float length) const
     return int(std::lround(length * scale));
 }
 
-bool Place::Holds(int pointX, int pointY) const
+bool PixelRect::Holds(int pointX, int pointY) const
 {
     return pointX >= x && pointX < x + width && pointY >= y && pointY < y + height;
 }
@@ -153,33 +153,33 @@ void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint)
     fl_draw(text.c_str(), int(text.size()), x, y + (height + capital) / 2);
 }
 
-void DialogWindow::DrawFocusLine(Canvas& canvas, Tint ground)
+void DialogWindow::DrawFocusLine(Pixmap& pixmap, Tint ground)
 {
-    const float width = float(canvas.width), height = float(canvas.height);
+    const float width = float(pixmap.width), height = float(pixmap.height);
     const float line = std::max(1.0f, std::round(scale)), corner = 5 * scale;
-    canvas.FillRoundRect(0, 0, width, height, corner, TintOchre);
-    canvas.FillRoundRect(line, line, width - 2 * line, height - 2 * line, corner - line, ground);
+    pixmap.FillRoundRect(0, 0, width, height, corner, TintOchre);
+    pixmap.FillRoundRect(line, line, width - 2 * line, height - 2 * line, corner - line, ground);
 }
 
-void DialogWindow::DrawPushButton(Place place, const std::string& text, ButtonLook look, Tint ground)
+void DialogWindow::DrawPushButton(PixelRect place, const std::string& text, ButtonLook look, Tint ground)
 {
     const int gap = Scaled(3); // between the button and its focus line
     const float width = float(place.width), height = float(place.height), edge = float(gap);
     const float line = std::max(1.0f, std::round(scale)), corner = 3 * scale;
-    Canvas canvas(place.width + 2 * gap, place.height + 2 * gap, ground);
+    Pixmap pixmap(place.width + 2 * gap, place.height + 2 * gap, ground);
     if (look.focused)
-        DrawFocusLine(canvas, ground);
+        DrawFocusLine(pixmap, ground);
 
     Tint face = look.accepts ? TintAmber : TintNight;
     if (look.pressed)
         face = MixTints(face, TintInk, 0.3f);
     else if (look.hovered)
         face = MixTints(face, TintBone, look.accepts ? 0.35f : 0.12f);
-    canvas.FillRoundRect(edge, edge, width, height, corner, look.accepts ? face : TintSlate);
+    pixmap.FillRoundRect(edge, edge, width, height, corner, look.accepts ? face : TintSlate);
     if (!look.accepts)
-        canvas.FillRoundRect(edge + line, edge + line, width - 2 * line, height - 2 * line, corner - line,
+        pixmap.FillRoundRect(edge + line, edge + line, width - 2 * line, height - 2 * line, corner - line,
                              face);
-    DrawCanvas(canvas, place.x - gap, place.y - gap);
+    DrawPixmap(pixmap, place.x - gap, place.y - gap);
 
     const int textWidth = int(std::lround(fl_width(text.c_str(), int(text.size()))));
     DrawTextLine(text, place.x + (place.width - textWidth) / 2, place.y, place.height,
@@ -230,9 +230,9 @@ void DialogWindow::show()
     XSetWMProtocols(fl_display, window, protocols, 1);
     SetAtoms(window, "_NET_WM_WINDOW_TYPE", {Named("_NET_WM_WINDOW_TYPE_DIALOG")});
     std::vector<Atom> states = {Named("_NET_WM_STATE_ABOVE")};
-    if (frame == NoFrame)
+    if (decoration == Undecorated)
         states.push_back(Named("_NET_WM_STATE_SKIP_TASKBAR"));
-    SetDecorations(window, frame == TitleFrame);
+    SetDecorations(window, decoration == TitleBar);
     if (owner) {
         XSetTransientForHint(fl_display, window, owner);
         states.push_back(Named("_NET_WM_STATE_MODAL"));

@@ -2,7 +2,7 @@
 // Shows message boxes one after the other and says on stdout when each is closed. Arguments come in threes:
 // "error" or "info", caption, body. In front of them "--show" opens a full-screen window of the size of the
 // screen behind them, "--window" one of 640 by 480.
-#include "platform/Boxes.h"
+#include "platform/dialogs/MessageBox.h"
 
 #include <SDL.h>
 
@@ -35,8 +35,8 @@ int main(int argc, char** argv)
         OpenShow(strcmp(argv[at++], "--show") == 0);
     for (; at + 2 < argc; at += 3) {
         const bool error = strcmp(argv[at], "error") == 0;
-        platform::ShowBox(argv[at + 1], argv[at + 2],
-                          error ? platform::BoxErrorIcon : platform::BoxInformationIcon);
+        platform::ShowMessageBox(argv[at + 1], argv[at + 2],
+                                 error ? platform::BoxErrorIcon : platform::BoxInformationIcon);
         printf("closed %s\n", argv[at + 1]);
     }
     puts("done");

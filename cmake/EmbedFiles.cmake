@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Turns the files of a folder into one C++ source that holds their bytes, for platform/Resources.h.
-#   cmake -DFOLDER=<folder> -DOUTPUT=<source> -P EmbedResources.cmake
+# Turns the files of a folder into one C++ source that holds their bytes, for platform/EmbeddedFiles.h.
+#   cmake -DFOLDER=<folder> -DOUTPUT=<source> -P EmbedFiles.cmake
 file(GLOB files LIST_DIRECTORIES false ${FOLDER}/*)
 list(SORT files)
 
@@ -18,14 +18,14 @@ foreach(path IN LISTS files)
   math(EXPR index "${index} + 1")
 endforeach()
 
-file(WRITE ${OUTPUT} "// Made by cmake/EmbedResources.cmake.
-#include \"platform/Resources.h\"
+file(WRITE ${OUTPUT} "// Made by cmake/EmbedFiles.cmake.
+#include \"platform/EmbeddedFiles.h\"
 
 namespace platform
 {
 
 ${arrays}
-const Resource resources[] = {
+const EmbeddedFile embeddedFiles[] = {
 ${rows}    {nullptr, nullptr, 0},
 };
 

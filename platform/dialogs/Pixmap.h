@@ -6,17 +6,17 @@
 // to 5 covers pixels 2, 3 and 4. Shapes reach out of the picture at will.
 #pragma once
 
-#include "platform/Palette.h"
+#include "platform/dialogs/DialogColours.h"
 
 #include <vector>
 
 namespace platform
 {
 
-class Canvas
+class Pixmap
 {
 public:
-    Canvas(int pixelsAcross, int pixelsDown, Tint ground);
+    Pixmap(int pixelsAcross, int pixelsDown, Tint ground);
 
     void FillCircle(float centreX, float centreY, float radius, Tint tint);
     void FillRoundRect(float x, float y, float width, float height, float radius, Tint tint);

@@ -7,7 +7,7 @@
 static const Pixel amber = {0xf0, 0xb0, 0x50};
 static const Pixel rust = {0x8a, 0x3b, 0x1e};
 static const Pixel bone = {0xef, 0xe6, 0xd2};
-static const Pixel showColour = {0x40, 0x20, 0x10}; // of BoxesProgram's window
+static const Pixel showColour = {0x40, 0x20, 0x10}; // of MessageBoxProgram's window
 
 static const int margin = 22; // of the box, and the button's size
 static const int buttonWidth = 92, buttonHeight = 28;
@@ -18,7 +18,7 @@ class BoxesDesktop : public DesktopFixture
 protected:
     void Run(std::vector<std::string> arguments)
     {
-        program = desktop.Run("BoxesProgram", arguments);
+        program = desktop.Run("MessageBoxProgram", arguments);
         ASSERT_NE(nullptr, program);
     }
 

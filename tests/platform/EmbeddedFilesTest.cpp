@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Resources.h"
+#include "platform/EmbeddedFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,8 @@ TEST(Resources, AnEmbeddedFileIsFoundWithAllItsBytes)
 {
     const unsigned char* data = nullptr;
     size_t size = 0;
-    ASSERT_TRUE(platform::FindResource("start-form.png", &data, &size));
-    const std::string file = ReadWholeFile(SOURCE_DIR "/platform/resources/start-form.png");
+    ASSERT_TRUE(platform::FindEmbeddedFile("start-form.png", &data, &size));
+    const std::string file = ReadWholeFile(SOURCE_DIR "/platform/embedded/start-form.png");
     ASSERT_FALSE(file.empty());
     EXPECT_EQ(file, std::string(reinterpret_cast<const char*>(data), size));
 }
@@ -29,7 +29,7 @@ TEST(Resources, ANameThatIsNotThereGivesNothing)
         const unsigned char junk = 1;
         const unsigned char* data = &junk;
         size_t size = 1;
-        EXPECT_FALSE(platform::FindResource(name, &data, &size)) << name;
+        EXPECT_FALSE(platform::FindEmbeddedFile(name, &data, &size)) << name;
         EXPECT_EQ(nullptr, data) << name;
         EXPECT_EQ(0u, size) << name;
     }

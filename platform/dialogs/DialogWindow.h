@@ -7,8 +7,8 @@
 // window manager whom it belongs to, that it stays above, and what frame it wants.
 #pragma once
 
-#include "platform/Canvas.h"
-#include "platform/Palette.h"
+#include "platform/dialogs/DialogColours.h"
+#include "platform/dialogs/Pixmap.h"
 
 #include <FL/Fl_Double_Window.H>
 
@@ -19,14 +19,14 @@ namespace platform
 
 Fl_Color ToolkitColour(Tint tint);
 
-// Draws the canvas with its top left corner there. Only while a window is being drawn.
-void DrawCanvas(const Canvas& canvas, int x, int y);
+// Draws the pixmap with its top left corner there. Only while a window is being drawn.
+void DrawPixmap(const Pixmap& pixmap, int x, int y);
 
 // The text's capitals stand in the middle of the height. In the current font.
 void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint);
 
 // Pixels of this desktop.
-struct Place {
+struct PixelRect {
     int x, y, width, height;
 
     bool Holds(int pointX, int pointY) const;
@@ -42,13 +42,13 @@ struct ButtonLook {
 class DialogWindow : public Fl_Double_Window
 {
 public:
-    enum Frame {
-        NoFrame,   // nothing round it, no entry in the task bar
-        TitleFrame // title bar and border, as the window manager draws them
+    enum Decoration {
+        Undecorated, // nothing round it, no entry in the task bar
+        TitleBar     // title bar and border, as the window manager draws them
     };
 
     // There must be a display. Derived classes set the size before the window is shown.
-    DialogWindow(Frame wantedFrame, std::string caption);
+    DialogWindow(Decoration wantedDecoration, std::string caption);
 
     // Shows the window and returns when it is hidden and off the screen. SIGINT and SIGTERM close it too
     // if the show's window is there to catch them.
@@ -62,16 +62,16 @@ protected:
     int Scaled(float length) const;
 
     // A push button with its text, in the current font, on a ground of that colour.
-    void DrawPushButton(Place place, const std::string& text, ButtonLook look, Tint ground);
-    // A line round a place, which shows that it has the keyboard. The canvas is the place.
-    void DrawFocusLine(Canvas& canvas, Tint ground);
+    void DrawPushButton(PixelRect place, const std::string& text, ButtonLook look, Tint ground);
+    // A line round a place, which shows that it has the keyboard. The pixmap is the place.
+    void DrawFocusLine(Pixmap& pixmap, Tint ground);
 
-    const float scale;  // see ScreenScale
-    const bool managed; // whether there is a window manager, which draws the title frame
-    const Place area;   // what there is room on: the show's window if it fills the screen, or the screen
+    const float scale;    // see ScreenScale
+    const bool managed;   // whether there is a window manager, which draws the title frame
+    const PixelRect area; // what there is room on: the show's window if it fills the screen, or the screen
 
 private:
-    const Frame frame;
+    const Decoration decoration;
     const std::string title;
 };
 

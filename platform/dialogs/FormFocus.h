@@ -6,7 +6,7 @@
 // radio button.
 #pragma once
 
-#include "platform/StartForm.h"
+#include "platform/dialogs/StartForm.h"
 
 namespace platform
 {

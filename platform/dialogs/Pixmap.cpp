@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Canvas.h"
+#include "platform/dialogs/Pixmap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,14 +21,14 @@ static float Coverage(float distance)
     return std::clamp(0.5f - distance, 0.0f, 1.0f);
 }
 
-Canvas::Canvas(int pixelsAcross, int pixelsDown, Tint ground) : width(pixelsAcross), height(pixelsDown)
+Pixmap::Pixmap(int pixelsAcross, int pixelsDown, Tint ground) : width(pixelsAcross), height(pixelsDown)
 {
     pixels.reserve(size_t(width) * height * 3);
     for (int i = 0; i < width * height; ++i)
         pixels.insert(pixels.end(), {ground.red, ground.green, ground.blue});
 }
 
-void Canvas::Blend(int x, int y, float coverage, Tint tint)
+void Pixmap::Blend(int x, int y, float coverage, Tint tint)
 {
     if (coverage <= 0)
         return;
@@ -39,12 +39,12 @@ void Canvas::Blend(int x, int y, float coverage, Tint tint)
     pixel[2] = mixed.blue;
 }
 
-void Canvas::FillCircle(float centreX, float centreY, float radius, Tint tint)
+void Pixmap::FillCircle(float centreX, float centreY, float radius, Tint tint)
 {
     Line(centreX, centreY, centreX, centreY, radius * 2, tint);
 }
 
-void Canvas::FillRoundRect(float left, float top, float rectWidth, float rectHeight, float radius, Tint tint)
+void Pixmap::FillRoundRect(float left, float top, float rectWidth, float rectHeight, float radius, Tint tint)
 {
     const float halfWidth = rectWidth / 2, halfHeight = rectHeight / 2;
     for (int y = 0; y < height; ++y)
@@ -58,7 +58,7 @@ void Canvas::FillRoundRect(float left, float top, float rectWidth, float rectHei
         }
 }
 
-void Canvas::Line(float x0, float y0, float x1, float y1, float thickness, Tint tint)
+void Pixmap::Line(float x0, float y0, float x1, float y1, float thickness, Tint tint)
 {
     const float alongX = x1 - x0, alongY = y1 - y0;
     const float lengthSquared = alongX * alongX + alongY * alongY;

@@ -12,7 +12,7 @@ namespace platform
 const unsigned BoxErrorIcon = 0x10;
 const unsigned BoxInformationIcon = 0x40;
 
-struct Box {
+struct MessageBox {
     std::string caption;
     std::string body;
     unsigned icon; // BoxErrorIcon or BoxInformationIcon
@@ -22,10 +22,10 @@ struct Box {
 // manager. While the show's window is up, SIGINT and SIGTERM close it as well. A text of any length and
 // content will do; what doesn't fit scrolls. Without a display the box goes to stderr as text and the call
 // returns at once.
-void ShowBox(std::string caption, std::string body, unsigned icon);
+void ShowMessageBox(std::string caption, std::string body, unsigned icon);
 
 // For tests and tools: from here on boxes are appended to *sink and return at once; null shows them again.
 // The sink is borrowed. Returns the sink up to now.
-std::vector<Box>* CollectBoxes(std::vector<Box>* sink);
+std::vector<MessageBox>* CollectMessageBoxes(std::vector<MessageBox>* sink);
 
 } // namespace platform

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/StartForm.h"
+#include "platform/dialogs/StartForm.h"
 
-#include "platform/FormWindow.h"
 #include "platform/Screen.h"
+#include "platform/dialogs/FormWindow.h"
 
 namespace platform
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Boxes.h"
+#include "platform/dialogs/MessageBox.h"
 
 #include <gtest/gtest.h>
 
@@ -15,17 +15,17 @@ TEST(Boxes, WithoutADisplayTheyGoToStderrAndReturnAtOnce)
 {
     unsetenv("DISPLAY");
     testing::internal::CaptureStderr();
-    platform::ShowBox("Cap\ntion", "first\r\n\r\n\tsecond \x1B[0m", platform::BoxErrorIcon);
+    platform::ShowMessageBox("Cap\ntion", "first\r\n\r\n\tsecond \x1B[0m", platform::BoxErrorIcon);
     EXPECT_EQ("Cap tion\nfirst\n\n    second \xEF\xBF\xBD[0m\n", testing::internal::GetCapturedStderr());
 }
 
 TEST(Boxes, CanBeCollectedAsTheyAre)
 {
-    std::vector<platform::Box> boxes;
-    platform::CollectBoxes(&boxes);
-    platform::ShowBox("a\n", "b\t\r\n", platform::BoxInformationIcon);
-    platform::ShowBox("c", "d", platform::BoxErrorIcon);
-    platform::CollectBoxes(nullptr);
+    std::vector<platform::MessageBox> boxes;
+    platform::CollectMessageBoxes(&boxes);
+    platform::ShowMessageBox("a\n", "b\t\r\n", platform::BoxInformationIcon);
+    platform::ShowMessageBox("c", "d", platform::BoxErrorIcon);
+    platform::CollectMessageBoxes(nullptr);
     ASSERT_EQ(2u, boxes.size());
     EXPECT_EQ("a\n", boxes[0].caption);
     EXPECT_EQ("b\t\r\n", boxes[0].body);

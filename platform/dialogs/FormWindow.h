@@ -2,7 +2,7 @@
 // The window of the start form.
 #pragma once
 
-#include "platform/StartForm.h"
+#include "platform/dialogs/StartForm.h"
 
 namespace platform
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/FormFocus.h"
+#include "platform/dialogs/FormFocus.h"
 
 #include <gtest/gtest.h>
 

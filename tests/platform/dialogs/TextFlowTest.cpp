@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/TextFlow.h"
+#include "platform/dialogs/TextFlow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// A window system without a display, for tests that look at GL calls instead of pixels: its screen, windows
+// and contexts are entries in one struct, which a test sets and reads.
+#pragma once
+
+#include "platform/WindowSystem.h"
+
+struct NullWindows {
+    bool refuseClass = false;
+    bool refuseMode = false;
+    bool refuseWindow = false;
+    bool refuseContext = false;
+    int screenWidth = 1920;
+    int screenHeight = 1080;
+    const char* glExtensions = "GL_ARB_point_sprite GL_ARB_framebuffer_object";     // may be null
+    const char* systemExtensions = "GL_ARB_point_sprite GL_ARB_framebuffer_object"; // may be null
+    platform::WindowDescription last = {}; // of the last window created; its title is not kept
+    char title[256] = "";                  // as last set
+    int windows = 0;                       // alive
+    int modeWidth = 0;                     // 0: the desktop's
+    int modeHeight = 0;
+    bool cursorVisible = true;
+    int swaps = 0;
+    int contexts = 0; // ever created
+    int deletedContexts = 0;
+    platform::ContextHandle current = nullptr;
+    void (*contextSwitched)(int number) = nullptr; // told which context became current, from 1; 0 is none
+};
+
+// Takes it into use as new, whatever an earlier test did to it.
+void UseNullWindows();
+NullWindows& NullWindowState();
