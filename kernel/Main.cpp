@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The program. It takes no options and looks at no arguments.
+#include "kernel/OutOfMemory.h"
 #include "kernel/System.h"
 #include "platform/Paths.h"
 #include "platform/Screen.h"
@@ -14,6 +15,7 @@ int main()
                 "moonwaltz: there is no display to play on (DISPLAY is not set, or nothing answers there)\n");
         return 1;
     }
+    ReportOutOfMemory();
     platform::FindDataDirectory();
     const int status = RunShow();
     // Gives the desktop its mode back after a full-screen show that came to its natural end.

@@ -96,7 +96,10 @@ bool ReadDib(const unsigned char* bytes, size_t size, ImageData* image)
     Dib dib;
     if (!ParseDib(bytes, size, &dib))
         return false;
-    image->data = AllocatePixels(size_t{dib.width} * dib.height * 3);
+    unsigned char* const pixels = AllocatePixels(size_t{dib.width} * dib.height * 3);
+    if (!pixels)
+        return false;
+    image->data = pixels;
     image->width = static_cast<int>(dib.width);
     image->height = static_cast<int>(dib.height);
     image->components = 3;

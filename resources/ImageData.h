@@ -16,8 +16,9 @@ struct ImageData {
     int components = 3;            // 3 or 4: what the upload reads a pixel as
 };
 
-// A buffer of zeros for data, never null.
+// A buffer of zeros for data. Null: there is not so much memory.
 unsigned char* AllocatePixels(size_t bytes);
+void FreePixels(unsigned char* pixels);
 
 // Frees the pixels and sets data to null; the sizes stay. A record without pixels is left alone.
 void FreeImage(ImageData* image);

@@ -11,9 +11,7 @@
 #include "resources/PictureDecoder.h"
 
 #include <IL/il.h>
-#include <IL/ilu.h>
 
-#include <algorithm>
 #include <cstring>
 
 const size_t longestBadName = 4; // no room for a character, a dot and three letters
@@ -65,20 +63,15 @@ ImageData TextureLoader::Decode(std::string path, std::string complaint, bool ke
     if (pictureObserver)
         pictureObserver(path);
     const DecodedPicture picture = DecodePicture(path);
-    if (!picture.loaded) {
-        const char* const words = iluErrorString(picture.error);
-        ReportUnusable(path + complaint + (words ? words : ""));
+    if (!picture.pixels) {
+        ReportUnusable(path + complaint + picture.complaint);
         return image;
     }
+    image.data = picture.pixels;
     image.width = picture.width;
     image.height = picture.height;
     if (keepAlpha && picture.bytesPerPixel == 4)
         image.components = 4;
-
-    // A grey picture has fewer bytes than an upload of 3 components reads: the rest is zeros.
-    const size_t pixels = static_cast<size_t>(image.width) * image.height;
-    image.data = AllocatePixels(pixels * std::max(picture.bytesPerPixel, image.components));
-    memcpy(image.data, picture.pixels.data(), picture.pixels.size());
     return image;
 }
 
@@ -105,7 +98,8 @@ ImageData TextureLoader::LoadBitmapResource(const char* name)
     image.height = picture.height;
     // Room for 4 bytes a pixel, filled with 3: components stays what every loader starts with.
     image.data = AllocatePixels(pixels * 4);
-    memcpy(image.data, picture.data, pixels * 3);
+    if (image.data)
+        memcpy(image.data, picture.data, pixels * 3);
     FreeImage(&picture);
     return image;
 }

@@ -1,34 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "resources/PictureDecoder.h"
 
+#include "resources/ImageData.h"
 #include "resources/ImageFiles.h"
+#include "resources/PictureClaims.h"
 
 #include <IL/il.h>
+#include <IL/ilu.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-const unsigned childSeconds = 10;
-const unsigned largestSaneSide = 16384; // pixels; the library counts a picture's bytes in 32 bits
-
-static unsigned Byte(const std::string& bytes, size_t at)
-{
-    return static_cast<unsigned char>(bytes[at]);
-}
-
-static unsigned Big16(const std::string& bytes, size_t at)
-{
-    return Byte(bytes, at) << 8 | Byte(bytes, at + 1);
-}
-
-static bool SidesAreSane(unsigned width, unsigned height)
-{
-    return width <= largestSaneSide && height <= largestSaneSide;
-}
+static const unsigned childSeconds = 10;
+static const rlim_t childMemory = rlim_t{2} << 30; // bytes
+static const int largestBytesPerPixel = 32;        // four doubles
 
 static bool IsPng(const std::string& bytes)
 {
@@ -40,48 +31,15 @@ static bool IsJpeg(const std::string& bytes)
     return bytes.compare(0, 3, "\xFF\xD8\xFF") == 0;
 }
 
-// A header that is not all there counts as sane, here and below: the decoder says what is wrong with it.
-static bool PngIsSane(const std::string& bytes)
+static std::string LibraryWords(unsigned error)
 {
-    const size_t widthAt = 16;
-    const size_t heightAt = 20;
-    return bytes.size() < heightAt + 4 ||
-           SidesAreSane(Big16(bytes, widthAt) << 16 | Big16(bytes, widthAt + 2),
-                        Big16(bytes, heightAt) << 16 | Big16(bytes, heightAt + 2));
-}
-
-static bool StartsFrame(unsigned marker)
-{
-    return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-}
-
-static bool HasLength(unsigned marker)
-{
-    return marker > 0x01 && (marker < 0xD0 || marker > 0xD8);
-}
-
-// Goes from marker to marker as the decoder does, to the one that tells the sides.
-static bool JpegIsSane(const std::string& bytes)
-{
-    const size_t heightAt = 5; // counted from the 0xFF in front of the marker
-    const size_t widthAt = 7;
-    size_t at = 2;
-    while (at + widthAt + 2 <= bytes.size()) {
-        const unsigned marker = Byte(bytes, at + 1);
-        if (Byte(bytes, at) != 0xFF || marker == 0xFF)
-            ++at; // padding, or junk that the decoder skips
-        else if (StartsFrame(marker))
-            return SidesAreSane(Big16(bytes, at + widthAt), Big16(bytes, at + heightAt));
-        else
-            at += 2 + (HasLength(marker) ? Big16(bytes, at + 2) : 0);
-    }
-    return true;
+    const char* const words = iluErrorString(error);
+    return words ? words : "";
 }
 
 // By content first: left to itself the library goes by the extension, and a TGA named .jpg would fail.
-static bool LoadForeign(const std::string& path)
+static bool LoadForeign(const std::string& path, ILenum type)
 {
-    const ILenum type = ilDetermineType(path.c_str());
     return (type != IL_TYPE_UNKNOWN && ilLoad(type, path.c_str())) || ilLoadImage(path.c_str());
 }
 
@@ -93,32 +51,71 @@ static bool LoadKnown(const std::string& path, ILenum type)
     return ilLoad(type, path.c_str());
 }
 
-static DecodedPicture TakePicture(bool loaded)
-{
-    DecodedPicture picture;
-    picture.loaded = loaded;
-    if (!loaded) {
-        picture.error = ilGetError();
-        return picture;
-    }
-    picture.width = ilGetInteger(IL_IMAGE_WIDTH);
-    picture.height = ilGetInteger(IL_IMAGE_HEIGHT);
-    picture.bytesPerPixel = ilGetInteger(IL_IMAGE_BYTES_PER_PIXEL);
-    const size_t told = size_t(picture.width) * picture.height * picture.bytesPerPixel;
-    const size_t held = ilGetInteger(IL_IMAGE_SIZE_OF_DATA);
-    picture.pixels.assign(reinterpret_cast<const char*>(ilGetData()), std::min(told, held));
-    return picture;
-}
-
-// What goes through the pipe in front of the pixels.
+// A picture as the library holds it, and what goes through the pipe in front of the pixels.
 struct PictureHead {
     bool loaded;
-    unsigned error;
+    unsigned error; // if not loaded: the library's code
     int width;
     int height;
     int bytesPerPixel;
-    size_t bytes;
 };
+
+static size_t HeldBytes(const PictureHead& head)
+{
+    return size_t(head.width) * size_t(head.height) * size_t(head.bytesPerPixel);
+}
+
+static PictureHead HeadOf(bool loaded)
+{
+    PictureHead head = {};
+    head.loaded = loaded;
+    if (loaded) {
+        head.width = ilGetInteger(IL_IMAGE_WIDTH);
+        head.height = ilGetInteger(IL_IMAGE_HEIGHT);
+        head.bytesPerPixel = ilGetInteger(IL_IMAGE_BYTES_PER_PIXEL);
+    } else {
+        head.error = ilGetError();
+    }
+    return head;
+}
+
+// Makes room for the pixels; they are still to be filled in. What a reader has made of a broken file may be
+// anything, and so is not believed without a look.
+static DecodedPicture MakePicture(const PictureHead& head, size_t fileBytes)
+{
+    DecodedPicture picture;
+    if (!head.loaded) {
+        picture.complaint = LibraryWords(head.error);
+        return picture;
+    }
+    if (head.width <= 0 || head.height <= 0 || head.bytesPerPixel <= 0 ||
+        head.bytesPerPixel > largestBytesPerPixel) {
+        picture.complaint = LibraryWords(IL_ILLEGAL_FILE_VALUE);
+        return picture;
+    }
+    const PictureClaim claim = LoosestPictureClaim(uint64_t(head.width), uint64_t(head.height));
+    if (const char* const refusal = WhyPictureIsRefused(claim, fileBytes)) {
+        picture.complaint = refusal;
+        return picture;
+    }
+    picture.width = head.width;
+    picture.height = head.height;
+    picture.bytesPerPixel = head.bytesPerPixel;
+    picture.pixels = AllocatePixels(std::max(HeldBytes(head), size_t(head.width) * size_t(head.height) * 3));
+    if (!picture.pixels)
+        picture.complaint = LibraryWords(IL_OUT_OF_MEMORY);
+    return picture;
+}
+
+static DecodedPicture DecodeInPlace(const std::string& path, ILenum type, size_t fileBytes)
+{
+    const PictureHead head = HeadOf(LoadKnown(path, type));
+    DecodedPicture picture = MakePicture(head, fileBytes);
+    if (picture.pixels)
+        memcpy(picture.pixels, ilGetData(),
+               std::min(HeldBytes(head), size_t(ilGetInteger(IL_IMAGE_SIZE_OF_DATA))));
+    return picture;
+}
 
 static bool WriteAll(int pipe, const void* data, size_t size)
 {
@@ -130,81 +127,117 @@ static bool WriteAll(int pipe, const void* data, size_t size)
         if (written <= 0)
             return false;
         from += written;
-        size -= written;
+        size -= size_t(written);
     }
     return true;
 }
 
-static std::string ReadToEnd(int pipe)
+static bool ReadAll(int pipe, void* data, size_t size)
 {
-    std::string all;
-    char buffer[65536];
-    for (;;) {
-        const ssize_t got = read(pipe, buffer, sizeof buffer);
+    char* to = static_cast<char*>(data);
+    while (size > 0) {
+        const ssize_t got = read(pipe, to, size);
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)
-            return all;
-        all.append(buffer, got);
-    }
-}
-
-static bool EndedWell(pid_t child)
-{
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0)
-        if (errno != EINTR)
             return false;
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        to += got;
+        size -= size_t(got);
+    }
+    return true;
 }
 
-[[noreturn]] static void BeTheChild(const std::string& path, int pipe)
+// The process has the show's memory from its parent, and may take as much again as is allowed to it.
+static void LimitMemory()
+{
+    unsigned long pages = 0;
+    FILE* file = fopen("/proc/self/statm", "r");
+    const bool known = file && fscanf(file, "%lu", &pages) == 1;
+    if (file)
+        fclose(file);
+    rlimit limit;
+    if (!known || getrlimit(RLIMIT_AS, &limit) != 0)
+        return;
+    limit.rlim_cur = std::min(limit.rlim_max, rlim_t(pages) * rlim_t(sysconf(_SC_PAGESIZE)) + childMemory);
+    setrlimit(RLIMIT_AS, &limit);
+    const rlimit noCore = {0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+}
+
+// What the child does, to its end.
+[[noreturn]] static void DecodeAndSend(const std::string& path, const std::string& bytes, int pipe)
 {
     alarm(childSeconds);
-    const DecodedPicture picture = TakePicture(LoadForeign(path));
-    const PictureHead head = {picture.loaded, picture.error,         picture.width,
-                              picture.height, picture.bytesPerPixel, picture.pixels.size()};
-    const bool sent =
-        WriteAll(pipe, &head, sizeof head) && WriteAll(pipe, picture.pixels.data(), picture.pixels.size());
+    LimitMemory();
+    const ILenum type = ilDetermineType(path.c_str());
+    const char* const refusal = WhyPictureIsRefused(ReadPictureClaim(type, bytes), bytes.size());
+    const size_t refusalLength = refusal ? strlen(refusal) : 0;
+    bool sent =
+        WriteAll(pipe, &refusalLength, sizeof refusalLength) && WriteAll(pipe, refusal, refusalLength);
+    if (sent && !refusal) {
+        const PictureHead head = HeadOf(LoadForeign(path, type));
+        const size_t held = head.loaded ? size_t(uint32_t(ilGetInteger(IL_IMAGE_SIZE_OF_DATA))) : 0;
+        sent = WriteAll(pipe, &head, sizeof head) &&
+               WriteAll(pipe, ilGetData(), std::min(HeldBytes(head), held));
+    }
     _exit(sent ? 0 : 1);
 }
 
-static DecodedPicture DecodeInChild(const std::string& path)
+static bool ReceivePicture(int pipe, size_t fileBytes, DecodedPicture* picture)
 {
-    DecodedPicture picture;
-    picture.error = IL_INTERNAL_ERROR; // unless the child lives to say otherwise
+    size_t refusalLength = 0;
+    if (!ReadAll(pipe, &refusalLength, sizeof refusalLength) || refusalLength > 200)
+        return false;
+    if (refusalLength > 0) {
+        picture->complaint.resize(refusalLength);
+        return ReadAll(pipe, picture->complaint.data(), refusalLength);
+    }
+    PictureHead head;
+    if (!ReadAll(pipe, &head, sizeof head))
+        return false;
+    *picture = MakePicture(head, fileBytes);
+    return !picture->pixels || ReadAll(pipe, picture->pixels, HeldBytes(head));
+}
+
+static DecodedPicture DecodeInChild(const std::string& path, const std::string& bytes)
+{
+    DecodedPicture failed;
+    failed.complaint = LibraryWords(IL_INTERNAL_ERROR); // unless the child lives to say otherwise
     int ends[2];
     if (pipe(ends) != 0)
-        return picture;
+        return failed;
     const pid_t child = fork();
     if (child == 0)
-        BeTheChild(path, ends[1]);
+        DecodeAndSend(path, bytes, ends[1]);
     close(ends[1]);
-    const std::string sent = child > 0 ? ReadToEnd(ends[0]) : "";
+    DecodedPicture picture;
+    const bool received = child > 0 && ReceivePicture(ends[0], bytes.size(), &picture);
     close(ends[0]);
-    PictureHead head;
-    if (child < 0 || !EndedWell(child) || sent.size() < sizeof head)
+    while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    if (received)
         return picture;
-    memcpy(&head, sent.data(), sizeof head);
-    picture.loaded = head.loaded;
-    picture.error = head.error;
-    picture.width = head.width;
-    picture.height = head.height;
-    picture.bytesPerPixel = head.bytesPerPixel;
-    picture.pixels = sent.substr(sizeof head, head.bytes);
-    return picture;
+    FreePixels(picture.pixels);
+    return failed;
 }
 
 DecodedPicture DecodePicture(const std::string& path)
 {
-    const std::string bytes = ReadPictureFile(path);
-    if (bytes.empty()) // the library has words for that
-        return TakePicture(ilLoadImage(path.c_str()));
-    if (!IsPng(bytes) && !IsJpeg(bytes))
-        return DecodeInChild(path);
-    if (IsPng(bytes) ? PngIsSane(bytes) : JpegIsSane(bytes))
-        return TakePicture(LoadKnown(path, IsPng(bytes) ? IL_PNG : IL_JPG));
+    std::string bytes = ReadPictureFile(path);
     DecodedPicture refused;
-    refused.error = IL_ILLEGAL_FILE_VALUE;
-    return refused;
+    if (bytes.empty()) { // the library has words for that
+        ilLoadImage(path.c_str());
+        refused.complaint = LibraryWords(ilGetError());
+        return refused;
+    }
+    if (!IsPng(bytes) && !IsJpeg(bytes))
+        return DecodeInChild(path, bytes);
+    const ILenum type = IsPng(bytes) ? IL_PNG : IL_JPG;
+    const size_t fileBytes = bytes.size();
+    if (const char* const refusal = WhyPictureIsRefused(ReadPictureClaim(type, bytes), fileBytes)) {
+        refused.complaint = refusal;
+        return refused;
+    }
+    bytes = std::string(); // the library reads the file again
+    return DecodeInPlace(path, type, fileBytes);
 }

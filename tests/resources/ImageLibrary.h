@@ -7,8 +7,12 @@
 
 void SetImageLibraryVersions(int il, int ilu); // 0: the real one
 
+// A child that hangs is ended by the signal of the alarm that it has set, at once.
 enum ChildFate { ChildLives, ChildCrashes, ChildExits, ChildHangs };
 void SetChildFate(ChildFate fate);
 
 // The process in which a foreign picture was decoded last; 0 if none was.
 pid_t LastForeignDecoder();
+
+// The seconds that the child asked to be ended after; 0 if it did not.
+unsigned LastAlarm();

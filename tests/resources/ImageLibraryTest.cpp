@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Stands in front of three functions of the image library: this executable's definitions win over the
-// library's.
+// Stands in front of three functions of the image library and one of the system: this executable's
+// definitions win over the libraries'.
 #include "tests/resources/ImageLibrary.h"
 
 #include <IL/il.h>
@@ -12,17 +12,24 @@
 #include <csignal>
 
 #include <sys/mman.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 static int ilVersion = 0;
 static int iluVersion = 0;
 static ChildFate childFate = ChildLives;
 
-static pid_t* SharedProcess()
+// What the child tells of itself, in memory that it shares with the test.
+struct ChildNotes {
+    pid_t process;
+    unsigned alarmSeconds;
+};
+
+static ChildNotes* SharedNotes()
 {
     static void* const page =
-        mmap(nullptr, sizeof(pid_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    return static_cast<pid_t*>(page);
+        mmap(nullptr, sizeof(ChildNotes), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    return static_cast<ChildNotes*>(page);
 }
 
 void SetImageLibraryVersions(int il, int ilu)
@@ -33,13 +40,18 @@ void SetImageLibraryVersions(int il, int ilu)
 
 void SetChildFate(ChildFate fate)
 {
-    SharedProcess(); // made before there is a child
+    SharedNotes(); // made before there is a child
     childFate = fate;
 }
 
 pid_t LastForeignDecoder()
 {
-    return *SharedProcess();
+    return SharedNotes()->process;
+}
+
+unsigned LastAlarm()
+{
+    return SharedNotes()->alarmSeconds;
 }
 
 typedef ILint (*GetInteger)(ILenum);
@@ -58,11 +70,17 @@ ILint iluGetInteger(ILenum mode)
     return mode == 0xDE2 && iluVersion ? iluVersion : real(mode);
 }
 
+unsigned alarm(unsigned seconds) noexcept
+{
+    SharedNotes()->alarmSeconds = seconds;
+    return unsigned(syscall(SYS_alarm, seconds));
+}
+
 ILenum ilDetermineType(ILconst_string path)
 {
     typedef ILenum (*Function)(ILconst_string);
     static const Function real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "ilDetermineType"));
-    *SharedProcess() = getpid();
+    SharedNotes()->process = getpid();
     switch (childFate) {
     case ChildLives:
         break;
@@ -72,8 +90,9 @@ ILenum ilDetermineType(ILconst_string path)
     case ChildExits:
         _exit(0);
     case ChildHangs:
-        for (;;)
-            pause();
+        if (SharedNotes()->alarmSeconds > 0)
+            raise(SIGALRM);
+        _exit(0);
     }
     return real(path);
 }

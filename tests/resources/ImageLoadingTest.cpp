@@ -10,7 +10,6 @@
 #include <IL/il.h>
 #include <IL/ilu.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -81,6 +80,11 @@ protected:
         EXPECT_EQ("Bad: " + text + ErrorTail, boxes[0].body);
         EXPECT_TRUE(QuitWasPosted());
         boxes.clear();
+    }
+
+    std::string Complaint(std::string name, const char* words) const
+    {
+        return PathOf(name) + ": Could not load texture. \n" + words;
     }
 
     std::string Complaint(std::string name, unsigned error) const
@@ -386,6 +390,7 @@ TEST_F(ImageLoading, AJpegCutOffAnywhereNeitherHangsNorReadsOutOfBounds)
 
 TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
 {
+    const char* const sideTooLong = "The picture has a side of more than 16384 pixels.";
     AddPicture("whole.jpg", SlopePicture(40, 40));
     const std::string jpeg = ReadAll(PathOf("whole.jpg"));
     const size_t frame = jpeg.find("\xFF\xC0");
@@ -396,8 +401,8 @@ TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
     wide.replace(frame + 7, 2, "\x40\x01");
     AddFile("tall.jpg", tall);
     AddFile("wide.jpg", wide);
-    ExpectFailure(loader->LoadImage("tall.jpg"), Complaint("tall.jpg", IL_ILLEGAL_FILE_VALUE));
-    ExpectFailure(loader->LoadImage("wide.jpg"), Complaint("wide.jpg", IL_ILLEGAL_FILE_VALUE));
+    ExpectFailure(loader->LoadImage("tall.jpg"), Complaint("tall.jpg", sideTooLong));
+    ExpectFailure(loader->LoadImage("wide.jpg"), Complaint("wide.jpg", sideTooLong));
 
     // What stands in front of the frame header is walked over as the decoder does it.
     const std::string ahead[] = {
@@ -409,7 +414,7 @@ TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
     };
     for (const std::string& bytes : ahead) {
         AddFile("tall.jpg", tall.substr(0, frame) + bytes + tall.substr(frame));
-        ExpectFailure(loader->LoadImage("tall.jpg"), Complaint("tall.jpg", IL_ILLEGAL_FILE_VALUE));
+        ExpectFailure(loader->LoadImage("tall.jpg"), Complaint("tall.jpg", sideTooLong));
     }
 
     AddPicture("whole.png", 3, 3);
@@ -417,11 +422,37 @@ TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
         std::string png = ReadAll(PathOf("whole.png"));
         png.replace(at, 4, std::string("\x00\x00\x40\x01", 4));
         AddFile("large.png", png);
-        ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", IL_ILLEGAL_FILE_VALUE));
+        ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", sideTooLong));
         png.replace(at, 4, std::string("\x01\x00\x00\x01", 4));
         AddFile("large.png", png);
-        ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", IL_ILLEGAL_FILE_VALUE));
+        ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", sideTooLong));
     }
+}
+
+TEST_F(ImageLoading, APictureOfTooManyPixelsIsRefusedUnseen)
+{
+    AddPicture("whole.png", 3, 3);
+    std::string png = ReadAll(PathOf("whole.png"));
+    png.replace(16, 8, std::string("\x00\x00\x40\x00\x00\x00\x40\x00", 8)); // 16384 by 16384
+    AddFile("large.png", png);
+    ExpectFailure(loader->LoadImage("large.png"),
+                  Complaint("large.png", "The picture has more than 67108864 pixels."));
+}
+
+TEST_F(ImageLoading, AFileThatIsTooShortForItsPictureIsRefusedUnseen)
+{
+    const char* const tooShort = "The file is too short for the picture that it tells of.";
+    AddPicture("whole.png", 3, 3);
+    std::string png = ReadAll(PathOf("whole.png"));
+    png.replace(16, 8, std::string("\x00\x00\x20\x00\x00\x00\x20\x00", 8)); // 8192 by 8192
+    AddFile("large.png", png);
+    ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", tooShort));
+
+    AddPicture("whole.jpg", SlopePicture(40, 40));
+    std::string jpeg = ReadAll(PathOf("whole.jpg"));
+    jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, "\x1F\xFF\x1F\xFF");
+    AddFile("large.jpg", jpeg);
+    ExpectFailure(loader->LoadImage("large.jpg"), Complaint("large.jpg", tooShort));
 }
 
 TEST_F(ImageLoading, ASideOf16384IsSane)
@@ -435,6 +466,14 @@ TEST_F(ImageLoading, ASideOf16384IsSane)
         EXPECT_EQ(16384, image.width * image.height) << name;
     }
     EXPECT_TRUE(boxes.empty());
+}
+
+// 3 by 2 pixels of 24 bits: 9 bytes and 3 of padding a row, the lower row first.
+static std::string SmallBitmap()
+{
+    return std::string("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\3\0\0\0\2\0\0\0\1\0\x18\0", 30) +
+           std::string(24, '\0') + std::string("lkjonmrqp\xEE\xEE\xEE", 12) +
+           std::string("cbafedihg\xEE\xEE\xEE", 12);
 }
 
 // ---- Foreign formats, decoded in a child
@@ -500,11 +539,40 @@ TEST_F(ForeignPictures, MayKillTheChildAndNotTheShow)
 TEST_F(ForeignPictures, MayHangTheChildForTenSecondsOnly)
 {
     SetChildFate(ChildHangs);
-    const auto start = std::chrono::steady_clock::now();
     ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
-    const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - start;
-    EXPECT_GE(waited.count(), 9);
-    EXPECT_LT(waited.count(), 15);
+    EXPECT_EQ(10u, LastAlarm());
+}
+
+TEST_F(ForeignPictures, ThatTellOfMoreThanTheyHoldAreRefused)
+{
+    const char* const tooLong = "The picture has a side of more than 16384 pixels.";
+    const char* const tooMany = "The picture has more than 67108864 pixels.";
+    const char* const tooShort = "The file is too short for the picture that it tells of.";
+    AddFile("wrong.png", "P6 65536 65536 255\nabcabcabc");
+    ExpectFailure(loader->LoadImage("wrong.png"), Complaint("wrong.png", tooLong));
+    AddFile("wrong.png", "P6 1431655766 1 255\nabcabcabc");
+    ExpectFailure(loader->LoadImage("wrong.png"), Complaint("wrong.png", tooLong));
+    AddFile("wrong.png", "P5 16384 16384 255\nabcabcabc");
+    ExpectFailure(loader->LoadImage("wrong.png"), Complaint("wrong.png", tooMany));
+    AddFile("wrong.png", "P6 8192 8192 255\nabcabcabc");
+    ExpectFailure(loader->LoadImage("wrong.png"), Complaint("wrong.png", tooShort));
+
+    std::string bitmap = SmallBitmap();
+    bitmap.replace(18, 8, std::string("\0\0\1\0\0\0\1\0", 8)); // 65536 by 65536
+    AddFile("wrong.bmp", bitmap);
+    ExpectFailure(loader->LoadImage("wrong.bmp"), Complaint("wrong.bmp", tooLong));
+
+    std::string targa = std::string("\0\0\2\0\0\0\0\0\0\0\0\0\xE8\3\xE8\3\x18\0", 18) + "abc";
+    AddFile("wrong.tga", targa);
+    ExpectFailure(loader->LoadImage("wrong.tga"), Complaint("wrong.tga", tooShort));
+}
+
+TEST_F(ForeignPictures, OfWhichTheLibraryMakesMoreThanTheFileCanHoldAreRefused)
+{
+    // 8000 by 8000 in a format whose header is not looked into; the library makes up what is missing.
+    AddFile("large.cut", std::string("\x40\x1F\x40\x1F\0\0\0\0abc", 11));
+    ExpectFailure(loader->LoadImage("large.cut"),
+                  Complaint("large.cut", "The file is too short for the picture that it tells of."));
 }
 
 TEST_F(ForeignPictures, AreTheOnlyOnesThatNeedAChild)
@@ -528,14 +596,6 @@ TEST_F(ForeignPictures, ThatAreBrokenGiveTheirBox)
 }
 
 // ---- The other loaders
-
-// 3 by 2 pixels of 24 bits: 9 bytes and 3 of padding a row, the lower row first.
-static std::string SmallBitmap()
-{
-    return std::string("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\3\0\0\0\2\0\0\0\1\0\x18\0", 30) +
-           std::string(24, '\0') + std::string("lkjonmrqp\xEE\xEE\xEE", 12) +
-           std::string("cbafedihg\xEE\xEE\xEE", 12);
-}
 
 TEST_F(ImageLoading, AWindowsBitmapIsReadByItsOwnLoader)
 {
@@ -615,6 +675,16 @@ TEST(ImageDataRecord, StartsAsAFailureOfThreeComponents)
     EXPECT_EQ(0, image.width);
     EXPECT_EQ(0, image.height);
     EXPECT_EQ(3, image.components);
+}
+
+TEST(ImageDataRecord, PixelsAreZerosAndThereEvenIfThereAreNone)
+{
+    unsigned char* const pixels = AllocatePixels(1000);
+    EXPECT_EQ(Bytes(1000), Bytes(pixels, pixels + 1000));
+    FreePixels(pixels);
+    unsigned char* const none = AllocatePixels(0);
+    EXPECT_NE(nullptr, none);
+    FreePixels(none);
 }
 
 TEST(ImageDataRecord, FreeingKeepsTheSizesAndMayBeDoneTwice)

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "kernel/OutOfMemory.h"
+
+#include "resources/TextureLoader.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+static const size_t tooMuch = size_t{1} << 50;
+
+static void TakeTooMuch()
+{
+    unsetenv("DISPLAY"); // boxes go to the standard error stream as text
+    ReportOutOfMemory();
+    std::string text;
+    text.resize(tooMuch);
+}
+
+class OutOfMemory : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+#ifdef __SANITIZE_ADDRESS__
+        GTEST_SKIP() << "the address sanitizer ends the process itself";
+#endif
+    }
+};
+
+TEST_F(OutOfMemory, EndsTheProcessWithALineAndABox)
+{
+    EXPECT_EXIT(TakeTooMuch(), testing::ExitedWithCode(1),
+                "moonwaltz: there is not enough memory\n.*Error: Out of Memory\n.*There is not enough memory "
+                "to go on");
+}
+
+TEST_F(OutOfMemory, DoesNotEndTheProcessWhereAPictureHasNoRoom)
+{
+    ReportOutOfMemory();
+    EXPECT_EQ(nullptr, AllocatePixels(tooMuch));
+}

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "resources/PictureClaims.h"
+
+#include <IL/il.h>
+#include <gtest/gtest.h>
+
+static std::string Big(uint64_t number, int bytes)
+{
+    std::string text;
+    for (int i = bytes - 1; i >= 0; --i)
+        text += char(number >> (8 * i) & 255);
+    return text;
+}
+
+static std::string Little(uint64_t number, int bytes)
+{
+    const std::string big = Big(number, bytes);
+    return std::string(big.rbegin(), big.rend());
+}
+
+static std::string Zeros(size_t count)
+{
+    return std::string(count, '\0');
+}
+
+static std::string PngHeader(uint64_t width, uint64_t height, int depth, int colourType)
+{
+    return "\x89PNG\r\n\x1A\n" + Big(13, 4) + "IHDR" + Big(width, 4) + Big(height, 4) + char(depth) +
+           char(colourType);
+}
+
+static std::string BmpHeader(uint32_t width, uint32_t height, int bits, int compression)
+{
+    return "BM" + Zeros(12) + Little(40, 4) + Little(width, 4) + Little(height, 4) + Little(1, 2) +
+           Little(uint64_t(bits), 2) + Little(uint64_t(compression), 4);
+}
+
+static std::string TgaHeader(int type, uint32_t width, uint32_t height, int bits)
+{
+    return Zeros(2) + char(type) + Zeros(9) + Little(width, 2) + Little(height, 2) + char(bits) + '\0';
+}
+
+static std::string SgiHeader(int inRuns, int valueBytes, int dimensions, int width, int height, int channels)
+{
+    return Big(474, 2) + char(inRuns) + char(valueBytes) + Big(uint64_t(dimensions), 2) +
+           Big(uint64_t(width), 2) + Big(uint64_t(height), 2) + Big(uint64_t(channels), 2);
+}
+
+static std::string PcxHeader(int bits, int left, int top, int right, int bottom, int planes)
+{
+    return std::string("\x0A\x05\x01") + char(bits) + Little(uint64_t(left), 2) + Little(uint64_t(top), 2) +
+           Little(uint64_t(right), 2) + Little(uint64_t(bottom), 2) + Zeros(53) + char(planes);
+}
+
+// That the header of a sound picture is understood, down to its last byte, and one byte less tells nothing.
+static void ExpectClaim(unsigned type, const std::string& header, uint64_t width, uint64_t height,
+                        uint64_t fewestBytes)
+{
+    const PictureClaim claim = ReadPictureClaim(type, header);
+    EXPECT_EQ(width, claim.width);
+    EXPECT_EQ(height, claim.height);
+    EXPECT_EQ(fewestBytes, claim.fewestBytes);
+}
+
+static void ExpectNoClaim(unsigned type, const std::string& header)
+{
+    ExpectClaim(type, header, 0, 0, 0);
+    EXPECT_EQ(nullptr, WhyPictureIsRefused(ReadPictureClaim(type, header), 0))
+        << "the decoder has words for it";
+}
+
+TEST(PictureClaims, OfAPngFollowItsColourTypeAndDepthAt1032To1)
+{
+    ExpectClaim(IL_PNG, PngHeader(100, 50, 8, 2), 100, 50, 14);
+    ExpectClaim(IL_PNG, PngHeader(1000, 1000, 1, 0), 1000, 1000, 121);
+    ExpectClaim(IL_PNG, PngHeader(1000, 1000, 4, 3), 1000, 1000, 484);
+    ExpectClaim(IL_PNG, PngHeader(1000, 1000, 8, 4), 1000, 1000, 1937);
+    ExpectClaim(IL_PNG, PngHeader(100, 100, 16, 6), 100, 100, 77);
+    ExpectNoClaim(IL_PNG, PngHeader(100, 100, 16, 6).substr(0, 25));
+    EXPECT_EQ(70000u, ReadPictureClaim(IL_PNG, PngHeader(70000, 0xFFFFFFFF, 8, 6)).width);
+    EXPECT_EQ(0xFFFFFFFFu, ReadPictureClaim(IL_PNG, PngHeader(70000, 0xFFFFFFFF, 255, 255)).height);
+}
+
+TEST(PictureClaims, OfAJpegStandInItsFrameHeaderAndTakeABitForEachBlock)
+{
+    const std::string frame = "\xFF\xC0" + Big(17, 2) + "\x08" + Big(480, 2) + Big(640, 2);
+    ExpectClaim(IL_JPG, "\xFF\xD8" + frame, 640, 480, 600);
+    ExpectClaim(IL_JPG, "\xFF\xD8\xFF\xFE" + Big(9, 2) + "\xFF\xC0 no " + "  \xFF" + frame, 640, 480, 600);
+    ExpectNoClaim(IL_JPG, "\xFF\xD8" + frame.substr(0, 8));
+    ExpectNoClaim(IL_JPG, "\xFF\xD8");
+}
+
+TEST(PictureClaims, OfAPnmAreExact)
+{
+    ExpectClaim(IL_PNM, "P1 10 5\n", 10, 5, 50);
+    ExpectClaim(IL_PNM, "P2 10 5 255\n", 10, 5, 99);
+    ExpectClaim(IL_PNM, "P3 10 5 255\n", 10, 5, 299);
+    ExpectClaim(IL_PNM, "P4 10 5\n", 10, 5, 10);
+    ExpectClaim(IL_PNM, "P5 10 5 255\n", 10, 5, 50);
+    ExpectClaim(IL_PNM, "P6 10 5 255\n", 10, 5, 150);
+    ExpectClaim(IL_PNM, "P6\n# 7 8\n10#\n\t5", 10, 5, 150);
+    ExpectClaim(IL_PNM, "P7 10 5", 10, 5, 0);
+    for (const char* header : {"", "P", "P6", "P6 #", "P6 # without an end", "P2 x"})
+        ExpectNoClaim(IL_PNM, header);
+    EXPECT_LT(MaxPictureSide, ReadPictureClaim(IL_PNM, "P6 99999999999999999999999 1 255").width);
+}
+
+TEST(PictureClaims, OfABitmapAreThoseOfItsRowsWithoutPadding)
+{
+    ExpectClaim(IL_BMP, BmpHeader(3, 2, 24, 0), 3, 2, 18);
+    ExpectClaim(IL_BMP, BmpHeader(3, uint32_t(-2), 24, 0), 3, 2, 18);
+    ExpectClaim(IL_BMP, BmpHeader(10, 5, 1, 0), 10, 5, 10);
+    ExpectClaim(IL_BMP, BmpHeader(10, 5, 32, 3), 10, 5, 200);
+    for (int runs : {1, 2})
+        ExpectClaim(IL_BMP, BmpHeader(16384, 3, 8, runs), 16384, 3, 3);
+    ExpectClaim(IL_BMP, BmpHeader(65536, 0x80000000, 24, 0), 65536, 0x80000000, 0);
+    ExpectNoClaim(IL_BMP, BmpHeader(3, 2, 24, 0).substr(0, 33));
+}
+
+TEST(PictureClaims, OfATgaAreThoseOfItsPixelsOrOfItsRuns)
+{
+    ExpectClaim(IL_TGA, TgaHeader(2, 10, 5, 24), 10, 5, 150);
+    ExpectClaim(IL_TGA, TgaHeader(2, 10, 5, 15), 10, 5, 100);
+    ExpectClaim(IL_TGA, TgaHeader(1, 10, 5, 8), 10, 5, 50);
+    ExpectClaim(IL_TGA, TgaHeader(10, 128, 4, 24), 128, 4, 16);
+    ExpectClaim(IL_TGA, TgaHeader(11, 128, 4, 8), 128, 4, 8);
+    ExpectNoClaim(IL_TGA, TgaHeader(2, 10, 5, 24).substr(0, 17));
+}
+
+TEST(PictureClaims, OfAnSgiAreThoseOfItsChannelsOrOfItsTableOfRows)
+{
+    ExpectClaim(IL_SGI, SgiHeader(0, 1, 3, 10, 20, 3), 10, 20, 600);
+    ExpectClaim(IL_SGI, SgiHeader(0, 2, 3, 10, 20, 3), 10, 20, 1200);
+    ExpectClaim(IL_SGI, SgiHeader(0, 1, 2, 10, 20, 3), 10, 20, 200);
+    ExpectClaim(IL_SGI, SgiHeader(0, 1, 1, 10, 20, 3), 10, 1, 10);
+    ExpectClaim(IL_SGI, SgiHeader(1, 1, 3, 10, 20, 4), 10, 20, 640);
+    ExpectClaim(IL_SGI, SgiHeader(0, 1, 3, 10, 20, 60000), 10, 20, 800);
+    ExpectNoClaim(IL_SGI, SgiHeader(0, 1, 3, 10, 20, 3).substr(0, 11));
+}
+
+TEST(PictureClaims, OfAPcxAreThoseOfItsRuns)
+{
+    ExpectClaim(IL_PCX, PcxHeader(8, 10, 0, 19, 4, 3), 10, 5, 4);
+    ExpectClaim(IL_PCX, PcxHeader(1, 0, 100, 629, 199, 1), 630, 100, 246);
+    ExpectClaim(IL_PCX, PcxHeader(8, 20, 20, 10, 10, 1), 1, 1, 0);
+    ExpectNoClaim(IL_PCX, PcxHeader(8, 10, 0, 19, 4, 3).substr(0, 65));
+}
+
+TEST(PictureClaims, OfOtherFormatsAreLoose)
+{
+    ExpectClaim(IL_PSD, "8BPS" + Zeros(10) + Big(10, 4) + Big(128, 4) + Big(0, 4), 128, 10, 20);
+    ExpectNoClaim(IL_PSD, "8BPS" + Zeros(10) + Big(10, 4) + Big(128, 4) + Big(0, 3));
+    ExpectClaim(IL_GIF, "GIF89a" + Little(16384, 2) + Little(9, 2), 16384, 9, 1);
+    ExpectNoClaim(IL_GIF, "GIF89a" + Little(16384, 2) + Little(9, 1));
+    ExpectNoClaim(IL_TIF, std::string(100, 'x'));
+    EXPECT_EQ(1u, LoosestPictureClaim(16384, 8).fewestBytes);
+    EXPECT_EQ(0u, LoosestPictureClaim(16384, 7).fewestBytes);
+}
+
+static const char* Refusal(uint64_t width, uint64_t height, uint64_t fewestBytes, uint64_t fileBytes)
+{
+    PictureClaim claim;
+    claim.width = width;
+    claim.height = height;
+    claim.fewestBytes = fewestBytes;
+    return WhyPictureIsRefused(claim, fileBytes);
+}
+
+TEST(PictureClaims, AreRefusedWithTheirReasonWhereTheyAreTooLargeForUsOrForTheFile)
+{
+    const char* const side = "The picture has a side of more than 16384 pixels.";
+    const char* const pixels = "The picture has more than 67108864 pixels.";
+    const char* const bytes = "The file is too short for the picture that it tells of.";
+    EXPECT_EQ(nullptr, Refusal(16384, 4096, 100, 100));
+    EXPECT_EQ(nullptr, Refusal(4096, 16384, 100, 100));
+    EXPECT_EQ(nullptr, Refusal(8192, 8192, 100, 100));
+    EXPECT_STREQ(side, Refusal(16385, 1, 0, 100));
+    EXPECT_STREQ(side, Refusal(1, 16385, 0, 100));
+    EXPECT_STREQ(side, Refusal(uint64_t{1} << 32, uint64_t{1} << 32, 0, 100));
+    EXPECT_STREQ(pixels, Refusal(8192, 8193, 0, 100));
+    EXPECT_STREQ(pixels, Refusal(16384, 16384, 0, 1000000000));
+    EXPECT_STREQ(bytes, Refusal(8192, 8192, 101, 100));
+}
