@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What ./play does with a display and without one. Everything that it calls is a stand-in that writes down
 // how it was called.
+#include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace fs = std::filesystem;
 
@@ -47,11 +47,7 @@ protected:
                           root / "guest");
     }
 
-    std::string Calls() const
-    {
-        std::ifstream file(root / "calls");
-        return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }
+    std::string Calls() const { return ReadFile(root / "calls"); }
 
     fs::path root;
 };

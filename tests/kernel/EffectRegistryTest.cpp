@@ -2,11 +2,11 @@
 #include "kernel/EffectRegistry.h"
 
 #include "tests/kernel/ProbeEffect.h"
+#include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
 #include <unistd.h>
 
 class SilentEffect : public ProbeEffect
@@ -141,14 +141,6 @@ TEST(SynchMessageTable, ListsOneOwnersMessagesInOrder)
     EXPECT_EQ("", table.ListMessages(nullptr));
 }
 
-static std::string ReadAll(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 TEST(DemoInfo, ListsEffectsWithTheirMessagesByteForByte)
 {
     EffectRegistry registry;
@@ -173,7 +165,7 @@ TEST(DemoInfo, ListsEffectsWithTheirMessagesByteForByte)
               "Description: FX_B\n"
               "Available Synch Messages:\n"
               "-----------------------------------------------------\n\n",
-              ReadAll(path));
+              ReadFile(path));
     remove(path.c_str());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The whole program as a viewer meets it: from the form to the end of a show.
 #include "tests/support/CommaLocale.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/desktop/DesktopFixture.h"
 #include "tests/support/desktop/ShowFolder.h"
@@ -8,8 +9,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 // What the white overlay adds at its peak, 0.9, over black; drivers round either way.
 static const Pixel flashed = {0xe6, 0xe6, 0xe6};
@@ -198,8 +197,7 @@ TEST_F(MainDesktop, WithoutMusicNoSoundDeviceIsNeeded)
 
 static std::vector<float> ReadSamples(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::string bytes = ReadFile(path);
     std::vector<float> samples(bytes.size() / sizeof(float));
     memcpy(samples.data(), bytes.data(), samples.size() * sizeof(float));
     return samples;

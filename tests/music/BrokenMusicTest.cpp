@@ -4,6 +4,7 @@
 // plays as if nothing had happened.
 #include "music/SoundSystem.h"
 
+#include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
 
@@ -11,7 +12,6 @@
 
 #include <cmath>
 #include <fstream>
-#include <iterator>
 
 static const unsigned mode = 0x20041;
 
@@ -21,8 +21,7 @@ protected:
     void SetUp() override
     {
         StartHandPulledSound();
-        std::ifstream file(soundfiles::Make(soundfiles::KindOf(GetParam()), 0.5), std::ios::binary);
-        whole.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        whole = ReadFile(soundfiles::Make(soundfiles::KindOf(GetParam()), 0.5));
         ASSERT_GT(whole.size(), 1000u);
         path = soundfiles::TemporaryPath("broken-" + GetParam());
     }

@@ -3,14 +3,13 @@
 #include "music/FileDecoder.h"
 
 #include "music/OggPages.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 
 #include <gtest/gtest.h>
 #include <sndfile.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 // Stereo frames from `frame` on, fewer where the music ends. Nothing is said about what comes ahead of it.
 static std::vector<float> ReadFrom(Decoder* decoder, int64_t frame, size_t count)
@@ -44,16 +43,10 @@ static std::vector<float> Part(const std::vector<float>& samples, size_t frame, 
     return std::vector<float>(from, to);
 }
 
-static std::string BytesOf(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
-
 // The file with the bytes between two parts of its length overwritten.
 static void Damage(const std::string& path, double from, double to, char value)
 {
-    std::string bytes = BytesOf(path);
+    std::string bytes = ReadFile(path);
     for (size_t at = size_t(from * double(bytes.size())); at < size_t(to * double(bytes.size())); ++at)
         bytes[at] = value;
     soundfiles::WriteBytes(path, bytes);
@@ -144,7 +137,7 @@ TEST(FileDecoder, AFlacThatIsCutOffEndsWhereItsBytesDo)
 {
     const std::string path = soundfiles::Make(soundfiles::KindOf("lossless.flac"), 10.0);
     const std::vector<float> whole = soundfiles::Decode(path);
-    const std::string bytes = BytesOf(path);
+    const std::string bytes = ReadFile(path);
     soundfiles::WriteBytes(path, bytes.substr(0, bytes.size() / 2));
     const std::unique_ptr<Decoder> decoder = FileDecoder::Open(path);
     ASSERT_NE(nullptr, decoder);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "music/Mp3Decoder.h"
 
+#include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 
 #include <gtest/gtest.h>
@@ -8,18 +9,10 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-
-static std::string BytesOf(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 static std::string Mp3Bytes()
 {
-    return BytesOf(soundfiles::Make(soundfiles::KindOf("constant.mp3"), 5.0));
+    return ReadFile(soundfiles::Make(soundfiles::KindOf("constant.mp3"), 5.0));
 }
 
 static std::string Save(const std::string& name, const std::string& bytes)
@@ -135,7 +128,7 @@ TEST(Mp3Decoder, OddFilesAreReadWithoutAWordOnTheStandardErrorStream)
 
 TEST(Mp3Decoder, AFileOfThatNameThatHoldsSomethingElseIsReadAsWhatItIs)
 {
-    const std::string wave = BytesOf(soundfiles::Make(soundfiles::KindOf("16bit.wav"), 1.0));
+    const std::string wave = ReadFile(soundfiles::Make(soundfiles::KindOf("16bit.wav"), 1.0));
     EXPECT_EQ(44100u, FramesInSilence(Save("wave.mp3", wave)));
 }
 

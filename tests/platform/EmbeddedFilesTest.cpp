@@ -1,23 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/EmbeddedFiles.h"
 
+#include "tests/support/ReadFile.h"
+
 #include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
-
-static std::string ReadWholeFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 TEST(Resources, AnEmbeddedFileIsFoundWithAllItsBytes)
 {
     const unsigned char* data = nullptr;
     size_t size = 0;
     ASSERT_TRUE(platform::FindEmbeddedFile("start-form.png", &data, &size));
-    const std::string file = ReadWholeFile(SOURCE_DIR "/platform/embedded/start-form.png");
+    const std::string file = ReadFile(SOURCE_DIR "/platform/embedded/start-form.png");
     ASSERT_FALSE(file.empty());
     EXPECT_EQ(file, std::string(reinterpret_cast<const char*>(data), size));
 }

@@ -3,6 +3,7 @@
 
 #include "music/SoundSystem.h"
 #include "platform/DebugChannel.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
 
@@ -15,8 +16,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 
 // Counts the frames that were asked for: frame n is n / 65536 left and its negative right.
 struct Source {
@@ -131,8 +130,7 @@ static std::string UseDiskDevice()
 // What the device got from the source: it may have asked for silence before it was told to run.
 static std::vector<float> ReadSound(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const std::string bytes = ReadFile(path);
     std::vector<float> floats(bytes.size() / sizeof(float));
     std::copy(bytes.begin(), bytes.begin() + long(floats.size() * sizeof(float)),
               reinterpret_cast<char*>(floats.data()));

@@ -5,6 +5,7 @@
 #include "platform/EmbeddedFiles.h"
 #include "tests/resources/ImageLibrary.h"
 #include "tests/support/PictureKinds.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"
 
 #include <IL/il.h>
@@ -12,18 +13,11 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 typedef std::vector<unsigned char> Bytes;
-
-static std::string ReadAll(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 class ImageLoading : public ShowFixture
 {
@@ -344,7 +338,7 @@ TEST_F(ImageLoading, AFileThatMayNotBeReadIsReported)
 TEST_F(ImageLoading, APngCutOffInTheMiddleIsReported)
 {
     AddPicture("whole.png", SlopePicture(40, 40));
-    const std::string whole = ReadAll(PathOf("whole.png"));
+    const std::string whole = ReadFile(PathOf("whole.png"));
     AddFile("cut.png", whole.substr(0, whole.size() / 2));
     ExpectFailure(loader->LoadImage("cut.png"), Complaint("cut.png", IL_LIB_PNG_ERROR));
 }
@@ -356,7 +350,7 @@ TEST_F(ImageLoading, AJpegCutOffInTheMiddleIsReported)
             SaveProgressiveJpeg(PathOf("whole.jpg"), SlopePicture(40, 40));
         else
             SaveJpeg(PathOf("whole.jpg"), SlopePicture(40, 40));
-        const std::string whole = ReadAll(PathOf("whole.jpg"));
+        const std::string whole = ReadFile(PathOf("whole.jpg"));
         AddFile("cut.jpg", whole.substr(0, whole.size() / 2));
         ExpectFailure(loader->LoadImage("cut.jpg"), Complaint("cut.jpg", IL_LIB_JPEG_ERROR));
     }
@@ -371,7 +365,7 @@ TEST_F(ImageLoading, APngCutOffAnywhereNeitherHangsNorReadsOutOfBounds)
     png.bytes = PatternBytes(9, 5, 1);
     png.palette = PatternBytes(16, 16, 3);
     SaveRawPng(PathOf("whole.png"), png);
-    const std::string whole = ReadAll(PathOf("whole.png"));
+    const std::string whole = ReadFile(PathOf("whole.png"));
     for (size_t size = 1; size<whole.size(); size += size> 60 && size < 740 ? 17 : 1) {
         AddFile("cut.png", whole.substr(0, size));
         ExpectWholeAnswer("cut.png");
@@ -381,7 +375,7 @@ TEST_F(ImageLoading, APngCutOffAnywhereNeitherHangsNorReadsOutOfBounds)
 TEST_F(ImageLoading, AJpegCutOffAnywhereNeitherHangsNorReadsOutOfBounds)
 {
     SaveJpeg(PathOf("whole.jpg"), SlopePicture(9, 5));
-    const std::string whole = ReadAll(PathOf("whole.jpg"));
+    const std::string whole = ReadFile(PathOf("whole.jpg"));
     for (size_t size = 1; size < whole.size(); size += 3) {
         AddFile("cut.jpg", whole.substr(0, size));
         ExpectWholeAnswer("cut.jpg");
@@ -392,7 +386,7 @@ TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
 {
     const char* const sideTooLong = "The picture has a side of more than 16384 pixels.";
     AddPicture("whole.jpg", SlopePicture(40, 40));
-    const std::string jpeg = ReadAll(PathOf("whole.jpg"));
+    const std::string jpeg = ReadFile(PathOf("whole.jpg"));
     const size_t frame = jpeg.find("\xFF\xC0");
     ASSERT_NE(std::string::npos, frame);
     std::string tall = jpeg;
@@ -419,7 +413,7 @@ TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
 
     AddPicture("whole.png", 3, 3);
     for (size_t at : {16, 20}) {
-        std::string png = ReadAll(PathOf("whole.png"));
+        std::string png = ReadFile(PathOf("whole.png"));
         png.replace(at, 4, std::string("\x00\x00\x40\x01", 4));
         AddFile("large.png", png);
         ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", sideTooLong));
@@ -432,7 +426,7 @@ TEST_F(ImageLoading, APictureOfInsaneSidesIsRefusedUnseen)
 TEST_F(ImageLoading, APictureOfTooManyPixelsIsRefusedUnseen)
 {
     AddPicture("whole.png", 3, 3);
-    std::string png = ReadAll(PathOf("whole.png"));
+    std::string png = ReadFile(PathOf("whole.png"));
     png.replace(16, 8, std::string("\x00\x00\x40\x00\x00\x00\x40\x00", 8)); // 16384 by 16384
     AddFile("large.png", png);
     ExpectFailure(loader->LoadImage("large.png"),
@@ -443,13 +437,13 @@ TEST_F(ImageLoading, AFileThatIsTooShortForItsPictureIsRefusedUnseen)
 {
     const char* const tooShort = "The file is too short for the picture that it tells of.";
     AddPicture("whole.png", 3, 3);
-    std::string png = ReadAll(PathOf("whole.png"));
+    std::string png = ReadFile(PathOf("whole.png"));
     png.replace(16, 8, std::string("\x00\x00\x20\x00\x00\x00\x20\x00", 8)); // 8192 by 8192
     AddFile("large.png", png);
     ExpectFailure(loader->LoadImage("large.png"), Complaint("large.png", tooShort));
 
     AddPicture("whole.jpg", SlopePicture(40, 40));
-    std::string jpeg = ReadAll(PathOf("whole.jpg"));
+    std::string jpeg = ReadFile(PathOf("whole.jpg"));
     jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, "\x1F\xFF\x1F\xFF");
     AddFile("large.jpg", jpeg);
     ExpectFailure(loader->LoadImage("large.jpg"), Complaint("large.jpg", tooShort));

@@ -5,10 +5,11 @@
 #include "resources/Material.h"
 #include "resources/Model.h"
 
+#include "tests/support/ReadFile.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <iterator>
 #include <locale>
 #include <unistd.h>
 
@@ -20,11 +21,7 @@ protected:
 
     void Put(const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
 
-    std::string Get()
-    {
-        std::ifstream file(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }
+    std::string Get() { return ReadFile(path); }
 
     const std::string path;
 };

@@ -6,6 +6,7 @@
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
 #include "tests/support/CommaLocale.h"
+#include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <unistd.h>
 
 // Each test has a working directory of its own.
@@ -37,11 +37,7 @@ protected:
 
     static void Put(const std::string& text) { std::ofstream("store.dep", std::ios::binary) << text; }
 
-    static std::string Get()
-    {
-        std::ifstream stream("store.dep", std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-    }
+    static std::string Get() { return ReadFile("store.dep"); }
 
     // -1 stands for "not found".
     static int ReadInteger(const std::string& text, const std::string& key)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/CaptureFixture.h"
 
+#include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace fs = std::filesystem;
 
@@ -71,8 +71,7 @@ std::vector<std::string> CaptureFixture::Names(const std::string& name) const
 
 std::string CaptureFixture::Bytes(const std::string& name) const
 {
-    std::ifstream file(PathOf(name), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    return ReadFile(PathOf(name));
 }
 
 std::vector<std::string> CaptureFixture::Environment()

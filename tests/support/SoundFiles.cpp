@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/SoundFiles.h"
+#include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>
 #include <libopenmpt/libopenmpt.h>
@@ -11,7 +12,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace soundfiles
 {
@@ -185,8 +185,7 @@ std::vector<float> Decode(const std::string& path)
 
 std::vector<float> Render(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const std::string bytes = ReadFile(path);
     openmpt_module* module =
         openmpt_module_create_from_memory2(bytes.data(), bytes.size(), openmpt_log_func_silent, nullptr,
                                            openmpt_error_func_ignore, nullptr, nullptr, nullptr, nullptr);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The manual pages of the companion programs say what the programs say.
+#include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
 #include <gtest/gtest.h>
@@ -7,17 +8,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <regex>
 #include <set>
 
 namespace fs = std::filesystem;
-
-static std::string ReadFile(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 // Options as they stand at the beginning of a line, behind nothing but blanks and a short form.
 static std::set<std::string> OptionsOfHelp(const std::string& help)

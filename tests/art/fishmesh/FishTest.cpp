@@ -6,22 +6,16 @@
 #include "art/fishmesh/Mesh.h"
 #include "platform/Paths.h"
 
+#include "tests/support/ReadFile.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 #include <unistd.h>
-
-static std::string ReadWholeFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 struct Box {
     Vector3 low, high;
@@ -68,9 +62,9 @@ TEST_F(FishInData, IsMadeByTheProgramByteForByte)
         0, system(("mkdir -p '" + folder + "' && '" BINARY_DIR "/art/fishmesh/fishmesh' -o '" + folder + "'")
                       .c_str()));
     for (const char* name : {"/fish.txt", "/fisheyes.txt"}) {
-        const std::string committed = ReadWholeFile(std::string(SOURCE_DIR "/Data") + name);
+        const std::string committed = ReadFile(std::string(SOURCE_DIR "/Data") + name);
         EXPECT_FALSE(committed.empty());
-        EXPECT_TRUE(committed == ReadWholeFile(folder + name)) << name << ": run fishmesh again";
+        EXPECT_TRUE(committed == ReadFile(folder + name)) << name << ": run fishmesh again";
     }
     std::filesystem::remove_all(folder);
 }
@@ -298,7 +292,7 @@ TEST_F(FishInData, IsTheSameOnEveryRun)
     const std::string second = testing::TempDir() + "fish-second.txt" + std::to_string(getpid());
     ASSERT_TRUE(fishmesh::WriteModelFile(fishmesh::MakeFish(), first.c_str()));
     ASSERT_TRUE(fishmesh::WriteModelFile(fishmesh::MakeFish(), second.c_str()));
-    EXPECT_TRUE(ReadWholeFile(first) == ReadWholeFile(second));
+    EXPECT_TRUE(ReadFile(first) == ReadFile(second));
     EXPECT_FALSE(fishmesh::WriteModelFile(fishmesh::MakeFish(), "no/such/folder/fish.txt"));
     std::filesystem::remove(first);
     std::filesystem::remove(second);

@@ -4,21 +4,16 @@
 #include "art/music/Noise.h"
 #include "art/music/Verify.h"
 
+#include "tests/support/ReadFile.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <unistd.h>
 
 using namespace waltz;
-
-static std::string ReadBytes(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 class SoundFiles : public testing::Test
 {
@@ -51,7 +46,7 @@ TEST_F(SoundFiles, VorbisKeepsLengthAndSoundAndIsTheSameBytesEveryTime)
 {
     ASSERT_TRUE(WriteVorbis(folder + "/a.ogg", sound));
     ASSERT_TRUE(WriteVorbis(folder + "/b.ogg", sound));
-    EXPECT_EQ(ReadBytes(folder + "/a.ogg"), ReadBytes(folder + "/b.ogg"));
+    EXPECT_EQ(ReadFile(folder + "/a.ogg"), ReadFile(folder + "/b.ogg"));
     Stereo again;
     ASSERT_TRUE(ReadSound(folder + "/a.ogg", again));
     EXPECT_EQ(sound.Size(), again.Size());

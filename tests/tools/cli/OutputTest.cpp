@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/cli/Output.h"
 
+#include "tests/support/ReadFile.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 
 #include <fcntl.h>
@@ -21,8 +22,7 @@ TEST(Output, GoesIntoAFileWithEveryByte)
     const std::string text("a\0\r\nb", 5);
     std::string reason;
     EXPECT_TRUE(cli::WriteOutput(path, text, &reason));
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_EQ(text, std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()));
+    EXPECT_EQ(text, ReadFile(path));
     std::filesystem::remove(path);
 }
 
@@ -46,11 +46,7 @@ protected:
             all += name + " ";
         return all;
     }
-    std::string Content(const std::string& name) const
-    {
-        std::ifstream file(folder + name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }
+    std::string Content(const std::string& name) const { return ReadFile(folder + name); }
 
     const std::string folder;
     std::string reason;

@@ -2,6 +2,7 @@
 // Each script of corpus/ gives exactly the output that lies beside it: NAME.txt is the script, NAME.expected
 // what marlinex-lint writes and its exit status, NAME.options, where there is one, an option a line. With
 // MARLINEX_UPDATE_GOLDEN=1 the expectations are written anew; read the difference before you keep it.
+#include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
 #include <gtest/gtest.h>
@@ -10,19 +11,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <regex>
 #include <set>
 
 namespace fs = std::filesystem;
 
 static const char* const corpus = "tests/tools/lint/corpus/";
-
-static std::string ReadFile(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 static std::vector<std::string> ScriptNames()
 {

@@ -11,6 +11,7 @@
 #include "music/MusicPlayer.h"
 #include "script/ScriptParser.h"
 #include "tests/support/RandomScript.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"
 #include "tools/lint/Entries.h"
 #include "tools/lint/Print.h"
@@ -18,16 +19,8 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace fs = std::filesystem;
-
-static std::string ReadFile(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 class Lint : public ShowFixture
 {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // marlinex-list.
+#include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
 #include "kernel/EffectRegistry.h"
@@ -10,14 +11,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <unistd.h>
-
-static std::string ReadFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 class List : public testing::Test
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // marlinex-timeline from its command line.
 #include "tests/support/PictureFiles.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/Xml.h"
@@ -8,20 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 static const std::string script = std::string(SOURCE_DIR) + "/tests/shows/AllEffects.txt";
 
 static ProgramRun Draw(const std::vector<std::string>& words)
 {
     return RunProgram("marlinex-timeline", words);
-}
-
-static std::string ReadFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
 TEST(TimelineProgram, WritesTheFormatOfTheEnding)
