@@ -24,9 +24,15 @@ static const float perspectiveAspect = 1.33f;
 static const float perspectiveNear = 0.1f;
 static const float perspectiveFar = 2000.0f;
 
+const ExtensionState* ExtensionState::GetInstance()
+{
+    static const ExtensionState instance;
+    return &instance;
+}
+
 GLWindow::GLWindow()
     : state(WindowClosed), size{0, 0}, windowHandle(nullptr), glContext(nullptr), deviceContext(nullptr),
-      clearEnabled(true)
+      clearEnabled(true), extensionState(nullptr)
 {
 }
 
@@ -74,6 +80,7 @@ bool GLWindow::Create(int width, int height, int bits, bool fullscreen)
 
     // From here on the window counts as running, even if the rest fails.
     state = WindowRunning;
+    extensionState = ExtensionState::GetInstance();
 
     if (!IsExtensionSupported("GL_ARB_point_sprite")) {
         ReportError("OGL Init", "GL_ARB_point_sprite is not supported");
@@ -99,8 +106,8 @@ void GLWindow::Destroy()
     Windows().restoreDisplayMode(); // in a windowed run too, where both change nothing
     Windows().showCursor(true);
     Windows().makeCurrent(nullptr, nullptr);
-    // The context was let go one line above, so this asks for the deletion of none, and it lives until the
-    // process ends. Textures are still deleted after this, which must find no surprises.
+    // No context is current after the line above, so this call deletes none: the context lives until the
+    // process ends. That is intended, because the textures of the show are deleted later than the window.
     Windows().deleteContext(Windows().getCurrentContext());
     Windows().destroyWindow(windowHandle);
     windowHandle = nullptr;

@@ -20,6 +20,13 @@ struct WindowSize {
     int height;
 };
 
+// What is known of the extensions beyond their names: nothing so far. One object for the process.
+class ExtensionState
+{
+public:
+    static const ExtensionState* GetInstance(); // made on first use
+};
+
 class GLWindow
 {
 public:
@@ -78,7 +85,8 @@ private:
     // Stays null for the whole run: Create keeps the context in a local. Destroy is odd because of that.
     platform::ContextHandle glContext;
     platform::DeviceContext deviceContext;
-    bool clearEnabled; // nothing ever switches it off
+    bool clearEnabled;                    // nothing ever switches it off
+    const ExtensionState* extensionState; // null until Create has a context; nothing reads it
 };
 
 // glViewport under the engine's name.

@@ -19,6 +19,7 @@ public:
     static bool Create(GLWindow* newWindow, int newWidth, int newHeight);
 
     // Drawing goes to the target from here on; colour and depth are cleared, with the target's clear colour.
+    // The viewport is the one that was last set in the target, at first the whole of it.
     static void Begin();
 
     // A perspective of width / height, near 0.1, far 2000, identity modelview, and the viewport (0, 0, width,

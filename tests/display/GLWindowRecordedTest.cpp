@@ -47,6 +47,24 @@ TEST_F(GLWindowFrame, CreationSetsTwoHintsAndNothingElseOfTheState)
     EXPECT_TRUE(gl::NoErrors());
 }
 
+TEST_F(GLWindowFrame, TheHintsComeAheadOfTheOffScreenTarget)
+{
+    GLWindow window;
+    ASSERT_TRUE(window.Create(800, 600, 32, false));
+    EXPECT_TRUE(gl::CallsContain(gl::Calls(), {"glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_NICEST)",
+                                               "glHint(GL_GENERATE_MIPMAP_HINT, GL_NICEST)", "glGenTextures",
+                                               "context 2", "context 1"}));
+}
+
+TEST_F(GLWindowFrame, AWindowWithoutTheExtensionsGetsNoGLStateAtAll)
+{
+    NullWindowState().systemExtensions = "";
+    GLWindow window;
+    EXPECT_FALSE(window.Create(800, 600, 32, false));
+    EXPECT_EQ(0, gl::CountCalls("glHint"));
+    EXPECT_EQ(1, NullWindowState().contexts) << "there is no off-screen target";
+}
+
 TEST_F(GLWindowFrame, TheBandAt600)
 {
     EXPECT_EQ((Ints{0, 89, 800, 420}), Band(800, 600, 0.85f));

@@ -46,6 +46,75 @@ protected:
     GLWindow window;
 };
 
+typedef std::vector<std::string> Calls;
+
+TEST_F(GLWindowTest, AWindowIsMadeCurrentAndShownInThisOrder)
+{
+    system.glExtensions = "";
+    window.Create(800, 600, 16, false);
+    EXPECT_EQ((Calls{"registerClass marlinex", "createWindow marlinex 560 240 800 600", "createContext 1",
+                     "makeCurrent 1", "showWindow", "loadExtensions"}),
+              system.calls);
+}
+
+TEST_F(GLWindowTest, FullScreenChangesTheModeAheadOfTheCursorAndTheWindow)
+{
+    system.glExtensions = "";
+    window.Create(800, 600, 32, true);
+    EXPECT_EQ((Calls{"registerClass marlinex", "setDisplayMode 800 600 32", "showCursor 0",
+                     "createWindow marlinex 0 0 800 600", "createContext 1", "makeCurrent 1", "showWindow",
+                     "loadExtensions"}),
+              system.calls);
+}
+
+TEST_F(GLWindowTest, NothingIsChangedBehindAStepThatFailed)
+{
+    system.refuseClass = system.refuseMode = system.refuseWindow = true;
+    EXPECT_FALSE(window.Create(800, 600, 32, true));
+    EXPECT_EQ((Calls{"registerClass marlinex"}), system.calls) << "the class comes ahead of the mode";
+
+    system.refuseClass = false;
+    system.calls.clear();
+    EXPECT_FALSE(window.Create(800, 600, 32, true));
+    EXPECT_EQ((Calls{"registerClass marlinex", "setDisplayMode 800 600 32"}), system.calls);
+}
+
+TEST_F(GLWindowTest, AWindowThatCannotBeMadeIsNeitherShownNorDrawnInto)
+{
+    system.refuseWindow = true;
+    EXPECT_FALSE(window.Create(800, 600, 32, true));
+    EXPECT_EQ((Calls{"registerClass marlinex", "setDisplayMode 800 600 32", "showCursor 0",
+                     "createWindow marlinex 0 0 800 600"}),
+              system.calls);
+    EXPECT_EQ(nullptr, window.GetWindowHandle());
+    EXPECT_EQ(nullptr, window.GetDeviceContext());
+}
+
+TEST_F(GLWindowTest, OfTwoMissingExtensionsThePointSpritesAreReportedAlone)
+{
+    system.glExtensions = system.systemExtensions = "";
+    EXPECT_FALSE(window.Create(640, 480, 32, false));
+    ExpectBox("OGL Init", "GL_ARB_point_sprite is not supported");
+    EXPECT_EQ(640, window.GetSize()->width) << "the size was known by then";
+    EXPECT_EQ(480, window.GetSize()->height);
+}
+
+TEST_F(GLWindowTest, CreationTracesGLsExtensionListOnce)
+{
+    system.glExtensions = "GL_ARB_point_sprite GL_A";
+    system.systemExtensions = "";
+    EXPECT_FALSE(window.Create(640, 480, 32, false));
+    EXPECT_EQ("GL_ARB_point_sprite GL_A", debugText);
+}
+
+TEST_F(GLWindowTest, HeightStandsBehindWidthInThePairThatGetSizeHandsOut)
+{
+    Open(&window, false);
+    const int* const pair = reinterpret_cast<const int*>(window.GetSize());
+    EXPECT_EQ(800, pair[0]);
+    EXPECT_EQ(600, pair[1]);
+}
+
 TEST_F(GLWindowTest, IsBornWithoutAWindow)
 {
     EXPECT_FALSE(window.IsRunning());
@@ -127,8 +196,8 @@ TEST_F(GLWindowTest, AWindowStandsInTheMiddleOfTheScreenWithoutAFrame)
 {
     system.glExtensions = "";
     window.Create(1024, 768, 32, false);
-    EXPECT_EQ(960 - 512, system.last.x);
-    EXPECT_EQ(540 - 384, system.last.y);
+    EXPECT_EQ(448, system.last.x);
+    EXPECT_EQ(156, system.last.y);
     EXPECT_EQ(1024, system.last.width);
     EXPECT_EQ(768, system.last.height);
     EXPECT_FALSE(system.last.fullscreen);
@@ -144,14 +213,22 @@ TEST_F(GLWindowTest, AWindowStandsInTheMiddleOfTheScreenWithoutAFrame)
     EXPECT_EQ(nullptr, window.GetContext()) << "never stored";
 }
 
+TEST_F(GLWindowTest, EachHalfIsAnIntegerDivisionOfItsOwn)
+{
+    system.glExtensions = "";
+    window.Create(1023, 767, 32, false); // on a screen of 1920 by 1080
+    EXPECT_EQ(449, system.last.x) << "960 - 511, not 897 / 2";
+    EXPECT_EQ(157, system.last.y) << "540 - 383, not 313 / 2";
+}
+
 TEST_F(GLWindowTest, HalvesAreTruncatedEachByItselfAndPlacesMayBeNegative)
 {
     system.glExtensions = "";
     system.screenWidth = 1023;
     system.screenHeight = 599;
     window.Create(1025, 801, 16, false);
-    EXPECT_EQ(511 - 512, system.last.x);
-    EXPECT_EQ(299 - 400, system.last.y);
+    EXPECT_EQ(-1, system.last.x);
+    EXPECT_EQ(-101, system.last.y);
     EXPECT_EQ(32, system.last.colourBits) << "bits serves the display mode alone";
     EXPECT_EQ(1, system.windows);
 }
@@ -308,7 +385,11 @@ TEST_F(GLWindowTest, DestroyAfterAQuitClosesTheWindowAndKeepsTheContext)
     Open(&window, true);
     platform::PostQuit(0);
     window.PumpMessage();
+    system.calls.clear();
     window.Destroy();
+    EXPECT_EQ(
+        (Calls{"restoreDisplayMode", "showCursor 1", "makeCurrent 0", "deleteContext 0", "destroyWindow"}),
+        system.calls);
     EXPECT_EQ(0, system.windows);
     EXPECT_TRUE(system.cursorVisible);
     EXPECT_EQ(0, system.modeWidth);
@@ -319,6 +400,40 @@ TEST_F(GLWindowTest, DestroyAfterAQuitClosesTheWindowAndKeepsTheContext)
     EXPECT_FALSE(window.IsRunning());
     window.Destroy();
     EXPECT_EQ(0, system.windows) << "once is enough";
+}
+
+TEST_F(GLWindowTest, AWindowedRunGivesModeAndCursorBackAsWell)
+{
+    Open(&window, false);
+    platform::PostQuit(0);
+    window.PumpMessage();
+    system.calls.clear();
+    window.Destroy();
+    EXPECT_EQ(
+        (Calls{"restoreDisplayMode", "showCursor 1", "makeCurrent 0", "deleteContext 0", "destroyWindow"}),
+        system.calls);
+}
+
+TEST_F(GLWindowTest, AQuitThatIsPumpedWithoutAWindowLetsDestroyRunOnce)
+{
+    platform::PostQuit(0);
+    window.PumpMessage();
+    window.Destroy();
+    EXPECT_EQ(5u, system.calls.size());
+    window.Destroy();
+    EXPECT_EQ(5u, system.calls.size());
+}
+
+TEST_F(GLWindowTest, TwoEscapesAreOneQuit)
+{
+    Open(&window, false);
+    platform::PostEvent({platform::EventKeyDown, platform::KeyEscape});
+    window.PumpMessage();
+    platform::PostEvent({platform::EventKeyDown, platform::KeyEscape});
+    window.PumpMessage(); // the first one's quit, which is ahead of the second Escape
+    EXPECT_FALSE(window.IsRunning());
+    EXPECT_EQ(platform::EventKeyDown, platform::TakeEvent().kind) << "one event is taken at a time";
+    EXPECT_EQ(platform::EventNone, platform::TakeEvent().kind);
 }
 
 TEST_F(GLWindowTest, ItsDestructorClosesAWindowThatSawItsQuit)

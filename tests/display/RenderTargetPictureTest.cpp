@@ -380,6 +380,20 @@ TEST_F(OffScreen, DrawingGoesToTheBackBufferOfTheWindowAgainAndToNothingElse)
     EXPECT_EQ(Red(), At(50, 50)) << "and the window's drawing was not in the target";
 }
 
+TEST_F(OffScreen, ItsViewportIsItsOwnFromTheStart)
+{
+    RenderTarget::Begin(); // and no SetProjection
+    int viewport[4];
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    Flat();
+    Fill(0, 0, 1, 1, 1, 0, 0);
+    RenderTarget::End();
+    EXPECT_EQ((std::vector<int>{0, 0, targetSide, targetSide}), std::vector<int>(viewport, viewport + 4));
+    Show();
+    for (const int place : {5, 50, 95})
+        EXPECT_EQ(Red(), At(place, place)) << "the window is smaller than the target: " << place;
+}
+
 TEST_F(OffScreen, TheBandIsAlwaysTheSameAfterwards)
 {
     int viewport[4];

@@ -52,7 +52,8 @@ TEST_F(RenderTargetCalls, TheWindowMakesItWith512By512LinearAndClamped)
          "glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, 512, 512, 0, GL_RGBA, GL_UNSIGNED_BYTE, null)",
          "context 2", "glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, 512, 512)",
          "glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, 1, 0)",
-         "glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, 1)", "context 1"}));
+         "glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, 1)",
+         "glViewport(0, 0, 512, 512)", "context 1"}));
     EXPECT_EQ(2, NullWindowState().contexts);
     EXPECT_TRUE(gl::NoErrors());
 }
@@ -110,6 +111,17 @@ TEST_F(RenderTargetCalls, TheProjectionIsOfTheGivenSizeWithNearAndFarOfItsOwn)
     EXPECT_NEAR(2 * far * near / (near - far), gl::Projection().m[14], 1e-12);
     RenderTarget::SetProjection(300, 200, 60);
     EXPECT_NEAR(f, gl::Projection().m[5], 1e-12) << "reset, not multiplied";
+}
+
+TEST_F(RenderTargetCalls, ItStartsWithAViewportOfItsOwnSize)
+{
+    Open();
+    RenderTarget::Begin();
+    EXPECT_EQ(0, gl::Now().viewport.x);
+    EXPECT_EQ(0, gl::Now().viewport.y);
+    EXPECT_EQ(512, gl::Now().viewport.width);
+    EXPECT_EQ(512, gl::Now().viewport.height);
+    RenderTarget::End();
 }
 
 TEST_F(RenderTargetCalls, APerspectiveBehindTheProjectionKeepsItsViewport)

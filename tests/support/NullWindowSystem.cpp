@@ -10,13 +10,27 @@ static int screenToken, deviceToken; // what handles point at
 
 static const int modeBits = 32; // the screen on paper has modes of any size, all of this depth
 
+static void Log(const std::string& call)
+{
+    state.calls.push_back(call);
+}
+
+static std::string Words(const char* call, std::vector<int> numbers)
+{
+    std::string words = call;
+    for (const int number : numbers)
+        words += " " + std::to_string(number);
+    return words;
+}
+
 NullWindows& NullWindowState()
 {
     return state;
 }
 
-static bool RegisterClass(const char*)
+static bool RegisterClass(const char* name)
 {
+    Log(std::string("registerClass ") + name);
     if (classRegistered || state.refuseClass)
         return false;
     classRegistered = true;
@@ -25,6 +39,7 @@ static bool RegisterClass(const char*)
 
 static bool SetDisplayMode(int width, int height, int bits)
 {
+    Log(Words("setDisplayMode", {width, height, bits}));
     if (state.refuseMode || bits != modeBits)
         return false;
     state.modeWidth = width;
@@ -34,11 +49,13 @@ static bool SetDisplayMode(int width, int height, int bits)
 
 static void RestoreDisplayMode()
 {
+    Log("restoreDisplayMode");
     state.modeWidth = state.modeHeight = 0;
 }
 
 static void ShowCursor(bool visible)
 {
+    Log(Words("showCursor", {visible}));
     state.cursorVisible = visible;
 }
 
@@ -55,6 +72,8 @@ static void SetTitle(platform::WindowHandle, const char* text)
 
 static platform::WindowHandle CreateWindow(const platform::WindowDescription& description)
 {
+    Log(std::string("createWindow ") +
+        Words(description.title, {description.x, description.y, description.width, description.height}));
     if (state.refuseWindow)
         return nullptr;
     state.last = description;
@@ -64,10 +83,14 @@ static platform::WindowHandle CreateWindow(const platform::WindowDescription& de
     return &screenToken;
 }
 
-static void ShowWindow(platform::WindowHandle) {}
-
-static void DestroyWindow(platform::WindowHandle)
+static void ShowWindow(platform::WindowHandle)
 {
+    Log("showWindow");
+}
+
+static void DestroyWindow(platform::WindowHandle window)
+{
+    Log(window == &screenToken ? "destroyWindow" : "destroyWindow of another");
     state.windows--;
 }
 
@@ -82,11 +105,13 @@ static platform::ContextHandle CreateContext(platform::DeviceContext device, pla
     if (!device || state.refuseContext)
         return nullptr;
     state.contexts++;
+    Log(Words("createContext", {state.contexts}));
     return reinterpret_cast<platform::ContextHandle>(intptr_t(state.contexts));
 }
 
 static bool MakeCurrent(platform::DeviceContext, platform::ContextHandle context)
 {
+    Log(Words("makeCurrent", {int(reinterpret_cast<intptr_t>(context))}));
     state.current = context;
     if (state.contextSwitched)
         state.contextSwitched(int(reinterpret_cast<intptr_t>(context)));
@@ -105,10 +130,14 @@ static platform::DeviceContext GetCurrentDevice()
 
 static void DeleteContext(platform::ContextHandle context)
 {
+    Log(Words("deleteContext", {int(reinterpret_cast<intptr_t>(context))}));
     state.deletedContexts += context != nullptr;
 }
 
-static void LoadExtensions() {}
+static void LoadExtensions()
+{
+    Log("loadExtensions");
+}
 
 static const char* GetExtensions(int what)
 {

@@ -5,7 +5,13 @@
 
 #include "platform/WindowSystem.h"
 
+#include <string>
+#include <vector>
+
 struct NullWindows {
+    // Each call that changes something, with its arguments: "setDisplayMode 800 600 32", "makeCurrent 2".
+    std::vector<std::string> calls;
+
     bool refuseClass = false;
     bool refuseMode = false;
     bool refuseWindow = false;
