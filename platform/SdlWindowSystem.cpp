@@ -2,6 +2,7 @@
 #include "platform/SdlWindowSystem.h"
 
 #include "platform/DebugChannel.h"
+#include "platform/DisplayModeGuard.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -65,6 +66,8 @@ static bool SetDisplayMode(int width, int height, int bits)
             continue;
         chosenMode = mode;
         modeChosen = true;
+        if (SDL_strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) // others end the mode with the process
+            StartDisplayModeGuard();
         return true;
     }
     return false;
@@ -75,6 +78,7 @@ static void RestoreDisplayMode()
     modeChosen = false;
     if (shownWindow)
         SDL_SetWindowFullscreen(shownWindow, 0);
+    EndDisplayModeGuard();
 }
 
 static void ShowCursor(bool visible)
@@ -239,6 +243,7 @@ static void ShutDown()
         return;
     shownWindow = nullptr;
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    EndDisplayModeGuard();
 }
 
 const WindowSystem& SdlWindowSystem()

@@ -27,7 +27,8 @@ struct WindowSystem {
     bool (*registerClass)(const char* name);
 
     // Chooses a full-screen mode. False if the display hasn't exactly this one. It takes force when the
-    // full-screen window appears and ends with it, or with restoreDisplayMode.
+    // full-screen window appears and ends with it, with restoreDisplayMode, or with the process, whatever way
+    // that ends (see DisplayModeGuard.h).
     bool (*setDisplayMode)(int width, int height, int bits);
     void (*restoreDisplayMode)();
 

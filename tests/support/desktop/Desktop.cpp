@@ -4,6 +4,7 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/Xrandr.h>
 
 #include <cstring>
 
@@ -122,6 +123,81 @@ Desktop::~Desktop()
     if (display)
         XCloseDisplay(X(display));
     manager.reset();
+    server.reset();
+}
+
+// The screen's modes
+
+static std::string ModeName(int modeWidth, int modeHeight)
+{
+    return std::to_string(modeWidth) + "x" + std::to_string(modeHeight);
+}
+
+bool Desktop::AddMode(int modeWidth, int modeHeight)
+{
+    Display* const x = X(display);
+    const Window root = DefaultRootWindow(x);
+    std::string modeName = ModeName(modeWidth, modeHeight);
+    XRRModeInfo mode = {};
+    mode.width = mode.hTotal = unsigned(modeWidth);
+    mode.height = mode.vTotal = unsigned(modeHeight);
+    mode.dotClock = mode.width * mode.height * 60UL;
+    mode.name = modeName.data();
+    mode.nameLength = unsigned(modeName.size());
+    XRRScreenResources* resources = XRRGetScreenResourcesCurrent(x, root);
+    if (!resources || resources->noutput < 1)
+        return false;
+    const RRMode id = XRRCreateMode(x, root, &mode);
+    XRRAddOutputMode(x, resources->outputs[0], id);
+    XSync(x, False);
+    XRRFreeScreenResources(resources);
+    return id != None;
+}
+
+bool Desktop::SetMode(int modeWidth, int modeHeight)
+{
+    Display* const x = X(display);
+    const Window root = DefaultRootWindow(x);
+    const int millimetres = 100; // any will do
+    XRRScreenResources* resources = XRRGetScreenResourcesCurrent(x, root);
+    if (!resources || resources->ncrtc < 1)
+        return false;
+    bool set = false;
+    for (int i = 0; i < resources->nmode && !set; ++i) {
+        if (resources->modes[i].name != ModeName(modeWidth, modeHeight))
+            continue;
+        XGrabServer(x);
+        XRRSetCrtcConfig(x, resources, resources->crtcs[0], CurrentTime, 0, 0, None, RR_Rotate_0, nullptr, 0);
+        XRRSetScreenSize(x, root, modeWidth, modeHeight, millimetres, millimetres);
+        set = XRRSetCrtcConfig(x, resources, resources->crtcs[0], CurrentTime, 0, 0, resources->modes[i].id,
+                               RR_Rotate_0, resources->outputs, 1) == RRSetConfigSuccess;
+        XUngrabServer(x);
+        XSync(x, False);
+    }
+    XRRFreeScreenResources(resources);
+    return set;
+}
+
+std::string Desktop::Mode()
+{
+    Display* const x = X(display);
+    XRRScreenResources* resources = XRRGetScreenResourcesCurrent(x, DefaultRootWindow(x));
+    if (!resources)
+        return "";
+    std::string mode;
+    if (XRRCrtcInfo* crtc = XRRGetCrtcInfo(x, resources, resources->crtcs[0])) {
+        mode = ModeName(int(crtc->width), int(crtc->height));
+        XRRFreeCrtcInfo(crtc);
+    }
+    XRRFreeScreenResources(resources);
+    return mode;
+}
+
+void Desktop::KillServer()
+{
+    manager.reset();
+    XCloseDisplay(X(display));
+    display = nullptr;
     server.reset();
 }
 

@@ -29,8 +29,13 @@ public:
     Desktop& operator=(const Desktop&) = delete;
 
     // False if one of the programs is missing or doesn't come up. The size is also the only full-screen mode
-    // that the screen has.
+    // that the screen has, until AddMode gives it another.
     bool Start(int width, int height, Manager manager = WithWindowManager);
+
+    // Gives the screen one more mode, which must not be larger than the screen at its start.
+    bool AddMode(int modeWidth, int modeHeight);
+    bool SetMode(int modeWidth, int modeHeight); // switches to one of the screen's modes
+    std::string Mode();                          // the one in force, "1024x768"
 
     // Sets the desktop's dots per inch; programs started from then on see them.
     void SetDotsPerInch(int dpi);
@@ -44,6 +49,9 @@ public:
     // directory is the test's own if none is named. Null if it can't be started. It ends with the desktop.
     Process* Run(const std::string& program, const std::vector<std::string>& arguments = {},
                  const std::string& directory = "");
+
+    // Ends the X server, as a crash of it would.
+    void KillServer();
 
     // Windows that are on the screen, by their exact title: the lowest one first. Those without a class
     // don't count, so that windows of the window manager itself are left out.
