@@ -12,7 +12,7 @@
 
 namespace fs = std::filesystem;
 
-static const int longestTune = 5000; // milliseconds; a longer show ends in silence
+static const int maxTune = 5000; // milliseconds; a longer show ends in silence
 
 CaptureFixture::CaptureFixture()
 {
@@ -47,7 +47,7 @@ void CaptureFixture::WriteFlashShow(int milliseconds, bool withMusic)
     if (withMusic) {
         script += "[MUSIC]\nFileName=tune.wav;\n";
         soundfiles::Kind kind = soundfiles::KindOf("16bit.wav");
-        const int music = std::min(milliseconds, longestTune);
+        const int music = std::min(milliseconds, maxTune);
         soundfiles::Write(PathOf("Data/tune.wav"),
                           soundfiles::Tune(kind.rate, kind.channels, kind.rate * music / 1000), kind);
     }

@@ -7,13 +7,15 @@
 namespace capture
 {
 
-static const int gap = 8;                    // pixels between the tiles and round them
-static const int labelHeight = 16;           // under each tile
-static const int64_t mostPixels = 200000000; // of a sheet: what a viewer of pictures still opens
+// Pixels.
+static const int gap = 8;          // between the tiles and around them
+static const int labelHeight = 16; // below each tile
+
+static const int64_t maxPixels = 200000000; // of a sheet; image viewers refuse much larger ones
 static const unsigned char paper[3] = {16, 16, 20};
 static const unsigned char ink[3] = {200, 200, 190};
 
-// The few characters that a time is written with, 3 pixels wide and 5 high, drawn here double.
+// The characters of a time, 3 pixels wide and 5 high. They are drawn at twice that size.
 static const int glyphWidth = 3;
 static const int glyphHeight = 5;
 static const int glyphScale = 2;
@@ -45,15 +47,15 @@ ContactSheet::ContactSheet(OutputFile& outputFile, int tileColumns, int tilePixe
 {
 }
 
-bool ContactSheet::Begin(int width, int height, const Schedule& schedule)
+bool ContactSheet::Begin(int width, int height, const FrameSelection& selection)
 {
-    rate = schedule.rate;
+    rate = selection.rate;
     tileHeight = std::max(1, (tileWidth * height + width / 2) / width);
-    const int across = int(std::min<int64_t>(columns, schedule.picks));
-    const int down = int((schedule.picks + columns - 1) / columns);
+    const int across = int(std::min<int64_t>(columns, selection.picks));
+    const int down = int((selection.picks + columns - 1) / columns);
     sheet.width = gap + across * (tileWidth + gap);
     sheet.height = gap + down * (tileHeight + labelHeight + gap);
-    if (int64_t(sheet.width) * sheet.height > mostPixels) {
+    if (int64_t(sheet.width) * sheet.height > maxPixels) {
         error = "a sheet of that many tiles of that size is too large: " + std::to_string(sheet.width) +
                 " x " + std::to_string(sheet.height) + " pixels";
         return false;
@@ -64,7 +66,7 @@ bool ContactSheet::Begin(int width, int height, const Schedule& schedule)
     return true;
 }
 
-// The mean of all pixels of the frame that lie under a pixel of the tile.
+// Each pixel of the tile is the mean of the pixels of the frame that it covers.
 static void Shrink(const Frame& frame, RgbPicture& sheet, int left, int top, int width, int height)
 {
     for (int y = 0; y < height; y++) {
@@ -103,7 +105,7 @@ static void DrawText(RgbPicture& sheet, const std::string& text, int left, int t
     }
 }
 
-// "1:07.50", to the hundredth: enough to find the place in a script, short enough for a small tile.
+// "1:07.50": hundredths are precise enough to find the place in a script and fit under a small tile.
 static std::string Label(int64_t hundredths)
 {
     const std::string decimals = std::to_string(100 + hundredths % 100).substr(1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All frames taken on one picture, in rows, each above its time in the show.
+// Draws all captured frames into one picture: small, in rows, each with its time in the show below it.
 #pragma once
 
 #include "tools/capture/FrameSink.h"
@@ -11,13 +11,13 @@ namespace capture
 class ContactSheet : public FrameSink
 {
 public:
-    // Tiles of that width in pixels, in rows of `tileColumns`. The frames' shape is kept. The file is open
-    // and borrowed.
+    // The tiles are `tilePixels` wide, in rows of `tileColumns`, and have the aspect ratio of the frames. The
+    // file must be open and is borrowed.
     ContactSheet(OutputFile& outputFile, int tileColumns, int tilePixels);
 
-    bool Begin(int width, int height, const Schedule& schedule) override;
+    bool Begin(int width, int height, const FrameSelection& selection) override;
     bool Take(std::unique_ptr<Frame> frame) override;
-    bool Finish(bool keep) override; // writes the file, as far as it got
+    bool Finish(bool keep) override; // writes the file; tiles of frames that did not come stay empty
 
 private:
     OutputFile& file;

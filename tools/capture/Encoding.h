@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What ffmpeg is told to make of the frames, by the end of the file's name.
+// The command lines of ffmpeg. The format depends on the ending of the file's name:
 //
-//   .mp4 .mov .m4v   H.264 and AAC for every player, the colours of HDTV, the index in front
-//   .mkv             FFV1 and float samples: each pixel and each sample as the show made it
-//   others           what ffmpeg makes of such a name
-// A stream without an ending in its name gets what .mkv has.
+//   .mp4 .mov .m4v   H.264 and AAC, BT.709 colours, the index at the start of the file
+//   .mkv             FFV1 and 32-bit float samples, both lossless
+//   others           the codecs that ffmpeg chooses for the ending
+// A stream without an ending gets the format of .mkv.
 #pragma once
 
 #include "tools/capture/FrameRate.h"
@@ -22,7 +22,7 @@ struct Encoding {
     FrameRate rate;
     int threads = 1;
     bool sound = false;
-    std::string more; // further arguments, divided by blanks
+    std::string more; // further arguments for ffmpeg, separated by blanks
 
     // True where, without further arguments, each frame becomes one packet of the file.
     bool HasOnePacketPerFrame() const;
@@ -35,8 +35,8 @@ bool NeedsEvenSize(const std::string& output);
 // stereo frames on "pipe:3".
 std::vector<std::string> EncoderCommand(const Encoding& encoding);
 
-// The command that reads a list of parts on its standard input (JoinList) and the music as above. The
-// pictures are taken over as they are.
+// The command that reads a list of parts (JoinList) on its standard input, and the music on "pipe:3". The
+// encoded pictures are copied.
 std::vector<std::string> JoinCommand(const Encoding& encoding);
 struct VideoPart {
     std::string path;

@@ -8,12 +8,13 @@ namespace capture
 
 static const int64_t microsecondsPerSecond = 1000000;
 static const int decimals = 6;
-static const int64_t longestTime = int64_t(5000000) * microsecondsPerSecond; // beyond any time of a script
-static const int mostColons = 2;
+static const int64_t maxTime =
+    int64_t(5000000) * microsecondsPerSecond; // above every time that a script can have
+static const int maxColons = 2;
 
 int64_t FrameRate::FramesBefore(int64_t microseconds) const
 {
-    // The whole seconds and the rest apart: their product with the rate stays far within 64 bits.
+    // Whole seconds and the remainder are multiplied separately, so that the products fit into 64 bits.
     const int64_t perFrames = seconds * microsecondsPerSecond;
     const int64_t whole = microseconds / perFrames;
     const int64_t rest = (microseconds % perFrames) * frames;
@@ -37,7 +38,8 @@ static bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-// Takes digits off the text from *place on. False if there are none or the number is above `most`.
+// Reads digits of the text from *place on and moves *place behind them. False if there are none or the number
+// is above `most`.
 static bool TakeNumber(const std::string& text, size_t* place, int64_t most, int64_t* number)
 {
     const size_t begin = *place;
@@ -76,14 +78,14 @@ bool ReadTime(const std::string& text, int64_t* microseconds)
     int64_t whole = 0;
     for (int part = 0;; part++) {
         int64_t number = 0;
-        if (!TakeNumber(text, &place, longestTime / microsecondsPerSecond, &number))
+        if (!TakeNumber(text, &place, maxTime / microsecondsPerSecond, &number))
             return false;
-        if (part > 0 && number > 59) // minutes and seconds behind a colon
+        if (part > 0 && number > 59) // minutes and seconds after a colon
             return false;
         whole = whole * 60 + number;
         if (place == text.size() || text[place] != ':')
             break;
-        if (part == mostColons)
+        if (part == maxColons)
             return false;
         ++place;
     }
@@ -97,7 +99,7 @@ bool ReadTime(const std::string& text, int64_t* microseconds)
         for (size_t digits = place - begin; digits < size_t(decimals); digits++)
             fraction *= 10;
     }
-    if (place != text.size() || whole > longestTime / microsecondsPerSecond)
+    if (place != text.size() || whole > maxTime / microsecondsPerSecond)
         return false;
     *microseconds = whole * microsecondsPerSecond + fraction;
     return true;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How many frames make a second, as a fraction, and what follows from it. All of it is exact: no figure here
-// has ever been a floating-point number.
+// A frame rate as a fraction, and conversions between frame numbers, times and text. All arithmetic is on
+// integers and exact.
 //
 // CONVENTIONS
 //   Frames are counted from 0, the frame at time 0 of the show. Frame n shows the moment n / rate.
@@ -14,7 +14,7 @@ namespace capture
 {
 
 struct FrameRate {
-    static constexpr int64_t Largest = 1000000; // of either part
+    static constexpr int64_t Largest = 1000000; // allowed for either field
 
     int64_t frames = 60;
     int64_t seconds = 1;
@@ -23,7 +23,8 @@ struct FrameRate {
     // of that length have that many frames.
     int64_t FramesBefore(int64_t microseconds) const;
 
-    // The moment of a frame in units of 1 / perSecond seconds, rounded down. perSecond is at most 10^9.
+    // The time at which a frame begins, in units of 1 / perSecond seconds, rounded down. perSecond is at most
+    // 10^9.
     int64_t MomentOf(int64_t frame, int64_t perSecond) const;
 
     // "60" or "60000/1001".

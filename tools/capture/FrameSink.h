@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Where captured frames go: a video, numbered pictures, a contact sheet.
+// The destination of captured frames: a video, numbered pictures or a contact sheet.
 #pragma once
 
-#include "tools/capture/Schedule.h"
+#include "tools/capture/FrameSelection.h"
 
 #include <memory>
 #include <string>
@@ -11,18 +11,17 @@
 namespace capture
 {
 
-// One finished frame of the show, read back from the window.
+// One frame of the show as it was read back from the window.
 struct Frame {
-    int64_t number = 0; // of the show, from 0, whatever part of it is captured
+    int64_t number = 0; // counted from the first frame of the show, which is 0
     int width = 0;      // pixels
     int height = 0;
-    std::vector<unsigned char>
-        pixels; // red, green, blue and a fourth byte that means nothing; bottom row first
 
-    const unsigned char* Row(int y) const // y counts from the top
-    {
-        return &pixels[size_t(height - 1 - y) * size_t(width) * 4];
-    }
+    // Red, green, blue and an unused byte for each pixel, without padding. The bottom row comes first.
+    std::vector<unsigned char> pixels;
+
+    // The first pixel of a row; y counts from the top.
+    const unsigned char* Row(int y) const { return &pixels[size_t(height - 1 - y) * size_t(width) * 4]; }
 };
 
 class FrameSink
@@ -30,13 +29,13 @@ class FrameSink
 public:
     virtual ~FrameSink() {}
 
-    // Order of calls: Begin once, Take for each frame that the schedule wants, in order, and Finish once. All
-    // of them give false after a failure, whose reason stands in `error`; the capture is over then.
-    virtual bool Begin(int width, int height, const Schedule& schedule) = 0;
+    // Order of calls: Begin once, Take for each selected frame in ascending order, Finish once. Each returns
+    // false if it fails and sets `error`; after a failure only Finish may be called.
+    virtual bool Begin(int width, int height, const FrameSelection& selection) = 0;
     virtual bool Take(std::unique_ptr<Frame> frame) = 0;
 
-    // What was taken becomes complete and usable, also when it is less than was announced: an interruption
-    // ends so. With keep false the show has failed, and one file is not left behind or replaced.
+    // Completes the output with the frames taken so far; after an interruption these are fewer than Begin was
+    // told. keep is false if the show failed: then no video or sheet is written or replaced.
     virtual bool Finish(bool keep) = 0;
 
     std::string error;

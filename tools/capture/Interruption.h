@@ -16,7 +16,7 @@ void CatchInterruptions();
 bool IsInterrupted();
 
 // A child that is sent SIGCONT when a signal comes, 0 for none: a capture that waits for a stopped encoder
-// could not end otherwise. One at a time; set it back to 0 before the child is waited for.
+// could not end otherwise. One at a time.
 void ContinueOnInterruption(pid_t child);
 
 } // namespace capture

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/capture/Join.h"
 
+#include "tools/capture/FfmpegProcess.h"
 #include "tools/capture/MusicFeed.h"
 #include "tools/capture/VideoProbe.h"
 
@@ -10,7 +11,7 @@ namespace capture
 {
 
 bool JoinParts(const std::vector<std::string>& parts, OutputFile& file, const Encoding& encoding,
-               const Schedule& schedule, MusicTrack* track, std::string* error)
+               const FrameSelection& selection, MusicTrack* track, std::string* error)
 {
     int64_t frames = 0;
     std::vector<VideoPart> counted;
@@ -26,9 +27,9 @@ bool JoinParts(const std::vector<std::string>& parts, OutputFile& file, const En
             return false;
         frames += counted.back().frames;
     }
-    if (frames != schedule.end - schedule.first) {
+    if (frames != selection.end - selection.first) {
         *error = "the parts have " + std::to_string(frames) + " frames together, the show has " +
-                 std::to_string(schedule.end - schedule.first) +
+                 std::to_string(selection.end - selection.first) +
                  ": one is missing, incomplete or there twice, or they were made at another rate";
         return false;
     }
@@ -36,19 +37,19 @@ bool JoinParts(const std::vector<std::string>& parts, OutputFile& file, const En
     Encoding joined = encoding;
     joined.output = file.Name();
     joined.streamed = file.IsStream();
-    ChildProcess joiner;
-    const std::string list = JoinList(counted, schedule.rate);
+    FfmpegProcess joiner;
+    const std::string list = JoinList(counted, selection.rate);
     if (joiner.Start(JoinCommand(joined), file.IsStream() ? file.Descriptor() : -1))
-        joiner.WriteFirst(list.data(), list.size()); // if that fails, so does the joiner
-    joiner.CloseFirst();
+        joiner.process.WriteFirst(list.data(), list.size()); // if that fails, so does the joiner
+    joiner.process.CloseFirst();
     if (track) {
-        MusicFeed feed(joiner, *track);
-        feed.Start(schedule.rate.MomentOf(schedule.first, MusicTrack::Rate));
-        feed.End(schedule.rate.MomentOf(schedule.end, MusicTrack::Rate));
+        MusicFeed feed(joiner.process, *track);
+        feed.Start(selection.rate.MomentOf(selection.first, MusicTrack::Rate));
+        feed.End(selection.rate.MomentOf(selection.end, MusicTrack::Rate));
     }
     if (joiner.Finish())
         return KeepVideo(file, joined, frames, error);
-    *error = joiner.error;
+    *error = joiner.Error();
     file.Discard();
     return false;
 }

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: MIT
-// The parts of a video as one: pictures as they are, the music anew from its file, so that it has no seams.
+// Concatenates the parts of a video. The encoded pictures are copied; the music is encoded anew from its
+// file, so that there are no gaps in it.
 #pragma once
 
 #include "tools/capture/Encoding.h"
+#include "tools/capture/FrameSelection.h"
 #include "tools/capture/MusicTrack.h"
 #include "tools/capture/OutputFile.h"
-#include "tools/capture/Schedule.h"
 
 namespace capture
 {
 
-// The schedule is that of the whole; the file is open; track is null for a silent video. False: *error says
-// why. Parts whose frames are not as many as the schedule's are refused before anything is written.
+// The selection is that of the whole video. The file must be open. If track is null the result has no sound.
+// Parts whose frames together are not as many as the selection has are refused before anything is written.
+// False: *error says why.
 bool JoinParts(const std::vector<std::string>& parts, OutputFile& file, const Encoding& encoding,
-               const Schedule& schedule, MusicTrack* track, std::string* error);
+               const FrameSelection& selection, MusicTrack* track, std::string* error);
 
 } // namespace capture

@@ -36,22 +36,23 @@ static int Complain(const std::string& text, int status = exitFailed)
     return status;
 }
 
-// Without memory, or without threads, the standard library throws what nobody here catches.
+// The standard library throws std::bad_alloc or std::system_error if memory or threads can't be had. Nothing
+// here catches them.
 [[noreturn]] static void EndWithoutMemory()
 {
     OutputFile::DiscardAll();
     _exit(Complain("the system refuses more memory or more threads"));
 }
 
-static Schedule ScheduleOf(const Options& options, int64_t duration)
+static FrameSelection SelectionOf(const Options& options, int64_t duration)
 {
     const int64_t to = options.to < 0 ? duration : std::min(options.to, duration);
-    const Schedule schedule = Schedule::Of(options.rate, options.from, to);
+    const FrameSelection selection = FrameSelection::Of(options.rate, options.from, to);
     if (options.segments > 1)
-        return schedule.Part(options.segment, options.segments);
+        return selection.Part(options.segment, options.segments);
     if (options.every)
-        return schedule.Every(options.every);
-    return options.kind == OutputSheet ? schedule.Spread(options.tiles) : schedule;
+        return selection.Every(options.every);
+    return options.kind == OutputSheet ? selection.Spread(options.tiles) : selection;
 }
 
 static Encoding EncodingOf(const Options& options)
@@ -82,8 +83,8 @@ static double ProcessorSeconds(int who)
            double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
 }
 
-// By the clock on the wall, where the show waits for an encoder that works meanwhile, and by what the
-// processors did, which other programs on the machine change little.
+// Reports wall clock time, which includes waiting for the encoder, and processor time, which depends less on
+// other programs on the machine.
 static void TellTiming(const ShowPlayer& show)
 {
     const Timing& timing = show.timing;
@@ -96,32 +97,32 @@ static void TellTiming(const ShowPlayer& show)
             ProcessorSeconds(RUSAGE_SELF), ProcessorSeconds(RUSAGE_CHILDREN), show.renderer.c_str());
 }
 
-static int Join(const Options& options, OutputFile& file, const Schedule& schedule, MusicTrack* track)
+static int Join(const Options& options, OutputFile& file, const FrameSelection& selection, MusicTrack* track)
 {
     Encoding encoding = EncodingOf(options);
     encoding.rate = options.rate;
     encoding.sound = track != nullptr;
     std::string error;
-    if (!JoinParts(options.parts, file, encoding, schedule, track, &error))
+    if (!JoinParts(options.parts, file, encoding, selection, track, &error))
         return Complain(error);
     if (!options.quiet)
         fprintf(stderr, "%s: %zu parts joined\n", options.output.c_str(), options.parts.size());
     return cli::ExitClean;
 }
 
-static int Capture(const Options& options, OutputFile& file, ShowPlayer& show, const Schedule& schedule,
-                   MusicTrack* track)
+static int Capture(const Options& options, OutputFile& file, ShowPlayer& show,
+                   const FrameSelection& selection, MusicTrack* track)
 {
     const std::unique_ptr<FrameSink> sink = SinkOf(options, file, track);
     const int width = int(options.width);
     const int height = int(options.height);
-    if (!sink->Begin(width, height, schedule))
+    if (!sink->Begin(width, height, selection))
         return Complain(sink->error);
 
     Progress progress(options.quiet ? nullptr : stderr);
-    progress.Begin(schedule.Pick(0), schedule.Pick(schedule.picks - 1) + 1, schedule.picks);
+    progress.Begin(selection.Pick(0), selection.Pick(selection.picks - 1) + 1, selection.picks);
     const double start = Progress::Now();
-    const PlayResult result = show.Play(width, height, schedule, *sink, progress);
+    const PlayResult result = show.Play(width, height, selection, *sink, progress);
     const bool finished = sink->Finish(result != PlayFailed);
     const double seconds = Progress::Now() - start;
     progress.Clear();
@@ -139,14 +140,15 @@ static int Capture(const Options& options, OutputFile& file, ShowPlayer& show, c
     return result == PlayInterrupted ? exitInterrupted : cli::ExitClean;
 }
 
-// What can be told at once, before the show is loaded. ExitClean: all is well.
+// Reads the script, checks the data directory and opens the output, all before the show is loaded. Returns
+// ExitClean, or the exit status after a failure that was reported.
 static int Prepare(const Options& options, std::string* script, OutputFile* file)
 {
     std::string reason;
     if (!cli::ReadInput(options.script, script, &reason))
         return IsInterrupted() ? exitInterrupted : Complain(options.script + ": " + reason, cli::ExitUsage);
     const std::string data = platform::GetDataDirectory();
-    // With a slash behind it a name means a directory.
+    // A path that ends with a slash must be a directory.
     if (access((data + "/").c_str(), R_OK | X_OK) != 0)
         return Complain("the data directory can't be read: " + data + ": " + strerror(errno), cli::ExitUsage);
     if (options.kind != OutputPictures &&
@@ -160,8 +162,7 @@ static int Run(const Options& options)
 {
     std::set_terminate(EndWithoutMemory);
     CatchInterruptions();
-    // A broken pipe, and a file larger than the user may make, are errors of write; ffmpeg inherits the
-    // latter.
+    // A broken pipe and a file above the size limit shall be errors of write. ffmpeg inherits the second.
     signal(SIGPIPE, SIG_IGN);
     signal(SIGXFSZ, SIG_IGN);
     std::string script;
@@ -175,18 +176,18 @@ static int Run(const Options& options)
         return Complain(show.error);
     if (show.Duration() == 0)
         return Complain(options.script + ": the script puts nothing on the timeline");
-    const Schedule schedule = ScheduleOf(options, show.Duration());
-    if (schedule.first == schedule.end)
+    const FrameSelection selection = SelectionOf(options, show.Duration());
+    if (selection.first == selection.end)
         return Complain("there is no frame in that part: the show is " + TimeText(show.Duration()) + " long",
                         cli::ExitUsage);
 
-    // A part has no sound: what compresses sound would leave a gap at each seam.
+    // Segments are made without sound, because AAC would leave a gap between two of them. --join adds it.
     MusicTrack music;
     if (options.kind == OutputVideo && options.music && options.segments == 1 && !music.Open(script))
         return Complain(music.error);
     MusicTrack* const track = music.IsSilent() ? nullptr : &music;
-    return options.join ? Join(options, file, schedule, track)
-                        : Capture(options, file, show, schedule, track);
+    return options.join ? Join(options, file, selection, track)
+                        : Capture(options, file, show, selection, track);
 }
 
 int main(int argc, char** argv)
@@ -206,6 +207,7 @@ int main(int argc, char** argv)
         return line.exitStatus;
     const int status = Run(options);
     fflush(nullptr);
-    // Effects and GL live to the end of the process and have no order in which they could go.
+    // No destructors of static objects: effects and GL objects live to the end of the process, and there is
+    // no order in which they could be destroyed.
     _exit(status);
 }

@@ -8,7 +8,7 @@ namespace capture
 
 static const int64_t pieceFrames = 4096;
 
-MusicFeed::MusicFeed(ChildProcess& encoder, MusicTrack& track)
+MusicFeed::MusicFeed(platform::ChildProcess& encoder, MusicTrack& track)
     : process(encoder), music(track), next(0), allowed(0), leadEnd(0), ending(false)
 {
 }
@@ -54,7 +54,7 @@ void MusicFeed::Run()
         int64_t count;
         {
             std::unique_lock<std::mutex> lock(mutex);
-            // The lead is for the start, and gone when the pictures have caught up with it.
+            // Once the pictures have caught up with the lead it has no effect any more.
             const auto limit = [this] { return ending ? allowed : std::max(allowed, leadEnd); };
             changed.wait(lock, [&] { return ending || next < limit(); });
             count = std::min(limit() - next, pieceFrames);
@@ -64,7 +64,7 @@ void MusicFeed::Run()
         music.Read(piece.data(), int(count));
         next += count;
         if (!process.WriteSecond(piece.data(), size_t(count) * sizeof(StereoFrame)))
-            break; // the pictures' side finds out why
+            break; // the encoder has ended; whoever writes the pictures reports why
     }
     process.CloseSecond();
 }

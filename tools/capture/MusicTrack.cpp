@@ -12,7 +12,7 @@ namespace capture
 
 bool MusicTrack::Open(const std::string& script)
 {
-    // A stream over nothing can't be had everywhere, and an empty script has no music.
+    // fmemopen of no bytes fails in some C libraries. An empty script has no music.
     FILE* const file =
         script.empty() ? nullptr : fmemopen(const_cast<char*>(script.data()), script.size(), "rb");
     if (!file)
@@ -25,7 +25,7 @@ bool MusicTrack::Open(const std::string& script)
         const std::string body = parser.ReadBlockBody(stream);
         std::string name;
         if (type == BlockMusic)
-            parser.GetValue(body, "FileName", &name); // with or without its ;, as the show takes it
+            parser.GetValue(body, "FileName", &name); // also without the final ;, as in the show
         if (name.empty())
             continue;
         const std::string path = platform::DataPath("Data\\" + name);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The music of a show as samples: decoded from its file, frame 0 of the music at time 0 of the show, as the
-// show starts it. Not recorded from a device, so every sample is the file's own.
+// Decodes the music of a show from its file. Sample 0 of the music is at time 0 of the show. No sound device
+// is involved, so the samples are exactly those of the file.
 #pragma once
 
 #include "music/StereoReader.h"
@@ -14,7 +14,7 @@ namespace capture
 class MusicTrack
 {
 public:
-    static constexpr int Rate = 44100; // Hz, the mix of the show
+    static constexpr int Rate = 44100; // Hz, the rate at which the show mixes
 
     // Finds the music of a script, given as the text of its file: the last [MUSIC] block that names a file of
     // the data directory. All of them must open, as they must in the show. False: `error` says which one
@@ -22,10 +22,11 @@ public:
     bool Open(const std::string& script);
     bool IsSilent() const { return !reader; }
 
-    // The next Read begins at that sample of the show, from 0.
+    // Sets the sample at which the next Read begins, counted from the start of the show.
     void Seek(int64_t sample);
 
-    // Fills count frames, with silence where the music is over. Full scale at most, as a device is handed it.
+    // Decodes `count` stereo frames; past the end of the music they are silent. Values are clamped to -1..1,
+    // as for a sound device.
     void Read(StereoFrame* frames, int count);
 
     std::string error;

@@ -14,11 +14,11 @@
 namespace capture
 {
 
-static const int64_t largestSide = 16384; // pixels
-static const int64_t mostSegments = 100000;
-static const int64_t mostTiles = 10000;
-static const int64_t widestTile = 2048;
-static const int64_t mostThreads = 256;
+static const int64_t maxSide = 16384; // pixels
+static const int64_t maxSegments = 100000;
+static const int64_t maxTiles = 10000;
+static const int64_t maxTileWidth = 2048;
+static const int64_t maxThreads = 256;
 
 const std::vector<cli::Option>& OptionTable()
 {
@@ -58,7 +58,7 @@ const std::vector<cli::Option>& OptionTable()
     return table;
 }
 
-// "640x480" and "1/3": two numbers with a character between.
+// Reads two numbers with a character between them, such as "640x480" or "1/3".
 static bool ReadPair(const std::string& text, char between, int64_t* first, int64_t* second)
 {
     const char* const end = text.data() + text.size();
@@ -81,9 +81,9 @@ static bool ReadSize(cli::CommandLine& line, Options* options)
         return true;
     const std::string text = line.Value("size");
     if (ReadPair(text, 'x', &options->width, &options->height) && options->width >= 1 &&
-        options->height >= 1 && options->width <= largestSide && options->height <= largestSide)
+        options->height >= 1 && options->width <= maxSide && options->height <= maxSide)
         return true;
-    return Refuse(line, "option --size needs two numbers of 1 to " + std::to_string(largestSide) +
+    return Refuse(line, "option --size needs two numbers of 1 to " + std::to_string(maxSide) +
                             " such as 640x480, not \"" + text + "\"");
 }
 
@@ -138,7 +138,7 @@ static bool ReadSegment(cli::CommandLine& line, Options* options)
         return true;
     const std::string text = line.Value("segment");
     if (!ReadPair(text, '/', &options->segment, &options->segments) || options->segment < 1 ||
-        options->segment > options->segments || options->segments > mostSegments)
+        options->segment > options->segments || options->segments > maxSegments)
         return Refuse(line, "option --segment needs the part and the number of parts such as 1/4, not \"" +
                                 text + "\"");
     if (line.Has("sheet") || line.Has("every"))
@@ -184,10 +184,10 @@ bool ReadOptions(cli::CommandLine& line, Options* options)
     options->quiet = line.Has("quiet");
     if (!ReadOutput(line, options) || !ReadOperands(line, options) || !ReadSize(line, options) ||
         !ReadTimes(line, options) || !ReadSegment(line, options) ||
-        !line.WholeNumber("columns", 1, mostTiles, &options->columns) ||
-        !line.WholeNumber("tiles", 1, mostTiles, &options->tiles) ||
-        !line.WholeNumber("tile-width", 1, widestTile, &options->tileWidth) ||
-        !line.WholeNumber("threads", 1, mostThreads, &options->threads))
+        !line.WholeNumber("columns", 1, maxTiles, &options->columns) ||
+        !line.WholeNumber("tiles", 1, maxTiles, &options->tiles) ||
+        !line.WholeNumber("tile-width", 1, maxTileWidth, &options->tileWidth) ||
+        !line.WholeNumber("threads", 1, maxThreads, &options->threads))
         return false;
     if (options->threads == 0)
         options->threads = std::max(1u, std::thread::hardware_concurrency());

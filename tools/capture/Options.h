@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the command line of marlinex-capture asks for, checked as far as that goes without the show.
+// The options of marlinex-capture, checked as far as that is possible before the show is loaded.
 #pragma once
 
 #include "tools/capture/FrameRate.h"
@@ -12,7 +12,7 @@ enum OutputKind { OutputVideo, OutputPictures, OutputSheet };
 
 struct Options {
     std::string script; // path
-    std::string output; // path, or the pattern of numbered pictures
+    std::string output; // path, or the pattern of numbered pictures (see PngSequence.h)
     OutputKind kind = OutputVideo;
     int64_t width = 1024; // pixels
     int64_t height = 768;
@@ -22,8 +22,8 @@ struct Options {
     int64_t every = 0;   // microseconds between pictures; 0: each frame
     int64_t segment = 1; // of segments
     int64_t segments = 1;
-    int64_t columns = 6; // of a sheet
-    int64_t tiles = 30;
+    int64_t columns = 6;     // of a sheet
+    int64_t tiles = 30;      // of a sheet
     int64_t tileWidth = 240; // pixels
     int64_t threads = 0;     // 0: as many as there are cores
     std::string encoder;     // further arguments for ffmpeg
@@ -31,13 +31,13 @@ struct Options {
     bool timing = false;
     bool quiet = false;
     bool join = false;
-    std::vector<std::string> parts; // of a join, in order
+    std::vector<std::string> parts; // paths of the videos that --join puts together, in order
 };
 
 const std::vector<cli::Option>& OptionTable();
 
-// False after a mistake, which went to stderr as one line; line.exitStatus is set then. Asks for the data
-// directory, which must be found, and --data obeyed, before (see platform/Paths.h).
+// False after a mistake, which was reported on stderr as one line; line.exitStatus is set. Call
+// platform::FindDataDirectory, and SetDataDirectory for --data, before: the default script lies there.
 bool ReadOptions(cli::CommandLine& line, Options* options);
 
 } // namespace capture

@@ -9,7 +9,7 @@
 namespace capture
 {
 
-// A picture of 3 bytes per pixel, top row first, without padding.
+// A picture of 3 bytes per pixel without padding. The top row comes first.
 struct RgbPicture {
     int width = 0;
     int height = 0;
@@ -21,8 +21,9 @@ struct RgbPicture {
 struct Frame;
 RgbPicture WithoutFourth(const Frame& frame);
 
-// Writes the picture into the open file and keeps that, or discards it if something goes wrong: there is
-// never half a picture. The same pixels give the same bytes. `quick` compresses less. False: *error says why.
+// Writes the picture into the open file and calls its Keep, or Discard after an error, so that there is never
+// an incomplete picture. The same pixels give the same bytes. `quick` compresses less and faster. False:
+// *error says why.
 bool WritePng(OutputFile& file, const RgbPicture& picture, bool quick, std::string* error);
 
 } // namespace capture

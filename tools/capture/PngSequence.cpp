@@ -9,7 +9,7 @@ namespace capture
 {
 
 static const char* const nameInFolder = "%06d.png";
-static const size_t longestWidth = 2; // digits of the width in %05d
+static const size_t maxWidthDigits = 2; // digits of the width in %05d
 
 static bool EndsWith(const std::string& text, const std::string& end)
 {
@@ -41,7 +41,7 @@ static bool FindNumber(const std::string& pattern, size_t* begin, size_t* length
     size_t end = *begin + 1;
     while (end < pattern.size() && pattern[end] >= '0' && pattern[end] <= '9')
         ++end;
-    if (end - *begin - 1 > longestWidth + 1 || end == pattern.size() || pattern[end] != 'd')
+    if (end - *begin - 1 > maxWidthDigits + 1 || end == pattern.size() || pattern[end] != 'd')
         return false;
     *length = end + 1 - *begin;
     return FindSign(pattern, end) == std::string::npos;
@@ -97,7 +97,7 @@ PngSequence::~PngSequence()
     Join();
 }
 
-bool PngSequence::Begin(int, int, const Schedule&)
+bool PngSequence::Begin(int, int, const FrameSelection&)
 {
     const std::filesystem::path folder = std::filesystem::path(pattern).parent_path();
     std::error_code failure;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Numbered pictures, one for each frame. A file's number is the number of its frame in the show, so that
-// parts that are captured on their own lie beside each other as if they were one. Pictures are compressed on
-// threads of their own.
+// Writes each frame as a numbered PNG file. The number is that of the frame in the show, so that parts that
+// are captured separately form one sequence. The pictures are compressed by several threads.
 #pragma once
 
 #include "tools/capture/FrameSink.h"
@@ -14,24 +13,25 @@
 namespace capture
 {
 
-// A pattern is the path of a .png whose name, the last part of the path, has a % in it. One %d, %5d or %05d
-// stands for the number of the frame, and %% for a per cent sign.
+// A pattern is a path that ends in .png and has a % in its last component. One %d, %5d or %05d in that stands
+// for the number of the frame, and %% for a per cent sign.
 bool IsPattern(const std::string& output);
 
-// The pattern that an output stands for: itself, or that of the names 000000.png and so on in it as a folder.
-// False: it is a pattern without a number, with several, or with another single %; or empty.
+// Gives the pattern of an output: the output itself if it is one, else that of 000000.png, 000001.png, ... in
+// the folder of that name. False if the output is empty, or a pattern without a number, with several, or with
+// another single %.
 bool PatternOf(const std::string& output, std::string* pattern);
 std::string PatternName(const std::string& pattern, int64_t number);
 
 class PngSequence : public FrameSink
 {
 public:
-    // threads from 1.
+    // Uses that many threads, 1 or more.
     PngSequence(const std::string& outputPattern, int threads);
     ~PngSequence() override;
 
-    bool Begin(int width, int height, const Schedule& schedule) override; // makes the folder
-    bool Take(std::unique_ptr<Frame> frame) override; // waits while all threads have work waiting
+    bool Begin(int width, int height, const FrameSelection& selection) override; // makes the folder
+    bool Take(std::unique_ptr<Frame> frame) override; // blocks while one frame waits for each thread
     bool Finish(bool keep) override;
 
 private:
@@ -42,7 +42,7 @@ private:
     const int threadCount;
     std::vector<std::thread> threads;
 
-    std::mutex mutex; // for what follows, and error
+    std::mutex mutex; // guards the fields below and `error`
     std::condition_variable changed;
     std::deque<std::unique_ptr<Frame>> waiting;
     bool ending;

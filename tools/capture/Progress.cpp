@@ -10,7 +10,7 @@ namespace capture
 {
 
 static const double secondsBetweenBars = 0.1;
-static const int barCells = 16; // a line of less than 80 characters, which no terminal wraps
+static const int barCells = 16; // keeps the line below 80 characters, so that terminals don't wrap it
 
 Progress::Progress(FILE* newStream)
     : stream(newStream), terminal(newStream && isatty(fileno(newStream))), first(0), end(0), pictures(0),
@@ -38,8 +38,8 @@ void Progress::Show(int64_t frame, int64_t taken)
 {
     if (!stream || end == 0)
         return;
-    // Loading ends with frame 0, and playing unseen with the first: how long they took says nothing about the
-    // frames to come.
+    // The time for loading, which ends with frame 0, and for undrawn frames must not enter the estimate for
+    // drawn frames.
     if (frame == 0 || frame == first)
         start = Now();
     if (terminal)
@@ -76,7 +76,7 @@ void Progress::ShowTenth(int64_t frame, int64_t taken)
         return;
     }
     const int reached = int(Part(frame) * 10);
-    if (reached <= tenths || reached == 10) // the end has its own words
+    if (reached <= tenths || reached == 10) // the caller reports the end itself
         return;
     tenths = reached;
     fprintf(stream, "%s\n", Line(frame, taken, Now() - start).c_str());

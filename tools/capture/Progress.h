@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Tells how far a capture is: a bar with speed and time left on a terminal, a plain line for each tenth of
-// the way elsewhere.
+// Shows the progress of a capture: on a terminal as a bar with speed and remaining time, elsewhere as one
+// line for each tenth of the frames.
 #pragma once
 
 #include <cstdint>
@@ -13,19 +13,23 @@ namespace capture
 class Progress
 {
 public:
-    // Writes to `stream` (borrowed; null: says nothing).
+    // Writes to `stream`, which is borrowed. Nothing is written if it is null.
     explicit Progress(FILE* stream);
 
-    // What there is to do: the frames of the show from `first` to the one ahead of `end` are played at full
-    // length, `pictures` of them are taken. Those ahead of `first` are played unseen.
+    // Frames 0 to first - 1 are played without being drawn. Frames first to end - 1 are drawn, and `pictures`
+    // of them are captured.
     void Begin(int64_t first, int64_t end, int64_t pictures);
 
-    void Show(int64_t frame, int64_t taken); // behind each frame
-    void Clear();                            // takes the bar off, so that other lines can follow
+    // Call after each frame. `taken` is the number of pictures captured so far.
+    void Show(int64_t frame, int64_t taken);
 
-    static double Now(); // seconds of a real clock that never goes back
+    // Erases the bar, so that other lines can follow.
+    void Clear();
 
-    // What stands on the line: for tests. `seconds` since the first of these frames began.
+    static double Now(); // seconds of the monotonic clock
+
+    // The texts that are shown, public for tests. `seconds` is the time since the first undrawn frame began,
+    // or since the first drawn one if `frame` is drawn.
     std::string Line(int64_t frame, int64_t taken, double seconds) const;
     static std::string BarText(double part, int cells);
     static std::string DurationText(double seconds); // "8 s", "3 min 05 s", "2 h 07 min"
@@ -33,16 +37,16 @@ public:
 private:
     void ShowBar(int64_t frame, int64_t taken);
     void ShowTenth(int64_t frame, int64_t taken);
-    double Part(int64_t frame) const; // of the way, 0 to 1
+    double Part(int64_t frame) const; // how much of the undrawn or of the drawn frames is done, 0 to 1
 
     FILE* stream;
     bool terminal;
     int64_t first;
     int64_t end;
     int64_t pictures;
-    double start; // of the first frame, or of the whole show while that hasn't come
+    double start; // when the undrawn frames, or later the drawn ones, began
     double lastShown;
-    int tenths; // told so far
+    int tenths; // of the drawn frames that were reported
     bool barShown;
 };
 

@@ -27,8 +27,8 @@ namespace capture
 static const int displayModeBits = 32;
 static const int64_t countsPerSecond = 1000000000;
 
-// Frames that are drawn in full ahead of the first one wanted. No scene of today's shows what an earlier
-// frame drew, but a texture that is drawn once and kept would be right after one frame of the scene.
+// Number of frames that are drawn before each selected one. No effect of today shows what an earlier frame
+// drew. For one that draws into a texture and keeps it, a frame of lead is enough; the second is a reserve.
 static const int64_t warmUpFrames = 2;
 
 ShowPlayer::ShowPlayer()
@@ -44,9 +44,9 @@ bool ShowPlayer::Load(const std::string& script)
     window = new GLWindow;
     registry = new EffectRegistry;
     RegisterEffects(registry);
-    // No music: the sound of a capture doesn't come from a device. The picture never asks for it.
+    // Without music: MusicTrack decodes it separately, and the picture does not depend on it.
     player->Init(window, registry, new LoadingScreen(window), false);
-    // A stream over nothing can't be had everywhere, and an empty script has no block.
+    // fmemopen of no bytes fails in some C libraries. An empty script has no blocks.
     FILE* const file =
         script.empty() ? nullptr : fmemopen(const_cast<char*>(script.data()), script.size(), "rb");
     if (file) {
@@ -61,11 +61,11 @@ bool ShowPlayer::Load(const std::string& script)
 
 int64_t ShowPlayer::Duration() const
 {
-    // Script times are milliseconds; the float that one became gives it back.
+    // Script times are milliseconds, which rounding recovers from the float.
     return std::llround(double(player->endTime) * 1000) * 1000;
 }
 
-// A box that nobody sees is a line of the error, without the paragraph that is the same under all of them.
+// Makes each collected box a line of `error`, without the closing paragraph that all error boxes share.
 bool ShowPlayer::CollectBoxText()
 {
     for (const platform::MessageBox& box : boxes) {
@@ -86,21 +86,21 @@ bool ShowPlayer::CollectBoxText()
 
 int64_t ShowPlayer::CountsOfRead(void* show, int64_t read)
 {
-    return static_cast<ShowPlayer*>(show)->schedule.rate.MomentOf(read, countsPerSecond);
+    return static_cast<ShowPlayer*>(show)->selection.rate.MomentOf(read, countsPerSecond);
 }
 
-PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSchedule, FrameSink& newSink,
-                            Progress& newProgress)
+PlayResult ShowPlayer::Play(int newWidth, int newHeight, const FrameSelection& newSelection,
+                            FrameSink& newSink, Progress& newProgress)
 {
     width = newWidth;
     height = newHeight;
-    schedule = newSchedule;
+    selection = newSelection;
     sink = &newSink;
     progress = &newProgress;
-    if (schedule.picks == 0)
+    if (selection.picks == 0)
         return PlayedToTheEnd;
 
-    // Neither a display nor a screen's size has a say in a capture.
+    // The offscreen driver needs no display and allows any size.
     setenv("SDL_VIDEODRIVER", "offscreen", 1);
     setenv("SDL_NO_SIGNAL_HANDLERS", "1", 1); // an interruption ends the file properly: see Interruption.h
     lastMoment = progress->Now();
@@ -114,7 +114,8 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSche
     if (const GLubyte* name = glGetString(GL_RENDERER))
         renderer = reinterpret_cast<const char*>(name);
 
-    // The schedule says when the show is over, to the frame; the last stop as a float could be off by one.
+    // The selection determines the last frame exactly. The end time is a float, whose rounding could make the
+    // player end one frame early or late.
     player->endTime = FLT_MAX;
     platform::SetFrameObserver(FrameDone, this);
     platform::UseCountedClock(CountsOfRead, this);
@@ -124,11 +125,11 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const Schedule& newSche
 
     if (CollectBoxText() || failed)
         return PlayFailed;
-    if (taken == schedule.picks)
+    if (taken == selection.picks)
         return PlayedToTheEnd;
     if (IsInterrupted())
         return PlayInterrupted;
-    error = "the show ended by itself, " + std::to_string(schedule.picks - taken) + " frames early";
+    error = "the show ended by itself, " + std::to_string(selection.picks - taken) + " frames early";
     return PlayFailed;
 }
 
@@ -137,8 +138,8 @@ void ShowPlayer::Stop()
     platform::PostQuit(0);
 }
 
-// At each swap. The clock has been read once at the start of the show and once behind each frame of it, this
-// one included; while the effects load it hasn't been read at all.
+// Called at each buffer swap. The player reads the clock once when the show starts and once after each frame,
+// including the current one, but not while the effects load.
 void ShowPlayer::FrameDone(void* user)
 {
     ShowPlayer* const show = static_cast<ShowPlayer*>(user);
@@ -161,7 +162,7 @@ void ShowPlayer::LookAtFrame(int64_t number)
         Stop();
         return;
     }
-    const bool wanted = schedule.Wants(number);
+    const bool wanted = selection.Wants(number);
     if (wanted && !HandFrame(number)) {
         failed = true;
         Stop();
@@ -173,7 +174,7 @@ void ShowPlayer::LookAtFrame(int64_t number)
         lastMoment = now;
     }
     progress->Show(number, taken);
-    if (taken == schedule.picks)
+    if (taken == selection.picks)
         Stop();
     else
         PrepareFrame(number + 1);
@@ -181,7 +182,7 @@ void ShowPlayer::LookAtFrame(int64_t number)
 
 bool ShowPlayer::HandFrame(int64_t number)
 {
-    glFinish(); // the reading would wait for the drawing: so the time is told apart, and none is lost
+    glFinish(); // glReadPixels would wait as well; this separates the two times at no cost
     const double drawn = progress->Now();
     std::unique_ptr<Frame> frame(new Frame);
     frame->number = number;
@@ -206,10 +207,10 @@ bool ShowPlayer::HandFrame(int64_t number)
 
 void ShowPlayer::PrepareFrame(int64_t number)
 {
-    SetDrawing(number + warmUpFrames >= schedule.NextWanted(number));
+    SetDrawing(number + warmUpFrames >= selection.NextWanted(number));
 }
 
-// Of the current context.
+// In the current context.
 static void DiscardPrimitives(bool on)
 {
     if (on)
@@ -218,14 +219,14 @@ static void DiscardPrimitives(bool on)
         glDisable(GL_RASTERIZER_DISCARD);
 }
 
-// Both contexts have the switch, the window's and the off-screen target's.
+// Both GL contexts have this state, the window's and the one of the off-screen target.
 void ShowPlayer::SetDrawing(bool on)
 {
     if (drawing == on)
         return;
     drawing = on;
     DiscardPrimitives(!on);
-    // The way to the target and back sets the band of the picture, which is the show's to set.
+    // RenderTarget::Begin and End set the viewport, on which the letterbox of the show depends.
     GLint viewport[4];
     glGetIntegerv(GL_VIEWPORT, viewport);
     RenderTarget::Begin();

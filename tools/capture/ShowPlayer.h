@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Plays the show on the counted clock in a window that nobody sees, and hands its frames to a sink. The show
-// is the real one: DemoPlayer runs it, from loading screen to last frame, and this only looks on at the
-// swaps.
+// Plays the show on the counted clock in an off-screen window and passes its frames to a FrameSink.
+// DemoPlayer runs the show as in moonwaltz, from the loading screen to the last frame; this class is called
+// at each buffer swap.
 //
-// Frame 0 is the first frame of the show, at time 0. The frames of the loading screen lie before it and are
+// Frame 0 is the first frame of the show, at time 0. The frames of the loading screen come before it and are
 // not captured.
 //
-// A frame that isn't wanted is played without being drawn: every effect renders and updates as ever, since
-// both move what later frames are made of, but GL throws the geometry away ahead of rasterisation.
+// Frames that are not selected are played without being drawn: every effect renders and updates, since both
+// change its state, but GL_RASTERIZER_DISCARD drops the geometry before it is rasterised.
 //
-// One process plays one show: order of calls is Load, Play.
+// One process plays one show. Order of calls: Load, Play.
 #pragma once
 
 #include "tools/capture/FrameSink.h"
@@ -25,13 +25,13 @@ namespace capture
 
 class Progress;
 
-// Where the time of a capture went, seconds.
+// Wall clock seconds that each kind of work took.
 struct Timing {
-    double loading = 0;  // up to the first frame
-    double skipping = 0; // frames that are played and not drawn
-    double drawing = 0;
-    double reading = 0; // back from GL
-    double handing = 0; // to the sink: waiting for the encoder or the disk
+    double loading = 0;  // everything before the first frame
+    double skipping = 0; // frames that are played without being drawn
+    double drawing = 0;  // until GL has finished the frame
+    double reading = 0;  // glReadPixels
+    double handing = 0;  // FrameSink::Take, which may wait for the encoder or the disk
 };
 
 enum PlayResult { PlayedToTheEnd, PlayInterrupted, PlayFailed };
@@ -46,18 +46,18 @@ public:
     // nor GL.
     bool Load(const std::string& script);
 
-    // The moment of the last stop of all entries, microseconds. 0: the script has none.
+    // The latest stop time of all entries in microseconds, 0 if the script has no entry.
     int64_t Duration() const;
 
-    // Opens the window and plays until the schedule's last frame has been taken. A box that comes up at any
-    // time is a failure. An interruption (see Interruption.h) ends it at the next
-    // frame, with PlayInterrupted.
-    PlayResult Play(int width, int height, const Schedule& schedule, FrameSink& sink, Progress& progress);
+    // Opens the window and plays until the last selected frame has been taken. Any message box is a failure.
+    // An interruption (see Interruption.h) ends it at the next frame, with PlayInterrupted.
+    PlayResult Play(int width, int height, const FrameSelection& selection, FrameSink& sink,
+                    Progress& progress);
 
     std::string error;
-    std::string renderer; // GL's name for who draws; pictures are the same where this is
+    std::string renderer; // GL_RENDERER; where it is the same, so are the pixels
     Timing timing;
-    int64_t taken; // frames handed to the sink
+    int64_t taken; // number of frames that the sink has accepted
 
 private:
     static int64_t CountsOfRead(void* show, int64_t read);
@@ -69,19 +69,19 @@ private:
     bool CollectBoxText();
     void Stop();
 
-    DemoPlayer* player; // these three live to the end of the process, as they do in the show
+    DemoPlayer* player; // these three are never deleted, as in moonwaltz
     GLWindow* window;
     EffectRegistry* registry;
     std::vector<platform::MessageBox> boxes;
 
-    Schedule schedule;
+    FrameSelection selection;
     FrameSink* sink;
     Progress* progress;
     int width;
     int height;
     bool drawing;
     bool failed;
-    double lastMoment; // seconds of the real clock, when the last frame was done with
+    double lastMoment; // when the previous frame was finished, Progress::Now
 };
 
 } // namespace capture

@@ -6,7 +6,7 @@
 namespace capture
 {
 
-static const size_t mostWaiting = 3; // frames: as much as evens out a slow one
+static const size_t maxWaitingFrames = 3; // enough to even out a frame that takes long to draw
 
 VideoPipe::VideoPipe(OutputFile& outputFile, const Encoding& newEncoding, MusicTrack* track)
     : file(outputFile), encoding(newEncoding), music(track), written(0), ending(false), broken(false)
@@ -17,25 +17,25 @@ VideoPipe::VideoPipe(OutputFile& outputFile, const Encoding& newEncoding, MusicT
 
 VideoPipe::~VideoPipe()
 {
-    JoinWriter(); // for the case that nobody has called Finish
+    JoinWriter(); // if Finish was not called
 }
 
-bool VideoPipe::Begin(int width, int height, const Schedule& newSchedule)
+bool VideoPipe::Begin(int width, int height, const FrameSelection& newSelection)
 {
-    schedule = newSchedule;
+    selection = newSelection;
     encoding.width = width;
     encoding.height = height;
-    encoding.rate = schedule.rate;
+    encoding.rate = selection.rate;
     encoding.sound = music != nullptr;
     if (!encoder.Start(EncoderCommand(encoding), file.IsStream() ? file.Descriptor() : -1)) {
-        error = encoder.error;
+        error = encoder.Error();
         return false;
     }
     if (music) {
-        feed = std::make_unique<MusicFeed>(encoder, *music);
-        feed->Start(schedule.rate.MomentOf(schedule.first, MusicTrack::Rate));
+        feed = std::make_unique<MusicFeed>(encoder.process, *music);
+        feed->Start(selection.rate.MomentOf(selection.first, MusicTrack::Rate));
     } else {
-        encoder.CloseSecond();
+        encoder.process.CloseSecond();
     }
     writer = std::thread(&VideoPipe::Write, this);
     return true;
@@ -44,10 +44,10 @@ bool VideoPipe::Begin(int width, int height, const Schedule& newSchedule)
 bool VideoPipe::Take(std::unique_ptr<Frame> frame)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    changed.wait(lock, [this] { return waiting.size() < mostWaiting || broken; });
+    changed.wait(lock, [this] { return waiting.size() < maxWaitingFrames || broken; });
     if (broken) {
         lock.unlock();
-        Finish(false); // it knows why
+        Finish(false); // sets `error` to the reason
         if (error.empty())
             error = "ffmpeg ended before the show did";
         return false;
@@ -69,7 +69,7 @@ void VideoPipe::Write()
         changed.notify_all();
         lock.unlock();
 
-        const bool good = encoder.WriteFirst(frame->pixels.data(), frame->pixels.size());
+        const bool good = encoder.process.WriteFirst(frame->pixels.data(), frame->pixels.size());
         lock.lock();
         if (!good) {
             broken = true;
@@ -78,9 +78,9 @@ void VideoPipe::Write()
         }
         written++;
         if (feed)
-            feed->AllowUpTo(schedule.rate.MomentOf(schedule.first + written, MusicTrack::Rate));
+            feed->AllowUpTo(selection.rate.MomentOf(selection.first + written, MusicTrack::Rate));
     }
-    encoder.CloseFirst();
+    encoder.process.CloseFirst();
 }
 
 void VideoPipe::JoinWriter()
@@ -99,11 +99,11 @@ bool VideoPipe::Finish(bool keep)
 {
     JoinWriter();
     if (feed)
-        feed->End(schedule.rate.MomentOf(schedule.first + written, MusicTrack::Rate));
+        feed->End(selection.rate.MomentOf(selection.first + written, MusicTrack::Rate));
     feed.reset();
-    // An encoder that never got a frame has every right to complain, and no reason.
+    // An encoder that got no frame fails, which is not worth an error of its own.
     if (!encoder.Finish() && error.empty() && (written > 0 || broken))
-        error = encoder.error;
+        error = encoder.Error();
     if (keep && written > 0 && error.empty())
         KeepVideo(file, encoding, written, &error);
     else

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/capture/VideoProbe.h"
 
-#include "tools/capture/ChildProcess.h"
+#include "tools/capture/FfmpegProcess.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -14,14 +14,14 @@ namespace capture
 
 int64_t CountFrames(const std::string& path, std::string* error)
 {
-    ChildProcess probe;
+    FfmpegProcess probe;
     if (!probe.Start({"ffprobe", "-v", "error", "-select_streams", "v:0", "-count_packets", "-show_entries",
                       "stream=nb_read_packets", "-of", "csv=p=0", "file:" + path}) ||
         !probe.Finish()) {
-        *error = path + ": " + probe.error;
+        *error = path + ": " + probe.Error();
         return -1;
     }
-    const std::string count = probe.Output();
+    const std::string count = probe.process.Output();
     if (count.empty() || count[0] < '0' || count[0] > '9') {
         *error = path + ": there is no video in it";
         return -1;

@@ -2,6 +2,8 @@
 // A program that a test starts. It dies with this object, and with the test's own process however that ends.
 #pragma once
 
+#include "platform/ChildProcess.h"
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,21 +27,17 @@ public:
     bool Start(const std::vector<std::string>& command, const std::vector<std::string>& environment = {},
                const std::string& directory = "");
 
-    bool IsRunning();
+    bool IsRunning() { return child.IsRunning(); }
     bool WaitForExit(double seconds = Patience);
-    int ExitStatus(); // 0 to 255; minus the signal that ended it; -1000 while it runs
+    int ExitStatus() { return child.ExitStatus(); } // as platform::ChildProcess has it
 
-    void Signal(int signal); // to the program itself
+    void Signal(int number) { child.Signal(number); } // to the program itself
 
     // What it has written so far.
-    std::string Output() const;
-    std::string Errors() const;
+    std::string Output() const { return child.Output(); }
+    std::string Errors() const { return child.Errors(); }
     bool WaitForOutput(const std::string& text, double seconds = Patience);
 
 private:
-    int pid = 0;
-    bool ended = false;
-    int status = -1000;
-    int outputFile = -1;
-    int errorFile = -1;
+    platform::ChildProcess child;
 };

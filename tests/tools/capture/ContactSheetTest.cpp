@@ -8,7 +8,7 @@
 
 using capture::ContactSheet;
 using capture::FrameRate;
-using capture::Schedule;
+using capture::FrameSelection;
 
 class ContactSheets : public testing::Test
 {
@@ -46,7 +46,7 @@ protected:
 TEST_F(ContactSheets, ShrinkEachFrameToTheMeanOfWhatLiesUnderAPixel)
 {
     ContactSheet sheet(file, 2, 20);
-    const Schedule three = Schedule::Of(FrameRate(), 0, 50000);
+    const FrameSelection three = FrameSelection::Of(FrameRate(), 0, 50000);
     ASSERT_EQ(3, three.picks);
     ASSERT_TRUE(sheet.Begin(80, 60, three));
     for (int64_t i = 0; i < 3; i++)
@@ -67,7 +67,7 @@ TEST_F(ContactSheets, ShrinkEachFrameToTheMeanOfWhatLiesUnderAPixel)
 TEST_F(ContactSheets, WriteTheTimeUnderEachTile)
 {
     ContactSheet sheet(file, 1, 80);
-    Schedule late = Schedule::Of(FrameRate(), 67500000, 67501000);
+    FrameSelection late = FrameSelection::Of(FrameRate(), 67500000, 67501000);
     ASSERT_EQ(4050, late.first); // 1:07.50
     ASSERT_TRUE(sheet.Begin(80, 60, late));
     ASSERT_TRUE(sheet.Take(FrameOf(4050)));
@@ -85,7 +85,7 @@ TEST_F(ContactSheets, WriteTheTimeUnderEachTile)
 TEST_F(ContactSheets, ThatWereBrokenOffShowWhatThereIs)
 {
     ContactSheet sheet(file, 3, 20);
-    ASSERT_TRUE(sheet.Begin(80, 60, Schedule::Of(FrameRate(), 0, 50000)));
+    ASSERT_TRUE(sheet.Begin(80, 60, FrameSelection::Of(FrameRate(), 0, 50000)));
     ASSERT_TRUE(sheet.Take(FrameOf(0)));
     ASSERT_TRUE(sheet.Finish(true));
     const Picture picture = LoadPng(path);
@@ -96,12 +96,12 @@ TEST_F(ContactSheets, ThatWereBrokenOffShowWhatThereIs)
 TEST_F(ContactSheets, OfAShowThatFailedAreNotWritten)
 {
     ContactSheet failed(file, 3, 20);
-    ASSERT_TRUE(failed.Begin(80, 60, Schedule::Of(FrameRate(), 0, 50000)));
+    ASSERT_TRUE(failed.Begin(80, 60, FrameSelection::Of(FrameRate(), 0, 50000)));
     ASSERT_TRUE(failed.Take(FrameOf(0)));
     EXPECT_TRUE(failed.Finish(false));
     EXPECT_FALSE(FileExists(path));
     ContactSheet empty(file, 3, 20);
-    ASSERT_TRUE(empty.Begin(80, 60, Schedule::Of(FrameRate(), 0, 50000)));
+    ASSERT_TRUE(empty.Begin(80, 60, FrameSelection::Of(FrameRate(), 0, 50000)));
     EXPECT_TRUE(empty.Finish(true));
     EXPECT_FALSE(FileExists(path));
 }
@@ -109,6 +109,6 @@ TEST_F(ContactSheets, OfAShowThatFailedAreNotWritten)
 TEST_F(ContactSheets, ThatNobodyCouldOpenAreRefused)
 {
     ContactSheet sheet(file, 10000, 2048);
-    EXPECT_FALSE(sheet.Begin(80, 60, Schedule::Of(FrameRate(), 0, 100000000)));
+    EXPECT_FALSE(sheet.Begin(80, 60, FrameSelection::Of(FrameRate(), 0, 100000000)));
     EXPECT_EQ("a sheet of that many tiles of that size is too large: 12336008 x 1568 pixels", sheet.error);
 }

@@ -71,7 +71,7 @@ TEST(PngSequence, WritesEachFrameTheRightWayUp)
 {
     const fs::path folder = soundfiles::TemporaryPath("frames");
     PngSequence sequence((folder / "deep/%02d.png").string(), 2);
-    ASSERT_TRUE(sequence.Begin(3, 2, capture::Schedule()));
+    ASSERT_TRUE(sequence.Begin(3, 2, capture::FrameSelection()));
     for (int number = 0; number < 20; number++)
         ASSERT_TRUE(sequence.Take(FrameOf(number)));
     ASSERT_TRUE(sequence.Finish(true));
@@ -95,13 +95,13 @@ TEST(PngSequence, TellsWhatItCanNotWrite)
     const std::string folder = soundfiles::TemporaryPath("taken");
     soundfiles::WriteBytes(folder, "a file");
     PngSequence blocked(folder + "/%d.png", 1);
-    EXPECT_FALSE(blocked.Begin(3, 2, capture::Schedule()));
+    EXPECT_FALSE(blocked.Begin(3, 2, capture::FrameSelection()));
     EXPECT_NE(std::string::npos, blocked.error.find(folder)) << blocked.error;
 
     const fs::path other = soundfiles::TemporaryPath("occupied");
     fs::create_directories(other / "0.png/inside"); // a folder where the picture should be
     PngSequence late((other / "%d.png").string(), 1);
-    ASSERT_TRUE(late.Begin(3, 2, capture::Schedule()));
+    ASSERT_TRUE(late.Begin(3, 2, capture::FrameSelection()));
     late.Take(FrameOf(0));
     EXPECT_FALSE(late.Finish(true));
     EXPECT_EQ((other / "0.png").string() + ": Is a directory", late.error);
