@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "resources/PictureDecoder.h"
 
+#include "platform/ChildProcess.h"
 #include "resources/ImageData.h"
 #include "resources/ImageFiles.h"
 #include "resources/PictureClaims.h"
@@ -117,19 +118,17 @@ static DecodedPicture DecodeInPlace(const std::string& path, ILenum type, size_t
     return picture;
 }
 
-static bool WriteAll(int pipe, const void* data, size_t size)
-{
-    const char* from = static_cast<const char*>(data);
-    while (size > 0) {
-        const ssize_t written = write(pipe, from, size);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        from += written;
-        size -= size_t(written);
-    }
-    return true;
+static_cast<const char*>(data);
+while (size > 0) {
+    const ssize_t written = write(pipe, from, size);
+    if (written < 0 && errno == EINTR)
+        continue;
+    if (written <= 0)
+        return false;
+    from += written;
+    size -= size_t(written);
+}
+return true;
 }
 
 static bool ReadAll(int pipe, void* data, size_t size)
@@ -172,13 +171,13 @@ static void LimitMemory()
     const ILenum type = ilDetermineType(path.c_str());
     const char* const refusal = WhyPictureIsRefused(ReadPictureClaim(type, bytes), bytes.size());
     const size_t refusalLength = refusal ? strlen(refusal) : 0;
-    bool sent =
-        WriteAll(pipe, &refusalLength, sizeof refusalLength) && WriteAll(pipe, refusal, refusalLength);
+    bool sent = platform::WriteAll(pipe, &refusalLength, sizeof refusalLength) &&
+                platform::WriteAll(pipe, refusal, refusalLength);
     if (sent && !refusal) {
         const PictureHead head = HeadOf(LoadForeign(path, type));
         const size_t held = head.loaded ? size_t(uint32_t(ilGetInteger(IL_IMAGE_SIZE_OF_DATA))) : 0;
-        sent = WriteAll(pipe, &head, sizeof head) &&
-               WriteAll(pipe, ilGetData(), std::min(HeldBytes(head), held));
+        sent = platform::WriteAll(pipe, &head, sizeof head) &&
+               platform::WriteAll(pipe, ilGetData(), std::min(HeldBytes(head), held));
     }
     _exit(sent ? 0 : 1);
 }
