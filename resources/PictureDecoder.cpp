@@ -118,19 +118,6 @@ static DecodedPicture DecodeInPlace(const std::string& path, ILenum type, size_t
     return picture;
 }
 
-static_cast<const char*>(data);
-while (size > 0) {
-    const ssize_t written = write(pipe, from, size);
-    if (written < 0 && errno == EINTR)
-        continue;
-    if (written <= 0)
-        return false;
-    from += written;
-    size -= size_t(written);
-}
-return true;
-}
-
 static bool ReadAll(int pipe, void* data, size_t size)
 {
     char* to = static_cast<char*>(data);
