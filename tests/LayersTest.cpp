@@ -2,6 +2,8 @@
 // Each source includes only what stands on its own floor or below it. The floors are those of the drawing in
 // docs/ARCHITECTURE.md: its first lines that are indented by four blanks, from the top floor down. A line
 // begins with its entries, which are folders ("effects/") or single pairs of files ("kernel/Report").
+#include "tests/Folders.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What ./play does with a display and without one. Everything that it calls is a stand-in that writes down
 // how it was called.
+#include "tests/Folders.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 

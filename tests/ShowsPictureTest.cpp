@@ -9,6 +9,7 @@
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
 #include "platform/dialogs/StartForm.h"
+#include "tests/Folders.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>

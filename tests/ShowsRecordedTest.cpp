@@ -7,6 +7,7 @@
 #include "kernel/EffectRegistry.h"
 #include "platform/SteppedClock.h"
 #include "platform/dialogs/StartForm.h"
+#include "tests/Folders.h"
 #include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"

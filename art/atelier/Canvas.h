@@ -12,7 +12,8 @@
 //
 //   Cover  opaque paint (gouache, ink): lies over what is there, raises alpha.
 //   Glaze  transparent pigment: takes light away from what is there, alpha stays. Two glazes darken as two
-//   washes do. Light  light that is added, alpha stays.
+//          washes do.
+//   Light  light that is added, alpha stays.
 //
 // A picture with alpha starts from a clear canvas; or it is painted whole and cut out with CutOut.
 

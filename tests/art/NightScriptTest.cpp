@@ -2,6 +2,7 @@
 // The script of the night, by the bar: a bar of the waltz is 1800 ms, a beat 600.
 #include "tests/support/NightScript.h"
 #include "art/music/ScoreReader.h"
+#include "tests/Folders.h"
 
 #include <gtest/gtest.h>
 

@@ -11,6 +11,7 @@
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
 #include "platform/SteppedClock.h"
+#include "tests/Folders.h"
 #include "tests/support/NightScript.h"
 #include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"

@@ -5,6 +5,7 @@
 #include "kernel/EffectRegistry.h"
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
+#include "tests/Folders.h"
 #include "tests/support/recorder/EffectFixture.h"
 
 #include <algorithm>

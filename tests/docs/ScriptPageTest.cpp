@@ -6,6 +6,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
+#include "tests/Folders.h"
 #include "tests/support/ShowFixture.h"
 
 #include <fstream>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The whole program as a viewer meets it: from the form to the end of a show.
+#include "tests/Folders.h"
 #include "tests/support/CommaLocale.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/EmbeddedFiles.h"
 
+#include "tests/Folders.h"
 #include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Paths.h"
+#include "tests/Folders.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -2,6 +2,7 @@
 #include "tests/support/RunProgram.h"
 
 #include "platform/ChildProcess.h"
+#include "tests/Folders.h"
 
 ProgramRun RunProgram(const std::string& program, const std::vector<std::string>& words,
                       const std::vector<std::string>& environment, const std::string& folder)

@@ -6,6 +6,7 @@
 #include "platform/Events.h"
 #include "platform/Paths.h"
 #include "platform/SteppedClock.h"
+#include "tests/Folders.h"
 
 #include <cstdio>
 #include <cstdlib>

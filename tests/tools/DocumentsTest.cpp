@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The examples of docs/TOOLS.md: each command that stands there gives the output that stands under it.
+#include "tests/Folders.h"
 #include "tests/support/RunProgram.h"
 
 #include <gtest/gtest.h>

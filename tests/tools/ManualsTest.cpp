@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The manual pages of the companion programs say what the programs say.
+#include "tests/Folders.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 

@@ -2,6 +2,7 @@
 // The bars for the finished pictures: sizes, channels, borders, seams.
 #include "art/atelier/Files.h"
 #include "art/atelier/Pictures.h"
+#include "tests/Folders.h"
 
 #include <gtest/gtest.h>
 

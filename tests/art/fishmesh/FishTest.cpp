@@ -6,6 +6,7 @@
 #include "art/fishmesh/Mesh.h"
 #include "platform/Paths.h"
 
+#include "tests/Folders.h"
 #include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>

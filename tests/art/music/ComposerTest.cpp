@@ -4,6 +4,7 @@
 #include "art/music/Mix.h"
 #include "art/music/ScoreReader.h"
 #include "art/music/SoundFile.h"
+#include "tests/Folders.h"
 
 #include <gtest/gtest.h>
 

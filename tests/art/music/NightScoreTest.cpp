@@ -4,6 +4,7 @@
 #include "art/music/Orchestra.h"
 #include "art/music/ScoreReader.h"
 #include "art/music/Theme.h"
+#include "tests/Folders.h"
 #include "tests/support/NightScript.h"
 
 #include <gtest/gtest.h>

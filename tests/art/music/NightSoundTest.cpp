@@ -10,6 +10,7 @@
 #include "art/music/SoundFile.h"
 #include "art/music/Spectrum.h"
 #include "art/music/Verify.h"
+#include "tests/Folders.h"
 #include "tests/support/NightScript.h"
 
 #include <gtest/gtest.h>

@@ -8,6 +8,7 @@
 #include "art/music/ScoreReader.h"
 #include "art/music/instruments/Struck.h"
 #include "art/music/instruments/Sustained.h"
+#include "tests/Folders.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/desktop/Desktop.h"
 
+#include "tests/Folders.h"
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/desktop/DesktopFixture.h"
 
+#include "tests/Folders.h"
+
 #include <filesystem>
 
 void DesktopFixture::SetUp()

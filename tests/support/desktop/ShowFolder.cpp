@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/desktop/ShowFolder.h"
 
+#include "tests/Folders.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/picture/Golden.h"
 
+#include "tests/Folders.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>

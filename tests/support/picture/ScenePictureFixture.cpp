@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/picture/ScenePictureFixture.h"
 
+#include "tests/Folders.h"
+
 #include <cmath>
 #include <fstream>
 #include <sstream>

@@ -3,6 +3,7 @@
 
 #include "display/RenderTarget.h"
 #include "resources/TextureLoader.h"
+#include "tests/Folders.h"
 #include "tests/support/NullWindowSystem.h"
 
 static const int windowWidth = 800, windowHeight = 600;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/recorder/Transcript.h"
 
+#include "tests/Folders.h"
+
 #include <cctype>
 #include <cmath>
 #include <cstdlib>

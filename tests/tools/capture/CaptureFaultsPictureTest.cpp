@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What marlinex-capture does when the world is against it: full disks, outputs that are no files, odd names,
 // encoders that die. Whatever happens, it ends, says what was wrong, and leaves nothing half done behind.
+#include "tests/Folders.h"
 #include "tests/support/CaptureFixture.h"
 #include "tests/support/desktop/Process.h"
 

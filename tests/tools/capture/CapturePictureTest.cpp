@@ -2,6 +2,7 @@
 // What marlinex-capture writes, frame by frame and sample by sample.
 #include "tests/support/CaptureFixture.h"
 
+#include "tests/Folders.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/desktop/Process.h"
 

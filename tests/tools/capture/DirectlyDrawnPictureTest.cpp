@@ -4,6 +4,7 @@
 #include "tests/support/picture/PictureFixture.h"
 
 #include "effects/FX_Scroller_Intro.h"
+#include "tests/Folders.h"
 
 class DirectlyDrawn : public CaptureFixture
 {

@@ -2,6 +2,7 @@
 // Each script of corpus/ gives exactly the output that lies beside it: NAME.txt is the script, NAME.expected
 // what marlinex-lint writes and its exit status, NAME.options, where there is one, an option a line. With
 // MARLINEX_UPDATE_GOLDEN=1 the expectations are written anew; read the difference before you keep it.
+#include "tests/Folders.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 

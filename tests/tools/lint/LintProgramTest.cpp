@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // marlinex-lint as a program: exit statuses, standard error, JSON.
+#include "tests/Folders.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/ShowFixture.h"
 #include "tools/lint/Print.h"

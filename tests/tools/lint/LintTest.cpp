@@ -10,6 +10,7 @@
 #include "kernel/SynchMessageTable.h"
 #include "music/MusicPlayer.h"
 #include "script/ScriptParser.h"
+#include "tests/Folders.h"
 #include "tests/support/RandomScript.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"

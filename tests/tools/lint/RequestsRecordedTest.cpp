@@ -7,6 +7,7 @@
 #include "kernel/LoadingScreen.h"
 #include "kernel/Production.h"
 #include "platform/Clock.h"
+#include "tests/Folders.h"
 #include "tests/support/recorder/EffectFixture.h"
 #include "tools/lint/Lint.h"
 

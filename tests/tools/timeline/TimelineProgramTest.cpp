@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // marlinex-timeline from its command line.
+#include "tests/Folders.h"
 #include "tests/support/PictureFiles.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
