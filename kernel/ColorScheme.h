@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Three colours that a script can set: red, green, blue, 1 for a script's 255, never clamped.
+// The three colours that a script can set. Each is red, green and blue; 255 in a script is 1.0 here. Values
+// are not clamped. No effect of this production reads them.
 #pragma once
 
 struct ColorScheme {

@@ -18,9 +18,11 @@
 
 static const float loadingLetterbox = 1.0f;
 static const float loadingFovY = 45.0f;
-static const unsigned loadingWait = 1000; // milliseconds, ahead of each effect that is initialised
+static const unsigned loadingWait = 1000; // milliseconds, ahead of each call of Effect::Init
 static const float showLetterbox = 0.85f;
 
+// Divided in double and rounded once, as FrameTimer does it: a whole millisecond of the script and the frame
+// at that millisecond are the same float.
 static float Seconds(uint32_t milliseconds)
 {
     return float(milliseconds / 1000.0);
@@ -72,7 +74,7 @@ bool DemoPlayer::LoadScript(std::string fileName)
 
 bool DemoPlayer::AddEffect(uint32_t startMs, uint32_t stopMs, std::string effectName, uint32_t layer)
 {
-    // Ahead of the name, so that a wrong name in an entry that is dropped goes unnoticed.
+    // This test comes first: an entry that is dropped is not checked for an unknown effect name.
     if (stopMs <= startOffset)
         return false;
     Effect* const effect = registry->FindEffect(effectName);
@@ -97,14 +99,15 @@ void DemoPlayer::AddEffectInstance(uint32_t startMs, uint32_t stopMs, Effect* ef
 void DemoPlayer::AddMessage(uint32_t timeMs, std::string messageName, const float* params, int count,
                             std::string effectName)
 {
-    if (timeMs < startOffset) // a message exactly at the offset stays, an entry that ends there goes
+    if (timeMs <
+        startOffset) // keeps a message exactly at the offset; AddEffect drops an entry that ends there
         return;
     Effect* const effect = registry->FindEffect(effectName);
     if (!effect) {
         ReportError("Message Init", "Unknown Effect Name!");
         return;
     }
-    // A name that the effect never declared is id 0: delivered like any other, and ignored.
+    // The id is 0 for a name that the effect never declared. Such a message is delivered all the same.
     const int id = registry->GetMessageTable()->FindMessage(messageName.c_str(), effect);
     float* const copy = new float[count > 0 ? count : 0];
     for (int i = 0; i < count; i++)
@@ -142,8 +145,8 @@ void DemoPlayer::SortMessages()
 
 void DemoPlayer::SortActiveByLayer(std::vector<EffectInstance*>& active)
 {
-    // Exchanges what the pointers point at, which are the records of the timeline itself. The next frame
-    // scans them in the new order, so entries of one layer can trade places from frame to frame.
+    // Exchanges the records that the pointers point at, which are those of the timeline itself. The next
+    // frame scans them in the new order, so entries of one layer can change places from frame to frame.
     for (size_t i = active.size(); i >= 2; i--)
         for (size_t j = 1; j < i; j++)
             if (active[j - 1]->layer > active[j]->layer)
@@ -159,7 +162,8 @@ void DemoPlayer::InitEffects()
         window->SwapBuffers();
         loadingScreen->Init();
     }
-    // A quit that is pumped here stops the window, not this loop: the main loop sees it at its first test.
+    // A quit that is pumped here ends the window's running state, which only the main loop tests: all
+    // remaining effects are still loaded.
     for (size_t i = 0; i < timeline.size() && (state & PlayerRunning); i++) {
         Effect* const effect = timeline[i].effect;
         if (!effect->IsInitialised()) {
@@ -199,7 +203,7 @@ void DemoPlayer::Run()
             cursor++;
         }
         RenderFrame(active, due);
-        delete due; // lost without trace if its target was not active
+        delete due; // also if no active effect was its target: the message is lost then
 
         FrameTimer::Update();
         window->SwapBuffers();
@@ -242,7 +246,7 @@ void DemoPlayer::End()
 
 DemoPlayer::~DemoPlayer()
 {
-    delete music; // which neither stops nor closes the stream
+    delete music; // its destructor neither stops nor closes the stream
     delete loadingScreen;
     while (!messages.empty()) {
         delete[] messages.front().params;

@@ -6,7 +6,7 @@
 // operations and SortMessages), Run, destructor.
 //
 // Script times are unsigned milliseconds; they become float seconds when a record is stored. A negative
-// number in a script is a very large unsigned one, here as everywhere.
+// number in a script becomes a very large unsigned one.
 #pragma once
 
 #include "kernel/ColorScheme.h"

@@ -10,12 +10,12 @@
 //                                  the effect is active in that frame. Id 0 is no message: ignore it.
 //   Render, then Update            once per frame and active timeline entry.
 //   destructor                     never: effects live to the end of the process.
-// There is no signal for becoming active or inactive: localTime and messages have to do.
+// An effect is not told when it becomes active or inactive. It can tell from localTime and from messages.
 //
 // GL at the start of Render
-//   The depth buffer is clear, the matrix mode is modelview and the modelview matrix the identity. All else
-//   (projection, viewport, blending, depth state, texturing, colour) is what the last effect left there, and
-//   each effect's header says what it leaves behind itself.
+//   The depth buffer is clear, the matrix mode is modelview and the modelview matrix is the identity. All
+//   other state (projection, viewport, blending, depth state, texturing, colour) is as the effect drawn
+//   before left it. Each effect's header says what it leaves behind.
 //
 // Time
 //   localTime is the sum of the frame deltas of all frames in which the effect was active, whatever entry
@@ -40,8 +40,8 @@ public:
     // params holds paramCount floats, borrowed for the call; with a count of 0 there is nothing to read.
     virtual void ReceiveMessage(int messageId, float* params, int paramCount) = 0;
 
-    // Stores both and counts as initialised from then on; with a null argument nothing happens. An Init that
-    // doesn't call this is run again for every further timeline entry, and has no window.
+    // Stores both pointers and sets initialised; does nothing if one of them is null. An effect whose Init
+    // does not call this is initialised again for every further timeline entry, and its window stays null.
     void Attach(GLWindow* newWindow, DemoPlayer* newPlayer);
     bool IsInitialised() const;
 

@@ -19,8 +19,8 @@ class EffectRegistry
 public:
     EffectRegistry();
 
-    // Appends a row and lets the effect declare its messages at once. A name that is taken already gives
-    // false: nothing happens then, and no error is shown.
+    // Appends a row and calls the effect's DeclareMessages. Returns false, changes nothing and shows no error
+    // if the name is taken already.
     bool Register(std::string name, Effect* effect, std::string description);
 
     // The effect of exactly that name, or null.
@@ -28,11 +28,11 @@ public:
 
     SynchMessageTable* GetMessageTable() const;
 
-    // Forgets the rows. The effects stay as they are, and so does the message table.
+    // Removes all rows. The effects and the message table are not touched.
     void Clear();
 
     // Writes the listing for script writers: every effect with its messages, in order of registration. An
-    // existing file is replaced; one that can't be opened is left alone in silence.
+    // existing file is replaced. Nothing is reported if the file can't be opened.
     void WriteDemoInfo(std::string fileName) const;
     std::string DemoInfo() const; // the same text
 

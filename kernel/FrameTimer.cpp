@@ -38,7 +38,7 @@ void FrameTimer::Update()
     fpsWindow += delta;
     if (fpsWindow >= 1.0f) {
         fps = frameCount;
-        fpsWindow = 0; // what is over a second is thrown away
+        fpsWindow = 0; // the time over one second is not carried on
         frameCount = 0;
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The picture behind which the effects load: "loading.jpg" in the middle of a black screen, 60 percent wide
-// and 35 percent high. It stands still whatever the progress is.
+// The screen that is shown while the effects load: the picture "loading.jpg" in the middle of a black window,
+// 60 percent of its width and 35 percent of its height. It looks the same whatever the progress is.
 #pragma once
 
 #include "kernel/ProgressScreen.h"
@@ -14,7 +14,8 @@ public:
 
     void Init() override;
 
-    // Leaves texturing enabled and the picture bound, the colour white, and one GL_STACK_UNDERFLOW behind.
+    // Leaves texturing enabled, the picture bound, the colour white and one GL_STACK_UNDERFLOW in GL's error
+    // flag. The matrices are as before, the matrix mode is modelview.
     void Render() override;
 
 private:

@@ -18,7 +18,7 @@ int main()
     ReportOutOfMemory();
     platform::FindDataDirectory();
     const int status = RunShow();
-    // Gives the desktop its mode back after a full-screen show that came to its natural end.
+    // Restores the display mode. After a natural end of the show nothing else has done so.
     platform::Windows().shutDown();
     return status;
 }

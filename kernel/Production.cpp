@@ -16,7 +16,7 @@
 #include "effects/WhiteFlashOverlay.h"
 #include "kernel/EffectRegistry.h"
 
-// The key is the name in scripts and the description in the listing.
+// The key serves as the name in scripts and as the description in the listing.
 static void Add(EffectRegistry* registry, const char* key, Effect* effect)
 {
     registry->Register(key, effect, key);

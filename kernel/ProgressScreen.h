@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What stands on the screen while effects load, as the DemoPlayer sees it.
+// Interface of the screen that DemoPlayer shows while the effects load.
 #pragma once
 
 class GLWindow;
@@ -10,13 +10,13 @@ public:
     explicit ProgressScreen(GLWindow* newWindow) : window(newWindow), progress(0) {}
     virtual ~ProgressScreen() {}
 
-    virtual void Init() = 0;   // once, with GL ready
-    virtual void Render() = 0; // ahead of each effect that is loaded
+    virtual void Init() = 0;   // called once, with a current GL context
+    virtual void Render() = 0; // called before each effect is loaded, between a clear and a swap
 
-    void SetProgress(float newProgress) { progress = newProgress; } // 0 to 1
+    void SetProgress(float newProgress) { progress = newProgress; } // from 0 to 1
     float GetProgress() const { return progress; }
 
 protected:
-    GLWindow* window; // borrowed
+    GLWindow* window; // borrowed, not used
     float progress;
 };

@@ -3,6 +3,7 @@
 
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/RegularFile.h"
 #include "platform/dialogs/MessageBox.h"
 
 const char* const ErrorTail =
@@ -27,13 +28,12 @@ void ReportInfo(std::string title, std::string text)
 
 FILE* OpenFile(const char* path, const char* mode)
 {
-    const std::string place = platform::NamesDataDirectory(path) ? platform::DataPath(path) : path;
-    return OpenLocalFile(place.c_str(), mode);
+    return OpenLocalFile(platform::ResolvePath(path).c_str(), mode);
 }
 
 FILE* OpenLocalFile(const char* path, const char* mode)
 {
-    FILE* file = fopen(path, mode);
+    FILE* file = platform::OpenRegularFile(path, mode);
     if (!file) {
         ReportError("File Not Found!", path);
         platform::PostQuit(0);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// All that the program has to say to its user, and the checked way to open a file. Nothing here ends the
-// program: a caller that can't go on reports and then posts a quit with PostQuit(0).
+// What the program tells its user, and the checked way to open a file. Nothing here ends the program: a
+// caller that can't go on reports first and then posts a quit with PostQuit(0).
 //
-// This pair stands below all other folders but platform: resources and display report through it too.
+// This pair of files stands below all folders but platform/, because resources/ and display/ report through
+// it.
 #pragma once
 
 #include <cstdio>
@@ -19,9 +20,10 @@ void ReportInfo(std::string title, std::string text);
 // The constant paragraph under every error, 449 characters, its two line ends in front included.
 extern const char* const ErrorTail;
 
-// fopen. A path in the data directory, in whatever spelling (see platform/Paths.h), is opened and reported
-// where the data really lies; other paths are relative to the working directory. On failure, whatever the
-// cause: ReportError("File Not Found!", path), PostQuit(0), null.
+// Opens a regular file with a mode of fopen's. A path in the data directory, in whatever spelling (see
+// platform/Paths.h), is opened and reported where the data really lies; other paths are relative to the
+// working directory. On failure, whatever the cause: ReportError("File Not Found!", path), PostQuit(0), null.
+// A folder, a FIFO or a device counts as a failure (see platform/RegularFile.h).
 FILE* OpenFile(const char* path, const char* mode);
 
 // The same for a path that never means the data directory: one that isn't absolute starts from the working

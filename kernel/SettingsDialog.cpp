@@ -27,7 +27,7 @@ static const Resolution resolutions[] = {
     {Control1024, 1024, 768},
 };
 
-// Nobody has ever put ControlReserved on the form.
+// There is no control with the id ControlReserved.
 static const platform::FormControl controls[] = {
     // id               kind                       text            x    y  width height
     {Control640,        platform::FormRadioButton, "640 x 480",   13,  90, 48,   10, false},
@@ -40,8 +40,8 @@ static const platform::FormControl controls[] = {
 };
 // clang-format on
 
-static const int formWidth = 232; // dialog units
-static const int formHeight = 143;
+static const int formWidth = 232;  // dialog units
+static const int formHeight = 143; // dialog units
 
 static int ResolutionOfWidth(int width)
 {
@@ -64,7 +64,8 @@ bool ShowSettingsDialog(int& width, int& height, bool& music, bool& fullscreen, 
     form.Check(ResolutionOfWidth(width), true);
     form.Check(ControlMusic, music);
     form.Check(ControlFullscreen, fullscreen);
-    form.Check(ControlReserved, reserved); // falls on nothing, and so false is what is read back
+    form.Check(ControlReserved,
+               reserved); // has no effect without such a control, and IsChecked below gives false
 
     if (platform::ShowStartForm(form) != ControlGo)
         return false;

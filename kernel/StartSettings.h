@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What the run is started with. The start form works on these.
+// The settings that a run is started with. The start form shows and changes them.
 #pragma once
 
 struct StartSettings {
-    int width = 1024; // of the window, pixels
-    int height = 768;
+    int width = 1024; // of the window, in pixels
+    int height = 768; // likewise
     bool music = true;
     bool fullscreen = true;
-    bool reserved = false; // the form carries it, nothing reads it
+    bool reserved = false; // passed to the form and back; nothing reads it
 };

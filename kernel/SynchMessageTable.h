@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The messages that effects have declared. Names are resolved when the script is read; from then on a
-// message is its integer id.
+// The messages that effects have declared. A script names them; DemoPlayer::AddMessage looks the names up
+// here when the script is read, and from then on uses the integer ids.
 #pragma once
 
 #include <cstdint>
@@ -21,8 +21,9 @@ class SynchMessageTable
 public:
     SynchMessageTable();
 
-    // Gives out the next id: 1 upward, across all effects in order of registration; never 0. Duplicates are
-    // not looked for: a second row of the same name and owner gets an id that FindMessage never finds.
+    // Appends a row and returns its id. Ids count from 1 across all effects; 0 is never given out. There is
+    // no check for duplicates: of two rows with the same name and owner, FindMessage only ever finds the
+    // first.
     int DeclareMessage(std::string name, Effect* owner, std::string description);
 
     // The id of the first row with this owner and exactly this name; 0 if there is none or owner is null.

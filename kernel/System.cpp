@@ -8,6 +8,7 @@
 #include "kernel/Production.h"
 #include "kernel/SettingsDialog.h"
 #include "kernel/StartSettings.h"
+#include "platform/RegularFile.h"
 #include "resources/TextureLoader.h"
 
 #include <cstdint>
@@ -21,12 +22,12 @@ DemoPlayer* demoPlayer = nullptr;
 GLWindow* glWindow = nullptr;
 EffectRegistry* effectRegistry = nullptr;
 
-// Milliseconds at which the show starts: one integer in a file of the working directory, with which authors
-// start in the middle of a show while they work on it. No file is normal, and 0.
+// The time in milliseconds at which the show starts. Authors who work on a show write it as one integer into
+// a file of the working directory. Without the file, and if it holds no number, the show starts at 0.
 static uint32_t ReadStartOffset()
 {
     int offset = 0;
-    FILE* file = fopen(startOffsetFileName, "r");
+    FILE* file = platform::OpenRegularFile(startOffsetFileName, "r");
     if (file) {
         if (fscanf(file, "%d", &offset) != 1)
             offset = 0;
@@ -59,7 +60,7 @@ bool BuildSystem()
 void TearDown()
 {
     effectRegistry->Clear();
-    glWindow->Destroy(); // acts after a pumped quit; after a natural end the window stays up
+    glWindow->Destroy(); // closes the window only if a quit was pumped
     if (TextureLoader* textures = TextureLoader::GetInstance())
         textures->Shutdown();
     delete demoPlayer;

@@ -1,26 +1,27 @@
 // SPDX-License-Identifier: MIT
-// The order in which a run is built and taken down. It is the design: the effects exist and have declared
-// their messages before any GL context exists, the window exists before the script is read, and everything is
-// loaded later, inside DemoPlayer::Run.
+// The order in which a run is built and taken down. Effects are created and declare their messages before any
+// GL context exists, the window is open before the script is read, and pictures, meshes and shaders are
+// loaded last, inside DemoPlayer::Run.
 #pragma once
 
 class DemoPlayer;
 class EffectRegistry;
 class GLWindow;
 
-// Asks for the settings and builds the three central objects. False if the user left the form (nothing was
-// created then) or the window can't be had. A player that fails to initialise still gives true, and shows
-// itself by refusing the script.
+// Asks for the settings and creates the three central objects. False if the user left the form (nothing was
+// created then) or if the window could not be created. True also if DemoPlayer::Init failed: LoadScript then
+// refuses the script, and the caller still has to call TearDown.
 bool BuildSystem();
 
-// Frees what is freed. The effects, the message table and the music live to the end of the process.
+// Closes the window if a quit was pumped, and deletes textures, player, window and registry. The effects, the
+// message table and the sound system live until the process ends. Call only after BuildSystem returned true.
 void TearDown();
 
-// The run from form to tear-down, without the process around it. Always 0.
+// A whole run, from the form to the tear-down. Returns the exit status of the program, which is always 0.
 int RunShow();
 
-// The central objects, for those who build and take down: everybody else is handed what he needs. Null before
-// BuildSystem and after TearDown.
+// The central objects. Only the functions above and their tests use them; all other code gets pointers as
+// arguments. Null before BuildSystem and after TearDown.
 extern DemoPlayer* demoPlayer;
 extern GLWindow* glWindow;
 extern EffectRegistry* effectRegistry;

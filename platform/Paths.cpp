@@ -26,6 +26,11 @@ std::string DataPath(std::string name)
     return dataDirectory + "/" + name;
 }
 
+std::string ResolvePath(std::string path)
+{
+    return NamesDataDirectory(path) ? DataPath(path) : path;
+}
+
 void SetDataDirectory(std::string directory)
 {
     dataDirectory = directory;

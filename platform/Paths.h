@@ -12,6 +12,10 @@ namespace platform
 // All of them mean the one data directory. Nothing is opened.
 std::string DataPath(std::string name);
 
+// A path as the show's own files have it: in the data directory if it begins with one of those spellings,
+// otherwise as it stands, from the working directory or absolute. Nothing is opened.
+std::string ResolvePath(std::string path);
+
 // True if the name carries the directory in one of those spellings.
 bool NamesDataDirectory(const std::string& name);
 

@@ -4,11 +4,12 @@
 #include "kernel/Report.h"
 #include "platform/DebugChannel.h"
 #include "platform/Paths.h"
+#include "platform/RegularFile.h"
 
 #include <vector>
 
 const GLsizei longestLog = 4096;      // bytes
-const size_t longestSource = 1 << 20; // bytes; a device in a file's place has no end
+const size_t longestSource = 1 << 20; // bytes
 
 static std::string InfoLog(GLhandleARB object)
 {
@@ -20,7 +21,7 @@ static std::string InfoLog(GLhandleARB object)
 static std::string ReadSource(std::string path)
 {
     const std::string place = platform::DataPath(path);
-    FILE* file = fopen(place.c_str(), "rb");
+    FILE* file = platform::OpenRegularFile(place, "rb");
     if (!file) {
         ReportError("GLSL Shader", "Unable to open the following shader: " + place);
         return "";

@@ -23,11 +23,6 @@ void ObservePictures(PictureObserver observer)
     pictureObserver = observer;
 }
 
-static std::string WhereItLies(const std::string& path)
-{
-    return platform::NamesDataDirectory(path) ? platform::DataPath(path) : path;
-}
-
 static void ReportUnusable(const std::string& text)
 {
     ReportError("Texture Loader", text);
@@ -45,12 +40,12 @@ ImageData TextureLoader::LoadImage(std::string name)
 
 ImageData TextureLoader::LoadImageFile(std::string path)
 {
-    return Decode(WhereItLies(path), ": Could not load texture. \n", true);
+    return Decode(platform::ResolvePath(path), ": Could not load texture. \n", true);
 }
 
 ImageData TextureLoader::LoadJpegFile(std::string path)
 {
-    return Decode(WhereItLies(path), ": Could not load jpg-texture. \n", false);
+    return Decode(platform::ResolvePath(path), ": Could not load jpg-texture. \n", false);
 }
 
 ImageData TextureLoader::Decode(std::string path, std::string complaint, bool keepAlpha)
@@ -77,7 +72,7 @@ ImageData TextureLoader::Decode(std::string path, std::string complaint, bool ke
 
 ImageData TextureLoader::LoadDibFile(std::string path)
 {
-    const std::string place = WhereItLies(path);
+    const std::string place = platform::ResolvePath(path);
     const std::string bytes = ReadPictureFile(place);
     ImageData image;
     if (!ReadDib(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), &image))

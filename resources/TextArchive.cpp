@@ -2,20 +2,18 @@
 #include "resources/TextArchive.h"
 
 #include "platform/Paths.h"
+#include "platform/RegularFile.h"
 #include "resources/Material.h"
 #include "resources/Model.h"
 
 #include <locale>
 
-static std::string RealPath(std::string path)
-{
-    return platform::NamesDataDirectory(path) ? platform::DataPath(path) : path;
-}
-
 TextArchiveReader::TextArchiveReader(std::string path)
 {
     file.imbue(std::locale::classic());
-    file.open(RealPath(path));
+    const std::string resolved = platform::ResolvePath(path);
+    if (platform::IsRegularFile(resolved))
+        file.open(resolved);
 }
 
 bool TextArchiveReader::IsGood() const
@@ -192,7 +190,7 @@ void TextArchiveReader::ReadWeights(WeightsRecord* weights)
 TextArchiveWriter::TextArchiveWriter(std::string path)
 {
     file.imbue(std::locale::classic());
-    file.open(RealPath(path));
+    file.open(platform::ResolvePath(path));
 }
 
 bool TextArchiveWriter::IsGood() const

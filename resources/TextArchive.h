@@ -59,7 +59,7 @@ struct WeightsRecord {
 class TextArchiveReader
 {
 public:
-    // The path may carry the data directory in any spelling (platform/Paths.h).
+    // The path may carry the data directory in any spelling (platform/Paths.h). Only a regular file opens.
     explicit TextArchiveReader(std::string path);
 
     bool IsGood() const; // open, and no read has failed

@@ -7,8 +7,8 @@
 
 static const size_t tokenSize = 256; // of the search for a key; longer tokens are compared in pieces
 
-// Numbers pass in and out under the classic locale of this thread: a decimal comma of the user's would make
-// a file that another user can't read. Returns what uselocale needs to go back.
+// Makes the classic locale that of this thread, and returns the one before. Numbers are read and written
+// under it, because a file with the decimal comma of one user's locale would be misread under another's.
 static locale_t SetClassicLocale()
 {
     static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
@@ -56,7 +56,7 @@ static void ReadToken(FILE* file, char* text, size_t size)
 static bool FindAndRead(FILE* file, void* value, const std::string& key, int type, size_t textSize)
 {
     fseek(file, 0, SEEK_SET);
-    // A device that fails never reaches its end of file, so that ends the search as well.
+    // ferror: on a read error the end-of-file flag is never set.
     while (!feof(file) && !ferror(file)) {
         char token[tokenSize] = ""; // stays empty at the end of the file, where no token arrives
         ReadToken(file, token, tokenSize);
@@ -81,21 +81,21 @@ bool ParameterFile::Read(void* value, std::string key, int type, size_t textSize
 {
     if (!file)
         return false;
-    const locale_t theirs = SetClassicLocale();
+    const locale_t previous = SetClassicLocale();
     const bool found = FindAndRead(file, value, key, type, textSize);
-    uselocale(theirs);
+    uselocale(previous);
     return found;
 }
 
-// False in every case: the result says nothing about the writing.
+// The result is false in every case; it says nothing about success.
 bool ParameterFile::Write(void* value, std::string key, int type)
 {
     if (!file)
         return false;
-    const locale_t theirs = SetClassicLocale();
+    const locale_t previous = SetClassicLocale();
     fseek(file, 0, SEEK_END);
     switch (type) {
-    case ParameterText: // no line end: the format has it so, see the header
+    case ParameterText: // without a line end, as the header says
         fprintf(file, "%s %s", key.c_str(), static_cast<const char*>(value));
         break;
     case ParameterInteger:
@@ -105,8 +105,8 @@ bool ParameterFile::Write(void* value, std::string key, int type)
         fprintf(file, "%s %f\n", key.c_str(), static_cast<double>(*static_cast<const float*>(value)));
         break;
     }
-    fflush(file); // a show that is killed keeps its parameters
-    uselocale(theirs);
+    fflush(file); // so that the parameters are there even if the show is killed
+    uselocale(previous);
     return false;
 }
 

@@ -19,12 +19,12 @@ const int ParameterTextSize = 4096;
 // in its variable, and gets the stored one or has the default added. After one run the file holds every
 // parameter that was asked for.
 //
-// The file is tokens divided by white space: key, value, key, value. Two properties of the format stand:
-//   - A text entry is written without a line end, so the next entry's key is glued to its value.
-//   - The search looks at every token: a value that equals the key is taken for it, and the token behind it
-//     for the value. The first match wins.
-// Numbers look the same under any locale. The engine carries the class for its effects; no effect of this
-// production uses it.
+// The file consists of tokens divided by white space: key, value, key, value. Two properties of the format
+// are surprising and must stay:
+//   - A text entry is written without a line end, so the key of the next entry is appended to its value.
+//   - The search compares every token: a value that equals the key is taken for the key, and the token behind
+//     it for the value. The first match wins.
+// Numbers look the same under any locale. No effect of this production uses the class.
 class ParameterFile
 {
 public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The four blocks of a script.
+// The half of ScriptParser that turns the four kinds of block into calls on the DemoPlayer.
 #include "script/ScriptParser.h"
 
 #include "kernel/DemoPlayer.h"
@@ -12,7 +12,7 @@
 
 static const double fullColour = 255.0;
 
-// What a box says of each value that is missing, each on a line of its own, far to the right.
+// The lines with which an information box says that a value is missing; empty if it is not.
 static std::string Reason(const std::string& value, const char* words)
 {
     return value.empty() ? std::string("\n\n\t\t") + words : std::string();
@@ -20,9 +20,9 @@ static std::string Reason(const std::string& value, const char* words)
 
 void ScriptParser::ParseMusic(std::string body)
 {
-    // The result is ignored: here alone a last entry without its ; still counts.
+    // The result is ignored, so that a last entry without its ; still counts. Only this block does so.
     std::string name;
-    GetValue(body, "FileName", &name);
+    GetValue(body, key::FileName, &name);
     if (player && !name.empty()) {
         player->SetMusic(name);
         return;
@@ -33,10 +33,10 @@ void ScriptParser::ParseMusic(std::string body)
 
 void ScriptParser::ParseEffect(std::string body)
 {
-    // The search ends at the first key that is missing, so those behind it are told as missing too.
+    // The search ends at the first key that is missing, so the box names the keys after it as missing too.
     std::string name, start, stop, layer;
-    if (GetValue(body, "EffectName", &name) && GetValue(body, "StartTime", &start) &&
-        GetValue(body, "StopTime", &stop) && GetValue(body, "LayerID", &layer)) {
+    if (GetValue(body, key::EffectName, &name) && GetValue(body, key::StartTime, &start) &&
+        GetValue(body, key::StopTime, &stop) && GetValue(body, key::LayerID, &layer)) {
         const int layerNumber = atoi(layer.c_str());
         const int startMs = atoi(start.c_str());
         const int stopMs = atoi(stop.c_str());
@@ -53,8 +53,8 @@ void ScriptParser::ParseEffect(std::string body)
 void ScriptParser::ParseColorScheme(std::string body)
 {
     std::string global, support, flow;
-    if (GetValue(body, "GlobalColor", &global) && GetValue(body, "SupportColor", &support) &&
-        GetValue(body, "FlowColor", &flow)) {
+    if (GetValue(body, key::GlobalColor, &global) && GetValue(body, key::SupportColor, &support) &&
+        GetValue(body, key::FlowColor, &flow)) {
         ColorScheme scheme = {};
         ParseColor(global, scheme.global);
         ParseColor(support, scheme.support);
@@ -84,8 +84,8 @@ void ScriptParser::ParseColor(std::string text, float* rgb) const
     }
 }
 
-// Loses the last character of the last number: it ends the loop without having been appended. Scripts are
-// written for this, as 2.50 for 2.5, or with a comma behind the last number.
+// The last character of the text is not appended to the token, so the last number loses it. Scripts are
+// written for this: they have 2.50 for 2.5, or a comma behind the last number.
 void ScriptParser::ParseParameters(std::string text, float* params, int count)
 {
     std::string token;
@@ -106,8 +106,8 @@ void ScriptParser::ParseParameters(std::string text, float* params, int count)
 void ScriptParser::ParseMessage(std::string body)
 {
     std::string messageText, times, target;
-    if (!GetValue(body, "MessageText", &messageText) || !GetValue(body, "ActivationTime", &times) ||
-        !GetValue(body, "TargetEffect", &target)) {
+    if (!GetValue(body, key::MessageText, &messageText) || !GetValue(body, key::ActivationTime, &times) ||
+        !GetValue(body, key::TargetEffect, &target)) {
         ReportInfo("Script Parser",
                    "Error in Message: \n" + body + Reason(target, "NO TARGET EFFECT DEFINED") +
                        Reason(times, "NO ACTIVATION TIME DEFINED") +
@@ -115,17 +115,17 @@ void ScriptParser::ParseMessage(std::string body)
         return;
     }
 
-    // One more than there are commas, so that a list with a comma at its end has a last value that nobody
-    // wrote. It is 0, like everything that is left unset.
+    // The count is one more than there are commas. After a comma at the end of the list ParseParameters has
+    // nothing to store as the last value, which stays 0.
     std::string paramText;
     std::vector<float> params;
-    if (GetValue(body, "Parameter", &paramText)) {
+    if (GetValue(body, key::Parameter, &paramText)) {
         params.resize(1 + std::count(paramText.begin(), paramText.end(), ','));
         ParseParameters(paramText, params.data(), int(params.size()));
     }
     const int count = int(params.size());
 
-    // Here the last character is saved; a comma at the end lands in the token, where atoi stops at it.
+    // Unlike in ParseParameters, the last character is appended; atoi stops at a comma there.
     std::string token;
     int timeCount = 0;
     uint32_t time = 0;
@@ -144,9 +144,10 @@ void ScriptParser::ParseMessage(std::string body)
             player->AddMessage(time, messageText, params.data(), count, target);
     }
 
-    // Steps is the number of messages in all, the first included. It goes with a single time only.
+    // Steps is the total number of messages, including the first. It only works with a single time.
     std::string stepsText, deltaText;
-    if (timeCount != 1 || !GetValue(body, "Steps", &stepsText) || !GetValue(body, "TimeDelta", &deltaText))
+    if (timeCount != 1 || !GetValue(body, key::Steps, &stepsText) ||
+        !GetValue(body, key::TimeDelta, &deltaText))
         return;
     uint32_t steps = uint32_t(atoi(stepsText.c_str()));
     if (observer)

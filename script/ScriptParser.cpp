@@ -40,7 +40,8 @@ bool ScriptParser::Load(std::string fileName)
     return true;
 }
 
-// The block whose header comes next from *place on, which is moved behind that header.
+// The type of the next block. The search for its header starts at *place, which is moved behind the header,
+// or to the end of the stream if there is none.
 static BlockType FindBlock(const std::string& stream, size_t* place)
 {
     std::string word;
@@ -50,15 +51,10 @@ static BlockType FindBlock(const std::string& stream, size_t* place)
         if (c == '[') {
             sawBracket = true;
         } else if (c == ']' && sawBracket) {
-            // The word is kept when nothing matches, so one unknown header spoils all that follow.
-            if (word == "MUSIC")
-                return BlockMusic;
-            if (word == "EFFECT")
-                return BlockEffect;
-            if (word == "MESSAGE")
-                return BlockMessage;
-            if (word == "COLORSCHEME")
-                return BlockColorScheme;
+            // The word is not cleared when nothing matches, so that after an unknown header none matches.
+            const BlockType type = BlockTypeNamed(word);
+            if (type != BlockNone)
+                return type;
         } else {
             word += c;
         }
@@ -71,8 +67,8 @@ static size_t FindBodyEnd(const std::string& stream, size_t begin)
     return std::min(stream.find('[', begin), stream.size());
 }
 
-// By places in the stream, since erasing what was read would take a time that grows with the square of its
-// length.
+// Goes through the stream by index. Erasing what was read, as NextBlock and ReadBlockBody do, would take time
+// quadratic in the length of the stream.
 void ScriptParser::ReadBlocks(FILE* file)
 {
     const std::string stream = ReadFiltered(file);
@@ -105,7 +101,7 @@ void ScriptParser::ReadBlocks(FILE* file)
     }
 }
 
-// Not isalnum: what counts as a letter there depends on the locale.
+// isalnum would not do: which bytes it takes for letters depends on the locale.
 static bool IsPermitted(int c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '[' ||
@@ -173,8 +169,8 @@ bool ScriptParser::GetValue(std::string body, std::string key, std::string* valu
             else
                 word += c;
         } else {
-            // At a ; the word holds key and value of an entry that was not asked for, joined, and is compared
-            // all the same: Start=Time; is found as StartTime.
+            // For an entry of another key the word goes on behind the =, and at the ; it holds key and value
+            // joined. It is compared there too, so that Start=Time; is found under the key StartTime.
             if (word == key)
                 found = true;
             if (c == ';') {

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Reads a script: first the lexical layer, then the four kinds of block, each of which becomes calls on the
-// DemoPlayer.
+// Reads a script in two layers: a lexical one, and above it the four kinds of block, each of which becomes
+// calls on the DemoPlayer.
 //
-// The file is boiled down to one string, the stream: comments (from one # to the next, across lines) and all
-// but letters, digits and [ ] . , ; _ = - are gone from it, white space included. A block is a header such as
-// [EFFECT], then entries Key=Value; up to the next [.
+// The file is first reduced to one string, the stream. It holds letters, digits and [ ] . , ; _ = - ; all
+// other characters, white space and comments (from one # to the next, across lines) are dropped. A block is a
+// header such as [EFFECT] and the entries Key=Value; up to the next [. script/BlockSyntax.h lists headers and
+// keys.
 //
-// The format has its accidents: junk ahead of a header or a header of an unknown name eats up the rest of the
-// file in silence, and a parameter list loses its last character. Shows depend on what is read, so all of
-// them stay. docs/SCRIPT.md tells script writers about them.
+// Existing shows depend on how the format treats errors, so the reader must not be stricter or more lenient:
+// text ahead of a header, or a header of an unknown name, makes the rest of the file ignored without a
+// message, and a list of parameters loses its last character. docs/SCRIPT.md describes the format to script
+// writers.
 #pragma once
 
 #include "kernel/ColorScheme.h"
@@ -32,19 +34,21 @@ public:
     // not, that was reported and a quit posted.
     bool Load(std::string fileName);
 
-    void ReadBlocks(FILE* file); // what Load does with the open file, from where it stands to its end
+    // Reads the blocks of an open file, from its present position to its end. Load does this with its file.
+    void ReadBlocks(FILE* file);
 
-    // The lexical layer. Streams and texts are consumed at the front.
+    // The lexical layer. NextBlock, ReadBlockBody and PopChar remove from the front of the stream what they
+    // read.
     std::string ReadFiltered(FILE* file);
-    BlockType NextBlock(std::string& stream);       // consumes a header; BlockNone means the stream is empty
-    std::string ReadBlockBody(std::string& stream); // consumes up to the next [, which stays
+    BlockType NextBlock(std::string& stream);       // to behind the next header; BlockNone: none was left
+    std::string ReadBlockBody(std::string& stream); // up to the next [, which stays
     char PopChar(std::string& stream);              // 0 if it is empty
     char PeekChar(const std::string& stream) const; // 0 if it is empty
 
     // Appends the value of the first entry with exactly this key to *value. True if the entry has its ;.
     bool GetValue(std::string body, std::string key, std::string* value) const;
 
-    // The blocks. What a block lacks is shown in an information box, and the block is skipped.
+    // The blocks. If a needed entry is missing, an information box says so and the block is skipped.
     void ParseMusic(std::string body);
     void ParseEffect(std::string body);
     void ParseMessage(std::string body);

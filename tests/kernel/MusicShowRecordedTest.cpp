@@ -215,6 +215,21 @@ TEST_F(MusicShow, TheNaturalEndStopsTheMusic)
     EXPECT_TRUE(IsSilent(Pull(1000)));
 }
 
+TEST_F(MusicShow, TheLastTitleIsSetBeforeTheShowEnds)
+{
+    size_t callsAtLastTitle = 0;
+    uint32_t stateAtLastTitle = 0;
+    NullWindowState().titleSet = [&] {
+        callsAtLastTitle = calls.size();
+        stateAtLastTitle = player.state;
+    };
+    Play(Music("waltz.wav") + Entry(0, 100));
+    NullWindowState().titleSet = nullptr;
+    EXPECT_EQ(uint32_t(PlayerEnded), player.state);
+    EXPECT_EQ(uint32_t(PlayerRunning), stateAtLastTitle);
+    EXPECT_EQ(calls.size(), callsAtLastTitle + 1) << "the stop of the stream comes after it";
+}
+
 TEST_F(MusicShow, AQuitLeavesTheMusicToTheEndOfTheProcess)
 {
     quitAtSwap = 8;

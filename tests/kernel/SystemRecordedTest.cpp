@@ -12,6 +12,7 @@
 #include "platform/SteppedClock.h"
 #include "platform/dialogs/StartForm.h"
 #include "tests/support/NullWindowSystem.h"
+#include "tests/support/OddFiles.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -204,6 +205,29 @@ TEST_F(Run, AStartOffsetIsReadUpToWhereTheNumberEnds)
 {
     WriteOffset("  1500ms");
     EXPECT_EQ(1500u, OffsetAfterBuild());
+}
+
+TEST_F(Run, AStartOffsetFileThatIsNoFileIsNone)
+{
+    system.refuseWindow = true; // so that the run can be built again
+    for (const OddFile& odd : OddFiles()) {
+        odd.make(folder + "/editoren_sind_fuer_clickscener.txt");
+        boxes.clear();
+        EXPECT_FALSE(BuildSystem());
+        EXPECT_EQ(0u, demoPlayer->startOffset) << odd.name;
+        EXPECT_LE(boxes.size(), 1u) << "nothing is said but of the window";
+        remove((folder + "/editoren_sind_fuer_clickscener.txt").c_str());
+    }
+}
+
+TEST_F(Run, AScriptThatIsAFolderIsToldLikeAMissingOne)
+{
+    std::filesystem::create_directory(PathOf("script.txt"));
+    EXPECT_EQ(0, RunShow());
+    ASSERT_EQ(1u, boxes.size());
+    EXPECT_EQ("Marlinex 1.5 Error: File Not Found!", boxes[0].caption);
+    EXPECT_EQ(nullptr, demoPlayer);
+    EXPECT_EQ(0, swaps);
 }
 
 TEST_F(Run, TheStartOffsetIsReadAheadOfTheWindow)

@@ -79,3 +79,12 @@ TEST_F(DataDirectory, IsADirectoryAndNoFileOfThatName)
     fclose(fopen((root / "here" / "Data").c_str(), "w"));
     EXPECT_EQ((root / "build" / "Data").string(), Found());
 }
+
+TEST(Paths, APathIsResolvedOnlyIfItNamesTheDataDirectory)
+{
+    platform::SetDataDirectory("/somewhere/else");
+    for (const char* name : {"data\\fish.vp", "Data\\fish.vp", "data/fish.vp", "Data/fish.vp"})
+        EXPECT_EQ("/somewhere/else/fish.vp", platform::ResolvePath(name));
+    for (const char* name : {"fish.vp", "datafish.vp", "sub/fish.vp", "/data/fish.vp", "DATA/fish.vp", ""})
+        EXPECT_EQ(name, platform::ResolvePath(name));
+}

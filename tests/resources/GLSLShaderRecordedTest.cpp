@@ -2,6 +2,7 @@
 #include "resources/GLSLShader.h"
 
 #include "kernel/Report.h"
+#include "tests/support/OddFiles.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
@@ -163,20 +164,19 @@ TEST_F(LoadedShader, TakesAnEmptyFileForNoSourceQuietly)
     EXPECT_EQ("Unable to attach the shaders emptyand empty", shader.lastError);
 }
 
-TEST_F(LoadedShader, TakesADirectoryForNoSource)
+TEST_F(LoadedShader, ReportsWhatIsNoFileLikeAMissingOneAndGoesOn)
 {
-    std::filesystem::create_directory(PathOf("folder.vp"));
-    EXPECT_TRUE(shader.Load("folder", "f"));
-    EXPECT_TRUE(boxes.empty());
-    EXPECT_TRUE(gl::FindProgram(1)->vertexSource.empty());
-}
-
-TEST_F(LoadedShader, DoesNotReadADeviceForEver)
-{
-    std::filesystem::create_symlink("/dev/zero", PathOf("endless.vp"));
-    std::filesystem::create_symlink("/dev/zero", PathOf("endless.fp"));
-    EXPECT_TRUE(shader.Load("endless", "endless")); // zeros are a source, even if an empty one for GL
-    EXPECT_TRUE(gl::FindProgram(1)->vertexSource.empty());
+    for (const OddFile& odd : OddFiles()) {
+        boxes.clear();
+        odd.make(PathOf("odd.vp"));
+        GLSLShader other;
+        EXPECT_TRUE(other.Load("odd", "f")) << odd.name << ": the fragment stage is there";
+        ASSERT_EQ(1u, boxes.size()) << odd.name;
+        EXPECT_EQ("Marlinex 1.5 Error: GLSL Shader", boxes[0].caption);
+        EXPECT_EQ(ErrorBody("Unable to open the following shader: " + PathOf("odd.vp")), boxes[0].body);
+        EXPECT_FALSE(QuitWasPosted());
+        remove(PathOf("odd.vp").c_str());
+    }
 }
 
 TEST_F(LoadedShader, ReadsAllBytesAsTheyStand)

@@ -3,6 +3,7 @@
 
 #include "kernel/Report.h"
 #include "resources/ShaderParams.h"
+#include "tests/support/OddFiles.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
@@ -215,15 +216,18 @@ TEST_F(Program, TakesAnEmptyFileForASource)
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(Program, TakesDirectoriesAndDevicesForEmptySources)
+TEST_F(Program, ReportsWhatIsNoFileLikeAMissingOneAndEndsTheRun)
 {
-    std::filesystem::create_directory(PathOf("folder.vp")); // says that its size is the largest there is
-    std::filesystem::create_symlink("/dev/zero", PathOf("endless.fp"));
-    ASSERT_NE(nullptr, Load("data/folder.vp", "data/endless.fp"));
-    EXPECT_EQ("", gl::FindProgram(1)->vertexSource);
-    EXPECT_EQ("", gl::FindProgram(1)->fragmentSource);
-    EXPECT_EQ(2u, gl::FindProgram(1)->shaders.size());
-    EXPECT_TRUE(boxes.empty());
+    for (const OddFile& odd : OddFiles()) {
+        boxes.clear();
+        odd.make(PathOf("odd.vp"));
+        EXPECT_NE(nullptr, Load("data/odd.vp", "data/f.fp")) << odd.name << ": the fragment stage is there";
+        ASSERT_EQ(1u, boxes.size()) << odd.name;
+        EXPECT_EQ("Marlinex 1.5 Error: File Not Found!", boxes[0].caption);
+        EXPECT_EQ("Bad: " + PathOf("odd.vp") + ErrorTail, boxes[0].body);
+        EXPECT_TRUE(QuitWasPosted());
+        remove(PathOf("odd.vp").c_str());
+    }
 }
 
 TEST_F(Program, StopsReadingAtAMebibyte)

@@ -4,6 +4,7 @@
 #include "platform/Paths.h"
 #include "resources/Material.h"
 #include "resources/Model.h"
+#include "tests/support/OddFiles.h"
 
 #include "tests/support/ReadFile.h"
 
@@ -367,14 +368,17 @@ TEST_F(TextArchive, AMissingFileFailsAtOnceAndChangesNothing)
     EXPECT_EQ(2u, model.faces.size());
 }
 
-TEST_F(TextArchive, ADirectoryCannotBeRead)
+TEST_F(TextArchive, WhatIsNoFileCannotBeRead)
 {
-    std::filesystem::create_directory(path);
-    TextArchiveReader archive(path);
-    int number = 5;
-    archive.ReadInt(&number);
-    EXPECT_FALSE(archive.IsGood());
-    EXPECT_EQ(5, number);
+    for (const OddFile& odd : OddFiles()) {
+        odd.make(path);
+        TextArchiveReader archive(path);
+        int number = 5;
+        archive.ReadInt(&number);
+        EXPECT_FALSE(archive.IsGood()) << odd.name;
+        EXPECT_EQ(5, number);
+        remove(path.c_str());
+    }
 }
 
 TEST_F(TextArchive, AClosedArchiveReadsAndWritesNothing)

@@ -6,6 +6,7 @@
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
 #include "tests/support/CommaLocale.h"
+#include "tests/support/OddFiles.h"
 #include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>
@@ -328,6 +329,19 @@ TEST_F(Parameters, AFileThatCannotBeOpenedIsReportedAndLeavesAHarmlessStore)
     EXPECT_FALSE(store.Write(&value, "speed", ParameterInteger));
     EXPECT_TRUE(store.ReadOrAdd(&value, "speed", ParameterInteger));
     EXPECT_EQ(3, value);
+}
+
+TEST_F(Parameters, WhatIsNoFileIsReportedAndLeavesAHarmlessStore)
+{
+    for (const OddFile& odd : OddFiles()) {
+        odd.make("store.dep");
+        boxes.clear();
+        ParameterFile store("store");
+        EXPECT_EQ(nullptr, store.file) << odd.name;
+        ASSERT_EQ(1u, boxes.size()) << odd.name;
+        EXPECT_EQ(std::string("Bad: store.dep") + ErrorTail, boxes[0].body);
+        remove("store.dep");
+    }
 }
 
 TEST_F(Parameters, ADestroyedStoreHasClosedItsFile)

@@ -9,6 +9,7 @@
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
 #include "tests/kernel/ProbeEffect.h"
+#include "tests/support/OddFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -253,6 +254,20 @@ TEST_F(ScriptFileTest, AMissingScriptIsReportedWithItsPathAndEndsTheRun)
     EXPECT_EQ("Marlinex 1.5 Error: File Not Found!", boxes[0].caption);
     EXPECT_EQ(0u, boxes[0].body.find("Bad: " + folder + "/script.txt\r\n"));
     EXPECT_EQ(platform::EventQuit, platform::TakeEvent().kind);
+}
+
+TEST_F(ScriptFileTest, WhatIsNoFileIsReportedLikeAMissingScript)
+{
+    for (const OddFile& odd : OddFiles()) {
+        odd.make(folder + "/script.txt");
+        boxes.clear();
+        EXPECT_FALSE(player.LoadScript("script.txt")) << odd.name;
+        ASSERT_EQ(1u, boxes.size()) << odd.name;
+        EXPECT_EQ("Marlinex 1.5 Error: File Not Found!", boxes[0].caption);
+        EXPECT_EQ(0u, boxes[0].body.find("Bad: " + folder + "/script.txt\r\n"));
+        EXPECT_EQ(platform::EventQuit, platform::TakeEvent().kind);
+        remove((folder + "/script.txt").c_str());
+    }
 }
 
 TEST_F(ScriptFileTest, AnEmptyFileIsLoadedAndLeavesAnEmptyTimeline)

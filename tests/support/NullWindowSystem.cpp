@@ -68,6 +68,8 @@ static void GetScreenSize(int* width, int* height)
 static void SetTitle(platform::WindowHandle, const char* text)
 {
     snprintf(state.title, sizeof state.title, "%s", text);
+    if (state.titleSet)
+        state.titleSet();
 }
 
 static platform::WindowHandle CreateWindow(const platform::WindowDescription& description)

@@ -5,6 +5,7 @@
 
 #include "platform/WindowSystem.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,7 @@ struct NullWindows {
     const char* systemExtensions = "GL_ARB_point_sprite GL_ARB_framebuffer_object"; // may be null
     platform::WindowDescription last = {}; // of the last window created; its title is not kept
     char title[256] = "";                  // as last set
+    std::function<void()> titleSet;        // called each time that a title was set, if there is one
     int windows = 0;                       // alive
     int modeWidth = 0;                     // 0: the desktop's
     int modeHeight = 0;

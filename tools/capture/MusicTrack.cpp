@@ -25,7 +25,7 @@ bool MusicTrack::Open(const std::string& script)
         const std::string body = parser.ReadBlockBody(stream);
         std::string name;
         if (type == BlockMusic)
-            parser.GetValue(body, "FileName", &name); // also without the final ;, as in the show
+            parser.GetValue(body, key::FileName, &name); // also without the final ;, as in the show
         if (name.empty())
             continue;
         const std::string path = platform::DataPath("Data\\" + name);

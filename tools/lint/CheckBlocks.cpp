@@ -17,7 +17,7 @@ namespace lint
 
 // If a value runs on because its ; is missing, it ends in the next key: where that begins in the text, or
 // npos.
-static size_t FindSwallowedKey(const Entry& entry, const BlockKeys& keys)
+static size_t FindSwallowedKey(const Entry& entry, const BlockSyntax& keys)
 {
     const size_t first = entry.text.find('=');
     if (first == std::string::npos)
@@ -32,7 +32,7 @@ static size_t FindSwallowedKey(const Entry& entry, const BlockKeys& keys)
 
 static void CheckEnd(const Block& block, const Entry& entry, Findings* findings)
 {
-    const bool isMusic = block.type == BlockMusic && entry.key == "FileName";
+    const bool isMusic = block.type == BlockMusic && entry.key == key::FileName;
     const size_t end = entry.begin + entry.text.size() - 1;
     if (entry.key.empty())
         findings->Add(Warning, "unfinished-entry", entry.begin,
@@ -46,7 +46,7 @@ static void CheckEnd(const Block& block, const Entry& entry, Findings* findings)
                       "The reader does not find " + entry.key + ".", "Put a ; behind it.");
 }
 
-static void CheckWord(const Entry& entry, const BlockKeys& keys, Findings* findings)
+static void CheckWord(const Entry& entry, const BlockSyntax& keys, Findings* findings)
 {
     const std::string meant = Nearest(entry.word, keys.keys);
     const std::string all =
@@ -78,7 +78,7 @@ static void CheckBlanks(const Reading& script, const Entry& entry, Findings* fin
 static void CheckEntry(const Reading& script, const Block& block, Entry& entry,
                        const std::vector<Entry>& entries, Findings* findings)
 {
-    const BlockKeys& keys = KeysOf(block.type);
+    const BlockSyntax& keys = SyntaxOf(block.type);
     if (entry.text == ";")
         return;
     const size_t swallowed = FindSwallowedKey(entry, keys);
@@ -130,7 +130,7 @@ static bool IsToldElsewhere(const std::vector<Entry>& entries, const std::string
 
 static void CheckNeeded(const Block& block, const std::vector<Entry>& entries, Findings* findings)
 {
-    const BlockKeys& keys = KeysOf(block.type);
+    const BlockSyntax& keys = SyntaxOf(block.type);
     std::vector<std::string> missing;
     for (size_t i = 0; i < keys.needed; i++)
         if (!FindEntry(entries, keys.keys[i]) && !IsToldElsewhere(entries, keys.keys[i]))
@@ -146,14 +146,14 @@ static void CheckNeeded(const Block& block, const std::vector<Entry>& entries, F
 
 static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry& registry, Findings* findings)
 {
-    for (const char* key : {"StartTime", "StopTime", "LayerID"})
+    for (const char* key : {key::StartTime, key::StopTime, key::LayerID})
         if (const Entry* const entry = FindSound(entries, key))
             CheckWhole(*entry, findings);
-    if (const Entry* const name = FindSound(entries, "EffectName"))
+    if (const Entry* const name = FindSound(entries, key::EffectName))
         CheckEffectName(*name, registry, "entry", findings);
 
-    const Entry* const start = FindSound(entries, "StartTime");
-    const Entry* const stop = FindSound(entries, "StopTime");
+    const Entry* const start = FindSound(entries, key::StartTime);
+    const Entry* const stop = FindSound(entries, key::StopTime);
     if (!start || !stop)
         return;
     const uint32_t startMs = uint32_t(atoi(start->value.c_str()));
@@ -172,14 +172,14 @@ static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry&
 
 static void CheckSteps(const std::vector<Entry>& entries, const Block& block, Findings* findings)
 {
-    const Entry* const times = FindSound(entries, "ActivationTime");
-    const Entry* const steps = FindSound(entries, "Steps");
-    const Entry* const delta = FindSound(entries, "TimeDelta");
+    const Entry* const times = FindSound(entries, key::ActivationTime);
+    const Entry* const steps = FindSound(entries, key::Steps);
+    const Entry* const delta = FindSound(entries, key::TimeDelta);
     if (!steps && !delta)
         return;
     if (!steps || !delta) {
         const Entry* const alone = steps ? steps : delta;
-        const std::string other = steps ? "TimeDelta" : "Steps";
+        const std::string other = steps ? key::TimeDelta : key::Steps;
         findings->Add(Error, "steps-alone", alone->begin, alone->key + " stands without " + other + ".",
                       "It is passed over: the message is sent once.", "Add " + other + "=NUMBER;.");
         return;
@@ -230,9 +230,9 @@ static void CheckRefused(const Block& block, Findings* findings)
 static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
                          const EffectRegistry& registry, Findings* findings)
 {
-    const Entry* const text = FindSound(entries, "MessageText");
-    const Entry* const target = FindSound(entries, "TargetEffect");
-    if (const Entry* const times = FindSound(entries, "ActivationTime"))
+    const Entry* const text = FindSound(entries, key::MessageText);
+    const Entry* const target = FindSound(entries, key::TargetEffect);
+    if (const Entry* const times = FindSound(entries, key::ActivationTime))
         CheckTimes(*times, findings);
     bool known = target != nullptr;
     if (target)
@@ -240,7 +240,7 @@ static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
     const SynchMessageDeclaration* declared = nullptr;
     if (text && known)
         declared = CheckMessageName(*text, target->value, registry, findings);
-    if (const Entry* const parameter = FindSound(entries, "Parameter"))
+    if (const Entry* const parameter = FindSound(entries, key::Parameter))
         CheckParameters(*parameter, declared, findings);
     CheckSteps(entries, block, findings);
     CheckRefused(block, findings);
@@ -249,7 +249,7 @@ static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
 static void CheckMusic(const std::vector<Entry>& entries, Findings* findings)
 {
     for (const Entry& entry : entries)
-        if (entry.key == "FileName" && entry.value.empty())
+        if (entry.key == key::FileName && entry.value.empty())
             findings->Add(Error, "empty-value", entry.valuePlaces[0], "FileName has no value.",
                           "The show says so in a box and plays in silence.",
                           "Write the name of the music file.");
@@ -265,7 +265,7 @@ static void CheckReplaced(const Reading& script, Findings* findings)
                 continue;
             if (last)
                 findings->Add(Warning, "replaced-block", block.header,
-                              std::string("There is an earlier [") + KeysOf(type).name + "], in line " +
+                              std::string("There is an earlier [") + SyntaxOf(type).name + "], in line " +
                                   std::to_string(script.PlaceInStream(last->header).line) + ".",
                               "This one takes its place.", "Delete one of the two.");
             last = &block;

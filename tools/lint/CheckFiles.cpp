@@ -96,7 +96,7 @@ static void CheckMusic(const Reading& script, const std::string& folder, Finding
     for (const Block& block : script.blocks)
         if (block.type == BlockMusic && !block.hasBox)
             for (const Entry& entry : SplitEntries(block))
-                if (entry.key == "FileName" && (entry.counts || !entry.ended)) {
+                if (entry.key == key::FileName && (entry.counts || !entry.ended)) {
                     if (seen.insert(entry.value).second)
                         CheckMusicFile(folder, entry, findings);
                     break;

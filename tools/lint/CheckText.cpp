@@ -50,7 +50,7 @@ static void CheckVanished(const Reading& script, Findings* findings)
 static bool HoldsHeader(const std::string& comment)
 {
     for (const BlockType type : {BlockMusic, BlockEffect, BlockMessage, BlockColorScheme})
-        if (comment.find(std::string("[") + KeysOf(type).name + "]") != std::string::npos)
+        if (comment.find(std::string("[") + SyntaxOf(type).name + "]") != std::string::npos)
             return true;
     return false;
 }
@@ -101,7 +101,10 @@ static void CheckEaten(const Reading& script, const Block& block, Findings* find
                       "Write [MUSIC], [EFFECT], [MESSAGE] or [COLORSCHEME]; a value can hold no [.");
     } else {
         const std::string name = rest.substr(1, close - 1);
-        const std::string meant = Nearest(name, {"MUSIC", "EFFECT", "MESSAGE", "COLORSCHEME"});
+        std::vector<std::string> names;
+        for (const BlockSyntax& syntax : AllBlockSyntax())
+            names.push_back(syntax.name);
+        const std::string meant = Nearest(name, names);
         findings->Add(Error, "unknown-block", block.header,
                       "There is no block of the name " + Quote(name) + ".", consequence,
                       meant.empty()
@@ -118,7 +121,7 @@ static void CheckHeaders(const Reading& script, Findings* findings)
             continue;
         }
         const std::string written = script.stream.substr(block.header, block.body - block.header);
-        const std::string proper = std::string("[") + KeysOf(block.type).name + "]";
+        const std::string proper = std::string("[") + SyntaxOf(block.type).name + "]";
         if (written != proper)
             findings->Add(Warning, "odd-header", block.header,
                           Quote(written) + " is an odd way to begin a block.",

@@ -8,27 +8,6 @@
 namespace lint
 {
 
-const BlockKeys& KeysOf(BlockType type)
-{
-    // clang-format off
-    static const BlockKeys music   = {"MUSIC",       {"FileName"}, 1};
-    static const BlockKeys effect  = {"EFFECT",      {"EffectName", "StartTime", "StopTime", "LayerID"}, 4};
-    static const BlockKeys message = {"MESSAGE",     {"MessageText", "ActivationTime", "TargetEffect",
-                                                      "Parameter", "Steps", "TimeDelta"}, 3};
-    static const BlockKeys scheme  = {"COLORSCHEME", {"GlobalColor", "SupportColor", "FlowColor"}, 3};
-    // clang-format on
-    switch (type) {
-    case BlockMusic:
-        return music;
-    case BlockEffect:
-        return effect;
-    case BlockMessage:
-        return message;
-    default:
-        return scheme;
-    }
-}
-
 // The places of the characters that the reader puts into the value: all behind the = or ; at which it has the
 // key together, but for further = signs. What ends the value stands last.
 static void FindValuePlaces(Entry* entry)
@@ -61,7 +40,7 @@ std::vector<Entry> SplitEntries(const Block& block)
         Entry entry = {
             block.text.substr(begin, end - begin), block.body + begin, ended, "", "", "", {}, false, false};
         entry.word = entry.text.substr(0, entry.text.find_first_of("=;"));
-        for (const std::string& key : KeysOf(block.type).keys) {
+        for (const std::string& key : SyntaxOf(block.type).keys) {
             std::string value;
             if (reader.GetValue(ended ? entry.text : entry.text + ";", key, &value)) {
                 entry.key = key;

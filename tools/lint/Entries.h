@@ -10,15 +10,6 @@
 namespace lint
 {
 
-// The keys of a block, in the order in which the reader asks for them; those that it must find come first.
-struct BlockKeys {
-    const char* name; // of the block
-    std::vector<std::string> keys;
-    size_t needed;
-};
-
-const BlockKeys& KeysOf(BlockType type); // not for BlockNone
-
 struct Entry {
     std::string text; // with its ; if it has one
     size_t begin;     // of the text in the stream

@@ -72,8 +72,8 @@ static void AddMessages(const Reading& whole, const Reading& kept, const EffectR
         if (block.messageCount == 0)
             continue;
         const std::vector<Entry> entries = SplitEntries(block);
-        const Entry* const text = FindEntry(entries, "MessageText");
-        const Entry* const list = FindEntry(entries, "ActivationTime");
+        const Entry* const text = FindEntry(entries, key::MessageText);
+        const Entry* const list = FindEntry(entries, key::ActivationTime);
         const std::vector<Item> times = SplitItems(*list);
         const size_t lastTime = CountTimes(*list) - 1; // from which Steps counts on
         const std::string effect = NameOf(registry, whole.player.messages[block.firstMessage].effect);
@@ -137,7 +137,7 @@ Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& 
     for (const Block& block : whole.blocks)
         if (block.type == BlockMusic && !block.hasBox)
             for (const Entry& entry : SplitEntries(block))
-                if (entry.key == "FileName" && (entry.counts || !entry.ended)) {
+                if (entry.key == key::FileName && (entry.counts || !entry.ended)) {
                     show.music = entry.value;
                     break;
                 }

@@ -41,7 +41,7 @@ static void CheckWholeItem(const Item& item, const std::string& key, Findings* f
                       "Reading stops ahead of " + Quote(text.substr(end)) + ": " + key + " is " +
                           std::to_string(read) + ".",
                       "Write a whole number" +
-                          std::string(key == "LayerID" || key == "Steps" ? "" : " of milliseconds") +
+                          std::string(key == key::LayerID || key == key::Steps ? "" : " of milliseconds") +
                           ", nothing else.");
     errno = 0;
     const long whole = strtol(text.c_str(), nullptr, 10);

@@ -433,7 +433,7 @@ TEST_F(Lint, FindsInEntriesWhatTheReaderFindsInTheBlock)
             }
             EXPECT_EQ(block.text, joined);
             for (const char* key : keys) {
-                const std::vector<std::string>& own = lint::KeysOf(block.type).keys;
+                const std::vector<std::string>& own = SyntaxOf(block.type).keys;
                 if (std::find(own.begin(), own.end(), key) == own.end())
                     continue;
                 std::string value;

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Opening files of which the show reads all there is. What stands in the place of such a file may be a
+// folder, a FIFO that nobody writes into or a device without an end: those are treated like files that can't
+// be opened, so that no read ever waits or goes on for ever.
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+namespace platform
+{
+
+// fopen for regular files, also through symbolic links. Never waits. Null if the file can't be opened or is
+// not a regular one; errno says why. The mode is one of fopen's: a first letter r, w or a, and a + anywhere
+// behind it.
+FILE* OpenRegularFile(const std::string& path, const char* mode);
+
+// True if there is a regular file at the path, or a symbolic link that leads to one.
+bool IsRegularFile(const std::string& path);
+
+} // namespace platform
