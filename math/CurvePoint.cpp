@@ -15,36 +15,36 @@ CurvePoint& CurvePoint::operator=(const CurvePoint& p)
     return *this;
 }
 
-CurvePoint& CurvePoint::operator+=(const CurvePoint& p)
+bool CurvePoint::operator+=(const CurvePoint& p)
 {
     x += p.x;
     y += p.y;
     z += p.z;
-    return *this;
+    return true;
 }
 
-CurvePoint& CurvePoint::operator-=(const CurvePoint& p)
+bool CurvePoint::operator-=(const CurvePoint& p)
 {
     x -= p.x;
     y -= p.y;
     z -= p.z;
-    return *this;
+    return true;
 }
 
-CurvePoint& CurvePoint::operator*=(float s)
+bool CurvePoint::operator*=(float s)
 {
     x *= s;
     y *= s;
     z *= s;
-    return *this;
+    return true;
 }
 
-CurvePoint& CurvePoint::operator/=(float s)
+bool CurvePoint::operator/=(float s)
 {
     x /= s;
     y /= s;
     z /= s;
-    return *this;
+    return true;
 }
 
 CurvePoint CurvePoint::operator*(float s) const

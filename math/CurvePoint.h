@@ -14,10 +14,11 @@ public:
     CurvePoint(const CurvePoint& p); // degToRad of a copy is 0: it was never set for it
     CurvePoint& operator=(const CurvePoint& p);
 
-    CurvePoint& operator+=(const CurvePoint& p);
-    CurvePoint& operator-=(const CurvePoint& p);
-    CurvePoint& operator*=(float s);
-    CurvePoint& operator/=(float s);
+    // Always true, so they can't be chained.
+    bool operator+=(const CurvePoint& p);
+    bool operator-=(const CurvePoint& p);
+    bool operator*=(float s);
+    bool operator/=(float s);
 
     CurvePoint operator*(float s) const;
     CurvePoint operator+(const CurvePoint& p) const;

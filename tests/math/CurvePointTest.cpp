@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include <cmath>
 
 static void ExpectPoint(float x, float y, float z, const CurvePoint& p)
@@ -39,15 +41,26 @@ TEST(CurvePoint, AssignmentsLeaveTheFactorOfTheirTargetAlone)
     q.degToRad = 6;
     EXPECT_EQ(&p, &(p = q));
     ExpectPoint(1, 2, 4, p);
-    EXPECT_EQ(&p, &(p += CurvePoint(10, 20, 30)));
+    p += CurvePoint(10, 20, 30);
     ExpectPoint(11, 22, 34, p);
-    EXPECT_EQ(&p, &(p -= CurvePoint(1, 4, 2)));
+    p -= CurvePoint(1, 4, 2);
     ExpectPoint(10, 18, 32, p);
-    EXPECT_EQ(&p, &(p *= 0.5f));
+    p *= 0.5f;
     ExpectPoint(5, 9, 16, p);
-    EXPECT_EQ(&p, &(p /= 4));
+    p /= 4;
     ExpectPoint(1.25f, 2.25f, 4, p);
     EXPECT_EQ(5.0f, p.degToRad);
+}
+
+TEST(CurvePoint, CompoundOperatorsGiveTrue)
+{
+    CurvePoint p(1, 2, 3);
+    EXPECT_EQ(true, p += CurvePoint());
+    EXPECT_EQ(true, p -= p);
+    EXPECT_EQ(true, p *= 0.0f);
+    EXPECT_EQ(true, p /= 0.0f);
+    static_assert(std::is_same_v<bool, decltype(p += p)> && std::is_same_v<bool, decltype(p -= p)> &&
+                  std::is_same_v<bool, decltype(p *= 1.0f)> && std::is_same_v<bool, decltype(p /= 1.0f)>);
 }
 
 TEST(CurvePoint, BinaryOperatorsGiveNewPoints)

@@ -16,3 +16,6 @@ pid_t LastForeignDecoder();
 
 // The seconds that the child asked to be ended after; 0 if it did not.
 unsigned LastAlarm();
+
+// How often the library was shut down.
+int LibraryShutdowns();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Stands in front of three functions of the image library and one of the system: this executable's
+// Stands in front of four functions of the image library and one of the system: this executable's
 // definitions win over the libraries'.
 #include "tests/resources/ImageLibrary.h"
 
@@ -18,6 +18,7 @@
 static int ilVersion = 0;
 static int iluVersion = 0;
 static ChildFate childFate = ChildLives;
+static int shutdowns = 0;
 
 // What the child tells of itself, in memory that it shares with the test.
 struct ChildNotes {
@@ -54,6 +55,11 @@ unsigned LastAlarm()
     return SharedNotes()->alarmSeconds;
 }
 
+int LibraryShutdowns()
+{
+    return shutdowns;
+}
+
 typedef ILint (*GetInteger)(ILenum);
 
 extern "C" {
@@ -68,6 +74,14 @@ ILint iluGetInteger(ILenum mode)
 {
     static const GetInteger real = reinterpret_cast<GetInteger>(dlsym(RTLD_NEXT, "iluGetInteger"));
     return mode == 0xDE2 && iluVersion ? iluVersion : real(mode);
+}
+
+void ilShutDown()
+{
+    typedef void (*Function)();
+    static const Function real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "ilShutDown"));
+    ++shutdowns;
+    real();
 }
 
 unsigned alarm(unsigned seconds) noexcept

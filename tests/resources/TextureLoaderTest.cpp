@@ -74,6 +74,15 @@ TEST_F(LoaderBirth, TheEndIsHarmlessWithoutAContext)
     EXPECT_TRUE(boxes.empty());
 }
 
+TEST_F(LoaderBirth, TheEndShutsTheImageLibraryDownAndDeletingAllDoesNot)
+{
+    TextureLoader* const loader = TextureLoader::GetInstance();
+    loader->DeleteAll();
+    EXPECT_EQ(0, LibraryShutdowns());
+    loader->Shutdown();
+    EXPECT_EQ(1, LibraryShutdowns());
+}
+
 TEST_F(LoaderBirth, TheEndMayComeBeforeAnyTexture)
 {
     TextureLoader::GetInstance()->Shutdown();

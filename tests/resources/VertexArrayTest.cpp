@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
+
 #include <vector>
 
 // 1, 2, 3, ... enough for a vertex with every attribute
@@ -200,6 +202,28 @@ TEST(VertexArray, ReleaseEmptiesItForGood)
     EXPECT_FALSE(array.AddIndex(0));
     array.Release();
     ExpectReleased(array);
+}
+
+// Bytes in blocks that are large enough to be taken from the system and given back to it one by one. 0 under the
+// sanitizers, which have an allocator of their own.
+static size_t LargeBlocks()
+{
+    return mallinfo2().hblkhd;
+}
+
+TEST(VertexArray, ReleaseAndDestructorGiveTheMemoryBack)
+{
+    const size_t before = LargeBlocks();
+    {
+        VertexArray array(VertexPosition, 10000000, 10000000); // 120 and 40 MB
+        if (before > 0 || LargeBlocks() > 0) {
+            EXPECT_GT(LargeBlocks(), before + 159000000);
+        }
+        array.Release();
+        EXPECT_EQ(before, LargeBlocks());
+        VertexArray other(VertexPosition, 10000000, 10000000);
+    }
+    EXPECT_EQ(before, LargeBlocks());
 }
 
 TEST(VertexArray, ASizeThatNoMemoryCanHoldGivesAnEmptyObject)
