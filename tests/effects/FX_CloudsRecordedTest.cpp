@@ -195,7 +195,7 @@ TEST_F(FX_CloudsRecorded, CloudsThatWerePassedAreGoneAndTheLastOneTooInTheEnd)
     flight.cameraTravel = 100;
     Frame(&flight);
     EXPECT_EQ(646u, Clouds().size()) << "699 down to 54";
-    flight.cameraTravel = 1391.9f; // the last is at 1398
+    flight.cameraTravel = 1391.99f; // the last is at 1398, and 6 ahead it goes
     Frame(&flight);
     EXPECT_EQ(1u, Clouds().size());
     flight.cameraTravel = 1392;

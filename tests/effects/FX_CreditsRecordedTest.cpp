@@ -212,6 +212,7 @@ TEST_F(FX_CreditsRecorded, FadeOutWithersAndDarkensAndAFadeInBringsItBack)
     EXPECT_EQ(1.0f, credits.wither);
     Step(0.0625);
     EXPECT_GT(credits.treeGrowth, 1.0f) << "at once at full size";
+    EXPECT_EQ(1.0f, credits.wither) << "and it withers no more";
     credits.wither = 0.3f;
     Send(&credits, "fade_out");
     EXPECT_EQ(1.0f, credits.wither) << "a second one starts from the whole";
@@ -238,6 +239,7 @@ TEST_F(FX_CreditsRecorded, TooManyFadeInsStayWithTheLastCameraAndName)
     EXPECT_EQ(4, credits.creditIndex);
     Frame(&credits);
     EXPECT_EQ(3, credits.creditIndex) << "put back";
+    EXPECT_EQ(1u, gl::DrawsWithTexture("credit-lowbeam.png").size()) << "ahead of the drawing of the name";
     EXPECT_TRUE(gl::IsMatrix(Ground().modelview, Camera(), 1e-3));
     FadeIn(4);
     credits.creditIndex = 5;

@@ -50,6 +50,14 @@ TEST_F(FX_FootprintRecorded, AsksForItsPicturesAndForAShaderThatStaysIdle)
         EXPECT_TRUE(gl::UsesNoProgram(draw));
 }
 
+TEST_F(FX_FootprintRecorded, WhatIsMissingIsToldPicturesFirstThenTheShader)
+{
+    FX_Footprint bare;
+    EXPECT_EQ((std::vector<std::string>{"footprint.png", "sandbau.jpg", "footprint_white.jpg",
+                                        "standard_projection.vp", "postprocessing_blur.fp"}),
+              ToldMissing(&bare));
+}
+
 TEST_F(FX_FootprintRecorded, TheFirstMarkLiesOutOfSightButIsNumberZero)
 {
     ASSERT_EQ(1u, walk.marks.size());

@@ -59,6 +59,14 @@ TEST_F(FX_RopeThingRecorded, AsksForItsPicturesAndItsShader)
     EXPECT_EQ((std::vector<std::string>{"sampler0", "fTime0_X", "vtxColor"}), gl::Programs()[0].uniformNames);
 }
 
+TEST_F(FX_RopeThingRecorded, WhatIsMissingIsToldPicturesFirstThenTheShaderAndNeverTheModels)
+{
+    FX_RopeThing bare;
+    EXPECT_EQ((std::vector<std::string>{"partikel_2.jpg", "fischhaut.jpg", "fisheye.jpg", "fish.vp",
+                                        "fish.fp", "Marlinex 1.5 Error: No Programs for Shader defined!"}),
+              ToldMissing(&bare));
+}
+
 TEST_F(FX_RopeThingRecorded, SixStraightRopesOfFiftyLinks)
 {
     const float directions[6][3] = {{0, 0, 1}, {0, 0, -1}, {0, 1, 0}, {0, -1, 0}, {1, 0, 0}, {-1, 0, 0}};
@@ -97,6 +105,16 @@ TEST_F(FX_RopeThingRecorded, TheRopeFollowsItsLeaderInOnePass)
     EXPECT_NEAR(-3 / length, v[0], 1e-4);
     EXPECT_NEAR(-4 / length, v[1], 1e-4);
     EXPECT_NEAR(1 / length, v[2], 1e-4) << "along the line between them";
+}
+
+TEST_F(FX_RopeThingRecorded, BeforeInitThereIsNoRopeToRelax)
+{
+    FX_RopeThing bare;
+    Declare(&bare);
+    Send(&bare, "shock");
+    PassTime(0.125);
+    bare.Update();
+    EXPECT_FLOAT_EQ(0.2f, bare.progress) << "the scene goes on, 6.4 a second";
 }
 
 TEST_F(FX_RopeThingRecorded, LinksThatCoincideDoNoHarm)
@@ -285,6 +303,18 @@ TEST_F(FX_RopeThingRecorded, ShockHangsAtTheOriginAndFliesAtTheCamera)
     Step(0.125);
     EXPECT_FLOAT_EQ(33 - 0.125f, fish.travel);
     EXPECT_FLOAT_EQ(0.2f - 0.125f * 0.2f * 6.4f, fish.progress);
+}
+
+TEST_F(FX_RopeThingRecorded, AShockWithoutBrightnessLeavesTheStateAlone)
+{
+    Send(&fish, "shock");
+    fish.progress = 0;
+    glDisable(GL_DEPTH_TEST);
+    glEnable(GL_BLEND);
+    Frame(&fish);
+    EXPECT_TRUE(gl::Draws().empty());
+    EXPECT_FALSE(gl::Now().Enabled(GL_DEPTH_TEST));
+    EXPECT_TRUE(gl::Now().Enabled(GL_BLEND));
 }
 
 TEST_F(FX_RopeThingRecorded, AShockIsAShortFlash)

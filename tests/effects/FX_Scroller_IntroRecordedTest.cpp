@@ -145,6 +145,15 @@ TEST_F(FX_Scroller_IntroRecorded, UpdateMovesAllParticlesLitOrNot)
     }
 }
 
+TEST_F(FX_Scroller_IntroRecorded, ASparkAtTheVeryEndOfItsPathStartsAnew)
+{
+    intro.particles[4].pathPos = 1;
+    intro.Update(); // in a frame without a length
+    EXPECT_EQ(0.0f, intro.particles[4].pathPos);
+    EXPECT_EQ(intro.paths[4][0], intro.particles[4].x);
+    EXPECT_EQ(intro.paths[4][1], intro.particles[4].y);
+}
+
 // The C sequence as it is written down, apart from the engine's.
 static unsigned sequence = 1;
 static int NextOfSequence()
@@ -235,6 +244,14 @@ TEST_F(FX_Scroller_IntroRecorded, AFlashInTheFirstFrameShowsNoSparkBeforeUpdateH
         Frame(&intro);
         EXPECT_TRUE(Sparks().empty()) << seconds;
     }
+}
+
+TEST_F(FX_Scroller_IntroRecorded, WhicheverSparkIsLitNoneShowsBeforeUpdateHasPlacedIt)
+{
+    for (ScrollerParticle& particle : intro.particles)
+        particle.life = 1;
+    Frame(&intro);
+    EXPECT_TRUE(Sparks().empty());
 }
 
 TEST_F(FX_Scroller_IntroRecorded, SparksOfAFlashInTheFirstFrameShowFromTheSecondOn)

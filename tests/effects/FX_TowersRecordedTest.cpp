@@ -296,7 +296,7 @@ TEST_F(FX_TowersRecorded, EachBeamGoesOnAndOffWhereItsPhaseSays)
                 const double flash = (angle - phase) / (3 * pi);
                 if (flash < 0.11 || flash > 1)
                     continue;
-                for (const double side : {-0.0005, 0.0005}) {
+                for (const double side : {-0.0001, 0.0001}) {
                     size_t expected = 0;
                     for (const double other : phases)
                         expected += shines(flash + side, other);

@@ -6,6 +6,9 @@
 #include "tests/Folders.h"
 #include "tests/support/NullWindowSystem.h"
 
+#include <filesystem>
+#include <regex>
+
 static const int windowWidth = 800, windowHeight = 600;
 
 static void InventPicture(const char* name)
@@ -70,4 +73,23 @@ std::vector<std::string> EffectFixture::TextureRequests()
                            (texture.minFilter == GL_LINEAR && texture.magFilter == GL_LINEAR ? " 1" : " 0"));
     }
     return requests;
+}
+
+std::vector<std::string> EffectFixture::ToldMissing(Effect* effect)
+{
+    gl::InventPictures(nullptr);
+    for (const auto& entry : std::filesystem::directory_iterator(PathOf("")))
+        std::filesystem::remove(entry.path());
+    if (TextureLoader* const loader = TextureLoader::GetInstance())
+        loader->DeleteAll();
+    boxes.clear();
+    Init(effect);
+
+    const std::regex fileName("[^/\\\\ \"]+\\.(jpg|png|txt|vp|fp)");
+    std::vector<std::string> names;
+    for (const auto& box : boxes) {
+        std::smatch match;
+        names.push_back(std::regex_search(box.body, match, fileName) ? match.str() : box.caption);
+    }
+    return names;
 }

@@ -31,6 +31,10 @@ protected:
     // read off what was sent to GL. "foto.png 1 1 1".
     static std::vector<std::string> TextureRequests();
 
+    // Init in an empty data directory, which stays empty. Each box that it showed, as the bare name of the
+    // file that it is about, or as its caption where it names none. "foto.png".
+    std::vector<std::string> ToldMissing(Effect* effect);
+
 private:
     void BeginRecords() override;
     void KeepRecords(bool keep) override;
