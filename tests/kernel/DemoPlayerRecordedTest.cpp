@@ -318,6 +318,27 @@ TEST_F(DemoPlayerRun, AQuitWhileLoadingRunsTheLoadToItsEndAndNoFrame)
     EXPECT_FALSE(window.IsRunning());
 }
 
+// Posts a quit while it loads, as a failed load does.
+class Quitter : public ProbeEffect
+{
+public:
+    void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override
+    {
+        ProbeEffect::Init(newWindow, newPlayer);
+        platform::PostQuit(0);
+    }
+};
+
+TEST_F(DemoPlayerRun, AQuitOfTheLastInitIsTakenAheadOfTheFirstFrame)
+{
+    Quitter quitter;
+    player.AddEffectInstance(0, 1000, &quitter, 0);
+    player.Run();
+    EXPECT_EQ(1, quitter.Count("Init"));
+    EXPECT_EQ(0, quitter.Count("Render"));
+    EXPECT_FALSE(window.IsRunning());
+}
+
 // Has the player end the show while it loads.
 class Stopper : public ProbeEffect
 {

@@ -397,6 +397,19 @@ TEST_F(RecordedVertexArray, UnitThreeHasNoBufferAndIsSwitchedOffAheadOfTheDraw)
     EXPECT_TRUE(gl::NoErrors()) << "nothing is read at address 0";
 }
 
+TEST_F(RecordedVertexArray, UnitThreeDoesNotBorrowTheBufferOfUnitTwo)
+{
+    VertexArray array(0x01 | 0x10 | 0x40, 3, 3); // unit 2 comes with unit 0
+    Fill(&array);
+    array.Upload(true);
+    ASSERT_EQ(3u, gl::Buffers().size());
+    gl::ClearRecords();
+    array.Draw(GL_TRIANGLES);
+    EXPECT_TRUE(gl::CallsContain(gl::Calls(),
+                                 {"glClientActiveTexture(GL_TEXTURE2)", "glBindBuffer(GL_ARRAY_BUFFER, 3)",
+                                  "glClientActiveTexture(GL_TEXTURE3)", "glBindBuffer(GL_ARRAY_BUFFER, 0)"}));
+}
+
 TEST_F(RecordedVertexArray, LeavesItsLastBufferBound)
 {
     VertexArray array(0x03, 3, 3);
