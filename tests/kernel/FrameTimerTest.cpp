@@ -30,6 +30,29 @@ TEST_F(FrameTimerTest, StartsAtTheOffsetWithADeltaOfZero)
     EXPECT_EQ(0, FrameTimer::GetFPS());
 }
 
+TEST_F(FrameTimerTest, AllIsZeroBeforeTheClockStarts)
+{
+    EXPECT_EQ(0.0f, FrameTimer::GetTime());
+    EXPECT_EQ(0.0f, FrameTimer::GetDelta());
+    EXPECT_EQ(0, FrameTimer::GetFPS());
+}
+
+TEST_F(FrameTimerTest, ASecondInitForgetsTheRateAndTheTimeGatheredForIt)
+{
+    FrameTimer::Init(0);
+    Frame(second);
+    Frame(second / 2);
+    EXPECT_EQ(2, FrameTimer::GetFPS());
+    FrameTimer::Init(0);
+    EXPECT_EQ(0, FrameTimer::GetFPS());
+    FrameTimer::Update(); // the elapsed time goes back to 0
+    Frame(2 * second);
+    Frame(second / 4);
+    EXPECT_EQ(0, FrameTimer::GetFPS()) << "gathered since: -1.5 s, then 2 s and 0.25 s";
+    Frame(second / 4);
+    EXPECT_EQ(6, FrameTimer::GetFPS()) << "a frame and the Init before, four frames since";
+}
+
 TEST_F(FrameTimerTest, TimeMovesOnlyInUpdate)
 {
     FrameTimer::Init(0);

@@ -107,6 +107,16 @@ TEST_F(Report, AllSpellingsOfTheDataDirectoryMeanTheOneDirectory)
     std::filesystem::remove_all(folder);
 }
 
+TEST_F(Report, AClosedFileHasGivenItsDescriptorBack)
+{
+    FILE* const file = OpenFile("/proc/self/cmdline", "rb");
+    ASSERT_NE(nullptr, file);
+    const std::string descriptor = "/proc/self/fd/" + std::to_string(fileno(file));
+    EXPECT_TRUE(std::filesystem::exists(descriptor));
+    CloseFile(file);
+    EXPECT_FALSE(std::filesystem::exists(descriptor));
+}
+
 TEST_F(Report, ClosingNoFileIsHarmless)
 {
     CloseFile(nullptr);

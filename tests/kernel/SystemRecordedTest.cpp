@@ -189,6 +189,16 @@ TEST_F(Run, AStartOffsetFileIsMilliseconds)
     EXPECT_EQ(90000u, OffsetAfterBuild());
 }
 
+TEST_F(Run, TheStartOffsetFileIsClosedAgain)
+{
+    WriteOffset("90000\n");
+    EXPECT_TRUE(BuildSystem());
+    std::error_code error;
+    for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fd"))
+        EXPECT_EQ(std::string::npos,
+                  std::filesystem::read_symlink(descriptor, error).string().find("clickscener"));
+}
+
 TEST_F(Run, AStartOffsetThatIsNoNumberIsZero)
 {
     WriteOffset("later");

@@ -118,17 +118,42 @@ TEST_F(RegularFile, IsNothingElse)
     }
 }
 
+TEST_F(RegularFile, MayGetTheDescriptorOfAClosedStandardInput)
+{
+    Put("moon");
+    const int kept = dup(0);
+    close(0);
+    FILE* const file = platform::OpenRegularFile(path, "r");
+    ASSERT_NE(nullptr, file);
+    EXPECT_EQ(0, fileno(file));
+    EXPECT_EQ('m', fgetc(file));
+    fclose(file);
+    dup2(kept, 0);
+    close(kept);
+}
+
+static std::ptrdiff_t OpenDescriptors()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                         std::filesystem::directory_iterator());
+}
+
+TEST_F(RegularFile, IsNotOpenedWithAModeThatFopenRefuses)
+{
+    Put("moon");
+    const std::ptrdiff_t before = OpenDescriptors();
+    EXPECT_EQ(nullptr, platform::OpenRegularFile(path, "q"));
+    EXPECT_EQ(before, OpenDescriptors());
+    EXPECT_EQ("moon", Get());
+}
+
 TEST_F(RegularFile, ARefusedOneLeavesNoDescriptorOpen)
 {
-    const auto descriptors = [] {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
-                             std::filesystem::directory_iterator());
-    };
-    const auto before = descriptors();
+    const std::ptrdiff_t before = OpenDescriptors();
     for (const OddFile& odd : OddFiles()) {
         odd.make(path);
         platform::OpenRegularFile(path, "r");
-        EXPECT_EQ(before, descriptors()) << odd.name;
+        EXPECT_EQ(before, OpenDescriptors()) << odd.name;
         remove(path.c_str());
     }
 }
