@@ -243,6 +243,16 @@ TEST_F(DemoPlayerTest, MessagesAreSortedByTimeAndEqualOnesKeepTheirOrder)
     }
 }
 
+TEST_F(DemoPlayerTest, MessagesInFallingOrderAreTurnedRoundDownToTheLastTwo)
+{
+    for (const uint32_t time : {3000, 2000, 1000})
+        player.AddMessage(time, "flash", nullptr, 0, "FX_A");
+    player.SortMessages();
+    ASSERT_EQ(3u, player.messages.size());
+    for (int i = 0; i < 3; i++)
+        EXPECT_EQ(float(i + 1), player.messages[i].time);
+}
+
 TEST_F(DemoPlayerTest, SortingNoMessagesIsFine)
 {
     player.SortMessages();

@@ -32,10 +32,10 @@ TEST(Effect, AttachWithANullArgumentDoesNothing)
     GLWindow window;
     DemoPlayer player;
     effect.Attach(&window, nullptr);
-    effect.Attach(nullptr, &player);
-    EXPECT_FALSE(effect.IsInitialised());
     EXPECT_EQ(nullptr, effect.GetWindow());
+    effect.Attach(nullptr, &player);
     EXPECT_EQ(nullptr, effect.GetPlayer());
+    EXPECT_FALSE(effect.IsInitialised());
 }
 
 TEST(Effect, LocalTimeIsASum)

@@ -21,6 +21,23 @@ protected:
     }
 };
 
+TEST_F(FrameTimerTest, AheadOfTheFirstInitNothingHasPassed)
+{
+    // Effects read it while they load.
+    EXPECT_EQ(0.0f, FrameTimer::GetTime());
+    EXPECT_EQ(0.0f, FrameTimer::GetDelta());
+    EXPECT_EQ(0, FrameTimer::GetFPS());
+}
+
+TEST_F(FrameTimerTest, InitTakesTheFrameRateBack)
+{
+    FrameTimer::Init(0);
+    Frame(second);
+    EXPECT_EQ(2, FrameTimer::GetFPS());
+    FrameTimer::Init(0);
+    EXPECT_EQ(0, FrameTimer::GetFPS());
+}
+
 TEST_F(FrameTimerTest, StartsAtTheOffsetWithADeltaOfZero)
 {
     platform::StepClock(5 * second);

@@ -654,11 +654,12 @@ TEST_F(ImageLoading, ABlankImageIsAllZeroRgba)
 
 TEST_F(ImageLoading, ABlankImageOfNoSizeIsThereButEmpty)
 {
-    for (int side : {0, -1, -50000}) {
-        const ImageData image = Keep(loader->MakeBlankImage(side, side));
-        EXPECT_NE(nullptr, image.data) << side;
-        EXPECT_EQ(side, image.width);
-        EXPECT_EQ(side, image.height);
+    const int sizes[][2] = {{0, 0}, {-1, -1}, {-50000, -50000}, {-1, 4}, {4, -1}, {0, 4}};
+    for (const auto& size : sizes) {
+        const ImageData image = Keep(loader->MakeBlankImage(size[0], size[1]));
+        EXPECT_NE(nullptr, image.data) << size[0] << " by " << size[1];
+        EXPECT_EQ(size[0], image.width);
+        EXPECT_EQ(size[1], image.height);
     }
 }
 

@@ -55,6 +55,15 @@ TEST_F(TextArchive, WritesEachValueWithOneBlankBehindIt)
     EXPECT_EQ("-12345 0.5 100000 1e-07 0.333333 moth 0.25 0.75 1 -2 3.5 0.1 0.2 0.3 0.4 5 6 7 8 ", Get());
 }
 
+TEST_F(TextArchive, AWriterOnAFullDiskIsGoodUntilItsWritesFail)
+{
+    TextArchiveWriter archive("/dev/full");
+    EXPECT_TRUE(archive.IsGood());
+    for (int i = 0; i < 100000; i++) // more than a stream keeps back
+        archive.WriteInt(i);
+    EXPECT_FALSE(archive.IsGood());
+}
+
 TEST_F(TextArchive, AnEmptyStringWritesNothingButItsBlank)
 {
     TextArchiveWriter archive(path);

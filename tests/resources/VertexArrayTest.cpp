@@ -119,6 +119,14 @@ TEST(VertexArray, AVertexWithAlphaReadsFourFloats)
     EXPECT_EQ(std::vector<float>({5, 6, 105, 106}), Block(array, array.texCoordOffset[3], 4));
 }
 
+TEST(VertexArray, TheTextureCoordinateIsReadBehindTheAlpha)
+{
+    VertexArray array(0x08 | 0x10, 1, 0);
+    EXPECT_TRUE(array.AddVertex(Counting(1).data(), false));
+    EXPECT_EQ(std::vector<float>({1, 2, 3, 4}), Block(array, array.colourOffset, 4));
+    EXPECT_EQ(std::vector<float>({5, 6}), Block(array, array.texCoordOffset[0], 2));
+}
+
 TEST(VertexArray, WithUnitZeroAVertexReadsFourFloatsAndHasRoomForFive)
 {
     VertexArray array(0x10, 2, 0);
@@ -224,6 +232,12 @@ TEST(VertexArray, ReleaseAndDestructorGiveTheMemoryBack)
         VertexArray other(VertexPosition, 10000000, 10000000);
     }
     EXPECT_EQ(before, LargeBlocks());
+}
+
+TEST(VertexArray, ASizeWhoseOffsetsPassThirtyTwoBitsGivesAnEmptyObject)
+{
+    const VertexArray array(0x01, 1431655766u, 0); // 3 floats each: 4294967298
+    ExpectReleased(array);
 }
 
 TEST(VertexArray, ASizeThatNoMemoryCanHoldGivesAnEmptyObject)

@@ -73,6 +73,13 @@ protected:
     ScriptParser parser;
 };
 
+TEST_F(ScriptBlocksTest, AFourthComponentOfAColourIsDropped)
+{
+    float rgb[4] = {0, 0, 0, -7};
+    parser.ParseColor("255,255,255,255,255", rgb);
+    EXPECT_EQ((Floats{1, 1, 1, -7}), Floats(rgb, rgb + 4));
+}
+
 TEST_F(ScriptBlocksTest, AnEffectBlockBecomesATimelineEntry)
 {
     parser.ParseEffect("LayerID=3;StopTime=10000;StartTime=250;EffectName=FX_A;Comment=none;");
