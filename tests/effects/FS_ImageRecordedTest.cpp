@@ -38,6 +38,14 @@ TEST_F(FS_ImageRecorded, AsksForItsPictureItsMaskAndItsShader)
     EXPECT_EQ((std::vector<std::string>{"sampler0", "sampler1", "delta"}), gl::Programs()[0].uniformNames);
 }
 
+TEST_F(FS_ImageRecorded, WhatIsMissingIsToldPicturesFirstThenTheShader)
+{
+    FS_Image bare("bare.jpg");
+    EXPECT_EQ((std::vector<std::string>{"bare.jpg", "glowmask.jpg", "glowmask.vp", "glowmask.fp",
+                                        "Marlinex 1.5 Error: No Programs for Shader defined!"}),
+              ToldMissing(&bare));
+}
+
 TEST_F(FS_ImageRecorded, ShowsThePictureItWasBuiltWith)
 {
     AddPicture("another.png");

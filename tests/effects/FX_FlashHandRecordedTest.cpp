@@ -28,6 +28,13 @@ protected:
     FX_FlashHand hand;
 };
 
+TEST_F(FX_FlashHandRecorded, WhatIsMissingIsToldPictureFirstThenTheShader)
+{
+    FX_FlashHand bare;
+    EXPECT_EQ((std::vector<std::string>{"foto.png", "standard_projection.vp", "postprocessing_blur.fp"}),
+              ToldMissing(&bare));
+}
+
 TEST_F(FX_FlashHandRecorded, DeclaresOneMessageAndDoesntAttach)
 {
     EXPECT_EQ((std::vector<std::string>{"flash: NA"}), DeclaredMessages(&hand));
