@@ -1,6 +1,23 @@
 # SPDX-License-Identifier: MIT
-# Turns the files of a folder into one C++ source that holds their bytes, for platform/EmbeddedFiles.h.
-#   cmake -DFOLDER=<folder> -DOUTPUT=<source> -P EmbedFiles.cmake
+# embed_files(FOLDER NAMESPACE TABLE VARIABLE): the files of a folder become one C++ source, whose path VARIABLE
+# receives. It holds their bytes and the table NAMESPACE::TABLE of them, as platform/EmbeddedFiles.h has it.
+# The source is made at build time by this script itself:
+#   cmake -DFOLDER=<folder> -DNAMESPACE=<namespace> -DTABLE=<table> -DOUTPUT=<source> -P EmbedFiles.cmake
+if(NOT CMAKE_SCRIPT_MODE_FILE)
+  function(embed_files folder namespace table variable)
+    set(script ${CMAKE_SOURCE_DIR}/cmake/EmbedFiles.cmake)
+    set(source ${CMAKE_BINARY_DIR}/${namespace}-${table}.cpp)
+    file(GLOB files CONFIGURE_DEPENDS ${folder}/*)
+    add_custom_command(OUTPUT ${source}
+      COMMAND ${CMAKE_COMMAND} -DFOLDER=${folder} -DNAMESPACE=${namespace} -DTABLE=${table} -DOUTPUT=${source}
+              -P ${script}
+      DEPENDS ${files} ${script}
+      COMMENT "Embedding ${folder}" VERBATIM)
+    set(${variable} ${source} PARENT_SCOPE)
+  endfunction()
+  return()
+endif()
+
 file(GLOB files LIST_DIRECTORIES false ${FOLDER}/*)
 list(SORT files)
 
@@ -21,13 +38,15 @@ endforeach()
 file(WRITE ${OUTPUT} "// Made by cmake/EmbedFiles.cmake.
 #include \"platform/EmbeddedFiles.h\"
 
-namespace platform
+namespace ${NAMESPACE}
 {
 
+extern const platform::EmbeddedFile ${TABLE}[];
+
 ${arrays}
-const EmbeddedFile embeddedFiles[] = {
+const platform::EmbeddedFile ${TABLE}[] = {
 ${rows}    {nullptr, nullptr, 0},
 };
 
-} // namespace platform
+} // namespace ${NAMESPACE}
 ")

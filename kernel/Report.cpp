@@ -16,13 +16,13 @@ const char* const ErrorTail =
 
 void ReportError(std::string title, std::string text)
 {
-    platform::ShowMessageBox("Marlinex 1.5 Error: " + title, "Bad: " + text + ErrorTail,
+    platform::ShowMessageBox("Marlinex " MARLINEX_VERSION " Error: " + title, "Bad: " + text + ErrorTail,
                              platform::BoxErrorIcon);
 }
 
 void ReportInfo(std::string title, std::string text)
 {
-    platform::ShowMessageBox("Marlinex 1.5 Information: " + title, "Info: " + text,
+    platform::ShowMessageBox("Marlinex " MARLINEX_VERSION " Information: " + title, "Info: " + text,
                              platform::BoxInformationIcon);
 }
 

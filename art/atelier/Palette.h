@@ -2,6 +2,7 @@
 #pragma once
 
 #include "art/atelier/Numbers.h"
+#include "platform/ShowColours.h"
 
 #include <cstdint>
 
@@ -61,17 +62,17 @@ constexpr Colour FromHex(uint32_t rgb)
 namespace palette
 {
 // clang-format off
-constexpr Colour Ink       = FromHex(0x0d1020);
-constexpr Colour Night     = FromHex(0x1b2140);
-constexpr Colour Slate     = FromHex(0x38466b);
-constexpr Colour Mist      = FromHex(0x8f9bb3);
-constexpr Colour Ochre     = FromHex(0xc8822a);
-constexpr Colour Amber     = FromHex(0xf0b050);
-constexpr Colour Rust      = FromHex(0x8a3b1e);
-constexpr Colour Bone      = FromHex(0xefe6d2);
-constexpr Colour Parchment = FromHex(0xd9c9a3);
-constexpr Colour Moss      = FromHex(0x55602f);
-constexpr Colour ColdLight = FromHex(0x9fe8ff); // the rare second light
+constexpr Colour Ink       = FromHex(showcolours::Ink);
+constexpr Colour Night     = FromHex(showcolours::Night);
+constexpr Colour Slate     = FromHex(showcolours::Slate);
+constexpr Colour Mist      = FromHex(showcolours::Mist);
+constexpr Colour Ochre     = FromHex(showcolours::Ochre);
+constexpr Colour Amber     = FromHex(showcolours::Amber);
+constexpr Colour Rust      = FromHex(showcolours::Rust);
+constexpr Colour Bone      = FromHex(showcolours::Bone);
+constexpr Colour Parchment = FromHex(showcolours::Parchment);
+constexpr Colour Moss      = FromHex(showcolours::Moss);
+constexpr Colour ColdLight = FromHex(showcolours::ColdLight);
 constexpr Colour Black     = {0, 0, 0};         // only as the ground of pictures that are added to what lies behind
 // clang-format on
 } // namespace palette

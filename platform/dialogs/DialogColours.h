@@ -2,6 +2,8 @@
 // The colours of form and boxes: ink and wash, as in the show's pictures.
 #pragma once
 
+#include "platform/ShowColours.h"
+
 namespace platform
 {
 
@@ -9,15 +11,21 @@ struct Tint {
     unsigned char red, green, blue;
 };
 
+constexpr Tint TintOf(uint32_t rgb)
+{
+    return {static_cast<unsigned char>(rgb >> 16), static_cast<unsigned char>(rgb >> 8),
+            static_cast<unsigned char>(rgb)};
+}
+
 // clang-format off
-constexpr Tint TintInk   = {0x0d, 0x10, 0x20}; // the ground; the form's picture ends in it at the bottom
-constexpr Tint TintNight = {0x1b, 0x21, 0x40};
-constexpr Tint TintSlate = {0x38, 0x46, 0x6b};
-constexpr Tint TintMist  = {0x8f, 0x9b, 0xb3};
-constexpr Tint TintOchre = {0xc8, 0x82, 0x2a};
-constexpr Tint TintAmber = {0xf0, 0xb0, 0x50};
-constexpr Tint TintRust  = {0x8a, 0x3b, 0x1e};
-constexpr Tint TintBone  = {0xef, 0xe6, 0xd2};
+constexpr Tint TintInk   = TintOf(showcolours::Ink); // the ground; the form's picture ends in it at the bottom
+constexpr Tint TintNight = TintOf(showcolours::Night);
+constexpr Tint TintSlate = TintOf(showcolours::Slate);
+constexpr Tint TintMist  = TintOf(showcolours::Mist);
+constexpr Tint TintOchre = TintOf(showcolours::Ochre);
+constexpr Tint TintAmber = TintOf(showcolours::Amber);
+constexpr Tint TintRust  = TintOf(showcolours::Rust);
+constexpr Tint TintBone  = TintOf(showcolours::Bone);
 // clang-format on
 
 // The way from one colour to another: 0 is from, 1 is to.

@@ -1,249 +1,48 @@
 // SPDX-License-Identifier: MIT
 #include "tools/timeline/HtmlPage.h"
 
+#include "platform/EmbeddedFiles.h"
+#include "tools/timeline/Palette.h"
+
+#include <cstdio>
+
 namespace timeline
 {
 
-const char* const PageStyle = R"css(
-html { background: #efe6d2; color: #0d1020; }
-body { margin: 0; font: 14px 'Palatino Linotype', Palatino, 'Book Antiqua', Georgia, serif; }
-main { min-width: 1180px; }
-svg { display: block; width: 100%; height: auto; }
-.body { display: flex; }
-.gutter { flex: none; }
-.plot { flex: 1 1 0; min-width: 0; overflow-x: auto; overflow-y: hidden; position: relative; outline-offset: -2px; }
-.plot svg { max-width: none; }
-.plot svg.away { display: none; }
-.alive .plot { cursor: crosshair; scrollbar-color: #8f9bb3 #d9c9a3; touch-action: pan-x pan-y; }
-.alive .plot.held { cursor: grabbing; user-select: none; }
-.alive main { padding-bottom: 38px; }
-.alive g.entry:hover > rect:first-of-type { stroke: #0d1020; stroke-width: 1; }
-.alive g.message:hover > path { stroke: #8a3b1e; stroke-width: 1; }
-.line { position: absolute; top: 0; bottom: 0; width: 0; border-left: 1px solid #8a3b1e; pointer-events: none; }
-.card { position: fixed; z-index: 2; left: 0; top: 0; max-width: 30em; padding: 8px 12px 9px; pointer-events: none;
-  background: #0d1020; color: #efe6d2; border-left: 3px solid #f0b050; border-radius: 2px; white-space: pre-wrap;
-  font-size: 13px; line-height: 1.4; box-shadow: 0 3px 14px rgba(13, 16, 32, .35); }
-.card b { font-size: 15px; font-weight: normal; color: #f0b050; }
-.strip { position: fixed; z-index: 1; left: 0; right: 0; bottom: 0; display: flex; align-items: center; gap: 14px;
-  padding: 5px 24px; background: #0d1020; color: #d9c9a3; min-height: 26px; white-space: nowrap; overflow: hidden; }
-.strip output { color: #efe6d2; min-width: 23em; flex: none; font-variant-numeric: tabular-nums; }
-.strip i { margin-left: auto; overflow: hidden; text-overflow: ellipsis; }
-.strip button { font: inherit; color: #f0b050; background: none; border: 1px solid #38466b; border-radius: 2px;
-  min-width: 2em; padding: 1px 8px; cursor: pointer; flex: none; }
-.strip button:hover, .strip button:focus-visible { border-color: #f0b050; }
-.strip button:disabled { color: #38466b; cursor: default; border-color: #1b2140; }
-[hidden] { display: none !important; }
-@page { size: landscape; margin: 8mm; }
-@media print {
-  html { background: none; -webkit-print-color-adjust: exact; print-color-adjust: exact; }
-  main { min-width: 0; }
-  .plot { overflow: hidden; }
-  .plot svg { display: none; }
-  .plot svg:first-of-type { display: block !important; width: 100% !important; }
-  .strip, .card, .line { display: none !important; }
+extern const platform::EmbeddedFile pageFiles[]; // of the folder page, made by the build
+
+static const struct {
+    const char* name;
+    Colour colour;
+} colours[] = {
+    {"ink", Ink},     {"night", Night}, {"slate", Slate},         {"mist", Mist},
+    {"amber", Amber}, {"rust", Rust},   {"parchment", Parchment}, {"bone", Bone},
+};
+
+static std::string PageFile(const std::string& name)
+{
+    for (const platform::EmbeddedFile* file = pageFiles; file->name; file++)
+        if (name == file->name)
+            return std::string(reinterpret_cast<const char*>(file->data), file->size);
+    return "";
 }
-)css";
 
-const char* const PageScript = R"js(
-'use strict';
-(() => {
-  const page = document.querySelector('main');
-  const plot = page.querySelector('.plot');
-  const sheets = Array.from(plot.querySelectorAll('svg'));
-  const beat = Number(page.dataset.beat), beats = Number(page.dataset.beats); // seconds; beats of a bar
-  const calm = matchMedia('(prefers-reduced-motion: reduce)').matches;
-  let level = 0;
-  document.documentElement.classList.add('alive');
-  plot.tabIndex = 0;
-  plot.setAttribute('role', 'group');
-  plot.setAttribute('aria-label', 'The show. Plus and minus zoom, arrow keys move.');
-
-  const make = (name, kind, parent) => {
-    const element = document.createElement(name);
-    if (kind)
-      element.className = kind;
-    parent.append(element);
-    return element;
-  };
-  const line = make('div', 'line', plot);
-  const card = make('div', 'card', document.body);
-  const strip = make('div', 'strip', document.body);
-  const less = make('button', '', strip), more = make('button', '', strip), whole = make('button', '', strip);
-  const readout = make('output', '', strip);
-  const help = make('i', '', strip);
-  less.textContent = '\u2212';
-  less.title = 'zoom out';
-  more.textContent = '+';
-  more.title = 'zoom in';
-  whole.textContent = 'whole show';
-  line.hidden = card.hidden = true;
-
-  // Titles become cards: the browser's own would come late and twice.
-  for (const title of page.querySelectorAll('g > title')) {
-    title.parentNode.dataset.card = title.textContent;
-    title.parentNode.setAttribute('aria-label', title.textContent);
-    title.parentNode.setAttribute('role', 'group');
-    title.remove();
-  }
-
-  const scale = () => {
-    const sheet = sheets[level], view = sheet.viewBox.baseVal, place = sheet.getBoundingClientRect();
-    const ratio = place.width / view.width;
-    const perSecond = Number(sheet.dataset.perSecond) * ratio;
-    const zero = place.left + (Number(sheet.dataset.zero) - view.x) * ratio;
-    return { zero, perSecond, start: Number(sheet.dataset.start) / 1000, end: Number(sheet.dataset.end) / 1000 };
-  };
-  const timeAt = (x) => {
-    const s = scale();
-    return s.start + (x - s.zero) / s.perSecond;
-  };
-  const placeOf = (time) => {
-    const s = scale();
-    return s.zero + (time - s.start) * s.perSecond;
-  };
-
-  const clock = (seconds) => {
-    const ms = Math.round(seconds * 1000);
-    const rest = String(ms % 60000 / 1000 | 0).padStart(2, '0') + '.' + String(ms % 1000).padStart(3, '0');
-    return Math.floor(ms / 60000) + ':' + rest;
-  };
-  const nearestBeat = (time) => Math.round(time / beat);
-  const tell = (time, word) => {
-    const s = scale();
-    if (time < s.start || time > s.end) {
-      readout.textContent = time < s.start ? 'loading' : '';
-      return;
+std::string PageStyle()
+{
+    std::string style = ":root {";
+    for (const auto& each : colours) {
+        char text[96]; // the hexadecimal form, and the parts, to which an opacity can be added
+        snprintf(text, sizeof text, " --%s: #%02x%02x%02x; --%s-parts: %d %d %d;", each.name, each.colour.red,
+                 each.colour.green, each.colour.blue, each.name, each.colour.red, each.colour.green,
+                 each.colour.blue);
+        style += text;
     }
-    const n = nearestBeat(time), bar = Math.floor(n / beats);
-    readout.textContent = clock(time) + ' \u00b7 bar ' + bar + ', beat ' + (n - bar * beats + 1) + ' \u00b7 ' +
-      Math.round(n * beat * 1000) + ' ms' + (word || '');
-  };
+    return style + " }\n" + PageFile("timeline.css");
+}
 
-  const width = () => plot.clientWidth;
-  const settle = () => {
-    less.disabled = whole.disabled = level === 0;
-    more.disabled = level === sheets.length - 1;
-    line.hidden = card.hidden = true;
-    const tall = document.documentElement.scrollHeight > innerHeight + 1;
-    help.textContent = (tall ? 'Ctrl and wheel' : 'wheel') + ' or + \u2212 zoom, drag or arrows move, ' +
-      '0 shows all, a click copies the beat';
-  };
-  const zoom = (step, x) => {
-    const next = Math.min(Math.max(level + step, 0), sheets.length - 1);
-    if (next === level)
-      return;
-    const place = plot.getBoundingClientRect();
-    if (x === undefined)
-      x = place.left + width() / 2;
-    const time = timeAt(x), before = scale().perSecond;
-    sheets[level].classList.add('away');
-    level = next;
-    const sheet = sheets[level];
-    sheet.classList.remove('away');
-    plot.scrollLeft += placeOf(time) - x;
-    if (!calm && sheet.animate) {
-      const origin = (placeOf(time) - sheet.getBoundingClientRect().left) + 'px 0';
-      sheet.animate([{ transformOrigin: origin, transform: 'scaleX(' + before / scale().perSecond + ')' },
-        { transformOrigin: origin, transform: 'none' }], { duration: 160, easing: 'ease-out' });
-    }
-    settle();
-  };
-  const showAll = () => zoom(-sheets.length);
-
-  let turned = 0;
-  plot.addEventListener('wheel', (event) => {
-    const tall = document.documentElement.scrollHeight > innerHeight + 1;
-    if (event.shiftKey || Math.abs(event.deltaX) > Math.abs(event.deltaY) || (tall && !event.ctrlKey))
-      return;
-    event.preventDefault();
-    turned += event.deltaMode ? event.deltaY * 40 : event.ctrlKey ? event.deltaY * 3 : event.deltaY;
-    if (Math.abs(turned) < 60)
-      return;
-    zoom(turned < 0 ? 1 : -1, event.clientX);
-    turned = 0;
-  }, { passive: false });
-
-  let held = null;
-  plot.addEventListener('pointerdown', (event) => {
-    if (event.button !== 0 || event.pointerType === 'touch')
-      return;
-    held = { x: event.clientX, y: event.clientY, moved: false };
-    plot.setPointerCapture(event.pointerId);
-  });
-  plot.addEventListener('pointermove', (event) => {
-    if (held) {
-      held.moved = held.moved || Math.hypot(event.clientX - held.x, event.clientY - held.y) > 4;
-      if (held.moved) {
-        plot.classList.add('held');
-        plot.scrollLeft -= event.movementX;
-        scrollBy(0, -event.movementY);
-        line.hidden = card.hidden = true;
-        return;
-      }
-    }
-    const place = plot.getBoundingClientRect();
-    line.hidden = false;
-    line.style.left = event.clientX - place.left + plot.scrollLeft + 'px';
-    tell(timeAt(event.clientX));
-  });
-  const release = (event) => {
-    if (held && !held.moved && event.type === 'pointerup') {
-      const time = timeAt(event.clientX), s = scale();
-      if (time >= s.start && time <= s.end && navigator.clipboard)
-        navigator.clipboard.writeText(String(Math.round(nearestBeat(time) * beat * 1000)))
-          .then(() => tell(time, ', copied'), () => {});
-    }
-    held = null;
-    plot.classList.remove('held');
-  };
-  plot.addEventListener('pointerup', release);
-  plot.addEventListener('pointercancel', release);
-  plot.addEventListener('pointerleave', () => {
-    line.hidden = true;
-    readout.textContent = '';
-  });
-
-  document.addEventListener('pointermove', (event) => {
-    const under = held && held.moved ? null : document.elementFromPoint(event.clientX, event.clientY);
-    const group = under && under.closest('g[data-card]');
-    card.hidden = !group;
-    if (!group)
-      return;
-    const text = group.dataset.card, end = text.indexOf('\n');
-    card.textContent = end < 0 ? '' : text.slice(end);
-    const head = document.createElement('b');
-    head.textContent = end < 0 ? text : text.slice(0, end);
-    card.prepend(head);
-    const x = event.clientX + 16, y = event.clientY + 18;
-    const right = innerWidth - card.offsetWidth - 8, bottom = innerHeight - card.offsetHeight - 40;
-    const left = x > right ? Math.max(8, event.clientX - card.offsetWidth - 12) : x;
-    const top = y > bottom ? Math.max(8, event.clientY - card.offsetHeight - 12) : y;
-    card.style.transform = 'translate(' + left + 'px,' + top + 'px)';
-  });
-  document.documentElement.addEventListener('pointerleave', () => { card.hidden = true; });
-
-  document.addEventListener('keydown', (event) => {
-    if (event.ctrlKey || event.metaKey || event.altKey)
-      return;
-    const pan = (way) => { plot.scrollLeft += way * width() * (event.shiftKey ? 0.9 : 0.15); };
-    const deeds = {
-      '+': () => zoom(1), '=': () => zoom(1), '-': () => zoom(-1), '0': showAll,
-      'ArrowLeft': () => pan(-1), 'ArrowRight': () => pan(1),
-      'Home': () => { plot.scrollLeft = 0; }, 'End': () => { plot.scrollLeft = plot.scrollWidth; },
-    };
-    const deed = deeds[event.key];
-    if (!deed)
-      return;
-    event.preventDefault();
-    card.hidden = true;
-    deed();
-  });
-  more.addEventListener('click', () => zoom(1));
-  less.addEventListener('click', () => zoom(-1));
-  whole.addEventListener('click', showAll);
-  addEventListener('resize', settle);
-  settle();
-})();
-)js";
+std::string PageScript()
+{
+    return PageFile("timeline.js");
+}
 
 } // namespace timeline

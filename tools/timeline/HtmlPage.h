@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What the page of HtmlWriter brings along besides pictures.
+// What the page of HtmlWriter brings along besides pictures: the files of the folder page.
 #pragma once
+
+#include <string>
 
 namespace timeline
 {
 
-extern const char* const PageStyle;  // CSS
-extern const char* const PageScript; // JavaScript; holds no "</"
+std::string PageStyle();  // CSS, with the show's colours as variables: var(--ink), var(--amber) ...
+std::string PageScript(); // JavaScript; holds no "</"
 
 } // namespace timeline

@@ -51,7 +51,7 @@ std::string HtmlPicture(const TimelineModel& model, const LayoutOptions& options
 
     std::string page = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
                        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>";
-    page += title + "</title>\n<style>" + PageStyle + TypeStyle() + "</style>\n</head>\n<body>\n<main" +
+    page += title + "</title>\n<style>" + PageStyle() + TypeStyle() + "</style>\n</head>\n<body>\n<main" +
             tempo + ">\n";
     page += "<div class=\"head\">" + SvgPart(model, layout, HeadPart, layout.head, "h", "") + "</div>\n";
     page += "<div class=\"body\">\n<div class=\"gutter\" style=\"width:" +
@@ -60,7 +60,7 @@ std::string HtmlPicture(const TimelineModel& model, const LayoutOptions& options
     page += "<div class=\"plot\">" + Sheets(model, plain, layout) + "</div>\n</div>\n";
     page +=
         "<div class=\"foot\">" + SvgPart(model, layout, FootPart, layout.foot, "f", "") + "</div>\n</main>\n";
-    page += "<script>" + std::string(PageScript) + "</script>\n</body>\n</html>\n";
+    page += "<script>" + PageScript() + "</script>\n</body>\n</html>\n";
     return page;
 }
 

@@ -2,6 +2,8 @@
 // Ink and wash on warm paper: the show's colours, as the timeline uses them.
 #pragma once
 
+#include "platform/ShowColours.h"
+
 #include <cstdint>
 
 namespace timeline
@@ -15,6 +17,11 @@ struct Colour {
 inline bool operator==(const Colour& a, const Colour& b)
 {
     return a.red == b.red && a.green == b.green && a.blue == b.blue && a.alpha == b.alpha;
+}
+
+constexpr Colour ColourOf(uint32_t rgb)
+{
+    return {uint8_t(rgb >> 16), uint8_t(rgb >> 8), uint8_t(rgb)};
 }
 
 constexpr Colour Faded(Colour colour, float alpha)
@@ -31,16 +38,16 @@ constexpr Colour Mix(Colour from, Colour to, float way)
 }
 
 // clang-format off
-constexpr Colour Ink       = {0x0d, 0x10, 0x20};
-constexpr Colour Night     = {0x1b, 0x21, 0x40};
-constexpr Colour Slate     = {0x38, 0x46, 0x6b};
-constexpr Colour Mist      = {0x8f, 0x9b, 0xb3};
-constexpr Colour Ochre     = {0xc8, 0x82, 0x2a};
-constexpr Colour Amber     = {0xf0, 0xb0, 0x50};
-constexpr Colour Rust      = {0x8a, 0x3b, 0x1e};
-constexpr Colour Moss      = {0x55, 0x60, 0x2f};
-constexpr Colour Bone      = {0xef, 0xe6, 0xd2}; // the paper
-constexpr Colour Parchment = {0xd9, 0xc9, 0xa3};
+constexpr Colour Ink       = ColourOf(showcolours::Ink);
+constexpr Colour Night     = ColourOf(showcolours::Night);
+constexpr Colour Slate     = ColourOf(showcolours::Slate);
+constexpr Colour Mist      = ColourOf(showcolours::Mist);
+constexpr Colour Ochre     = ColourOf(showcolours::Ochre);
+constexpr Colour Amber     = ColourOf(showcolours::Amber);
+constexpr Colour Rust      = ColourOf(showcolours::Rust);
+constexpr Colour Moss      = ColourOf(showcolours::Moss);
+constexpr Colour Bone      = ColourOf(showcolours::Bone); // the paper
+constexpr Colour Parchment = ColourOf(showcolours::Parchment);
 
 // The pigments of the entries, by the effect's row in the registry, over and over: the ink of an edge, and the
 // tint that the brush leaves. Blues lie on warm paper, where they would turn grey, so theirs are stronger.

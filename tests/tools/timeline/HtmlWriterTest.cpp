@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -43,6 +44,18 @@ TEST(TimelineHtml, IsOneFileThatAsksForNoOther)
     for (const char* outside :
          {"href", "src=", "@import", "url(h", "fetch(", "//cdn", "<link", "<iframe", "<img"})
         EXPECT_EQ(std::string::npos, page.find(outside)) << outside;
+}
+
+TEST(TimelineHtml, HasTheColoursThatItsStyleUses)
+{
+    const std::string style = PageStyle();
+    EXPECT_NE(std::string::npos, style.find("--ink: #0d1020;"));
+    EXPECT_NE(std::string::npos, style.find("--amber-parts: 240 176 80;"));
+    const std::regex use("var\\((--[a-z-]+)\\)");
+    int uses = 0;
+    for (std::sregex_iterator each(style.begin(), style.end(), use), none; each != none; ++each, uses++)
+        EXPECT_NE(std::string::npos, style.find(" " + (*each)[1].str() + ": ")) << (*each)[1];
+    EXPECT_GT(uses, 10);
 }
 
 TEST(TimelineHtml, WithoutScriptsItIsHeadGutterPlotAndFoot)
@@ -117,9 +130,9 @@ TEST(TimelineHtml, OddTitlesAreEscaped)
 
 TEST(TimelineHtml, TheScriptCannotEndItselfEarly)
 {
-    EXPECT_EQ(nullptr, strstr(PageScript, "</"));
-    EXPECT_EQ(nullptr, strstr(PageScript, "<!--"));
-    EXPECT_EQ(nullptr, strstr(PageStyle, "</"));
+    EXPECT_EQ(std::string::npos, PageScript().find("</"));
+    EXPECT_EQ(std::string::npos, PageScript().find("<!--"));
+    EXPECT_EQ(std::string::npos, PageStyle().find("</"));
 }
 
 TEST(TimelineHtml, TheTempoGoesWithThePage)
