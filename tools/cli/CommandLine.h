@@ -56,8 +56,8 @@ public:
     bool Has(const std::string& name) const;
     std::string Value(const std::string& name, const std::string& otherwise = "") const;
 
-    // The value of an option as a number of low to high, *number untouched where the option was not given.
-    // A value that is no such number is told on err: then false, and exitStatus is ExitUsage.
+    // Reads the value of an option as a number of low to high; *number stays as it is if the option was not
+    // given. False if the value is not such a number: that is one line on err, and exitStatus is ExitUsage.
     bool WholeNumber(const std::string& name, int64_t low, int64_t high, int64_t* number, FILE* err = stderr);
     bool Number(const std::string& name, double low, double high, double* number, FILE* err = stderr);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the text of a tool goes: standard output or a file, and nothing lost unnoticed.
+// Writes the text of a tool to standard output or to a file.
 #pragma once
 
 #include <string>

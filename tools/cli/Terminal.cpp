@@ -17,7 +17,7 @@ bool TakesColours(FILE* stream)
     return terminal && strcmp(terminal, "dumb") != 0 && isatty(fileno(stream));
 }
 
-std::string Paint(const std::string& text, Colour colour, bool colours)
+std::string Paint(const std::string& text, TerminalColour colour, bool colours)
 {
     const char* const begin[] = {"",           "\033[1m",    "\033[1;31m", "\033[1;33m",
                                  "\033[1;32m", "\033[1;34m", "\033[2m"};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Colours, where there is someone to see them.
+// Colours on terminals.
 #pragma once
 
 #include <cstdio>
@@ -8,13 +8,13 @@
 namespace cli
 {
 
-enum Colour { Plain, Bold, Red, Yellow, Green, Blue, Dim };
+enum TerminalColour { Plain, Bold, Red, Yellow, Green, Blue, Dim };
 
-// True if the stream is a terminal that takes colours: not with NO_COLOR set to anything but nothing, not
-// with TERM unset or "dumb".
+// True if the stream is a terminal that shows colours. False if NO_COLOR is set and not empty, and if TERM is not
+// set or "dumb".
 bool TakesColours(FILE* stream);
 
-// The text between the escapes of a colour, or as it is where colours is false.
-std::string Paint(const std::string& text, Colour colour, bool colours);
+// The text between the escape sequences of a colour; if colours is false, the text as it is.
+std::string Paint(const std::string& text, TerminalColour colour, bool colours);
 
 } // namespace cli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Each block by itself: its keys, then its values.
+// Checks each block by itself: first its keys, then its values.
 #include "tools/lint/Checks.h"
 
 #include "kernel/EffectRegistry.h"
@@ -15,8 +15,8 @@ namespace lint
 
 // ---- Keys
 
-// If a value runs on because its ; is missing, it ends in the next key: where that begins in the text, or
-// npos.
+// An entry whose ; is missing contains the next key as well. Returns where that key begins in the text of the
+// entry, or npos.
 static size_t FindSwallowedKey(const Entry& entry, const BlockSyntax& keys)
 {
     const size_t first = entry.text.find('=');
@@ -56,7 +56,7 @@ static void CheckWord(const Entry& entry, const BlockSyntax& keys, Findings* fin
                   meant.empty() || meant == entry.word ? all : "Did you mean " + meant + "?");
 }
 
-// Characters of a value that the reader draws together because only white space stood between them.
+// Finds white space inside a value, which the reader removes.
 static void CheckBlanks(const Reading& script, const Entry& entry, Findings* findings)
 {
     for (size_t i = 0; i + 2 < entry.valuePlaces.size(); i++) {
@@ -118,7 +118,8 @@ static void CheckEntry(const Reading& script, const Block& block, Entry& entry,
     CheckBlanks(script, entry, findings);
 }
 
-// Whether another finding says why the reader doesn't find a key: the ; ahead of it or behind it is missing.
+// True if another finding says already why the reader does not find a key: the ; ahead of it or behind it is
+// missing.
 static bool IsToldElsewhere(const std::vector<Entry>& entries, const std::string& key)
 {
     for (const Entry& entry : entries)
@@ -147,13 +148,13 @@ static void CheckNeeded(const Block& block, const std::vector<Entry>& entries, F
 static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry& registry, Findings* findings)
 {
     for (const char* key : {key::StartTime, key::StopTime, key::LayerID})
-        if (const Entry* const entry = FindSound(entries, key))
+        if (const Entry* const entry = FindIntact(entries, key))
             CheckWhole(*entry, findings);
-    if (const Entry* const name = FindSound(entries, key::EffectName))
+    if (const Entry* const name = FindIntact(entries, key::EffectName))
         CheckEffectName(*name, registry, "entry", findings);
 
-    const Entry* const start = FindSound(entries, key::StartTime);
-    const Entry* const stop = FindSound(entries, key::StopTime);
+    const Entry* const start = FindIntact(entries, key::StartTime);
+    const Entry* const stop = FindIntact(entries, key::StopTime);
     if (!start || !stop)
         return;
     const uint32_t startMs = uint32_t(atoi(start->value.c_str()));
@@ -172,9 +173,9 @@ static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry&
 
 static void CheckSteps(const std::vector<Entry>& entries, const Block& block, Findings* findings)
 {
-    const Entry* const times = FindSound(entries, key::ActivationTime);
-    const Entry* const steps = FindSound(entries, key::Steps);
-    const Entry* const delta = FindSound(entries, key::TimeDelta);
+    const Entry* const times = FindIntact(entries, key::ActivationTime);
+    const Entry* const steps = FindIntact(entries, key::Steps);
+    const Entry* const delta = FindIntact(entries, key::TimeDelta);
     if (!steps && !delta)
         return;
     if (!steps || !delta) {
@@ -230,9 +231,9 @@ static void CheckRefused(const Block& block, Findings* findings)
 static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
                          const EffectRegistry& registry, Findings* findings)
 {
-    const Entry* const text = FindSound(entries, key::MessageText);
-    const Entry* const target = FindSound(entries, key::TargetEffect);
-    if (const Entry* const times = FindSound(entries, key::ActivationTime))
+    const Entry* const text = FindIntact(entries, key::MessageText);
+    const Entry* const target = FindIntact(entries, key::TargetEffect);
+    if (const Entry* const times = FindIntact(entries, key::ActivationTime))
         CheckTimes(*times, findings);
     bool known = target != nullptr;
     if (target)
@@ -240,7 +241,7 @@ static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
     const SynchMessageDeclaration* declared = nullptr;
     if (text && known)
         declared = CheckMessageName(*text, target->value, registry, findings);
-    if (const Entry* const parameter = FindSound(entries, key::Parameter))
+    if (const Entry* const parameter = FindIntact(entries, key::Parameter))
         CheckParameters(*parameter, declared, findings);
     CheckSteps(entries, block, findings);
     CheckRefused(block, findings);
@@ -255,7 +256,7 @@ static void CheckMusic(const std::vector<Entry>& entries, Findings* findings)
                           "Write the name of the music file.");
 }
 
-// A later block of these two kinds takes the place of an earlier one.
+// A second [MUSIC] or [COLORSCHEME] block replaces the first.
 static void CheckReplaced(const Reading& script, Findings* findings)
 {
     for (const BlockType type : {BlockMusic, BlockColorScheme}) {
@@ -266,7 +267,7 @@ static void CheckReplaced(const Reading& script, Findings* findings)
             if (last)
                 findings->Add(Warning, "replaced-block", block.header,
                               std::string("There is an earlier [") + SyntaxOf(type).name + "], in line " +
-                                  std::to_string(script.PlaceInStream(last->header).line) + ".",
+                                  std::to_string(script.PositionInStream(last->header).line) + ".",
                               "This one takes its place.", "Delete one of the two.");
             last = &block;
         }

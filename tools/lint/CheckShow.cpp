@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the blocks come to: entries against each other, messages against entries.
+// Checks the show as a whole: entries against each other, and messages against entries.
 #include "tools/lint/Checks.h"
 #include "tools/lint/Requests.h"
 #include "tools/lint/Schedule.h"
@@ -11,8 +11,8 @@
 namespace lint
 {
 
-static const double mostDelay = 50;     // milliseconds that a message may be late
-static const size_t mostSpansNamed = 3; // of one effect
+static const double maxDelay = 50;     // milliseconds that a message may be late
+static const size_t maxSpansNamed = 3; // of one effect
 
 // ---- Entries
 
@@ -24,7 +24,7 @@ static bool IsOverlay(const std::string& effect)
 
 static bool Overlap(const ShownEntry& a, const ShownEntry& b)
 {
-    // To meet in one moment is no overlap.
+    // An entry that starts at the very moment at which the other stops does not overlap it.
     return std::max(a.start, b.start) < std::min(a.stop, b.stop);
 }
 
@@ -51,7 +51,8 @@ static void AddOverlap(const ShownEntry& entry, const ShownEntry& other, Finding
                 start, stop);
 }
 
-// One finding of a kind for each entry, against the first of those ahead of it.
+// Adds at most one finding of each kind for an entry, about the first entry before it in the script that it
+// overlaps.
 static void CheckOverlaps(const Show& show, Findings* findings)
 {
     for (size_t i = 0; i < show.entries.size(); i++) {
@@ -75,7 +76,7 @@ static bool ShowsByItself(const ShownEntry& entry)
     return entry.kept && !IsOverlay(entry.effect) && entry.start <= entry.stop;
 }
 
-// The entry is the scene that ends the gap, or that which the show waits for in the end.
+// The entry is the scene that ends the gap or, with atEnd, the entry that the show ends with.
 static void AddGap(uint32_t start, uint32_t stop, const ShownEntry& entry, bool atEnd, Findings* findings)
 {
     SetSpan(&findings->AddAt(Warning, "gap", entry.line, entry.column,
@@ -108,7 +109,7 @@ static void CheckGaps(const Show& show, const Options& options, Findings* findin
         }
 }
 
-// An effect that the start offset lets begin in the middle of its entry.
+// Finds entries that began before the start offset.
 static void CheckCut(const Show& show, const Options& options, Findings* findings)
 {
     for (const ShownEntry& entry : show.entries)
@@ -150,7 +151,7 @@ static std::string SpansOf(const Show& show, const std::string& effect)
         if (!entry.kept || entry.effect != effect)
             continue;
         count++;
-        if (spans.size() < mostSpansNamed)
+        if (spans.size() < maxSpansNamed)
             spans.push_back("from " + std::to_string(entry.start) + " to " + std::to_string(entry.stop));
     }
     if (count == 0)
@@ -158,7 +159,7 @@ static std::string SpansOf(const Show& show, const std::string& effect)
     return effect + " is on stage " + Listed(spans) + (count > spans.size() ? " and later." : ".");
 }
 
-// Messages of one block that share a fate, told in one finding.
+// The messages of one block that one finding is about.
 struct Group {
     std::vector<const SentMessage*> messages;
 
@@ -175,7 +176,7 @@ struct Group {
     void Span(Finding* finding) const { SetSpan(finding, First().time, messages.back()->time); }
 };
 
-// Of the effects that findings have told about: a show can have as many entries as findings.
+// Keeps the text of each effect, because a show can have as many findings as entries.
 class SpansText
 {
 public:
@@ -193,13 +194,13 @@ private:
     std::map<std::string, std::string> texts;
 };
 
-typedef bool (*Fate)(const Show& show, const SentMessage& message, const Options& options);
+typedef bool (*Condition)(const Show& show, const SentMessage& message, const Options& options);
 
-static std::vector<Group> Gather(const Show& show, const Options& options, Fate hasFate)
+static std::vector<Group> Gather(const Show& show, const Options& options, Condition condition)
 {
-    std::vector<Group> groups; // by block, since the blocks are numbered from 0 and all may have messages
+    std::vector<Group> groups; // by number of the block
     for (const SentMessage& message : show.messages) {
-        if (!hasFate(show, message, options))
+        if (!condition(show, message, options))
             continue;
         if (groups.size() <= message.block)
             groups.resize(message.block + 1);
@@ -211,8 +212,8 @@ static std::vector<Group> Gather(const Show& show, const Options& options, Fate 
     return groups;
 }
 
-// When a message leaves depends on where the frames fall: at the earliest when it is due and those ahead of
-// it are gone, and at the latest a frame's length later.
+// The moment at which a message is handed out depends on the moments of the frames. The earliest is when it is
+// due and the messages ahead of it have left; the latest is a frame later.
 static bool IsSurelyHeard(const Show& show, const SentMessage& message, const Options& options)
 {
     const double earliest = message.time + message.delay;
@@ -232,11 +233,11 @@ static bool IsAtEdge(const Show& show, const SentMessage& message, const Options
 
 static bool IsLate(const Show&, const SentMessage& message, const Options&)
 {
-    return message.kept && message.delay > mostDelay;
+    return message.kept && message.delay > maxDelay;
 }
 
-// Dropped by the offset, though its effect would have heard it and is still to be seen. Of a flash that is
-// over nothing is left to be seen.
+// True if the start offset drops a message whose effect would have received it and may still show it. The flash
+// of an overlay is over by then.
 static bool IsMissed(const Show& show, const SentMessage& message, const Options&)
 {
     return !message.kept && !IsOverlay(message.effect) && IsOnStage(show, message.effect, message.time);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What happens before there are blocks: bytes that vanish, comments, headers.
+// Checks what the reader does before it has blocks: the bytes that it drops, comments, and headers.
 #include "tools/lint/Checks.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ static bool IsBlank(char byte)
     return isspace(static_cast<unsigned char>(byte)) != 0;
 }
 
-// Editors write it ahead of a text to say that it is UTF-8. It vanishes and does no harm.
+// Editors write this mark at the beginning of UTF-8 files. The reader drops it, which does no harm.
 static bool BeginsWithByteOrderMark(const std::string& bytes)
 {
     return bytes.compare(0, 3, "\xEF\xBB\xBF") == 0;
@@ -55,8 +55,9 @@ static bool HoldsHeader(const std::string& comment)
     return false;
 }
 
-// A # without a partner turns all comments behind it inside out, so that the last one is the first that is
-// seen to be alone; a comment with a header in it tells where the partner may be missing.
+// Comments run from one # to the next. A missing # therefore swaps comments and script from there on, and only
+// the last # of the file is seen to have no partner. The first comment that contains a block header is the
+// likely place of the missing one.
 static void CheckComments(const Reading& script, Findings* findings)
 {
     std::vector<size_t> marks;
@@ -69,7 +70,7 @@ static void CheckComments(const Reading& script, Findings* findings)
     for (size_t i = 0; i + 1 < marks.size(); i += 2)
         if (HoldsHeader(script.bytes.substr(marks[i], marks[i + 1] - marks[i]))) {
             cure +=
-                " Or look at line " + std::to_string(script.PlaceInFile(marks[i]).line) +
+                " Or look at line " + std::to_string(script.PositionInFile(marks[i]).line) +
                 ": the comment that begins there swallows a block, so that the missing # may belong to it.";
             break;
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The checks, each over one side of a script. They add to the findings and change nothing else.
+// The checks of the linter. They add findings and change nothing else.
 #pragma once
 
 #include "tools/lint/Entries.h"
@@ -10,16 +10,16 @@
 namespace lint
 {
 
-// Gathers findings and knows where they stand.
+// Collects findings, and turns places in the stream or in the file into line and column.
 class Findings
 {
 public:
-    static const size_t limit; // findings of one kind that are kept: a script can have as many as characters
+    static const size_t limit; // findings of one kind that are kept; a script can have millions
 
     Findings(const Reading& script, const std::string& fileName, std::vector<Finding>* sink);
 
-    // A finding at a place in the stream. The three texts are sentences. The reference holds until the next
-    // finding is added, and is of no account if this one is beyond the limit.
+    // Adds a finding at a place in the stream. The three texts are sentences. The reference is valid until the
+    // next finding is added. A finding beyond the limit is not kept.
     Finding& Add(Severity severity, const char* code, size_t streamPlace, const std::string& text,
                  const std::string& consequence, const std::string& cure);
     Finding& AddInFile(Severity severity, const char* code, size_t byte, const std::string& text,
@@ -27,7 +27,7 @@ public:
     Finding& AddAt(Severity severity, const char* code, int line, int column, const std::string& text,
                    const std::string& consequence, const std::string& cure);
 
-    size_t LeftOut() const; // those beyond the limit
+    size_t LeftOut() const; // the number of findings beyond the limit
 
 private:
     const Reading& reading;
@@ -35,33 +35,33 @@ private:
     std::vector<Finding>* const findings;
     std::map<std::string, size_t> counts; // by code
     size_t leftOut;
-    Finding spare; // for what is left out
+    Finding spare; // the last one beyond the limit, for its caller to write to
 };
 
 void SetSpan(Finding* finding, uint32_t start, uint32_t stop); // in any order
 
-// What the reader drops before it looks for blocks, and the headers.
+// Checks what the reader drops before it looks for blocks, and the headers.
 void CheckText(const Reading& script, Findings* findings);
 
-// Keys and values of each block by itself.
+// Checks keys and values of each block by itself.
 void CheckBlocks(const Reading& script, const EffectRegistry& registry, Findings* findings);
 
-// What the blocks come to: entries against each other, messages against entries.
+// Checks entries against each other, and messages against entries.
 void CheckShow(const Reading& script, const Show& show, const Options& options, Findings* findings);
 
-// What single effects make of the order and number of their messages.
+// Checks the messages of those effects for which their order or their number matters.
 void CheckScenes(const Show& show, Findings* findings);
 
-// Whether the files are there that the show will ask for.
+// Checks that the files are there that the show will ask for.
 void CheckFiles(const Reading& script, const Show& show, const Options& options, Findings* findings);
 
-// ---- Words that the checks share
+// ---- Texts that the checks share
 
 // "text" in quotation marks, cut where it is long, and with escapes for what a terminal must not get.
 std::string Quote(const std::string& text);
 std::string Milliseconds(uint32_t time); // "86400", or "86400 (1:26.4)" from a second on
 
-// The candidate that a misspelt word most likely stands for, or empty.
+// The candidate that a misspelt word most likely stands for; empty: none is near.
 std::string Nearest(const std::string& word, const std::vector<std::string>& candidates);
 std::string Listed(const std::vector<std::string>& words); // "a, b and c"
 

@@ -8,8 +8,9 @@
 namespace lint
 {
 
-// The places of the characters that the reader puts into the value: all behind the = or ; at which it has the
-// key together, but for further = signs. What ends the value stands last.
+// Stores where in the stream each character of the value stands, and last the character that ends it. As in
+// ScriptParser::GetValue, the value begins behind the = up to which the text without = signs is the key, and
+// leaves out any further =.
 static void FindValuePlaces(Entry* entry)
 {
     const std::string& text = entry->text;
@@ -29,8 +30,8 @@ static void FindValuePlaces(Entry* entry)
 
 std::vector<Entry> SplitEntries(const Block& block)
 {
-    // The reader forgets everything at a ; but what it has found, so that each entry can be shown to it
-    // alone.
+    // At a ; ScriptParser::GetValue forgets all but the value that it has found, so that it gives the same
+    // result for single entries as for the whole block.
     ScriptParser reader;
     std::vector<Entry> entries;
     for (size_t begin = 0; begin < block.text.size();) {
@@ -64,7 +65,7 @@ const Entry* FindEntry(const std::vector<Entry>& entries, const std::string& key
     return nullptr;
 }
 
-const Entry* FindSound(const std::vector<Entry>& entries, const std::string& key)
+const Entry* FindIntact(const std::vector<Entry>& entries, const std::string& key)
 {
     const Entry* const found = FindEntry(entries, key);
     return found && !found->broken ? found : nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The entries Key=Value; of a block, each with its place, and under which key the show's reader finds it.
+// The entries Key=Value; of a block: where each stands, and under which key the show's reader finds it.
 #pragma once
 
 #include "tools/lint/Reading.h"
@@ -11,32 +11,36 @@ namespace lint
 {
 
 struct Entry {
-    std::string text; // with its ; if it has one
-    size_t begin;     // of the text in the stream
-    bool ended;       // it has its ;
-    std::string word; // what stands where the key should: the text up to the first = or ;
+    std::string text; // including its ; if it has one
+    size_t begin;     // where the text begins in the stream
+    bool ended;       // true if it has its ;
+    std::string word; // the text up to the first = or ;, where the key should stand
 
-    std::string key;   // as the reader finds it, were it not for a missing ; - empty: under none
-    std::string value; // as the reader takes it, without any further =
-    std::vector<uint32_t> valuePlaces; // in the stream: of each character of the value, and of what ends it
-    bool counts;                       // the reader uses it: it is ended, and the first with its key
-    bool broken;                       // it runs on into the next: what its value is says nothing
+    std::string key;   // under which the reader finds the entry, or would if it had its ;. Empty: under none
+    std::string value; // that the reader takes, without any further =
+
+    // Where each character of the value stands in the stream, and last the character that ends the value.
+    std::vector<uint32_t> valuePlaces;
+
+    bool counts; // true if the reader uses it: it has its ;, and is the first with its key
+    bool broken; // true if it runs on into the next entry, so that its value is not what was meant
 };
 
 std::vector<Entry> SplitEntries(const Block& block);
 
-// The entry that counts for a key, or null.
+// The entry that the reader uses for a key; null: none.
 const Entry* FindEntry(const std::vector<Entry>& entries, const std::string& key);
-const Entry* FindSound(const std::vector<Entry>& entries, const std::string& key); // the same, if not broken
+const Entry* FindIntact(const std::vector<Entry>& entries,
+                        const std::string& key); // the same, unless it is broken
 
-// An item of a list divided by commas.
+// An item of a list that commas divide.
 struct Item {
     std::string text;
-    size_t place; // in the stream, of its first character or of what ends it
+    size_t place; // of its first character in the stream; for an empty item, of what ends it
     size_t last;  // of its last character
 };
 
-// One more than there are commas.
+// The items of a value: one more than it has commas.
 std::vector<Item> SplitItems(const Entry& entry);
 
 } // namespace lint

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One thing that the show would do otherwise than the script's writer meant, without saying so.
+// A finding: one thing that the show would silently do differently from what the script's author meant.
 #pragma once
 
 #include <cstdint>
@@ -10,25 +10,26 @@ namespace lint
 {
 
 enum Severity {
-    Note,    // to be expected, and good to know
-    Warning, // looks unmeant, and the show goes on much as written
-    Error    // something that is written is not shown, or the show can't start
+    Note,    // an effect of the options, such as a start offset, that the author should know
+    Warning, // looks like a mistake, and the show plays much as written
+    Error    // something that is written is not shown, or the show cannot start
 };
 
 struct Finding {
     Severity severity;
-    std::string code; // the kind, which never changes: "lost-digit", "missing-file"
-    std::string file; // as the caller named it
-    int line;         // from 1; 0: the whole file
-    int column;       // from 1, in characters of the line; 0: the whole line
+    std::string code; // the kind, a word of docs/TOOLS.md that never changes: "lost-character"
+    std::string file; // the name that the caller gave
+    int line;         // from 1; 0: the finding is about the whole file
+    int column;       // from 1, in characters of the line; 0: about the whole line
 
-    // Where in the show it matters, milliseconds from its start, both ends included.
+    // The time in the show that the finding is about, if hasSpan: milliseconds, both ends included.
     bool hasSpan;
     uint32_t spanStart;
     uint32_t spanStop; // not below spanStart
 
-    std::string text;        // what is there
-    std::string consequence; // what the show makes of it
+    // Sentences for people.
+    std::string text;        // what stands in the script
+    std::string consequence; // what the show does with it
     std::string cure;        // what to write instead
 };
 

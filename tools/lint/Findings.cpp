@@ -13,7 +13,7 @@ namespace lint
 
 const size_t Findings::limit = 1000;
 
-static const size_t longestQuote = 40; // characters
+static const size_t maxQuoteLength = 40; // characters
 
 Findings::Findings(const Reading& script, const std::string& fileName, std::vector<Finding>* sink)
     : reading(script), file(fileName), findings(sink), leftOut(0), spare()
@@ -23,14 +23,14 @@ Findings::Findings(const Reading& script, const std::string& fileName, std::vect
 Finding& Findings::Add(Severity severity, const char* code, size_t streamPlace, const std::string& text,
                        const std::string& consequence, const std::string& cure)
 {
-    const Place place = reading.PlaceInStream(streamPlace);
+    const TextPosition place = reading.PositionInStream(streamPlace);
     return AddAt(severity, code, place.line, place.column, text, consequence, cure);
 }
 
 Finding& Findings::AddInFile(Severity severity, const char* code, size_t byte, const std::string& text,
                              const std::string& consequence, const std::string& cure)
 {
-    const Place place = reading.PlaceInFile(byte);
+    const TextPosition place = reading.PositionInFile(byte);
     return AddAt(severity, code, place.line, place.column, text, consequence, cure);
 }
 
@@ -60,7 +60,7 @@ void SetSpan(Finding* finding, uint32_t start, uint32_t stop)
 
 std::string Quote(const std::string& text)
 {
-    return "\"" + cli::Escaped(text, longestQuote) + "\"";
+    return "\"" + cli::Escaped(text, maxQuoteLength) + "\"";
 }
 
 std::string Milliseconds(uint32_t time)
@@ -74,7 +74,7 @@ std::string Milliseconds(uint32_t time)
     return text;
 }
 
-// Levenshtein's distance, without regard to case.
+// The Levenshtein distance of two words, ignoring case.
 static size_t Distance(const std::string& a, const std::string& b)
 {
     std::vector<size_t> row(b.size() + 1);
@@ -96,15 +96,15 @@ static size_t Distance(const std::string& a, const std::string& b)
 
 std::string Nearest(const std::string& word, const std::vector<std::string>& candidates)
 {
-    if (word.size() > longestQuote)
+    if (word.size() > maxQuoteLength)
         return "";
-    // A name that was not written to its end is nearer than its length tells.
+    // The beginning of a candidate counts as a match, however much of it is missing.
     for (const std::string& candidate : candidates)
         if (word.size() >= 3 && word.size() < candidate.size() &&
             Distance(word, candidate.substr(0, word.size())) == 0)
             return candidate;
     std::string best;
-    size_t least = 1 + word.size() / 3; // one slip of the hand for every three letters
+    size_t least = 1 + word.size() / 3; // one edit for every three letters, and one more
     for (const std::string& candidate : candidates) {
         const size_t distance = Distance(word, candidate);
         if (distance < least || (distance == least && best.empty())) {

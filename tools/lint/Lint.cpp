@@ -15,7 +15,7 @@
 namespace lint
 {
 
-// The effects of the show live to the end of the process; so they are made only once.
+// Effects are never deleted, so that they are made only once.
 static EffectRegistry* Production()
 {
     static EffectRegistry* registry = nullptr;
@@ -62,7 +62,7 @@ Report CheckText(const std::string& bytes, const std::string& name, const Option
     return report;
 }
 
-// Reads not much more than a script can have: the file may be a device without an end.
+// Stops soon behind the size that a script can have: the file may be a device without an end.
 static bool ReadWhole(const std::string& path, std::string* bytes)
 {
     const bool standard = path == "-";

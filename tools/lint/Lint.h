@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads a script with the show's own reader into the show's own player, and tells what the show would do with
-// it in silence.
+// Reads a script with the show's own reader into the show's own player, and finds what the show would silently do
+// with it.
 //
 //     lint::Options options;
 //     options.startOffset = 90000;
@@ -29,18 +29,18 @@ struct Options {
     bool checkFiles = true;
 };
 
-// An entry of the timeline, in the order of the script.
+// An entry of the timeline. Entries are in the order of the script.
 struct ShownEntry {
     std::string effect;
     uint32_t start; // milliseconds
     uint32_t stop;  // milliseconds, the last one
     uint32_t layer;
-    bool kept; // false: it lies before the start offset and is never loaded
+    bool kept; // false: it is over at the start offset, and never loaded
     int line;  // of its header
     int column;
 };
 
-// A message, in the order in which they leave: by time, equal times in the order of the script.
+// A message. Messages are in the order in which they leave: by time, equal times in the order of the script.
 struct SentMessage {
     std::string effect;
     std::string name;
@@ -48,10 +48,10 @@ struct SentMessage {
     uint32_t time; // milliseconds
     std::vector<float> params;
     bool kept;        // false: it lies before the start offset
-    bool heard;       // its effect is on stage in the frame that it leaves in
-    double delay;     // milliseconds that those ahead of it cost it, at Options::frameRate
-    int line, column; // of its time in the script, or of the one that Steps counts from
-    size_t block;     // counts the message blocks of the script, for messages that belong together
+    bool heard;       // true if its effect is on stage in the frame in which it leaves
+    double delay;     // milliseconds that it waits for the messages ahead of it, at Options::frameRate
+    int line, column; // of its time in the script; of the first message's for those that Steps adds
+    size_t block;     // the number of its message block in the script, from 0
 };
 
 // A time on stage, in milliseconds, both ends included.
@@ -62,30 +62,30 @@ struct Span {
 struct Show {
     std::vector<ShownEntry> entries;
     std::vector<SentMessage> messages;
-    std::string music;  // the file that counts, without its directory; empty: silence
-    ColorScheme scheme; // the player's own where the script has none
+    std::string music;  // the name of the music file that is played; empty: none
+    ColorScheme scheme; // that of the player if the script has none
     uint32_t end;       // milliseconds, the last stop of all entries that are kept
-    int loads;          // how often an effect is initialised, and so the seconds that loading takes at least
+    int loads;          // how often an effect is initialised; loading takes at least that many seconds
 
-    // When each effect is on stage: its kept entries in order of time, those that meet or overlap as one.
+    // When each effect is on stage: the times of its kept entries, in order. Times that meet or overlap are one.
     std::map<std::string, std::vector<Span>> stage;
 };
 
 struct Report {
     bool readable;
-    std::string reason; // why not, in the system's words
+    std::string reason; // why it is not readable, in the system's words
 
     std::vector<Finding> findings; // by line and column, of each kind at most 1000
-    size_t findingsLeftOut;        // beyond that limit
+    size_t findingsLeftOut;        // the number of those beyond that limit
     Show show;
 
     int Count(Severity severity) const;
 };
 
-// The path is the caller's, not one of the data directory; "-" is standard input.
+// The path is not one of the data directory; "-" is standard input.
 Report CheckFile(const std::string& path, const Options& options);
 
-// The same for a script that is in memory; name is what findings say the file is.
+// The same for a script that is in memory. name stands in Finding::file.
 Report CheckText(const std::string& bytes, const std::string& name, const Options& options);
 
 } // namespace lint

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// marlinex-lint: tells what the show would do with a script in silence. Needs no display.
+// marlinex-lint: finds what the show would silently do with a script. Needs no display.
 #include "platform/Paths.h"
 #include "tools/cli/CommandLine.h"
 #include "tools/cli/Output.h"

@@ -43,7 +43,7 @@ static long KeptMessages(const Show& show)
     return count;
 }
 
-// What the script comes to.
+// A short summary of the show: how many entries and messages, how long, how long to load.
 static std::string Facts(const Show& show)
 {
     const long entries = KeptEntries(show);
@@ -64,7 +64,7 @@ static std::string Where(const Finding& finding)
 
 std::string PrintText(const std::string& file, const Report& report, bool colours)
 {
-    const cli::Colour shades[] = {cli::Blue, cli::Yellow, cli::Red};
+    const cli::TerminalColour shades[] = {cli::Blue, cli::Yellow, cli::Red};
     std::string text;
     for (const Finding& finding : report.findings) {
         text += cli::Paint(Where(finding) + ":", cli::Bold, colours) + " ";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A report as text for people and as JSON for programs.
+// Writes a report as text for people, and as JSON for programs.
 #pragma once
 
 #include "tools/lint/Lint.h"

@@ -18,7 +18,7 @@ static const size_t countStep = 1024; // bytes
 
 static bool BeginsCharacter(char byte)
 {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; // a further byte of a UTF-8 sequence doesn't
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; // not a continuation byte of UTF-8
 }
 
 Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t startOffset)
@@ -34,10 +34,10 @@ Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t 
     }
 
     player.SetStartOffset(startOffset);
-    player.registry = registry; // all of Init that a player without window and sound needs
+    player.registry = registry; // DemoPlayer::Init would do more, and needs a window
 
     std::vector<platform::MessageBox>* const previous = platform::CollectMessageBoxes(&boxes);
-    // A stream over nothing can't be had everywhere, and an empty script has no block.
+    // fmemopen refuses a size of 0 in some C libraries, and an empty script has no block to read.
     FILE* const file =
         bytes.empty() ? nullptr : fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "rb");
     if (file) {
@@ -52,13 +52,14 @@ Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t 
 
 Reading::~Reading()
 {
-    // The player gives its messages back from the front, one by one, which takes long where they are many.
+    // ~DemoPlayer erases its messages from the front, one by one, in quadratic time.
     for (const SynchMessage& message : player.messages)
         delete[] message.params;
     player.messages.clear();
 }
 
-// Counts from a mark nearby, since a line can be as long as the file.
+// The number of characters that begin before a byte. Counts on from the stored number before it, because a line
+// can be as long as the file.
 size_t Reading::CharactersBefore(size_t byte) const
 {
     if (bytes.empty())
@@ -69,18 +70,18 @@ size_t Reading::CharactersBefore(size_t byte) const
            size_t(std::count_if(begin, bytes.begin() + std::ptrdiff_t(byte), BeginsCharacter));
 }
 
-Place Reading::PlaceInFile(size_t byte) const
+TextPosition Reading::PositionInFile(size_t byte) const
 {
     const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), byte);
     const size_t before = CharactersBefore(std::min(byte, bytes.size())) - CharactersBefore(*(next - 1));
     return {int(next - lineStarts.begin()), int(before) + 1};
 }
 
-Place Reading::PlaceInStream(size_t character) const
+TextPosition Reading::PositionInStream(size_t character) const
 {
     if (character < offsets.size())
-        return PlaceInFile(offsets[character]);
-    return PlaceInFile(offsets.empty() ? 0 : offsets.back() + 1);
+        return PositionInFile(offsets[character]);
+    return PositionInFile(offsets.empty() ? 0 : offsets.back() + 1);
 }
 
 void Reading::ByteRead(size_t place, char byte, ByteFate fate)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A script as the show's reader reads it, with the places where it found things.
+// A script as the show's reader reads it, and where in the file each thing stands.
 #pragma once
 
 #include "kernel/DemoPlayer.h"
@@ -13,8 +13,8 @@
 namespace lint
 {
 
-// In a file as an editor counts it: both from 1, the column in characters.
-struct Place {
+// A position in a file as editors count it: both from 1, the column in characters.
+struct TextPosition {
     int line;
     int column;
 };
@@ -25,13 +25,13 @@ struct Block {
     size_t body;   // where its text begins in the stream
     std::string text;
 
-    // What the player got from it.
+    // What the player got from it: ranges of its timeline and of its messages.
     size_t firstEntry, entryCount;
     size_t firstMessage, messageCount;
-    uint32_t steps;         // what its Steps asks for, 0 where the reader doesn't look
-    uint32_t stepsMade;     // how many of them this reading granted
-    size_t messagesRefused; // beyond what this reading takes
-    bool hasBox;            // the show would put up at least one
+    uint32_t steps;         // the number that its Steps asks for; 0 if the reader does not read it
+    uint32_t stepsMade;     // how many of those were made
+    size_t messagesRefused; // messages beyond the limits of Reading
+    bool hasBox;            // true if the show would report something about this block in a box
 };
 
 class Reading : private ScriptObserver
@@ -47,15 +47,15 @@ public:
     static const size_t listLimit;      // messages in all
     static const size_t parameterLimit; // of all messages together
 
-    Place PlaceInFile(size_t byte) const;
-    Place PlaceInStream(size_t character) const;
+    TextPosition PositionInFile(size_t byte) const;
+    TextPosition PositionInStream(size_t character) const;
 
     const std::string& bytes;
     std::vector<ByteFate> fates; // one per byte
     std::string stream;
     std::vector<uint32_t> offsets; // where in the file each character of the stream stands
-    std::vector<Block> blocks;     // a last one of type BlockNone holds what was eaten up
-    DemoPlayer player;             // messages in the order of the script, not sorted
+    std::vector<Block> blocks;     // a last one of type BlockNone has text that the reader could not use
+    DemoPlayer player;             // its messages are in the order of the script, not sorted
 
 private:
     void ByteRead(size_t place, char byte, ByteFate fate) override;

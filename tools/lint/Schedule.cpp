@@ -14,7 +14,7 @@
 namespace lint
 {
 
-// The player keeps seconds in single precision, from which milliseconds come back exactly within two hours.
+// The player stores seconds as float, which gives back the script's milliseconds exactly for two hours.
 static uint32_t WholeMilliseconds(float seconds)
 {
     const long long rounded = llround(double(seconds) * 1000.0);
@@ -36,7 +36,7 @@ static void AddEntries(const Reading& whole, const Reading& kept, const EffectRe
         if (block.entryCount == 0)
             continue;
         const EffectInstance& entry = whole.player.timeline[block.firstEntry];
-        const Place place = whole.PlaceInStream(block.header);
+        const TextPosition place = whole.PositionInStream(block.header);
         show->entries.push_back({NameOf(registry, entry.effect), WholeMilliseconds(entry.start),
                                  WholeMilliseconds(entry.stop), entry.layer, kept.blocks[b].entryCount > 0,
                                  place.line, place.column});
@@ -51,7 +51,7 @@ static void SetStage(Show* show)
             show->stage[entry.effect].push_back({entry.start, entry.stop});
     for (auto& [effect, spans] : show->stage) {
         std::sort(spans.begin(), spans.end(), [](const Span& a, const Span& b) { return a.start < b.start; });
-        size_t count = 0; // of the spans so far that stay apart
+        size_t count = 0; // of the separate spans so far
         for (const Span& span : spans)
             if (count > 0 && span.start <= spans[count - 1].stop)
                 spans[count - 1].stop = std::max(spans[count - 1].stop, span.stop);
@@ -77,34 +77,36 @@ static void AddMessages(const Reading& whole, const Reading& kept, const EffectR
         const std::vector<Item> times = SplitItems(*list);
         const size_t lastTime = CountTimes(*list) - 1; // from which Steps counts on
         const std::string effect = NameOf(registry, whole.player.messages[block.firstMessage].effect);
-        // What is kept stands in the same order; equal times share one fate.
+        // Both readings have the messages in the same order, and the offset keeps or drops all messages of one
+        // time, so that equal times belong together.
         size_t next = kept.blocks[b].firstMessage;
         const size_t end = next + kept.blocks[b].messageCount;
         for (size_t i = 0; i < block.messageCount; i++) {
             const SynchMessage& message = whole.player.messages[block.firstMessage + i];
             const bool isKept = next < end && kept.player.messages[next].time == message.time;
             next += isKept ? 1 : 0;
-            const Place place = whole.PlaceInStream(times[std::min(i, lastTime)].place);
+            const TextPosition place = whole.PositionInStream(times[std::min(i, lastTime)].place);
             show->messages.push_back({effect, text->value, message.id, WholeMilliseconds(message.time),
                                       std::vector<float>(message.params, message.params + message.count),
                                       isKept, false, 0, place.line, place.column, messageBlock - 1});
         }
     }
-    // As DemoPlayer::SortMessages orders them, in less time.
+    // The same order as DemoPlayer::SortMessages makes, in less time.
     std::stable_sort(show->messages.begin(), show->messages.end(),
                      [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; });
 }
 
-// Hands the messages out one per frame, as the player does it, on frames of equal length.
+// Hands out at most one message per frame, like DemoPlayer, with frames of equal length.
 static void PlayMessages(const Options& options, Show* show)
 {
     const double frame = 1000.0 / options.frameRate;
-    const double hair = 1e-6; // of a frame: a message on a frame's very moment leaves in it
-    double free = 0;          // the first frame that has not handed out a message yet
+    const double epsilon =
+        1e-6;        // of a frame: a message that is due at the time of a frame leaves in that frame
+    double free = 0; // the first frame that has not handed out a message yet
     for (SentMessage& message : show->messages) {
         if (!message.kept)
             continue;
-        const double due = std::ceil((double(message.time) - options.startOffset) / frame - hair);
+        const double due = std::ceil((double(message.time) - options.startOffset) / frame - epsilon);
         const double leaves = std::max(due, free);
         free = leaves + 1;
         message.delay = (leaves - due) * frame;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a script comes to: what the player got, each with its place in the script, and which messages arrive.
+// Builds the show of a script: the entries and messages that the player got, where each stands in the script,
+// and which messages are heard.
 #pragma once
 
 #include "tools/lint/Lint.h"
@@ -8,12 +9,11 @@
 namespace lint
 {
 
-// whole is the script read from the start of the show, kept the same script read with the offset of the
-// options.
+// whole is the script read without a start offset, kept the same script read with the offset of the options.
 Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& registry,
                const Options& options);
 
-// True if an entry that is kept has the effect on stage at the time, in milliseconds.
+// True if the effect is on stage at the time, in milliseconds of the show.
 bool IsOnStage(const Show& show, const std::string& effect, double time);
 
 } // namespace lint

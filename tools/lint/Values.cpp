@@ -22,7 +22,7 @@ static std::string WithoutTheSign(uint32_t number)
     return std::to_string(number) + ", since the show knows no numbers below 0";
 }
 
-// One whole number that is not empty.
+// Checks one whole number, which is not empty.
 static void CheckWholeItem(const Item& item, const std::string& key, Findings* findings)
 {
     const std::string& text = item.text;
@@ -30,7 +30,7 @@ static void CheckWholeItem(const Item& item, const std::string& key, Findings* f
     size_t end = sign;
     while (end < text.size() && isdigit(static_cast<unsigned char>(text[end])))
         end++;
-    const int read = atoi(text.c_str()); // as the show does it
+    const int read = atoi(text.c_str()); // like ScriptParser
     if (end == sign) {
         findings->Add(Error, "not-a-number", item.place, Quote(text) + " is no number.",
                       key + " is read as " + std::to_string(read) + ".", "Write a whole number.");
@@ -133,7 +133,7 @@ static std::string Decimal(float value)
     return text;
 }
 
-// How many parameters the effect says that a message takes: the highest "PARAM n" of its description.
+// The number of parameters of a message by its description: the highest n of its "PARAM n", plus 1.
 static int ParametersOf(const SynchMessageDeclaration& declared)
 {
     static const std::string mark = "PARAM ";
@@ -185,7 +185,8 @@ void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared
         return;
     }
     const std::vector<Item> items = SplitItems(entry);
-    const bool closed = entry.value.back() == ','; // the way to lose nothing, and no item behind it is meant
+    const bool closed =
+        entry.value.back() == ','; // keeps the last character, and opens no item that is meant
     const size_t count = closed ? items.size() - 1 : items.size();
     float first = 0;
     for (size_t i = 0; i < count; i++) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The values of entries, each read as the show reads it and held against what stands there.
+// Checks of values: what the show reads from a value is compared with what is written there.
 #pragma once
 
 #include "tools/lint/Checks.h"
@@ -10,20 +10,21 @@ namespace lint
 {
 
 void CheckWhole(const Entry& entry, Findings* findings);  // one whole number
-void CheckTimes(const Entry& entry, Findings* findings);  // a list of them
-void CheckColour(const Entry& entry, Findings* findings); // three of 0 to 255
+void CheckTimes(const Entry& entry, Findings* findings);  // a list of whole numbers
+void CheckColour(const Entry& entry, Findings* findings); // three whole numbers of 0 to 255
 
-// A list of numbers for a message; declared is null where the message is unknown.
+// Checks the list of a message's parameters. declared is null if the effect does not know the message.
 void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared, Findings* findings);
 
-// How many times the reader takes from a list: a comma at its end is no further one.
+// The number of times that the reader takes from a list. A comma at its end does not begin another one.
 size_t CountTimes(const Entry& entry);
 
-// False if there is no such effect; what is how the finding calls that which is dropped.
+// False if there is no such effect. The finding then says that the show drops `what`, "entry" or "message".
 bool CheckEffectName(const Entry& entry, const EffectRegistry& registry, const char* what,
                      Findings* findings);
 
-// The effect is known. Null if it declares no such message.
+// The declaration of the message, of an effect that there is. Null, with a finding, if the effect declares no
+// such message.
 const SynchMessageDeclaration* CheckMessageName(const Entry& entry, const std::string& effect,
                                                 const EffectRegistry& registry, Findings* findings);
 

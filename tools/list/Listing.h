@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What whoever writes a script has to know: the effects and their messages.
+// The list of effects and messages, for people who write scripts.
 #pragma once
 
 #include <string>
@@ -8,6 +8,6 @@ namespace listing
 {
 
 std::string TextOfProduction(); // exactly what EffectRegistry::WriteDemoInfo writes
-std::string JsonOfProduction(); // the same facts
+std::string JsonOfProduction(); // the same facts as JSON
 
 } // namespace listing
