@@ -45,10 +45,17 @@ bool Texture::UploadWith(void (*send)(const ImageData& image), const ImageData* 
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, wrapS);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, wrapT);
     if (image->components == 3 || image->components == 4) {
-        const bool care = RowsNeedCare(*image, send == SendMipmapChain);
+        const bool mipmapped = send == SendMipmapChain;
+        const bool care = RowsNeedCare(*image, mipmapped);
         if (care)
             glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+        // Mesa allocates memory for one level if the filter needs no other, and for all of them again when
+        // the second one comes; it keeps both. With a mipmap filter it allocates all levels once.
+        if (mipmapped)
+            glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST_MIPMAP_NEAREST);
         send(*image);
+        if (mipmapped)
+            glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, minFilter);
         if (care)
             glPixelStorei(GL_UNPACK_ALIGNMENT, defaultRowAlignment);
     }
