@@ -18,6 +18,13 @@ static const float pictureHeight = 0.75f; // of the texture
 static const float wholeWindow = 1.0f;
 static const float fadeSpeed = 0.5f; // of "delta", 1/s
 
+// What Init loads.
+static const char* const textureNames[] = {"ochre_painting1.jpg"};
+static const char* const lightNames[] = {"glowmask.jpg"};
+static const char* const programPaths[] = {"data/glowmask.vp", "data/glowmask.fp"};
+const EffectFiles FS_Image::files = {
+    .textures = textureNames, .lights = lightNames, .programs = programPaths};
+
 FS_Image::FS_Image(std::string newImageName)
     : imageTexture(nullptr), imageName(newImageName), flashId(0), fadeId(0), flashValue(0), flashSpeed(0),
       glowShader(nullptr), sampler0Uniform(nullptr), sampler1Uniform(nullptr), deltaUniform(nullptr),
@@ -27,11 +34,13 @@ FS_Image::FS_Image(std::string newImageName)
 
 void FS_Image::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 {
+    const auto& [glowMask] = lightNames;
+    const auto& [vertex, fragment] = programPaths;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
         imageTexture = textures->GetTexture(imageName, false, false, true);
-        glowMaskTexture = textures->GetTexture("glowmask.jpg", true, true, true);
+        glowMaskTexture = textures->GetTexture(glowMask, true, true, true);
     }
-    glowShader = ShaderProgram::Load("data/glowmask.vp", "data/glowmask.fp");
+    glowShader = ShaderProgram::Load(vertex, fragment);
     sampler0Uniform = new ShaderSampler(glowShader, "sampler0");
     sampler1Uniform = new ShaderSampler(glowShader, "sampler1");
     deltaUniform = new ShaderFloatParam(glowShader, "delta");

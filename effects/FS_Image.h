@@ -13,6 +13,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 
 #include <string>
 
@@ -24,6 +25,8 @@ class Texture;
 class FS_Image : public Effect
 {
 public:
+    static const EffectFiles files;
+
     explicit FS_Image(std::string newImageName);
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

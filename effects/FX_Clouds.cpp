@@ -70,12 +70,17 @@ static const float rollCentre = 15.0f;
 static const int rollChangeSteps = 5;
 static const float rollChangeCentre = 2.5f;
 
-// There is no picture number 10.
-static const char* const greetingNames[2 * greetingPairs] = {
+// What Init loads. There is no picture number 10.
+static const char* const textureNames[] = {
+    "cloud_5.png",      "cloud_6.png",      "himmelarsch.jpg",  "himmelarschling.jpg",
     "greetings_01.png", "greetings_02.png", "greetings_03.png", "greetings_04.png",
     "greetings_05.png", "greetings_06.png", "greetings_07.png", "greetings_08.png",
     "greetings_09.png", "greetings_11.png", "greetings_12.png", "greetings_13.png",
 };
+static const int firstGreeting = 4; // of the textures; the others follow
+static_assert(std::size(textureNames) == firstGreeting + 2 * greetingPairs);
+static const char* const programPaths[] = {"data/glowmask.vp", "data/mix.fp"};
+const EffectFiles FX_Clouds::files = {.textures = textureNames, .programs = programPaths};
 
 static Vector3 TurnedAboutZ(Vector3 v, float degrees)
 {
@@ -104,12 +109,11 @@ void FX_Clouds::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 
     greetingTextures.clear();
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        cloudTexture = textures->GetTexture("cloud_5.png", true, true, true);
-        cloudTexture2 = textures->GetTexture("cloud_6.png", true, true, true);
-        skyTexture = textures->GetTexture("himmelarsch.jpg", true, true, true);
-        skyTexture2 = textures->GetTexture("himmelarschling.jpg", true, true, true);
-        for (const char* name : greetingNames)
-            greetingTextures.push_back(textures->GetTexture(name, true, true, true));
+        Texture** const scenery[firstGreeting] = {&cloudTexture, &cloudTexture2, &skyTexture, &skyTexture2};
+        for (int i = 0; i < firstGreeting; i++)
+            *scenery[i] = textures->GetTexture(textureNames[i], true, true, true);
+        for (size_t i = firstGreeting; i < std::size(textureNames); i++)
+            greetingTextures.push_back(textures->GetTexture(textureNames[i], true, true, true));
     }
     greetingTextures.resize(2 * greetingPairs);
 
@@ -130,7 +134,8 @@ void FX_Clouds::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
     blendActive = false;
     blendValue = 0;
 
-    mixShader = ShaderProgram::Load("data/glowmask.vp", "data/mix.fp");
+    const auto& [vertex, fragment] = programPaths;
+    mixShader = ShaderProgram::Load(vertex, fragment);
     sampler0Uniform = new ShaderSampler(mixShader, "sampler0");
     sampler1Uniform = new ShaderSampler(mixShader, "sampler1");
     deltaUniform = new ShaderFloatParam(mixShader, "delta");

@@ -14,6 +14,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 #include "math/Vector3.h"
 
 #include <vector>
@@ -42,6 +43,8 @@ const int cloudCount = 700;
 class FX_Clouds : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_Clouds();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

@@ -29,7 +29,7 @@ static const int maxDepth = 4;
 static const float growthPerMessage = 0.6f;
 static const float newTreeTarget = 0.6f;
 static const float brightnessRate = 7.0f; // 1/s
-static const int lastStep = 7;
+static const int lastStep = FX_Credits::stepCount - 1;
 static const int lastCredit = 3;
 
 static const int pictureSize = 512; // pixels, of the off-screen scene
@@ -55,10 +55,14 @@ struct CreditPlace {
     float left, bottom, right, top;
 };
 
+// What Init loads.
+static const char* const textureNames[] = {"stoned.jpg",         "credit-fen_tarogato.png",
+                                           "credit-ochre.png",   "credit-dunmarrow.png",
+                                           "credit-lowbeam.png", "ackerbau_tiled2_2.jpg"};
+static const char* const shaderNames[] = {"standard_projection", "postprocessing_blur"};
+const EffectFiles FX_Credits::files = {.textures = textureNames, .shaders = shaderNames};
+
 // clang-format off
-static const char* const creditNames[4] = {
-    "credit-fen_tarogato.png", "credit-ochre.png", "credit-dunmarrow.png", "credit-lowbeam.png",
-};
 static const CreditPlace creditPlaces[4] = {
     // move        scale    left    bottom  right top
     {0.4f, 0.2f,   0.6f,   -0.05f,  0.12f,  1.6f, 0.3f },   // ends beyond the right edge of the screen
@@ -87,13 +91,17 @@ void FX_Credits::Init(GLWindow* newWindow, DemoPlayer*)
     treeSeed = firstTreeSeed;
     tree = new Tree(treeSeed);
     PlantTree();
-    blurShader.Load("standard_projection", "postprocessing_blur");
+    const auto& [vertex, fragment] = shaderNames;
+    blurShader.Load(vertex, fragment);
     blurIntensity.Init(&blurShader, "blur_intensity", 1);
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        treeTexture = textures->GetTexture("stoned.jpg", true, true, true);
-        for (int i = 0; i < 4; i++)
-            creditTextures[i] = textures->GetTexture(creditNames[i], true, true, true);
-        groundTexture = textures->GetTexture("ackerbau_tiled2_2.jpg", true, true, true);
+        const auto& [bark, tarogato, ochre, dunmarrow, lowbeam, field] = textureNames;
+        treeTexture = textures->GetTexture(bark, true, true, true);
+        creditTextures[0] = textures->GetTexture(tarogato, true, true, true);
+        creditTextures[1] = textures->GetTexture(ochre, true, true, true);
+        creditTextures[2] = textures->GetTexture(dunmarrow, true, true, true);
+        creditTextures[3] = textures->GetTexture(lowbeam, true, true, true);
+        groundTexture = textures->GetTexture(field, true, true, true);
     }
 }
 

@@ -5,7 +5,7 @@
 //
 // Messages (parameters are ignored). They come in pairs: the first of a pair lets the tree grow on and brings
 // a name, the second plants a richer tree and changes the camera.
-//   "fade_in"       one step on; never send more than eight
+//   "fade_in"       one step on; never send more than stepCount
 //   "fade_last_in"  the same, but it stops at the last step and the last name
 //   "fade_out"      lets the tree shrink back and darkens the ground; any fade-in brings it back at once
 //
@@ -16,6 +16,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 #include "math/Vector3.h"
 #include "resources/GLSLShader.h"
 #include "resources/GLSLUniforms.h"
@@ -26,6 +27,9 @@ class Tree;
 class FX_Credits : public Effect
 {
 public:
+    static const EffectFiles files;
+    static const int stepCount = 8; // of the fade-ins that change something
+
     FX_Credits();
     ~FX_Credits() override;
 

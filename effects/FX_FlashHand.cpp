@@ -24,13 +24,20 @@ static const float frameRight = 0.9f;
 static const float frameBottom = -0.1f;
 static const float frameTop = 1.1f;
 
+// What Init loads.
+static const char* const textureNames[] = {"foto.png"};
+static const char* const shaderNames[] = {"standard_projection", "postprocessing_blur"};
+const EffectFiles FX_FlashHand::files = {.textures = textureNames, .shaders = shaderNames};
+
 FX_FlashHand::FX_FlashHand() : photoTexture(nullptr), msgFlash(0), flash(0) {}
 
 void FX_FlashHand::Init(GLWindow*, DemoPlayer*)
 {
+    const auto& [photo] = textureNames;
+    const auto& [vertex, fragment] = shaderNames;
     if (TextureLoader* textures = TextureLoader::GetInstance())
-        photoTexture = textures->GetTexture("foto.png", true, true, true);
-    blurShader.Load("standard_projection", "postprocessing_blur");
+        photoTexture = textures->GetTexture(photo, true, true, true);
+    blurShader.Load(vertex, fragment);
     blurIntensity.Init(&blurShader, "blur_intensity", 1);
     flash = 0;
 }

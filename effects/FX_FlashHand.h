@@ -8,6 +8,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 #include "resources/GLSLShader.h"
 #include "resources/GLSLUniforms.h"
 
@@ -16,6 +17,8 @@ class Texture;
 class FX_FlashHand : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_FlashHand();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

@@ -41,6 +41,13 @@ static const float minGlow = 0.1f; // below it no glow is drawn
 // still number 0, so that the first step is an odd mark.
 static const float unsetWalk = -4.0e8f;
 
+// What Init loads.
+static const char* const textureNames[] = {"footprint.png", "sandbau.jpg"};
+static const char* const lightNames[] = {"footprint_white.jpg"};
+static const char* const shaderNames[] = {"standard_projection", "postprocessing_blur"};
+const EffectFiles FX_Footprint::files = {
+    .textures = textureNames, .lights = lightNames, .shaders = shaderNames};
+
 FX_Footprint::FX_Footprint()
     : walked(unsetWalk), printTexture(nullptr), sandTexture(nullptr), glowTexture(nullptr), hideSand(false),
       push(0), msgTriggerBase(0), msgStep(0)
@@ -49,12 +56,15 @@ FX_Footprint::FX_Footprint()
 
 void FX_Footprint::Init(GLWindow*, DemoPlayer*)
 {
+    const auto& [print, sand] = textureNames;
+    const auto& [glow] = lightNames;
+    const auto& [vertex, fragment] = shaderNames;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        printTexture = textures->GetTexture("footprint.png", true, true, true);
-        sandTexture = textures->GetTexture("sandbau.jpg", true, true, true);
-        glowTexture = textures->GetTexture("footprint_white.jpg", true, true, true);
+        printTexture = textures->GetTexture(print, true, true, true);
+        sandTexture = textures->GetTexture(sand, true, true, true);
+        glowTexture = textures->GetTexture(glow, true, true, true);
     }
-    blurShader.Load("standard_projection", "postprocessing_blur");
+    blurShader.Load(vertex, fragment);
     blurIntensity.Init(&blurShader, "blur_intensity", 1);
 
     AddMark(); // before `walked` is reset, on purpose: see unsetWalk

@@ -11,6 +11,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 #include "resources/GLSLShader.h"
 #include "resources/GLSLUniforms.h"
 
@@ -26,6 +27,8 @@ struct FootprintMark {
 class FX_Footprint : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_Footprint();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

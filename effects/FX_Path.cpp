@@ -124,6 +124,13 @@ static const float outerRingSize    =  2.0f;
 static const float innerRingSize    =  2.0f; // on average, without pulse
 // clang-format on
 
+// What Init loads.
+static const char* const textureNames[] = {
+    "budentextur.jpg",     "licht-an.png",    "licht-aus.png",   "teststreifen.png", "ackerbau_tiled3.jpg",
+    "ackerbau_tiled2.jpg", "skybox_left.jpg", "skybox_back.jpg", "skybox_right.jpg", "skybox_top.jpg"};
+static const char* const lightNames[] = {"partikel_2.jpg", "ring.jpg"};
+const EffectFiles FX_Path::files = {.textures = textureNames, .lights = lightNames};
+
 // What belongs to the walk is set here and not in Init, so that a further Init lets the walk continue.
 FX_Path::FX_Path()
     : tree(nullptr), zoomTarget(0), zoom(0), pulse(0), treeHits(0), triggered(false), walkSpeed(1),
@@ -141,19 +148,21 @@ FX_Path::~FX_Path()
 
 void FX_Path::Init(GLWindow*, DemoPlayer*)
 {
+    const auto& [house, lightOn, lightOff, strip, field, plaza, left, back, right, top] = textureNames;
+    const auto& [spark, ring] = lightNames;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        houseTexture = textures->GetTexture("budentextur.jpg", true, true, true);
-        lightTextures[0] = textures->GetTexture("licht-an.png", true, true, true);
-        lightTextures[1] = textures->GetTexture("licht-aus.png", true, true, true);
-        stripTexture = textures->GetTexture("teststreifen.png", true, true, true);
-        sparkTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
-        fieldTexture = textures->GetTexture("ackerbau_tiled3.jpg", true, true, true);
-        plazaTexture = textures->GetTexture("ackerbau_tiled2.jpg", true, true, true);
-        skyLeft = textures->GetTexture("skybox_left.jpg", true, false, true);
-        skyBack = textures->GetTexture("skybox_back.jpg", true, false, true);
-        skyRight = textures->GetTexture("skybox_right.jpg", true, false, true);
-        skyTop = textures->GetTexture("skybox_top.jpg", true, false, true);
-        ringTexture = textures->GetTexture("ring.jpg", true, true, true);
+        houseTexture = textures->GetTexture(house, true, true, true);
+        lightTextures[0] = textures->GetTexture(lightOn, true, true, true);
+        lightTextures[1] = textures->GetTexture(lightOff, true, true, true);
+        stripTexture = textures->GetTexture(strip, true, true, true);
+        sparkTexture = textures->GetTexture(spark, true, true, true);
+        fieldTexture = textures->GetTexture(field, true, true, true);
+        plazaTexture = textures->GetTexture(plaza, true, true, true);
+        skyLeft = textures->GetTexture(left, true, false, true);
+        skyBack = textures->GetTexture(back, true, false, true);
+        skyRight = textures->GetTexture(right, true, false, true);
+        skyTop = textures->GetTexture(top, true, false, true);
+        ringTexture = textures->GetTexture(ring, true, true, true);
     }
     stripFade = 1;
     tree = new GlowTree(treeSeed, treeLength, treeBranches); // reseeds the process's random numbers

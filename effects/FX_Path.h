@@ -19,6 +19,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 
 class GlowTree;
 class Texture;
@@ -26,6 +27,8 @@ class Texture;
 class FX_Path : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_Path();
     ~FX_Path() override;
 

@@ -64,6 +64,14 @@ static const float ropeDirections[6][3] = {
 };
 // clang-format on
 
+// What Init loads.
+static const char* const textureNames[] = {"fischhaut.jpg", "fisheye.jpg"};
+static const char* const lightNames[] = {"partikel_2.jpg"};
+static const char* const modelPaths[] = {"data/fisheyes.txt", "data/fish.txt"};
+static const char* const programPaths[] = {"data/fish.vp", "data/fish.fp"};
+const EffectFiles FX_RopeThing::files = {
+    .textures = textureNames, .lights = lightNames, .models = modelPaths, .programs = programPaths};
+
 FX_RopeThing::FX_RopeThing()
     : mode(Nothing), ropes{}, position{0, 0, 0}, fade(0), progress(0), travel(firstTravel),
       sparkTexture(nullptr), skinTexture(nullptr), eyeTexture(nullptr), shader(nullptr),
@@ -95,14 +103,18 @@ void FX_RopeThing::Init(GLWindow*, DemoPlayer*)
     const Vec3 origin = {0, 0, 0};
     for (int i = 0; i < 6; i++)
         ropes[i] = MakeRope(ropeDirections[i], origin);
+    const auto& [skin, eye] = textureNames;
+    const auto& [spark] = lightNames;
+    const auto& [eyes, body] = modelPaths;
+    const auto& [vertex, fragment] = programPaths;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        sparkTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
-        skinTexture = textures->GetTexture("fischhaut.jpg", true, true, true);
-        eyeTexture = textures->GetTexture("fisheye.jpg", true, true, true);
+        sparkTexture = textures->GetTexture(spark, true, true, true);
+        skinTexture = textures->GetTexture(skin, true, true, true);
+        eyeTexture = textures->GetTexture(eye, true, true, true);
     }
-    LoadModel("data/fisheyes.txt", &eyesModel);
-    LoadModel("data/fish.txt", &fishModel);
-    shader = ShaderProgram::Load("data/fish.vp", "data/fish.fp");
+    LoadModel(eyes, &eyesModel);
+    LoadModel(body, &fishModel);
+    shader = ShaderProgram::Load(vertex, fragment);
     samplerParam = new ShaderSampler(shader, "sampler0");
     timeParam = new ShaderFloatParam(shader, "fTime0_X");
     colorParam = new ShaderFloatParam(shader, "vtxColor");

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 #include "math/Vec3.h"
 #include "resources/Model.h"
 
@@ -23,6 +24,8 @@ class Texture;
 class FX_RopeThing : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_RopeThing();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

@@ -74,6 +74,14 @@ static float panoramaScroll = 0;
 static float layerScroll = 0;
 static float logoHidden = 1;
 
+// What Init loads.
+static const char* const textureNames[] = {
+    "tessel-logo.png",       "black-chick.png",       "moonwaltz-logo.png",
+    "waldsterben.png",       "waldsterben2.png",      "sky-background_01.jpg",
+    "sky-background_02.jpg", "sky-background_03.jpg", "sky-background_04.jpg"};
+static const char* const lightNames[] = {"partikel_2.jpg"};
+const EffectFiles FX_Scroller_Intro::files = {.textures = textureNames, .lights = lightNames};
+
 FX_Scroller_Intro::FX_Scroller_Intro()
     : particles{}, flashCount(flashCountStart), fade(0), skyTextures{}, particleTexture(nullptr),
       blackChickTexture(nullptr), moonwaltzLogoTexture(nullptr), tesselLogoTexture(nullptr),
@@ -88,12 +96,14 @@ void FX_Scroller_Intro::Init(GLWindow*, DemoPlayer*)
     TextureLoader* textures = TextureLoader::GetInstance();
     if (!textures)
         return;
-    tesselLogoTexture = textures->GetTexture("tessel-logo.png", true, true, true);
-    blackChickTexture = textures->GetTexture("black-chick.png", true, true, true);
-    moonwaltzLogoTexture = textures->GetTexture("moonwaltz-logo.png", true, true, true);
-    waldsterbenTexture = textures->GetTexture("waldsterben.png", false, false, true);
-    waldsterben2Texture = textures->GetTexture("waldsterben2.png", false, false, true);
-    particleTexture = textures->GetTexture("partikel_2.jpg", true, true, true);
+    const auto& [tessel, chick, logo, wood, wood2, sky1, sky2, sky3, sky4] = textureNames;
+    const auto& [spark] = lightNames;
+    tesselLogoTexture = textures->GetTexture(tessel, true, true, true);
+    blackChickTexture = textures->GetTexture(chick, true, true, true);
+    moonwaltzLogoTexture = textures->GetTexture(logo, true, true, true);
+    waldsterbenTexture = textures->GetTexture(wood, false, false, true);
+    waldsterben2Texture = textures->GetTexture(wood2, false, false, true);
+    particleTexture = textures->GetTexture(spark, true, true, true);
 
     // The paths are not emptied first: a second Init doubles their points, so that a spark runs each twice.
     for (int k = 0; k < scrollerPathCount; k++)
@@ -109,10 +119,10 @@ void FX_Scroller_Intro::Init(GLWindow*, DemoPlayer*)
         particles[i].x = unplacedX;
     }
 
-    const char* const skyNames[4] = {"sky-background_01.jpg", "sky-background_02.jpg",
-                                     "sky-background_03.jpg", "sky-background_04.jpg"};
-    for (int i = 0; i < 4; i++)
-        skyTextures[i] = textures->GetTexture(skyNames[i], false, false, true);
+    skyTextures[0] = textures->GetTexture(sky1, false, false, true);
+    skyTextures[1] = textures->GetTexture(sky2, false, false, true);
+    skyTextures[2] = textures->GetTexture(sky3, false, false, true);
+    skyTextures[3] = textures->GetTexture(sky4, false, false, true);
 
     fadingOut = false;
     fade = 1;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The opening: four sky pictures side by side travel to the left for about 86 seconds. Sparks of light run
-// along nine paths in the second to fourth, four pictures slide by in front at speeds of their own, and at
-// the end the production's logo stands in the middle of the last sky.
+// along the paths of ScrollerPaths.h in the second to fourth, four pictures slide by in front at speeds of
+// their own, and at the end the production's logo stands in the middle of the last sky.
 //
 // Messages (parameters are ignored)
 //   "light_flash"  lights 150 sparks, brighter and less bright in turns of three
@@ -17,7 +17,9 @@
 // put back.
 #pragma once
 
+#include "effects/ScrollerPaths.h"
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 
 #include <vector>
 
@@ -26,16 +28,17 @@ class Texture;
 struct ScrollerParticle {
     float pathPos; // along the path, 0 up to but not including 1
     float life;    // brightness and size; 0 is dark, 3.996 the most
-    int pathIndex; // which path, always used modulo 9
+    int pathIndex; // which path, always used modulo their number
     float x, y;    // in the unit square of its sky picture, y upward; off the screen until the first Update
 };
 
 const int scrollerParticleCount = 2000;
-const int scrollerPathCount = 9;
 
 class FX_Scroller_Intro : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_Scroller_Intro();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

@@ -132,6 +132,12 @@ static const float beamThreshold = 0.7f; // of its flicker
 static const float minBeamFlash = 0.1f;
 // clang-format on
 
+// What Init loads.
+static const char* const textureNames[] = {"fasanenbude.jpg", "beam_1.png"};
+static const char* const lightNames[] = {"spirograph.jpg", "skybox_tower_left.jpg", "skybox_tower_back.jpg",
+                                         "skybox_tower_right.jpg", "skybox_tower_front.jpg"};
+const EffectFiles FX_Towers::files = {.textures = textureNames, .lights = lightNames};
+
 FX_Towers::FX_Towers()
     : distance(0), fade(0), flash(0), towerTexture(nullptr), spiroTexture(nullptr), towerList(0),
       skyLeft(nullptr), skyBack(nullptr), skyRight(nullptr), skyFront(nullptr), beamTexture(nullptr),
@@ -141,18 +147,20 @@ FX_Towers::FX_Towers()
 
 void FX_Towers::Init(GLWindow*, DemoPlayer*)
 {
+    const auto& [tower, beam] = textureNames;
+    const auto& [spirograph, left, back, right, front] = lightNames;
     TextureLoader* textures = TextureLoader::GetInstance();
     if (textures) {
-        towerTexture = textures->GetTexture("fasanenbude.jpg", true, true, true);
-        spiroTexture = textures->GetTexture("spirograph.jpg", true, true, true);
+        towerTexture = textures->GetTexture(tower, true, true, true);
+        spiroTexture = textures->GetTexture(spirograph, true, true, true);
     }
     CompileTowers();
     if (textures) {
-        skyLeft = textures->GetTexture("skybox_tower_left.jpg", true, false, true);
-        skyBack = textures->GetTexture("skybox_tower_back.jpg", true, false, true);
-        skyRight = textures->GetTexture("skybox_tower_right.jpg", true, false, true);
-        skyFront = textures->GetTexture("skybox_tower_front.jpg", true, false, true);
-        beamTexture = textures->GetTexture("beam_1.png", true, true, true);
+        skyLeft = textures->GetTexture(left, true, false, true);
+        skyBack = textures->GetTexture(back, true, false, true);
+        skyRight = textures->GetTexture(right, true, false, true);
+        skyFront = textures->GetTexture(front, true, false, true);
+        beamTexture = textures->GetTexture(beam, true, true, true);
     }
     flash = 0;
     distance = firstDistance;

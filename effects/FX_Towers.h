@@ -11,12 +11,15 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 
 class Texture;
 
 class FX_Towers : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_Towers();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

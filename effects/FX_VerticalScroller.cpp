@@ -15,12 +15,16 @@ static const float brakeRate = 5.0f; // 1/s
 static const float columnScale = 0.5f;
 static const float pageHeight = 4.0f; // in the scaled frame: two screens
 
+// What Init loads.
+static const char* const textureNames[] = {"abspanner_1.png", "abspanner_2.png", "abspanner_3.png"};
+const EffectFiles FX_VerticalScroller::files = {.textures = textureNames};
+
 FX_VerticalScroller::FX_VerticalScroller() : msgStopScroll(0), scrolling(false), scroll(0), speed(0) {}
 
 void FX_VerticalScroller::Init(GLWindow*, DemoPlayer*)
 {
     if (TextureLoader* textures = TextureLoader::GetInstance())
-        for (const char* name : {"abspanner_1.png", "abspanner_2.png", "abspanner_3.png"})
+        for (const char* name : textureNames)
             pages.push_back(textures->GetTexture(name, true, true, true));
     scrolling = true;
     scroll = 0;

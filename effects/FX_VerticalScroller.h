@@ -11,6 +11,7 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 
 #include <vector>
 
@@ -19,6 +20,8 @@ class Texture;
 class FX_VerticalScroller : public Effect
 {
 public:
+    static const EffectFiles files;
+
     FX_VerticalScroller();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

@@ -87,7 +87,7 @@ static const float path8[] = {
      339, 882,   365, 884,   389, 882,   406, 894,   424, 918,   433, 938,   452, 954,   469, 970,   481, 992,
      514,1518,
     pathEnd};
-const float* const scrollerPaths[9] = {
+const float* const scrollerPaths[scrollerPathCount] = {
     path0, path1, path2,
     path3, path4, path5,
     path6, path7, path8,

@@ -36,13 +36,18 @@ static const float fishPlaces[fishCount][3] = {
 };
 // clang-format on
 
+// What Init loads.
+static const char* const textureNames[] = {"fischgraeten_1.png", "fischgraeten_2.png"};
+const EffectFiles Transition_Fish::files = {.textures = textureNames};
+
 Transition_Fish::Transition_Fish() : headTexture(nullptr), tailTexture(nullptr), closeness(0), drift(0) {}
 
 void Transition_Fish::Init(GLWindow*, DemoPlayer*)
 {
+    const auto& [head, tail] = textureNames;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        headTexture = textures->GetTexture("fischgraeten_1.png", true, false, true);
-        tailTexture = textures->GetTexture("fischgraeten_2.png", true, false, true);
+        headTexture = textures->GetTexture(head, true, false, true);
+        tailTexture = textures->GetTexture(tail, true, false, true);
     }
     closeness = 1;
     drift = 0;

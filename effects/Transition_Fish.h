@@ -9,12 +9,15 @@
 #pragma once
 
 #include "kernel/Effect.h"
+#include "kernel/EffectRecord.h"
 
 class Texture;
 
 class Transition_Fish : public Effect
 {
 public:
+    static const EffectFiles files;
+
     Transition_Fish();
 
     void Init(GLWindow* newWindow, DemoPlayer* newPlayer) override;

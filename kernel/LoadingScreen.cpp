@@ -26,7 +26,7 @@ void LoadingScreen::Init()
 {
     glClearColor(0, 0, 0, 0);
     if (TextureLoader* textures = TextureLoader::GetInstance())
-        texture = textures->GetTexture("loading.jpg", true, true, true);
+        texture = textures->GetTexture(loadingPicture, true, true, true);
 }
 
 // Coordinates from 0 to 1 across the viewport, with the origin at the top left.

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The screen that is shown while the effects load: the picture "loading.jpg" in the middle of a black window,
+// The screen that is shown while the effects load: loadingPicture in the middle of a black window,
 // 60 percent of its width and 35 percent of its height. It looks the same whatever the progress is.
 #pragma once
 
 #include "kernel/ProgressScreen.h"
 
 class Texture;
+
+const char* const loadingPicture = "loading.jpg"; // in the data directory
 
 class LoadingScreen : public ProgressScreen
 {

@@ -16,27 +16,52 @@
 #include "effects/WhiteFlashOverlay.h"
 #include "kernel/EffectRegistry.h"
 
-// The key serves as the name in scripts and as the description in the listing.
-static void Add(EffectRegistry* registry, const char* key, Effect* effect)
+const std::vector<EffectRecord>& ProductionEffects()
 {
-    registry->Register(key, effect, key);
+    // clang-format off
+    static const std::vector<EffectRecord> rows = {
+        // key                  what Init loads              painted    once   overlay  messages that change nothing
+        {"FX_Credits",          FX_Credits::files,           SlateWash, false, false,   {},
+            []() -> Effect* { return new FX_Credits; }},
+        {"FX_Scroller_Intro",   FX_Scroller_Intro::files,    OchreWash, false, false,   {},
+            []() -> Effect* { return new FX_Scroller_Intro; }},
+        {"FX_Path",             FX_Path::files,              MossWash,  false, false,   {"flash_all", "flash_cam"},
+            []() -> Effect* { return new FX_Path; }},
+        {"Transition_Fish",     Transition_Fish::files,      RustWash,  false, false,   {},
+            []() -> Effect* { return new Transition_Fish; }},
+        {"FX_Towers",           FX_Towers::files,            MistWash,  false, false,   {},
+            []() -> Effect* { return new FX_Towers; }},
+        {"FX_Clouds",           FX_Clouds::files,            NightWash, true,  false,   {},
+            []() -> Effect* { return new FX_Clouds; }},
+        {"FX_FlashHand",        FX_FlashHand::files,         AmberWash, false, true,    {},
+            []() -> Effect* { return new FX_FlashHand; }},
+        {"FX_Footprint",        FX_Footprint::files,         SlateWash, false, false,   {},
+            []() -> Effect* { return new FX_Footprint; }},
+        {"FX_VerticalScroller", FX_VerticalScroller::files,  OchreWash, false, false,   {},
+            []() -> Effect* { return new FX_VerticalScroller; }},
+        {"FX_RopeThing",        FX_RopeThing::files,         MossWash,  false, false,   {},
+            []() -> Effect* { return new FX_RopeThing; }},
+        {"FS_Image",            FS_Image::files,             RustWash,  true,  false,   {"flash"},
+            []() -> Effect* { return new FS_Image(FS_Image::files.textures[0]); }},
+        {"WhiteFlashOverlay",   {},                          MistWash,  true,  true,    {},
+            []() -> Effect* { return new WhiteFlashOverlay; }},
+        {"BlackFlashOverlay",   {},                          NightWash, true,  true,    {},
+            []() -> Effect* { return new BlackFlashOverlay; }},
+    };
+    // clang-format on
+    return rows;
+}
+
+const EffectRecord* FindRecord(const std::string& key)
+{
+    for (const EffectRecord& row : ProductionEffects())
+        if (row.key == key)
+            return &row;
+    return nullptr;
 }
 
 void RegisterEffects(EffectRegistry* registry)
 {
-    // clang-format off
-    Add(registry, "FX_Credits",          new FX_Credits);
-    Add(registry, "FX_Scroller_Intro",   new FX_Scroller_Intro);
-    Add(registry, "FX_Path",             new FX_Path);
-    Add(registry, "Transition_Fish",     new Transition_Fish);
-    Add(registry, "FX_Towers",           new FX_Towers);
-    Add(registry, "FX_Clouds",           new FX_Clouds);
-    Add(registry, "FX_FlashHand",        new FX_FlashHand);
-    Add(registry, "FX_Footprint",        new FX_Footprint);
-    Add(registry, "FX_VerticalScroller", new FX_VerticalScroller);
-    Add(registry, "FX_RopeThing",        new FX_RopeThing);
-    Add(registry, "FS_Image",            new FS_Image("ochre_painting1.jpg"));
-    Add(registry, "WhiteFlashOverlay",   new WhiteFlashOverlay);
-    Add(registry, "BlackFlashOverlay",   new BlackFlashOverlay);
-    // clang-format on
+    for (const EffectRecord& row : ProductionEffects())
+        registry->Register(row.key, row.make(), row.key); // the listing describes an effect by its key
 }

@@ -2,8 +2,14 @@
 // The effects of this production.
 #pragma once
 
+#include "kernel/EffectRecord.h"
+
 class EffectRegistry;
 
-// Constructs the effects and registers each under its name, in the order of the table in Production.cpp. That
-// order gives out the message ids and is the order of the listing. The effects are never deleted.
+// A row for each effect, in the order of registration. That order gives out the message ids and is the order
+// of the listing, so rows are only ever added at the end.
+const std::vector<EffectRecord>& ProductionEffects();
+const EffectRecord* FindRecord(const std::string& key); // null if there is no such effect
+
+// Constructs the effects and registers each under its key. The effects are never deleted.
 void RegisterEffects(EffectRegistry* registry);

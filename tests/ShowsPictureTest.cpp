@@ -6,10 +6,12 @@
 #include "display/RenderTarget.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/FrameTimer.h"
+#include "kernel/Production.h"
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
 #include "platform/dialogs/StartForm.h"
 #include "tests/Folders.h"
+#include "tests/support/AllEffectsShow.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>
@@ -42,7 +44,7 @@ protected:
         for (const auto& file : std::filesystem::directory_iterator(SOURCE_DIR "/Data"))
             if (file.path().filename() != "script.txt")
                 std::filesystem::create_symlink(file.path(), PathOf(file.path().filename()));
-        std::filesystem::create_symlink(SOURCE_DIR "/tests/shows/AllEffects.txt", PathOf("script.txt"));
+        AddFile("script.txt", allEffectsShow::Script());
         platform::AnswerStartForm([](platform::StartForm& form) {
             form.Check(1002, false); // in a window
             form.Check(1007, false); // no music
@@ -86,8 +88,8 @@ protected:
         return complaint.text.find(what) != std::string::npos;
     }
 
-    // The loading picture ahead of each of the thirteen, and one swap before them all.
-    static constexpr int loadingFrames = 14;
+    const int effectCount = int(ProductionEffects().size());
+    const int loadingFrames = effectCount + 1; // a loading picture ahead of each, one swap before them all
     int frames = 0;
     std::vector<Complaint> complaints;
 };
@@ -99,8 +101,10 @@ TEST_P(ShowsOnADriver, AllEffectsPlayWithNoErrorsButThoseThatAreProvoked)
     demoPlayer->Run();
     EXPECT_EQ(uint32_t(PlayerEnded), demoPlayer->state);
     EXPECT_TRUE(boxes.empty());
-    EXPECT_GE(frames, loadingFrames + 72);
+    EXPECT_GE(frames, loadingFrames + 2 * (effectCount * allEffectsShow::secondsEach - 3));
 
+    const float towersStart = float(allEffectsShow::StartOf("FX_Towers"));
+    const float towersStop = towersStart + allEffectsShow::secondsEach;
     int loadingPops = 0, refusedQueries = 0, towerPops = 0;
     for (const Complaint& complaint : complaints) {
         if (complaint.frame < loadingFrames && Says(complaint, "GL_STACK_UNDERFLOW in glPopMatrix"))
@@ -108,14 +112,17 @@ TEST_P(ShowsOnADriver, AllEffectsPlayWithNoErrorsButThoseThatAreProvoked)
         else if (complaint.frame < loadingFrames && Says(complaint, "GL_INVALID_ENUM in glGetProgram"))
             refusedQueries++; // the blur asks a program for what only shaders have
         else if (complaint.frame > loadingFrames && Says(complaint, "GL_STACK_UNDERFLOW in glPopMatrix") &&
-                 complaint.seconds > 11.9f && complaint.seconds < 15.1f)
+                 complaint.seconds > towersStart - 0.1f && complaint.seconds < towersStop + 0.1f)
             towerPops++; // so do the towers
         else
             ADD_FAILURE() << "frame " << complaint.frame << ", second " << complaint.seconds << ": "
                           << complaint.text;
     }
-    EXPECT_EQ(13, loadingPops);
-    EXPECT_EQ(3, refusedQueries) << "three effects have a blur";
+    EXPECT_EQ(effectCount, loadingPops);
+    int blurs = 0;
+    for (const EffectRecord& row : ProductionEffects())
+        blurs += row.files.shaders.empty() ? 0 : 1;
+    EXPECT_EQ(blurs, refusedQueries) << "one for each effect that has a blur";
     EXPECT_GE(towerPops, 6);
     EXPECT_LE(towerPops, 7) << "one in each frame of theirs";
 }

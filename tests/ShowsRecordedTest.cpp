@@ -5,19 +5,20 @@
 
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
+#include "kernel/Production.h"
 #include "platform/SteppedClock.h"
 #include "platform/dialogs/StartForm.h"
 #include "tests/Folders.h"
+#include "tests/support/AllEffectsShow.h"
 #include "tests/support/NullWindowSystem.h"
+#include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLRecorder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 struct ShowCase {
     std::string script;
@@ -38,21 +39,25 @@ static void InventPicture(const char* path)
                 PlainPicture(1, 1, name.compare(name.size() - 4, 4, ".png") == 0 ? 4 : 3, 255, 255, 255));
 }
 
+static const char* const allEffects = "AllEffects"; // the only one that is no file
+
+static std::string ScriptOf(const std::string& show)
+{
+    if (show == allEffects)
+        return allEffectsShow::Script();
+    const std::string path = "tests/shows/" + show + ".txt";
+    EXPECT_TRUE(std::filesystem::exists(SOURCE_DIR "/" + path))
+        << path << " is missing: a show of " << show << " with all its messages";
+    return ReadFile(SOURCE_DIR "/" + path);
+}
+
 class Shows : public ShowFixture, public testing::WithParamInterface<ShowCase>
 {
 protected:
     Shows()
     {
-        for (const char* name : {"glowmask.vp", "fish.vp", "standard_projection.vp"})
-            AddFile(name, "void main() { gl_Position = ftransform(); }\n");
-        for (const char* name : {"glowmask.fp", "mix.fp", "fish.fp", "postprocessing_blur.fp"})
-            AddFile(name, "void main() { gl_FragColor = vec4(1.0); }\n");
-        for (const char* name : {"fish.txt", "fisheyes.txt"})
-            AddFile(name, "model 3 0 0 0 1 0 0 0 1 0 1 0 0 1 3 0 0 1 0 0 1 1 0 3 0 1 2 3 0 0 0 3 0 1 2\n");
-        std::ifstream script(std::string(SOURCE_DIR) + "/tests/shows/" + GetParam().script + ".txt");
-        std::stringstream text;
-        text << script.rdbuf();
-        AddFile("script.txt", text.str());
+        AddModelsAndShaders();
+        AddFile("script.txt", ScriptOf(GetParam().script));
 
         gl::Reset(800, 600);
         gl::InventPictures(InventPicture);
@@ -88,8 +93,8 @@ TEST_P(Shows, PlaysToItsEndWithoutErrorsButThoseThatTheEffectsProvoke)
         EXPECT_NE(0, message.id) << "every message is one that its effect declared";
         EXPECT_TRUE(scheduled.count(message.effect));
     }
-    if (GetParam().script == "AllEffects") {
-        EXPECT_EQ(13u, scheduled.size());
+    if (GetParam().script == allEffects) {
+        EXPECT_EQ(ProductionEffects().size(), scheduled.size());
     }
 
     frames = 0;
@@ -115,21 +120,21 @@ TEST_P(Shows, PlaysToItsEndWithoutErrorsButThoseThatTheEffectsProvoke)
 
 static const int small = 1019, middle = 1020, large = 1021;
 
-INSTANTIATE_TEST_SUITE_P(OfOneEffect, Shows,
-                         testing::Values(ShowCase{"FX_Credits", large}, ShowCase{"FX_Scroller_Intro", large},
-                                         ShowCase{"FX_Path", large}, ShowCase{"Transition_Fish", large},
-                                         ShowCase{"FX_Towers", large}, ShowCase{"FX_Clouds", large},
-                                         ShowCase{"FX_FlashHand", large}, ShowCase{"FX_Footprint", large},
-                                         ShowCase{"FX_VerticalScroller", large},
-                                         ShowCase{"FX_RopeThing", large}, ShowCase{"FS_Image", large},
-                                         ShowCase{"WhiteFlashOverlay", large},
-                                         ShowCase{"BlackFlashOverlay", large}),
+static std::vector<ShowCase> ShowsOfOneEffect()
+{
+    std::vector<ShowCase> shows;
+    for (const EffectRecord& row : ProductionEffects())
+        shows.push_back({row.key, large});
+    return shows;
+}
+
+INSTANTIATE_TEST_SUITE_P(OfOneEffect, Shows, testing::ValuesIn(ShowsOfOneEffect()),
                          [](const testing::TestParamInfo<ShowCase>& show) { return show.param.script; });
 
 INSTANTIATE_TEST_SUITE_P(OfMany, Shows,
                          testing::Values(ShowCase{"FlatScenes", small}, ShowCase{"FlatScenes", middle},
-                                         ShowCase{"FlatScenes", large}, ShowCase{"AllEffects", small},
-                                         ShowCase{"AllEffects", middle}, ShowCase{"AllEffects", large}),
+                                         ShowCase{"FlatScenes", large}, ShowCase{allEffects, small},
+                                         ShowCase{allEffects, middle}, ShowCase{allEffects, large}),
                          [](const testing::TestParamInfo<ShowCase>& show) {
                              return show.param.script + std::to_string(show.param.resolution);
                          });

@@ -2,6 +2,7 @@
 // The script of the night, by the bar: a bar of the waltz is 1800 ms, a beat 600.
 #include "tests/support/NightScript.h"
 #include "art/music/ScoreReader.h"
+#include "kernel/Production.h"
 #include "tests/Folders.h"
 
 #include <gtest/gtest.h>
@@ -43,20 +44,22 @@ protected:
 
 TEST_F(TheNight, UsesEveryEffect)
 {
-    ASSERT_EQ(13u, night.effects.size());
+    ASSERT_FALSE(night.effects.empty());
     for (const std::string& effect : night.effects)
-        EXPECT_NE(~0u, night.StartOf(effect)) << effect;
+        EXPECT_NE(~0u, night.StartOf(effect)) << "no entry of Data/script.txt shows " << effect;
 }
 
 TEST_F(TheNight, SendsEveryMessageThatDoesSomething)
 {
-    const std::set<std::pair<std::string, std::string>> idle = {
-        {"FX_Path", "flash_all"}, {"FX_Path", "flash_cam"}, {"FS_Image", "flash"}};
+    const auto isIdle = [](const std::string& effect, const std::string& message) {
+        const std::vector<std::string>& idle = FindRecord(effect)->idleMessages;
+        return std::count(idle.begin(), idle.end(), message) > 0;
+    };
     std::set<std::pair<std::string, std::string>> sent;
     for (const NightScript::Message& message : night.messages)
         sent.emplace(message.effect, message.name);
-    for (const auto& row : night.declared)
-        EXPECT_EQ(idle.count(row) == 0, sent.count(row) == 1) << row.first << " " << row.second;
+    for (const auto& [effect, name] : night.declared)
+        EXPECT_EQ(!isIdle(effect, name), sent.count({effect, name}) == 1) << effect << " " << name;
     for (const auto& [effect, name] : sent)
         EXPECT_NE("?", name) << "a message that " << effect << " never declared";
 }

@@ -9,9 +9,8 @@ class FS_ImagePicture : public ScenePictureFixture
 
 TEST_F(FS_ImagePicture, LightTravelsThroughThePainting)
 {
-    Textures({"ochre_painting1.jpg"});
-    Lights({"glowmask.jpg"});
-    FS_Image image("ochre_painting1.jpg");
+    AddFiles(FS_Image::files);
+    FS_Image image(FS_Image::files.textures[0]);
     Prepare(&image);
     Look(&image, 0.5, "FS_Image-plain");
     Send(&image, "fade");

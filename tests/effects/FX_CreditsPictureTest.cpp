@@ -16,8 +16,7 @@ class FX_CreditsPicture : public ScenePictureFixture
 
 TEST_F(FX_CreditsPicture, ATreeGrowsBesideEachName)
 {
-    Textures({"stoned.jpg", "credit-fen_tarogato.png", "credit-ochre.png", "credit-dunmarrow.png",
-              "credit-lowbeam.png", "ackerbau_tiled2_2.jpg"});
+    AddFiles(FX_Credits::files);
     FX_Credits credits;
     Prepare(&credits);
     for (int step = 0; step < 8; step++) {
@@ -30,43 +29,14 @@ TEST_F(FX_CreditsPicture, ATreeGrowsBesideEachName)
 // their tree, nor their picture on its way back.
 TEST_F(FX_CreditsPicture, LooksTheSameWhateverRanBefore)
 {
-    Textures({"stoned.jpg",
-              "credit-fen_tarogato.png",
-              "credit-ochre.png",
-              "credit-dunmarrow.png",
-              "credit-lowbeam.png",
-              "ackerbau_tiled2_2.jpg",
-              "budentextur.jpg",
-              "licht-an.png",
-              "licht-aus.png",
-              "teststreifen.png",
-              "ackerbau_tiled3.jpg",
-              "ackerbau_tiled2.jpg",
-              "skybox_left.jpg",
-              "skybox_back.jpg",
-              "skybox_right.jpg",
-              "skybox_top.jpg",
-              "fasanenbude.jpg",
-              "beam_1.png",
-              "spirograph.jpg",
-              "skybox_tower_left.jpg",
-              "skybox_tower_back.jpg",
-              "skybox_tower_right.jpg",
-              "skybox_tower_front.jpg",
-              "fischhaut.jpg",
-              "fisheye.jpg",
-              "ochre_painting1.jpg",
-              "footprint.png",
-              "footprint_white.jpg",
-              "sandbau.jpg",
-              "fischgraeten_1.png",
-              "fischgraeten_2.png"});
-    Lights({"partikel_2.jpg", "ring.jpg", "glowmask.jpg"});
+    for (const EffectFiles& files : {FX_Credits::files, FX_Path::files, FX_Towers::files, FX_RopeThing::files,
+                                     FS_Image::files, FX_Footprint::files, Transition_Fish::files})
+        AddFiles(files);
     FX_Credits credits;
     FX_Path path;
     FX_Towers towers;
     FX_RopeThing fish;
-    FS_Image painting("ochre_painting1.jpg");
+    FS_Image painting(FS_Image::files.textures[0]);
     FX_Footprint walk;
     Transition_Fish wipe;
     WhiteFlashOverlay flash;

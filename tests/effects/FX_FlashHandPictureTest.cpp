@@ -11,7 +11,7 @@ class FX_FlashHandPicture : public ScenePictureFixture
 
 TEST_F(FX_FlashHandPicture, ThePhotographJumpsRestsAndBlursAway)
 {
-    Textures({"foto.png"});
+    AddFiles(FX_FlashHand::files);
     glClearColor(0.2f, 0.25f, 0.4f, 1);
     FX_FlashHand hand;
     Prepare(&hand);

@@ -9,8 +9,7 @@ class FX_FootprintPicture : public ScenePictureFixture
 
 TEST_F(FX_FootprintPicture, PrintsCrossTheSandUntilItIsGone)
 {
-    Textures({"footprint.png", "sandbau.jpg"});
-    Lights({"footprint_white.jpg"});
+    AddFiles(FX_Footprint::files);
     FX_Footprint walk;
     Prepare(&walk);
     Look(&walk, 3, "FX_Footprint-sand");

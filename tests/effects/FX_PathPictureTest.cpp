@@ -9,10 +9,7 @@ class FX_PathPicture : public ScenePictureFixture
 
 TEST_F(FX_PathPicture, TheWalkLeadsToTheTreeAndTurnsAboutIt)
 {
-    Textures({"budentextur.jpg", "licht-an.png", "licht-aus.png", "teststreifen.png", "ackerbau_tiled3.jpg",
-              "ackerbau_tiled2.jpg", "skybox_left.jpg", "skybox_back.jpg", "skybox_right.jpg",
-              "skybox_top.jpg"});
-    Lights({"partikel_2.jpg", "ring.jpg"});
+    AddFiles(FX_Path::files);
     FX_Path path;
     Prepare(&path);
     Play(&path, 7);

@@ -9,8 +9,7 @@ class FX_RopeThingPicture : public ScenePictureFixture
 
 TEST_F(FX_RopeThingPicture, TheFishComesFromAfarFromBesideAndInTheFace)
 {
-    Textures({"fischhaut.jpg", "fisheye.jpg"});
-    Lights({"partikel_2.jpg"});
+    AddFiles(FX_RopeThing::files);
     FX_RopeThing fish;
     Prepare(&fish);
     GLWindow::SetPerspective(45);

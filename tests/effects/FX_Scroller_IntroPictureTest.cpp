@@ -9,10 +9,7 @@ class FX_Scroller_IntroPicture : public ScenePictureFixture
 
 TEST_F(FX_Scroller_IntroPicture, SparksLightTheWoodAndTheLogoComesAtTheEnd)
 {
-    Textures({"tessel-logo.png", "black-chick.png", "moonwaltz-logo.png", "waldsterben.png",
-              "waldsterben2.png", "sky-background_01.jpg", "sky-background_02.jpg", "sky-background_03.jpg",
-              "sky-background_04.jpg"});
-    Lights({"partikel_2.jpg"});
+    AddFiles(FX_Scroller_Intro::files);
     FX_Scroller_Intro intro;
     Prepare(&intro);
     Play(&intro, 17);

@@ -9,9 +9,7 @@ class FX_TowersPicture : public ScenePictureFixture
 
 TEST_F(FX_TowersPicture, TheEyeSweepsInAndTurnsAmongTheBeams)
 {
-    Textures({"fasanenbude.jpg", "beam_1.png"});
-    Lights({"spirograph.jpg", "skybox_tower_left.jpg", "skybox_tower_back.jpg", "skybox_tower_right.jpg",
-            "skybox_tower_front.jpg"});
+    AddFiles(FX_Towers::files);
     FX_Towers flight;
     Prepare(&flight);
     GLWindow::SetPerspective(45);

@@ -11,7 +11,7 @@ class FX_VerticalScrollerPicture : public ScenePictureFixture
 
 TEST_F(FX_VerticalScrollerPicture, ThePagesRiseAndComeToRest)
 {
-    Textures({"abspanner_1.png", "abspanner_2.png", "abspanner_3.png"});
+    AddFiles(FX_VerticalScroller::files);
     glClearColor(0.1f, 0.1f, 0.2f, 1);
     FX_VerticalScroller roll;
     Prepare(&roll);

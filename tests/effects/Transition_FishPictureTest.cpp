@@ -11,7 +11,7 @@ class Transition_FishPicture : public ScenePictureFixture
 
 TEST_F(Transition_FishPicture, TheBonesOpenOnWhatLiesBelow)
 {
-    Textures({"fischgraeten_1.png", "fischgraeten_2.png"});
+    AddFiles(Transition_Fish::files);
     glClearColor(0.5f, 0.4f, 0.3f, 1);
     Transition_Fish fish;
     Prepare(&fish);

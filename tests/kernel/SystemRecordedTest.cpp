@@ -127,12 +127,13 @@ TEST_F(Run, TheEffectsAreRegisteredInTheirOrderAheadOfTheWindow)
 {
     system.refuseWindow = true;
     EXPECT_FALSE(BuildSystem());
-    const char* const names[13] = {
+    // The first ones, whose order scripts and listings know. New ones come behind them.
+    const char* const names[] = {
         "FX_Credits", "FX_Scroller_Intro", "FX_Path",          "Transition_Fish",     "FX_Towers",
         "FX_Clouds",  "FX_FlashHand",      "FX_Footprint",     "FX_VerticalScroller", "FX_RopeThing",
         "FS_Image",   "WhiteFlashOverlay", "BlackFlashOverlay"};
-    ASSERT_EQ(13u, effectRegistry->effects.size());
-    for (int i = 0; i < 13; i++) {
+    ASSERT_LE(std::size(names), effectRegistry->effects.size());
+    for (size_t i = 0; i < std::size(names); i++) {
         EXPECT_EQ(names[i], effectRegistry->effects[i].name);
         EXPECT_EQ(names[i], effectRegistry->effects[i].description);
     }
@@ -170,8 +171,8 @@ TEST_F(Run, MessageIdsFollowTheOrderOfRegistrationAndDeclaration)
                                        {"WhiteFlashOverlay", "flash"},
                                        {"BlackFlashOverlay", "flash"}};
     const std::vector<SynchMessageDeclaration>& entries = registry.GetMessageTable()->entries;
-    ASSERT_EQ(std::size(declared), entries.size());
-    for (size_t i = 0; i < entries.size(); i++) {
+    ASSERT_LE(std::size(declared), entries.size());
+    for (size_t i = 0; i < std::size(declared); i++) {
         EXPECT_EQ(registry.FindEffect(declared[i][0]), entries[i].owner) << i;
         EXPECT_EQ(declared[i][1], entries[i].name);
         EXPECT_EQ(int(i) + 1, entries[i].id);
@@ -431,7 +432,7 @@ TEST_F(Run, AFailedPlayerRefusesTheScript)
     EXPECT_EQ(nullptr, demoPlayer);
 }
 
-TEST_F(Run, TheListingHasThirteenSectionsInOrder)
+TEST_F(Run, TheListingHasASectionForEachEffectInOrder)
 {
     BuildSystem();
     effectRegistry->WriteDemoInfo(folder + "/info.txt");
@@ -444,8 +445,9 @@ TEST_F(Run, TheListingHasThirteenSectionsInOrder)
         else if (!names.empty() && names.back() == "Transition_Fish" && line.find("  (") != std::string::npos)
             fishHasMessages = true;
     }
-    ASSERT_EQ(13u, names.size());
-    EXPECT_EQ("FX_Credits", names.front());
-    EXPECT_EQ("BlackFlashOverlay", names.back());
+    std::vector<std::string> registered;
+    for (const RegisteredEffect& row : effectRegistry->effects)
+        registered.push_back(row.name);
+    EXPECT_EQ(registered, names);
     EXPECT_FALSE(fishHasMessages);
 }

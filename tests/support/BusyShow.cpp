@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/BusyShow.h"
 
+#include "kernel/Production.h"
+
 #include <algorithm>
 #include <random>
-
-static const char* const effects[] = {
-    "FX_Credits", "FX_Scroller_Intro", "FX_Path",          "Transition_Fish",     "FX_Towers",
-    "FX_Clouds",  "FX_FlashHand",      "FX_Footprint",     "FX_VerticalScroller", "FX_RopeThing",
-    "FS_Image",   "WhiteFlashOverlay", "BlackFlashOverlay"};
-static const int effectCount = sizeof effects / sizeof effects[0];
 
 // Not a distribution of the library's: those differ from one to the next.
 static int Pick(std::mt19937* random, int count)
 {
     return int((*random)() % unsigned(count));
+}
+
+static const EffectRecord& PickEffect(std::mt19937* random)
+{
+    return ProductionEffects()[size_t(Pick(random, int(ProductionEffects().size())))];
 }
 
 timeline::TimelineModel BusyShow(int entries, int messages, int remarks, unsigned seed)
@@ -22,15 +23,15 @@ timeline::TimelineModel BusyShow(int entries, int messages, int remarks, unsigne
     timeline::TimelineModel model;
     model.title = "busy.txt";
     for (int i = 0; i < entries; i++) {
-        const int row = Pick(&random, effectCount);
+        const EffectRecord& effect = PickEffect(&random);
         const double start = Pick(&random, 360000) / 1000.0;
         const double length = Pick(&random, Pick(&random, 4) ? 4000 : 60000) / 1000.0;
-        model.entries.push_back({start, start + length, uint32_t(Pick(&random, 6)), effects[row], row});
+        model.entries.push_back({start, start + length, uint32_t(Pick(&random, 6)), effect.key, effect.wash});
         model.end = std::max(model.end, start + length);
-        model.loads.push_back(effects[row]);
+        model.loads.push_back(effect.key);
     }
     for (int i = 0; i < messages; i++) {
-        timeline::Message message = {Pick(&random, 380000) / 1000.0, 0, "", true, effects[0], 0, {}, {}};
+        timeline::Message message = {Pick(&random, 380000) / 1000.0, 0, "", true, "", {}, {}};
         static const char* const names[] = {"flash", "hand", "fade_last_in", "wave", "light_flash"};
         message.name = names[Pick(&random, 5)];
         message.known = message.name != "wave";
@@ -41,11 +42,9 @@ timeline::TimelineModel BusyShow(int entries, int messages, int remarks, unsigne
     std::stable_sort(model.messages.begin(), model.messages.end(),
                      [](const auto& a, const auto& b) { return a.time < b.time; });
     for (timeline::Message& message : model.messages) {
-        const int row = Pick(&random, effectCount);
-        message.effect = effects[row];
-        message.row = row;
+        message.effect = PickEffect(&random).key;
         for (size_t i = 0; i < model.entries.size(); i++)
-            if (model.entries[i].row == row && model.entries[i].start <= message.time &&
+            if (model.entries[i].effect == message.effect && model.entries[i].start <= message.time &&
                 message.time < model.entries[i].stop)
                 message.entries.push_back(i);
     }
@@ -67,7 +66,7 @@ std::string BusyScript(int entries)
     std::mt19937 random(3);
     std::string script;
     for (int i = 0; i < entries; i++) {
-        const std::string effect = effects[Pick(&random, effectCount)];
+        const std::string effect = PickEffect(&random).key;
         const int start = Pick(&random, 360000), length = Pick(&random, Pick(&random, 4) ? 4000 : 60000);
         script += "[EFFECT]\nEffectName=" + effect + ";\nStartTime=" + std::to_string(start) +
                   ";\nStopTime=" + std::to_string(start + length) +

@@ -2,6 +2,7 @@
 #include "tests/support/ShowFixture.h"
 
 #include "kernel/FrameTimer.h"
+#include "kernel/Production.h"
 #include "platform/DebugChannel.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
@@ -63,6 +64,23 @@ void ShowFixture::AddFile(std::string name, std::string content)
 std::string ShowFixture::PathOf(std::string name) const
 {
     return directory + "/" + name;
+}
+
+static std::string ShortestFile(const std::string& name)
+{
+    if (name.ends_with(".vp"))
+        return "// " + name + "\nvoid main() { gl_Position = ftransform(); }\n";
+    if (name.ends_with(".fp"))
+        return "// " + name + "\nvoid main() { gl_FragColor = vec4(1.0); }\n";
+    return "model 3 0 0 0 1 0 0 0 1 0 1 0 0 1 3 0 0 1 0 0 1 1 0 3 0 1 2 3 0 0 0 3 0 1 2\n"; // one triangle
+}
+
+void ShowFixture::AddModelsAndShaders()
+{
+    for (const EffectRecord& row : ProductionEffects())
+        for (const EffectFile& file : ListFiles(row.files))
+            if (file.kind != TextureFile)
+                AddFile(file.name, ShortestFile(file.name));
 }
 
 void ShowFixture::UseRealData()

@@ -41,6 +41,10 @@ protected:
     void AddFile(std::string name, std::string content);
     std::string PathOf(std::string name) const;
 
+    // The models and shaders that the effects of the production load, each as the shortest file of its kind:
+    // one triangle, white, with the file's name in the first line of a shader.
+    void AddModelsAndShaders();
+
     // The data of the production instead, the source tree's Data, and back again.
     void UseRealData();
     void UseOwnData();

@@ -3,9 +3,10 @@
 //
 //     frame-times [FRAMES [WIDTH HEIGHT]]        120 frames an effect, 1024 by 768, unless told otherwise
 //
-// The show's clock is the stepped one, so that every machine draws the same frames: the effect's seconds and
-// messages as the table below has them, spread over the frames. What is measured is real time: from the clear
-// of the frame until the driver has finished it (glFinish), without the swap, which may wait for the display.
+// Started from the project's folder: each effect plays its own show of tests/shows, with the messages of that
+// script, spread over the frames. The show's clock is the stepped one, so that every machine draws the same
+// frames. What is measured is real time: from the clear of the frame until the driver has finished it
+// (glFinish), without the swap, which may wait for the display.
 // The first line says who draws. Without SDL_VIDEODRIVER in the environment the window is one of SDL's
 // offscreen driver, which needs no display and takes the graphics card where it finds one; with
 // LIBGL_ALWAYS_SOFTWARE=1 it is the software rasteriser.
@@ -20,9 +21,9 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/Production.h"
-#include "kernel/SynchMessageTable.h"
 #include "platform/Paths.h"
 #include "platform/SteppedClock.h"
+#include "platform/dialogs/MessageBox.h"
 
 #include <GL/glew.h>
 
@@ -32,39 +33,7 @@
 #include <cstdlib>
 #include <vector>
 
-struct Cue {
-    float seconds;
-    const char* message; // null ends the list
-};
-
-struct Act {
-    const char* effect;
-    float seconds;
-    Cue cues[17];
-};
-
-// What the show asks of each effect, in shorter time.
-// clang-format off
-static const Act acts[] = {
-    {"FX_Credits", 24, {{0, "fade_in"}, {3, "fade_in"}, {6, "fade_in"}, {9, "fade_in"}, {12, "fade_in"},
-                        {15, "fade_in"}, {18, "fade_in"}, {21, "fade_last_in"}}},
-    {"FX_Scroller_Intro", 80, {{14, "light_flash"}, {28, "light_flash"}, {42, "light_flash"},
-                               {56, "light_flash"}, {66, "fadein_logo"}}},
-    {"FX_Path", 40, {{14, "trigger_cam"}, {16, "tree1"}, {18, "tree1"}, {20, "tree1"}, {22, "tree2"},
-                     {24, "tree2"}, {26, "tree2"}, {28, "tree2"}, {30, "tree2"}, {34, "tree3"}}},
-    {"Transition_Fish", 7, {}},
-    {"FX_Towers", 20, {{5, "flash_line"}, {10, "flash_line"}, {15, "flash_line"}}},
-    {"FX_Clouds", 30, {{4, "hand"}, {8, "handFrakt"}, {10, "hand"}, {14, "handFrakt"}, {16, "blend"}}},
-    {"FX_FlashHand", 6, {{0, "flash"}, {3, "flash"}}},
-    {"FX_Footprint", 10, {{2, "step"}, {3, "step"}, {4, "step"}, {5, "step"}, {6, "step"},
-                          {7, "trigger_base"}}},
-    {"FX_VerticalScroller", 20, {{18, "stopScroll"}}},
-    {"FX_RopeThing", 12, {{0, "intro"}, {4, "front"}, {7, "shock"}, {9, "shock"}}},
-    {"FS_Image", 12, {{2, "fade"}, {6, "flash"}}},
-    {"WhiteFlashOverlay", 4, {{0, "flash"}, {2, "flash"}}},
-    {"BlackFlashOverlay", 4, {{0, "flash"}, {2, "flash"}}},
-};
-// clang-format on
+static const char* const showFolder = "tests/shows";
 
 struct Times {
     double median;
@@ -109,18 +78,21 @@ static Times MeasureEmptyFrame(GLWindow* window, int count)
     return Summary(frames, 0);
 }
 
-static Times Measure(const Act& act, Effect* effect, SynchMessageTable* messages, GLWindow* window, int count)
+static Times Measure(const DemoPlayer& show, Effect* effect, GLWindow* window, int count)
 {
     std::vector<double> frames;
     double longestMessage = 0;
-    const Cue* cue = act.cues;
-    const double step = double(act.seconds) / count;
+    std::vector<SynchMessage> messages = show.messages; // by time
+    auto next = messages.begin();
+    const double step = double(show.endTime) / count;
     for (int i = 0; i < count; i++) {
         PassTime(step);
         effect->AddLocalTime(FrameTimer::GetDelta());
-        for (; cue->message && cue->seconds <= float(i * step); cue++) {
+        for (; next != messages.end() && next->time <= float(i * step); ++next) {
+            if (next->effect != effect)
+                continue;
             const double start = Milliseconds();
-            effect->ReceiveMessage(messages->FindMessage(cue->message, effect), nullptr, 0);
+            effect->ReceiveMessage(next->id, next->params, next->count);
             longestMessage = std::max(longestMessage, Milliseconds() - start);
         }
         const double start = Milliseconds();
@@ -152,6 +124,8 @@ int main(int count, char** arguments)
         return 2;
     }
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
+    std::vector<platform::MessageBox> boxes; // which would wait for a click
+    platform::CollectMessageBoxes(&boxes);
     platform::FindDataDirectory();
     platform::UseSteppedClock();
 
@@ -167,21 +141,24 @@ int main(int count, char** arguments)
 
     EffectRegistry registry;
     RegisterEffects(&registry);
-    DemoPlayer player;
     FrameTimer::Init(0);
     window.SetLetterbox(1);
     window.SetPerspective(45);
     window.SetLetterbox(0.85f); // what the show plays in
     const Times empty = MeasureEmptyFrame(&window, frames);
     Print("(empty frame)", empty, empty);
-    for (const Act& act : acts) {
-        Effect* const effect = registry.FindEffect(act.effect);
-        if (!effect) {
-            fprintf(stderr, "frame-times: there is no effect %s\n", act.effect);
+    for (const RegisteredEffect& row : registry.effects) {
+        platform::SetDataDirectory(showFolder);
+        DemoPlayer show;
+        show.Init(&window, &registry, nullptr, false);
+        const bool loaded = show.LoadScript(row.name + ".txt");
+        platform::FindDataDirectory();
+        if (!loaded) {
+            fprintf(stderr, "frame-times: %s/%s.txt can't be read\n", showFolder, row.name.c_str());
             return 1;
         }
-        effect->Init(&window, &player);
-        Print(act.effect, Measure(act, effect, registry.GetMessageTable(), &window, frames), empty);
+        row.effect->Init(&window, &show);
+        Print(row.name.c_str(), Measure(show, row.effect, &window, frames), empty);
     }
     return 0;
 }

@@ -2,9 +2,10 @@
 // Whether the files are there that the show will ask for.
 #include "tools/lint/Checks.h"
 
+#include "kernel/LoadingScreen.h"
+#include "kernel/Production.h"
 #include "music/Decoder.h"
 #include "platform/Paths.h"
-#include "tools/lint/Requests.h"
 
 #include <cctype>
 #include <cerrno>
@@ -53,23 +54,27 @@ static std::string Lookalike(const std::string& folder, const std::string& name)
     return "";
 }
 
-static void CheckFile(const std::string& folder, const std::string& name, const std::string& who, int line,
+static const char* ConsequenceOf(FileKind kind)
+{
+    if (kind == ShaderFile)
+        return "The show says so in a box and goes on without.";
+    return kind == ModelFile ? "The show goes on without it and says nothing."
+                             : "The show says so in a box and ends when everything is loaded.";
+}
+
+static void CheckFile(const std::string& folder, const EffectFile& file, const std::string& who, int line,
                       int column, Findings* findings)
 {
-    const std::string path = folder + "/" + name;
+    const std::string path = folder + "/" + file.name;
     const std::string complaint = Complaint(path);
     if (complaint.empty())
         return;
-    const std::string like = Lookalike(folder, name);
-    const char* const consequences[] = {
-        "The show says so in a box and ends when everything is loaded.",
-        "The show says so in a box and goes on without.",
-        "The show goes on without it and says nothing.",
-    };
+    const std::string like = Lookalike(folder, file.name);
     findings->AddAt(Error, "missing-file", line, column,
-                    path + " " + complaint + ", and " + who + " asks for it.", consequences[LossOf(name)],
-                    like.empty() || like == name ? "Put the file there."
-                                                 : "Rename " + like + ": small and capital letters differ.");
+                    path + " " + complaint + ", and " + who + " asks for it.", ConsequenceOf(file.kind),
+                    like.empty() || like == file.name
+                        ? "Put the file there."
+                        : "Rename " + like + ": small and capital letters differ.");
 }
 
 static void CheckMusicFile(const std::string& folder, const Entry& entry, Findings* findings)
@@ -110,16 +115,16 @@ void CheckFiles(const Reading& script, const Show& show, const Options& options,
     std::set<std::string> seen;
     bool anything = false;
     for (const ShownEntry& entry : show.entries) {
-        const EffectRequests* const requests = entry.kept ? FindRequests(entry.effect) : nullptr;
+        const EffectRecord* const record = entry.kept ? FindRecord(entry.effect) : nullptr;
         anything = anything || entry.kept;
-        if (!requests)
+        if (!record)
             continue;
-        for (const std::string& name : requests->files)
-            if (seen.insert(name).second)
-                CheckFile(folder, name, entry.effect, entry.line, entry.column, findings);
+        for (const EffectFile& file : ListFiles(record->files))
+            if (seen.insert(file.name).second)
+                CheckFile(folder, file, entry.effect, entry.line, entry.column, findings);
     }
     if (anything)
-        CheckFile(folder, loadingPicture, "the loading screen", 0, 0, findings);
+        CheckFile(folder, {loadingPicture, TextureFile}, "the loading screen", 0, 0, findings);
 }
 
 } // namespace lint

@@ -1,38 +1,32 @@
 // SPDX-License-Identifier: MIT
 // What single effects make of the order and the number of their messages.
+#include "effects/FX_Credits.h"
+#include "kernel/Production.h"
 #include "tools/lint/Checks.h"
 
+#include <algorithm>
+#include <set>
 #include <string>
 
 namespace lint
 {
 
-// Declared so that scripts may name them, and without any effect.
-static const struct {
-    const char* effect;
-    const char* message;
-} silent[] = {
-    {"FS_Image", "flash"},
-    {"FX_Path", "flash_all"},
-    {"FX_Path", "flash_cam"},
-};
-
-static const int mostNames = 8; // fade-ins of FX_Credits, which has so many steps
-
-static void CheckSilent(const Show& show, Findings* findings)
+static bool IsIdle(const SentMessage& message)
 {
-    size_t told = 0; // blocks count from 0, so that this is the one behind the last told
-    for (const auto& row : silent)
-        for (const SentMessage& message : show.messages) {
-            if (!message.kept || message.effect != row.effect || message.name != row.message ||
-                message.block + 1 == told)
-                continue;
-            told = message.block + 1;
+    const EffectRecord* const record = FindRecord(message.effect);
+    return record && std::count(record->idleMessages.begin(), record->idleMessages.end(), message.name) > 0;
+}
+
+// Those that are declared so that scripts may name them, and change nothing. One of each block is told.
+static void CheckIdle(const Show& show, Findings* findings)
+{
+    std::set<size_t> told;
+    for (const SentMessage& message : show.messages)
+        if (message.kept && IsIdle(message) && told.insert(message.block).second)
             SetSpan(&findings->AddAt(Warning, "silent-message", message.line, message.column,
                                      Quote(message.name) + " changes nothing in " + message.effect + ".",
                                      "It is delivered and nothing is to be seen.", "Leave it out."),
                     message.time, message.time);
-        }
 }
 
 // The tree of the village is planted by trigger_cam. What comes earlier isn't even counted.
@@ -55,6 +49,7 @@ static void CheckPath(const Show& show, Findings* findings)
 
 static void CheckCredits(const Show& show, Findings* findings)
 {
+    const std::string most = std::to_string(FX_Credits::stepCount);
     int steps = 0;
     for (const SentMessage& message : show.messages) {
         if (!message.kept || !message.heard || message.effect != "FX_Credits")
@@ -62,23 +57,22 @@ static void CheckCredits(const Show& show, Findings* findings)
         const bool limited = message.name == "fade_last_in";
         if (message.name != "fade_in" && !limited)
             continue;
-        if (!limited || steps < mostNames)
+        if (!limited || steps < FX_Credits::stepCount)
             steps++;
-        if (!limited && steps > mostNames)
-            SetSpan(
-                &findings->AddAt(Warning, "too-many-messages", message.line, message.column,
-                                 "\"fade_in\" at " + std::to_string(message.time) + " is number " +
-                                     std::to_string(steps) + ", and FX_Credits has " +
-                                     std::to_string(mostNames) + " steps.",
-                                 "There is no further name and no further camera.",
-                                 "Send at most eight, or end with \"fade_last_in\", which stops by itself."),
-                message.time, message.time);
+        if (!limited && steps > FX_Credits::stepCount)
+            SetSpan(&findings->AddAt(Warning, "too-many-messages", message.line, message.column,
+                                     "\"fade_in\" at " + std::to_string(message.time) + " is number " +
+                                         std::to_string(steps) + ", and FX_Credits has " + most + " steps.",
+                                     "There is no further name and no further camera.",
+                                     "Send at most " + most +
+                                         ", or end with \"fade_last_in\", which stops by itself."),
+                    message.time, message.time);
     }
 }
 
 void CheckScenes(const Show& show, Findings* findings)
 {
-    CheckSilent(show, findings);
+    CheckIdle(show, findings);
     CheckPath(show, findings);
     CheckCredits(show, findings);
 }

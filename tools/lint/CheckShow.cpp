@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Checks the show as a whole: entries against each other, and messages against entries.
+#include "kernel/Production.h"
 #include "tools/lint/Checks.h"
-#include "tools/lint/Requests.h"
 #include "tools/lint/Schedule.h"
 
 #include <algorithm>
@@ -18,8 +18,8 @@ static const size_t maxSpansNamed = 3; // of one effect
 
 static bool IsOverlay(const std::string& effect)
 {
-    const EffectRequests* const requests = FindRequests(effect);
-    return requests && requests->overlay;
+    const EffectRecord* const record = FindRecord(effect);
+    return record && record->isOverlay;
 }
 
 static bool Overlap(const ShownEntry& a, const ShownEntry& b)

@@ -2,9 +2,9 @@
 #include "tools/lint/Schedule.h"
 
 #include "kernel/EffectRegistry.h"
+#include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
 #include "tools/lint/Entries.h"
-#include "tools/lint/Requests.h"
 #include "tools/lint/Values.h"
 
 #include <algorithm>
@@ -121,9 +121,9 @@ static int CountLoads(const Show& show)
     for (const ShownEntry& entry : show.entries) {
         if (!entry.kept)
             continue;
-        const EffectRequests* const requests = FindRequests(entry.effect);
+        const EffectRecord* const record = FindRecord(entry.effect);
         const bool isNew = loaded.insert(entry.effect).second;
-        if (isNew || !requests || !requests->loadsOnce)
+        if (isNew || !record || !record->loadsOnce)
             loads++;
     }
     return loads;

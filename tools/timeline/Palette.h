@@ -2,6 +2,7 @@
 // Ink and wash on warm paper: the show's colours, as the timeline uses them.
 #pragma once
 
+#include "kernel/EffectRecord.h"
 #include "platform/ShowColours.h"
 
 #include <cstdint>
@@ -49,21 +50,21 @@ constexpr Colour Moss      = ColourOf(showcolours::Moss);
 constexpr Colour Bone      = ColourOf(showcolours::Bone); // the paper
 constexpr Colour Parchment = ColourOf(showcolours::Parchment);
 
-// The pigments of the entries, by the effect's row in the registry, over and over: the ink of an edge, and the
-// tint that the brush leaves. Blues lie on warm paper, where they would turn grey, so theirs are stronger.
+// The pigments of the entries, by the wash of the effect's record: the ink of an edge, and the tint that the
+// brush leaves. Blues lie on warm paper, where they would turn grey, so theirs are stronger.
 struct Pigment {
     Colour ink, tint;
 };
 constexpr Pigment pigments[] = {
-    {Slate,              {0x56, 0x72, 0xb4}},
-    {Mix(Ochre, Ink, 0.3f), Ochre},
-    {Mix(Moss, Ink, 0.2f),  {0x6f, 0x82, 0x32}},
-    {Rust,               {0xae, 0x52, 0x30}},
-    {Mix(Slate, Mist, 0.5f), {0x86, 0xa4, 0xd2}},
-    {Night,              {0x4a, 0x54, 0x98}},
-    {Ochre,              Amber},
+    /* SlateWash */ {Slate,                  {0x56, 0x72, 0xb4}},
+    /* OchreWash */ {Mix(Ochre, Ink, 0.3f),  Ochre},
+    /* MossWash  */ {Mix(Moss, Ink, 0.2f),   {0x6f, 0x82, 0x32}},
+    /* RustWash  */ {Rust,                   {0xae, 0x52, 0x30}},
+    /* MistWash  */ {Mix(Slate, Mist, 0.5f), {0x86, 0xa4, 0xd2}},
+    /* NightWash */ {Night,                  {0x4a, 0x54, 0x98}},
+    /* AmberWash */ {Ochre,                  Amber},
 };
-constexpr int pigmentCount = sizeof pigments / sizeof pigments[0];
+static_assert(sizeof pigments / sizeof pigments[0] == WashCount);
 // clang-format on
 
 } // namespace timeline

@@ -168,7 +168,7 @@ static void DrawTick(const TimelineModel& model, const Layout& layout, const Pla
 static void DrawBar(const TimelineModel& model, const Layout& layout, const PlacedBar& bar, Drawing* drawing)
 {
     const Entry& entry = model.entries[bar.entry];
-    const Pigment& pigment = pigments[entry.row % pigmentCount];
+    const Pigment& pigment = pigments[entry.wash];
     const Colour dark = pigment.ink;
     drawing->BeginGroup({"entry",
                          bar.title,
@@ -293,8 +293,8 @@ static void DrawSample(const PlacedLegend& item, Drawing* drawing)
         drawing->StrokeSegments(Hatching(box, 7), hatchColour, 0.6);
         break;
     case EntryLegend:
-        drawing->FillBox(box, WashOf(pigments[0]), barRadius);
-        drawing->FillBox({box.x, box.y, 3, box.height}, Even(pigments[0].ink), 1);
+        drawing->FillBox(box, WashOf(pigments[SlateWash]), barRadius);
+        drawing->FillBox({box.x, box.y, 3, box.height}, Even(pigments[SlateWash].ink), 1);
         break;
     case TickLegend:
     case UnknownLegend:

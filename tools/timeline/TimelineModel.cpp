@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tools/timeline/TimelineModel.h"
 
+#include "kernel/Production.h"
 #include "platform/Paths.h"
 #include "tools/lint/Lint.h"
 #include "tools/lint/Print.h"
-#include "tools/lint/Requests.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,15 +16,6 @@ namespace timeline
 static double Seconds(uint32_t milliseconds)
 {
     return milliseconds / 1000.0;
-}
-
-static int RowOf(const std::string& effect)
-{
-    const std::vector<lint::EffectRequests>& rows = lint::RequestsOfProduction();
-    for (size_t i = 0; i < rows.size(); i++)
-        if (rows[i].effect == effect)
-            return int(i);
-    return 0;
 }
 
 // The entries that run in the frame in which the message leaves; of no account for one that is lost.
@@ -51,19 +42,24 @@ static void TakeShow(const lint::Show& show, const lint::Options& options, Timel
     for (const lint::ShownEntry& entry : show.entries) {
         if (!entry.kept)
             continue;
-        const lint::EffectRequests* const requests = lint::FindRequests(entry.effect);
+        const EffectRecord* const record = FindRecord(entry.effect);
         const bool again =
             std::find(model->loads.begin(), model->loads.end(), entry.effect) != model->loads.end();
-        if (!again || !requests || !requests->loadsOnce)
+        if (!again || !record || !record->loadsOnce)
             model->loads.push_back(entry.effect);
-        model->entries.push_back(
-            {Seconds(entry.start), Seconds(entry.stop), entry.layer, entry.effect, RowOf(entry.effect)});
+        model->entries.push_back({Seconds(entry.start), Seconds(entry.stop), entry.layer, entry.effect,
+                                  record ? record->wash : SlateWash});
     }
     for (const lint::SentMessage& message : show.messages) {
         if (!message.kept)
             continue;
-        Message told = {Seconds(message.time), message.delay / 1000,  message.name,   message.id != 0,
-                        message.effect,        RowOf(message.effect), message.params, {}};
+        Message told = {Seconds(message.time),
+                        message.delay / 1000,
+                        message.name,
+                        message.id != 0,
+                        message.effect,
+                        message.params,
+                        {}};
         if (message.heard)
             told.entries = Listeners(message, options, *model);
         model->messages.push_back(told);

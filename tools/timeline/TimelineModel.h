@@ -3,6 +3,7 @@
 // and sequencer, so entries and messages are those that will play, and not what the script seems to say.
 #pragma once
 
+#include "kernel/EffectRecord.h"
 #include "tools/timeline/Waveform.h"
 
 #include <cstdint>
@@ -18,7 +19,7 @@ struct Entry {
     double stop; // below start: it is never on stage
     uint32_t layer;
     std::string effect;
-    int row; // of the effect in the registry
+    EffectWash wash; // what it is painted with
 };
 
 struct Message {
@@ -27,7 +28,6 @@ struct Message {
     std::string name;
     bool known; // false: the effect never declared such a message, and will ignore it
     std::string effect;
-    int row;
     std::vector<float> parameters;
     std::vector<size_t> entries; // those that are on stage then, and so get it; empty: it is lost
 };

@@ -2,6 +2,8 @@
 // The bars for the finished pictures: sizes, channels, borders, seams.
 #include "art/atelier/Files.h"
 #include "art/atelier/Pictures.h"
+#include "kernel/LoadingScreen.h"
+#include "kernel/Production.h"
 #include "tests/Folders.h"
 
 #include <gtest/gtest.h>
@@ -15,82 +17,16 @@ using namespace atelier;
 namespace
 {
 
-struct Row {
-    const char* name;
-    int width, height;
-    Format format;
-};
-
-// Every picture that the show asks for.
-// clang-format off
-const Row Rows[] = {
-    {"loading.jpg",              1024,  512, Format::Jpeg},
-    {"start-form.png",            348,  138, Format::PngRgb},
-    {"sky-background_01.jpg",    1024,  540, Format::Jpeg},
-    {"sky-background_02.jpg",    1024,  540, Format::Jpeg},
-    {"sky-background_03.jpg",    1024,  540, Format::Jpeg},
-    {"sky-background_04.jpg",    1024,  540, Format::Jpeg},
-    {"partikel_2.jpg",            128,  128, Format::Jpeg},
-    {"tessel-logo.png",          1024,  512, Format::PngRgba},
-    {"black-chick.png",           512,  512, Format::PngRgba},
-    {"moonwaltz-logo.png",       1024,  512, Format::PngRgba},
-    {"waldsterben.png",          1024,  268, Format::PngRgba},
-    {"waldsterben2.png",         1024,  268, Format::PngRgba},
-    {"himmelarsch.jpg",          1024, 1024, Format::Jpeg},
-    {"himmelarschling.jpg",      1024, 1024, Format::Jpeg},
-    {"cloud_5.png",               512,  512, Format::PngRgba},
-    {"cloud_6.png",               512,  512, Format::PngRgba},
-    {"greetings_01.png",          512,  512, Format::PngRgba},
-    {"greetings_02.png",          512,  512, Format::PngRgba},
-    {"greetings_03.png",          512,  512, Format::PngRgba},
-    {"greetings_04.png",          512,  512, Format::PngRgba},
-    {"greetings_05.png",          512,  512, Format::PngRgba},
-    {"greetings_06.png",          512,  512, Format::PngRgba},
-    {"greetings_07.png",          512,  512, Format::PngRgba},
-    {"greetings_08.png",          512,  512, Format::PngRgba},
-    {"greetings_09.png",          512,  512, Format::PngRgba},
-    {"greetings_11.png",          512,  512, Format::PngRgba},
-    {"greetings_12.png",          512,  512, Format::PngRgba},
-    {"greetings_13.png",          512,  512, Format::PngRgba},
-    {"ochre_painting1.jpg",      1024, 1024, Format::Jpeg},
-    {"glowmask.jpg",             1024, 1024, Format::Jpeg},
-    {"stoned.jpg",                512,  512, Format::Jpeg},
-    {"ackerbau_tiled2_2.jpg",    1024, 1024, Format::Jpeg},
-    {"ackerbau_tiled2.jpg",      1024, 1024, Format::Jpeg},
-    {"ackerbau_tiled3.jpg",      1024, 1024, Format::Jpeg},
-    {"credit-fen_tarogato.png",  1024,  128, Format::PngRgba},
-    {"credit-ochre.png",         1024,  128, Format::PngRgba},
-    {"credit-dunmarrow.png",     1024,  128, Format::PngRgba},
-    {"credit-lowbeam.png",       1024,  128, Format::PngRgba},
-    {"budentextur.jpg",          1024, 1024, Format::Jpeg},
-    {"licht-an.png",              128,  128, Format::PngRgba},
-    {"licht-aus.png",             128,  128, Format::PngRgba},
-    {"teststreifen.png",         1024,  256, Format::PngRgba},
-    {"skybox_left.jpg",          1024,  512, Format::Jpeg},
-    {"skybox_back.jpg",          1024,  512, Format::Jpeg},
-    {"skybox_right.jpg",         1024,  512, Format::Jpeg},
-    {"skybox_top.jpg",           1024, 1024, Format::Jpeg},
-    {"ring.jpg",                  512,  512, Format::Jpeg},
-    {"fasanenbude.jpg",          1024, 1024, Format::Jpeg},
-    {"spirograph.jpg",           1024, 1024, Format::Jpeg},
-    {"skybox_tower_left.jpg",     512,  512, Format::Jpeg},
-    {"skybox_tower_back.jpg",     512,  512, Format::Jpeg},
-    {"skybox_tower_right.jpg",    512,  512, Format::Jpeg},
-    {"skybox_tower_front.jpg",    512,  512, Format::Jpeg},
-    {"beam_1.png",                512,   64, Format::PngRgba},
-    {"fischgraeten_1.png",        512,  512, Format::PngRgba},
-    {"fischgraeten_2.png",        256,  512, Format::PngRgba},
-    {"foto.png",                 1024, 1024, Format::PngRgb},
-    {"footprint.png",             512,  256, Format::PngRgba},
-    {"footprint_white.jpg",       512,  256, Format::Jpeg},
-    {"sandbau.jpg",               512,  512, Format::Jpeg},
-    {"abspanner_1.png",           512, 2048, Format::PngRgba},
-    {"abspanner_2.png",           512, 2048, Format::PngRgba},
-    {"abspanner_3.png",           512, 2048, Format::PngRgba},
-    {"fischhaut.jpg",             512,  512, Format::Jpeg},
-    {"fisheye.jpg",               256,  256, Format::Jpeg},
-};
-// clang-format on
+// What the show asks for: the textures of the effects, the loading screen and the form.
+std::set<std::string> WantedPictures()
+{
+    std::set<std::string> wanted = {loadingPicture, "start-form.png"};
+    for (const EffectRecord& row : ProductionEffects())
+        for (const EffectFile& file : ListFiles(row.files))
+            if (file.kind == TextureFile)
+                wanted.insert(file.name);
+    return wanted;
+}
 
 // The file of a picture, from the project's own folders.
 Raster Load(const std::string& name)
@@ -184,29 +120,18 @@ int LargestOnBorder(const Raster& raster, int channel, const std::string& sides)
 
 } // namespace
 
-TEST(PictureFiles, EveryPictureOfTheShowIsInTheListAsItIsNeeded)
+TEST(PictureFiles, EveryPictureOfTheShowHasAPainterAndNoOtherIsPainted)
 {
-    for (const Group& group : AllGroups())
+    std::set<std::string> painted;
+    for (const Group& group : AllGroups()) {
         EXPECT_FALSE(group.pictures.empty()) << group.effect;
-    for (const Row& row : Rows) {
-        const Picture* picture = FindPicture(row.name);
-        ASSERT_NE(nullptr, picture) << row.name;
-        EXPECT_EQ(row.width, picture->width) << row.name;
-        EXPECT_EQ(row.height, picture->height) << row.name;
-        EXPECT_EQ(row.format, picture->format) << row.name;
-    }
-}
-
-TEST(PictureFiles, TheListHasEachNameOnceAndNoOther)
-{
-    std::set<std::string> wanted, seen;
-    for (const Row& row : Rows)
-        wanted.insert(row.name);
-    for (const Group& group : AllGroups())
         for (const Picture& picture : group.pictures) {
-            EXPECT_TRUE(seen.insert(NameOf(picture)).second) << picture.file;
-            EXPECT_EQ(1u, wanted.count(NameOf(picture))) << picture.file;
+            EXPECT_TRUE(painted.insert(NameOf(picture)).second) << picture.file << " is painted twice";
+            EXPECT_EQ(1u, WantedPictures().count(NameOf(picture))) << picture.file << ": no effect loads it";
         }
+    }
+    for (const std::string& name : WantedPictures())
+        EXPECT_EQ(1u, painted.count(name)) << name << " stands in no table under art/atelier/pictures";
 }
 
 TEST(PictureFiles, EachFileHasTheSizeAndTheChannelsOfItsRow)

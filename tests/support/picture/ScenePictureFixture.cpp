@@ -4,8 +4,7 @@
 #include "tests/Folders.h"
 
 #include <cmath>
-#include <fstream>
-#include <sstream>
+#include <filesystem>
 
 static const int windowWidth = 320, windowHeight = 240;
 static const int side = 64; // of a pattern
@@ -52,27 +51,20 @@ static Picture Light()
 void ScenePictureFixture::SetUp()
 {
     UseOwnData();
-    for (const char* name : {"standard_projection.vp", "postprocessing_blur.fp", "glowmask.vp", "glowmask.fp",
-                             "mix.fp", "fish.vp", "fish.fp", "fish.txt", "fisheyes.txt"}) {
-        std::ifstream file(std::string(SOURCE_DIR) + "/Data/" + name);
-        std::stringstream text;
-        text << file.rdbuf();
-        AddFile(name, text.str());
-    }
     ASSERT_TRUE(Open(windowWidth, windowHeight));
     window.SetLetterbox(0.85f);
 }
 
-void ScenePictureFixture::Textures(std::initializer_list<const char*> names)
+void ScenePictureFixture::AddFiles(const EffectFiles& files)
 {
-    for (const char* name : names)
+    for (const char* name : files.textures)
         AddPicture(name, Pattern(name));
-}
-
-void ScenePictureFixture::Lights(std::initializer_list<const char*> names)
-{
-    for (const char* name : names)
+    for (const char* name : files.lights)
         AddPicture(name, Light());
+    for (const EffectFile& file : ListFiles(files))
+        if (file.kind != TextureFile)
+            std::filesystem::copy_file(SOURCE_DIR "/Data/" + file.name, PathOf(file.name),
+                                       std::filesystem::copy_options::overwrite_existing);
 }
 
 void ScenePictureFixture::ExpectPicture(const std::string& name)

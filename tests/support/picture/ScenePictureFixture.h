@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The fixture for the picture of a scene at its telling moments: PictureFixture (read that first) with a
-// window of 320 by 240 in the shows' band, under the real shaders and meshes. The textures are made here:
+// window of 320 by 240 in the shows' band, under the real shaders and models. The textures are made here:
 // plain patterns that show orientation, repeat and alpha, so that a picture may be repainted without a new
 // golden image, and a texture that is turned, mirrored or swapped is seen at once.
 //
@@ -10,7 +10,7 @@
 //
 //     TEST_F(FX_LanternPicture, TheLanternFlaresUp)
 //     {
-//         Lights({"lantern.png"});
+//         AddFiles(FX_Lantern::files);
 //         FX_Lantern lantern;
 //         Prepare(&lantern);
 //         Send(&lantern, "light");
@@ -18,19 +18,17 @@
 //     }
 #pragma once
 
+#include "kernel/EffectRecord.h"
 #include "tests/support/picture/PictureFixture.h"
-
-#include <initializer_list>
 
 class ScenePictureFixture : public PictureFixture
 {
 protected:
     void SetUp() override;
 
-    // The pictures that the scene asks for, before Prepare: a pattern for each, or a light that is black at
-    // its border, as what is added must be.
-    void Textures(std::initializer_list<const char*> names);
-    void Lights(std::initializer_list<const char*> names);
+    // What the scene loads, before Prepare: a pattern for each of its textures, light that is black at its
+    // border for each of its lights, and the production's own models and shaders.
+    void AddFiles(const EffectFiles& files);
 
     void ExpectPicture(const std::string& name);
 

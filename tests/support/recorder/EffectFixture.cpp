@@ -22,13 +22,7 @@ static void InventPicture(const char* name)
 
 EffectFixture::EffectFixture()
 {
-    for (const char* name : {"glowmask.vp", "fish.vp", "standard_projection.vp"})
-        AddFile(name, std::string("// ") + name + "\nvoid main() { gl_Position = ftransform(); }\n");
-    for (const char* name : {"glowmask.fp", "mix.fp", "fish.fp", "postprocessing_blur.fp"})
-        AddFile(name, std::string("// ") + name + "\nvoid main() { gl_FragColor = vec4(1.0); }\n");
-    for (const char* name : {"fish.txt", "fisheyes.txt"}) // one triangle
-        AddFile(name, "model 3 0 0 0 1 0 0 0 1 0 1 0 0 1 3 0 0 1 0 0 1 1 0 3 0 1 2 3 0 0 0 3 0 1 2\n");
-
+    AddModelsAndShaders();
     gl::Reset(windowWidth, windowHeight);
     gl::InventPictures(InventPicture);
     UseNullWindows();

@@ -16,7 +16,9 @@ static TimelineModel Plain()
 {
     TimelineModel model;
     model.title = "plain.txt";
-    model.entries = {{0, 100, 1, "FX_Path", 2}, {20, 60, 9, "FX_Clouds", 5}, {60, 90, 9, "FX_Towers", 4}};
+    model.entries = {{0, 100, 1, "FX_Path", MossWash},
+                     {20, 60, 9, "FX_Clouds", NightWash},
+                     {60, 90, 9, "FX_Towers", MistWash}};
     model.end = 100;
     model.loads = {"FX_Path", "FX_Clouds", "FX_Towers"};
     return model;
@@ -105,7 +107,7 @@ TEST(TimelineLayout, ALaneHasNoMoreRowsThanItsEntriesNeed)
 {
     TimelineModel model = Plain();
     EXPECT_EQ((std::vector<int>{0, 0, 0}), RowsOf(model)); // one ends where the next begins
-    model.entries.push_back({50, 70, 9, "FS_Image", 10});
+    model.entries.push_back({50, 70, 9, "FS_Image", RustWash});
     EXPECT_EQ((std::vector<int>{0, 0, 0, 1}), RowsOf(model));
     const Layout layout = LayOut(model, Options(1600));
     ASSERT_EQ(2u, layout.lanes.size());
@@ -164,7 +166,7 @@ TEST(TimelineLayout, TicksThatLieTooCloseBecomeOneAndNoneIsLost)
     TimelineModel model = Plain();
     std::set<size_t> all;
     for (int i = 0; i < 300; i++) {
-        model.messages.push_back({i * 0.3, 0, "flash", true, "FX_Path", 2, {}, {0}});
+        model.messages.push_back({i * 0.3, 0, "flash", true, "FX_Path", {}, {0}});
         all.insert(size_t(i));
     }
     for (const double zoom : {0.3, 1.0, 8.0}) {
@@ -192,9 +194,9 @@ TEST(TimelineLayout, TicksThatLieTooCloseBecomeOneAndNoneIsLost)
 TEST(TimelineLayout, ATickIsNamedWhereThereIsRoom)
 {
     TimelineModel model = Plain();
-    model.messages = {{10, 0, "hand", true, "FX_Path", 2, {}, {0}},
-                      {12, 0, "handFrakt", true, "FX_Path", 2, {}, {0}},
-                      {50, 0, "blend", true, "FX_Path", 2, {}, {0}}};
+    model.messages = {{10, 0, "hand", true, "FX_Path", {}, {0}},
+                      {12, 0, "handFrakt", true, "FX_Path", {}, {0}},
+                      {50, 0, "blend", true, "FX_Path", {}, {0}}};
     const Layout layout = LayOut(model, Options(1600));
     std::vector<std::string> names;
     for (const PlacedText& text : layout.bars[0].tickTexts)
@@ -208,7 +210,7 @@ TEST(TimelineLayout, ALostMessageLiesInALaneOfItsOwn)
     TimelineModel model = Plain();
     EXPECT_TRUE(LayOut(model, Options(1600)).lost.empty());
     EXPECT_EQ(0, LayOut(model, Options(1600)).lostLane.height);
-    model.messages = {{10, 0, "flash", true, "WhiteFlashOverlay", 11, {}, {}}};
+    model.messages = {{10, 0, "flash", true, "WhiteFlashOverlay", {}, {}}};
     const Layout layout = LayOut(model, Options(1600));
     ASSERT_EQ(1u, layout.lost.size());
     EXPECT_EQ(LostTick, layout.lost[0].kind);
@@ -222,9 +224,12 @@ TEST(TimelineLayout, TheNameOfABarLiesInsideElseBehindElseShortened)
 {
     TimelineModel model;
     model.end = 100;
-    model.entries = {
-        {0, 20, 1, "FX_Path", 2},    {40, 41, 1, "FX_Clouds", 5}, {60, 64, 1, "FX_Scroller_Intro", 1},
-        {64, 68, 1, "FX_Towers", 4}, {70, 70.5, 1, "FX_Path", 2}, {70.5, 100, 1, "FX_Path", 2}};
+    model.entries = {{0, 20, 1, "FX_Path", MossWash},
+                     {40, 41, 1, "FX_Clouds", NightWash},
+                     {60, 64, 1, "FX_Scroller_Intro", OchreWash},
+                     {64, 68, 1, "FX_Towers", MistWash},
+                     {70, 70.5, 1, "FX_Path", MossWash},
+                     {70.5, 100, 1, "FX_Path", MossWash}};
     const Layout layout = LayOut(model, Options(1600));
     const auto name = [&](size_t bar) { return layout.bars[bar].texts.at(0); };
     EXPECT_TRUE(layout.bars[0].box.Contains(name(0).box));
@@ -277,7 +282,7 @@ TEST(TimelineLayout, TheAxisShowsALittleOfWhatComesTooLate)
 {
     TimelineModel model = Plain();
     EXPECT_EQ(100, LayOut(model, Options(1600)).end);
-    model.messages = {{104, 0, "flash", true, "FX_Path", 2, {}, {}}};
+    model.messages = {{104, 0, "flash", true, "FX_Path", {}, {}}};
     EXPECT_EQ(104, LayOut(model, Options(1600)).end);
     model.messages[0].time = 5000; // a slip of the pen must not squeeze the show
     const Layout layout = LayOut(model, Options(1600));
@@ -295,7 +300,7 @@ TEST(TimelineLayout, AStopBeyondAllReasonIsCutOff)
     EXPECT_TRUE(layout.bars[0].cutRight);
     EXPECT_FALSE(layout.bars[1].cutRight);
     EXPECT_NEAR(layout.plotEnd, layout.bars[0].box.Right(), 1e-9);
-    model.entries = {{4294960, 4294967, 4294967295u, "FX_Path", 2}};
+    model.entries = {{4294960, 4294967, 4294967295u, "FX_Path", MossWash}};
     ExpectTidy(LayOut(model, Options(1600)), "all beyond the axis");
 }
 

@@ -58,7 +58,7 @@ TEST(TimelinePng, ABarHasTheWashOfItsEffectFromItsStartToItsStop)
 {
     TimelineModel model;
     model.end = 100;
-    model.entries = {{20, 60, 1, "FX_Credits", 0}, {70, 90, 1, "FX_Scroller_Intro", 1}};
+    model.entries = {{20, 60, 1, "FX_Credits", SlateWash}, {70, 90, 1, "FX_Scroller_Intro", OchreWash}};
     const Layout layout = LayOut(model, {});
     const Picture picture = Paint(model, layout, 1);
     for (size_t i = 0; i < 2; i++) {
@@ -115,8 +115,8 @@ TEST(TimelinePng, OddNamesDoNotStopThePainter)
     TimelineModel model;
     model.title = "\xff\xfe odd \x01";
     model.end = 10;
-    model.entries = {{0, 10, 1, "\xc3", 0}};
-    model.messages = {{5, 0, "\xf0\x9f", true, "\xc3", 0, {}, {0}}};
+    model.entries = {{0, 10, 1, "\xc3", SlateWash}};
+    model.messages = {{5, 0, "\xf0\x9f", true, "\xc3", {}, {0}}};
     model.music.file = "\x80";
     model.remarks = {{true, true, 1, 2, "\xed\xa0\x80"}};
     EXPECT_EQ(1600, Paint(model, LayOut(model, {}), 1).width);

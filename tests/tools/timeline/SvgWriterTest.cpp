@@ -260,8 +260,8 @@ TEST(TimelineSvgText, OddNamesComeThroughWhole)
     TimelineModel model;
     model.title = odd;
     model.end = 100;
-    model.entries = {{0, 100, 1, odd, 0}};
-    model.messages = {{50, 0, odd, true, odd, 0, {}, {0}}};
+    model.entries = {{0, 100, 1, odd, SlateWash}};
+    model.messages = {{50, 0, odd, true, odd, {}, {0}}};
     model.music.file = odd;
     model.remarks = {{true, true, 1, 2, odd}};
     const XmlElement svg = Parse(SvgPicture(model, LayOut(model, {})));

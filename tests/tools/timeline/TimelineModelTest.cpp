@@ -49,7 +49,8 @@ TEST_F(Timeline, HoldsTheEntriesThatTheShowPlays)
     EXPECT_NEAR(131.4, model.end, 1e-5);
     EXPECT_EQ(0, model.start);
     EXPECT_EQ("script.txt", model.title);
-    EXPECT_NE(model.entries[0].row, model.entries[1].row);
+    EXPECT_EQ(NightWash, model.entries[0].wash);
+    EXPECT_EQ(MistWash, model.entries[1].wash);
 }
 
 TEST_F(Timeline, HoldsTheMessagesInTheOrderInWhichTheyLeave)

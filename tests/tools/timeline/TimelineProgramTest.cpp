@@ -11,7 +11,7 @@
 
 #include <filesystem>
 
-static const std::string script = std::string(SOURCE_DIR) + "/tests/shows/AllEffects.txt";
+static const std::string script = std::string(SOURCE_DIR) + "/tests/shows/FX_Path.txt";
 
 static ProgramRun Draw(const std::vector<std::string>& words)
 {

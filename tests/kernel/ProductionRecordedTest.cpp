@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+// The records of the effects against what the effects do: each is initialised, played for a while with every
+// message that it knows, and the kernel tells which files were opened.
+#include "kernel/Production.h"
+
+#include "kernel/EffectRegistry.h"
+#include "kernel/LoadingScreen.h"
+#include "math/Random.h"
+#include "tests/support/recorder/EffectFixture.h"
+
+#include <filesystem>
+#include <set>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+// The files of one folder that are opened from here on.
+class OpenedFiles
+{
+public:
+    explicit OpenedFiles(const std::string& folder) : queue(inotify_init1(IN_NONBLOCK))
+    {
+        EXPECT_GE(inotify_add_watch(queue, folder.c_str(), IN_OPEN), 0);
+    }
+    ~OpenedFiles() { close(queue); }
+
+    std::set<std::string> Names() const
+    {
+        std::set<std::string> names;
+        alignas(inotify_event) char events[65536];
+        for (ssize_t got = read(queue, events, sizeof events); got > 0;
+             got = read(queue, events, sizeof events))
+            for (ssize_t at = 0; at < got;) {
+                const inotify_event* const event = reinterpret_cast<const inotify_event*>(events + at);
+                EXPECT_FALSE(event->mask & IN_Q_OVERFLOW);
+                if (event->len > 0 && !(event->mask & IN_ISDIR))
+                    names.insert(event->name);
+                at += ssize_t(sizeof(inotify_event) + event->len);
+            }
+        return names;
+    }
+
+private:
+    int queue;
+};
+
+static std::set<std::string> Names(const std::vector<EffectFile>& files)
+{
+    std::set<std::string> names;
+    for (const EffectFile& file : files)
+        EXPECT_TRUE(names.insert(file.name).second) << file.name << " stands twice in the list";
+    return names;
+}
+
+class EffectRecords : public EffectFixture, public testing::WithParamInterface<EffectRecord>
+{
+protected:
+    EffectRecords() : opened(PathOf("")), effect(GetParam().make()) {}
+
+    OpenedFiles opened;
+    Effect* effect;
+};
+
+TEST_P(EffectRecords, ListTheFilesThatTheEffectLoads)
+{
+    Prepare(effect);
+    EXPECT_EQ(GetParam().loadsOnce, effect->IsInitialised()) << "loadsOnce in kernel/Production.cpp";
+    const std::set<std::string> listed = Names(ListFiles(GetParam().files));
+    EXPECT_EQ(listed, opened.Names()) << "the lists of " << GetParam().key << "::files, and what Init opened";
+
+    for (const SynchMessageDeclaration& message : messages.entries) {
+        Send(effect, message.name);
+        RunFor(effect, 2, 1.0 / 16);
+    }
+    RunFor(effect, 10, 1.0 / 16);
+    for (const std::string& late : opened.Names())
+        EXPECT_TRUE(listed.count(late)) << late << " is loaded during the show";
+}
+
+// Textures in a test of their own: what was found once stays in the cache.
+TEST_P(EffectRecords, TellByTheKindOfAFileWhatItsLossDoes)
+{
+    for (const EffectFile& file : ListFiles(GetParam().files)) {
+        if (file.kind == TextureFile)
+            continue;
+        SCOPED_TRACE(file.name);
+        std::filesystem::rename(PathOf(file.name), PathOf("elsewhere"));
+        boxes.clear();
+        QuitWasPosted();
+        Init(GetParam().make());
+        EXPECT_EQ(file.kind == ModelFile, boxes.empty());
+        EXPECT_EQ(file.kind == ProgramFile, QuitWasPosted());
+        std::filesystem::rename(PathOf("elsewhere"), PathOf(file.name));
+    }
+}
+
+TEST_P(EffectRecords, ATextureThatIsMissingEndsTheShow)
+{
+    gl::InventPictures(nullptr);
+    Init(effect);
+    size_t textures = 0;
+    for (const EffectFile& file : ListFiles(GetParam().files))
+        textures += file.kind == TextureFile ? 1 : 0;
+    EXPECT_EQ(textures, boxes.size());
+    EXPECT_EQ(textures > 0, QuitWasPosted());
+}
+
+TEST_P(EffectRecords, NameOnlyMessagesThatTheEffectDeclares)
+{
+    Declare(effect);
+    for (const std::string& name : GetParam().idleMessages)
+        EXPECT_NE(0, messages.FindMessage(name.c_str(), effect)) << name;
+}
+
+// A frame's calls, but for the names of programs and lists, of which each effect has its own.
+static std::vector<std::string> DrawnCalls()
+{
+    std::vector<std::string> calls = gl::Calls();
+    std::erase_if(calls, [](const std::string& call) {
+        return call.starts_with("glUseProgram") || call.starts_with("glCallList");
+    });
+    return calls;
+}
+
+// Two shows, of which one got the message, draw the same.
+TEST_P(EffectRecords, CallIdleWhatChangesNothing)
+{
+    for (const std::string& name : GetParam().idleMessages) {
+        SCOPED_TRACE(name);
+        std::vector<std::string> calls[2];
+        for (const bool sent : {false, true}) {
+            Effect* const each = GetParam().make();
+            SeedRandom(1);
+            StartTimer();
+            Prepare(each);
+            RunFor(each, 1, 1.0 / 16);
+            if (sent)
+                Send(each, name);
+            RunFor(each, 1, 1.0 / 16);
+            Frame(each);
+            calls[sent] = DrawnCalls();
+        }
+        EXPECT_FALSE(calls[false].empty());
+        EXPECT_EQ(calls[false], calls[true]);
+    }
+}
+
+// What an overlay draws to which nothing was sent leaves the picture as it is.
+TEST_P(EffectRecords, CallOverlayWhatShowsNothingWithoutAMessage)
+{
+    if (!GetParam().isOverlay)
+        return;
+    Prepare(effect);
+    ShowFrame(effect, 0.5);
+    Frame(effect);
+    for (const gl::Draw& draw : gl::Draws()) {
+        const bool addsNothing = gl::Blends(draw, GL_ONE, GL_ONE) && gl::HasColour(draw, {0, 0, 0});
+        const bool multipliesByOne =
+            gl::Blends(draw, GL_DST_COLOR, GL_ZERO) && gl::HasColour(draw, {1, 1, 1});
+        EXPECT_TRUE(addsNothing || multipliesByOne);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, EffectRecords, testing::ValuesIn(ProductionEffects()),
+                         [](const testing::TestParamInfo<EffectRecord>& row) { return row.param.key; });
+
+class Production : public EffectFixture
+{
+};
+
+TEST_F(Production, RegistersItsEffectsInTheOrderOfItsRecords)
+{
+    EffectRegistry registry;
+    RegisterEffects(&registry);
+    ASSERT_EQ(ProductionEffects().size(), registry.effects.size());
+    for (size_t i = 0; i < registry.effects.size(); i++) {
+        EXPECT_EQ(ProductionEffects()[i].key, registry.effects[i].name);
+        EXPECT_EQ(&ProductionEffects()[i], FindRecord(registry.effects[i].name));
+    }
+    EXPECT_EQ(nullptr, FindRecord("FX_Nothing"));
+}
+
+TEST_F(Production, LoadsBehindThePictureOfTheLoadingScreen)
+{
+    const OpenedFiles opened(PathOf(""));
+    LoadingScreen screen(&window);
+    screen.Init();
+    EXPECT_EQ(std::set<std::string>{loadingPicture}, opened.Names());
+}
