@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: CC-BY-4.0
 #version 110
 // A warm light runs through a painting. The mask draws its ways and says when it passes where: black is never
 // lit, and from dark grey to white the light arrives later and later. delta is the time, two seconds each 1:

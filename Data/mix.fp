@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: CC-BY-4.0
 #version 110
 // Cross-fade of two pictures, tinted by the colour of the vertices, alpha included.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: CC-BY-4.0
 #version 110
 // A soft blur in one pass. blur_intensity is its strength: at 1 the picture runs together over a fiftieth of
 // its side in every direction, at 0.25 it is as if seen without one's glasses, at 0 and below it is plain.
