@@ -240,6 +240,29 @@ TEST_F(LightTree, ANodeGlowsAsASpriteTowardsTheViewer)
                                           {x - half, y + half, z}}));
 }
 
+TEST_F(LightTree, ASpriteStaysUprightUnderACameraThatRolls)
+{
+    tree.nodes[0]->glow = 1;
+    glLoadIdentity();
+    glRotatef(30, 0, 0, 1);
+    glRotatef(20, 0, 1, 0);
+    gl::ClearRecords();
+    tree.Draw();
+    const gl::Draw& draw = gl::Draws().at(0);
+    ASSERT_EQ(4u, draw.vertices.size());
+    // Lower left, lower right, upper right, upper left, as the eye has them.
+    const gl::Point &a = draw.vertices[0].eye, &b = draw.vertices[1].eye, &c = draw.vertices[2].eye,
+                    &d = draw.vertices[3].eye;
+    const double side = b.x - a.x;
+    EXPECT_GT(side, 0.1);
+    EXPECT_NEAR(0, b.y - a.y, 1e-5);
+    EXPECT_NEAR(0, b.z - a.z, 1e-5);
+    EXPECT_NEAR(side, c.y - b.y, 1e-5);
+    EXPECT_NEAR(0, c.x - b.x, 1e-5);
+    EXPECT_NEAR(0, c.z - b.z, 1e-5);
+    EXPECT_NEAR(side, c.x - d.x, 1e-5);
+}
+
 TEST_F(LightTree, AFlashFliesFarOutAndSpinsBackIn)
 {
     StartTimer(2);
