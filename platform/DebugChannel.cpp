@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/DebugChannel.h"
 
+#include <cstdio>
+
 namespace platform
 {
 
@@ -8,8 +10,14 @@ static std::string* debugSink = nullptr;
 
 void OutputDebugText(const char* text)
 {
-    if (debugSink && text)
+    if (!text)
+        return;
+    if (debugSink)
         *debugSink += text;
+#ifndef NDEBUG
+    else
+        fputs(text, stderr);
+#endif
 }
 
 void CollectDebugText(std::string* sink)

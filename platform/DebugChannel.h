@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A channel for traces that a user never sees: dropped, unless somebody collects it.
+// A channel for traces that a user never sees: collected where somebody does that, otherwise written to
+// stderr in debug builds and dropped in others.
 #pragma once
 
 #include <string>
@@ -9,7 +10,7 @@ namespace platform
 
 void OutputDebugText(const char* text); // null is allowed and counts as nothing
 
-// Appends all further text to *sink; null drops it again. The sink is borrowed.
+// Appends all further text to *sink; null ends that. The sink is borrowed.
 void CollectDebugText(std::string* sink);
 
 } // namespace platform

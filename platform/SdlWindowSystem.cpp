@@ -3,6 +3,7 @@
 
 #include "platform/DebugChannel.h"
 #include "platform/DisplayModeGuard.h"
+#include "platform/GLDebug.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -35,6 +36,12 @@ static int KeepEvent(void*, SDL_Event* event)
     }
 }
 
+// Says on the debug channel what failed, in SDL's own words.
+static void TraceFailure(const char* what)
+{
+    OutputDebugText((std::string(what) + " failed: " + SDL_GetError() + "\n").c_str());
+}
+
 static bool RegisterClass(const char* name)
 {
     if (classRegistered)
@@ -46,7 +53,7 @@ static bool RegisterClass(const char* name)
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // a message box takes the focus for a while
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // and must be seen above the window
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        OutputDebugText(SDL_GetError());
+        TraceFailure("Starting the window system");
         return false;
     }
     SDL_DisableScreenSaver();
@@ -116,7 +123,7 @@ static WindowHandle CreateWindow(const WindowDescription& description)
                                   description.height, flags);
     }
     if (!window) {
-        OutputDebugText(SDL_GetError());
+        TraceFailure("Creating the window");
         return nullptr;
     }
     if (description.fullscreen && modeChosen)
@@ -130,8 +137,8 @@ static void ShowWindow(WindowHandle handle)
 {
     SDL_Window* window = static_cast<SDL_Window*>(handle);
     SDL_ShowWindow(window);
-    if (modeChosen)
-        SDL_SetWindowFullscreen(window, SDL_WINDOW_FULLSCREEN);
+    if (modeChosen && SDL_SetWindowFullscreen(window, SDL_WINDOW_FULLSCREEN) != 0)
+        TraceFailure("Changing the display mode");
     SDL_RaiseWindow(window);
     SDL_SetWindowInputFocus(window);
 }
@@ -156,15 +163,6 @@ static DeviceContext GetDeviceContext(WindowHandle window)
     return window;
 }
 
-#ifdef MARLINEX_DEBUG_GL
-static void GLAPIENTRY PrintGLError(GLenum, GLenum type, GLuint, GLenum, GLsizei, const GLchar* text,
-                                    const void*)
-{
-    if (type == GL_DEBUG_TYPE_ERROR)
-        fprintf(stderr, "GL error: %s\n", text);
-}
-#endif
-
 static ContextHandle CreateContext(DeviceContext device, ContextHandle share)
 {
     if (!device)
@@ -177,8 +175,10 @@ static ContextHandle CreateContext(DeviceContext device, ContextHandle share)
     if (share && oldContext != share)
         SDL_GL_MakeCurrent(window, share);
     const SDL_GLContext context = SDL_GL_CreateContext(window);
-    if (!context)
-        OutputDebugText(SDL_GetError());
+    if (context)
+        ReportGLErrors();
+    else
+        TraceFailure("Creating a GL context");
     SDL_GL_MakeCurrent(oldContext ? oldWindow : window, oldContext);
     return context;
 }
@@ -187,7 +187,10 @@ static bool MakeCurrent(DeviceContext device, ContextHandle context)
 {
     if (device && device != shownWindow) // it is gone, and SDL would look into its memory
         return false;
-    return SDL_GL_MakeCurrent(static_cast<SDL_Window*>(device), context) == 0;
+    if (SDL_GL_MakeCurrent(static_cast<SDL_Window*>(device), context) == 0)
+        return true;
+    TraceFailure("Making a GL context current");
+    return false;
 }
 
 static ContextHandle GetCurrentContext()
@@ -212,12 +215,6 @@ static void LoadExtensions()
     // the functions are loaded. Whoever needs one looks at its pointer.
     glewInit();
     SDL_GL_SetSwapInterval(1);
-#ifdef MARLINEX_DEBUG_GL
-    if (glDebugMessageCallback) {
-        glEnable(GL_DEBUG_OUTPUT_SYNCHRONOUS);
-        glDebugMessageCallback(PrintGLError, nullptr);
-    }
-#endif
 }
 
 static const char* GetExtensions(int what)

@@ -2,10 +2,13 @@
 // What a real driver was asked for, and gave.
 #include "platform/WindowSystem.h"
 
+#include "platform/DebugChannel.h"
 #include "platform/Events.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>
+
+#include <cstdlib>
 
 class SdlWindow : public PictureFixture
 {
@@ -51,4 +54,14 @@ TEST_F(SdlWindow, OnceGoneNoContextBecomesCurrentOnIt)
     EXPECT_EQ(nullptr, platform::Windows().getCurrentDevice());
     EXPECT_FALSE(platform::Windows().makeCurrent(device, context));
     EXPECT_TRUE(platform::Windows().makeCurrent(nullptr, nullptr));
+}
+
+TEST_F(SdlWindow, WhatFailedIsTracedInSdlsOwnWords)
+{
+    setenv("SDL_VIDEODRIVER", "no such driver", 1);
+    std::string trace;
+    platform::CollectDebugText(&trace);
+    EXPECT_FALSE(platform::Windows().registerClass("marlinex"));
+    platform::CollectDebugText(nullptr);
+    EXPECT_EQ("Starting the window system failed: no such driver not available\n", trace);
 }
