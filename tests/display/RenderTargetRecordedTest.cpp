@@ -50,7 +50,7 @@ TEST_F(RenderTargetCalls, TheWindowMakesItWith512By512LinearAndClamped)
          "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR)",
          "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR)",
          "glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, 512, 512, 0, GL_RGBA, GL_UNSIGNED_BYTE, null)",
-         "context 2", "glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, 512, 512)",
+         "glFlush()", "context 2", "glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, 512, 512)",
          "glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, 1, 0)",
          "glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, 1)",
          "glViewport(0, 0, 512, 512)", "context 1"}));
@@ -154,6 +154,17 @@ TEST_F(RenderTargetCalls, MadeAgainItGivesTheSurfaceBackButNeitherContextNorPict
     RenderTarget::End();
 }
 
+TEST_F(RenderTargetCalls, MadeAgainForAnotherWindowItReturnsToTheBandOfThatOne)
+{
+    Open();
+    GLWindow other; // not created: 0 by 0 pixels
+    ASSERT_TRUE(RenderTarget::Create(&other, 64, 64));
+    RenderTarget::Begin();
+    gl::ClearRecords();
+    RenderTarget::End();
+    EXPECT_TRUE(gl::CallsContain(gl::Calls(), {"glViewport(0, 0, 0, 0)"}));
+}
+
 // What all operations but SetProjection do where there is no target.
 static void ExpectNoTarget()
 {
@@ -187,6 +198,7 @@ TEST_F(RenderTargetCalls, WithoutASecondContextItCannotBeMade)
     NullWindowState().refuseContext = true;
     EXPECT_FALSE(RenderTarget::Create(&window, 64, 64));
     EXPECT_EQ(1, gl::GetContext());
+    EXPECT_EQ(1u, gl::Textures().size()) << "no picture is made for it";
     ExpectNoTarget();
     NullWindowState().refuseContext = false;
     EXPECT_TRUE(RenderTarget::Create(&window, 64, 64));
