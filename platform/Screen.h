@@ -9,7 +9,8 @@ namespace platform
 // display that library ends the process.
 bool HasDisplay();
 
-// True if a window manager runs. Without one windows have no title bar, and nobody hands out the keyboard.
+// True if a window manager runs. Without one a window has no title bar, and must take the keyboard focus
+// itself.
 bool HasWindowManager();
 
 // How many pixels a pixel of the design takes, 1 to 4: the desktop's "Xft.dpi" setting over 96, or 1 where it

@@ -28,7 +28,4 @@ constexpr Tint TintRust  = TintOf(showcolours::Rust);
 constexpr Tint TintBone  = TintOf(showcolours::Bone);
 // clang-format on
 
-// The way from one colour to another: 0 is from, 1 is to.
-Tint MixTints(Tint from, Tint to, float way);
-
 } // namespace platform

@@ -4,6 +4,7 @@
 #include "platform/dialogs/DialogWindow.h"
 
 #include "platform/Screen.h"
+#include "platform/dialogs/Shapes.h"
 
 #include <FL/Fl.H>
 #include <FL/fl_draw.H>
@@ -22,16 +23,6 @@ namespace platform
 {
 
 static const double patience = 0.1; // seconds between two looks at SIGINT and SIGTERM
-
-Fl_Color ToolkitColour(Tint tint)
-{
-    return fl_rgb_color(tint.red, tint.green, tint.blue);
-}
-
-void DrawPixmap(const Pixmap& pixmap, int x, int y)
-{
-    fl_draw_image(pixmap.pixels.data(), x, y, pixmap.width, pixmap.height, 3);
-}
 
 // The show's window, or null while there is none on the screen.
 static SDL_Window* ShowWindow()
@@ -133,57 +124,9 @@ DialogWindow::DialogWindow(Decoration wantedDecoration, std::string caption)
     XkbSetDetectableAutoRepeat(fl_display, True, &supported);
 }
 
-// Drawing
-
 int DialogWindow::Scaled(float length) const
 {
     return int(std::lround(length * scale));
-}
-
-bool PixelRect::Holds(int pointX, int pointY) const
-{
-    return pointX >= x && pointX < x + width && pointY >= y && pointY < y + height;
-}
-
-void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint)
-{
-    int left, top, width, capital;
-    fl_text_extents("H", left, top, width, capital);
-    fl_color(ToolkitColour(tint));
-    fl_draw(text.c_str(), int(text.size()), x, y + (height + capital) / 2);
-}
-
-void DialogWindow::DrawFocusLine(Pixmap& pixmap, Tint ground)
-{
-    const float width = float(pixmap.width), height = float(pixmap.height);
-    const float line = std::max(1.0f, std::round(scale)), corner = 5 * scale;
-    pixmap.FillRoundRect(0, 0, width, height, corner, TintOchre);
-    pixmap.FillRoundRect(line, line, width - 2 * line, height - 2 * line, corner - line, ground);
-}
-
-void DialogWindow::DrawPushButton(PixelRect place, const std::string& text, ButtonLook look, Tint ground)
-{
-    const int gap = Scaled(3); // between the button and its focus line
-    const float width = float(place.width), height = float(place.height), edge = float(gap);
-    const float line = std::max(1.0f, std::round(scale)), corner = 3 * scale;
-    Pixmap pixmap(place.width + 2 * gap, place.height + 2 * gap, ground);
-    if (look.focused)
-        DrawFocusLine(pixmap, ground);
-
-    Tint face = look.accepts ? TintAmber : TintNight;
-    if (look.pressed)
-        face = MixTints(face, TintInk, 0.3f);
-    else if (look.hovered)
-        face = MixTints(face, TintBone, look.accepts ? 0.35f : 0.12f);
-    pixmap.FillRoundRect(edge, edge, width, height, corner, look.accepts ? face : TintSlate);
-    if (!look.accepts)
-        pixmap.FillRoundRect(edge + line, edge + line, width - 2 * line, height - 2 * line, corner - line,
-                             face);
-    DrawPixmap(pixmap, place.x - gap, place.y - gap);
-
-    const int textWidth = int(std::lround(fl_width(text.c_str(), int(text.size()))));
-    DrawTextLine(text, place.x + (place.width - textWidth) / 2, place.y, place.height,
-                 look.accepts ? TintInk : TintBone);
 }
 
 // Showing

@@ -7,9 +7,6 @@
 // window manager whom it belongs to, that it stays above, and what frame it wants.
 #pragma once
 
-#include "platform/dialogs/DialogColours.h"
-#include "platform/dialogs/Pixmap.h"
-
 #include <FL/Fl_Double_Window.H>
 
 #include <string>
@@ -17,26 +14,9 @@
 namespace platform
 {
 
-Fl_Color ToolkitColour(Tint tint);
-
-// Draws the pixmap with its top left corner there. Only while a window is being drawn.
-void DrawPixmap(const Pixmap& pixmap, int x, int y);
-
-// The text's capitals stand in the middle of the height. In the current font.
-void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint);
-
 // Pixels of this desktop.
 struct PixelRect {
     int x, y, width, height;
-
-    bool Holds(int pointX, int pointY) const;
-};
-
-struct ButtonLook {
-    bool accepts; // the one that Enter presses
-    bool focused;
-    bool hovered;
-    bool pressed;
 };
 
 class DialogWindow : public Fl_Double_Window
@@ -60,11 +40,6 @@ public:
 protected:
     // A length of the design in pixels of this desktop.
     int Scaled(float length) const;
-
-    // A push button with its text, in the current font, on a ground of that colour.
-    void DrawPushButton(PixelRect place, const std::string& text, ButtonLook look, Tint ground);
-    // A line round a place, which shows that it has the keyboard. The pixmap is the place.
-    void DrawFocusLine(Pixmap& pixmap, Tint ground);
 
     const float scale;    // see ScreenScale
     const bool managed;   // whether there is a window manager, which draws the title frame

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What keys do to a form: which control they act on, and how it moves. At first no control has the focus.
 //
+// The toolkit's own navigation is not used: it makes each radio button a stop, and its arrows go by where
+// things stand.
+//
 // The radio buttons are one stop of the Tab key, at the checked one; check boxes and push buttons are a stop
 // each. Arrows move within the controls of one kind, round in a ring, and select what they reach if it is a
 // radio button.

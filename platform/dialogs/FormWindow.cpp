@@ -2,39 +2,30 @@
 #include "platform/dialogs/FormWindow.h"
 
 #include "platform/EmbeddedFiles.h"
+#include "platform/dialogs/DialogButton.h"
 #include "platform/dialogs/DialogWindow.h"
 #include "platform/dialogs/FormFocus.h"
+#include "platform/dialogs/Shapes.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_PNG_Image.H>
 #include <FL/fl_draw.H>
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
+#include <vector>
 
 namespace platform
 {
 
-// Arial at 8 points and 96 dots per inch; where it isn't installed fontconfig knows what comes closest.
+// Places are counted in units of Arial at 8 points (see StartForm.h), but the text is set at 10, which is
+// easier to read. Where Arial isn't installed fontconfig knows what comes closest.
 static const Fl_Font formFont = FL_FREE_FONT;
 static const char* const formFontName = " Arial";
 
-// clang-format off
 // Pixels at 96 dots per inch.
-static const float fontSize     = 11;
-static const float edgeWidth    =  1; // all round, outside the form's own size
-static const float markSize     = 13; // of the radio buttons' rings and the check boxes
-static const float markGap      =  6; // from a mark to its text
-static const float focusGap     =  3; // from a control to the ends of the line that shows the focus
-static const float rimWidth     =  1.25f;
-static const float cornerRadius =  3;
-static const float tickWidth    =  1.7f;
-
-// Parts of the mark's size, from its top left corner.
-static const float dotRadius  = 0.25f;
-static const float tick[3][2] = {{0.26f, 0.52f}, {0.43f, 0.70f}, {0.75f, 0.31f}};
-// clang-format on
+static const float fontSize = 13;
+static const float edgeWidth = 1; // all round, outside the form's own size
 
 class FormWindow : public DialogWindow
 {
@@ -47,23 +38,18 @@ public:
     int result = FormClosed;
 
 private:
-    PixelRect PlaceOf(const FormControl& control) const;
-    PixelRect LabelOf(const FormControl& control) const;
-    const FormControl* ControlAt(int x, int y) const;
-    void DrawPicture();
-    void DrawRing(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside);
-    void DrawCheckBox(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside);
-    void DrawControl(const FormControl& control);
-    void DrawMarkedControl(const FormControl& control);
+    void AddControl(const FormControl& control);
+    void ShowState();
+    void Click(int id);
     void End(int button);
+    void DrawPicture();
     void Drag();
     int HandleKey();
 
     StartForm& form;
     FormFocus focus;
-    std::unique_ptr<Fl_Image> picture; // in this desktop's pixels
-    int hovered = FormClosed;
-    int pressed = FormClosed;
+    std::unique_ptr<Fl_Image> picture;  // in this desktop's pixels
+    std::vector<DialogButton*> buttons; // of the controls, in their order; they belong to this window
     bool dragging = false;
     int dragX = 0, dragY = 0;
 };
@@ -74,6 +60,9 @@ FormWindow::FormWindow(StartForm& shown) : DialogWindow(Undecorated, ""), form(s
     size(Scaled(float(FormPixelsAcross(form.width)) + 2 * edgeWidth),
          Scaled(float(FormPixelsDown(form.height)) + 2 * edgeWidth));
     callback([](Fl_Widget* window, void*) { static_cast<FormWindow*>(window)->End(FormClosed); });
+    for (const FormControl& control : form.controls)
+        AddControl(control);
+    ShowState();
 
     const unsigned char* data;
     size_t length;
@@ -87,11 +76,39 @@ FormWindow::FormWindow(StartForm& shown) : DialogWindow(Undecorated, ""), form(s
         const_cast<Fl_PNG_Image&>(original).copy(Scaled(float(original.w())), Scaled(float(original.h()))));
 }
 
-PixelRect FormWindow::PlaceOf(const FormControl& control) const
+void FormWindow::AddControl(const FormControl& control)
 {
-    return {Scaled(edgeWidth + float(FormPixelsAcross(control.x))),
-            Scaled(edgeWidth + float(FormPixelsDown(control.y))),
-            Scaled(float(FormPixelsAcross(control.width))), Scaled(float(FormPixelsDown(control.height)))};
+    const DialogButton::Kind kind = control.kind == FormRadioButton ? DialogButton::RadioButton
+                                    : control.kind == FormCheckBox  ? DialogButton::CheckBox
+                                                                    : DialogButton::PushButton;
+    DialogButton* button = new DialogButton(
+        kind, Scaled(edgeWidth + float(FormPixelsAcross(control.x))),
+        Scaled(edgeWidth + float(FormPixelsDown(control.y))), Scaled(float(FormPixelsAcross(control.width))),
+        Scaled(float(FormPixelsDown(control.height))), control.text, formFont, Scaled(fontSize), scale);
+    button->accepts = control.id == form.acceptId;
+    button->callback(
+        [](Fl_Widget* widget, long id) { static_cast<FormWindow*>(widget->window())->Click(int(id)); },
+        long(control.id));
+    add(button);
+    buttons.push_back(button);
+}
+
+// The form is what counts: the buttons show its marks.
+void FormWindow::ShowState()
+{
+    for (size_t at = 0; at < buttons.size(); ++at) {
+        buttons[at]->value(form.controls[at].checked);
+        buttons[at]->focused = form.controls[at].id == focus.id;
+    }
+    redraw();
+}
+
+void FormWindow::Click(int id)
+{
+    const int button = form.Click(id);
+    ShowState();
+    if (button != FormClosed)
+        End(button);
 }
 
 void FormWindow::End(int button)
@@ -102,87 +119,12 @@ void FormWindow::End(int button)
 
 // Drawing
 
-PixelRect FormWindow::LabelOf(const FormControl& control) const
-{
-    const PixelRect place = PlaceOf(control);
-    const int width = int(std::lround(fl_width(control.text.c_str(), int(control.text.size()))));
-    const int mark = Scaled(markSize) + Scaled(markGap);
-    const int right = place.x + place.width;
-    switch (control.kind) {
-    case FormRadioButton:
-        return {place.x + mark, place.y, width, place.height};
-    case FormCheckBox:
-        return {right - mark - width, place.y, width, place.height};
-    case FormPushButton:
-        break;
-    }
-    return {place.x + (place.width - width) / 2, place.y, width, place.height};
-}
-
 void FormWindow::DrawPicture()
 {
     const int edge = Scaled(edgeWidth);
     if (picture)
         picture->draw(edge, edge, std::min(picture->w(), w() - 2 * edge),
                       std::min(picture->h(), h() - 2 * edge));
-}
-
-void FormWindow::DrawRing(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside)
-{
-    const float radius = markSize * scale / 2;
-    pixmap.FillCircle(x + radius, y + radius, radius, rim);
-    pixmap.FillCircle(x + radius, y + radius, radius - rimWidth * scale, inside);
-    if (checked)
-        pixmap.FillCircle(x + radius, y + radius, markSize * scale * dotRadius, rim);
-}
-
-void FormWindow::DrawCheckBox(Pixmap& pixmap, float x, float y, bool checked, Tint rim, Tint inside)
-{
-    const float size = markSize * scale, edge = rimWidth * scale, corner = cornerRadius * scale;
-    pixmap.FillRoundRect(x, y, size, size, corner, rim);
-    pixmap.FillRoundRect(x + edge, y + edge, size - 2 * edge, size - 2 * edge, corner - edge, inside);
-    if (checked)
-        for (int stroke = 0; stroke < 2; ++stroke)
-            pixmap.Line(x + size * tick[stroke][0], y + size * tick[stroke][1],
-                        x + size * tick[stroke + 1][0], y + size * tick[stroke + 1][1], tickWidth * scale,
-                        rim);
-}
-
-void FormWindow::DrawMarkedControl(const FormControl& control)
-{
-    const PixelRect place = PlaceOf(control);
-    const PixelRect label = LabelOf(control);
-    const int mark = Scaled(markSize);
-    const int left = std::min(place.x, label.x) - Scaled(focusGap);
-    const int right = std::max(place.x + place.width, label.x + label.width) + Scaled(focusGap);
-    Pixmap pixmap(right - left, place.height, TintInk);
-    if (control.id == focus.id)
-        DrawFocusLine(pixmap, TintInk);
-
-    const bool lit = control.id == hovered || control.id == pressed;
-    const Tint rim = control.checked ? TintAmber : lit ? TintBone : TintMist;
-    const Tint inside = control.id == pressed ? TintSlate : TintNight;
-    const int top = (place.height - mark) / 2;
-    if (control.kind == FormRadioButton)
-        DrawRing(pixmap, float(place.x - left), float(top), control.checked, rim, inside);
-    else
-        DrawCheckBox(pixmap, float(place.x + place.width - mark - left), float(top), control.checked, rim,
-                     inside);
-    DrawPixmap(pixmap, left, place.y);
-
-    const Tint words = lit || control.checked ? TintBone : MixTints(TintMist, TintBone, 0.5f);
-    DrawTextLine(control.text, label.x, label.y, label.height, words);
-}
-
-void FormWindow::DrawControl(const FormControl& control)
-{
-    if (control.kind == FormPushButton)
-        DrawPushButton(PlaceOf(control), control.text,
-                       {control.id == form.acceptId, control.id == focus.id, control.id == hovered,
-                        control.id == pressed},
-                       TintInk);
-    else
-        DrawMarkedControl(control);
 }
 
 void FormWindow::draw()
@@ -193,24 +135,11 @@ void FormWindow::draw()
     fl_color(ToolkitColour(TintInk));
     fl_rectf(edge, edge, w() - 2 * edge, h() - 2 * edge);
     DrawPicture();
-    fl_font(formFont, Scaled(fontSize));
-    for (const FormControl& control : form.controls)
-        DrawControl(control);
-    // Places overlap by a line of pixels here and there; the one that counts comes out whole.
-    if (const FormControl* focused = form.Find(focus.id))
-        DrawControl(*focused);
+    for (DialogButton* button : buttons)
+        draw_child(*button);
 }
 
 // Mouse and keyboard
-
-const FormControl* FormWindow::ControlAt(int x, int y) const
-{
-    fl_font(formFont, Scaled(fontSize));
-    for (const FormControl& control : form.controls)
-        if (PlaceOf(control).Holds(x, y) || LabelOf(control).Holds(x, y))
-            return &control;
-    return nullptr;
-}
 
 int FormWindow::HandleKey()
 {
@@ -240,7 +169,7 @@ int FormWindow::HandleKey()
     default:
         return 0;
     }
-    redraw();
+    ShowState();
     if (button != FormClosed)
         End(button);
     return 1;
@@ -254,46 +183,28 @@ void FormWindow::Drag()
 
 int FormWindow::handle(int event)
 {
-    const FormControl* at = ControlAt(Fl::event_x(), Fl::event_y());
-    const int id = at ? at->id : FormClosed;
-    switch (event) {
-    case FL_ENTER:
-    case FL_MOVE:
-    case FL_LEAVE:
-        hovered = event == FL_LEAVE ? FormClosed : id;
-        redraw();
+    if (event == FL_KEYBOARD || event == FL_SHORTCUT)
+        return HandleKey();
+    if (event == FL_PUSH)
+        dragging = false;
+    if (DialogWindow::handle(event))
         return 1;
+    // What no button took: there is no title bar, so the form is taken by its picture or its ground.
+    switch (event) {
     case FL_PUSH:
-        if (Fl::event_button() != FL_LEFT_MOUSE)
-            return 1;
-        pressed = id;
-        // There is no title bar: the form is taken by its picture or its ground.
-        dragging = !at;
+        dragging = Fl::event_button() == FL_LEFT_MOUSE;
         dragX = Fl::event_x_root() - x_root();
         dragY = Fl::event_y_root() - y_root();
-        redraw();
         return 1;
     case FL_DRAG:
-        hovered = id;
         Drag();
-        redraw();
         return 1;
-    case FL_RELEASE: {
-        const int clicked = id == pressed ? id : FormClosed;
-        pressed = FormClosed;
+    case FL_RELEASE:
         Drag(); // the last bit of the way may come without an event of its own
         dragging = false;
-        redraw();
-        const int button = form.Click(clicked);
-        if (button != FormClosed)
-            End(button);
         return 1;
-    }
-    case FL_KEYBOARD:
-    case FL_SHORTCUT:
-        return HandleKey();
     default:
-        return DialogWindow::handle(event);
+        return 0;
     }
 }
 

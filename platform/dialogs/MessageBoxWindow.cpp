@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs/MessageBoxWindow.h"
 
+#include "platform/dialogs/DialogButton.h"
 #include "platform/dialogs/DialogWindow.h"
+#include "platform/dialogs/Shapes.h"
 #include "platform/dialogs/TextFlow.h"
 
 #include <FL/Fl.H>
@@ -61,18 +63,20 @@ private:
     std::vector<std::string> lines; // of the body, as they fit textPlace
     int top = 0;                    // of this window's content: 0, or below the caption
     PixelRect textPlace = {};
-    PixelRect buttonPlace = {};
     int scroll = 0; // pixels of the text that are above textPlace
     Fl_Slider scroller;
-    bool hovered = false;
-    bool pressed = false;
+    DialogButton button;
 };
 
 MessageBoxWindow::MessageBoxWindow(const MessageBox& shown)
     : DialogWindow(TitleBar, ShowableLine(shown.caption)), message(shown),
-      caption(ShowableLine(shown.caption)), scroller(0, 0, 1, 1)
+      caption(ShowableLine(shown.caption)), scroller(0, 0, 1, 1),
+      button(DialogButton::PushButton, 0, 0, 1, 1, "OK", bodyFont, Scaled(fontSize), scale)
 {
     add(scroller);
+    add(button);
+    button.accepts = button.focused = true;
+    button.callback([](Fl_Widget* widget, void*) { widget->window()->hide(); });
     FlowBody();
     Arrange();
 }
@@ -111,9 +115,10 @@ void MessageBoxWindow::Arrange()
     textPlace.y = top + Scaled(margin);
     textPlace.height = contentHeight;
     const int right = textPlace.x + textPlace.width + (scrolls ? Scaled(scrollerGap + scrollerWidth) : 0);
-    buttonPlace = {right - Scaled(buttonWidth), textPlace.y + contentHeight + Scaled(buttonGap),
-                   Scaled(buttonWidth), Scaled(buttonHeight)};
-    size(right + Scaled(margin), buttonPlace.y + buttonPlace.height + Scaled(margin));
+    button.resize(right - Scaled(buttonWidth), textPlace.y + contentHeight + Scaled(buttonGap),
+                  Scaled(buttonWidth), Scaled(buttonHeight));
+    resizable(nullptr);
+    size(right + Scaled(margin), button.y() + button.h() + Scaled(margin));
 
     if (!scrolls) {
         // A short text stands in the middle of the icon's height.
@@ -169,20 +174,22 @@ void MessageBoxWindow::DrawIcon()
     // clang-format on
 
     const float size = iconSize * scale;
+    const float left = float(Scaled(margin)), above = float(top + Scaled(margin));
     const bool error = message.icon == BoxErrorIcon;
-    Pixmap pixmap(Scaled(iconSize), Scaled(iconSize), TintInk);
-    pixmap.FillCircle(size / 2, size / 2, size / 2, error ? TintOchre : TintBone);
-    pixmap.FillCircle(size / 2, size / 2, size / 2 - rimWidth * size, error ? TintRust : TintAmber);
-    if (error)
-        for (const float(&line)[4] : cross)
-            pixmap.Line(line[0] * size, line[1] * size, line[2] * size, line[3] * size, strokeWidth * size,
-                        TintBone);
-    else {
-        pixmap.Line(stem[0] * size, stem[1] * size, stem[2] * size, stem[3] * size, strokeWidth * size,
-                    TintInk);
-        pixmap.FillCircle(dot[0] * size, dot[1] * size, dotRadius * size, TintInk);
+    const auto line = [&](const float(&part)[4], Tint tint) {
+        const float points[4] = {left + part[0] * size, above + part[1] * size, left + part[2] * size,
+                                 above + part[3] * size};
+        StrokeLine(points, 2, strokeWidth * size, tint);
+    };
+    FillCircle(left + size / 2, above + size / 2, size / 2, error ? TintOchre : TintBone);
+    FillCircle(left + size / 2, above + size / 2, size / 2 - rimWidth * size, error ? TintRust : TintAmber);
+    if (error) {
+        line(cross[0], TintBone);
+        line(cross[1], TintBone);
+    } else {
+        line(stem, TintInk);
+        FillCircle(left + dot[0] * size, above + dot[1] * size, dotRadius * size, TintInk);
     }
-    DrawPixmap(pixmap, Scaled(margin), top + Scaled(margin));
 }
 
 void MessageBoxWindow::DrawBody()
@@ -203,8 +210,7 @@ void MessageBoxWindow::draw()
     fl_rectf(0, 0, w(), h());
     DrawIcon();
     DrawBody();
-    fl_font(bodyFont, Scaled(fontSize));
-    DrawPushButton(buttonPlace, "OK", {true, true, hovered, pressed && hovered}, TintInk);
+    draw_child(button);
     if (!managed) {
         DrawCaption();
         fl_color(ToolkitColour(TintSlate));
@@ -252,25 +258,7 @@ int MessageBoxWindow::HandleKey()
 
 int MessageBoxWindow::handle(int event)
 {
-    const bool onButton = buttonPlace.Holds(Fl::event_x(), Fl::event_y());
     switch (event) {
-    case FL_ENTER:
-    case FL_MOVE:
-    case FL_LEAVE:
-    case FL_DRAG:
-        hovered = onButton && event != FL_LEAVE;
-        redraw();
-        break;
-    case FL_PUSH:
-        pressed = onButton && Fl::event_button() == FL_LEFT_MOUSE;
-        redraw();
-        break;
-    case FL_RELEASE:
-        if (pressed && onButton)
-            hide();
-        pressed = false;
-        redraw();
-        break;
     case FL_MOUSEWHEEL:
         ScrollTo(scroll + Fl::event_dy() * wheelLines * Scaled(lineHeight));
         return 1;
@@ -278,10 +266,8 @@ int MessageBoxWindow::handle(int event)
     case FL_SHORTCUT:
         return HandleKey();
     default:
-        break;
+        return DialogWindow::handle(event);
     }
-    const int handled = DialogWindow::handle(event);
-    return event == FL_ENTER || event == FL_MOVE || event == FL_PUSH ? 1 : handled;
 }
 
 void RunMessageBoxWindow(const MessageBox& box)

@@ -4,7 +4,7 @@
 // it is FormWindow's.
 //
 // Units: places and sizes are in dialog units, as resource editors count them: a quarter of the font's
-// average character width across, an eighth of its height down. The form is set in Arial 8, whose
+// average character width across, an eighth of its height down. The font is Arial 8, whose
 // character is 6 by 14 pixels at 96 dots per inch, so a unit is 1.5 pixels across and 1.75 down: the form of
 // 232 by 143 units is 348 by 250 pixels, and a picture of 348 by 138 pixels fills it down to unit 79.
 #pragma once

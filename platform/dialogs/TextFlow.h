@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Breaks a text into lines that fit a width. Knows no font: the caller measures.
+// Breaks a text into lines that fit a width. Knows no font: the caller measures. The toolkit's text widgets
+// break a long word wherever the line is full, which makes paths hard to read.
 #pragma once
 
 #include <functional>
