@@ -107,6 +107,36 @@ static bool SendElement(Context& c, GLuint index)
     return true;
 }
 
+// What enabled arrays hold, apart from the memory that they lie in.
+struct ArrayCopy {
+    ClientState client; // points into `bytes`
+    std::vector<std::vector<unsigned char>> bytes;
+};
+
+static void CopyArray(ArrayCopy* copy, ArrayPointer* array, GLint first, GLsizei count)
+{
+    if (!array->enabled || array->buffer || !array->pointer || first < 0 || count < 1)
+        return;
+    const size_t packed = size_t(array->size) * ComponentSize(array->type);
+    const size_t stride = array->stride ? size_t(array->stride) : packed;
+    const unsigned char* const begin =
+        static_cast<const unsigned char*>(array->pointer) + size_t(first) * stride;
+    copy->bytes.emplace_back(begin, begin + size_t(count - 1) * stride + packed);
+    array->pointer = copy->bytes.back().data();
+}
+
+static std::shared_ptr<const ArrayCopy> CopyArrays(const ClientState& client, GLint first, GLsizei count)
+{
+    const auto copy = std::make_shared<ArrayCopy>();
+    copy->client = client;
+    CopyArray(copy.get(), &copy->client.vertex, first, count);
+    CopyArray(copy.get(), &copy->client.normal, first, count);
+    CopyArray(copy.get(), &copy->client.colour, first, count);
+    for (ArrayPointer& array : copy->client.texCoord)
+        CopyArray(copy.get(), &array, first, count);
+    return copy;
+}
+
 static ArrayPointer* FindArray(Context& c, GLenum array)
 {
     switch (array) {
@@ -189,19 +219,26 @@ void glArrayElement(GLint index)
     DoAnywhere("glArrayElement", {Arg(index)}, [=](Context& c) { SendElement(c, GLuint(index)); });
 }
 
-// Array draws in lists would have to copy the arrays at once; nobody compiles them here.
 void glDrawArrays(GLenum mode, GLint first, GLsizei count)
 {
-    DoAtOnce("glDrawArrays", {Mode(mode), Arg(first), Arg(count)}, [=](Context& c) {
+    // A display list holds what the arrays hold now, and draws it without them.
+    const Context* const now = Current();
+    const bool compiling = now && Shared().compilingList != 0;
+    const std::shared_ptr<const ArrayCopy> copy = compiling ? CopyArrays(now->client, first, count) : nullptr;
+    Do("glDrawArrays", {Mode(mode), Arg(first), Arg(count)}, [=](Context& c) {
         if (mode > GL_POLYGON || first < 0 || count < 0) {
             SetError(c, mode > GL_POLYGON ? GL_INVALID_ENUM : GL_INVALID_VALUE);
             return;
         }
+        const ClientState own = c.client;
+        if (copy)
+            c.client = copy->client;
         BeginDraw(c, mode);
         for (GLsizei i = 0; i < count; i++)
-            if (!SendElement(c, GLuint(first + i)))
+            if (!SendElement(c, GLuint(copy ? i : first + i)))
                 break;
         EndDraw(c);
+        c.client = own;
     });
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/recorder/Transcript.h"
 
+#include "tests/support/recorder/GLRecorder.h"
+#include "tests/support/recorder/GLText.h"
+
 #include "tests/Folders.h"
 
 #include <cctype>
@@ -182,6 +185,31 @@ static void Write(const std::vector<Node>& nodes, const std::string& indent, std
         lines->push_back(indent + text);
         i += repeats * unit;
     }
+}
+
+static std::string VertexLine(const Vertex& vertex)
+{
+    return "texCoord " + PointText(vertex.texCoord[0]) + " colour " + ColourText(vertex.colour) + " normal " +
+           PointText(vertex.normal) + " vertex " + PointText(vertex.object);
+}
+
+std::vector<std::string> CallsWithVertices()
+{
+    std::vector<std::string> lines;
+    size_t draw = 0;
+    const std::vector<Event>& events = Events();
+    for (size_t i = 0; i < events.size(); i++) {
+        const Event& event = events[i];
+        const bool arrays = event.kind == EventCall && strcmp(event.name, "glDrawArrays") == 0;
+        if (!event.nested || arrays)
+            lines.push_back(event.Text());
+        while (draw < Draws().size() && Draws()[draw].event < int(i))
+            draw++;
+        if (arrays && draw < Draws().size() && Draws()[draw].event == int(i))
+            for (const Vertex& vertex : Draws()[draw].vertices)
+                lines.push_back(VertexLine(vertex));
+    }
+    return lines;
 }
 
 std::vector<std::string> Transcript(const std::vector<std::string>& calls)

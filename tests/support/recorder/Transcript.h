@@ -20,6 +20,10 @@ namespace gl
 
 std::vector<std::string> Transcript(const std::vector<std::string>& calls);
 
+// Calls() of the recorder, in which each draw of arrays, also one in a display list that was called, is
+// followed by a line for each of its vertices.
+std::vector<std::string> CallsWithVertices();
+
 // Compares with tests/golden/calls/NAME.txt. Numbers may differ by 0.00002 and 0.00001 of themselves: sines
 // come from the C library, and another version of it may round the last bit in another way. The sums over
 // many may differ by ten times that.

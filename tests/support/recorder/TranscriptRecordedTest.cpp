@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/recorder/Transcript.h"
 
+#include "tests/support/recorder/GLRecorder.h"
+
+#include <GL/glew.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -83,4 +87,27 @@ TEST_F(TranscriptFiles, AMissingOneFails)
 {
     std::filesystem::remove(folder + "/kept.txt");
     EXPECT_FALSE(Matches({}));
+}
+
+TEST(Transcript, ShowsTheVerticesOfArrays)
+{
+    gl::Reset();
+    const float places[4][2] = {{1, 2}, {3, 4}, {5, 6}, {7, 8}};
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glVertexPointer(2, GL_FLOAT, 0, places);
+    glColor4f(1, 0.5f, 0.25f, 1);
+    glNewList(3, GL_COMPILE);
+    glDrawArrays(GL_LINES, 2, 2);
+    glEndList();
+    gl::ClearRecords();
+    glTexCoord2f(0.5f, 0);
+    glDrawArrays(GL_POINTS, 1, 1);
+    glCallList(3);
+    EXPECT_EQ((std::vector<std::string>{
+                  "glTexCoord2f(0.5, 0)", "glDrawArrays(GL_POINTS, 1, 1)",
+                  "texCoord (0.5, 0, 0) colour (1, 0.5, 0.25, 1) normal (0, 0, 1) vertex (3, 4, 0)",
+                  "glCallList(3)", "glDrawArrays(GL_LINES, 2, 2)",
+                  "texCoord (0.5, 0, 0) colour (1, 0.5, 0.25, 1) normal (0, 0, 1) vertex (5, 6, 0)",
+                  "texCoord (0.5, 0, 0) colour (1, 0.5, 0.25, 1) normal (0, 0, 1) vertex (7, 8, 0)"}),
+              gl::CallsWithVertices());
 }
