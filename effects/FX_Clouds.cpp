@@ -92,9 +92,9 @@ FX_Clouds::FX_Clouds()
     : clouds{}, cameraTravel(0), skyFade(1), greetingIndex(-2), handState(HandDimming), handAlpha(0),
       cameraBlend(0), shake(0), roll(0), rollFrom(0), rollTo(0), blendValue(0), cloudTexture(nullptr),
       handId(0), handFraktId(0), fadeOutId(0), blendId(0), rollBlend(0), seed(firstSeed),
-      fadeOutActive(false), skyTexture(nullptr), skyTexture2(nullptr), cloudTexture2(nullptr),
-      blendActive(false), mixShader(nullptr), sampler0Uniform(nullptr), sampler1Uniform(nullptr),
-      deltaUniform(nullptr)
+      fadeOutActive(false), cloudQuads(QuadBatch::Colours), skyTexture(nullptr), skyTexture2(nullptr),
+      cloudTexture2(nullptr), blendActive(false), mixShader(nullptr), sampler0Uniform(nullptr),
+      sampler1Uniform(nullptr), deltaUniform(nullptr)
 {
 }
 
@@ -350,14 +350,18 @@ void FX_Clouds::RenderClouds()
     glColor4f(1, 1, 1, 1);
     BindPair(cloudTexture, cloudTexture2);
     // Drawn from far to near. The array is in the order of depth already.
+    Vec3 right, up;
+    GetBillboardAxes(right, up);
+    cloudQuads.Begin();
     for (int i = cloudCount - 1; i >= 1; i--) {
         const Cloud& cloud = clouds[i];
         if (!IsAhead(cloud))
             continue;
-        glColor4f(1, 1, 1, 1 - cloud.fade);
+        cloudQuads.SetColour(1, 1, 1, 1 - cloud.fade);
         const Vec3 position = {cloud.x, cloud.y, cloud.z};
-        DrawBillboard(position, cloudHalfSize);
+        cloudQuads.AddBillboard(position, right, up, cloudHalfSize);
     }
+    cloudQuads.Draw();
     UnbindPair();
     UnbindTexture();
     glDisable(GL_BLEND);

@@ -15,6 +15,7 @@
 
 #include "kernel/Effect.h"
 #include "kernel/EffectRecord.h"
+#include "math/QuadBatch.h"
 #include "math/Vector3.h"
 
 #include <vector>
@@ -92,6 +93,7 @@ private:
     float rollBlend;                                  // seconds since "hand"
     int seed;                                         // of the effect's own random sequence
     bool fadeOutActive;
+    QuadBatch cloudQuads; // those of one frame
     Texture* skyTexture;
     Texture* skyTexture2;
     Texture* cloudTexture2;

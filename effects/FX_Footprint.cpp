@@ -4,6 +4,7 @@
 #include "display/GLWindow.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/Primitives.h"
 #include "math/Scalar.h"
 #include "resources/Texture.h"
 #include "resources/TextureLoader.h"
@@ -125,56 +126,46 @@ void FX_Footprint::Render()
     glEnable(GL_DEPTH_TEST);
 }
 
-void FX_Footprint::RenderSand() const
+void FX_Footprint::RenderSand()
 {
     // The blue grows through the first second and the alpha through the first four; GL limits both to 1.
     glColor4f(1, 1, localTime, localTime * sandFade);
     BindTexture(sandTexture);
-    glBegin(GL_QUADS);
-    {
-        for (int i = 0; i < sandTiles; i++) {
-            const float a = -tileHalf - tileStep * i;
-            const float b = tileHalf - tileStep * i;
-            glTexCoord2f(0, 0);
-            glVertex3f(a, 0, -tileHalf);
-            glTexCoord2f(0, 2);
-            glVertex3f(b, 0, -tileHalf);
-            glTexCoord2f(1, 2);
-            glVertex3f(b, 0, tileHalf);
-            glTexCoord2f(1, 0);
-            glVertex3f(a, 0, tileHalf);
-
-            // From the tile to the horizon the sand is a single texel, so that no pattern repeats there.
-            glTexCoord2f(0, 0);
-            glVertex3f(a, 0, horizon);
-            glTexCoord2f(0, 0);
-            glVertex3f(b, 0, horizon);
-            glTexCoord2f(0, 0);
-            glVertex3f(b, 0, -tileHalf);
-            glTexCoord2f(0, 0);
-            glVertex3f(a, 0, -tileHalf);
-        }
-    }
-    glEnd();
+    if (sand.IsEmpty())
+        LayOutSand();
+    sand.Draw();
 }
 
-// The picture shows one foot. An odd print is mirrored in t and so shows the other.
-static void DrawPrint(float s, bool odd)
+void FX_Footprint::LayOutSand()
 {
+    for (int i = 0; i < sandTiles; i++) {
+        const float a = -tileHalf - tileStep * i;
+        const float b = tileHalf - tileStep * i;
+        sand.AddCorner(0, 0, a, 0, -tileHalf);
+        sand.AddCorner(0, 2, b, 0, -tileHalf);
+        sand.AddCorner(1, 2, b, 0, tileHalf);
+        sand.AddCorner(1, 0, a, 0, tileHalf);
+
+        // From the tile to the horizon the sand is a single texel, so that no pattern repeats there.
+        sand.AddCorner(0, 0, a, 0, horizon);
+        sand.AddCorner(0, 0, b, 0, horizon);
+        sand.AddCorner(0, 0, b, 0, -tileHalf);
+        sand.AddCorner(0, 0, a, 0, -tileHalf);
+    }
+}
+
+static void DrawPrint(float half, bool odd)
+{
+    // The picture shows one foot. An odd print is mirrored in t and so shows the other.
     const float far = odd ? 1.0f : 0.0f;
     const float near = 1 - far;
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(0, far);
-        glVertex3f(-s, 0, -s / 2);
-        glTexCoord2f(1, far);
-        glVertex3f(s, 0, -s / 2);
-        glTexCoord2f(1, near);
-        glVertex3f(s, 0, s / 2);
-        glTexCoord2f(0, near);
-        glVertex3f(-s, 0, s / 2);
-    }
-    glEnd();
+    const QuadCorner corners[4] = {
+        {0, far, -half, 0, -half / 2},
+        {1, far, half, 0, -half / 2},
+        {1, near, half, 0, half / 2},
+        {0, near, -half, 0, half / 2},
+    };
+    DrawQuad(corners);
 }
 
 void FX_Footprint::RenderMark(const FootprintMark& mark, bool odd) const

@@ -12,6 +12,7 @@
 
 #include "kernel/Effect.h"
 #include "kernel/EffectRecord.h"
+#include "math/QuadBatch.h"
 #include "resources/GLSLShader.h"
 #include "resources/GLSLUniforms.h"
 
@@ -43,9 +44,11 @@ public:
 
 private:
     void AddMark();
-    void RenderSand() const;
+    void RenderSand();
+    void LayOutSand();
     void RenderMark(const FootprintMark& mark, bool odd) const;
 
+    QuadBatch sand; // never changes
     Texture* printTexture;
     Texture* sandTexture;
     Texture* glowTexture;

@@ -134,10 +134,11 @@ const EffectFiles FX_Path::files = {.textures = textureNames, .lights = lightNam
 // What belongs to the walk is set here and not in Init, so that a further Init lets the walk continue.
 FX_Path::FX_Path()
     : tree(nullptr), zoomTarget(0), zoom(0), pulse(0), treeHits(0), triggered(false), walkSpeed(1),
-      stripFade(0), walked(0), edgeFade(0), houseTexture(nullptr), lightTextures{}, stripTexture(nullptr),
-      sparkTexture(nullptr), fieldTexture(nullptr), plazaTexture(nullptr), skyLeft(nullptr), skyBack(nullptr),
-      skyRight(nullptr), skyTop(nullptr), ringTexture(nullptr), fades{}, msgTree1(0), msgTree2(0),
-      msgTree3(0), msgFlashCam(0), msgFlashAll(0), msgTriggerCam(0)
+      stripFade(0), walked(0), edgeFade(0), stripHead(QuadBatch::Colours),
+      houseTexture(nullptr), lightTextures{}, stripTexture(nullptr), sparkTexture(nullptr),
+      fieldTexture(nullptr), plazaTexture(nullptr), skyLeft(nullptr), skyBack(nullptr), skyRight(nullptr),
+      skyTop(nullptr), ringTexture(nullptr), fades{}, msgTree1(0), msgTree2(0), msgTree3(0), msgFlashCam(0),
+      msgFlashAll(0), msgTriggerCam(0)
 {
 }
 
@@ -390,7 +391,7 @@ void FX_Path::RenderShadows() const
     DrawPillarRing(pillarShadowLight, plazaX, 0, 0, pulse);
 }
 
-void FX_Path::RenderStrip() const
+void FX_Path::RenderStrip()
 {
     const float h = walked * worldPerUnit;
     const float alpha = 1 - stripFade;
@@ -414,23 +415,16 @@ void FX_Path::RenderStrip() const
     DrawQuad(tail);
 
     glDisable(GL_COLOR_MATERIAL);
-    glColor3f(0, 0, 0);
-    glBegin(GL_QUADS);
-    {
-        glColor4f(1, 1, 1, alpha);
-        glTexCoord2f(walked, 0);
-        glVertex3f(h, 0, -stripHalf);
-        glColor4f(1, 1, 1, 0);
-        glTexCoord2f(walked + headUnits, 0);
-        glVertex3f(h + headLength, 0, -stripHalf);
-        glTexCoord2f(walked + headUnits, 1);
-        glVertex3f(h + headLength, 0, stripHalf);
-        // The alpha starts at -1, unlike that of the opposite corner, so that the head appears askew.
-        glColor4f(1, 1, 1, 1 - 2 * edgeFade);
-        glTexCoord2f(walked, 1);
-        glVertex3f(h, 0, stripHalf);
-    }
-    glEnd();
+    stripHead.Begin();
+    stripHead.SetColour(1, 1, 1, alpha);
+    stripHead.AddCorner(walked, 0, h, 0, -stripHalf);
+    stripHead.SetColour(1, 1, 1, 0);
+    stripHead.AddCorner(walked + headUnits, 0, h + headLength, 0, -stripHalf);
+    stripHead.AddCorner(walked + headUnits, 1, h + headLength, 0, stripHalf);
+    // The alpha starts at -1, unlike that of the opposite corner, so that the head appears askew.
+    stripHead.SetColour(1, 1, 1, 1 - 2 * edgeFade);
+    stripHead.AddCorner(walked, 1, h, 0, stripHalf);
+    stripHead.Draw();
     glDisable(GL_BLEND);
     UnbindTexture();
 }

@@ -20,6 +20,7 @@
 
 #include "kernel/Effect.h"
 #include "kernel/EffectRecord.h"
+#include "math/QuadBatch.h"
 
 class GlowTree;
 class Texture;
@@ -60,10 +61,11 @@ private:
     void RenderPillars() const;
     void RenderPlaza() const;
     void RenderShadows() const;
-    void RenderStrip() const;
+    void RenderStrip();
     void RenderTree() const;
     void RenderRings() const;
 
+    QuadBatch stripHead; // of one frame
     Texture* houseTexture;
     Texture* lightTextures[2]; // a window, lit and unlit
     Texture* stripTexture;

@@ -74,9 +74,9 @@ const EffectFiles FX_RopeThing::files = {
 
 FX_RopeThing::FX_RopeThing()
     : mode(Nothing), ropes{}, position{0, 0, 0}, fade(0), progress(0), travel(firstTravel),
-      sparkTexture(nullptr), skinTexture(nullptr), eyeTexture(nullptr), shader(nullptr),
-      samplerParam(nullptr), timeParam(nullptr), colorParam(nullptr), fishList(0), eyesList(0), msgShock(0),
-      msgIntro(0), msgFront(0)
+      sparks(QuadBatch::Colours), sparkTexture(nullptr), skinTexture(nullptr), eyeTexture(nullptr),
+      shader(nullptr), samplerParam(nullptr), timeParam(nullptr), colorParam(nullptr), fishList(0),
+      eyesList(0), msgShock(0), msgIntro(0), msgFront(0)
 {
 }
 
@@ -259,25 +259,29 @@ void FX_RopeThing::DrawFish() const
         BindTexture(skinTexture);
         glColor3f(fade, fade, fade);
         colorParam->Set(&fade, 1);
-        glCallList(fishList);
+        CallGeometryList(fishList);
         BindTexture(eyeTexture);
-        glCallList(eyesList);
+        CallGeometryList(eyesList);
         UnbindProgram();
     }
     glPopMatrix();
 }
 
-void FX_RopeThing::DrawRope(float brightness) const
+void FX_RopeThing::DrawRope(float brightness)
 {
     glEnable(GL_DEPTH_TEST);
     glDepthMask(GL_FALSE);
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);
     BindTexture(sparkTexture);
+    Vec3 right, up;
+    GetBillboardAxes(right, up);
+    sparks.Begin();
     for (int i = 0; i < ropeLinks; i++) {
         const float f = 1 - i / float(ropeLinks);
-        glColor3f(f * brightness, f * brightness, f * brightness);
-        DrawBillboard(ropes[0][i], sparkSize * f);
+        sparks.SetColour(f * brightness, f * brightness, f * brightness);
+        sparks.AddBillboard(ropes[0][i], right, up, sparkSize * f);
     }
+    sparks.Draw();
     glDepthMask(GL_TRUE);
 }

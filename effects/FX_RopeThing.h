@@ -13,6 +13,7 @@
 
 #include "kernel/Effect.h"
 #include "kernel/EffectRecord.h"
+#include "math/QuadBatch.h"
 #include "math/Vec3.h"
 #include "resources/Model.h"
 
@@ -52,8 +53,9 @@ private:
     void PlaceIntro();
     void PlaceShock();
     void DrawFish() const;
-    void DrawRope(float brightness) const;
+    void DrawRope(float brightness);
 
+    QuadBatch sparks; // those of one frame
     Texture* sparkTexture;
     Model fishModel;
     Model eyesModel;

@@ -83,10 +83,10 @@ static const char* const lightNames[] = {"partikel_2.jpg"};
 const EffectFiles FX_Scroller_Intro::files = {.textures = textureNames, .lights = lightNames};
 
 FX_Scroller_Intro::FX_Scroller_Intro()
-    : particles{}, flashCount(flashCountStart), fade(0), skyTextures{}, particleTexture(nullptr),
-      blackChickTexture(nullptr), moonwaltzLogoTexture(nullptr), tesselLogoTexture(nullptr),
-      waldsterbenTexture(nullptr), waldsterben2Texture(nullptr), fadingOut(false), logoFadingIn(false),
-      lightFlashId(0), fadeoutId(0), fadeinLogoId(0)
+    : particles{}, flashCount(flashCountStart), fade(0), sparks(QuadBatch::Colours), skyTextures{},
+      particleTexture(nullptr), blackChickTexture(nullptr), moonwaltzLogoTexture(nullptr),
+      tesselLogoTexture(nullptr), waldsterbenTexture(nullptr), waldsterben2Texture(nullptr), fadingOut(false),
+      logoFadingIn(false), lightFlashId(0), fadeoutId(0), fadeinLogoId(0)
 {
 }
 
@@ -276,21 +276,21 @@ void FX_Scroller_Intro::RenderSparks()
         glEnable(GL_BLEND);
         glColor3f(1, 1, 1);
         BindTexture(particleTexture);
+        sparks.Begin();
         for (const ScrollerParticle& particle : particles) {
-            const float place = TileOf(particle.pathIndex % scrollerPathCount) + particle.x;
-            const float onScreen = place + panoramaScroll;
-            if (!(particle.life > 0) || onScreen < 0 || onScreen > 1)
+            if (!(particle.life > 0))
                 continue;
-            glPushMatrix();
-            {
-                const float b = particle.life * particle.life * particle.life;
-                glColor3f(b, b, b);
-                const float s = particle.life * particle.life / sparkSizeDivisor;
-                glTranslatef(place, particle.y, 0);
-                DrawCentredRectangle(s + sparkMargin, s + sparkMargin);
-            }
-            glPopMatrix();
+            const float x = TileOf(particle.pathIndex % scrollerPathCount) + particle.x;
+            const float onScreen = x + panoramaScroll;
+            if (onScreen < 0 || onScreen > 1)
+                continue;
+            const float b = particle.life * particle.life * particle.life;
+            const float side = particle.life * particle.life / sparkSizeDivisor + sparkMargin;
+            const float half = side / 2;
+            sparks.SetColour(b, b, b);
+            sparks.AddRectangle(x - half, particle.y - half, x + half, particle.y + half);
         }
+        sparks.Draw();
         glDisable(GL_BLEND);
     }
     glPopMatrix();

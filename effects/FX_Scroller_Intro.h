@@ -20,6 +20,7 @@
 #include "effects/ScrollerPaths.h"
 #include "kernel/Effect.h"
 #include "kernel/EffectRecord.h"
+#include "math/QuadBatch.h"
 
 #include <vector>
 
@@ -64,6 +65,7 @@ private:
     void RenderLayers();
     void RenderClosingLogo();
 
+    QuadBatch sparks; // those of one frame
     Texture* skyTextures[4];
     Texture* particleTexture;
     Texture* blackChickTexture;

@@ -91,11 +91,19 @@ static const QuadCorner skyRightSide[4] = {
 };
 
 static const int discCount = 7;
-static const float discGrowth = 1.2f; // from each to the next, and it stays for the rotors
-static const float discHalf = 50.0f;
+static const float discGrowth = 1.2f; // from each to the next; the rotors come behind the last
 static const float discGrey = 0.4f;   // at full fade
 
-static const float rotorsScale = 1.5f;
+// s, t     x   y    z
+static const QuadCorner disc[4] = {
+    {0, 0,  -50, 0,  50},
+    {0, 1,   50, 0,  50},
+    {1, 1,   50, 0, -50},
+    {1, 0,  -50, 0, -50},
+};
+
+static const float rotorsScale = 1.5f; // of their places, on top of that of the last disc
+static const float rotorScale = 10.0f; // of a rotor in its place
 static const Rotor rotors[5] = {
     //  x       y      z   phase
     { 8.0f,  80.0f,  6.0f, 0.0f},
@@ -109,15 +117,23 @@ static const Rotor rotors[5] = {
 // on the other side of the plane, which shows as a kink in the light.
 struct RotorBlade {
     float turnSpeed; // degrees per second
-    float half;      // of a side
-    float y;         // of the first three corners; the fourth has -y
+    QuadCorner corners[4];
 };
 static const RotorBlade rotorBlades[3] = {
-    { 30.0f, 10.0f,  0.0f},
-    { 40.0f, 15.0f, -1.0f},
-    {-60.0f, 19.0f, -2.0f},
+    // turn     s, t     x   y    z
+    { 30.0f, {{0, 0,  -10,  0,  10},
+              {0, 1,   10,  0,  10},
+              {1, 1,   10,  0, -10},
+              {1, 0,  -10,  0, -10}}},
+    { 40.0f, {{0, 0,  -15, -1,  15},
+              {0, 1,   15, -1,  15},
+              {1, 1,   15, -1, -15},
+              {1, 0,  -15,  1, -15}}},
+    {-60.0f, {{0, 0,  -19, -2,  19},
+              {0, 1,   19, -2,  19},
+              {1, 1,   19, -2, -19},
+              {1, 0,  -19,  2, -19}}},
 };
-static const float rotorScale = 10.0f;
 
 static const BeamGroup beamGroups[3] = {
     // height first  second phase
@@ -126,8 +142,18 @@ static const BeamGroup beamGroups[3] = {
     {50.0f,   1.3f,  1.6f},
 };
 static const float beamGroupRise = 5.0f; // from a group's first beam to its second
-static const float beamHalfWidth = 3.0f;
-static const float beamHalfLength = 260.0f;
+static const QuadCorner beam[4] = {
+    {0, 0,  -3, 0, -260},
+    {0, 1,   3, 0, -260},
+    {1, 1,   3, 0,  260},
+    {1, 0,  -3, 0,  260},
+};
+static const QuadCorner crossBeam[4] = { // turned by 90 degrees about y
+    {0, 0,  -260, 0,  3},
+    {0, 1,  -260, 0, -3},
+    {1, 1,   260, 0, -3},
+    {1, 0,   260, 0,  3},
+};
 static const float beamThreshold = 0.7f; // of its flicker
 static const float minBeamFlash = 0.1f;
 // clang-format on
@@ -215,27 +241,22 @@ void FX_Towers::Render()
         DrawSkyLayer(layer.scale, layer.turn);
     glDisable(GL_BLEND);
 
-    glCallList(towerList); // drawn in the grey that the sky has left, so that they fade in with it
+    CallGeometryList(towerList); // drawn in the grey that the sky has left, so that they fade in with it
 
     glDisable(GL_TEXTURE_2D);
     BindTexture(spiroTexture);
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);
+    glDepthMask(GL_FALSE);
     glPushMatrix();
     {
-        glColor3f(discGrey * fade, discGrey * fade, discGrey * fade);
-        glDepthMask(GL_FALSE);
-        glPushMatrix();
-        {
-            RenderDiscs();
-            RenderRotors();
-        }
-        glPopMatrix();
-        RenderBeams();
-        glEnable(GL_TEXTURE_2D);
-        glDepthMask(GL_TRUE);
+        RenderDiscs();
+        RenderRotors();
     }
     glPopMatrix();
+    RenderBeams();
+    glEnable(GL_TEXTURE_2D);
+    glDepthMask(GL_TRUE);
     glDisable(GL_BLEND);
     // One pop too many: GL refuses it with a stack underflow, and nothing changes.
     glPopMatrix();
@@ -285,24 +306,19 @@ void FX_Towers::DrawSkyLayer(float scale, int turn) const
 // too.
 void FX_Towers::RenderDiscs() const
 {
+    const float grey = discGrey * fade;
+    glColor3f(grey, grey, grey);
     for (int i = 0; i < discCount; i++) {
+        QuadCorner corners[4];
+        for (int k = 0; k < 4; k++) {
+            corners[k] = disc[k];
+            corners[k].y = i / 8.0f;
+        }
         glScalef(discGrowth, 1, discGrowth);
         glPushMatrix();
         {
             glRotatef(-localTime * (4 * i + 10) * 4, 0, 1, 0);
-            const float y = i / 8.0f;
-            glBegin(GL_QUADS);
-            {
-                glTexCoord2f(0, 0);
-                glVertex3f(-discHalf, y, discHalf);
-                glTexCoord2f(0, 1);
-                glVertex3f(discHalf, y, discHalf);
-                glTexCoord2f(1, 1);
-                glVertex3f(discHalf, y, -discHalf);
-                glTexCoord2f(1, 0);
-                glVertex3f(-discHalf, y, -discHalf);
-            }
-            glEnd();
+            DrawQuad(corners);
         }
         glPopMatrix();
     }
@@ -311,75 +327,47 @@ void FX_Towers::RenderDiscs() const
 void FX_Towers::RenderRotors() const
 {
     glScalef(rotorsScale, 1, rotorsScale);
-    for (const Rotor& rotor : rotors)
-        DrawRotor(rotor.x, rotor.y, rotor.z, rotor.phase);
-}
-
-void FX_Towers::DrawRotor(float x, float y, float z, float phase) const
-{
-    glPushMatrix();
-    {
-        glTranslatef(x, y, z);
-        glScalef(rotorScale, 1, rotorScale);
-        const float c = 0.3f * SinF(2 * localTime + phase) + 0.7f;
-        glColor3f(c * fade, c * fade, c * fade);
-        for (const RotorBlade& blade : rotorBlades) {
-            glRotatef(blade.turnSpeed * localTime, 0, 1, 0);
-            const float half = blade.half;
-            glBegin(GL_QUADS);
-            {
-                glTexCoord2f(0, 0);
-                glVertex3f(-half, blade.y, half);
-                glTexCoord2f(0, 1);
-                glVertex3f(half, blade.y, half);
-                glTexCoord2f(1, 1);
-                glVertex3f(half, blade.y, -half);
-                glTexCoord2f(1, 0);
-                glVertex3f(-half, -blade.y, -half);
-            }
-            glEnd();
-        }
-    }
-    glPopMatrix();
-}
-
-void FX_Towers::RenderBeams() const
-{
-    glDepthMask(GL_FALSE);
-    glDisable(GL_TEXTURE_2D);
-    for (const BeamGroup& group : beamGroups) {
+    for (const Rotor& rotor : rotors) {
         glPushMatrix();
         {
-            DrawBeam(group.height, group.firstPhase);
-            glTranslatef(0, beamGroupRise, 0);
-            glRotatef(90, 0, 1, 0);
-            DrawBeam(group.height, group.secondPhase);
+            glTranslatef(rotor.x, rotor.y, rotor.z);
+            glScalef(rotorScale, 1, rotorScale);
+            const float c = 0.3f * SinF(2 * localTime + rotor.phase) + 0.7f;
+            glColor3f(c * fade, c * fade, c * fade);
+            for (const RotorBlade& blade : rotorBlades) {
+                glRotatef(blade.turnSpeed * localTime, 0, 1, 0);
+                DrawQuad(blade.corners);
+            }
         }
         glPopMatrix();
     }
 }
 
-// A beam flickers at its own moments while the flash decays. Drawing one leaves blending disabled.
-void FX_Towers::DrawBeam(float height, float phase) const
+// The beams are drawn if any of them shines, and then leave blending disabled.
+void FX_Towers::RenderBeams()
 {
-    const float v = std::fabs(SinF(flash * towersPi * 3 + phase));
-    if (v < beamThreshold || flash < minBeamFlash)
+    glDisable(GL_TEXTURE_2D);
+    beams.Begin();
+    for (const BeamGroup& group : beamGroups) {
+        AddBeam(beam, group.height, group.firstPhase);
+        AddBeam(crossBeam, group.height + beamGroupRise, group.secondPhase);
+    }
+    if (beams.IsEmpty())
         return;
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     BindTexture(beamTexture);
     glColor4f(1, 1, 1, 1 - 0.3f * SinF(flash * towersPi));
-    glBegin(GL_QUADS);
-    {
-        glTexCoord2f(0, 0);
-        glVertex3f(-beamHalfWidth, height, -beamHalfLength);
-        glTexCoord2f(0, 1);
-        glVertex3f(beamHalfWidth, height, -beamHalfLength);
-        glTexCoord2f(1, 1);
-        glVertex3f(beamHalfWidth, height, beamHalfLength);
-        glTexCoord2f(1, 0);
-        glVertex3f(-beamHalfWidth, height, beamHalfLength);
-    }
-    glEnd();
+    beams.Draw();
     glDisable(GL_BLEND);
+}
+
+// A beam flickers at its own moments while the flash decays.
+void FX_Towers::AddBeam(const QuadCorner corners[4], float height, float phase)
+{
+    const float v = std::fabs(SinF(flash * towersPi * 3 + phase));
+    if (v < beamThreshold || flash < minBeamFlash)
+        return;
+    for (int i = 0; i < 4; i++)
+        beams.AddCorner(corners[i].s, corners[i].t, corners[i].x, height, corners[i].z);
 }

@@ -12,6 +12,7 @@
 
 #include "kernel/Effect.h"
 #include "kernel/EffectRecord.h"
+#include "math/QuadBatch.h"
 
 class Texture;
 
@@ -39,10 +40,10 @@ private:
     void DrawSkyLayer(float scale, int turn) const;
     void RenderDiscs() const;
     void RenderRotors() const;
-    void DrawRotor(float x, float y, float z, float phase) const;
-    void RenderBeams() const;
-    void DrawBeam(float height, float phase) const;
+    void RenderBeams();
+    void AddBeam(const QuadCorner corners[4], float height, float phase);
 
+    QuadBatch beams; // those of one frame
     Texture* towerTexture;
     Texture* spiroTexture;
     unsigned towerList; // GL display list

@@ -3,6 +3,7 @@
 
 #include "kernel/FrameTimer.h"
 #include "math/Matrix16.h"
+#include "math/Primitives.h"
 #include "math/Random.h"
 #include "math/Scalar.h"
 
@@ -32,7 +33,7 @@ static const float glowSize = 4.0f; // of a sprite, half a side per unit of glow
 static const float flashSize = 12.0f;
 static const float minFlash = 0.1f; // below it no flying sprite is drawn
 
-GlowTree::GlowTree(unsigned seed, int length, int branches)
+GlowTree::GlowTree(unsigned seed, int length, int branches) : glows(QuadBatch::Colours)
 {
     SeedRandom(seed);
     const Vec3 root = {0, 0, 0};
@@ -132,61 +133,50 @@ void GlowTree::Flash()
     }
 }
 
-static void SendSprite(const Vec3 centre, const Vec3 right, const Vec3 up, float size)
-{
-    Vec3 r, u;
-    Vec3Scale(r, right, size);
-    Vec3Scale(u, up, size);
-    glTexCoord2f(0, 1);
-    glVertex3f(centre[0] - r[0] - u[0], centre[1] - r[1] - u[1], centre[2] - r[2] - u[2]);
-    glTexCoord2f(1, 1);
-    glVertex3f(centre[0] + r[0] - u[0], centre[1] + r[1] - u[1], centre[2] + r[2] - u[2]);
-    glTexCoord2f(1, 0);
-    glVertex3f(centre[0] + r[0] + u[0], centre[1] + r[1] + u[1], centre[2] + r[2] + u[2]);
-    glTexCoord2f(0, 0);
-    glVertex3f(centre[0] - r[0] + u[0], centre[1] - r[1] + u[1], centre[2] - r[2] + u[2]);
-}
-
-void GlowTree::Draw() const
+void GlowTree::Draw()
 {
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE);
     glEnable(GL_DEPTH_TEST);
     glDepthMask(GL_FALSE);
 
-    // The axes of the billboards. They contain the scale of the modelview matrix.
-    Matrix16 m;
-    glGetFloatv(GL_MODELVIEW_MATRIX, m);
-    const Vec3 right = {m[0], m[4], m[8]};
-    const Vec3 up = {m[1], m[5], m[9]};
-
-    glBegin(GL_QUADS);
-    {
-        for (const GlowNode* node : nodes) {
-            if (!(node->glow > 0))
-                continue;
-            glColor3f(node->glow, node->glow, node->glow);
-            SendSprite(node->position, right, up, node->glow * glowSize);
-        }
-    }
-    glEnd();
-
-    // A flash throws the node far out of the tree; as it decays, the node spins back in.
+    // The axes of the billboards contain the scale of the modelview matrix.
+    Vec3 right, up;
+    GetBillboardAxes(right, up);
+    CollectGlows(right, up);
+    glows.Draw();
+    CollectFlashes(right, up);
     glColor3f(1, 1, 1);
-    glBegin(GL_QUADS);
-    {
-        for (const GlowNode* node : nodes) {
-            const float flash = node->flash;
-            if (!(flash > minFlash))
-                continue;
-            Vec3 q = {(3 * flash + 2) * node->position[0], (1 + flash) * node->position[1],
-                      (3 * flash + 2) * node->position[2]};
-            Matrix16 turn;
-            MatrixFromEuler(turn, flash * 360 + FrameTimer::GetTime() * 20, 0, 0, 0, 0, 0);
-            Vec3Transform(q, q, turn);
-            SendSprite(q, right, up, flash * flashSize);
-        }
-    }
-    glEnd();
+    flashes.Draw();
     glDepthMask(GL_TRUE);
+}
+
+void GlowTree::CollectGlows(const Vec3 right, const Vec3 up)
+{
+    if (!glows.Begin())
+        return;
+    for (const GlowNode* node : nodes) {
+        if (!(node->glow > 0))
+            continue;
+        glows.SetColour(node->glow, node->glow, node->glow);
+        glows.AddBillboard(node->position, right, up, node->glow * glowSize);
+    }
+}
+
+// A flash throws the node far out of the tree; as it decays, the node spins back in.
+void GlowTree::CollectFlashes(const Vec3 right, const Vec3 up)
+{
+    if (!flashes.Begin())
+        return;
+    for (const GlowNode* node : nodes) {
+        const float flash = node->flash;
+        if (!(flash > minFlash))
+            continue;
+        Vec3 q = {(3 * flash + 2) * node->position[0], (1 + flash) * node->position[1],
+                  (3 * flash + 2) * node->position[2]};
+        Matrix16 turn;
+        MatrixFromEuler(turn, flash * 360 + FrameTimer::GetTime() * 20, 0, 0, 0, 0, 0);
+        Vec3Transform(q, q, turn);
+        flashes.AddBillboard(q, right, up, flash * flashSize);
+    }
 }

@@ -6,7 +6,7 @@
 // shape and the order of calls are part of the picture.
 #pragma once
 
-#include "math/Vec3.h"
+#include "math/QuadBatch.h"
 
 #include <vector>
 
@@ -30,7 +30,7 @@ public:
 
     // Draws the sprites with the texture and under the transform of the caller. Leaves depth test, depth
     // writes and blending enabled, additive.
-    void Draw() const;
+    void Draw();
 
     // The two kinds of ignition: 100 stretches of nine nodes glow; 50 stretches glow and fly. They need more
     // than ten nodes, and do nothing with fewer.
@@ -43,4 +43,9 @@ private:
     void Grow(const Vec3 position, const Vec3 direction, int length, int branches);
     void AddNode(const Vec3 last, const Vec3 current, float p, bool tip);
     unsigned ChooseStretch() const;
+    void CollectGlows(const Vec3 right, const Vec3 up);
+    void CollectFlashes(const Vec3 right, const Vec3 up);
+
+    QuadBatch glows; // of one frame, both
+    QuadBatch flashes;
 };

@@ -4,6 +4,7 @@
 #include "display/GLWindow.h"
 #include "kernel/FrameTimer.h"
 #include "kernel/SynchMessageTable.h"
+#include "math/Primitives.h"
 
 #include <GL/glew.h>
 
@@ -43,13 +44,6 @@ void ScreenFlash::Draw(unsigned sourceFactor, unsigned destinationFactor)
 {
     glEnable(GL_BLEND);
     glBlendFunc(sourceFactor, destinationFactor);
-    glBegin(GL_QUADS);
-    {
-        glVertex3f(-halfSize, halfSize, 0);
-        glVertex3f(halfSize, halfSize, 0);
-        glVertex3f(halfSize, -halfSize, 0);
-        glVertex3f(-halfSize, -halfSize, 0);
-    }
-    glEnd();
+    DrawCentredRectangle(2 * halfSize, 2 * halfSize);
     glDisable(GL_BLEND);
 }

@@ -2,10 +2,13 @@
 #include "effects/TownGeometry.h"
 
 #include "math/Matrix16.h"
+#include "math/QuadBatch.h"
 #include "math/Vec3.h"
 #include "resources/Texture.h"
 
 #include <GL/glew.h>
+
+#include <vector>
 
 static const float shadowHeight = 0.1f;
 
@@ -38,7 +41,8 @@ struct House {
 };
 
 // clang-format off
-static const House houses[9] = {
+static const int houseCount = 9;
+static const House houses[houseCount] = {
     //   x      z                            back   height  bottom  top      A      B      C
     {  0.0f, -4.0f, Nothing,   0.0f,  false,  5.0f,  1.0f, 2.0f,    2.5f,  15.0f,  0.0f},
     {  8.0f, -3.0f, Scaled,    2.0f,  false,  3.0f,  1.0f, 1.66f,   2.5f,  15.0f, -3.0f},
@@ -55,21 +59,20 @@ struct LightPatch {
     int house;         // from 1, as in the table above
     float start, length, aspect, shiftX;
     bool backFace;
-    bool samePush;     // stays within the matrix push of the patch before
 };
 
 static const LightPatch lightPatches[10] = {
-    // house start  length aspect  shiftX  back   same push
-    {1,      3.5f,  1.0f,  0.5f,   0.25f,  false, false},
-    {1,      1.75f, 1.0f,  0.5f,  -0.5f,   false, true },
-    {2,      1.0f,  0.5f,  0.5f,   0.0f,   false, false},
-    {3,      1.5f,  1.0f,  0.8f,   0.0f,   false, false},
-    {4,      2.0f,  1.0f,  0.8f,   0.0f,   true,  false},
-    {5,      1.0f,  1.0f,  0.25f,  0.25f,  true,  false},
-    {6,      1.0f,  1.0f,  0.25f,  0.25f,  true,  false},
-    {7,      1.0f,  1.0f,  0.25f,  0.25f,  true,  false},
-    {8,      1.0f,  1.0f,  0.25f,  0.5f,   false, false},
-    {8,      1.0f,  1.0f,  0.25f, -0.5f,   false, false},
+    // house start  length aspect  shiftX  back
+    {1,      3.5f,  1.0f,  0.5f,   0.25f,  false},
+    {1,      1.75f, 1.0f,  0.5f,  -0.5f,   false},
+    {2,      1.0f,  0.5f,  0.5f,   0.0f,   false},
+    {3,      1.5f,  1.0f,  0.8f,   0.0f,   false},
+    {4,      2.0f,  1.0f,  0.8f,   0.0f,   true },
+    {5,      1.0f,  1.0f,  0.25f,  0.25f,  true },
+    {6,      1.0f,  1.0f,  0.25f,  0.25f,  true },
+    {7,      1.0f,  1.0f,  0.25f,  0.25f,  true },
+    {8,      1.0f,  1.0f,  0.25f,  0.5f,   false},
+    {8,      1.0f,  1.0f,  0.25f, -0.5f,   false},
 };
 
 struct Pillar {
@@ -77,7 +80,8 @@ struct Pillar {
     bool leanBends; // whether the bend takes from the lean as well as from the curl
 };
 
-static const Pillar pillars[6] = {
+static const int pillarCount = 6;
+static const Pillar pillars[pillarCount] = {
     {12.0f,  0.0f, false},
     { 8.0f,  2.0f, true },
     { 8.0f,  2.0f, false},
@@ -86,84 +90,151 @@ static const Pillar pillars[6] = {
     {12.0f,  4.6f, true },
 };
 
-// One face of a slab: its normal, the s of vertices 0 to 3, and the corners of the unit square (x, z) at which its
-// vertices stand. 0 and 1 are the lower row, 2 and 3 the upper.
+// The corners of a row of a twisted box: x and z in half widths.
+static const float rowCorners[4][2] = {{-1, 1}, {-1, -1}, {1, -1}, {1, 1}};
+
+// One face of a slab: its normal, and the s and the row's corner of each of its vertices. Vertices 0 and 1 belong to the
+// lower row, 2 and 3 to the upper.
 struct SlabFace {
     float normal[3];
     float s[4];
-    float corners[4][2];
+    int corners[4];
 };
 
 static const SlabFace slabFaces[4] = {
-    {{-1, 0,  0}, {1.0f,  0.75f, 0.75f, 1.0f }, {{-1,  1}, {-1, -1}, {-1, -1}, {-1,  1}}},
-    {{ 0, 0,  1}, {0.75f, 0.5f,  0.5f,  0.75f}, {{-1,  1}, { 1,  1}, { 1,  1}, {-1,  1}}},
-    {{ 1, 0,  0}, {0.5f,  0.25f, 0.25f, 0.5f }, {{ 1,  1}, { 1, -1}, { 1, -1}, { 1,  1}}},
-    {{ 0, 0, -1}, {0.25f, 0.0f,  0.0f,  0.25f}, {{-1, -1}, { 1, -1}, { 1, -1}, {-1, -1}}},
+    {{-1, 0,  0}, {1.0f,  0.75f, 0.75f, 1.0f }, {0, 1, 1, 0}},
+    {{ 0, 0,  1}, {0.75f, 0.5f,  0.5f,  0.75f}, {0, 3, 3, 0}},
+    {{ 1, 0,  0}, {0.5f,  0.25f, 0.25f, 0.5f }, {3, 2, 2, 3}},
+    {{ 0, 0, -1}, {0.25f, 0.0f,  0.0f,  0.25f}, {1, 2, 2, 1}},
 };
 
-//                                    s      t        x   z of the unit square
-static const float roof[4][4] = { {0.75f, 0.0f,     1,  1},
-                                  {1.0f,  0.0f,    -1,  1},
-                                  {1.0f,  0.25f,   -1, -1},
-                                  {0.75f, 0.25f,    1, -1} };
+struct RoofCorner {
+    float s, t;
+    int corner;
+};
+static const RoofCorner roof[4] = {{0.75f, 0.0f, 3}, {1.0f, 0.0f, 0}, {1.0f, 0.25f, 1}, {0.75f, 0.25f, 2}};
 // clang-format on
 
-static void SendVertex(float x, float y, float z, const Matrix16 rotation)
+// The shape of a twisted box: the arguments of DrawTwistedBox.
+struct Box {
+    float step, height, stretch, bottomHalfWidth, topHalfWidth, angleA, angleB, angleC;
+};
+
+// One row of a box, at the foot of a slab and at the top of the one below.
+struct BoxRow {
+    float texT;
+    float corners[4][3];
+    float normals[4][3]; // of the four faces
+};
+
+static float HalfWidthAt(const Box& box, float t)
 {
-    Vec3 v = {x, y, z};
-    Vec3Transform(v, v, rotation);
-    glVertex3fv(v);
+    return box.topHalfWidth * t + (1 - t) * box.bottomHalfWidth;
+}
+
+static void RotationAt(const Box& box, float t, Matrix16 rotation)
+{
+    MatrixFromEuler(rotation, box.angleA * t, box.angleB * t, box.angleC * t, 0, 0, 0);
+}
+
+static void MakeRow(const Box& box, float y, BoxRow* row)
+{
+    const float t = y / (box.height * box.stretch);
+    const float halfWidth = HalfWidthAt(box, t);
+    Matrix16 rotation;
+    RotationAt(box, t, rotation);
+    row->texT = (1 - t) * 0.5f + 0.25f;
+    for (int i = 0; i < 4; i++) {
+        const Vec3 corner = {rowCorners[i][0] * halfWidth, y, rowCorners[i][1] * halfWidth};
+        Vec3Transform(row->corners[i], corner, rotation);
+        Vec3Transform(row->normals[i], slabFaces[i].normal, rotation);
+    }
+}
+
+static void AddRowCorner(QuadBatch* batch, float s, float t, const float corner[3])
+{
+    batch->AddCorner(s, t, corner[0], corner[1], corner[2]);
+}
+
+static void AddTwistedBox(QuadBatch* batch, const Box& box)
+{
+    if (!(box.step > 0))
+        return;
+    const float length = box.height * box.stretch;
+    BoxRow rows[2]; // the lower and the upper one of a slab
+    MakeRow(box, 0, &rows[1]);
+    for (float y = 0; y < length; y += box.step) {
+        rows[0] = rows[1];
+        MakeRow(box, y + box.step, &rows[1]);
+        for (int face = 0; face < 4; face++)
+            for (int i = 0; i < 4; i++) {
+                const BoxRow& row = rows[i / 2];
+                // The normals cross the rows, which gives each slab a slight sheen.
+                batch->SetNormal(rows[i % 2].normals[face]);
+                AddRowCorner(batch, slabFaces[face].s[i], row.texT, row.corners[slabFaces[face].corners[i]]);
+            }
+        if (y + box.step >= length) // the roof keeps the last normal
+            for (const RoofCorner& corner : roof)
+                AddRowCorner(batch, corner.s, corner.t, rows[1].corners[corner.corner]);
+    }
 }
 
 void DrawTwistedBox(float step, float height, float stretch, float bottomHalfWidth, float topHalfWidth,
                     float angleA, float angleB, float angleC)
 {
-    if (!(step > 0))
+    QuadBatch batch(QuadBatch::Normals);
+    AddTwistedBox(&batch, {step, height, stretch, bottomHalfWidth, topHalfWidth, angleA, angleB, angleC});
+    batch.Draw();
+}
+
+// Adds the slabs of a window on a box.
+static void AddLightPatch(QuadBatch* batch, const Box& box, const LightPatch& patch)
+{
+    if (!(box.step > 0))
         return;
-    const float length = height * stretch;
-    glPushMatrix();
-    {
-        for (float y = 0; y < length; y += step) {
-            const float t[2] = {y / length, (y + step) / length};
-            const float level[2] = {y, y + step};
-            float halfWidth[2], texT[2];
-            Matrix16 rotation[2];
-            for (int row = 0; row < 2; row++) {
-                MatrixFromEuler(rotation[row], angleA * t[row], angleB * t[row], angleC * t[row], 0, 0, 0);
-                halfWidth[row] = topHalfWidth * t[row] + (1 - t[row]) * bottomHalfWidth;
-                texT[row] = (1 - t[row]) * 0.5f + 0.25f;
-            }
-
-            glBegin(GL_QUADS);
-            {
-                for (const SlabFace& face : slabFaces) {
-                    Vec3 normals[2];
-                    for (int row = 0; row < 2; row++)
-                        Vec3Transform(normals[row], face.normal, rotation[row]);
-                    for (int i = 0; i < 4; i++) {
-                        const int row = i / 2;
-                        const float w = halfWidth[row];
-                        glNormal3fv(normals[i % 2]); // crosses the rows: a slight sheen across each slab
-                        glTexCoord2f(face.s[i], texT[row]);
-                        SendVertex(face.corners[i][0] * w, level[row], face.corners[i][1] * w, rotation[row]);
-                    }
-                }
-            }
-            glEnd();
-
-            if (y + step >= length) {
-                glBegin(GL_QUADS);
-                {
-                    for (const float* corner : roof) {
-                        glTexCoord2f(corner[0], corner[1]);
-                        SendVertex(corner[2] * halfWidth[1], level[1], corner[3] * halfWidth[1], rotation[1]);
-                    }
-                }
-                glEnd();
-            }
+    for (float y = patch.start; y < patch.start + patch.length; y += box.step) {
+        const float level[2] = {y, y + box.step};
+        float halfWidth[2], depth[2], texT[2];
+        Matrix16 rotation[2];
+        Vec3 normals[2];
+        for (int row = 0; row < 2; row++) {
+            const float t = level[row] / (box.height * box.stretch);
+            RotationAt(box, t, rotation[row]);
+            const float w = HalfWidthAt(box, t) + patchInFront;
+            halfWidth[row] = w * patch.aspect;
+            depth[row] = patch.backFace ? -(w + patchLift) : w + patchLift;
+            texT[row] = 1 - (level[row] - patch.start) / patch.length;
+            // This is the normal of the -x wall, although the patch hangs on a z wall.
+            const Vec3 wallNormal = {-1, 0, 0};
+            Vec3Transform(normals[row], wallNormal, rotation[row]);
+        }
+        for (int i = 0; i < 4; i++) {
+            const int row = i / 2;
+            const bool right = i == 1 || i == 2;
+            Vec3 v = {right ? halfWidth[row] : -halfWidth[row], level[row], depth[row]};
+            Vec3Transform(v, v, rotation[row]);
+            v[0] += patch.shiftX;
+            batch->SetNormal(normals[i % 2]);
+            AddRowCorner(batch, right ? 0.0f : 1.0f, texT[row], v);
         }
     }
-    glPopMatrix();
+}
+
+static void BeginPatches(bool lit, Texture* const* textures)
+{
+    if (lit)
+        glDisable(GL_LIGHTING);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    BindTexture(textures[lit ? 0 : 1]);
+    glColor4f(1, 1, 1, 1);
+}
+
+static void EndPatches(bool lit)
+{
+    glDisable(GL_BLEND);
+    if (lit)
+        glEnable(GL_LIGHTING);
 }
 
 void DrawLightPatch(float step, float height, float stretch, float bottomHalfWidth, float topHalfWidth,
@@ -172,49 +243,18 @@ void DrawLightPatch(float step, float height, float stretch, float bottomHalfWid
 {
     if (!(step > 0))
         return;
-    const float boxLength = height * stretch;
-    glPushMatrix();
-    {
-        if (lit)
-            glDisable(GL_LIGHTING);
-        glEnable(GL_BLEND);
-        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        BindTexture(textures[lit ? 0 : 1]);
-        glColor4f(1, 1, 1, 1);
-        for (float y = start; y < start + length; y += step) {
-            const float level[2] = {y, y + step};
-            float halfWidth[2], depth[2], texT[2];
-            Matrix16 rotation[2];
-            Vec3 normals[2];
-            for (int row = 0; row < 2; row++) {
-                const float t = level[row] / boxLength;
-                MatrixFromEuler(rotation[row], angleA * t, angleB * t, angleC * t, 0, 0, 0);
-                const float w = topHalfWidth * t + (1 - t) * bottomHalfWidth + patchInFront;
-                halfWidth[row] = w * aspect;
-                depth[row] = backFace ? -(w + patchLift) : w + patchLift;
-                texT[row] = 1 - (level[row] - start) / length;
-                const Vec3 wallNormal = {-1, 0, 0}; // that of the -x wall, though the patch hangs on a z wall
-                Vec3Transform(normals[row], wallNormal, rotation[row]);
-            }
-            glBegin(GL_QUADS);
-            {
-                for (int i = 0; i < 4; i++) {
-                    const int row = i / 2;
-                    const bool right = i == 1 || i == 2;
-                    Vec3 v = {right ? halfWidth[row] : -halfWidth[row], level[row], depth[row]};
-                    Vec3Transform(v, v, rotation[row]);
-                    glNormal3fv(normals[i % 2]);
-                    glTexCoord2f(right ? 0.0f : 1.0f, texT[row]);
-                    glVertex3f(v[0] + shiftX, v[1], v[2]);
-                }
-            }
-            glEnd();
-        }
-    }
-    glPopMatrix();
-    glDisable(GL_BLEND);
-    if (lit)
-        glEnable(GL_LIGHTING);
+    QuadBatch batch(QuadBatch::Normals);
+    AddLightPatch(&batch, {step, height, stretch, bottomHalfWidth, topHalfWidth, angleA, angleB, angleC},
+                  {0, start, length, aspect, shiftX, backFace});
+    BeginPatches(lit, textures);
+    batch.Draw();
+    EndPatches(lit);
+}
+
+static Box BoxOf(const House& house)
+{
+    return {houseStep,          house.height, boxStretch,   house.bottomHalfWidth,
+            house.topHalfWidth, house.angleA, house.angleB, house.angleC};
 }
 
 static void PlaceHouse(const House& house)
@@ -226,23 +266,27 @@ static void PlaceHouse(const House& house)
         glRotatef(house.amount, 0, 1, 0);
 }
 
+// The houses keep their matrices, so that their corners go through the same arithmetic as the ground's; the
+// corners themselves never change and are worked out once.
 void DrawHouses(const float* light)
 {
-    float mirrored[4] = {0, 0, 0, 0};
-    if (light) {
-        mirrored[0] = -light[0];
-        mirrored[1] = light[1];
-        mirrored[2] = -light[2];
-        mirrored[3] = light[3];
-    }
-    for (const House& house : houses) {
+    static std::vector<QuadBatch> boxes;
+    if (boxes.empty())
+        for (const House& house : houses) {
+            boxes.emplace_back(QuadBatch::Normals);
+            AddTwistedBox(&boxes.back(), BoxOf(house));
+        }
+    for (int i = 0; i < houseCount; i++) {
+        const House& house = houses[i];
         glPushMatrix();
         {
             PlaceHouse(house);
-            if (light)
-                ApplyShadowMatrix(house.back ? mirrored : light, false);
-            DrawTwistedBox(houseStep, house.height, boxStretch, house.bottomHalfWidth, house.topHalfWidth,
-                           house.angleA, house.angleB, house.angleC);
+            if (light) {
+                const float side = house.back ? -1.0f : 1.0f; // the back row is in mirrored light
+                const float own[3] = {side * light[0], light[1], side * light[2]};
+                ApplyShadowMatrix(own, false);
+            }
+            boxes[size_t(i)].Draw();
         }
         glPopMatrix();
     }
@@ -250,39 +294,53 @@ void DrawHouses(const float* light)
 
 void DrawLightPatches(Texture* const* textures)
 {
-    const int count = sizeof lightPatches / sizeof lightPatches[0];
-    for (int i = 0; i < count; i++) {
-        const LightPatch& patch = lightPatches[i];
-        const House& house = houses[patch.house - 1];
-        if (!patch.samePush) {
-            glPushMatrix();
-            PlaceHouse(house);
-        }
-        DrawLightPatch(houseStep, house.height, boxStretch, house.bottomHalfWidth, house.topHalfWidth,
-                       house.angleA, house.angleB, house.angleC, true, patch.start, patch.length,
-                       patch.aspect, patch.shiftX, textures, patch.backFace);
-        if (i + 1 == count || !lightPatches[i + 1].samePush)
-            glPopMatrix();
+    static std::vector<QuadBatch> windows; // of each house
+    if (windows.empty()) {
+        windows.resize(houseCount, QuadBatch(QuadBatch::Normals));
+        for (const LightPatch& patch : lightPatches)
+            AddLightPatch(&windows[size_t(patch.house - 1)], BoxOf(houses[patch.house - 1]), patch);
     }
+    BeginPatches(true, textures);
+    for (int i = 0; i < houseCount; i++) {
+        if (windows[size_t(i)].IsEmpty())
+            continue;
+        glPushMatrix();
+        {
+            PlaceHouse(houses[i]);
+            windows[size_t(i)].Draw();
+        }
+        glPopMatrix();
+    }
+    EndPatches(true);
 }
 
 void DrawPillarRing(const float* light, float x, float y, float z, float bend)
 {
+    static std::vector<QuadBatch> boxes(pillarCount, QuadBatch(QuadBatch::Normals));
+    static float boxesBend;
+    if (boxes[0].IsEmpty() || bend != boxesBend) {
+        boxesBend = bend;
+        for (int i = 0; i < pillarCount; i++) {
+            const Pillar& pillar = pillars[i];
+            const float angleB = pillar.leanBends ? pillarLean - bend * bendAngle : pillarLean;
+            const float angleC = pillarCurl - bend * bendAngle;
+            if (!boxes[size_t(i)].Begin())
+                return;
+            AddTwistedBox(&boxes[size_t(i)], {pillarStep, pillar.height, boxStretch, pillarBottom, pillarTop,
+                                              pillar.angleA, angleB, angleC});
+        }
+    }
     glPushMatrix();
     {
         glTranslatef(x, y, z);
-        for (int i = 0; i < 6; i++) {
-            const Pillar& pillar = pillars[i];
+        for (int i = 0; i < pillarCount; i++) {
             glPushMatrix();
             {
                 glRotatef(pillarAngle * i + firstPillarAngle, 0, 1, 0);
                 glTranslatef(pillarRadius, 0, 0);
                 if (light)
                     ApplyShadowMatrix(light, true);
-                const float angleB = pillar.leanBends ? pillarLean - bend * bendAngle : pillarLean;
-                const float angleC = pillarCurl - bend * bendAngle;
-                DrawTwistedBox(pillarStep, pillar.height, boxStretch, pillarBottom, pillarTop, pillar.angleA,
-                               angleB, angleC);
+                boxes[size_t(i)].Draw();
             }
             glPopMatrix();
         }
@@ -298,7 +356,7 @@ void ApplyShadowMatrix(const float* light, bool pointLight)
     glTranslatef(0, shadowHeight, 0);
     // clang-format off
     if (pointLight) {
-        // x with a plus, z with a minus: the ring's shadows lean as they do because of it.
+        // The plus of x and the minus of z belong together: the shadows of the ring lean as they do by them.
         const Matrix16 flatten = { y, 0,  0,  0,
                                    x, 0, -z, -1,
                                    0, 0,  y,  0,

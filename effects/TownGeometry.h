@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What a town is made of: the twisted box, the houses, windows and pillars built with it, and the matrix that
-// flattens them to shadows. Free functions in immediate mode, without state, under the current modelview
-// matrix and with the texture, colour and light of the caller. Angles are degrees.
+// flattens them to shadows. The functions draw under the current modelview matrix, with the texture, colour
+// and light of the caller, and leave the matrix as it was. A twisted box goes to GL in one draw, and so do
+// the windows of a house. Angles are degrees.
 //
 // A twisted box is a four-sided shaft on the y axis that narrows or widens, twists and leans as it rises,
 // built of slabs of the height `step`. At the fraction t of its length, height * stretch, it is turned by the
@@ -14,7 +15,7 @@
 
 class Texture;
 
-// The matrix stack is left as it was. Without a step above 0 nothing is drawn.
+// Without a step above 0 nothing is drawn.
 void DrawTwistedBox(float step, float height, float stretch, float bottomHalfWidth, float topHalfWidth,
                     float angleA, float angleB, float angleC);
 

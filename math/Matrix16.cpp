@@ -66,6 +66,21 @@ void MatrixInverseRigid(Matrix16 out, const Matrix16 in)
     out[14] = -in[14];
 }
 
+void MatrixOfNormals(Matrix16 out, const Matrix16 m)
+{
+    // The columns of the inverse transpose are the cross products of the other two, over the determinant.
+    const Vec3 columns[3] = {{m[0], m[1], m[2]}, {m[4], m[5], m[6]}, {m[8], m[9], m[10]}};
+    Vec3 results[3];
+    for (int c = 0; c < 3; c++)
+        Vec3Cross(results[c], columns[(c + 1) % 3], columns[(c + 2) % 3]);
+    const float determinant = Vec3Dot(columns[0], results[0]);
+    MatrixIdentity(out);
+    if (determinant == 0)
+        return;
+    for (int c = 0; c < 3; c++)
+        Vec3Scale(out + 4 * c, results[c], 1 / determinant);
+}
+
 void MatrixTranslation(Matrix16 m, float x, float y, float z)
 {
     MatrixIdentity(m);

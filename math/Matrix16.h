@@ -27,6 +27,10 @@ float MatrixDeterminant(const Matrix16 m);
 // caller has set them.
 void MatrixInverseRigid(Matrix16 out, const Matrix16 in);
 
+// The matrix for the normals of points that go through m: the inverse transpose of its upper-left 3 by 3,
+// as GL takes it. The identity where m flattens and has no inverse.
+void MatrixOfNormals(Matrix16 out, const Matrix16 m);
+
 void MatrixTranslation(Matrix16 m, float x, float y, float z);
 void MatrixTranslationV(Matrix16 m, const Vec3 v);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Immediate-mode helpers. They need a current GL context and draw with the texture, colour, blending and
-// culling that the caller has set.
+// culling that the caller has set. While drawing is switched off (platform/Drawing.h) they send no vertices.
 #pragma once
 
 #include "math/Vec3.h"
@@ -21,6 +21,17 @@ void DrawRectangle(float left, float bottom, float right, float top, float lowes
 // The same round the origin.
 void DrawCentredRectangle(float width, float height);
 
+// Calls a display list that holds geometry. What else the list sets must not matter later, since it isn't
+// called while drawing is switched off.
+void CallGeometryList(unsigned list);
+
+// A face of the cube below.
+struct CubeFace {
+    Vec3 normal;
+    QuadCorner corners[4];
+};
+extern const CubeFace cubeFaces[6];
+
 // A cube with sides of length 1 round the origin, with normals, the whole texture on each face. The bottom
 // face runs clockwise as seen from outside: with back-face culling it is missing.
 void DrawUnitCube();
@@ -30,3 +41,6 @@ void DrawUnitCube();
 // modelview matrix as they are: where that scales, the quad is scaled twice.
 // Leaves the matrix as it was and the matrix mode at GL_MODELVIEW.
 void DrawBillboard(const Vec3 position, float size);
+
+// The axes of DrawBillboard's quad: the first two rows of the modelview matrix.
+void GetBillboardAxes(Vec3 right, Vec3 up);

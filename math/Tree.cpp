@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "math/Tree.h"
 
-#include "math/Primitives.h"
+#include "math/Matrix16.h"
 #include "math/Random.h"
 
 #include <GL/glew.h>
@@ -17,7 +17,8 @@ static int WholeSteps(float quotient)
 }
 
 Tree::Tree(int firstSeed)
-    : seed(firstSeed), root(nullptr), segmentCount(0), depth(0), nodesUsed(0), nodes(PoolSize)
+    : seed(firstSeed), root(nullptr), segmentCount(0), depth(0), nodesUsed(0), nodes(PoolSize),
+      cubes(QuadBatch::Normals), cubesGrowth(0)
 {
 }
 
@@ -31,6 +32,7 @@ void Tree::Generate(int newSeed, Vector3 start, Vector3 end, float startRadius, 
         node.segments.clear();
         node.children.clear();
     }
+    cubes.Begin();
     root = Grow(start, end, startRadius, endRadius, newDepth, true);
     depth = newDepth;
     segmentCount = 0;
@@ -102,18 +104,23 @@ TreeNode* Tree::Grow(Vector3 start, Vector3 end, float startRadius, float endRad
     return position;
 }
 
+// A tree is drawn more than once a frame, as itself and as its shadow: the cubes are kept until it changes.
 void Tree::Draw(float growth)
 {
+    if (cubes.IsEmpty() || growth != cubesGrowth) {
+        cubesGrowth = growth;
+        if (cubes.Begin() && root)
+            AddNode(root, float(depth) * growth);
+    }
     glPushMatrix();
     {
         glTranslatef(0.0f, 0.5f, 0.0f);
-        if (root)
-            DrawNode(root, float(depth) * growth);
+        cubes.Draw();
     }
     glPopMatrix();
 }
 
-void Tree::DrawNode(const TreeNode* node, float level)
+void Tree::AddNode(const TreeNode* node, float level)
 {
     const int n = int(node->segments.size());
     const float grown = float(n) * level;
@@ -127,15 +134,20 @@ void Tree::DrawNode(const TreeNode* node, float level)
         float s = float(grown - float(i + 1) + 0.2 * level);
         if (s > 1.0f)
             s = 1.0f;
-        glPushMatrix();
-        {
-            glMultMatrixf(node->segments[size_t(i)].m);
-            glScalef(s, s, s);
-            DrawUnitCube();
-        }
-        glPopMatrix();
+        AddCube(node->segments[size_t(i)], s);
     }
     if (k == n)
         for (const TreeNode* child : node->children)
-            DrawNode(child, level - 1.0f);
+            AddNode(child, level - 1.0f);
+}
+
+// The cube of DrawUnitCube, scaled and then moved by its segment's matrix.
+void Tree::AddCube(const Matrix4& segment, float scale)
+{
+    Matrix16 place, normalMatrix;
+    MatrixCopy(place, segment.m);
+    for (int i = 0; i < 12; i++)
+        place[i] *= scale;
+    MatrixOfNormals(normalMatrix, place);
+    cubes.AddUnitCube(place, normalMatrix);
 }

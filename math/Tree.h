@@ -13,6 +13,7 @@
 #pragma once
 
 #include "math/Matrix4.h"
+#include "math/QuadBatch.h"
 #include "math/Vector3.h"
 
 #include <vector>
@@ -62,5 +63,9 @@ private:
                    bool isTrunk);
     Vector3 GrowSegments(TreeNode* node, Vector3 start, Vector3 end, float startRadius, float endRadius,
                          bool isTrunk);
-    void DrawNode(const TreeNode* node, float level);
+    void AddNode(const TreeNode* node, float level);
+    void AddCube(const Matrix4& segment, float scale);
+
+    QuadBatch cubes;   // as they were last drawn
+    float cubesGrowth; // at this growth, if there are any
 };

@@ -2,6 +2,7 @@
 #include "effects/FX_Footprint.h"
 
 #include "tests/support/recorder/EffectFixture.h"
+#include "tests/support/recorder/GLQuads.h"
 
 #include <cmath>
 
@@ -14,13 +15,18 @@ protected:
         PassTime(seconds);
         walk.Update();
     }
-    static std::vector<gl::Draw> Prints() { return gl::DrawsWithTexture("footprint.png"); }
-    static std::vector<gl::Draw> Glows() { return gl::DrawsWithTexture("footprint_white.jpg"); }
+    static std::vector<gl::Draw> Prints() { return gl::QuadsWithTexture("footprint.png"); }
+    static std::vector<gl::Draw> Glows() { return gl::QuadsWithTexture("footprint_white.jpg"); }
     static std::vector<gl::Draw> Sand() { return gl::DrawsWithTexture("sandbau.jpg"); }
     static std::vector<gl::Corner> Print(double s, bool odd)
     {
         const double a = odd ? 1 : 0, b = 1 - a;
         return {{0, a, -s, 0, -s / 2}, {1, a, s, 0, -s / 2}, {1, b, s, 0, s / 2}, {0, b, -s, 0, s / 2}};
+    }
+    // Of the marks of a step at walk 0.
+    static gl::Matrix Place(bool odd)
+    {
+        return gl::Translation(-4, 0, odd ? -3 : 0) * gl::RotationDegrees(odd ? -30 : 30, 0, 1, 0);
     }
     gl::Matrix Camera(double w, double push, double t) const
     {
@@ -120,12 +126,9 @@ TEST_F(FX_FootprintRecorded, TheFirstStepIsAnOddPrint)
     Frame(&walk);
     ASSERT_EQ(2u, Prints().size());
     const gl::Draw print = Prints()[1];
-    EXPECT_TRUE(gl::IsQuad(print, Print(2, true)));
     EXPECT_TRUE(gl::HasColour(print, {1, 1, 1, 0.5}));
     EXPECT_TRUE(gl::Blends(print, GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA));
-    const gl::Matrix place =
-        gl::Translation(-4, 0, 0) * gl::Translation(0, 0, -3) * gl::RotationDegrees(-30, 0, 1, 0);
-    EXPECT_TRUE(gl::IsMatrix(print.modelview, Camera(0, 0, 0) * place, 1e-4));
+    EXPECT_TRUE(gl::IsQuadIn(print, Camera(0, 0, 0) * Place(true), Print(2, true)));
 }
 
 TEST_F(FX_FootprintRecorded, TheSecondStepIsAnEvenPrint)
@@ -134,9 +137,7 @@ TEST_F(FX_FootprintRecorded, TheSecondStepIsAnEvenPrint)
     Send(&walk, "step");
     Frame(&walk);
     const gl::Draw print = Prints().at(2);
-    EXPECT_TRUE(gl::IsQuad(print, Print(2, false)));
-    const gl::Matrix place = gl::Translation(-4, 0, 0) * gl::RotationDegrees(30, 0, 1, 0);
-    EXPECT_TRUE(gl::IsMatrix(print.modelview, Camera(0, 0, 0) * place, 1e-4));
+    EXPECT_TRUE(gl::IsQuadIn(print, Camera(0, 2, 0) * Place(false), Print(2, false)));
 }
 
 TEST_F(FX_FootprintRecorded, APrintFlaresUpToFiveTimesItsSizeAndShrinksBack)
@@ -144,19 +145,20 @@ TEST_F(FX_FootprintRecorded, APrintFlaresUpToFiveTimesItsSizeAndShrinksBack)
     Send(&walk, "step");
     Frame(&walk);
     ASSERT_EQ(2u, Glows().size()) << "the mark out of sight flares, too";
+    const gl::Matrix place = Camera(0, 2, 0) * Place(true);
     gl::Draw glow = Glows()[1];
-    EXPECT_TRUE(gl::IsQuad(glow, Print(10, true)));
+    EXPECT_TRUE(gl::IsQuadIn(glow, place, Print(10, true)));
     EXPECT_TRUE(gl::HasColour(glow, {10, 10, 10}));
     EXPECT_TRUE(gl::Blends(glow, GL_ONE, GL_ONE));
 
     walk.marks[1].alpha = 0.75f; // g 2.5
     Frame(&walk);
-    EXPECT_TRUE(gl::IsQuad(Glows().at(1), Print(2.5, true)));
+    EXPECT_TRUE(gl::IsQuadIn(Glows().at(1), place, Print(2.5, true)));
     EXPECT_TRUE(gl::HasColour(Glows()[1], {2.5, 2.5, 2.5}));
 
     walk.marks[1].alpha = 0.875f; // g 1.25: the print's own size is the least
     Frame(&walk);
-    EXPECT_TRUE(gl::IsQuad(Glows().at(1), Print(2, true)));
+    EXPECT_TRUE(gl::IsQuadIn(Glows().at(1), place, Print(2, true)));
     EXPECT_TRUE(gl::HasColour(Glows()[1], {1.25, 1.25, 1.25}));
 }
 
@@ -186,6 +188,13 @@ TEST_F(FX_FootprintRecorded, GlowsAndPrintsFollowEachOtherAndSetTheirOwnBlending
          "glBlendFunc(GL_ONE, GL_ONE)", "glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA)", "glPopMatrix()",
          "glPushMatrix()", "glBlendFunc(GL_ONE, GL_ONE)", "glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA)",
          "glPopMatrix()", "glDepthMask(GL_TRUE)", "glEnable(GL_DEPTH_TEST)"}));
+    std::vector<std::string> pictures;
+    for (const gl::Draw& draw : gl::Draws())
+        pictures.push_back(gl::TextureLabel(draw.Texture()));
+    EXPECT_EQ((std::vector<std::string>{"sandbau.jpg", "footprint.png", "footprint_white.jpg",
+                                        "footprint.png", "footprint_white.jpg"}),
+              pictures)
+        << "a glow lies over its print and under the next one";
 }
 
 TEST_F(FX_FootprintRecorded, APrintGrowsOpaqueAtRateFourAndStopsAtOne)

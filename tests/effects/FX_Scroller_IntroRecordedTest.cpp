@@ -4,6 +4,7 @@
 #include "effects/ScrollerPaths.h"
 #include "math/Random.h"
 #include "tests/support/recorder/EffectFixture.h"
+#include "tests/support/recorder/GLQuads.h"
 
 #include <cmath>
 
@@ -32,7 +33,7 @@ protected:
         EXPECT_EQ(1u, draws.size()) << picture;
         return draws.empty() ? gl::Draw() : draws[0];
     }
-    static std::vector<gl::Draw> Sparks() { return gl::DrawsWithTexture("partikel_2.jpg"); }
+    static std::vector<gl::Draw> Sparks() { return gl::QuadsWithTexture("partikel_2.jpg"); }
     static double PanoramaScroll() { return Of("sky-background_01.jpg").modelview.m[12]; }
     static double TesselX() { return Of("tessel-logo.png").modelview.m[12]; }
     // Left and right edge on the screen, 0 to 1.
@@ -272,11 +273,11 @@ TEST_F(FX_Scroller_IntroRecorded, ASparkIsDrawnWhereItStandsAsBrightAsItLives)
     ASSERT_EQ(1u, Sparks().size());
     const gl::Draw spark = Sparks()[0];
     const double half = (1.5 * 1.5 / 30 + 0.06) / 2;
-    EXPECT_TRUE(gl::IsQuad(
-        spark, {{0, 0, -half, half}, {1, 0, half, half}, {1, 1, half, -half}, {0, 1, -half, -half}}, 1e-7));
+    EXPECT_TRUE(gl::IsQuadIn(
+        spark, gl::Translation(1.25 - 0.7, 0.5, 0),
+        {{0, 0, -half, half}, {1, 0, half, half}, {1, 1, half, -half}, {0, 1, -half, -half}}, 1e-5));
     EXPECT_TRUE(gl::HasColour(spark, {3.375, 3.375, 3.375}));
     EXPECT_TRUE(gl::Blends(spark, GL_ONE, GL_ONE));
-    EXPECT_TRUE(gl::IsMatrix(spark.modelview, gl::Translation(1.25 - 0.7, 0.5, 0), 1e-4));
     EXPECT_EQ(4.0f, spark.state->pointSize);
 }
 
@@ -289,7 +290,7 @@ TEST_F(FX_Scroller_IntroRecorded, ThreePathsToASkyPictureAndNoneInTheFirst)
         Frame(&intro);
         if (tile == 2) { // 2.5 - 2.1
             ASSERT_EQ(1u, Sparks().size()) << path;
-            EXPECT_NEAR(0.4, Sparks()[0].modelview.m[12], 1e-4);
+            EXPECT_NEAR(0.4, gl::EyeMiddle(Sparks()[0]).x, 1e-4);
         } else {
             EXPECT_TRUE(Sparks().empty()) << path << ": its centre is off the screen";
         }
@@ -316,6 +317,19 @@ TEST_F(FX_Scroller_IntroRecorded, ASparkIsOnTheScreenFromEdgeToEdge)
     Light(0, 0, -0.5f, 0.5f, 0);
     Frame(&intro);
     EXPECT_TRUE(Sparks().empty()) << "dark";
+}
+
+TEST_F(FX_Scroller_IntroRecorded, AllSparksGoOutInOneDrawAndInTheirOrder)
+{
+    for (const int i : {1900, 7, 400})
+        Light(i, 1 + i / 1000.0f, -0.5f, i / 2000.0f, 0);
+    Frame(&intro);
+    EXPECT_EQ(1u, gl::DrawsWithTexture("partikel_2.jpg").size());
+    ASSERT_EQ(3u, Sparks().size());
+    EXPECT_NEAR(7 / 2000.0, gl::EyeMiddle(Sparks()[0]).y, 1e-6);
+    EXPECT_NEAR(0.2, gl::EyeMiddle(Sparks()[1]).y, 1e-6);
+    EXPECT_NEAR(0.95, gl::EyeMiddle(Sparks()[2]).y, 1e-6);
+    EXPECT_TRUE(gl::HasColour(Sparks()[1], {2.744, 2.744, 2.744}, 1e-5));
 }
 
 TEST_F(FX_Scroller_IntroRecorded, TheBrightestSparkIsSaturatedAndLarge)

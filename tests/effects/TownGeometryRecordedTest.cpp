@@ -2,11 +2,11 @@
 #include "effects/TownGeometry.h"
 
 #include "resources/Texture.h"
-#include "tests/support/recorder/GLExpect.h"
-#include "tests/support/recorder/GLRecorder.h"
+#include "tests/support/recorder/GLQuads.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 static const double degree = 3.14152 / 180; // the figure of the Euler matrix
@@ -25,18 +25,31 @@ class Town : public testing::Test
 {
 protected:
     Town() { gl::Reset(); }
-    // The boxes of the records: each begins with a slab of 16 vertices whose foot is at y 0 before rotation
-    // and ends with a roof of 4.
+    // The slabs of the boxes in the records, 16 vertices each, and their roofs of 4, as draws of their own. A
+    // box goes out in one draw, the roof last.
+    static std::vector<gl::Draw> Slabs()
+    {
+        std::vector<gl::Draw> slabs;
+        for (const gl::Draw& draw : gl::Draws())
+            for (size_t i = 0; i < draw.vertices.size(); i += 16) {
+                gl::Draw slab = draw;
+                const size_t end = std::min(i + 16, draw.vertices.size());
+                slab.vertices.assign(draw.vertices.begin() + long(i), draw.vertices.begin() + long(end));
+                slabs.push_back(slab);
+            }
+        return slabs;
+    }
     static std::vector<std::vector<gl::Draw>> Boxes()
     {
         std::vector<std::vector<gl::Draw>> boxes(1);
-        for (const gl::Draw& draw : gl::Draws()) {
-            boxes.back().push_back(draw);
-            if (draw.vertices.size() == 4)
+        for (const gl::Draw& slab : Slabs()) {
+            boxes.back().push_back(slab);
+            if (slab.vertices.size() == 4)
                 boxes.emplace_back();
         }
         EXPECT_TRUE(boxes.back().empty());
         boxes.pop_back();
+        EXPECT_EQ(boxes.size(), gl::Draws().size());
         return boxes;
     }
 };
@@ -44,27 +57,27 @@ protected:
 TEST_F(Town, APlainBoxIsASquareColumn)
 {
     DrawTwistedBox(1, 3, 1, 2, 2, 0, 0, 0);
-    ASSERT_EQ(4u, gl::Draws().size()) << "three slabs and a roof";
+    ASSERT_EQ(4u, Slabs().size()) << "three slabs and a roof";
     for (int slab = 0; slab < 3; slab++) {
         const double y0 = slab, y1 = slab + 1;
-        EXPECT_TRUE(gl::HasVertices(gl::Draws()[slab], {{-2, y0, 2},
-                                                        {-2, y0, -2},
-                                                        {-2, y1, -2},
-                                                        {-2, y1, 2},
-                                                        {-2, y0, 2},
-                                                        {2, y0, 2},
-                                                        {2, y1, 2},
-                                                        {-2, y1, 2},
-                                                        {2, y0, 2},
-                                                        {2, y0, -2},
-                                                        {2, y1, -2},
-                                                        {2, y1, 2},
-                                                        {-2, y0, -2},
-                                                        {2, y0, -2},
-                                                        {2, y1, -2},
-                                                        {-2, y1, -2}}));
+        EXPECT_TRUE(gl::HasVertices(Slabs()[slab], {{-2, y0, 2},
+                                                    {-2, y0, -2},
+                                                    {-2, y1, -2},
+                                                    {-2, y1, 2},
+                                                    {-2, y0, 2},
+                                                    {2, y0, 2},
+                                                    {2, y1, 2},
+                                                    {-2, y1, 2},
+                                                    {2, y0, 2},
+                                                    {2, y0, -2},
+                                                    {2, y1, -2},
+                                                    {2, y1, 2},
+                                                    {-2, y0, -2},
+                                                    {2, y0, -2},
+                                                    {2, y1, -2},
+                                                    {-2, y1, -2}}));
         const double a = (1 - y0 / 3) * 0.5 + 0.25, b = (1 - y1 / 3) * 0.5 + 0.25;
-        EXPECT_TRUE(gl::HasTexCoords(gl::Draws()[slab],
+        EXPECT_TRUE(gl::HasTexCoords(Slabs()[slab],
                                      {{1, a},
                                       {0.75, a},
                                       {0.75, b},
@@ -82,50 +95,47 @@ TEST_F(Town, APlainBoxIsASquareColumn)
                                       {0, b},
                                       {0.25, b}},
                                      1e-6));
-        EXPECT_TRUE(gl::HasNormals(gl::Draws()[slab], {{-1, 0, 0},
-                                                       {-1, 0, 0},
-                                                       {-1, 0, 0},
-                                                       {-1, 0, 0},
-                                                       {0, 0, 1},
-                                                       {0, 0, 1},
-                                                       {0, 0, 1},
-                                                       {0, 0, 1},
-                                                       {1, 0, 0},
-                                                       {1, 0, 0},
-                                                       {1, 0, 0},
-                                                       {1, 0, 0},
-                                                       {0, 0, -1},
-                                                       {0, 0, -1},
-                                                       {0, 0, -1},
-                                                       {0, 0, -1}}));
+        EXPECT_TRUE(gl::HasNormals(Slabs()[slab], {{-1, 0, 0},
+                                                   {-1, 0, 0},
+                                                   {-1, 0, 0},
+                                                   {-1, 0, 0},
+                                                   {0, 0, 1},
+                                                   {0, 0, 1},
+                                                   {0, 0, 1},
+                                                   {0, 0, 1},
+                                                   {1, 0, 0},
+                                                   {1, 0, 0},
+                                                   {1, 0, 0},
+                                                   {1, 0, 0},
+                                                   {0, 0, -1},
+                                                   {0, 0, -1},
+                                                   {0, 0, -1},
+                                                   {0, 0, -1}}));
     }
-    EXPECT_TRUE(
-        gl::IsQuad(gl::Draws()[3],
-                   {{0.75, 0, 2, 3, 2}, {1, 0, -2, 3, 2}, {1, 0.25, -2, 3, -2}, {0.75, 0.25, 2, 3, -2}}));
-    EXPECT_TRUE(gl::HasNormal(gl::Draws()[3], {0, 0, -1})) << "the last one stays current";
+    EXPECT_TRUE(gl::IsQuad(
+        Slabs()[3], {{0.75, 0, 2, 3, 2}, {1, 0, -2, 3, 2}, {1, 0.25, -2, 3, -2}, {0.75, 0.25, 2, 3, -2}}));
+    EXPECT_TRUE(gl::HasNormal(Slabs()[3], {0, 0, -1})) << "the last one stays current";
 }
 
-TEST_F(Town, EachVertexIsSentAsNormalTextureAndPlace)
+TEST_F(Town, ABoxIsOneDrawAndLeavesItsLastNormal)
 {
-    DrawTwistedBox(1, 1, 1, 1, 1, 0, 0, 0);
-    const std::vector<std::string> calls = gl::Calls();
-    EXPECT_EQ("glPushMatrix()", calls.front());
-    EXPECT_EQ("glBegin(GL_QUADS)", calls[1]);
-    EXPECT_EQ(0u, calls[2].find("glNormal3f"));
-    EXPECT_EQ(0u, calls[3].find("glTexCoord2f"));
-    EXPECT_EQ(0u, calls[4].find("glVertex3f"));
-    EXPECT_EQ("glPopMatrix()", calls.back());
+    DrawTwistedBox(1, 3, 1, 2, 2, 0, 0, 0);
+    EXPECT_EQ(1, gl::CountCalls("glDrawArrays"));
+    EXPECT_EQ(0, gl::CountCalls("glPushMatrix"));
+    EXPECT_EQ(1u, gl::Draws().size());
+    EXPECT_TRUE(gl::IsPoint(gl::CurrentNormal(), {0, 0, -1}));
+    EXPECT_TRUE(gl::IsPoint(gl::CurrentTexCoord(), {0.75, 0.25}));
 }
 
 TEST_F(Town, ATwistedBoxTurnsEachRowAboutItsFootAndCrossesItsNormals)
 {
     const double a = 30, b = 20, c = -10;
     DrawTwistedBox(1, 2, 2, 1, 3, float(a), float(b), float(c)); // length 4
-    ASSERT_EQ(5u, gl::Draws().size());
+    ASSERT_EQ(5u, Slabs().size());
     for (int slab = 0; slab < 4; slab++) {
         const double t0 = slab / 4.0, t1 = (slab + 1) / 4.0;
         const double w0 = 3 * t0 + (1 - t0), w1 = 3 * t1 + (1 - t1);
-        const gl::Draw& draw = gl::Draws()[slab];
+        const gl::Draw draw = Slabs()[slab];
         const gl::Point lower = Turned({-w0, double(slab), w0}, a * t0, b * t0, c * t0);
         const gl::Point upper = Turned({-w1, slab + 1.0, -w1}, a * t1, b * t1, c * t1);
         EXPECT_TRUE(gl::IsPoint(draw.vertices[0].object, lower, 1e-5));
@@ -137,7 +147,7 @@ TEST_F(Town, ATwistedBoxTurnsEachRowAboutItsFootAndCrossesItsNormals)
         EXPECT_TRUE(gl::IsPoint(draw.vertices[2].normal, n0, 1e-5)) << "and the other way round";
         EXPECT_TRUE(gl::IsPoint(draw.vertices[3].normal, n1, 1e-5));
     }
-    EXPECT_TRUE(gl::IsPoint(gl::Draws()[4].vertices[0].object, Turned({3, 4, 3}, a, b, c), 1e-5));
+    EXPECT_TRUE(gl::IsPoint(Slabs()[4].vertices[0].object, Turned({3, 4, 3}, a, b, c), 1e-5));
 }
 
 TEST_F(Town, AStepThatDoesntDivideTheHeightOvershoots)
@@ -149,9 +159,9 @@ TEST_F(Town, AStepThatDoesntDivideTheHeightOvershoots)
         y += 0.35f;
         slabs++;
     }
-    ASSERT_EQ(size_t(slabs) + 1, gl::Draws().size());
+    ASSERT_EQ(size_t(slabs) + 1, Slabs().size());
     EXPECT_EQ(35, slabs);
-    const gl::Draw& roof = gl::Draws().back();
+    const gl::Draw roof = Slabs().back();
     EXPECT_EQ(y, roof.vertices[0].object.y);
     EXPECT_GT(y, 12.0f);
     EXPECT_GT(roof.vertices[0].object.x, 1.3f) << "t is above 1 there";
@@ -299,14 +309,15 @@ TEST_F(Windows, TenPatchesHangOnTheirHouses)
 {
     glEnable(GL_LIGHTING);
     DrawLightPatches(textures);
+    const std::vector<gl::Draw> slabsOfAll = gl::Quads(gl::Draws());
     size_t n = 0;
     for (int i = 0; i < 10; i++) {
         const PatchFacts& patch = patches[i];
         const HouseFacts& house = houses[patch.house - 1];
         const int slabs = int(patch.length * 4);
         for (int slab = 0; slab < slabs; slab++, n++) {
-            ASSERT_LT(n, gl::Draws().size());
-            const gl::Draw& draw = gl::Draws()[n];
+            ASSERT_LT(n, slabsOfAll.size());
+            const gl::Draw& draw = slabsOfAll[n];
             EXPECT_TRUE(gl::IsMatrix(draw.modelview, PlaceOf(house), 1e-5)) << i;
             EXPECT_TRUE(gl::IsTextured(draw, 71u));
             EXPECT_TRUE(gl::HasColour(draw, {1, 1, 1, 1}));
@@ -331,16 +342,17 @@ TEST_F(Windows, TenPatchesHangOnTheirHouses)
             }
         }
     }
-    EXPECT_EQ(n, gl::Draws().size());
+    EXPECT_EQ(n, slabsOfAll.size());
     EXPECT_EQ(1, gl::StackDepth(GL_MODELVIEW));
 }
 
-TEST_F(Windows, TheFirstTwoShareAMatrixPush)
+TEST_F(Windows, TheWindowsOfAHouseGoOutInOneDraw)
 {
     DrawLightPatches(textures);
-    // Nine for the houses, since two patches share one, and ten of the patches' own.
-    EXPECT_EQ(19, gl::CountCalls("glPushMatrix"));
-    EXPECT_EQ(9, gl::CountCalls("glTranslatef"));
+    std::vector<size_t> slabs;
+    for (const gl::Draw& draw : gl::Draws())
+        slabs.push_back(draw.vertices.size() / 4);
+    EXPECT_EQ((std::vector<size_t>{8, 2, 4, 4, 4, 4, 4, 8}), slabs) << "the ninth house has none";
 }
 
 TEST_F(Windows, ALitPatchSwitchesLightingBackOnAndBlendingOff)
@@ -355,7 +367,7 @@ TEST_F(Windows, AnUnlitPatchTakesTheOtherPictureAndLeavesLightingAlone)
 {
     glEnable(GL_LIGHTING);
     DrawLightPatch(0.25f, 3, 1, 1, 1, 0, 0, 0, false, 1, 1, 0.5f, 0, textures, false);
-    ASSERT_EQ(4u, gl::Draws().size());
+    ASSERT_EQ(4u, gl::Quads(gl::Draws()).size());
     EXPECT_TRUE(gl::IsTextured(gl::Draws()[0], 72u));
     EXPECT_TRUE(gl::IsLit(gl::Draws()[0]));
     EXPECT_TRUE(gl::Now().Enabled(GL_LIGHTING));

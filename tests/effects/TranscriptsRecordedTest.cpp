@@ -29,7 +29,7 @@ protected:
     static std::vector<std::string> Record()
     {
         const std::string bind = "glBindTexture(GL_TEXTURE_2D, ";
-        std::vector<std::string> calls = gl::Calls();
+        std::vector<std::string> calls = gl::CallsWithVertices();
         for (std::string& call : calls)
             if (call.rfind(bind, 0) == 0 && call != bind + "0)")
                 call = bind + gl::TextureLabel(GLuint(std::stoul(call.substr(bind.size())))) + ")";

@@ -65,6 +65,42 @@ TEST(Matrix16, TransposeSwapsColumnsAndRowsAlsoInPlace)
     ExpectMatrix(counted, m);
 }
 
+TEST(Matrix16, OfNormalsTurnsThemAsGlDoes)
+{
+    // Scaled by 2, 4 and 5 and turned by 90 degrees about z: x goes to 2 y, y to -4 x, z to 5 z.
+    const Matrix16 m = {0, 2, 0, 0, -4, 0, 0, 0, 0, 0, 5, 0, 7, 8, 9, 1};
+    const Matrix16 normals = {0, 0.5f, 0, 0, -0.25f, 0, 0, 0, 0, 0, 0.2f, 0, 0, 0, 0, 1};
+    Matrix16 out;
+    FillUnset(out);
+    MatrixOfNormals(out, m);
+    ExpectMatrix(normals, out, 1e-7f);
+}
+
+TEST(Matrix16, OfNormalsKeepsAPlaneAndItsNormalUpright)
+{
+    const Matrix16 sheared = {1, 0, 0, 0, 3, 1, 0.5f, 0, -2, 0, 2, 0, 0, 0, 0, 1};
+    Matrix16 out;
+    MatrixOfNormals(out, sheared);
+    // The plane of (1, 1, 0) and (0, 1, 1), whose normal is (1, -1, 1).
+    Vec3 a = {1, 1, 0}, b = {0, 1, 1}, n = {1, -1, 1};
+    Vec3Transform(a, a, sheared);
+    Vec3Transform(b, b, sheared);
+    Vec3Transform(n, n, out);
+    EXPECT_NEAR(0, Vec3Dot(a, n), 1e-5);
+    EXPECT_NEAR(0, Vec3Dot(b, n), 1e-5);
+    EXPECT_GT(Vec3Length(n), 0.1f);
+}
+
+TEST(Matrix16, OfNormalsIsTheIdentityWhereAMatrixFlattens)
+{
+    const Matrix16 flat = {1, 0, 0, 0, -0.5f, 0, -1, 0, 0, 0, 1, 0, 1, 2, 3, 1};
+    const Matrix16 identity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    Matrix16 out;
+    FillUnset(out);
+    MatrixOfNormals(out, flat);
+    ExpectMatrix(identity, out);
+}
+
 TEST(Matrix16, MultiplyAppliesTheFirstOperandFirst)
 {
     Matrix16 move, turn, both;

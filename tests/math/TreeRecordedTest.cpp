@@ -3,7 +3,6 @@
 
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
-#include "tests/support/recorder/GLText.h"
 
 #include <GL/glew.h>
 
@@ -36,44 +35,119 @@ protected:
         tree.Draw(growth);
     }
 
-    static int CubesDrawn() { return gl::CountCalls("glMultMatrixf"); }
-
-    // The scales of all cubes in their order: "0.1", "1".
-    static std::vector<std::string> Scales()
+    // A cube is six quads; all of them go out in one draw.
+    static int CubesDrawn()
     {
-        std::vector<std::string> scales;
-        for (const gl::Event& event : gl::Events())
-            if (std::string(event.name) == "glScalef") {
-                EXPECT_EQ(event.arguments[0].number, event.arguments[1].number);
-                EXPECT_EQ(event.arguments[0].number, event.arguments[2].number);
-                scales.push_back(gl::FloatText(float(event.arguments[0].number)));
-            }
+        EXPECT_LE(gl::Draws().size(), 1u);
+        size_t vertices = 0;
+        for (const gl::Draw& draw : gl::Draws())
+            vertices += draw.vertices.size();
+        EXPECT_EQ(0u, vertices % 24);
+        return int(vertices / 24);
+    }
+
+    // The branch segment that a cube stands on: its centre is the segment's translation.
+    const Matrix4* SegmentOf(int cube) const
+    {
+        double centre[3] = {0, 0, 0};
+        for (int i = 0; i < 24; i++) {
+            const gl::Point& p = gl::Draws()[0].vertices[size_t(24 * cube + i)].object;
+            centre[0] += p.x / 24.0;
+            centre[1] += p.y / 24.0;
+            centre[2] += p.z / 24.0;
+        }
+        for (int n = 0; n < tree.nodesUsed; n++)
+            for (const Matrix4& segment : tree.nodes[size_t(n)].segments)
+                if (std::fabs(segment[12] - centre[0]) < 1e-3 && std::fabs(segment[13] - centre[1]) < 1e-3 &&
+                    std::fabs(segment[14] - centre[2]) < 1e-3)
+                    return &segment;
+        return nullptr;
+    }
+
+    // The scales of all cubes in their order.
+    std::vector<double> Scales() const
+    {
+        std::vector<double> scales;
+        for (int cube = 0; cube < CubesDrawn(); cube++) {
+            const Matrix4* const segment = SegmentOf(cube);
+            EXPECT_NE(nullptr, segment);
+            if (!segment)
+                return {};
+            // The first edge of the top runs along x.
+            const gl::Point& a = gl::Draws()[0].vertices[size_t(24 * cube)].object;
+            const gl::Point& b = gl::Draws()[0].vertices[size_t(24 * cube + 1)].object;
+            const double edge = std::hypot(double(b.x) - a.x, double(b.y) - a.y, double(b.z) - a.z);
+            scales.push_back(edge /
+                             std::hypot(double((*segment)[0]), double((*segment)[1]), double((*segment)[2])));
+        }
         return scales;
+    }
+
+    static testing::AssertionResult Same(const std::vector<double>& expected,
+                                         const std::vector<double>& actual)
+    {
+        bool same = expected.size() == actual.size();
+        for (size_t i = 0; same && i < expected.size(); i++)
+            same = std::fabs(expected[i] - actual[i]) < 2e-5;
+        return same ? testing::AssertionSuccess()
+                    : testing::AssertionFailure() << testing::PrintToString(actual) << " instead of "
+                                                  << testing::PrintToString(expected);
     }
 
     Tree tree;
 };
 
-typedef std::vector<std::string> Texts;
+// A cube as the matrices would put it: T(0, 0.5, 0) * segment * scale.
+struct Cube {
+    const Matrix4* segment;
+    double scale;
+};
 
-static std::string MultMatrixText(const Matrix4& m)
-{
-    std::string text = "glMultMatrixf({";
-    for (int i = 0; i < 16; i++)
-        text += (i > 0 ? ", " : "") + gl::FloatText(m[i]);
-    return text + "})";
-}
+// clang-format off
+static const struct {
+    gl::Point normal;
+    gl::Point corners[4];
+} cubeFacesByHand[6] = {
+    {{ 0,  1,  0}, {{-0.5,  0.5,  0.5}, { 0.5,  0.5,  0.5}, { 0.5,  0.5, -0.5}, {-0.5,  0.5, -0.5}}},
+    {{ 0, -1,  0}, {{-0.5, -0.5,  0.5}, { 0.5, -0.5,  0.5}, { 0.5, -0.5, -0.5}, {-0.5, -0.5, -0.5}}},
+    {{ 0,  0,  1}, {{ 0.5,  0.5,  0.5}, {-0.5,  0.5,  0.5}, {-0.5, -0.5,  0.5}, { 0.5, -0.5,  0.5}}},
+    {{ 0,  0, -1}, {{-0.5,  0.5, -0.5}, { 0.5,  0.5, -0.5}, { 0.5, -0.5, -0.5}, {-0.5, -0.5, -0.5}}},
+    {{-1,  0,  0}, {{-0.5,  0.5,  0.5}, {-0.5,  0.5, -0.5}, {-0.5, -0.5, -0.5}, {-0.5, -0.5,  0.5}}},
+    {{ 1,  0,  0}, {{ 0.5,  0.5, -0.5}, { 0.5,  0.5,  0.5}, { 0.5, -0.5,  0.5}, { 0.5, -0.5, -0.5}}},
+};
+// clang-format on
 
-static void AddCube(Texts* calls, const Matrix4& matrix, std::string scale)
+static testing::AssertionResult CubesAre(const std::vector<Cube>& expected)
 {
-    calls->push_back("glPushMatrix()");
-    calls->push_back(MultMatrixText(matrix));
-    calls->push_back("glScalef(" + scale + ", " + scale + ", " + scale + ")");
-    for (int face = 0; face < 6; face++) {
-        calls->push_back("glBegin(GL_QUADS)");
-        calls->push_back("glEnd()");
+    const std::vector<gl::Draw>& draws = gl::Draws();
+    if (expected.empty() && draws.empty())
+        return testing::AssertionSuccess();
+    if (draws.size() != 1 || draws[0].vertices.size() != 24 * expected.size())
+        return testing::AssertionFailure() << draws.size() << " draws for " << expected.size() << " cubes";
+    const gl::Point texCoords[4] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    for (size_t c = 0; c < expected.size(); c++) {
+        const double s = expected[c].scale;
+        const gl::Matrix place = gl::FromColumns(expected[c].segment->m) * gl::Scaling(s, s, s);
+        double square = 0; // of the scale of the whole
+        for (int i = 0; i < 3; i++)
+            square += place.m[i] * place.m[i];
+        for (size_t i = 0; i < 24; i++) {
+            const gl::Vertex& vertex = draws[0].vertices[24 * c + i];
+            const auto& face = cubeFacesByHand[i / 4];
+            const gl::Point corner = gl::Translation(0, 0.5, 0) * (place * face.corners[i % 4]);
+            // Normals of a scaled rotation: turned with it, and divided by its scale.
+            const gl::Point turned = place * gl::Point(face.normal.x, face.normal.y, face.normal.z, 0);
+            const gl::Point normal(turned.x / square, turned.y / square, turned.z / square);
+            const testing::AssertionResult results[3] = {
+                gl::IsPoint(vertex.eye, corner, 1e-5), gl::IsPoint(vertex.texCoord[0], texCoords[i % 4]),
+                gl::IsPoint(vertex.normal, normal, 1e-5 / std::sqrt(square))};
+            for (const testing::AssertionResult& result : results)
+                if (!result)
+                    return testing::AssertionFailure()
+                           << "cube " << c << ", vertex " << i << ": " << result.message();
+        }
     }
-    calls->push_back("glPopMatrix()");
+    return testing::AssertionSuccess();
 }
 
 TEST_F(DrawnTree, BeforeItGrewDrawsNothing)
@@ -95,20 +169,30 @@ TEST_F(DrawnTree, AtGrowthZeroDrawsNothing)
     EXPECT_EQ(0, CubesDrawn());
 }
 
-TEST_F(DrawnTree, SendsItsCubesOneByOneOnTopOfHalfAUnit)
+TEST_F(DrawnTree, SendsItsCubesInOneDrawOnTopOfHalfAUnit)
 {
     GrowTrunk(1, 1);
     Draw(0.5f);
-    Texts expected = {"glPushMatrix()", "glTranslatef(0, 0.5, 0)"};
-    AddCube(&expected, tree.root->segments[0], "1");
-    AddCube(&expected, tree.root->segments[1], "0.1");
-    expected.push_back("glPopMatrix()");
-    EXPECT_TRUE(gl::CallsAre(gl::Outline(), expected));
-    ASSERT_EQ(12u, gl::Draws().size());
-    EXPECT_TRUE(gl::IsMatrix(gl::Draws()[6].modelview, gl::Translation(0, 0.5, 0) *
-                                                           gl::FromColumns(tree.root->segments[1].m) *
-                                                           gl::Scaling(0.1, 0.1, 0.1)));
-    EXPECT_TRUE(gl::HasNormal(gl::Draws()[0], {0, 1, 0}));
+    EXPECT_TRUE(CubesAre({{&tree.root->segments[0], 1}, {&tree.root->segments[1], 0.1}}));
+    ASSERT_EQ(1u, gl::Draws().size());
+    EXPECT_EQ(GLenum(GL_QUADS), gl::Draws()[0].mode);
+    EXPECT_TRUE(gl::IsMatrix(gl::Draws()[0].modelview, gl::Translation(0, 0.5, 0)));
+    EXPECT_TRUE(gl::NoErrors());
+}
+
+TEST_F(DrawnTree, DrawsTheSameTwiceAndAnotherTreeAfterGrowingAnew)
+{
+    GrowCreditsTree(2);
+    Draw(1);
+    const std::vector<gl::Draw> first = gl::Draws();
+    Draw(1);
+    ASSERT_EQ(1u, gl::Draws().size());
+    ASSERT_EQ(first[0].vertices.size(), gl::Draws()[0].vertices.size());
+    EXPECT_TRUE(gl::IsPoint(gl::Draws()[0].vertices[30].object, first[0].vertices[30].object));
+    GrowTrunk(1, 1000);
+    Draw(1);
+    EXPECT_EQ(4, CubesDrawn());
+    EXPECT_EQ(&tree.root->segments[0], SegmentOf(0));
 }
 
 TEST_F(DrawnTree, TheNewestCubesGrowToTheirFullSizeAndNotBeyond)
@@ -117,23 +201,16 @@ TEST_F(DrawnTree, TheNewestCubesGrowToTheirFullSizeAndNotBeyond)
     ASSERT_EQ(4, tree.segmentCount);
     static const struct {
         float growth;
-        Texts scales;
+        std::vector<double> scales;
     } rows[] = {
         // s = 4 * growth - (i + 1) + 0.2 * growth
-        {0.25f, {"0.05"}},
-        {0.4375f, {"0.8375"}},
-        {0.46875f, {"0.96875"}},
-        {0.5f, {"1", "0.1"}},
-        {0.625f, {"1", "0.625"}},
-        {0.75f, {"1", "1", "0.15"}},
-        {1.0f, {"1", "1", "1", "0.2"}},
-        {1.125f, {"1", "1", "1", "0.725"}},
-        {1.25f, {"1", "1", "1", "1"}},
-        {50.0f, {"1", "1", "1", "1"}},
+        {0.25f, {0.05}},       {0.4375f, {0.8375}},   {0.46875f, {0.96875}},  {0.5f, {1, 0.1}},
+        {0.625f, {1, 0.625}},  {0.75f, {1, 1, 0.15}}, {1.0f, {1, 1, 1, 0.2}}, {1.125f, {1, 1, 1, 0.725}},
+        {1.25f, {1, 1, 1, 1}}, {50.0f, {1, 1, 1, 1}},
     };
     for (const auto& row : rows) {
         Draw(row.growth);
-        EXPECT_EQ(row.scales, Scales()) << row.growth;
+        EXPECT_TRUE(Same(row.scales, Scales())) << row.growth;
     }
 }
 
@@ -142,9 +219,9 @@ TEST_F(DrawnTree, ScalesAreLimitedToOneExactly)
     GrowTrunk(1, 1000);
     Draw(1.99995f / 4.2f);
     ASSERT_EQ(1u, Scales().size());
-    EXPECT_NEAR(0.99995, std::stod(Scales()[0]), 1e-6);
+    EXPECT_NEAR(0.99995, Scales()[0], 1e-5);
     Draw(2.00005f / 4.2f);
-    EXPECT_EQ((Texts{"1"}), Scales());
+    EXPECT_TRUE(Same({1}, Scales()));
 }
 
 TEST_F(DrawnTree, TheFirstCubeShowsAtItsShareOfTheTrunk)
@@ -160,7 +237,7 @@ TEST_F(DrawnTree, GrowthIsAShareOfTheDepth)
 {
     GrowTrunk(2, 1000);
     Draw(0.25f); // level 0.5
-    EXPECT_EQ((Texts{"1", "0.1"}), Scales());
+    EXPECT_TRUE(Same({1, 0.1}, Scales()));
     GrowTrunk(0, 1000);
     Draw(100);
     EXPECT_EQ(0, CubesDrawn());
@@ -168,7 +245,7 @@ TEST_F(DrawnTree, GrowthIsAShareOfTheDepth)
     Draw(0.5f);
     EXPECT_EQ(0, CubesDrawn());
     Draw(-0.5f); // minus times minus
-    EXPECT_EQ((Texts{"1", "0.1"}), Scales());
+    EXPECT_TRUE(Same({1, 0.1}, Scales()));
 }
 
 TEST_F(DrawnTree, BranchesFollowOnlyWhenTheirParentStandsWhole)
@@ -195,9 +272,9 @@ TEST_F(DrawnTree, ATrunkWithoutCubesPassesOnToItsChildrenAtOnceOneLevelDown)
     Draw(1);
     EXPECT_EQ(0, CubesDrawn());
     Draw(1.5f); // the child at level 0.5: one cube and a half
-    EXPECT_EQ((Texts{"0.6"}), Scales());
+    EXPECT_TRUE(Same({0.6}, Scales()));
     Draw(1.75f);
-    EXPECT_EQ((Texts{"1", "0.4"}), Scales());
+    EXPECT_TRUE(Same({1, 0.4}, Scales()));
 }
 
 TEST_F(DrawnTree, CubesOfTheCreditsTreeByGrowth)
@@ -222,24 +299,22 @@ TEST_F(DrawnTree, CubesOfTheCreditsTreeByGrowth)
     for (const auto& row : rows) {
         Draw(row.growth);
         EXPECT_EQ(row.cubes, CubesDrawn()) << row.growth;
-        EXPECT_EQ(size_t(row.cubes) * 6, gl::Draws().size());
         EXPECT_TRUE(gl::NoErrors());
     }
 }
 
 // The rules of the drawing read once more.
-static void AddBranchByHand(Texts* calls, const TreeNode* node, float level)
+static void AddBranchByHand(std::vector<Cube>* cubes, const TreeNode* node, float level)
 {
     const float n = float(node->segments.size());
     const double revealed = std::trunc(std::fmin(std::fmax(n * level, 0.0f), n));
     for (int i = 0; double(i) < revealed; i++) {
-        double s = double(n * level - float(i + 1)) + 0.2 * double(level);
-        s = std::fmin(s, 1.0);
-        AddCube(calls, node->segments[size_t(i)], gl::FloatText(float(s)));
+        const double s = double(n * level - float(i + 1)) + 0.2 * double(level);
+        cubes->push_back({&node->segments[size_t(i)], std::fmin(s, 1.0)});
     }
     if (revealed == double(n))
         for (const TreeNode* child : node->children)
-            AddBranchByHand(calls, child, level - 1);
+            AddBranchByHand(cubes, child, level - 1);
 }
 
 TEST_F(DrawnTree, DrawsTheSameByASecondReadingOfItsRules)
@@ -248,10 +323,9 @@ TEST_F(DrawnTree, DrawsTheSameByASecondReadingOfItsRules)
         tree.Generate(352362122 + depth, Vector3(0, 0, 0), Vector3(1, 5, -1), 1.2f, 1.2f, depth);
         for (float growth : {0.1f, 0.33f, 0.6f, 0.97f, 1.1f, 1.3f}) {
             Draw(growth);
-            Texts expected = {"glPushMatrix()", "glTranslatef(0, 0.5, 0)"};
+            std::vector<Cube> expected;
             AddBranchByHand(&expected, tree.root, float(depth) * growth);
-            expected.push_back("glPopMatrix()");
-            ASSERT_TRUE(gl::CallsAre(gl::Outline(), expected)) << depth << " " << growth;
+            ASSERT_TRUE(CubesAre(expected)) << depth << " " << growth;
         }
     }
 }
@@ -286,8 +360,8 @@ TEST_F(DrawnTree, StrangeGrowthsDoNoHarm)
     EXPECT_EQ(0, CubesDrawn());
     Draw(FLT_MAX);
     EXPECT_EQ(234, CubesDrawn());
-    for (const std::string& scale : Scales())
-        ASSERT_EQ("1", scale);
+    for (const double scale : Scales())
+        ASSERT_NEAR(1, scale, 1e-5);
     GrowTrunk(1, 1);
     Draw(INFINITY);
     EXPECT_EQ(tree.segmentCount, CubesDrawn());

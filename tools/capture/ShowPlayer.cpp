@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/capture/ShowPlayer.h"
 
+#include "display/DrawingSwitch.h"
 #include "display/GLWindow.h"
-#include "display/RenderTarget.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
 #include "kernel/LoadingScreen.h"
@@ -210,29 +210,12 @@ void ShowPlayer::PrepareFrame(int64_t number)
     SetDrawing(number + warmUpFrames >= selection.NextWanted(number));
 }
 
-// In the current context.
-static void DiscardPrimitives(bool on)
-{
-    if (on)
-        glEnable(GL_RASTERIZER_DISCARD);
-    else
-        glDisable(GL_RASTERIZER_DISCARD);
-}
-
-// Both GL contexts have this state, the window's and the one of the off-screen target.
 void ShowPlayer::SetDrawing(bool on)
 {
     if (drawing == on)
         return;
     drawing = on;
-    DiscardPrimitives(!on);
-    // RenderTarget::Begin and End set the viewport, on which the letterbox of the show depends.
-    GLint viewport[4];
-    glGetIntegerv(GL_VIEWPORT, viewport);
-    RenderTarget::Begin();
-    DiscardPrimitives(!on);
-    RenderTarget::End();
-    glViewport(viewport[0], viewport[1], viewport[2], viewport[3]);
+    SwitchDrawing(on);
 }
 
 } // namespace capture

@@ -7,7 +7,7 @@
 // not captured.
 //
 // Frames that are not selected are played without being drawn: every effect renders and updates, since both
-// change its state, but GL_RASTERIZER_DISCARD drops the geometry before it is rasterised.
+// change its state, but nothing reaches pixels (display/DrawingSwitch.h).
 //
 // One process plays one show. Order of calls: Load, Play.
 #pragma once

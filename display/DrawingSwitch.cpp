@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "display/DrawingSwitch.h"
+
+#include "display/RenderTarget.h"
+#include "platform/Drawing.h"
+
+#include <GL/glew.h>
+
+// In the current context.
+static void DiscardPrimitives(bool on)
+{
+    if (on)
+        glEnable(GL_RASTERIZER_DISCARD);
+    else
+        glDisable(GL_RASTERIZER_DISCARD);
+}
+
+void SwitchDrawing(bool on)
+{
+    platform::SetDrawing(on);
+    DiscardPrimitives(!on);
+    // RenderTarget::Begin and End set the viewport, on which the letterbox of the show depends.
+    GLint viewport[4];
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    RenderTarget::Begin();
+    DiscardPrimitives(!on);
+    RenderTarget::End();
+    glViewport(viewport[0], viewport[1], viewport[2], viewport[3]);
+}
