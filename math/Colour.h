@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+// CONVENTIONS
+//   Channels run from 0 to 1 and are not limited to that range. The alpha of an opaque colour is 1.
 #pragma once
 
-// A colour of a material, 0 to 1 for each channel, not limited to that. Opaque black unless told otherwise.
+// A colour of a material, opaque black by default.
 class Colour
 {
 public:

@@ -66,10 +66,10 @@ void QuaternionSlerpTo(Quaternion out, const Quaternion a, const Quaternion b, f
 void QuaternionToAxisAngle(Vec3 axis, [[maybe_unused]] float angle, const Quaternion q)
 {
     const float x = q[0], y = q[1], z = q[2];
-    angle = 2.0f * AcosF(q[3]); // by value: it ends here, as it always has
+    angle = 2.0f * AcosF(q[3]); // a parameter by value: the caller never sees it, which is settled behaviour
     const float n = x * x + y * y + z * z;
     if (n > 0.0f)
-        Vec3Set(axis, x / n, y / n, z / n); // n and not its root
+        Vec3Set(axis, x / n, y / n, z / n); // by the squared length, not by the length: settled behaviour
     else
         Vec3Set(axis, 0.0f, 0.0f, 0.0f);
 }

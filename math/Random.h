@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The two random generators of the show. Both are exact: the same seed gives the same numbers on every
-// machine, and the order of the draws is part of the picture.
+// The two random generators of the show.
+//
+// CONVENTIONS
+//   Integer arithmetic alone, wrapping in 32 bits: the same seed gives the same numbers on every machine. The order of
+//   the draws is part of the picture.
 #pragma once
 
 // The generator with a state of the caller's: *state = *state * 22695477, wrapping in 32 bits, nothing

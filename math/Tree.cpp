@@ -8,8 +8,8 @@
 
 #include <cmath>
 
-// (int)quotient, for a quotient that may be anything. Where no int holds it, it comes from a radius of 0 or
-// next to it, and nothing grows.
+// The quotient without its fraction. 0 for one that is negative, not a number or too large for an int: that comes
+// from a start radius of 0 or next to it, with which nothing grows.
 static int WholeSteps(float quotient)
 {
     const float firstThatIsNoInt = 2147483648.0f;

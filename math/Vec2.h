@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+// CONVENTIONS
+//   u grows to the right and v upward, both from 0 at the lower left corner of the picture to 1.
 #pragma once
 
-// A texture coordinate of a mesh: u to the right, v upward from the bottom of the picture.
+// A texture coordinate of a mesh.
 class Vec2
 {
 public:

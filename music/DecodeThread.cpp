@@ -8,8 +8,8 @@
 
 static DecodeThread* running = nullptr;
 
-DecodeThread::DecodeThread(SoundMixer* theMixer, Bell* theBell)
-    : mixer(theMixer), bell(theBell), arrivals(nullptr), stopping(false), stopped(false)
+DecodeThread::DecodeThread(SoundMixer* theMixer, EventCount* theWakeUp)
+    : mixer(theMixer), wakeUp(theWakeUp), arrivals(nullptr), stopping(false), stopped(false)
 {
 }
 
@@ -25,7 +25,7 @@ void DecodeThread::Start()
 void DecodeThread::Stop()
 {
     running->stopping = true;
-    running->bell->Ring();
+    running->wakeUp->Notify();
     for (int i = 0; i < 250 && !running->stopped; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
@@ -35,16 +35,16 @@ void DecodeThread::Add(SoundStream* stream)
     stream->nextArrival = arrivals;
     while (!arrivals.compare_exchange_weak(stream->nextArrival, stream)) {
     }
-    bell->Ring();
+    wakeUp->Notify();
 }
 
 void DecodeThread::Run()
 {
     while (!stopping) {
-        const uint32_t seen = bell->Count();
+        const uint32_t seen = wakeUp->Current();
         TakeArrivals();
         if (!WorkOnStreams())
-            bell->SleepAfter(seen);
+            wakeUp->WaitBeyond(seen);
     }
     stopped = true;
 }

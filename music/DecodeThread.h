@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The one thread that decodes for all open streams. It runs from the start of the sound system to the end of
-// the process, sleeps while all windows are full, and owns every stream from its opening on.
+// the process, sleeps while the windows of all streams are full, and owns every stream that Add has given it.
 #pragma once
 
-#include "music/Bell.h"
+#include "music/EventCount.h"
 #include "music/SoundMixer.h"
 
 class DecodeThread
 {
 public:
-    // Both are borrowed and, as this, must live to the end of the process. The bell wakes the thread.
-    DecodeThread(SoundMixer* theMixer, Bell* theBell);
+    // Both are borrowed and, as this, must live to the end of the process. Notifying theWakeUp wakes the thread.
+    DecodeThread(SoundMixer* theMixer, EventCount* theWakeUp);
 
     void Start(); // once
 
@@ -23,7 +23,7 @@ private:
     static void Stop();
 
     SoundMixer* mixer;
-    Bell* bell;
+    EventCount* wakeUp;
     std::vector<SoundStream*> streams;
     std::atomic<SoundStream*> arrivals; // a chain, the newest first
     std::atomic<bool> stopping;

@@ -21,7 +21,7 @@ std::unique_ptr<Decoder> OpenDecoder(const std::string& path, int mixRate)
         decoder = ModuleDecoder::Open(path, mixRate);
     if (!decoder && Mp3Decoder::HasExtension(path)) // its start may be damaged
         decoder = Mp3Decoder::Open(path);
-    if (decoder && (decoder->rate < LowestRate || decoder->rate > HighestRate))
+    if (decoder && (decoder->rate < MinRate || decoder->rate > MaxRate))
         return nullptr;
     return decoder;
 }

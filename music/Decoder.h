@@ -31,10 +31,10 @@ public:
     std::vector<Speaker> speakers; // one per channel, at least one
 };
 
-const int LowestRate = 1000; // Hz
-const int HighestRate = 768000;
+const int MinRate = 1000; // Hz
+const int MaxRate = 768000;
 
 // Opens MP3 through libmpg123, else whatever libsndfile knows (WAV, FLAC, Ogg Vorbis, Opus, ...) or else
 // libopenmpt (XM, IT, S3M, MOD, ...). A tracker module is rendered in stereo at mixRate. Null: no regular
-// file, unreadable, unknown, or at a rate outside LowestRate..HighestRate.
+// file, unreadable, unknown, or at a rate outside MinRate..MaxRate.
 std::unique_ptr<Decoder> OpenDecoder(const std::string& path, int mixRate);

@@ -67,8 +67,7 @@ void MixDown(const float* samples, int count, const std::vector<StereoGain>& gai
     for (int i = 0; i < count; ++i) {
         StereoFrame sum = {0.0f, 0.0f};
         for (const StereoGain& gain : gains) {
-            const float sample =
-                std::isnan(*samples) ? 0.0f : std::clamp(*samples, -LoudestSample, LoudestSample);
+            const float sample = std::isnan(*samples) ? 0.0f : std::clamp(*samples, -MaxSample, MaxSample);
             ++samples;
             sum.left += gain.left * sample;
             sum.right += gain.right * sample;

@@ -32,6 +32,6 @@ std::vector<Speaker> UsualSpeakers(int channels);
 std::vector<StereoGain> StereoGains(const std::vector<Speaker>& speakers);
 
 // Mixes count frames of gains.size() interleaved samples down to count stereo frames. A sample that is no
-// number counts as silence, one beyond LoudestSample is brought down to it: a damaged file may hold anything.
-const float LoudestSample = 64.0f; // 36 dB over full scale
+// number counts as silence, one beyond MaxSample is brought down to it: a damaged file may hold anything.
+const float MaxSample = 64.0f; // 36 dB over full scale
 void MixDown(const float* samples, int count, const std::vector<StereoGain>& gains, StereoFrame* stereo);

@@ -13,10 +13,10 @@
 static const int64_t runUpFrames = 16384;
 
 // The least distance between the places that are tried behind damage: a usual frame of FLAC.
-static const int64_t shortestLeap = 4096;
+static const int64_t minLeap = 4096;
 
 // They reach over almost three hours of damage. A file with a broken header may have no length to end at.
-static const int mostLeaps = 50;
+static const int maxLeaps = 50;
 
 static Speaker SpeakerOf(int place)
 {
@@ -149,14 +149,14 @@ int64_t FileDecoder::SeekBehindDamage(int64_t frame)
 {
     std::vector<float> block(size_t(BlockFrames) * speakers.size());
     int64_t distance = 0;
-    for (int i = 0; i < mostLeaps && frame + distance < length; ++i) {
+    for (int i = 0; i < maxLeaps && frame + distance < length; ++i) {
         // libFLAC can't seek any more once it has failed to.
         if (!Reopen())
             return -1;
         const int64_t reached = SeekTo(frame + distance);
         if (reached >= frame && sf_readf_float(file, block.data(), BlockFrames) > 0)
             return SeekTo(reached);
-        distance += std::max(shortestLeap, distance / 4);
+        distance += std::max(minLeap, distance / 4);
     }
     return -1;
 }

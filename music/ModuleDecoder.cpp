@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <libopenmpt/libopenmpt.h>
 
-static const size_t largestModule = 64 << 20; // bytes; the largest that musicians made are near 20 MB
+static const size_t maxModuleBytes = 64 << 20; // bytes; the largest that musicians made are near 20 MB
 
 static openmpt_module* CreateModule(const std::vector<char>& bytes)
 {
@@ -20,10 +20,10 @@ std::unique_ptr<Decoder> ModuleDecoder::Open(const std::string& path, int mixRat
     std::vector<char> bytes;
     char piece[65536];
     size_t got;
-    while (bytes.size() <= largestModule && (got = fread(piece, 1, sizeof(piece), file)) > 0)
+    while (bytes.size() <= maxModuleBytes && (got = fread(piece, 1, sizeof(piece), file)) > 0)
         bytes.insert(bytes.end(), piece, piece + got);
     fclose(file);
-    if (bytes.size() > largestModule)
+    if (bytes.size() > maxModuleBytes)
         return nullptr;
     openmpt_module* module = CreateModule(bytes);
     if (!module)

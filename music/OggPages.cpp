@@ -8,10 +8,10 @@
 // A page has a header of 27 bytes and up to 255 segments, a byte of length and up to 255 bytes of content
 // each.
 static const size_t headerBytes = 27;
-static const size_t largestPage = headerBytes + 255 + 255 * 255;
+static const size_t maxPageBytes = headerBytes + 255 + 255 * 255;
 
 // Every packet takes a segment at least, and no packet of Vorbis or Opus has more frames than Opus' longest.
-static const int64_t longestPage = 255 * 5760;
+static const int64_t maxPageFrames = 255 * 5760;
 
 // Offsets into the header. All numbers are little-endian.
 static const size_t granuleAt = 6; // i64, frames up to the end of the last packet that ends here, or -1
@@ -31,8 +31,8 @@ static std::string ReadEnd(const std::string& path)
     if (!file)
         return "";
     fseek(file, 0, SEEK_END);
-    fseek(file, std::max<long>(ftell(file) - long(2 * largestPage), 0), SEEK_SET);
-    std::string bytes(2 * largestPage, '\0');
+    fseek(file, std::max<long>(ftell(file) - long(2 * maxPageBytes), 0), SEEK_SET);
+    std::string bytes(2 * maxPageBytes, '\0');
     bytes.resize(fread(bytes.data(), 1, bytes.size(), file));
     fclose(file);
     return bytes;
@@ -53,10 +53,10 @@ int64_t LastOggPageFrames(const std::string& path)
         if (granule < 0 || (found && itsSerial != serial))
             continue;
         if (found)
-            return end - granule >= 0 && end - granule <= longestPage ? end - granule : longestPage;
+            return end - granule >= 0 && end - granule <= maxPageFrames ? end - granule : maxPageFrames;
         found = true;
         serial = itsSerial;
         end = granule;
     }
-    return longestPage;
+    return maxPageFrames;
 }

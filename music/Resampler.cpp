@@ -11,7 +11,7 @@ static const int    zeroCrossings = 64;      // of the sinc, on either side
 static const int    tableSteps    = 1024;    // from one to the next; between two entries the kernel is a line
 static const double kaiserBeta    = 10.06;   // 100 dB
 static const double bandEdge      = 0.95;    // of half the lower rate, where the response is 6 dB down
-static const size_t mostWeights   = 1 << 18; // that are kept ready: enough for all the usual pairs of rates
+static const size_t maxWeights   = 1 << 18; // that are kept ready: enough for all the usual pairs of rates
 static const int    lanes         = 4;       // sums at a time, for the processor's sake
 // clang-format on
 
@@ -39,7 +39,7 @@ Resampler::Resampler(int fromRate, int toRate)
 
     const size_t length = size_t(reach) * 2;
     phases = toRate / std::gcd(fromRate, toRate);
-    if (phases * length > mostWeights) {
+    if (phases * length > maxWeights) {
         rows.resize(length);
         return;
     }

@@ -4,6 +4,9 @@
 // nothing else, so that a seek gives the same bits as playing up to the place.
 //
 // Output frame n lies at input frame n * inputRate / outputRate, exactly.
+//
+// Written by hand because the usual libraries keep a history of what they were fed: after a seek their output differs in
+// its last bits from that of playing up to the place, and a show is to sound the same wherever it was started.
 #pragma once
 
 #include "platform/SoundOutput.h"

@@ -12,9 +12,9 @@ static void Add(StereoFrame* sum, StereoFrame frame, float gain)
 }
 
 SoundChannel::SoundChannel(int rate)
-    : fadeFrames(rate * FadeMilliseconds / 1000), stream(nullptr), sounding(false), position(0), debt(0),
-      risen(fadeFrames), lastFrame(silence), tail(fadeFrames, silence), tailStart(fadeFrames),
-      scratch(std::max(fadeFrames, MostFrames))
+    : fadeFrames(rate * FadeMilliseconds / 1000), stream(nullptr), sounding(false), position(0),
+      lateFrames(0), rampFrames(fadeFrames), lastFrame(silence), tail(fadeFrames, silence),
+      tailStart(fadeFrames), scratch(std::max(fadeFrames, MaxFrames))
 {
 }
 
@@ -30,29 +30,29 @@ void SoundChannel::Mix(SoundStream* user, bool paused, StereoFrame* mix, int cou
         return;
     }
     const StreamOrder order = stream->LastOrder();
-    Obey(order, paused);
+    ApplyOrder(order, paused);
     if (sounding)
         MixStream(mix, count, patient);
     else
         MixTail(mix, count);
-    stream->Report(order, position + debt, sounding && stream->EndsAt(position));
+    stream->Report(order, position + lateFrames, sounding && stream->EndsAt(position));
 }
 
-void SoundChannel::Obey(const StreamOrder& order, bool paused)
+void SoundChannel::ApplyOrder(const StreamOrder& order, bool paused)
 {
-    const bool moves = !(order == stream->Obeyed());
+    const bool moves = !(order == stream->AppliedOrder());
     const bool sounds = order.playing && !paused;
     if (sounding && (moves || !sounds))
         CatchTail(fadeFrames);
     if (moves) {
         position = stream->PositionOf(order.milliseconds);
-        debt = 0;
+        lateFrames = 0;
         lastFrame = silence;
         if (!stream->Holds(position))
             stream->Want(order);
     }
     if (sounds && (moves || !sounding))
-        risen = position == 0 ? fadeFrames : 0;
+        rampFrames = position == 0 ? fadeFrames : 0;
     sounding = sounds;
 }
 
@@ -60,18 +60,18 @@ void SoundChannel::MixStream(StereoFrame* mix, int count, bool patient)
 {
     if (patient)
         stream->WaitFor(position + count);
-    const int64_t skipped = std::min(debt, stream->FramesFrom(position));
+    const int64_t skipped = std::min(lateFrames, stream->FramesFrom(position));
     position += skipped;
-    debt -= skipped;
-    if (skipped > 0 || debt > 0)
-        risen = 0;
+    lateFrames -= skipped;
+    if (skipped > 0 || lateFrames > 0)
+        rampFrames = 0;
 
     const int heard = int(std::min<int64_t>(stream->FramesFrom(position), count));
     stream->Copy(position, heard, scratch.data());
     position += heard;
     for (int i = 0; i < heard; ++i) {
-        Add(&mix[i], scratch[i], RisenGain());
-        risen = std::min(risen + 1, fadeFrames);
+        Add(&mix[i], scratch[i], RampGain());
+        rampFrames = std::min(rampFrames + 1, fadeFrames);
     }
     if (heard > 0)
         lastFrame = scratch[heard - 1];
@@ -82,9 +82,9 @@ void SoundChannel::MixStream(StereoFrame* mix, int count, bool patient)
     const bool late = !stream->EndsAt(position);
     if (late) {
         CatchTail(0);
-        debt += count - heard;
+        lateFrames += count - heard;
     } else {
-        debt = 0;
+        lateFrames = 0;
     }
     lastFrame = silence;
     MixTail(mix + heard, count - heard);
@@ -98,13 +98,13 @@ void SoundChannel::CatchTail(int most)
         std::copy(tail.begin() + tailStart, tail.end(), tail.begin()); // of a tail before this one
     std::fill(left, tail.end(), silence);
     tailStart = 0;
-    if (debt > 0)
+    if (lateFrames > 0)
         return; // silent already
 
     const int caught = int(std::min<int64_t>(stream->FramesFrom(position), most));
     stream->Copy(position, caught, scratch.data());
     position += caught;
-    const float top = RisenGain();
+    const float top = RampGain();
     for (int i = 0; i < fadeFrames; ++i) {
         if (i < caught)
             lastFrame = scratch[i];
@@ -119,7 +119,7 @@ void SoundChannel::MixTail(StereoFrame* mix, int count)
 }
 
 // Of the next frame.
-float SoundChannel::RisenGain() const
+float SoundChannel::RampGain() const
 {
-    return risen < fadeFrames ? float(risen + 1) / float(fadeFrames + 1) : 1.0f;
+    return rampFrames < fadeFrames ? float(rampFrames + 1) / float(fadeFrames + 1) : 1.0f;
 }

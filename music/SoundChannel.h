@@ -23,28 +23,28 @@ class SoundChannel
 {
 public:
     static constexpr int FadeMilliseconds = 5;
-    static constexpr int MostFrames = 512; // of one Mix
+    static constexpr int MaxFrames = 512; // of one Mix
 
     explicit SoundChannel(int rate);
 
     // Adds the next count frames of the stream to the mix. `user` is the stream that has the channel, or
-    // null. A stream may only follow another that has obeyed its order to stop.
+    // null. A stream may take the place of another only when that one's order to stop has been applied.
     void Mix(SoundStream* user, bool paused, StereoFrame* mix, int count, bool patient);
 
 private:
-    void Obey(const StreamOrder& order, bool paused);
+    void ApplyOrder(const StreamOrder& order, bool paused);
     void MixStream(StereoFrame* mix, int count, bool patient);
     void CatchTail(int most);
     void MixTail(StereoFrame* mix, int count);
-    float RisenGain() const;
+    float RampGain() const;
 
     const int fadeFrames;
 
     SoundStream* stream;   // borrowed, null without one
     bool sounding;         // playing and not paused
     int64_t position;      // of the next frame
-    int64_t debt;          // frames that should have been heard by now and weren't: the decoder is late
-    int risen;             // frames of the rising ramp that are done; fadeFrames in steady play
+    int64_t lateFrames;    // frames that should have been heard by now and weren't: the decoder is late
+    int rampFrames;        // frames of the rising ramp that are done; fadeFrames in steady play
     StereoFrame lastFrame; // before its ramp
 
     std::vector<StereoFrame> tail; // what falls to silence

@@ -4,26 +4,26 @@
 #include <algorithm>
 
 SoundMixer::SoundMixer(int rate, int channelCount)
-    : paused(false), users(channelCount, nullptr), seats(new std::atomic<SoundStream*>[channelCount]),
+    : paused(false), users(channelCount, nullptr), assigned(new std::atomic<SoundStream*>[channelCount]),
       channels(channelCount, SoundChannel(rate)), rounds(0)
 {
     for (int i = 0; i < channelCount; ++i)
-        seats[i] = nullptr;
+        assigned[i] = nullptr;
 }
 
-int SoundMixer::Seat(SoundStream* stream)
+int SoundMixer::AssignChannel(SoundStream* stream)
 {
     int chosen = -1;
     for (int i = int(users.size()) - 1; i >= 0; --i) {
         if (users[i] == stream)
             return i;
-        const bool hasStopped = users[i] && users[i]->IsObeyed() && !users[i]->LastOrder().playing;
-        if (hasStopped || !seats[i])
+        const bool hasStopped = users[i] && users[i]->HasAppliedOrder() && !users[i]->LastOrder().playing;
+        if (hasStopped || !assigned[i])
             chosen = i;
     }
     if (chosen >= 0) {
         users[chosen] = stream;
-        seats[chosen] = stream;
+        assigned[chosen] = stream;
     }
     return chosen;
 }
@@ -39,17 +39,17 @@ void SoundMixer::Mix(StereoFrame* frames, int count, bool patient)
     std::fill_n(frames, count, StereoFrame{0.0f, 0.0f});
     const bool pausedNow = paused;
     for (size_t i = 0; i < channels.size(); ++i)
-        channels[i].Mix(seats[i], pausedNow, frames, count, patient);
+        channels[i].Mix(assigned[i], pausedNow, frames, count, patient);
     ++rounds;
 }
 
 bool SoundMixer::IsDoneWith(SoundStream* stream)
 {
     for (size_t i = 0; i < channels.size(); ++i)
-        if (seats[i] == stream) {
-            if (!stream->IsObeyed())
+        if (assigned[i] == stream) {
+            if (!stream->HasAppliedOrder())
                 return false;
-            seats[i] = nullptr;
+            assigned[i] = nullptr;
         }
     // Outside of a Mix the device thread holds no stream, and the next one will not find this one.
     return rounds % 2 == 0;

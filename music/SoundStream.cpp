@@ -30,12 +30,12 @@ static int64_t FramesIn(int milliseconds, int rate)
 }
 
 SoundStream::SoundStream(std::unique_ptr<Decoder> decoder, int mixRate, int bufferMilliseconds,
-                         Bell* decodeBell)
+                         EventCount* decodeWakeUp)
     : closed(false), nextArrival(nullptr), rate(mixRate),
-      capacity(FramesIn(std::clamp(bufferMilliseconds, ShortestBuffer, LongestBuffer), mixRate)),
+      capacity(FramesIn(std::clamp(bufferMilliseconds, MinBuffer, MaxBuffer), mixRate)),
       history(std::min(FramesIn(historyMilliseconds, mixRate), capacity / 4)),
-      window(new StereoFrame[capacity]), ordered(0), obeyed(0), wanted(0), reported(0), finished(false),
-      floor(0), served(0), ready(0), ended(false), work(decodeBell), reader(std::move(decoder), mixRate),
+      window(new StereoFrame[capacity]), ordered(0), applied(0), wanted(0), reported(0), finished(false),
+      floor(0), served(0), ready(0), ended(false), work(decodeWakeUp), reader(std::move(decoder), mixRate),
       piece(new StereoFrame[pieceFrames])
 {
 }
@@ -61,24 +61,24 @@ StreamOrder SoundStream::LastOrder() const
     return Unpack(ordered);
 }
 
-bool SoundStream::IsObeyed() const
+bool SoundStream::HasAppliedOrder() const
 {
-    return obeyed == ordered;
+    return applied == ordered;
 }
 
 int SoundStream::GetTime() const
 {
-    return IsObeyed() ? TimeOf(reported) : LastOrder().milliseconds;
+    return HasAppliedOrder() ? TimeOf(reported) : LastOrder().milliseconds;
 }
 
 bool SoundStream::HasRunOut() const
 {
-    return IsObeyed() && finished;
+    return HasAppliedOrder() && finished;
 }
 
-StreamOrder SoundStream::Obeyed() const
+StreamOrder SoundStream::AppliedOrder() const
 {
-    return Unpack(obeyed);
+    return Unpack(applied);
 }
 
 int64_t SoundStream::Reported() const
@@ -95,16 +95,16 @@ void SoundStream::Want(const StreamOrder& order)
 {
     floor = PositionOf(order.milliseconds);
     wanted = Pack(order);
-    work->Ring();
+    work->Notify();
 }
 
 void SoundStream::WaitFor(int64_t position) const
 {
     for (;;) {
-        const uint32_t seen = progress.Count();
+        const uint32_t seen = progress.Current();
         if (served == wanted && (ready >= position || ended))
             return;
-        progress.SleepAfter(seen);
+        progress.WaitBeyond(seen);
     }
 }
 
@@ -132,7 +132,7 @@ void SoundStream::Report(const StreamOrder& order, int64_t position, bool runOut
         floor = std::max<int64_t>(floor, position - history);
     reported = position;
     finished = runOut;
-    obeyed = Pack(order);
+    applied = Pack(order);
 }
 
 bool SoundStream::Decode()
@@ -159,6 +159,6 @@ bool SoundStream::Decode()
     std::copy_n(&piece[first], got - first, &window[0]);
     ready += got;
     ended = reader.IsAtEnd();
-    progress.Ring();
+    progress.Notify();
     return true;
 }

@@ -2,11 +2,11 @@
 // One opened music file on its way through three threads.
 //
 //   main thread    gives orders: be playing or stopped, go to that time
-//   device thread  obeys the newest order when the device asks for samples, which it takes from the window
+//   device thread  applies the newest order when the device asks for samples, which it takes from the window
 //   decode thread  keeps the window filled ahead of the device, and moves it when a seek lands outside
 //
-// The threads never wait for each other; what they have to say stands in atomics, each with one writer. The
-// exception: a patient device thread (see platform/SoundOutput.h) waits for the decode thread.
+// The threads never wait for each other. They exchange their state in atomic fields, each of which has a single
+// writer. The one exception is a patient device thread (see platform/SoundOutput.h): it waits for the decode thread.
 //
 // The window is a ring of stereo frames of the mix, some decoded ahead of the device, some already played and
 // kept so that a short way back costs nothing. It holds the frames from `floor` to `ready`. The device thread
@@ -18,7 +18,7 @@
 // so that a time survives the way there and back.
 #pragma once
 
-#include "music/Bell.h"
+#include "music/EventCount.h"
 #include "music/StereoReader.h"
 
 #include <atomic>
@@ -38,12 +38,13 @@ class SoundStream
 {
 public:
     // The decode thread works that far ahead: bufferMilliseconds, brought into the range from
-    // ShortestBuffer to LongestBuffer, or a second as long as no order was given.
-    static constexpr int ShortestBuffer = 500;
-    static constexpr int LongestBuffer = 60000;
+    // MinBuffer to MaxBuffer, or a second as long as no order was given.
+    static constexpr int MinBuffer = 500;
+    static constexpr int MaxBuffer = 60000;
 
-    // The bell wakes the decode thread; it is borrowed.
-    SoundStream(std::unique_ptr<Decoder> decoder, int mixRate, int bufferMilliseconds, Bell* decodeBell);
+    // Notifying decodeWakeUp wakes the decode thread. It is borrowed.
+    SoundStream(std::unique_ptr<Decoder> decoder, int mixRate, int bufferMilliseconds,
+                EventCount* decodeWakeUp);
 
     int64_t PositionOf(int milliseconds) const;
     int TimeOf(int64_t position) const; // at most INT_MAX
@@ -51,12 +52,12 @@ public:
     // Main thread.
     void Give(bool playing, int milliseconds); // an order; times below 0 count as 0
     StreamOrder LastOrder() const;
-    bool IsObeyed() const;  // the device thread knows the last order
-    int GetTime() const;    // where the device is; or will be, when it knows the last order
-    bool HasRunOut() const; // everything was played, and nothing was ordered since
+    bool HasAppliedOrder() const; // the device thread knows the last order
+    int GetTime() const;          // where the device is; or will be, when it knows the last order
+    bool HasRunOut() const;       // everything was played, and nothing was ordered since
 
     // Device thread. Frames at a position are there if Holds says so for it; behind the music there are none.
-    StreamOrder Obeyed() const;
+    StreamOrder AppliedOrder() const;
     int64_t Reported() const;
     bool Holds(int64_t position) const;
     void Want(const StreamOrder& order);
@@ -79,7 +80,7 @@ private:
     std::unique_ptr<StereoFrame[]> window; // frame p lies at p modulo capacity
 
     std::atomic<uint64_t> ordered; // main thread writes
-    std::atomic<uint64_t> obeyed;  // device thread writes, as the next four
+    std::atomic<uint64_t> applied; // device thread writes, as the next four
     std::atomic<uint64_t> wanted;
     std::atomic<int64_t> reported;
     std::atomic<bool> finished;
@@ -88,8 +89,8 @@ private:
     std::atomic<int64_t> ready;
     std::atomic<bool> ended; // no frame will come behind ready
 
-    Bell* const work;
-    Bell progress; // wakes a patient device thread
+    EventCount* const work;
+    EventCount progress; // wakes a patient device thread
 
     StereoReader reader; // decode thread
     std::unique_ptr<StereoFrame[]> piece;

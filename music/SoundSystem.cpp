@@ -13,13 +13,14 @@ static int bufferMilliseconds = 1000;
 
 // What the threads use, from Init on. It is never freed: they run on while the process ends.
 struct RunningSystem {
-    RunningSystem(int rate, int channels) : mixRate(rate), mixer(rate, channels), decodeThread(&mixer, &bell)
+    RunningSystem(int rate, int channels)
+        : mixRate(rate), mixer(rate, channels), decodeThread(&mixer, &wakeUp)
     {
     }
 
     int mixRate;
     SoundMixer mixer;
-    Bell bell;
+    EventCount wakeUp;
     DecodeThread decodeThread;
     std::vector<SoundStream*> openStreams;
 };
@@ -34,9 +35,9 @@ static void FillOutput(void* context, StereoFrame* frames, int count, bool patie
 {
     RunningSystem* system = static_cast<RunningSystem*>(context);
     while (count > 0) {
-        const int piece = std::min(count, SoundChannel::MostFrames);
+        const int piece = std::min(count, SoundChannel::MaxFrames);
         system->mixer.Mix(frames, piece, patient);
-        system->bell.Ring();
+        system->wakeUp.Notify();
         frames += piece;
         count -= piece;
     }
@@ -60,8 +61,8 @@ bool SoundSystem::Init(int mixRate, int channels, unsigned flags)
                   std::to_string(flags));
     if (sound)
         return true;
-    if (chosenDriver != DefaultDriver || mixRate < LowestMixRate || mixRate > HighestMixRate ||
-        channels < 1 || channels > MostChannels || flags != 0)
+    if (chosenDriver != DefaultDriver || mixRate < MinMixRate || mixRate > MaxMixRate || channels < 1 ||
+        channels > MaxChannels || flags != 0)
         return false;
     RunningSystem* started = new RunningSystem(mixRate, channels);
     if (!platform::OpenSoundOutput(mixRate, FillOutput, started)) {
@@ -91,7 +92,7 @@ SoundStream* SoundSystem::OpenStream(const std::string& path, unsigned mode, int
     if (!decoder)
         return nullptr;
     SoundStream* stream =
-        new SoundStream(std::move(decoder), sound->mixRate, bufferMilliseconds, &sound->bell);
+        new SoundStream(std::move(decoder), sound->mixRate, bufferMilliseconds, &sound->wakeUp);
     sound->openStreams.push_back(stream);
     sound->decodeThread.Add(stream);
     return stream;
@@ -106,10 +107,10 @@ int SoundSystem::PlayStream(int channel, SoundStream* stream)
     const int time = hasRunOut ? 0 : stream->GetTime();
     if (hasRunOut || !stream->LastOrder().playing)
         stream->Give(true, time);
-    const int seat = sound->mixer.Seat(stream);
-    if (seat < 0)
+    const int number = sound->mixer.AssignChannel(stream);
+    if (number < 0)
         stream->Give(false, time);
-    return seat;
+    return number;
 }
 
 bool SoundSystem::SetStreamTime(SoundStream* stream, int milliseconds)
@@ -145,7 +146,7 @@ bool SoundSystem::CloseStream(SoundStream* stream)
     std::erase(sound->openStreams, stream);
     sound->mixer.Forget(stream);
     stream->closed = true;
-    sound->bell.Ring();
+    sound->wakeUp.Notify();
     return true;
 }
 

@@ -4,10 +4,11 @@
 // process ends the sound.
 //
 // All of it is called from the main thread, and every call returns at once, whatever the device or the disk
-// does: decoding, mixing and output run on threads of their own, to which the calls leave word (see
-// SoundStream.h). Only OpenStream reads, as far as a file's headers.
+// does: decoding, mixing and output run on threads of their own, which take their orders from atomic fields (see
+// SoundStream.h). Only OpenStream reads the file: its headers, and of an MP3 all frame headers.
 //
-// Failing is quiet: the result says so and nothing else happens. A null stream, or one that is closed, fails.
+// A call that fails reports nothing: its result says so and nothing else happens. Calls for a stream that is null or
+// closed fail.
 #pragma once
 
 #include <string>
@@ -33,19 +34,19 @@ public:
     // Chooses the output of the next Init. Without a choice, or with another than DefaultDriver, that fails.
     static void SetDriver(int driver);
 
-    // Starts the output at a rate from LowestMixRate to HighestMixRate, with 1 to MostChannels channels; no
+    // Starts the output at a rate from MinMixRate to MaxMixRate, with 1 to MaxChannels channels; no
     // flags are known, so they are 0. False: one of these is wrong, or there is no device. Once it has
     // started, further calls change nothing and return true.
     static bool Init(int mixRate, int channels, unsigned flags);
-    static constexpr int LowestMixRate = 8000;
-    static constexpr int HighestMixRate = 192000;
-    static constexpr int MostChannels = 1024;
+    static constexpr int MinMixRate = 8000;
+    static constexpr int MaxMixRate = 192000;
+    static constexpr int MaxChannels = 1024;
 
     // How far ahead the streams opened from now on are decoded, in milliseconds (a second unless it is set).
     // See SoundStream for the range that is kept.
     static void SetBufferSize(int milliseconds);
 
-    // Opens a music file: all that libsndfile and libopenmpt know. The only mode there is sets all three
+    // Opens a music file of any format that OpenDecoder knows (music/Decoder.h). The only mode there is sets all three
     // bits; offset and length select a part, and must be 0, for the whole. Null: not started, another mode or
     // part, or a file that can't be opened. The stream belongs to the system; it is stopped, at time 0.
     static SoundStream* OpenStream(const std::string& path, unsigned mode, int offset, int length);

@@ -8,13 +8,13 @@
 
 #include <vector>
 
-const GLsizei longestLog = 4096;      // bytes
-const size_t longestSource = 1 << 20; // bytes
+const GLsizei maxLogBytes = 4096;      // bytes
+const size_t maxSourceBytes = 1 << 20; // bytes
 
 static std::string InfoLog(GLhandleARB object)
 {
-    std::vector<char> log(longestLog + 1);
-    glGetInfoLogARB(object, longestLog, nullptr, log.data());
+    std::vector<char> log(maxLogBytes + 1);
+    glGetInfoLogARB(object, maxLogBytes, nullptr, log.data());
     return log.data();
 }
 
@@ -28,7 +28,7 @@ static std::string ReadSource(std::string path)
     }
     std::string source;
     int byte;
-    while (source.size() < longestSource && (byte = fgetc(file)) != EOF)
+    while (source.size() < maxSourceBytes && (byte = fgetc(file)) != EOF)
         source += static_cast<char>(byte);
     return source; // the file stays open to the end of the run
 }

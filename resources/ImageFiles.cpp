@@ -8,7 +8,7 @@
 #include <cstring>
 #include <filesystem>
 
-const uintmax_t largestFile = 256u << 20;
+const uintmax_t maxFileBytes = 256u << 20;
 
 std::string ReadPictureFile(const std::string& path)
 {
@@ -17,7 +17,7 @@ std::string ReadPictureFile(const std::string& path)
     if (!fs::is_regular_file(path, error))
         return "";
     const uintmax_t size = fs::file_size(path, error);
-    if (error || size > largestFile)
+    if (error || size > maxFileBytes)
         return "";
     FILE* file = fopen(path.c_str(), "rb");
     if (!file)

@@ -14,7 +14,7 @@
 
 #include <cstring>
 
-const size_t longestBadName = 4; // no room for a character, a dot and three letters
+const size_t maxBadNameLength = 4; // no room for a character, a dot and three letters
 
 static PictureObserver pictureObserver = nullptr;
 
@@ -31,7 +31,7 @@ static void ReportUnusable(const std::string& text)
 
 ImageData TextureLoader::LoadImage(std::string name)
 {
-    if (name.size() <= longestBadName) {
+    if (name.size() <= maxBadNameLength) {
         ReportUnusable(name + ": Could Not Load Texture");
         return ImageData();
     }

@@ -20,7 +20,7 @@
 
 static const unsigned childSeconds = 10;
 static const rlim_t childMemory = rlim_t{2} << 30; // bytes
-static const int largestBytesPerPixel = 32;        // four doubles
+static const int maxBytesPerPixel = 32;            // four doubles
 
 static bool IsPng(const std::string& bytes)
 {
@@ -90,7 +90,7 @@ static DecodedPicture MakePicture(const PictureHead& head, size_t fileBytes)
         return picture;
     }
     if (head.width <= 0 || head.height <= 0 || head.bytesPerPixel <= 0 ||
-        head.bytesPerPixel > largestBytesPerPixel) {
+        head.bytesPerPixel > maxBytesPerPixel) {
         picture.complaint = LibraryWords(IL_ILLEGAL_FILE_VALUE);
         return picture;
     }

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 
-const GLsizei longestLog = 4096;    // bytes
-const long longestSource = 1 << 20; // bytes; what stands in a file's place may claim any size
+const GLsizei maxLogBytes = 4096;    // bytes
+const long maxSourceBytes = 1 << 20; // bytes; what stands in a file's place may claim any size
 
 static void ReportLog(GLhandleARB object)
 {
-    GLcharARB log[longestLog + 1] = {};
-    glGetInfoLogARB(object, longestLog, nullptr, log);
+    GLcharARB log[maxLogBytes + 1] = {};
+    glGetInfoLogARB(object, maxLogBytes, nullptr, log);
     ReportError("Error", log);
 }
 
@@ -24,7 +24,7 @@ static const char* ReadSource(const std::string& path)
     if (!file)
         return nullptr;
     fseek(file, 0, SEEK_END);
-    const long size = std::clamp(ftell(file), 0L, longestSource);
+    const long size = std::clamp(ftell(file), 0L, maxSourceBytes);
     rewind(file);
     char* source = new char[size + 1]();
     source[fread(source, 1, size, file)] = 0;

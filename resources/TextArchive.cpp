@@ -95,7 +95,7 @@ int TextArchiveReader::ReadCount()
 
 bool TextArchiveReader::HasItem(int index, int count) const
 {
-    return index < count && (IsGood() || index < MostMissingItems);
+    return index < count && (IsGood() || index < MaxMissingItems);
 }
 
 void TextArchiveReader::ReadInts(std::vector<int>* list)

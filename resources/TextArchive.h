@@ -55,7 +55,7 @@ struct WeightsRecord {
 // breaks off in the middle keeps those in front of the break.
 //
 // A list is appended to. Of a list whose items break off, the count is worked through, each further item
-// being a zero or an empty face, up to MostMissingItems; a list whose count can't be read stays as it was.
+// being a zero or an empty face, up to MaxMissingItems; a list whose count can't be read stays as it was.
 class TextArchiveReader
 {
 public:
@@ -88,7 +88,7 @@ public:
     // that can ask for gigabytes. So as long as items are there they are taken, however many, since the file
     // pays for each with bytes of its own; items that are not there are made up only until the list holds a
     // million. No mesh that this format is practical for has more, and a million empty faces are 80 MB.
-    static constexpr int MostMissingItems = 1 << 20;
+    static constexpr int MaxMissingItems = 1 << 20;
 
 private:
     void ReadFloatArray(float* values, int count);

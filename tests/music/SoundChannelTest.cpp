@@ -17,7 +17,7 @@ protected:
     void Open(int bufferMilliseconds, int64_t frames)
     {
         auto numbered = std::make_unique<NumberedDecoder>(frames);
-        stream = std::make_unique<SoundStream>(std::move(numbered), 44100, bufferMilliseconds, &bell);
+        stream = std::make_unique<SoundStream>(std::move(numbered), 44100, bufferMilliseconds, &wakeUp);
     }
     void Decode()
     {
@@ -58,7 +58,7 @@ protected:
     static float Rising(int i) { return float(i + 1) / 221.0f; }
     static float Falling(int i) { return float(220 - i) / 221.0f; }
 
-    Bell bell;
+    EventCount wakeUp;
     std::unique_ptr<SoundStream> stream;
     SoundStream* user = nullptr;
     SoundChannel channel;
@@ -97,7 +97,7 @@ TEST_F(SoundChannelSound, TheBeginningOfTheMusicHasNoRamp)
 {
     Play(0);
     ExpectSteady(Mix(5000), 0);
-    EXPECT_TRUE(stream->IsObeyed());
+    EXPECT_TRUE(stream->HasAppliedOrder());
     EXPECT_EQ(5000, stream->Reported());
 }
 
@@ -351,7 +351,7 @@ TEST_F(SoundChannelSound, TheNextStreamOnTheChannelStartsAfresh)
     Mix(1000);
     stream->Give(false, 0);
     Mix(1000);
-    SoundStream next(std::make_unique<NumberedDecoder>(44100), 44100, 1000, &bell);
+    SoundStream next(std::make_unique<NumberedDecoder>(44100), 44100, 1000, &wakeUp);
     next.Give(true, 0);
     while (next.Decode()) {
     }
@@ -366,7 +366,7 @@ TEST_F(SoundChannelSound, AStreamThatComesBackToAChannelIsWhereItWas)
     Decode();
     stream->Give(false, 300);
     Mix(10);
-    SoundStream next(std::make_unique<NumberedDecoder>(44100), 44100, 1000, &bell);
+    SoundStream next(std::make_unique<NumberedDecoder>(44100), 44100, 1000, &wakeUp);
     user = &next;
     Mix(10);
     user = nullptr;
@@ -376,9 +376,9 @@ TEST_F(SoundChannelSound, AStreamThatComesBackToAChannelIsWhereItWas)
 
 TEST(SoundChannelRamp, IsFiveMillisecondsAtEveryRate)
 {
-    Bell bell;
+    EventCount wakeUp;
     SoundChannel channel(48000);
-    SoundStream stream(std::make_unique<NumberedDecoder>(44100), 48000, 1000, &bell);
+    SoundStream stream(std::make_unique<NumberedDecoder>(44100), 48000, 1000, &wakeUp);
     stream.Give(true, 0);
     while (stream.Decode()) {
     }

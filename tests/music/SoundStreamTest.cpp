@@ -17,7 +17,7 @@ protected:
     {
         auto numbered = std::make_unique<NumberedDecoder>(frames);
         decoder = numbered.get();
-        stream = std::make_unique<SoundStream>(std::move(numbered), 44100, bufferMilliseconds, &bell);
+        stream = std::make_unique<SoundStream>(std::move(numbered), 44100, bufferMilliseconds, &wakeUp);
     }
     void DecodeAll()
     {
@@ -39,7 +39,7 @@ protected:
         return frame.left;
     }
 
-    Bell bell;
+    EventCount wakeUp;
     NumberedDecoder* decoder = nullptr;
     std::unique_ptr<SoundStream> stream;
 };
@@ -95,7 +95,7 @@ TEST_F(SoundStreamWindow, AnOrderArrivesWithAllItsParts)
     EXPECT_EQ((StreamOrder{false, 1, 2}), stream->LastOrder());
     stream->Give(true, -1);
     EXPECT_EQ((StreamOrder{true, 0, 3}), stream->LastOrder());
-    EXPECT_EQ((StreamOrder{false, 0, 0}), stream->Obeyed());
+    EXPECT_EQ((StreamOrder{false, 0, 0}), stream->AppliedOrder());
 }
 
 TEST_F(SoundStreamWindow, OrdersDifferIfAnyPartDoes)
@@ -110,13 +110,13 @@ TEST_F(SoundStreamWindow, OrdersDifferIfAnyPartDoes)
 TEST_F(SoundStreamWindow, TheTimeIsTheOrderedOneUntilTheDeviceKnowsBetter)
 {
     Open(1000);
-    EXPECT_TRUE(stream->IsObeyed());
+    EXPECT_TRUE(stream->HasAppliedOrder());
     EXPECT_EQ(0, stream->GetTime());
     stream->Give(true, 300);
-    EXPECT_FALSE(stream->IsObeyed());
+    EXPECT_FALSE(stream->HasAppliedOrder());
     EXPECT_EQ(300, stream->GetTime());
     stream->Report(stream->LastOrder(), 44100, false);
-    EXPECT_TRUE(stream->IsObeyed());
+    EXPECT_TRUE(stream->HasAppliedOrder());
     EXPECT_EQ(1000, stream->GetTime());
     EXPECT_EQ(44100, stream->Reported());
     stream->Give(true, 20);
@@ -248,9 +248,9 @@ TEST_F(SoundStreamWindow, ASeekElsewhereThrowsAwayWhatWasBuffered)
     stream->Give(true, 0);
     DecodeAll();
     stream->Give(true, 50000);
-    const uint32_t rung = bell.Count();
+    const uint32_t seen = wakeUp.Current();
     ObeySeek();
-    EXPECT_NE(rung, bell.Count()); // or the decode thread would sleep on
+    EXPECT_NE(seen, wakeUp.Current()); // or the decode thread would sleep on
     EXPECT_FALSE(stream->Holds(0));
     EXPECT_FALSE(stream->Holds(50 * 44100));
     EXPECT_EQ(0, stream->FramesFrom(0));

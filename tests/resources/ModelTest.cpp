@@ -279,7 +279,7 @@ TEST_F(ModelFile, ThatIsCutAtAnyByteIsHarmless)
 
 TEST_F(ModelFile, CannotExhaustTheMemoryByACountThatItDoesNotHold)
 {
-    const size_t most = TextArchiveReader::MostMissingItems;
+    const size_t most = TextArchiveReader::MaxMissingItems;
     EXPECT_EQ(most, Load("greedy 2147483647 1 2 3").vertices.size());
     EXPECT_EQ(most, Load("greedy 0 2000000000").normals.size());
     EXPECT_EQ(most, Load("greedy 0 0 2000000000").texCoords.size());

@@ -500,7 +500,7 @@ TEST_F(TextArchive, ANegativeCountIsAnEmptyList)
 
 TEST_F(TextArchive, MissingItemsAreMadeUpToAMillionAndNoFurther)
 {
-    EXPECT_EQ(1048576, TextArchiveReader::MostMissingItems);
+    EXPECT_EQ(1048576, TextArchiveReader::MaxMissingItems);
     std::vector<int> list;
     Put("1048575 1");
     TextArchiveReader(path).ReadInts(&list);
