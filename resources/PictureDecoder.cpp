@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 
@@ -153,6 +154,7 @@ static void LimitMemory()
 // What the child does, to its end.
 [[noreturn]] static void DecodeAndSend(const std::string& path, const std::string& bytes, int pipe)
 {
+    std::signal(SIGALRM, SIG_DFL); // whatever the process that this one was forked from does with it
     alarm(childSeconds);
     LimitMemory();
     const ILenum type = ilDetermineType(path.c_str());
