@@ -57,12 +57,12 @@ FX_Footprint::FX_Footprint()
 
 void FX_Footprint::Init(GLWindow*, DemoPlayer*)
 {
-    const auto& [print, sand] = textureNames;
+    const auto& [printName, sandName] = textureNames;
     const auto& [glow] = lightNames;
     const auto& [vertex, fragment] = shaderNames;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
-        printTexture = textures->GetTexture(print, true, true, true);
-        sandTexture = textures->GetTexture(sand, true, true, true);
+        printTexture = textures->GetTexture(printName, true, true, true);
+        sandTexture = textures->GetTexture(sandName, true, true, true);
         glowTexture = textures->GetTexture(glow, true, true, true);
     }
     blurShader.Load(vertex, fragment);

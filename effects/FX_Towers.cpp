@@ -173,11 +173,11 @@ FX_Towers::FX_Towers()
 
 void FX_Towers::Init(GLWindow*, DemoPlayer*)
 {
-    const auto& [tower, beam] = textureNames;
+    const auto& [towerName, beamName] = textureNames;
     const auto& [spirograph, left, back, right, front] = lightNames;
     TextureLoader* textures = TextureLoader::GetInstance();
     if (textures) {
-        towerTexture = textures->GetTexture(tower, true, true, true);
+        towerTexture = textures->GetTexture(towerName, true, true, true);
         spiroTexture = textures->GetTexture(spirograph, true, true, true);
     }
     CompileTowers();
@@ -186,7 +186,7 @@ void FX_Towers::Init(GLWindow*, DemoPlayer*)
         skyBack = textures->GetTexture(back, true, false, true);
         skyRight = textures->GetTexture(right, true, false, true);
         skyFront = textures->GetTexture(front, true, false, true);
-        beamTexture = textures->GetTexture(beam, true, true, true);
+        beamTexture = textures->GetTexture(beamName, true, true, true);
     }
     flash = 0;
     distance = firstDistance;
