@@ -8,7 +8,7 @@
 TEST(SoundMixer, WithNothingToPlayItPutsSilenceOverWhatTheBufferHeld)
 {
     SoundMixer mixer(44100, 4);
-    std::vector<StereoFrame> frames(SoundChannel::MostFrames, StereoFrame{0.5f, -0.25f});
+    std::vector<StereoFrame> frames(SoundChannel::MaxFrames, StereoFrame{0.5f, -0.25f});
     mixer.Mix(frames.data(), int(frames.size()) - 1, false);
     for (size_t i = 0; i + 1 < frames.size(); i++) {
         ASSERT_EQ(0.0f, frames[i].left) << i;
