@@ -2,7 +2,8 @@
 #include "tests/support/BytesInUse.h"
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+// Declared here, because Debian's GCC brings the sanitizer's library without its headers.
+extern "C" size_t __sanitizer_get_current_allocated_bytes();
 
 size_t BytesInUse()
 {
