@@ -82,12 +82,6 @@ static_assert(std::size(textureNames) == firstGreeting + 2 * greetingPairs);
 static const char* const programPaths[] = {"data/glowmask.vp", "data/mix.fp"};
 const EffectFiles FX_Clouds::files = {.textures = textureNames, .programs = programPaths};
 
-static Vector3 TurnedAboutZ(Vector3 v, float degrees)
-{
-    const float a = degrees * radiansPerDegree;
-    return Vector3(CosF(a) * v.x - SinF(a) * v.y, SinF(a) * v.x + CosF(a) * v.y, v.z);
-}
-
 FX_Clouds::FX_Clouds()
     : clouds{}, cameraTravel(0), skyFade(1), greetingIndex(-2), handState(HandDimming), handAlpha(0),
       cameraBlend(0), shake(0), roll(0), rollFrom(0), rollTo(0), blendValue(0), cloudTexture(nullptr),
@@ -145,26 +139,6 @@ void FX_Clouds::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
     Update();
 }
 
-void FX_Clouds::PlaceClouds()
-{
-    seed = firstSeed;
-    for (int i = 0; i < cloudCount; i++) {
-        Cloud& cloud = clouds[i];
-        cloud.fade = 0;
-        cloud.x = NextRandom(&seed, placeSteps) / placeDivisor * cloudWidth;
-        cloud.y = (NextRandom(&seed, placeSteps) / placeDivisor - 1) * cloudHeight;
-        cloud.z = cloudSpacing * i;
-    }
-}
-
-void FX_Clouds::AddGreetingPair(Vector3 position, float scale)
-{
-    const float s = scale * halfSizeOfScale;
-    greetingQuads.push_back({0, s, position, true});
-    greetingQuads.push_back(
-        {cardRotation, s * halfSizeOfScale, position + Vector3(cardX, cardY, 0) * s, false});
-}
-
 void FX_Clouds::DeclareMessages(SynchMessageTable* table)
 {
     handId = table->DeclareMessage("hand", this, "NA");
@@ -185,42 +159,6 @@ void FX_Clouds::ReceiveMessage(int messageId, float*, int)
     } else if (messageId == blendId) {
         blendActive = true;
     }
-}
-
-void FX_Clouds::ShowNextHand()
-{
-    handState = HandRising;
-    handAlpha = 0;
-    cameraBlend = 0;
-    rollBlend = 0;
-    shake = 1;
-    // The results are not used, but the random sequence has to move on by three.
-    for (int i = 0; i < 3; i++)
-        NextRandom(&seed, placeSteps);
-
-    // After the six pairs comes one hand that shows nothing. The comparison is unsigned, as sizes are.
-    greetingIndex += 2;
-    if (unsigned(greetingIndex) >= greetingQuads.size() ||
-        unsigned(greetingIndex) + 1 >= greetingQuads.size())
-        greetingIndex = -2;
-
-    targetStart = Vector3(0, 0, 0);
-    eyeStart = Vector3(0, 0, 3);
-    targetEnd = target = targetStart;
-    eyeEnd = eye = eyeStart;
-    rollFrom = NextRandom(&seed, rollSteps) - rollCentre;
-    rollTo = NextRandom(&seed, rollChangeSteps) + rollFrom - rollChangeCentre;
-}
-
-void FX_Clouds::Dive()
-{
-    handState = HandDiving;
-    handAlpha = 1;
-    cameraBlend = 0;
-    targetEnd = TurnedAboutZ(Vector3(diveTargetX, diveTargetY, 0), diveTurn);
-    eyeEnd = targetEnd + Vector3(-0.2f, -0.2f, 0.6f);
-    target = targetStart;
-    eye = eyeStart;
 }
 
 void FX_Clouds::Update()
@@ -257,6 +195,75 @@ void FX_Clouds::Update()
     }
 }
 
+void FX_Clouds::Render()
+{
+    RenderSky();
+    RenderClouds();
+    RenderGreetings();
+}
+
+void FX_Clouds::PlaceClouds()
+{
+    seed = firstSeed;
+    for (int i = 0; i < cloudCount; i++) {
+        Cloud& cloud = clouds[i];
+        cloud.fade = 0;
+        cloud.x = NextRandom(&seed, placeSteps) / placeDivisor * cloudWidth;
+        cloud.y = (NextRandom(&seed, placeSteps) / placeDivisor - 1) * cloudHeight;
+        cloud.z = cloudSpacing * i;
+    }
+}
+
+void FX_Clouds::AddGreetingPair(Vector3 position, float scale)
+{
+    const float s = scale * halfSizeOfScale;
+    greetingQuads.push_back({0, s, position, true});
+    greetingQuads.push_back(
+        {cardRotation, s * halfSizeOfScale, position + Vector3(cardX, cardY, 0) * s, false});
+}
+
+void FX_Clouds::ShowNextHand()
+{
+    handState = HandRising;
+    handAlpha = 0;
+    cameraBlend = 0;
+    rollBlend = 0;
+    shake = 1;
+    // The results are not used, but the random sequence has to move on by three.
+    for (int i = 0; i < 3; i++)
+        NextRandom(&seed, placeSteps);
+
+    // After the six pairs comes one hand that shows nothing. The comparison is unsigned, as sizes are.
+    greetingIndex += 2;
+    if (unsigned(greetingIndex) >= greetingQuads.size() ||
+        unsigned(greetingIndex) + 1 >= greetingQuads.size())
+        greetingIndex = -2;
+
+    targetStart = Vector3(0, 0, 0);
+    eyeStart = Vector3(0, 0, 3);
+    targetEnd = target = targetStart;
+    eyeEnd = eye = eyeStart;
+    rollFrom = NextRandom(&seed, rollSteps) - rollCentre;
+    rollTo = NextRandom(&seed, rollChangeSteps) + rollFrom - rollChangeCentre;
+}
+
+static Vector3 TurnedAboutZ(Vector3 v, float degrees)
+{
+    const float a = degrees * radiansPerDegree;
+    return Vector3(CosF(a) * v.x - SinF(a) * v.y, SinF(a) * v.x + CosF(a) * v.y, v.z);
+}
+
+void FX_Clouds::Dive()
+{
+    handState = HandDiving;
+    handAlpha = 1;
+    cameraBlend = 0;
+    targetEnd = TurnedAboutZ(Vector3(diveTargetX, diveTargetY, 0), diveTurn);
+    eyeEnd = targetEnd + Vector3(-0.2f, -0.2f, 0.6f);
+    target = targetStart;
+    eye = eyeStart;
+}
+
 void FX_Clouds::UpdateGreetingCamera()
 {
     if (cameraBlend > 1) // the camera stays where its move has ended
@@ -290,13 +297,6 @@ void FX_Clouds::UpdateClouds(float delta)
                 cloud.fade = 0;
         }
     }
-}
-
-void FX_Clouds::Render()
-{
-    RenderSky();
-    RenderClouds();
-    RenderGreetings();
 }
 
 void FX_Clouds::BindPair(Texture* first, Texture* second)

@@ -76,8 +76,8 @@ private:
     void AddGreetingPair(Vector3 position, float scale);
     void ShowNextHand();
     void Dive();
-    bool IsAhead(const Cloud& cloud) const;
     void UpdateGreetingCamera();
+    bool IsAhead(const Cloud& cloud) const;
     void UpdateClouds(float delta);
     void BindPair(Texture* first, Texture* second);
     void UnbindPair();

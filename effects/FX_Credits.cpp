@@ -29,15 +29,20 @@ static const int maxDepth = 4;
 static const float growthPerMessage = 0.6f;
 static const float newTreeTarget = 0.6f;
 static const float brightnessRate = 7.0f; // 1/s
+
 static const int lastStep = FX_Credits::stepCount - 1;
-static const int lastCredit = 3;
+static const int stepsPerTree = 2; // the first brings a name, the second the next tree and its camera
+static const int cameraCount = FX_Credits::stepCount / stepsPerTree;
+static const int lastName = FX_Credits::nameCount - 1;
 
 static const int pictureSize = 512; // pixels, of the off-screen scene
 static const float fovY = 45.0f;    // degrees
 static const float groundBrightness = 1.5f;
 
+static const float nameAlpha = 2.0f; // at the middle of a name's life, clamped to 1 by GL
+
 static const float restingBlur = 0.25f; // at a growth of 1, and for the last camera
-static const int lastBlurredStep = 5;
+static const int lastBlurredStep = (cameraCount - 1) * stepsPerTree - 1;
 
 // clang-format off
 static const QuadCorner groundCorners[4] = {
@@ -63,7 +68,7 @@ static const char* const shaderNames[] = {"standard_projection", "postprocessing
 const EffectFiles FX_Credits::files = {.textures = textureNames, .shaders = shaderNames};
 
 // clang-format off
-static const CreditPlace creditPlaces[4] = {
+static const CreditPlace creditPlaces[FX_Credits::nameCount] = {
     // move        scale    left    bottom  right top
     {0.4f, 0.2f,   0.6f,   -0.05f,  0.12f,  1.6f, 0.3f },   // ends beyond the right edge of the screen
     {0.1f, 0.0f,   1.0f,    0.3f,   0.6f,   0.9f, 0.75f},
@@ -105,12 +110,6 @@ void FX_Credits::Init(GLWindow* newWindow, DemoPlayer*)
     }
 }
 
-void FX_Credits::PlantTree()
-{
-    const int depth = std::min(step / 2 + minDepth, maxDepth);
-    tree->Generate(treeSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), treeRadius, treeRadius, depth);
-}
-
 void FX_Credits::DeclareMessages(SynchMessageTable* table)
 {
     fadeInId = table->DeclareMessage("fade_in", this, "NA");
@@ -131,28 +130,6 @@ void FX_Credits::ReceiveMessage(int messageId, float*, int)
     }
 }
 
-void FX_Credits::FadeIn(bool limited)
-{
-    growthTarget += growthPerMessage;
-    if (!limited || step < lastStep)
-        step++;
-    growthRate = 1;
-    wither = 1;
-    witherRate = 0;
-    brightnessTarget = 1;
-    if (step > 0 && step % 2 != 0 && (!limited || creditIndex < lastCredit)) {
-        creditIndex++;
-        creditFade = 1;
-    }
-    if (step > 0 && step % 2 == 0) {
-        growthTarget = newTreeTarget;
-        growth = 0;
-        PlantTree();
-        treeSeed++; // for the next tree
-        treeGrowth = 0;
-    }
-}
-
 void FX_Credits::Update()
 {
     const float delta = FrameTimer::GetDelta();
@@ -163,31 +140,60 @@ void FX_Credits::Update()
     creditFade -= delta * creditFade;
 }
 
+void FX_Credits::Render()
+{
+    RenderScene();
+    RenderBlurredPicture();
+    if (creditIndex == nameCount)
+        creditIndex = lastName;
+    RenderName();
+}
+
+void FX_Credits::PlantTree()
+{
+    const int depth = std::min(step / stepsPerTree + minDepth, maxDepth);
+    tree->Generate(treeSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), treeRadius, treeRadius, depth);
+}
+
+void FX_Credits::FadeIn(bool limited)
+{
+    growthTarget += growthPerMessage;
+    if (!limited || step < lastStep)
+        step++;
+    growthRate = 1;
+    wither = 1;
+    witherRate = 0;
+    brightnessTarget = 1;
+    if (step > 0 && step % stepsPerTree != 0 && (!limited || creditIndex < lastName)) {
+        creditIndex++;
+        creditFade = 1;
+    }
+    if (step > 0 && step % stepsPerTree == 0) {
+        growthTarget = newTreeTarget;
+        growth = 0;
+        PlantTree();
+        treeSeed++; // for the next tree
+        treeGrowth = 0;
+    }
+}
+
 // The growth is used as an angle in radians, so that the camera moves and comes to rest with the tree.
 void FX_Credits::ChooseCamera(Vector3* eye, Vector3* target) const
 {
     const float v = growth;
     const float w = wither;
     // clang-format off
-    const Vector3 cameras[4][2] = {
+    const Vector3 cameras[cameraCount][2] = {
         {Vector3(2, 5, -8),                                         Vector3(0, 1, 0)},
         {Vector3(6 * CosF(v) + 10, 4 * SinF(v) + 5, 10),            Vector3(0, 0, -10)},
         {Vector3(15 * CosF(v), 15 - 10 * SinF(v), -12),             Vector3(0, 1 - 3 * SinF(v * 0.5f * creditsPi), 0)},
         {Vector3(-15 * CosF(v + 1.51f), 5 * v + 5, -12),            Vector3(0, (1 - w) * 10 + 4, 0)},
     };
     // clang-format on
-    const int index = std::clamp(step / 2, 0, 3); // further steps stay with the last camera
+    const int index =
+        std::clamp(step / stepsPerTree, 0, cameraCount - 1); // further steps stay with the last camera
     *eye = cameras[index][0];
     *target = cameras[index][1];
-}
-
-void FX_Credits::Render()
-{
-    RenderScene();
-    RenderBlurredPicture();
-    if (creditIndex == 4)
-        creditIndex = 3;
-    RenderName();
 }
 
 void FX_Credits::RenderScene()
@@ -280,7 +286,7 @@ static void DrawName(const CreditPlace& place)
 
 void FX_Credits::RenderName()
 {
-    const int n = creditIndex % 4;
+    const int n = creditIndex % nameCount;
     {
         FlatScreen screen;
         glDisable(GL_DEPTH_TEST);
@@ -288,9 +294,9 @@ void FX_Credits::RenderName()
         BindTexture(n >= 0 ? creditTextures[n] : nullptr);
         glEnable(GL_BLEND);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-        // The alpha is above 1 in the middle of a name's life. GL limits it, so that the name stands still.
-        glColor4f(1, 1, 1, 2 * SinF(creditFade * creditsPi));
-        if (creditIndex >= 0 && creditIndex <= 3)
+        // The alpha is above 1 in the middle of a name's life. GL clamps it, so that the name holds steady.
+        glColor4f(1, 1, 1, nameAlpha * SinF(creditFade * creditsPi));
+        if (creditIndex >= 0 && creditIndex <= lastName)
             DrawName(creditPlaces[n]);
         glDisable(GL_BLEND);
     }

@@ -28,7 +28,8 @@ class FX_Credits : public Effect
 {
 public:
     static const EffectFiles files;
-    static const int stepCount = 8; // of the fade-ins that change something
+    static const int stepCount = 8; // number of fade-in messages that change something
+    static const int nameCount = 4;
 
     FX_Credits();
     ~FX_Credits() override;
@@ -68,7 +69,7 @@ private:
     float witherRate;
     float brightnessTarget;
     Texture* groundTexture;
-    Texture* creditTextures[4];
+    Texture* creditTextures[nameCount];
     Texture* treeTexture;
     int fadeInId, fadeLastInId, fadeOutId;
     GLWindow* creditWindow; // a field of its own: without Attach there is no other
