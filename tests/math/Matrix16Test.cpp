@@ -25,7 +25,7 @@ static void FillUnset(Matrix16 m)
 }
 
 // Small whole numbers: products and sums of them are exact.
-static void FillWhole(Matrix16 m, std::mt19937& random)
+static void FillWithIntegers(Matrix16 m, std::mt19937& random)
 {
     for (int i = 0; i < 16; i++)
         m[i] = float(int(random() % 13) - 6);
@@ -123,8 +123,8 @@ TEST(Matrix16, MultiplyIsTheProductInAllElementsAlsoInPlace)
     std::mt19937 random(22);
     for (int round = 0; round < 100; round++) {
         Matrix16 a, b, expected, out;
-        FillWhole(a, random);
-        FillWhole(b, random);
+        FillWithIntegers(a, random);
+        FillWithIntegers(b, random);
         for (int column = 0; column < 4; column++)
             for (int row = 0; row < 4; row++) {
                 int sum = 0;
@@ -193,7 +193,7 @@ TEST(Matrix16, DeterminantOfWholeNumbersIsExact)
     std::mt19937 random(23);
     for (int round = 0; round < 500; round++) {
         Matrix16 m;
-        FillWhole(m, random);
+        FillWithIntegers(m, random);
         int whole[16];
         for (int i = 0; i < 16; i++)
             whole[i] = int(m[i]);

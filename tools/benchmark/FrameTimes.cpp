@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// How long each effect's frame takes on the driver at hand, and how long its messages hold up a frame:
+// Measures how long each effect's frame takes on the current GL driver, and how long its messages take:
 //
 //     frame-times [FRAMES [WIDTH HEIGHT]]        120 frames an effect, 1024 by 768, unless told otherwise
 //
-// Started from the project's folder: each effect plays its own show of tests/shows, with the messages of that
-// script, spread over the frames. The show's clock is the stepped one, so that every machine draws the same
-// frames. What is measured is real time: from the clear of the frame until the driver has finished it
+// Start it in the project's folder. Each effect plays its own show of tests/shows, with the messages of that
+// script spread over the frames. The show runs on the stepped clock, so that every machine draws the same
+// frames. The measured time is real time, from the clear of the frame until the driver has finished it
 // (glFinish), without the swap, which may wait for the display.
-// The first line says who draws. Without SDL_VIDEODRIVER in the environment the window is one of SDL's
+// The first line names the driver. Without SDL_VIDEODRIVER in the environment the window is one of SDL's
 // offscreen driver, which needs no display and takes the graphics card where it finds one; with
 // LIBGL_ALWAYS_SOFTWARE=1 it is the software rasteriser.
 //
-//   median      milliseconds of a frame, the middle one of all
-//   longest     the longest frame without the messages; the first one is left out
+//   median      median time of a frame, milliseconds
+//   longest     the longest frame without its messages and without the first frame
 //   of empty    the median as a multiple of an empty frame's, measured in the same run
-//   message     the longest that one message took, ahead of its frame: a tree is planted in one
+//   message     the longest time of one message before its frame, such as the one that generates a tree
 #include "display/GLWindow.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/Effect.h"
@@ -61,7 +61,7 @@ static void StartFrame(GLWindow* window)
 
 static Times Summary(std::vector<double> frames, double message)
 {
-    frames.erase(frames.begin()); // it may still be loading and compiling
+    frames.erase(frames.begin()); // the first frame may include loading and compiling
     std::sort(frames.begin(), frames.end());
     return {frames[frames.size() / 2], frames.back(), message};
 }
@@ -82,7 +82,7 @@ static Times Measure(const DemoPlayer& show, Effect* effect, GLWindow* window, i
 {
     std::vector<double> frames;
     double longestMessage = 0;
-    std::vector<SynchMessage> messages = show.messages; // by time
+    std::vector<SynchMessage> messages = show.messages; // sorted by time
     auto next = messages.begin();
     const double step = double(show.endTime) / count;
     for (int i = 0; i < count; i++) {
@@ -124,7 +124,7 @@ int main(int count, char** arguments)
         return 2;
     }
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
-    std::vector<platform::MessageBox> boxes; // which would wait for a click
+    std::vector<platform::MessageBox> boxes; // collected here, since a box would wait for a click
     platform::CollectMessageBoxes(&boxes);
     platform::FindDataDirectory();
     platform::UseSteppedClock();
@@ -144,7 +144,7 @@ int main(int count, char** arguments)
     FrameTimer::Init(0);
     window.SetLetterbox(1);
     window.SetPerspective(45);
-    window.SetLetterbox(0.85f); // what the show plays in
+    window.SetLetterbox(0.85f); // the band of the show
     const Times empty = MeasureEmptyFrame(&window, frames);
     Print("(empty frame)", empty, empty);
     for (const RegisteredEffect& row : registry.effects) {

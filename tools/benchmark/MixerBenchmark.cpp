@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What the sound takes from the picture: ten seconds of the show's music on the way from the file to the
-// device, through the decode thread, the window between the threads and the mixer. Each line carries, beside
-// its time, counters:
+// Measures the time that sound takes away from drawing: ten seconds of the show's music are decoded by the
+// decode thread and mixed for the device. Besides its time, each line has two counters:
 //
-//   decoding   the time as a multiple of decoding the same ten seconds alone, which is measured in the same
-//   run of_play    the time as a share of the ten seconds: how much of one core the music takes
+//   decoding   the time as a multiple of the time that decoding the same ten seconds alone takes in this run
+//   of_play    the time as a share of the ten seconds, that is, the share of one core that the music takes
 //
-// Both are wall clock: a device that is never kept waiting asks for sound in pieces of 1024 frames, as fast
-// as it gets them.
+// Both are wall-clock times. The samples are requested in pieces of 1024 frames without a pause.
 #include "music/Decoder.h"
 #include "music/SoundSystem.h"
 #include "platform/Paths.h"
@@ -27,7 +25,7 @@ static double Seconds()
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// 0 if the music isn't there.
+// Returns 0 if the music file can't be opened.
 static double SecondsOfDecoding(const std::string& path)
 {
     double shortest = 1e9;
@@ -75,7 +73,7 @@ static void PlayMusic(benchmark::State& state)
         if (taken < shortest)
             shortest = taken;
         SoundSystem::CloseStream(stream);
-        platform::PullSound(frames, piece); // lets the channel go
+        platform::PullSound(frames, piece); // the mixer releases the channel of the closed stream
     }
     state.counters["decoding"] = shortest / decoding;
     state.counters["of_play"] = shortest / seconds;

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A script is read while the viewer waits for the first picture, and as often as its writer saves it. Each
-// line carries, beside its time, counters:
+// Measures the reading of a script, which delays the first picture of a show. Besides its time, each line has
+// three counters:
 //
-//   bytes      of the script
-//   plain      the time as a multiple of getting the bytes of the same file one by one and doing nothing with
-//              them, which is measured in the same run
-//   of_load    the time as a share of the second that every effect takes to load at least
+//   bytes      size of the script
+//   plain      the time as a multiple of the time that reading the same file byte by byte takes in this run
+//   of_load    the time as a share of one second, the least time that every effect takes to load
 #include "display/GLWindow.h"
 #include "kernel/DemoPlayer.h"
 #include "kernel/Effect.h"
@@ -20,7 +19,7 @@
 #include <filesystem>
 #include <fstream>
 
-// It declares nothing and is never on stage.
+// An effect that declares no messages and is never active.
 class Extra : public Effect
 {
 public:
@@ -36,8 +35,8 @@ static double Seconds()
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// Half of the entries are effects, half messages, laid out and commented as a person writes them. In the
-// order that the sorting of messages takes longest for: the last one first.
+// Makes a script, half of whose entries are effects and half messages, with layout and comments as people
+// write them. The latest message comes first, since sorting the messages takes longest in that order.
 static std::string MakeScript(int entries)
 {
     std::string script;

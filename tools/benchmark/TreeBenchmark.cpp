@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A tree is planted in a message handler, within one frame. Each line carries, beside its time, counters:
+// Measures Tree::Generate, which a message handler calls within one frame. Besides its time, each line has
+// three counters:
 //
-//   cubes           of the tree
-//   products        the time as a multiple of the four matrix products of each cube alone, which are
-//                   measured in the same run: how much of the work is not the arithmetic that must be
+//   cubes           number of cubes of the tree
+//   products        the time as a multiple of the time that the four matrix products of each cube alone take
+//                   in this run; 1 would be generation without any overhead
 //   frames_at_60    the time as a share of a frame of 1/60 second
 #include "math/Tree.h"
 
@@ -18,7 +19,7 @@ static double Seconds()
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// The shortest of several runs, since other programs only ever make one longer.
+// Returns the shortest of several runs, since other programs can only make a run longer.
 static double SecondsOfProducts(int cubes)
 {
     Matrix4 t, b, c, s;
@@ -45,7 +46,7 @@ static void Compare(benchmark::State& state, double shortest, int cubes)
     state.counters["frames_at_60"] = shortest * 60;
 }
 
-// A new tree in the place of an old one, as "fade_in" plants it.
+// Replaces an old tree by a new one, as the message "fade_in" of FX_Credits does.
 static void GenerateAgain(benchmark::State& state)
 {
     Tree tree(creditsSeed);
@@ -61,7 +62,7 @@ static void GenerateAgain(benchmark::State& state)
 }
 BENCHMARK(GenerateAgain)->ArgName("depth")->DenseRange(2, 6)->Unit(benchmark::kMicrosecond)->MinTime(0.1);
 
-// With the making of the pool and the first allocations of all branches.
+// Includes the creation of the pool and the first allocations of all branches.
 static void ConstructAndGenerate(benchmark::State& state)
 {
     double shortest = 1e9;

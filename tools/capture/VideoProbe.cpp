@@ -29,7 +29,7 @@ int64_t CountFrames(const std::string& path, std::string* error)
     return std::atoll(count.c_str());
 }
 
-static bool IsWhole(const OutputFile& file, const Encoding& encoding, int64_t frames, std::string* error)
+static bool IsComplete(const OutputFile& file, const Encoding& encoding, int64_t frames, std::string* error)
 {
     if (fsync(file.Descriptor()) != 0) {
         *error = file.Name() + ": " + strerror(errno);
@@ -48,7 +48,7 @@ static bool IsWhole(const OutputFile& file, const Encoding& encoding, int64_t fr
 
 bool KeepVideo(OutputFile& file, const Encoding& encoding, int64_t frames, std::string* error)
 {
-    if (file.IsStream() || IsWhole(file, encoding, frames, error)) {
+    if (file.IsStream() || IsComplete(file, encoding, frames, error)) {
         if (file.Keep())
             return true;
         *error = file.error;

@@ -149,7 +149,7 @@ static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry&
 {
     for (const char* key : {key::StartTime, key::StopTime, key::LayerID})
         if (const Entry* const entry = FindIntact(entries, key))
-            CheckWhole(*entry, findings);
+            CheckInteger(*entry, findings);
     if (const Entry* const name = FindIntact(entries, key::EffectName))
         CheckEffectName(*name, registry, "entry", findings);
 
@@ -185,8 +185,8 @@ static void CheckSteps(const std::vector<Entry>& entries, const Block& block, Fi
                       "It is passed over: the message is sent once.", "Add " + other + "=NUMBER;.");
         return;
     }
-    CheckWhole(*steps, findings);
-    CheckWhole(*delta, findings);
+    CheckInteger(*steps, findings);
+    CheckInteger(*delta, findings);
     if (times && CountTimes(*times) != 1) {
         findings->Add(Error, "steps-with-list", steps->begin,
                       CountTimes(*times) == 0 ? "Steps stands with an ActivationTime that is empty."

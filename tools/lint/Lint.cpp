@@ -63,7 +63,7 @@ Report CheckText(const std::string& bytes, const std::string& name, const Option
 }
 
 // Stops soon behind the size that a script can have: the file may be a device without an end.
-static bool ReadWhole(const std::string& path, std::string* bytes)
+static bool ReadBytes(const std::string& path, std::string* bytes)
 {
     const bool standard = path == "-";
     FILE* const file = standard ? stdin : fopen(path.c_str(), "rb");
@@ -85,7 +85,7 @@ static bool ReadWhole(const std::string& path, std::string* bytes)
 Report CheckFile(const std::string& path, const Options& options)
 {
     std::string bytes;
-    if (!ReadWhole(path, &bytes))
+    if (!ReadBytes(path, &bytes))
         return Unreadable(strerror(errno));
     return CheckText(bytes, path, options);
 }

@@ -61,7 +61,7 @@ static void AddEmpty(const Entry& entry, const std::string& consequence, Finding
                   "Write a value between the = and the ;.");
 }
 
-void CheckWhole(const Entry& entry, Findings* findings)
+void CheckInteger(const Entry& entry, Findings* findings)
 {
     if (entry.value.empty())
         AddEmpty(entry, "It is read as 0.", findings);

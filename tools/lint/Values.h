@@ -9,9 +9,9 @@ struct SynchMessageDeclaration;
 namespace lint
 {
 
-void CheckWhole(const Entry& entry, Findings* findings);  // one whole number
-void CheckTimes(const Entry& entry, Findings* findings);  // a list of whole numbers
-void CheckColour(const Entry& entry, Findings* findings); // three whole numbers of 0 to 255
+void CheckInteger(const Entry& entry, Findings* findings); // one whole number
+void CheckTimes(const Entry& entry, Findings* findings);   // a list of whole numbers
+void CheckColour(const Entry& entry, Findings* findings);  // three whole numbers of 0 to 255
 
 // Checks the list of a message's parameters. declared is null if the effect does not know the message.
 void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared, Findings* findings);

@@ -17,8 +17,8 @@ static const double legendStep   = 20;
 static const double listGap      = 14;
 static const double lineStep     = 15;
 static const double numberRoom   = 34;
-static const size_t mostRemarks  = 40;
-static const int    mostLines    = 4; // of one remark
+static const size_t maxRemarks  = 40;
+static const int    maxLines    = 4; // of one remark
 // clang-format on
 
 static std::vector<std::string> Wrap(const std::string& text, TextStyle style, double width)
@@ -40,8 +40,8 @@ static std::vector<std::string> Wrap(const std::string& text, TextStyle style, d
     }
     if (!line.empty())
         lines.push_back(line);
-    if (int(lines.size()) > mostLines) {
-        lines.resize(mostLines);
+    if (int(lines.size()) > maxLines) {
+        lines.resize(maxLines);
         lines.back() += " \xe2\x80\xa6";
     }
     for (std::string& each : lines)
@@ -99,7 +99,7 @@ static std::vector<size_t> Listed(const TimelineModel& model)
     for (const bool grave : {true, false})
         for (size_t i = 0; i < model.remarks.size(); i++)
             if (model.remarks[i].grave == grave &&
-                (listed.size() < mostRemarks || model.remarks.size() == mostRemarks + 1))
+                (listed.size() < maxRemarks || model.remarks.size() == maxRemarks + 1))
                 listed.push_back(i);
     std::sort(listed.begin(), listed.end());
     return listed;

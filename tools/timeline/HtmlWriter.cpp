@@ -11,7 +11,7 @@ namespace timeline
 
 static const double closestBeats = 60; // pixels from beat to beat that are close enough
 static const int fewestSteps = 4;
-static const int mostSteps = 8;
+static const int maxSteps = 8;
 
 static std::string Percent(double part, double whole)
 {
@@ -26,7 +26,7 @@ static std::string Sheets(const TimelineModel& model, LayoutOptions options, con
 {
     std::string sheets;
     double beatWidth = 0;
-    for (int step = 0; step < mostSteps && (step < fewestSteps || beatWidth < closestBeats); step++) {
+    for (int step = 0; step < maxSteps && (step < fewestSteps || beatWidth < closestBeats); step++) {
         options.zoom = double(1 << step);
         const Layout layout = LayOut(model, options);
         beatWidth = layout.tempo.BeatSeconds() * layout.perSecond;

@@ -12,7 +12,7 @@ namespace timeline
 
 // How much there is to show decides how large it is shown.
 struct Size {
-    int mostRows; // of all lanes together
+    int maxRows; // of all lanes together
     double rowHeight, barHeight;
     double nameBaseline;     // 0: no names. From the top of the bar, as are the others.
     double tickTop;          // ticks go from here down to the bar's bottom
@@ -29,8 +29,8 @@ static const Size sizes[] = {
 };
 static const double laneGap       = 6;     // between lanes
 static const double lanePadding   = 4;     // above and below the bars of a lane
-static const double mostHeight    = 24000; // of all lanes together
-static const double leastBarWidth = 1.5;
+static const double maxHeight    = 24000; // of all lanes together
+static const double minBarWidth = 1.5;
 static const double nameInset     = 7;
 static const double nameGap       = 8;     // between the name and the bars that it spans
 static const double repeatEvery   = 1100;  // names come again on long bars, for those who see a part of them
@@ -119,9 +119,9 @@ static void NameBar(const Entry& entry, const Size& size, double free, const Lay
 static Size ChooseSize(int rows)
 {
     Size size = *std::find_if(std::begin(sizes), std::end(sizes),
-                              [&](const Size& each) { return rows <= each.mostRows; });
+                              [&](const Size& each) { return rows <= each.maxRows; });
     if (size.rowHeight == 0) {
-        size.rowHeight = mostHeight / rows;
+        size.rowHeight = maxHeight / rows;
         size.barHeight = size.rowHeight * 0.9;
         size.tickTop = size.barHeight * 0.6;
     }
@@ -166,7 +166,7 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
         const double from = std::clamp(entry.start, layout->start, layout->end);
         const double to = std::clamp(std::max(entry.stop, entry.start), layout->start, layout->end);
         bar.box = {layout->X(from), tops[entry.layer] + rows[i] * size.rowHeight,
-                   std::max(layout->X(to) - layout->X(from), leastBarWidth), size.barHeight};
+                   std::max(layout->X(to) - layout->X(from), minBarWidth), size.barHeight};
         bar.title = Clean(EntryTitle(model, i, layout->tempo));
         layout->bars.push_back(bar);
     }

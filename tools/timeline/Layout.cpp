@@ -16,12 +16,12 @@ static const double summaryBaseline  = 74;
 static const double summaryStep      = 19;
 static const double moonRoom         = 96;   // kept free at the right of the head
 static const double headBottomGap    = 16;
-static const double mostLoading      = 0.06; // of the plot: a longer loading is drawn narrower
+static const double maxLoading      = 0.06; // of the plot: a longer loading is drawn narrower
 static const double behindTheEnd     = 0.08; // of the show: as much is drawn of what comes after it
 static const double emptyAxis        = 10;   // seconds, where there is nothing to draw
 static const double musicGap         = 10;
 static const double musicHeight      = 84;
-static const double mostWaveColumns  = 6000;
+static const double maxWaveColumns  = 6000;
 static const char*  separator        = "  \xc2\xb7  ";
 // clang-format on
 
@@ -72,9 +72,9 @@ static void PlaceScale(const TimelineModel& model, const LayoutOptions& options,
     const double length = layout->end - layout->start;
     const double seconds = double(model.loads.size());
     double loading = room * seconds / (seconds + length);
-    layout->loadingCut = loading > mostLoading * room;
+    layout->loadingCut = loading > maxLoading * room;
     if (layout->loadingCut)
-        loading = mostLoading * room;
+        loading = maxLoading * room;
     layout->zero = gutterWidth + loading;
     layout->perSecond = (room - loading) / length;
     layout->plotEnd = layout->X(layout->end);
@@ -151,7 +151,7 @@ static double PlaceMusic(const TimelineModel& model, double y, Layout* layout)
     }
     const double end = std::clamp(music.wave.Length(), layout->start, layout->end);
     layout->musicEnd = layout->X(end);
-    const double columns = std::min(mostWaveColumns, std::ceil(layout->musicEnd - layout->musicStart));
+    const double columns = std::min(maxWaveColumns, std::ceil(layout->musicEnd - layout->musicStart));
     const double step = (end - layout->start) / columns; // seconds
     for (int i = 0; i < int(columns); i++) {
         const double from = layout->start + i * step;

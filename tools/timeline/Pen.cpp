@@ -9,7 +9,7 @@ namespace timeline
 
 static const double pi = 3.14159265358979;
 static const double strokeStep = 24; // between the places where the pressure may change
-static const int mostSteps = 60;
+static const int maxSteps = 60;
 
 // 0 to 1, a different one for each place.
 static double Chance(uint32_t seed, uint32_t place)
@@ -25,7 +25,7 @@ static double Chance(uint32_t seed, uint32_t place)
 
 std::vector<Point> LevelStroke(double left, double right, double y, double width, uint32_t seed)
 {
-    const int steps = std::clamp(int((right - left) / strokeStep), 1, mostSteps);
+    const int steps = std::clamp(int((right - left) / strokeStep), 1, maxSteps);
     std::vector<Point> above, below;
     for (int i = 0; i <= steps; i++) {
         const double x = left + (right - left) * i / steps;

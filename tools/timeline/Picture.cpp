@@ -22,7 +22,7 @@ static const Colour afterColour  = Faded(Parchment, 0.55f); // behind the end of
 static const float  washAtTop    = 0.36f;                   // pigment in the water
 static const float  washAtBottom = 0.54f;                   // it pools
 static const double barRadius    = 2.5;
-static const size_t mostPoles    = 8; // flags whose poles reach down to the music; more would be a fence
+static const size_t maxPoles    = 8; // flags whose poles reach down to the music; more would be a fence
 // clang-format on
 
 static Wash Even(Colour colour)
@@ -224,7 +224,7 @@ static void DrawFlags(const Layout& layout, Drawing* drawing)
             drawing->FillBox({flag.pole, flag.box.Bottom() + 1, flag.extent - flag.pole, 2},
                              Even(Faded(colour, 0.5f)), 0);
         const double foot =
-            layout.flags.size() <= mostPoles ? layout.musicLane.Bottom() : layout.flagRow.Bottom();
+            layout.flags.size() <= maxPoles ? layout.musicLane.Bottom() : layout.flagRow.Bottom();
         drawing->StrokeSegments({{{flag.pole, flag.box.y}, {flag.pole, foot}}}, Faded(colour, 0.55f), 0.9);
         drawing->FillBox(flag.box, Even(colour), 2);
         drawing->Write(flag.number);

@@ -14,9 +14,9 @@ static const double barBaseline    = 14;
 static const double timeBaseline   = 31;
 static const double rulerHeight    = 40;
 static const double figureGap      = 4;  // between a mark and its figure
-static const double leastGap       = 14; // between figures
-static const double leastBarWidth  = 7;  // narrower bars have no mark of their own
-static const double leastBeatWidth = 9;
+static const double minGap       = 14; // between figures
+static const double minBarWidth  = 7;  // narrower bars have no mark of their own
+static const double minBeatWidth = 9;
 static const char*  widestBar      = "00000";
 // clang-format on
 
@@ -42,11 +42,11 @@ double PlaceRuler(double y, Layout* layout)
     AddGutterText("bar", CaptionText, Slate, y + barBaseline, layout);
     AddGutterText("time", CaptionText, Slate, y + timeBaseline, layout);
 
-    const double figureWidth = TextWidth(widestBar, BarText) + figureGap + leastGap;
+    const double figureWidth = TextWidth(widestBar, BarText) + figureGap + minGap;
     const double bars = BarStep(figureWidth / layout->perSecond, tempo);
     const double barWidth = tempo.BarSeconds() * layout->perSecond;
-    const double marked = barWidth >= leastBarWidth ? 1 : bars;
-    if (tempo.BeatSeconds() * layout->perSecond >= leastBeatWidth)
+    const double marked = barWidth >= minBarWidth ? 1 : bars;
+    if (tempo.BeatSeconds() * layout->perSecond >= minBeatWidth)
         EachStep(*layout, tempo.BeatSeconds(), [&](double i) {
             if (std::fmod(i, tempo.beatsPerBar) != 0)
                 layout->marks.push_back({layout->X(i * tempo.BeatSeconds()), BeatMark});
@@ -60,7 +60,7 @@ double PlaceRuler(double y, Layout* layout)
     });
 
     // Hours, and hundredths of a second, take more room.
-    const double timeWidth = TextWidth(ClockText(layout->end), TimeText) + figureGap + leastGap;
+    const double timeWidth = TextWidth(ClockText(layout->end), TimeText) + figureGap + minGap;
     double seconds = ClockStep(timeWidth / layout->perSecond);
     if (seconds < 1)
         seconds = ClockStep((timeWidth + TextWidth(".00", TimeText)) / layout->perSecond);

@@ -23,8 +23,8 @@ static std::vector<size_t> Listeners(const lint::SentMessage& message, const lin
                                      const TimelineModel& model)
 {
     const double frame = 1000 / options.frameRate;
-    const double hair = 1e-6; // of a frame
-    const double due = std::ceil((double(message.time) - options.startOffset) / frame - hair);
+    const double epsilon = 1e-6; // of a frame
+    const double due = std::ceil((double(message.time) - options.startOffset) / frame - epsilon);
     const double leaves = (options.startOffset + due * frame + message.delay) / 1000;
     std::vector<size_t> listeners;
     for (size_t i = 0; i < model.entries.size(); i++) {

@@ -65,24 +65,24 @@ std::string MusicalText(double seconds, const Tempo& tempo)
     return text;
 }
 
-double BarStep(double leastSeconds, const Tempo& tempo)
+double BarStep(double minSeconds, const Tempo& tempo)
 {
-    const double hair = 1 + 1e-9; // three beats of 0.6 are a little less than 1.8
+    const double epsilon = 1 + 1e-9; // three beats of 0.6 are a little less than 1.8
     double bars = 1;
-    while (bars * tempo.BarSeconds() * hair < leastSeconds)
+    while (bars * tempo.BarSeconds() * epsilon < minSeconds)
         bars *= 2;
     return bars;
 }
 
-double ClockStep(double leastSeconds)
+double ClockStep(double minSeconds)
 {
     static const double steps[] = {0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1,   2,    5,   10,
                                    15,   30,   60,   120, 300, 600, 900, 1800, 3600};
     for (const double step : steps)
-        if (step >= leastSeconds)
+        if (step >= minSeconds)
             return step;
     double step = 3600;
-    while (step < leastSeconds)
+    while (step < minSeconds)
         step *= 2;
     return step;
 }

@@ -29,10 +29,10 @@ std::string MillisecondText(double seconds);
 std::string MusicalText(double seconds, const Tempo& tempo);
 
 // The first step of 1, 2, 4, 8 ... bars that is at least this long; in bars.
-double BarStep(double leastSeconds, const Tempo& tempo);
+double BarStep(double minSeconds, const Tempo& tempo);
 
 // The first step of a clock face (10, 20, 50 ms ... 1, 2, 5, 10, 15, 30 s, 1, 2, 5 min ...) that is at least
 // this long; in seconds.
-double ClockStep(double leastSeconds);
+double ClockStep(double minSeconds);
 
 } // namespace timeline

@@ -13,7 +13,7 @@ static const int margin = 22; // of the box, and the button's size
 static const int buttonWidth = 92, buttonHeight = 28;
 static const int lineHeight = 19;
 
-class BoxesDesktop : public DesktopFixture
+class MessageBoxDesktop : public DesktopFixture
 {
 protected:
     void Run(std::vector<std::string> arguments)
@@ -62,7 +62,7 @@ protected:
     Process* program = nullptr;
 };
 
-TEST_F(BoxesDesktop, HasItsCaptionAsTitleInTheMiddleOfTheScreen)
+TEST_F(MessageBoxDesktop, HasItsCaptionAsTitleInTheMiddleOfTheScreen)
 {
     Run({"error", "Marlinex 1.5 Error: Window", "Bad: no glass"});
     const WindowId box = WaitForBox("Marlinex 1.5 Error: Window");
@@ -76,7 +76,7 @@ TEST_F(BoxesDesktop, HasItsCaptionAsTitleInTheMiddleOfTheScreen)
     EXPECT_NEAR(1024 / 2, place.y + place.height / 2, 30);
 }
 
-TEST_F(BoxesDesktop, AnErrorShowsTheErrorIconAndAnInformationTheInformationIcon)
+TEST_F(MessageBoxDesktop, AnErrorShowsTheErrorIconAndAnInformationTheInformationIcon)
 {
     Run({"error", "first", "x", "info", "second", "x"});
     WindowId box = WaitForBox("first");
@@ -91,7 +91,7 @@ TEST_F(BoxesDesktop, AnErrorShowsTheErrorIconAndAnInformationTheInformationIcon)
     EXPECT_EQ(0, shot.Count(margin, margin, 40, 40, rust, 8));
 }
 
-TEST_F(BoxesDesktop, ClosesByOkEnterEscapeSpaceAndTheWindowManager)
+TEST_F(MessageBoxDesktop, ClosesByOkEnterEscapeSpaceAndTheWindowManager)
 {
     Run({"error", "by OK", "x", "error", "by Enter", "x", "error", "by Escape", "x", "error", "by space", "x",
          "error", "by the other Enter", "x", "error", "by the window manager", "x"});
@@ -111,7 +111,7 @@ TEST_F(BoxesDesktop, ClosesByOkEnterEscapeSpaceAndTheWindowManager)
     EXPECT_EQ("", program->Errors());
 }
 
-TEST_F(BoxesDesktop, OtherKeysAndClicksLeaveItUp)
+TEST_F(MessageBoxDesktop, OtherKeysAndClicksLeaveItUp)
 {
     Run({"error", "stays", "x"});
     const WindowId box = WaitForBox("stays");
@@ -127,7 +127,7 @@ TEST_F(BoxesDesktop, OtherKeysAndClicksLeaveItUp)
     EXPECT_TRUE(SaysClosed("stays"));
 }
 
-TEST_F(BoxesDesktop, ComesUpAboveAFullScreenWindowWithTheKeyboardAndGivesItBack)
+TEST_F(MessageBoxDesktop, ComesUpAboveAFullScreenWindowWithTheKeyboardAndGivesItBack)
 {
     Run({"--show", "error", "on top", "Bad: news", "info", "again", "Info: more"});
     for (const char* caption : {"on top", "again"}) {
@@ -149,7 +149,7 @@ TEST_F(BoxesDesktop, ComesUpAboveAFullScreenWindowWithTheKeyboardAndGivesItBack)
     EXPECT_EQ("", program->Errors());
 }
 
-TEST_F(BoxesDesktop, AClosedBoxLeavesNoTraceOnTheStandingShow)
+TEST_F(MessageBoxDesktop, AClosedBoxLeavesNoTraceOnTheStandingShow)
 {
     Run({"--show", "error", "large", std::string(400, 'x'), "info", "small", "x"});
     const WindowPlace large = desktop.Place(WaitForBox("large"));
@@ -161,7 +161,7 @@ TEST_F(BoxesDesktop, AClosedBoxLeavesNoTraceOnTheStandingShow)
     }));
 }
 
-TEST_F(BoxesDesktop, ComesUpAboveAShowInAWindow)
+TEST_F(MessageBoxDesktop, ComesUpAboveAShowInAWindow)
 {
     Run({"--window", "error", "on top", "Bad: news"});
     const WindowId box = WaitForBox("on top");
@@ -169,7 +169,7 @@ TEST_F(BoxesDesktop, ComesUpAboveAShowInAWindow)
     EXPECT_EQ(0, desktop.Capture(box).Count(showColour, 0));
 }
 
-TEST_F(BoxesDesktop, AnInterruptEndsTheBoxOfARunningShow)
+TEST_F(MessageBoxDesktop, AnInterruptEndsTheBoxOfARunningShow)
 {
     for (int signal : {SIGINT, SIGTERM}) {
         Run({"--show", "error", "waits", "x"});
@@ -180,7 +180,7 @@ TEST_F(BoxesDesktop, AnInterruptEndsTheBoxOfARunningShow)
     }
 }
 
-TEST_F(BoxesDesktop, AKeyThatWasHeldBeforehandDoesNotCloseWhatCameUp)
+TEST_F(MessageBoxDesktop, AKeyThatWasHeldBeforehandDoesNotCloseWhatCameUp)
 {
     Run({"error", "first", "x", "error", "second", "x"});
     WaitForBox("first");
@@ -193,7 +193,7 @@ TEST_F(BoxesDesktop, AKeyThatWasHeldBeforehandDoesNotCloseWhatCameUp)
     EXPECT_TRUE(SaysClosed("second"));
 }
 
-TEST_F(BoxesDesktop, ALongLineWrapsInsideOfTheScreen)
+TEST_F(MessageBoxDesktop, ALongLineWrapsInsideOfTheScreen)
 {
     std::string words, path = "/usr";
     for (int i = 0; i < 60; ++i)
@@ -210,7 +210,7 @@ TEST_F(BoxesDesktop, ALongLineWrapsInsideOfTheScreen)
     }
 }
 
-TEST_F(BoxesDesktop, ATextLongerThanTheScreenScrolls)
+TEST_F(MessageBoxDesktop, ATextLongerThanTheScreenScrolls)
 {
     std::string text;
     for (int i = 0; i < 300; ++i)
@@ -261,7 +261,7 @@ TEST_F(BoxesDesktop, ATextLongerThanTheScreenScrolls)
     desktop.MouseUp();
 }
 
-TEST_F(BoxesDesktop, LineEndsOfBothKindsAndTabsLookAsTheyShould)
+TEST_F(MessageBoxDesktop, LineEndsOfBothKindsAndTabsLookAsTheyShould)
 {
     Run({"error", "same", "one\ntwo\n\n    three", "error", "same", "one\r\ntwo\r\n\r\n\tthree"});
     WindowId box = WaitForBox("same");
@@ -272,7 +272,7 @@ TEST_F(BoxesDesktop, LineEndsOfBothKindsAndTabsLookAsTheyShould)
     EXPECT_TRUE(WaitUntil([&] { return desktop.Capture(box) == first; }));
 }
 
-TEST_F(BoxesDesktop, AnyBytesCanBeShown)
+TEST_F(MessageBoxDesktop, AnyBytesCanBeShown)
 {
     Run({"error", "bytes", "\x01\xFF\xC3\x28\xE2\x82 @B@. %s %n &amp; \x7F"});
     ExpectTextInsideOf(WaitForBox("bytes"));
@@ -280,7 +280,7 @@ TEST_F(BoxesDesktop, AnyBytesCanBeShown)
     EXPECT_TRUE(SaysClosed("bytes"));
 }
 
-TEST_F(BoxesDesktop, AnEmptyBoxCanBeShown)
+TEST_F(MessageBoxDesktop, AnEmptyBoxCanBeShown)
 {
     Run({"info", "", ""});
     WaitForBox("");
@@ -288,13 +288,13 @@ TEST_F(BoxesDesktop, AnEmptyBoxCanBeShown)
     EXPECT_TRUE(SaysClosed(""));
 }
 
-class BoxesBareDesktop : public BoxesDesktop
+class MessageBoxBareDesktop : public MessageBoxDesktop
 {
 protected:
     void SetUp() override { ASSERT_TRUE(desktop.Start(640, 480, Desktop::WithoutWindowManager)); }
 };
 
-TEST_F(BoxesBareDesktop, ComesUpAboveTheShowWithItsCaptionWithoutAWindowManagerToo)
+TEST_F(MessageBoxBareDesktop, ComesUpAboveTheShowWithItsCaptionWithoutAWindowManagerToo)
 {
     Run({"--show", "error", "bare", "Bad: news", "info", "bare again", "Info: more"});
     for (const char* caption : {"bare", "bare again"}) {
@@ -307,7 +307,7 @@ TEST_F(BoxesBareDesktop, ComesUpAboveTheShowWithItsCaptionWithoutAWindowManagerT
     }
 }
 
-TEST_F(BoxesBareDesktop, FitsASmallScreen)
+TEST_F(MessageBoxBareDesktop, FitsASmallScreen)
 {
     std::string text;
     for (int i = 0; i < 400; ++i)

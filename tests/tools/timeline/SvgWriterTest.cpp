@@ -65,7 +65,7 @@ protected:
     std::map<Effect*, std::string> names;
 };
 
-static std::string Whole(float seconds)
+static std::string Milliseconds(float seconds)
 {
     return std::to_string(std::lround(double(seconds) * 1000));
 }
@@ -81,8 +81,8 @@ void TimelineSvg::ExpectPictureOfThePlayer(const XmlElement& svg)
         const XmlElement& bar = *bars[i];
         EXPECT_EQ(names[entry.effect], bar["data-effect"]);
         EXPECT_EQ(std::to_string(entry.layer), bar["data-layer"]);
-        EXPECT_EQ(Whole(entry.start), bar["data-start"]);
-        EXPECT_EQ(Whole(entry.stop), bar["data-stop"]);
+        EXPECT_EQ(Milliseconds(entry.start), bar["data-start"]);
+        EXPECT_EQ(Milliseconds(entry.stop), bar["data-stop"]);
         EXPECT_EQ(0u, bar.Title().find(names[entry.effect] + "\nlayer " + std::to_string(entry.layer)));
         const XmlElement* const box = bar.Child("rect");
         ASSERT_NE(nullptr, box);
@@ -106,12 +106,12 @@ void TimelineSvg::ExpectPictureOfThePlayer(const XmlElement& svg)
             const auto exact = [](float seconds) { return std::lround(double(seconds) * 1000) / 1000.0; };
             if (entry.effect == message.effect && leaves * frame >= exact(entry.start) - 1e-6 &&
                 leaves * frame <= exact(entry.stop) + 1e-6) {
-                expected.insert(std::to_string(i) + " " + Whole(message.time));
+                expected.insert(std::to_string(i) + " " + Milliseconds(message.time));
                 heard = true;
             }
         }
         if (!heard)
-            expected.insert("lost " + Whole(message.time));
+            expected.insert("lost " + Milliseconds(message.time));
     }
     const auto gather = [&](const XmlElement& tick, const std::string& where) {
         std::istringstream times(tick["data-times"]);
