@@ -6,7 +6,7 @@
 
 #include <GL/glew.h>
 
-// In the current context.
+// Applies to the current context.
 static void DiscardPrimitives(bool on)
 {
     if (on)
@@ -19,7 +19,7 @@ void SwitchDrawing(bool on)
 {
     platform::SetDrawing(on);
     DiscardPrimitives(!on);
-    // RenderTarget::Begin and End set the viewport, on which the letterbox of the show depends.
+    // Save the viewport, which holds the show's letterbox: RenderTarget::End sets another one.
     GLint viewport[4];
     glGetIntegerv(GL_VIEWPORT, viewport);
     RenderTarget::Begin();

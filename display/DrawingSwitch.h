@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Lets frames pass undrawn, for tools that play the show up to a moment.
+// Turns drawing off and on, for tools that play the show up to a moment without showing it.
 #pragma once
 
-// Switches off, and on again, all that reaches pixels, in the window's context and in the off-screen
-// target's: geometry is not sent (platform/Drawing.h), and GL discards clears and whatever is drawn all the
-// same. Needs the window's context to be current; GL's state stays as it is, but for GL_RASTERIZER_DISCARD.
+// Turns everything that changes pixels off or on, in the window's context and in the off-screen target's.
+// While it is off, geometry is not sent (platform/Drawing.h), and GL_RASTERIZER_DISCARD makes GL drop clears
+// and all other draws. Call with the window's context current. No other GL state changes.
 void SwitchDrawing(bool on);

@@ -8,13 +8,14 @@
 #include <GL/glew.h>
 
 #include <GL/glu.h>
+#include <cassert>
 #include <cstring>
 
 using platform::Windows;
 
 static const char* const windowName = "marlinex";
 
-static const int colourBits = 32; // whatever the display mode's bits are
+static const int colourBits = 32; // independent of the display mode's bits
 static const int alphaBits = 8;
 static const int depthBits = 32;
 
@@ -78,7 +79,7 @@ bool GLWindow::Create(int width, int height, int bits, bool fullscreen)
     size.height = height;
     Windows().loadExtensions();
 
-    // From here on the window counts as running, even if the rest fails.
+    // From here on IsRunning is true, even if the rest fails.
     state = WindowRunning;
     extensionState = ExtensionState::GetInstance();
 
@@ -86,8 +87,8 @@ bool GLWindow::Create(int width, int height, int bits, bool fullscreen)
         ReportError("OGL Init", "GL_ARB_point_sprite is not supported");
         return false;
     }
-    // The off-screen target wants framebuffer objects on this platform. The words are those of the facility
-    // whose place they take.
+    // The off-screen target needs framebuffer objects. The message names the older extension that they
+    // replace.
     if (!IsWglExtensionSupported("GL_ARB_framebuffer_object")) {
         ReportError("OGL Init", "WGL_ARB_pbuffer is not supported");
         return false;
@@ -103,7 +104,7 @@ void GLWindow::Destroy()
 {
     if (state != WindowQuit)
         return;
-    Windows().restoreDisplayMode(); // in a windowed run too, where both change nothing
+    Windows().restoreDisplayMode(); // also in a windowed run, where this and the next call change nothing
     Windows().showCursor(true);
     Windows().makeCurrent(nullptr, nullptr);
     // No context is current after the line above, so this call deletes none: the context lives until the
@@ -126,7 +127,7 @@ void GLWindow::PumpMessage()
 
 void GLWindow::HandleMessage(const platform::Event& event)
 {
-    // All other keys are swallowed.
+    // All other keys are ignored.
     if (event.kind == platform::EventKeyDown && event.key == platform::KeyEscape)
         platform::PostQuit(0);
 }
@@ -136,7 +137,7 @@ bool GLWindow::IsRunning() const
     return state == WindowRunning;
 }
 
-// True if the occurrence of a name of this length in a list divided by blanks is a whole word.
+// Returns whether the name of this length at `occurrence` is a whole word of a list separated by blanks.
 static bool IsWholeWord(const char* list, const char* occurrence, size_t length)
 {
     const char behind = occurrence[length];
@@ -145,6 +146,7 @@ static bool IsWholeWord(const char* list, const char* occurrence, size_t length)
 
 bool GLWindow::IsExtensionSupported(const char* name) const
 {
+    assert(name);
     if (*name == '\0' || strchr(name, ' '))
         return false;
     const char* list = Windows().getExtensions(platform::ExtensionsOfGL);
@@ -165,13 +167,13 @@ bool GLWindow::IsWglExtensionSupported(const char* name) const
         list = Windows().getExtensions(platform::ExtensionsOfGL);
     if (!list)
         return false;
-    // Unlike above, any name goes, and the search steps on by one character. An empty name is a whole word at
-    // the start of an empty list, and wherever two blanks meet.
+    // Unlike IsExtensionSupported, accept any name and continue the search at the next character. An empty
+    // name is a whole word at the start of an empty list and between two blanks.
     const size_t length = strlen(name);
     for (const char* place = list; (place = strstr(place, name)); place++) {
         if (IsWholeWord(list, place, length))
             return true;
-        if (*place == '\0') // an empty name occurs at the very end too
+        if (*place == '\0') // an empty name also occurs at the end of the list
             return false;
     }
     return false;
@@ -199,7 +201,7 @@ const WindowSize* GLWindow::GetSize() const
 
 void GLWindow::SetLetterbox(float s)
 {
-    // The argument is a float, the products are doubles: in floats a line is lost at several heights.
+    // Computed in double: in float the band would lose a line at several heights.
     const double h = size.height;
     const double edge = s;
     SetViewport(0, int(h * (1 - edge)), size.width, int(h * edge - h * (1 - edge)));

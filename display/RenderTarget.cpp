@@ -18,14 +18,14 @@ static GLWindow* window = nullptr;
 static platform::DeviceContext mainDeviceContext = nullptr;
 static platform::ContextHandle mainContext = nullptr;
 static platform::ContextHandle targetContext = nullptr;
-static GLuint framebuffer = 0; // belongs to the target's context: framebuffer objects are not shared
+static GLuint framebuffer = 0; // of the target's context, since framebuffer objects are not shared
 static GLuint depthBuffer = 0;
 static GLuint texture = 0;
 static int width = 0;
 static int height = 0;
 static bool initialised = false;
 
-// Errors that the show provokes elsewhere end here, unread, so that each side starts with a clear state.
+// Discards the error that the show may have provoked before, so that what follows starts without one.
 static void DiscardError()
 {
     glGetError();
@@ -49,7 +49,7 @@ static void MakeTexture()
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
 }
 
-// In the target's context. The framebuffer stays bound there for good.
+// Call with the target's context current. The framebuffer stays bound in it.
 static bool MakeFramebuffer()
 {
     glGenRenderbuffers(1, &depthBuffer);
@@ -80,7 +80,7 @@ bool RenderTarget::Create(GLWindow* newWindow, int newWidth, int newHeight)
     if (!targetContext)
         return false;
     MakeTexture();
-    glFlush(); // the other context must find the texture made
+    glFlush(); // the texture must exist before the other context uses it
 
     if (!Windows().makeCurrent(mainDeviceContext, targetContext))
         return false;
@@ -118,13 +118,13 @@ void RenderTarget::End()
     if (!initialised)
         return;
     DiscardError();
-    glFlush(); // what was drawn must be there when the window samples it
+    glFlush(); // the drawing must be done before the window samples it
     Windows().makeCurrent(mainDeviceContext, mainContext);
     DiscardError();
     glDrawBuffer(GL_BACK);
     glReadBuffer(GL_BACK);
     DiscardError();
-    // Always this band, whatever was in force before Begin.
+    // This band is set whatever band was in force before Begin.
     window->SetLetterbox(returnLetterbox);
     DiscardError();
 }
@@ -140,8 +140,8 @@ void RenderTarget::BindTexture()
 
 void RenderTarget::ReleaseTexture()
 {
-    // The colour of a framebuffer object is the texture itself, and needs no releasing. The call stays, so
-    // that the order of use is the same on displays where it does.
+    // The colour buffer of a framebuffer object is the texture itself, so there is nothing to release.
+    // Other kinds of off-screen surfaces need the call, so callers keep to the order of use.
 }
 
 void RenderTarget::Destroy()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ChildProcess.h"
 
+#include <cassert>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -56,8 +57,8 @@ ChildProcess::~ChildProcess()
     Close(&errorFile);
 }
 
-// Moves a descriptor behind those that the program gets, which are free where this process was started
-// without its standard streams.
+// Moves a descriptor above the numbers that the program's own get. Low numbers are free if this process was
+// started without its standard streams.
 static int MoveUp(int file)
 {
     if (file < 0)
@@ -82,7 +83,7 @@ bool ChildProcess::MakePipes(int count)
             errno = why;
         if (farEnds[i] < 0 || pipes[i] < 0)
             return false;
-        // A large pipe saves switches between the two programs. Where the system refuses, it stays small.
+        // A large pipe saves context switches. If the system refuses the size, the pipe keeps its own.
         fcntl(pipes[i], F_SETPIPE_SZ, pipeSize);
     }
     return true;
@@ -130,11 +131,12 @@ static std::vector<char*> Pointers(const std::vector<std::string>& texts)
 
 bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSettings& settings)
 {
+    assert(pid == 0 && !command.empty());
     name = command[0];
-    int report[2]; // carries errno if the program can't be run, and is closed by exec otherwise
+    int report[2]; // carries errno if exec fails; a successful exec closes it
     if (!MakePipes(settings.pipes) || !MakeFiles() || pipe2(report, O_CLOEXEC) != 0)
         return Fail(errno);
-    // Everything that allocates happens ahead of fork: the child of a process with threads may not.
+    // Allocate before fork: the child of a process with several threads must not allocate.
     const std::vector<std::string> rows = ChangedEnvironment(settings.environment);
     const std::vector<char*> arguments = Pointers(command);
     const std::vector<char*> environment = Pointers(rows);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Clock.h"
 
+#include <cassert>
 #include <cerrno>
 #include <ctime>
 
@@ -43,6 +44,7 @@ void Sleep(unsigned milliseconds)
 
 void UseClock(const Clock& clock)
 {
+    assert(clock.readCounter && clock.sleep);
     clockInUse = &clock;
 }
 

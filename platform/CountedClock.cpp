@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/CountedClock.h"
 
+#include <cassert>
+
 namespace platform
 {
 
@@ -19,6 +21,7 @@ static const Clock countedClock = {ReadCountedCounter, SleepCountedClock};
 
 void UseCountedClock(CountsOfRead counts, void* user)
 {
+    assert(counts);
     countsOfRead = counts;
     countsUser = user;
     clockReads = 0;

@@ -16,16 +16,16 @@
 namespace platform
 {
 
-static const int maxStartTime = 5000;     // milliseconds that the guard has to note the modes
-static const unsigned settlingTime = 200; // milliseconds after which the restored modes are looked at again
+static const int maxStartTime = 5000;     // milliseconds that the guard has to record the modes
+static const unsigned settlingTime = 200; // milliseconds after which the restored modes are checked again
 
-static int guardPipe = -1; // what the guard listens to; -1 while there is none
+static int guardPipe = -1; // the write end of the pipe to the guard; -1 while none is running
 
-// What one CRTC (the part of the graphics card that feeds a screen) shows.
+// The configuration of one CRTC, the part of the graphics card that feeds a screen.
 struct CrtcState {
     RRCrtc crtc;
     int x, y;
-    RRMode mode; // None: it is off
+    RRMode mode; // None if the CRTC is off
     Rotation rotation;
     std::vector<RROutput> outputs;
 
@@ -37,7 +37,7 @@ struct DesktopState {
     std::vector<CrtcState> crtcs;
 };
 
-// In the guard's process
+// ---- The guard's process
 
 static DesktopState ReadDesktop(Display* display)
 {
@@ -70,7 +70,7 @@ static void SetDesktop(Display* display, const DesktopState& wanted)
     XRRScreenResources* resources = XRRGetScreenResourcesCurrent(display, root);
     if (!resources)
         return;
-    // The size of the desktop can only change while nothing shows a part of it that goes away.
+    // A CRTC must not show a part of the desktop that its new size lacks, so turn changed ones off first.
     XGrabServer(display);
     for (const CrtcState& crtc : present.crtcs)
         if (std::count(wanted.crtcs.begin(), wanted.crtcs.end(), crtc) == 0)
@@ -98,7 +98,7 @@ static int LeaveWithXServer(Display*)
     _exit(0);
 }
 
-// Leaves the terminal, the signals and the files of the process that is guarded, but for the two pipes.
+// Detaches the guard from the terminal, signals and files of the guarded process, except for the two pipes.
 static void Detach(int listen, int answer)
 {
     setsid();
@@ -129,9 +129,9 @@ static void Detach(int listen, int answer)
         _exit(0);
     close(answer);
 
-    if (read(listen, &word, 1) == 0) { // the end of the process, which said no word before
+    if (read(listen, &word, 1) == 0) { // end of file: the process ended without EndDisplayModeGuard
         SetDesktop(display, desktop);
-        // A request that the process made in its last moment may have been served after that.
+        // The X server may serve the last mode request of the ended process after SetDesktop.
         usleep(settlingTime * 1000);
         SetDesktop(display, desktop);
     }
@@ -139,7 +139,7 @@ static void Detach(int listen, int answer)
     _exit(0);
 }
 
-// In the process that is guarded
+// ---- The guarded process
 
 void StartDisplayModeGuard()
 {
@@ -151,7 +151,7 @@ void StartDisplayModeGuard()
         close(toGuard[1]);
         return;
     }
-    // The guard is a grandchild, so that nobody here has to wait for its end.
+    // The guard is a grandchild, so that this process need not wait for its end.
     const pid_t child = fork();
     if (child == 0) {
         if (fork() == 0)
@@ -176,7 +176,7 @@ void EndDisplayModeGuard()
 {
     if (guardPipe < 0)
         return;
-    // Nobody may be listening any more, which must not end this process.
+    // If the guard is gone, SIGPIPE must not end this process.
     struct sigaction ignore = {}, old;
     ignore.sa_handler = SIG_IGN;
     sigaction(SIGPIPE, &ignore, &old);

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Gives the desktop its display mode back if this process ends without doing so itself: by a signal that ends
-// it, by a crash, by a kill. An X server keeps the mode that a program has set when the program is gone.
+// Restores the desktop's display mode if this process ends without doing so itself: by a signal, a crash or a
+// kill. An X server keeps the mode that a program has set after the program is gone.
 //
-// The guard is a small process of its own. It notes the mode of every screen when it starts, waits for the
-// end of this process, which closes a pipe between the two whatever the way out was, and then sets what it
-// noted.
+// The guard is a small process of its own. It records the mode of every screen when it starts and waits for
+// the end of this process, which closes the pipe between the two however it ends. Then the guard sets the
+// recorded modes.
 #pragma once
 
 namespace platform
 {
 
-// Starts the guard; call it ahead of a change of the mode, while the process has one thread. It returns once
-// the modes are noted. Nothing happens without an X server that can change modes, or while a guard is there.
+// Starts the guard. Call before changing the mode, while the process has one thread. Returns once the modes
+// are recorded. Does nothing without an X server that can change modes, or while a guard is running.
 void StartDisplayModeGuard();
 
-// Ends the guard; call it once the mode is back. Nothing happens without one.
+// Ends the guard. Call once the mode is restored. Does nothing if no guard is running.
 void EndDisplayModeGuard();
 
 } // namespace platform

@@ -20,11 +20,11 @@ void PostEvent(Event event)
     postedEvents.push_back(event);
 }
 
-// Only what the window asks for (see WindowSystem.cpp) gets into SDL's queue at all.
+// SDL's queue holds only the events that the filter KeepEvent of SdlWindowSystem.cpp lets through.
 static Event FromSystem(const SDL_Event& event)
 {
     switch (event.type) {
-    case SDL_QUIT: // SIGINT or SIGTERM: a close request doesn't come here, SDL is told not to
+    case SDL_QUIT: // SIGINT or SIGTERM; RegisterClass keeps SDL from posting it for a close request
         return {EventQuit, 0};
     case SDL_KEYDOWN: {
         const SDL_Keycode key = event.key.keysym.sym;

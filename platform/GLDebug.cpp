@@ -32,7 +32,7 @@ static Dwfl* OpenDebugInformation()
 }
 
 struct SourceLine {
-    std::string file; // its full path, or "" if that is not known
+    std::string file; // full path of the source file, or "" if that is not known
     int number = 0;
 };
 
@@ -45,14 +45,14 @@ static SourceLine FindSourceLine(Dwfl* information, const void* returnAddress)
         line ? dwfl_lineinfo(line, nullptr, &found.number, nullptr, nullptr, nullptr) : nullptr;
     if (!file)
         return found;
-    // A relative path counts from the folder that the compiler ran in.
+    // A relative path starts from the folder that the compiler ran in.
     const char* const folder = dwfl_line_comp_dir(line);
     found.file = (std::filesystem::path(folder ? folder : "") / file).lexically_normal().string();
     return found;
 }
 
-// "effects/FX_Clouds.cpp:120", the innermost call that stands in a file of the project, or "" if that is not
-// known: the driver's and the libraries' own functions, GLU among them, lie between that and the error.
+// Returns the innermost stack frame in a file of the project, such as "effects/FX_Clouds.cpp:120", or "" if
+// that is not known. Frames of the driver and of libraries such as GLU lie between it and the error.
 static std::string CallSite()
 {
     static Dwfl* const information = OpenDebugInformation();
@@ -85,13 +85,13 @@ void ReportGLErrors()
 {
     if (!SDL_GL_ExtensionSupported("GL_KHR_debug"))
         return;
-    // Not GLEW's pointer: that is null until the window's context has loaded the extensions.
+    // GLEW's pointer may still be null: it is set when the window's context loads the extensions.
     const auto setCallback =
         reinterpret_cast<PFNGLDEBUGMESSAGECALLBACKPROC>(SDL_GL_GetProcAddress("glDebugMessageCallback"));
     if (!setCallback)
         return;
     glEnable(GL_DEBUG_OUTPUT);
-    glEnable(GL_DEBUG_OUTPUT_SYNCHRONOUS); // the call is on the stack while its error is told
+    glEnable(GL_DEBUG_OUTPUT_SYNCHRONOUS); // keeps the failing call on the stack during the callback
     setCallback(ReportMessage, nullptr);
 }
 

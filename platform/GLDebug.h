@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Makes a GL context report its errors: each with the file and line of the call, on the debug channel. In
-// debug builds only, where that channel is stderr; in others nothing happens.
+// Makes a GL context report each of its errors on the debug channel, with the file and line of the GL call.
+// Does nothing except in debug builds.
 #pragma once
 
 namespace platform
 {
 
-// For the context that is current, and until it is deleted. A driver without KHR_debug is asked in vain.
+// Applies to the current context until that is deleted. Does nothing if the driver lacks KHR_debug.
 void ReportGLErrors();
 
 } // namespace platform

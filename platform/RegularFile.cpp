@@ -25,7 +25,7 @@ static int OpenFlags(const char* mode)
 
 FILE* OpenRegularFile(const std::string& path, const char* mode)
 {
-    // O_NONBLOCK: without it a FIFO is waited for here, before fstat can tell what it is.
+    // Without O_NONBLOCK, opening a FIFO would block before fstat can tell what it is.
     const int descriptor = open(path.c_str(), OpenFlags(mode) | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (descriptor < 0)
         return nullptr;

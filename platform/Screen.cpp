@@ -29,7 +29,7 @@ bool HasWindowManager()
     Display* display = XOpenDisplay(nullptr);
     if (!display)
         return false;
-    // Only one client may ask to be told of new windows, and that is what makes it the window manager.
+    // X lets one client select SubstructureRedirect on the root window: the window manager.
     XWindowAttributes root;
     XGetWindowAttributes(display, DefaultRootWindow(display), &root);
     XCloseDisplay(display);
@@ -45,7 +45,7 @@ float ScaleFromResources(const char* resources)
             ++line;
         if (strncmp(line, key, keyLength) != 0)
             continue;
-        // A whole number is enough, and doesn't ask the locale what a decimal point is.
+        // strtol is precise enough and, unlike strtof, does not depend on the locale's decimal point.
         const float scale = std::round(float(strtol(line + keyLength, nullptr, 10)) / plainDpi / step) * step;
         return scale < smallestScale ? smallestScale : scale > largestScale ? largestScale : scale;
     }

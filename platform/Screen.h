@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: MIT
-// The screen that form and boxes come up on.
+// Properties of the X display on which the start form and the message boxes appear.
 #pragma once
 
 namespace platform
 {
 
-// True if there is a display to open windows on. Must be asked before anything of FLTK is touched: without a
-// display that library ends the process.
+// True if an X display can be opened. Call before any FLTK function: without a display FLTK ends the process.
 bool HasDisplay();
 
-// True if a window manager runs. Without one a window has no title bar, and must take the keyboard focus
-// itself.
+// True if a window manager runs on the display. Without one a window has no title bar and must take the
+// keyboard focus itself. False without a display.
 bool HasWindowManager();
 
-// How many pixels a pixel of the design takes, 1 to 4: the desktop's "Xft.dpi" setting over 96, or 1 where it
-// has none. In quarters, so that a desktop of about 96 gets pictures pixel by pixel. Needs a display.
+// The scale of the dialogs in screen pixels per pixel of their design, 1 to 4: the desktop's "Xft.dpi"
+// setting divided by 96, or 1 without that setting or without a display. It is rounded to
+// quarters, so that pictures keep their pixels on a desktop of about 96 dpi.
 float ScreenScale();
 
-// The same from the text of the X server's resources, lines such as "Xft.dpi:\t192". Null is allowed.
+// The scale that follows from the text of the X server's resources, which has lines such as "Xft.dpi:\t192".
+// Null is allowed and gives 1.
 float ScaleFromResources(const char* resources);
 
 } // namespace platform

@@ -21,8 +21,8 @@ static SDL_DisplayMode chosenMode;
 static bool modeChosen = false;
 static std::string shownTitle;
 
-// Only what a frame has use for gets into the queue, so that one event per frame is enough for Escape to
-// act at once while the mouse moves.
+// The event filter of SDL's queue. A frame takes one event, so mouse motion and other events without a use
+// are kept out: they would delay Escape.
 static int KeepEvent(void*, SDL_Event* event)
 {
     switch (event->type) {
@@ -36,7 +36,7 @@ static int KeepEvent(void*, SDL_Event* event)
     }
 }
 
-// Says on the debug channel what failed, in SDL's own words.
+// Writes to the debug channel what failed, with SDL's error message.
 static void TraceFailure(const char* what)
 {
     OutputDebugText((std::string(what) + " failed: " + SDL_GetError() + "\n").c_str());
@@ -49,9 +49,9 @@ static bool RegisterClass(const char* name)
     SDL_SetHint(SDL_HINT_APP_NAME, name);
     setenv("SDL_VIDEO_X11_WMCLASS", name, 0);
     setenv("SDL_VIDEO_WAYLAND_WMCLASS", name, 0);
-    SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");    // a close request is not the end of a show
-    SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0"); // a message box takes the focus for a while
-    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // and must be seen above the window
+    SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");          // a close request must not end the show
+    SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");       // message boxes take the focus
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // message boxes need compositing
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         TraceFailure("Starting the window system");
         return false;
@@ -68,12 +68,12 @@ static bool SetDisplayMode(int width, int height, int bits)
         SDL_DisplayMode mode;
         if (SDL_GetDisplayMode(0, i, &mode) != 0 || mode.w != width || mode.h != height)
             continue;
-        // X11 calls a screen of 32 bits per pixel 24 bits deep.
+        // X11 reports a screen of 32 bits per pixel with a depth of 24.
         if (SDL_BITSPERPIXEL(mode.format) < (bits == 32 ? 24u : unsigned(bits)))
             continue;
         chosenMode = mode;
         modeChosen = true;
-        if (SDL_strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) // others end the mode with the process
+        if (SDL_strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) // others restore it with the process
             StartDisplayModeGuard();
         return true;
     }
@@ -114,7 +114,7 @@ static WindowHandle CreateWindow(const WindowDescription& description)
 #ifdef MARLINEX_DEBUG_GL
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_FLAGS, SDL_GL_CONTEXT_DEBUG_FLAG);
 #endif
-    // Shown only by ShowWindow, and full screen only then: the mode changes with the picture, not before.
+    // ShowWindow shows the window and makes it full screen, so that the mode changes no earlier than that.
     const Uint32 flags = SDL_WINDOW_OPENGL | SDL_WINDOW_BORDERLESS | SDL_WINDOW_HIDDEN;
     SDL_Window* window = nullptr;
     for (int depth = description.depthBits; depth >= 16 && !window; depth -= 8) {
@@ -152,7 +152,7 @@ static void DestroyWindow(WindowHandle window)
 
 static void SetTitle(WindowHandle window, const char* text)
 {
-    if (!window || shownTitle == text) // each change is a request to the display
+    if (!window || shownTitle == text) // each change sends a request to the display
         return;
     shownTitle = text;
     SDL_SetWindowTitle(static_cast<SDL_Window*>(window), text);
@@ -169,7 +169,7 @@ static ContextHandle CreateContext(DeviceContext device, ContextHandle share)
         return nullptr;
     SDL_GL_SetAttribute(SDL_GL_SHARE_WITH_CURRENT_CONTEXT, share ? 1 : 0);
     SDL_Window* window = static_cast<SDL_Window*>(device);
-    // SDL makes a new context current. The caller decides about that, so put back what was.
+    // SDL_GL_CreateContext makes the new context current, so restore the one that was.
     SDL_Window* const oldWindow = SDL_GL_GetCurrentWindow();
     const SDL_GLContext oldContext = SDL_GL_GetCurrentContext();
     if (share && oldContext != share)
@@ -185,7 +185,7 @@ static ContextHandle CreateContext(DeviceContext device, ContextHandle share)
 
 static bool MakeCurrent(DeviceContext device, ContextHandle context)
 {
-    if (device && device != shownWindow) // it is gone, and SDL would look into its memory
+    if (device && device != shownWindow) // a destroyed window, whose memory SDL would read
         return false;
     if (SDL_GL_MakeCurrent(static_cast<SDL_Window*>(device), context) == 0)
         return true;
@@ -211,8 +211,8 @@ static void DeleteContext(ContextHandle context)
 
 static void LoadExtensions()
 {
-    // The result means nothing on EGL, Wayland and the offscreen driver: an error comes back there although
-    // the functions are loaded. Whoever needs one looks at its pointer.
+    // The result is ignored: on EGL, Wayland and the offscreen driver glewInit returns an error although it
+    // has loaded the functions. Callers check the pointers of the functions that they need.
     glewInit();
     SDL_GL_SetSwapInterval(1);
 }
@@ -223,7 +223,7 @@ static const char* GetExtensions(int what)
         return nullptr;
     if (what == ExtensionsOfGL)
         return reinterpret_cast<const char*>(glGetString(GL_EXTENSIONS));
-    // SDL has no list of its own: framebuffer objects, the off-screen facility here, are named in GL's.
+    // SDL has no extension list. Framebuffer objects, which the off-screen target uses, are in GL's list.
     return nullptr;
 }
 

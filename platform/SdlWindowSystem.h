@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The window system that a show uses: windows and GL contexts of SDL.
 #pragma once
 
 #include "platform/WindowSystem.h"

@@ -5,12 +5,13 @@
 
 #include <SDL.h>
 #include <algorithm>
+#include <cassert>
 #include <string>
 
 namespace platform
 {
 
-static const int deviceFrames = 1024; // per call, 23 ms at 44100 Hz: late enough for a busy machine
+static const int deviceFrames = 1024; // per call, 23 ms at 44100 Hz: long enough for a busy machine
 
 static SoundOutputKind outputKind = SoundFromDevice;
 static bool outputOpen = false;
@@ -23,7 +24,7 @@ void UseSoundOutput(SoundOutputKind kind)
     outputKind = kind;
 }
 
-// A device must not be handed more than full scale: some wrap instead of clipping.
+// Clamps to full scale, since some devices wrap around instead of clipping.
 static void SDLCALL FillFromDevice(void*, Uint8* stream, int bytes)
 {
     StereoFrame* frames = reinterpret_cast<StereoFrame*>(stream);
@@ -37,12 +38,12 @@ static void SDLCALL FillFromDevice(void*, Uint8* stream, int bytes)
 
 static bool OpenDevice(int rate)
 {
-    // The words that a desktop's volume control shows beside the slider.
+    // A desktop's volume control shows these names beside its slider.
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Marlinex");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Music");
-    SDL_SetHint(SDL_HINT_AUDIO_RESAMPLING_MODE, "medium"); // only heard where the device can't do the rate
+    SDL_SetHint(SDL_HINT_AUDIO_RESAMPLING_MODE, "medium"); // used if the device can't play at this rate
 
-    // Devices that come and go are the system's business. A frame takes one event, so none may be wasted.
+    // A frame takes one event, so keep out those about devices that come and go: they need no reaction.
     SDL_EventState(SDL_AUDIODEVICEADDED, SDL_IGNORE);
     SDL_EventState(SDL_AUDIODEVICEREMOVED, SDL_IGNORE);
 
@@ -63,6 +64,7 @@ static bool OpenDevice(int rate)
 
 bool OpenSoundOutput(int rate, SoundFill fill, void* context)
 {
+    assert(rate > 0 && fill);
     if (outputOpen || outputKind == SoundMissing)
         return false;
     outputFill = fill;

@@ -22,7 +22,7 @@
 namespace platform
 {
 
-static const double patience = 0.1; // seconds between two looks at SIGINT and SIGTERM
+static const double signalPollInterval = 0.1; // seconds between two checks for SIGINT and SIGTERM
 
 // The show's window, or null while there is none on the screen.
 static SDL_Window* ShowWindow()
@@ -75,9 +75,9 @@ static void SetAtoms(Window window, const char* property, std::vector<Atom> atom
                     reinterpret_cast<unsigned char*>(atoms.data()), int(atoms.size()));
 }
 
-// A key that was held down before the window got the keyboard must not answer it: whoever leans on Enter or
-// Escape has not read what came up. Such a key counts again once it was let go.
-static char heldKeys[32]; // a bit for each key code
+// The keys that were already down when the window got the keyboard, one bit per key code. They are ignored
+// until they are released: a user who holds Enter or Escape has not read the window yet.
+static char heldKeys[32];
 
 static int SwallowHeldKeys(void* event, void*)
 {
@@ -98,7 +98,7 @@ static int SwallowHeldKeys(void* event, void*)
     return x.type == KeyPress;
 }
 
-// What the window manager draws round the window, and offers to do with it.
+// Tells the window manager which decorations to draw and which functions to offer.
 static void SetDecorations(Window window, bool titled)
 {
     const unsigned long move = 4, close = 32;             // functions
@@ -179,8 +179,8 @@ void DialogWindow::show()
     if (owner) {
         XSetTransientForHint(fl_display, window, owner);
         states.push_back(Named("_NET_WM_STATE_MODAL"));
-        // The show is standing still and won't paint where this window was: let the server do it, lest a
-        // closed box seem to be there still.
+        // The show is standing still and does not repaint the area of this window. Let the server restore it,
+        // or a closed box would seem to be there still.
         XSetWindowBackground(fl_display, owner, BlackPixel(fl_display, fl_screen));
     }
     SetAtoms(window, "_NET_WM_STATE", states);
@@ -191,7 +191,7 @@ void DialogWindow::show()
     XMapRaised(fl_display, window);
     XSync(fl_display, False);
 
-    // Ask for the keyboard: politely where somebody gives it out, otherwise it is taken.
+    // Ask the window manager for the keyboard focus, or take it where there is none.
     if (!managed) {
         XSetInputFocus(fl_display, window, RevertToParent, CurrentTime);
         return;
@@ -201,7 +201,7 @@ void DialogWindow::show()
     ask.xclient.window = window;
     ask.xclient.message_type = Named("_NET_ACTIVE_WINDOW");
     ask.xclient.format = 32;
-    ask.xclient.data.l[0] = 2; // on behalf of the user, who is waiting for exactly this window
+    ask.xclient.data.l[0] = 2; // the request comes from the user
     XSendEvent(fl_display, root, False, SubstructureRedirectMask | SubstructureNotifyMask, &ask);
 }
 
@@ -213,7 +213,7 @@ void DialogWindow::Run()
 
     show();
     while (shown()) {
-        Fl::wait(patience);
+        Fl::wait(signalPollInterval);
         if (SDL_WasInit(SDL_INIT_VIDEO)) {
             SDL_PumpEvents();
             if (SDL_HasEvent(SDL_QUIT))
@@ -231,7 +231,7 @@ int DialogWindow::handle(int event)
     switch (event) {
     case FL_FOCUS:
     case FL_UNFOCUS:
-        return 1; // FLTK gives keys only to those who want them
+        return 1; // FLTK sends keys only to widgets that accept the focus
     default:
         return Fl_Double_Window::handle(event);
     }

@@ -93,7 +93,7 @@ void FormWindow::AddControl(const FormControl& control)
     buttons.push_back(button);
 }
 
-// The form is what counts: the buttons show its marks.
+// Copies the form's check marks to the buttons, which only display them.
 void FormWindow::ShowState()
 {
     for (size_t at = 0; at < buttons.size(); ++at) {
@@ -189,7 +189,7 @@ int FormWindow::handle(int event)
         dragging = false;
     if (DialogWindow::handle(event))
         return 1;
-    // What no button took: there is no title bar, so the form is taken by its picture or its ground.
+    // No button took the event. The form has no title bar, so dragging its picture or background moves it.
     switch (event) {
     case FL_PUSH:
         dragging = Fl::event_button() == FL_LEFT_MOUSE;
@@ -200,7 +200,7 @@ int FormWindow::handle(int event)
         Drag();
         return 1;
     case FL_RELEASE:
-        Drag(); // the last bit of the way may come without an event of its own
+        Drag(); // the last part of the move may come without an event of its own
         dragging = false;
         return 1;
     default:

@@ -23,7 +23,7 @@ static const Fl_Font captionFont = FL_HELVETICA_BOLD;
 // Pixels at 96 dots per inch.
 static const float fontSize        =  13;
 static const float lineHeight      =  19;
-static const float margin          =  22; // round everything
+static const float margin          =  22; // round the content of the box
 static const float iconSize        =  40;
 static const float iconGap         =  20; // from the icon to the text
 static const float narrowestText   = 260;
@@ -37,8 +37,8 @@ static const float titleButtons    = 100; // what a title bar has beside its cap
 static const float captionHeight   =  36; // of the caption that the box draws itself
 // clang-format on
 
-static const float tallestBox = 0.8f; // of the screen's height
-static const float widestBox = 0.9f;  // of its width
+static const float maxHeightShare = 0.8f; // of the screen's height
+static const float maxWidthShare = 0.9f;  // of its width
 static const int wheelLines = 3;
 
 class MessageBoxWindow : public DialogWindow
@@ -61,7 +61,7 @@ private:
     const MessageBox message;
     const std::string caption;
     std::vector<std::string> lines; // of the body, as they fit textPlace
-    int top = 0;                    // of this window's content: 0, or below the caption
+    int top = 0;                    // y of the content: 0, or below the caption
     PixelRect textPlace = {};
     int scroll = 0; // pixels of the text that are above textPlace
     Fl_Slider scroller;
@@ -88,11 +88,11 @@ void MessageBoxWindow::FlowBody()
     fl_font(bodyFont, Scaled(fontSize));
     const auto measure = [](const char* text, int length) { return fl_width(text, length); };
     const float aside = 2 * margin + iconSize + iconGap + scrollerGap + scrollerWidth;
-    const int room = int(float(area.width) * widestBox) - Scaled(aside);
+    const int room = int(float(area.width) * maxWidthShare) - Scaled(aside);
     const int width = std::max(1, std::min(room, Scaled(widestText)));
     lines = FlowText(ShowableText(message.body), width, measure);
 
-    // No wider than text or caption ask for, so that a short message sits in a small box.
+    // Limit the width to what text and caption need, so that a short message gets a small box.
     double widest = 0;
     for (const std::string& line : lines)
         widest = std::max(widest, fl_width(line.c_str(), int(line.size())));
@@ -106,9 +106,9 @@ void MessageBoxWindow::Arrange()
     top = managed ? 0 : Scaled(captionHeight);
     const int line = Scaled(lineHeight);
     const int around = top + Scaled(2 * margin + buttonGap + buttonHeight);
-    const int tallest = std::max(1, (int(float(area.height) * tallestBox) - around) / line); // in lines
+    const int maxLines = std::max(1, (int(float(area.height) * maxHeightShare) - around) / line); // in lines
     const int textHeight = int(lines.size()) * line;
-    const int contentHeight = std::max(Scaled(iconSize), std::min(textHeight, tallest * line));
+    const int contentHeight = std::max(Scaled(iconSize), std::min(textHeight, maxLines * line));
     const bool scrolls = textHeight > contentHeight;
 
     textPlace.x = Scaled(margin + iconSize + iconGap);
