@@ -42,20 +42,20 @@ public:
     // came to its natural end stays up until the process ends.
     void Destroy();
 
-    // Takes at most one event. A backlog needs as many frames as it is long.
+    // Handles at most one event, so that a backlog of n events takes n frames.
     void PumpMessage();
 
     // True from Create on, even if its last steps fail, until a quit message is pumped.
     bool IsRunning() const;
 
-    // Whole words in GL's extension list. An empty name and one with a blank are false.
+    // True if `name` is a whole word of GL's extension list. False for an empty name and one with a blank.
     bool IsExtensionSupported(const char* name) const;
 
-    // The same in the window system's own list, or in GL's where it has none.
+    // The same for the window system's list, or GL's where it has none, but any name is searched for.
     bool IsWglExtensionSupported(const char* name) const;
 
     platform::WindowHandle GetWindowHandle() const;
-    platform::ContextHandle GetContext() const; // always null, see the field
+    platform::ContextHandle GetContext() const; // always null
     platform::DeviceContext GetDeviceContext() const;
     const WindowSize* GetSize() const;
 
@@ -82,12 +82,12 @@ private:
     WindowSize size;
     platform::WindowHandle windowHandle;
 
-    // Stays null for the whole run: Create keeps the context in a local. Destroy is odd because of that.
+    // Stays null for the whole run, since Create keeps the context in a local variable.
     platform::ContextHandle glContext;
     platform::DeviceContext deviceContext;
     bool clearEnabled;                    // nothing ever switches it off
     const ExtensionState* extensionState; // null until Create has a context; nothing reads it
 };
 
-// glViewport under the engine's name.
+// Calls glViewport.
 void SetViewport(int x, int y, int width, int height);

@@ -34,6 +34,6 @@ public:
     static void BindTexture();
     static void ReleaseTexture();
 
-    // Gives the surface back, though neither its context nor its texture.
+    // Deletes the framebuffer object, but neither its context nor its texture.
     static void Destroy();
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A clock that tells the count by how often it was read. FrameTimer reads the clock once when it starts and
-// once behind each frame, and nobody else does, so read n is the moment that frame n shows: a capture knows
-// the time of every frame to the count, and no rounding adds up.
+// A clock whose count depends only on how often it was read. FrameTimer reads the clock once when it starts
+// and once after each frame, and nothing else reads it, so read n gives the time of frame n. A capture knows
+// the exact time of every frame in this way, and no rounding error accumulates.
 #pragma once
 
 #include "platform/Clock.h"
@@ -9,11 +9,12 @@
 namespace platform
 {
 
-// The count of one read: `read` is the number of reads before it.
+// Returns the count of one read; `read` is the number of reads before it.
 typedef int64_t (*CountsOfRead)(void* user, int64_t read);
 
-// Every read gives what `counts` says, which gets `user` untouched; a wait passes at once.
+// Puts the counted clock into use. Every read returns what `counts` returns, which gets `user` untouched and
+// must not be null; Sleep returns at once.
 void UseCountedClock(CountsOfRead counts, void* user);
-int64_t ClockReads(); // since the counted clock came into use
+int64_t ClockReads(); // number of reads since the counted clock came into use
 
 } // namespace platform

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A channel for traces that a user never sees: collected where somebody does that, otherwise written to
-// stderr in debug builds and dropped in others.
+// A channel for debug text that users never see. While CollectDebugText has set a string, the text is
+// appended to it; otherwise it is written to stderr in debug builds and dropped in others.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 namespace platform
 {
 
-void OutputDebugText(const char* text); // null is allowed and counts as nothing
+void OutputDebugText(const char* text); // null is allowed and writes nothing
 
 // Appends all further text to *sink; null ends that. The sink is borrowed.
 void CollectDebugText(std::string* sink);

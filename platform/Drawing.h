@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Whether geometry reaches GL. A tool that plays the show up to a moment switches it off: then effects
-// render and update as ever, and all that is left out is the sending of vertices by math/Primitives.h and
-// math/QuadBatch.h. Their effect on GL's state stays the same, but for the current normal and the current
-// texture coordinate, which no effect relies on from one draw to the next.
+// A switch for the vertices that math/Primitives.h and math/QuadBatch.h send to GL. A tool that plays the
+// show up to a moment turns it off: effects then render and update as usual, but these two send no vertices.
+// GL's state comes out the same, except for the current normal and texture coordinate, which no effect relies
+// on from one draw to the next.
 //
-// GL itself goes on drawing what is sent past these two, and clears: see GL_RASTERIZER_DISCARD.
+// Clears and all other draws still reach GL; GL_RASTERIZER_DISCARD makes GL drop those.
 #pragma once
 
 namespace platform

@@ -18,11 +18,11 @@ struct EmbeddedFile {
 // The table that the build makes.
 extern const EmbeddedFile embeddedFiles[];
 
-// Looks a file up by its bare name, case and all. True: *data and *size are its bytes, which belong to the
-// table. False: there is no such file, and *data and *size are null and 0.
+// Looks a file up by its bare name, case-sensitively. True: *data and *size are its bytes, which belong to
+// the table. False: there is no such file, and *data and *size are null and 0.
 bool FindEmbeddedFile(const std::string& name, const unsigned char** data, size_t* size);
 
-// Takes another table, which is borrowed, in place of the program's own; null goes back to that.
+// Puts another table, which is borrowed, in place of the program's own; null restores that.
 void UseEmbeddedFiles(const EmbeddedFile* table);
 
 } // namespace platform

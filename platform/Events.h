@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The queue of events that a frame takes one of: key presses, and the message to quit. Main thread only.
+// The event queue, of which each frame takes one event: a key press or the quit message. Main thread only.
 #pragma once
 
 namespace platform
@@ -7,9 +7,9 @@ namespace platform
 
 enum EventKind {
     EventNone,    // the queue was empty
-    EventQuit,    // somebody posted a quit, or SIGINT or SIGTERM arrived
-    EventKeyDown, // key holds which
-    EventWindow   // something about the window that nobody needs to act on
+    EventQuit,    // PostQuit was called, or SIGINT or SIGTERM arrived
+    EventKeyDown, // Event::key says which key
+    EventWindow   // a change of the window that needs no reaction
 };
 
 const int KeyEscape = 0x1B; // other keys arrive as their character where they have one, or as 0
@@ -19,15 +19,15 @@ struct Event {
     int key;
 };
 
-// Posts the message to quit. It is seen by the next TakeEvent, in front of everything else, so that a
-// failure ends the run at the next pump. Works before any window exists. Posting twice is posting once.
+// Posts the quit message, which the next TakeEvent returns ahead of all else. May be called before any window
+// exists. A second call before that TakeEvent changes nothing. The exit code is ignored.
 void PostQuit(int exitCode);
 
-// Takes at most one event. Mouse motion and everything else of no interest never enters the queue, so
-// Escape is not kept waiting behind it.
+// Takes at most one event. Mouse motion and other events without a use never enter the queue, so that they
+// do not delay Escape.
 Event TakeEvent();
 
-// For tests: appends an event by hand, behind those already posted and in front of the system's.
+// For tests: appends an event, which comes after those posted earlier and before the system's.
 void PostEvent(Event event);
 
 } // namespace platform

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the show's data lies. Everything that opens a data file asks here.
+// The data directory of the show, and the paths of the files in it. All code that opens a data file uses it.
 #pragma once
 
 #include <string>
@@ -12,20 +12,20 @@ namespace platform
 // All of them mean the one data directory. Nothing is opened.
 std::string DataPath(std::string name);
 
-// A path as the show's own files have it: in the data directory if it begins with one of those spellings,
-// otherwise as it stands, from the working directory or absolute. Nothing is opened.
+// Resolves a path that the show's own files contain: into the data directory if it begins with one of those
+// spellings; otherwise it is returned unchanged, absolute or relative. Nothing is opened.
 std::string ResolvePath(std::string path);
 
 // True if the name carries the directory in one of those spellings.
 bool NamesDataDirectory(const std::string& name);
 
-// The directory, "Data" until it is set. Without a slash at the end.
+// The data directory without a trailing slash; "Data" until it is set.
 void SetDataDirectory(std::string directory);
 std::string GetDataDirectory();
 
 // Looks for the data directory: in the working directory, beside the executable (and one folder above,
 // and at the root of the source tree when run from its build folder), in the installed share folder.
-// The first that is there is set and kept as it was found; if none is there, "Data" stays.
+// The first that exists becomes the data directory; if none exists, "Data" stays.
 void FindDataDirectory();
 
 } // namespace platform

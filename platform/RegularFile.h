@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Opening files of which the show reads all there is. What stands in the place of such a file may be a
-// folder, a FIFO that nobody writes into or a device without an end: those are treated like files that can't
-// be opened, so that no read ever waits or goes on for ever.
+// Opens regular files and nothing else. A path may also lead to a folder, a FIFO without a writer or a device
+// without an end: those count as files that can't be opened, so that no read ever blocks or runs forever.
 #pragma once
 
 #include <cstdio>

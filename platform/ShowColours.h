@@ -19,7 +19,7 @@ constexpr uint32_t Rust      = 0x8a3b1e;
 constexpr uint32_t Moss      = 0x55602f;
 constexpr uint32_t Bone      = 0xefe6d2; // paper
 constexpr uint32_t Parchment = 0xd9c9a3;
-constexpr uint32_t ColdLight = 0x9fe8ff; // the rare second light
+constexpr uint32_t ColdLight = 0x9fe8ff; // a second light, used sparingly
 // clang-format on
 
 } // namespace showcolours

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A clock that moves only when it is told to: by StepClock, and by a wait, which passes at once.
+// A clock that only StepClock and Sleep advance. Sleep adds its time and returns at once.
 #pragma once
 
 #include "platform/Clock.h"
@@ -7,7 +7,7 @@
 namespace platform
 {
 
-void UseSteppedClock();         // starts at count 0, whatever an earlier stepped clock had reached
-void StepClock(int64_t counts); // without effect while another clock is in use
+void UseSteppedClock();         // starts at count 0 on every call
+void StepClock(int64_t counts); // has no effect while another clock is in use
 
 } // namespace platform

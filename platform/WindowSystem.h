@@ -1,34 +1,34 @@
 // SPDX-License-Identifier: MIT
-// Windows and GL contexts, as a table of plain functions. The one that a show uses is SDL's
-// (SdlWindowSystem).
+// The window system as a table of function pointers: windows and GL contexts. A show uses SDL's, see
+// SdlWindowSystem.h.
 //
-// Handles are opaque; null is none. Main thread only.
+// Handles are opaque; a null handle means none. Main thread only.
 #pragma once
 
 namespace platform
 {
 
 typedef void* WindowHandle;
-typedef void* DeviceContext; // what a GL context draws to; here one with the window that it belongs to
+typedef void* DeviceContext; // what a GL context draws to: here the window itself
 typedef void* ContextHandle;
 
 struct WindowDescription {
     const char* title;
-    int x, y; // of the client area on the screen, pixels
+    int x, y; // top left corner of the client area on the screen, pixels
     int width, height;
-    bool fullscreen; // exclusive, in the mode that SetDisplayMode chose
+    bool fullscreen; // exclusive, in the mode that setDisplayMode chose
     int colourBits;  // all channels together
     int alphaBits;
-    int depthBits; // the deepest of 32, 24, 16 up to this that the display has
+    int depthBits; // an upper limit: the display may offer only 24 or 16
 };
 
 struct WindowSystem {
-    // Starts the system and takes the name for this process. False the second time, and without a display.
+    // Starts the system under this name. False on a second call in one process and without a display.
     bool (*registerClass)(const char* name);
 
-    // Chooses a full-screen mode. False if the display hasn't exactly this one. It takes force when the
-    // full-screen window appears and ends with it, with restoreDisplayMode, or with the process, whatever way
-    // that ends (see DisplayModeGuard.h).
+    // Chooses a full-screen mode. False if the display doesn't have exactly this one. The mode is set when
+    // the full-screen window is shown. It ends with that window, with restoreDisplayMode or with the process,
+    // however that ends (see DisplayModeGuard.h).
     bool (*setDisplayMode)(int width, int height, int bits);
     void (*restoreDisplayMode)();
 
@@ -37,7 +37,7 @@ struct WindowSystem {
 
     // A borderless window, hidden until showWindow. Null on failure.
     WindowHandle (*createWindow)(const WindowDescription& description);
-    void (*showWindow)(WindowHandle window); // shows it, in front, with the keyboard
+    void (*showWindow)(WindowHandle window); // raises it and gives it the keyboard focus
     void (*destroyWindow)(WindowHandle window);
     void (*setTitle)(WindowHandle window, const char* text); // cheap when the text is the same as before
 
@@ -53,12 +53,12 @@ struct WindowSystem {
     // Loads the extension entry points for the current context.
     void (*loadExtensions)();
 
-    // The extensions of GL (what 0) and of the off-screen facility (what 1), divided by blanks; may be null.
+    // The extensions of GL or of the window system, separated by blanks; `what` as below. May be null.
     const char* (*getExtensions)(int what);
 
     void (*swapBuffers)(DeviceContext device);
 
-    void (*shutDown)(); // ends it all, restores the display mode
+    void (*shutDown)(); // closes everything and restores the display mode
 };
 
 const int ExtensionsOfGL = 0;
@@ -69,8 +69,8 @@ const WindowSystem& Windows();
 void UseWindowSystem(const WindowSystem& system);
 void UseSdlWindows();
 
-// The frame observer sees each finished frame: it is called at the swap, ahead of it, with the window's
-// context current. Null takes it off again.
+// The frame observer is called right before each swap, when the frame is finished and the window's context is
+// current. Null removes it.
 typedef void (*FrameObserver)(void* user);
 void SetFrameObserver(FrameObserver observer, void* user);
 void NotifyFrameObserver();

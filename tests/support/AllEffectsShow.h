@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A show of all effects of the production, one after the other in the order of their records. Each is sent
-// every message that it declares, twice: some count only once another one has come.
+// every message that it declares twice, since some have an effect only after another one.
 #pragma once
 
 #include <string>
@@ -11,6 +11,6 @@ namespace allEffectsShow
 const int secondsEach = 3;
 
 std::string Script();
-int StartOf(const std::string& key); // seconds at which the effect comes on stage
+int StartOf(const std::string& key); // seconds, the start of the effect's entry
 
 } // namespace allEffectsShow

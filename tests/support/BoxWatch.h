@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Looks at the event queue at the very moment at which a box is shown. Without a display a box is text on
-// stderr, which this puts a stream of its own in place of.
+// Checks, whenever a message box is shown, whether a quit is in the event queue. Without a display a box is
+// text on stderr, so this class replaces stderr by a stream of its own.
 //
 //     BoxWatch watch;
 //     EXPECT_FALSE(player.Init(...));
@@ -27,7 +27,7 @@ public:
 private:
     static ssize_t Write(void* watch, const char* text, size_t size);
 
-    std::vector<platform::MessageBox>* sink; // where boxes went before
+    std::vector<platform::MessageBox>* sink; // the sink of boxes that was set before
     std::string display;
     FILE* oldStderr;
 };

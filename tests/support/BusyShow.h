@@ -4,9 +4,9 @@
 
 #include "tools/timeline/Layout.h"
 
-// Entries and messages by chance, the same on every run: on six layers, some of them overlapping, with names
+// Random entries and messages, the same on every run: on six layers, some of them overlapping, with names
 // of many lengths, some messages lost, some unknown, music and remarks.
 timeline::TimelineModel BusyShow(int entries, int messages, int remarks, unsigned seed = 1);
 
-// A script text with that many entries of the production's effects and as many messages.
+// A script text with that number of entries of the production's effects and as many messages.
 std::string BusyScript(int entries);

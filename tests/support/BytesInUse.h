@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the process has taken from the heap and not given back, in bytes.
+// Returns the heap memory that the process has allocated and not freed, in bytes.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A locale in which 0.5 reads "0,5", made on the spot: a machine may know none.
+// Makes a locale with a decimal comma, since a machine may have none installed.
 //
 //     ASSERT_EQ("", MakeCommaLocale(folder));
 //     setenv("LOCPATH", folder.c_str(), 1);
@@ -8,6 +8,6 @@
 
 #include <string>
 
-// Writes it into folder/comma, numbers alone: setlocale takes it for LC_NUMERIC and for nothing else. Returns
-// what went wrong, or nothing.
+// Writes the locale to folder/comma. It has numbers alone, so setlocale accepts it only for LC_NUMERIC.
+// Returns an error message, empty on success.
 std::string MakeCommaLocale(const std::string& folder);

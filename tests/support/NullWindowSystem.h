@@ -35,6 +35,6 @@ struct NullWindows {
     void (*contextSwitched)(int number) = nullptr; // told which context became current, from 1; 0 is none
 };
 
-// Takes it into use as new, whatever an earlier test did to it.
+// Puts the null window system into use, reset to its initial state.
 void UseNullWindows();
 NullWindows& NullWindowState();

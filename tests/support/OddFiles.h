@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What can stand in a file's place and is no file that could be read to its end: a folder, a FIFO that nobody
-// writes into, a device without an end, a link to itself or to nothing.
+// Things at a file's path that can't be read to an end: a folder, a FIFO without a writer, an endless device,
+// a symbolic link to itself or to nothing.
 //
 //     for (const OddFile& odd : OddFiles()) {
 //         odd.make(path);
@@ -14,7 +14,7 @@
 
 struct OddFile {
     const char* name;
-    void (*make)(const std::string& path); // of a file that isn't there; remove() takes it away again
+    void (*make)(const std::string& path); // nothing may exist at the path; remove() deletes it
 };
 
 const std::vector<OddFile>& OddFiles();

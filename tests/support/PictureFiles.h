@@ -18,12 +18,12 @@ struct Picture {
 Picture PlainPicture(int width, int height, int components, unsigned char red, unsigned char green,
                      unsigned char blue, unsigned char alpha = 255);
 
-// All of these abort the process with a line on stderr when the file can't be written or read: a test that
-// can't have its files has nothing to say.
+// All of these abort the process with a line on stderr if the file can't be written or read, since the test
+// means nothing then.
 void SavePng(const std::string& path, const Picture& picture);
 void SaveJpeg(const std::string& path, const Picture& picture); // 3 or 1 components, best quality
 
-// The kind by the name's end, ".png" or ".jpg".
+// The format follows from the extension, ".png" or ".jpg".
 void SavePicture(const std::string& path, const Picture& picture);
 
 Picture LoadPng(const std::string& path, int components = 3); // converted to 3 or 4

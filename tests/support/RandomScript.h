@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scripts that nobody would write, the same ones for the same seed.
+// Random scripts, good and broken ones. The same seed gives the same scripts.
 #pragma once
 
 #include <random>
@@ -9,7 +9,7 @@
 class RandomScript
 {
 public:
-    // The names that the script may use, besides some that nobody knows.
+    // The names that the script may use; it also uses unknown ones.
     RandomScript(unsigned seed, std::vector<std::string> effectNames, std::vector<std::string> messageNames,
                  int longestMs = 20000);
 
@@ -17,7 +17,7 @@ public:
     // comments and blanks in all places.
     std::string Write(int blocks, bool messy);
 
-    // Some bytes changed, left out, doubled or put elsewhere.
+    // The script with some bytes changed, removed, doubled or moved.
     std::string Mutate(std::string text);
     std::string Bytes(size_t count);
 

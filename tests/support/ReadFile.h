@@ -4,5 +4,5 @@
 #include <filesystem>
 #include <string>
 
-// All bytes of a file; nothing if it can't be read.
+// Returns all bytes of a file, or an empty string if it can't be read.
 std::string ReadFile(const std::filesystem::path& path);

@@ -11,7 +11,7 @@ struct ProgramRun {
     std::string errors;
 };
 
-// A companion program by its bare name ("marlinex-list"), or any other by its path. Words are handed over as
-// they are, no shell looks at them. Environment entries ("NO_COLOR=1") are added to the caller's.
+// A companion program by its bare name ("marlinex-list"), or any other by its path. Words are passed
+// unchanged, without a shell. Environment entries ("NO_COLOR=1") are added to the caller's.
 ProgramRun RunProgram(const std::string& program, const std::vector<std::string>& words,
                       const std::vector<std::string>& environment = {}, const std::string& folder = ".");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Hearing what the sound system plays, without a device.
+// Reads the samples that the sound system plays, without a device.
 #pragma once
 
 #include "music/Decoder.h"
@@ -20,14 +20,14 @@ bool IsSilent(const std::vector<float>& samples);
 // The largest step between neighbouring samples of either side.
 float LargestStep(const std::vector<float>& stereo);
 
-// Calls the condition until it holds, for a long time on a busy machine. False if it never did.
+// Polls the condition until it is true, with a time limit that suits a busy machine. False at the limit.
 bool Eventually(const std::function<bool()>& condition);
 
 // How far into the file at the path this process has read, in bytes, by the one handle that has it open;
 // -1 if none has.
 long ReadPositionOf(const std::string& path);
 
-// A decoder for which every frame tells its number.
+// A decoder whose samples tell the number of their frame.
 class NumberedDecoder : public Decoder
 {
 public:
@@ -35,11 +35,11 @@ public:
     int Read(float* samples) override;
     int64_t Seek(int64_t frame) override;
 
-    static float Sample(int64_t frame); // of both sides; the right one has the other sign
+    static float Sample(int64_t frame); // of the left channel; the right one has the opposite sign
 
     int64_t length;
     int64_t position = 0;
     int shortest = BlockFrames; // a Read gives at most that many frames
-    int64_t seekBackOff = 0;    // a Seek lands that many frames ahead of the place, at most
+    int64_t seekBackOff = 0;    // a Seek lands at most that many frames before its target
     bool seekFails = false;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What an effect needs to be on stage: a window, a player, a message table, frames. The two fixtures that
+// What an effect needs to run: a window, a player, a message table, frames. The two fixtures that
 // tests derive from open the window: recorder/EffectFixture.h on the recorder, picture/PictureFixture.h on
 // the software rasteriser.
 #pragma once
