@@ -156,6 +156,12 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
                  several && std::next(each) == rowsOfLayer.rend(), layout);
     }
 
+    // The messages that each entry gets.
+    std::vector<std::vector<size_t>> heard(model.entries.size());
+    for (size_t i = 0; i < model.messages.size(); i++)
+        for (const size_t entry : model.messages[i].entries)
+            heard[entry].push_back(i);
+
     for (size_t i = 0; i < model.entries.size(); i++) {
         const Entry& entry = model.entries[i];
         PlacedBar bar = {};
@@ -167,18 +173,14 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
         const double to = std::clamp(std::max(entry.stop, entry.start), layout->start, layout->end);
         bar.box = {layout->X(from), tops[entry.layer] + rows[i] * size.rowHeight,
                    std::max(layout->X(to) - layout->X(from), minBarWidth), size.barHeight};
-        bar.title = Clean(EntryTitle(model, i, layout->tempo));
+        bar.title = Clean(EntryTitle(model, i, heard[i], layout->tempo));
         layout->bars.push_back(bar);
     }
 
-    // What a bar has behind it until the next one in its row, and what it hears.
+    // The names on the bars, each as far as the next bar in its row, and the ticks of their messages.
     std::map<std::pair<uint32_t, int>, std::vector<size_t>> inRow;
     for (size_t i = 0; i < rows.size(); i++)
         inRow[{model.entries[i].layer, rows[i]}].push_back(i);
-    std::vector<std::vector<size_t>> heard(model.entries.size());
-    for (size_t i = 0; i < model.messages.size(); i++)
-        for (const size_t entry : model.messages[i].entries)
-            heard[entry].push_back(i);
     for (auto& [place, bars] : inRow) {
         std::stable_sort(bars.begin(), bars.end(),
                          [&](size_t a, size_t b) { return model.entries[a].start < model.entries[b].start; });

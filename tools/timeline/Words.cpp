@@ -60,7 +60,8 @@ static std::string NameOf(const Message& message)
     return message.name.empty() ? "(unknown)" : message.name;
 }
 
-std::string EntryTitle(const TimelineModel& model, size_t index, const Tempo& tempo)
+std::string EntryTitle(const TimelineModel& model, size_t index, const std::vector<size_t>& heard,
+                       const Tempo& tempo)
 {
     const Entry& entry = model.entries[index];
     std::string title = entry.effect + "\nlayer " + std::to_string(entry.layer) + "\nfrom " +
@@ -70,11 +71,10 @@ std::string EntryTitle(const TimelineModel& model, size_t index, const Tempo& te
     title += "\n" + LengthText(entry.stop - entry.start) + " long";
 
     std::vector<std::pair<std::string, size_t>> names; // in order of appearance
-    for (const Message& message : model.messages) {
-        if (std::find(message.entries.begin(), message.entries.end(), index) == message.entries.end())
-            continue;
+    for (const size_t each : heard) {
+        const Message& message = model.messages[each];
         const auto known = std::find_if(names.begin(), names.end(),
-                                        [&](const auto& each) { return each.first == NameOf(message); });
+                                        [&](const auto& name) { return name.first == NameOf(message); });
         if (known == names.end())
             names.push_back({NameOf(message), 1});
         else

@@ -14,7 +14,9 @@ namespace timeline
 // Short phrases, most important first.
 std::vector<std::string> Summary(const TimelineModel& model, const Tempo& tempo);
 
-std::string EntryTitle(const TimelineModel& model, size_t entry, const Tempo& tempo);
+// heard: the messages that the entry gets, in order of time.
+std::string EntryTitle(const TimelineModel& model, size_t entry, const std::vector<size_t>& heard,
+                       const Tempo& tempo);
 
 // One message in full; of several a line each, as far as a reader follows.
 std::string MessagesTitle(const TimelineModel& model, const std::vector<size_t>& messages,
