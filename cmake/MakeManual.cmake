@@ -36,3 +36,8 @@ execute_process(
   COMMAND ${HELP2MAN} --no-info --manual=Marlinex "--source=Marlinex ${VERSION}" --include=${OUTPUT}.h2m
           --output=${OUTPUT} ${PROGRAM}
   COMMAND_ERROR_IS_FATAL ANY)
+
+# The month in which the page was made would make two builds of one version differ.
+file(READ ${OUTPUT} page)
+string(REGEX REPLACE "\n(\\.TH [^ ]+ \"1\") \"[^\"]*\"" "\n\\1 \"\"" page "${page}")
+file(WRITE ${OUTPUT} "${page}")

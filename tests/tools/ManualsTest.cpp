@@ -59,6 +59,16 @@ static std::vector<std::string> Programs()
     return names;
 }
 
+TEST(Manuals, NameTheVersionAndNoDateThatTwoBuildsWouldDifferIn)
+{
+    for (const std::string& program : Programs()) {
+        const std::string manual = ReadFile(ManualOf(program));
+        EXPECT_TRUE(std::regex_search(
+            manual, std::regex("\n\\.TH MARLINEX\\\\-[A-Z]+ \"1\" \"\" \"Marlinex [0-9.]+\" \"Marlinex\"\n")))
+            << program;
+    }
+}
+
 TEST(Manuals, OfEachProgramHaveEveryOptionOfItsHelpAndNoOther)
 {
     ASSERT_GE(Programs().size(), 1u);
