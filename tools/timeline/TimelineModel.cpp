@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <map>
+#include <set>
 
 namespace timeline
 {
@@ -18,38 +20,66 @@ static double Seconds(uint32_t milliseconds)
     return milliseconds / 1000.0;
 }
 
-// The entries that run in the frame in which the message leaves; of no account for one that is lost.
-static std::vector<size_t> Listeners(const lint::SentMessage& message, const lint::Options& options,
-                                     const TimelineModel& model)
+// The time of the frame in which the player hands out the message, in seconds.
+static double LeavingTime(const lint::SentMessage& message, const lint::Options& options)
 {
     const double frame = 1000 / options.frameRate;
     const double epsilon = 1e-6; // of a frame
     const double due = std::ceil((double(message.time) - options.startOffset) / frame - epsilon);
-    const double leaves = (options.startOffset + due * frame + message.delay) / 1000;
-    std::vector<size_t> listeners;
-    for (size_t i = 0; i < model.entries.size(); i++) {
-        const Entry& entry = model.entries[i];
-        if (entry.effect == message.effect && leaves >= entry.start - 1e-6 && leaves <= entry.stop + 1e-6)
-            listeners.push_back(i);
+    return (options.startOffset + due * frame + message.delay) / 1000;
+}
+
+// One message in search of the entries that get it.
+struct Delivery {
+    size_t message; // of the model
+    double time;    // seconds
+};
+
+// Gives each message the entries of its effect that are on stage when it leaves. Goes through entries and messages
+// of an effect in order of time, so that it looks only at the entries on stage: a script may have many thousands.
+static void FindListeners(std::map<std::string, std::vector<Delivery>> deliveries, TimelineModel* model)
+{
+    const double epsilon = 1e-6; // seconds
+    std::map<std::string, std::vector<size_t>> entriesOf;
+    for (size_t i = 0; i < model->entries.size(); i++)
+        entriesOf[model->entries[i].effect].push_back(i);
+    for (auto& [effect, messages] : deliveries) {
+        std::vector<size_t>& entries = entriesOf[effect];
+        std::stable_sort(entries.begin(), entries.end(), [&](size_t a, size_t b) {
+            return model->entries[a].start < model->entries[b].start;
+        });
+        std::stable_sort(messages.begin(), messages.end(),
+                         [](const Delivery& a, const Delivery& b) { return a.time < b.time; });
+        std::vector<size_t> onStage; // in order of start
+        size_t next = 0;             // of entries: the first that has not begun
+        for (const Delivery& delivery : messages) {
+            while (next < entries.size() && model->entries[entries[next]].start - epsilon <= delivery.time)
+                onStage.push_back(entries[next++]);
+            std::erase_if(onStage,
+                          [&](size_t entry) { return model->entries[entry].stop + epsilon < delivery.time; });
+            std::vector<size_t>& listeners = model->messages[delivery.message].entries;
+            listeners = onStage;
+            std::sort(listeners.begin(), listeners.end());
+        }
     }
-    return listeners;
 }
 
 static void TakeShow(const lint::Show& show, const lint::Options& options, TimelineModel* model)
 {
     model->start = Seconds(options.startOffset);
     model->end = std::max(Seconds(show.end), model->start);
+    std::set<std::string> loaded;
     for (const lint::ShownEntry& entry : show.entries) {
         if (!entry.kept)
             continue;
         const EffectRecord* const record = FindRecord(entry.effect);
-        const bool again =
-            std::find(model->loads.begin(), model->loads.end(), entry.effect) != model->loads.end();
-        if (!again || !record || !record->loadsOnce)
+        const bool isNew = loaded.insert(entry.effect).second;
+        if (isNew || !record || !record->loadsOnce)
             model->loads.push_back(entry.effect);
         model->entries.push_back({Seconds(entry.start), Seconds(entry.stop), entry.layer, entry.effect,
                                   record ? record->wash : SlateWash});
     }
+    std::map<std::string, std::vector<Delivery>> deliveries; // by effect
     for (const lint::SentMessage& message : show.messages) {
         if (!message.kept)
             continue;
@@ -61,12 +91,14 @@ static void TakeShow(const lint::Show& show, const lint::Options& options, Timel
                         message.params,
                         {}};
         if (message.heard)
-            told.entries = Listeners(message, options, *model);
+            deliveries[message.effect].push_back({model->messages.size(), LeavingTime(message, options)});
         model->messages.push_back(told);
     }
+    FindListeners(std::move(deliveries), model);
 }
 
-// "line 12: warning: what is there. What the show makes of it. What to write instead."
+// The text of a finding, as in "line 12: warning: what the script says", then a line each for what the show makes
+// of it and what to write instead.
 static std::string WordsOf(const lint::Finding& finding)
 {
     std::string words = finding.line ? "line " + std::to_string(finding.line) + ": " : "";
@@ -84,8 +116,7 @@ static void TakeFindings(const std::vector<lint::Finding>& findings, TimelineMod
             model->remarks.push_back({finding.severity == lint::Error, finding.hasSpan,
                                       Seconds(finding.spanStart), Seconds(finding.spanStop),
                                       WordsOf(finding)});
-    // In the order of their flags, so that neighbours have neighbouring numbers; those without a place
-    // follow.
+    // Sorted by time, so that flags that stand side by side have consecutive numbers. Findings without a time come last.
     std::stable_sort(model->remarks.begin(), model->remarks.end(), [](const Remark& a, const Remark& b) {
         return a.placed != b.placed ? a.placed : a.placed && a.start < b.start;
     });

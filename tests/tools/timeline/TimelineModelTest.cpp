@@ -88,6 +88,21 @@ TEST_F(Timeline, AMessageReachesEveryEntryOfItsEffectThatIsOnStage)
     EXPECT_EQ((std::vector<size_t>{3}), model.messages[6].entries);
 }
 
+TEST_F(Timeline, ListenersStandInTheOrderOfTheScriptAndLeaveWhenTheirEntriesStop)
+{
+    // In the script the later entries come first, and a short one lies inside a long one.
+    const TimelineModel model =
+        Read(EntryBlock("FX_Clouds", 20000, 30000, 4) + EntryBlock("FX_Clouds", 0, 40000, 2) +
+             EntryBlock("FX_Clouds", 5000, 10000, 3) + EntryBlock("FX_Clouds", 9000, 8000, 5) +
+             MessageBlock("hand", "25000,8500,12000,6000,35000", "FX_Clouds"));
+    ASSERT_EQ(5u, model.messages.size());
+    EXPECT_EQ((std::vector<size_t>{1, 2}), model.messages[0].entries); // at 6 s
+    EXPECT_EQ((std::vector<size_t>{1, 2}), model.messages[1].entries); // 8.5 s
+    EXPECT_EQ((std::vector<size_t>{1}), model.messages[2].entries);    // 12 s
+    EXPECT_EQ((std::vector<size_t>{0, 1}), model.messages[3].entries); // 25 s
+    EXPECT_EQ((std::vector<size_t>{1}), model.messages[4].entries);    // 35 s
+}
+
 TEST_F(Timeline, AMessageWhoseEffectIsNotOnStageReachesNobody)
 {
     const TimelineModel model =
