@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/timeline/Type.h"
 
+#include <utf8.h>
+
 #include <cstdint>
 
 namespace timeline
@@ -103,43 +105,33 @@ std::string Elide(const std::string& text, TextStyle style, double width, int le
     return characters < least ? std::string() : text.substr(0, end) + ellipsis;
 }
 
-// The length of the character that begins at i, 0 if the bytes there are none or one that can't be shown.
-static size_t CharacterAt(const std::string& text, size_t i)
+// Whether XML has a place for the character and a text can show it. Control characters have none, but for line end and
+// tab; nor have the last two of the basic plane, which Unicode keeps unassigned.
+static bool IsShown(uint32_t character)
 {
-    const auto byte = [&](size_t k) -> uint32_t {
-        return k < text.size() ? static_cast<unsigned char>(text[k]) : 0;
-    };
-    const auto later = [&](size_t k) { return (byte(k) & 0xc0) == 0x80; };
-    const uint32_t first = byte(i);
-    if (first < 0x80)
-        return (first >= 32 && first != 127) || first == '\n' || first == '\t' ? 1 : 0;
-    if (first >= 0xc2 && first <= 0xdf && later(i + 1)) {
-        const uint32_t code = (first & 0x1f) << 6 | (byte(i + 1) & 0x3f);
-        return code < 0xa0 ? 0 : 2; // the second row of control characters
-    }
-    if ((first & 0xf0) == 0xe0 && later(i + 1) && later(i + 2)) {
-        const uint32_t code = (first & 0x0f) << 12 | (byte(i + 1) & 0x3f) << 6 | (byte(i + 2) & 0x3f);
-        const bool surrogate = code >= 0xd800 && code < 0xe000;
-        return code < 0x800 || surrogate || code >= 0xfffe ? 0 : 3;
-    }
-    if (first >= 0xf0 && first <= 0xf4 && later(i + 1) && later(i + 2) && later(i + 3)) {
-        const uint32_t code = (first & 0x07) << 18 | (byte(i + 1) & 0x3f) << 12 | (byte(i + 2) & 0x3f) << 6 |
-                              (byte(i + 3) & 0x3f);
-        return code < 0x10000 || code > 0x10ffff ? 0 : 4;
-    }
-    return 0;
+    const bool isControl = character < 0x20 || (character >= 0x7f && character < 0xa0);
+    return character == '\n' || character == '\t' ||
+           (!isControl && character != 0xfffe && character != 0xffff);
 }
 
 std::string Clean(const std::string& text)
 {
     std::string clean;
-    for (size_t i = 0; i < text.size();) {
-        const size_t length = CharacterAt(text, i);
-        if (length)
-            clean.append(text, i, length);
-        else
+    auto at = text.begin();
+    while (at != text.end()) {
+        const auto invalid = utf8::find_invalid(at, text.end()); // all before it is UTF-8
+        while (at != invalid) {
+            const auto first = at;
+            if (IsShown(utf8::unchecked::next(at)))
+                clean.append(first, at);
+            else
+                for (auto byte = first; byte != at; ++byte)
+                    clean += replacement;
+        }
+        if (at != text.end()) {
             clean += replacement;
-        i += length ? length : 1;
+            ++at;
+        }
     }
     return clean;
 }

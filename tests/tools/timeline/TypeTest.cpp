@@ -92,6 +92,8 @@ TEST(TimelineType, CleanReplacesWhatIsNoTextOrHasNoPlaceInXml)
     EXPECT_EQ(r + r + r, Clean("\xe0\x80\x80"));         // overlong
     EXPECT_EQ(r + r + r + r, Clean("\xf4\x90\x80\x80")); // beyond the last
     EXPECT_EQ(r + r, Clean("\xe2\x80"));                 // cut short by the end
+    EXPECT_EQ("\xc3\xa4" + r + "b\xc2\xa0", Clean("\xc3\xa4\xff"
+                                                  "b\xc2\xa0")); // between good ones
 }
 
 TEST(TimelineType, APlacedTextHasItsBoxFromAscenderToDescender)
