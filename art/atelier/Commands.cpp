@@ -134,7 +134,8 @@ int VerifyFiles(const std::vector<const Picture*>& pictures)
                         figures);
         }
     });
-    std::printf("%zu pictures, %d not as painted\n", pictures.size(), failures.load());
+    std::printf("%zu %s, %d not as painted\n", pictures.size(), pictures.size() == 1 ? "picture" : "pictures",
+                failures.load());
     return failures == 0 ? 0 : 1;
 }
 
