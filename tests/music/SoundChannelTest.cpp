@@ -256,6 +256,19 @@ TEST_F(SoundChannelSound, AStreamHasRunOutNotBeforeItsLastFrame)
     EXPECT_TRUE(stream->HasRunOut());
 }
 
+TEST_F(SoundChannelSound, AStreamThatIsStoppedBeyondItsEndHasNotRunOut)
+{
+    Open(20000, 2500);
+    Play(0);
+    Mix(1000);
+    stream->Give(false, 1000); // the music ends at 57 ms
+    Mix(1000);
+    Decode();
+    Mix(1000);
+    EXPECT_TRUE(stream->HasAppliedOrder());
+    EXPECT_FALSE(stream->HasRunOut());
+}
+
 TEST_F(SoundChannelSound, AStopShortOfTheEndHoldsTheLastFrameWhileItFalls)
 {
     Open(20000, 2500);
@@ -323,6 +336,32 @@ TEST_F(SoundChannelSound, WhenTheDecoderFallsBehindTheLastFrameFallsToSilence)
     ExpectSteady(Mix(1000), 2600);
 }
 
+TEST_F(SoundChannelSound, SteadyMusicThatTheDecoderLostRisesWhereTheTimeIsByThen)
+{
+    stream->Give(true, 0);
+    stream->Decode(); // 1024 frames
+    Mix(1100);        // in pieces of 100: the last one alone is short
+    Decode();
+    const std::vector<float> heard = Mix(1000);
+    // The frame at which the music broke off is still falling: 76 frames of it are heard already.
+    for (int i = 0; i < fade; ++i) {
+        const float falling = i < fade - 76 ? NumberedDecoder::Sample(1023) * Falling(76 + i) : 0.0f;
+        ASSERT_NEAR(NumberedDecoder::Sample(1100 + i) * Rising(i) + falling, heard[size_t(i)], 1e-6) << i;
+    }
+    ExpectSteady(std::vector<float>(heard.begin() + fade, heard.end()), 1100 + fade);
+    EXPECT_EQ(2100, stream->Reported());
+}
+
+TEST_F(SoundChannelSound, ASeekWhileTheDecoderIsLateStartsAtItsExactFrame)
+{
+    stream->Give(true, 0);
+    stream->Decode(); // 1024 frames
+    Mix(2000);
+    stream->Give(true, 0);
+    ExpectSteady(Mix(1000), 0);
+    EXPECT_EQ(1000, stream->Reported());
+}
+
 TEST_F(SoundChannelSound, AStopWhileTheDecoderIsLateIsSilent)
 {
     stream->Give(true, 0);
@@ -359,6 +398,31 @@ TEST_F(SoundChannelSound, TheNextStreamOnTheChannelStartsAfresh)
     ExpectSteady(Mix(1000), 0);
     EXPECT_EQ(1000, next.Reported());
     EXPECT_EQ(0, stream->Reported());
+}
+
+TEST_F(SoundChannelSound, AStreamThatWasToldNothingStandsAtItsOwnBeginning)
+{
+    Decode();
+    stream->Give(false, 300);
+    Mix(10);
+    SoundStream next(std::make_unique<NumberedDecoder>(44100), 44100, 1000, &wakeUp);
+    user = &next;
+    Mix(10);
+    EXPECT_EQ(0, next.GetTime());
+}
+
+TEST_F(SoundChannelSound, WhatFallsToSilenceIsHeardOutWhenItsStreamIsGone)
+{
+    Play(0);
+    Mix(1000);
+    stream->Give(false, 0);
+    Mix(100);
+    StereoFrame mix[200] = {};
+    channel.Mix(nullptr, false, mix, 200, false);
+    for (int i = 0; i < 120; ++i)
+        ASSERT_EQ(NumberedDecoder::Sample(1100 + i) * Falling(100 + i), mix[i].left) << i;
+    for (int i = 120; i < 200; ++i)
+        ASSERT_EQ(0.0f, mix[i].left) << i;
 }
 
 TEST_F(SoundChannelSound, AStreamThatComesBackToAChannelIsWhereItWas)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "music/SoundMixer.h"
 
+#include "tests/support/SoundPulls.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -15,4 +17,22 @@ TEST(SoundMixer, WithNothingToPlayItPutsSilenceOverWhatTheBufferHeld)
         ASSERT_EQ(0.0f, frames[i].right) << i;
     }
     EXPECT_EQ(0.5f, frames.back().left) << "and over no frame more";
+}
+
+TEST(SoundMixer, AStreamThatIsForgottenKeepsItsChannelUntilTheDeviceIsDoneWithIt)
+{
+    EventCount wakeUp;
+    SoundStream first(std::make_unique<NumberedDecoder>(1000), 44100, 1000, &wakeUp);
+    SoundStream second(std::make_unique<NumberedDecoder>(1000), 44100, 1000, &wakeUp);
+    SoundMixer mixer(44100, 1);
+    StereoFrame frames[10];
+    ASSERT_EQ(0, mixer.AssignChannel(&first));
+    first.Give(false, 0);
+    mixer.Forget(&first);
+    EXPECT_FALSE(mixer.IsDoneWith(&first)) << "its last order has not reached the device";
+    mixer.Mix(frames, 10, false);
+    EXPECT_EQ(-1, mixer.AssignChannel(&second))
+        << "a stopped stream's channel is free, a forgotten one's not yet";
+    EXPECT_TRUE(mixer.IsDoneWith(&first));
+    EXPECT_EQ(0, mixer.AssignChannel(&second));
 }
