@@ -75,13 +75,13 @@ static bool Refuse(cli::CommandLine& line, const std::string& text)
     return false;
 }
 
-static bool ReadSize(cli::CommandLine& line, Options* options)
+bool ReadSize(cli::CommandLine& line, int64_t* width, int64_t* height)
 {
     if (!line.Has("size"))
         return true;
     const std::string text = line.Value("size");
-    if (ReadPair(text, 'x', &options->width, &options->height) && options->width >= 1 &&
-        options->height >= 1 && options->width <= maxSide && options->height <= maxSide)
+    if (ReadPair(text, 'x', width, height) && *width >= 1 && *height >= 1 && *width <= maxSide &&
+        *height <= maxSide)
         return true;
     return Refuse(line, "option --size needs two numbers of 1 to " + std::to_string(maxSide) +
                             " such as 640x480, not \"" + text + "\"");
@@ -95,12 +95,18 @@ static bool ReadMoment(cli::CommandLine& line, const char* name, int64_t* micros
                             line.Value(name) + "\"");
 }
 
+bool ReadRate(cli::CommandLine& line, FrameRate* rate)
+{
+    if (!line.Has("rate") || ReadFrameRate(line.Value("rate"), rate))
+        return true;
+    return Refuse(line, "option --rate needs a number such as 60, or a fraction such as 60000/1001, not \"" +
+                            line.Value("rate") + "\"");
+}
+
 static bool ReadTimes(cli::CommandLine& line, Options* options)
 {
-    if (line.Has("rate") && !ReadFrameRate(line.Value("rate"), &options->rate))
-        return Refuse(line,
-                      "option --rate needs a number such as 60, or a fraction such as 60000/1001, not \"" +
-                          line.Value("rate") + "\"");
+    if (!ReadRate(line, &options->rate))
+        return false;
     if (!ReadMoment(line, "from", &options->from) || !ReadMoment(line, "to", &options->to) ||
         !ReadMoment(line, "every", &options->every))
         return false;
@@ -182,9 +188,9 @@ bool ReadOptions(cli::CommandLine& line, Options* options)
 {
     options->timing = line.Has("timing");
     options->quiet = line.Has("quiet");
-    if (!ReadOutput(line, options) || !ReadOperands(line, options) || !ReadSize(line, options) ||
-        !ReadTimes(line, options) || !ReadSegment(line, options) ||
-        !line.WholeNumber("columns", 1, maxTiles, &options->columns) ||
+    if (!ReadOutput(line, options) || !ReadOperands(line, options) ||
+        !ReadSize(line, &options->width, &options->height) || !ReadTimes(line, options) ||
+        !ReadSegment(line, options) || !line.WholeNumber("columns", 1, maxTiles, &options->columns) ||
         !line.WholeNumber("tiles", 1, maxTiles, &options->tiles) ||
         !line.WholeNumber("tile-width", 1, maxTileWidth, &options->tileWidth) ||
         !line.WholeNumber("threads", 1, maxThreads, &options->threads))

@@ -40,4 +40,9 @@ const std::vector<cli::Option>& OptionTable();
 // platform::FindDataDirectory, and SetDataDirectory for --data, before: the default script lies there.
 bool ReadOptions(cli::CommandLine& line, Options* options);
 
+// Two options by themselves, for other programs that have --size and --rate: what they point to stays as it is
+// if the option was not given. They fail as ReadOptions does.
+bool ReadSize(cli::CommandLine& line, int64_t* width, int64_t* height);
+bool ReadRate(cli::CommandLine& line, FrameRate* rate);
+
 } // namespace capture
