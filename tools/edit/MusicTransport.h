@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// The script's music from any moment on, and the clock that the picture follows while it plays.
+//
+// With music, and at full speed, the clock is the sound: PositionSeconds is what is heard now, the device's latency
+// taken off. Without music, without a device and at other speeds it is silent, on the process's clock.
+//
+// No call waits. The file is opened on a thread of its own, and decoded on the stream's. Main thread only; one object
+// per process, since the sound output stays open to the end of the process.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace edit
+{
+
+class MusicTransport
+{
+public:
+    MusicTransport();
+    ~MusicTransport();
+    MusicTransport(const MusicTransport&) = delete;
+    MusicTransport& operator=(const MusicTransport&) = delete;
+
+    // The music file; empty: none. The same path again opens the file anew, as after it was written. If it plays, it
+    // goes on from where it is.
+    void SetMusic(std::string path);
+
+    // False while the file is being opened. Play may be called at any time.
+    bool IsReady() const;
+    bool HasMusic() const;       // opened, and there is a device for it
+    std::string Failure() const; // why there is none: no such file, no device; empty if all is well
+
+    // Starts at a time of the show in seconds, or jumps there if it plays already. The first sample that is heard is
+    // that of the nearest millisecond. At a speed other than 1 there is no sound.
+    void Play(double fromSeconds, double speed = 1);
+    void Stop();
+    bool IsPlaying() const;
+
+    // Gets the place ready while the play head rests there, so that Play sounds at once. Never needed.
+    void Prepare(double seconds);
+
+    // What is heard now; where it started, until the first sample is heard; where it stopped, after Stop. Never goes
+    // back while it plays on. Behind the music it runs on in silence.
+    double PositionSeconds();
+
+private:
+    struct Work;
+    std::unique_ptr<Work> work;
+};
+
+} // namespace edit
