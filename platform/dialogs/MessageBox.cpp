@@ -10,7 +10,7 @@
 namespace platform
 {
 
-static std::vector<MessageBox>* boxSink = nullptr;
+static thread_local std::vector<MessageBox>* boxSink = nullptr;
 
 void ShowMessageBox(std::string caption, std::string body, unsigned icon)
 {

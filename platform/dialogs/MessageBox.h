@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Modal message boxes: caption, wrapped body, icon, one OK button. Possible before any window exists and
-// while a full-screen window is up. Main thread only.
+// while a full-screen window is up. Main thread only, but for threads that collect their boxes.
 #pragma once
 
 #include <string>
@@ -24,8 +24,8 @@ struct MessageBox {
 // returns at once.
 void ShowMessageBox(std::string caption, std::string body, unsigned icon);
 
-// For tests and tools: from here on boxes are appended to *sink and return at once; null shows them again.
-// The sink is borrowed. Returns the sink up to now.
+// For tests and tools: from here on boxes of the calling thread are appended to *sink and return at once; null
+// shows them again. The sink is borrowed. Returns the thread's sink up to now.
 std::vector<MessageBox>* CollectMessageBoxes(std::vector<MessageBox>* sink);
 
 } // namespace platform

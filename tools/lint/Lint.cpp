@@ -15,14 +15,17 @@
 namespace lint
 {
 
-// Effects are never deleted, so that they are made only once.
-static EffectRegistry* Production()
+static EffectRegistry* MakeRegistry()
 {
-    static EffectRegistry* registry = nullptr;
-    if (!registry) {
-        registry = new EffectRegistry;
-        RegisterEffects(registry);
-    }
+    EffectRegistry* const registry = new EffectRegistry;
+    RegisterEffects(registry);
+    return registry;
+}
+
+// Effects are never deleted, so that they are made only once.
+EffectRegistry* ProductionRegistry()
+{
+    static EffectRegistry* const registry = MakeRegistry();
     return registry;
 }
 
@@ -43,14 +46,14 @@ Report CheckText(const std::string& bytes, const std::string& name, const Option
 {
     if (bytes.size() > Reading::contentLimit)
         return Unreadable(tooLarge);
-    const Reading whole(bytes, Production(), 0);
+    const Reading whole(bytes, ProductionRegistry(), 0);
     std::optional<Reading> late;
     if (options.startOffset > 0)
-        late.emplace(bytes, Production(), options.startOffset);
-    Report report = {true, "", {}, 0, BuildShow(whole, late ? *late : whole, *Production(), options)};
+        late.emplace(bytes, ProductionRegistry(), options.startOffset);
+    Report report = {true, "", {}, 0, BuildShow(whole, late ? *late : whole, *ProductionRegistry(), options)};
     Findings findings(whole, name, &report.findings);
     CheckText(whole, &findings);
-    CheckBlocks(whole, *Production(), &findings);
+    CheckBlocks(whole, *ProductionRegistry(), &findings);
     CheckShow(whole, report.show, options, &findings);
     CheckScenes(report.show, &findings);
     if (options.checkFiles)

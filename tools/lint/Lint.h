@@ -8,7 +8,7 @@
 //     for (const lint::Finding& finding : report.findings)
 //         ...
 //
-// No display, no GL, no sound device. Main thread only: the show's boxes are collected meanwhile.
+// No display, no GL, no sound device. Any thread, and several at a time.
 #pragma once
 
 #include "kernel/ColorScheme.h"
@@ -19,8 +19,13 @@
 #include <string>
 #include <vector>
 
+class EffectRegistry;
+
 namespace lint
 {
+
+// The effects that a script is read with. They are made once, never initialised and never deleted.
+EffectRegistry* ProductionRegistry();
 
 struct Options {
     uint32_t startOffset = 0; // milliseconds, as in the show's start-offset file

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// The script that is being edited: its text, the edits, undo, the file on disk and the recovery file.
+//
+// Every edit changes only its own bytes. Comments, order, blanks and line ends of all else stay as they are; new
+// text is written in the style of the script around it. After each edit the text is read anew with the show's own
+// reader, and an edit is refused if the show would not read what was meant.
+//
+// An edit that returns false (or an empty list) was refused: nothing has changed, and LastRefusal() says
+// why in a sentence for the user.
+//
+// GESTURES. Calls with the same nonzero gesture number are one change that is being refined, such as a drag: each
+// call starts again from the text as it was before the first one, so that milliseconds and layers count from where
+// the drag began, and what the calls before it did is replaced. They are one step of undo. Numbers of items stay as
+// they were. A call with another number, or without one, ends the gesture.
+//
+// All of it on one thread.
+#pragma once
+
+#include "kernel/ColorScheme.h"
+#include "tools/edit/Outline.h"
+#include "tools/edit/RecoveryFile.h"
+#include "tools/edit/ScriptFile.h"
+#include "tools/edit/UndoStack.h"
+#include "tools/lint/Lint.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace edit
+{
+
+class Document
+{
+public:
+    Document(); // an empty script without a name
+    ~Document();
+
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    // ---- The text
+
+    const std::string& Text() const { return text; }
+    const Outline& GetOutline() const { return outline; }
+
+    // Grows with every change of the text, undo and redo included. Never the same for two texts of one object.
+    uint64_t Revision() const { return revision; }
+
+    // ---- The file
+
+    // False: *reason says why in the system's words, and the document is as it was. Undo begins anew.
+    bool Open(std::string path, std::string* reason);
+    std::string Path() const { return file.Path(); } // empty: no name yet
+    bool IsModified() const;                         // the text is not that of the file
+
+    // Into a file beside it, flushed, which then takes its name: the file is either the old or the new one, whatever
+    // happens. Owner, mode and symbolic link are kept. False: *reason says why in a sentence; nothing has changed.
+    // Save refuses while LookAtDisk would say DiskChanged or DiskConflict.
+    bool Save(std::string* reason);
+    bool SaveAs(std::string path, std::string* reason); // replaces what is there
+
+    // What has become of the file since it was read or saved. Cheap: reads the file only if its times moved. A file
+    // that was written anew with the bytes it had, or with those of the text, is the same.
+    DiskState LookAtDisk();
+    bool TakeDisk(std::string* reason = nullptr); // the file's text, as one step of undo
+    void KeepMine();                              // the next Save overwrites what is there now
+
+    // ---- Undo, without end and across saves
+
+    bool Undo();
+    bool Redo();
+    bool CanUndo() const { return undo.CanUndo(); }
+    bool CanRedo() const { return undo.CanRedo(); }
+    std::string UndoName() const
+    {
+        return undo.UndoName();
+    } // "Move", as a menu shows it; empty: there is none
+    std::string RedoName() const { return undo.RedoName(); }
+
+    // ---- Recovery
+
+    // The caller gives the time on any clock, in seconds, often. The text is written to the recovery file at most
+    // once a second while it has unsaved changes.
+    void Tick(double seconds);
+    bool WriteRecovery(); // at once; true if nothing is unsaved or it is on disk
+
+    // Work on the script that a process left behind, if it differs from the file. Offer it after Open.
+    static bool FindRecovery(const std::string& path, Recovery* found);
+    bool Recover(const Recovery& found); // takes it over as one step of undo
+    static void DiscardRecovery(const Recovery& found);
+
+    // ---- Edits
+
+    std::string LastRefusal() const { return refusal; }
+
+    // Shifts all items by the same time and, entries only, the same number of layers; both are cut so that nothing
+    // goes below 0.
+    bool Move(std::vector<ItemId> items, int64_t milliseconds, int64_t layers, uint64_t gesture = 0);
+
+    // Moves the stop (or start) of entries; cut so that each stays 1 ms long and nothing goes below 0. The end of a
+    // Steps group is its last message: its distances stretch, to whole milliseconds. Other messages have no length.
+    bool Stretch(std::vector<ItemId> items, bool stopEdge, int64_t milliseconds, uint64_t gesture = 0);
+
+    // Moves one item so that it begins there; an entry keeps its length.
+    bool SetTime(ItemId item, uint32_t milliseconds, uint64_t gesture = 0);
+
+    // The value as it is meant: a parameter list is written so that the reader, which loses its last character, reads
+    // these numbers. Adds the key if it is missing. An empty value removes an optional key. Refuses what the key can't
+    // hold: anything but whole numbers for times, say.
+    bool SetValue(size_t block, std::string key, std::string value, uint64_t gesture = 0);
+
+    // Copies of the items, shifted, which are returned. A time of a list gets a further time in the list; all else
+    // becomes a block behind the original.
+    std::vector<ItemId> Duplicate(std::vector<ItemId> items, int64_t milliseconds);
+
+    // A block goes with the last of its times. An item with time -1 is a whole block, of any type.
+    bool Delete(std::vector<ItemId> items);
+
+    // Blocks as text; of a list only the times that are asked for. Empty: there are no such items.
+    std::string Copy(std::vector<ItemId> items) const;
+
+    // Puts entries and messages that Copy, or a person, wrote into the script, shifted so that the earliest begins at
+    // that time. Returns them.
+    std::vector<ItemId> Paste(std::string blocks, uint32_t atMilliseconds);
+
+    // Each returns the new item; none: refused. An entry goes behind the entry that starts before it and that
+    // one's messages, a message behind the last earlier block of its effect. parameters may be empty.
+    std::optional<ItemId> InsertEntry(std::string effect, uint32_t start, uint32_t stop, uint32_t layer);
+    std::optional<ItemId> InsertMessage(std::string effect, std::string message, uint32_t time,
+                                        std::string parameters);
+
+    // A further time for a [MESSAGE] that is no Steps group, in its list.
+    std::optional<ItemId> AddTime(size_t block, uint32_t milliseconds);
+
+    bool TakeApart(size_t block); // writes the times of a Steps group out as a list
+
+    bool SetMusic(std::string fileName); // empty: removes the music
+    bool SetColorScheme(const ColorScheme& scheme);
+
+    // True if the finding has a cure that can be applied safely.
+    static bool CanCure(const lint::Finding& finding);
+
+    // The finding may be of an older revision: it is looked for in the present text, with the options that it was
+    // found with, and refused if it is no longer there.
+    bool ApplyCure(const lint::Finding& finding, const lint::Options& options = {});
+
+private:
+    void SetText(std::string newText);
+
+    std::string text;
+    Outline outline;
+    uint64_t revision;
+    std::string refusal;
+    ScriptFile file;
+    UndoStack undo;
+    RecoveryFile recovery;
+    double recoveredAt;         // of Tick's clock
+    uint64_t recoveredRevision; // that is in the recovery file
+};
+
+} // namespace edit

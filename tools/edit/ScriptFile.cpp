@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "tools/edit/ScriptFile.h"
+
+#include "tools/cli/Input.h"
+#include "tools/cli/Output.h"
+#include "tools/lint/Reading.h"
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+
+#include <sys/stat.h>
+
+namespace edit
+{
+
+// How far apart the times of two changes must lie to be surely told apart: some file systems count in seconds.
+static const int64_t coarsestStamp = 2000000000; // nanoseconds
+
+static int64_t Nanoseconds(const timespec& time)
+{
+    return int64_t(time.tv_sec) * 1000000000 + time.tv_nsec;
+}
+
+static int64_t Now()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return Nanoseconds(now);
+}
+
+ScriptFile::ScriptFile() : settled(false) {}
+
+ScriptFile::Stamp ScriptFile::StampOf(const std::string& path)
+{
+    struct stat there = {};
+    if (path.empty() || stat(path.c_str(), &there) != 0)
+        return {};
+    return {uint64_t(there.st_dev),     uint64_t(there.st_ino),     uint64_t(there.st_size),
+            Nanoseconds(there.st_mtim), Nanoseconds(there.st_ctim), true};
+}
+
+// Only a regular file: reading anything else could wait for ever.
+static bool ReadScriptFile(const std::string& path, std::string* text, std::string* reason)
+{
+    struct stat there = {};
+    if (stat(path.c_str(), &there) != 0) {
+        *reason = strerror(errno);
+        return false;
+    }
+    if (!S_ISREG(there.st_mode)) {
+        *reason = S_ISDIR(there.st_mode) ? strerror(EISDIR) : "Not a regular file";
+        return false;
+    }
+    if (size_t(there.st_size) > lint::Reading::contentLimit ||
+        (cli::ReadInput(path, text, reason) && text->size() > lint::Reading::contentLimit)) {
+        *reason = "Larger than any script (16 MiB)";
+        return false;
+    }
+    return reason->empty();
+}
+
+bool ScriptFile::Open(const std::string& newPath, std::string* reason)
+{
+    std::string text;
+    reason->clear();
+    const std::string file = newPath == "-" ? "./-" : newPath; // which would be standard input
+    const Stamp before = StampOf(file);
+    if (!ReadScriptFile(file, &text, reason))
+        return false;
+    path = file;
+    content = text;
+    stamp = before;
+    settled = Now() - stamp.changed > coarsestStamp;
+    return true;
+}
+
+bool ScriptFile::Save(const std::string& text, std::string* reason)
+{
+    return SaveAs(path, text, reason);
+}
+
+bool ScriptFile::SaveAs(const std::string& newPath, const std::string& text, std::string* reason)
+{
+    if (newPath.empty()) {
+        *reason = "The script has no name yet.";
+        return false;
+    }
+    if (!cli::WriteOutput(newPath, text, reason))
+        return false;
+    path = newPath;
+    content = text;
+    stamp = StampOf(path);
+    settled = false;
+    return true;
+}
+
+DiskState ScriptFile::Look(const std::string& text)
+{
+    const Stamp now = StampOf(path);
+    if (path.empty() || (now == stamp && (settled || !now.exists)))
+        return DiskSame;
+    if (!now.exists)
+        return DiskGone;
+    std::string there, reason;
+    if (!ReadScriptFile(path, &there, &reason))
+        return DiskGone;
+    if (there != content && there != text)
+        return text == content ? DiskChanged : DiskConflict;
+    content = there;
+    stamp = now;
+    settled = Now() - stamp.changed > coarsestStamp;
+    return DiskSame;
+}
+
+bool ScriptFile::Accept(std::string* reason)
+{
+    const Stamp now = StampOf(path);
+    std::string there;
+    reason->clear();
+    const bool readable = ReadScriptFile(path, &there, reason);
+    content = there;
+    stamp = now;
+    settled = false;
+    return readable;
+}
+
+} // namespace edit

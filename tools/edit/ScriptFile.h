@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// The script's file on disk: what it held when it was last read or written, and what has become of it since.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace edit
+{
+
+enum DiskState {
+    DiskSame,
+    DiskChanged,  // by another program; the text has no unsaved changes
+    DiskConflict, // by another program, and the text has changes that are not saved
+    DiskGone      // there is no such file any more
+};
+
+class ScriptFile
+{
+public:
+    ScriptFile();
+
+    const std::string& Path() const { return path; } // empty: none
+    const std::string& Content() const
+    {
+        return content;
+    } // that the file had when it was last taken notice of
+
+    // Reads a regular file of at most lint::Reading::contentLimit bytes. False: *reason says why, and the object is as
+    // it was.
+    bool Open(const std::string& newPath, std::string* reason);
+
+    // Writes a file beside it, flushed, and puts it in its place. Owner, mode and symbolic link are kept. False:
+    // *reason says why in a sentence, and the file is as it was.
+    bool Save(const std::string& text, std::string* reason);
+    bool SaveAs(const std::string& newPath, const std::string& text, std::string* reason);
+
+    // text is what the editor holds.
+    DiskState Look(const std::string& text);
+
+    // What the file holds now is taken notice of. False: it can't be read; *reason says why.
+    bool Accept(std::string* reason);
+
+private:
+    // What moves whenever a file is written or replaced.
+    struct Stamp {
+        uint64_t device = 0, inode = 0, size = 0;
+        int64_t modified = 0, changed = 0; // nanoseconds
+        bool exists = false;
+
+        bool operator==(const Stamp&) const = default;
+    };
+
+    static Stamp StampOf(const std::string& path);
+
+    std::string path;
+    std::string content;
+    Stamp stamp;
+    bool settled; // the stamp is old enough to move with the next change
+};
+
+} // namespace edit

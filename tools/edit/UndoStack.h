@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// The steps that undo and redo go, each as what it changed in the text.
+#pragma once
+
+#include "tools/edit/TextChange.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace edit
+{
+
+class UndoStack
+{
+public:
+    UndoStack();
+
+    // Adds a step that leads from one text to another, and drops what could be redone. With the nonzero gesture of the
+    // newest step it replaces that one, and `before` is the text ahead of the gesture. Nothing is added for texts that
+    // are equal.
+    void Add(const std::string& name, const std::string& before, const std::string& after, uint64_t gesture);
+
+    // True if a call with this gesture number refines the newest step.
+    bool Continues(uint64_t gesture) const;
+    void EndGesture();
+
+    bool CanUndo() const { return done > 0; }
+    bool CanRedo() const { return done < steps.size(); }
+    std::string UndoName() const;
+    std::string RedoName() const;
+
+    std::string Undo(const std::string& text); // the text before the step; unchanged if there is none
+    std::string Redo(const std::string& text);
+    void Clear();
+
+private:
+    struct Step {
+        std::string name;
+        std::vector<TextChange> changes;
+        uint64_t gesture;
+    };
+
+    std::vector<Step> steps;
+    size_t done; // the first of them are in the text, the others can be redone
+};
+
+} // namespace edit
