@@ -46,6 +46,7 @@ static void AddEntries(const Reading& whole, const Reading& kept, const EffectRe
 
 static void SetStage(Show* show)
 {
+    show->stage.clear();
     for (const ShownEntry& entry : show->entries)
         if (entry.kept && entry.start <= entry.stop)
             show->stage[entry.effect].push_back({entry.start, entry.stop});
@@ -91,9 +92,6 @@ static void AddMessages(const Reading& whole, const Reading& kept, const EffectR
                                       isKept, false, 0, place.line, place.column, messageBlock - 1});
         }
     }
-    // The same order as DemoPlayer::SortMessages makes, in less time.
-    std::stable_sort(show->messages.begin(), show->messages.end(),
-                     [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; });
 }
 
 // Hands out at most one message per frame, like DemoPlayer, with frames of equal length.
@@ -129,12 +127,21 @@ static int CountLoads(const Show& show)
     return loads;
 }
 
+void PlaySchedule(const Options& options, Show* show)
+{
+    // The same order as DemoPlayer::SortMessages makes, in less time.
+    std::stable_sort(show->messages.begin(), show->messages.end(),
+                     [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; });
+    SetStage(show);
+    PlayMessages(options, show);
+    show->loads = CountLoads(*show);
+}
+
 Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& registry,
                const Options& options)
 {
     Show show = {{}, {}, "", kept.player.GetColorScheme(), 0, 0, {}};
     AddEntries(whole, kept, registry, &show);
-    SetStage(&show);
     AddMessages(whole, kept, registry, &show);
     for (const Block& block : whole.blocks)
         if (block.type == BlockMusic && !block.hasBox)
@@ -143,8 +150,7 @@ Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& 
                     show.music = entry.value;
                     break;
                 }
-    PlayMessages(options, &show);
-    show.loads = CountLoads(show);
+    PlaySchedule(options, &show);
     return show;
 }
 

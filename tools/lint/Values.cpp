@@ -15,6 +15,8 @@
 namespace lint
 {
 
+static const size_t maxParameterNames = 64; // of a message; more is a slip in its description
+
 // ---- Whole numbers
 
 static std::string WithoutTheSign(uint32_t number)
@@ -133,15 +135,28 @@ static std::string Decimal(float value)
     return text;
 }
 
-// The number of parameters of a message by its description: the highest n of its "PARAM n", plus 1.
-static int ParametersOf(const SynchMessageDeclaration& declared)
+std::vector<std::string> ParameterNames(const std::string& description)
 {
     static const std::string mark = "PARAM ";
-    int count = 0;
-    for (size_t at = declared.description.find(mark); at != std::string::npos;
-         at = declared.description.find(mark, at + 1))
-        count = std::max(count, 1 + atoi(declared.description.c_str() + at + mark.size()));
-    return count;
+    std::vector<std::string> names;
+    for (size_t at = description.find(mark); at != std::string::npos; at = description.find(mark, at + 1)) {
+        const size_t number = at + mark.size();
+        const size_t index = size_t(std::max(0, atoi(description.c_str() + number)));
+        if (index >= maxParameterNames)
+            continue;
+        names.resize(std::max(names.size(), index + 1));
+        const size_t colon = description.find(':', number);
+        const size_t end = description.find('.', number);
+        if (colon < end)
+            names[index] = description.substr(colon + 1, end - colon - 1);
+        names[index].erase(0, names[index].find_first_not_of(' '));
+    }
+    return names;
+}
+
+static int ParametersOf(const SynchMessageDeclaration& declared)
+{
+    return int(ParameterNames(declared.description).size());
 }
 
 static void CheckParameterItem(const Item& item, Findings* findings)

@@ -16,6 +16,10 @@ void CheckColour(const Entry& entry, Findings* findings);  // three whole number
 // Checks the list of a message's parameters. declared is null if the effect does not know the message.
 void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared, Findings* findings);
 
+// What the description of a message says of its parameters, which is "PARAM 0: dimming speed. PARAM 1: ...": a
+// name for each up to the highest, empty where there is none.
+std::vector<std::string> ParameterNames(const std::string& description);
+
 // The number of times that the reader takes from a list. A comma at its end does not begin another one.
 size_t CountTimes(const Entry& entry);
 

@@ -21,11 +21,6 @@ struct Segment {
     Point from, to;
 };
 
-// A wash: from one colour at the top to another at the bottom.
-struct Wash {
-    Colour top, bottom;
-};
-
 // What belongs together on the canvas. Formats without a pointer to rest on it ignore all three.
 struct Group {
     const char* kind;

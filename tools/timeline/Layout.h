@@ -7,11 +7,13 @@
 // hears, and the music at the bottom. Left of the show's start lies the loading, on the same scale.
 #pragma once
 
+#include "tools/timeline/Scale.h"
 #include "tools/timeline/TimelineModel.h"
 #include "tools/timeline/Times.h"
 #include "tools/timeline/Type.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,9 +36,40 @@ enum MarkKind { BeatMark, BarMark, NumberedBarMark, ClockMark };
 struct RulerMark {
     double x;
     MarkKind kind;
+    double count; // of a numbered bar its number, of a clock mark its seconds; else 0
 };
 
+// The room that a mark with its figure needs at least, in pixels.
+struct MarkRoom {
+    double bar, time;
+    double decimals;          // that a time with decimals needs in addition
+    double narrowestBar = 7;  // narrower bars have no mark of their own
+    double narrowestBeat = 9; // nor have beats
+};
+
+// The marks between start and end of the scale: bars and beats from left to right, then those of the clock.
+std::vector<RulerMark> PlaceMarks(const Scale& scale, const Tempo& tempo, const MarkRoom& room);
+
 enum TickKind { HeardTick, UnknownTick, LostTick }; // Unknown: the effect never declared it
+
+// A run of messages that lie closer than the eye can part.
+struct TickGroup {
+    size_t first, count; // in the list of messages that was grouped
+    TickKind kind;       // the worst of them
+    double left, right;  // x of the first and of the last
+};
+
+// How close two ticks may be, and how wide a group may get, in pixels.
+struct TickGaps {
+    double closest = 4;
+    double widest = 26;
+};
+
+TickKind KindOf(const Message& message);
+
+// Groups messages of the model, which are in order of time. What lies off the scale is put on its end.
+std::vector<TickGroup> GroupTicks(const TimelineModel& model, const std::vector<size_t>& messages,
+                                  const Scale& scale, const TickGaps& gaps = {});
 
 // One message or, where they lie closer than the eye can part, several.
 struct PlacedTick {
@@ -85,14 +118,10 @@ struct PlacedLegend {
     Box box; // of the sample
 };
 
-struct Layout {
+// The scale is that of the whole axis.
+struct Layout : Scale {
     double width, height;
     Tempo tempo;
-
-    // The scale: x = zero + (seconds - start) * perSecond.
-    double start, end; // of the axis, seconds
-    double zero, perSecond;
-    double X(double seconds) const { return zero + (seconds - start) * perSecond; }
 
     Box head, gutter, plot, foot; // they tile the canvas; the plot holds the margin to its right as well
     double plotEnd;               // x of the axis' end
@@ -131,6 +160,31 @@ struct Layout {
 };
 
 Layout LayOut(const TimelineModel& model, const LayoutOptions& options);
+
+// The row of each entry inside its layer: the first from the top in which nothing overlaps it.
+std::vector<int> RowsOf(const TimelineModel& model);
+
+// Flags that touch are one. The remarks are in order of time, as the model has them.
+struct FlagGroup {
+    size_t first, count; // of the model's remarks
+    bool grave;          // one of them is
+    double pole;         // x of the first
+    double extent;       // x up to which the longest of them reaches
+    double left, width;  // of the flag: at the right end of the canvas it flies to the left of its pole
+};
+
+struct FlagRoom {
+    std::function<double(const std::string&)> textWidth; // of the number on a flag
+    double padding = 4;                                  // left and right of it
+    double closest = 3;                                  // nearer flags touch
+    double right;                                        // x at which the canvas ends for flags
+};
+
+// Only the remarks that have a place. What lies off the scale is put on its end.
+std::vector<FlagGroup> GroupFlags(const TimelineModel& model, const Scale& scale, const FlagRoom& room);
+
+// "3" or, of several, "3-7" with an en dash: the numbers of the remarks, from 1.
+std::string FlagNumber(const FlagGroup& group);
 
 // Every text of the picture.
 std::vector<PlacedText> AllTexts(const Layout& layout);

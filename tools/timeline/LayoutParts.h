@@ -9,9 +9,6 @@ namespace timeline
 
 // ---- Lanes.cpp
 
-// The row of each entry inside its layer: the first from the top in which nothing overlaps it.
-std::vector<int> RowsOf(const TimelineModel& model);
-
 // Lanes, bars and the names on them, from y down. Returns where they end.
 double PlaceLanes(const TimelineModel& model, double y, Layout* layout);
 

@@ -65,6 +65,33 @@ constexpr Pigment pigments[] = {
     /* AmberWash */ {Ochre,                  Amber},
 };
 static_assert(sizeof pigments / sizeof pigments[0] == WashCount);
+
+// A wash: from one colour at the top to another at the bottom.
+struct Wash {
+    Colour top, bottom;
+};
+
+// What the timeline is drawn with, on paper of Bone.
+constexpr Wash   laneWash     = {Mix(Bone, Parchment, 0.32f), Mix(Bone, Parchment, 0.45f)};
+constexpr Colour beatColour   = Faded(Slate, 0.10f);
+constexpr Colour barColour    = Faded(Slate, 0.16f);
+constexpr Colour numberColour = Faded(Slate, 0.36f);
+constexpr Colour clockColour  = Faded(Slate, 0.55f);
+constexpr Colour loadColour   = Faded(Parchment, 0.6f);
+constexpr Colour hatchColour  = Faded(Slate, 0.38f);
+constexpr Colour lostColour   = Faded(Rust, 0.10f);      // of the lane of messages that nobody hears
+constexpr Colour afterColour  = Faded(Parchment, 0.55f); // behind the end of the show
+constexpr Colour groupColour  = Faded(Night, 0.34f);     // behind messages that lie closely together
+constexpr Colour graveColour  = Rust;                    // of an error's flag
+constexpr Colour slightColour = Mix(Ochre, Ink, 0.25f);  // of a warning's
+constexpr Colour peakColour   = Mix(Parchment, Ochre, 0.45f);
+constexpr Colour loudColour   = Mix(Ochre, Rust, 0.55f);
 // clang-format on
+
+// The wash of an entry: the pigment pools at the bottom.
+constexpr Wash WashOf(const Pigment& pigment)
+{
+    return {Mix(Bone, pigment.tint, 0.36f), Mix(Bone, pigment.tint, 0.54f)};
+}
 
 } // namespace timeline

@@ -11,28 +11,14 @@ namespace timeline
 Drawing::~Drawing() {}
 
 // clang-format off
-static const Colour paper        = Bone;
-static const Wash   laneWash     = {Mix(Bone, Parchment, 0.32f), Mix(Bone, Parchment, 0.45f)};
-static const Colour beatColour   = Faded(Slate, 0.10f);
-static const Colour barColour    = Faded(Slate, 0.16f);
-static const Colour numberColour = Faded(Slate, 0.36f);
-static const Colour clockColour  = Faded(Slate, 0.55f);
-static const Colour hatchColour  = Faded(Slate, 0.38f);
-static const Colour afterColour  = Faded(Parchment, 0.55f); // behind the end of the show
-static const float  washAtTop    = 0.36f;                   // pigment in the water
-static const float  washAtBottom = 0.54f;                   // it pools
-static const double barRadius    = 2.5;
-static const size_t maxPoles    = 8; // flags whose poles reach down to the music; more would be a fence
+static const Colour paper     = Bone;
+static const double barRadius = 2.5;
+static const size_t maxPoles  = 8; // flags whose poles reach down to the music; more would be a fence
 // clang-format on
 
 static Wash Even(Colour colour)
 {
     return {colour, colour};
-}
-
-static Wash WashOf(const Pigment& pigment)
-{
-    return {Mix(Bone, pigment.tint, washAtTop), Mix(Bone, pigment.tint, washAtBottom)};
 }
 
 static void WriteAll(const std::vector<PlacedText>& texts, Drawing* drawing)
@@ -76,7 +62,7 @@ static void DrawLoading(const Layout& layout, Drawing* drawing)
     drawing->BeginGroup({"loading", layout.loadingTitle, {{"seconds", std::to_string(layout.loads.size())}}});
     Box box = layout.loading;
     drawing->FillBox({box.x, layout.rulerBottom, box.width, box.Bottom() - layout.rulerBottom},
-                     Even(Faded(Parchment, 0.6f)), 0);
+                     Even(loadColour), 0);
     drawing->StrokeSegments(
         Hatching({box.x, layout.rulerBottom, box.width, box.Bottom() - layout.rulerBottom}, 9), hatchColour,
         0.6);
@@ -145,7 +131,7 @@ static void DrawTick(const TimelineModel& model, const Layout& layout, const Pla
     const Colour head = tick.kind == HeardTick ? Ochre : Rust;
     if (tick.messages.size() > 1) {
         const double width = std::max(box.width, 6.4); // wide enough to be told from a single one
-        drawing->FillBox({x - width / 2, box.y + 3, width, box.height - 4}, Even(Faded(Night, 0.34f)), 1);
+        drawing->FillBox({x - width / 2, box.y + 3, width, box.height - 4}, Even(groupColour), 1);
         double last = -1;
         for (const size_t index : tick.messages) {
             const double at = layout.X(std::clamp(model.messages[index].time, layout.start, layout.end));
@@ -206,7 +192,7 @@ static void DrawLost(const TimelineModel& model, const Layout& layout, Drawing* 
 {
     if (layout.lost.empty())
         return;
-    drawing->FillBox(layout.lostLane, Even(Faded(Rust, 0.10f)), barRadius);
+    drawing->FillBox(layout.lostLane, Even(lostColour), barRadius);
     for (const PlacedTick& tick : layout.lost)
         DrawTick(model, layout, tick, drawing);
     WriteAll(layout.lostTexts, drawing);
@@ -219,7 +205,7 @@ static void DrawFlags(const Layout& layout, Drawing* drawing)
         for (const size_t remark : flag.remarks)
             numbers += (numbers.empty() ? "" : " ") + std::to_string(remark + 1);
         drawing->BeginGroup({"remark", flag.title, {{"numbers", numbers}}});
-        const Colour colour = flag.grave ? Rust : Mix(Ochre, Ink, 0.25f);
+        const Colour colour = flag.grave ? graveColour : slightColour;
         if (flag.extent > flag.pole)
             drawing->FillBox({flag.pole, flag.box.Bottom() + 1, flag.extent - flag.pole, 2},
                              Even(Faded(colour, 0.5f)), 0);
@@ -252,8 +238,8 @@ static void DrawMusic(const Layout& layout, Drawing* drawing)
                 points.push_back({layout.wave[i].x, middle + half * double(layout.wave[i].*level)});
             return points;
         };
-        drawing->FillShape(outline(&WaveColumn::peak), Mix(Parchment, Ochre, 0.45f));
-        drawing->FillShape(outline(&WaveColumn::loudness), Mix(Ochre, Rust, 0.55f));
+        drawing->FillShape(outline(&WaveColumn::peak), peakColour);
+        drawing->FillShape(outline(&WaveColumn::loudness), loudColour);
     }
     drawing->Sense(layout.musicLane);
     WriteAll(layout.musicTexts, drawing);
@@ -289,7 +275,7 @@ static void DrawSample(const PlacedLegend& item, Drawing* drawing)
     };
     switch (item.kind) {
     case LoadLegend:
-        drawing->FillBox(box, Even(Faded(Parchment, 0.6f)), 0);
+        drawing->FillBox(box, Even(loadColour), 0);
         drawing->StrokeSegments(Hatching(box, 7), hatchColour, 0.6);
         break;
     case EntryLegend:
@@ -305,7 +291,7 @@ static void DrawSample(const PlacedLegend& item, Drawing* drawing)
             drawing->FillShape(Diamond({middle.x, box.y + 2}, 1.6), paper);
         break;
     case ClusterLegend:
-        drawing->FillBox({box.x + 5, box.y + 3, 14, box.height - 3}, Even(Faded(Night, 0.34f)), 1);
+        drawing->FillBox({box.x + 5, box.y + 3, 14, box.height - 3}, Even(groupColour), 1);
         for (const double x : {6.5, 10.0, 12.0, 17.5})
             drawing->FillShape(DownStroke(box.x + x, box.y + 3, box.Bottom(), 1.4), Ink);
         drawing->FillBox({box.x + 5, box.y, 14, 3}, Even(Ochre), 1);

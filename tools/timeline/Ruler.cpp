@@ -15,8 +15,6 @@ static const double timeBaseline   = 31;
 static const double rulerHeight    = 40;
 static const double figureGap      = 4;  // between a mark and its figure
 static const double minGap       = 14; // between figures
-static const double minBarWidth  = 7;  // narrower bars have no mark of their own
-static const double minBeatWidth = 9;
 static const char*  widestBar      = "00000";
 // clang-format on
 
@@ -29,46 +27,54 @@ static void AddFigure(const std::string& text, TextStyle style, Colour colour, d
 }
 
 // Calls place(i) for each multiple i of the step on the axis.
-static void EachStep(const Layout& layout, double step, const std::function<void(double)>& place)
+static void EachStep(const Scale& scale, double step, const std::function<void(double)>& place)
 {
-    const double last = std::floor(layout.end / step + 1e-6);
-    for (double i = std::ceil(layout.start / step - 1e-6); i <= last; i++)
+    const double last = std::floor(scale.end / step + 1e-6);
+    for (double i = std::ceil(scale.start / step - 1e-6); i <= last; i++)
         place(i);
+}
+
+std::vector<RulerMark> PlaceMarks(const Scale& scale, const Tempo& tempo, const MarkRoom& room)
+{
+    std::vector<RulerMark> marks;
+    const double bars = BarStep(room.bar / scale.perSecond, tempo);
+    const double barWidth = tempo.BarSeconds() * scale.perSecond;
+    const double marked = barWidth >= room.narrowestBar ? 1 : bars;
+    if (tempo.BeatSeconds() * scale.perSecond >= room.narrowestBeat)
+        EachStep(scale, tempo.BeatSeconds(), [&](double i) {
+            if (std::fmod(i, tempo.beatsPerBar) != 0)
+                marks.push_back({scale.X(i * tempo.BeatSeconds()), BeatMark, 0});
+        });
+    EachStep(scale, tempo.BarSeconds() * marked, [&](double i) {
+        const double x = scale.X(i * marked * tempo.BarSeconds());
+        const bool numbered = std::fmod(i * marked, bars) == 0;
+        marks.push_back({x, numbered ? NumberedBarMark : BarMark, numbered ? i * marked : 0});
+    });
+    // Hundredths of a second take more room.
+    double seconds = ClockStep(room.time / scale.perSecond);
+    if (seconds < 1)
+        seconds = ClockStep((room.time + room.decimals) / scale.perSecond);
+    EachStep(scale, seconds, [&](double i) {
+        marks.push_back({scale.X(i * seconds), ClockMark, i * seconds});
+    });
+    return marks;
 }
 
 double PlaceRuler(double y, Layout* layout)
 {
-    const Tempo& tempo = layout->tempo;
     AddGutterText("bar", CaptionText, Slate, y + barBaseline, layout);
     AddGutterText("time", CaptionText, Slate, y + timeBaseline, layout);
-
-    const double figureWidth = TextWidth(widestBar, BarText) + figureGap + minGap;
-    const double bars = BarStep(figureWidth / layout->perSecond, tempo);
-    const double barWidth = tempo.BarSeconds() * layout->perSecond;
-    const double marked = barWidth >= minBarWidth ? 1 : bars;
-    if (tempo.BeatSeconds() * layout->perSecond >= minBeatWidth)
-        EachStep(*layout, tempo.BeatSeconds(), [&](double i) {
-            if (std::fmod(i, tempo.beatsPerBar) != 0)
-                layout->marks.push_back({layout->X(i * tempo.BeatSeconds()), BeatMark});
-        });
-    EachStep(*layout, tempo.BarSeconds() * marked, [&](double i) {
-        const double x = layout->X(i * marked * tempo.BarSeconds());
-        const bool numbered = std::fmod(i * marked, bars) == 0;
-        layout->marks.push_back({x, numbered ? NumberedBarMark : BarMark});
-        if (numbered)
-            AddFigure(std::to_string(std::llround(i * marked)), BarText, Ink, x, y + barBaseline, layout);
-    });
-
-    // Hours, and hundredths of a second, take more room.
-    const double timeWidth = TextWidth(ClockText(layout->end), TimeText) + figureGap + minGap;
-    double seconds = ClockStep(timeWidth / layout->perSecond);
-    if (seconds < 1)
-        seconds = ClockStep((timeWidth + TextWidth(".00", TimeText)) / layout->perSecond);
-    EachStep(*layout, seconds, [&](double i) {
-        const double x = layout->X(i * seconds);
-        layout->marks.push_back({x, ClockMark});
-        AddFigure(ClockText(i * seconds), TimeText, Slate, x, y + timeBaseline, layout);
-    });
+    MarkRoom room = {};
+    room.bar = TextWidth(widestBar, BarText) + figureGap + minGap;
+    room.time = TextWidth(ClockText(layout->end), TimeText) + figureGap + minGap; // hours take more
+    room.decimals = TextWidth(".00", TimeText);
+    layout->marks = PlaceMarks(*layout, layout->tempo, room);
+    for (const RulerMark& mark : layout->marks)
+        if (mark.kind == NumberedBarMark)
+            AddFigure(std::to_string(std::llround(mark.count)), BarText, Ink, mark.x, y + barBaseline,
+                      layout);
+        else if (mark.kind == ClockMark)
+            AddFigure(ClockText(mark.count), TimeText, Slate, mark.x, y + timeBaseline, layout);
     return y + rulerHeight;
 }
 

@@ -10,44 +10,48 @@ namespace timeline
 
 // clang-format off
 static const double tickWidth      = 3;
-static const double closestTicks   = 4;  // nearer ones become a cluster
-static const double widestCluster  = 26; // and from here on another
 static const double nameGap        = 3;
 static const double lostGap        = 8;
 static const double lostHeight     = 30;
 static const double lostBaseline   = 19;
 static const double flagRowHeight  = 22;
 static const double flagHeight     = 14;
-static const double flagPadding    = 4;
-static const double closestFlags   = 3;
 static const char*  dash           = "\xe2\x80\x93";
 // clang-format on
 
-static TickKind KindOf(const Message& message)
+TickKind KindOf(const Message& message)
 {
     return message.entries.empty() ? LostTick : message.known ? HeardTick : UnknownTick;
+}
+
+std::vector<TickGroup> GroupTicks(const TimelineModel& model, const std::vector<size_t>& messages,
+                                  const Scale& scale, const TickGaps& gaps)
+{
+    std::vector<TickGroup> groups;
+    for (size_t i = 0; i < messages.size(); i++) {
+        const Message& message = model.messages[messages[i]];
+        const double x = scale.X(std::clamp(message.time, scale.start, scale.end));
+        if (groups.empty() || x - groups.back().right >= gaps.closest || x - groups.back().left > gaps.widest)
+            groups.push_back({i, 0, KindOf(message), x, x});
+        TickGroup& group = groups.back();
+        group.count++;
+        group.kind = std::max(group.kind, KindOf(message));
+        group.right = x;
+    }
+    return groups;
 }
 
 std::vector<PlacedTick> PlaceTicks(const TimelineModel& model, const std::vector<size_t>& messages,
                                    double top, double bottom, const Layout& layout)
 {
     std::vector<PlacedTick> ticks;
-    double first = 0, last = 0; // x of the latest cluster's messages
-    for (const size_t index : messages) {
-        const Message& message = model.messages[index];
-        const double x = layout.X(std::clamp(message.time, layout.start, layout.end));
-        if (ticks.empty() || x - last >= closestTicks || x - first > widestCluster) {
-            ticks.push_back({{}, KindOf(message), {}, {}});
-            first = x;
-        }
-        last = x;
+    for (const TickGroup& group : GroupTicks(model, messages, layout)) {
+        const auto first = messages.begin() + ptrdiff_t(group.first);
+        ticks.push_back({{first, first + ptrdiff_t(group.count)}, group.kind, {}, {}});
         PlacedTick& tick = ticks.back();
-        tick.messages.push_back(index);
-        tick.kind = std::max(tick.kind, KindOf(message));
-        tick.box = {first - tickWidth / 2, top, last - first + tickWidth, bottom - top};
-    }
-    for (PlacedTick& tick : ticks)
+        tick.box = {group.left - tickWidth / 2, top, group.right - group.left + tickWidth, bottom - top};
         tick.title = Clean(MessagesTitle(model, tick.messages, layout.tempo));
+    }
     return ticks;
 }
 
@@ -81,50 +85,72 @@ double PlaceLost(const TimelineModel& model, double y, Layout* layout)
     return y + lostHeight;
 }
 
-static void ShapeFlag(const TimelineModel& model, double y, const Layout& layout, PlacedFlag* flag)
+std::string FlagNumber(const FlagGroup& group)
 {
     // Remarks are numbered in their order, so a flag's numbers are a run.
-    std::string number = std::to_string(flag->remarks.front() + 1);
-    if (flag->remarks.size() > 1)
-        number += dash + std::to_string(flag->remarks.back() + 1);
-    const double width = TextWidth(number, FlagText) + 2 * flagPadding;
-    // At the right end of the canvas a flag flies to the left.
-    const bool leftward = flag->pole + width > layout.width - 2;
-    flag->box = {leftward ? flag->pole - width : flag->pole, y + 4, width, flagHeight};
-    flag->number = PlaceText(number, FlagText, Bone, flag->box.x + flagPadding, flag->box.y + 10);
+    const std::string number = std::to_string(group.first + 1);
+    return group.count > 1 ? number + dash + std::to_string(group.first + group.count) : number;
+}
+
+static void ShapeFlag(const TimelineModel& model, const Scale& scale, const FlagRoom& room, FlagGroup* flag)
+{
+    flag->width = room.textWidth(FlagNumber(*flag)) + 2 * room.padding;
+    const bool leftward = flag->pole + flag->width > room.right;
+    flag->left = leftward ? flag->pole - flag->width : flag->pole;
     flag->grave = false;
     flag->extent = flag->pole;
-    for (const size_t index : flag->remarks) {
-        const Remark& remark = model.remarks[index];
+    for (size_t i = flag->first; i < flag->first + flag->count; i++) {
+        const Remark& remark = model.remarks[i];
         flag->grave = flag->grave || remark.grave;
-        flag->extent = std::max(flag->extent, layout.X(std::clamp(remark.stop, layout.start, layout.end)));
+        flag->extent = std::max(flag->extent, scale.X(std::clamp(remark.stop, scale.start, scale.end)));
     }
 }
 
-double PlaceFlags(const TimelineModel& model, double y, Layout* layout)
+std::vector<FlagGroup> GroupFlags(const TimelineModel& model, const Scale& scale, const FlagRoom& room)
 {
+    std::vector<FlagGroup> flags;
     for (size_t i = 0; i < model.remarks.size(); i++) {
         const Remark& remark = model.remarks[i];
         if (!remark.placed)
             continue;
-        PlacedFlag flag = {};
-        flag.remarks = {i};
-        flag.pole = layout->X(std::clamp(remark.start, layout->start, layout->end));
-        ShapeFlag(model, y, *layout, &flag);
+        FlagGroup flag = {};
+        flag.first = i;
+        flag.count = 1;
+        flag.pole = scale.X(std::clamp(remark.start, scale.start, scale.end));
+        ShapeFlag(model, scale, room, &flag);
         // Two that touch become one, which may then touch the one before.
-        while (!layout->flags.empty() && flag.box.x < layout->flags.back().box.Right() + closestFlags) {
-            PlacedFlag& before = layout->flags.back();
-            flag.remarks.insert(flag.remarks.begin(), before.remarks.begin(), before.remarks.end());
-            flag.pole = before.pole;
-            layout->flags.pop_back();
-            ShapeFlag(model, y, *layout, &flag);
+        while (!flags.empty() && flag.left < flags.back().left + flags.back().width + room.closest) {
+            flag.first = flags.back().first;
+            flag.count += flags.back().count;
+            flag.pole = flags.back().pole;
+            flags.pop_back();
+            ShapeFlag(model, scale, room, &flag);
         }
+        flags.push_back(flag);
+    }
+    return flags;
+}
+
+double PlaceFlags(const TimelineModel& model, double y, Layout* layout)
+{
+    FlagRoom room = {};
+    room.textWidth = [](const std::string& text) { return TextWidth(text, FlagText); };
+    room.right = layout->width - 2;
+    for (const FlagGroup& group : GroupFlags(model, *layout, room)) {
+        PlacedFlag flag = {};
+        for (size_t i = 0; i < group.count; i++)
+            flag.remarks.push_back(group.first + i);
+        flag.grave = group.grave;
+        flag.pole = group.pole;
+        flag.extent = group.extent;
+        flag.box = {group.left, y + 4, group.width, flagHeight};
+        flag.number =
+            PlaceText(FlagNumber(group), FlagText, Bone, flag.box.x + room.padding, flag.box.y + 10);
+        flag.title = Clean(RemarksTitle(model, flag.remarks));
         layout->flags.push_back(flag);
     }
     if (layout->flags.empty())
         return y;
-    for (PlacedFlag& flag : layout->flags)
-        flag.title = Clean(RemarksTitle(model, flag.remarks));
     layout->flagRow = {gutterWidth, y, layout->plotEnd - gutterWidth, flagRowHeight};
     AddGutterText("remarks", CaptionText, Rust, y + 15, layout);
     return y + flagRowHeight;

@@ -64,10 +64,11 @@ static void FindListeners(std::map<std::string, std::vector<Delivery>> deliverie
     }
 }
 
-static void TakeShow(const lint::Show& show, const lint::Options& options, TimelineModel* model)
+TimelineModel ModelOfShow(const lint::Show& show, const lint::Options& options)
 {
-    model->start = Seconds(options.startOffset);
-    model->end = std::max(Seconds(show.end), model->start);
+    TimelineModel made;
+    made.start = Seconds(options.startOffset);
+    made.end = std::max(Seconds(show.end), made.start);
     std::set<std::string> loaded;
     for (const lint::ShownEntry& entry : show.entries) {
         if (!entry.kept)
@@ -75,9 +76,9 @@ static void TakeShow(const lint::Show& show, const lint::Options& options, Timel
         const EffectRecord* const record = FindRecord(entry.effect);
         const bool isNew = loaded.insert(entry.effect).second;
         if (isNew || !record || !record->loadsOnce)
-            model->loads.push_back(entry.effect);
-        model->entries.push_back({Seconds(entry.start), Seconds(entry.stop), entry.layer, entry.effect,
-                                  record ? record->wash : SlateWash});
+            made.loads.push_back(entry.effect);
+        made.entries.push_back({Seconds(entry.start), Seconds(entry.stop), entry.layer, entry.effect,
+                                record ? record->wash : SlateWash});
     }
     std::map<std::string, std::vector<Delivery>> deliveries; // by effect
     for (const lint::SentMessage& message : show.messages) {
@@ -91,10 +92,12 @@ static void TakeShow(const lint::Show& show, const lint::Options& options, Timel
                         message.params,
                         {}};
         if (message.heard)
-            deliveries[message.effect].push_back({model->messages.size(), LeavingTime(message, options)});
-        model->messages.push_back(told);
+            deliveries[message.effect].push_back({made.messages.size(), LeavingTime(message, options)});
+        made.messages.push_back(told);
     }
-    FindListeners(std::move(deliveries), model);
+    made.music.file = show.music;
+    FindListeners(std::move(deliveries), &made);
+    return made;
 }
 
 // The text of a finding, as in "line 12: warning: what the script says", then a line each for what the show makes
@@ -109,17 +112,18 @@ static std::string WordsOf(const lint::Finding& finding)
     return words;
 }
 
-static void TakeFindings(const std::vector<lint::Finding>& findings, TimelineModel* model)
+std::vector<Remark> RemarksOf(const std::vector<lint::Finding>& findings)
 {
+    std::vector<Remark> remarks;
     for (const lint::Finding& finding : findings)
         if (finding.severity != lint::Note)
-            model->remarks.push_back({finding.severity == lint::Error, finding.hasSpan,
-                                      Seconds(finding.spanStart), Seconds(finding.spanStop),
-                                      WordsOf(finding)});
-    // Sorted by time, so that flags that stand side by side have consecutive numbers. Findings without a time come last.
-    std::stable_sort(model->remarks.begin(), model->remarks.end(), [](const Remark& a, const Remark& b) {
+            remarks.push_back({finding.severity == lint::Error, finding.hasSpan, Seconds(finding.spanStart),
+                               Seconds(finding.spanStop), WordsOf(finding)});
+    // Sorted by time, so that flags that stand side by side have consecutive numbers.
+    std::stable_sort(remarks.begin(), remarks.end(), [](const Remark& a, const Remark& b) {
         return a.placed != b.placed ? a.placed : a.placed && a.start < b.start;
     });
+    return remarks;
 }
 
 bool ReadTimeline(const std::string& path, const ReadOptions& options, TimelineModel* model,
@@ -133,11 +137,9 @@ bool ReadTimeline(const std::string& path, const ReadOptions& options, TimelineM
         *reason = report.reason;
         return false;
     }
-    *model = TimelineModel();
+    *model = ModelOfShow(report.show, check);
     model->title = std::filesystem::path(path).filename().string();
-    TakeShow(report.show, check, model);
-    TakeFindings(report.findings, model);
-    model->music.file = report.show.music;
+    model->remarks = RemarksOf(report.findings);
     const std::string data = options.data.empty() ? platform::GetDataDirectory() : options.data;
     model->music.plays = !model->music.file.empty() && model->music.wave.Read(data + "/" + model->music.file);
     return true;

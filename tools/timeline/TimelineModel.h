@@ -4,6 +4,7 @@
 #pragma once
 
 #include "kernel/EffectRecord.h"
+#include "tools/lint/Lint.h"
 #include "tools/timeline/Waveform.h"
 
 #include <cstdint>
@@ -61,6 +62,13 @@ struct ReadOptions {
     uint32_t startOffset = 0; // milliseconds, as in the show's start-offset file
     std::string data;         // where the music is looked for; empty: platform::GetDataDirectory
 };
+
+// What becomes of a show: its times, entries, messages and loads. The title, the music's waveform and remarks are
+// left to the caller. options are those that the show was made with.
+TimelineModel ModelOfShow(const lint::Show& show, const lint::Options& options);
+
+// The remarks of findings, in order of time; those without a time come last. Notes make none.
+std::vector<Remark> RemarksOf(const std::vector<lint::Finding>& findings);
 
 // Reads a script with the show's own reader. False if the file can't be read; *reason then says why. Main
 // thread only. Nothing is opened, drawn or heard.
