@@ -1,2 +1,307 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolwindow/ToolWindow.h"
+
+#include "platform/Screen.h"
+#include "platform/toolwindow/ToolFonts.h"
+#include "platform/toolwindow/ToolStyle.h"
+
+#include <SDL.h>
+#include <SDL_opengl.h>
+#include <backends/imgui_impl_opengl2.h>
+#include <backends/imgui_impl_sdl.h>
+#include <imgui.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace platform
+{
+
+static const int smallestWidth = 640; // pixels of the design
+static const int smallestHeight = 480;
+
+static SDL_Window* Sdl(void* window)
+{
+    return static_cast<SDL_Window*>(window);
+}
+
+static Uint32 WakeEvent()
+{
+    static const Uint32 type = SDL_RegisterEvents(1);
+    return type;
+}
+
+ToolWindow::~ToolWindow()
+{
+    Close();
+}
+
+bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
+{
+    // Without a display SDL would open its offscreen driver in silence.
+    const char* const wayland = getenv("WAYLAND_DISPLAY");
+    if (!HasDisplay() && (!wayland || !*wayland)) {
+        *reason = "there is no display to open a window on";
+        return false;
+    }
+    SDL_SetHint(SDL_HINT_APP_NAME, settings.program.c_str());
+    setenv("SDL_VIDEO_X11_WMCLASS", settings.program.c_str(), 0);
+    setenv("SDL_VIDEO_WAYLAND_WMCLASS", settings.program.c_str(), 0);
+    SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"); // SDL_QUIT is then a signal, and nothing else
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        *reason = std::string("the display can't be used: ") + SDL_GetError();
+        return false;
+    }
+    SDL_EnableScreenSaver();
+    SDL_EventState(SDL_DROPFILE, SDL_ENABLE);
+    WakeEvent();
+
+    scale = ScreenScale();
+    SDL_Rect usable = {0, 0, 1024, 768};
+    SDL_GetDisplayUsableBounds(0, &usable);
+    designWidth = std::max(settings.width, smallestWidth);
+    designHeight = std::max(settings.height, smallestHeight);
+    const int width = std::min(int(float(designWidth) * scale), usable.w);
+    const int height = std::min(int(float(designHeight) * scale), usable.h);
+
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);
+    SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
+    Uint32 flags = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
+    if (settings.maximised)
+        flags |= SDL_WINDOW_MAXIMIZED;
+    shownTitle = settings.title;
+    window = SDL_CreateWindow(settings.title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width,
+                              height, flags);
+    if (!window) {
+        *reason = std::string("the display has no window with OpenGL for us: ") + SDL_GetError();
+        Close();
+        return false;
+    }
+    SDL_SetWindowMinimumSize(Sdl(window), std::min(int(float(smallestWidth) * scale), usable.w),
+                             std::min(int(float(smallestHeight) * scale), usable.h));
+    if (!OpenGL(reason)) {
+        Close();
+        return false;
+    }
+    return true;
+}
+
+bool ToolWindow::OpenGL(std::string* reason)
+{
+    context = SDL_GL_CreateContext(Sdl(window));
+    if (!context) {
+        *reason = std::string("OpenGL doesn't start on this display: ") + SDL_GetError();
+        return false;
+    }
+    SDL_GL_SetSwapInterval(1);
+
+    ImGui::CreateContext();
+    ImGuiIO& io = ImGui::GetIO();
+    io.IniFilename = nullptr; // what is remembered is the tool's to write
+    io.LogFilename = nullptr;
+    io.ConfigWindowsMoveFromTitleBarOnly = true;
+    // A window manager that counts in points (Wayland) has more pixels than those: the glyphs get them all.
+    int pointsWide = 1, pointsHigh = 1, pixelsWide = 1, pixelsHigh = 1;
+    SDL_GetWindowSize(Sdl(window), &pointsWide, &pointsHigh);
+    SDL_GL_GetDrawableSize(Sdl(window), &pixelsWide, &pixelsHigh);
+    const float density = pointsWide > 0 ? float(pixelsWide) / float(pointsWide) : 1;
+    SetToolStyle(scale);
+    LoadToolFonts(scale * density);
+    io.FontGlobalScale = 1 / density;
+    ImGui_ImplSDL2_InitForOpenGL(Sdl(window), context);
+    ImGui_ImplOpenGL2_Init();
+    return true;
+}
+
+void ToolWindow::Close()
+{
+    if (context) {
+        ImGui_ImplOpenGL2_Shutdown();
+        ImGui_ImplSDL2_Shutdown();
+        ImGui::DestroyContext();
+        SDL_GL_DeleteContext(context);
+        context = nullptr;
+    }
+    if (window) {
+        SDL_DestroyWindow(Sdl(window));
+        window = nullptr;
+    }
+    if (SDL_WasInit(SDL_INIT_VIDEO))
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+// Events
+
+// 0 for keys that no command is bound to.
+static int KeyOf(SDL_Keycode code)
+{
+    if (code >= SDLK_F1 && code <= SDLK_F12)
+        return KeyF1 + int(code - SDLK_F1);
+    if (code >= SDLK_KP_1 && code <= SDLK_KP_9)
+        return '1' + int(code - SDLK_KP_1);
+    switch (code) {
+    case SDLK_EQUALS:
+    case SDLK_KP_PLUS:
+        return '+';
+    case SDLK_KP_MINUS:
+        return '-';
+    case SDLK_KP_0:
+        return '0';
+    case SDLK_LEFT:
+        return KeyLeft;
+    case SDLK_RIGHT:
+        return KeyRight;
+    case SDLK_UP:
+        return KeyUp;
+    case SDLK_DOWN:
+        return KeyDown;
+    case SDLK_HOME:
+        return KeyHome;
+    case SDLK_END:
+        return KeyEnd;
+    case SDLK_PAGEUP:
+        return KeyPageUp;
+    case SDLK_PAGEDOWN:
+        return KeyPageDown;
+    case SDLK_INSERT:
+        return KeyInsert;
+    case SDLK_DELETE:
+        return KeyDelete;
+    case SDLK_BACKSPACE:
+        return KeyBackspace;
+    case SDLK_TAB:
+        return KeyTab;
+    case SDLK_RETURN:
+    case SDLK_KP_ENTER:
+        return KeyEnter;
+    case SDLK_ESCAPE:
+        return KeyLeave;
+    default:
+        return code >= ' ' && code < 0x7f ? int(code) : KeyNone;
+    }
+}
+
+void ToolWindow::TakeEvent(const void* sdlEvent)
+{
+    const SDL_Event& event = *static_cast<const SDL_Event*>(sdlEvent);
+    ImGui_ImplSDL2_ProcessEvent(&event);
+    switch (event.type) {
+    case SDL_QUIT:
+        endRequested = true;
+        break;
+    case SDL_KEYDOWN: {
+        const SDL_Keysym& sym = event.key.keysym;
+        const KeyPress press = {KeyOf(sym.sym), (sym.mod & KMOD_CTRL) != 0, (sym.mod & KMOD_SHIFT) != 0,
+                                (sym.mod & KMOD_ALT) != 0, event.key.repeat != 0};
+        if (press.key != KeyNone)
+            keys.push_back(press);
+        break;
+    }
+    case SDL_DROPFILE:
+        droppedFiles.push_back(event.drop.file);
+        SDL_free(event.drop.file);
+        break;
+    case SDL_WINDOWEVENT:
+        if (event.window.event == SDL_WINDOWEVENT_CLOSE)
+            closeRequested = true;
+        if (event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED)
+            focusGained = true;
+        if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED && !fullScreen && !IsMaximised()) {
+            designWidth = int(float(event.window.data1) / scale + 0.5f);
+            designHeight = int(float(event.window.data2) / scale + 0.5f);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+bool ToolWindow::WaitEvents(double seconds)
+{
+    SDL_Event event;
+    if (!SDL_WaitEventTimeout(&event, std::max(int(seconds * 1000), 0)))
+        return false;
+    do
+        TakeEvent(&event);
+    while (SDL_PollEvent(&event));
+    return true;
+}
+
+void ToolWindow::Wake()
+{
+    SDL_Event event = {};
+    event.type = WakeEvent();
+    SDL_PushEvent(&event);
+}
+
+void ToolWindow::BeginFrame()
+{
+    ImGui_ImplOpenGL2_NewFrame();
+    ImGui_ImplSDL2_NewFrame();
+    ImGui::NewFrame();
+}
+
+void ToolWindow::EndFrame()
+{
+    ImGui::Render();
+    const ImGuiIO& io = ImGui::GetIO();
+    glViewport(0, 0, int(io.DisplaySize.x * io.DisplayFramebufferScale.x),
+               int(io.DisplaySize.y * io.DisplayFramebufferScale.y));
+    const ImVec4 ground = ToolTint(showcolours::Ink);
+    glClearColor(ground.x, ground.y, ground.z, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+    ImGui_ImplOpenGL2_RenderDrawData(ImGui::GetDrawData());
+    SDL_GL_SwapWindow(Sdl(window));
+}
+
+std::vector<KeyPress> ToolWindow::TakeKeys()
+{
+    std::vector<KeyPress> taken;
+    taken.swap(keys);
+    return taken;
+}
+
+std::vector<std::string> ToolWindow::TakeDroppedFiles()
+{
+    std::vector<std::string> taken;
+    taken.swap(droppedFiles);
+    return taken;
+}
+
+bool ToolWindow::TakeCloseRequest()
+{
+    return std::exchange(closeRequested, false);
+}
+
+bool ToolWindow::TakeFocusGained()
+{
+    return std::exchange(focusGained, false);
+}
+
+void ToolWindow::SetTitle(const std::string& text)
+{
+    if (text == shownTitle) // each change is a request to the display
+        return;
+    shownTitle = text;
+    SDL_SetWindowTitle(Sdl(window), text.c_str());
+}
+
+void ToolWindow::SetFullScreen(bool full)
+{
+    if (full == fullScreen)
+        return;
+    fullScreen = full;
+    SDL_SetWindowFullscreen(Sdl(window), full ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
+}
+
+bool ToolWindow::IsMaximised() const
+{
+    return (SDL_GetWindowFlags(Sdl(window)) & SDL_WINDOW_MAXIMIZED) != 0;
+}
+
+} // namespace platform

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The show's palette as the style of ImGui: ink for the ground, bone for words, amber for what is active.
+#pragma once
+
+#include "platform/ShowColours.h"
+
+#include <imgui.h>
+
+namespace platform
+{
+
+// 0xRRGGBB as ImGui has it; alpha 0 clear to 1 opaque.
+ImU32 ToolColour(uint32_t rgb, float alpha = 1);
+ImVec4 ToolTint(uint32_t rgb, float alpha = 1);
+
+// Between two colours: 0 is from, 1 is to.
+uint32_t MixColours(uint32_t from, uint32_t to, float way);
+
+// Sets colours and sizes of the current context, for so many pixels of the screen per pixel of the design.
+void SetToolStyle(float scale);
+
+} // namespace platform
