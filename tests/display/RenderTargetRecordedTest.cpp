@@ -184,6 +184,14 @@ TEST_F(RenderTargetCalls, NeverMadeItDoesNothing)
     ExpectNoTarget();
 }
 
+TEST_F(RenderTargetCalls, TheSurfaceIsGivenBackInItsOwnContext)
+{
+    Open();
+    RenderTarget::Destroy();
+    EXPECT_TRUE(gl::CallsAre(gl::Calls(), {"context 2", "glDeleteFramebuffers(1, {1})",
+                                           "glDeleteRenderbuffers(1, {1})", "context 1"}));
+}
+
 TEST_F(RenderTargetCalls, GivenBackItDoesNothing)
 {
     Open();
@@ -202,6 +210,16 @@ TEST_F(RenderTargetCalls, WithoutASecondContextItCannotBeMade)
     ExpectNoTarget();
     NullWindowState().refuseContext = false;
     EXPECT_TRUE(RenderTarget::Create(&window, 64, 64));
+}
+
+TEST_F(RenderTargetCalls, AContextThatCannotBeMadeCurrentIsNoTarget)
+{
+    Open();
+    NullWindowState().refuseCurrent = 3; // after the window's and that of its first target
+    EXPECT_FALSE(RenderTarget::Create(&window, 64, 64));
+    EXPECT_EQ(1, gl::GetContext());
+    EXPECT_EQ(0, gl::CountCalls("glGenFramebuffers")) << "nothing of it is made in the window's context";
+    ExpectNoTarget();
 }
 
 TEST_F(RenderTargetCalls, WithoutTheEntryPointsItCannotBeMade)

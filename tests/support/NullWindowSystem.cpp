@@ -113,10 +113,13 @@ static platform::ContextHandle CreateContext(platform::DeviceContext device, pla
 
 static bool MakeCurrent(platform::DeviceContext, platform::ContextHandle context)
 {
-    Log(Words("makeCurrent", {int(reinterpret_cast<intptr_t>(context))}));
+    const int number = int(reinterpret_cast<intptr_t>(context));
+    Log(Words("makeCurrent", {number}));
+    if (number != 0 && number == state.refuseCurrent)
+        return false;
     state.current = context;
     if (state.contextSwitched)
-        state.contextSwitched(int(reinterpret_cast<intptr_t>(context)));
+        state.contextSwitched(number);
     return true;
 }
 

@@ -17,6 +17,7 @@ struct NullWindows {
     bool refuseMode = false;
     bool refuseWindow = false;
     bool refuseContext = false;
+    int refuseCurrent = 0; // number of the context that cannot be made current; 0 is none
     int screenWidth = 1920;
     int screenHeight = 1080;
     const char* glExtensions = "GL_ARB_point_sprite GL_ARB_framebuffer_object";     // may be null
