@@ -14,6 +14,11 @@ namespace fishmesh
 
 static const float pi = 3.14159265f;
 
+// The fish is modelled two long and written larger: in the show it fills half the picture. What stays where
+// it is lies in the tail fin, near the first link of the rope of light. fish.vp has the same figures.
+static const float sizeInShow = 2.2f;
+static const Vector3 ropeHold(0.0f, 0.0f, 0.75f);
+
 Model MakeFish()
 {
     Mesh mesh;
@@ -21,6 +26,7 @@ Model MakeFish()
     AddLids(&mesh);
     AddFins(&mesh);
     AddTeeth(&mesh);
+    mesh.Enlarge(sizeInShow, ropeHold);
     return mesh.ToModel("fish");
 }
 
@@ -65,6 +71,7 @@ Model MakeEyes()
     left.axis.x = -left.axis.x;
     AddEye(&mesh, Socket, 0);
     AddEye(&mesh, left, 1);
+    mesh.Enlarge(sizeInShow, ropeHold);
     return mesh.ToModel("fisheyes");
 }
 

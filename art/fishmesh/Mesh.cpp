@@ -71,6 +71,12 @@ void Mesh::AddGrid(const std::vector<std::vector<int>>& rows, bool closed, Surfa
     }
 }
 
+void Mesh::Enlarge(float times, const Vector3& about)
+{
+    for (Point& point : points)
+        point.position = about + (point.position - about) * times;
+}
+
 static float Rounded(float value)
 {
     return std::round(value * 10000.0f) / 10000.0f + 0.0f; // + 0: no negative zero

@@ -47,6 +47,9 @@ public:
 
     const Vector3& Position(int point) const { return points[point].position; }
 
+    // Moves all points away from one that stays.
+    void Enlarge(float times, const Vector3& about);
+
     // The finished model: values rounded to steps of 1/10000, equal normals and texture coordinates merged.
     Model ToModel(const char* name) const;
 

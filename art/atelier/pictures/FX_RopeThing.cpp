@@ -10,14 +10,16 @@ namespace
 {
 
 // The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
-// four times as long as it is drawn, and the whole fish is seldom longer than a hand on the screen: scales
-// are few, large and drawn narrow and tall, the back is barred, the gill has a burning edge, the belly is
-// pale.
+// four times as long as it is drawn: scales are few, large and drawn narrow and tall, the back is barred, the
+// gill has a burning edge, the belly is pale. The head comes so near that it alone is half the screen, so it
+// is worked with the pen: furrows over the skull, freckles, the plates of the cheek.
 Canvas FishSkin()
 {
-    constexpr int Side = 512;
-    constexpr float Size = Side, Wide = 21, Tall = 62, Gill = 128;
-    const Paper& paper = SketchPaper(512);
+    constexpr int Side = 1024;
+    // Places below are those of a sheet half as large.
+    constexpr float Fine = 2, Size = Side / Fine, Wide = 21, Tall = 62, Gill = 128;
+    const auto drawn = [](const Line& line) { return Scaled(line, Fine); };
+    const Paper& paper = SketchPaper(1024);
     const Noise tint(641), bend(642), own(643), bars(647), wrinkle(648);
     // Where the gill cover ends, and the scales begin.
     const auto gillAt = [](float y) {
@@ -45,7 +47,8 @@ Canvas FishSkin()
                  flank = Mix(palette::Ochre, palette::Amber, 0.25f),
                  belly = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
     Canvas canvas(Side, Side);
-    canvas.Ground([&](float x, float y) {
+    canvas.Ground([&](float column, float line) {
+        const float x = column / Fine, y = line / Fine;
         const float v = y / Size + 0.05f * tint.Fbm(x / 60, y / 110, 4);
         const float behind = Smooth(-3, 5, x - gillAt(y));
         Colour c = Mix(back, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
@@ -85,55 +88,92 @@ Canvas FishSkin()
         const float x = 168 + 44 * static_cast<float>(i) + dice.Range(-7, 7),
                     low = dice.Range(250, 345) - 7 * static_cast<float>(i);
         const float half = dice.Range(8, 13);
-        barred.Fill(Shaken(Limb(Through({{x + 6, -20}, {x + dice.Range(-6, 6), low * 0.5f}, {x - 8, low}}),
-                                half * 1.5f, half, 1),
-                           5, 26, dice.Next()));
+        barred.Fill(
+            drawn(Shaken(Limb(Through({{x + 6, -20}, {x + dice.Range(-6, 6), low * 0.5f}, {x - 8, low}}),
+                              half * 1.5f, half, 1),
+                         5, 26, dice.Next())));
         if (i % 2 == 0)
-            barred.Fill(Shaken(Ellipse({x + dice.Range(-10, 20), low + dice.Range(34, 56)}, 6, 17), 3, 16,
-                               dice.Next()),
+            barred.Fill(drawn(Shaken(Ellipse({x + dice.Range(-10, 20), low + dice.Range(34, 56)}, 6, 17), 3,
+                                     16, dice.Next())),
                         0.8f);
     }
     Wash(canvas, paper, barred,
          {.pigment = Mix(palette::Ink, palette::Rust, 0.22f),
           .density = 0.9f,
           .pool = 0.5f,
-          .poolWidth = 3,
+          .poolWidth = 5,
           .bloom = 0.6f,
-          .bloomSize = 60,
-          .stray = 4},
+          .bloomSize = 120,
+          .stray = 8},
          644);
+    // Freckles where the blue of the skull runs out, larger towards the gill.
+    Mask freckles(Side, Side);
+    for (int i = 0; i < 150; ++i) {
+        const float x = dice.Range(8, 112), y = 178 + 34 * dice.Bell();
+        const float size = (0.5f + 2.2f * dice.Unit() * dice.Unit()) * (0.5f + x / 112);
+        freckles.Fill(drawn(Shaken(Ellipse({x, y}, size * 0.7f, size * 1.7f), 0.6f, 5, dice.Next())));
+    }
+    Wash(canvas, paper, freckles,
+         {.pigment = Mix(palette::Ink, palette::Rust, 0.3f), .density = 0.75f, .poolWidth = 2, .stray = 2},
+         641);
     Mask ink(Side, Side);
-    Pen pen(ink, paper, {.width = 5, .wobble = 1, .wave = 26, .skip = 0.12f}, 645);
+    Pen pen(ink, paper, {.width = 9, .wobble = 2, .wave = 52, .skip = 0.12f}, 645);
     Line gill;
     for (float y = 46; y < 476; y += 4)
         gill.push_back({gillAt(y) + 3, y});
-    pen.Stroke(gill, {.start = 0.3f, .middle = 1, .end = 0.2f});
+    pen.Stroke(drawn(gill), {.start = 0.3f, .middle = 1, .end = 0.2f});
     // The plates of the cheek, and the folds at the corner of the mouth.
-    pen.nib.width = 3.4f;
-    pen.Stroke(Through({{100, 150}, {112, 250}, {104, 352}, {84, 408}}),
+    pen.nib.width = 6;
+    pen.Stroke(drawn(Through({{100, 150}, {112, 250}, {104, 352}, {84, 408}})),
                {.start = 0, .middle = 0.9f, .end = 0.1f});
-    pen.Stroke(Through({{52, 372}, {78, 336}, {88, 270}, {84, 214}}),
+    pen.Stroke(drawn(Through({{52, 372}, {78, 336}, {88, 270}, {84, 214}})),
                {.start = 0.2f, .middle = 1, .end = 0.1f});
-    pen.Stroke(Through({{22, 318}, {44, 306}, {66, 322}, {74, 356}}),
+    pen.Stroke(drawn(Through({{22, 318}, {44, 306}, {66, 322}, {74, 356}})),
                {.start = 0.5f, .middle = 0.9f, .end = 0});
-    pen.Stroke(Through({{8, 226}, {26, 214}, {40, 222}}),
+    pen.Stroke(drawn(Through({{8, 226}, {26, 214}, {40, 222}})),
                {.start = 0.4f, .middle = 0.8f, .end = 0}); // nostril
-    pen.nib.width = 2;
+    pen.nib.width = 4;
     for (int i = 0; i < 46; ++i) { // pores, in rows along the jaw
         const float along = static_cast<float>(i % 23) / 22;
-        pen.Dot({Mix(10, 100, along) + dice.Range(-2, 2),
-                 Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)},
-                dice.Range(1, 2.4f));
+        pen.Dot(Vec2{Mix(10, 100, along) + dice.Range(-2, 2),
+                     Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)} *
+                    Fine,
+                dice.Range(1.6f, 4));
     }
     for (float x = 146; x < 505; x += 10)
-        pen.Stroke(Straight({{x, 236 + 20 * Sin(x * 0.008f)}, {x + 6, 238 + 20 * Sin(x * 0.008f)}}),
+        pen.Stroke(drawn(Straight({{x, 236 + 20 * Sin(x * 0.008f)}, {x + 6, 238 + 20 * Sin(x * 0.008f)}})),
                    {.start = 0.9f, .middle = 1, .end = 0.6f});
+    // Furrows over the skull, from between the eyes to the nape, and folds that hang down the cheek.
+    pen.nib.width = 3.4f;
+    for (int i = 0; i < 7; ++i) {
+        const float y = 16 + 17 * static_cast<float>(i), sink = 3.0f * static_cast<float>(i);
+        pen.Stroke(drawn(Through({{14 + dice.Range(0, 22), y + dice.Range(-4, 4)},
+                                  {52, y + dice.Range(-7, 7)},
+                                  {84, y + sink + dice.Range(-6, 6)},
+                                  {116 + dice.Range(-14, 6), y + 2 * sink}})),
+                   {.start = 0, .middle = 0.8f, .end = 0.1f});
+    }
+    for (int i = 0; i < 9; ++i) {
+        const float x = 30 + 8 * static_cast<float>(i);
+        pen.Stroke(drawn(Through({{x, 236 + dice.Range(-16, 16)},
+                                  {x + 5, 268 + dice.Range(-8, 8)},
+                                  {x + 1, 300 + dice.Range(-10, 34)}})),
+                   {.start = 0, .middle = 0.75f, .end = 0});
+    }
+    pen.nib.width = 2.4f;
+    Hatch(pen, Mask(Side, Side).Each([&](float column, float line) {
+        const float x = column / Fine, y = line / Fine;
+        return x < gillAt(y) - 14 ? 0.75f * Smooth(170, 96, y) * (0.5f + 0.5f * tint.Fbm(x / 20, y / 60, 2))
+                                  : 0.0f;
+    }),
+          {.angle = 1.25f, .spacing = 9, .length = 70, .bend = 10}, 650);
     // The belly is shaded with the pen.
-    pen.nib.width = 1.8f;
-    Hatch(pen, Mask(Side, Side).Each([&](float x, float y) {
+    pen.nib.width = 2.6f;
+    Hatch(pen, Mask(Side, Side).Each([&](float column, float line) {
+        const float x = column / Fine, y = line / Fine;
         return x > gillAt(y) ? 0.55f * Smooth(415, 505, y) : 0.0f;
     }),
-          {.angle = 1.35f, .spacing = 8, .length = 40}, 649);
+          {.angle = 1.35f, .spacing = 14, .length = 80}, 649);
     canvas.Cover(ink, palette::Ink, 0.85f);
     paper.Show(canvas, 0.4f);
     return canvas;
@@ -195,7 +235,7 @@ Canvas FishEye()
 Group FX_RopeThingPictures()
 {
     return {"FX_RopeThing", {
-        {"Data/fischhaut.jpg",           512,  512, Format::Jpeg,    FishSkin},
+        {"Data/fischhaut.jpg",          1024, 1024, Format::Jpeg,    FishSkin},
         {"Data/fisheye.jpg",             256,  256, Format::Jpeg,    FishEye},
     }};
 }

@@ -26,28 +26,31 @@ Canvas Sky4()
     return SkyPart(3);
 }
 
-// A spark: a bright core in a soft dot, on black. It is also the tail of the fish and the fire of the tree,
-// where dozens of them lie over each other and are added up: the halo is so faint and so red that they burn
-// through rust and ochre before they are white. The core is not quite round.
+// A spark: a small bright core in a soft dot, on black. It is also the tail of the fish and the fire of the
+// tree, where dozens of them lie over each other and are added up, so it falls off steeply and has hardly any
+// blue: the sum burns through rust and ochre to amber, and only where cores lie on cores to bone. The core is
+// not quite round.
 Canvas Spark()
 {
     constexpr int Size = 128;
     constexpr float Middle = Size / 2.0f;
     const Noise ragged(91);
     Canvas canvas(Size, Size, palette::Black);
-    const auto dot = [&](float width, float uneven) {
-        return Mask(Size, Size).Each([&](float x, float y) {
-            const Vec2 off = {(x - Middle) / Middle, (y - Middle) / Middle};
-            const float d = Length(off);
-            const Vec2 way = Normalised(off);
-            const float own = 1 + uneven * ragged.Fbm(way.x * 2.2f + 3, way.y * 2.2f, 3);
-            return Bell(d / (width * own)) * Smooth(0.96f, 0.5f, d);
-        });
-    };
-    canvas.Light(dot(0.075f, 0.12f), palette::Bone, 1.25f);
-    canvas.Light(dot(0.17f, 0.1f), palette::Amber, 0.24f);
-    canvas.Light(dot(0.32f, 0), Mix(palette::Ochre, palette::Rust, 0.25f), 0.060f);
-    canvas.Light(dot(0.60f, 0), Mix(palette::Rust, palette::Ochre, 0.4f), 0.016f);
+    // The way of the light outward, as it is added up: in values of the screen.
+    canvas.Ground([&](float x, float y) {
+        const Vec2 off = {(x - Middle) / Middle, (y - Middle) / Middle};
+        const float far = Length(off);
+        const Vec2 way = Normalised(off);
+        const float d = far / (1 + 0.1f * ragged.Fbm(way.x * 2.2f + 3, way.y * 2.2f, 3));
+        const float core = Bell(d / 0.07f), ember = Bell(d / 0.112f), halo = Bell(d / 0.22f),
+                    glow = Bell(d / 0.44f);
+        const float fade = Smooth(0.96f, 0.5f, far);
+        const auto light = [&](float ofCore, float ofEmber, float ofHalo, float ofGlow) {
+            return FromScreen(fade * Min(1, ofCore * core + ofEmber * ember + ofHalo * halo + ofGlow * glow));
+        };
+        return Colour{light(0.48f, 0.42f, 0.210f, 0.034f), light(0.52f, 0.25f, 0.085f, 0.010f),
+                      light(0.52f, 0.07f, 0.010f, 0)};
+    });
     return canvas;
 }
 

@@ -40,6 +40,14 @@ protected:
         platform::SetDataDirectory(SOURCE_DIR "/Data");
         LoadModel("data/fish.txt", &fish);
         LoadModel("data/fisheyes.txt", &eyes);
+        inShow = BoxOf(fish.vertices);
+        // All figures below are of the fish as it is modelled, two long.
+        for (Model* model : {&fish, &eyes})
+            for (Vector3& p : model->vertices) {
+                p.z -= hold;
+                p = p * (1 / 2.2f);
+                p.z += hold;
+            }
     }
 
     // The tile of the texture that a face lies in; fails if its corners are not in one.
@@ -52,9 +60,20 @@ protected:
         return *tiles.begin();
     }
 
+    static constexpr float hold = 0.75f;
+    Box inShow;
     Model fish;
     Model eyes;
 };
+
+TEST_F(FishInData, IsLargeEnoughToFillHalfThePictureAndKeepsItsTailOnTheRope)
+{
+    EXPECT_NEAR(-3.1f, inShow.low.z, 0.1f);
+    EXPECT_NEAR(1.3f, inShow.high.z, 0.001f);
+    // The first link of the rope hangs 4 behind the fish, which is drawn 6 times as large.
+    EXPECT_GT(4.0f / 6, inShow.high.z - 1.0f);
+    EXPECT_GT(inShow.high.z, 4.0f / 6);
+}
 
 TEST_F(FishInData, IsMadeByTheProgramByteForByte)
 {
@@ -178,7 +197,7 @@ TEST_F(FishInData, LooksTowardsMinusZ)
         }
     ASSERT_GT(toothCorners, 0);
     EXPECT_LT(teeth / static_cast<float>(toothCorners), -0.75f);
-    EXPECT_FLOAT_EQ(1.0f, tail);
+    EXPECT_NEAR(1.0f, tail, 1e-4f);
     const Box look = BoxOf(eyes.vertices);
     EXPECT_LT(look.high.z, -0.6f);
 }
