@@ -109,8 +109,10 @@ protected:
         ASSERT_GE(intensity.location, 0);
     }
 
+    // With an alpha of one half the picture has no night behind it. Without blending the colours show nothing
+    // else of it.
     Picture DrawBlurred(Texture* texture, float strength, float red = 1, float green = 1, float blue = 1,
-                        float alpha = 1)
+                        float alpha = 0.5f)
     {
         glClear(GL_COLOR_BUFFER_BIT);
         texture->Bind();
@@ -119,6 +121,17 @@ protected:
         DrawQuad(red, green, blue, alpha);
         shader.Disable();
         return Grab();
+    }
+
+    // A scene over the whole screen, as the names have it.
+    Picture DrawScene(Texture* texture, float strength) { return DrawBlurred(texture, strength, 1, 1, 1, 1); }
+
+    static double MeanOfRow(const Picture& picture, int y, int channel)
+    {
+        double sum = 0;
+        for (int x = 0; x < picture.width; x++)
+            sum += picture.At(x, y)[channel];
+        return sum / picture.width;
     }
 
     GLSLShader shader;
@@ -215,6 +228,64 @@ TEST_F(BlurFile, LetsNothingInFromTheOtherSide)
         ASSERT_EQ(0, *blurred.At(i, 0));
     }
     EXPECT_EQ(255, *blurred.At(255, 255));
+}
+
+TEST_F(BlurFile, LiftsDrawnBlackToInkAndLeavesBoneAsItIs)
+{
+    Start(64);
+    Texture black, bone;
+    Make(&black, PlainPicture(8, 8, 4, 0, 0, 0, 255));
+    Make(&bone, PlainPicture(8, 8, 4, 239, 230, 210, 255));
+    for (float strength : {0.0f, 0.25f, 1.0f}) {
+        const Picture ink = DrawScene(&black, strength);
+        const double lifted[3] = {11, 14, 27}, kept[3] = {239, 230, 212};
+        const Picture paper = DrawScene(&bone, strength);
+        for (int channel = 0; channel < 3; channel++) {
+            EXPECT_NEAR(lifted[channel], MeanOfRow(ink, 20, channel), 1.5) << strength;
+            EXPECT_NEAR(kept[channel], MeanOfRow(paper, 20, channel), 6) << strength; // the paper's grain
+        }
+        EXPECT_EQ(0, MeanOf(DrawBlurred(&black, strength))) << "a picture that is laid over a scene";
+    }
+}
+
+TEST_F(BlurFile, LetsANightSkyRiseFromALineOfMistWhereNothingWasDrawn)
+{
+    Start(128);
+    // Texture coordinate t is the height: the window's row 0 has t = 0, so the sky is below here.
+    Picture land = PlainPicture(128, 128, 4, 0, 0, 0, 0);
+    for (size_t i = 0; i < size_t(128 * 40); i++)
+        land.pixels[i * 4 + 3] = 255;
+    Texture texture;
+    Make(&texture, land);
+    for (float strength : {0.0f, 0.25f}) {
+        const Picture scene = DrawScene(&texture, strength);
+        const double drawn = MeanOfRow(scene, 20, 2), mist = MeanOfRow(scene, 46, 2),
+                     night = MeanOfRow(scene, 75, 2), top = MeanOfRow(scene, 124, 2);
+        EXPECT_NEAR(27, drawn, 2);
+        EXPECT_GT(mist, night + 20) << "close over the land";
+        EXPECT_GT(night, top + 8) << "and then ever darker";
+        EXPECT_GT(top, 30) << "but never black";
+        EXPECT_LT(mist, 0.45 * 255);
+        const Picture laid = DrawBlurred(&texture, strength);
+        EXPECT_EQ(0, MeanOf(laid)) << "not behind a picture that is laid over another";
+    }
+}
+
+TEST_F(BlurFile, LightsTheRimOfWhatStandsDarkBeforeTheSky)
+{
+    Start(512);
+    Picture trunk = PlainPicture(512, 512, 4, 0, 0, 0, 0);
+    for (int y = 0; y < 512; y++)
+        for (int x = 200; x < 300; x++)
+            trunk.pixels[size_t(y * 512 + x) * 4 + 3] = 255;
+    Texture texture;
+    Make(&texture, trunk);
+    const Picture scene = DrawScene(&texture, 0);
+    const auto blue = [&](int x) { return int(scene.At(x, 300)[2]); };
+    EXPECT_LT(blue(250), 32) << "the trunk";
+    EXPECT_GT(blue(299), 80) << "its rim, on the right";
+    EXPECT_LT(blue(296), 32) << "which is thin";
+    EXPECT_LT(blue(201), 32) << "and not on the left";
 }
 
 // ---- The two pictures of a ShaderProgram

@@ -312,8 +312,18 @@ Canvas Plaza()
     return canvas;
 }
 
-// Seen from above and from near: each patch ploughed its own way, in pen strokes over a wash, with hedges and
-// ditches between them, a pond, and tracks that lead to the tree in the middle.
+namespace
+{
+
+// The line of mist of postprocessing_blur.fp.
+constexpr Colour NightMist = {FromScreen(0.21f), FromScreen(0.26f), FromScreen(0.36f)};
+
+} // namespace
+
+// Seen from above and from near, under the moon: each patch ploughed its own way, in pen strokes over a wash,
+// with hedges and ditches between them, a pond, and tracks that lead to the tree in the middle. All of it is
+// parchment and mist of nearly one tone, the ground on which the tree is ink; the far border is the mist from
+// which postprocessing_blur.fp lets the sky rise.
 Canvas FieldOfTheNames()
 {
     const Noise land(341), bend(342), tint(343), clod(344), lost(345), bush(346);
@@ -358,24 +368,16 @@ Canvas FieldOfTheNames()
     canvas.Ground([&](float x, float y) {
         const uint32_t name = nameAt(x, y);
         const float kind = kindOf(name), t = 0.5f + 0.65f * tint.Fbm(x / 95, y / 95, 5);
-        const Colour earth = kind < 0.22f   ? Mix(palette::Moss, palette::Ochre, 0.35f * t)
-                             : kind < 0.45f ? Mix(palette::Rust, palette::Ochre, 0.35f + 0.3f * t)
-                             : kind < 0.75f ? Mix(palette::Ochre, palette::Rust, 0.25f * t)
-                                            : Mix(palette::Ochre, palette::Parchment, 0.5f * t);
-        const float grain = 1 + 0.22f * clod.Fbm(x / 7, y / 7, 3);
+        const Colour earth = Mix(palette::Mist, palette::Parchment, 0.40f + 0.35f * kind + 0.25f * t);
+        const float grain = 1 + 0.18f * clod.Fbm(x / 7, y / 7, 3);
         const float ridge = 0.5f + 0.5f * Sin(2 * Pi * phase(x, y));
-        return earth * (0.38f + 0.34f * t + 0.17f * ridge) * grain;
+        return earth * (0.24f + 0.08f * kind + 0.16f * t + 0.05f * ridge) * grain;
     });
     // Where the wash was wet it pooled and dried in shores.
     Wash(canvas, paper, Mask(Side, Side).Each([&](float x, float y) {
         return Smooth(-0.02f, 0.12f, lost.Fbm(x / 170, y / 170, 4));
     }),
-         {.pigment = Mix(palette::Rust, palette::Slate, 0.35f),
-          .density = 0.22f,
-          .pool = 1.4f,
-          .poolWidth = 6,
-          .stray = 5},
-         349);
+         {.pigment = palette::Slate, .density = 0.20f, .pool = 1.4f, .poolWidth = 6, .stray = 5}, 349);
     Mask lines(Side, Side), light(Side, Side);
     Pen pen(lines, paper, {.width = 2.5f, .wobble = 0.8f, .wave = 26, .skip = 0.55f, .dry = 0.6f}, 350);
     Pen chalk(light, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 26, .skip = 0.6f, .dry = 0.9f}, 351);
@@ -405,14 +407,13 @@ Canvas FieldOfTheNames()
         if (line.size() > 5)
             (bright ? chalk : pen).Stroke(line, {.start = 0.15f, .middle = dice.Range(0.4f, 1), .end = 0});
     }
-    canvas.Cover(light, palette::Parchment, 0.16f);
-    canvas.Cover(lines, Mix(palette::Ink, palette::Rust, 0.25f), 0.72f);
+    canvas.Cover(light, palette::Parchment, 0.08f);
+    canvas.Cover(lines, palette::Night, 0.42f);
     canvas.Cover(
         Mask(trodden).Blur(1.5f),
         [&](float x, float y) {
             const float t = 0.5f + 0.8f * clod.Fbm(x / 9, y / 9, 4);
-            return Mix(Mix(palette::Ochre, palette::Slate, 0.35f), palette::Parchment, 0.45f * t) *
-                   (0.45f + 0.3f * t);
+            return Mix(palette::Mist, palette::Bone, 0.4f + 0.4f * t) * (0.40f + 0.20f * t);
         },
         0.9f);
     // Ruts, and the water with its bank, its sky and its reeds.
@@ -421,14 +422,13 @@ Canvas FieldOfTheNames()
     for (const Line& track : tracks)
         for (const float side : {-4.5f, 4.0f})
             rut.Stroke(Beside(track, side), {.start = 0.6f, .middle = 0.9f, .end = 0.5f});
-    canvas.Cover(Mask(water).Blur(7).Scale(1.4f), Mix(palette::Rust, palette::Ink, 0.6f), 0.7f);
+    // The bank lies in shade on one side. The water is still: the sky's mist, and the dark of its depth.
+    canvas.Cover(Mask(water).Blur(9).Scale(1.3f), palette::Night, 0.55f);
+    const Mask deep = water.Inside(40);
     canvas.Cover(water, [&](float x, float y) {
-        const float ripple = lost.Fbm(x / 30, y / 9, 3);
-        const float sky = Bell(Length({(x - Pond.x - 12) / 40, (y - Pond.y + 6) / 20}));
-        const Colour deep =
-            Mix(palette::Ink, Mix(palette::Slate, palette::Rust, 0.55f), 0.30f + 0.2f * ripple);
-        return Mix(deep, Mix(palette::Amber, palette::Parchment, 0.5f),
-                   0.6f * sky * Smooth(-0.35f, 0.35f, ripple));
+        const float ripple = lost.Fbm(x / 60, y / 14, 2);
+        const float depth = Smooth(2, 26, deep.Sample(x, y) + 6 * ripple);
+        return Mix(Mix(palette::Slate, palette::Mist, 0.35f) * 0.55f, palette::Night, 0.8f * depth);
     });
     rut.nib.width = 3.4f;
     rut.Stroke(shore, {.start = 0.7f, .middle = 1, .end = 0.6f});
@@ -439,10 +439,10 @@ Canvas FieldOfTheNames()
             Through({at, at + Vec2{dice.Range(-3, 3), -5}, at + Vec2{dice.Range(-7, 7), -dice.Range(9, 17)}}),
             {.start = 0.9f, .middle = 0.7f, .end = 0});
     }
-    canvas.Cover(drawn, palette::Ink, 0.8f);
+    canvas.Cover(drawn, palette::Ink, 0.6f);
     between.Subtract(Mask(trodden).Blur(2)).Subtract(water);
     // Ditches, and hedges along some of them.
-    canvas.Cover(Mask(between).Blur(1.2f), Mix(palette::Moss, palette::Ink, 0.55f), 0.7f);
+    canvas.Cover(Mask(between).Blur(1.2f), palette::Night, 0.45f);
     Mask hedge(Side, Side), lit(Side, Side);
     Pen leaf(hedge, paper, {.width = 3}, 353), top(lit, paper, {.width = 2}, 354);
     for (int i = 0; i < 26000; ++i) {
@@ -453,13 +453,15 @@ Canvas FieldOfTheNames()
         if (dice.Chance(0.4f))
             top.Dot(p + Vec2{dice.Range(-4, 4), dice.Range(-6, 2)}, dice.Range(0.7f, 1.7f));
     }
-    canvas.Cover(hedge, Mix(palette::Ink, palette::Moss, 0.25f), 0.85f);
-    canvas.Cover(lit, Mix(palette::Moss, palette::Parchment, 0.25f), 0.55f);
-    // The land is lost in the dark towards the border, so that the square's edge is not seen.
-    Finish(canvas, Mask(Side, Side).Each([&](float x, float y) {
+    canvas.Cover(hedge, Mix(palette::Ink, palette::Moss, 0.25f), 0.72f);
+    canvas.Cover(lit, Mix(palette::Moss, palette::Mist, 0.4f), 0.35f);
+    SketchPaper().Show(canvas, 0.6f);
+    // The land is lost in mist towards the border, so that the square's edge is not seen.
+    canvas.Cover(Mask(Side, Side).Each([&](float x, float y) {
         const float r = Length({x - Size / 2, y - Size / 2}) / (Size / 2);
-        return Smooth(0.99f, 0.5f, r + 0.08f * lost.Fbm(x / 130, y / 130, 4)) * (r < 0.985f ? 1.0f : 0.0f);
-    }));
+        return Smooth(0.42f, 0.93f, r + 0.10f * lost.Fbm(x / 130, y / 130, 4));
+    }),
+                 NightMist);
     return canvas;
 }
 
