@@ -56,6 +56,31 @@ TEST_F(QuadBatches, WithoutColoursAndNormalsTakeTheCurrentOnes)
     EXPECT_TRUE(gl::IsPoint(gl::CurrentNormal(), {1, 2, 3}));
 }
 
+TEST_F(QuadBatches, WithOneOfColoursAndNormalsLeaveTheOtherAlone)
+{
+    glColor4f(0.25f, 0.5f, 0.75f, 0.125f);
+    glNormal3f(1, 2, 3);
+    QuadBatch coloured(QuadBatch::Colours);
+    coloured.SetColour(1, 0, 0);
+    coloured.SetNormal(aslant);
+    coloured.AddQuad(slanted);
+    coloured.Draw();
+    EXPECT_TRUE(gl::HasColour(gl::Draws()[0], {1, 0, 0, 1}));
+    EXPECT_TRUE(gl::HasNormal(gl::Draws()[0], {1, 2, 3}));
+    EXPECT_TRUE(gl::IsColour(gl::CurrentColour(), {1, 0, 0, 1}));
+    EXPECT_TRUE(gl::IsPoint(gl::CurrentNormal(), {1, 2, 3}));
+
+    QuadBatch standing(QuadBatch::Normals);
+    standing.SetColour(0, 0, 1);
+    standing.SetNormal(aslant);
+    standing.AddQuad(slanted);
+    standing.Draw();
+    EXPECT_TRUE(gl::HasColour(gl::Draws()[1], {1, 0, 0, 1}));
+    EXPECT_TRUE(gl::HasNormal(gl::Draws()[1], {7, 8, 9}));
+    EXPECT_TRUE(gl::IsColour(gl::CurrentColour(), {1, 0, 0, 1}));
+    EXPECT_TRUE(gl::IsPoint(gl::CurrentNormal(), {7, 8, 9}));
+}
+
 TEST_F(QuadBatches, AColourAndANormalHoldForTheCornersThatFollow)
 {
     QuadBatch batch(QuadBatch::Colours | QuadBatch::Normals);
@@ -234,7 +259,8 @@ TEST_F(Undrawn, PrimitivesSendNothing)
 TEST_F(Undrawn, ABillboardSetsTheMatrixModeAllTheSame)
 {
     glMatrixMode(GL_PROJECTION);
+    gl::ClearRecords();
     DrawBillboard(right, 1);
-    EXPECT_TRUE(gl::Draws().empty());
+    EXPECT_TRUE(gl::CallsAre(gl::Calls(), {"glMatrixMode(GL_MODELVIEW)"}));
     EXPECT_EQ(GLenum(GL_MODELVIEW), gl::MatrixMode());
 }

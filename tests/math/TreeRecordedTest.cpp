@@ -167,6 +167,10 @@ TEST_F(DrawnTree, AtGrowthZeroDrawsNothing)
     GrowCreditsTree(4);
     Draw(0);
     EXPECT_EQ(0, CubesDrawn());
+    Draw(0.5f);
+    EXPECT_NE(0, CubesDrawn());
+    Draw(0);
+    EXPECT_EQ(0, CubesDrawn()) << "nor what stood before";
 }
 
 TEST_F(DrawnTree, SendsItsCubesInOneDrawOnTopOfHalfAUnit)

@@ -160,6 +160,10 @@ static void SetPointer(Context& c, GLenum array, GLint size, GLenum type, GLsize
         SetError(c, GL_INVALID_VALUE);
         return;
     }
+    if (type < GL_BYTE || type > GL_DOUBLE || (type > GL_FLOAT && type < GL_DOUBLE)) {
+        SetError(c, GL_INVALID_ENUM);
+        return;
+    }
     ArrayPointer* const target = FindArray(c, array);
     if (target)
         *target = {target->enabled, size, type, stride, pointer, c.client.arrayBuffer};

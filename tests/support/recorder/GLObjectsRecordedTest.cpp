@@ -274,6 +274,18 @@ TEST_F(GLObjects, APerspectiveOfGLUGoesIntoAList)
 
 // ---- Arrays
 
+TEST_F(GLObjects, AnArrayOfWhatIsNoNumberIsAnErrorAndChangesNothing)
+{
+    const float positions[] = {1, 2, 3};
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glVertexPointer(3, GL_FLOAT, 0, positions);
+    for (const GLenum type : {GL_2_BYTES, GL_4_BYTES, GL_BITMAP, GL_POINTS})
+        glVertexPointer(2, type, 0, nullptr);
+    EXPECT_TRUE(gl::OnlyErrors({GL_INVALID_ENUM, GL_INVALID_ENUM, GL_INVALID_ENUM, GL_INVALID_ENUM}));
+    glDrawArrays(GL_POINTS, 0, 1);
+    EXPECT_TRUE(gl::HasVertices(gl::Draws().at(0), {{1, 2, 3}}));
+}
+
 TEST_F(GLObjects, ArraysFromMemoryBecomeVertices)
 {
     const float positions[] = {0, 0, 0, 1, 0, 0, 1, 1, 0};
