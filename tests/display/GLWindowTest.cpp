@@ -5,6 +5,7 @@
 
 #include "platform/DebugChannel.h"
 #include "platform/dialogs/MessageBox.h"
+#include "tests/support/BoxWatch.h"
 #include "tests/support/NullWindowSystem.h"
 
 #include <gtest/gtest.h>
@@ -121,6 +122,8 @@ TEST_F(GLWindowTest, IsBornWithoutAWindow)
     EXPECT_EQ(nullptr, window.GetWindowHandle());
     EXPECT_EQ(nullptr, window.GetContext());
     EXPECT_EQ(nullptr, window.GetDeviceContext());
+    EXPECT_EQ(0, window.GetSize()->width);
+    EXPECT_EQ(0, window.GetSize()->height);
     EXPECT_EQ(0, system.windows);
 }
 
@@ -170,6 +173,20 @@ TEST_F(GLWindowTest, ARefusedWindowIsReportedAndTheModeStaysInForce)
     EXPECT_EQ(640, system.modeWidth);
     EXPECT_EQ(480, system.modeHeight);
     EXPECT_FALSE(window.IsRunning());
+}
+
+TEST_F(GLWindowTest, WhatIsRefusedIsReportedBeforeTheQuitIsPosted)
+{
+    BoxWatch watch;
+    system.refuseMode = true;
+    EXPECT_FALSE(window.Create(640, 480, 32, true));
+    EXPECT_TRUE(QuitPosted());
+
+    UseNullWindows();
+    system.refuseWindow = true;
+    EXPECT_FALSE(window.Create(640, 480, 32, true));
+    EXPECT_TRUE(QuitPosted());
+    EXPECT_EQ((std::vector<bool>{false, false}), watch.quitAtBox);
 }
 
 TEST_F(GLWindowTest, MissingPointSpritesAreReportedAndTheWindowStaysUp)

@@ -50,10 +50,12 @@ TEST_F(RenderTargetCalls, TheWindowMakesItWith512By512LinearAndClamped)
          "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR)",
          "glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR)",
          "glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, 512, 512, 0, GL_RGBA, GL_UNSIGNED_BYTE, null)",
-         "glFlush()", "context 2", "glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, 512, 512)",
+         "glFlush()", "context 2", "glGenRenderbuffers(1)", "glBindRenderbuffer(GL_RENDERBUFFER, 1)",
+         "glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, 512, 512)", "glGenFramebuffers(1)",
+         "glBindFramebuffer(GL_FRAMEBUFFER, 1)",
          "glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, 1, 0)",
          "glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, 1)",
-         "glViewport(0, 0, 512, 512)", "context 1"}));
+         "glViewport(0, 0, 512, 512)", "glCheckFramebufferStatus(GL_FRAMEBUFFER)", "context 1"}));
     EXPECT_EQ(2, NullWindowState().contexts);
     EXPECT_TRUE(gl::NoErrors());
 }
@@ -228,6 +230,7 @@ TEST_F(RenderTargetCalls, WithoutTheEntryPointsItCannotBeMade)
     const PFNGLGENFRAMEBUFFERSPROC generate = __glewGenFramebuffers;
     __glewGenFramebuffers = nullptr;
     EXPECT_FALSE(RenderTarget::Create(&window, 64, 64));
+    EXPECT_EQ(2, NullWindowState().contexts) << "no context is made for it";
     ExpectNoTarget();
     __glewGenFramebuffers = generate;
     EXPECT_TRUE(RenderTarget::Create(&window, 64, 64));

@@ -54,9 +54,24 @@ TEST_F(LoadingScreenTest, ThePictureStandsInItsPlaceWhateverTheMatricesAre)
     glTranslatef(4, 5, 6);
     glMatrixMode(GL_PROJECTION);
     glScalef(2, 3, 4);
-    screen.Render();
+    screen.Render(); // the matrix mode is that of the projection here
     ASSERT_EQ(1u, gl::Draws().size());
     EXPECT_TRUE(gl::HasWindowPoints(gl::Draws()[0], {{160, 390}, {640, 390}, {640, 180}, {160, 180}}));
+    EXPECT_TRUE(gl::IsMatrix(gl::Projection(), gl::Scaling(2, 3, 4)));
+    EXPECT_TRUE(gl::IsMatrix(gl::Modelview(), gl::Translation(4, 5, 6)));
+}
+
+TEST_F(LoadingScreenTest, ThePictureStandsInTheMiddleOfTheDepthRange)
+{
+    screen.Init();
+    gl::ClearRecords();
+    screen.Render();
+    const gl::Matrix& projection = gl::Draws().at(0).projection;
+    EXPECT_EQ(-1, projection.m[10]) << "two units deep, so that one unit is one of the depth from -1 to 1";
+    EXPECT_EQ(0, projection.m[14]);
+    EXPECT_EQ(2, projection.m[0]);
+    EXPECT_EQ(-2, projection.m[5]);
+    EXPECT_TRUE(gl::IsMatrix(gl::Draws()[0].modelview, gl::Identity()));
 }
 
 TEST_F(LoadingScreenTest, ItLeavesWhiteAndOneUnderflowBehind)

@@ -315,6 +315,14 @@ TEST_F(SilentMachine, AMissingSoundDeviceIsToldBeforeTheQuitIsPosted)
     EXPECT_TRUE(QuitWasPosted());
 }
 
+TEST_F(SilentMachine, AMissingSoundDeviceIsToldAheadOfAMissingWindow)
+{
+    platform::UseSoundOutput(platform::SoundMissing);
+    EXPECT_FALSE(player.Init(nullptr, nullptr, nullptr, true));
+    EXPECT_EQ(1u, boxes.size());
+    EXPECT_TRUE(QuitWasPosted());
+}
+
 TEST_F(SilentMachine, ASoundSystemThatIsTooOldIsToldInTheSameWords)
 {
     PretendSoundVersion(3.6f);

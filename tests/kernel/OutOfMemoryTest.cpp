@@ -32,8 +32,8 @@ protected:
 TEST_F(OutOfMemory, EndsTheProcessWithALineAndABox)
 {
     EXPECT_EXIT(TakeTooMuch(), testing::ExitedWithCode(1),
-                "moonwaltz: there is not enough memory\n.*Error: Out of Memory\n.*There is not enough memory "
-                "to go on");
+                "^moonwaltz: there is not enough memory\nMarlinex 1\\.5 Error: Out of Memory\n"
+                "Bad: There is not enough memory to go on\\.\n");
 }
 
 TEST_F(OutOfMemory, DoesNotEndTheProcessWhereAPictureHasNoRoom)

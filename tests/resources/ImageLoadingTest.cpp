@@ -4,6 +4,8 @@
 #include "kernel/Report.h"
 #include "platform/EmbeddedFiles.h"
 #include "tests/resources/ImageLibrary.h"
+#include "tests/support/BoxWatch.h"
+#include "tests/support/BytesInUse.h"
 #include "tests/support/PictureKinds.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"
@@ -284,6 +286,14 @@ TEST_F(ImageLoading, AMissingFileIsReportedWithTheLibrarysWords)
     ExpectFailure(loader->LoadImageFile("/nowhere/missing.jpg"),
                   "/nowhere/missing.jpg: Could not load texture. \n" +
                       std::string(iluErrorString(IL_COULD_NOT_OPEN_FILE)));
+}
+
+TEST_F(ImageLoading, AMissingFileIsReportedBeforeTheQuitIsPosted)
+{
+    BoxWatch watch;
+    EXPECT_EQ(nullptr, loader->LoadImage("nowhere.png").data);
+    EXPECT_EQ(std::vector<bool>{false}, watch.quitAtBox);
+    EXPECT_TRUE(QuitWasPosted());
 }
 
 TEST_F(ImageLoading, TheJpegLoaderReportsInItsOwnWords)
@@ -632,6 +642,23 @@ TEST_F(ImageLoading, ABitmapResourceIsPackedIntoABufferOfFourBytesAPixel)
     EXPECT_EQ(std::string("abcdefghijklmnopqr") + std::string(6, '\0'),
               std::string(image.data, image.data + 24));
     EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(ImageLoading, ABitmapResourceLeavesNothingInMemoryButItsPixels)
+{
+    const std::string bytes = SmallBitmap();
+    const platform::EmbeddedFile files[] = {
+        {"moon.bmp", reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()},
+        {nullptr, nullptr, 0},
+    };
+    platform::UseEmbeddedFiles(files);
+    const size_t before = BytesInUse();
+    for (int i = 0; i < 1000; i++) {
+        ImageData image = loader->LoadBitmapResource("moon.bmp");
+        FreeImage(&image);
+    }
+    platform::UseEmbeddedFiles(nullptr);
+    EXPECT_LT(BytesInUse(), before + 1000) << "a byte for each";
 }
 
 TEST_F(ImageLoading, AResourceThatIsNoBitmapGivesNothingAndSaysNothing)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "resources/TextureLoader.h"
 
+#include "tests/support/BytesInUse.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
@@ -108,6 +109,17 @@ TEST_F(TextureCache, KeepsNothingOfAFileThatCannotBeHad)
     AddPicture("late.jpg", 2, 2);
     EXPECT_NE(nullptr, loader->GetTexture("late.jpg", true, true, true));
     EXPECT_EQ(2u, boxes.size());
+}
+
+TEST_F(TextureCache, KeepsNoPixelsOfWhatGlHas)
+{
+    // What GL has is in memory too, where the calls are recorded: once for each texture.
+    const size_t mebibyte = 1 << 20; // 512 by 512 pixels of 4 bytes
+    const size_t before = BytesInUse();
+    EXPECT_TRUE(loader->CreateBlankTexture(512, 512, "blank"));
+    const size_t ofOne = BytesInUse() - before;
+    EXPECT_GE(ofOne, mebibyte);
+    EXPECT_LT(ofOne, mebibyte + mebibyte / 2);
 }
 
 TEST_F(TextureCache, RefusesANameOfFourCharactersWhateverTheDirectoryHolds)

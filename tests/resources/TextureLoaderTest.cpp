@@ -4,6 +4,7 @@
 
 #include "kernel/Report.h"
 #include "tests/resources/ImageLibrary.h"
+#include "tests/support/BoxWatch.h"
 #include "tests/support/ShowFixture.h"
 
 class LoaderBirth : public ShowFixture
@@ -55,6 +56,15 @@ TEST_F(LoaderBirth, Version167IsRecentEnoughAndARefusalIsNotRemembered)
     SetImageLibraryVersions(166, 166); // and now the loader is there
     EXPECT_NE(nullptr, TextureLoader::GetInstance());
     EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(LoaderBirth, AnOldImageLibraryIsReportedBeforeTheQuitIsPosted)
+{
+    SetImageLibraryVersions(166, 166);
+    BoxWatch watch;
+    EXPECT_EQ(nullptr, TextureLoader::GetInstance());
+    EXPECT_EQ(std::vector<bool>{false}, watch.quitAtBox);
+    EXPECT_TRUE(QuitWasPosted());
 }
 
 TEST_F(LoaderBirth, WithoutALoaderEveryRequestGivesNothing)

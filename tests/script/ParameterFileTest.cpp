@@ -293,6 +293,12 @@ TEST_F(Parameters, AKeyOf255BytesIsFound)
     EXPECT_EQ(4, ReadInteger("a 1\n" + key + " 4\n", key));
 }
 
+TEST_F(Parameters, AKeyOf256BytesIsNever)
+{
+    const std::string key(256, 'k');
+    EXPECT_EQ(-1, ReadInteger("a 1\n" + key + " 4\n", key));
+}
+
 TEST_F(Parameters, CloseAndReopen)
 {
     Put("speed 5\n");
@@ -351,6 +357,18 @@ TEST_F(Parameters, ADestroyedStoreHasClosedItsFile)
     EXPECT_TRUE(std::filesystem::exists("/proc/self/fd/" + std::to_string(descriptor)));
     delete store;
     EXPECT_FALSE(std::filesystem::exists("/proc/self/fd/" + std::to_string(descriptor)));
+}
+
+TEST_F(Parameters, OpenedAgainAStoreHasOneFileOpenAsBefore)
+{
+    ParameterFile store("store");
+    const int next = dup(STDOUT_FILENO); // the lowest number that is free
+    close(next);
+    store.Open();
+    store.Reopen();
+    const int nextNow = dup(STDOUT_FILENO);
+    close(nextNow);
+    EXPECT_EQ(next, nextNow);
 }
 
 TEST_F(Parameters, NumbersAreTheSameUnderALocaleWithADecimalComma)

@@ -330,6 +330,13 @@ TEST_F(ScriptBlocksTest, StepsGoWithASingleTimeAndTheirDeltaOnly)
     EXPECT_EQ((Floats{1.0f, 2.0f, 3.0f, 4.0f}), Times());
 }
 
+TEST_F(ScriptBlocksTest, StepsOrTheirDeltaWithoutItsSemicolonIsAbsent)
+{
+    ParseMessage("ActivationTime=1000;TimeDelta=500;Steps=4");
+    ParseMessage("ActivationTime=2000;Steps=4;TimeDelta=500");
+    EXPECT_EQ((Floats{1.0f, 2.0f}), Times());
+}
+
 TEST_F(ScriptBlocksTest, ANegativeDeltaWalksBackwardIntoHugeTimes)
 {
     ParseMessage("ActivationTime=100;Steps=3;TimeDelta=-100;");

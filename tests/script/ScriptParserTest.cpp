@@ -270,6 +270,17 @@ TEST_F(ScriptFileTest, WhatIsNoFileIsReportedLikeAMissingScript)
     }
 }
 
+TEST_F(ScriptFileTest, TheFileIsClosedAgain)
+{
+    ASSERT_TRUE(Load(""));
+    const int next = dup(STDOUT_FILENO); // the lowest number that is free
+    close(next);
+    ASSERT_TRUE(Load("[MUSIC]"));
+    const int nextNow = dup(STDOUT_FILENO);
+    close(nextNow);
+    EXPECT_EQ(next, nextNow);
+}
+
 TEST_F(ScriptFileTest, AnEmptyFileIsLoadedAndLeavesAnEmptyTimeline)
 {
     EXPECT_TRUE(Load(""));
