@@ -58,6 +58,10 @@ enum TimelineAction {
     NudgeLaterBar,
     LayerUp, // to the front
     LayerDown,
+    SelectNext, // the item that follows in time
+    SelectPrevious,
+    StartToPlayHead, // stretches the selected entries
+    StopToPlayHead,
     NewItem, // opens the menu of new entries and messages, at the play head
     Tap      // sets the chosen message at the moment that is heard
 };

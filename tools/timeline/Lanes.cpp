@@ -75,16 +75,6 @@ static void NameLane(const PlacedLane& lane, bool front, bool back, Layout* layo
         AddGutterText(place, CaptionText, Slate, middle + 13, layout);
 }
 
-static std::string NoteOf(const Entry& entry, const Tempo& tempo)
-{
-    const auto bar = [&](double seconds) {
-        char figure[32];
-        snprintf(figure, sizeof figure, "%.4g", std::round(seconds / tempo.BarSeconds() * 100) / 100);
-        return std::string(figure);
-    };
-    return "bars " + bar(entry.start) + "\xe2\x80\x93" + bar(entry.stop);
-}
-
 // The name inside the bar if it fits, else behind it as far as `free`, else whatever shows more of it.
 static void NameBar(const Entry& entry, const Size& size, double free, const Layout& layout, PlacedBar* bar)
 {
@@ -102,7 +92,7 @@ static void NameBar(const Entry& entry, const Size& size, double free, const Lay
             const bool again = x > box.x + nameInset;
             bar->texts.push_back(PlaceText(name, EntryText, again ? Faded(Ink, 0.55f) : Ink, x, baseline));
         }
-        const std::string note = NoteOf(entry, layout.tempo);
+        const std::string note = BarsNote(entry, layout.tempo);
         const double noteLeft = box.x + nameInset + width + nameGap;
         if (noteLeft + TextWidth(note, NoteText) <= box.Right() - 4)
             bar->texts.push_back(PlaceText(note, NoteText, Slate, noteLeft, baseline));

@@ -141,8 +141,7 @@ static double PlaceMusic(const TimelineModel& model, double y, Layout* layout)
     if (!music.file.empty())
         AddGutterText(Clean(music.file), CaptionText, Slate, middle + 13, layout);
     if (!music.plays) {
-        const std::string words = music.file.empty() ? "no music: the show plays in silence"
-                                                     : "this file can't be opened: the show will not start";
+        const std::string words = MusicNote(music);
         const std::string shown = Elide(words, NoteText, layout->plotEnd - layout->zero - 12);
         if (!shown.empty())
             layout->musicTexts.push_back(

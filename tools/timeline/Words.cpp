@@ -2,6 +2,7 @@
 #include "tools/timeline/Words.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <set>
 
@@ -48,6 +49,16 @@ std::vector<std::string> Summary(const TimelineModel& model, const Tempo& tempo)
              tempo.beatsPerMinute, tempo.beatsPerBar, tempo.BeatSeconds() * 1000, tempo.BarSeconds() * 1000);
     phrases.push_back(figure);
     return phrases;
+}
+
+std::string BarsNote(const Entry& entry, const Tempo& tempo)
+{
+    const auto bar = [&](double seconds) {
+        char figure[32];
+        snprintf(figure, sizeof figure, "%.4g", std::round(seconds / tempo.BarSeconds() * 100) / 100);
+        return std::string(figure);
+    };
+    return "bars " + bar(entry.start) + "\xe2\x80\x93" + bar(entry.stop);
 }
 
 static std::string Moment(double seconds, const Tempo& tempo)
@@ -161,6 +172,14 @@ std::string LoadingTitle(const TimelineModel& model)
     for (const auto& [name, count] : names)
         title += "\n" + std::to_string(count) + " s  " + name;
     return title;
+}
+
+std::string MusicNote(const Music& music)
+{
+    if (music.plays)
+        return "";
+    return music.file.empty() ? "no music: the show plays in silence"
+                              : "this file can't be opened: the show will not start";
 }
 
 std::string MusicTitle(const TimelineModel& model)

@@ -24,7 +24,14 @@ std::string MessagesTitle(const TimelineModel& model, const std::vector<size_t>&
 
 std::string LoadingTitle(const TimelineModel& model);
 std::string MusicTitle(const TimelineModel& model);
+
+// What stands in the lane of a music that does not play; empty if it plays.
+std::string MusicNote(const Music& music);
+
 std::string RemarksTitle(const TimelineModel& model, const std::vector<size_t>& remarks);
+
+// "bars 0\xe2\x80\x9348.5", with an en dash: where an entry lies.
+std::string BarsNote(const Entry& entry, const Tempo& tempo);
 
 // "one entry", "3 entries".
 std::string Count(size_t number, const std::string& one, const std::string& several);
