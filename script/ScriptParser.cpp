@@ -102,7 +102,7 @@ void ScriptParser::ReadBlocks(FILE* file)
 }
 
 // isalnum would not do: which bytes it takes for letters depends on the locale.
-static bool IsPermitted(int c)
+bool ScriptParser::Keeps(int c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '[' ||
            c == ']' || c == '.' || c == ',' || c == ';' || c == '_' || c == '=' || c == '-';
@@ -118,7 +118,7 @@ std::string ScriptParser::ReadFiltered(FILE* file)
         if (c == '#') {
             inComment = !inComment;
             fate = ByteMark;
-        } else if (!inComment && IsPermitted(c)) {
+        } else if (!inComment && Keeps(c)) {
             stream += char(c);
             fate = ByteKept;
         }

@@ -37,6 +37,9 @@ public:
     // Reads the blocks of an open file, from its present position to its end. Load does this with its file.
     void ReadBlocks(FILE* file);
 
+    // True for a character that the stream holds where it stands outside comments.
+    static bool Keeps(int c);
+
     // The lexical layer. NextBlock, ReadBlockBody and PopChar remove from the front of the stream what they
     // read.
     std::string ReadFiltered(FILE* file);

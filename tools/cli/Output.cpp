@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/cli/Output.h"
 
+#include "tools/cli/ReplaceFile.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace cli
 {
@@ -34,50 +32,10 @@ static bool WriteInto(const std::string& path, const std::string& text)
     return file && WriteText(file, text);
 }
 
-// What the file has if it is there, and else what a new one gets.
-static mode_t ModeOf(const std::string& path)
-{
-    struct stat there = {};
-    if (stat(path.c_str(), &there) == 0)
-        return there.st_mode & 07777;
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
-// The path that a link, or a chain of them, leads to; that need not be there.
-static std::string TargetOf(const std::string& path)
-{
-    std::error_code error;
-    fs::path target = path;
-    for (int links = 0; links < 40 && fs::is_symlink(target, error); links++) {
-        const fs::path next = fs::read_symlink(target, error);
-        target = next.is_absolute() ? next : target.parent_path() / next;
-    }
-    return target.string();
-}
-
-// Writes beside the file and puts the new one in its place when it is complete.
-static bool ReplaceFile(const std::string& path, const std::string& text)
-{
-    std::string beside = path + ".XXXXXX";
-    const int descriptor = mkstemp(beside.data()); // never a file or a link that is there already
-    if (descriptor < 0)
-        return WriteInto(path, text); // a file of ours in a folder that is not
-    FILE* const file = fdopen(descriptor, "wb");
-    const bool written = fchmod(descriptor, ModeOf(path)) == 0 && WriteText(file, text);
-    if (written && rename(beside.c_str(), path.c_str()) == 0)
-        return true;
-    const int cause = errno;
-    unlink(beside.c_str());
-    errno = cause;
-    return false;
-}
-
 bool WriteOutput(const std::string& path, const std::string& text, std::string* reason)
 {
     std::error_code error;
-    const std::string target = TargetOf(path);
+    const std::string target = FollowLinks(path);
     const fs::file_status there = fs::status(target, error);
     signal(SIGXFSZ, SIG_IGN); // a limit of the file's size is an error of write then
     bool written = false;
@@ -88,7 +46,9 @@ bool WriteOutput(const std::string& path, const std::string& text, std::string* 
     else if (fs::exists(there) && !fs::is_regular_file(there))
         written = WriteInto(path, text); // a device or a pipe
     else
-        written = ReplaceFile(target, text);
+        written = ReplaceFile(target, text, Buffered, OwnerMayChange) ||
+                  ((errno == EACCES || errno == EROFS) &&
+                   WriteInto(path, text)); // a file of ours in a folder that is not
     if (!written)
         *reason = strerror(errno);
     return written;

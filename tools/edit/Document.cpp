@@ -1,21 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/Document.h"
 
+#include "tools/edit/ShiftItems.h"
+#include "tools/edit/ValueText.h"
+
 namespace edit
 {
 
-Document::Document() : revision(1), recoveredAt(0), recoveredRevision(1) {}
+static const double recoveryInterval = 1; // seconds
+
+Document::Document() : revision(1), recoveredAt(-recoveryInterval), recoveredRevision(0) {}
 
 Document::~Document() {}
 
 void Document::SetText(std::string newText)
 {
-    if (newText == text)
-        return;
+    if (newText != text)
+        SetText(newText, ReadOutline(newText));
+}
+
+void Document::SetText(std::string newText, Outline newOutline)
+{
     text = std::move(newText);
-    outline = ReadOutline(text);
+    outline = std::move(newOutline);
     revision++;
 }
+
+// ---- The file
 
 bool Document::Open(std::string path, std::string* reason)
 {
@@ -23,27 +34,38 @@ bool Document::Open(std::string path, std::string* reason)
         return false;
     SetText(file.Content());
     undo.Clear();
+    recovery.Remove();
+    recoveredRevision = 0;
     return true;
 }
 
 bool Document::IsModified() const
 {
-    return text != file.Content();
+    return !file.Holds(text);
 }
 
 bool Document::Save(std::string* reason)
 {
     const DiskState state = LookAtDisk();
     if (state == DiskChanged || state == DiskConflict) {
-        *reason = "Another program has written the script.";
+        *reason = "Another program has written " + Path() + " since it was read.";
         return false;
     }
-    return file.Save(text, reason);
+    return SaveAs(Path(), reason);
 }
 
 bool Document::SaveAs(std::string path, std::string* reason)
 {
-    return file.SaveAs(path, text, reason);
+    const bool isNew = path != Path();
+    if (!file.SaveAs(path, text, reason))
+        return false;
+    undo.EndGesture();
+    if (isNew)
+        recovery.Remove(); // its place bears the old name
+    else
+        recovery.Clear();
+    recoveredRevision = 0;
+    return true;
 }
 
 DiskState Document::LookAtDisk()
@@ -67,6 +89,8 @@ void Document::KeepMine()
     file.Accept(&reason);
 }
 
+// ---- Undo
+
 bool Document::Undo()
 {
     const bool can = CanUndo();
@@ -81,86 +105,198 @@ bool Document::Redo()
     return can;
 }
 
-void Document::Tick(double) {}
+// ---- Recovery
+
+void Document::Tick(double seconds)
+{
+    if (seconds - recoveredAt < recoveryInterval)
+        return;
+    if (!IsModified()) {
+        if (recoveredRevision != 0)
+            recovery.Clear();
+        recoveredRevision = 0;
+    } else if (recoveredRevision != revision) {
+        recoveredAt = seconds;
+        WriteRecovery();
+    }
+}
+
 bool Document::WriteRecovery()
 {
+    recoveryFailure.clear();
+    if (!IsModified() || recoveredRevision == revision)
+        return true;
+    if (!(recovery.IsOpen() || recovery.Open(Path(), &recoveryFailure)) ||
+        !recovery.Write(text, &recoveryFailure))
+        return false;
+    recoveredRevision = revision;
     return true;
 }
+
 bool Document::FindRecovery(const std::string& path, Recovery* found)
 {
-    return RecoveryFile::Find(path, found);
+    ScriptFile saved;
+    std::string reason;
+    const bool readable = !path.empty() && saved.Open(path, &reason);
+    return RecoveryFile::Find(path, readable ? &saved.Content() : nullptr, found);
 }
+
 bool Document::Recover(const Recovery& found)
 {
+    if (found.text.size() > lint::Reading::contentLimit)
+        return false;
     undo.Add("Recover unsaved work", text, found.text, 0);
     SetText(found.text);
+    if (WriteRecovery())
+        RecoveryFile::Discard(found);
     return true;
 }
+
 void Document::DiscardRecovery(const Recovery& found)
 {
     RecoveryFile::Discard(found);
 }
 
-bool Document::Move(std::vector<ItemId>, int64_t, int64_t, uint64_t)
+// ---- Edits
+
+bool Document::Change(const std::string& name, uint64_t gesture, const Operation& operation,
+                      const Additions* additions, std::vector<ItemId>* items)
 {
-    return false;
+    refusal.clear();
+    if (gesture != 0 && !undo.Continues(gesture)) {
+        gestureText = text;
+        gestureOutline = outline;
+    }
+    const std::string& before = gesture != 0 ? gestureText : text;
+    ScriptEdit script(before, gesture != 0 ? gestureOutline : outline);
+    std::string after;
+    Outline read;
+    if (!operation(&script) || !script.Finish(&after, &read)) {
+        refusal = script.Refusal();
+        return false;
+    }
+    if (additions)
+        *items = additions->Items(script);
+    undo.Add(name, before, after, gesture);
+    if (after != text)
+        SetText(std::move(after), std::move(read));
+    return true;
 }
-bool Document::Stretch(std::vector<ItemId>, bool, int64_t, uint64_t)
+
+bool Document::Move(std::vector<ItemId> items, int64_t milliseconds, int64_t layers, uint64_t gesture)
 {
-    return false;
+    return Change("Move", gesture,
+                  [&](ScriptEdit* script) { return MoveItems(script, items, milliseconds, layers); });
 }
-bool Document::SetTime(ItemId, uint32_t, uint64_t)
+
+bool Document::Stretch(std::vector<ItemId> items, bool stopEdge, int64_t milliseconds, uint64_t gesture)
 {
-    return false;
+    return Change("Stretch", gesture,
+                  [&](ScriptEdit* script) { return StretchItems(script, items, stopEdge, milliseconds); });
 }
-bool Document::SetValue(size_t, std::string, std::string, uint64_t)
+
+bool Document::SetTime(ItemId item, uint32_t milliseconds, uint64_t gesture)
 {
-    return false;
+    return Change("Set Time", gesture,
+                  [&](ScriptEdit* script) { return SetItemTime(script, item, milliseconds); });
 }
-std::vector<ItemId> Document::Duplicate(std::vector<ItemId>, int64_t)
+
+bool Document::SetValue(size_t block, std::string key, std::string value, uint64_t gesture)
 {
-    return {};
+    return Change("Set " + key, gesture,
+                  [&](ScriptEdit* script) { return SetBlockValue(script, block, key, value); });
 }
-bool Document::Delete(std::vector<ItemId>)
+
+std::vector<ItemId> Document::Duplicate(std::vector<ItemId> items, int64_t milliseconds)
 {
-    return false;
+    Additions added;
+    std::vector<ItemId> copies;
+    Change(
+        "Duplicate", 0,
+        [&](ScriptEdit* script) { return DuplicateItems(script, items, milliseconds, &added); }, &added,
+        &copies);
+    return copies;
 }
-std::string Document::Copy(std::vector<ItemId>) const
+
+bool Document::Delete(std::vector<ItemId> items)
 {
-    return "";
+    return Change("Delete", 0, [&](ScriptEdit* script) { return DeleteItems(script, items); });
 }
-std::vector<ItemId> Document::Paste(std::string, uint32_t)
+
+std::string Document::Copy(std::vector<ItemId> items) const
 {
-    return {};
+    std::string copy;
+    return CopyItems(text, outline, items, &copy) ? copy : "";
 }
-std::optional<ItemId> Document::InsertEntry(std::string, uint32_t, uint32_t, uint32_t)
+
+std::vector<ItemId> Document::Paste(std::string blocks, uint32_t atMilliseconds)
 {
-    return std::nullopt;
+    Additions added;
+    std::vector<ItemId> pasted;
+    Change(
+        "Paste", 0, [&](ScriptEdit* script) { return PasteBlocks(script, blocks, atMilliseconds, &added); },
+        &added, &pasted);
+    return pasted;
 }
-std::optional<ItemId> Document::InsertMessage(std::string, std::string, uint32_t, std::string)
+
+std::optional<ItemId> Document::Insert(const std::string& name, const Operation& operation,
+                                       const Additions* added)
 {
-    return std::nullopt;
+    std::vector<ItemId> items;
+    if (!Change(name, 0, operation, added, &items) || items.empty())
+        return std::nullopt;
+    return items[0];
 }
-std::optional<ItemId> Document::AddTime(size_t, uint32_t)
+
+std::optional<ItemId> Document::InsertEntry(std::string effect, uint32_t start, uint32_t stop, uint32_t layer)
 {
-    return std::nullopt;
+    Additions added;
+    return Insert(
+        "New Entry",
+        [&](ScriptEdit* script) { return edit::InsertEntry(script, effect, start, stop, layer, &added); },
+        &added);
 }
-bool Document::TakeApart(size_t)
+
+std::optional<ItemId> Document::InsertMessage(std::string effect, std::string message, uint32_t time,
+                                              std::string parameters)
 {
-    return false;
+    Additions added;
+    return Insert(
+        "New Message",
+        [&](ScriptEdit* script) {
+            return edit::InsertMessage(script, effect, message, time, parameters, &added);
+        },
+        &added);
 }
-bool Document::SetMusic(std::string)
+
+std::optional<ItemId> Document::AddTime(size_t block, uint32_t milliseconds)
 {
-    return false;
+    Additions added;
+    return Insert(
+        "New Message", [&](ScriptEdit* script) { return AddTimeToList(script, block, milliseconds, &added); },
+        &added);
 }
-bool Document::SetColorScheme(const ColorScheme&)
+
+bool Document::TakeApart(size_t block)
 {
-    return false;
+    return Change("Take Apart", 0, [&](ScriptEdit* script) { return TakeGroupApart(script, block); });
 }
+
+bool Document::SetMusic(std::string fileName)
+{
+    return Change("Set Music", 0, [&](ScriptEdit* script) { return SetMusicFile(script, fileName); });
+}
+
+bool Document::SetColorScheme(const ColorScheme& scheme)
+{
+    return Change("Set Colours", 0, [&](ScriptEdit* script) { return SetColors(script, scheme); });
+}
+
 bool Document::CanCure(const lint::Finding&)
 {
     return false;
 }
+
 bool Document::ApplyCure(const lint::Finding&, const lint::Options&)
 {
     return false;

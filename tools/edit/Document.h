@@ -17,6 +17,7 @@
 #pragma once
 
 #include "kernel/ColorScheme.h"
+#include "tools/edit/EditBlocks.h"
 #include "tools/edit/Outline.h"
 #include "tools/edit/RecoveryFile.h"
 #include "tools/edit/ScriptFile.h"
@@ -24,6 +25,7 @@
 #include "tools/lint/Lint.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -86,6 +88,9 @@ public:
     void Tick(double seconds);
     bool WriteRecovery(); // at once; true if nothing is unsaved or it is on disk
 
+    // Why the last attempt failed, in the system's words; empty: it did not.
+    std::string RecoveryFailure() const { return recoveryFailure; }
+
     // Work on the script that a process left behind, if it differs from the file. Offer it after Open.
     static bool FindRecovery(const std::string& path, Recovery* found);
     bool Recover(const Recovery& found); // takes it over as one step of undo
@@ -147,17 +152,29 @@ public:
     bool ApplyCure(const lint::Finding& finding, const lint::Options& options = {});
 
 private:
+    typedef std::function<bool(ScriptEdit*)> Operation;
+
+    bool Change(const std::string& name, uint64_t gesture, const Operation& operation,
+                const Additions* additions = nullptr, std::vector<ItemId>* items = nullptr);
+    std::optional<ItemId> Insert(const std::string& name, const Operation& operation, const Additions* added);
     void SetText(std::string newText);
+    void SetText(std::string newText, Outline newOutline);
 
     std::string text;
-    Outline outline;
+    Outline outline; // of the text
     uint64_t revision;
     std::string refusal;
     ScriptFile file;
     UndoStack undo;
+
+    // What a gesture began with.
+    std::string gestureText;
+    Outline gestureOutline;
+
     RecoveryFile recovery;
-    double recoveredAt;         // of Tick's clock
-    uint64_t recoveredRevision; // that is in the recovery file
+    std::string recoveryFailure;
+    double recoveredAt;         // by Tick's clock
+    uint64_t recoveredRevision; // that is in the recovery file; 0: there is none
 };
 
 } // namespace edit

@@ -98,20 +98,24 @@ static OutlineBlock ReadBlock(const lint::Reading& script, const lint::Block& re
     OutlineBlock block;
     block.type = read.type;
     block.place = PlaceOf(script, read.header, read.body + read.text.size());
+    block.header = PlaceOf(script, read.header, read.body);
     const lint::TextPosition position = script.PositionInStream(read.header);
     block.line = position.line;
     block.column = position.column;
     for (const lint::Entry& entry : lint::SplitEntries(read)) {
-        if (!Counts(read, entry) || block.FindValue(entry.key))
+        if (entry.key.empty())
             continue;
-        const size_t first = entry.valuePlaces.front();
-        block.values.push_back(
-            {entry.key, entry.value,
-             PlaceOf(script, first,
-                     entry.valuePlaces.size() > 1 ? entry.valuePlaces[entry.valuePlaces.size() - 2] + 1
-                                                  : first),
-             PlaceOf(script, entry.begin, entry.begin + entry.text.size())});
-        if (read.type == BlockMessage && entry.key == key::ActivationTime)
+        const bool used = Counts(read, entry) && !block.FindValue(entry.key);
+        const std::vector<uint32_t>& places = entry.valuePlaces;
+        const size_t valueEnd = entry.value.empty() ? places[0] : places[entry.value.size() - 1] + 1;
+        const OutlineValue value = {entry.key,
+                                    entry.value,
+                                    PlaceOf(script, places[0], valueEnd),
+                                    PlaceOf(script, entry.begin, entry.begin + entry.text.size()),
+                                    entry.ended,
+                                    entry.IsBroken()};
+        (used ? block.values : block.unused).push_back(value);
+        if (used && entry.key == key::ActivationTime)
             AddTimes(script, entry, &block);
     }
     switch (read.type) {

@@ -22,12 +22,14 @@ struct Place {
     bool operator==(const Place& other) const { return begin == other.begin && end == other.end; }
 };
 
-// An entry Key=Value; that the reader uses.
+// An entry Key=Value;.
 struct OutlineValue {
     std::string key;
-    std::string text; // as the reader takes it: without blanks and comments
-    Place place;      // of the value in the file, blanks and comments inside it included
-    Place entry;      // from the key to the ; or, in [MUSIC] alone, to the end of the block
+    std::string text;    // as the reader takes it: without blanks and comments
+    Place place;         // of the value in the file, blanks and comments inside it included
+    Place entry;         // from the key to the ; or, without one, to the end of the value
+    bool ended = false;  // true if it has its ;
+    bool broken = false; // true if it runs on into the next entry for want of a ;
 };
 
 // One time of an ActivationTime.
@@ -40,8 +42,9 @@ struct OutlineTime {
 struct OutlineBlock {
     BlockType type = BlockNone; // never BlockNone in an outline
     Place place;                // from its header to its last byte that the reader keeps
-    int line = 0, column = 0;   // of the header, from 1; the column in characters
-    int messageBlock = -1;      // the number among the [MESSAGE] blocks, as lint::SentMessage::block; else -1
+    Place header;
+    int line = 0, column = 0; // of the header, from 1; the column in characters
+    int messageBlock = -1;    // the number among the [MESSAGE] blocks, as lint::SentMessage::block; else -1
 
     // True if the player gets something from the block: an entry, a message, music, a colour scheme. False if
     // a key is missing or there is no such effect.
@@ -57,7 +60,10 @@ struct OutlineBlock {
     std::vector<float> parameters;  // as the effect gets them
     std::string fileName;           // of a [MUSIC]
 
-    std::vector<OutlineValue> values; // in the order of the script
+    std::vector<OutlineValue> values; // that the reader uses, in the order of the script
+
+    // Entries under a key that the reader passes over: repeated ones, and the last of the block without its ;.
+    std::vector<OutlineValue> unused;
 
     const OutlineValue* FindValue(const std::string& key) const; // null: the reader finds none
     bool ValueOf(const std::string& key, std::string* text, Place* valuePlace = nullptr) const;

@@ -23,6 +23,8 @@ public:
     RecoveryFile();
     ~RecoveryFile(); // removes the file, as Remove
 
+    bool IsOpen() const { return !file.empty(); }
+
     RecoveryFile(const RecoveryFile&) = delete;
     RecoveryFile& operator=(const RecoveryFile&) = delete;
 
@@ -42,13 +44,15 @@ public:
     // Clear, and gives the place back.
     void Remove();
 
-    // The newest work that a process left behind for the script. False: there is none.
-    static bool Find(const std::string& scriptPath, Recovery* found);
+    // The newest work that a process left behind for the script. False: there is none. Work that is the same as
+    // *saved, the text of the script's file, is none, and is removed; null: there is no such file.
+    static bool Find(const std::string& scriptPath, const std::string* saved, Recovery* found);
     static void Discard(const Recovery& recovery);
 
 private:
-    std::string file; // empty: no place
-    int lock;         // descriptor of the lock file, -1: none
+    std::string file;       // empty: no place
+    std::string scriptPath; // canonical
+    int lock;               // descriptor of the lock file, -1: none
 };
 
 } // namespace edit

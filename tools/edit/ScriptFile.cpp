@@ -2,7 +2,7 @@
 #include "tools/edit/ScriptFile.h"
 
 #include "tools/cli/Input.h"
-#include "tools/cli/Output.h"
+#include "tools/cli/ReplaceFile.h"
 #include "tools/lint/Reading.h"
 
 #include <cerrno>
@@ -10,6 +10,7 @@
 #include <ctime>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace edit
 {
@@ -29,7 +30,7 @@ static int64_t Now()
     return Nanoseconds(now);
 }
 
-ScriptFile::ScriptFile() : settled(false) {}
+ScriptFile::ScriptFile() : settled(false), missing(false) {}
 
 ScriptFile::Stamp ScriptFile::StampOf(const std::string& path)
 {
@@ -72,7 +73,22 @@ bool ScriptFile::Open(const std::string& newPath, std::string* reason)
     content = text;
     stamp = before;
     settled = Now() - stamp.changed > coarsestStamp;
+    missing = false;
     return true;
+}
+
+// A sentence why the file can't be replaced; empty: nothing speaks against it.
+static std::string ComplaintAbout(const std::string& target)
+{
+    struct stat there = {};
+    if (stat(target.c_str(), &there) != 0)
+        return "";
+    if (!S_ISREG(there.st_mode))
+        return target + " is not a regular file.";
+    // Replacing it would go past its mode, and root may write to it all the same.
+    if ((there.st_mode & 0222) == 0 || access(target.c_str(), W_OK) != 0)
+        return target + " is read-only.";
+    return "";
 }
 
 bool ScriptFile::Save(const std::string& text, std::string* reason)
@@ -86,12 +102,19 @@ bool ScriptFile::SaveAs(const std::string& newPath, const std::string& text, std
         *reason = "The script has no name yet.";
         return false;
     }
-    if (!cli::WriteOutput(newPath, text, reason))
+    const std::string target = cli::FollowLinks(newPath);
+    *reason = ComplaintAbout(target);
+    if (!reason->empty())
         return false;
+    if (!cli::ReplaceFile(target, text, cli::Flushed, cli::OwnerIsKept)) {
+        *reason = target + " can't be written: " + strerror(errno) + ".";
+        return false;
+    }
     path = newPath;
     content = text;
     stamp = StampOf(path);
     settled = false;
+    missing = false;
     return true;
 }
 
@@ -100,10 +123,9 @@ DiskState ScriptFile::Look(const std::string& text)
     const Stamp now = StampOf(path);
     if (path.empty() || (now == stamp && (settled || !now.exists)))
         return DiskSame;
-    if (!now.exists)
-        return DiskGone;
     std::string there, reason;
-    if (!ReadScriptFile(path, &there, &reason))
+    missing = !now.exists || !ReadScriptFile(path, &there, &reason);
+    if (missing)
         return DiskGone;
     if (there != content && there != text)
         return text == content ? DiskChanged : DiskConflict;
@@ -122,6 +144,7 @@ bool ScriptFile::Accept(std::string* reason)
     content = there;
     stamp = now;
     settled = false;
+    missing = !readable;
     return readable;
 }
 

@@ -26,6 +26,9 @@ public:
         return content;
     } // that the file had when it was last taken notice of
 
+    // True if the file is there, as far as is known, and holds this text. Without a path: if the text is empty.
+    bool Holds(const std::string& text) const { return !missing && text == content; }
+
     // Reads a regular file of at most lint::Reading::contentLimit bytes. False: *reason says why, and the object is as
     // it was.
     bool Open(const std::string& newPath, std::string* reason);
@@ -57,6 +60,7 @@ private:
     std::string content;
     Stamp stamp;
     bool settled; // the stamp is old enough to move with the next change
+    bool missing; // there was no file when it was last looked for
 };
 
 } // namespace edit

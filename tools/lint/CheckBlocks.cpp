@@ -15,21 +15,6 @@ namespace lint
 
 // ---- Keys
 
-// An entry whose ; is missing contains the next key as well. Returns where that key begins in the text of the
-// entry, or npos.
-static size_t FindSwallowedKey(const Entry& entry, const BlockSyntax& keys)
-{
-    const size_t first = entry.text.find('=');
-    if (first == std::string::npos)
-        return std::string::npos;
-    for (size_t next = entry.text.find('=', first + 1); next != std::string::npos;
-         next = entry.text.find('=', next + 1))
-        for (const std::string& key : keys.keys)
-            if (next >= first + 1 + key.size() && entry.text.compare(next - key.size(), key.size(), key) == 0)
-                return next - key.size();
-    return std::string::npos;
-}
-
 static void CheckEnd(const Block& block, const Entry& entry, Findings* findings)
 {
     const bool isMusic = block.type == BlockMusic && entry.key == key::FileName;
@@ -75,21 +60,20 @@ static void CheckBlanks(const Reading& script, const Entry& entry, Findings* fin
     }
 }
 
-static void CheckEntry(const Reading& script, const Block& block, Entry& entry,
+static void CheckEntry(const Reading& script, const Block& block, const Entry& entry,
                        const std::vector<Entry>& entries, Findings* findings)
 {
     const BlockSyntax& keys = SyntaxOf(block.type);
     if (entry.text == ";")
         return;
-    const size_t swallowed = FindSwallowedKey(entry, keys);
-    if (swallowed != std::string::npos) {
+    if (entry.IsBroken()) {
+        const size_t swallowed = entry.swallowed;
         const std::string key = entry.text.substr(swallowed, entry.text.find('=', swallowed) - swallowed);
         findings->Add(Error, "missing-semicolon", entry.begin + swallowed,
                       "A ; is missing between " + Quote(entry.text.substr(0, swallowed)) + " and " + key +
                           ".",
                       "All of it is one entry, and the reader does not find " + key + ".",
                       "Put a ; ahead of " + key + ".");
-        entry.broken = true;
         return;
     }
     if (!entry.ended)
@@ -124,7 +108,7 @@ static bool IsToldElsewhere(const std::vector<Entry>& entries, const std::string
 {
     for (const Entry& entry : entries)
         if ((!entry.ended && entry.key == key) ||
-            (entry.broken && entry.text.find(key + "=") != std::string::npos))
+            (entry.IsBroken() && entry.text.find(key + "=") != std::string::npos))
             return true;
     return false;
 }
@@ -279,8 +263,8 @@ void CheckBlocks(const Reading& script, const EffectRegistry& registry, Findings
     for (const Block& block : script.blocks) {
         if (block.type == BlockNone)
             continue;
-        std::vector<Entry> entries = SplitEntries(block);
-        for (Entry& entry : entries)
+        const std::vector<Entry> entries = SplitEntries(block);
+        for (const Entry& entry : entries)
             CheckEntry(script, block, entry, entries, findings);
         CheckNeeded(block, entries, findings);
         switch (block.type) {
@@ -295,7 +279,7 @@ void CheckBlocks(const Reading& script, const EffectRegistry& registry, Findings
             break;
         case BlockColorScheme:
             for (const Entry& entry : entries)
-                if (entry.counts && !entry.broken)
+                if (entry.counts && !entry.IsBroken())
                     CheckColour(entry, findings);
             break;
         case BlockNone:

@@ -28,6 +28,21 @@ static void FindValuePlaces(Entry* entry)
     entry->valuePlaces.push_back(uint32_t(entry->begin + end));
 }
 
+// An entry whose ; is missing contains the next key as well. Returns where that key begins in the text of the
+// entry, or npos.
+static size_t FindSwallowedKey(const Entry& entry, const BlockSyntax& keys)
+{
+    const size_t first = entry.text.find('=');
+    if (first == std::string::npos)
+        return std::string::npos;
+    for (size_t next = entry.text.find('=', first + 1); next != std::string::npos;
+         next = entry.text.find('=', next + 1))
+        for (const std::string& key : keys.keys)
+            if (next >= first + 1 + key.size() && entry.text.compare(next - key.size(), key.size(), key) == 0)
+                return next - key.size();
+    return std::string::npos;
+}
+
 std::vector<Entry> SplitEntries(const Block& block)
 {
     // At a ; ScriptParser::GetValue forgets all but the value that it has found, so that it gives the same
@@ -38,8 +53,15 @@ std::vector<Entry> SplitEntries(const Block& block)
         const size_t semicolon = block.text.find(';', begin);
         const bool ended = semicolon != std::string::npos;
         const size_t end = ended ? semicolon + 1 : block.text.size();
-        Entry entry = {
-            block.text.substr(begin, end - begin), block.body + begin, ended, "", "", "", {}, false, false};
+        Entry entry = {block.text.substr(begin, end - begin),
+                       block.body + begin,
+                       ended,
+                       "",
+                       "",
+                       "",
+                       {},
+                       false,
+                       std::string::npos};
         entry.word = entry.text.substr(0, entry.text.find_first_of("=;"));
         for (const std::string& key : SyntaxOf(block.type).keys) {
             std::string value;
@@ -51,6 +73,7 @@ std::vector<Entry> SplitEntries(const Block& block)
         }
         entry.counts = ended && !entry.key.empty() && !FindEntry(entries, entry.key);
         FindValuePlaces(&entry);
+        entry.swallowed = FindSwallowedKey(entry, SyntaxOf(block.type));
         entries.push_back(std::move(entry));
         begin = end;
     }
@@ -68,7 +91,7 @@ const Entry* FindEntry(const std::vector<Entry>& entries, const std::string& key
 const Entry* FindIntact(const std::vector<Entry>& entries, const std::string& key)
 {
     const Entry* const found = FindEntry(entries, key);
-    return found && !found->broken ? found : nullptr;
+    return found && !found->IsBroken() ? found : nullptr;
 }
 
 std::vector<Item> SplitItems(const Entry& entry)

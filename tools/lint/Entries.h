@@ -23,7 +23,11 @@ struct Entry {
     std::vector<uint32_t> valuePlaces;
 
     bool counts; // true if the reader uses it: it has its ;, and is the first with its key
-    bool broken; // true if it runs on into the next entry, so that its value is not what was meant
+
+    // Where in the text the next key begins, if the entry runs on into the next one for want of a ; and its value
+    // is not what was meant; else npos.
+    size_t swallowed;
+    bool IsBroken() const { return swallowed != std::string::npos; }
 };
 
 std::vector<Entry> SplitEntries(const Block& block);

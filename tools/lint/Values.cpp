@@ -178,19 +178,33 @@ static void CheckParameterItem(const Item& item, Findings* findings)
                       "Write a number that can be shown.");
 }
 
+static float ReadWithoutLast(const std::string& text)
+{
+    return float(atof(text.substr(0, text.size() - 1).c_str()));
+}
+
+std::string WithoutLoss(const std::string& last)
+{
+    const float read = ReadWithoutLast(last);
+    const float meant = float(atof(last.c_str()));
+    if (read == meant || (std::isnan(read) && std::isnan(meant)))
+        return last;
+    return last + (last.find('.') == std::string::npos ? ".0" : "") + "0";
+}
+
 // The last character of the list is lost unless it is a comma; see ScriptParser::ParseParameters.
 static void CheckLostCharacter(const Item& last, float* value, Findings* findings)
 {
     const std::string left = last.text.substr(0, last.text.size() - 1);
     const float meant = float(atof(last.text.c_str()));
-    *value = float(atof(left.c_str()));
-    if (*value == meant)
+    *value = ReadWithoutLast(last.text);
+    const std::string whole = WithoutLoss(last.text);
+    if (whole == last.text)
         return;
     findings->Add(Error, "lost-character", last.last, "The list of parameters loses its last character.",
                   "The last parameter is read from " + Quote(left) + ": " + Decimal(*value) + " instead of " +
                       Decimal(meant) + ".",
-                  "Write " + last.text + (last.text.find('.') == std::string::npos ? ".0" : "") +
-                      "0, of which nothing is missed.");
+                  "Write " + whole + ", of which nothing is missed.");
 }
 
 void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared, Findings* findings)

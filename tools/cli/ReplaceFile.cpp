@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "tools/cli/ReplaceFile.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace cli
+{
+
+namespace fs = std::filesystem;
+
+static const int maxLinks = 40;   // on the way to a file, as the kernel has it
+static const int maxNames = 1000; // that are tried for the file beside
+
+std::string FollowLinks(const std::string& path)
+{
+    std::error_code error;
+    fs::path target = path;
+    for (int links = 0; links < maxLinks && fs::is_symlink(target, error); links++) {
+        const fs::path next = fs::read_symlink(target, error);
+        target = next.is_absolute() ? next : target.parent_path() / next;
+    }
+    return target.string();
+}
+
+static std::string FolderOf(const std::string& path)
+{
+    const std::string folder = fs::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+// What a file gets that was not there before.
+static mode_t NewMode()
+{
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+static bool WriteAll(int file, const std::string& text)
+{
+    for (size_t done = 0; done < text.size();) {
+        const ssize_t written = write(file, text.data() + done, text.size() - done);
+        if (written < 0 && errno != EINTR)
+            return false;
+        done += written > 0 ? size_t(written) : 0;
+    }
+    return true;
+}
+
+// The owner comes first: a change of it can take bits of the mode away.
+static bool TakeAfter(int file, const struct stat& old, Ownership ownership)
+{
+    struct stat here = {};
+    if (ownership == OwnerIsKept && fstat(file, &here) == 0 &&
+        (here.st_uid != old.st_uid || here.st_gid != old.st_gid) && fchown(file, old.st_uid, old.st_gid) != 0)
+        return false;
+    return fchmod(file, old.st_mode & 07777) == 0;
+}
+
+// A name of the folder that nothing has yet.
+static std::string NameBeside(const std::string& folder, int number)
+{
+    return folder + "/.marlinex-" + std::to_string(getpid()) + "-" + std::to_string(number);
+}
+
+// A file without a name if the file system has such, so that nothing is left behind if the process dies; else one
+// with a name of its own.
+static int CreateBeside(const std::string& folder, std::string* name)
+{
+    name->clear();
+    const int nameless = open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    if (nameless >= 0)
+        return nameless;
+    for (int i = 0; i < maxNames; i++) {
+        *name = NameBeside(folder, i);
+        const int file = open(name->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (file >= 0 || errno != EEXIST)
+            return file;
+    }
+    return -1;
+}
+
+static bool GiveName(int file, const std::string& folder, std::string* name)
+{
+    if (!name->empty())
+        return true;
+    const std::string nameless = "/proc/self/fd/" + std::to_string(file);
+    for (int i = 0; i < maxNames; i++) {
+        const std::string wished = NameBeside(folder, i);
+        if (linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, wished.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+            *name = wished;
+            return true;
+        }
+        if (errno != EEXIST)
+            return false;
+    }
+    return false;
+}
+
+// A name is on the disk when its folder is. Not every file system can flush one, which is no fault of the file.
+static void FlushFolder(const std::string& folder)
+{
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+bool ReplaceFile(const std::string& path, const std::string& text, Durability durability, Ownership ownership)
+{
+    signal(SIGXFSZ, SIG_IGN); // a limit of the file's size is an error of write then
+    const std::string folder = FolderOf(path);
+    struct stat old = {};
+    const bool replaces = stat(path.c_str(), &old) == 0;
+    std::string beside;
+    const int file = CreateBeside(folder, &beside);
+    if (file < 0)
+        return false;
+    bool done = WriteAll(file, text) &&
+                (replaces ? TakeAfter(file, old, ownership) : fchmod(file, NewMode()) == 0) &&
+                (durability == Buffered || fsync(file) == 0) && GiveName(file, folder, &beside);
+    int cause = errno;
+    if (close(file) != 0 && done) { // some file systems find out only here that they are full
+        done = false;
+        cause = errno;
+    }
+    if (done && rename(beside.c_str(), path.c_str()) != 0) {
+        done = false;
+        cause = errno;
+    }
+    if (!done && !beside.empty())
+        unlink(beside.c_str());
+    if (done && durability == Flushed)
+        FlushFolder(folder);
+    errno = cause;
+    return done;
+}
+
+} // namespace cli

@@ -1,0 +1,348 @@
+// SPDX-License-Identifier: MIT
+#include "tools/edit/ScriptEdit.h"
+
+#include "script/ScriptParser.h"
+#include "tools/edit/ValueText.h"
+
+#include <algorithm>
+
+namespace edit
+{
+
+const size_t ScriptEdit::NoBlock = std::string::npos;
+
+static const char* const unsafe =
+    "The show would not read this as it is meant: something around it is written in an odd way.";
+
+ScriptEdit::ScriptEdit(const std::string& scriptText, const Outline& scriptOutline)
+    : text(scriptText), outline(scriptOutline), removed(scriptOutline.blocks.size(), false)
+{
+}
+
+bool ScriptEdit::Refuse(const std::string& sentence)
+{
+    if (refusal.empty())
+        refusal = sentence;
+    return false;
+}
+
+std::string LineOf(const OutlineBlock& block)
+{
+    return "line " + std::to_string(block.line);
+}
+
+void ScriptEdit::Change(const std::vector<TextChange>& more)
+{
+    changes.insert(changes.end(), more.begin(), more.end());
+}
+
+std::string ScriptEdit::ExpectedValue(size_t block, const std::string& key) const
+{
+    const auto values = expected.find(block);
+    if (values != expected.end()) {
+        const auto value = values->second.find(key);
+        if (value != values->second.end())
+            return value->second;
+    }
+    const OutlineValue* const value = Block(block).FindValue(key);
+    return value ? value->text : "";
+}
+
+// ---- Values
+
+// True if the value stands behind a =. The reader takes "Key;" for an entry without a value.
+static bool FollowsEquals(const std::string& text, const OutlineValue& value)
+{
+    char last = 0;
+    bool inComment = false;
+    for (size_t i = value.entry.begin; i < value.place.begin; i++)
+        if (text[i] == '#')
+            inComment = !inComment;
+        else if (!inComment && ScriptParser::Keeps(static_cast<unsigned char>(text[i])))
+            last = text[i];
+    return last == '=';
+}
+
+// Where a further entry can stand: behind the last one that is ended, or behind the header.
+static size_t EndOfEntries(const OutlineBlock& block)
+{
+    size_t end = block.header.end;
+    for (const std::vector<OutlineValue>* entries : {&block.values, &block.unused})
+        for (const OutlineValue& entry : *entries)
+            if (entry.ended)
+                end = std::max(end, entry.entry.end);
+    return end;
+}
+
+bool ScriptEdit::SetValue(size_t block, const std::string& key, const std::string& value)
+{
+    const OutlineBlock& target = Block(block);
+    expected[block][key] = value;
+    const OutlineValue* entry = target.FindValue(key);
+    for (const OutlineValue& unused : target.unused)
+        if (!entry && !unused.ended && unused.key == key)
+            entry = &unused;
+    if (!entry) {
+        const BlockStyle style = StyleOf(text, outline, block);
+        const size_t end = EndOfEntries(target);
+        const bool isFirst = end == target.header.end;
+        // A comment behind the entry, on its line, belongs to that entry.
+        Change({{BehindOnLine(text, end), "",
+                 (isFirst ? style.behindHeader : style.betweenEntries) + key + "=" + value + ";"}});
+        return true;
+    }
+    if (entry->broken)
+        return Refuse("A ; is missing behind " + key + " in the block of " + LineOf(target) + ".");
+    Change(Replace(text, entry->place, (FollowsEquals(text, *entry) ? "" : "=") + value));
+    if (!entry->ended && target.type != BlockMusic)
+        Change({{entry->entry.end, "", ";"}});
+    return true;
+}
+
+bool ScriptEdit::RemoveKey(size_t block, const std::string& key)
+{
+    const OutlineBlock& target = Block(block);
+    expected[block][key] = "";
+    for (const std::vector<OutlineValue>* entries : {&target.values, &target.unused})
+        for (const OutlineValue& entry : *entries) {
+            if (entry.key != key)
+                continue;
+            if (entry.broken)
+                return Refuse("A ; is missing behind " + key + " in the block of " + LineOf(target) + ".");
+            Change(Replace(text, WithItsLines(text, entry.entry, false), ""));
+        }
+    return true;
+}
+
+// ---- Times
+
+bool ScriptEdit::SetTime(size_t block, size_t index, uint32_t milliseconds)
+{
+    const OutlineValue* const list = Block(block).FindValue(key::ActivationTime);
+    if (list->broken)
+        return Refuse("A ; is missing behind ActivationTime in the block of " + LineOf(Block(block)) + ".");
+    std::vector<std::string> items = SplitList(ExpectedValue(block, key::ActivationTime));
+    items[index] = std::to_string(milliseconds);
+    expected[block][key::ActivationTime] = JoinList(items);
+    Change(Replace(text, Block(block).times[index].place, items[index]));
+    return true;
+}
+
+bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
+{
+    const OutlineBlock& target = Block(block);
+    if (target.FindValue(key::ActivationTime)->broken)
+        return Refuse("A ; is missing behind ActivationTime in the block of " + LineOf(target) + ".");
+    std::vector<std::string> items = SplitList(ExpectedValue(block, key::ActivationTime));
+    size_t lastKept = 0;
+    for (size_t i = 0; i < target.times.size(); i++)
+        if (std::find(indices.begin(), indices.end(), i) == indices.end())
+            lastKept = i;
+    for (size_t i = target.times.size(); i-- > 0;) {
+        if (std::find(indices.begin(), indices.end(), i) == indices.end())
+            continue;
+        items.erase(items.begin() + std::ptrdiff_t(i));
+        const Place place = target.times[i].place;
+        // With the comma behind it, or for the last ones with all that stands behind the last that is left.
+        if (i < lastKept)
+            Change(Replace(text, {place.begin, target.times[i + 1].place.begin}, ""));
+        else
+            Change(Replace(text, {target.times[i - 1].place.end, place.end}, ""));
+    }
+    expected[block][key::ActivationTime] = JoinList(items);
+    // With a list the reader passes Steps over; with the one time that is left it would not.
+    if (target.times.size() - indices.size() == 1 && target.FindValue(key::Steps) &&
+        target.FindValue(key::TimeDelta))
+        return RemoveKey(block, key::Steps) && RemoveKey(block, key::TimeDelta);
+    return true;
+}
+
+// The comma of a list and the blanks behind it.
+static std::string Separator(const std::string& text, const OutlineBlock& block)
+{
+    if (block.times.size() > 1) {
+        const size_t begin = block.times[0].place.end, end = block.times[1].place.begin;
+        const std::string between = text.substr(begin, end - begin);
+        if (between[0] == ',' && IsBlank(between.substr(1)))
+            return between;
+    }
+    return ",";
+}
+
+bool ScriptEdit::AddTimes(size_t block, std::vector<uint32_t> times, std::vector<size_t>* indices)
+{
+    const OutlineBlock& target = Block(block);
+    const std::vector<OutlineTime>& old = target.times;
+    if (old.empty() || target.FindValue(key::ActivationTime)->broken)
+        return Refuse("The message of " + LineOf(target) + " has no list of times.");
+    if (target.FindValue(key::Steps) && target.FindValue(key::TimeDelta))
+        return Refuse("With Steps, the message of " + LineOf(target) + " can have a single time only.");
+    const bool inOrder =
+        std::is_sorted(old.begin(), old.end(), [](const OutlineTime& a, const OutlineTime& b) {
+            return a.milliseconds < b.milliseconds;
+        });
+    const std::string separator = Separator(text, target);
+    std::vector<std::string> items = SplitList(ExpectedValue(block, key::ActivationTime));
+    std::stable_sort(times.begin(), times.end());
+    indices->clear();
+    for (const uint32_t time : times) {
+        const std::string number = std::to_string(time);
+        size_t before = old.size(); // how many of the old ones stay ahead of it
+        while (inOrder && before > 0 && old[before - 1].milliseconds > time)
+            before--;
+        indices->push_back(before + indices->size());
+        items.insert(items.begin() + std::ptrdiff_t(indices->back()), number);
+        if (before == 0)
+            Change({{old[0].place.begin, "", number + separator}});
+        else
+            Change({{old[before - 1].place.end, "", separator + number}});
+    }
+    expected[block][key::ActivationTime] = JoinList(items);
+    return true;
+}
+
+// ---- Blocks
+
+bool ScriptEdit::RemoveBlock(size_t block)
+{
+    removed[block] = true;
+    const Place place = WithItsLines(text, Block(block).place, true);
+    changes.push_back({place.begin, text.substr(place.begin, place.end - place.begin), ""});
+    return true;
+}
+
+size_t ScriptEdit::InsertBlock(size_t behind, const std::string& blockText)
+{
+    const std::vector<OutlineBlock>& blocks = outline.blocks;
+    const BlockStyle style = StyleOf(text, outline, behind == NoBlock ? 0 : behind);
+    inserted.push_back({behind, ReadOutline(blockText)});
+    if (behind != NoBlock) {
+        changes.push_back(
+            {BehindOnLine(text, blocks[behind].place.end), "", style.betweenBlocks + blockText});
+    } else if (!blocks.empty()) {
+        changes.push_back({blocks[0].place.begin, "", blockText + style.betweenBlocks});
+    } else {
+        const std::string gap = text.empty()          ? ""
+                                : text.back() == '\n' ? style.lineEnd
+                                                      : style.lineEnd + style.lineEnd;
+        changes.push_back({text.size(), "", gap + blockText + style.lineEnd});
+    }
+    return inserted.size() - 1;
+}
+
+size_t ScriptEdit::NumberOfOld(size_t block) const
+{
+    size_t number = 0;
+    for (size_t i = 0; i < block; i++)
+        number += removed[i] ? 0 : 1;
+    for (const Inserted& other : inserted)
+        number += other.behind == NoBlock || other.behind < block ? 1 : 0;
+    return number;
+}
+
+size_t ScriptEdit::NumberOfNew(size_t handle) const
+{
+    const size_t behind = inserted[handle].behind;
+    size_t number = behind == NoBlock ? 0 : NumberOfOld(behind) + (removed[behind] ? 0 : 1);
+    for (size_t i = 0; i < handle; i++)
+        number += inserted[i].behind == behind ? 1 : 0;
+    return number;
+}
+
+// ---- Together
+
+// Puts the changes in order. What is removed twice is removed once; any other overlap can't be done.
+bool ScriptEdit::Merge()
+{
+    std::stable_sort(changes.begin(), changes.end(),
+                     [](const TextChange& a, const TextChange& b) { return a.at < b.at; });
+    std::vector<TextChange> merged;
+    for (const TextChange& change : changes) {
+        const size_t end = merged.empty() ? 0 : merged.back().at + merged.back().removed.size();
+        if (merged.empty() || change.at > end || (change.at == end && !merged.back().removed.empty()) ||
+            (change.at == end && change.removed.empty())) {
+            merged.push_back(change);
+        } else if (change.at == end) { // behind something that is put in at the same place
+            merged.back().removed = change.removed;
+            merged.back().inserted += change.inserted;
+        } else if (merged.back().inserted.empty() && change.inserted.empty()) {
+            const size_t farther = std::max(end, change.at + change.removed.size());
+            merged.back().removed = text.substr(merged.back().at, farther - merged.back().at);
+        } else if (change.removed.empty() && merged.back().inserted.empty()) {
+            merged.back().inserted = change.inserted; // into what is removed
+        } else {
+            return false;
+        }
+    }
+    changes = merged;
+    return true;
+}
+
+static bool SayTheSame(const OutlineBlock& a, const OutlineBlock& b)
+{
+    return a.type == b.type && std::equal(a.values.begin(), a.values.end(), b.values.begin(), b.values.end(),
+                                          [](const OutlineValue& x, const OutlineValue& y) {
+                                              return x.key == y.key && x.text == y.text;
+                                          });
+}
+
+bool ScriptEdit::IsAsExpected(size_t block, const OutlineBlock& read) const
+{
+    const OutlineBlock& before = Block(block);
+    if (read.type != before.type)
+        return false;
+    const auto changed = expected.find(block);
+    if (changed == expected.end())
+        return SayTheSame(before, read);
+    for (const std::string& key : SyntaxOf(read.type).keys) {
+        const OutlineValue* const value = read.FindValue(key);
+        const bool isThere = before.FindValue(key) != nullptr;
+        const auto now = changed->second.find(key);
+        const bool shallBe = now == changed->second.end() ? isThere : !now->second.empty();
+        if ((value != nullptr) != shallBe || (value && value->text != ExpectedValue(block, key)))
+            return false;
+    }
+    return true;
+}
+
+bool ScriptEdit::IsAsExpected(const Outline& read) const
+{
+    size_t count = inserted.size();
+    for (size_t i = 0; i < outline.blocks.size(); i++)
+        count += removed[i] ? 0 : 1;
+    if (read.blocks.size() != count)
+        return false;
+    std::vector<bool> isNew(count, false);
+    for (size_t i = 0; i < inserted.size(); i++) {
+        const std::vector<OutlineBlock>& content = inserted[i].content.blocks;
+        const size_t number = NumberOfNew(i);
+        if (content.size() != 1 || !SayTheSame(content[0], read.blocks[number]))
+            return false;
+        isNew[number] = true;
+    }
+    size_t next = 0;
+    for (size_t i = 0; i < outline.blocks.size(); i++) {
+        if (removed[i])
+            continue;
+        while (isNew[next])
+            next++;
+        if (!IsAsExpected(i, read.blocks[next++]))
+            return false;
+    }
+    return true;
+}
+
+bool ScriptEdit::Finish(std::string* newText, Outline* newOutline)
+{
+    if (!refusal.empty())
+        return false;
+    if (!Merge())
+        return Refuse(unsafe);
+    *newText = Apply(text, changes);
+    if (newText->size() > lint::Reading::contentLimit)
+        return Refuse("The script would be larger than any script can be (16 MiB).");
+    *newOutline = ReadOutline(*newText);
+    return IsAsExpected(*newOutline) || Refuse(unsafe);
+}
+
+} // namespace edit
