@@ -1,24 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Plays the show on the counted clock in an off-screen window and passes its frames to a FrameSink.
-// DemoPlayer runs the show as in moonwaltz, from the loading screen to the last frame; this class is called
-// at each buffer swap.
-//
-// Frame 0 is the first frame of the show, at time 0. The frames of the loading screen come before it and are
-// not captured.
-//
-// Frames that are not selected are played without being drawn: every effect renders and updates, since both
-// change its state, but nothing reaches pixels (display/DrawingSwitch.h).
+// Plays the show (see SteppedShow.h) and passes the selected frames to a FrameSink. The others are played without
+// being drawn.
 //
 // One process plays one show. Order of calls: Load, Play.
 #pragma once
 
 #include "tools/capture/FrameSink.h"
-
-#include "platform/dialogs/MessageBox.h"
-
-class DemoPlayer;
-class EffectRegistry;
-class GLWindow;
+#include "tools/capture/SteppedShow.h"
 
 namespace capture
 {
@@ -36,7 +24,7 @@ struct Timing {
 
 enum PlayResult { PlayedToTheEnd, PlayInterrupted, PlayFailed };
 
-class ShowPlayer
+class ShowPlayer : private FrameListener
 {
 public:
     ShowPlayer();
@@ -46,8 +34,7 @@ public:
     // nor GL.
     bool Load(const std::string& script);
 
-    // The latest stop time of all entries in microseconds, 0 if the script has no entry.
-    int64_t Duration() const;
+    int64_t Duration() const; // see SteppedShow
 
     // Opens the window and plays until the last selected frame has been taken. Any message box is a failure.
     // An interruption (see Interruption.h) ends it at the next frame, with PlayInterrupted.
@@ -60,26 +47,19 @@ public:
     int64_t taken; // number of frames that the sink has accepted
 
 private:
-    static int64_t CountsOfRead(void* show, int64_t read);
-    static void FrameDone(void* show);
+    void LoadingStep() override;
+    void Loaded() override;
+    void FrameDone(int64_t number) override;
     void LookAtFrame(int64_t number);
     bool HandFrame(int64_t number);
-    void PrepareFrame(int64_t number);
-    void SetDrawing(bool on);
     bool CollectBoxText();
-    void Stop();
 
-    DemoPlayer* player; // these three are never deleted, as in moonwaltz
-    GLWindow* window;
-    EffectRegistry* registry;
-    std::vector<platform::MessageBox> boxes;
-
+    SteppedShow show;
     FrameSelection selection;
     FrameSink* sink;
     Progress* progress;
     int width;
     int height;
-    bool drawing;
     bool failed;
     double lastMoment; // when the previous frame was finished, Progress::Now
 };

@@ -92,10 +92,11 @@ public:
         bool loading = false;    // the process that shall make the wanted frame is still loading
         double loadProgress = 0; // of it, 0 to 1
         int processes = 0;
-        uint64_t memory = 0;         // bytes that all processes take together
-        int64_t position = -1;       // the frame at which the process is that makes the frames
-        std::vector<int64_t> parked; // where the others are, ascending; -1 for one that is loading
-        int64_t skipped = 0;         // frames that were not drawn since playing began
+        uint64_t memory = 0;   // bytes that all processes take together
+        int64_t position = -1; // the frame at which the process is that makes the frames
+        std::vector<int64_t>
+            parked;          // the frames that the others make next, ascending; -1 for one that is loading
+        int64_t skipped = 0; // frames that were not drawn since playing began
         bool failed = false; // the wanted frame can't be made: the next change of script or data tries again
         std::string failure;
     };

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// The frames that were made last, for going back to them: the show itself only goes forwards.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace edit
+{
+
+typedef std::shared_ptr<const std::vector<uint8_t>> FramePixels;
+
+class FrameCache
+{
+public:
+    explicit FrameCache(size_t mostBytes);
+
+    // Keeps a frame that a revision of the script makes. Where there is no room the frames that were used least
+    // recently go; the latest one always stays. A frame that a newer revision made is kept.
+    void Add(int64_t frame, uint64_t revision, FramePixels pixels);
+
+    FramePixels Find(int64_t frame, uint64_t revision); // null if it isn't there
+
+    // Frames of the old revision ahead of `end` are the same by the new one.
+    void Carry(uint64_t oldRevision, uint64_t newRevision, int64_t end);
+
+    void Clear();
+    size_t Bytes() const { return bytes; }
+
+private:
+    struct Entry {
+        uint64_t revision;
+        uint64_t used;
+        FramePixels pixels;
+    };
+    std::map<int64_t, Entry> entries;
+    size_t mostBytes;
+    size_t bytes;
+    uint64_t uses;
+};
+
+} // namespace edit
