@@ -70,11 +70,11 @@ std::map<int64_t, std::vector<uint8_t>> ShowPoolFixture::Captured(const std::str
                                                                   const std::vector<std::string>& words)
 {
     const std::string number = std::to_string(captures++);
-    const std::string folder = "captured" + number;
+    const std::string output = "captured" + number;
     WriteFile("script" + number + ".txt", script);
     std::vector<std::string> all = {
         "-q",         "-o",
-        folder + "/", "script" + number + ".txt",
+        output + "/", "script" + number + ".txt",
         "--data",     settings.data,
         "--rate",     settings.rate.Text(),
         "--size",     std::to_string(settings.width) + "x" + std::to_string(settings.height)};
@@ -82,8 +82,8 @@ std::map<int64_t, std::vector<uint8_t>> ShowPoolFixture::Captured(const std::str
     const ProgramRun run = Run(all);
     EXPECT_EQ(0, run.status) << run.errors;
     std::map<int64_t, std::vector<uint8_t>> frames;
-    for (const std::string& name : Names(folder)) {
-        const Picture picture = LoadPng(PathOf(folder + "/" + name));
+    for (const std::string& name : Names(output)) {
+        const Picture picture = LoadPng(PathOf(output + "/" + name));
         std::vector<uint8_t>& rgba = frames[std::stoll(name)];
         for (int y = picture.height - 1; y >= 0; y--)
             for (int x = 0; x < picture.width; x++) {

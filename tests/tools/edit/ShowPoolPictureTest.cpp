@@ -73,7 +73,7 @@ TEST_F(ShowPoolPicture, PlayingShowsEachFrameInItsTurn)
     StartPool();
     pool.SetScript(night, 1);
     ASSERT_FALSE(FrameAt(60).empty());
-    for (int64_t wish = 60; wish < 120;) {
+    for (int64_t wish = 61; wish < 120;) {
         pool.PlayTo(wish);
         const int before = framesTaken;
         PollFor(0.01);
