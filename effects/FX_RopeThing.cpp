@@ -76,7 +76,7 @@ FX_RopeThing::FX_RopeThing()
     : mode(Nothing), ropes{}, position{0, 0, 0}, fade(0), progress(0), travel(firstTravel),
       sparks(QuadBatch::Colours), sparkTexture(nullptr), skinTexture(nullptr), eyeTexture(nullptr),
       shader(nullptr), samplerParam(nullptr), timeParam(nullptr), colorParam(nullptr), fishList(0),
-      eyesList(0), msgShock(0), msgIntro(0), msgFront(0)
+      eyesList(0), firstFish{}, firstEyes{}, msgShock(0), msgIntro(0), msgFront(0)
 {
 }
 
@@ -89,12 +89,44 @@ static Vec3* MakeRope(const Vec3 direction, const Vec3 start)
     return rope;
 }
 
-static unsigned CompileModel(Model* model)
+// True if the model is what one load gave it, several times over, and draws as such: each face like the one a
+// load before it, and every corner inside the lists of the first load. A damaged file need not be so.
+static bool IsRepetition(const Model& model, const FX_RopeThing::MeshList& first)
+{
+    const auto areInside = [](const std::vector<int>& indices, size_t count) {
+        return std::all_of(indices.begin(), indices.end(), [count](int i) { return size_t(i) < count; });
+    };
+    if (first.faces == 0 || model.faces.size() % first.faces != 0)
+        return false;
+    for (size_t i = 0; i < model.faces.size(); i++) {
+        const ModelFace& face = model.faces[i];
+        const ModelFace& sameFace = model.faces[i % first.faces];
+        if ((face.type != FaceTriangles && face.type != FaceQuads) || face.type != sameFace.type ||
+            face.vertexIndices != sameFace.vertexIndices || face.normalIndices != sameFace.normalIndices ||
+            face.texCoordIndices != sameFace.texCoordIndices ||
+            !areInside(face.vertexIndices, first.vertices) || !areInside(face.normalIndices, first.normals) ||
+            !areInside(face.texCoordIndices, first.texCoords))
+            return false;
+    }
+    return true;
+}
+
+// The list draws all that was ever loaded into the model. Each Init adds the mesh once more, so that the
+// corners of a hundred entries would lie in GL's memory five thousand times. The first list holds them, and
+// each further one calls it.
+static unsigned CompileModel(Model* model, FX_RopeThing::MeshList* first)
 {
     const unsigned list = glGenLists(1);
     glNewList(list, GL_COMPILE);
-    DrawModel(model);
+    if (first->list != 0 && IsRepetition(*model, *first)) {
+        for (size_t i = 0; i < model->faces.size(); i += first->faces)
+            glCallList(first->list);
+    } else
+        DrawModel(model);
     glEndList();
+    if (first->list == 0)
+        *first = {list, model->faces.size(), model->vertices.size(), model->normals.size(),
+                  model->texCoords.size()};
     return list;
 }
 
@@ -118,8 +150,8 @@ void FX_RopeThing::Init(GLWindow*, DemoPlayer*)
     samplerParam = new ShaderSampler(shader, "sampler0");
     timeParam = new ShaderFloatParam(shader, "fTime0_X");
     colorParam = new ShaderFloatParam(shader, "vtxColor");
-    fishList = CompileModel(&fishModel);
-    eyesList = CompileModel(&eyesModel);
+    fishList = CompileModel(&fishModel, &firstFish);
+    eyesList = CompileModel(&eyesModel, &firstEyes);
 }
 
 void FX_RopeThing::DeclareMessages(SynchMessageTable* table)

@@ -36,6 +36,12 @@ public:
     void ReceiveMessage(int messageId, float* params, int paramCount) override;
 
     static constexpr int ropeLinks = 50;
+    // A mesh as the first Init compiled it: its GL display list, and the sizes that its lists had then.
+    struct MeshList {
+        unsigned list; // 0 before the first Init
+        size_t faces, vertices, normals, texCoords;
+    };
+
     enum { Nothing = 0, Intro = 1, Front = 3, Shock = 4 }; // there is no 2
 
     // Read by tests.
@@ -67,5 +73,7 @@ private:
     ShaderFloatParam* colorParam;
     unsigned fishList; // GL display lists
     unsigned eyesList;
+    MeshList firstFish;
+    MeshList firstEyes;
     int msgShock, msgIntro, msgFront;
 };

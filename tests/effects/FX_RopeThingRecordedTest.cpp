@@ -403,3 +403,46 @@ TEST_F(FX_RopeThingRecorded, ItUsesTheProjectionItFinds)
     for (const gl::Draw& draw : gl::Draws())
         ASSERT_TRUE(gl::IsMatrix(draw.projection, gl::Translation(1, 2, 3)));
 }
+
+TEST_F(FX_RopeThingRecorded, AFurtherEntryDrawsTheMeshesOnceMoreAndStoresThemOnce)
+{
+    fish.Init(nullptr, nullptr);
+    gl::ClearRecords();
+    fish.Init(nullptr, nullptr);
+    // The third body and the third eyes: each is three calls of the first list.
+    std::vector<std::string> compiled;
+    for (const std::string& call : gl::Calls())
+        if (call.find("List") != std::string::npos || call.find("glVertex") != std::string::npos)
+            compiled.push_back(call.substr(0, call.find('(')));
+    const std::vector<std::string> mesh = {"glGenLists", "glNewList",  "glCallList",
+                                           "glCallList", "glCallList", "glEndList"};
+    std::vector<std::string> twoMeshes = mesh;
+    twoMeshes.insert(twoMeshes.end(), mesh.begin(), mesh.end());
+    EXPECT_EQ(twoMeshes, compiled);
+
+    Send(&fish, "intro");
+    Frame(&fish);
+    ASSERT_EQ(3u, Body().size());
+    ASSERT_EQ(3u, Eyes().size());
+    // The corners of the mesh six times as large, at (15 cos 0, 10, 100), seen from (33, -33, -33).
+    const gl::Matrix camera = gl::LookAt({33, -33, -33}, {0, 0, 0}, {0, 1, 0});
+    for (const gl::Draw& body : Body())
+        EXPECT_TRUE(gl::HasEyePoints(body,
+                                     {camera * gl::Point{15, 10, 100}, camera * gl::Point{21, 10, 100},
+                                      camera * gl::Point{15, 16, 100}},
+                                     1e-3));
+}
+
+// A corner that points behind the lists of one load points into those of two, so that the face then appears.
+TEST_F(FX_RopeThingRecorded, AMeshThatGrowsSoundWithAFurtherEntryIsDrawnAsItStandsThen)
+{
+    AddFile("fish.txt", "body 3 0 0 0 1 0 0 0 1 0 1 0 0 1 1 0.25 0.25 1 0 3 0 1 3 3 0 0 0 3 0 0 0");
+    FX_RopeThing damaged;
+    Prepare(&damaged);
+    Send(&damaged, "intro");
+    Frame(&damaged);
+    EXPECT_EQ(0u, Body().size());
+    damaged.Init(nullptr, nullptr);
+    Frame(&damaged);
+    EXPECT_EQ(2u, Body().size());
+}
