@@ -15,9 +15,9 @@
 uniform sampler2D picture; // nobody sets it: unit 0
 uniform float blur_intensity;
 
-const int mostTaps = 40;
-const float fewestTaps = 16.0;   // a small disc needs no more
-const float tapsGained = 32.0;   // each strength
+const int mostTaps = 19;
+const float fewestTaps = 7.0;   // a small disc needs no more
+const float tapsGained = 12.0;   // each strength
 const float reach = 0.022;       // radius of the disc at strength 1, in texture coordinates
 const float falloff = 1.8;       // exponent of the bell at the rim
 const float border = 0.00048828; // half a texel at 1024: taps stay inside, as the wrap may repeat
@@ -31,7 +31,7 @@ const float nightFoot = 0.35;                // the sky is night here, in height
 const float nightTop = 1.05;                 // and would be ink here
 const float mistHeight = 0.16;               // to which the mist rises over the land
 const float mistWidth = 0.10;                // to either side of what it rises from
-const int mistTaps = 18;
+const int mistTaps = 14;
 const float toe = 0.85;                        // of the ink that lies under drawn black
 const vec3 rimLight = vec3(0.26, 0.34, 0.44);  // on dark things before the sky
 const vec2 rimStep = vec2(0.0026, 0.0010);     // towards the light; the rim is as thick
