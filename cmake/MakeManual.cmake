@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Makes the manual page of a program from what the program says with --help and from a text with the rest, in the
-# format of help2man. "@FINDINGS@" in the text becomes the tables of findings in docs/TOOLS.md.
+# format of help2man. "@FINDINGS@" in the text becomes the tables of findings in docs/TOOLS.md, "@COMMANDS@" its table
+# of commands.
 #   cmake -DHELP2MAN=<program> -DPROGRAM=<program> -DVERSION=<version> -DTEXT=<h2m file> -DTABLES=<TOOLS.md>
 #         -DOUTPUT=<page> -P MakeManual.cmake
 file(READ ${TEXT} text)
@@ -20,6 +21,23 @@ foreach(row IN LISTS rows)
   endif()
 endforeach()
 string(REPLACE "@FINDINGS@\n" "${findings}" text "${text}")
+
+# "| Play | Loop | L | Plays a region again and again. |" is a row of the table of commands.
+set(commands "")
+set(menu "")
+file(STRINGS ${TABLES} rows REGEX "^\\| (File|Edit|Play|View|Help) \\| ")
+foreach(row IN LISTS rows)
+  if(row MATCHES "^\\| ([A-Za-z]+) \\| ([^|]+) \\| ([^|]+) \\| ([^|]+) \\|$")
+    if(NOT menu STREQUAL CMAKE_MATCH_1)
+      set(menu "${CMAKE_MATCH_1}")
+      string(APPEND commands ".SS ${menu}\n")
+    endif()
+    string(REPLACE "-" "\\-" keys "${CMAKE_MATCH_3}")
+    string(APPEND commands ".TP\n.B \"${keys}\"\n${CMAKE_MATCH_2}. ${CMAKE_MATCH_4}\n")
+  endif()
+endforeach()
+string(REPLACE "..." "" commands "${commands}")
+string(REPLACE "@COMMANDS@\n" "${commands}" text "${text}")
 file(WRITE ${OUTPUT}.h2m "${text}")
 
 # help2man passes over a pattern that matches nothing, so that an option's further text would be lost unseen.

@@ -6,6 +6,20 @@ namespace platform
 
 using namespace showcolours;
 
+uint32_t MixColours(uint32_t from, uint32_t to, float way)
+{
+    uint32_t mixed = 0;
+    for (int shift = 0; shift <= 16; shift += 8) {
+        const float a = float(from >> shift & 255), b = float(to >> shift & 255);
+        mixed |= uint32_t(a + (b - a) * way + 0.5f) << shift;
+    }
+    return mixed;
+}
+
+// Between the tones of the palette, so that fields and menus stand out from each other.
+static const uint32_t Field = MixColours(Night, Slate, 0.45f);
+static const uint32_t Sheet = MixColours(Ink, Night, 0.7f);
+
 struct StyleRow {
     ImGuiCol_ what;
     uint32_t rgb;
@@ -19,10 +33,10 @@ static const StyleRow rows[] = {
     {ImGuiCol_TextSelectedBg,        Ochre,     0.55f},
     {ImGuiCol_WindowBg,              Ink,       1.00f},
     {ImGuiCol_ChildBg,               Ink,       0.00f},
-    {ImGuiCol_PopupBg,               Night,     0.98f},
+    {ImGuiCol_PopupBg,               Sheet,     0.99f},
     {ImGuiCol_Border,                Slate,     0.60f},
     {ImGuiCol_BorderShadow,          Ink,       0.00f},
-    {ImGuiCol_FrameBg,               Night,     1.00f},
+    {ImGuiCol_FrameBg,               Field,     0.75f},
     {ImGuiCol_FrameBgHovered,        Slate,     0.70f},
     {ImGuiCol_FrameBgActive,         Slate,     1.00f},
     {ImGuiCol_TitleBg,               Night,     1.00f},
@@ -36,7 +50,7 @@ static const StyleRow rows[] = {
     {ImGuiCol_CheckMark,             Amber,     1.00f},
     {ImGuiCol_SliderGrab,            Ochre,     1.00f},
     {ImGuiCol_SliderGrabActive,      Amber,     1.00f},
-    {ImGuiCol_Button,                Night,     1.00f},
+    {ImGuiCol_Button,                Field,     0.75f},
     {ImGuiCol_ButtonHovered,         Slate,     0.90f},
     {ImGuiCol_ButtonActive,          Ochre,     0.90f},
     {ImGuiCol_Header,                Slate,     0.55f},
@@ -79,16 +93,6 @@ ImVec4 ToolTint(uint32_t rgb, float alpha)
 ImU32 ToolColour(uint32_t rgb, float alpha)
 {
     return ImGui::ColorConvertFloat4ToU32(ToolTint(rgb, alpha));
-}
-
-uint32_t MixColours(uint32_t from, uint32_t to, float way)
-{
-    uint32_t mixed = 0;
-    for (int shift = 0; shift <= 16; shift += 8) {
-        const float a = float(from >> shift & 255), b = float(to >> shift & 255);
-        mixed |= uint32_t(a + (b - a) * way + 0.5f) << shift;
-    }
-    return mixed;
 }
 
 void SetToolStyle(float scale)

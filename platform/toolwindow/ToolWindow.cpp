@@ -88,7 +88,28 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
         Close();
         return false;
     }
+    KeepOnScreen();
     return true;
+}
+
+// The frame that the window manager puts around a window belongs on the screen too. How thick it is shows only when
+// the window is there.
+void ToolWindow::KeepOnScreen()
+{
+    SDL_PumpEvents();
+    SDL_Rect usable = {0, 0, 0, 0};
+    int top = 0, left = 0, bottom = 0, right = 0, width = 0, height = 0;
+    if (IsMaximised() || SDL_GetDisplayUsableBounds(0, &usable) != 0 ||
+        SDL_GetWindowBordersSize(Sdl(window), &top, &left, &bottom, &right) != 0)
+        return;
+    SDL_GetWindowSize(Sdl(window), &width, &height);
+    const int fitWidth = std::min(width, usable.w - left - right);
+    const int fitHeight = std::min(height, usable.h - top - bottom);
+    if (fitWidth == width && fitHeight == height)
+        return;
+    SDL_SetWindowSize(Sdl(window), fitWidth, fitHeight);
+    SDL_SetWindowPosition(Sdl(window), usable.x + left + (usable.w - left - right - fitWidth) / 2,
+                          usable.y + top + (usable.h - top - bottom - fitHeight) / 2);
 }
 
 bool ToolWindow::OpenGL(std::string* reason)
@@ -221,14 +242,33 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
     }
 }
 
+// ImGui looks at keys once a frame. A key that goes down and up between two frames would be lost, so its going up
+// waits for the next frame, and all that came behind it.
+static bool EndsPress(const SDL_Event& event, const std::vector<SDL_Scancode>& pressed)
+{
+    return event.type == SDL_KEYUP &&
+           std::find(pressed.begin(), pressed.end(), event.key.keysym.scancode) != pressed.end();
+}
+
 bool ToolWindow::WaitEvents(double seconds)
 {
+    static SDL_Event waiting;
     SDL_Event event;
-    if (!SDL_WaitEventTimeout(&event, std::max(int(seconds * 1000), 0)))
+    if (std::exchange(eventWaits, false))
+        event = waiting;
+    else if (!SDL_WaitEventTimeout(&event, std::max(int(seconds * 1000), 0)))
         return false;
-    do
+    std::vector<SDL_Scancode> pressed;
+    do {
+        if (EndsPress(event, pressed)) {
+            waiting = event;
+            eventWaits = true;
+            break;
+        }
+        if (event.type == SDL_KEYDOWN)
+            pressed.push_back(event.key.keysym.scancode);
         TakeEvent(&event);
-    while (SDL_PollEvent(&event));
+    } while (SDL_PollEvent(&event));
     return true;
 }
 

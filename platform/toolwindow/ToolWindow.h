@@ -74,6 +74,7 @@ public:
 
 private:
     bool OpenGL(std::string* reason);
+    void KeepOnScreen();
     void TakeEvent(const void* event); // an SDL_Event
 
     void* window = nullptr;  // SDL_Window
@@ -85,6 +86,7 @@ private:
     bool closeRequested = false;
     bool focusGained = false;
     bool endRequested = false;
+    bool eventWaits = false; // for the next frame
     std::vector<KeyPress> keys;
     std::vector<std::string> droppedFiles;
 };

@@ -26,7 +26,7 @@ static Swing Measure(const std::vector<StereoFrame>& frames)
     return swing;
 }
 
-bool Waveform::Read(const std::string& path)
+bool Waveform::Read(const std::string& path, const std::atomic<bool>* stop)
 {
     swings.clear();
     length = 0;
@@ -36,7 +36,7 @@ bool Waveform::Read(const std::string& path)
     StereoReader reader(std::move(decoder), mixRate);
     std::vector<StereoFrame> block(framesPerSwing), piece;
     int64_t frames = 0;
-    while (!reader.IsAtEnd() && double(frames) < longest * mixRate) {
+    while (!reader.IsAtEnd() && double(frames) < longest * mixRate && !(stop && *stop)) {
         const int got = reader.Read(block.data(), framesPerSwing - int(piece.size()));
         piece.insert(piece.end(), block.begin(), block.begin() + got);
         frames += got;

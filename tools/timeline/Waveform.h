@@ -2,6 +2,7 @@
 // The outline of a piece of music, as the show would play it.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -20,8 +21,9 @@ class Waveform
 public:
     static constexpr int SwingsPerSecond = 100;
 
-    // Decodes the whole file. False if the show can't open it.
-    bool Read(const std::string& path);
+    // Decodes the whole file. False if the show can't open it. With `stop` another thread can end the reading early;
+    // what there is by then is kept.
+    bool Read(const std::string& path, const std::atomic<bool>* stop = nullptr);
 
     double Length() const { return length; } // seconds
     bool Empty() const { return swings.empty(); }

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// A script that is being worked on, and all that runs with it: the show's processes, the music, the watch on its files,
+// the linter. No window.
+//
+// Order of calls: Start once, then Open or New, then Tick once per frame of the window. Main thread only; no call
+// waits, except for disks.
+#pragma once
+
+#include "tools/edit/Analysis.h"
+#include "tools/edit/DataWatch.h"
+#include "tools/edit/Document.h"
+#include "tools/edit/EditorState.h"
+#include "tools/edit/MusicTransport.h"
+#include "tools/edit/Options.h"
+#include "tools/edit/ShowPool.h"
+#include "tools/edit/Transport.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace edit
+{
+
+// A line about what happened to the show's processes, beside the linter's findings.
+struct ShowRemark {
+    ShowEvent::Kind kind;
+    std::string text;
+    double seconds; // of the show; below 0: while it was loading
+    int count;      // how often it was said one after another
+};
+
+class Session
+{
+public:
+    // `wake` may be called from other threads when a Tick has something to do.
+    Session(const Options& options, std::function<void()> wake);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    // `program` is the path of this program. False: *reason says why no show can be played.
+    bool Start(const std::string& program, std::string* reason);
+
+    // False: the script can't be read, and the one before stays; *reason says why.
+    bool Open(const std::string& path, std::string* reason);
+    void New();
+
+    // As the document's; the new name is watched then.
+    bool Save(std::string* reason) { return document->Save(reason); }
+    bool SaveAs(const std::string& path, std::string* reason);
+
+    // `seconds` is a clock that only moves forwards. True if there is something new to draw.
+    bool Tick(double seconds);
+    // The window got the keyboard: somebody may have been elsewhere and written files.
+    void LookAtDisk();
+
+    // Does what the panels asked for.
+    void DoRequests(bool mouseIsDown);
+
+    // The newest frame, once.
+    bool TakeFrame(ShownFrame* frame);
+
+    // True if the file and the text have both been changed: one of the two is to be chosen.
+    bool HasConflict() const { return conflict; }
+    void TakeTheirs();
+    void KeepMine();
+
+    // "Data/script.txt", "(no name)".
+    std::string Name() const;
+    double End() const; // of the show, seconds
+
+    // The name of a file of the script as it is remembered: absolute. Empty: it has none yet.
+    std::string AbsolutePath() const;
+
+    const lint::Options& LintOptions() const { return lintOptions; }
+    ShowPool::Status ShowStatus() const { return pool.GetStatus(); }
+    const std::vector<ShowRemark>& Remarks() const { return remarks; }
+    // True if a frame is on its way, so that Tick should be called soon again.
+    bool IsWaiting();
+
+    Document& GetDocument() { return *document; }
+
+    EditorState state;
+    MusicTransport music;
+    Transport transport;
+
+private:
+    void Begin();
+    void Watch();
+    void TakeEdits();
+    void TakeChanges(double seconds);
+    void TakeEvents();
+    void AskForFrame();
+    void SetMusic();
+
+    Options options;
+    std::unique_ptr<Document> document; // never null
+    lint::Options lintOptions;
+    ShowPool pool;
+    DataWatch watch;
+    Analysis analysis;
+    std::vector<ShowRemark> remarks;
+    uint64_t sentRevision;
+    bool sentAny;
+    std::string musicFile;
+    int64_t wantedFrame; // -1: ask again
+    int64_t frameCame;   // the last one that was finished
+    bool wasPlaying;
+    bool conflict;
+    bool poolRuns;
+};
+
+} // namespace edit
