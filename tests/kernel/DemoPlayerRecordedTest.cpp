@@ -225,6 +225,15 @@ TEST_F(DemoPlayerRun, LayersAreDrawnFromTheLowestUp)
     EXPECT_EQ((std::vector<Effect*>{&b, &c, &a}), order);
 }
 
+TEST_F(DemoPlayerRun, TwoLayersAreDrawnFromTheLowerUpToo)
+{
+    Add(&a, 0, 100, 7);
+    Add(&b, 0, 100, 2);
+    quitAtSwap = 1;
+    player.Run(); // without the ticker of Play, which would be a third
+    EXPECT_EQ((std::vector<Effect*>{&b, &a}), order);
+}
+
 TEST_F(DemoPlayerRun, TwoOverlappingEntriesOfOneEffectDrawTwiceAndRunItsTimeDouble)
 {
     Add(&a, 0, 1000);

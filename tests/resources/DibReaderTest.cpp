@@ -74,6 +74,7 @@ static bool Read(const Bytes& bytes, ImageData* image)
 static Bytes PixelsOf(const Bytes& bytes)
 {
     ImageData image;
+    image.components = 4;
     if (!Read(bytes, &image))
         return {};
     EXPECT_EQ(3, image.components);
@@ -146,6 +147,24 @@ TEST(DibReader, RefusesBitFieldsWhoseMasksAreNotThere)
         EXPECT_TRUE(IsRefused(With(bytes, Bytes(more)))) << more;
 }
 
+TEST(DibReader, TakesBitFieldsWhoseMasksEndTheFile)
+{
+    Bytes bytes = With(Headers(1, 1, 32, 50), {0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0});
+    Put32(&bytes, 30, 3);
+    EXPECT_FALSE(IsRefused(bytes));
+    ImageData image;
+    EXPECT_FALSE(ReadDib(bytes.data(), bytes.size() - 1, &image)) << "though the last byte is in memory";
+}
+
+TEST(DibReader, RefusesOtherCompressionsThatHaveTheMasksOfBitFields)
+{
+    Bytes bytes = With(Headers(1, 1, 32, 50), {0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0});
+    for (unsigned compression : {1u, 2u, 4u}) {
+        Put32(&bytes, 30, compression);
+        EXPECT_TRUE(IsRefused(bytes)) << compression;
+    }
+}
+
 TEST(DibReader, RefusesBitFieldsOf24Bits)
 {
     Bytes bytes = With(Headers(1, 1, 24, 66), {0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0, 1, 2, 3, 4});
@@ -177,6 +196,12 @@ TEST(DibReader, TakesAFullPaletteWhereNoCountIsTold)
         Put32(&counted, 46, told);
         EXPECT_EQ((Bytes{2, 1, 0, 2, 1, 1, 2, 1, 254, 2, 1, 255}), PixelsOf(counted)) << told;
     }
+}
+
+TEST(DibReader, TakesAFullPaletteThatEndsTheFile)
+{
+    const Bytes bytes = With(Headers(1, 1, 8, 50), Bytes(1024, 7)); // the pixel lies inside the headers
+    EXPECT_EQ((Bytes{7, 7, 7}), PixelsOf(bytes));
 }
 
 TEST(DibReader, FindsThePaletteBehindALongerHeader)
@@ -256,6 +281,14 @@ TEST(DibReader, RefusesABitmapThatIsCutOffAnywhere)
     for (const Bytes& whole : {Small24(), Small24(-2), Small8(), Small32()})
         for (size_t size = 0; size < whole.size(); size++)
             EXPECT_TRUE(IsRefused(Bytes(whole.begin(), whole.begin() + long(size)))) << size;
+}
+
+TEST(DibReader, WantsBothHeadersWhole)
+{
+    EXPECT_FALSE(IsRefused(Headers(1, 1, 24, 50))); // the pixel lies inside them
+    Bytes bytes = Headers(1, 1, 24, 49);
+    bytes.pop_back();
+    EXPECT_TRUE(IsRefused(bytes));
 }
 
 TEST(DibReader, RefusesPixelsThatStartBehindTheEnd)

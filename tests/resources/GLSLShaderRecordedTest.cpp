@@ -106,6 +106,17 @@ TEST_F(LoadedShader, LeavesAStageOutThatDoesNotCompile)
               gl::CallsNamed({"glGetInfoLogARB", "glAttachObjectARB", "glDeleteObjectARB"}));
 }
 
+static void GLAPIENTRY SayNothing(GLhandleARB, GLenum, GLint*) {}
+
+TEST_F(LoadedShader, LeavesAStageOutWhereGlSaysNothingOfIt)
+{
+    const PFNGLGETOBJECTPARAMETERIVARBPROC ask = __glewGetObjectParameterivARB;
+    __glewGetObjectParameterivARB = SayNothing;
+    EXPECT_FALSE(shader.Load("v", "f"));
+    __glewGetObjectParameterivARB = ask;
+    EXPECT_EQ(0, gl::CountCalls("glAttachObjectARB"));
+}
+
 TEST_F(LoadedShader, WorksWithTheVertexStageAlone)
 {
     gl::FailCompile(GL_FRAGMENT_SHADER, "fragment log");

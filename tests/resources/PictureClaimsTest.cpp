@@ -81,6 +81,17 @@ TEST(PictureClaims, OfAPngFollowItsColourTypeAndDepthAt1032To1)
     EXPECT_EQ(0xFFFFFFFFu, ReadPictureClaim(IL_PNG, PngHeader(70000, 0xFFFFFFFF, 255, 255)).height);
 }
 
+TEST(PictureClaims, OfAPngKnowEachColourTypeAndRoundUpToWholeBytes)
+{
+    const uint64_t channels[] = {1, 1, 3, 1, 2, 1, 4, 4}; // 1, 5 and 7 are no types
+    for (int type = 0; type < 8; type++)
+        ExpectClaim(IL_PNG, PngHeader(1032, 1000, 8, type), 1032, 1000, 1000 * channels[type]);
+    ExpectClaim(IL_PNG, PngHeader(1032, 1000, 8, 200), 1032, 1000, 4000);
+    ExpectClaim(IL_PNG, PngHeader(1032, 1000, 17, 0), 1032, 1000, 2000);
+    ExpectClaim(IL_PNG, PngHeader(1, 1032, 1, 0), 1, 1032, 1);
+    ExpectClaim(IL_PNG, PngHeader(0xFFFFFFFF, 1, 8, 0), 0xFFFFFFFF, 1, 4161790);
+}
+
 TEST(PictureClaims, OfAJpegStandInItsFrameHeaderAndTakeABitForEachBlock)
 {
     const std::string frame = "\xFF\xC0" + Big(17, 2) + "\x08" + Big(480, 2) + Big(640, 2);
@@ -88,6 +99,30 @@ TEST(PictureClaims, OfAJpegStandInItsFrameHeaderAndTakeABitForEachBlock)
     ExpectClaim(IL_JPG, "\xFF\xD8\xFF\xFE" + Big(9, 2) + "\xFF\xC0 no " + "  \xFF" + frame, 640, 480, 600);
     ExpectNoClaim(IL_JPG, "\xFF\xD8" + frame.substr(0, 8));
     ExpectNoClaim(IL_JPG, "\xFF\xD8");
+}
+
+// The two bytes of a marker, a length and what it counts: a frame of 1 by 1 pixel.
+static std::string SmallFrame(int marker)
+{
+    return '\xFF' + std::string(1, char(marker)) + Big(11, 2) + "\x08" + Big(1, 2) + Big(1, 2) + "\xFF\xFF";
+}
+
+TEST(PictureClaims, OfAJpegAreFoundBehindEachMarker)
+{
+    const std::string frame = "\xFF\xC0" + Big(17, 2) + "\x08" + Big(480, 2) + Big(640, 2);
+    for (int marker = 0; marker < 0xFF; marker++) {
+        SCOPED_TRACE(marker);
+        const bool isOther = marker == 0xC4 || marker == 0xC8 || marker == 0xCC; // tables, an extension
+        if (marker >= 0xC0 && marker < 0xD0 && !isOther) {
+            ExpectClaim(IL_JPG, "\xFF\xD8" + SmallFrame(marker) + frame, 1, 1, 0);
+        } else {
+            const std::string bare = '\xFF' + std::string(1, char(marker));
+            const bool isBare = marker < 2 || (marker >= 0xD0 && marker <= 0xD8);
+            const std::string segment = isBare ? bare : bare + Big(13, 2) + SmallFrame(0xC0).substr(0, 11);
+            ExpectClaim(IL_JPG, "\xFF\xD8" + segment + frame, 640, 480, 600);
+        }
+    }
+    ExpectClaim(IL_JPG, "\xFF\xD8\x11" + SmallFrame(0xC0).substr(1) + frame, 640, 480, 600);
 }
 
 TEST(PictureClaims, OfAPnmAreExact)
@@ -99,8 +134,15 @@ TEST(PictureClaims, OfAPnmAreExact)
     ExpectClaim(IL_PNM, "P5 10 5 255\n", 10, 5, 50);
     ExpectClaim(IL_PNM, "P6 10 5 255\n", 10, 5, 150);
     ExpectClaim(IL_PNM, "P6\n# 7 8\n10#\n\t5", 10, 5, 150);
+    ExpectClaim(IL_PNM, "P6#7\n10 5", 10, 5, 150);
+    ExpectClaim(IL_PNM, "P4 9 5\n", 9, 5, 10);
+    ExpectClaim(IL_PNM, "P4 8 5\n", 8, 5, 5);
     ExpectClaim(IL_PNM, "P7 10 5", 10, 5, 0);
-    for (const char* header : {"", "P", "P6", "P6 #", "P6 # without an end", "P2 x"})
+    ExpectClaim(IL_PNM, "P6 1:5 7", 1, 0, 0);
+    ExpectClaim(IL_PNM, "P6 42949672951 1", 42949672951, 1, 0);
+    ExpectClaim(IL_PNM, "P5 4294967295 4294967295", 4294967295, 4294967295, 0);
+    EXPECT_EQ(18446744073u, ReadPictureClaim(IL_PNM, "P6 18446744073709551626 1").width) << "not 10";
+    for (const char* header : {"", "P", "P6", "P6 #", "P6 # without an end", "P2 x", "P6 !10 5"})
         ExpectNoClaim(IL_PNM, header);
     EXPECT_LT(MaxPictureSide, ReadPictureClaim(IL_PNM, "P6 99999999999999999999999 1 255").width);
 }
@@ -111,8 +153,11 @@ TEST(PictureClaims, OfABitmapAreThoseOfItsRowsWithoutPadding)
     ExpectClaim(IL_BMP, BmpHeader(3, uint32_t(-2), 24, 0), 3, 2, 18);
     ExpectClaim(IL_BMP, BmpHeader(10, 5, 1, 0), 10, 5, 10);
     ExpectClaim(IL_BMP, BmpHeader(10, 5, 32, 3), 10, 5, 200);
+    ExpectClaim(IL_BMP, BmpHeader(1, 5, 1, 0), 1, 5, 5);
+    ExpectClaim(IL_BMP, BmpHeader(1, 8, 64, 0), 1, 8, 32);
     for (int runs : {1, 2})
         ExpectClaim(IL_BMP, BmpHeader(16384, 3, 8, runs), 16384, 3, 3);
+    ExpectClaim(IL_BMP, BmpHeader(16383, 1, 8, 1), 16383, 1, 0);
     ExpectClaim(IL_BMP, BmpHeader(65536, 0x80000000, 24, 0), 65536, 0x80000000, 0);
     ExpectNoClaim(IL_BMP, BmpHeader(3, 2, 24, 0).substr(0, 33));
 }
@@ -122,6 +167,9 @@ TEST(PictureClaims, OfATgaAreThoseOfItsPixelsOrOfItsRuns)
     ExpectClaim(IL_TGA, TgaHeader(2, 10, 5, 24), 10, 5, 150);
     ExpectClaim(IL_TGA, TgaHeader(2, 10, 5, 15), 10, 5, 100);
     ExpectClaim(IL_TGA, TgaHeader(1, 10, 5, 8), 10, 5, 50);
+    ExpectClaim(IL_TGA, TgaHeader(2, 10, 5, 1), 10, 5, 50);
+    ExpectClaim(IL_TGA, TgaHeader(2, 10, 5, 255), 10, 5, 200);
+    ExpectClaim(IL_TGA, TgaHeader(10, 127, 1, 24), 127, 1, 0);
     ExpectClaim(IL_TGA, TgaHeader(10, 128, 4, 24), 128, 4, 16);
     ExpectClaim(IL_TGA, TgaHeader(11, 128, 4, 8), 128, 4, 8);
     ExpectNoClaim(IL_TGA, TgaHeader(2, 10, 5, 24).substr(0, 17));
@@ -142,6 +190,8 @@ TEST(PictureClaims, OfAPcxAreThoseOfItsRuns)
 {
     ExpectClaim(IL_PCX, PcxHeader(8, 10, 0, 19, 4, 3), 10, 5, 4);
     ExpectClaim(IL_PCX, PcxHeader(1, 0, 100, 629, 199, 1), 630, 100, 246);
+    ExpectClaim(IL_PCX, PcxHeader(255, 0, 100, 629, 199, 1), 630, 100, 2000);
+    ExpectClaim(IL_PCX, PcxHeader(8, 0, 0, 62, 0, 255), 63, 1, 8);
     ExpectClaim(IL_PCX, PcxHeader(8, 20, 20, 10, 10, 1), 1, 1, 0);
     ExpectNoClaim(IL_PCX, PcxHeader(8, 10, 0, 19, 4, 3).substr(0, 65));
 }
@@ -149,12 +199,26 @@ TEST(PictureClaims, OfAPcxAreThoseOfItsRuns)
 TEST(PictureClaims, OfOtherFormatsAreLoose)
 {
     ExpectClaim(IL_PSD, "8BPS" + Zeros(10) + Big(10, 4) + Big(128, 4) + Big(0, 4), 128, 10, 20);
+    ExpectClaim(IL_PSD, "8BPS" + Zeros(10) + Big(1, 4) + Big(127, 4) + Big(0, 4), 127, 1, 0);
     ExpectNoClaim(IL_PSD, "8BPS" + Zeros(10) + Big(10, 4) + Big(128, 4) + Big(0, 3));
     ExpectClaim(IL_GIF, "GIF89a" + Little(16384, 2) + Little(9, 2), 16384, 9, 1);
     ExpectNoClaim(IL_GIF, "GIF89a" + Little(16384, 2) + Little(9, 1));
     ExpectNoClaim(IL_TIF, std::string(100, 'x'));
     EXPECT_EQ(1u, LoosestPictureClaim(16384, 8).fewestBytes);
     EXPECT_EQ(0u, LoosestPictureClaim(16384, 7).fewestBytes);
+}
+
+TEST(PictureClaims, OfSidesThatCannotBeCountedHaveNoBytes)
+{
+    EXPECT_EQ(0u, LoosestPictureClaim(131071, 1).fewestBytes);
+    EXPECT_EQ(2048u, LoosestPictureClaim(1, 1u << 28).fewestBytes);
+    EXPECT_EQ(0u, LoosestPictureClaim(1, (1u << 28) + 1).fewestBytes);
+    EXPECT_EQ(0u, LoosestPictureClaim(uint64_t{1} << 33, 1).fewestBytes);
+    // The product may be 2^58 - 1, a 64th of what 64 bits hold.
+    const uint64_t factors[2] = {1610612733, 178956971};
+    EXPECT_EQ((uint64_t{1} << 41) - 1, LoosestPictureClaim(factors[0], factors[1]).fewestBytes);
+    EXPECT_EQ((uint64_t{1} << 41) - 512, LoosestPictureClaim(0xFFFFFFFF, 1u << 26).fewestBytes);
+    EXPECT_EQ(0u, LoosestPictureClaim(0xFFFFFFFF, (1u << 26) + 1).fewestBytes);
 }
 
 static const char* Refusal(uint64_t width, uint64_t height, uint64_t fewestBytes, uint64_t fileBytes)
@@ -176,6 +240,7 @@ TEST(PictureClaims, AreRefusedWithTheirReasonWhereTheyAreTooLargeForUsOrForTheFi
     EXPECT_EQ(nullptr, Refusal(8192, 8192, 100, 100));
     EXPECT_STREQ(side, Refusal(16385, 1, 0, 100));
     EXPECT_STREQ(side, Refusal(1, 16385, 0, 100));
+    EXPECT_STREQ(side, Refusal(16385, 16384, 0, 100)) << "ahead of the pixels";
     EXPECT_STREQ(side, Refusal(uint64_t{1} << 32, uint64_t{1} << 32, 0, 100));
     EXPECT_STREQ(pixels, Refusal(8192, 8193, 0, 100));
     EXPECT_STREQ(pixels, Refusal(16384, 16384, 0, 1000000000));
