@@ -12,6 +12,7 @@
 #include <set>
 
 static const uint32_t beat = 600, bar = 1800;
+static const uint32_t dawn = 181 * bar; // the roll begins
 
 class TheNight : public testing::Test
 {
@@ -96,7 +97,7 @@ TEST_F(TheNight, MarksEveryBorderOfTheMusicWithAFlashOrTheFish)
     for (const waltz::Section& section : score.sections) {
         const uint32_t border = uint32_t(section.firstBar) * bar;
         const bool fish =
-            night.StartOf("Transition_Fish") < border && border < night.StopOf("Transition_Fish");
+            night.StartOf("Transition_Fish") <= border && border < night.StopOf("Transition_Fish");
         EXPECT_EQ(border > 0 && !fish, flashes.count(border) == 1) << section.name;
     }
     // All others come with another message: the photograph's own flash, and the dark that lets the fish in.
@@ -117,6 +118,11 @@ TEST_F(TheNight, EveryFlashHasASpeedThatDecaysAndIsOfUse)
         if (!IsFlash(message))
             continue;
         ASSERT_EQ(1u, message.params.size()) << message.time;
+        if (message.time == dawn) { // slow enough to have a sky behind the roll, and to hide half of it still
+            EXPECT_GT(message.params[0], 0.01f);
+            EXPECT_LT(message.params[0], 0.03f);
+            continue;
+        }
         EXPECT_GE(message.params[0], 1) << message.time;
         EXPECT_LE(message.params[0], 6) << message.time;
     }
@@ -135,16 +141,28 @@ TEST_F(TheNight, FlashesLeaveAheadOfWhatElseIsDueAtTheirTime)
         EXPECT_LT(night.messages[i - 4].time, night.messages[i].time);
 }
 
-TEST_F(TheNight, OverlaysLieOverItAllFromStartToEnd)
+TEST_F(TheNight, OverlaysLieOverItAllUntilTheBlackOneGoesDownBehindTheRoll)
 {
-    for (const char* overlay : {"WhiteFlashOverlay", "BlackFlashOverlay"}) {
-        EXPECT_EQ(0u, night.StartOf(overlay));
-        EXPECT_EQ(night.end, night.StopOf(overlay));
-    }
-    for (const NightScript::Entry& entry : night.entries)
-        if (entry.effect.find("Overlay") == std::string::npos) {
+    uint32_t sky = 0, black = 0, roll = 0; // layers behind the roll, from back to front
+    for (const NightScript::Entry& entry : night.entries) {
+        const bool overlay = entry.effect.find("Overlay") != std::string::npos;
+        if (overlay && entry.layer >= 90) {
+            EXPECT_EQ(0u, entry.start) << entry.effect;
+            EXPECT_EQ(entry.effect == "WhiteFlashOverlay" ? night.end : dawn, entry.stop) << entry.effect;
+        }
+        if (!overlay) {
             EXPECT_LT(entry.layer, 90u) << entry.effect;
         }
+        if (entry.stop < night.end || entry.layer >= 90)
+            continue;
+        if (entry.effect == "BlackFlashOverlay") {
+            EXPECT_EQ(dawn, entry.start);
+        }
+        (overlay ? black : entry.effect == "FX_Clouds" ? sky : roll) = entry.layer;
+    }
+    EXPECT_LT(0u, sky);
+    EXPECT_LT(sky, black);
+    EXPECT_LT(black, roll);
     // Effects that are on together have layers of their own: those of one layer have no settled order.
     for (const NightScript::Entry& a : night.entries)
         for (const NightScript::Entry& b : night.entries)
@@ -186,8 +204,9 @@ TEST_F(TheNight, HandsReachUpOnTheFirstBarOfAPhraseAndCardsAreReadOnTheSecond)
 
 TEST_F(TheNight, FourTreesArePlantedWithTheFourTunesAndNeverMoreThanEightStepsAreTaken)
 {
-    EXPECT_EQ(Every(73, 3, 7), Bars("FX_Credits", "fade_in"));
-    EXPECT_EQ(Every(94, 0, 1), Bars("FX_Credits", "fade_last_in"));
+    // The trees on 73, 79, 85 and 91, and each name two bars later.
+    EXPECT_EQ((std::vector<double>{73, 75, 79, 81, 85, 87, 91}), Bars("FX_Credits", "fade_in"));
+    EXPECT_EQ(Every(93, 0, 1), Bars("FX_Credits", "fade_last_in"));
 }
 
 TEST_F(TheNight, TheTreeOfLightWaitsForTheCamera)
@@ -198,8 +217,11 @@ TEST_F(TheNight, TheTreeOfLightWaitsForTheCamera)
         for (const double at : Bars("FX_Path", name))
             EXPECT_GT(at, camera) << name;
     const std::vector<double> fires = Bars("FX_Path", "tree2");
-    for (int climb = 129; climb <= 136; ++climb)
-        EXPECT_TRUE(std::count(fires.begin(), fires.end(), climb)) << "bar " << climb;
+    for (int climb = 129; climb <= 136; ++climb) {
+        const uint32_t early = climb == 131 ? beat : 0; // on the bar the camera would be in the ground
+        EXPECT_TRUE(std::count(fires.begin(), fires.end(), (climb * double(bar) - early) / bar))
+            << "bar " << climb;
+    }
 }
 
 TEST_F(TheNight, TheDrumWalksWithTheSteps)
@@ -219,5 +241,5 @@ TEST_F(TheNight, ThePhotographAndTheFishComeOnTheirChords)
 {
     EXPECT_EQ(Every(157, 4, 3), Bars("FX_FlashHand", "flash"));
     EXPECT_EQ(Every(177, 2, 2), Bars("FX_RopeThing", "shock"));
-    EXPECT_EQ(Every(206, 0, 1), Bars("FX_VerticalScroller", "stopScroll")) << "the last note";
+    EXPECT_EQ(Every(205, 0, 1), Bars("FX_VerticalScroller", "stopScroll")) << "a bar ahead of the last note";
 }

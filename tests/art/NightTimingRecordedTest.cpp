@@ -47,9 +47,12 @@ public:
     void Render() override {}
     void ReceiveMessage(int id, float*, int) override
     {
+        const double time = double(FrameTimer::GetTime());
+        // Where one entry of an effect ends and the next begins, both are on, and each hands it on.
+        const bool again = !arrivals->empty() && arrivals->back().time == time;
         for (size_t i = 0; i < ids.size(); ++i)
-            if (ids[i] == id)
-                arrivals->push_back({name, names[i], double(FrameTimer::GetTime())});
+            if (ids[i] == id && !again)
+                arrivals->push_back({name, names[i], time});
     }
 
 private:
@@ -137,7 +140,7 @@ TEST_F(TheNightPlayed, FlashesAndTheMusicsStrokesFallTogetherWithinOneFrame)
         const std::string name = arrivals[i].message;
         // What jumps on a chord. In the bars of silence the fish comes out of black without one.
         const bool jumps = name == "flash" || name == "shock" || name == "hand" || name == "blend";
-        if (!jumps || time == 319800 || time == 324000)
+        if (!jumps || time == 319800 || time == 323400)
             continue;
         const int64_t scripted = int64_t(time) * waltz::sampleRate / 1000;
         const waltz::Attack attack = waltz::FindAttack(sound, scripted);
