@@ -5,8 +5,8 @@
 #   cmake -DFOLDER=<folder> -DNAMESPACE=<namespace> -DTABLE=<table> -DOUTPUT=<source> -P EmbedFiles.cmake
 if(NOT CMAKE_SCRIPT_MODE_FILE)
   function(embed_files folder namespace table variable)
-    set(script ${CMAKE_SOURCE_DIR}/cmake/EmbedFiles.cmake)
-    set(source ${CMAKE_BINARY_DIR}/${namespace}-${table}.cpp)
+    set(script ${CMAKE_CURRENT_FUNCTION_LIST_FILE})
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/${namespace}-${table}.cpp)
     file(GLOB files CONFIGURE_DEPENDS ${folder}/*)
     add_custom_command(OUTPUT ${source}
       COMMAND ${CMAKE_COMMAND} -DFOLDER=${folder} -DNAMESPACE=${namespace} -DTABLE=${table} -DOUTPUT=${source}

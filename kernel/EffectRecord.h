@@ -38,6 +38,23 @@ std::vector<EffectFile> ListFiles(const EffectFiles& files);
 // The washes with which the timeline paints an effect's entries (tools/timeline/Palette.h).
 enum EffectWash { SlateWash, OchreWash, MossWash, RustWash, MistWash, NightWash, AmberWash, WashCount };
 
+// Messages whose names begin with `begin` come to nothing ahead of the message `after`.
+struct MessageOrder {
+    const char* begin;
+    const char* after;
+    const char* consequence; // what happens instead, a sentence
+};
+
+// An effect makes something of so many messages of one name. `harmless` does the same, counts among them and is passed
+// over when they are used up.
+struct MessageLimit {
+    const char* message;
+    int most;
+    const char* unit;        // what each message takes one of, in the plural: "steps"
+    const char* consequence; // of one message too many, a sentence
+    const char* harmless;
+};
+
 struct EffectRecord {
     const char* key; // the name in scripts and in the listing, of the effect's files, tests and golden images
     EffectFiles files;
@@ -46,4 +63,6 @@ struct EffectRecord {
     bool isOverlay; // lies over other effects and shows nothing by itself, only on a message
     std::vector<std::string> idleMessages; // declared for the sake of scripts, and nothing is to be seen
     Effect* (*make)();                     // constructs the effect, which is never deleted
+    std::vector<MessageOrder> orders = {};
+    std::vector<MessageLimit> limits = {};
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program. It takes no options and looks at no arguments.
 #include "kernel/OutOfMemory.h"
+#include "kernel/Production.h"
 #include "kernel/System.h"
 #include "platform/Paths.h"
 #include "platform/Screen.h"
@@ -11,12 +12,12 @@
 int main()
 {
     if (!platform::HasDisplay()) {
-        fprintf(stderr,
-                "moonwaltz: there is no display to play on (DISPLAY is not set, or nothing answers there)\n");
+        fprintf(stderr, "%s: there is no display to play on (DISPLAY is not set, or nothing answers there)\n",
+                ProductionName);
         return 1;
     }
-    ReportOutOfMemory();
-    platform::FindDataDirectory();
+    ReportOutOfMemory(ProductionName);
+    platform::FindDataDirectory(ProductionName);
     const int status = RunShow();
     // Restores the display mode. After a natural end of the show nothing else has done so.
     platform::Windows().shutDown();

@@ -8,16 +8,19 @@
 
 #include <unistd.h>
 
+static const char* program = "";
+
 // The line comes first, and the handler goes: the box may well ask for more memory than there is.
 [[noreturn]] static void EndWithWords()
 {
     std::set_new_handler(nullptr);
-    fputs("moonwaltz: there is not enough memory\n", stderr);
+    fprintf(stderr, "%s: there is not enough memory\n", program);
     ReportError("Out of Memory", "There is not enough memory to go on.");
     _exit(1);
 }
 
-void ReportOutOfMemory()
+void ReportOutOfMemory(const char* programName)
 {
+    program = programName;
     std::set_new_handler(EndWithWords);
 }

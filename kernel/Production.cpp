@@ -14,7 +14,8 @@
 #include "effects/FX_VerticalScroller.h"
 #include "effects/Transition_Fish.h"
 #include "effects/WhiteFlashOverlay.h"
-#include "kernel/EffectRegistry.h"
+
+const char* const ProductionName = "moonwaltz";
 
 const std::vector<EffectRecord>& ProductionEffects()
 {
@@ -22,11 +23,14 @@ const std::vector<EffectRecord>& ProductionEffects()
     static const std::vector<EffectRecord> rows = {
         // key                  what Init loads              painted    once   overlay  messages that change nothing
         {"FX_Credits",          FX_Credits::files,           SlateWash, false, false,   {},
-            []() -> Effect* { return new FX_Credits; }},
+            []() -> Effect* { return new FX_Credits; }, {},
+            {{"fade_in", FX_Credits::stepCount, "steps", "There is no further name and no further camera.",
+              "fade_last_in"}}},
         {"FX_Scroller_Intro",   FX_Scroller_Intro::files,    OchreWash, false, false,   {},
             []() -> Effect* { return new FX_Scroller_Intro; }},
         {"FX_Path",             FX_Path::files,              MossWash,  false, false,   {"flash_all", "flash_cam"},
-            []() -> Effect* { return new FX_Path; }},
+            []() -> Effect* { return new FX_Path; },
+            {{"tree", "trigger_cam", "FX_Path has no tree yet and does not count it."}}},
         {"Transition_Fish",     Transition_Fish::files,      RustWash,  false, false,   {},
             []() -> Effect* { return new Transition_Fish; }},
         {"FX_Towers",           FX_Towers::files,            MistWash,  false, false,   {},
@@ -50,18 +54,4 @@ const std::vector<EffectRecord>& ProductionEffects()
     };
     // clang-format on
     return rows;
-}
-
-const EffectRecord* FindRecord(const std::string& key)
-{
-    for (const EffectRecord& row : ProductionEffects())
-        if (row.key == key)
-            return &row;
-    return nullptr;
-}
-
-void RegisterEffects(EffectRegistry* registry)
-{
-    for (const EffectRecord& row : ProductionEffects())
-        registry->Register(row.key, row.make(), row.key); // the listing describes an effect by its key
 }

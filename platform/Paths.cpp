@@ -41,7 +41,7 @@ std::string GetDataDirectory()
     return dataDirectory;
 }
 
-void FindDataDirectory()
+void FindDataDirectory(const std::string& production)
 {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -57,7 +57,7 @@ void FindDataDirectory()
         beside / "Data",
         beside / ".." / "Data",
         beside / ".." / ".." / "Data", // build/<preset>/moonwaltz in the source tree
-        beside / ".." / "share" / "moonwaltz" / "Data",
+        beside / ".." / "share" / production / "Data",
     };
     for (const fs::path& candidate : candidates)
         if (fs::is_directory(candidate, error)) {

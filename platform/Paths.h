@@ -23,9 +23,9 @@ bool NamesDataDirectory(const std::string& name);
 void SetDataDirectory(std::string directory);
 std::string GetDataDirectory();
 
-// Looks for the data directory: in the working directory, beside the executable (and one folder above,
-// and at the root of the source tree when run from its build folder), in the installed share folder.
-// The first that exists becomes the data directory; if none exists, "Data" stays.
-void FindDataDirectory();
+// Looks for the data directory of a production: in the working directory, beside the executable (and one folder
+// above, and at the root of the source tree when run from its build folder), in share/NAME of the folder that the
+// program is installed in. The first that exists becomes the data directory; if none exists, "Data" stays.
+void FindDataDirectory(const std::string& production);
 
 } // namespace platform

@@ -13,7 +13,7 @@ static const size_t tooMuch = size_t{1} << 50;
 static void TakeTooMuch()
 {
     unsetenv("DISPLAY"); // boxes go to the standard error stream as text
-    ReportOutOfMemory();
+    ReportOutOfMemory("lantern");
     std::string text;
     text.resize(tooMuch);
 }
@@ -32,12 +32,12 @@ protected:
 TEST_F(OutOfMemory, EndsTheProcessWithALineAndABox)
 {
     EXPECT_EXIT(TakeTooMuch(), testing::ExitedWithCode(1),
-                "^moonwaltz: there is not enough memory\nMarlinex 1\\.5 Error: Out of Memory\n"
+                "^lantern: there is not enough memory\nMarlinex 1\\.5 Error: Out of Memory\n"
                 "Bad: There is not enough memory to go on\\.\n");
 }
 
 TEST_F(OutOfMemory, DoesNotEndTheProcessWhereAPictureHasNoRoom)
 {
-    ReportOutOfMemory();
+    ReportOutOfMemory("lantern");
     EXPECT_EQ(nullptr, AllocatePixels(tooMuch));
 }

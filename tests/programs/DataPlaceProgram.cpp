@@ -6,7 +6,7 @@
 
 int main()
 {
-    platform::FindDataDirectory();
+    platform::FindDataDirectory("moonwaltz");
     puts(platform::GetDataDirectory().c_str());
     return 0;
 }

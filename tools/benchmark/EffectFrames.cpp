@@ -58,7 +58,7 @@ static bool CountContextChange(platform::DeviceContext device, platform::Context
 EffectFrames::EffectFrames()
 {
     platform::CollectMessageBoxes(&boxes);
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     platform::UseSteppedClock();
     RegisterEffects(&registry);
 }
@@ -142,7 +142,7 @@ bool EffectFrames::Measure(size_t index, int frames, FrameMode mode, FrameTime* 
     DemoPlayer show;
     show.Init(&window, &registry, nullptr, false);
     const bool loaded = show.LoadScript(row.name + ".txt");
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     if (!loaded) {
         error = std::string(showFolder) + "/" + row.name + ".txt can't be read";
         return false;

@@ -6,6 +6,7 @@
 //   of_play    the time as a share of the ten seconds, that is, the share of one core that the music takes
 //
 // Both are wall-clock times. The samples are requested in pieces of 1024 frames without a pause.
+#include "kernel/Production.h"
 #include "music/Decoder.h"
 #include "music/SoundSystem.h"
 #include "platform/Paths.h"
@@ -51,7 +52,7 @@ static double SecondsOfDecoding(const std::string& path)
 
 static void PlayMusic(benchmark::State& state)
 {
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     const std::string path = platform::DataPath(music);
     platform::UseSoundOutput(platform::SoundPulledByHand);
     SoundSystem::SetDriver(SoundSystem::DefaultDriver);

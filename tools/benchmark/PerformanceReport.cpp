@@ -150,7 +150,7 @@ static void MeasureTimeline(const std::string& folder, std::vector<Row>* rows)
     const double start = Now();
     player.LoadScript("large.txt");
     const double reading = Now() - start;
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     const Cost drawn = Run({"marlinex-timeline", script, "-o", folder + "/large.svg"});
     if (drawn.worked)
         AddRow(rows, "timeline of 10,000 entries, 100,000 messages", drawn.seconds, "s",

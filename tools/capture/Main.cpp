@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // marlinex-capture: the show as a video with its music, as numbered pictures or as a contact sheet. Needs no
 // display.
+#include "kernel/Production.h"
 #include "platform/Paths.h"
 #include "tools/capture/ContactSheet.h"
 #include "tools/capture/Interruption.h"
@@ -30,7 +31,7 @@ static int Complain(const std::string& text, int status = exitFailed)
 {
     for (size_t begin = 0; begin <= text.size();) {
         const size_t stop = std::min(text.find('\n', begin), text.size());
-        fprintf(stderr, "marlinex-capture: %s\n", text.substr(begin, stop - begin).c_str());
+        fprintf(stderr, "%s: %s\n", MARLINEX_PROGRAM, text.substr(begin, stop - begin).c_str());
         begin = stop + 1;
     }
     return status;
@@ -193,13 +194,13 @@ static int Run(const Options& options)
 int main(int argc, char** argv)
 {
     cli::CommandLine line(
-        "marlinex-capture",
+        MARLINEX_PROGRAM,
         "Makes a video of the show, or of the script FILE, or pictures of it. Frame by frame, none "
         "lost; needs no display.",
         "[FILE...]", OptionTable());
     if (!line.Read(argc, argv))
         return line.exitStatus;
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     if (line.Has("data"))
         platform::SetDataDirectory(line.Value("data"));
     Options options;

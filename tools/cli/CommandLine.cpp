@@ -40,6 +40,11 @@ bool CommandLine::Read(int argc, const char* const* argv, FILE* out, FILE* err)
     }
     longOptions.push_back({});
 
+    if (argc == 2 && !strcmp(argv[1], "--completion=bash"))
+        return Print(BashCompletion(), out, err);
+    if (argc == 2 && !strcmp(argv[1], "--completion=zsh"))
+        return Print(ZshCompletion(), out, err);
+
     std::vector<char*> words; // getopt_long sorts them, operands last
     for (int i = 0; i < argc; i++)
         words.push_back(const_cast<char*>(argv[i]));
@@ -56,17 +61,20 @@ bool CommandLine::Read(int argc, const char* const* argv, FILE* out, FILE* err)
         }
         const Option* const found = FindCode(code);
         const bool help = !strcmp(found->name, "help");
-        if (help || !strcmp(found->name, "version")) {
-            const std::string text = help ? HelpText() : VersionText() + "\n";
-            exitStatus = ExitClean;
-            if (fputs(text.c_str(), out) < 0 || fflush(out) != 0)
-                Fail(std::string("standard output: ") + strerror(errno), err);
-            return false;
-        }
+        if (help || !strcmp(found->name, "version"))
+            return Print(help ? HelpText() : VersionText() + "\n", out, err);
         given.push_back({found, optarg ? optarg : ""});
     }
     operands.assign(words.begin() + optind, words.begin() + argc);
     return CheckOperands(err);
+}
+
+bool CommandLine::Print(const std::string& text, FILE* out, FILE* err)
+{
+    exitStatus = ExitClean;
+    if (fputs(text.c_str(), out) < 0 || fflush(out) != 0)
+        Fail(std::string("standard output: ") + strerror(errno), err);
+    return false;
 }
 
 // What is wrong with the option that getopt_long has stopped at.

@@ -19,7 +19,9 @@
 // GNU conventions hold: --data DIR, --data=DIR, -o FILE and -oFILE; short options without values can be
 // bundled; a long option can be shortened as long as one option alone begins so; "--" ends the options; "-"
 // is an operand; options and operands can be mixed. If an option is repeated, the last one counts. --help and
-// --version are added to every table, and what stands behind them is not read.
+// --version are added to every table, and what stands behind them is not read. --completion=bash and
+// --completion=zsh, which --help does not list and which have to be the only word, give the shell's completion of the
+// table: the build installs them.
 #pragma once
 
 #include <cstdint>
@@ -49,8 +51,8 @@ public:
     CommandLine(const char* programName, const char* summaryText, const char* operandText,
                 std::vector<Option> table);
 
-    // False if the program has to end with exitStatus: ExitClean after --help and --version, whose text went
-    // to out, and ExitUsage after a mistake or if out could not be written to, which is one line on err.
+    // False if the program has to end with exitStatus: ExitClean after --help, --version and --completion, whose
+    // text went to out, and ExitUsage after a mistake or if out could not be written to, which is one line on err.
     bool Read(int argc, const char* const* argv, FILE* out = stdout, FILE* err = stderr);
 
     bool Has(const std::string& name) const;
@@ -65,6 +67,8 @@ public:
     int Fail(const std::string& text, FILE* err = stderr);
 
     std::string HelpText() const;
+    std::string BashCompletion() const; // Completion.cpp
+    std::string ZshCompletion() const;
     std::string VersionText() const; // "NAME 1.5"
 
     std::vector<std::string> operands;
@@ -76,7 +80,8 @@ private:
         std::string value;
     };
 
-    const Option* FindCode(int code) const; // of getopt_long; null: no such letter
+    bool Print(const std::string& text, FILE* out, FILE* err); // always false, as Read is after it
+    const Option* FindCode(int code) const;                    // of getopt_long; null: no such letter
     std::string Mistake(int code, const std::string& word) const;
     const Given* Last(const std::string& name) const;
     bool CheckOperands(FILE* err);

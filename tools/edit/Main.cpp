@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // marlinex-edit: the show where it is written, as picture, sound and timeline.
+#include "kernel/Production.h"
 #include "platform/Paths.h"
 #include "tools/edit/Editor.h"
 #include "tools/edit/Options.h"
@@ -24,7 +25,7 @@ int main(int argc, char** argv)
     edit::Options options;
     if (!edit::ReadOptions(&line, argc, argv, &options))
         return line.exitStatus;
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     if (!options.data.empty())
         platform::SetDataDirectory(options.data);
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // What single effects make of the order and the number of their messages.
-#include "effects/FX_Credits.h"
 #include "kernel/Production.h"
 #include "tools/lint/Checks.h"
 
@@ -29,43 +28,46 @@ static void CheckIdle(const Show& show, Findings* findings)
                     message.time, message.time);
 }
 
-// The tree of the village is planted by trigger_cam. What comes earlier isn't even counted.
-static void CheckPath(const Show& show, Findings* findings)
+// A message that the effect only counts once another one has come.
+static void CheckOrder(const Show& show, const std::string& effect, const MessageOrder& order,
+                       Findings* findings)
 {
+    const std::string after = Quote(order.after);
     bool triggered = false;
     for (const SentMessage& message : show.messages) {
-        if (!message.kept || !message.heard || message.effect != "FX_Path")
+        if (!message.kept || !message.heard || message.effect != effect)
             continue;
-        triggered = triggered || message.name == "trigger_cam";
-        if (!triggered && message.name.compare(0, 4, "tree") == 0)
+        triggered = triggered || message.name == order.after;
+        if (!triggered && message.name.starts_with(order.begin))
             SetSpan(&findings->AddAt(Warning, "message-too-early", message.line, message.column,
                                      Quote(message.name) + " at " + std::to_string(message.time) +
-                                         " comes ahead of any \"trigger_cam\".",
-                                     "FX_Path has no tree yet and does not count it.",
-                                     "Send \"trigger_cam\" first."),
+                                         " comes ahead of any " + after + ".",
+                                     order.consequence, "Send " + after + " first."),
                     message.time, message.time);
     }
 }
 
-static void CheckCredits(const Show& show, Findings* findings)
+static void CheckLimit(const Show& show, const std::string& effect, const MessageLimit& limit,
+                       Findings* findings)
 {
-    const std::string most = std::to_string(FX_Credits::stepCount);
-    int steps = 0;
+    const std::string most = std::to_string(limit.most);
+    int count = 0;
     for (const SentMessage& message : show.messages) {
-        if (!message.kept || !message.heard || message.effect != "FX_Credits")
+        if (!message.kept || !message.heard || message.effect != effect)
             continue;
-        const bool limited = message.name == "fade_last_in";
-        if (message.name != "fade_in" && !limited)
+        const bool harmless = message.name == limit.harmless;
+        if (message.name != limit.message && !harmless)
             continue;
-        if (!limited || steps < FX_Credits::stepCount)
-            steps++;
-        if (!limited && steps > FX_Credits::stepCount)
+        if (!harmless || count < limit.most)
+            count++;
+        if (!harmless && count > limit.most)
             SetSpan(&findings->AddAt(Warning, "too-many-messages", message.line, message.column,
-                                     "\"fade_in\" at " + std::to_string(message.time) + " is number " +
-                                         std::to_string(steps) + ", and FX_Credits has " + most + " steps.",
-                                     "There is no further name and no further camera.",
-                                     "Send at most " + most +
-                                         ", or end with \"fade_last_in\", which stops by itself."),
+                                     Quote(limit.message) + " at " + std::to_string(message.time) +
+                                         " is number " + std::to_string(count) + ", and " + effect + " has " +
+                                         most + " " + limit.unit + ".",
+                                     limit.consequence,
+                                     "Send at most " + most + ", or end with " + Quote(limit.harmless) +
+                                         ", which stops by itself."),
                     message.time, message.time);
     }
 }
@@ -73,8 +75,12 @@ static void CheckCredits(const Show& show, Findings* findings)
 void CheckScenes(const Show& show, Findings* findings)
 {
     CheckIdle(show, findings);
-    CheckPath(show, findings);
-    CheckCredits(show, findings);
+    for (const EffectRecord& record : ProductionEffects()) {
+        for (const MessageOrder& order : record.orders)
+            CheckOrder(show, record.key, order, findings);
+        for (const MessageLimit& limit : record.limits)
+            CheckLimit(show, record.key, limit, findings);
+    }
 }
 
 } // namespace lint

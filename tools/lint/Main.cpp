@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // marlinex-lint: finds what the show would silently do with a script. Needs no display.
+#include "kernel/Production.h"
 #include "platform/Paths.h"
 #include "tools/cli/CommandLine.h"
 #include "tools/cli/Output.h"
@@ -20,11 +21,11 @@ static const std::vector<cli::Option> options = {
 
 int main(int argc, char** argv)
 {
-    cli::CommandLine line("marlinex-lint", "Tells what the show would do with a script in silence.", "FILE",
+    cli::CommandLine line(MARLINEX_PROGRAM, "Tells what the show would do with a script in silence.", "FILE",
                           options);
     if (!line.Read(argc, argv))
         return line.exitStatus;
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     lint::Options wanted;
     int64_t offset = 0;
     if (!line.WholeNumber("offset", 0, UINT32_MAX, &offset) ||

@@ -11,8 +11,9 @@ static const std::vector<cli::Option> options = {
 
 int main(int argc, char** argv)
 {
-    cli::CommandLine line(
-        "marlinex-list", "Lists the effects of the show and the messages that they understand.", "", options);
+    cli::CommandLine line(MARLINEX_PROGRAM,
+                          "Lists the effects of the show and the messages that they understand.", "",
+                          options);
     if (!line.Read(argc, argv))
         return line.exitStatus;
     const std::string path = line.Value("output", "-");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // marlinex-timeline: a script as a picture. Needs no display.
+#include "kernel/Production.h"
 #include "platform/Paths.h"
 #include "tools/cli/CommandLine.h"
 #include "tools/cli/Output.h"
@@ -26,7 +27,7 @@ static const std::vector<cli::Option> options = {
 
 int main(int argc, char** argv)
 {
-    cli::CommandLine line("marlinex-timeline", "Draws the show that a script makes: what is on stage when.",
+    cli::CommandLine line(MARLINEX_PROGRAM, "Draws the show that a script makes: what is on stage when.",
                           "FILE", options);
     if (!line.Read(argc, argv))
         return line.exitStatus;
@@ -50,7 +51,7 @@ int main(int argc, char** argv)
         return line.Fail(output + ": the ending must be .svg, .png or .html");
 
     const std::string script = line.operands[0];
-    platform::FindDataDirectory();
+    platform::FindDataDirectory(ProductionName);
     timeline::ReadOptions wanted;
     wanted.startOffset = uint32_t(offset);
     wanted.data = line.Value("data");
