@@ -18,6 +18,9 @@ static const char* const h264Quality = "16";
 // similarity to the frames was 0.9972, 0.9959 and 0.9950.
 static const char* const h264Preset = "faster";
 static const char* const aacRate = "256k";
+// Of 100. Ten seconds of the title at 480 by 360 and 25 frames a second took 1.0 MB.
+static const char* const webpQuality = "60";
+static const char* const webpEffort = "6"; // the greatest: the smallest file
 
 static void Add(Words* words, const Words& more)
 {
@@ -46,6 +49,11 @@ bool NeedsEvenSize(const std::string& output)
     return IsMp4(output);
 }
 
+bool IsAnimation(const std::string& output)
+{
+    return std::filesystem::path(output).extension() == ".webp";
+}
+
 // The options describe the raw input completely, so ffmpeg need not analyse it.
 static const Words unprobed = {"-probesize", "32", "-analyzeduration", "0"};
 
@@ -71,6 +79,9 @@ static Words PictureCodec(const Encoding& encoding)
     if (IsArchive(encoding))
         return {"-vf", "vflip", "-c:v",      "ffv1", "-level",   "3",
                 "-g",  "1",     "-slicecrc", "1",    "-pix_fmt", "bgr0"};
+    if (IsAnimation(encoding.output)) // the encoder itself turns colours into its own
+        return {"-vf",       "vflip,format=bgra",  "-c:v",     "libwebp_anim", "-lossless", "0", "-quality",
+                webpQuality, "-compression_level", webpEffort, "-loop",        "0"};
     const std::string video = "vflip,scale=flags=bicubic+accurate_rnd+full_chroma_int:out_color_matrix=bt709:"
                               "out_range=tv,format=yuv420p";
     Words words = {"-vf",   video,        "-colorspace", "bt709",        "-color_primaries",

@@ -3,6 +3,7 @@
 //
 //   .mp4 .mov .m4v   H.264 and AAC, BT.709 colours, the index at the start of the file
 //   .mkv             FFV1 and 32-bit float samples, both lossless
+//   .webp            an animated picture without sound that begins anew at its end, as pages show it
 //   others           the codecs that ffmpeg chooses for the ending
 // A stream without an ending gets the format of .mkv.
 #pragma once
@@ -30,6 +31,9 @@ struct Encoding {
 
 // True if the format can't have an odd width or height.
 bool NeedsEvenSize(const std::string& output);
+
+// True if the output is an animated picture, by its ending .webp.
+bool IsAnimation(const std::string& output);
 
 // The command that reads frames on its standard input (4 bytes a pixel, bottom row first) and, with sound,
 // stereo frames on "pipe:3".

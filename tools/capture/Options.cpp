@@ -15,6 +15,10 @@ namespace capture
 {
 
 static const int64_t maxSide = 16384; // pixels
+// Of an animation unless told: pages load it as a whole. Its times are whole milliseconds.
+static const int64_t animationWidth = 480; // pixels
+static const int64_t animationHeight = 360;
+static const FrameRate animationRate = {25, 1};
 static const int64_t maxSegments = 100000;
 static const int64_t maxTiles = 10000;
 static const int64_t maxTileWidth = 2048;
@@ -24,12 +28,14 @@ const std::vector<cli::Option>& OptionTable()
 {
     static const std::vector<cli::Option> table = {
         {"output", 'o', "PATH",
-         "Where to write: a video (show.mp4; show.mkv keeps every pixel and sample), numbered pictures (a "
-         "folder "
-         "that ends with a slash, or a pattern such as x-%05d.png), or the picture of --sheet."},
-        {"size", 's', "WxH", "The size of the picture in pixels; 1024x768 unless told."},
+         "Where to write: a video (show.mp4; show.mkv keeps every pixel and sample), a moving picture for "
+         "pages (part.webp), numbered pictures (a folder that ends with a slash, or a pattern such as "
+         "x-%05d.png), or the picture of --sheet."},
+        {"size", 's', "WxH",
+         "The size of the picture in pixels; 1024x768 unless told, and 480x360 for .webp."},
         {"rate", 'r', "FRAMES",
-         "Frames a second, as a whole number or a fraction: 60 unless told, 30, 60000/1001."},
+         "Frames a second, as a whole number or a fraction: 30, 60000/1001; 60 unless told, and 25 for "
+         ".webp."},
         {"from", 0, "TIME",
          "Begin with the first frame at or behind this time, in seconds or as m:ss.fraction. What comes "
          "before is "
@@ -87,7 +93,7 @@ bool ReadSize(cli::CommandLine& line, int64_t* width, int64_t* height)
                             " such as 640x480, not \"" + text + "\"");
 }
 
-static bool ReadMoment(cli::CommandLine& line, const char* name, int64_t* microseconds)
+bool ReadMoment(cli::CommandLine& line, const char* name, int64_t* microseconds)
 {
     if (!line.Has(name) || ReadTime(line.Value(name), microseconds))
         return true;
@@ -179,6 +185,14 @@ static bool ReadOutput(cli::CommandLine& line, Options* options)
         return Refuse(line,
                       "one PNG file can't hold a show: -o frames/ makes numbered ones, --sheet an overview");
     }
+    if (options->kind == OutputVideo && IsAnimation(path)) {
+        options->width = animationWidth;
+        options->height = animationHeight;
+        options->rate = animationRate;
+        options->music = false;
+        if (line.Has("join") || line.Has("segment"))
+            return Refuse(line, "a moving picture is made in one piece: --segment and --join are for videos");
+    }
     if (options->kind == OutputVideo && line.Has("every"))
         return Refuse(line, "option --every is for pictures: a video has all frames");
     return true;
@@ -197,7 +211,7 @@ bool ReadOptions(cli::CommandLine& line, Options* options)
         return false;
     if (options->threads == 0)
         options->threads = std::max(1u, std::thread::hardware_concurrency());
-    options->music = !line.Has("no-music");
+    options->music = options->music && !line.Has("no-music");
     options->encoder = line.Value("encoder");
     if (options->kind == OutputVideo && std::filesystem::path(options->output).extension().empty() &&
         options->encoder.empty() && !OutputFile::IsStream(options->output))

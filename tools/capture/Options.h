@@ -44,5 +44,6 @@ bool ReadOptions(cli::CommandLine& line, Options* options);
 // if the option was not given. They fail as ReadOptions does.
 bool ReadSize(cli::CommandLine& line, int64_t* width, int64_t* height);
 bool ReadRate(cli::CommandLine& line, FrameRate* rate);
+bool ReadMoment(cli::CommandLine& line, const char* name, int64_t* microseconds); // --name=TIME
 
 } // namespace capture

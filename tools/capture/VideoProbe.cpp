@@ -2,6 +2,7 @@
 #include "tools/capture/VideoProbe.h"
 
 #include "tools/capture/FfmpegProcess.h"
+#include "tools/capture/WebpFile.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -29,12 +30,29 @@ int64_t CountFrames(const std::string& path, std::string* error)
     return std::atoll(count.c_str());
 }
 
+// One frame makes a still picture, which has no time. Times are whole milliseconds.
+static bool IsWholeAnimation(const OutputFile& file, const Encoding& encoding, int64_t frames,
+                             std::string* error)
+{
+    const int64_t length = AnimationLength(file.Name(), error);
+    if (length < 0)
+        return false;
+    const int64_t wanted = frames > 1 ? encoding.rate.MomentOf(frames, 1000) : 0;
+    if (length >= wanted - 1 && length <= wanted + 1)
+        return true;
+    *error = "ffmpeg reported no error, but its file shows " + std::to_string(length) + " of " +
+             std::to_string(wanted) + " milliseconds";
+    return false;
+}
+
 static bool IsComplete(const OutputFile& file, const Encoding& encoding, int64_t frames, std::string* error)
 {
     if (fsync(file.Descriptor()) != 0) {
         *error = file.Name() + ": " + strerror(errno);
         return false;
     }
+    if (IsAnimation(encoding.output))
+        return IsWholeAnimation(file, encoding, frames, error);
     const int64_t found = CountFrames(file.Name(), error);
     if (found < 0)
         return false;

@@ -126,6 +126,9 @@ Canvas StartForm()
     Write(quill, "moonwaltz", {724, 224},
           {.size = 100, .slant = 0.08f, .spacing = 1.2f, .lively = 0.5f, .upright = 0.55f}, Anchor::Middle,
           7);
+    Pen fine(title, paper, {.width = 6.5f, .least = 0.5f, .skip = 0, .dry = 0, .pool = 0.1f}, 43);
+    Write(fine, "caution: flashing light", {724, 318},
+          {.size = 43, .slant = 0.04f, .spacing = 1.25f, .lively = 0.2f, .upright = 0.6f}, Anchor::Middle, 8);
     canvas.Cover(title.Blurred(9), palette::Ink, 0.5f);
     canvas.Cover(title, palette::Bone, 0.96f);
     paper.Show(canvas, 0.4f);

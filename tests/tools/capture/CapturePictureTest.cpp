@@ -5,6 +5,7 @@
 #include "tests/Folders.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/desktop/Process.h"
+#include "tools/capture/WebpFile.h"
 
 #include <cmath>
 #include <csignal>
@@ -48,6 +49,19 @@ TEST_F(Capture, AVideoHasEveryFrameAndTheMusicAndNothingElse)
     EXPECT_EQ("0.000000\n0.000000\n", Probe("show.mp4", "stream=start_time"));
     EXPECT_EQ("bt709\n", Probe("show.mp4", "stream=color_space", "v"));
     EXPECT_EQ((std::vector<std::string>{"Data", "show.mp4"}), Names("."));
+}
+
+TEST_F(Capture, AnAnimationForPagesShowsAllOfItsTimeWithoutSound)
+{
+    WriteFlashShow(2100);
+    const ProgramRun run = Run({"-o", "loop.webp"});
+    ASSERT_EQ(0, run.status) << run.errors;
+    EXPECT_EQ((std::vector<std::string>{"Data", "loop.webp"}), Names("."));
+    std::string error;
+    // 2.1 s are 52.5 frames of 40 ms, and a fraction of a frame is a frame.
+    EXPECT_EQ(53 * 40, capture::AnimationLength(PathOf("loop.webp"), &error)) << error;
+    ASSERT_EQ(0, Run({"-o", "short.webp", "--rate", "20", "--to", "0.1", "--size", "33x21"}).status);
+    EXPECT_EQ(2 * 50, capture::AnimationLength(PathOf("short.webp"), &error)) << error;
 }
 
 TEST_F(Capture, AFractionOfAFrameIsAFrame)

@@ -68,6 +68,18 @@ TEST(CaptureEncoding, GoesByTheEndOfTheName)
     EXPECT_EQ(std::string::npos, Joined(EncoderCommand(Example("a.webm"))).find("-c:v"));
 }
 
+TEST(CaptureEncoding, OfAnAnimationBeginsAnewForEverAndLeavesColoursToTheEncoder)
+{
+    Encoding loop = Example("loop.webp");
+    loop.sound = false;
+    EXPECT_TRUE(capture::IsAnimation("a/loop.webp"));
+    EXPECT_FALSE(capture::IsAnimation("webp.mp4"));
+    EXPECT_TRUE(Has(EncoderCommand(loop), "-vf vflip,format=bgra -c:v libwebp_anim -lossless 0"));
+    EXPECT_TRUE(Has(EncoderCommand(loop), "-loop 0"));
+    EXPECT_FALSE(Has(EncoderCommand(loop), "-colorspace bt709"));
+    EXPECT_FALSE(loop.HasOnePacketPerFrame()) << "frames that are alike are joined";
+}
+
 TEST(CaptureEncoding, TurnsPicturesOverAndTagsTheirColours)
 {
     for (const char* name : {"a.mp4", "a.mkv", "a.webm"})
