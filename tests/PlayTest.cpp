@@ -56,7 +56,7 @@ protected:
 TEST_F(Play, WithADisplayBuildsAndStartsTheShowAndNothingElse)
 {
     EXPECT_EQ(0, Start(":7").status);
-    EXPECT_EQ("install-packages build\n"
+    EXPECT_EQ("install-packages play build\n"
               "cmake --preset release -DMARLINEX_TOOLS=OFF -DMARLINEX_TESTS=OFF -DMARLINEX_ART=OFF\n"
               "cmake --build --preset release --target moonwaltz\n"
               "moonwaltz \n",
@@ -67,7 +67,7 @@ TEST_F(Play, ConfiguresNoSecondTime)
 {
     std::ofstream(root / "house/build/release/build.ninja") << "\n";
     EXPECT_EQ(0, Start(":7").status);
-    EXPECT_EQ("install-packages build\ncmake --build --preset release --target moonwaltz\nmoonwaltz \n",
+    EXPECT_EQ("install-packages play build\ncmake --build --preset release --target moonwaltz\nmoonwaltz \n",
               Calls());
 }
 
@@ -75,7 +75,7 @@ TEST_F(Play, WithoutADisplayRecordsTheShowIntoTheCallersFolder)
 {
     const ProgramRun run = Start("");
     EXPECT_EQ(0, run.status);
-    EXPECT_EQ("install-packages build capture\n"
+    EXPECT_EQ("install-packages play build capture\n"
               "cmake --preset release -DMARLINEX_TOOLS=ON -DMARLINEX_TESTS=OFF -DMARLINEX_ART=OFF\n"
               "cmake --build --preset release --target marlinex-capture\n"
               "marlinex-capture -o moonwaltz.mp4\n",

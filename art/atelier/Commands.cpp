@@ -37,10 +37,12 @@ void ForEach(const std::vector<const Picture*>& pictures, const std::function<vo
 
 std::mutex speaking;
 
-// Paints one picture to the bytes of its file; empty, with a word to stderr, if the picture has not the size
+// Paints or draws one picture to the bytes of its file; empty, with a word to stderr, if the picture has not the size
 // that its row states or cannot be encoded.
 std::string Painted(const Picture& picture)
 {
+    if (picture.draw)
+        return picture.draw();
     const Canvas canvas = picture.paint();
     if (canvas.Width() != picture.width || canvas.Height() != picture.height) {
         const std::lock_guard<std::mutex> lock(speaking);

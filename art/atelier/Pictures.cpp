@@ -6,6 +6,7 @@ namespace atelier
 
 // One line for each file under pictures/.
 Group FramePictures();
+Group IconPictures();
 Group FX_Scroller_IntroPictures();
 Group Transition_FishPictures();
 Group FX_CloudsPictures();
@@ -17,15 +18,26 @@ Group FX_FootprintPictures();
 Group FX_FlashHandPictures();
 Group FX_RopeThingPictures();
 Group FX_VerticalScrollerPictures();
+Group TemplatePictures();
 
 // In the order of the night.
 const std::vector<Group>& AllGroups()
 {
     static const std::vector<Group> groups = {
-        FramePictures(),        FX_Scroller_IntroPictures(), Transition_FishPictures(),
-        FX_CloudsPictures(),    FX_CreditsPictures(),        FS_ImagePictures(),
-        FX_PathPictures(),      FX_TowersPictures(),         FX_FootprintPictures(),
-        FX_FlashHandPictures(), FX_RopeThingPictures(),      FX_VerticalScrollerPictures(),
+        FramePictures(),
+        IconPictures(),
+        FX_Scroller_IntroPictures(),
+        Transition_FishPictures(),
+        FX_CloudsPictures(),
+        FX_CreditsPictures(),
+        FS_ImagePictures(),
+        FX_PathPictures(),
+        FX_TowersPictures(),
+        FX_FootprintPictures(),
+        FX_FlashHandPictures(),
+        FX_RopeThingPictures(),
+        FX_VerticalScrollerPictures(),
+        TemplatePictures(),
     };
     return groups;
 }
@@ -38,10 +50,9 @@ std::string NameOf(const Picture& picture)
 
 const Picture* FindPicture(const std::string& name)
 {
-    const std::string bare = name.substr(name.rfind('/') + 1);
     for (const Group& group : AllGroups())
         for (const Picture& picture : group.pictures)
-            if (NameOf(picture) == bare)
+            if (picture.file == name || NameOf(picture) == name)
                 return &picture;
     return nullptr;
 }

@@ -17,6 +17,7 @@ enum class Format {
     Jpeg,    // RGB
     PngRgb,  // PNG without alpha
     PngRgba, // PNG with straight alpha
+    Svg,
 };
 
 struct Picture {
@@ -24,6 +25,7 @@ struct Picture {
     int width, height;
     Format format;
     Canvas (*paint)();
+    std::string (*draw)() = nullptr; // of an SVG: its text, which `paint` has no part in
 };
 
 // The pictures of one effect.
@@ -34,12 +36,12 @@ struct Group {
 
 const std::vector<Group>& AllGroups();
 
-// By file name, with or without its folder; null if there is none.
+// By its path, or by its file name alone, which the first of that name has; null if there is none.
 const Picture* FindPicture(const std::string& name);
 
 inline int ChannelsOf(Format format)
 {
-    return format == Format::PngRgba ? 4 : 3;
+    return format == Format::PngRgba || format == Format::Svg ? 4 : 3;
 }
 std::string NameOf(const Picture& picture); // the file's name without its folder
 
