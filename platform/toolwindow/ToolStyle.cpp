@@ -29,7 +29,7 @@ struct StyleRow {
 // clang-format off
 static const StyleRow rows[] = {
     {ImGuiCol_Text,                  Bone,      1.00f},
-    {ImGuiCol_TextDisabled,          Mist,      0.75f},
+    {ImGuiCol_TextDisabled,          Mist,      0.90f},
     {ImGuiCol_TextSelectedBg,        Ochre,     0.55f},
     {ImGuiCol_WindowBg,              Ink,       1.00f},
     {ImGuiCol_ChildBg,               Ink,       0.00f},
@@ -93,6 +93,18 @@ ImVec4 ToolTint(uint32_t rgb, float alpha)
 ImU32 ToolColour(uint32_t rgb, float alpha)
 {
     return ImGui::ColorConvertFloat4ToU32(ToolTint(rgb, alpha));
+}
+
+void PushMainButton()
+{
+    ImGui::PushStyleColor(ImGuiCol_Button, ToolTint(Ochre));
+    ImGui::PushStyleColor(ImGuiCol_ButtonHovered, ToolTint(Amber));
+    ImGui::PushStyleColor(ImGuiCol_Text, ToolTint(Ink));
+}
+
+void PopMainButton()
+{
+    ImGui::PopStyleColor(3);
 }
 
 void SetToolStyle(float scale)

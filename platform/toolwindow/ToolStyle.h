@@ -16,6 +16,10 @@ ImVec4 ToolTint(uint32_t rgb, float alpha = 1);
 // Between two colours: 0 is from, 1 is to.
 uint32_t MixColours(uint32_t from, uint32_t to, float way);
 
+// Around the button of a dialog that Enter presses too: amber, with dark words.
+void PushMainButton();
+void PopMainButton();
+
 // Sets colours and sizes of the current context, for so many pixels of the screen per pixel of the design.
 void SetToolStyle(float scale);
 

@@ -142,15 +142,11 @@ static void Words(const std::string& words, float scale, uint32_t colour = Parch
 // The button that Enter presses is the amber one.
 static bool Choice(const char* label, float scale, bool main = false)
 {
-    if (main) {
-        ImGui::PushStyleColor(ImGuiCol_Button, ToolTint(Ochre));
-        ImGui::PushStyleColor(ImGuiCol_ButtonHovered, ToolTint(Amber));
-        ImGui::PushStyleColor(ImGuiCol_Text, ToolTint(Ink));
-    } else {
-        ImGui::PushStyleColor(ImGuiCol_Button, ToolTint(Slate, 0.6f));
-    }
+    if (main)
+        platform::PushMainButton();
     bool pressed = ImGui::Button(label, ImVec2(buttonWidth * scale, 0));
-    ImGui::PopStyleColor(main ? 3 : 1);
+    if (main)
+        platform::PopMainButton();
     if (main && !ImGui::IsWindowAppearing() && !ImGui::IsAnyItemActive())
         pressed = pressed || ImGui::IsKeyPressed(ImGui::GetKeyIndex(ImGuiKey_Enter), false) ||
                   ImGui::IsKeyPressed(ImGui::GetKeyIndex(ImGuiKey_KeyPadEnter), false);

@@ -298,9 +298,10 @@ void Editor::DrawRecent()
     ImGui::EndMenu();
 }
 
-static const ImGuiWindowFlags panelFlags = ImGuiWindowFlags_NoDecoration | ImGuiWindowFlags_NoMove |
-                                           ImGuiWindowFlags_NoSavedSettings |
-                                           ImGuiWindowFlags_NoBringToFrontOnFocus;
+static const ImGuiWindowFlags panelFlags =
+    ImGuiWindowFlags_NoTitleBar | ImGuiWindowFlags_NoResize | ImGuiWindowFlags_NoCollapse |
+    ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoSavedSettings | ImGuiWindowFlags_NoBringToFrontOnFocus;
+static const ImGuiWindowFlags fixedFlags = ImGuiWindowFlags_NoScrollbar | ImGuiWindowFlags_NoScrollWithMouse;
 
 static void BeginPanel(const char* name, Rect place, float padX, float padY, ImGuiWindowFlags further = 0)
 {
@@ -321,10 +322,10 @@ void Editor::DrawPanels(Rect room)
     const WindowLayout layout = LayOutWindow(room, scale, view.wishes);
     DrawSplits(layout, room);
 
-    BeginPanel("Picture", layout.picture, 0, 0, ImGuiWindowFlags_NoScrollWithMouse);
+    BeginPanel("Picture", layout.picture, 0, 0, fixedFlags);
     picture.Draw(session, false);
     ImGui::End();
-    BeginPanel("Transport", layout.transport, 8 * scale, 7 * scale, ImGuiWindowFlags_NoScrollWithMouse);
+    BeginPanel("Transport", layout.transport, 8 * scale, 7 * scale, fixedFlags);
     transportPanel.Draw(&session, &runner);
     ImGui::End();
     if (!layout.inspector.Empty()) {
@@ -333,11 +334,11 @@ void Editor::DrawPanels(Rect room)
         ImGui::End();
     }
     if (!layout.findings.Empty()) {
-        BeginPanel("Findings", layout.findings, 12 * scale, 8 * scale);
+        BeginPanel("Findings", layout.findings, 12 * scale, 8 * scale, fixedFlags); // its list scrolls
         findings.Draw(&session);
         ImGui::End();
     }
-    BeginPanel("Timeline", layout.timeline, 0, 0, ImGuiWindowFlags_NoScrollWithMouse);
+    BeginPanel("Timeline", layout.timeline, 0, 0, fixedFlags);
     timeline.Draw(&state);
     ImGui::End();
     DrawStatus(layout.status);
@@ -348,7 +349,7 @@ static bool Split(const char* name, Rect place, bool upright, Rect room, float* 
 {
     if (place.Empty())
         return false;
-    BeginPanel(name, place, 0, 0);
+    BeginPanel(name, place, 0, 0, fixedFlags);
     ImGui::SetCursorScreenPos(ImVec2(place.x, place.y));
     ImGui::InvisibleButton("split", ImVec2(place.width, place.height));
     const bool active = ImGui::IsItemActive();
@@ -401,7 +402,7 @@ void Editor::DrawStatus(Rect place)
     }
     if (now - noticeSince > noticeTime)
         shownNotice.clear();
-    BeginPanel("Status", place, 12 * state.scale, 3 * state.scale);
+    BeginPanel("Status", place, 12 * state.scale, 3 * state.scale, fixedFlags);
     ImGui::PushFont(platform::FontOf(platform::NoteFont));
     ImGui::TextColored(platform::ToolTint(Parchment), "%s", shownNotice.c_str());
     const ShowPool::Status status = session.ShowStatus();
@@ -419,7 +420,7 @@ void Editor::DrawStatus(Rect place)
 void Editor::DrawAlone()
 {
     const ImVec2 size = ImGui::GetIO().DisplaySize;
-    BeginPanel("Picture", {0, 0, size.x, size.y}, 0, 0, ImGuiWindowFlags_NoScrollWithMouse);
+    BeginPanel("Picture", {0, 0, size.x, size.y}, 0, 0, fixedFlags);
     picture.Draw(session, true);
     ImGui::End();
     session.state.timelineActions.clear();

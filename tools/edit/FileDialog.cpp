@@ -123,8 +123,10 @@ FileDialog::Answer FileDialog::Draw(float scale)
         ImGui::PopTextWrapPos();
     }
     Answer answer = NoAnswer;
+    platform::PushMainButton();
     if (ImGui::Button(purpose == ToOpen ? "Open" : "Save", ImVec2(110 * scale, 0)))
         taken = name;
+    platform::PopMainButton();
     if (!taken.empty())
         answer = Take(taken);
     if (answer == NoAnswer && !taken.empty())

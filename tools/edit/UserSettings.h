@@ -21,7 +21,7 @@ struct ScriptMemory {
 };
 
 struct UserSettings {
-    static const size_t MostScripts = 20;
+    static constexpr size_t MostScripts = 20;
 
     int width = 1280; // of the window, pixels of the design
     int height = 800;

@@ -229,7 +229,8 @@ std::vector<std::string> Desktop::Environment() const
 Process* Desktop::Run(const std::string& program, const std::vector<std::string>& arguments,
                       const std::string& directory)
 {
-    const std::string folder = program == "moonwaltz" ? BINARY_DIR "/" : BINARY_DIR "/tests/";
+    const bool isOfTests = program != "moonwaltz" && !program.starts_with("marlinex-");
+    const std::string folder = isOfTests ? BINARY_DIR "/tests/" : BINARY_DIR "/";
     std::vector<std::string> command = {folder + program};
     command.insert(command.end(), arguments.begin(), arguments.end());
     programs.push_back(std::make_unique<Process>());

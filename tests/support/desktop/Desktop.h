@@ -45,7 +45,7 @@ public:
     std::vector<std::string> Environment() const;
     std::vector<std::string> ownEnvironment;
 
-    // Starts a program of the build on this desktop: "moonwaltz", or one of tests/programs. Its working
+    // Starts a program of the build on this desktop: "moonwaltz", "marlinex-edit", or one of tests/programs. Its working
     // directory is the test's own if none is named. Null if it can't be started. It ends with the desktop.
     Process* Run(const std::string& program, const std::vector<std::string>& arguments = {},
                  const std::string& directory = "");
