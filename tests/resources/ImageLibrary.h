@@ -17,5 +17,10 @@ pid_t LastForeignDecoder();
 // The seconds that the child asked to be ended after; 0 if it did not.
 unsigned LastAlarm();
 
+// The memory that the last such process could still take when it began to decode, in bytes, and the size that
+// a core file of it could have.
+unsigned long LastMemoryRoom();
+unsigned long LastCoreLimit();
+
 // How often the library was shut down.
 int LibraryShutdowns();

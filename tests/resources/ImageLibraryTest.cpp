@@ -10,8 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fstream>
 
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -24,6 +26,8 @@ static int shutdowns = 0;
 struct ChildNotes {
     pid_t process;
     unsigned alarmSeconds;
+    unsigned long memoryRoom;
+    unsigned long coreLimit;
 };
 
 static ChildNotes* SharedNotes()
@@ -53,6 +57,27 @@ pid_t LastForeignDecoder()
 unsigned LastAlarm()
 {
     return SharedNotes()->alarmSeconds;
+}
+
+unsigned long LastMemoryRoom()
+{
+    return SharedNotes()->memoryRoom;
+}
+
+unsigned long LastCoreLimit()
+{
+    return SharedNotes()->coreLimit;
+}
+
+static void NoteLimits()
+{
+    unsigned long pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    rlimit limit;
+    getrlimit(RLIMIT_AS, &limit);
+    SharedNotes()->memoryRoom = limit.rlim_cur - pages * static_cast<unsigned long>(sysconf(_SC_PAGESIZE));
+    getrlimit(RLIMIT_CORE, &limit);
+    SharedNotes()->coreLimit = limit.rlim_cur;
 }
 
 int LibraryShutdowns()
@@ -95,6 +120,7 @@ ILenum ilDetermineType(ILconst_string path)
     typedef ILenum (*Function)(ILconst_string);
     static const Function real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "ilDetermineType"));
     SharedNotes()->process = getpid();
+    NoteLimits();
     switch (childFate) {
     case ChildLives:
         break;

@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -545,6 +546,27 @@ TEST_F(ForeignPictures, MayHangTheChildForTenSecondsOnly)
     SetChildFate(ChildHangs);
     ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
     EXPECT_EQ(10u, LastAlarm());
+}
+
+TEST_F(ForeignPictures, MayTakeTwoGibibytesMoreThanTheShowAndLeaveNoCoreFile)
+{
+    rlimit limit;
+    ASSERT_EQ(0, getrlimit(RLIMIT_CORE, &limit));
+    limit.rlim_cur = limit.rlim_max;
+    ASSERT_EQ(0, setrlimit(RLIMIT_CORE, &limit));
+    SetChildFate(ChildLives);
+    EXPECT_EQ(2, Keep(loader->LoadImage("small.ppm")).width);
+    EXPECT_NEAR(2048.0, double(LastMemoryRoom()) / (1 << 20), 64)
+        << "mebibytes, less what it took up to there";
+    EXPECT_EQ(0u, LastCoreLimit());
+}
+
+TEST_F(ForeignPictures, OfASingleByteArriveWhole)
+{
+    AddFile("dot.tga", std::string("\0\0\3\0\0\0\0\0\0\0\0\0\1\0\1\0\x08\0", 18) + '\xC8');
+    const ImageData image = Keep(loader->LoadImage("dot.tga"));
+    ASSERT_NE(nullptr, image.data);
+    EXPECT_EQ(0xC8, image.data[0]);
 }
 
 TEST_F(ForeignPictures, ThatTellOfMoreThanTheyHoldAreRefused)

@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <memory>
 
+#include <unistd.h>
+
 typedef std::vector<std::string> Texts;
 
 class Program : public ShowFixture
@@ -64,6 +66,29 @@ TEST_F(Program, IsCompiledAttachedAndLinkedInOrder)
     EXPECT_EQ("fragment source", gl::FindProgram(1)->fragmentSource);
     EXPECT_TRUE(boxes.empty());
     EXPECT_TRUE(gl::NoErrors());
+}
+
+TEST_F(Program, HasItsFilesClosed)
+{
+    const int next = dup(STDOUT_FILENO); // the lowest number that is free
+    close(next);
+    ASSERT_NE(nullptr, Load("data/v.vp", "data/f.fp"));
+    const int nextNow = dup(STDOUT_FILENO);
+    close(nextNow);
+    EXPECT_EQ(next, nextNow);
+}
+
+static void GLAPIENTRY SayNothing(GLhandleARB, GLenum, GLint*) {}
+
+TEST_F(Program, StopsBuildingAtAStageThatGlSaysNothingOf)
+{
+    const PFNGLGETOBJECTPARAMETERIVARBPROC ask = __glewGetObjectParameterivARB;
+    __glewGetObjectParameterivARB = SayNothing;
+    EXPECT_NE(nullptr, Load("data/v.vp", "data/f.fp"));
+    __glewGetObjectParameterivARB = ask;
+    EXPECT_EQ(0, gl::CountCalls("glAttachObjectARB"));
+    EXPECT_EQ(0, gl::CountCalls("glLinkProgramARB"));
+    EXPECT_EQ(1u, boxes.size());
 }
 
 TEST_F(Program, MayHaveAFragmentStageAlone)

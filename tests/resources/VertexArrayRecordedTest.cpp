@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "resources/VertexArray.h"
 
+#include "tests/support/BytesInUse.h"
 #include "tests/support/recorder/GLExpect.h"
 #include "tests/support/recorder/GLRecorder.h"
 
@@ -327,6 +328,24 @@ TEST_F(RecordedVertexArray, KeepsTheMemoryOnlyIfItIsTold)
     EXPECT_NE(nullptr, gives.indices);
     EXPECT_EQ(3u, gives.vertexCount);
     EXPECT_EQ(3u, gives.indexCount);
+}
+
+TEST_F(RecordedVertexArray, TheMemoryThatIsGivenAwayIsFree)
+{
+    const unsigned room = 100000; // of 3 floats each, and as much again in the buffer
+    const size_t before = BytesInUse();
+    VertexArray kept(VertexPosition, room, 0);
+    const float place[3] = {};
+    while (kept.AddVertex(place, false)) {
+    }
+    kept.Upload(true);
+    const size_t ofKept = BytesInUse() - before;
+    EXPECT_GE(ofKept, room * 24);
+    VertexArray lean(VertexPosition, room, 0);
+    while (lean.AddVertex(place, false)) {
+    }
+    lean.Upload(false);
+    EXPECT_LT(BytesInUse() - before - ofKept, room * 18);
 }
 
 TEST_F(RecordedVertexArray, AVertexAfterTheMemoryIsGivenAwayIsNotAdded)
