@@ -12,8 +12,15 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
+#include <ostream>
 
 namespace fs = std::filesystem;
+
+static void PrintTo(const EffectRecord& row, std::ostream* out)
+{
+    *out << row.key;
+}
 
 class CompleteEffect : public testing::TestWithParam<EffectRecord>
 {
@@ -21,7 +28,8 @@ protected:
     CompleteEffect() : key(GetParam().key)
     {
         SynchMessageTable table;
-        GetParam().make()->DeclareMessages(&table);
+        const std::unique_ptr<Effect> effect(GetParam().make());
+        effect->DeclareMessages(&table);
         for (const SynchMessageDeclaration& row : table.entries)
             messages.push_back(row.name);
     }
