@@ -9,6 +9,8 @@
 #include "tests/support/recorder/EffectFixture.h"
 
 #include <filesystem>
+#include <memory>
+#include <ostream>
 #include <set>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -51,12 +53,25 @@ static std::set<std::string> Names(const std::vector<EffectFile>& files)
     return names;
 }
 
+static void PrintTo(const EffectRecord& row, std::ostream* out)
+{
+    *out << row.key;
+}
+
 class EffectRecords : public EffectFixture, public testing::WithParamInterface<EffectRecord>
 {
 protected:
-    EffectRecords() : opened(PathOf("")), effect(GetParam().make()) {}
+    EffectRecords() : opened(PathOf("")), effect(Make()) {}
+
+    // A new object of the effect, which lives as long as the test.
+    Effect* Make()
+    {
+        made.emplace_back(GetParam().make());
+        return made.back().get();
+    }
 
     OpenedFiles opened;
+    std::vector<std::unique_ptr<Effect>> made;
     Effect* effect;
 };
 
@@ -86,7 +101,7 @@ TEST_P(EffectRecords, TellByTheKindOfAFileWhatItsLossDoes)
         std::filesystem::rename(PathOf(file.name), PathOf("elsewhere"));
         boxes.clear();
         QuitWasPosted();
-        Init(GetParam().make());
+        Init(Make());
         EXPECT_EQ(file.kind == ModelFile, boxes.empty());
         EXPECT_EQ(file.kind == ProgramFile, QuitWasPosted());
         std::filesystem::rename(PathOf("elsewhere"), PathOf(file.name));
@@ -128,7 +143,7 @@ TEST_P(EffectRecords, CallIdleWhatChangesNothing)
         SCOPED_TRACE(name);
         std::vector<std::string> calls[2];
         for (const bool sent : {false, true}) {
-            Effect* const each = GetParam().make();
+            Effect* const each = Make();
             SeedRandom(1);
             StartTimer();
             Prepare(each);
