@@ -18,6 +18,7 @@ static bool outputOpen = false;
 static SoundFill outputFill = nullptr;
 static void* outputContext = nullptr;
 static bool pulledByHand = false;
+static double outputDelay = 0;
 
 void UseSoundOutput(SoundOutputKind kind)
 {
@@ -58,6 +59,8 @@ static bool OpenDevice(int rate)
     const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
     if (device == 0)
         return false;
+    // While one buffer is filled, the one before it is heard.
+    outputDelay = double(deviceFrames) / rate;
     SDL_PauseAudioDevice(device, 0);
     return true;
 }
@@ -77,6 +80,11 @@ bool OpenSoundOutput(int rate, SoundFill fill, void* context)
     }
     outputOpen = true;
     return true;
+}
+
+double SoundOutputDelay()
+{
+    return outputDelay;
 }
 
 void PullSound(StereoFrame* frames, int count, bool patient)

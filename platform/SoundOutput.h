@@ -31,6 +31,10 @@ void UseSoundOutput(SoundOutputKind kind);
 // or it can't be opened, which the debug channel tells, or an output is open already. Main thread only.
 bool OpenSoundOutput(int rate, SoundFill fill, void* context);
 
+// How long it takes from the call of `fill` until its first frame is heard, as far as that is known, in seconds: the
+// buffer of the device. 0 without one.
+double SoundOutputDelay();
+
 // For tests and tools: takes the next count frames from the output that is pulled by hand. Patient pulling
 // gives each frame, however long its decoding takes; impatient pulling is what a device does. While no such
 // output is open the frames are silent. Any thread, one at a time.

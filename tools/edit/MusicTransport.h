@@ -2,10 +2,12 @@
 // The script's music from any moment on, and the clock that the picture follows while it plays.
 //
 // With music, and at full speed, the clock is the sound: PositionSeconds is what is heard now, the device's latency
-// taken off. Without music, without a device and at other speeds it is silent, on the process's clock.
+// taken off as far as it is known. Without music, without a device and at other speeds it is silent, on the process's
+// clock.
 //
-// No call waits. The file is opened on a thread of its own, and decoded on the stream's. Main thread only; one object
-// per process, since the sound output stays open to the end of the process.
+// No call waits, but for the first SetMusic with a file, which opens the sound device. The file is opened on a thread of
+// its own, and decoded on the stream's. Main thread only. The sound output stays open to the end of the process: all
+// objects of this class share it, so that one of them plays at a time.
 #pragma once
 
 #include <cstdint>
@@ -28,8 +30,8 @@ public:
     void SetMusic(std::string path);
 
     // False while the file is being opened. Play may be called at any time.
-    bool IsReady() const;
-    bool HasMusic() const;       // opened, and there is a device for it
+    bool IsReady();
+    bool HasMusic();             // opened, and there is a device for it
     std::string Failure() const; // why there is none: no such file, no device; empty if all is well
 
     // Starts at a time of the show in seconds, or jumps there if it plays already. The first sample that is heard is
