@@ -54,6 +54,7 @@ struct ShowReply {
     uint32_t slot = 0;        // Frame
     uint32_t exact = 0;       // Frame: WarmUpFrames before it were drawn as well
     double seconds = 0;       // Frame: what drawing and reading it back took
+    double warmSeconds = 0;   // Frame: the same with the frames that were drawn ahead of it only for its sake
 };
 
 // The beginning of the shared memory; the slots for frames follow it.

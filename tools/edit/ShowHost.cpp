@@ -135,12 +135,13 @@ private:
     int64_t
         drawnSince; // the first of the frames drawn in a row up to the latest one; INT64_MAX if that is not drawn
     double frameStart; // when the latest frame began, Now
+    double runStart;   // the same of drawnSince
 };
 
 ShowHost::ShowHost(int controlSocket)
     : socket(controlSocket), shared(nullptr), slots(nullptr), sentSlots(0), length(0), toldWords(0),
       revision(0), newRevision(0), scriptPending(false), messageLead(0), lookedAtGoal(0), position(-1),
-      drawnSince(INT64_MAX), frameStart(0)
+      drawnSince(INT64_MAX), frameStart(0), runStart(0)
 {
 }
 
@@ -245,6 +246,8 @@ void ShowHost::PrepareNext()
         drawnSince = position + 1;
     show.DrawNext(draws);
     frameStart = Now();
+    if (drawnSince == position + 1)
+        runStart = frameStart;
 }
 
 void ShowHost::HandFrame(int64_t number)
@@ -261,7 +264,10 @@ void ShowHost::HandFrame(int64_t number)
     reply.slot = sentSlots % FrameSlots;
     reply.exact = drawnSince <= std::max<int64_t>(number - capture::WarmUpFrames, 0);
     show.ReadPixels(slots + reply.slot * FrameBytes(settings.width, settings.height));
-    reply.seconds = Now() - frameStart - waited;
+    const double now = Now();
+    reply.seconds = now - frameStart - waited;
+    const bool hasWarmedUp = number > 0 && number - drawnSince <= capture::WarmUpFrames;
+    reply.warmSeconds = hasWarmedUp ? now - runStart - waited : reply.seconds;
     sentSlots++;
     Send(reply);
 }

@@ -45,6 +45,7 @@ struct ShowPool::Work {
     ShownFrame shown; // the newest frame
     bool isNew = false;
     double drawSeconds = 0; // what a frame takes, smoothed
+    double warmSeconds = 0; // what the latest one took, see ShowReply
     int64_t backRun = 0;
 
     std::map<int64_t, ShownFrame> ahead; // made while playing, and not due yet
@@ -290,6 +291,7 @@ void ShowPool::Work::TakeNews(ShowProcess* process, ShowNews& news)
 void ShowPool::Work::TakeMadeFrame(ShowProcess* process, ShowNews& news)
 {
     const ShowReply& reply = news.reply;
+    warmSeconds = reply.warmSeconds;
     if (process == live)
         drawSeconds = drawSeconds > 0 ? drawSeconds * 0.8 + reply.seconds * 0.2 : reply.seconds;
     const bool current = reply.revision == revision;
@@ -452,6 +454,7 @@ ShowPool::Status ShowPool::GetStatus() const
         if (process.get() != work->live)
             status.parked.push_back(process->IsLoaded() ? process->Position() + 1 : -1);
     std::sort(status.parked.begin(), status.parked.end());
+    status.drawSeconds = work->warmSeconds;
     status.skipped = work->skipped;
     status.failed = wants && !work->fulfilled && work->crew.IsBarred(work->Wanted(), &status.failure);
     return status;
