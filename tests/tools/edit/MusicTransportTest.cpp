@@ -141,8 +141,9 @@ TEST_F(Transport, OverAWholeNightTheTimeStaysWithTheSound)
         EXPECT_GE(position, last);
         last = position;
         Pull(1024);
-        if (buffer > 50)
+        if (buffer > 50) {
             EXPECT_NEAR(double(given) / 44100, transport.PositionSeconds(), 0.012) << buffer;
+        }
         given += 1024;
     }
 }
