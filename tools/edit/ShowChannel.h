@@ -33,7 +33,8 @@ struct ShowCommand {
     int64_t target = -1;
     int64_t drawFrom = INT64_MAX;
     int64_t showFrom = INT64_MAX;
-    uint32_t held = 0; // stay where you are, also between two effects that load
+    uint32_t exact = 0; // the frames from drawFrom on have to be drawn, all of them
+    uint32_t held = 0;  // stay where you are, also between two effects that load
 };
 
 struct ShowReply {

@@ -328,7 +328,8 @@ void ShowHost::WaitForWork()
 bool ShowHost::IsPassed() const
 {
     return goal.showFrom <= goal.target &&
-           (goal.showFrom <= position || (goal.drawFrom <= position && goal.drawFrom < drawnSince));
+           (goal.target <= position ||
+            (goal.exact && goal.drawFrom <= position && goal.drawFrom < drawnSince));
 }
 
 void ShowHost::TakeScript()

@@ -23,7 +23,8 @@ static const double restSeconds =
 static const size_t scarceProcesses = 2; // so many are the last ones
 static const double smoothSeconds = 2;   // of playing without a late frame, before the others work
 static const double leadShare = 0.25;    // of a second, the furthest that frames are made ahead while playing
-static const int64_t nearFrames = 600;   // a process that is that close is not exchanged for one closer
+static const double quickShare = 0.5;  // of the time of a frame, that drawing it may take on a quick machine
+static const int64_t nearFrames = 600; // a process that is that close is not exchanged for one closer
 static const int64_t longestBackRun = 32; // frames that are kept on the way to one that was stepped back to
 static const double backRunSeconds = 0.3; // of drawing for them, at most
 
@@ -343,7 +344,7 @@ bool ShowPool::Work::CanMake(const ShowProcess& process, int64_t drawFrom, int64
     if (process.IsGone())
         return false;
     const int64_t position = process.Position();
-    return position < target && (position < drawFrom || process.DrawnSince() <= drawFrom);
+    return position < target && (playing || position < drawFrom || process.DrawnSince() <= drawFrom);
 }
 
 ShowProcess* ShowPool::Work::BestFor(int64_t drawFrom, int64_t target, bool* scarce) const
@@ -381,6 +382,10 @@ void ShowPool::Work::Choose(double now)
     int64_t drawFrom = target;
     if (playing) {
         target = showFrom = drawFrom = PlayTarget();
+        // A machine that draws quickly draws all of them.
+        const double perSecond = double(settings.rate.frames) / double(settings.rate.seconds);
+        if (drawSeconds * perSecond < quickShare)
+            showFrom = drawFrom = std::min(target, Wanted());
         // A goal beyond the newest one replaces it; the process finishes the frame that it is drawing.
         if (IsOnItsWay() && (live->Target() >= target || !live->IsLoaded()))
             return;
@@ -420,7 +425,7 @@ void ShowPool::Work::Choose(double now)
     if (crew.length < 0 && !live->IsLoaded())
         live->Park(-1);
     else
-        live->Play(target, drawFrom, showFrom);
+        live->Play(target, drawFrom, showFrom, !playing);
     liveGoal = live->Goal();
 }
 

@@ -127,7 +127,7 @@ bool ShowProcess::Start(const std::string& program, const ShowSettings& settings
     return started;
 }
 
-void ShowProcess::SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bool held)
+void ShowProcess::SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact, bool held)
 {
     const uint64_t number = goal.goal + 1;
     goal = ShowCommand();
@@ -135,25 +135,26 @@ void ShowProcess::SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bo
     goal.target = target;
     goal.drawFrom = drawFrom;
     goal.showFrom = showFrom;
+    goal.exact = exact;
     goal.held = held;
     goalSent = false;
     Flush();
 }
 
-void ShowProcess::Play(int64_t target, int64_t drawFrom, int64_t showFrom)
+void ShowProcess::Play(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact)
 {
-    SetGoal(target, drawFrom, showFrom, false);
+    SetGoal(target, drawFrom, showFrom, exact, false);
 }
 
 void ShowProcess::Park(int64_t target)
 {
-    SetGoal(target, INT64_MAX, INT64_MAX, false);
+    SetGoal(target, INT64_MAX, INT64_MAX, false, false);
 }
 
 void ShowProcess::Hold()
 {
     if (!IsHeld())
-        SetGoal(goal.target, INT64_MAX, INT64_MAX, true);
+        SetGoal(goal.target, INT64_MAX, INT64_MAX, false, true);
 }
 
 void ShowProcess::SetScript(const std::string& text, uint64_t newRevision)

@@ -35,8 +35,8 @@ public:
                const std::string& script, uint64_t revision, std::string* reason);
 
     // Sets the goal in place of the one before: frames from drawFrom on are drawn, those from showFrom to target come
-    // as news. Park plays without drawing.
-    void Play(int64_t target, int64_t drawFrom, int64_t showFrom);
+    // as news. Exact: not if one of them has been played without being drawn. Park plays without drawing.
+    void Play(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact);
     void Park(int64_t target);
 
     // Stays where it is, also while loading, until the next Play or Park.
@@ -81,7 +81,7 @@ private:
     void TakeNews(std::vector<ShowNews>* news);
     void LookAfter(double seconds);
     double ProcessorSeconds() const;
-    void SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bool held);
+    void SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact, bool held);
 
     platform::ChildProcess child;
     int socket;

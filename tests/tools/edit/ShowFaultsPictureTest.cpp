@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -39,7 +40,7 @@ protected:
     {
         return PollUntil([this] {
             const edit::ShowPool::Status status = pool.GetStatus();
-            return status.processes == settings.mostProcesses && status.parked.size() > 1 &&
+            return status.processes == settings.mostProcesses &&
                    std::count(status.parked.begin(), status.parked.end(), -1) == 0;
         });
     }
@@ -266,7 +267,7 @@ static bool IsAlive(int process)
 TEST_F(ShowFaults, TheProcessesEndWithTheirParentAlsoTheStoppedOnes)
 {
     int ends[2];
-    ASSERT_EQ(0, pipe(ends));
+    ASSERT_EQ(0, pipe2(ends, O_CLOEXEC));
     const int parent = fork();
     if (parent == 0) {
         StartShow();
