@@ -8,7 +8,11 @@
 #include <SDL.h>
 #include <SDL_opengl.h>
 #include <backends/imgui_impl_opengl2.h>
+#if __has_include(<backends/imgui_impl_sdl2.h>) // its name since 1.89
+#include <backends/imgui_impl_sdl2.h>
+#else
 #include <backends/imgui_impl_sdl.h>
+#endif
 #include <imgui.h>
 
 #include <algorithm>
