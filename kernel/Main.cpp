@@ -12,8 +12,8 @@
 int main()
 {
     if (!platform::HasDisplay()) {
-        fprintf(stderr, "%s: there is no display to play on (DISPLAY is not set, or nothing answers there)\n",
-                ProductionName);
+        fprintf(stderr, "%s: there is no display to play on (%s)\n", ProductionName,
+                platform::MissingDisplayText());
         return 1;
     }
     ReportOutOfMemory(ProductionName);

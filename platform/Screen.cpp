@@ -24,6 +24,21 @@ bool HasDisplay()
     return true;
 }
 
+static bool IsSet(const char* variable)
+{
+    const char* const value = getenv(variable);
+    return value && *value;
+}
+
+const char* MissingDisplayText()
+{
+    if (IsSet("WAYLAND_DISPLAY") && !IsSet("DISPLAY"))
+        return "this Wayland session has no XWayland, which the form and the boxes need: install xwayland, "
+               "or let "
+               "the compositor start it";
+    return "DISPLAY is not set, or nothing answers there";
+}
+
 bool HasWindowManager()
 {
     Display* display = XOpenDisplay(nullptr);

@@ -8,6 +8,9 @@ namespace platform
 // True if an X display can be opened. Call before any FLTK function: without a display FLTK ends the process.
 bool HasDisplay();
 
+// Why there is no display, for the user: what is missing, or what a Wayland session without XWayland lacks.
+const char* MissingDisplayText();
+
 // True if a window manager runs on the display. Without one a window has no title bar and must take the
 // keyboard focus itself. False without a display.
 bool HasWindowManager();

@@ -96,6 +96,28 @@ TEST(MainWithoutDesktop, WithoutADisplayOneLineSaysSoAndTheStatusIsOne)
     }
 }
 
+TEST(MainWithoutDesktop, OnWaylandWithoutXWaylandTheLineSaysWhatIsMissing)
+{
+    const struct {
+        const char* display;
+        const char* wayland;
+        bool missing;
+    } rows[] = {
+        {"DISPLAY=", "WAYLAND_DISPLAY=wayland-0", true},
+        {"DISPLAY=:4711", "WAYLAND_DISPLAY=wayland-0", false}, // XWayland was there and is not now
+        {"DISPLAY=", "WAYLAND_DISPLAY=", false},
+    };
+    for (const auto& row : rows) {
+        Process program;
+        ASSERT_TRUE(program.Start({BINARY_DIR "/moonwaltz"}, {row.display, row.wayland}));
+        ASSERT_TRUE(program.WaitForExit());
+        EXPECT_EQ(1, program.ExitStatus());
+        const std::string errors = program.Errors();
+        EXPECT_EQ(row.missing, errors.find("XWayland") != std::string::npos) << errors;
+        EXPECT_EQ(!row.missing, errors.find("DISPLAY is not set") != std::string::npos) << errors;
+    }
+}
+
 TEST_F(MainDesktop, LeavingTheFormEndsWithStatusZero)
 {
     Start(flashes);
