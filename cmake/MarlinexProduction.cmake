@@ -3,13 +3,14 @@
 #
 # Makes the show NAME on the installed engine, and with it every companion program: NAME-lint, NAME-list, NAME-capture
 # and what else is installed, each of which knows the effects of NAME and finds its Data. The sources have to define what
-# kernel/Production.h leaves to a production. They are the library NAME_production, which tests can link.
+# kernel/Production.h leaves to a production. They are the object library NAME_production, which tests can link.
 #
 # The files of the folder EMBEDDED become part of the programs in place of the engine's own: start-form.png is the
 # picture of the form, of 348 by 138 pixels.
 function(marlinex_production name)
   cmake_parse_arguments(PRODUCTION "" "EMBEDDED" "SOURCES" ${ARGN})
-  add_library(${name}_production STATIC ${PRODUCTION_SOURCES}
+  # Objects: the libraries of the companion programs, which stand behind it in the command, call into it.
+  add_library(${name}_production OBJECT ${PRODUCTION_SOURCES}
     ${MARLINEX_SOURCES}/kernel/ProductionTable.cpp ${MARLINEX_SOURCES}/kernel/System.cpp)
   target_include_directories(${name}_production PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name}_production PUBLIC marlinex::marlinex)
