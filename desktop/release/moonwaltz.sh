@@ -5,6 +5,7 @@
 here=$(CDPATH= cd -- "$(dirname -- "$(readlink -f -- "$0")")" && pwd)
 spare=
 for folder in "$here"/lib/spare/*; do
+    [ -d "$folder" ] || continue
     name=${folder##*/}
     for place in /usr/lib/x86_64-linux-gnu /lib/x86_64-linux-gnu /usr/lib64 /lib64 /usr/lib /lib; do
         [ -e "$place/$name" ] && continue 2
