@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/Document.h"
 
+#include "tools/edit/CureFinding.h"
 #include "tools/edit/ShiftItems.h"
-#include "tools/edit/ValueText.h"
 
 namespace edit
 {
@@ -292,14 +292,14 @@ bool Document::SetColorScheme(const ColorScheme& scheme)
     return Change("Set Colours", 0, [&](ScriptEdit* script) { return SetColors(script, scheme); });
 }
 
-bool Document::CanCure(const lint::Finding&)
+bool Document::CanCure(const lint::Finding& finding)
 {
-    return false;
+    return !finding.fixes.empty();
 }
 
-bool Document::ApplyCure(const lint::Finding&, const lint::Options&)
+bool Document::ApplyCure(const lint::Finding& finding, const lint::Options& options)
 {
-    return false;
+    return Change("Cure", 0, [&](ScriptEdit* script) { return CureFinding(script, finding, options); });
 }
 
 } // namespace edit

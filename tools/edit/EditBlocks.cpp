@@ -62,6 +62,23 @@ static bool ShiftedText(const std::string& block, int64_t milliseconds, std::str
     return false;
 }
 
+// The block with those of its times that are asked for, or all of it if it has none. False: it can't be read by
+// itself.
+static bool SelectedText(const std::string& text, const OutlineBlock& block,
+                         const std::vector<size_t>& indices, std::string* selected)
+{
+    const std::string whole = TextOf(text, block);
+    const Outline alone = ReadOutline(whole);
+    ScriptEdit script(whole, alone);
+    std::vector<size_t> others;
+    for (size_t i = 0; i < block.times.size(); i++)
+        if (std::find(indices.begin(), indices.end(), i) == indices.end())
+            others.push_back(i);
+    Outline read;
+    return alone.blocks.size() == 1 && (others.empty() || script.RemoveTimes(0, others)) &&
+           script.Finish(selected, &read);
+}
+
 static bool InsertShifted(ScriptEdit* script, size_t behind, const std::string& block, int64_t milliseconds,
                           Additions* added)
 {
@@ -96,7 +113,8 @@ bool DuplicateItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_
         return false;
     for (const ItemId& item : resolved) { // all by the same time
         const OutlineBlock& block = script->Block(item.block);
-        const int64_t begins = item.time >= 0 ? block.times[size_t(item.time)].milliseconds : block.start;
+        const int64_t begins =
+            item.time >= 0 ? block.times[size_t(item.time)].milliseconds : std::min(block.start, block.stop);
         milliseconds = std::clamp(milliseconds, -begins, int64_t(MaxNumber));
     }
     for (const auto& [number, indices] : ByBlock(resolved)) {
@@ -105,7 +123,10 @@ bool DuplicateItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_
             return script->Refuse("A script has a single " + SyntaxOf(block.type).name + " only.");
         // A list that Steps stands beside can't have a further time.
         if (indices.empty() || block.FindValue(key::Steps) || block.FindValue(key::TimeDelta)) {
-            if (!InsertShifted(script, number, TextOf(script->Text(), block), milliseconds, added))
+            std::string selected;
+            if (!SelectedText(script->Text(), block, indices, &selected))
+                return script->Refuse("The block of " + LineOf(block) + " can't be read by itself.");
+            if (!InsertShifted(script, number, selected, milliseconds, added))
                 return false;
             continue;
         }
@@ -145,20 +166,11 @@ bool CopyItems(const std::string& text, const Outline& outline, const std::vecto
         return false;
     copy->clear();
     for (const auto& [number, indices] : ByBlock(resolved)) {
-        const std::string block = TextOf(text, outline.blocks[number]);
-        const Outline alone = ReadOutline(block);
-        ScriptEdit script(block, alone);
-        std::vector<size_t> others;
-        for (size_t i = 0; i < outline.blocks[number].times.size(); i++)
-            if (std::find(indices.begin(), indices.end(), i) == indices.end())
-                others.push_back(i);
-        std::string written;
-        Outline read;
-        if (alone.blocks.size() != 1 || (!others.empty() && !script.RemoveTimes(0, others)) ||
-            !script.Finish(&written, &read))
+        std::string block;
+        if (!SelectedText(text, outline.blocks[number], indices, &block))
             return false;
         const BlockStyle style = StyleOf(text, outline, number);
-        *copy += (copy->empty() ? "" : style.betweenBlocks) + written;
+        *copy += (copy->empty() ? "" : style.betweenBlocks) + block;
     }
     *copy += LineEndOf(text);
     return true;
@@ -212,7 +224,7 @@ static size_t PlaceForMessage(const std::vector<OutlineBlock>& blocks, const std
 static bool FirstTime(const OutlineBlock& block, int64_t* first)
 {
     if (block.type == BlockEffect) {
-        *first = block.start;
+        *first = std::min(block.start, block.stop);
     } else if (block.type == BlockMessage && !block.times.empty()) {
         *first = block.times[0].milliseconds;
         for (const OutlineTime& time : block.times)

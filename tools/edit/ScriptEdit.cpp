@@ -15,7 +15,7 @@ static const char* const unsafe =
     "The show would not read this as it is meant: something around it is written in an odd way.";
 
 ScriptEdit::ScriptEdit(const std::string& scriptText, const Outline& scriptOutline)
-    : text(scriptText), outline(scriptOutline), removed(scriptOutline.blocks.size(), false)
+    : text(scriptText), outline(scriptOutline), isFree(false), removed(scriptOutline.blocks.size(), false)
 {
 }
 
@@ -251,6 +251,12 @@ size_t ScriptEdit::NumberOfNew(size_t handle) const
 
 // ---- Together
 
+void ScriptEdit::ChangeFreely(const std::vector<TextChange>& freeChanges)
+{
+    isFree = true;
+    Change(freeChanges);
+}
+
 // Puts the changes in order. What is removed twice is removed once; any other overlap can't be done.
 bool ScriptEdit::Merge()
 {
@@ -342,7 +348,7 @@ bool ScriptEdit::Finish(std::string* newText, Outline* newOutline)
     if (newText->size() > lint::Reading::contentLimit)
         return Refuse("The script would be larger than any script can be (16 MiB).");
     *newOutline = ReadOutline(*newText);
-    return IsAsExpected(*newOutline) || Refuse(unsafe);
+    return isFree || IsAsExpected(*newOutline) || Refuse(unsafe);
 }
 
 } // namespace edit

@@ -55,6 +55,9 @@ public:
     size_t NumberOfNew(size_t handle) const;
     size_t NumberOfOld(size_t block) const;
 
+    // Any change at all. What the show is to read afterwards is for the caller to say: Finish no longer does.
+    void ChangeFreely(const std::vector<TextChange>& freeChanges);
+
     // Applies all changes and reads the result.
     bool Finish(std::string* newText, Outline* newOutline);
 
@@ -75,6 +78,7 @@ private:
     std::string refusal;
     std::vector<TextChange> changes;
     std::map<size_t, std::map<std::string, std::string>> expected; // values by block and key; "": none
+    bool isFree;                                                   // Finish expects nothing
     std::vector<bool> removed;                                     // blocks
     std::vector<Inserted> inserted;
 };

@@ -2,8 +2,6 @@
 #include "tools/edit/ValueText.h"
 
 #include "script/BlockSyntax.h"
-#include "script/ScriptParser.h"
-#include "tools/lint/Reading.h"
 #include "tools/lint/Values.h"
 
 #include <algorithm>
@@ -112,12 +110,10 @@ bool MakeValue(const std::string& key, const std::string& typed, std::string* va
     for (std::string& item : items)
         item = Trimmed(item);
     std::string joined = JoinList(items);
-    for (const char c : joined)
-        if (!ScriptParser::Keeps(static_cast<unsigned char>(c)) || c == '[' || c == ']' || c == ';' ||
-            c == '=') {
-            *reason = "A value can hold letters a to z and A to Z, digits, and . , _ - only.";
-            return false;
-        }
+    if (!lint::CanBeValue(joined)) {
+        *reason = "A value can hold letters a to z and A to Z, digits, and . , _ - only.";
+        return false;
+    }
     *reason = joined.empty() ? key + " has no value." : "";
     if (key == key::ActivationTime || key == key::Parameter) { // a comma at the end opens no further item
         if (items.size() > 1 && items.back().empty())

@@ -15,35 +15,44 @@ namespace lint
 
 // ---- Keys
 
-static void CheckEnd(const Block& block, const Entry& entry, Findings* findings)
+static void CheckEnd(const Block& block, const Entry& entry, const std::vector<Entry>& entries,
+                     Findings* findings)
 {
     const bool isMusic = block.type == BlockMusic && entry.key == key::FileName;
     const size_t end = entry.begin + entry.text.size() - 1;
-    if (entry.key.empty())
+    if (entry.key.empty()) {
         findings->Add(Warning, "unfinished-entry", entry.begin,
                       Quote(entry.text) + " is no entry: it has no ; at its end.",
                       "The reader passes it over.", "Finish it with a ;, or put it between two #.");
-    else if (isMusic)
-        findings->Add(Warning, "unfinished-entry", end, "The ; behind this value is missing.",
-                      "Here alone the value counts all the same.", "Put a ; behind it.");
-    else
-        findings->Add(Error, "unfinished-entry", end, "The ; behind this value is missing.",
-                      "The reader does not find " + entry.key + ".", "Put a ; behind it.");
+        return;
+    }
+    Finding& finding =
+        isMusic ? findings->Add(Warning, "unfinished-entry", end, "The ; behind this value is missing.",
+                                "Here alone the value counts all the same.", "Put a ; behind it.")
+                : findings->Add(Error, "unfinished-entry", end, "The ; behind this value is missing.",
+                                "The reader does not find " + entry.key + ".", "Put a ; behind it.");
+    if (!entry.value.empty() && !FindEntry(entries, entry.key))
+        findings->AddFixBehind(&finding, end, ";");
 }
 
-static void CheckWord(const Entry& entry, const BlockSyntax& keys, Findings* findings)
+static void CheckWord(const Entry& entry, const BlockSyntax& keys, const std::vector<Entry>& entries,
+                      Findings* findings)
 {
     const std::string meant = Nearest(entry.word, keys.keys);
     const std::string all =
         (keys.keys.size() == 1 ? "The key is " : "The keys are ") + Listed(keys.keys) + ".";
-    findings->Add(Warning, "unknown-key", entry.begin,
-                  Quote(entry.word) + " is no key of [" + keys.name + "].", "The reader passes it over.",
-                  meant.empty() || meant == entry.word ? all : "Did you mean " + meant + "?");
+    const bool isNear = !meant.empty() && meant != entry.word;
+    Finding& finding = findings->Add(
+        Warning, "unknown-key", entry.begin, Quote(entry.word) + " is no key of [" + keys.name + "].",
+        "The reader passes it over.", isNear ? "Did you mean " + meant + "?" : all);
+    if (isNear && !entry.word.empty() && !FindEntry(entries, meant))
+        findings->AddFix(&finding, entry.begin, entry.begin + entry.word.size(), meant);
 }
 
 // Finds white space inside a value, which the reader removes.
 static void CheckBlanks(const Reading& script, const Entry& entry, Findings* findings)
 {
+    Finding* finding = nullptr;
     for (size_t i = 0; i + 2 < entry.valuePlaces.size(); i++) {
         const size_t here = script.offsets[entry.valuePlaces[i]];
         const size_t next = script.offsets[entry.valuePlaces[i + 1]];
@@ -53,10 +62,12 @@ static void CheckBlanks(const Reading& script, const Entry& entry, Findings* fin
             std::count(script.fates.begin() + here, script.fates.begin() + next, ByteMark) > 0;
         if (!apart || commented || entry.value[i] == ',' || entry.value[i + 1] == ',')
             continue;
-        findings->Add(Warning, "blank-in-value", entry.valuePlaces[i + 1], "There is a blank in this value.",
-                      "Blanks vanish: it is read as " + Quote(entry.value) + ".",
-                      "Write it in one piece, with _ or - for the blank.");
-        return;
+        if (!finding)
+            finding = &findings->Add(Warning, "blank-in-value", entry.valuePlaces[i + 1],
+                                     "There is a blank in this value.",
+                                     "Blanks vanish: it is read as " + Quote(entry.value) + ".",
+                                     "Write it in one piece, with _ or - for the blank.");
+        finding->fixes.push_back({here + 1, next, ""});
     }
 }
 
@@ -69,34 +80,44 @@ static void CheckEntry(const Reading& script, const Block& block, const Entry& e
     if (entry.IsBroken()) {
         const size_t swallowed = entry.swallowed;
         const std::string key = entry.text.substr(swallowed, entry.text.find('=', swallowed) - swallowed);
-        findings->Add(Error, "missing-semicolon", entry.begin + swallowed,
-                      "A ; is missing between " + Quote(entry.text.substr(0, swallowed)) + " and " + key +
-                          ".",
-                      "All of it is one entry, and the reader does not find " + key + ".",
-                      "Put a ; ahead of " + key + ".");
+        Finding& finding = findings->Add(Error, "missing-semicolon", entry.begin + swallowed,
+                                         "A ; is missing between " + Quote(entry.text.substr(0, swallowed)) +
+                                             " and " + key + ".",
+                                         "All of it is one entry, and the reader does not find " + key + ".",
+                                         "Put a ; ahead of " + key + ".");
+        findings->AddFixBehind(&finding, entry.begin + swallowed - 1, ";");
         return;
     }
     if (!entry.ended)
-        CheckEnd(block, entry, findings);
+        CheckEnd(block, entry, entries, findings);
     if (entry.key.empty()) {
         if (entry.ended)
-            CheckWord(entry, keys, findings);
+            CheckWord(entry, keys, entries, findings);
         return;
     }
-    if (entry.key != entry.word)
-        findings->Add(Warning, "joined-key", entry.begin,
-                      Quote(entry.text) + " is read as if the key " + entry.key + " stood there.",
-                      "It counts, with the value " + Quote(entry.value) + ".",
-                      "Write " + entry.key + "=VALUE;.");
-    else if (std::count(entry.text.begin(), entry.text.end(), '=') > 1)
-        findings->Add(Warning, "extra-equals", entry.begin, "There is more than one = in this entry.",
-                      "Those behind the first vanish: the value is " + Quote(entry.value) + ".",
-                      "Delete what is not meant; no value can hold a =.");
+    if (entry.key != entry.word) {
+        Finding& finding = findings->Add(
+            Warning, "joined-key", entry.begin,
+            Quote(entry.text) + " is read as if the key " + entry.key + " stood there.",
+            "It counts, with the value " + Quote(entry.value) + ".", "Write " + entry.key + "=VALUE;.");
+        findings->AddFix(&finding, entry.begin, entry.valuePlaces[0],
+                         entry.key + (entry.value.empty() ? "" : "="));
+    } else if (std::count(entry.text.begin(), entry.text.end(), '=') > 1) {
+        Finding& finding =
+            findings->Add(Warning, "extra-equals", entry.begin, "There is more than one = in this entry.",
+                          "Those behind the first vanish: the value is " + Quote(entry.value) + ".",
+                          "Delete what is not meant; no value can hold a =.");
+        for (size_t i = entry.text.find('=') + 1; i < entry.text.size(); i++)
+            if (entry.text[i] == '=')
+                findings->AddFix(&finding, entry.begin + i, entry.begin + i + 1, "");
+    }
     if (entry.ended && !entry.counts) {
         const Entry* const first = FindEntry(entries, entry.key);
-        findings->Add(Warning, "repeated-key", entry.begin, entry.key + " stands here again.",
-                      "The first one counts, with " + Quote(first->value) + "; this one is passed over.",
-                      "Delete one of the two.");
+        Finding& finding =
+            findings->Add(Warning, "repeated-key", entry.begin, entry.key + " stands here again.",
+                          "The first one counts, with " + Quote(first->value) + "; this one is passed over.",
+                          "Delete one of the two.");
+        findings->AddFix(&finding, entry.begin, entry.begin + entry.text.size(), "");
         return;
     }
     CheckBlanks(script, entry, findings);
@@ -248,11 +269,14 @@ static void CheckReplaced(const Reading& script, Findings* findings)
         for (const Block& block : script.blocks) {
             if (block.type != type || block.hasBox)
                 continue;
-            if (last)
-                findings->Add(Warning, "replaced-block", block.header,
-                              std::string("There is an earlier [") + SyntaxOf(type).name + "], in line " +
-                                  std::to_string(script.PositionInStream(last->header).line) + ".",
-                              "This one takes its place.", "Delete one of the two.");
+            if (last) {
+                Finding& finding =
+                    findings->Add(Warning, "replaced-block", block.header,
+                                  std::string("There is an earlier [") + SyntaxOf(type).name + "], in line " +
+                                      std::to_string(script.PositionInStream(last->header).line) + ".",
+                                  "This one takes its place.", "Delete one of the two.");
+                findings->AddFix(&finding, last->header, last->body + last->text.size(), "");
+            }
             last = &block;
         }
     }

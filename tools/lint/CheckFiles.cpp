@@ -6,6 +6,7 @@
 #include "kernel/Production.h"
 #include "music/Decoder.h"
 #include "platform/Paths.h"
+#include "tools/lint/Values.h"
 
 #include <cctype>
 #include <cerrno>
@@ -86,12 +87,14 @@ static void CheckMusicFile(const std::string& folder, const Entry& entry, Findin
     if (complaint.empty())
         return;
     const std::string like = Lookalike(folder, entry.value);
-    findings->Add(
+    Finding& finding = findings->Add(
         Error, "missing-music", entry.valuePlaces[0], path + " " + complaint + ".",
         "The show says so in a box and ends when everything is loaded, unless it is started without "
         "music.",
         like.empty() || like == entry.value ? "Put a WAV, FLAC, Ogg, MP3 or tracker file there."
                                             : "Write " + like + ": small and capital letters differ.");
+    if (!like.empty() && like != entry.value && CanBeValue(like))
+        findings->AddFix(&finding, entry.valuePlaces[0], entry.valuePlaces[entry.value.size() - 1] + 1, like);
 }
 
 // Of each block, since the show opens them all, one after the other.

@@ -28,33 +28,86 @@ static bool Overlap(const ShownEntry& a, const ShownEntry& b)
     return std::max(a.start, b.start) < std::min(a.stop, b.stop);
 }
 
-static void AddOverlap(const ShownEntry& entry, const ShownEntry& other, Findings* findings)
+// Where the value of a key stands in the block; false: nowhere, or a ; is missing behind it.
+static bool FindValuePlace(const Block& block, const char* key, size_t* first, size_t* end)
+{
+    const std::vector<Entry> entries = SplitEntries(block);
+    const Entry* const entry = FindIntact(entries, key);
+    if (!entry || entry->value.empty())
+        return false;
+    *first = entry->valuePlaces[0];
+    *end = entry->valuePlaces[entry->value.size() - 1] + 1;
+    return true;
+}
+
+// Lets the one that starts earlier stop where the other starts. One that lies within the other on the same layer
+// goes.
+static void FixOverlap(const ShownEntry& entry, const Block& block, const ShownEntry& other,
+                       const Block& otherBlock, Findings* findings, Finding* finding)
+{
+    const bool isFirst = entry.start < other.start;
+    const ShownEntry& early = isFirst ? entry : other;
+    const ShownEntry& late = isFirst ? other : entry;
+    size_t first = 0, end = 0;
+    if (early.start < late.start && early.stop < late.stop) {
+        if (FindValuePlace(isFirst ? block : otherBlock, key::StopTime, &first, &end))
+            findings->AddFix(finding, first, end, std::to_string(late.start));
+    } else if (entry.layer == other.layer) {
+        const bool isWithin = entry.start >= other.start && entry.stop <= other.stop;
+        const Block& inner = isWithin ? block : otherBlock;
+        findings->AddFix(finding, inner.header, inner.body + inner.text.size(), "");
+    }
+}
+
+// Moves the entry a layer up, or else down, if none that is on with it lies there: its order to all but the one
+// that it shares its layer with stays.
+static void FixLayer(const Show& show, const ShownEntry& entry, const Block& block, Findings* findings,
+                     Finding* finding)
+{
+    const auto isFree = [&](uint32_t layer) {
+        return std::none_of(show.entries.begin(), show.entries.end(), [&](const ShownEntry& other) {
+            return other.kept && other.layer == layer && Overlap(entry, other);
+        });
+    };
+    size_t first = 0, end = 0;
+    if (!FindValuePlace(block, key::LayerID, &first, &end))
+        return;
+    if (entry.layer < INT32_MAX && isFree(entry.layer + 1))
+        findings->AddFix(finding, first, end, std::to_string(entry.layer + 1));
+    else if (entry.layer > 0 && entry.layer <= INT32_MAX && isFree(entry.layer - 1))
+        findings->AddFix(finding, first, end, std::to_string(entry.layer - 1));
+}
+
+static Finding& AddOverlap(const ShownEntry& entry, const ShownEntry& other, Findings* findings)
 {
     const uint32_t start = std::max(entry.start, other.start);
     const uint32_t stop = std::min(entry.stop, other.stop);
     const std::string when = "from " + std::to_string(start) + " to " + std::to_string(stop);
-    if (entry.effect == other.effect)
-        SetSpan(&findings->AddAt(
-                    Warning, "overlap", entry.line, entry.column,
-                    entry.effect + " is scheduled twice " + when + ", here and in line " +
-                        std::to_string(other.line) + ".",
-                    "It is drawn twice in each frame, runs at double speed and hears messages twice.",
-                    "Let one entry stop before the other starts."),
-                start, stop);
-    else
-        SetSpan(&findings->AddAt(Warning, "same-layer", entry.line, entry.column,
-                                 entry.effect + " shares layer " + std::to_string(entry.layer) + " with " +
-                                     other.effect + " of line " + std::to_string(other.line) + ", " + when +
-                                     ".",
-                                 "Which of the two lies in front can change from frame to frame.",
-                                 "Give them different layers."),
-                start, stop);
+    Finding& finding =
+        entry.effect == other.effect
+            ? findings->AddAt(
+                  Warning, "overlap", entry.line, entry.column,
+                  entry.effect + " is scheduled twice " + when + ", here and in line " +
+                      std::to_string(other.line) + ".",
+                  "It is drawn twice in each frame, runs at double speed and hears messages twice.",
+                  "Let one entry stop before the other starts.")
+            : findings->AddAt(Warning, "same-layer", entry.line, entry.column,
+                              entry.effect + " shares layer " + std::to_string(entry.layer) + " with " +
+                                  other.effect + " of line " + std::to_string(other.line) + ", " + when + ".",
+                              "Which of the two lies in front can change from frame to frame.",
+                              "Give them different layers.");
+    SetSpan(&finding, start, stop);
+    return finding;
 }
 
 // Adds at most one finding of each kind for an entry, about the first entry before it in the script that it
 // overlaps.
-static void CheckOverlaps(const Show& show, Findings* findings)
+static void CheckOverlaps(const Reading& script, const Show& show, Findings* findings)
 {
+    std::vector<const Block*> blocks; // of the entries
+    for (const Block& block : script.blocks)
+        if (block.entryCount > 0)
+            blocks.push_back(&block);
     for (size_t i = 0; i < show.entries.size(); i++) {
         const ShownEntry& entry = show.entries[i];
         bool twice = false, shared = false;
@@ -66,7 +119,11 @@ static void CheckOverlaps(const Show& show, Findings* findings)
             if (*told || (told == &shared && entry.layer != other.layer))
                 continue;
             *told = true;
-            AddOverlap(entry, other, findings);
+            Finding& finding = AddOverlap(entry, other, findings);
+            if (told == &twice)
+                FixOverlap(entry, *blocks[i], other, *blocks[j], findings, &finding);
+            else
+                FixLayer(show, entry, *blocks[i], findings, &finding);
         }
     }
 }
@@ -296,7 +353,7 @@ static void CheckMessages(const Show& show, const Options& options, Findings* fi
 void CheckShow(const Reading& script, const Show& show, const Options& options, Findings* findings)
 {
     CheckNothing(script, show, options, findings);
-    CheckOverlaps(show, findings);
+    CheckOverlaps(script, show, findings);
     CheckGaps(show, options, findings);
     CheckCut(show, options, findings);
     CheckMessages(show, options, findings);

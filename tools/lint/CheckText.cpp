@@ -67,21 +67,30 @@ static void CheckComments(const Reading& script, Findings* findings)
     if (marks.size() % 2 == 0)
         return;
     std::string cure = "Close the comment with another #.";
+    bool swallows = false;
     for (size_t i = 0; i + 1 < marks.size(); i += 2)
         if (HoldsHeader(script.bytes.substr(marks[i], marks[i + 1] - marks[i]))) {
             cure +=
                 " Or look at line " + std::to_string(script.PositionInFile(marks[i]).line) +
                 ": the comment that begins there swallows a block, so that the missing # may belong to it.";
+            swallows = true;
             break;
         }
     const std::string rest = script.bytes.substr(marks.back() + 1);
     const auto lines =
         std::count(rest.begin(), rest.end(), '\n') + (rest.empty() || rest.back() == '\n' ? 0 : 1);
     const bool hurts = rest.find('[') != std::string::npos;
-    findings->AddInFile(hurts ? Error : Warning, "open-comment", marks.back(), "This # has no partner.",
-                        "The rest of the file is a comment: " + std::to_string(lines) +
-                            (lines == 1 ? " line." : " lines."),
-                        cure);
+    Finding& finding = findings->AddInFile(
+        hurts ? Error : Warning, "open-comment", marks.back(), "This # has no partner.",
+        "The rest of the file is a comment: " + std::to_string(lines) + (lines == 1 ? " line." : " lines."),
+        cure);
+    size_t end = script.bytes.size(); // of what is no blank
+    while (IsBlank(script.bytes[end - 1]))
+        end--;
+    if (!hurts && !swallows && end == marks.back() + 1)
+        finding.fixes.push_back({marks.back(), end, ""});
+    else if (!hurts && !swallows)
+        finding.fixes.push_back({end, end, "#"});
 }
 
 static void CheckEaten(const Reading& script, const Block& block, Findings* findings)
@@ -94,9 +103,16 @@ static void CheckEaten(const Reading& script, const Block& block, Findings* find
                       : ", with " + std::to_string(headers) + (headers == 1 ? " header." : " headers."));
     const size_t close = rest.find(']');
     if (rest[0] != '[') {
-        findings->Add(Error, "junk", block.header,
-                      Quote(rest.substr(0, rest.find('['))) + " stands before the first header.", consequence,
-                      "Delete it, or put it between two #.");
+        const std::string junk = rest.substr(0, rest.find('['));
+        Finding& finding =
+            findings->Add(Error, "junk", block.header, Quote(junk) + " stands before the first header.",
+                          consequence, "Delete it, or put it between two #.");
+        // Unless it may be a block that has lost its beginning.
+        const size_t first = script.offsets[block.header];
+        const size_t last = script.offsets[block.header + junk.size() - 1];
+        const std::string bytes = script.bytes.substr(first, last + 1 - first);
+        if (bytes.find_first_of("=;]#") == std::string::npos)
+            findings->AddFix(&finding, block.header, block.header + junk.size(), "#" + bytes + "#");
     } else if (close == std::string::npos) {
         findings->Add(Error, "unknown-block", block.header, "This [ has no ].", consequence,
                       "Write [MUSIC], [EFFECT], [MESSAGE] or [COLORSCHEME]; a value can hold no [.");
@@ -106,11 +122,13 @@ static void CheckEaten(const Reading& script, const Block& block, Findings* find
         for (const BlockSyntax& syntax : AllBlockSyntax())
             names.push_back(syntax.name);
         const std::string meant = Nearest(name, names);
-        findings->Add(Error, "unknown-block", block.header,
-                      "There is no block of the name " + Quote(name) + ".", consequence,
-                      meant.empty()
-                          ? "Write [MUSIC], [EFFECT], [MESSAGE] or [COLORSCHEME]; a value can hold no [."
+        Finding& finding = findings->Add(
+            Error, "unknown-block", block.header, "There is no block of the name " + Quote(name) + ".",
+            consequence,
+            meant.empty() ? "Write [MUSIC], [EFFECT], [MESSAGE] or [COLORSCHEME]; a value can hold no [."
                           : "Write [" + meant + "], in capitals.");
+        if (!meant.empty() && !name.empty())
+            findings->AddFix(&finding, block.header + 1, block.header + close, meant);
     }
 }
 
@@ -123,10 +141,12 @@ static void CheckHeaders(const Reading& script, Findings* findings)
         }
         const std::string written = script.stream.substr(block.header, block.body - block.header);
         const std::string proper = std::string("[") + SyntaxOf(block.type).name + "]";
-        if (written != proper)
-            findings->Add(Warning, "odd-header", block.header,
-                          Quote(written) + " is an odd way to begin a block.",
-                          "The reader takes it for " + proper + ".", "Write " + proper + ".");
+        if (written != proper) {
+            Finding& finding = findings->Add(
+                Warning, "odd-header", block.header, Quote(written) + " is an odd way to begin a block.",
+                "The reader takes it for " + proper + ".", "Write " + proper + ".");
+            findings->AddFix(&finding, block.header, block.body, proper);
+        }
     }
 }
 

@@ -27,6 +27,11 @@ public:
     Finding& AddAt(Severity severity, const char* code, int line, int column, const std::string& text,
                    const std::string& consequence, const std::string& cure);
 
+    // Adds to the fixes of a finding that the characters of the stream from `first` to before `end`, at least one,
+    // with what the file has between them, become the text; and that the text goes behind a character.
+    void AddFix(Finding* finding, size_t first, size_t end, const std::string& text) const;
+    void AddFixBehind(Finding* finding, size_t character, const std::string& text) const;
+
     size_t LeftOut() const; // the number of findings beyond the limit
 
 private:

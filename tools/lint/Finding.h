@@ -2,6 +2,7 @@
 // A finding: one thing that the show would silently do differently from what the script's author meant.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -13,6 +14,12 @@ enum Severity {
     Note,    // an effect of the options, such as a start offset, that the author should know
     Warning, // looks like a mistake, and the show plays much as written
     Error    // something that is written is not shown, or the show cannot start
+};
+
+// Bytes of the file that become others: from begin to before end, which are the same where something is put in.
+struct Fix {
+    size_t begin, end;
+    std::string text;
 };
 
 struct Finding {
@@ -31,6 +38,10 @@ struct Finding {
     std::string text;        // what stands in the script
     std::string consequence; // what the show does with it
     std::string cure;        // what to write instead
+
+    // The cure as a program applies it: all of them together, in no order, not overlapping. Empty: only a person
+    // can tell what was meant.
+    std::vector<Fix> fixes;
 };
 
 } // namespace lint

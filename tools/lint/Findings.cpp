@@ -37,13 +37,24 @@ Finding& Findings::AddInFile(Severity severity, const char* code, size_t byte, c
 Finding& Findings::AddAt(Severity severity, const char* code, int line, int column, const std::string& text,
                          const std::string& consequence, const std::string& cure)
 {
-    Finding finding = {severity, code, file, line, column, false, 0, 0, text, consequence, cure};
+    Finding finding = {severity, code, file, line, column, false, 0, 0, text, consequence, cure, {}};
     if (++counts[finding.code] > limit) {
         leftOut++;
         return spare = std::move(finding);
     }
     findings->push_back(std::move(finding));
     return findings->back();
+}
+
+void Findings::AddFix(Finding* finding, size_t first, size_t end, const std::string& text) const
+{
+    finding->fixes.push_back({reading.offsets[first], size_t(reading.offsets[end - 1]) + 1, text});
+}
+
+void Findings::AddFixBehind(Finding* finding, size_t character, const std::string& text) const
+{
+    const size_t behind = size_t(reading.offsets[character]) + 1;
+    finding->fixes.push_back({behind, behind, text});
 }
 
 size_t Findings::LeftOut() const

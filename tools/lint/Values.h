@@ -20,8 +20,11 @@ void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared
 // name for each up to the highest, empty where there is none.
 std::vector<std::string> ParameterNames(const std::string& description);
 
-// The last number of a list of parameters, written so that the reader, which loses its last character, reads it
-// all the same: "12.00" for "12". As it is if nothing is missed. Not empty.
+// True if the reader takes the text as a value as it stands.
+bool CanBeValue(const std::string& text);
+
+// A decimal number that ends a list of parameters, written so that the reader, which loses its last character,
+// reads it all the same: "12.00" for "12". As it is if nothing is missed. Not empty.
 std::string WithoutLoss(const std::string& last);
 
 // The number of times that the reader takes from a list. A comma at its end does not begin another one.
