@@ -16,6 +16,7 @@
 #include "tools/capture/SteppedShow.h"
 
 #include <cfloat>
+#include <memory>
 
 static const int64_t frameCounts = 100000000; // 0.1 s
 
@@ -55,18 +56,16 @@ struct Exchange {
 class ExchangedRun : public ShowFixture
 {
 protected:
-    ExchangedRun()
-    {
-        gl::Reset(64, 48);
-        UseNullWindows();
-        window.Create(64, 48, 32, false);
-    }
+    ExchangedRun() { gl::Reset(64, 48); }
     ~ExchangedRun() override { platform::SetFrameObserver(nullptr, nullptr); }
 
     // Plays so many frames and returns what happened, frame by frame. An exchange that is refused ends the run.
     std::vector<std::string> Play(const std::string& script, std::vector<Exchange> newExchanges,
                                   int64_t newFrames)
     {
+        UseNullWindows();
+        window = std::make_unique<GLWindow>(); // one that a quit has ended stays so
+        window->Create(64, 48, 32, false);
         platform::UseSteppedClock();
         FrameTimer::Init(0); // from 0 again, whatever was played before
         FrameTimer::Update();
@@ -85,21 +84,19 @@ protected:
         registry = &all;
         DemoPlayer show;
         player = &show;
-        show.Init(&window, registry, nullptr, false);
+        show.Init(window.get(), registry, nullptr, false);
         current = script;
         capture::SteppedShow::ReadScript(script, &show);
         show.endTime = FLT_MAX;
         platform::SetFrameObserver(AtSwap, this);
         show.Run();
-        platform::TakeEvent();
-        window.state = WindowRunning;
         return log;
     }
 
     std::unique_ptr<DemoPlayer> Lists(const std::string& script)
     {
         std::unique_ptr<DemoPlayer> lists = std::make_unique<DemoPlayer>();
-        lists->Init(&window, registry, nullptr, false);
+        lists->Init(window.get(), registry, nullptr, false);
         capture::SteppedShow::ReadScript(script, lists.get());
         return lists;
     }
@@ -141,7 +138,7 @@ protected:
         return refused;
     }
 
-    GLWindow window;
+    std::unique_ptr<GLWindow> window;
     EffectRegistry* registry = nullptr;
     DemoPlayer* player = nullptr;
     std::vector<std::string> log;
@@ -179,21 +176,21 @@ TEST_F(ExchangedRun, WhatLiesAheadIsPlayedByTheNewScript)
 TEST_F(ExchangedRun, AnotherPastIsRefusedWithItsFirstFrame)
 {
     const std::string script = Entry("A", 0, 2000, 1) + Entry("B", 500, 3000, 2) + Message("A", 700);
-    // Frame n is at n / 10 s. After frame 10:
+    // Frames 0 and 1 are at time 0, frame n is at (n - 1) / 10 s. After frame 10:
     EXPECT_EQ(-2, Refusal(script, script, 10));
-    EXPECT_EQ(5, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 600, 3000, 2) + Message("A", 700), 10));
-    EXPECT_EQ(5, Refusal(script, Entry("A", 0, 2000, 3) + Entry("B", 500, 3000, 2) + Message("A", 700), 10));
-    EXPECT_EQ(7, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 500, 3000, 2) + Message("A", 800), 10));
+    EXPECT_EQ(6, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 600, 3000, 2) + Message("A", 700), 10));
+    EXPECT_EQ(6, Refusal(script, Entry("A", 0, 2000, 3) + Entry("B", 500, 3000, 2) + Message("A", 700), 10));
+    EXPECT_EQ(8, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 500, 3000, 2) + Message("A", 800), 10));
     EXPECT_EQ(
-        7, Refusal(script,
+        8, Refusal(script,
                    Entry("A", 0, 2000, 1) + Entry("B", 500, 3000, 2) + Message("A", 700, "Parameter=1.00;"),
                    10));
-    EXPECT_EQ(7, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 500, 3000, 2) + Message("B", 700), 10));
-    EXPECT_EQ(8, Refusal(script, script + Message("B", 800), 10));
+    EXPECT_EQ(8, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 500, 3000, 2) + Message("B", 700), 10));
+    EXPECT_EQ(9, Refusal(script, script + Message("B", 800), 10));
     // The same changes right behind the last frame.
-    EXPECT_EQ(-2, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 600, 3000, 2) + Message("A", 700), 4));
-    EXPECT_EQ(-2, Refusal(script, script + Message("B", 800), 7));
-    EXPECT_EQ(8, Refusal(script, script + Message("B", 800), 8));
+    EXPECT_EQ(-2, Refusal(script, Entry("A", 0, 2000, 1) + Entry("B", 600, 3000, 2) + Message("A", 700), 5));
+    EXPECT_EQ(-2, Refusal(script, script + Message("B", 800), 8));
+    EXPECT_EQ(9, Refusal(script, script + Message("B", 800), 9));
 }
 
 TEST_F(ExchangedRun, WhatWouldLoadAnotherWayIsRefused)
