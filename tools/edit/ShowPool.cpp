@@ -20,6 +20,7 @@ static const size_t cacheBytes = size_t(96) << 20;
 static const double idleSeconds = 0.15; // without a new wish, before the others work on their places
 static const double restSeconds =
     0.15; // the same, before one of the last two processes ahead of a wish is used up
+static const double burstSeconds = 0.4;  // between two wishes that belong together, as those of a drag
 static const size_t scarceProcesses = 2; // so many are the last ones
 static const double smoothSeconds = 2;   // of playing without a late frame, before the others work
 static const double leadShare = 0.25;    // of a second, the furthest that frames are made ahead while playing
@@ -41,6 +42,7 @@ struct ShowPool::Work {
     bool fulfilled = false;
     bool playing = false;
     double wishSeconds = 0; // when wish or script changed last
+    bool inBurst = false;   // and it had just done so
 
     FrameCache cache{cacheBytes};
     ShownFrame shown; // the newest frame
@@ -57,6 +59,7 @@ struct ShowPool::Work {
     double lateSeconds = 0; // when a frame was late
 
     static double Now();
+    void NoteChange();
     int64_t Wanted() const;
     int64_t PlayTarget() const;
     void Show(ShownFrame frame);
@@ -75,6 +78,13 @@ double ShowPool::Work::Now()
 {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return std::chrono::duration<double>(now).count();
+}
+
+void ShowPool::Work::NoteChange()
+{
+    const double now = Now();
+    inBurst = now < wishSeconds + burstSeconds;
+    wishSeconds = now;
 }
 
 ShowPool::ShowPool() : work(std::make_unique<Work>()) {}
@@ -102,7 +112,7 @@ void ShowPool::SetScript(const std::string& text, uint64_t revision)
     work->revision = revision;
     work->crew.SetScript(text, revision);
     work->fulfilled = false;
-    work->wishSeconds = Work::Now();
+    work->NoteChange();
     // The frames that were made ahead are not shown any more unless the change leaves them as they are: simpler to make
     // them anew.
     work->ahead.clear();
@@ -141,7 +151,7 @@ void ShowPool::DataChanged(const std::string& fileName)
     work->cache.Clear();
     work->ahead.clear();
     work->fulfilled = false;
-    work->wishSeconds = Work::Now();
+    work->NoteChange();
 }
 
 void ShowPool::Seek(int64_t frame)
@@ -161,7 +171,7 @@ void ShowPool::Seek(int64_t frame)
     work->wish = frame;
     work->fulfilled = false;
     work->liveGoal = 0;
-    work->wishSeconds = Work::Now();
+    work->NoteChange();
 }
 
 void ShowPool::PlayTo(int64_t frame)
@@ -407,7 +417,7 @@ void ShowPool::Work::Choose(double now)
 
     bool scarce = false;
     ShowProcess* best = BestFor(drawFrom, target, &scarce);
-    if (scarce && !playing && now < wishSeconds + restSeconds)
+    if (scarce && inBurst && !playing && now < wishSeconds + restSeconds)
         return;
     if (!best && live && crew.processes.size() == 1 && !crew.HasRoom()) {
         crew.End(live);
