@@ -12,50 +12,59 @@ namespace atelier
 namespace
 {
 
-// A window in its frame. The frame stands a little inside the picture, so that its uneven edge shows.
+// A window in its frame, which one passes at arm's length. The frame stands inside the
+// picture, so that its uneven edge shows, and a lit window has room for its light: the wall about it is black,
+// and all that is seen of it is what the lamp throws there.
 Canvas Window(bool lit)
 {
-    constexpr int Side = 128;
+    constexpr int Side = 512;
     constexpr float Size = Side, Middle = Size / 2;
-    const Paper& paper = SketchPaper(256);
-    const Noise glass(561);
+    const float room = lit ? 0.66f : 0.96f; // of the picture, for the frame
+    // Places below are those of a sheet 128 wide that the frame fills.
+    const auto drawn = [&](const Line& line) {
+        return Moved(Scaled(Moved(line, {-64, -64}), 4 * room), {Middle, Middle});
+    };
+    const float fine = 4 * room;
+    const Paper& paper = SketchPaper(512);
+    const Noise glass(561), wall(566);
     const Line opening =
-        Shaken(Straight({{15, 15}, {113, 14}, {114, 113}, {14, 114}, {15, 15}}), 1.2f, 30, 562);
-    const Mask frame =
-        Filled(Side, Side, Shaken(Straight({{5, 6}, {122, 5}, {123, 122}, {5, 122}, {5, 6}}), 1.6f, 24, 563));
+        drawn(Shaken(Straight({{15, 15}, {113, 14}, {114, 113}, {14, 114}, {15, 15}}), 1.2f, 30, 562));
+    const Mask frame = Filled(
+        Side, Side, drawn(Shaken(Straight({{5, 6}, {122, 5}, {123, 122}, {5, 122}, {5, 6}}), 1.6f, 24, 563)));
     Canvas canvas(Side, Side);
     canvas.Cover(Mask(Side, Side, 1), Mix(palette::Rust, palette::Ink, 0.72f));
     const Mask inner = Filled(Side, Side, opening);
-    canvas.Cover(inner, [&](float x, float y) {
+    canvas.Cover(inner, [&](float column, float line) {
+        const float x = (column - Middle) / fine + 64, y = (line - Middle) / fine + 64;
         const float cloud = 0.12f * glass.Fbm(x / 30, y / 30, 3);
         if (!lit)
             return Mix(palette::Night, palette::Slate,
                        Clamp(0.25f + 0.5f * Smooth(110, 10, x * 0.4f + y) + cloud));
         // The lamp hangs behind the upper middle.
-        const float lamp = Bell(Length({x - Middle, (y - 52) * 0.85f}) / 52);
+        const float lamp = Bell(Length({x - 64, (y - 52) * 0.85f}) / 52);
         return Mix(palette::Ochre * 0.8f, Mix(palette::Amber, palette::Bone, 0.45f * lamp),
                    Clamp(lamp + cloud));
     });
     Mask ink(Side, Side), cloth(Side, Side);
-    Pen pen(ink, paper, {.width = 3, .wobble = 0.6f, .wave = 24, .skip = 0.15f}, 564);
+    Pen pen(ink, paper, {.width = 3 * fine, .wobble = 0.6f * fine, .wave = 24 * fine, .skip = 0.15f}, 564);
     for (const float side : {-1.0f, 1.0f}) {
-        const float edge = Middle + side * 49;
+        const float edge = 64 + side * 49;
         const auto in = [&](float by) { return edge - side * by; };
-        cloth.Fill(Through({{edge, 15},
-                            {in(44), 15},
-                            {in(36), 44},
-                            {in(17), 72},
-                            {in(22), 90},
-                            {in(28), 113},
-                            {edge, 113}}));
-        pen.nib.width = 2;
+        cloth.Fill(drawn(Through({{edge, 15},
+                                  {in(44), 15},
+                                  {in(36), 44},
+                                  {in(17), 72},
+                                  {in(22), 90},
+                                  {in(28), 113},
+                                  {edge, 113}})));
+        pen.nib.width = 1.6f * fine;
         for (int fold = 0; fold < 4; ++fold) {
             const float by = 9 * static_cast<float>(fold);
-            pen.Stroke(Through({{in(6 + by * 1.2f), 16},
-                                {in(4 + by * 0.8f), 50},
-                                {in(3 + by * 0.45f), 73},
-                                {in(4 + by * 0.6f), 112}}),
-                       {.start = 0.7f, .middle = 0.7f, .end = 0.2f});
+            pen.Stroke(drawn(Through({{in(6 + by * 1.2f), 16},
+                                      {in(4 + by * 0.8f), 50},
+                                      {in(3 + by * 0.45f), 73},
+                                      {in(5 + by * 0.6f), 112}})),
+                       {.start = 0.6f, .middle = 0.8f, .end = 0.4f});
         }
     }
     if (lit) {
@@ -66,17 +75,29 @@ Canvas Window(bool lit)
         canvas.Cover(ink, palette::Ink, 0.7f);
     }
     Mask bars(Side, Side);
-    Pen joiner(bars, paper, {.width = 7, .wobble = 0.7f, .wave = 40, .skip = 0, .dry = 0}, 565);
-    joiner.Stroke(Straight({{Middle, 10}, {Middle + 1, 118}}), {.start = 1, .middle = 0.9f, .end = 1});
-    joiner.Stroke(Straight({{10, 56}, {118, 57}}), {.start = 1, .middle = 0.9f, .end = 1});
-    joiner.nib.width = 4;
+    Pen joiner(bars, paper,
+               {.width = 7 * fine, .wobble = 0.7f * fine, .wave = 40 * fine, .skip = 0, .dry = 0}, 565);
+    joiner.Stroke(drawn(Straight({{64, 10}, {65, 118}})), {.start = 1, .middle = 0.9f, .end = 1});
+    joiner.Stroke(drawn(Straight({{10, 56}, {118, 57}})), {.start = 1, .middle = 0.9f, .end = 1});
+    joiner.nib.width = 4 * fine;
     joiner.Stroke(opening, {.start = 1, .middle = 0.9f, .end = 1});
     canvas.Cover(bars, Mix(palette::Rust, palette::Ink, 0.8f));
     if (lit)
-        canvas.Light(inner.Blurred(7), palette::Amber, 0.10f);
+        canvas.Light(inner.Blurred(28), palette::Amber, 0.10f);
     paper.Show(canvas, lit ? 0.25f : 0.5f);
     canvas.CutOut(frame);
-    return canvas;
+    if (!lit)
+        return canvas;
+    // The light on the wall: brighter below the lamp's height than above, gone at the picture's border.
+    Canvas shine(Side, Side);
+    const Mask near = Mask(frame).Blur(20), wide = Mask(frame).Blur(58);
+    shine.Cover(Mask(Side, Side).Each([&](float x, float y) {
+        const float grain = 1 + 0.35f * wall.Fbm(x / 18, y / 18, 4);
+        const float light = 0.7f * near.Sample(x, y) + 1.0f * wide.Sample(x, y);
+        return Min(0.92f, light * grain) * Smooth(2, 80, Min(Min(x, Size - x), Min(y, Size - y)));
+    }),
+                Mix(palette::Ochre, palette::Rust, 0.25f));
+    return shine.Lay(canvas, 0, 0);
 }
 
 Canvas LitWindow()
@@ -144,9 +165,9 @@ Group FX_PathPictures()
 {
     return {"FX_Path", {
         {"Data/budentextur.jpg",        1024, 1024, Format::Jpeg,    HouseWalls},
-        {"Data/licht-an.png",            128,  128, Format::PngRgba, LitWindow},
-        {"Data/licht-aus.png",           128,  128, Format::PngRgba, DarkWindow},
-        {"Data/teststreifen.png",       1024,  256, Format::PngRgba, ScoreStrip},
+        {"Data/licht-an.png",            512,  512, Format::PngRgba, LitWindow},
+        {"Data/licht-aus.png",           512,  512, Format::PngRgba, DarkWindow},
+        {"Data/teststreifen.png",       4096, 1024, Format::PngRgba, ScoreStrip},
         {"Data/ackerbau_tiled3.jpg",    1024, 1024, Format::Jpeg,    FieldTile},
         {"Data/ackerbau_tiled2.jpg",    1024, 1024, Format::Jpeg,    Plaza},
         {"Data/skybox_left.jpg",        1024,  512, Format::Jpeg,    NightLeft},

@@ -12,6 +12,8 @@ namespace
 {
 
 constexpr float BoxHeight = 0.55f; // of the box's width, above its middle
+// The box has no face at +z: towards it the others fade to the black that is there.
+constexpr float FadeBegins = 0.17f, FadeEnds = 0.49f;
 
 struct Direction {
     float x, y, z; // y up, unit length
@@ -207,6 +209,7 @@ struct Face {
     int width, height;
     Direction (*at)(float u, float v);
     bool (*seen)(const Direction& d, Vec2& uv);
+    float (*depth)(float u, float v); // z of the point, in widths of the box
 };
 
 Canvas Paint(const Face& face)
@@ -239,7 +242,10 @@ Canvas Paint(const Face& face)
         GlowAt(canvas, {uv.x * w, uv.y * h}, 1.1f, 11,
                {.core = palette::Amber, .halo = palette::Ochre, .strength = light.bright, .haloPart = 0.35f});
     }
-    return canvas;
+    return canvas.Tone(Mask(face.width, face.height).Each([&](float x, float y) {
+        return Smooth(FadeEnds, FadeBegins, face.depth(x / w, y / h));
+    }),
+                       0, 1);
 }
 
 // clang-format off
@@ -250,7 +256,8 @@ constexpr Face Left = {1024, 512,
             return false;
         uv = {0.5f - d.z / -d.x * 0.5f, 1 - d.y / -d.x * 0.5f / BoxHeight};
         return true;
-    }};
+    },
+    [](float u, float) { return 0.5f - u; }};
 constexpr Face Back = {1024, 512,
     [](float u, float v) { return Towards(u - 0.5f, (1 - v) * BoxHeight, -0.5f); },
     [](const Direction& d, Vec2& uv) {
@@ -258,7 +265,8 @@ constexpr Face Back = {1024, 512,
             return false;
         uv = {0.5f + d.x / -d.z * 0.5f, 1 - d.y / -d.z * 0.5f / BoxHeight};
         return true;
-    }};
+    },
+    [](float, float) { return -0.5f; }};
 constexpr Face Right = {1024, 512,
     [](float u, float v) { return Towards(0.5f, (1 - v) * BoxHeight, u - 0.5f); },
     [](const Direction& d, Vec2& uv) {
@@ -266,7 +274,8 @@ constexpr Face Right = {1024, 512,
             return false;
         uv = {0.5f + d.z / d.x * 0.5f, 1 - d.y / d.x * 0.5f / BoxHeight};
         return true;
-    }};
+    },
+    [](float u, float) { return u - 0.5f; }};
 constexpr Face Top = {1024, 1024,
     [](float u, float v) { return Towards(u - 0.5f, BoxHeight, v - 0.5f); },
     [](const Direction& d, Vec2& uv) {
@@ -274,7 +283,8 @@ constexpr Face Top = {1024, 1024,
             return false;
         uv = {0.5f + d.x / d.y * BoxHeight, 0.5f + d.z / d.y * BoxHeight};
         return true;
-    }};
+    },
+    [](float, float v) { return v - 0.5f; }};
 // clang-format on
 
 } // namespace

@@ -10,9 +10,13 @@ namespace atelier
 namespace
 {
 
-constexpr int W = 1024, H = 256;
+// One reads it from as near as a page in the hand, so it is painted four times as fine as the places below say.
+constexpr float Fine = 4;
+constexpr int Width = 4096, Height = 1024;
+constexpr float W = Width / Fine, H = Height / Fine;
 constexpr float Bar = 128, Gap = 7; // pixels from bar line to bar line and from line to line
-constexpr float FirstBeat = 45, Beat = 30;
+constexpr float FirstBeat = 49, Beat = 28.5f;
+constexpr float SignBefore = 12, QuaverEarly = 5; // pixels ahead of the head, and of the place in time
 // The strip is seen from one end, along the staves, so that everything on it is drawn wide along them, as
 // signs on a road are.
 constexpr float HeadX = 6.2f, HeadY = 3.7f;
@@ -62,32 +66,79 @@ int StepInStaff(char letter)
     return step;
 }
 
-struct Sheet {
+// A pen that takes the places of the coarse sheet.
+class Quill
+{
+public:
+    Quill(Mask& sheet, const Paper& paper, Nib nib, uint32_t seed)
+        : pen(sheet, paper, Fined(nib), seed), ink(sheet)
+    {
+    }
+    void Width(float width) { pen.nib.width = width * Fine; }
+    void Stroke(const Line& line, Press press) { pen.Stroke(Scaled(line, Fine), press); }
+    void Dot(Vec2 at, float radius) { pen.Dot(at * Fine, radius * Fine); }
+    void Fill(const Line& outline) { ink.Fill(Scaled(outline, Fine)); }
+
+private:
+    static Nib Fined(Nib nib)
+    {
+        nib.width *= Fine;
+        nib.wobble *= Fine;
+        nib.wave *= Fine;
+        return nib;
+    }
+
+    Pen pen;
     Mask& ink;
-    Pen& pen;
 };
 
-void DrawHead(const Sheet& sheet, Vec2 at, bool hollow)
+void DrawHead(Quill& pen, Vec2 at, bool hollow)
 {
-    Mask head(W, H, 0, true);
-    head.Fill(Ellipse(at, HeadX, HeadY, -0.22f));
-    if (hollow)
-        head.Erase(Ellipse(at, HeadX - 1.9f, HeadY - 1.5f, -0.40f));
-    sheet.ink.Unite(head);
+    if (!hollow) {
+        pen.Fill(Ellipse(at, HeadX, HeadY, -0.22f));
+        return;
+    }
+    pen.Width(2.2f);
+    pen.Stroke(Ellipse(at, HeadX - 0.9f, HeadY - 0.8f, -0.3f), {.start = 1, .middle = 0.75f, .end = 1});
+    pen.Stroke(Arc(at, HeadX - 0.9f, HeadY - 0.6f, 0.3f, 2.0f), {.start = 0.4f, .middle = 1, .end = 0.4f});
 }
 
-void DrawNote(const Sheet& sheet, Vec2 at, float length, float foot)
+// A rest of a quarter, about the staff's middle line.
+void DrawRest(Quill& pen, Vec2 at)
 {
-    Pen& pen = sheet.pen;
+    pen.Width(2.6f);
+    pen.Stroke(Through({at + Vec2{-2.5f, -10}, at + Vec2{3, -4.5f}, at + Vec2{-2, 0}, at + Vec2{3.5f, 5.5f}}),
+               {.start = 0.3f, .middle = 1, .end = 0.9f});
+    pen.Stroke(Through({at + Vec2{3.5f, 5.5f}, at + Vec2{-2.5f, 4.5f}, at + Vec2{-1.5f, 10.5f}}),
+               {.start = 0.9f, .middle = 0.8f, .end = 0.1f});
+}
+
+// Three over four, between the lines of a staff.
+void DrawTime(Quill& pen, Vec2 middle)
+{
+    const auto in = [&](float x, float y) { return middle + Vec2{x, y}; };
+    pen.Width(2.6f);
+    pen.Stroke(Through({in(-4.5f, -12.5f), in(0, -14), in(4, -11), in(0.5f, -7.6f)}),
+               {.start = 0.7f, .middle = 1, .end = 0.7f});
+    pen.Stroke(Through({in(0.5f, -7.6f), in(5, -4.5f), in(0, -0.8f), in(-5, -3)}),
+               {.start = 0.7f, .middle = 1, .end = 0.5f});
+    pen.Stroke(Through({in(0.5f, 1), in(-2, 5.5f), in(-5.5f, 9.6f)}),
+               {.start = 0.5f, .middle = 0.8f, .end = 0.6f});
+    pen.Stroke(Straight({in(-5.5f, 9.6f), in(5.5f, 9.2f)}), {.start = 0.8f, .middle = 1, .end = 0.7f});
+    pen.Stroke(Straight({in(2.4f, 4.6f), in(2, 13.6f)}), {.start = 0.8f, .middle = 1, .end = 0.9f});
+}
+
+void DrawNote(Quill& pen, Vec2 at, float length, float foot)
+{
     const bool hollow = length >= 2;
-    DrawHead(sheet, at, hollow);
+    DrawHead(pen, at, hollow);
     if (length < 3) {
         const float up = at.y > foot - 2 * Gap ? -1.0f : 1.0f;
         const Vec2 root = at + Vec2{-up * (HeadX - 0.7f), 0}, tip = root + Vec2{0.6f, up * 23};
-        pen.nib.width = 2.4f;
+        pen.Width(2.4f);
         pen.Stroke(Straight({root, tip}), {.start = 1, .middle = 0.9f, .end = 0.8f});
         if (length < 1) {
-            pen.nib.width = 4;
+            pen.Width(4);
             pen.Stroke(
                 Through({tip, tip + Vec2{6, -up * 4}, tip + Vec2{11, -up * 10}, tip + Vec2{10, -up * 15}}),
                 {.start = 1, .middle = 0.8f, .end = 0.1f});
@@ -95,16 +146,16 @@ void DrawNote(const Sheet& sheet, Vec2 at, float length, float foot)
     }
     if (length == 1.5f || length == 3)
         pen.Dot(at + Vec2{12, -1.5f}, 2.0f);
-    pen.nib.width = 1.6f;
+    pen.Width(1.6f);
     for (float y = foot + Gap; y <= at.y + 1; y += Gap)
         pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
     for (float y = foot - 5 * Gap; y >= at.y - 1; y -= Gap)
         pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
 }
 
-void DrawSign(Pen& pen, Vec2 at, int accidental)
+void DrawSign(Quill& pen, Vec2 at, int accidental)
 {
-    pen.nib.width = 2.4f;
+    pen.Width(2.4f);
     if (accidental < 0) {
         pen.Stroke(Through({at + Vec2{-3, -13}, at + Vec2{-3, 4}}),
                    {.start = 0.9f, .middle = 0.9f, .end = 0.8f});
@@ -121,10 +172,10 @@ void DrawSign(Pen& pen, Vec2 at, int accidental)
 }
 
 // At the line of G.
-void DrawTrebleClef(Pen& pen, Vec2 at)
+void DrawTrebleClef(Quill& pen, Vec2 at)
 {
-    pen.nib.width = 3.2f;
-    const auto in = [&](float x, float y) { return at + Vec2{x * 1.45f, y}; };
+    pen.Width(3.2f);
+    const auto in = [&](float x, float y) { return at + Vec2{x * 1.3f, y * 0.86f}; };
     pen.Stroke(Through({in(0.5f, 2), in(-2.6f, -1), in(0, -5.5f), in(4.6f, -3), in(4.6f, 4), in(0, 7.6f),
                         in(-5.4f, 4), in(-5.6f, -5), in(0, -13), in(4.4f, -20), in(4, -28), in(1.6f, -31),
                         in(-0.6f, -25), in(0.4f, -12), in(2.2f, 8), in(1.6f, 15), in(-2, 17), in(-3.6f, 14)}),
@@ -133,9 +184,9 @@ void DrawTrebleClef(Pen& pen, Vec2 at)
 }
 
 // At the line of F.
-void DrawBassClef(Pen& pen, Vec2 at)
+void DrawBassClef(Quill& pen, Vec2 at)
 {
-    pen.nib.width = 3.4f;
+    pen.Width(3.4f);
     const auto in = [&](float x, float y) { return at + Vec2{x * 1.45f, y}; };
     pen.Dot(in(-3, 0), 2.8f);
     pen.Stroke(Through({in(-3, 0), in(-2.5f, -5), in(1.5f, -7), in(5, -3), in(4, 8), in(-4, 18)}),
@@ -145,9 +196,9 @@ void DrawBassClef(Pen& pen, Vec2 at)
 }
 
 // From note to note of a bar, above or below their heads.
-void DrawSlur(Pen& pen, Vec2 from, Vec2 to, float side)
+void DrawSlur(Quill& pen, Vec2 from, Vec2 to, float side)
 {
-    pen.nib.width = 2.2f;
+    pen.Width(2.2f);
     const Vec2 lift = {0, side * 7};
     const float depth = Min(9, 3 + Length(to - from) * 0.08f);
     pen.Stroke(Through({from + lift, Mix(from, to, 0.5f) + lift + Vec2{0, side * depth}, to + lift}),
@@ -158,30 +209,32 @@ void DrawSlur(Pen& pen, Vec2 from, Vec2 to, float side)
 
 Canvas ScoreStrip()
 {
-    const Paper& paper = SketchPaper(256);
+    const Paper& paper = SketchPaper();
     const Noise edge(541, 24, 1), stain(542, 8, 2);
-    Canvas canvas(W, H);
-    const Mask sheet = Mask(W, H, 0, true).Each([&](float x, float y) {
+    Canvas canvas(Width, Height);
+    const Mask sheet = Mask(Width, Height, 0, true).Each([&](float column, float line) {
+        const float x = column / Fine, y = line / Fine;
         const float ragged = 3 * edge.Fbm(x / W * 24, y < H / 2.0f ? 0.2f : 0.7f, 4);
         return Smooth(1.5f, 9, Min(y, H - y) + ragged - 2) * (y > 2 && y < H - 2 ? 1.0f : 0.0f);
     });
-    canvas.Cover(Mask(W, H, 1), [&](float x, float y) {
+    canvas.Cover(Mask(Width, Height, 1), [&](float column, float line) {
+        const float x = column / Fine, y = line / Fine;
         const float t = 0.5f + 0.7f * stain.Fbm(x / W * 8, y / H * 2, 5);
         const float rim = Smooth(34, 4, Min(y, H - y));
         return Mix(Mix(palette::Bone, palette::Parchment, Clamp(t)) * 0.86f,
                    Mix(palette::Ochre, palette::Rust, 0.4f), 0.45f * rim);
     });
-    Mask ruled(W, H, 0, true), ink(W, H, 0, true);
-    Pen lines(ruled, paper,
-              {.width = 1.5f,
-               .least = 0.5f,
-               .wobble = 0.6f,
-               .wave = 90,
-               .wander = 0.35f,
-               .skip = 0.02f,
-               .dry = 0.15f,
-               .pool = 0},
-              543);
+    Mask ruled(Width, Height, 0, true), ink(Width, Height, 0, true);
+    Quill lines(ruled, paper,
+                {.width = 1.5f,
+                 .least = 0.5f,
+                 .wobble = 0.6f,
+                 .wave = 90,
+                 .wander = 0.35f,
+                 .skip = 0.02f,
+                 .dry = 0.15f,
+                 .pool = 0},
+                543);
     for (const float foot : Foot)
         for (int i = 0; i < 5; ++i)
             // Overlapping itself where the strip joins.
@@ -190,27 +243,28 @@ Canvas ScoreStrip()
                          {.start = 0.9f, .middle = 0.9f, .end = 0.9f});
     for (int bar = 0; bar < waltz::themeBars; ++bar) {
         const float x = Bar * static_cast<float>(bar) + 3;
-        lines.nib.width = 2.2f;
+        lines.Width(2.2f);
         if (bar == 0) { // the sign that it begins again
-            lines.nib.width = 4;
+            lines.Width(4);
             lines.Stroke(Straight({{x + 1.5f, Foot[0] - 4 * Gap}, {x + 1.5f, Foot[4]}}),
                          {.start = 1, .middle = 1, .end = 1});
-            lines.nib.width = 2.2f;
+            lines.Width(2.2f);
             lines.Stroke(Straight({{x - 8, Foot[0] - 4 * Gap}, {x - 8, Foot[4]}}),
                          {.start = 1, .middle = 1, .end = 1});
         } else
             lines.Stroke(Straight({{x, Foot[0] - 4 * Gap}, {x, Foot[4]}}),
                          {.start = 1, .middle = 1, .end = 1});
     }
-    Pen pen(ink, paper, {.width = 2.4f, .wobble = 0.25f, .wave = 12, .skip = 0, .dry = 0, .pool = 0.2f}, 544);
-    const Sheet page = {ink, pen};
+    Quill pen(ink, paper, {.width = 2.4f, .wobble = 0.25f, .wave = 12, .skip = 0, .dry = 0.05f, .pool = 0.2f},
+              544);
     for (int staff = 0; staff < 5; ++staff) {
         if (staff < 4)
-            DrawTrebleClef(pen, {18, Foot[staff] - Gap});
+            DrawTrebleClef(pen, {12, Foot[staff] - Gap});
         else
-            DrawBassClef(pen, {17, Foot[staff] - 3 * Gap});
-        // The one flat of D minor.
-        DrawSign(pen, {31, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
+            DrawBassClef(pen, {11.5f, Foot[staff] - 3 * Gap});
+        // The one flat of D minor, and its time.
+        DrawSign(pen, {24.5f, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
+        DrawTime(pen, {35, Foot[staff] - 2 * Gap});
     }
     const auto placeOf = [](int bar, float beat, int step, int footStep, float foot) {
         return Vec2{Bar * static_cast<float>(bar - 1) + FirstBeat + Beat * beat,
@@ -226,10 +280,12 @@ Canvas ScoreStrip()
                 DrawSlur(pen, first, last, Min(first.y, last.y) > foot - 2 * Gap ? 1.0f : -1.0f);
         };
         for (const waltz::ThemeNote& note : notes) {
-            const Vec2 at = placeOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
-            DrawNote(page, at, note.length, foot);
+            Vec2 at = placeOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
+            if (note.length < 1) // leaves room for the sign of the note behind it
+                at.x -= QuaverEarly;
+            DrawNote(pen, at, note.length, foot);
             if (note.printedSign)
-                DrawSign(pen, at - Vec2{14, 0}, note.accidental);
+                DrawSign(pen, at - Vec2{SignBefore, 0}, note.accidental);
             if (note.bar != bar) {
                 slur();
                 bar = note.bar;
@@ -242,8 +298,10 @@ Canvas ScoreStrip()
     tune(waltz::theme, Foot[0]);
     tune(waltz::counterMelody, Foot[1]);
     for (int bar = 1; bar <= waltz::themeBars; ++bar) {
-        DrawNote(page, placeOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
+        DrawNote(pen, placeOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
         const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
+        for (const int staff : {2, 3})
+            DrawRest(pen, placeOf(bar, 0, TrebleFoot + 4, TrebleFoot, Foot[staff]));
         for (int beat = 1; beat <= 2; ++beat) {
             // Third and fifth together on one stem, the root below them.
             const auto at = [&](int i, float foot) {
@@ -251,17 +309,17 @@ Canvas ScoreStrip()
             };
             const Vec2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
             const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
-            DrawHead(page, third, false);
-            DrawHead(page, fifth, false);
+            DrawHead(pen, third, false);
+            DrawHead(pen, fifth, false);
             const float side = down ? -1.0f : 1.0f, high = Min(third.y, fifth.y), low = Max(third.y, fifth.y);
             const Vec2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
-            pen.nib.width = 2.4f;
+            pen.Width(2.4f);
             pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
                        {.start = 1, .middle = 0.9f, .end = 0.8f});
-            DrawNote(page, at(0, Foot[3]), 1, Foot[3]);
+            DrawNote(pen, at(0, Foot[3]), 1, Foot[3]);
             for (int i = 0; beat == 1 && i < 3; ++i)
                 if (triad.sign[i] != 0)
-                    DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{14, 0}, triad.sign[i]);
+                    DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{SignBefore, 0}, triad.sign[i]);
         }
     }
     canvas.Cover(ruled, palette::Ink, 0.72f);

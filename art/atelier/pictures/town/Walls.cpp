@@ -90,8 +90,10 @@ Canvas HouseWalls()
         const Colour clay =
             Mix(Mix(palette::Parchment, palette::Ochre, 0.22f), palette::Bone, 0.6f * Clamp(t)) * 0.66f;
         const Colour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
-        const Colour plaster = Mix(clay, white, whitewash(x)) * (1 + 0.14f * strokes);
-        return Mix(plaster, Mix(palette::Slate, palette::Moss, 0.45f), 0.5f * wet);
+        // Brick dust in the lime: the lamp of the plaza has no blue, and makes of plain ochre a green.
+        constexpr Colour Reddened = {1.04f, 0.62f, 0.46f};
+        const Colour plaster = Mix(clay, white, whitewash(x)) * Reddened * (1 + 0.14f * strokes);
+        return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), 0.5f * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         return Smooth(0.08f, 0.3f, damp.Fbm(x / Size * 6 + 2, y / Size * 6, 4));
@@ -198,26 +200,6 @@ Canvas HouseWalls()
                (0.50f + 0.25f * trowel.Fbm(x / 4, y / 40, 3));
     });
     canvas.Cover(doors, palette::Ink, 0.92f);
-    // A loft window on the wall that comes to meet us, its lamp turned low.
-    {
-        const float x = 3.5f * WallWidth, y = 344;
-        const Line pane = Shaken(
-            Straight(
-                {{x - 19, y - 22}, {x + 19, y - 22}, {x + 18, y + 24}, {x - 19, y + 24}, {x - 19, y - 22}}),
-            1.2f, 20, 518);
-        Mask frame(Side, Side), light = Filled(Side, Side, pane);
-        Pen bars(frame, paper, {.width = 6, .wobble = 0.6f, .skip = 0}, 519);
-        bars.Stroke(pane, {.start = 1, .middle = 1, .end = 1});
-        bars.nib.width = 3.5f;
-        bars.Stroke(Straight({{x, y - 22}, {x + 1, y + 24}}), {.start = 1, .middle = 1, .end = 1});
-        bars.Stroke(Straight({{x - 19, y - 3}, {x + 19, y - 2}}), {.start = 1, .middle = 1, .end = 1});
-        canvas.Cover(light, [&](float px, float py) {
-            return Mix(palette::Ochre, Mix(palette::Amber, palette::Bone, 0.4f),
-                       Bell(Length({px - x, py - y - 8}) / 24));
-        });
-        canvas.Cover(frame, Mix(palette::Rust, palette::Ink, 0.8f));
-        canvas.Light(light.Blurred(14), palette::Amber, 0.22f);
-    }
     // The roof: shingles in rows, a little crooked.
     canvas.Cover(Roof(), Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f);
     Mask shade(Side, Side), seams(Side, Side, 0, true);
