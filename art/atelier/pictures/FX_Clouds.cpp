@@ -253,10 +253,11 @@ Canvas Cloud()
 Canvas Smoke()
 {
     const Noise curl(61), thread(62);
-    const Mask balls = Balls().Blur(14);
+    // Soft enough that no outline of a ball is left, torn by a warp of many sizes.
+    const Mask balls = Balls().Blur(38).Scale(1.25f);
     Mask amount(Size, Size), light(Size, Size);
     amount.Each([&](float x, float y) {
-        const Vec2 q = curl.Warp(x / 120, y / 120, 0.5f, 4);
+        const Vec2 q = curl.Warp(x / 120, y / 120, 0.28f, 5);
         const float rise = balls.Sample(q.x * 120, q.y * 120) * 0.6f + balls.Sample(x, y) * 0.4f;
         return Clamp(1.6f * rise * (0.25f + 0.9f * thread.Ridges(q.x * 1.5f, q.y * 1.5f, 5)));
     });

@@ -135,7 +135,8 @@ Canvas Footprint()
     return Squeezed(canvas, 512, 256);
 }
 
-// The same print as light: its ridges burn, brightest where the foot pressed hardest.
+// The same print as light: its ridges burn, brightest where the foot pressed hardest. It comes so near that it keeps
+// the size in which it is drawn.
 Canvas FootprintWhite()
 {
     const Mask pressed = Pressed();
@@ -150,7 +151,7 @@ Canvas FootprintWhite()
     canvas.Light(pressed.Blurred(12), Mix(palette::Amber, palette::Rust, 0.35f), 0.16f);
     canvas.Light(pressed.Blurred(30), palette::Ochre, 0.12f);
     DarkenBorder(canvas, 70);
-    return Squeezed(canvas, 512, 256);
+    return canvas;
 }
 
 // Wind-ribbed sand, a tile. In the scene a tile is 30 units across the walk and 15 along it, so ribs are
@@ -251,7 +252,7 @@ Group FX_FootprintPictures()
 {
     return {"FX_Footprint", {
         {"Data/footprint.png",               512, 256, Format::PngRgba, Footprint},
-        {"Data/footprint_white.jpg",         512, 256, Format::Jpeg,    FootprintWhite},
+        {"Data/footprint_white.jpg",        1024, 512, Format::Jpeg,    FootprintWhite},
         {"Data/sandbau.jpg",                 512, 512, Format::Jpeg,    Sand},
     }};
 }

@@ -171,14 +171,14 @@ Canvas Beam()
         Mask(W, H)
             .Each([&](float x, float y) {
                 const float along = Abs(x - W / 2.0f) / (W / 2.0f), across = (y - H / 2.0f) / (H / 2.0f);
-                const float half = 0.10f + 0.50f * along;
+                const float half = 0.19f + 0.46f * along;
                 const float in = across / half;
                 const float rays =
                     0.65f + 0.6f * ray.Fbm(in * 4 + (x < W / 2.0f ? 0.0f : 9.0f), along * 1.5f, 4);
                 const float smoke = 0.85f + 0.5f * haze.Fbm(x / 60, y / 22, 4);
                 const float thinned = Pow(1 - along, 1.3f) * 0.9f / (0.55f + 1.4f * along);
-                const float core = Bell(in / 0.28f) * (1 - along);
-                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.5f * core) *
+                const float core = Bell(in / 0.46f) * Pow(1 - along, 0.7f);
+                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.62f * core) *
                              (1 + 0.8f * motes.At(Floor(x), Floor(y))));
             })
             .FadeToBorder(7);

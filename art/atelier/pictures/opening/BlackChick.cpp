@@ -38,7 +38,7 @@ void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, Vec2 tip
 // in the proportion in which it is seen, 430 by 542, then squeezed into the top 343 rows.
 Canvas BlackChick()
 {
-    constexpr int W = 860, H = 1084;
+    constexpr int W = 860, H = 1124; // the claws reach below the 1084 in which it stands
     const Paper& paper = SketchPaper();
     Canvas canvas(W, H);
     Dice dice(21);

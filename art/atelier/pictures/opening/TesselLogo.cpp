@@ -33,8 +33,8 @@ Canvas TesselLogo()
                     taken = taken || Length(other.centre - at) < Stone * 0.78f;
                 Tessera t = {at, Angle(d) + 0.07f * dice.Bell(), Stone * dice.Range(0.9f, 1.04f),
                              dice.Below(9), false};
-                // From the second s on more and more of them have let go.
-                const float hold = dice.Unit() + 0.9f * Smooth(1010, 560, at.x);
+                // From the second s on more and more of them have let go; enough of the l stays to be read.
+                const float hold = dice.Unit() + 0.43f + 0.5f * Smooth(1010, 560, at.x);
                 if (hold < 0.62f) {
                     const float far = (0.62f - hold) * 2 * Smooth(420, 900, at.x);
                     t.centre =
