@@ -11,7 +11,7 @@ uniform float delta;
 
 const vec3 amber = vec3(0.94, 0.69, 0.31);
 const vec3 bone = vec3(0.94, 0.90, 0.84);
-const vec3 dusk = vec3(0.78, 0.68, 0.58); // what the unlit painting is seen through
+const vec3 dusk = vec3(0.86, 0.68, 0.46); // what the unlit painting is seen through: a sun that goes down
 
 const float speed = 0.5;       // of the light, masks each delta
 const float spacing = 1.35;    // from wave to wave, in masks
@@ -68,7 +68,7 @@ void main()
     float start = smoothstep(0.0, 1.0, delta); // out of the plain picture
     float light = LightAt(time) * drawn * (0.55 * core * core + 0.75 * halo) * start;
     vec3 colour = painting.rgb * mix(vec3(1.0), dusk, start);
-    colour *= 1.0 + 1.5 * light * amber; // pigment that the light shines through
+    colour *= 1.0 + 1.25 * light * amber; // pigment that the light shines through
     vec3 glow = mix(amber, bone, 0.5 * min(light, 1.0) * core) * light * 0.6;
     colour += glow * (1.0 - clamp(colour, 0.0, 1.0)); // never to flat white
     gl_FragColor = vec4(colour, painting.a) * gl_Color;

@@ -477,7 +477,7 @@ TEST_F(GlowFile, KeepsTheAlphaOfPaintingAndVertices)
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     const int whole = *Draw(5).At(30, 30);
     const int half = *Draw(5, 1, 1, 1, 0.5f).At(30, 30);
-    EXPECT_NEAR(100 * 0.78 * 0.5, whole, 2);
+    EXPECT_NEAR(100 * 0.86 * 0.5, whole, 2);
     EXPECT_NEAR(whole * 0.5, half, 1);
 }
 

@@ -41,6 +41,7 @@ Shape Her()
     Shape shape = Between(HerFront, HerBack);
     shape.Add(Round(HerFace));
     shape.Add(Limb(Through({{724, 372}, {758, 364}, {790, 372}}), 22, 15, 14));
+    shape.Add(Shaken(Ellipse({706, 358}, 30, 21, -0.5f), 2, 30, 48)); // her shoulders
     shape.Add(Limb(Through(HerArm), 19, 11, 5));
     return shape;
 }
@@ -271,7 +272,7 @@ Canvas Painting()
     };
     const Colour line = Mix(palette::Ink, palette::Rust, 0.15f);
     const Line arm = Limb(Through(HisArm), 36, 17, 6), farArm = Limb(Through(HerArm), 19, 11, 5),
-               holdArm = Limb(Through(HisHold), 10, 25, 9), neckArm = Limb(Through(HerHold), 14, 11, 7);
+               holdArm = Limb(Through(HisHold), 10, 25, 9), neckArm = Limb(Through(HerHold), 15, 12, 8);
     const auto along = [&](const Line& limb, float width) { // both sides of an arm, not its ends
         contour(Part(limb, 0.03f, 0.46f), width);
         contour(Part(limb, 0.55f, 0.96f), width * 0.7f);
@@ -282,7 +283,11 @@ Canvas Painting()
     contour(Part(Through(HerBack), 0, 1), 4.5f);
     contour(Part(Through(FieldTop), 0, 0.4f), 4);
     contour(Part(Through(FieldLeft), 0.02f, 0.4f), 4);
+    pen.nib.skip = 0;
+    pen.nib.dry = 0.05f; // no stubble on his chin
     contour(Round(HisFace), 3.5f);
+    pen.nib.skip = 0.4f;
+    pen.nib.dry = 0.4f;
     along(arm, 4);
     contour(Part(farArm, 0.07f, 0.46f), 3.4f);
     contour(Part(farArm, 0.55f, 0.9f), 2.4f);
@@ -298,7 +303,17 @@ Canvas Painting()
     }
     holding.Add(Limb(Through({{664, 424}, {676, 402}, {694, 388}}), 7, 5, 2.5f));
     Shape shoulder(neckArm);
-    shoulder.Add(Ellipse({672, 352}, 15, 14));
+    shoulder.Add(Ellipse({672, 354}, 16, 15));
+    // Her hand lies on his nape: the back of it, four fingers spread down over his shoulder, the thumb at his ear.
+    shoulder.Add(Shaken(Ellipse({470, 260}, 15, 11, 0.45f), 1, 16, 49));
+    const auto nape = [](int finger) {
+        const float k = static_cast<float>(finger);
+        return Through(
+            {{466 - 2 * k, 256 + 4 * k}, {450 - 2.5f * k, 257 + 8 * k}, {437 - 0.5f * k, 264 + 12 * k}});
+    };
+    for (int finger = 0; finger < 4; ++finger)
+        shoulder.Add(Limb(nape(finger), 5, 4.6f, 2.4f));
+    shoulder.Add(Limb(Through({{478, 254}, {474, 240}, {478, 228}}), 5, 4.4f, 2.4f));
     const Mask hold = Filled(W, H, holding).Shake(1.2f, 30, 44),
                neck = Filled(W, H, shoulder).Shake(2, 30, 45);
     PaintBody(canvas, paper, hold, clay * 0.75f, earth, 40);
@@ -307,6 +322,11 @@ Canvas Painting()
     pen.nib.skip = 0.25f;
     along(holdArm, 4);
     along(neckArm, 3.4f);
+    for (int finger = 0; finger < 4; ++finger) {
+        contour(Beside(nape(finger), -4.5f), 2.2f);
+        contour(Part(Beside(nape(finger), 4.5f), 0.35f, 1), 2);
+    }
+    contour(Through({{473, 252}, {469, 240}, {476, 227}}), 2.2f);
     for (int finger = 0; finger < 4; ++finger) {
         const float k = static_cast<float>(finger);
         contour(Through({{684, 424 + 6.5f * k}, {704, 413.5f + 9 * k}, {724 - 3 * k, 404 + 12 * k}}), 2.6f);

@@ -8,8 +8,8 @@ namespace atelier
 
 // clang-format off
 // Him: his back from the crown to the heel, and his front.
-const std::vector<Vec2> HisBack   = {{468, 246}, {412, 268}, {362, 330}, {334, 410}, {320, 490}, {306, 560}, {268, 650}, {216, 730}, {150, 800}};
-const std::vector<Vec2> HisFront  = {{505, 268}, {540, 318}, {548, 370}, {530, 440}, {505, 505}, {462, 590}, {390, 670}, {318, 740}, {240, 810}};
+const std::vector<Vec2> HisBack   = {{470, 242}, {424, 252}, {374, 284}, {342, 344}, {326, 418}, {314, 492}, {306, 560}, {268, 650}, {216, 730}, {150, 800}};
+const std::vector<Vec2> HisFront  = {{508, 262}, {548, 284}, {568, 334}, {560, 396}, {538, 452}, {508, 510}, {462, 590}, {390, 670}, {318, 740}, {240, 810}};
 // Her: the line from her waist over breast and throat, and the line of her back.
 const std::vector<Vec2> HerFront  = {{448, 560}, {500, 505}, {560, 446}, {612, 388}, {662, 348}, {706, 338}, {738, 352}, {768, 350}};
 const std::vector<Vec2> HerBack   = {{540, 640}, {580, 596}, {624, 536}, {668, 476}, {706, 430}, {736, 400}, {758, 384}, {776, 376}};
@@ -18,9 +18,9 @@ const std::vector<Vec2> FieldTop  = {{540, 640}, {640, 640}, {760, 628}, {900, 6
 const std::vector<Vec2> FieldLeft = {{444, 566}, {412, 660}, {350, 770}, {250, 900}, { 100, 1060}, {-300, 1500}};
 // Their arms, from the shoulder: his to the left, hers to the right, his round her, hers round his neck.
 const std::vector<Vec2> HisArm    = {{446, 306}, {366, 292}, {276, 262}, {214, 218}, {172, 160}};
-const std::vector<Vec2> HerArm    = {{698, 354}, {738, 304}, {800, 268}, {872, 240}, {934, 182}};
-const std::vector<Vec2> HisHold   = {{496, 304}, {560, 392}, {622, 436}, {690, 428}};
-const std::vector<Vec2> HerHold   = {{672, 352}, {614, 318}, {560, 286}, {498, 262}};
+const std::vector<Vec2> HerArm    = {{712, 362}, {744, 308}, {802, 270}, {872, 240}, {934, 182}};
+const std::vector<Vec2> HisHold   = {{512, 308}, {560, 392}, {622, 436}, {690, 428}};
+const std::vector<Vec2> HerHold   = {{670, 354}, {622, 334}, {566, 306}, {516, 276}, {476, 258}};
 const std::vector<Vec2> Hair      = {{846, 384}, {868, 446}, {842, 520}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};
 // clang-format on
 
