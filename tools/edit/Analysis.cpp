@@ -119,6 +119,7 @@ void Analysis::GiveWave(AnalysisResult* result) const
 {
     if (decodedMusic != wantedMusic || wantedMusic.empty())
         return;
+    result->musicIsKnown = true;
     result->model.music.plays = decodedPlays;
     result->model.music.wave = wave;
 }

@@ -48,6 +48,8 @@ bool CommandRunner::Can(CommandId id) const
     case CommandLaterBar:
     case CommandLayerUp:
     case CommandLayerDown:
+    case CommandStartHere:
+    case CommandStopHere:
         return selected;
     case CommandTakeApart:
         return std::any_of(state->selection.begin(), state->selection.end(), [this](ItemId item) {
@@ -154,6 +156,12 @@ void CommandRunner::Run(CommandId id)
     case CommandSelectNone:
         Escape();
         break;
+    case CommandSelectNext:
+        Act(SelectNext);
+        break;
+    case CommandSelectPrevious:
+        Act(SelectPrevious);
+        break;
     case CommandNewItem:
         Act(NewItem);
         break;
@@ -186,6 +194,12 @@ void CommandRunner::Run(CommandId id)
         break;
     case CommandLayerDown:
         Act(LayerDown);
+        break;
+    case CommandStartHere:
+        Act(StartToPlayHead);
+        break;
+    case CommandStopHere:
+        Act(StopToPlayHead);
         break;
     case CommandTakeApart:
         TakeApart();

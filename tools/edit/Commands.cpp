@@ -50,6 +50,8 @@ static const std::vector<Command> table = {
     {CommandDelete,    EditMenu, false, "Delete",     {Plain(platform::KeyDelete), Plain(platform::KeyBackspace)}, "Takes what is selected out of the script."},
     {CommandSelectAll, EditMenu, true,  "Select all", {Ctrl('a'), None},           "Selects every entry and message."},
     {CommandSelectNone, EditMenu, false, "Select nothing", {Plain(platform::KeyLeave), None}, "Selects nothing. Leaves the whole screen first."},
+    {CommandSelectNext,     EditMenu, false, "Select the next",     {Plain(platform::KeyTab), None}, "Selects the entry or message that follows in time."},
+    {CommandSelectPrevious, EditMenu, false, "Select the previous", {Shift(platform::KeyTab), None}, "The same, the other way."},
     {CommandNewItem,   EditMenu, true,  "New...",     {Plain('n'), Plain(platform::KeyInsert)}, "Offers the effects and messages that can be put in at the play head."},
     {CommandEarlierMillisecond, EditMenu, true,  "Earlier by 1 ms",    {Plain(','),     None}, "Moves what is selected by a millisecond."},
     {CommandLaterMillisecond,   EditMenu, false, "Later by 1 ms",      {Plain('.'),     None}, "The same, the other way."},
@@ -61,6 +63,8 @@ static const std::vector<Command> table = {
     {CommandLaterBar,           EditMenu, false, "Later by a bar",     {CtrlShift('.'), None}, "The same, the other way."},
     {CommandLayerUp,   EditMenu, true,  "To the layer above", {Alt(platform::KeyUp),   None}, "Moves the selected entries a layer to the front."},
     {CommandLayerDown, EditMenu, false, "To the layer below", {Alt(platform::KeyDown), None}, "Moves the selected entries a layer to the back."},
+    {CommandStartHere, EditMenu, false, "Start here",         {Plain('['), None}, "Stretches the selected entry so that it begins at the play head."},
+    {CommandStopHere,  EditMenu, false, "Stop here",          {Plain(']'), None}, "Stretches the selected entry so that it ends at the play head."},
     {CommandTakeApart, EditMenu, true,  "Take a group apart", {Ctrl('u'), None}, "Writes the messages of a Steps group out, so that each can be moved by itself."},
     {CommandSnap,      EditMenu, true,  "Snap",               {Plain('s'), None}, "Whether what is dragged or tapped comes to rest on beats, messages and edges. Alt holds it off while dragging."},
 

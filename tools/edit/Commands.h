@@ -31,6 +31,8 @@ enum CommandId {
     CommandDelete,
     CommandSelectAll,
     CommandSelectNone,
+    CommandSelectNext,
+    CommandSelectPrevious,
     CommandNewItem,
     CommandEarlierMillisecond,
     CommandLaterMillisecond,
@@ -42,6 +44,8 @@ enum CommandId {
     CommandLaterBar,
     CommandLayerUp,
     CommandLayerDown,
+    CommandStartHere,
+    CommandStopHere,
     CommandTakeApart,
     CommandSnap,
 

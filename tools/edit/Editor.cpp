@@ -183,7 +183,7 @@ int Editor::Run(bool* interrupted)
         if (happened || isNew)
             framesOwed = framesAfterEvent;
         const bool cursor = ImGui::GetIO().WantTextInput && now - drawn >= cursorTime;
-        const bool moves = session.state.playing || session.ShowStatus().loading;
+        const bool moves = session.state.playing || session.ShowStatus().loading || timeline.WantsFrame();
         const bool noticeEnds = !shownNotice.empty() && now - noticeSince > noticeTime;
         if (framesOwed == 0 && !cursor && !moves && !noticeEnds)
             continue;
@@ -204,7 +204,7 @@ int Editor::Run(bool* interrupted)
 
 double Editor::Patience() const
 {
-    if (framesOwed > 0 || session.state.playing)
+    if (framesOwed > 0 || session.state.playing || timeline.WantsFrame())
         return frameTime / 2;
     if (const_cast<Session&>(session).IsWaiting())
         return waitingTime;

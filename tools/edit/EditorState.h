@@ -32,6 +32,7 @@ struct AnalysisResult {
     uint64_t revision = 0; // Document::Revision of the text that was read
     lint::Report report;
     timeline::TimelineModel model; // with the music's waveform, empty while that is still being decoded
+    bool musicIsKnown = false;     // it has been decoded, or can't be
 };
 
 // Where dragged items, tapped messages and the play head come to rest.

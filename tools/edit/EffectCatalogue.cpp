@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/EffectCatalogue.h"
 
+#include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
+#include "tools/lint/Lint.h"
 #include "tools/lint/Values.h"
 
 #include <algorithm>
@@ -13,9 +15,8 @@ namespace edit
 static const char* const nothingSaid = "NA";      // what effects declare where they have nothing to say
 static const char* const usualParameter = "2.00"; // of a flash: half gone after a third of a second
 
-EffectCatalogue::EffectCatalogue()
+EffectCatalogue::EffectCatalogue(const EffectRegistry& registry)
 {
-    RegisterEffects(&registry);
     for (const RegisteredEffect& row : registry.effects) {
         const EffectRecord* const record = FindRecord(row.name);
         CatalogueEffect effect = {
@@ -35,7 +36,7 @@ EffectCatalogue::EffectCatalogue()
 
 const EffectCatalogue& EffectCatalogue::Production()
 {
-    static const EffectCatalogue catalogue;
+    static const EffectCatalogue catalogue(*lint::ProductionRegistry());
     return catalogue;
 }
 

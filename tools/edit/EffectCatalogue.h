@@ -3,10 +3,11 @@
 #pragma once
 
 #include "kernel/EffectRecord.h"
-#include "kernel/EffectRegistry.h"
 
 #include <string>
 #include <vector>
+
+class EffectRegistry;
 
 namespace edit
 {
@@ -28,20 +29,15 @@ struct CatalogueEffect {
 class EffectCatalogue
 {
 public:
-    EffectCatalogue(); // of the production; makes its effects, which live to the end of the process
+    explicit EffectCatalogue(const EffectRegistry& registry);
 
-    // One for the process, made at the first call. Main thread only.
+    // That of the production, made at the first call. Window's thread only.
     static const EffectCatalogue& Production();
-
-    const EffectRegistry& Registry() const { return registry; }
 
     const CatalogueEffect* FindEffect(const std::string& key) const; // null: there is none
     const CatalogueMessage* FindMessage(const std::string& effect, const std::string& message) const;
 
     std::vector<CatalogueEffect> effects; // in the order of the list
-
-private:
-    EffectRegistry registry;
 };
 
 // What a new message is sent with: 2.00 for each parameter that is read.

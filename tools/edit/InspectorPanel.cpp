@@ -4,6 +4,7 @@
 #include "platform/toolwindow/ToolFonts.h"
 #include "tools/edit/Document.h"
 #include "tools/edit/EffectCatalogue.h"
+#include "tools/edit/Moments.h"
 #include "tools/edit/Selection.h"
 #include "tools/timeline/Times.h"
 #include "tools/timeline/Words.h"
@@ -72,12 +73,18 @@ void InspectorPanel::ValueField(EditorState* state, size_t block, const char* la
         Tell(state->document->SetValue(block, key, text), state);
 }
 
-bool InspectorPanel::MomentField(EditorState*, const char* label, uint32_t* milliseconds)
+bool InspectorPanel::MomentField(EditorState* state, const char* label, uint32_t* milliseconds)
 {
     std::string text = std::to_string(*milliseconds);
     if (!fields.Text(label, &text))
         return false;
-    *milliseconds = uint32_t(std::clamp(atoll(text.c_str()), 0ll, 4294967295ll));
+    double seconds = 0;
+    std::string reason;
+    if (!ReadMoment(text, state->tempo, &seconds, &reason)) {
+        state->notice = reason;
+        return false;
+    }
+    *milliseconds = uint32_t(std::llround(std::clamp(seconds * 1000, 0.0, 4294967295.0)));
     return true;
 }
 
@@ -304,7 +311,7 @@ void InspectorPanel::DrawColours(EditorState* state)
     for (const auto& row : rows)
         ValueField(state, block, row.label, row.key);
     ImGui::EndTable();
-    Note("Red, green and blue, 0 to 255. No effect of this show reads them.");
+    Note("Red, green and blue, 0 to 255.");
 }
 
 void InspectorPanel::DrawShow(EditorState* state)

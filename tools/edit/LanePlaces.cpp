@@ -103,25 +103,22 @@ ItemHit FindHit(const TimelineContents& contents, const TimelineView& view, cons
     if (HitTicks(contents, view, sizes, places.ticks, left, x, y, &hit) ||
         HitTicks(contents, view, sizes, places.lost, left, x, y, &hit))
         return hit;
-    double best = sizes.grip;
+    // Where two meet, the edge of the one that the pointer is in. Beside an entry its edge is near enough too.
     for (const PlacedEntry& each : places.entries) {
         if (y < each.top || y > each.bottom || x < each.left - sizes.grip || x > each.right + sizes.grip)
             continue;
-        const bool inside = x >= each.left && x <= each.right;
-        const ItemId item = contents.entryItems[each.entry];
+        const bool inside = x >= each.left && x < each.right;
+        if (!inside && hit.part != HitNothing)
+            continue;
         // Of a narrow bar two thirds are left to move it by.
-        const double grip = std::min(sizes.grip, (each.right - each.left) / 6);
+        const double grip = inside ? std::min(sizes.grip, (each.right - each.left) / 6) : sizes.grip;
         const double toStart = std::fabs(x - each.left), toStop = std::fabs(x - each.right);
-        if (inside && hit.part == HitNothing)
-            hit = {HitBar, each.entry, item, nullptr};
-        if (toStart <= (inside ? grip : sizes.grip) && toStart <= best) {
-            best = toStart;
-            hit = {HitStart, each.entry, item, nullptr};
-        }
-        if (toStop <= (inside ? grip : sizes.grip) && toStop < best) {
-            best = toStop;
-            hit = {HitStop, each.entry, item, nullptr};
-        }
+        const HitPart part = std::min(toStart, toStop) > grip ? HitBar
+                             : toStart <= toStop              ? HitStart
+                                                              : HitStop;
+        hit = {part, each.entry, contents.entryItems[each.entry], nullptr};
+        if (inside)
+            break;
     }
     return hit;
 }

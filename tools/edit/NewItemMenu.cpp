@@ -122,6 +122,8 @@ void NewItemMenu::Draw(EditorState* state, Tapping* tapping)
     opens = false;
     if (!ImGui::BeginPopup(popup))
         return;
+    if (ImGui::IsKeyPressed(ImGui::GetKeyIndex(ImGuiKey_Escape)))
+        ImGui::CloseCurrentPopup(); // with the menus that hang on it
     const double seconds = time / 1000.0;
     ImGui::PushFont(platform::FontOf(platform::NoteFont));
     ImGui::TextDisabled("at %s, %s", timeline::ClockText(seconds).c_str(),

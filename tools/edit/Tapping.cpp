@@ -26,8 +26,23 @@ uint32_t Tapping::Moment(const EditorState& state)
     return uint32_t(std::llround(std::clamp(seconds * 1000, 0.0, 4294967295.0)));
 }
 
+void Tapping::ChooseSelected(const EditorState& state)
+{
+    const Outline& outline = state.document->GetOutline();
+    if (state.selection.size() != 1 || !outline.Has(state.selection[0]))
+        return;
+    const OutlineBlock& selected = outline.blocks[state.selection[0].block];
+    std::string list;
+    if (selected.type == BlockMessage) {
+        selected.ValueOf(key::Parameter, &list);
+        Choose(selected.effect, selected.message, list);
+    }
+}
+
 bool Tapping::Tap(EditorState* state)
 {
+    if (!IsChosen())
+        ChooseSelected(*state);
     if (!IsChosen()) {
         state->notice = "Choose a message to tap first.";
         return false;

@@ -27,10 +27,13 @@ public:
     // if the setting asks for it.
     static uint32_t Moment(const EditorState& state);
 
-    // Sets it, as one step of undo, and selects it. False: nothing is chosen, or it was refused; the notice says why.
+    // Sets it, as one step of undo, and selects it. Where nothing is chosen yet, the message that is selected is what is
+    // tapped. False: there is none, or it was refused; the notice says why.
     bool Tap(EditorState* state);
 
 private:
+    void ChooseSelected(const EditorState& state);
+
     std::string effect, message, parameters;
     bool hasBlock = false; // the block that the latest tap went into, if it is still what it was
     size_t block = 0;

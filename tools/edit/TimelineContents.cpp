@@ -21,15 +21,18 @@ struct TimedItem {
 
 } // namespace
 
-static void AddMessages(const Outline& outline, const EffectRegistry& registry, lint::Show* show,
-                        TimelineContents* contents)
+static void AddMessages(const Outline& outline, lint::Show* show, TimelineContents* contents)
 {
+    const EffectRegistry& registry = *lint::ProductionRegistry();
+    std::vector<int> ids(outline.blocks.size()); // of the message of each block
     std::vector<TimedItem> order;
     size_t stepsLeft = lint::Reading::messageLimit;
     for (size_t b = 0; b < outline.blocks.size(); b++) {
         const OutlineBlock& block = outline.blocks[b];
         if (block.type != BlockMessage)
             continue;
+        ids[b] =
+            registry.GetMessageTable()->FindMessage(block.message.c_str(), registry.FindEffect(block.effect));
         for (size_t i = 0; i < block.times.size() && order.size() < MostMessages; i++)
             order.push_back({block.times[i].milliseconds, {b, int(i)}});
         if (!block.IsGroup() || block.times.empty())
@@ -42,10 +45,8 @@ static void AddMessages(const Outline& outline, const EffectRegistry& registry, 
                      [](const TimedItem& a, const TimedItem& b) { return a.time < b.time; });
     for (const TimedItem& each : order) {
         const OutlineBlock& block = outline.blocks[each.item.block];
-        const int id =
-            registry.GetMessageTable()->FindMessage(block.message.c_str(), registry.FindEffect(block.effect));
-        show->messages.push_back(
-            {block.effect, block.message, id, each.time, block.parameters, true, false, 0, 0, 0, 0});
+        show->messages.push_back({block.effect, block.message, ids[each.item.block], each.time,
+                                  block.parameters, true, false, 0, 0, 0, 0});
         contents->messagesOf[each.item].push_back(contents->messageItems.size());
         contents->messageItems.push_back(each.item);
     }
@@ -75,7 +76,7 @@ static void SortIntoLanes(TimelineContents* contents)
     }
 }
 
-TimelineContents ReadContents(const Outline& outline, const EffectRegistry& registry)
+TimelineContents ReadContents(const Outline& outline)
 {
     TimelineContents contents;
     lint::Show show = {};
@@ -84,7 +85,7 @@ TimelineContents ReadContents(const Outline& outline, const EffectRegistry& regi
         const OutlineBlock& block = outline.blocks[b];
         if (block.type != BlockEffect)
             continue;
-        if (!registry.FindEffect(block.effect)) {
+        if (!lint::ProductionRegistry()->FindEffect(block.effect)) {
             unknown.push_back(b);
             continue;
         }
@@ -93,7 +94,7 @@ TimelineContents ReadContents(const Outline& outline, const EffectRegistry& regi
         contents.entryOf[b] = contents.entryItems.size();
         contents.entryItems.push_back({b, -1});
     }
-    AddMessages(outline, registry, &show, &contents);
+    AddMessages(outline, &show, &contents);
     const lint::Options options;
     lint::PlaySchedule(options, &show);
     contents.model = timeline::ModelOfShow(show, options);

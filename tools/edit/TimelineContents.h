@@ -14,8 +14,6 @@
 #include <map>
 #include <vector>
 
-class EffectRegistry;
-
 namespace edit
 {
 
@@ -48,6 +46,6 @@ struct TimelineContents {
 // The most messages that are shown; a short script can ask for more than memory holds.
 const size_t MostMessages = 200000;
 
-TimelineContents ReadContents(const Outline& outline, const EffectRegistry& registry);
+TimelineContents ReadContents(const Outline& outline);
 
 } // namespace edit

@@ -13,8 +13,8 @@ namespace edit
 using namespace timeline;
 
 // clang-format off
-static const double laneGap       = 5;   // pixels of the design, as are the others
-static const double lanePadding   = 4;
+static const double laneGap       = 4;   // pixels of the design, as are the others
+static const double lanePadding   = 3;
 static const double rowGap        = 3;
 static const double grip          = 5;
 static const double tickReach     = 5;
@@ -37,8 +37,6 @@ LaneSizes ChooseLaneSizes(const TimelineContents& contents, double height, float
         double(TimelinePaint::TextHeight(platform::FontOf(platform::SmallFont))) + nameTop * s;
     const double small = double(TimelinePaint::TextHeight(platform::FontOf(platform::TinyFont)));
     LaneSizes sizes = {};
-    sizes.laneGap = laneGap * s;
-    sizes.lanePadding = lanePadding * s;
     sizes.grip = grip * s;
     sizes.tickReach = tickReach * s;
     sizes.gaps.closest *= s;
@@ -46,16 +44,19 @@ LaneSizes ChooseLaneSizes(const TimelineContents& contents, double height, float
     const struct {
         double barHeight, tickTop;
         bool tickNames;
+        double spare; // of the gaps between lanes
     } choices[] = {
-        {name + small + 8 * s, name + 3 * s, true},
-        {name + leastTicks * s, name, false},
-        {name + 3 * s, name * 0.55, false},
+        {name + small + 8 * s, name + 3 * s, true, 1},
+        {name + leastTicks * s, name, false, 1},
+        {name + 4 * s, name - 2 * s, false, 0.5},
     };
     for (const auto& choice : choices) {
         sizes.barHeight = std::round(choice.barHeight);
         sizes.tickTop = std::round(choice.tickTop);
         sizes.tickNames = choice.tickNames;
-        sizes.rowHeight = sizes.barHeight + rowGap * s;
+        sizes.rowHeight = sizes.barHeight + std::round(rowGap * s * choice.spare);
+        sizes.laneGap = std::round(laneGap * s * choice.spare);
+        sizes.lanePadding = std::round(lanePadding * s * choice.spare);
         if (HeightOfLanes(contents, sizes) <= height)
             break;
     }
@@ -72,21 +73,38 @@ void PaintLaneGrounds(const LanesToPaint& what, TimelinePaint* paint)
         paint->Fill(what.areas.lost, lostColour);
 }
 
-// The name stays in sight at the left edge while its bar leaves there.
-static void NameEntry(const LanesToPaint& what, const PlacedEntry& placed, TimelinePaint* paint)
+// Behind a bar that is too narrow for it, as far as the next bar in the row.
+static void NameBehind(const LanesToPaint& what, const PlacedEntry& placed, double free,
+                       const std::string& whole, TimelinePaint* paint)
+{
+    ImFont* const font = platform::FontOf(platform::SmallFont);
+    const double s = double(paint->scale), left = placed.right + 4 * s;
+    const double right = std::min(free, double(what.areas.PlotRight())) - 3 * s;
+    if (left < double(what.areas.PlotLeft()) || right - left < 12 * s)
+        return;
+    const std::string name = TimelinePaint::Elide(font, whole, float(right - left));
+    if (!name.empty())
+        paint->Text(font, left, placed.top + nameTop * s, Ink, name);
+}
+
+// The name stays in sight at the left edge while its bar leaves there. free: x of the next bar in the row.
+static void NameEntry(const LanesToPaint& what, const PlacedEntry& placed, double free, TimelinePaint* paint)
 {
     const Entry& entry = what.contents.model.entries[placed.entry];
     const double s = double(paint->scale);
     const double left = std::max(placed.left, double(what.areas.PlotLeft())) + nameInset * s;
     const double right = std::min(placed.right, double(what.areas.PlotRight())) - 3 * s;
-    if (right - left < 12 * s || !paint->HasRoom())
+    if (!paint->HasRoom())
         return;
     ImFont* const font = platform::FontOf(platform::SmallFont);
     const bool unknown = what.contents.unknown[placed.entry];
     const std::string whole = Clean(entry.effect.empty() ? "(no effect)" : entry.effect);
-    const std::string name = TimelinePaint::Elide(font, whole, float(right - left));
-    if (name.empty())
+    const std::string name =
+        right - left < 12 * s ? "" : TimelinePaint::Elide(font, whole, float(right - left));
+    if (name.empty()) {
+        NameBehind(what, placed, free, whole, paint);
         return;
+    }
     paint->Text(font, left, placed.top + nameTop * s, unknown ? Rust : Ink, name);
     ImFont* const noteFont = platform::FontOf(platform::TinyFont);
     const std::string note = unknown ? "there is no such effect" : BarsNote(entry, what.tempo);
@@ -199,8 +217,12 @@ void PaintLanes(const LanesToPaint& what, TimelinePaint* paint)
     paint->list->PushClipRect({lanes.left, lanes.top}, {lanes.right, lanes.bottom}, true);
     for (const PlacedEntry& entry : what.places.entries)
         PaintEntry(what, entry, paint);
-    for (const PlacedEntry& entry : what.places.entries)
-        NameEntry(what, entry, paint);
+    for (size_t i = 0; i < what.places.entries.size(); i++) {
+        const PlacedEntry& entry = what.places.entries[i];
+        const bool rowGoesOn =
+            i + 1 < what.places.entries.size() && what.places.entries[i + 1].top == entry.top;
+        NameEntry(what, entry, rowGoesOn ? what.places.entries[i + 1].left : double(lanes.right), paint);
+    }
     for (const PlacedTicks& ticks : what.places.ticks)
         PaintTicks(what, ticks, paint);
     if (what.sizes.tickNames)
@@ -224,6 +246,17 @@ void PaintLanes(const LanesToPaint& what, TimelinePaint* paint)
         PaintTicks(what, ticks, paint);
     NameTicks(what, what.places.lost, double(lost.right) - 3, 0, what.places.lost.size(), paint);
     paint->list->PopClipRect();
+}
+
+void PaintLaneScroll(const LanesToPaint& what, double scroll, TimelinePaint* paint)
+{
+    const Area& lanes = what.areas.lanes;
+    const double height = double(lanes.Height());
+    if (what.places.height <= height + 1)
+        return;
+    const double s = double(paint->scale), right = double(lanes.right) - 2 * s;
+    const double top = double(lanes.top) + scroll / what.places.height * height;
+    paint->Fill(right - 4 * s, top, right, top + height / what.places.height * height, Faded(Slate, 0.55f));
 }
 
 void PaintLaneNames(const LanesToPaint& what, TimelinePaint* paint)

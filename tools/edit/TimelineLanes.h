@@ -25,6 +25,8 @@ struct LanesToPaint {
 
 void PaintLaneGrounds(const LanesToPaint& what, TimelinePaint* paint); // below the lines of the grid
 void PaintLanes(const LanesToPaint& what, TimelinePaint* paint);       // entries and messages
-void PaintLaneNames(const LanesToPaint& what, TimelinePaint* paint);   // in the gutter
+// Which part of the lanes is in sight, where they find no room.
+void PaintLaneScroll(const LanesToPaint& what, double scroll, TimelinePaint* paint);
+void PaintLaneNames(const LanesToPaint& what, TimelinePaint* paint); // in the gutter
 
 } // namespace edit

@@ -207,10 +207,13 @@ void TimelinePanel::DragOn(EditorState* state)
     if (mode == DragMode || mode == BandMode || mode == LoopMode || mode == ScrubMode) {
         const double step = scrollSpeed * s * double(std::min(io.DeltaTime, 0.1f));
         if (x < left + scrollMargin * s && view.Start() > -1 - double(contents.model.loads.size()) &&
-            !view.ShowsExtent())
+            !view.ShowsExtent()) {
             view.Scroll(-step);
-        else if (x > right - scrollMargin * s && !view.ShowsExtent())
+            wantsFrame = true;
+        } else if (x > right - scrollMargin * s && !view.ShowsExtent()) {
             view.Scroll(step);
+            wantsFrame = true;
+        }
     }
     const double seconds = view.Seconds(std::clamp(x, left, right) - left);
     switch (mode) {
@@ -376,7 +379,7 @@ void TimelinePanel::ShowTooltip(const EditorState& state, const ItemHit& hit)
             if (!remarks.empty())
                 words = RemarksTitle(*analysed, remarks);
         } else if (analysed && areas.music.Has(x, y)) {
-            words = MusicTitle(*analysed);
+            words = IsMusicKnown(state) ? MusicTitle(*analysed) : "";
         } else if (areas.ruler.Has(x, y) && view.Seconds(x - double(areas.PlotLeft())) < 0 &&
                    !contents.model.loads.empty()) {
             words = LoadingTitle(contents.model);
@@ -387,8 +390,12 @@ void TimelinePanel::ShowTooltip(const EditorState& state, const ItemHit& hit)
         restingOn = words;
         restingSince = now;
     }
-    if (words.empty() || now - restingSince < tooltipDelay)
+    if (words.empty())
         return;
+    if (now - restingSince < tooltipDelay) {
+        wantsFrame = true;
+        return;
+    }
     ImGui::BeginTooltip();
     ImGui::PushTextWrapPos(420 * state.scale);
     ImGui::TextUnformatted(Clean(words).c_str());

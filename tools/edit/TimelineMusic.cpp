@@ -35,7 +35,7 @@ static void PaintWave(const Waveform& wave, const TimelineView& view, const Time
     }
 }
 
-void PaintMusic(const Music* music, const TimelineView& view, const TimelineAreas& areas,
+void PaintMusic(const Music* music, bool isKnown, const TimelineView& view, const TimelineAreas& areas,
                 TimelinePaint* paint)
 {
     const Area& lane = areas.music;
@@ -53,6 +53,8 @@ void PaintMusic(const Music* music, const TimelineView& view, const TimelineArea
         return;
     if (!music->file.empty())
         paint->Text(note, x, y + line - s, Slate, TimelinePaint::Elide(note, Clean(music->file), room));
+    if (!isKnown)
+        return;
     paint->list->PushClipRect({lane.left, lane.top}, {lane.right, lane.bottom}, true);
     if (music->plays && !music->wave.Empty()) {
         PaintWave(music->wave, view, areas, paint);

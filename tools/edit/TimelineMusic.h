@@ -9,8 +9,8 @@
 namespace edit
 {
 
-// music: null while it is not known yet.
-void PaintMusic(const timeline::Music* music, const TimelineView& view, const TimelineAreas& areas,
-                TimelinePaint* paint);
+// music: null while the script has not been looked at yet. isKnown: false while the file is being decoded.
+void PaintMusic(const timeline::Music* music, bool isKnown, const TimelineView& view,
+                const TimelineAreas& areas, TimelinePaint* paint);
 
 } // namespace edit

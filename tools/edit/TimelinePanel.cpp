@@ -20,7 +20,7 @@ using namespace timeline;
 
 // clang-format off
 static const double gutterWidth    = 104; // pixels of the design, as are the others
-static const double loopHeight     = 13;
+static const double loopHeight     = 16;
 static const double rulerGap       = 5;   // below the figures
 static const double flagsHeight    = 20;
 static const double lostHeight     = 28;
@@ -28,7 +28,6 @@ static const double musicHeight    = 54;
 static const double musicLeast     = 34;
 static const double areaGap        = 5;
 static const double overviewHeight = 16;
-static const double lanesLeast     = 60;
 static const double zoomStep       = 1.5; // of a key
 static const double behindTheEnd   = 0.08; // of the show: as much is to be seen of what comes after it
 // clang-format on
@@ -39,11 +38,16 @@ static const TimelineModel* AnalysedModel(const EditorState& state)
     return state.analysis ? &state.analysis->model : nullptr;
 }
 
+bool TimelinePanel::IsMusicKnown(const EditorState& state)
+{
+    return state.analysis && (state.analysis->musicIsKnown || state.analysis->model.music.file.empty());
+}
+
 void TimelinePanel::Refresh(EditorState* state)
 {
     const Outline& outline = state->document->GetOutline();
     if (contentsRevision != state->document->Revision()) {
-        contents = ReadContents(outline, EffectCatalogue::Production().Registry());
+        contents = ReadContents(outline);
         contentsRevision = state->document->Revision();
     }
     DropStale(outline, &state->selection);
@@ -137,8 +141,10 @@ void TimelinePanel::PlaceAreas(const EditorState& state, float x, float y, float
     areas.flags = place(analysed && HasFlags(*analysed) ? size(flagsHeight) : 0);
     const float lost = contents.lost.empty() ? 0 : size(lostHeight);
     const float bottom = y + height - size(overviewHeight) - size(areaGap);
+    // The music gives way to lanes that would not all be in sight otherwise.
     float music = size(musicHeight);
-    if (bottom - top - lost - music - 3 * size(areaGap) < size(lanesLeast))
+    const double room = double(bottom - top - lost - music - 3 * size(areaGap));
+    if (HeightOfLanes(contents, ChooseLaneSizes(contents, room, s)) > room)
         music = size(musicLeast);
     top += size(2);
     areas.lanes = place(
@@ -232,7 +238,7 @@ void TimelinePanel::Paint(const EditorState& state, const ItemHit& hovered)
                              true);
     PaintLaneGrounds(lanes, &paint);
     paint.list->PopClipRect();
-    PaintMusic(analysed ? &analysed->music : nullptr, view, areas, &paint);
+    PaintMusic(analysed ? &analysed->music : nullptr, IsMusicKnown(state), view, areas, &paint);
     PaintLoop(state, view, areas, &paint);
     PaintGrid(state, view, contents, areas, &paint);
     PaintEnd(view, contents, areas, &paint);
@@ -242,6 +248,7 @@ void TimelinePanel::Paint(const EditorState& state, const ItemHit& hovered)
         PaintFlags(PlaceFlags(*analysed, view, areas, state.scale), areas, &paint);
     PaintPlayHead(state, view, areas, &paint);
     PaintLaneNames(lanes, &paint);
+    PaintLaneScroll(lanes, lanesScroll, &paint);
     PaintOverview(state, view, contents, areas, &paint);
     if (contents.model.entries.empty() && contents.model.messages.empty()) {
         ImFont* const font = platform::FontOf(platform::HeadingFont);
@@ -254,6 +261,7 @@ void TimelinePanel::Paint(const EditorState& state, const ItemHit& hovered)
 
 void TimelinePanel::Draw(EditorState* state)
 {
+    wantsFrame = false;
     Refresh(state);
     DrawBar(state);
     const ImVec2 at = ImGui::GetCursorScreenPos(), room = ImGui::GetContentRegionAvail();
@@ -305,6 +313,8 @@ void TimelinePanel::DrawBar(EditorState* state)
 {
     ImGui::PushFont(platform::FontOf(platform::SmallFont));
     ImGui::PushStyleVar(ImGuiStyleVar_FramePadding, {6 * state->scale, 2 * state->scale});
+    const ImVec2 corner = ImGui::GetCursorPos();
+    ImGui::SetCursorPos({corner.x + 10 * state->scale, corner.y + 5 * state->scale});
     ImGui::Checkbox("Snap to", &state->snap.on);
     const struct {
         const char* name;

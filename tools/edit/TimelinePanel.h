@@ -37,6 +37,9 @@ public:
     // timelineActions of the state. Once a frame; window's thread.
     void Draw(EditorState* state);
 
+    // True while it moves by itself: a drag that scrolls, a tooltip that is about to show. Draw frames meanwhile.
+    bool WantsFrame() const { return wantsFrame; }
+
     Tapping& GetTapping() { return tapping; }
     const TimelineView& View() const { return view; }
     const TimelineContents& Contents() const { return contents; }
@@ -55,6 +58,7 @@ private:
         OverviewMode
     };
 
+    static bool IsMusicKnown(const EditorState& state); // whether it plays, and its waveform
     void Refresh(EditorState* state);
     void RunActions(EditorState* state);
     void DrawBar(EditorState* state);
@@ -101,6 +105,7 @@ private:
     Selection bandBase;       // what was selected when the band began and stays so
     std::string restingOn;    // what the pointer rests on, and since when
     double restingSince = 0;
+    bool wantsFrame = false;
 
     NewItemMenu menu;
     Tapping tapping;

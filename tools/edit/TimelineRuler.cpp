@@ -118,7 +118,7 @@ void PaintLoop(const EditorState& state, const TimelineView& view, const Timelin
     const double s = double(paint->scale);
     paint->Fill(areas.loop, Mix(Bone, Parchment, 0.6f));
     paint->Text(platform::FontOf(platform::NoteFont), double(areas.gutter.left) + 12 * s,
-                double(areas.loop.top) - s, Slate, "loop");
+                double(areas.loop.top), Slate, "loop");
     if (state.loopEnd <= state.loopStart)
         return;
     const double left = double(areas.PlotLeft());

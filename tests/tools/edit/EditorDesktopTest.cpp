@@ -366,7 +366,7 @@ TEST_F(EditorDesktop, MovesThePlayHeadWithAClickInTheRuler)
 {
     Open();
     // The middle of the ruler, which is the strip of figures on top of the timeline.
-    desktop.Click(window, 700, 474);
+    desktop.Click(window, 700, 505);
     const double playhead = PlayheadAtEnd();
     EXPECT_GT(playhead, 30);
     EXPECT_LT(playhead, 110);
