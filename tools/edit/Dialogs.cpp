@@ -238,7 +238,7 @@ void Dialogs::DrawFile(Session* session)
 void Dialogs::DrawGoTo(Session* session)
 {
     const float scale = session->state.scale;
-    if (ImGui::IsWindowAppearing())
+    if (ImGui::IsWindowAppearing() || std::exchange(focusMoment, false))
         ImGui::SetKeyboardFocusHere();
     ImGui::SetNextItemWidth(wordsWidth * scale * 0.62f);
     const bool entered = ImGui::InputTextWithHint("##moment", "83450, 1:23.45 or 46:2", &moment,
@@ -258,7 +258,7 @@ void Dialogs::DrawGoTo(Session* session)
             session->state.goTo = seconds;
         } else {
             momentTrouble = trouble;
-            ImGui::SetKeyboardFocusHere(-2);
+            focusMoment = true;
         }
     }
     if (Choice("Cancel", scale) || Escaped())

@@ -67,6 +67,7 @@ private:
     Recovery recovery;
     FileDialog files;
     std::string moment, momentTrouble;
+    bool focusMoment = false;
     std::string tellHeading, tellWords;
 };
 
