@@ -24,6 +24,7 @@ namespace platform
 
 static const int smallestWidth = 640; // pixels of the design
 static const int smallestHeight = 480;
+static const float frameRoom = 48; // pixels of the design, for the title bar and the edge at the bottom
 
 static SDL_Window* Sdl(void* window)
 {
@@ -68,19 +69,23 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
     SDL_GetDisplayUsableBounds(0, &usable);
     designWidth = std::max(settings.width, smallestWidth);
     designHeight = std::max(settings.height, smallestHeight);
-    const int width = std::min(int(float(designWidth) * scale), usable.w);
-    const int height = std::min(int(float(designHeight) * scale), usable.h);
+    const int width = int(float(designWidth) * scale), height = int(float(designHeight) * scale);
+    // The frame that the window manager puts around a window belongs on the screen too. How thick it is shows only
+    // when the window is there, so that a window which might not fit starts as one that certainly does.
+    const int frame = int(frameRoom * scale);
+    const bool fits = width + frame / 2 <= usable.w && height + frame <= usable.h;
 
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
     SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
     SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);
     SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
     Uint32 flags = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
-    if (settings.maximised)
+    if (settings.maximised || !fits)
         flags |= SDL_WINDOW_MAXIMIZED;
     shownTitle = settings.title;
-    window = SDL_CreateWindow(settings.title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width,
-                              height, flags);
+    window =
+        SDL_CreateWindow(settings.title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                         std::min(width, usable.w - frame / 2), std::min(height, usable.h - frame), flags);
     if (!window) {
         *reason = std::string("the display has no window with OpenGL for us: ") + SDL_GetError();
         Close();
@@ -92,28 +97,7 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
         Close();
         return false;
     }
-    KeepOnScreen();
     return true;
-}
-
-// The frame that the window manager puts around a window belongs on the screen too. How thick it is shows only when
-// the window is there.
-void ToolWindow::KeepOnScreen()
-{
-    SDL_PumpEvents();
-    SDL_Rect usable = {0, 0, 0, 0};
-    int top = 0, left = 0, bottom = 0, right = 0, width = 0, height = 0;
-    if (IsMaximised() || SDL_GetDisplayUsableBounds(0, &usable) != 0 ||
-        SDL_GetWindowBordersSize(Sdl(window), &top, &left, &bottom, &right) != 0)
-        return;
-    SDL_GetWindowSize(Sdl(window), &width, &height);
-    const int fitWidth = std::min(width, usable.w - left - right);
-    const int fitHeight = std::min(height, usable.h - top - bottom);
-    if (fitWidth == width && fitHeight == height)
-        return;
-    SDL_SetWindowSize(Sdl(window), fitWidth, fitHeight);
-    SDL_SetWindowPosition(Sdl(window), usable.x + left + (usable.w - left - right - fitWidth) / 2,
-                          usable.y + top + (usable.h - top - bottom - fitHeight) / 2);
 }
 
 bool ToolWindow::OpenGL(std::string* reason)
@@ -287,6 +271,13 @@ void ToolWindow::BeginFrame()
 {
     ImGui_ImplOpenGL2_NewFrame();
     ImGui_ImplSDL2_NewFrame();
+    // The backend asks for the pointer's place on the whole screen. Under X11 SDL learns of that from the devices alone,
+    // and so misses a pointer that a program has moved; the window is told of every motion.
+    if (SDL_GetMouseFocus() == Sdl(window)) {
+        int x = 0, y = 0;
+        SDL_GetMouseState(&x, &y);
+        ImGui::GetIO().MousePos = ImVec2(float(x), float(y));
+    }
     ImGui::NewFrame();
 }
 

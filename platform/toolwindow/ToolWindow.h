@@ -74,7 +74,6 @@ public:
 
 private:
     bool OpenGL(std::string* reason);
-    void KeepOnScreen();
     void TakeEvent(const void* event); // an SDL_Event
 
     void* window = nullptr;  // SDL_Window

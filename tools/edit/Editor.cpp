@@ -26,6 +26,7 @@ static const double frameTime = 1 / 60.0; // while something moves
 static const double waitingTime = 0.008;  // while a frame is on its way
 static const double cursorTime = 0.1;     // while a text is typed, for its cursor
 static const double idleTime = 0.1;       // else
+static const double settleTime = 0.6;     // until what waits for a resting pointer shows
 static const double noticeTime = 8;       // that a notice stands
 static const int framesAfterEvent = 3;
 
@@ -174,7 +175,8 @@ void Editor::DoDecision()
 // drawn when something has happened, and none otherwise.
 int Editor::Run(bool* interrupted)
 {
-    double drawn = 0;
+    double drawn = 0, happenedAt = 0;
+    bool settles = false;
     while (!quits && !window.EndRequested()) {
         const bool happened = window.WaitEvents(Patience());
         const double now = Now();
@@ -182,6 +184,13 @@ int Editor::Run(bool* interrupted)
         isNew = picture.TakeFrame(&session) || isNew;
         if (happened || isNew)
             framesOwed = framesAfterEvent;
+        if (happened) {
+            settles = true;
+            happenedAt = now;
+        } else if (settles && now - happenedAt > settleTime) {
+            settles = false;
+            framesOwed = framesAfterEvent;
+        }
         const bool cursor = ImGui::GetIO().WantTextInput && now - drawn >= cursorTime;
         const bool moves = session.state.playing || session.ShowStatus().loading || timeline.WantsFrame();
         const bool noticeEnds = !shownNotice.empty() && now - noticeSince > noticeTime;

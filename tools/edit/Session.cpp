@@ -11,11 +11,12 @@ namespace edit
 {
 
 static const size_t mostRemarks = 100;
+static const double lookEvery = 1; // seconds between looks at the script's file, if the system won't watch it
 
 Session::Session(const Options& wanted, std::function<void()> wake)
     : transport(&state, &music), options(wanted), document(std::make_unique<Document>()),
       analysis(std::move(wake)), sentRevision(0), sentAny(false), wantedFrame(-1), frameCame(-1),
-      wasPlaying(false), conflict(false), poolRuns(false)
+      wasPlaying(false), conflict(false), watches(false), lookedAt(0), poolRuns(false)
 {
     lintOptions.data = platform::GetDataDirectory();
     lintOptions.frameRate =
@@ -80,8 +81,9 @@ void Session::Begin()
 void Session::Watch()
 {
     std::string reason;
-    if (!watch.Watch(AbsolutePath(), platform::GetDataDirectory(), &reason))
-        state.notice = "Changes by other programs are not seen: " + reason;
+    watches = watch.Watch(AbsolutePath(), platform::GetDataDirectory(), &reason);
+    if (!watches)
+        state.notice = "Changes in the data folder are not seen: " + reason;
 }
 
 bool Session::SaveAs(const std::string& path, std::string* reason)
@@ -165,7 +167,8 @@ void Session::LookAtDisk()
         conflict = true;
         break;
     case DiskGone:
-        state.notice = Name() + " is gone. Saving writes it anew.";
+        if (watches) // else it would be said again and again
+            state.notice = Name() + " is gone. Saving writes it anew.";
         break;
     }
 }
@@ -186,6 +189,10 @@ void Session::KeepMine()
 
 void Session::TakeChanges(double seconds)
 {
+    if (!watches && seconds - lookedAt > lookEvery) {
+        lookedAt = seconds;
+        LookAtDisk();
+    }
     bool dataChanged = false;
     for (const DataChange& change : watch.Poll(seconds)) {
         if (change.isScript) {

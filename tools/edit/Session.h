@@ -109,6 +109,8 @@ private:
     int64_t frameCame;   // the last one that was finished
     bool wasPlaying;
     bool conflict;
+    bool watches; // the system tells what changes
+    double lookedAt;
     bool poolRuns;
 };
 

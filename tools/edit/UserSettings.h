@@ -26,7 +26,7 @@ struct UserSettings {
     int width = 1280; // of the window, pixels of the design
     int height = 800;
     bool maximised = false;
-    float stageShare = 0.56f;     // of the height, above the timeline
+    float stageShare = 0.52f;     // of the height, above the timeline
     float pictureShare = 0.66f;   // of the width, left of inspector and findings
     float inspectorShare = 0.55f; // of that column's height
     bool inspector = true;        // whether it is shown

@@ -15,7 +15,7 @@ struct Rect {
 };
 
 struct LayoutWishes {
-    float stageShare = 0.56f;     // of the height, for all that is above the timeline
+    float stageShare = 0.52f;     // of the height, for all that is above the timeline
     float pictureShare = 0.66f;   // of the width, for picture and transport
     float inspectorShare = 0.55f; // of the column's height, if both are shown
     bool inspector = true;
