@@ -9,9 +9,10 @@ namespace atelier
 namespace
 {
 
-constexpr float PieceLength = 1.3f; // pixels
-constexpr float LiftLength = 70;    // pixels from one possible lift to the next
-constexpr float ShortStroke = 24;   // pixels: a shorter stroke is never broken
+constexpr float PieceLength = 1.3f;   // pixels
+constexpr float NibThickness = 0.24f; // of a broad nib, in parts of its width
+constexpr float LiftLength = 70;      // pixels from one possible lift to the next
+constexpr float ShortStroke = 24;     // pixels: a shorter stroke is never broken
 
 float PressureAt(const Press& press, float t)
 {
@@ -66,6 +67,38 @@ void Pen::Stroke(const Line& line, Press press)
         };
         blot(way.front(), press.start);
         blot(way.back(), press.end);
+    }
+    ink.Dry(nib.ink);
+}
+
+void Pen::Broad(const Line& line, float edge, Press press)
+{
+    const float length = LengthOf(line);
+    if (line.size() < 2 || length <= 0)
+        return;
+    const Noise noise(seed + 0x51ed27u * ++strokes);
+    const Line way = nib.wobble > 0 ? Shaken(line, nib.wobble, nib.wave, seed + strokes) : line;
+    const Vec2 along = {Cos(edge), Sin(edge)};
+    // A small letter has no room for paper between its bristles.
+    const float dryEnd = 0.75f * Smooth(7, 14, nib.width) * nib.dry / 0.25f;
+    float gone = 0;
+    for (size_t i = 0; i + 1 < way.size(); ++i) {
+        const float piece = Length(way[i + 1] - way[i]);
+        const int steps = std::max(1, static_cast<int>(piece / PieceLength));
+        for (int k = i == 0 ? 0 : 1; k <= steps; ++k) {
+            const float part = static_cast<float>(k) / static_cast<float>(steps);
+            const float s = gone + piece * part;
+            const Vec2 place = Mix(way[i], way[i + 1], part);
+            const float pressure = Clamp(
+                PressureAt(press, s / length) * (1 + nib.wander * noise.Fbm(s / nib.wave, 9.5f, 2)), 0, 1.2f);
+            const float half = nib.width / 2 * Mix(nib.least, 1, pressure);
+            const float thin = Max(half * NibThickness, 0.45f);
+            const Vec2 reach = along * Max(half - thin, 0);
+            const float dryness =
+                -0.45f + nib.dry * (1 - Min(pressure, 1)) + dryEnd * Smooth(0.72f, 1, s / length);
+            ink.Piece(place - reach, thin, place + reach, thin, dryness);
+        }
+        gone += piece;
     }
     ink.Dry(nib.ink);
 }

@@ -39,6 +39,9 @@ public:
     Pen(Mask& sheet, const Paper& paper, Nib nib, uint32_t seed);
 
     void Stroke(const Line& line, Press press = {});
+    // The same way with a broad nib, whose edge is held at `edge` (radians, clockwise from the right as y is
+    // down): thick across the edge, thin along it, cut off at its slant; the end runs dry on a large letter.
+    void Broad(const Line& line, float edge, Press press = {});
     // A dot set down and lifted.
     void Dot(Vec2 place, float radius);
     // `count` drops round a place, most of them small and near. Reach and largest radius in pixels.

@@ -14,6 +14,23 @@ namespace
 
 constexpr float UnitsPerCapital = 9;
 constexpr float SpaceUnits = 3;
+constexpr float NibEdge = -0.62f; // radians, as the hand of a right-handed writer holds it
+constexpr float BroadNib = 1.28f; // of the width of a pen that draws upright strokes as heavy
+
+// What the profiles of two letters can't know: pairs that stand too far apart or too close to be read as one
+// word, in tenths of a capital's height.
+struct Pair {
+    char32_t first, second;
+    float closer;
+};
+// clang-format off
+constexpr Pair Pairs[] = {
+    {U'r', U'a', 0.5f}, {U'r', U'e', 0.4f}, {U'r', U'o', 0.5f}, {U'r', U'r', -0.3f}, {U'r', U'd', 0.4f},
+    {U't', U'o', 0.4f}, {U't', U'a', 0.3f}, {U'f', U'e', 0.4f}, {U'f', U'o', 0.4f},  {U'w', U'a', 0.3f},
+    {U'w', U'e', 0.3f}, {U'o', U'w', 0.2f}, {U'y', U'm', -0.3f}, {U'm', U'e', 0.2f}, {U'k', U'e', 0.4f},
+    {U'l', U'l', -0.4f}, {U'i', U'l', -0.3f}, {U'n', U'm', -0.3f}, {U'r', U'm', -0.2f}, {U'h', U'a', 0.2f},
+};
+// clang-format on
 
 struct Knot {
     Vec2 place;
@@ -113,7 +130,11 @@ float Advance(const PenLetter& letter, const PenLetter& next, float gap)
     const float apart = rightmost - leftmost;
     // A dot on the line must not slip under its neighbour: it would be taken for a part of it.
     const bool dot = letter.width < 1.6f || next.width < 1.6f;
-    return Mix(apart, Max(closest, apart - (dot ? 0.3f : 2.5f)), 0.65f) + gap;
+    float closer = 0;
+    for (const Pair& pair : Pairs)
+        if (pair.first == letter.character && pair.second == next.character)
+            closer = pair.closer;
+    return Mix(apart, Max(closest, apart - (dot ? 0.3f : 2.5f)), 0.65f) + gap - closer;
 }
 
 float AdvanceIn(const std::u32string& text, size_t i, const LetterStyle& style)
@@ -204,20 +225,17 @@ void Write(Pen& pen, const std::string& text, Vec2 place, const LetterStyle& sty
     // A wobble that is right for a long line would tear small letters apart.
     pen.nib.wobble = Min(before.wobble, style.size * 0.012f);
     pen.nib.wave = Max(style.size * 0.4f, 8);
+    pen.nib.wander = before.wander * 0.6f;
+    pen.nib.width = before.width * BroadNib;
     for (const WrittenStroke& stroke : Writing(text, place, style, anchor, seed)) {
-        if (stroke.dot) {
-            pen.Dot(stroke.line.front(), before.width * 0.55f);
+        if (stroke.dot) { // the nib is set down and drawn a little across its edge
+            const Vec2 at = stroke.line.front(), across = {-Sin(NibEdge), Cos(NibEdge)};
+            const Vec2 half = across * (before.width * 0.3f);
+            pen.Broad(Straight({at - half, at + half}, 1), NibEdge,
+                      {.start = 0.7f, .middle = 0.8f, .end = 0.6f});
             continue;
         }
-        // The broad side of the nib comes down with downward strokes.
-        float down = 0, length = 0.001f;
-        for (size_t i = 0; i + 1 < stroke.line.size(); ++i) {
-            const Vec2 step = stroke.line[i + 1] - stroke.line[i];
-            down += Max(step.y, 0) + 0.3f * Abs(step.x);
-            length += Length(step);
-        }
-        const float weight = 1 - style.upright * (1 - Clamp(1.25f * down / length));
-        pen.Stroke(stroke.line, {.start = 0.75f * weight, .middle = weight, .end = 0.45f * weight});
+        pen.Broad(stroke.line, NibEdge, {.start = 0.92f, .middle = 1, .end = 0.7f});
     }
     pen.nib = before;
 }

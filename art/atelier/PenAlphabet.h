@@ -25,8 +25,6 @@ struct LetterStyle {
     float narrow = 1;     // widths of letters times this
     float spacing = 0.9f; // gap between letters, in tenths of a capital's height (a space is three of them)
     float lively = 1;     // how much letters differ from each other in size, turn and place; 0: not at all
-    float upright =
-        0.45f; // how much lighter strokes across and upwards are than strokes downwards; 0: all alike
 };
 
 enum class Anchor { Left, Middle, Right };

@@ -103,8 +103,7 @@ Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
              .dry = 0.3f,
              .pool = 0.6f},
             seed);
-    const LetterStyle style{
-        .size = 74, .slant = 0.10f, .narrow = narrow, .spacing = 1.3f, .lively = 1.3f, .upright = 0.6f};
+    const LetterStyle style{.size = 74, .slant = 0.10f, .narrow = narrow, .spacing = 1.3f, .lively = 1.2f};
     Write(pen, text, {168, Baseline}, style, Anchor::Left, seed + 1);
     pen.nib.width = 6;
     mark(pen);

@@ -179,7 +179,7 @@ void DrawMoth(Page& page, Vec2 at, float size, float turn)
               {.start = 0.9f, .middle = 1, .end = 0.2f});
 }
 
-// The chick, seen from behind, on its way.
+// The chick on its way, looking back once.
 void DrawChickLeaving(Page& page, Vec2 at)
 {
     // Legs first: it is all feet.
@@ -190,8 +190,9 @@ void DrawChickLeaving(Page& page, Vec2 at)
                           {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
         for (float toe = -1.5f; toe < 2; toe += 1.5f) {
             page.amber.nib.width = 15;
-            page.amber.Stroke(Through({ankle, ankle + Vec2{toe * 30 + side * 14, -10},
-                                       ankle + Vec2{toe * 58 + side * 28, -2 - 13 * (1.5f - Abs(toe))}}),
+            // Spread on the ground, as seen from a little above.
+            page.amber.Stroke(Through({ankle, ankle + Vec2{toe * 16 + side * 6, 18},
+                                       ankle + Vec2{toe * 36 + side * 16, 44 - 9 * Abs(toe)}}),
                               {.start = 1, .middle = 0.8f, .end = 0.25f});
         }
     }
@@ -233,6 +234,12 @@ void DrawChickLeaving(Page& page, Vec2 at)
     }
     page.dark.Unite(deep);
     page.lines.Screen(down.Scale(0.85f));
+    // Its beak and the one eye that is on this side.
+    page.accents.Fill(
+        Shaken(Straight({at + Vec2{52, -110}, at + Vec2{112, -92}, at + Vec2{56, -76}, at + Vec2{52, -110}}),
+               1.5f, 20, 43));
+    page.lights.Fill(Ellipse(at + Vec2{24, -100}, 19, 17, 0.2f));
+    page.lights.Erase(Ellipse(at + Vec2{29, -98}, 9, 9));
 }
 
 // A house that leans, and the tree that has taken it as its pot: they stand on the greater wheel.

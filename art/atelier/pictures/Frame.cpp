@@ -123,12 +123,11 @@ Canvas StartForm()
 
     Mask title(W, H);
     Pen quill(title, paper, {.width = 15, .least = 0.2f, .skip = 0.04f, .dry = 0.2f, .pool = 0.2f}, 42);
-    Write(quill, "moonwaltz", {724, 224},
-          {.size = 100, .slant = 0.08f, .spacing = 1.2f, .lively = 0.5f, .upright = 0.55f}, Anchor::Middle,
-          7);
-    Pen fine(title, paper, {.width = 6.5f, .least = 0.5f, .skip = 0, .dry = 0, .pool = 0.1f}, 43);
+    Write(quill, "moonwaltz", {724, 224}, {.size = 100, .slant = 0.08f, .spacing = 1.2f, .lively = 0.5f},
+          Anchor::Middle, 7);
+    Pen fine(title, paper, {.width = 6, .least = 0.5f, .skip = 0, .dry = 0, .pool = 0.1f}, 43);
     Write(fine, "caution: flashing light", {724, 318},
-          {.size = 43, .slant = 0.04f, .spacing = 1.25f, .lively = 0.2f, .upright = 0.6f}, Anchor::Middle, 8);
+          {.size = 43, .slant = 0.04f, .spacing = 1.25f, .lively = 0.2f}, Anchor::Middle, 8);
     canvas.Cover(title.Blurred(9), palette::Ink, 0.5f);
     canvas.Cover(title, palette::Bone, 0.96f);
     paper.Show(canvas, 0.4f);

@@ -56,12 +56,11 @@ Canvas MoonwaltzLogo()
                 hi[k] = {Max(hi[k].x, p.x), Max(hi[k].y, p.y)};
             }
         }
-        // A broad nib held aslant: strokes down are heavy, strokes across are hairs.
-        float down = 0;
-        for (size_t i = 0; i + 1 < line.size(); ++i)
-            down += Max(line[i + 1].y - line[i].y, 0);
-        const float weight = o ? 0.8f : Clamp(0.35f + 0.8f * down / LengthOf(line));
-        pen.Stroke(line, {.start = 0.6f * weight, .middle = weight, .end = 0.15f});
+        // The two who dance are drawn, the others written with a broad nib.
+        if (o)
+            pen.Stroke(line, {.start = 0.48f, .middle = 0.8f, .end = 0.15f});
+        else
+            pen.Broad(line, -0.62f, {.start = 1, .middle = 1.15f, .end = 0.75f});
     }
     // Arms: two hands held high between them, his other arm round her.
     pen.nib.width = 9;
