@@ -102,20 +102,31 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
     Flush(canvas, sight, {84 * g, 232}, 56, 0.18f);
     Flush(canvas, sight, {20 * g, 80}, 60, 0.14f);
 
-    // Four fingers, the little one as it likes.
+    // Four fingers.
     const float off = 66 * arm.spread;
     struct Finger {
         std::vector<Vec2> points;
         std::vector<float> radii;
     };
+    Finger little = {{{78, 118},
+                      {104 + off * 0.25f, 66},
+                      {140 + off * 0.5f, 22},
+                      {158 + off * 0.7f, -22},
+                      {156 + off * 0.8f, -56}},
+                     {23, 21, 21, 18.5f, 15}};
+    Finger ring = {{{44, 96}, {54, 40}, {64, -20}, {62, -80}}, {24, 22.5f, 22, 18}};
+    if (arm.gesture == Gesture::Together) {
+        little = {{{80, 122}, {92, 76}, {102, 20}, {104, -34}}, {22, 21, 20.5f, 17}};
+    } else if (arm.gesture == Gesture::Curled) {
+        little = {{{92, 104}, {116, 92}, {118, 124}, {92, 152}, {66, 156}}, {20, 23, 22, 19, 15}};
+        ring = {{{46, 92}, {66, 62}, {72, 92}, {56, 128}, {34, 142}}, {22, 24, 23, 21, 17}};
+    } else if (arm.gesture == Gesture::Fan) {
+        little = {{{84, 140}, {124, 104}, {176, 80}, {220, 72}, {246, 56}}, {22, 20, 19, 17, 13}};
+        ring = {{{52, 100}, {92, 48}, {134, 10}, {164, -34}, {170, -70}}, {24, 22, 21, 19, 15}};
+    }
     const Finger fingers[] = {
-        {{{78, 118},
-          {104 + off * 0.25f, 66},
-          {140 + off * 0.5f, 22},
-          {158 + off * 0.7f, -22},
-          {156 + off * 0.8f, -56}},
-         {23, 21, 21, 18.5f, 15}},
-        {{{44, 96}, {54, 40}, {64, -20}, {62, -80}}, {24, 22.5f, 22, 18}},
+        little,
+        ring,
         {{{0, 90}, {2, 30}, {4, -30}, {2, -90}}, {25, 23.5f, 23, 18}},
         {{{-48, 100}, {-56, 40}, {-58, -20}, {-50, -80}}, {25, 23, 22, 18}},
     };
@@ -155,9 +166,25 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
         draw({{-22, y - 6}, {0, y - 12}, {22, y - 6}});
         draw({{32, y}, {52, y - 4}, {74, y + 8}});
     }
-    draw({{124 + off * 0.5f, 12}, {142 + off * 0.5f, 18}, {160 + off * 0.55f, 30}});
-    draw({{128 + off * 0.5f, 6}, {146 + off * 0.5f, 12}, {162 + off * 0.55f, 23}});
-    draw({{142 + off * 0.7f, -24}, {158 + off * 0.72f, -20}, {174 + off * 0.72f, -22}});
+    // Joints of the fingers that are seen beside the card or in the palm, and the sinews of the wrist.
+    const auto joint = [&](const Finger& finger, size_t knuckle) {
+        const Vec2 at = finger.points[knuckle],
+                   way = Normalised(finger.points[knuckle + 1] - finger.points[knuckle - 1]);
+        const Vec2 across = Vec2{-way.y, way.x} * (finger.radii[knuckle] * 0.82f);
+        for (const float step : {-3.5f, 3.0f})
+            draw({at - across + way * step, at + way * (step + 2.5f), at + across + way * step});
+    };
+    if (arm.gesture != Gesture::Together) {
+        joint(little, 2);
+        joint(little, 3);
+    }
+    if (arm.gesture == Gesture::Curled || arm.gesture == Gesture::Fan) {
+        joint(ring, 2);
+        joint(ring, 3);
+    }
+    pen.nib.width = 3;
+    draw({{-22, 344}, {-20, 382}, {-34, 436}}, {0, 0.8f, 0});
+    draw({{34, 340}, {40, 386}, {30, 440}}, {0, 0.7f, 0});
     canvas.Cover(creases, Mix(palette::Ink, palette::Rust, 0.15f), 0.8f);
 }
 

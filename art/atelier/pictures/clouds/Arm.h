@@ -10,6 +10,14 @@ namespace atelier
 
 enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 
+// What the fingers do that are not needed for the card.
+enum class Gesture {
+    Loose,    // the little finger stands off, as far as it likes
+    Together, // all four are pressed together behind the card
+    Curled,   // ring and little finger lie in the palm
+    Fan       // ring and little finger are spread like a fan
+};
+
 struct Arm {
     uint32_t seed;
     float bend;   // pixels by which the elbow is out to the left
@@ -17,6 +25,7 @@ struct Arm {
     float girth;
     float tan; // of the skin: 0 moonlit to 1 weathered
     Wear wear;
+    Gesture gesture;
 };
 
 // All but the thumb: forearm, palm, fingers. The card goes over the fingers.

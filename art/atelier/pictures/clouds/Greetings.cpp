@@ -23,22 +23,28 @@ const Sight InPicture = {{Half * (1 + 0.386699f), Half*(1 - 0.787674f)}, 11.7299
 // The same drawing seen from so near that the card fills the canvas.
 const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
 
+// The show rolls each card its own way and shows a part of it only. The words stand level in that roll, in what
+// is seen of it for as long as it is near; the emblem lies below them and may leave the picture. Measured in
+// the show, from 0.4 to 2 s after the dive begins.
 struct Greeting {
     const char* to;
     const char* tail;
     void (*emblem)(Canvas& canvas, Vec2 at, uint32_t seed);
+    float roll;  // degrees, clockwise, at which the card is read
+    Vec2 place;  // of the words' middle, in sides of the card
+    float width; // of the widest line, likewise
     Arm arm;
 };
 
 // clang-format off
 const Greeting Greetings[] = {
-    // to                tail                        emblem         seed bend spread girth  tan   wear
-    {"lamplighters",    "who leave one burning",     LanternEmblem, {100,  60, 0.4f, 1.00f, 0.45f, Wear::Wool}},
-    {"ferrymen",        "who wait on the far side",  FerryEmblem,   {200, -30, 0.1f, 1.10f, 0.85f, Wear::Rope}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    {300,  20, 0.7f, 1.08f, 0.35f, Wear::Flour}},
-    {"moth collectors", "who let them go again",     MothEmblem,    {400,  90, 1.0f, 0.90f, 0.10f, Wear::Lace}},
-    {"tower guards",    "and all is well",           TowerEmblem,   {500, -50, 0.2f, 1.06f, 0.60f, Wear::Leather}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    {600,  40, 0.8f, 0.96f, 0.25f, Wear::Wire}},
+    // to                tail                        emblem         roll  place          width   seed bend spread girth  tan   wear, gesture
+    {"lamplighters",    "who leave one burning",     LanternEmblem, 66, {0.36f, 0.40f}, 0.60f, {100,  60, 0.4f, 1.00f, 0.45f, Wear::Wool, Gesture::Curled}},
+    {"ferrymen",        "who wait on the far side",  FerryEmblem,   51, {0.39f, 0.40f}, 0.62f, {200, -30, 0.1f, 1.10f, 0.85f, Wear::Rope, Gesture::Together}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    17, {0.49f, 0.35f}, 0.78f, {300,  20, 0.7f, 1.08f, 0.35f, Wear::Flour, Gesture::Loose}},
+    {"moth collectors", "who let them go again",     MothEmblem,    31, {0.49f, 0.35f}, 0.77f, {400,  90, 1.0f, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
+    {"tower guards",    "and all is well",           TowerEmblem,   15, {0.49f, 0.34f}, 0.79f, {500, -50, 0.2f, 1.06f, 0.60f, Wear::Leather, Gesture::Curled}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    37, {0.46f, 0.38f}, 0.70f, {600,  40, 0.8f, 0.96f, 0.25f, Wear::Wire, Gesture::Loose}},
 };
 // clang-format on
 
@@ -63,6 +69,42 @@ void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
     canvas.Lay(sheet.CutOut(card), 0, 0);
 }
 
+// The cloud that the arm comes out of: banks of it before the elbow, lit from above, torn at their upper rim.
+void PaintCloudBank(Canvas& canvas, const Arm& arm)
+{
+    const Line along = Forearm(InPicture, arm);
+    const Vec2 elbow = PointAt(along, 0.70f);
+    const Noise curl(arm.seed + 99), shade(arm.seed + 98);
+    Dice dice(arm.seed + 97);
+    Mask bank(Size, Size);
+    for (int i = 0; i < 26; ++i) {
+        const float aside = 0.9f * dice.Bell();
+        const Vec2 at = elbow + Vec2{aside * 135, 30 + 24 * aside * aside + dice.Range(-34, 40)};
+        const float radius = dice.Range(62, 118) / (1 + 0.3f * aside * aside);
+        bank.Screen(Filled(Size, Size, Ellipse(at, radius * 1.25f, radius * 0.8f)).Scale(0.55f));
+    }
+    bank.Blur(13);
+    Mask torn(Size, Size), light(Size, Size);
+    torn.Each([&](float x, float y) {
+        const Vec2 q = curl.Warp(x / 110, y / 90, 0.30f, 4);
+        const float body = 0.6f * bank.Sample(q.x * 110, q.y * 90) + 0.4f * bank.Sample(x, y);
+        return Smooth(0.05f, 0.50f, body * (0.9f + 0.5f * curl.Fbm(x / 80, y / 56, 4)));
+    });
+    light.Each([&](float x, float y) {
+        return Clamp(0.50f + 1.1f * (torn.Sample(x, y) - torn.Sample(x - 16, y - 26)) +
+                     0.22f * shade.Fbm(x / 70, y / 46, 3) - 0.12f * Smooth(elbow.y, elbow.y + 120, y));
+    });
+    torn.Blur(2.5f).By([](float, float y) { return Smooth(985, 880, y); }).FadeToBorder(40);
+    canvas.Cover(
+        torn,
+        [&](float x, float y) {
+            const Colour low = Mix(Mix(palette::Slate, palette::Rust, 0.25f), palette::Mist, 0.35f),
+                         high = Mix(palette::Mist, palette::Bone, 0.55f);
+            return Mix(low, high, light.Sample(x, y));
+        },
+        0.96f);
+}
+
 } // namespace
 
 Canvas GreetingHand(int greeting)
@@ -74,13 +116,8 @@ Canvas GreetingHand(int greeting)
     PaintBlankCard(canvas, InPicture, arm.seed + 1000);
     PaintThumb(canvas, InPicture, arm);
     SketchPaper().Show(canvas, 0.6f);
-    // The arm comes out of the cloud.
-    const Noise cloud(arm.seed + 99);
-    canvas.CutOut(
-        Mask(Size, Size)
-            .Each(
-                [&](float x, float y) { return Smooth(1000, 800, y + 70 * cloud.Fbm(x / 120, y / 120, 4)); },
-                2));
+    canvas.CutOut(Mask(Size, Size).Each([](float, float y) { return Smooth(1000, 900, y); }, 2));
+    PaintCloudBank(canvas, arm);
     return Squeezed(canvas, Size / 2, Size / 2);
 }
 
@@ -93,10 +130,36 @@ Canvas GreetingCard(int greeting)
     PaintBlankCard(canvas, OnCard, seed);
     const Mask card = canvas.Alpha();
 
-    // A patch of night with something kind in it.
-    const Vec2 at = {512, 282};
-    const Mask patch = Filled(Size, Size, Shaken(Ellipse(at, 318, 206), 26, 210, seed + 2));
-    Wash(canvas, paper, patch,
+    // As the show holds it: level is turned back by the roll.
+    const float level = -words.roll * Pi / 180;
+    const Vec2 down = {-Sin(level), Cos(level)};
+    const Vec2 middle = {Half, Half}, place = words.place * Size;
+
+    // The words, level and about the middle of a sheet of their own.
+    const float widest = words.width * Size;
+    LetterStyle large{.size = 150};
+    large.size *= Min(1, widest / WidthOf(words.to, large));
+    LetterStyle small{.size = 62};
+    small.size *= Min(1, Min(widest / WidthOf(words.tail, small), 0.72f * large.size / small.size));
+    // Ascenders and descenders keep clear of the lines above and below.
+    const float base = Half + 0.34f * large.size, above = base - 1.22f * large.size - 0.12f * small.size,
+                below = base + 0.46f * large.size + 1.15f * small.size;
+    Mask written(Size, Size);
+    Pen quill(written, paper, {.width = small.size / 8, .wobble = 0.6f, .skip = 0}, seed + 4);
+    Write(quill, "greetings to the", {Half, above}, small, Anchor::Middle, seed + 5);
+    Write(quill, words.tail, {Half, below}, small, Anchor::Middle, seed + 7);
+    quill.nib.width = large.size / 7.2f;
+    Write(quill, words.to, {Half, base}, large, Anchor::Middle, seed + 6);
+    Canvas text(Size, Size);
+    text.Cover(written, palette::Ink, 0.95f);
+
+    // A patch of night with something kind in it, below them.
+    constexpr float PatchScale = 0.70f;
+    const float apart = below - Half + 0.4f * small.size + 206 * PatchScale;
+    Canvas night(Size, Size, palette::Bone);
+    paper.Sheet(night, palette::Bone);
+    const Mask patch = Filled(Size, Size, Shaken(Ellipse(middle, 318, 206), 26, 210, seed + 2));
+    Wash(night, paper, patch,
          {.pigment = Mix(palette::Night, palette::Slate, 0.3f),
           .density = 0.97f,
           .pool = 0.5f,
@@ -104,14 +167,15 @@ Canvas GreetingCard(int greeting)
           .granulation = 0.9f,
           .bloom = 0.75f,
           .bloomSize = 190,
-          .stray = 6,
-          .bleed = 12,
-          .wetness = 0.3f},
+          .stray = 0,
+          .bleed = 0},
          seed + 3);
-    words.emblem(canvas, at, seed + 30);
+    words.emblem(night, middle, seed + 30);
+    night.CutOut(Mask(patch).Blur(2.5f));
+    canvas.Lay(Placed(night, middle, level, PatchScale, Size, Size, place + down * apart), 0, 0);
 
     Mask lines(Size, Size);
-    Pen pen(lines, paper, {.width = 9, .wobble = 1.4f, .skip = 0.15f}, seed + 4);
+    Pen pen(lines, paper, {.width = 9, .wobble = 1.4f, .skip = 0.15f}, seed + 8);
     for (const float inset : {40.0f, 58.0f}) {
         const float a = inset, b = Size - inset;
         pen.nib.width = inset < 50 ? 8 : 4;
@@ -119,15 +183,8 @@ Canvas GreetingCard(int greeting)
                                  Straight({{b, b}, {a, b}}), Straight({{a, b}, {a, a}})})
             pen.Stroke(side, {.start = 0.8f, .middle = 1, .end = 0.6f});
     }
-    pen.nib = {.width = 6, .wobble = 0.6f, .skip = 0};
-    Write(pen, "greetings to the", {512, 580}, {.size = 54}, Anchor::Middle, seed + 5);
-    LetterStyle large{.size = 140};
-    large.size *= Min(1, 830 / WidthOf(words.to, large));
-    pen.nib.width = large.size / 7.5f;
-    Write(pen, words.to, {512, 742}, large, Anchor::Middle, seed + 6);
-    pen.nib.width = 6;
-    Write(pen, words.tail, {570, 886}, {.size = 50}, Anchor::Middle, seed + 7);
     canvas.Cover(lines, palette::Ink, 0.94f);
+    canvas.Lay(Placed(text, middle, level, 1, Size, Size, place), 0, 0);
     PaintThumb(canvas, OnCard, words.arm);
     canvas.CutOut(card);
     return Squeezed(canvas, Size / 2, Size / 2);
