@@ -19,8 +19,8 @@ static const char* const h264Quality = "16";
 static const char* const h264Preset = "faster";
 static const char* const aacRate = "256k";
 // Of 100. Ten seconds of the title at 480 by 360 and 25 frames a second took 1.0 MB.
-static const char* const webpQuality = "60";
-static const char* const webpEffort = "6"; // the greatest: the smallest file
+static const char* const webpQuality = "50";
+static const char* const webpEffort = "4"; // of 6
 
 static void Add(Words* words, const Words& more)
 {
