@@ -30,17 +30,18 @@ int64_t CountFrames(const std::string& path, std::string* error)
     return std::atoll(count.c_str());
 }
 
-// Frames that are all alike become a still picture, which has no time. Times are whole milliseconds.
+// A single frame is a still picture, which has no time. Times are whole milliseconds.
 static bool IsWholeAnimation(const OutputFile& file, const Encoding& encoding, int64_t frames,
                              std::string* error)
 {
     const int64_t length = AnimationLength(file.Name(), error);
-    const int64_t wanted = encoding.rate.MomentOf(frames, 1000);
-    if (length == 0 || (length >= wanted - 1 && length <= wanted + 1))
+    if (length < 0)
+        return false;
+    const int64_t wanted = frames > 1 ? encoding.rate.MomentOf(frames, 1000) : 0;
+    if (length >= wanted - 1 && length <= wanted + 1)
         return true;
-    if (length > 0)
-        *error = "ffmpeg reported no error, but its file shows " + std::to_string(length) + " of " +
-                 std::to_string(wanted) + " milliseconds";
+    *error = "ffmpeg reported no error, but its file shows " + std::to_string(length) + " of " +
+             std::to_string(wanted) + " milliseconds";
     return false;
 }
 

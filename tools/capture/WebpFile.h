@@ -8,7 +8,7 @@
 namespace capture
 {
 
-// How long the frames of the file are shown together, in milliseconds. An encoder joins frames that are alike, so that
+// How long the frames of the file are shown together, in milliseconds: an encoder may join frames that are alike, so that
 // their number tells less. 0: a still picture. -1: the file can't be read, is no WebP or ends too early, and *error says
 // so.
 int64_t AnimationLength(const std::string& path, std::string* error);

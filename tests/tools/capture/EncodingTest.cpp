@@ -74,10 +74,10 @@ TEST(CaptureEncoding, OfAnAnimationBeginsAnewForEverAndLeavesColoursToTheEncoder
     loop.sound = false;
     EXPECT_TRUE(capture::IsAnimation("a/loop.webp"));
     EXPECT_FALSE(capture::IsAnimation("webp.mp4"));
-    EXPECT_TRUE(Has(EncoderCommand(loop), "-vf vflip,format=bgra -c:v libwebp_anim -lossless 0"));
+    EXPECT_TRUE(Has(EncoderCommand(loop), "-vf vflip,format=bgra -c:v libwebp -lossless 0"));
     EXPECT_TRUE(Has(EncoderCommand(loop), "-loop 0"));
     EXPECT_FALSE(Has(EncoderCommand(loop), "-colorspace bt709"));
-    EXPECT_FALSE(loop.HasOnePacketPerFrame()) << "frames that are alike are joined";
+    EXPECT_FALSE(loop.HasOnePacketPerFrame()) << "ffprobe finds none";
 }
 
 TEST(CaptureEncoding, TurnsPicturesOverAndTagsTheirColours)
