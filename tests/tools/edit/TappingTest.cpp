@@ -87,6 +87,19 @@ TEST_F(Taps, CarryTheirParameters)
     EXPECT_EQ(2u, block.times.size());
 }
 
+TEST_F(Taps, AreOfTheSelectedMessageWhereNoneIsChosen)
+{
+    tapping.Choose("WhiteFlashOverlay", "flash", "2.00");
+    TapAt(6);
+    Tapping other;
+    script.state.playhead = 12;
+    EXPECT_TRUE(other.Tap(&script.state));
+    EXPECT_EQ("flash", other.Message());
+    EXPECT_EQ(std::vector<float>{2}, script.At(script.state.selection[0].block).parameters);
+    script.state.selection = {{0, -1}};
+    EXPECT_FALSE(Tapping().Tap(&script.state)) << "an entry is none";
+}
+
 TEST_F(Taps, NeedAChoice)
 {
     EXPECT_FALSE(tapping.IsChosen());
