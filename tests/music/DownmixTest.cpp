@@ -127,6 +127,16 @@ TEST(Downmix, FullScaleOnAllChannelsNeverComesOutLouder)
     }
 }
 
+TEST(Downmix, MoreOnTheRightIsMeasuredAsMoreOnTheLeftIs)
+{
+    for (const bool onTheRight : {false, true}) {
+        const Speaker more = onTheRight ? SpeakerRight : SpeakerLeft;
+        const Speaker less = onTheRight ? SpeakerLeft : SpeakerRight;
+        for (const StereoGain& gain : StereoGains({more, less, more}))
+            EXPECT_EQ(0.5f, gain.left + gain.right);
+    }
+}
+
 TEST(Downmix, ALowFrequencyChannelAloneIsSilent)
 {
     const float sample = 0.5f;

@@ -36,8 +36,10 @@ static std::string Noise(size_t size)
 // What a tag of that many bytes of content looks like.
 static std::string Tag(size_t content)
 {
-    return std::string("ID3\x03\0\0\0\0", 8) + char(content >> 7) + char(content & 127) +
-           std::string(content, '\xFF');
+    std::string length;
+    for (int shift : {21, 14, 7, 0})
+        length += char(content >> shift & 127);
+    return std::string("ID3\x03\0\x60", 6) + length + std::string(content, '\xFF');
 }
 
 static size_t FramesIn(Decoder* decoder)
@@ -82,6 +84,13 @@ TEST(Mp3Decoder, RecognisesAFrameAtTheStartOrBehindTags)
     EXPECT_TRUE(Mp3Decoder::Recognises(Save("plain.bin", bytes)));
     EXPECT_TRUE(Mp3Decoder::Recognises(Save("tag.bin", Tag(300) + bytes)));
     EXPECT_TRUE(Mp3Decoder::Recognises(Save("tags.bin", Tag(300) + Tag(0) + bytes)));
+    EXPECT_TRUE(Mp3Decoder::Recognises(Save("odd.bin", Tag(301) + bytes)));
+    EXPECT_TRUE(Mp3Decoder::Recognises(Save("long.bin", Tag((1 << 21) + 16385) + bytes)));
+    for (size_t letter : {0, 1, 2}) {
+        std::string other = Tag(300) + bytes;
+        other[letter]++;
+        EXPECT_FALSE(Mp3Decoder::Recognises(Save("other.bin", other))) << letter;
+    }
     EXPECT_FALSE(Mp3Decoder::Recognises(Save("shifted.bin", "x" + bytes)));
     EXPECT_FALSE(Mp3Decoder::Recognises(Save("tagonly.bin", Tag(300))));
     EXPECT_FALSE(Mp3Decoder::Recognises(Save("two.bin", bytes.substr(0, 2))));
@@ -94,8 +103,8 @@ TEST(Mp3Decoder, ReservedCodesAreNoFrame)
     for (const char* header : {"\xFF\xFB\x90", "\xFF\xF3\x90", "\xFF\xE3\x90", "\xFF\xFF\xE8"})
         EXPECT_TRUE(Mp3Decoder::Recognises(Save("header.bin", header)));
     // One synchronisation bit too few; version, layer, bit rate and sampling rate that are reserved.
-    for (const char* header :
-         {"\xFF\xDB\x90", "\xFE\xFB\x90", "\xFF\xEB\x90", "\xFF\xF9\x90", "\xFF\xFB\xF0", "\xFF\xFB\x9C"})
+    for (const char* header : {"\xFF\xDB\x90", "\xFE\xFB\x90", "\xFF\xEB\x90", "\xFF\xF9\x90", "\xFF\xFB\xF0",
+                               "\xFF\xFB\xF1", "\xFF\xFB\x9C", "\xFF\xFB\x9D"})
         EXPECT_FALSE(Mp3Decoder::Recognises(Save("header.bin", header)));
 }
 
@@ -103,8 +112,21 @@ TEST(Mp3Decoder, TheExtensionCountsInAnyCase)
 {
     EXPECT_TRUE(Mp3Decoder::HasExtension("waltz.mp3"));
     EXPECT_TRUE(Mp3Decoder::HasExtension("WALTZ.MP3"));
+    EXPECT_TRUE(Mp3Decoder::HasExtension(".mp3"));
     EXPECT_FALSE(Mp3Decoder::HasExtension("waltz.mp3.ogg"));
     EXPECT_FALSE(Mp3Decoder::HasExtension("mp3"));
+}
+
+TEST(Mp3Decoder, GivesItsFileBack)
+{
+    const std::string path = Save("whole.mp3", Mp3Bytes());
+    const int before = OpenDescriptors();
+    for (int i = 0; i < 3; i++) {
+        std::unique_ptr<Decoder> decoder = Mp3Decoder::Open(path);
+        ASSERT_NE(nullptr, decoder);
+        EXPECT_EQ(before + 1, OpenDescriptors());
+    }
+    EXPECT_EQ(before, OpenDescriptors());
 }
 
 TEST(Mp3Decoder, OddFilesAreReadWithoutAWordOnTheStandardErrorStream)

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 static const int64_t longest = 1468800; // 255 packets of 120 ms at 48000 Hz
 
 static std::string Little(uint64_t number, int bytes)
@@ -15,10 +17,10 @@ static std::string Little(uint64_t number, int bytes)
     return text;
 }
 
-static std::string Page(uint64_t granule, uint32_t serial, size_t content = 300)
+static std::string Page(uint64_t granule, uint32_t serial, size_t content = 300, uint32_t number = 0)
 {
-    return "OggS" + std::string(2, '\0') + Little(granule, 8) + Little(serial, 4) + std::string(9, '\0') +
-           std::string(content, 'x');
+    return "OggS" + std::string(2, '\0') + Little(granule, 8) + Little(serial, 4) + Little(number, 4) +
+           std::string(5, '\0') + std::string(content, 'x');
 }
 
 static int64_t FramesOf(const std::string& bytes)
@@ -42,6 +44,27 @@ TEST(OggPages, PagesOfOtherStreamsAndPagesInWhichNoPacketEndsAreSkipped)
     EXPECT_EQ(4500, FramesOf(Page(1000, 5) + Page(uint64_t(-1), 5) + Page(5500, 5)));
     EXPECT_EQ(4500, FramesOf(Page(1000, 5) + Page(5500, 5) + Page(uint64_t(-1), 5)));
     EXPECT_EQ(4500, FramesOf(Page(1000, 5) + Page(5500, 5) + "OggS, and the rest is cut"));
+}
+
+TEST(OggPages, AStreamIsKnownByAllOfItsNumberAndPagesAreCounted)
+{
+    EXPECT_EQ(4500, FramesOf(Page(1000, 0x12345678, 300, 40) + Page(2000, 0x13345678, 300, 40) +
+                             Page(2000, 0x12345679, 300, 40) + Page(5500, 0x12345678, 300, 41)));
+}
+
+TEST(OggPages, TheFirstPageMayBeTheOneBeforeTheLast)
+{
+    EXPECT_EQ(700, FramesOf(Page(0, 5) + Page(700, 5)));
+}
+
+TEST(OggPages, TheFileIsClosedAgain)
+{
+    const int next = dup(STDOUT_FILENO); // the lowest number that is free
+    close(next);
+    FramesOf(Page(1000, 5));
+    const int nextNow = dup(STDOUT_FILENO);
+    close(nextNow);
+    EXPECT_EQ(next, nextNow);
 }
 
 TEST(OggPages, TheLongestPageIsTakenForOneThatCannotBeMeasured)

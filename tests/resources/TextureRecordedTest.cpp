@@ -162,6 +162,16 @@ TEST_F(SentTexture, WhoseRowsAreNoMultipleOfFourBytesIsNeitherShearedNorReadPast
     }
 }
 
+TEST_F(SentTexture, OfTwoRowsNeedsTheCareAndOfOneRowDoesNot)
+{
+    for (int rows : {1, 2}) {
+        gl::Reset();
+        EXPECT_TRUE(texture.Upload(MakeImage(1, rows, 3), GL_LINEAR, GL_LINEAR, GL_REPEAT, GL_REPEAT));
+        EXPECT_EQ(rows == 1 ? 0 : 2, gl::CountCalls("glPixelStorei")) << rows;
+        EXPECT_EQ(bytes, gl::FindTexture(1)->levels.at(0).pixels) << rows;
+    }
+}
+
 TEST_F(SentTexture, OfOtherComponentsIsMadeWithoutALevel)
 {
     for (int components : {1, 2, 5}) {
