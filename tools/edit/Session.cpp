@@ -41,6 +41,8 @@ bool Session::Start(const std::string& program, std::string* reason)
     settings.rate = options.rate;
     settings.data = platform::GetDataDirectory();
     settings.memoryLimit = options.memoryLimit;
+    started = true;
+    SetMusic(); // not before there is a window: it opens the sound device
     poolRuns = pool.Start(settings, program, reason);
     return poolRuns;
 }
@@ -135,6 +137,8 @@ void Session::TakeEdits()
 
 void Session::SetMusic()
 {
+    if (!started)
+        return;
     std::string file;
     for (const OutlineBlock& block : document->GetOutline().blocks)
         if (block.type == BlockMusic && block.complete)

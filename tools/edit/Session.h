@@ -105,6 +105,7 @@ private:
     uint64_t sentRevision;
     bool sentAny;
     std::string musicFile;
+    bool started = false; // there is a window
     int64_t wantedFrame; // -1: ask again
     int64_t frameCame;   // the last one that was finished
     bool wasPlaying;
