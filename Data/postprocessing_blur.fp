@@ -15,9 +15,9 @@
 uniform sampler2D picture; // nobody sets it: unit 0
 uniform float blur_intensity;
 
-const int mostTaps = 19;
-const float fewestTaps = 7.0;   // a small disc needs no more
-const float tapsGained = 12.0;   // each strength
+const int mostTaps = 37;
+const float fewestTaps = 12.0;  // a small disc needs no more
+const float tapsGained = 28.0;   // each strength
 const float reach = 0.022;       // radius of the disc at strength 1, in texture coordinates
 const float falloff = 1.8;       // exponent of the bell at the rim
 const float border = 0.00048828; // half a texel at 1024: taps stay inside, as the wrap may repeat
