@@ -32,16 +32,16 @@ struct Reach {
 
 std::vector<Reach> Reaches(int from, int to)
 {
-    const float scale = static_cast<float>(from) / static_cast<float>(to);
+    const float scale = float(from) / float(to);
     const float half = Max(scale, 1) / 2;
     std::vector<Reach> reaches;
-    for (int i = 0; i < to; ++i) {
-        const float centre = (static_cast<float>(i) + 0.5f) * scale;
+    for (int i = 0; i < to; i++) {
+        const float centre = (float(i) + 0.5f) * scale;
         const float lo = centre - half, hi = centre + half;
         Reach reach{std::clamp(Floor(lo), 0, from - 1), {}};
         float sum = 0;
-        for (int k = reach.first; k < from && static_cast<float>(k) < hi; ++k) {
-            const float part = Min(hi, static_cast<float>(k + 1)) - Max(lo, static_cast<float>(k));
+        for (int k = reach.first; k < from && float(k) < hi; k++) {
+            const float part = Min(hi, float(k + 1)) - Max(lo, float(k));
             reach.weights.push_back(Max(part, 0));
             sum += reach.weights.back();
         }
@@ -55,8 +55,7 @@ std::vector<Reach> Reaches(int from, int to)
 } // namespace
 
 Canvas::Canvas(int widthGiven, int heightGiven)
-    : width(widthGiven), height(heightGiven),
-      pixels(static_cast<size_t>(widthGiven) * static_cast<size_t>(heightGiven))
+    : width(widthGiven), height(heightGiven), pixels(size_t(widthGiven) * size_t(heightGiven))
 {
 }
 
@@ -67,9 +66,9 @@ Canvas::Canvas(int widthGiven, int heightGiven, Colour ground) : Canvas(widthGiv
 
 Canvas& Canvas::Ground(const std::function<Colour(float x, float y)>& f)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const Colour c = f(static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f);
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
+            const Colour c = f(float(x) + 0.5f, float(y) + 0.5f);
             At(x, y) = {c.r, c.g, c.b, 1};
         }
     return *this;
@@ -77,8 +76,8 @@ Canvas& Canvas::Ground(const std::function<Colour(float x, float y)>& f)
 
 Canvas& Canvas::Cover(const Mask& mask, Colour colour, float opacity)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const float a = Clamp(mask.At(x, y) * opacity);
             if (a > 0)
                 At(x, y) = Over(At(x, y), colour.r * a, colour.g * a, colour.b * a, a);
@@ -88,11 +87,11 @@ Canvas& Canvas::Cover(const Mask& mask, Colour colour, float opacity)
 
 Canvas& Canvas::Cover(const Mask& mask, const std::function<Colour(float x, float y)>& colour, float opacity)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const float a = Clamp(mask.At(x, y) * opacity);
             if (a > 0) {
-                const Colour c = colour(static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f);
+                const Colour c = colour(float(x) + 0.5f, float(y) + 0.5f);
                 At(x, y) = Over(At(x, y), c.r * a, c.g * a, c.b * a, a);
             }
         }
@@ -103,8 +102,8 @@ Canvas& Canvas::Glaze(const Mask& mask, Colour pigment, float density)
 {
     const float r = Log2(Max(pigment.r, 1e-4f)), g = Log2(Max(pigment.g, 1e-4f)),
                 b = Log2(Max(pigment.b, 1e-4f));
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const float layers = mask.At(x, y) * density;
             if (layers != 0) {
                 Pixel& p = At(x, y);
@@ -118,8 +117,8 @@ Canvas& Canvas::Glaze(const Mask& mask, Colour pigment, float density)
 
 Canvas& Canvas::Light(const Mask& mask, Colour colour, float strength)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const float amount = mask.At(x, y) * strength;
             if (amount != 0) {
                 Pixel& p = At(x, y);
@@ -133,8 +132,8 @@ Canvas& Canvas::Light(const Mask& mask, Colour colour, float strength)
 
 Canvas& Canvas::Tone(const Mask& mask, float lo, float hi)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const float factor = Mix(lo, hi, mask.At(x, y));
             Pixel& p = At(x, y);
             p = {p.r * factor, p.g * factor, p.b * factor, p.a};
@@ -144,8 +143,8 @@ Canvas& Canvas::Tone(const Mask& mask, float lo, float hi)
 
 Canvas& Canvas::Lay(const Canvas& over, int left, int top, float opacity)
 {
-    for (int y = std::max(0, -top); y < std::min(over.height, height - top); ++y)
-        for (int x = std::max(0, -left); x < std::min(over.width, width - left); ++x) {
+    for (int y = std::max(0, -top); y < std::min(over.height, height - top); y++)
+        for (int x = std::max(0, -left); x < std::min(over.width, width - left); x++) {
             const Pixel p = over.At(x, y) * opacity;
             At(left + x, top + y) = Over(At(left + x, top + y), p.r, p.g, p.b, p.a);
         }
@@ -154,8 +153,8 @@ Canvas& Canvas::Lay(const Canvas& over, int left, int top, float opacity)
 
 Canvas& Canvas::Add(const Canvas& light, int left, int top, float strength)
 {
-    for (int y = std::max(0, -top); y < std::min(light.height, height - top); ++y)
-        for (int x = std::max(0, -left); x < std::min(light.width, width - left); ++x) {
+    for (int y = std::max(0, -top); y < std::min(light.height, height - top); y++)
+        for (int x = std::max(0, -left); x < std::min(light.width, width - left); x++) {
             Pixel& p = At(left + x, top + y);
             const Pixel& q = light.At(x, y);
             p = {p.r + q.r * strength, p.g + q.g * strength, p.b + q.b * strength, p.a};
@@ -165,8 +164,8 @@ Canvas& Canvas::Add(const Canvas& light, int left, int top, float strength)
 
 Canvas& Canvas::CutOut(const Mask& mask)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
             At(x, y) = At(x, y) * Clamp(mask.At(x, y));
     return *this;
 }
@@ -174,8 +173,8 @@ Canvas& Canvas::CutOut(const Mask& mask)
 Canvas Canvas::Crop(int left, int top, int cropWidth, int cropHeight) const
 {
     Canvas result(cropWidth, cropHeight);
-    for (int y = std::max(0, -top); y < std::min(cropHeight, height - top); ++y)
-        for (int x = std::max(0, -left); x < std::min(cropWidth, width - left); ++x)
+    for (int y = std::max(0, -top); y < std::min(cropHeight, height - top); y++)
+        for (int x = std::max(0, -left); x < std::min(cropWidth, width - left); x++)
             result.At(x, y) = At(left + x, top + y);
     return result;
 }
@@ -183,8 +182,8 @@ Canvas Canvas::Crop(int left, int top, int cropWidth, int cropHeight) const
 Mask Canvas::Alpha() const
 {
     Mask mask(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
             mask.At(x, y) = At(x, y).a;
     return mask;
 }
@@ -192,8 +191,8 @@ Mask Canvas::Alpha() const
 Mask Canvas::Brightness() const
 {
     Mask mask(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const Pixel& p = At(x, y);
             mask.At(x, y) = 0.2126f * p.r + 0.7152f * p.g + 0.0722f * p.b;
         }
@@ -205,20 +204,20 @@ Canvas Squeezed(const Canvas& canvas, int width, int height)
     const std::vector<Reach> columns = Reaches(canvas.Width(), width),
                              rows = Reaches(canvas.Height(), height);
     Canvas narrow(width, canvas.Height()), result(width, height);
-    for (int y = 0; y < canvas.Height(); ++y)
-        for (int x = 0; x < width; ++x) {
-            const Reach& reach = columns[static_cast<size_t>(x)];
+    for (int y = 0; y < canvas.Height(); y++)
+        for (int x = 0; x < width; x++) {
+            const Reach& reach = columns[size_t(x)];
             Pixel sum;
-            for (size_t k = 0; k < reach.weights.size(); ++k)
-                sum = sum + canvas.At(reach.first + static_cast<int>(k), y) * reach.weights[k];
+            for (size_t k = 0; k < reach.weights.size(); k++)
+                sum = sum + canvas.At(reach.first + int(k), y) * reach.weights[k];
             narrow.At(x, y) = sum;
         }
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const Reach& reach = rows[static_cast<size_t>(y)];
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
+            const Reach& reach = rows[size_t(y)];
             Pixel sum;
-            for (size_t k = 0; k < reach.weights.size(); ++k)
-                sum = sum + narrow.At(x, reach.first + static_cast<int>(k)) * reach.weights[k];
+            for (size_t k = 0; k < reach.weights.size(); k++)
+                sum = sum + narrow.At(x, reach.first + int(k)) * reach.weights[k];
             result.At(x, y) = sum;
         }
     return result;
@@ -231,12 +230,12 @@ Canvas Placed(const Canvas& canvas, Vec2 pivot, float radians, float scale, int 
     const auto at = [&](int x, int y) {
         return x < 0 || y < 0 || x >= canvas.Width() || y >= canvas.Height() ? Pixel{} : canvas.At(x, y);
     };
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const Vec2 d = Vec2{static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f} - place;
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
+            const Vec2 d = Vec2{float(x) + 0.5f, float(y) + 0.5f} - place;
             const Vec2 from = pivot + Vec2{c * d.x + s * d.y, c * d.y - s * d.x} - Vec2{0.5f, 0.5f};
             const int ix = Floor(from.x), iy = Floor(from.y);
-            const float u = from.x - static_cast<float>(ix), v = from.y - static_cast<float>(iy);
+            const float u = from.x - float(ix), v = from.y - float(iy);
             result.At(x, y) = (at(ix, iy) * (1 - u) + at(ix + 1, iy) * u) * (1 - v) +
                               (at(ix, iy + 1) * (1 - u) + at(ix + 1, iy + 1) * u) * v;
         }

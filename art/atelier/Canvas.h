@@ -33,14 +33,8 @@ public:
     int Width() const { return width; }
     int Height() const { return height; }
     // No check: 0 <= x < Width(), 0 <= y < Height().
-    Pixel& At(int x, int y)
-    {
-        return pixels[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
-    }
-    const Pixel& At(int x, int y) const
-    {
-        return pixels[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
-    }
+    Pixel& At(int x, int y) { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
+    const Pixel& At(int x, int y) const { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
 
     // Masks have the size of the canvas. Amounts are clamped to 0..1 by Cover, not by Glaze and Light.
     Canvas& Ground(const std::function<Colour(float x, float y)>& f); // opaque, over the whole canvas

@@ -28,7 +28,7 @@ void ForEach(const std::vector<const Picture*>& pictures, const std::function<vo
             work(*pictures[i]);
     };
     std::vector<std::thread> others;
-    for (int i = 1; i < Threads && pictures.size() > 1; ++i)
+    for (int i = 1; i < Threads && pictures.size() > 1; i++)
         others.emplace_back(loop);
     loop();
     for (std::thread& thread : others)
@@ -64,15 +64,15 @@ Difference Compare(const Raster& a, const Raster& b)
 {
     Difference difference;
     size_t above = 0;
-    for (size_t i = 0; i < a.bytes.size(); ++i) {
+    for (size_t i = 0; i < a.bytes.size(); i++) {
         const int d = std::abs(a.bytes[i] - b.bytes[i]);
         difference.mean += d;
         difference.largest = std::max(difference.largest, d);
         above += d > LargestDifference ? 1 : 0;
     }
-    const double n = static_cast<double>(std::max<size_t>(a.bytes.size(), 1));
+    const double n = double(std::max<size_t>(a.bytes.size(), 1));
     difference.mean /= n;
-    difference.partAbove = static_cast<double>(above) / n;
+    difference.partAbove = double(above) / n;
     return difference;
 }
 
@@ -94,7 +94,7 @@ int PaintFiles(const std::vector<const Picture*>& pictures, const std::string& f
             std::printf("%6.2f s %8zu bytes  %s\n", Seconds(start), bytes.size(), path.c_str());
         } else {
             std::fprintf(stderr, "atelier: cannot write %s\n", path.c_str());
-            ++failures;
+            failures++;
         }
     });
     return failures == 0 ? 0 : 1;
@@ -130,7 +130,7 @@ int VerifyFiles(const std::vector<const Picture*>& pictures)
         const std::lock_guard<std::mutex> lock(speaking);
         if (!word.empty()) {
             std::fprintf(stderr, "atelier: %s %s\n", picture.file, word.c_str());
-            ++failures;
+            failures++;
         } else {
             std::printf("same  %s%s%s\n", picture.file, figures[0] != 0 ? ", within tolerance, " : "",
                         figures);

@@ -17,25 +17,23 @@ void DryBrush::Stroke(const Line& line, float pressure)
     if (line.size() < 2 || length <= 0)
         return;
     std::vector<Vec2> normals(line.size());
-    for (size_t i = 0; i < line.size(); ++i) {
+    for (size_t i = 0; i < line.size(); i++) {
         const Vec2 d = Normalised(line[std::min(i + 1, line.size() - 1)] - line[i > 0 ? i - 1 : 0]);
         normals[i] = {-d.y, d.x};
     }
     const Noise noise(seed + 0x2545f4u * ++strokes);
-    for (int k = 0; k < bristles.count; ++k) {
-        const float u = bristles.count > 1 ? (static_cast<float>(k) + dice.Range(-0.4f, 0.4f)) /
-                                                     static_cast<float>(bristles.count - 1) * 2 -
-                                                 1
-                                           : 0;
+    for (int k = 0; k < bristles.count; k++) {
+        const float u =
+            bristles.count > 1 ? (float(k) + dice.Range(-0.4f, 0.4f)) / float(bristles.count - 1) * 2 - 1 : 0;
         const float start = bristles.ragged * dice.Unit() * dice.Unit();
         const float end = 1 - bristles.ragged * dice.Unit();
         const float half = bristles.thickness / 2 * dice.Range(0.5f, 1.4f);
-        const float row = static_cast<float>(k) * 3.7f;
+        const float row = float(k) * 3.7f;
         const float share = bristles.load * pressure * dice.Range(0.65f, 1.25f);
         float gone = 0;
         Vec2 last;
         bool down = false;
-        for (size_t i = 0; i < line.size(); ++i) {
+        for (size_t i = 0; i < line.size(); i++) {
             if (i > 0)
                 gone += Length(line[i] - line[i - 1]);
             const float t = gone / length;

@@ -49,11 +49,11 @@ bool DecodeJpeg(const std::string& bytes, Raster& raster)
     jpeg_read_header(&info, TRUE);
     info.out_color_space = JCS_RGB;
     jpeg_start_decompress(&info);
-    raster.width = static_cast<int>(info.output_width);
-    raster.height = static_cast<int>(info.output_height);
+    raster.width = int(info.output_width);
+    raster.height = int(info.output_height);
     raster.channels = 3;
-    const size_t stride = static_cast<size_t>(raster.width) * 3;
-    raster.bytes.assign(stride * static_cast<size_t>(raster.height), 0);
+    const size_t stride = size_t(raster.width) * 3;
+    raster.bytes.assign(stride * size_t(raster.height), 0);
     while (info.output_scanline < info.output_height) {
         JSAMPROW row = raster.bytes.data() + stride * info.output_scanline;
         jpeg_read_scanlines(&info, &row, 1);
@@ -71,8 +71,8 @@ bool DecodePng(const std::string& bytes, Raster& raster)
         return false;
     const bool alpha = (image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
     image.format = alpha ? PNG_FORMAT_RGBA : PNG_FORMAT_RGB;
-    raster.width = static_cast<int>(image.width);
-    raster.height = static_cast<int>(image.height);
+    raster.width = int(image.width);
+    raster.height = int(image.height);
     raster.channels = alpha ? 4 : 3;
     if (raster.width > LargestSide || raster.height > LargestSide) {
         png_image_free(&image);
@@ -106,12 +106,12 @@ std::string EncodedJpeg(const Raster& raster)
     jpeg_set_quality(&info, JpegQuality, TRUE);
     info.dct_method = JDCT_ISLOW; // the same integers everywhere
     info.optimize_coding = TRUE;
-    for (int i = 0; i < info.num_components; ++i) {
+    for (int i = 0; i < info.num_components; i++) {
         info.comp_info[i].h_samp_factor = 1;
         info.comp_info[i].v_samp_factor = 1;
     }
     jpeg_start_compress(&info, TRUE);
-    const size_t stride = static_cast<size_t>(raster.width) * 3;
+    const size_t stride = size_t(raster.width) * 3;
     while (info.next_scanline < info.image_height) {
         JSAMPROW row = const_cast<JSAMPROW>(raster.bytes.data() + stride * info.next_scanline);
         jpeg_write_scanlines(&info, &row, 1);

@@ -12,7 +12,7 @@ namespace
 // A dither that looks like fine grain: interleaved gradient noise, -0.5 to 0.5.
 float Grain(int x, int y)
 {
-    const float inner = Fraction(0.06711056f * static_cast<float>(x) + 0.00583715f * static_cast<float>(y));
+    const float inner = Fraction(0.06711056f * float(x) + 0.00583715f * float(y));
     return Fraction(52.9829189f * inner) - 0.5f;
 }
 
@@ -21,7 +21,7 @@ unsigned char Level(float screen, float grain)
     const float level = screen * 255;
     if (level <= 0.25f)
         return 0;
-    return static_cast<unsigned char>(Clamp(static_cast<float>(Floor(level + 0.5f + grain * 0.9f)), 0, 255));
+    return static_cast<unsigned char>(Clamp(float(Floor(level + 0.5f + grain * 0.9f)), 0, 255));
 }
 
 // Fills in what is transparent from what lies near it: halves the picture again and again, keeping colours
@@ -33,10 +33,10 @@ void BleedColour(Canvas& canvas)
         return;
     const int width = std::max(1, (canvas.Width() + 1) / 2), height = std::max(1, (canvas.Height() + 1) / 2);
     Canvas coarse(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             Pixel sum;
-            for (int k = 0; k < 4; ++k) {
+            for (int k = 0; k < 4; k++) {
                 const int sx = std::min(2 * x + (k & 1), canvas.Width() - 1),
                           sy = std::min(2 * y + (k >> 1), canvas.Height() - 1);
                 const Pixel& p = canvas.At(sx, sy);
@@ -47,8 +47,8 @@ void BleedColour(Canvas& canvas)
             coarse.At(x, y) = {sum.r * scale, sum.g * scale, sum.b * scale, sum.a * scale};
         }
     BleedColour(coarse);
-    for (int y = 0; y < canvas.Height(); ++y)
-        for (int x = 0; x < canvas.Width(); ++x) {
+    for (int y = 0; y < canvas.Height(); y++)
+        for (int x = 0; x < canvas.Width(); x++) {
             Pixel& p = canvas.At(x, y);
             const Pixel& under = coarse.At(x / 2, y / 2);
             const float rest = 1 - Min(p.a, 1);
@@ -61,13 +61,12 @@ void BleedColour(Canvas& canvas)
 Raster Finished(const Canvas& canvas, int channels)
 {
     Raster raster{canvas.Width(), canvas.Height(), channels, {}};
-    raster.bytes.reserve(static_cast<size_t>(canvas.Width()) * static_cast<size_t>(canvas.Height()) *
-                         static_cast<size_t>(channels));
+    raster.bytes.reserve(size_t(canvas.Width()) * size_t(canvas.Height()) * size_t(channels));
     Canvas colours = canvas;
     if (channels == 4)
         BleedColour(colours);
-    for (int y = 0; y < canvas.Height(); ++y)
-        for (int x = 0; x < canvas.Width(); ++x) {
+    for (int y = 0; y < canvas.Height(); y++)
+        for (int x = 0; x < canvas.Width(); x++) {
             const Pixel& p = colours.At(x, y);
             const float straight = channels == 4 && p.a > 0 ? 1 / p.a : 1;
             const float grain = Grain(x, y);
@@ -85,8 +84,8 @@ Raster Finished(const Canvas& canvas, int channels)
 Canvas Grey(const Mask& mask)
 {
     Canvas canvas(mask.Width(), mask.Height());
-    for (int y = 0; y < mask.Height(); ++y)
-        for (int x = 0; x < mask.Width(); ++x) {
+    for (int y = 0; y < mask.Height(); y++)
+        for (int x = 0; x < mask.Width(); x++) {
             const float level = FromScreen(Clamp(mask.At(x, y)));
             canvas.At(x, y) = {level, level, level, 1};
         }

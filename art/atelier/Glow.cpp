@@ -12,9 +12,9 @@ void GlowAt(Canvas& canvas, Vec2 place, float radius, float reach, const Light& 
               right = std::min(canvas.Width() - 1, Floor(place.x + reach));
     const int top = std::max(0, Floor(place.y - reach)),
               bottom = std::min(canvas.Height() - 1, Floor(place.y + reach));
-    for (int y = top; y <= bottom; ++y)
-        for (int x = left; x <= right; ++x) {
-            const float d = Length(Vec2{static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f} - place);
+    for (int y = top; y <= bottom; y++)
+        for (int x = left; x <= right; x++) {
+            const float d = Length(Vec2{float(x) + 0.5f, float(y) + 0.5f} - place);
             const float core = Smooth(radius * 1.25f, radius * 0.75f, d);
             const float far = d / reach;
             const float near = d / Max(radius, 0.5f);

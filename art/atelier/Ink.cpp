@@ -26,9 +26,9 @@ void Ink::Piece(Vec2 a, float halfA, Vec2 b, float halfB, float dryness)
     }
     const Vec2 way = b - a;
     const float square = Dot(way, way);
-    for (int y = top; y <= bottom; ++y)
-        for (int x = left; x <= right; ++x) {
-            const Vec2 p = Vec2{static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f} - a;
+    for (int y = top; y <= bottom; y++)
+        for (int x = left; x <= right; x++) {
+            const Vec2 p = Vec2{float(x) + 0.5f, float(y) + 0.5f} - a;
             const float t = square > 0 ? Clamp(Dot(p, way) / square) : 0;
             const float half = Mix(halfA, halfB, t);
             float cover = Clamp(half + 0.5f - Length(p - way * t));
@@ -44,8 +44,7 @@ void Ink::Piece(Vec2 a, float halfA, Vec2 b, float halfB, float dryness)
             float& value = fresh.At(column, row);
             if (cover > value) {
                 if (value == 0)
-                    touched.push_back(static_cast<size_t>(row) * static_cast<size_t>(sheet.Width()) +
-                                      static_cast<size_t>(column));
+                    touched.push_back(size_t(row) * size_t(sheet.Width()) + size_t(column));
                 value = cover;
             }
         }
@@ -54,8 +53,8 @@ void Ink::Piece(Vec2 a, float halfA, Vec2 b, float halfB, float dryness)
 void Ink::Dry(float amount)
 {
     for (const size_t i : touched) {
-        const int x = static_cast<int>(i % static_cast<size_t>(sheet.Width()));
-        const int y = static_cast<int>(i / static_cast<size_t>(sheet.Width()));
+        const int x = int(i % size_t(sheet.Width()));
+        const int y = int(i / size_t(sheet.Width()));
         sheet.At(x, y) = 1 - (1 - sheet.At(x, y)) * (1 - fresh.At(x, y) * amount);
         fresh.At(x, y) = 0;
     }

@@ -19,8 +19,8 @@ void AppendPiece(Line& line, Vec2 a, Vec2 b, Vec2 c, Vec2 d, float spacing)
     const float tc = tb + Max(Sqrt(Length(c - b)), 0.01f);
     const float td = tc + Max(Sqrt(Length(d - c)), 0.01f);
     const int steps = std::max(1, Floor(Length(c - b) / spacing + 0.5f));
-    for (int i = 0; i < steps; ++i) {
-        const float t = tb + (tc - tb) * static_cast<float>(i) / static_cast<float>(steps);
+    for (int i = 0; i < steps; i++) {
+        const float t = tb + (tc - tb) * float(i) / float(steps);
         const Vec2 ab = Mix(a, b, (t - ta) / (tb - ta));
         const Vec2 bc = Mix(b, c, (t - tb) / (tc - tb));
         const Vec2 cd = Mix(c, d, (t - tc) / (td - tc));
@@ -38,7 +38,7 @@ struct Place {
 Place Find(const Line& line, float t)
 {
     float left = Clamp(t) * LengthOf(line);
-    for (size_t i = 0; i + 1 < line.size(); ++i) {
+    for (size_t i = 0; i + 1 < line.size(); i++) {
         const float piece = Length(line[i + 1] - line[i]);
         if (left <= piece)
             return {i, piece > 0 ? left / piece : 0};
@@ -55,7 +55,7 @@ Line Through(const std::vector<Vec2>& points, float spacing)
     if (points.size() < 2)
         return points;
     const size_t last = points.size() - 1;
-    for (size_t i = 0; i < last; ++i) {
+    for (size_t i = 0; i < last; i++) {
         const Vec2 b = points[i], c = points[i + 1];
         const Vec2 a = i > 0 ? points[i - 1] : b + (b - c);
         const Vec2 d = i + 1 < last ? points[i + 2] : c + (c - b);
@@ -71,7 +71,7 @@ Line Round(const std::vector<Vec2>& points, float spacing)
     const size_t n = points.size();
     if (n < 3)
         return points;
-    for (size_t i = 0; i < n; ++i)
+    for (size_t i = 0; i < n; i++)
         AppendPiece(line, points[(i + n - 1) % n], points[i], points[(i + 1) % n], points[(i + 2) % n],
                     spacing);
     line.push_back(line.front());
@@ -83,10 +83,10 @@ Line Straight(const std::vector<Vec2>& points, float spacing)
     Line line;
     if (points.empty())
         return line;
-    for (size_t i = 0; i + 1 < points.size(); ++i) {
+    for (size_t i = 0; i + 1 < points.size(); i++) {
         const int steps = std::max(1, Floor(Length(points[i + 1] - points[i]) / spacing + 0.5f));
-        for (int k = 0; k < steps; ++k)
-            line.push_back(Mix(points[i], points[i + 1], static_cast<float>(k) / static_cast<float>(steps)));
+        for (int k = 0; k < steps; k++)
+            line.push_back(Mix(points[i], points[i + 1], float(k) / float(steps)));
     }
     line.push_back(points.back());
     return line;
@@ -94,10 +94,10 @@ Line Straight(const std::vector<Vec2>& points, float spacing)
 
 Line Arc(Vec2 centre, float radiusX, float radiusY, float from, float to, float spacing)
 {
-    const int steps = std::max(8, static_cast<int>(Max(radiusX, radiusY) * Abs(to - from) / spacing));
+    const int steps = std::max(8, int(Max(radiusX, radiusY) * Abs(to - from) / spacing));
     Line line;
-    for (int i = 0; i <= steps; ++i) {
-        const float a = Mix(from, to, static_cast<float>(i) / static_cast<float>(steps));
+    for (int i = 0; i <= steps; i++) {
+        const float a = Mix(from, to, float(i) / float(steps));
         line.push_back({centre.x + radiusX * Cos(a), centre.y + radiusY * Sin(a)});
     }
     return line;
@@ -111,7 +111,7 @@ Line Ellipse(Vec2 centre, float radiusX, float radiusY, float turned)
 float LengthOf(const Line& line)
 {
     float length = 0;
-    for (size_t i = 0; i + 1 < line.size(); ++i)
+    for (size_t i = 0; i + 1 < line.size(); i++)
         length += Length(line[i + 1] - line[i]);
     return length;
 }
@@ -139,7 +139,7 @@ Line Part(const Line& line, float t0, float t1)
         return part;
     const Place first = Find(line, t0), last = Find(line, t1);
     part.push_back(PointAt(line, t0));
-    for (size_t i = first.index + 1; i <= last.index; ++i)
+    for (size_t i = first.index + 1; i <= last.index; i++)
         part.push_back(line[i]);
     part.push_back(PointAt(line, t1));
     return part;
@@ -181,7 +181,7 @@ Line Mirrored(Line line, float axisX)
 Line Beside(const Line& line, float by)
 {
     Line result = line;
-    for (size_t i = 0; i < line.size(); ++i) {
+    for (size_t i = 0; i < line.size(); i++) {
         const Vec2 before = line[i > 0 ? i - 1 : 0], after = line[std::min(i + 1, line.size() - 1)];
         const Vec2 d = Normalised(after - before);
         result[i] = line[i] + Vec2{-d.y, d.x} * by;
@@ -194,7 +194,7 @@ Line Shaken(const Line& line, float by, float wave, uint32_t seed)
     const Noise noise(seed);
     Line result = line;
     float way = 0;
-    for (size_t i = 0; i < line.size(); ++i) {
+    for (size_t i = 0; i < line.size(); i++) {
         if (i > 0)
             way += Length(line[i] - line[i - 1]);
         result[i] = line[i] + Vec2{noise.Fbm(way / wave, 0.37f, 2), noise.Fbm(way / wave, 53.1f, 2)} * by;
@@ -207,7 +207,7 @@ Line Limb(const Line& spine, float startHalf, float middleHalf, float endHalf)
     Line left, right;
     const float length = Max(LengthOf(spine), 0.001f);
     float way = 0;
-    for (size_t i = 0; i < spine.size(); ++i) {
+    for (size_t i = 0; i < spine.size(); i++) {
         if (i > 0)
             way += Length(spine[i] - spine[i - 1]);
         const Vec2 before = spine[i > 0 ? i - 1 : 0], after = spine[std::min(i + 1, spine.size() - 1)];

@@ -16,14 +16,14 @@ class Coverage
 public:
     Coverage(int leftOfBox, int topOfBox, int widthOfBox, int heightOfBox)
         : left(leftOfBox), top(topOfBox), width(widthOfBox), height(heightOfBox),
-          areas(static_cast<size_t>(widthOfBox + 2) * static_cast<size_t>(heightOfBox), 0.0f)
+          areas(size_t(widthOfBox + 2) * size_t(heightOfBox), 0.0f)
     {
     }
 
     void Edge(Vec2 a, Vec2 b)
     {
-        a = a - Vec2{static_cast<float>(left), static_cast<float>(top)};
-        b = b - Vec2{static_cast<float>(left), static_cast<float>(top)};
+        a = a - Vec2{float(left), float(top)};
+        b = b - Vec2{float(left), float(top)};
         const float sign = a.y < b.y ? 1.0f : -1.0f;
         if (sign < 0)
             std::swap(a, b);
@@ -31,20 +31,20 @@ public:
             return;
         const float slope = (b.x - a.x) / (b.y - a.y);
         const int first = std::max(0, Floor(a.y)), last = std::min(height - 1, Floor(b.y));
-        for (int row = first; row <= last; ++row) {
-            const float y0 = Max(a.y, static_cast<float>(row)), y1 = Min(b.y, static_cast<float>(row + 1));
+        for (int row = first; row <= last; row++) {
+            const float y0 = Max(a.y, float(row)), y1 = Min(b.y, float(row + 1));
             if (y1 > y0)
                 Cut(row, a.x + (y0 - a.y) * slope, a.x + (y1 - a.y) * slope, (y1 - y0) * sign);
         }
     }
 
-    float* Row(int row) { return &areas[static_cast<size_t>(width + 2) * static_cast<size_t>(row)]; }
+    float* Row(int row) { return &areas[size_t(width + 2) * size_t(row)]; }
 
 private:
     // An edge piece within one row, from x0 to x1, over a height of dy.
     void Cut(int row, float x0, float x1, float dy)
     {
-        const float end = static_cast<float>(width);
+        const float end = float(width);
         x0 = Clamp(x0, 0, end);
         x1 = Clamp(x1, 0, end);
         if (x1 < x0)
@@ -52,16 +52,16 @@ private:
         float* cells = Row(row);
         const int first = Floor(x0), last = Floor(x1);
         if (first == last) {
-            const float mean = (x0 + x1) / 2 - static_cast<float>(first);
+            const float mean = (x0 + x1) / 2 - float(first);
             cells[first] += dy * (1 - mean);
             cells[first + 1] += dy * mean;
             return;
         }
         const float perPixel = dy / (x1 - x0);
-        for (int i = first; i <= last; ++i) {
-            const float from = Max(x0, static_cast<float>(i)), to = Min(x1, static_cast<float>(i + 1));
+        for (int i = first; i <= last; i++) {
+            const float from = Max(x0, float(i)), to = Min(x1, float(i + 1));
             const float part = (to - from) * perPixel;
-            const float mean = (from + to) / 2 - static_cast<float>(i);
+            const float mean = (from + to) / 2 - float(i);
             cells[i] += part * (1 - mean);
             cells[i + 1] += part * mean;
         }
@@ -74,18 +74,16 @@ private:
 // One pass of a running mean along a line of n values that lie `step` apart. Three passes make a bell.
 void RunningMean(float* line, size_t step, int n, int half, bool wraps, std::vector<float>& copy)
 {
-    copy.resize(static_cast<size_t>(n));
-    for (int i = 0; i < n; ++i)
-        copy[static_cast<size_t>(i)] = line[static_cast<size_t>(i) * step];
-    const auto at = [&](int i) {
-        return copy[static_cast<size_t>(wraps ? Wrap(i, n) : std::clamp(i, 0, n - 1))];
-    };
+    copy.resize(size_t(n));
+    for (int i = 0; i < n; i++)
+        copy[size_t(i)] = line[size_t(i) * step];
+    const auto at = [&](int i) { return copy[size_t(wraps ? Wrap(i, n) : std::clamp(i, 0, n - 1))]; };
     double sum = 0;
-    for (int i = -half; i <= half; ++i)
+    for (int i = -half; i <= half; i++)
         sum += at(i);
     const double part = 1.0 / (2 * half + 1);
-    for (int i = 0; i < n; ++i) {
-        line[static_cast<size_t>(i) * step] = static_cast<float>(sum * part);
+    for (int i = 0; i < n; i++) {
+        line[size_t(i) * step] = float(sum * part);
         sum += at(i + half + 1) - at(i - half);
     }
 }
@@ -99,32 +97,31 @@ void Envelope(const std::vector<float>& f, std::vector<float>& d, int n, std::ve
     z[0] = -1e20f;
     z[1] = 1e20f;
     const auto meet = [&](int q, int p) {
-        const float fq = static_cast<float>(q), fp = static_cast<float>(p);
-        return ((f[static_cast<size_t>(q)] + fq * fq) - (f[static_cast<size_t>(p)] + fp * fp)) /
-               (2 * fq - 2 * fp);
+        const float fq = float(q), fp = float(p);
+        return ((f[size_t(q)] + fq * fq) - (f[size_t(p)] + fp * fp)) / (2 * fq - 2 * fp);
     };
-    for (int q = 1; q < n; ++q) {
-        float s = meet(q, v[static_cast<size_t>(k)]);
-        while (k > 0 && s <= z[static_cast<size_t>(k)]) {
+    for (int q = 1; q < n; q++) {
+        float s = meet(q, v[size_t(k)]);
+        while (k > 0 && s <= z[size_t(k)]) {
             --k;
-            s = meet(q, v[static_cast<size_t>(k)]);
+            s = meet(q, v[size_t(k)]);
         }
-        if (s <= z[static_cast<size_t>(k)]) {
-            v[static_cast<size_t>(k)] = q;
-            z[static_cast<size_t>(k + 1)] = 1e20f;
+        if (s <= z[size_t(k)]) {
+            v[size_t(k)] = q;
+            z[size_t(k + 1)] = 1e20f;
             continue;
         }
-        ++k;
-        v[static_cast<size_t>(k)] = q;
-        z[static_cast<size_t>(k)] = s;
-        z[static_cast<size_t>(k + 1)] = 1e20f;
+        k++;
+        v[size_t(k)] = q;
+        z[size_t(k)] = s;
+        z[size_t(k + 1)] = 1e20f;
     }
     k = 0;
-    for (int q = 0; q < n; ++q) {
-        while (z[static_cast<size_t>(k + 1)] < static_cast<float>(q))
-            ++k;
-        const float way = static_cast<float>(q - v[static_cast<size_t>(k)]);
-        d[static_cast<size_t>(q)] = way * way + f[static_cast<size_t>(v[static_cast<size_t>(k)])];
+    for (int q = 0; q < n; q++) {
+        while (z[size_t(k + 1)] < float(q))
+            k++;
+        const float way = float(q - v[size_t(k)]);
+        d[size_t(q)] = way * way + f[size_t(v[size_t(k)])];
     }
 }
 
@@ -132,7 +129,7 @@ void Envelope(const std::vector<float>& f, std::vector<float>& d, int n, std::ve
 
 Mask::Mask(int widthGiven, int heightGiven, float amount, bool wrapsGiven)
     : width(widthGiven), height(heightGiven), wraps(wrapsGiven),
-      values(static_cast<size_t>(widthGiven) * static_cast<size_t>(heightGiven), amount)
+      values(size_t(widthGiven) * size_t(heightGiven), amount)
 {
 }
 
@@ -141,7 +138,7 @@ float Mask::Sample(float x, float y) const
     x -= 0.5f;
     y -= 0.5f;
     int x0 = Floor(x), y0 = Floor(y);
-    const float u = x - static_cast<float>(x0), v = y - static_cast<float>(y0);
+    const float u = x - float(x0), v = y - float(y0);
     int x1 = x0 + 1, y1 = y0 + 1;
     if (wraps) {
         x0 = Wrap(x0, width);
@@ -160,28 +157,27 @@ float Mask::Sample(float x, float y) const
 Mask& Mask::Each(const std::function<float(float x, float y)>& f, int step)
 {
     if (step <= 1) {
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                At(x, y) = f(static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f);
+        for (int y = 0; y < height; y++)
+            for (int x = 0; x < width; x++)
+                At(x, y) = f(float(x) + 0.5f, float(y) + 0.5f);
         return *this;
     }
     // Knots at every step-th pixel and one row and column beyond the last.
     const int columns = (width - 1) / step + 2, rows = (height - 1) / step + 2;
     std::vector<float> upper(static_cast<size_t>(columns)), lower(upper);
     const auto ask = [&](int row, std::vector<float>& knots) {
-        for (int i = 0; i < columns; ++i)
-            knots[static_cast<size_t>(i)] =
-                f(static_cast<float>(i * step) + 0.5f, static_cast<float>(row * step) + 0.5f);
+        for (int i = 0; i < columns; i++)
+            knots[size_t(i)] = f(float(i * step) + 0.5f, float(row * step) + 0.5f);
     };
     ask(0, lower);
-    for (int row = 0; row + 1 < rows; ++row) {
+    for (int row = 0; row + 1 < rows; row++) {
         std::swap(upper, lower);
         ask(row + 1, lower);
-        for (int y = row * step; y < std::min((row + 1) * step, height); ++y) {
-            const float v = static_cast<float>(y - row * step) / static_cast<float>(step);
-            for (int x = 0; x < width; ++x) {
-                const size_t i = static_cast<size_t>(x / step);
-                const float u = static_cast<float>(x % step) / static_cast<float>(step);
+        for (int y = row * step; y < std::min((row + 1) * step, height); y++) {
+            const float v = float(y - row * step) / float(step);
+            for (int x = 0; x < width; x++) {
+                const size_t i = size_t(x / step);
+                const float u = float(x % step) / float(step);
                 At(x, y) = Mix(Mix(upper[i], upper[i + 1], u), Mix(lower[i], lower[i + 1], u), v);
             }
         }
@@ -191,10 +187,10 @@ Mask& Mask::Each(const std::function<float(float x, float y)>& f, int step)
 
 Mask& Mask::By(const std::function<float(float x, float y)>& f)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
             if (At(x, y) != 0)
-                At(x, y) *= f(static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f);
+                At(x, y) *= f(float(x) + 0.5f, float(y) + 0.5f);
     return *this;
 }
 
@@ -219,13 +215,13 @@ Mask& Mask::Fill(const Shape& shape, float amount)
         if (right <= left || bottom <= top)
             continue;
         Coverage coverage(left, top, right - left, bottom - top);
-        for (size_t i = 0; i < outline.size(); ++i)
+        for (size_t i = 0; i < outline.size(); i++)
             coverage.Edge(outline[i], outline[(i + 1) % outline.size()]);
-        for (int y = top; y < bottom; ++y) {
+        for (int y = top; y < bottom; y++) {
             const float* areas = coverage.Row(y - top);
             float sum = 0;
             const int row = wraps ? Wrap(y, height) : y;
-            for (int x = left; x < right; ++x) {
+            for (int x = left; x < right; x++) {
                 sum += areas[x - left];
                 float& value = At(wraps ? Wrap(x, width) : x, row);
                 value = Max(value, amount * Min(Abs(sum), 1));
@@ -248,17 +244,17 @@ Mask& Mask::Blur(float radius)
     const float ideal = Sqrt(4 * radius * radius + 1);
     const int small = std::max(0, (Floor(ideal) - 1) / 2);
     const int large = small + 1;
-    const float smallVariance = static_cast<float>((2 * small + 1) * (2 * small + 1) - 1) / 12;
-    const float largeVariance = static_cast<float>((2 * large + 1) * (2 * large + 1) - 1) / 12;
+    const float smallVariance = float((2 * small + 1) * (2 * small + 1) - 1) / 12;
+    const float largeVariance = float((2 * large + 1) * (2 * large + 1) - 1) / 12;
     const float wanted = radius * radius;
     const int ofLarge =
         std::clamp(Floor((wanted - 3 * smallVariance) / (largeVariance - smallVariance) + 0.5f), 0, 3);
     std::vector<float> copy;
-    for (int pass = 0; pass < 3; ++pass) {
+    for (int pass = 0; pass < 3; pass++) {
         const int half = pass < ofLarge ? large : small;
         if (half == 0)
             continue;
-        for (int y = 0; y < height; ++y)
+        for (int y = 0; y < height; y++)
             RunningMean(&At(0, y), 1, width, half, wraps, copy);
     }
     // Columns in bundles of sixteen, so that a pass reads whole cache lines.
@@ -266,42 +262,38 @@ Mask& Mask::Blur(float radius)
     std::vector<float> bundle(static_cast<size_t>(Bundle) * static_cast<size_t>(height));
     for (int x = 0; x < width; x += Bundle) {
         const int n = std::min(Bundle, width - x);
-        for (int y = 0; y < height; ++y)
-            for (int i = 0; i < n; ++i)
-                bundle[static_cast<size_t>(i) * static_cast<size_t>(height) + static_cast<size_t>(y)] =
-                    At(x + i, y);
-        for (int i = 0; i < n; ++i)
-            for (int pass = 0; pass < 3; ++pass) {
+        for (int y = 0; y < height; y++)
+            for (int i = 0; i < n; i++)
+                bundle[size_t(i) * size_t(height) + size_t(y)] = At(x + i, y);
+        for (int i = 0; i < n; i++)
+            for (int pass = 0; pass < 3; pass++) {
                 const int half = pass < ofLarge ? large : small;
                 if (half > 0)
-                    RunningMean(&bundle[static_cast<size_t>(i) * static_cast<size_t>(height)], 1, height,
-                                half, wraps, copy);
+                    RunningMean(&bundle[size_t(i) * size_t(height)], 1, height, half, wraps, copy);
             }
-        for (int y = 0; y < height; ++y)
-            for (int i = 0; i < n; ++i)
-                At(x + i, y) =
-                    bundle[static_cast<size_t>(i) * static_cast<size_t>(height) + static_cast<size_t>(y)];
+        for (int y = 0; y < height; y++)
+            for (int i = 0; i < n; i++)
+                At(x + i, y) = bundle[size_t(i) * size_t(height) + size_t(y)];
     }
     return *this;
 }
 
 Mask& Mask::Shake(float by, float wave, uint32_t seed)
 {
-    const int periodX = wraps ? std::max(1, Floor(static_cast<float>(width) / wave + 0.5f)) : 0;
-    const int periodY = wraps ? std::max(1, Floor(static_cast<float>(height) / wave + 0.5f)) : 0;
+    const int periodX = wraps ? std::max(1, Floor(float(width) / wave + 0.5f)) : 0;
+    const int periodY = wraps ? std::max(1, Floor(float(height) / wave + 0.5f)) : 0;
     const Noise noise(seed, periodX, periodY), other(seed + 0x5bd1e995u, periodX, periodY);
-    const float sx = wraps ? static_cast<float>(periodX) / static_cast<float>(width) : 1 / wave;
-    const float sy = wraps ? static_cast<float>(periodY) / static_cast<float>(height) : 1 / wave;
+    const float sx = wraps ? float(periodX) / float(width) : 1 / wave;
+    const float sy = wraps ? float(periodY) / float(height) : 1 / wave;
     const int step = std::clamp(Floor(wave / 5), 1, 4);
     const Mask before = *this;
     const Mask dx =
         Mask(width, height).Each([&](float x, float y) { return noise.Fbm(x * sx, y * sy, 3); }, step);
     const Mask dy =
         Mask(width, height).Each([&](float x, float y) { return other.Fbm(x * sx, y * sy, 3); }, step);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            At(x, y) = before.Sample(static_cast<float>(x) + 0.5f + by * dx.At(x, y),
-                                     static_cast<float>(y) + 0.5f + by * dy.At(x, y));
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
+            At(x, y) = before.Sample(float(x) + 0.5f + by * dx.At(x, y), float(y) + 0.5f + by * dy.At(x, y));
     return *this;
 }
 
@@ -328,38 +320,38 @@ Mask& Mask::Invert()
 
 Mask& Mask::Multiply(const Mask& other)
 {
-    for (size_t i = 0; i < values.size(); ++i)
+    for (size_t i = 0; i < values.size(); i++)
         values[i] *= other.values[i];
     return *this;
 }
 
 Mask& Mask::Unite(const Mask& other)
 {
-    for (size_t i = 0; i < values.size(); ++i)
+    for (size_t i = 0; i < values.size(); i++)
         values[i] = Max(values[i], other.values[i]);
     return *this;
 }
 
 Mask& Mask::Screen(const Mask& other)
 {
-    for (size_t i = 0; i < values.size(); ++i)
+    for (size_t i = 0; i < values.size(); i++)
         values[i] = 1 - (1 - values[i]) * (1 - other.values[i]);
     return *this;
 }
 
 Mask& Mask::Subtract(const Mask& other)
 {
-    for (size_t i = 0; i < values.size(); ++i)
+    for (size_t i = 0; i < values.size(); i++)
         values[i] *= 1 - other.values[i];
     return *this;
 }
 
 Mask& Mask::FadeToBorder(float pixels)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const float fx = static_cast<float>(std::min(x, width - 1 - x)) - 1;
-            const float fy = static_cast<float>(std::min(y, height - 1 - y)) - 1;
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
+            const float fx = float(std::min(x, width - 1 - x)) - 1;
+            const float fy = float(std::min(y, height - 1 - y)) - 1;
             At(x, y) *= Smooth(0, pixels, fx) * Smooth(0, pixels, fy);
         }
     return *this;
@@ -368,28 +360,28 @@ Mask& Mask::FadeToBorder(float pixels)
 Mask Mask::Distance(bool inside, float reach) const
 {
     Mask result(width, height, 0, wraps);
-    const int margin = wraps ? std::min(std::max(width, height), static_cast<int>(Min(reach, 4096))) : 0;
+    const int margin = wraps ? std::min(std::max(width, height), int(Min(reach, 4096))) : 0;
     const int n = std::max(width, height) + 2 * margin;
     std::vector<float> f(static_cast<size_t>(n)), d(static_cast<size_t>(n)), z(static_cast<size_t>(n) + 1);
     std::vector<int> v(static_cast<size_t>(n));
     const float far = reach * reach;
-    for (size_t i = 0; i < values.size(); ++i)
+    for (size_t i = 0; i < values.size(); i++)
         result.values[i] = (values[i] >= 0.5f) == inside ? far : 0;
-    for (int x = 0; x < width; ++x) {
+    for (int x = 0; x < width; x++) {
         const int count = height + 2 * margin;
-        for (int i = 0; i < count; ++i)
-            f[static_cast<size_t>(i)] = result.At(x, Wrap(i - margin, height));
+        for (int i = 0; i < count; i++)
+            f[size_t(i)] = result.At(x, Wrap(i - margin, height));
         Envelope(f, d, count, v, z);
-        for (int y = 0; y < height; ++y)
-            result.At(x, y) = Min(d[static_cast<size_t>(y + margin)], far);
+        for (int y = 0; y < height; y++)
+            result.At(x, y) = Min(d[size_t(y + margin)], far);
     }
-    for (int y = 0; y < height; ++y) {
+    for (int y = 0; y < height; y++) {
         const int count = width + 2 * margin;
-        for (int i = 0; i < count; ++i)
-            f[static_cast<size_t>(i)] = result.At(Wrap(i - margin, width), y);
+        for (int i = 0; i < count; i++)
+            f[size_t(i)] = result.At(Wrap(i - margin, width), y);
         Envelope(f, d, count, v, z);
-        for (int x = 0; x < width; ++x)
-            result.At(x, y) = Sqrt(Min(d[static_cast<size_t>(x + margin)], far));
+        for (int x = 0; x < width; x++)
+            result.At(x, y) = Sqrt(Min(d[size_t(x + margin)], far));
     }
     return result;
 }

@@ -26,14 +26,8 @@ public:
     int Height() const { return height; }
     bool Wraps() const { return wraps; }
     // No check: 0 <= x < Width(), 0 <= y < Height().
-    float& At(int x, int y)
-    {
-        return values[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
-    }
-    float At(int x, int y) const
-    {
-        return values[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
-    }
+    float& At(int x, int y) { return values[size_t(y) * size_t(width) + size_t(x)]; }
+    float At(int x, int y) const { return values[size_t(y) * size_t(width) + size_t(x)]; }
     // Between the pixels; outside a mask that does not wrap its border pixels go on.
     float Sample(float x, float y) const;
 

@@ -36,7 +36,7 @@ float Slope(uint32_t hash, float x, float y)
 
 float Unit(uint32_t hash)
 {
-    return static_cast<float>(hash >> 8) * (1.0f / 16777216.0f);
+    return float(hash >> 8) * (1.0f / 16777216.0f);
 }
 
 } // namespace
@@ -52,8 +52,7 @@ uint32_t Noise::Hash(int x, int y, int level) const
         x = Wrap(x, periodX << level);
     if (periodY > 0)
         y = Wrap(y, periodY << level);
-    uint32_t h = seed ^ static_cast<uint32_t>(x) * 0x8DA6B343u ^ static_cast<uint32_t>(y) * 0xD8163841u ^
-                 static_cast<uint32_t>(level) * 0xCB1AB31Fu;
+    uint32_t h = seed ^ uint32_t(x) * 0x8DA6B343u ^ uint32_t(y) * 0xD8163841u ^ uint32_t(level) * 0xCB1AB31Fu;
     h = (h ^ (h >> 16)) * 0x7FEB352Du;
     h = (h ^ (h >> 15)) * 0x846CA68Bu;
     return h ^ (h >> 16);
@@ -64,7 +63,7 @@ float Noise::Value(float x, float y) const
     x += Shift;
     y += Shift;
     const int ix = Floor(x), iy = Floor(y);
-    const float u = Fade(x - static_cast<float>(ix)), v = Fade(y - static_cast<float>(iy));
+    const float u = Fade(x - float(ix)), v = Fade(y - float(iy));
     return Mix(Mix(Unit(Hash(ix, iy, 0)), Unit(Hash(ix + 1, iy, 0)), u),
                Mix(Unit(Hash(ix, iy + 1, 0)), Unit(Hash(ix + 1, iy + 1, 0)), u), v);
 }
@@ -74,7 +73,7 @@ float Noise::Level(float x, float y, int level) const
     x += Shift;
     y += Shift;
     const int ix = Floor(x), iy = Floor(y);
-    const float fx = x - static_cast<float>(ix), fy = y - static_cast<float>(iy);
+    const float fx = x - float(ix), fy = y - float(iy);
     const float u = Fade(fx), v = Fade(fy);
     const float upper =
         Mix(Slope(Hash(ix, iy, level), fx, fy), Slope(Hash(ix + 1, iy, level), fx - 1, fy), u);
@@ -91,7 +90,7 @@ float Noise::Gradient(float x, float y) const
 float Noise::Fbm(float x, float y, int octaves, float gain) const
 {
     float sum = 0, weight = 1, total = 0;
-    for (int level = 0; level < octaves; ++level) {
+    for (int level = 0; level < octaves; level++) {
         sum += weight * Level(x, y, level);
         total += weight;
         weight *= gain;
@@ -110,7 +109,7 @@ float Noise::Fbm(float x, float y, int octaves, float gain) const
 float Noise::Ridges(float x, float y, int octaves, float gain) const
 {
     float sum = 0, weight = 1, total = 0, above = 1;
-    for (int level = 0; level < octaves; ++level) {
+    for (int level = 0; level < octaves; level++) {
         float ridge = 1 - Clamp(Abs(Level(x, y, level)));
         ridge *= ridge;
         sum += weight * ridge * above;
@@ -133,11 +132,11 @@ Noise::Cell Noise::Worley(float x, float y) const
 {
     const int ix = Floor(x), iy = Floor(y);
     Cell cell = {9, 9, 0};
-    for (int dy = -2; dy <= 2; ++dy)
-        for (int dx = -2; dx <= 2; ++dx) {
+    for (int dy = -2; dy <= 2; dy++)
+        for (int dx = -2; dx <= 2; dx++) {
             const uint32_t h = Hash(ix + dx, iy + dy, 0);
-            const float px = static_cast<float>(ix + dx) + static_cast<float>(h & 0xFFFFu) / 65536.0f;
-            const float py = static_cast<float>(iy + dy) + static_cast<float>(h >> 16) / 65536.0f;
+            const float px = float(ix + dx) + float(h & 0xFFFFu) / 65536.0f;
+            const float py = float(iy + dy) + float(h >> 16) / 65536.0f;
             const float d = Length({px - x, py - y});
             if (d < cell.nearest) {
                 cell.second = cell.nearest;
@@ -153,8 +152,8 @@ Noise::Cell Noise::Worley(float x, float y) const
 Vec2 Noise::Warp(float x, float y, float by, int octaves) const
 {
     // The second field is the first one seen half a period away, which keeps the period.
-    const float sx = periodX > 0 ? static_cast<float>(periodX / 2) : 31.7f;
-    const float sy = periodY > 0 ? static_cast<float>((periodY + 1) / 2) : -17.9f;
+    const float sx = periodX > 0 ? float(periodX / 2) : 31.7f;
+    const float sy = periodY > 0 ? float((periodY + 1) / 2) : -17.9f;
     return {x + by * Fbm(x, y, octaves), y + by * Fbm(x + sx, y + sy, octaves)};
 }
 

@@ -24,13 +24,13 @@ Vec2 Normalised(Vec2 v)
 
 float Sin(float radians)
 {
-    const double turns = static_cast<double>(radians) * (1 / 3.14159265358979324);
-    const long half = static_cast<long>(turns + (turns < 0 ? -0.5 : 0.5));
-    const double r = (turns - static_cast<double>(half)) * 3.14159265358979324;
+    const double turns = double(radians) * (1 / 3.14159265358979324);
+    const long half = long(turns + (turns < 0 ? -0.5 : 0.5));
+    const double r = (turns - double(half)) * 3.14159265358979324;
     const double q = r * r;
     const double s =
         r * (1 + q * (-1.0 / 6 + q * (1.0 / 120 + q * (-1.0 / 5040 + q * (1.0 / 362880 - q / 39916800)))));
-    return static_cast<float>(half % 2 == 0 ? s : -s);
+    return float(half % 2 == 0 ? s : -s);
 }
 
 float Cos(float radians)
@@ -60,18 +60,18 @@ float Exp2(float x)
 {
     x = Clamp(x, -126, 126);
     const int whole = Floor(x + 0.5f);
-    const float f = x - static_cast<float>(whole);
+    const float f = x - float(whole);
     const float p =
         1 +
         f * (0.69314718f +
              f * (0.24022651f + f * (0.05550411f + f * (0.00961813f + f * (0.00133336f + f * 0.00015404f)))));
-    return p * std::bit_cast<float>(static_cast<uint32_t>(whole + 127) << 23);
+    return p * std::bit_cast<float>(uint32_t(whole + 127) << 23);
 }
 
 float Log2(float x)
 {
     const uint32_t bits = std::bit_cast<uint32_t>(x);
-    int exponent = static_cast<int>(bits >> 23) - 127;
+    int exponent = int(bits >> 23) - 127;
     float m = std::bit_cast<float>((bits & 0x7FFFFFu) | 0x3F800000u);
     if (m > 1.41421356f) {
         m *= 0.5f;
@@ -79,7 +79,7 @@ float Log2(float x)
     }
     const float t = (m - 1) / (m + 1);
     const float q = t * t;
-    return static_cast<float>(exponent) +
+    return float(exponent) +
            t * (2.88539008f + q * (0.96179669f + q * (0.57707802f + q * (0.41219858f + q * 0.32059890f))));
 }
 
@@ -92,8 +92,8 @@ uint32_t Dice::Next()
 {
     const uint64_t old = state;
     state = old * 6364136223846793005ull + 1442695040888963407ull;
-    const uint32_t word = static_cast<uint32_t>(((old >> 18) ^ old) >> 27);
-    return std::rotr(word, static_cast<int>(old >> 59));
+    const uint32_t word = uint32_t(((old >> 18) ^ old) >> 27);
+    return std::rotr(word, int(old >> 59));
 }
 
 } // namespace atelier

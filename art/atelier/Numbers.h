@@ -40,12 +40,12 @@ constexpr float Dot(Vec2 a, Vec2 b)
 
 constexpr int Floor(float x)
 {
-    const int i = static_cast<int>(x);
-    return i - (x < static_cast<float>(i) ? 1 : 0);
+    const int i = int(x);
+    return i - (x < float(i) ? 1 : 0);
 }
 constexpr float Fraction(float x)
 {
-    return x - static_cast<float>(Floor(x));
+    return x - float(Floor(x));
 }
 constexpr float Min(float a, float b)
 {
@@ -114,12 +114,9 @@ public:
     explicit Dice(uint32_t seed) : state(seed * 0x9E3779B97F4A7C15ull + 0x632BE59BD9B4E019ull) { Next(); }
 
     uint32_t Next();
-    float Unit()
-    {
-        return static_cast<float>(Next() >> 8) * (1.0f / 16777216.0f);
-    } // 0 up to, not including, 1
+    float Unit() { return float(Next() >> 8) * (1.0f / 16777216.0f); } // 0 up to, not including, 1
     float Range(float lo, float hi) { return lo + (hi - lo) * Unit(); }
-    int Below(int n) { return static_cast<int>(Next() % static_cast<uint32_t>(n)); } // 0 to n - 1
+    int Below(int n) { return int(Next() % uint32_t(n)); } // 0 to n - 1
     bool Chance(float p) { return Unit() < p; }
     float Bell()
     {

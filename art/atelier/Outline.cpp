@@ -18,21 +18,21 @@ class Tracer
 public:
     Tracer(const Mask& sheet, float threshold)
         : mask(sheet), level(threshold), columns(sheet.Width() + 2), rows(sheet.Height() + 2),
-          next(static_cast<size_t>(columns) * static_cast<size_t>(rows) * 2, -1)
+          next(size_t(columns) * size_t(rows) * 2, -1)
     {
-        for (int y = 0; y + 1 < rows; ++y)
-            for (int x = 0; x + 1 < columns; ++x)
+        for (int y = 0; y + 1 < rows; y++)
+            for (int x = 0; x + 1 < columns; x++)
                 Link(x, y);
     }
 
     std::vector<Line> Outlines()
     {
         std::vector<Line> outlines;
-        for (size_t first = 0; first < next.size(); ++first) {
+        for (size_t first = 0; first < next.size(); first++) {
             Line line;
-            for (int at = static_cast<int>(first); next[static_cast<size_t>(at)] >= 0;) {
+            for (int at = int(first); next[size_t(at)] >= 0;) {
                 line.push_back(PlaceOf(at));
-                at = std::exchange(next[static_cast<size_t>(at)], -1);
+                at = std::exchange(next[size_t(at)], -1);
             }
             if (!line.empty())
                 outlines.push_back(std::move(line));
@@ -58,7 +58,7 @@ private:
         const float here = AmountAt(x, y);
         const float there = down ? AmountAt(x, y + 1) : AmountAt(x + 1, y);
         const float t = (level - here) / (there - here);
-        return {static_cast<float>(x - 1) + (down ? 0 : t), static_cast<float>(y - 1) + (down ? t : 0)};
+        return {float(x - 1) + (down ? 0 : t), float(y - 1) + (down ? t : 0)};
     }
 
     // The outline runs with what is inside on its left. Two corners that touch only across a cell stay apart.
@@ -67,7 +67,7 @@ private:
         const int corners = (AmountAt(x, y) >= level) + 2 * (AmountAt(x + 1, y) >= level) +
                             4 * (AmountAt(x + 1, y + 1) >= level) + 8 * (AmountAt(x, y + 1) >= level);
         const int top = Across(x, y), bottom = Across(x, y + 1), left = Down(x, y), right = Down(x + 1, y);
-        const auto link = [this](int from, int to) { next[static_cast<size_t>(from)] = to; };
+        const auto link = [this](int from, int to) { next[size_t(from)] = to; };
         // clang-format off
         switch (corners) {
         case 1:  link(left, top);      break;
@@ -98,7 +98,7 @@ private:
 float AreaOf(const Line& line)
 {
     float twice = 0;
-    for (size_t i = 0; i < line.size(); ++i) {
+    for (size_t i = 0; i < line.size(); i++) {
         const Vec2 a = line[i], b = line[(i + 1) % line.size()];
         twice += a.x * b.y - b.x * a.y;
     }
@@ -121,7 +121,7 @@ void Keep(const Line& line, size_t first, size_t last, float tolerance, std::vec
 {
     size_t furthest = first;
     float distance = tolerance;
-    for (size_t i = first + 1; i < last; ++i) {
+    for (size_t i = first + 1; i < last; i++) {
         const float d = DistanceToPiece(line[i], line[first], line[last]);
         if (d > distance) {
             distance = d;
@@ -146,7 +146,7 @@ Line Simplified(const Line& line, float tolerance)
     Keep(closed, 0, middle, tolerance, kept);
     Keep(closed, middle, closed.size() - 1, tolerance, kept);
     Line result;
-    for (size_t i = 0; i + 1 < closed.size(); ++i)
+    for (size_t i = 0; i + 1 < closed.size(); i++)
         if (kept[i])
             result.push_back(closed[i]);
     return result;
@@ -170,8 +170,8 @@ std::string PathData(const std::vector<Line>& outlines, float scale)
         char step = 'M';
         for (const Vec2 place : line) {
             char text[64];
-            std::snprintf(text, sizeof text, "%c%.1f %.1f", step, static_cast<double>(place.x * scale),
-                          static_cast<double>(place.y * scale));
+            std::snprintf(text, sizeof text, "%c%.1f %.1f", step, double(place.x * scale),
+                          double(place.y * scale));
             data += text;
             step = 'L';
         }

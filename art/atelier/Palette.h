@@ -39,12 +39,12 @@ constexpr float FromScreen(float s)
 {
     if (s <= 0.04045f)
         return s / 12.92f;
-    const double x = (static_cast<double>(s) + 0.055) / 1.055;
+    const double x = (double(s) + 0.055) / 1.055;
     const double square = x * x;
     double root = 1;
-    for (int step = 0; step < 40; ++step)
+    for (int step = 0; step < 40; step++)
         root = (4 * root + square / (root * root * root * root)) / 5;
-    return static_cast<float>(square * root);
+    return float(square * root);
 }
 
 inline float ToScreen(float linear)
@@ -54,9 +54,8 @@ inline float ToScreen(float linear)
 
 constexpr Colour FromHex(uint32_t rgb)
 {
-    return {FromScreen(static_cast<float>(rgb >> 16 & 255) / 255),
-            FromScreen(static_cast<float>(rgb >> 8 & 255) / 255),
-            FromScreen(static_cast<float>(rgb & 255) / 255)};
+    return {FromScreen(float(rgb >> 16 & 255) / 255), FromScreen(float(rgb >> 8 & 255) / 255),
+            FromScreen(float(rgb & 255) / 255)};
 }
 
 namespace palette

@@ -18,14 +18,13 @@ constexpr int FibresPerMegapixel = 2600;
 // surroundings.
 void LayFibres(Mask& sheet, int count, Dice& dice)
 {
-    for (int i = 0; i < count; ++i) {
-        Vec2 place = {dice.Range(0, static_cast<float>(sheet.Width())),
-                      dice.Range(0, static_cast<float>(sheet.Height()))};
+    for (int i = 0; i < count; i++) {
+        Vec2 place = {dice.Range(0, float(sheet.Width())), dice.Range(0, float(sheet.Height()))};
         float heading = dice.Range(0, 2 * Pi);
         const float bend = dice.Range(-0.06f, 0.06f), sign = dice.Chance(0.55f) ? 1.0f : -1.0f;
         const int length = 8 + dice.Below(34);
-        for (int step = 0; step < length; ++step) {
-            const float swell = Sin(Pi * static_cast<float>(step) / static_cast<float>(length));
+        for (int step = 0; step < length; step++) {
+            const float swell = Sin(Pi * float(step) / float(length));
             sheet.At(Wrap(Floor(place.x), sheet.Width()), Wrap(Floor(place.y), sheet.Height())) +=
                 sign * swell;
             place = place + Vec2{Cos(heading), Sin(heading)};
@@ -45,14 +44,14 @@ Paper::Paper(int periodGiven, uint32_t seed) : period(periodGiven)
     Mask fibres(period, period, 0, true);
     LayFibres(fibres, FibresPerMegapixel * (period * period / 1024) / 1024, dice);
     fibres.Blur(0.6f);
-    heights.resize(static_cast<size_t>(period) * static_cast<size_t>(period));
+    heights.resize(size_t(period) * size_t(period));
     ages.resize(heights.size());
-    for (int y = 0; y < period; ++y)
-        for (int x = 0; x < period; ++x) {
-            const float fx = static_cast<float>(x) + 0.5f, fy = static_cast<float>(y) + 0.5f;
+    for (int y = 0; y < period; y++)
+        for (int x = 0; x < period; x++) {
+            const float fx = float(x) + 0.5f, fy = float(y) + 0.5f;
             const float bumps = tooth.Fbm(fx / ToothPixels, fy / ToothPixels, 3, 0.8f);
             const float specks = grain.Gradient(fx / GrainPixels, fy / GrainPixels);
-            const size_t i = static_cast<size_t>(y) * static_cast<size_t>(period) + static_cast<size_t>(x);
+            const size_t i = size_t(y) * size_t(period) + size_t(x);
             heights[i] =
                 Clamp(0.5f + 0.5f * (ToothPart * bumps + GrainPart * specks + FibrePart * fibres.At(x, y)));
             ages[i] = Clamp(clouds.Fbm(fx / CloudPixels, fy / CloudPixels, 4), -1, 1);
@@ -61,16 +60,15 @@ Paper::Paper(int periodGiven, uint32_t seed) : period(periodGiven)
 
 float Paper::Age(int x, int y) const
 {
-    return ages[static_cast<size_t>(y & (period - 1)) * static_cast<size_t>(period) +
-                static_cast<size_t>(x & (period - 1))];
+    return ages[size_t(y & (period - 1)) * size_t(period) + size_t(x & (period - 1))];
 }
 
 void Paper::Sheet(Canvas& canvas, Colour tint, float contrast) const
 {
     // Old paper is warmer and darker.
     const Colour old = tint * Colour{0.94f, 0.86f, 0.72f};
-    for (int y = 0; y < canvas.Height(); ++y)
-        for (int x = 0; x < canvas.Width(); ++x) {
+    for (int y = 0; y < canvas.Height(); y++)
+        for (int x = 0; x < canvas.Width(); x++) {
             const float age = Clamp(0.35f + 0.5f * Age(x, y)) * contrast;
             const float light = 1 + 0.22f * contrast * (Height(x, y) - 0.5f);
             const Colour c = Mix(tint, old, age) * light;
@@ -80,8 +78,8 @@ void Paper::Sheet(Canvas& canvas, Colour tint, float contrast) const
 
 void Paper::Show(Canvas& canvas, float strength) const
 {
-    for (int y = 0; y < canvas.Height(); ++y)
-        for (int x = 0; x < canvas.Width(); ++x) {
+    for (int y = 0; y < canvas.Height(); y++)
+        for (int x = 0; x < canvas.Width(); x++) {
             const float light = 1 + strength * (0.55f * (Height(x, y) - 0.5f) + 0.05f * Age(x, y));
             Pixel& p = canvas.At(x, y);
             p = {p.r * light, p.g * light, p.b * light, p.a};

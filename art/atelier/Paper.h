@@ -20,8 +20,7 @@ public:
     // How high the paper stands at a pixel: about 0 (hollow) to 1 (peak), mean one half. Any x, y.
     float Height(int x, int y) const
     {
-        return heights[static_cast<size_t>(y & (period - 1)) * static_cast<size_t>(period) +
-                       static_cast<size_t>(x & (period - 1))];
+        return heights[size_t(y & (period - 1)) * size_t(period) + size_t(x & (period - 1))];
     }
     // The slow change of tint across a sheet: -1 to 1.
     float Age(int x, int y) const;

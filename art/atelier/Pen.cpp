@@ -36,13 +36,13 @@ void Pen::Stroke(const Line& line, Press press)
     float gone = 0;
     Vec2 last = way[0];
     float lastHalf = -1;
-    for (size_t i = 0; i + 1 < way.size(); ++i) {
+    for (size_t i = 0; i + 1 < way.size(); i++) {
         const float piece = Length(way[i + 1] - way[i]);
-        const int steps = std::max(1, static_cast<int>(piece / PieceLength));
-        for (int k = 0; k <= steps; ++k) {
+        const int steps = std::max(1, int(piece / PieceLength));
+        for (int k = 0; k <= steps; k++) {
             if (k == 0 && i > 0)
                 continue;
-            const float part = static_cast<float>(k) / static_cast<float>(steps);
+            const float part = float(k) / float(steps);
             const float s = gone + piece * part;
             const Vec2 place = Mix(way[i], way[i + 1], part);
             const float wandering = 1 + nib.wander * noise.Fbm(s / nib.wave, 9.5f, 2);
@@ -82,11 +82,11 @@ void Pen::Broad(const Line& line, float edge, Press press)
     // A small letter has no room for paper between its bristles.
     const float dryEnd = 0.75f * Smooth(7, 14, nib.width) * nib.dry / 0.25f;
     float gone = 0;
-    for (size_t i = 0; i + 1 < way.size(); ++i) {
+    for (size_t i = 0; i + 1 < way.size(); i++) {
         const float piece = Length(way[i + 1] - way[i]);
-        const int steps = std::max(1, static_cast<int>(piece / PieceLength));
-        for (int k = i == 0 ? 0 : 1; k <= steps; ++k) {
-            const float part = static_cast<float>(k) / static_cast<float>(steps);
+        const int steps = std::max(1, int(piece / PieceLength));
+        for (int k = i == 0 ? 0 : 1; k <= steps; k++) {
+            const float part = float(k) / float(steps);
             const float s = gone + piece * part;
             const Vec2 place = Mix(way[i], way[i + 1], part);
             const float pressure = Clamp(
@@ -112,7 +112,7 @@ void Pen::Dot(Vec2 place, float radius)
 
 void Pen::Splatter(Vec2 place, float reach, int count, float largest)
 {
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; i++) {
         const float angle = dice.Range(0, 2 * Pi), far = dice.Unit() * dice.Unit();
         const float size = dice.Unit();
         Dot(place + Vec2{Cos(angle), Sin(angle)} * (reach * far),
@@ -126,7 +126,7 @@ void Hatch(Pen& pen, const Mask& tone, HatchStyle style, uint32_t seed)
     Dice dice(seed);
     const Noise noise(seed);
     const Vec2 along = {Cos(style.angle), Sin(style.angle)}, across = {-along.y, along.x};
-    const Vec2 centre = {static_cast<float>(tone.Width()) / 2, static_cast<float>(tone.Height()) / 2};
+    const Vec2 centre = {float(tone.Width()) / 2, float(tone.Height()) / 2};
     const float far = Length(centre);
     for (float offset = -far; offset < far;
          offset += style.spacing * (1 + style.uneven * dice.Range(-1, 1))) {
@@ -146,8 +146,8 @@ void Hatch(Pen& pen, const Mask& tone, HatchStyle style, uint32_t seed)
         for (float s = -far; s < far; s += Step) {
             const float bend = style.bend * noise.Fbm(s / 160, offset / 160, 2);
             const Vec2 p = centre + along * s + across * (offset + bend);
-            const bool within = p.x >= 0 && p.y >= 0 && p.x < static_cast<float>(tone.Width()) &&
-                                p.y < static_cast<float>(tone.Height());
+            const bool within =
+                p.x >= 0 && p.y >= 0 && p.x < float(tone.Width()) && p.y < float(tone.Height());
             const float amount = within ? tone.Sample(p.x, p.y) : 0;
             if (amount < style.faintest) {
                 finish();
@@ -156,7 +156,7 @@ void Hatch(Pen& pen, const Mask& tone, HatchStyle style, uint32_t seed)
                 pause -= Step;
             } else {
                 run.push_back(p);
-                if (static_cast<float>(run.size()) * Step > wanted)
+                if (float(run.size()) * Step > wanted)
                     finish();
             }
         }

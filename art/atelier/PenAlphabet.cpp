@@ -39,7 +39,7 @@ struct Knot {
 
 const PenLetter* Find(char32_t character)
 {
-    for (size_t i = 0; i < PenLetterCount; ++i)
+    for (size_t i = 0; i < PenLetterCount; i++)
         if (PenLetters[i].character == character)
             return &PenLetters[i];
     return nullptr;
@@ -54,13 +54,13 @@ float ReadNumber(const char*& p)
 {
     const float sign = *p == '-' ? -1.0f : 1.0f;
     if (*p == '-')
-        ++p;
+        p++;
     float value = 0, part = 1;
-    for (; *p >= '0' && *p <= '9'; ++p)
-        value = value * 10 + static_cast<float>(*p - '0');
+    for (; *p >= '0' && *p <= '9'; p++)
+        value = value * 10 + float(*p - '0');
     if (*p == '.')
-        for (++p; *p >= '0' && *p <= '9'; ++p)
-            value += (part *= 0.1f) * static_cast<float>(*p - '0');
+        for (++p; *p >= '0' && *p <= '9'; p++)
+            value += (part *= 0.1f) * float(*p - '0');
     return sign * value;
 }
 
@@ -69,19 +69,19 @@ std::vector<std::vector<Knot>> Strokes(const PenLetter& letter)
     std::vector<std::vector<Knot>> strokes(1);
     for (const char* p = letter.strokes; *p != 0;) {
         if (*p == ' ') {
-            ++p;
+            p++;
         } else if (*p == '/') {
             strokes.emplace_back();
-            ++p;
+            p++;
         } else {
             Knot knot{};
             knot.place.x = ReadNumber(p);
             if (*p == ',')
-                ++p;
+                p++;
             knot.place.y = ReadNumber(p);
             if (*p == '!') {
                 knot.corner = true;
-                ++p;
+                p++;
             }
             strokes.back().push_back(knot);
         }
@@ -102,12 +102,12 @@ Profile ProfileOf(const PenLetter& letter)
     std::fill(profile.left, profile.left + Profile::Bands, 99.0f);
     std::fill(profile.right, profile.right + Profile::Bands, -99.0f);
     for (const std::vector<Knot>& stroke : Strokes(letter))
-        for (size_t i = 0; i < stroke.size(); ++i)
-            for (int k = 0; k <= 8; ++k) {
-                const Vec2 p = Mix(stroke[i].place, stroke[std::min(i + 1, stroke.size() - 1)].place,
-                                   static_cast<float>(k) / 8);
+        for (size_t i = 0; i < stroke.size(); i++)
+            for (int k = 0; k <= 8; k++) {
+                const Vec2 p =
+                    Mix(stroke[i].place, stroke[std::min(i + 1, stroke.size() - 1)].place, float(k) / 8);
                 const int band = Floor(p.y) - Profile::Lowest;
-                for (int b = std::max(0, band - 1); b <= std::min(Profile::Bands - 1, band + 1); ++b) {
+                for (int b = std::max(0, band - 1); b <= std::min(Profile::Bands - 1, band + 1); b++) {
                     profile.left[b] = Min(profile.left[b], p.x);
                     profile.right[b] = Max(profile.right[b], p.x);
                 }
@@ -121,7 +121,7 @@ float Advance(const PenLetter& letter, const PenLetter& next, float gap)
 {
     const Profile a = ProfileOf(letter), b = ProfileOf(next);
     float closest = -99, rightmost = -99, leftmost = 99;
-    for (int i = 0; i < Profile::Bands; ++i) {
+    for (int i = 0; i < Profile::Bands; i++) {
         rightmost = Max(rightmost, a.right[i]);
         leftmost = Min(leftmost, b.left[i]);
         if (a.right[i] > -99 && b.left[i] < 99)
@@ -182,7 +182,7 @@ float WidthOf(const std::string& text, const LetterStyle& style)
 {
     const std::u32string characters = Characters(text);
     float width = 0;
-    for (size_t i = 0; i < characters.size(); ++i)
+    for (size_t i = 0; i < characters.size(); i++)
         width += AdvanceIn(characters, i, style);
     return width * style.size / UnitsPerCapital;
 }
@@ -196,7 +196,7 @@ std::vector<WrittenStroke> Writing(const std::string& text, Vec2 place, const Le
         place.x -= WidthOf(text, style) * (anchor == Anchor::Middle ? 0.5f : 1);
     Dice dice(seed);
     std::vector<WrittenStroke> written;
-    for (size_t i = 0; i < characters.size(); ++i) {
+    for (size_t i = 0; i < characters.size(); i++) {
         const float size = 1 + 0.035f * style.lively * dice.Bell();
         const float turn = 0.018f * style.lively * dice.Bell();
         const Vec2 shift = Vec2{0.05f * dice.Bell(), 0.13f * dice.Bell()} * (unit * style.lively);

@@ -18,17 +18,14 @@ constexpr int Margin = 24, HeadHeight = 90, CheckerSize = 10;
 Canvas FromRaster(const Raster& raster)
 {
     Canvas canvas(raster.width, raster.height);
-    const size_t step = static_cast<size_t>(raster.channels);
+    const size_t step = size_t(raster.channels);
     float linear[256];
-    for (int i = 0; i < 256; ++i)
-        linear[i] = FromScreen(static_cast<float>(i) / 255);
-    for (int y = 0; y < raster.height; ++y)
-        for (int x = 0; x < raster.width; ++x) {
-            const unsigned char* p =
-                &raster.bytes[(static_cast<size_t>(y) * static_cast<size_t>(raster.width) +
-                               static_cast<size_t>(x)) *
-                              step];
-            const float a = raster.channels == 4 ? static_cast<float>(p[3]) / 255 : 1;
+    for (int i = 0; i < 256; i++)
+        linear[i] = FromScreen(float(i) / 255);
+    for (int y = 0; y < raster.height; y++)
+        for (int x = 0; x < raster.width; x++) {
+            const unsigned char* p = &raster.bytes[(size_t(y) * size_t(raster.width) + size_t(x)) * step];
+            const float a = raster.channels == 4 ? float(p[3]) / 255 : 1;
             canvas.At(x, y) = {linear[p[0]] * a, linear[p[1]] * a, linear[p[2]] * a, a};
         }
     return canvas;
@@ -36,8 +33,8 @@ Canvas FromRaster(const Raster& raster)
 
 void Checker(Canvas& canvas, int left, int top, int width, int height)
 {
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const Colour c = (x / CheckerSize + y / CheckerSize) % 2 == 0 ? palette::Slate : palette::Mist;
             canvas.At(left + x, top + y) = {c.r, c.g, c.b, 1};
         }
@@ -70,7 +67,7 @@ int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& pa
         if (ReadFile(picture->file, bytes) && Decode(bytes, raster))
             entries.push_back({picture, FromRaster(raster)});
     }
-    const int rows = std::max(1, (static_cast<int>(entries.size()) + Columns - 1) / Columns);
+    const int rows = std::max(1, (int(entries.size()) + Columns - 1) / Columns);
     const int width = 2 * Margin + Columns * CellWidth, height = HeadHeight + rows * CellHeight + Margin;
     Canvas sheet(width, height);
     SketchPaper().Sheet(sheet, palette::Parchment);
@@ -78,20 +75,19 @@ int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& pa
     Pen title(ink, SketchPaper(), {.width = 4}, 1), pen(ink, SketchPaper(), {.width = 1.7f, .dry = 0.1f}, 2);
     Write(title, "moonwaltz, all pictures", {Margin, 62}, {.size = 34}, Anchor::Left, 3);
     uint32_t seed = 10;
-    for (size_t i = 0; i < entries.size(); ++i) {
+    for (size_t i = 0; i < entries.size(); i++) {
         const Canvas& canvas = entries[i].canvas;
-        const int left = Margin + static_cast<int>(i) % Columns * CellWidth + (CellWidth - PictureWidth) / 2;
-        const int top = HeadHeight + static_cast<int>(i) / Columns * CellHeight;
-        const float scale = Min(static_cast<float>(PictureWidth) / static_cast<float>(canvas.Width()),
-                                static_cast<float>(PictureHeight) / static_cast<float>(canvas.Height()));
-        const int w = std::max(1, Floor(static_cast<float>(canvas.Width()) * Min(scale, 1))),
-                  h = std::max(1, Floor(static_cast<float>(canvas.Height()) * Min(scale, 1)));
+        const int left = Margin + int(i) % Columns * CellWidth + (CellWidth - PictureWidth) / 2;
+        const int top = HeadHeight + int(i) / Columns * CellHeight;
+        const float scale =
+            Min(float(PictureWidth) / float(canvas.Width()), float(PictureHeight) / float(canvas.Height()));
+        const int w = std::max(1, Floor(float(canvas.Width()) * Min(scale, 1))),
+                  h = std::max(1, Floor(float(canvas.Height()) * Min(scale, 1)));
         const int x = left + (PictureWidth - w) / 2, y = top + PictureHeight - h;
         if (entries[i].picture->format == Format::PngRgba)
             Checker(sheet, x, y, w, h);
         sheet.Lay(Squeezed(canvas, w, h), x, y);
-        const float middle = static_cast<float>(left) + PictureWidth / 2.0f,
-                    line = static_cast<float>(top + PictureHeight);
+        const float middle = float(left) + PictureWidth / 2.0f, line = float(top + PictureHeight);
         char size[40];
         std::snprintf(size, sizeof size, "%d × %d", canvas.Width(), canvas.Height());
         LetterStyle style{.size = 15, .spacing = 1.1f, .lively = 0.7f};
@@ -106,8 +102,7 @@ int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& pa
 int DrawScenes(const std::vector<std::string>& frames, const std::string& path)
 {
     constexpr int SceneColumns = 3, SceneWidth = 320, SceneHeight = 240, Gap = 18, Below = 34, Titled = 2;
-    const int cells = static_cast<int>(frames.size()) + Titled,
-              rows = (cells + SceneColumns - 1) / SceneColumns;
+    const int cells = int(frames.size()) + Titled, rows = (cells + SceneColumns - 1) / SceneColumns;
     const int width = 2 * Margin + SceneColumns * SceneWidth + (SceneColumns - 1) * Gap,
               height = 2 * Margin + rows * (SceneHeight + Below);
     Canvas sheet(width, height);
@@ -118,21 +113,20 @@ int DrawScenes(const std::vector<std::string>& frames, const std::string& path)
     Write(title, "moonwaltz", {Margin + 20, 168}, {.size = 112}, Anchor::Left, 3);
     Write(pen, "one night, one waltz, thirteen effects", {Margin + 26, 226}, {.size = 25}, Anchor::Left, 4);
     uint32_t seed = 10;
-    for (size_t i = 0; i < frames.size(); ++i) {
+    for (size_t i = 0; i < frames.size(); i++) {
         std::string bytes;
         Raster raster;
         if (!ReadFile(frames[i], bytes) || !Decode(bytes, raster)) {
             std::fprintf(stderr, "atelier: %s is no picture\n", frames[i].c_str());
             return 1;
         }
-        const int cell = static_cast<int>(i) + Titled;
+        const int cell = int(i) + Titled;
         const int left = Margin + cell % SceneColumns * (SceneWidth + Gap),
                   top = Margin + cell / SceneColumns * (SceneHeight + Below);
         sheet.Lay(Squeezed(FromRaster(raster), SceneWidth, SceneHeight), left, top);
         std::string name = frames[i].substr(frames[i].find_last_of('/') + 1);
         name = name.substr(0, name.find_last_of('.'));
-        Write(pen, name,
-              {static_cast<float>(left + SceneWidth / 2), static_cast<float>(top + SceneHeight + 23)},
+        Write(pen, name, {float(left + SceneWidth / 2), float(top + SceneHeight + 23)},
               {.size = 17, .spacing = 1.1f, .lively = 0.7f}, Anchor::Middle, ++seed);
     }
     return Written(sheet, ink, frames.size(), path);

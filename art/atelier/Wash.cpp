@@ -11,7 +11,7 @@ namespace
 
 int Period(const Mask& mask, int extent, float size)
 {
-    return mask.Wraps() ? std::max(1, Floor(static_cast<float>(extent) / size + 0.5f)) : 0;
+    return mask.Wraps() ? std::max(1, Floor(float(extent) / size + 0.5f)) : 0;
 }
 
 } // namespace
@@ -26,10 +26,8 @@ Mask WashDensity(const Paper& paper, const Mask& shape, const WashStyle& style, 
 
     const int periodX = Period(shape, width, style.bloomSize),
               periodY = Period(shape, height, style.bloomSize);
-    const float sx =
-        periodX > 0 ? static_cast<float>(periodX) / static_cast<float>(width) : 1 / style.bloomSize;
-    const float sy =
-        periodY > 0 ? static_cast<float>(periodY) / static_cast<float>(height) : 1 / style.bloomSize;
+    const float sx = periodX > 0 ? float(periodX) / float(width) : 1 / style.bloomSize;
+    const float sy = periodY > 0 ? float(periodY) / float(height) : 1 / style.bloomSize;
     const Noise blooms(seed + 2, periodX, periodY), shores(seed + 3, periodX, periodY);
 
     Mask pool = style.pool > 0 ? body.Inside(style.poolWidth * 5) : Mask(1, 1);
@@ -67,8 +65,8 @@ Mask WashDensity(const Paper& paper, const Mask& shape, const WashStyle& style, 
                     step);
 
     Mask density(width, height, 0, shape.Wraps());
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             float amount = body.At(x, y);
             const float running = !runs ? 0 : wet != nullptr ? wet->At(x, y) : wetness.At(x, y);
             if (runs)
@@ -82,8 +80,7 @@ Mask WashDensity(const Paper& paper, const Mask& shape, const WashStyle& style, 
                 const float in = pool.At(x, y);
                 const float shore = Exp(-in / style.poolWidth) + 0.6f * Hill(1.6f, 2.2f, in);
                 if (shore > 0.01f) {
-                    const float fx = (static_cast<float>(x) + 0.5f) * sx,
-                                fy = (static_cast<float>(y) + 0.5f) * sy;
+                    const float fx = (float(x) + 0.5f) * sx, fy = (float(y) + 0.5f) * sy;
                     dried += style.pool * shore * (1 - running) *
                              (0.65f + 0.7f * shores.Value(fx * 3 + 0.5f, fy * 3));
                 }

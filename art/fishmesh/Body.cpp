@@ -36,7 +36,7 @@ static const Station stations[] = {
     {  0.70f,  0.050f, -0.049f,  0.001f },  // root of the tail fin
     // clang-format on
 };
-static const int stationCount = static_cast<int>(std::size(stations));
+static const int stationCount = int(std::size(stations));
 
 static const float upperTipZ = -0.955f;
 static const float lowerTipZ = -1.0f; // the lower jaw stands out
@@ -63,7 +63,7 @@ static float Along(float z, float Station::*field)
 {
     int i = 0;
     while (i < stationCount - 2 && z > stations[i + 1].z)
-        ++i;
+        i++;
     const Station& a = stations[std::max(i - 1, 0)];
     const Station& b = stations[i];
     const Station& c = stations[i + 1];
@@ -191,9 +191,9 @@ static Column ColumnAt(int index)
     const int half = 2 * quarter;
     const int down = index <= half ? index : columns - index;
     column.side = index <= half ? 1.0f : -1.0f;
-    column.angle = pi * static_cast<float>(down) / static_cast<float>(half);
+    column.angle = pi * float(down) / float(half);
     const bool lowerJaw = down > quarter;
-    const float along = static_cast<float>(lowerJaw ? half - down : down) / static_cast<float>(quarter);
+    const float along = float(lowerJaw ? half - down : down) / float(quarter);
     column.lip = LipAt(lowerJaw, along);
     return column;
 }
@@ -201,15 +201,15 @@ static Column ColumnAt(int index)
 // The rows of the skin: 0 is the edge of the lips, from headRows on they stand upright.
 static float RowAngle(const Column& column, int row)
 {
-    const float t = static_cast<float>(row) / headRows;
+    const float t = float(row) / headRows;
     return Mix(column.lip.angle, column.angle, SmoothStep(0.0f, 1.0f, t));
 }
 
 static Vector3 RowPoint(const Column& column, int row)
 {
-    const float z = row <= headRows ? Mix(column.lip.z, headEndZ, static_cast<float>(row) / headRows)
-                                    : Mix(headEndZ, stations[stationCount - 1].z,
-                                          static_cast<float>(row - headRows) / trunkRows);
+    const float z = row <= headRows
+                        ? Mix(column.lip.z, headEndZ, float(row) / headRows)
+                        : Mix(headEndZ, stations[stationCount - 1].z, float(row - headRows) / trunkRows);
     return OpenJaw(SkinPoint(z, RowAngle(column, row), column.side), column.lip.lower);
 }
 
@@ -224,7 +224,7 @@ static Vector3 MouthPoint(const Column& column, int row)
     const Vector3 inner = outer + inward * lipThickness;
     const Vector3 throat(column.side * 0.035f * std::sin(column.angle),
                          -0.02f + 0.04f * std::cos(column.angle), -0.48f);
-    const float t = static_cast<float>(row - 1) / static_cast<float>(mouthRows - 1);
+    const float t = float(row - 1) / float(mouthRows - 1);
     return Mix(inner, throat, t);
 }
 
@@ -244,7 +244,7 @@ static void CloseAcross(Mesh* mesh, std::vector<int> ring, bool towardsTail, Sur
         std::reverse(ring.begin() + 1, ring.end()); // the back stays the first
     const int last = columns / 2;
     mesh->AddTriangle(ring[0], ring[1], ring[columns - 1], surface, 0);
-    for (int i = 1; i + 1 < last; ++i)
+    for (int i = 1; i + 1 < last; i++)
         mesh->AddQuad(ring[i], ring[i + 1], ring[columns - i - 1], ring[columns - i], surface, 0);
     mesh->AddTriangle(ring[last - 1], ring[last], ring[last + 1], surface, 0);
 }
@@ -252,11 +252,11 @@ static void CloseAcross(Mesh* mesh, std::vector<int> ring, bool towardsTail, Sur
 void AddBody(Mesh* mesh)
 {
     std::vector<Column> all;
-    for (int i = 0; i < columns; ++i)
+    for (int i = 0; i < columns; i++)
         all.push_back(ColumnAt(i));
 
     std::vector<std::vector<int>> skin;
-    for (int row = 0; row <= headRows + trunkRows; ++row) {
+    for (int row = 0; row <= headRows + trunkRows; row++) {
         std::vector<int> points;
         for (const Column& column : all) {
             const Vector3 p = RowPoint(column, row);
@@ -269,8 +269,7 @@ void AddBody(Mesh* mesh)
     for (int row = mouthRows; row >= 0; --row) {
         std::vector<int> points;
         for (const Column& column : all)
-            points.push_back(mesh->AddPoint(MouthPoint(column, row),
-                                            0.1f + 0.8f * static_cast<float>(row) / mouthRows,
+            points.push_back(mesh->AddPoint(MouthPoint(column, row), 0.1f + 0.8f * float(row) / mouthRows,
                                             0.9f - 0.8f * column.angle / pi));
         mouth.push_back(points);
     }

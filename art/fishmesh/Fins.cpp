@@ -25,22 +25,22 @@ static const float membraneThickness = 0.0030f;
 static void AddFin(Mesh* mesh, const std::vector<Spine>& spines, int rows, float sag, float sweep,
                    const Vector3& thick, int smoothing)
 {
-    const int gaps = static_cast<int>(spines.size()) - 1;
+    const int gaps = int(spines.size()) - 1;
     const int columns = gaps * columnsPerGap;
     std::vector<std::vector<int>> front(rows + 1), rear(rows + 1);
-    for (int column = 0; column <= columns; ++column) {
+    for (int column = 0; column <= columns; column++) {
         const int gap = std::min(column / columnsPerGap, gaps - 1);
-        const float between = static_cast<float>(column - gap * columnsPerGap) / columnsPerGap;
+        const float between = float(column - gap * columnsPerGap) / columnsPerGap;
         const Vector3 root = Mix(spines[gap].root, spines[gap + 1].root, between);
         const Vector3 tip = Mix(spines[gap].tip, spines[gap + 1].tip, between);
         const float slack = std::sin(pi * between); // 0 on a spine
         const bool border = column == 0 || column == columns;
-        for (int row = 0; row <= rows; ++row) {
-            const float out = static_cast<float>(row) / static_cast<float>(rows);
+        for (int row = 0; row <= rows; row++) {
+            const float out = float(row) / float(rows);
             Vector3 p = Mix(root, tip, out * (1.0f - sag * slack));
             p.z += sweep * std::sin(pi * out) * (tip - root).Length();
             // A gap is 1/10 of the tile wide in every fin: fish.fp draws the spines by that.
-            const float u = 0.1f + 0.1f * static_cast<float>(column) / columnsPerGap;
+            const float u = 0.1f + 0.1f * float(column) / columnsPerGap;
             const float v = 0.05f + 0.9f * out;
             if (border || row == rows) {
                 const int rim = mesh->AddPoint(p, u, v);

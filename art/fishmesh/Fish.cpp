@@ -40,12 +40,12 @@ static void AddEye(Mesh* mesh, const EyeSocket& eye, int smoothing)
     const Vector3 right = Normalized(Cross(Vector3(0.0f, 1.0f, 0.0f), eye.axis)); // for whom it looks at
     const Vector3 up = Cross(eye.axis, right);
     std::vector<std::vector<int>> rows;
-    for (int row = 1; row < eyeRows; ++row) {
-        const float angle = pi * static_cast<float>(row) / eyeRows;
+    for (int row = 1; row < eyeRows; row++) {
+        const float angle = pi * float(row) / eyeRows;
         const float reach = 0.49f * std::fmin(angle / (0.62f * pi), 1.0f); // in the picture
         std::vector<int> points;
-        for (int column = 0; column < eyeColumns; ++column) {
-            const float turn = 2.0f * pi * static_cast<float>(column) / eyeColumns;
+        for (int column = 0; column < eyeColumns; column++) {
+            const float turn = 2.0f * pi * float(column) / eyeColumns;
             const Vector3 ring = right * std::cos(turn) + up * std::sin(turn);
             const Vector3 p = eye.centre + (eye.axis * std::cos(angle) + ring * std::sin(angle)) * eye.radius;
             points.push_back(mesh->AddPoint(p, 0.5f + reach * std::cos(turn), 0.5f + reach * std::sin(turn)));
@@ -56,7 +56,7 @@ static void AddEye(Mesh* mesh, const EyeSocket& eye, int smoothing)
 
     const int pupil = mesh->AddPoint(eye.centre + eye.axis * eye.radius, 0.5f, 0.5f);
     const int nerve = mesh->AddPoint(eye.centre - eye.axis * eye.radius, 0.5f, 0.01f);
-    for (int i = 0; i < eyeColumns; ++i) {
+    for (int i = 0; i < eyeColumns; i++) {
         const int next = (i + 1) % eyeColumns;
         mesh->AddTriangle(pupil, rows.front()[i], rows.front()[next], Eyeball, smoothing);
         mesh->AddTriangle(nerve, rows.back()[next], rows.back()[i], Eyeball, smoothing);

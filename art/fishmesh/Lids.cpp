@@ -31,13 +31,13 @@ static void AddLid(Mesh* mesh, float side, bool upper, int smoothing)
     const float turn = upper ? 1.0f : -1.0f;
 
     std::vector<std::vector<int>> rows;
-    for (int row = 0; row <= lidRows + 1; ++row) {
+    for (int row = 0; row <= lidRows + 1; row++) {
         const float open = upper ? upperLid : lowerLid;
-        const float angle = row == 0 ? open : Mix(open, lidBack, static_cast<float>(row - 1) / lidRows);
+        const float angle = row == 0 ? open : Mix(open, lidBack, float(row - 1) / lidRows);
         const float radius = Socket.radius * (row == 0 ? 0.985f : lidRadius);
         std::vector<int> points;
-        for (int column = 0; column <= lidColumns; ++column) {
-            const float round = pi * (0.02f + 0.96f * static_cast<float>(column) / lidColumns);
+        for (int column = 0; column <= lidColumns; column++) {
+            const float round = pi * (0.02f + 0.96f * float(column) / lidColumns);
             const Vector3 d = corner * std::cos(round) +
                               (axis * std::cos(angle) + brow * (turn * std::sin(angle))) * std::sin(round);
             const Vector3 p = centre + d * radius;

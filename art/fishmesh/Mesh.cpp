@@ -46,7 +46,7 @@ float SmoothStep(float from, float to, float x)
 int Mesh::AddPoint(const Vector3& position, float u, float v)
 {
     points.push_back({position, u, v});
-    return static_cast<int>(points.size()) - 1;
+    return int(points.size()) - 1;
 }
 
 void Mesh::AddTriangle(int a, int b, int c, Surface surface, int smoothing)
@@ -61,9 +61,9 @@ void Mesh::AddQuad(int a, int b, int c, int d, Surface surface, int smoothing)
 
 void Mesh::AddGrid(const std::vector<std::vector<int>>& rows, bool closed, Surface surface, int smoothing)
 {
-    for (size_t row = 0; row + 1 < rows.size(); ++row) {
+    for (size_t row = 0; row + 1 < rows.size(); row++) {
         const size_t columns = rows[row].size();
-        for (size_t column = 0; column + (closed ? 0 : 1) < columns; ++column) {
+        for (size_t column = 0; column + (closed ? 0 : 1) < columns; column++) {
             const size_t next = (column + 1) % columns;
             AddQuad(rows[row][column], rows[row + 1][column], rows[row + 1][next], rows[row][next], surface,
                     smoothing);
@@ -113,11 +113,10 @@ Model Mesh::ToModel(const char* name) const
             const Vector3 sum = sums[{corner, face.smoothing}];
             const Vector3 unit = sum.Length() > 0.0f ? Normalized(sum) : Vector3(0.0f, 1.0f, 0.0f);
             const Vector3 n(Rounded(unit.x), Rounded(unit.y), Rounded(unit.z));
-            const Vec2 t(Rounded(points[corner].u + static_cast<float>(face.surface)),
-                         Rounded(points[corner].v));
-            if (normals.try_emplace({n.x, n.y, n.z}, static_cast<int>(model.normals.size())).second)
+            const Vec2 t(Rounded(points[corner].u + float(face.surface)), Rounded(points[corner].v));
+            if (normals.try_emplace({n.x, n.y, n.z}, int(model.normals.size())).second)
                 model.normals.push_back(n);
-            if (texCoords.try_emplace({t.u, t.v}, static_cast<int>(model.texCoords.size())).second)
+            if (texCoords.try_emplace({t.u, t.v}, int(model.texCoords.size())).second)
                 model.texCoords.push_back(t);
             out.vertexIndices.push_back(corner);
             out.normalIndices.push_back(normals[{n.x, n.y, n.z}]);

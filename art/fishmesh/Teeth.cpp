@@ -63,19 +63,18 @@ static void AddTooth(Mesh* mesh, const Tooth& tooth, float side, int smoothing)
     const Vector3 b = Cross(a, axis);
 
     std::vector<std::vector<int>> rings(2);
-    for (int ring = 0; ring < 2; ++ring)
-        for (int i = 0; i < sides; ++i) {
-            const float angle = 2.0f * pi * static_cast<float>(i) / sides;
+    for (int ring = 0; ring < 2; ring++)
+        for (int i = 0; i < sides; i++) {
+            const float angle = 2.0f * pi * float(i) / sides;
             const float r = ring == 0 ? radius : 0.62f * radius;
             const Vector3 p =
                 (ring == 0 ? foot : middle) + a * (r * std::cos(angle)) - b * (r * std::sin(angle));
-            rings[ring].push_back(
-                mesh->AddPoint(p, 0.1f + 0.8f * static_cast<float>(i) / sides, ring == 0 ? 0.1f : 0.5f));
+            rings[ring].push_back(mesh->AddPoint(p, 0.1f + 0.8f * float(i) / sides, ring == 0 ? 0.1f : 0.5f));
         }
     // As seen from outside the foot lies below the tip, so the upper row comes first.
     mesh->AddGrid({rings[1], rings[0]}, true, Bone, smoothing);
     const int point = mesh->AddPoint(tip, 0.5f, 0.9f);
-    for (int i = 0; i < sides; ++i)
+    for (int i = 0; i < sides; i++)
         mesh->AddTriangle(point, rings[1][i], rings[1][(i + 1) % sides], Bone, smoothing);
 }
 

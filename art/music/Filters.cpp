@@ -90,7 +90,7 @@ void Biquad::Run(Samples& sound)
 
 void OnePole::Set(double hz)
 {
-    share = static_cast<float>(1 - std::exp(-2 * pi * std::min(hz, 0.45 * sampleRate) / sampleRate));
+    share = float(1 - std::exp(-2 * pi * std::min(hz, 0.45 * sampleRate) / sampleRate));
 }
 
 } // namespace waltz

@@ -25,7 +25,7 @@ public:
         const double y = b0 * x + z1;
         z1 = b1 * x - a1 * y + z2;
         z2 = b2 * x - a2 * y;
-        return static_cast<float>(y);
+        return float(y);
     }
     void Run(Samples& sound);
 
@@ -55,7 +55,7 @@ public:
         const double y = x - lastIn + 0.9985 * lastOut; // 10 Hz
         lastIn = x;
         lastOut = y;
-        return static_cast<float>(y);
+        return float(y);
     }
 
 private:

@@ -48,17 +48,17 @@ constexpr int phases = 4;
 std::array<std::array<float, taps>, phases> MakeInterpolator()
 {
     std::array<std::array<float, taps>, phases> filter{};
-    for (int phase = 0; phase < phases; ++phase) {
+    for (int phase = 0; phase < phases; phase++) {
         double sum = 0;
-        for (int i = 0; i < taps; ++i) {
-            const double x = i - taps / 2 + 1 - static_cast<double>(phase) / phases;
+        for (int i = 0; i < taps; i++) {
+            const double x = i - taps / 2 + 1 - double(phase) / phases;
             const double sinc = std::fabs(x) < 1e-9 ? 1 : std::sin(pi * x) / (pi * x);
             const double window = 0.5 + 0.5 * std::cos(pi * x / (taps / 2.0));
-            filter[phase][i] = static_cast<float>(sinc * window);
+            filter[phase][i] = float(sinc * window);
             sum += sinc * window;
         }
         for (float& tap : filter[phase])
-            tap /= static_cast<float>(sum);
+            tap /= float(sum);
     }
     return filter;
 }
@@ -72,9 +72,9 @@ Loudness::Loudness(const Stereo& sound)
         Biquad head, low;
         SetHead(head);
         SetLowEnd(low);
-        for (size_t h = 0; h < hops.size(); ++h) {
+        for (size_t h = 0; h < hops.size(); h++) {
             double sum = 0;
-            for (int i = 0; i < hop; ++i) {
+            for (int i = 0; i < hop; i++) {
                 const double x = low.Next(head.Next((*side)[h * hop + i]));
                 sum += x * x;
             }
@@ -86,14 +86,14 @@ Loudness::Loudness(const Stereo& sound)
 double Loudness::MeanOf(size_t first, size_t count) const
 {
     double sum = 0;
-    for (size_t i = first; i < first + count; ++i)
+    for (size_t i = first; i < first + count; i++)
         sum += hops[i];
-    return sum / static_cast<double>(count);
+    return sum / double(count);
 }
 
 double Loudness::Integrated() const
 {
-    return Integrated(0, static_cast<int64_t>(hops.size()) * hop);
+    return Integrated(0, int64_t(hops.size()) * hop);
 }
 
 double Loudness::Integrated(int64_t from, int64_t end) const
@@ -101,15 +101,15 @@ double Loudness::Integrated(int64_t from, int64_t end) const
     const size_t first = (from + hop - 1) / hop, behind = std::min<size_t>(end / hop, hops.size());
     double gate = -70;
     double result = silence;
-    for (int round = 0; round < 2; ++round) {
+    for (int round = 0; round < 2; round++) {
         double sum = 0;
         int count = 0;
-        for (size_t i = first; i + 4 <= behind; ++i) {
+        for (size_t i = first; i + 4 <= behind; i++) {
             const double energy = MeanOf(i, 4);
             if (ToLufs(energy) < gate)
                 continue;
             sum += energy;
-            ++count;
+            count++;
         }
         result = count > 0 ? ToLufs(sum / count) : silence;
         gate = std::max(-70.0, result - 10);
@@ -121,7 +121,7 @@ double Loudness::LoudestShortTerm(int64_t from, int64_t end) const
 {
     const size_t first = (from + hop - 1) / hop, behind = std::min<size_t>(end / hop, hops.size());
     double loudest = silence;
-    for (size_t i = first; i + 30 <= behind; ++i)
+    for (size_t i = first; i + 30 <= behind; i++)
         loudest = std::max(loudest, ToLufs(MeanOf(i, 30)));
     return loudest;
 }
@@ -130,14 +130,14 @@ Samples TruePeaks(const Samples& sound)
 {
     static const std::array<std::array<float, taps>, phases> filter = MakeInterpolator();
     Samples peaks(sound.size());
-    const int64_t size = static_cast<int64_t>(sound.size());
-    for (int64_t i = 0; i < size; ++i) {
+    const int64_t size = int64_t(sound.size());
+    for (int64_t i = 0; i < size; i++) {
         float peak = std::fabs(sound[i]);
         const int64_t from = i - taps / 2 + 1;
         if (from >= 0 && from + taps <= size) {
-            for (int phase = 1; phase < phases; ++phase) {
+            for (int phase = 1; phase < phases; phase++) {
                 float sum = 0;
-                for (int k = 0; k < taps; ++k)
+                for (int k = 0; k < taps; k++)
                     sum += filter[phase][k] * sound[from + k];
                 peak = std::max(peak, std::fabs(sum));
             }

@@ -39,7 +39,7 @@ struct Options {
 
 int64_t EndOfNight(const waltz::Score& score)
 {
-    return static_cast<int64_t>(score.Bars()) * waltz::samplesPerBar;
+    return int64_t(score.Bars()) * waltz::samplesPerBar;
 }
 
 void PrintFigures(const char* name, const waltz::Figures& f)
@@ -54,8 +54,8 @@ void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
     std::printf(
         "              LUFS  3 s    peak   true   centr.   <200   <1k   <4k  above   L=R  mono   offset\n");
     for (const waltz::Section& section : score.sections) {
-        const int64_t from = static_cast<int64_t>(section.firstBar) * waltz::samplesPerBar - sound.origin;
-        const int64_t end = static_cast<int64_t>(section.endBar) * waltz::samplesPerBar - sound.origin;
+        const int64_t from = int64_t(section.firstBar) * waltz::samplesPerBar - sound.origin;
+        const int64_t end = int64_t(section.endBar) * waltz::samplesPerBar - sound.origin;
         if (from >= 0 && end <= sound.Size())
             PrintFigures(section.name.c_str(), waltz::Measure(sound, from, end));
     }
@@ -71,7 +71,7 @@ bool ReadOptions(cli::CommandLine& line, Options& options)
     int64_t section = -1;
     if (!line.WholeNumber("section", 0, 9999, &section))
         return false;
-    options.section = static_cast<int>(section);
+    options.section = int(section);
     options.output = line.Value("output");
     options.stems = line.Value("stems");
     options.file = line.operands.empty() ? nightFile : line.operands[0];
@@ -99,8 +99,8 @@ int Render(const waltz::Score& score, const Options& options)
     std::filesystem::create_directories(folder, ignored);
     std::filesystem::create_directories(options.stems, ignored);
     waltz::Stereo mix;
-    if (!waltz::RenderMix(score, static_cast<int64_t>(range.firstBar) * waltz::samplesPerBar,
-                          static_cast<int64_t>(range.endBar) * waltz::samplesPerBar, options.stems, mix))
+    if (!waltz::RenderMix(score, int64_t(range.firstBar) * waltz::samplesPerBar,
+                          int64_t(range.endBar) * waltz::samplesPerBar, options.stems, mix))
         return std::fprintf(stderr, "cannot write the stems to %s\n", options.stems.c_str()), 1;
     waltz::Master(mix, EndOfNight(score));
     const bool written =
@@ -123,8 +123,7 @@ int Verify(const waltz::Score& score, const Options& options, const waltz::Stere
         return std::printf("the music and the score are not equally long\n"), 1;
     std::printf(
         "%s: the worst tenth of a second, at bar %.2f, differs by %.1f dB below the sound; %.0f are asked\n",
-        range.name.c_str(), static_cast<double>(found.worstAt) / waltz::samplesPerBar, found.worst,
-        waltz::nearness);
+        range.name.c_str(), double(found.worstAt) / waltz::samplesPerBar, found.worst, waltz::nearness);
     return found.worst >= waltz::nearness ? 0 : 1;
 }
 
@@ -142,7 +141,7 @@ int main(int argc, char** argv)
     std::string error;
     if (!waltz::ReadScore(scoreFolder, score, error))
         return std::fprintf(stderr, "%s\n", error.c_str()), 1;
-    if (options.section >= static_cast<int>(score.sections.size()))
+    if (options.section >= int(score.sections.size()))
         return std::fprintf(stderr, "there are %zu sections, from 0\n", score.sections.size()), 2;
     if (line.Has("print")) {
         const waltz::Section range = Range(score, options);

@@ -26,25 +26,25 @@ constexpr double fadeOut = 1.2; // a slope that keeps something to be heard up t
 // smoothly.
 Samples GainsFor(const Samples& peaks, float ceiling)
 {
-    const size_t reach = static_cast<size_t>(lookAhead * sampleRate);
+    const size_t reach = size_t(lookAhead * sampleRate);
     Samples wanted(peaks.size()), held(peaks.size());
-    for (size_t i = 0; i < peaks.size(); ++i)
+    for (size_t i = 0; i < peaks.size(); i++)
         wanted[i] = std::min(1.0f, ceiling / std::max(peaks[i], 1e-9f));
     // The least of the samples from here to `reach` ahead, by a queue of falling minima.
     std::vector<size_t> queue;
     size_t front = 0;
     size_t ahead = 0;
-    for (size_t i = 0; i < wanted.size(); ++i) {
-        for (; ahead < wanted.size() && ahead <= i + reach; ++ahead) {
+    for (size_t i = 0; i < wanted.size(); i++) {
+        for (; ahead < wanted.size() && ahead <= i + reach; ahead++) {
             while (queue.size() > front && wanted[queue.back()] >= wanted[ahead])
                 queue.pop_back();
             queue.push_back(ahead);
         }
         while (queue[front] < i)
-            ++front;
+            front++;
         held[i] = wanted[queue[front]];
     }
-    const float share = static_cast<float>(1 - std::exp(-1 / (release * sampleRate)));
+    const float share = float(1 - std::exp(-1 / (release * sampleRate)));
     float gain = 1;
     for (float& each : held) {
         gain = each < gain ? each : gain + share * (each - gain);
@@ -52,18 +52,18 @@ Samples GainsFor(const Samples& peaks, float ceiling)
     }
     // A mean over the reach turns steps into slopes that end where the peak begins.
     Samples smooth(held.size());
-    double sum = static_cast<double>(reach + 1) * (held.empty() ? 1 : held[0]);
-    for (size_t i = 0; i < held.size(); ++i) {
+    double sum = double(reach + 1) * (held.empty() ? 1 : held[0]);
+    for (size_t i = 0; i < held.size(); i++) {
         sum += held[i] - (i > reach ? held[i - reach - 1] : held[0]);
-        smooth[i] = static_cast<float>(sum / static_cast<double>(reach + 1));
+        smooth[i] = float(sum / double(reach + 1));
     }
     return smooth;
 }
 
 double FadeAt(int64_t sample, int64_t nightEnd)
 {
-    const double sinceStart = static_cast<double>(sample) / sampleRate;
-    const double toEnd = static_cast<double>(nightEnd - 1 - sample) / sampleRate;
+    const double sinceStart = double(sample) / sampleRate;
+    const double toEnd = double(nightEnd - 1 - sample) / sampleRate;
     double share = 1;
     if (sinceStart < fadeIn)
         share *= sinceStart / fadeIn;
@@ -85,11 +85,11 @@ void Master(Stereo& mix, int64_t nightEnd)
     }
     Samples peaks = TruePeaks(mix.left);
     const Samples right = TruePeaks(mix.right);
-    for (size_t i = 0; i < peaks.size(); ++i)
+    for (size_t i = 0; i < peaks.size(); i++)
         peaks[i] = std::max(peaks[i], right[i]);
     const Samples gains = GainsFor(peaks, FromDecibel(ceilingDecibel));
-    for (int64_t i = 0; i < mix.Size(); ++i) {
-        const float share = gains[i] * static_cast<float>(FadeAt(mix.origin + i, nightEnd));
+    for (int64_t i = 0; i < mix.Size(); i++) {
+        const float share = gains[i] * float(FadeAt(mix.origin + i, nightEnd));
         mix.left[i] *= share;
         mix.right[i] *= share;
     }

@@ -53,7 +53,7 @@ Stereo PlaySustained(const Phrase& phrase, const Dynamics& dynamics, const Part&
         return PlayShore(phrase, dynamics);
     case Sound::Pad: {
         // The three sections sit from left to right, the highest on the left.
-        const float seat = 0.65f * static_cast<float>(phrase[0].line == 1 ? 0.15 : 1 - phrase[0].line);
+        const float seat = 0.65f * float(phrase[0].line == 1 ? 0.15 : 1 - phrase[0].line);
         return PlayBowed(phrase, dynamics, BowedKindOf(part.sound, phrase[0].line), seat);
     }
     default:
@@ -65,7 +65,7 @@ Stereo PlaySustained(const Phrase& phrase, const Dynamics& dynamics, const Part&
 float SeatOf(const Note& note, const Part& part)
 {
     if (part.sound == Sound::FeltPiano || part.sound == Sound::Celesta || part.sound == Sound::MusicBox)
-        return part.pan + 0.015f * static_cast<float>(note.pitch - 64);
+        return part.pan + 0.015f * float(note.pitch - 64);
     return part.pan;
 }
 
@@ -82,7 +82,7 @@ void PlayVoice(const Voice& voice, const Part& part, Stereo& stem)
             stem.Add(PlayStruck(phrase[0], part.sound), phrase[0].start, 1, SeatOf(phrase[0], part));
     }
     Biquad lowCut[2], highCut[2];
-    for (int side = 0; side < 2; ++side) {
+    for (int side = 0; side < 2; side++) {
         lowCut[side].HighPass(part.lowCut);
         highCut[side].LowPass(part.highCut);
         Samples& sound = side == 0 ? stem.left : stem.right;
@@ -104,7 +104,7 @@ bool RenderMix(const Score& score, int64_t from, int64_t end, const std::string&
 {
     const int64_t begin = std::max<int64_t>(0, from - preroll);
     Stereo all(begin, end - begin), sent(begin, end - begin);
-    for (size_t i = 0; i < score.voices.size(); ++i) {
+    for (size_t i = 0; i < score.voices.size(); i++) {
         const Part& part = Orchestra()[i];
         if (score.voices[i].tones.empty())
             continue;

@@ -32,11 +32,11 @@ void ModalBank::Add(double hz, double amplitude, double decay, double phase)
     }
     const double turn = 2 * pi * hz / sampleRate, shrink = Shrink(decay);
     Group& group = groups.back();
-    group.x[used] = static_cast<float>(amplitude * std::cos(2 * pi * phase));
-    group.y[used] = static_cast<float>(amplitude * std::sin(2 * pi * phase));
-    group.cosine[used] = static_cast<float>(shrink * std::cos(turn));
-    group.sine[used] = static_cast<float>(shrink * std::sin(turn));
-    ++used;
+    group.x[used] = float(amplitude * std::cos(2 * pi * phase));
+    group.y[used] = float(amplitude * std::sin(2 * pi * phase));
+    group.cosine[used] = float(shrink * std::cos(turn));
+    group.sine[used] = float(shrink * std::sin(turn));
+    used++;
 }
 
 void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
@@ -46,7 +46,7 @@ void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
         for (Group& group : groups) {
             Lanes x = group.x, y = group.y;
             const Lanes cosine = group.cosine, sine = group.sine;
-            for (size_t i = block; i < blockEnd; ++i) {
+            for (size_t i = block; i < blockEnd; i++) {
                 sound[i] += (y[0] + y[1]) + (y[2] + y[3]);
                 const Lanes nextX = x * cosine - y * sine;
                 y = x * sine + y * cosine;
@@ -56,7 +56,7 @@ void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
             group.y = y;
         }
         const auto silent = [](const Group& group) {
-            for (int i = 0; i < 4; ++i)
+            for (int i = 0; i < 4; i++)
                 if (std::fabs(group.x[i]) + std::fabs(group.y[i]) > inaudible)
                     return false;
             return true;
@@ -71,7 +71,7 @@ void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
 
 void ModalBank::Damp(double decay)
 {
-    const float shrink = static_cast<float>(Shrink(decay));
+    const float shrink = float(Shrink(decay));
     for (Group& group : groups) {
         group.cosine *= Lanes{shrink, shrink, shrink, shrink};
         group.sine *= Lanes{shrink, shrink, shrink, shrink};

@@ -17,7 +17,7 @@ public:
         state ^= state << 13;
         state ^= state >> 17;
         state ^= state << 5;
-        return static_cast<float>(static_cast<int32_t>(state)) * (1.0f / 2147483648.0f);
+        return float(static_cast<int32_t>(state)) * (1.0f / 2147483648.0f);
     }
     // The sum of four: mostly near 0, never beyond 2.
     float Around() { return 0.5f * (White() + White() + White() + White()); }
@@ -55,7 +55,7 @@ public:
             from = to;
             to = noise.White();
         }
-        const float x = static_cast<float>(at) / static_cast<float>(steps);
+        const float x = float(at) / float(steps);
         return from + (to - from) * x * x * (3 - 2 * x);
     }
 

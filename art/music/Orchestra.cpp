@@ -32,9 +32,9 @@ const std::vector<Part>& Orchestra()
 
 int FindPart(const std::string& name)
 {
-    for (size_t i = 0; i < Orchestra().size(); ++i)
+    for (size_t i = 0; i < Orchestra().size(); i++)
         if (name == Orchestra()[i].name)
-            return static_cast<int>(i);
+            return int(i);
     return -1;
 }
 

@@ -66,7 +66,7 @@ bool IsBowed(const std::string& name)
 int NextBass(int pitchClass, int last)
 {
     int best = 0;
-    for (int pitch = bassLow; pitch <= bassHigh; ++pitch)
+    for (int pitch = bassLow; pitch <= bassHigh; pitch++)
         if (pitch % 12 == pitchClass && (best == 0 || std::abs(pitch - last) < std::abs(best - last)))
             best = pitch;
     return best;
@@ -95,7 +95,7 @@ void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, std::ve
             tone.pitch = bassPitch;
             tones.push_back(tone);
         } else {
-            for (int i = 0; i < 3; ++i) {
+            for (int i = 0; i < 3; i++) {
                 if (strike.what != chord && strike.what != i + 1)
                     continue;
                 tone.pitch = voicing[i];
@@ -108,7 +108,7 @@ void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, std::ve
 
 void PlayBowed(const Span& span, const Voicing& voicing, std::vector<Tone>& tones)
 {
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; i++) {
         Tone tone;
         tone.beat = span.beat;
         tone.length = span.end - span.beat;

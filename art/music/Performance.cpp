@@ -51,10 +51,9 @@ float Weight(double place)
 uint32_t SeedOf(const Part& part, const Tone& tone)
 {
     uint32_t seed = 17;
-    for (const char* letter = part.name; *letter != 0; ++letter)
-        seed = seed * 31 + static_cast<uint32_t>(*letter);
-    return Noise::Mix(seed * 7919 + static_cast<uint32_t>(std::lround(tone.beat * 24)) * 131 +
-                      static_cast<uint32_t>(tone.pitch));
+    for (const char* letter = part.name; *letter != 0; letter++)
+        seed = seed * 31 + uint32_t(*letter);
+    return Noise::Mix(seed * 7919 + uint32_t(std::lround(tone.beat * 24)) * 131 + uint32_t(tone.pitch));
 }
 
 Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)

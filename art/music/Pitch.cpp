@@ -30,7 +30,7 @@ int ReadPitch(const std::string& text, size_t& at)
     if (text.compare(begin, 2, "Cb") == 0)
         --octave;
     if (text.compare(begin, 2, "B#") == 0)
-        ++octave;
+        octave++;
     return 12 * (octave + 1) + pitchClass;
 }
 

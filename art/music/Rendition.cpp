@@ -18,7 +18,7 @@ class Digest
 public:
     void Add(const char* bytes, size_t count)
     {
-        for (size_t i = 0; i < count; ++i)
+        for (size_t i = 0; i < count; i++)
             value = (value ^ static_cast<unsigned char>(bytes[i])) * 1099511628211u;
     }
     void Add(const std::string& text) { Add(text.c_str(), text.size() + 1); }
@@ -63,7 +63,7 @@ std::string ScoreDigest(const Score& score)
         }
         for (const Dynamics::Point& point : voice.dynamics.Points()) {
             digest.Add(point.beat);
-            digest.Add(static_cast<double>(point.level));
+            digest.Add(double(point.level));
             digest.Add(int(point.sloping));
         }
     }
@@ -78,7 +78,7 @@ std::string FileDigest(const std::string& path)
     Digest digest;
     char block[65536];
     while (file.read(block, sizeof block) || file.gcount() > 0)
-        digest.Add(block, static_cast<size_t>(file.gcount()));
+        digest.Add(block, size_t(file.gcount()));
     return digest.Text();
 }
 

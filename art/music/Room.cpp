@@ -60,8 +60,8 @@ public:
     }
     float Read(double samples) const
     {
-        const int whole = static_cast<int>(samples);
-        const float rest = static_cast<float>(samples - whole);
+        const int whole = int(samples);
+        const float rest = float(samples - whole);
         return Read(whole) + rest * (Read(whole + 1) - Read(whole));
     }
 
@@ -94,8 +94,8 @@ struct Loss {
     {
         const double low = std::pow(10, -3.0 * length / (decayLow * sampleRate));
         const double high = std::pow(10, -3.0 * length / (decayTreble * sampleRate));
-        pole = static_cast<float>((low - high) / (low + high));
-        gain = static_cast<float>(low * (1 - pole));
+        pole = float((low - high) / (low + high));
+        gain = float(low * (1 - pole));
     }
     float Next(float x) { return last = gain * x + pole * last; }
 };
@@ -105,7 +105,7 @@ void Scatter(std::array<float, lineCount>& x)
 {
     for (int step = 1; step < lineCount; step *= 2) {
         for (int i = 0; i < lineCount; i += 2 * step) {
-            for (int j = i; j < i + step; ++j) {
+            for (int j = i; j < i + step; j++) {
                 const float a = x[j], b = x[j + step];
                 x[j] = a + b;
                 x[j + step] = a - b;
@@ -124,36 +124,35 @@ Stereo RoomOf(const Stereo& sent)
     std::vector<DelayLine> lines;
     std::vector<Loss> losses;
     for (const int length : lengths) {
-        lines.emplace_back(length + 2 * static_cast<int>(breathing) + 2);
+        lines.emplace_back(length + 2 * int(breathing) + 2);
         losses.emplace_back(length);
     }
     std::vector<Diffuser> diffusers[2];
-    for (int side = 0; side < 2; ++side)
+    for (int side = 0; side < 2; side++)
         for (const int length : diffuserLengths[side])
             diffusers[side].emplace_back(length);
     DelayLine early[2] = {DelayLine(4096), DelayLine(4096)};
     DCBlock block[2];
-    const int beforeSamples = static_cast<int>(before * sampleRate);
+    const int beforeSamples = int(before * sampleRate);
 
     std::array<float, lineCount> x{};
     std::array<double, 4> sway{};
-    for (int64_t i = 0; i < sent.Size(); ++i) {
+    for (int64_t i = 0; i < sent.Size(); i++) {
         early[0].Write(sent.left[i]);
         early[1].Write(sent.right[i]);
         float into[2];
-        for (int side = 0; side < 2; ++side) {
+        for (int side = 0; side < 2; side++) {
             into[side] = early[side].Read(beforeSamples);
             for (Diffuser& diffuser : diffusers[side])
                 into[side] = diffuser.Next(into[side]);
         }
         // Four of the lines breathe, each at its own pace, or the tail would ring.
         if (i % 32 == 0) {
-            const double seconds = static_cast<double>(sent.origin + i) / sampleRate;
-            for (int k = 0; k < 4; ++k)
-                sway[k] = breathing *
-                          (1 + static_cast<double>(SineOfTurns(seconds * (0.31 + 0.13 * k) + 0.25 * k)));
+            const double seconds = double(sent.origin + i) / sampleRate;
+            for (int k = 0; k < 4; k++)
+                sway[k] = breathing * (1 + double(SineOfTurns(seconds * (0.31 + 0.13 * k) + 0.25 * k)));
         }
-        for (int k = 0; k < lineCount; ++k) {
+        for (int k = 0; k < lineCount; k++) {
             const float out =
                 k % 4 == 1 ? lines[k].Read(lengths[k] - 1 + sway[k / 4]) : lines[k].Read(lengths[k] - 1);
             x[k] = losses[k].Next(out);
@@ -165,10 +164,10 @@ Stereo RoomOf(const Stereo& sent)
             right += sign * x[k + 1];
         }
         Scatter(x);
-        for (int k = 0; k < lineCount; ++k)
+        for (int k = 0; k < lineCount; k++)
             lines[k].Write(x[k] + into[k % 2] * 0.25f);
         for (const Reflection& reflection : reflections) {
-            const int ago = static_cast<int>(reflection.seconds * sampleRate);
+            const int ago = int(reflection.seconds * sampleRate);
             left += reflection.left * early[0].Read(ago) + 0.3f * reflection.right * early[1].Read(ago);
             right += reflection.right * early[1].Read(ago) + 0.3f * reflection.left * early[0].Read(ago);
         }

@@ -39,7 +39,7 @@ float Dynamics::LevelAt(double beat) const
     if (!from.sloping || behind == points.end())
         return from.level;
     const double way = (beat - from.beat) / std::max(behind->beat - from.beat, epsilon);
-    return from.level + (behind->level - from.level) * static_cast<float>(std::clamp(way, 0.0, 1.0));
+    return from.level + (behind->level - from.level) * float(std::clamp(way, 0.0, 1.0));
 }
 
 const ChordSpan* Score::HarmonyAt(double beat) const
@@ -62,7 +62,7 @@ std::string Print(const Score& score, int firstBar, int endBar)
 {
     std::string text;
     char cell[64];
-    for (int bar = firstBar; bar < endBar; ++bar) {
+    for (int bar = firstBar; bar < endBar; bar++) {
         std::snprintf(cell, sizeof cell, "bar %d  %.1f s ", bar, bar * 1.8);
         text += cell;
         for (const ChordSpan& span : score.harmony)
@@ -82,7 +82,7 @@ std::string Print(const Score& score, int firstBar, int endBar)
             if (row.empty())
                 continue;
             std::snprintf(cell, sizeof cell, "    %-10s%4.2f", voice.part.c_str(),
-                          static_cast<double>(voice.dynamics.LevelAt(bar * beatsPerBar)));
+                          double(voice.dynamics.LevelAt(bar * beatsPerBar)));
             text += cell + row + "\n";
         }
     }

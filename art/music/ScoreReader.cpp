@@ -87,7 +87,7 @@ bool ScoreReader::ReadText(const std::string& name, const std::string& text)
     inHarmony = haveVoice = false;
     const size_t sectionsBefore = score.sections.size();
     for (const std::string& line : Split(text, '\n')) {
-        ++lineNumber;
+        lineNumber++;
         if (!ReadLine(line))
             return false;
     }
@@ -169,7 +169,7 @@ bool ScoreReader::ReadHarmony(int bar, const std::string& bars)
         }
         if (std::abs(beat - end) > epsilon)
             return Fail("bar " + std::to_string(nextBar) + " of the harmony has not three beats");
-        ++nextBar;
+        nextBar++;
     }
     return true;
 }
@@ -199,14 +199,14 @@ bool ScoreReader::ReadBars(int bar, const std::string& bars)
                 return Fail("how many bars? " + word);
             if (score.voices[voice].dynamics.Empty())
                 return Fail(std::string(Orchestra()[voice].name) + " has no dynamics yet");
-            for (int i = 0; i < patternBars; ++i)
+            for (int i = 0; i < patternBars; i++)
                 uses.push_back({voice, pattern, nextBar + i});
         }
         if (patternBars > 0)
             beat += beatsPerBar;
         // One long note may fill several bars.
         const double over = (beat - end) / beatsPerBar;
-        const int longBars = static_cast<int>(std::lround(over)) + 1;
+        const int longBars = int(std::lround(over)) + 1;
         if (longBars < 1 || std::abs(over - (longBars - 1)) > epsilon || (longBars > 1 && notes > 1))
             return Fail("bar " + std::to_string(nextBar) + " has not three beats");
         nextBar += std::max(patternBars, longBars);
@@ -252,7 +252,7 @@ bool ScoreReader::ReadNote(const std::string& token, double& beat)
     } else if (token[0] == '[') {
         // A chord: [D3,A3]
         do {
-            ++at;
+            at++;
             pitches.push_back(ReadPitch(token, at));
         } while (pitches.back() >= 0 && at < token.size() && token[at] == ',');
         if (pitches.back() < 0 || at >= token.size() || token[at++] != ']')
@@ -283,9 +283,9 @@ bool ScoreReader::ReadNote(const std::string& token, double& beat)
         }
     }
     beat += tone.length;
-    for (size_t i = 0; i < pitches.size() && !rest; ++i) {
+    for (size_t i = 0; i < pitches.size() && !rest; i++) {
         tone.pitch = pitches[i];
-        tone.line = static_cast<int>(i);
+        tone.line = int(i);
         if (!Add(tone))
             return false;
     }
@@ -327,7 +327,7 @@ void ScoreReader::JoinTies()
 bool ScoreReader::Finish()
 {
     JoinTies();
-    for (size_t i = 0; i < score.voices.size(); ++i) {
+    for (size_t i = 0; i < score.voices.size(); i++) {
         std::vector<PatternBar> bars;
         for (const Use& use : uses)
             if (use.voice == i)

@@ -23,7 +23,7 @@ struct Stereo {
 
     Stereo() = default;
     Stereo(int64_t from, int64_t count) : origin(from), left(count), right(count) {}
-    int64_t Size() const { return static_cast<int64_t>(left.size()); }
+    int64_t Size() const { return int64_t(left.size()); }
 
     // Mixes a sound in that starts at the night's sample `start`; what lies outside the window is dropped.
     // `pan` is -1 left to 1 right, with the same power everywhere.

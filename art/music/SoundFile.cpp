@@ -24,7 +24,7 @@ bool WriteFrames(SNDFILE* file, const Stereo& sound)
     Samples frames(2 * chunk);
     for (int64_t begin = 0; begin < sound.Size(); begin += chunk) {
         const int64_t count = std::min(chunk, sound.Size() - begin);
-        for (int64_t i = 0; i < count; ++i) {
+        for (int64_t i = 0; i < count; i++) {
             frames[2 * i] = sound.left[begin + i];
             frames[2 * i + 1] = sound.right[begin + i];
         }
@@ -37,9 +37,9 @@ bool WriteFrames(SNDFILE* file, const Stereo& sound)
 uint32_t OggChecksum(const unsigned char* bytes, size_t count)
 {
     uint32_t sum = 0;
-    for (size_t i = 0; i < count; ++i) {
-        sum ^= static_cast<uint32_t>(bytes[i]) << 24;
-        for (int bit = 0; bit < 8; ++bit)
+    for (size_t i = 0; i < count; i++) {
+        sum ^= uint32_t(bytes[i]) << 24;
+        for (int bit = 0; bit < 8; bit++)
             sum = (sum & 0x80000000u) != 0 ? (sum << 1) ^ 0x04c11db7u : sum << 1;
     }
     return sum;
@@ -47,7 +47,7 @@ uint32_t OggChecksum(const unsigned char* bytes, size_t count)
 
 void StoreLittleEndian(unsigned char* bytes, uint32_t value)
 {
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; i++)
         bytes[i] = static_cast<unsigned char>(value >> (8 * i));
 }
 
@@ -71,7 +71,7 @@ bool SetSerialNumber(const std::string& path)
         if (!whole)
             break;
         size_t length = 27 + bytes[at + 26];
-        for (size_t i = 0; i < bytes[at + 26]; ++i)
+        for (size_t i = 0; i < bytes[at + 26]; i++)
             length += bytes[at + 27 + i];
         whole = at + length <= bytes.size();
         if (!whole)
@@ -134,7 +134,7 @@ bool ReadSound(const std::string& path, Stereo& sound)
         const sf_count_t count = sf_readf_float(file, frames.data(), chunk);
         if (count <= 0)
             break;
-        for (sf_count_t i = 0; i < count; ++i) {
+        for (sf_count_t i = 0; i < count; i++) {
             sound.left.push_back(frames[2 * i]);
             sound.right.push_back(frames[2 * i + 1]);
         }

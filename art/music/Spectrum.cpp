@@ -16,7 +16,7 @@ constexpr double pi = 3.14159265358979323846;
 void FourierTransform(std::vector<std::complex<double>>& values)
 {
     const size_t size = values.size();
-    for (size_t i = 1, j = 0; i < size; ++i) {
+    for (size_t i = 1, j = 0; i < size; i++) {
         size_t bit = size / 2;
         for (; (j & bit) != 0; bit /= 2)
             j ^= bit;
@@ -25,10 +25,10 @@ void FourierTransform(std::vector<std::complex<double>>& values)
             std::swap(values[i], values[j]);
     }
     for (size_t length = 2; length <= size; length *= 2) {
-        const std::complex<double> turn = std::polar(1.0, -2 * pi / static_cast<double>(length));
+        const std::complex<double> turn = std::polar(1.0, -2 * pi / double(length));
         for (size_t begin = 0; begin < size; begin += length) {
             std::complex<double> factor = 1;
-            for (size_t i = begin; i < begin + length / 2; ++i) {
+            for (size_t i = begin; i < begin + length / 2; i++) {
                 const std::complex<double> even = values[i], odd = values[i + length / 2] * factor;
                 values[i] = even + odd;
                 values[i + length / 2] = even - odd;
@@ -44,10 +44,10 @@ std::vector<double> MeanSpectrum(const Samples& sound, int64_t from, int64_t end
     std::vector<std::complex<double>> window(size);
     int count = 0;
     for (int64_t begin = from; begin + size <= end; begin += size / 2, ++count) {
-        for (int i = 0; i < size; ++i)
+        for (int i = 0; i < size; i++)
             window[i] = sound[begin + i] * (0.5 - 0.5 * std::cos(2 * pi * i / size));
         FourierTransform(window);
-        for (int i = 0; i <= size / 2; ++i)
+        for (int i = 0; i <= size / 2; i++)
             mean[i] += std::norm(window[i]);
     }
     for (double& each : mean)
@@ -61,15 +61,15 @@ std::array<double, 12> Chroma(const Samples& sound, int64_t from, int64_t end)
     const std::vector<double> spectrum = MeanSpectrum(sound, from, end, size);
     std::array<double, 12> classes{};
     double sum = 0;
-    for (int i = 1; i <= size / 2; ++i) {
-        const double hz = static_cast<double>(i) * sampleRate / size;
+    for (int i = 1; i <= size / 2; i++) {
+        const double hz = double(i) * sampleRate / size;
         if (hz < 65 || hz > 2000)
             continue;
         const double pitch = 69 + 12 * std::log2(hz / 440);
         const double off = pitch - std::round(pitch);
         // Amplitude, not power: the loudest note should not speak for all.
         const double amount = std::sqrt(spectrum[i]) * std::exp(-off * off / 0.045);
-        classes[static_cast<int>(std::lround(pitch)) % 12] += amount;
+        classes[int(std::lround(pitch)) % 12] += amount;
         sum += amount;
     }
     for (double& each : classes)

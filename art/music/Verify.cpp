@@ -22,7 +22,7 @@ Resemblance Compare(const Stereo& rendered, const Stereo& file)
     result.sameLength = rendered.origin + rendered.Size() <= file.Size();
     for (int64_t begin = 0; begin + tenth <= rendered.Size() && result.sameLength; begin += tenth) {
         double difference = 0, power = 0;
-        for (int64_t i = begin; i < begin + tenth; ++i) {
+        for (int64_t i = begin; i < begin + tenth; i++) {
             const int64_t at = rendered.origin + i;
             const double left = rendered.left[i] - file.left[at], right = rendered.right[i] - file.right[at];
             difference += left * left + right * right;
@@ -39,10 +39,9 @@ Resemblance Compare(const Stereo& rendered, const Stereo& file)
 
 Resemblance Verify(const Score& score, const Stereo& file, int firstBar, int endBar)
 {
-    const int64_t nightEnd = static_cast<int64_t>(score.Bars()) * samplesPerBar;
+    const int64_t nightEnd = int64_t(score.Bars()) * samplesPerBar;
     Stereo mix;
-    RenderMix(score, static_cast<int64_t>(firstBar) * samplesPerBar,
-              static_cast<int64_t>(endBar) * samplesPerBar, "", mix);
+    RenderMix(score, int64_t(firstBar) * samplesPerBar, int64_t(endBar) * samplesPerBar, "", mix);
     Master(mix, nightEnd);
     Resemblance result = Compare(mix, file);
     result.sameLength = result.sameLength && file.Size() == nightEnd;

@@ -47,7 +47,7 @@ int PriceOf(const Chord& chord, const Voicing& v)
         const bool colour = std::count(chord.colours.begin(), chord.colours.end(), tone) > 0;
         price += colour ? doubledColour : doubledTone;
     }
-    for (size_t i = 0; i + 1 < v.size(); ++i) {
+    for (size_t i = 0; i + 1 < v.size(); i++) {
         const int gap = v[i + 1] - v[i];
         price += gap == 1 ? rubbingHalfTone : gap == 2 ? rubbingWholeTone : gap > 14 ? wideGap : 0;
     }
@@ -57,12 +57,12 @@ int PriceOf(const Chord& chord, const Voicing& v)
 int PriceOfStep(const Voicing& from, const Voicing& to)
 {
     int price = 0;
-    for (size_t i = 0; i < from.size(); ++i) {
+    for (size_t i = 0; i < from.size(); i++) {
         const int way = std::abs(to[i] - from[i]);
         price += way * perHalfTone + (way > 5 ? leap : 0);
     }
-    for (size_t low = 0; low < from.size(); ++low) {
-        for (size_t high = low + 1; high < from.size(); ++high) {
+    for (size_t low = 0; low < from.size(); low++) {
+        for (size_t high = low + 1; high < from.size(); high++) {
             const int before = (from[high] - from[low]) % 12, after = (to[high] - to[low]) % 12;
             const bool together = (to[low] - from[low]) * (to[high] - from[high]) > 0;
             if (together && before == after && (after == 0 || after == 7))
@@ -110,7 +110,7 @@ std::vector<Voicing> SetVoices(const std::vector<Chord>& chords, const VoicingRa
             Cell best = {candidate.price, 0};
             if (!columns.empty()) {
                 best.price = std::numeric_limits<int>::max();
-                for (size_t i = 0; i < columns.back().size(); ++i) {
+                for (size_t i = 0; i < columns.back().size(); i++) {
                     const int price = ways.back()[i].price + candidate.price +
                                       PriceOfStep(columns.back()[i].voicing, candidate.voicing);
                     if (price < best.price)

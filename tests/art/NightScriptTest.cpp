@@ -131,13 +131,13 @@ TEST_F(TheNight, EveryFlashHasASpeedThatDecaysAndIsOfUse)
 TEST_F(TheNight, FlashesLeaveAheadOfWhatElseIsDueAtTheirTime)
 {
     // One message leaves per frame: the first of a time is the one that is exact.
-    for (size_t i = 1; i < night.messages.size(); ++i) {
+    for (size_t i = 1; i < night.messages.size(); i++) {
         if (IsFlash(night.messages[i])) {
             EXPECT_LT(night.messages[i - 1].time, night.messages[i].time);
         }
     }
     // And no more than four are due at once.
-    for (size_t i = 4; i < night.messages.size(); ++i)
+    for (size_t i = 4; i < night.messages.size(); i++)
         EXPECT_LT(night.messages[i - 4].time, night.messages[i].time);
 }
 
@@ -190,7 +190,7 @@ TEST_F(TheNight, EndsWithTheMusic)
 static std::vector<double> Every(double first, double step, int count)
 {
     std::vector<double> bars;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; i++)
         bars.push_back(first + step * i);
     return bars;
 }
@@ -217,7 +217,7 @@ TEST_F(TheNight, TheTreeOfLightWaitsForTheCamera)
         for (const double at : Bars("FX_Path", name))
             EXPECT_GT(at, camera) << name;
     const std::vector<double> fires = Bars("FX_Path", "tree2");
-    for (int climb = 129; climb <= 136; ++climb) {
+    for (int climb = 129; climb <= 136; climb++) {
         const uint32_t early = climb == 131 ? beat : 0; // on the bar the camera would be in the ground
         EXPECT_TRUE(std::count(fires.begin(), fires.end(), (climb * double(bar) - early) / bar))
             << "bar " << climb;

@@ -50,7 +50,7 @@ public:
         const double time = double(FrameTimer::GetTime());
         // Where one entry of an effect ends and the next begins, both are on, and each hands it on.
         const bool again = !arrivals->empty() && arrivals->back().time == time;
-        for (size_t i = 0; i < ids.size(); ++i)
+        for (size_t i = 0; i < ids.size(); i++)
             if (ids[i] == id && !again)
                 arrivals->push_back({name, names[i], time});
     }
@@ -102,7 +102,7 @@ protected:
     {
         int ahead = 0;
         while (i > size_t(ahead) && night.messages[i - size_t(ahead) - 1].time == night.messages[i].time)
-            ++ahead;
+            ahead++;
         return ahead;
     }
 
@@ -114,7 +114,7 @@ TEST_F(TheNightPlayed, EveryMessageArrivesWithinTheFramesThatItHasToWait)
     for (const int rate : {60, 30}) {
         const std::vector<Arrival> arrivals = Play(rate);
         EXPECT_EQ(night.messages.size(), arrivals.size()) << "none is lost at " << rate;
-        for (size_t i = 0; i < arrivals.size(); ++i) {
+        for (size_t i = 0; i < arrivals.size(); i++) {
             ASSERT_EQ(night.messages[i].effect, arrivals[i].effect) << rate << " " << night.messages[i].time;
             ASSERT_EQ(night.messages[i].name, arrivals[i].message) << rate << " " << night.messages[i].time;
             // One frame to be due in, and one for each that goes first; the clock's floats are not exact.
@@ -135,7 +135,7 @@ TEST_F(TheNightPlayed, FlashesAndTheMusicsStrokesFallTogetherWithinOneFrame)
     const std::vector<Arrival> arrivals = Play(60);
     ASSERT_EQ(night.messages.size(), arrivals.size());
     int flashes = 0;
-    for (size_t i = 0; i < arrivals.size(); ++i) {
+    for (size_t i = 0; i < arrivals.size(); i++) {
         const uint32_t time = night.messages[i].time;
         const std::string name = arrivals[i].message;
         // What jumps on a chord. In the bars of silence the fish comes out of black without one.

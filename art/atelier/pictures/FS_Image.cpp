@@ -96,8 +96,8 @@ void PaintSky(Canvas& canvas, const Paper& paper)
 void PaintFar(Canvas& canvas, const Paper& paper)
 {
     const Noise noise(21);
-    for (int layer = 0; layer < 3; ++layer) {
-        const float k = static_cast<float>(layer), base = 528 + 58 * k;
+    for (int layer = 0; layer < 3; layer++) {
+        const float k = float(layer), base = 528 + 58 * k;
         const auto top = [&](float x) {
             return base + 26 * noise.Fbm(x / 300 + 9 * k, 0.5f, 3) + 18 * (2 - k) * Smooth(60, 620, x);
         };
@@ -110,22 +110,22 @@ void PaintFar(Canvas& canvas, const Paper& paper)
         const Mask density = WashDensity(
             paper, shape,
             {.pool = 0.8f, .poolWidth = 9, .granulation = 0.5f, .bloom = 0.6f, .bloomSize = 150, .stray = 0},
-            22 + static_cast<uint32_t>(layer));
+            22 + uint32_t(layer));
         const Colour light = Mix(palette::Ochre, palette::Parchment, 0.6f - 0.22f * k),
                      dark = Mix(palette::Ochre, palette::Rust, 0.2f + 0.28f * k);
         Mask ink(W, H);
-        Pen pen(ink, paper, {.width = 2, .wobble = 0.6f, .pool = 0}, 26 + static_cast<uint32_t>(layer));
-        Dice dice(29 + static_cast<uint32_t>(layer));
-        for (int i = 0; i < 34; ++i) {
+        Pen pen(ink, paper, {.width = 2, .wobble = 0.6f, .pool = 0}, 26 + uint32_t(layer));
+        Dice dice(29 + uint32_t(layer));
+        for (int i = 0; i < 34; i++) {
             const float x = dice.Range(0, W);
             DrawDeadTree(pen, {x, top(x) + 3},
                          {.height = dice.Range(10, 18) + 8 * k,
                           .trunk = 1.6f,
                           .lean = 0.1f * dice.Bell(),
                           .generations = 3},
-                         2200 + static_cast<uint32_t>(i + 40 * layer));
+                         2200 + uint32_t(i + 40 * layer));
         }
-        for (int i = 0; i < 26; ++i) {
+        for (int i = 0; i < 26; i++) {
             const float x = dice.Range(-60, W), y = dice.Range(14, 46), w = dice.Range(60, 190);
             pen.nib.width = 1.6f;
             pen.Stroke(Through({{x, top(x) + y},
@@ -163,8 +163,8 @@ void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a,
                    seed);
     Pen pen(deep, paper, {.width = 3.2f, .wobble = 1.5f, .wave = 80, .skip = 0.5f, .dry = 0.5f}, seed + 1);
     Dice dice(seed + 2);
-    for (int i = 0; i < count; ++i) {
-        const float t = (static_cast<float>(i) + 0.5f + 0.2f * dice.Bell()) / static_cast<float>(count);
+    for (int i = 0; i < count; i++) {
+        const float t = (float(i) + 0.5f + 0.2f * dice.Bell()) / float(count);
         const Line line = Furrow(a, b, Clamp(t));
         brush.Stroke(Beside(line, width * 0.5f), dice.Range(0.7f, 1.1f));
         pen.Stroke(line, {.start = 0.5f, .middle = 0.8f, .end = 0.3f});
@@ -190,7 +190,7 @@ void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
                                   {x + w + 3, foot - h + 1},
                                   {x + w, foot - h},
                                   {x + w, foot}}),
-                        0.8f, 9, static_cast<uint32_t>(x)));
+                        0.8f, 9, uint32_t(x)));
         pen.Dot({x + w * 0.32f, foot - h * 0.45f}, 1.8f);
         if (w > 21)
             pen.Dot({x + w * 0.7f, foot - h * 0.5f}, 1.7f);
@@ -249,8 +249,8 @@ Canvas Painting()
     Pen lock(hair, paper, {.width = 3.2f, .wobble = 1, .skip = 0.2f, .pool = 0}, 46);
     const Line crown = Through(OnHerHead({{30, 4}, {54, -5}, {84, 6}, {101, 36}, {98, 64}})),
                fall = Through(Hair);
-    for (int i = 0; i < 34; ++i) {
-        const float t = static_cast<float>(i) / 33;
+    for (int i = 0; i < 34; i++) {
+        const float t = float(i) / 33;
         const Vec2 p = PointAt(crown, t);
         lock.Stroke(Through({p, Mix(p, PointAt(fall, 0.10f), 0.5f) + Vec2{16 - 14 * t, 0},
                              PointAt(fall, 0.12f) + Vec2{22 - 44 * t, 0},
@@ -296,8 +296,8 @@ Canvas Painting()
 
     // The arms that hold: his round her, its fingers spread on her back, hers round his neck.
     Shape holding(holdArm);
-    for (int finger = 0; finger < 4; ++finger) {
-        const float k = static_cast<float>(finger);
+    for (int finger = 0; finger < 4; finger++) {
+        const float k = float(finger);
         holding.Add(Limb(Through({{672, 426 + 2.5f * k}, {700, 409 + 8 * k}, {726 - 3 * k, 399 + 11.5f * k}}),
                          5.5f, 5, 2.5f));
     }
@@ -307,11 +307,11 @@ Canvas Painting()
     // Her hand lies on his nape: the back of it, four fingers spread down over his shoulder, the thumb at his ear.
     shoulder.Add(Shaken(Ellipse({470, 260}, 15, 11, 0.45f), 1, 16, 49));
     const auto nape = [](int finger) {
-        const float k = static_cast<float>(finger);
+        const float k = float(finger);
         return Through(
             {{466 - 2 * k, 256 + 4 * k}, {450 - 2.5f * k, 257 + 8 * k}, {437 - 0.5f * k, 264 + 12 * k}});
     };
-    for (int finger = 0; finger < 4; ++finger)
+    for (int finger = 0; finger < 4; finger++)
         shoulder.Add(Limb(nape(finger), 5, 4.6f, 2.4f));
     shoulder.Add(Limb(Through({{478, 254}, {474, 240}, {478, 228}}), 5, 4.4f, 2.4f));
     const Mask hold = Filled(W, H, holding).Shake(1.2f, 30, 44),
@@ -322,13 +322,13 @@ Canvas Painting()
     pen.nib.skip = 0.25f;
     along(holdArm, 4);
     along(neckArm, 3.4f);
-    for (int finger = 0; finger < 4; ++finger) {
+    for (int finger = 0; finger < 4; finger++) {
         contour(Beside(nape(finger), -4.5f), 2.2f);
         contour(Part(Beside(nape(finger), 4.5f), 0.35f, 1), 2);
     }
     contour(Through({{473, 252}, {469, 240}, {476, 227}}), 2.2f);
-    for (int finger = 0; finger < 4; ++finger) {
-        const float k = static_cast<float>(finger);
+    for (int finger = 0; finger < 4; finger++) {
+        const float k = float(finger);
         contour(Through({{684, 424 + 6.5f * k}, {704, 413.5f + 9 * k}, {724 - 3 * k, 404 + 12 * k}}), 2.6f);
     }
     // His eye, closed. Her profile, her eye, brow, lips and ear.
@@ -362,18 +362,18 @@ Canvas Painting()
     DrawHandTree(pen, HerArm, 6, 52);
     const Line ridge = Through(HisBack);
     Dice dice(53);
-    for (int i = 0; i < 46; ++i) {
-        const float t = Mix(0.14f, 0.8f, (static_cast<float>(i) + dice.Unit()) / 46);
+    for (int i = 0; i < 46; i++) {
+        const float t = Mix(0.14f, 0.8f, (float(i) + dice.Unit()) / 46);
         const Vec2 foot = PointAt(ridge, t) + Vec2{dice.Range(-1, 26), 7};
         DrawDeadFir(pen, foot, {.height = dice.Range(20, 52), .trunk = 3.4f, .reach = 10, .bare = 0.05f},
-                    500 + static_cast<uint32_t>(i));
+                    500 + uint32_t(i));
     }
     // Cropped hair, as a copse on a hilltop.
     ink.Fill(Shaken(
         Round(
             {{478, 240}, {469, 206}, {484, 174}, {514, 164}, {536, 177}, {518, 188}, {500, 206}, {494, 232}}),
         2, 14, 54));
-    for (int i = 0; i < 70; ++i) {
+    for (int i = 0; i < 70; i++) {
         const Vec2 p =
             PointAt(Through({{478, 242}, {468, 206}, {484, 173}, {514, 163}, {537, 177}}), dice.Unit());
         pen.nib.width = 2;
@@ -398,8 +398,8 @@ Canvas Painting()
     // A comb of light on it, and her ear.
     Mask gleam(W, H);
     Pen hairline(gleam, paper, {.width = 2, .wobble = 0.8f, .skip = 0.4f}, 56);
-    for (int i = 0; i < 9; ++i) {
-        const float k = static_cast<float>(i);
+    for (int i = 0; i < 9; i++) {
+        const float k = float(i);
         hairline.Stroke(
             Through(OnHerHead({{34 + 3.4f * k, 12 - k}, {62 + 3 * k, 22 + 2.6f * k}, {84 + k, 50 + 3 * k}})),
             {.start = 0.1f, .middle = 0.7f, .end = 0.2f});

@@ -49,9 +49,9 @@ void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry,
               right = std::min(W - 1, Floor(centre.x + rx * 1.4f));
     const int top = std::max(0, Floor(centre.y - ry * 1.4f)),
               bottom = std::min(H - 1, Floor(centre.y + ry * 1.4f));
-    for (int y = top; y <= bottom; ++y)
-        for (int x = left; x <= right; ++x) {
-            const float fx = static_cast<float>(x), fy = static_cast<float>(y);
+    for (int y = top; y <= bottom; y++)
+        for (int x = left; x <= right; x++) {
+            const float fx = float(x), fy = float(y);
             const Vec2 n = {(fx - centre.x) / rx, (fy - centre.y) / ry};
             const float curl = noise.Fbm(fx / rx * 1.9f, fy / ry * 1.9f, 4);
             const float d = Length(n) + 0.3f * curl;
@@ -101,7 +101,7 @@ Canvas Sky(const Tones& tones)
     Mask stars(W, H);
     Pen pen(stars, paper, {.width = 2}, 34);
     Dice dice(35);
-    for (int i = 0; i < 260; ++i) {
+    for (int i = 0; i < 260; i++) {
         const Vec2 p = {dice.Range(0, W), dice.Range(0, Horizon * 0.8f)};
         const float radius = 0.5f + 1.1f * Pow(dice.Unit(), 5);
         if (Length(p - Moon) > 300 && dice.Unit() > p.y / Horizon)
@@ -140,13 +140,12 @@ Canvas Sky(const Tones& tones)
     });
     // The sea: rows from the horizon to below our feet, each larger and nearer than the last.
     constexpr int Rows = 10;
-    for (int row = 0; row < Rows; ++row) {
-        const float t = static_cast<float>(row) / (Rows - 1);
+    for (int row = 0; row < Rows; row++) {
+        const float t = float(row) / (Rows - 1);
         const float y = Mix(Horizon + 4, H + 40, Pow(t, 1.35f)), size = Mix(15, 190, Pow(t, 1.2f));
         const int count = Floor(W / size * 2.3f);
-        for (int i = 0; i < count; ++i) {
-            const float x = (static_cast<float>((i * 7) % count) + dice.Range(-0.4f, 0.4f)) * W /
-                            static_cast<float>(count - 1);
+        for (int i = 0; i < count; i++) {
+            const float x = (float((i * 7) % count) + dice.Range(-0.4f, 0.4f)) * W / float(count - 1);
             const float swell = curls.Fbm(x / (size * 5) + 9 * t, 5 * t, 2);
             const float rx = size * dice.Range(0.7f, 1.35f), ry = rx * dice.Range(0.5f, 0.68f);
             const Vec2 c = {x, y - size * (0.3f + 1.1f * swell) + dice.Range(-0.25f, 0.25f) * size};
@@ -193,7 +192,7 @@ Mask Balls()
 {
     Mask balls(Size, Size);
     Dice dice(51);
-    for (int i = 0; i < 44; ++i) {
+    for (int i = 0; i < 44; i++) {
         const float a = dice.Range(0, 2 * Pi), r = Sqrt(dice.Unit());
         const Vec2 c = {256 + Cos(a) * r * 142, 266 + Sin(a) * r * 104};
         const float radius = dice.Range(36, 62) * (1.15f - 0.45f * r);
@@ -207,8 +206,8 @@ Canvas Laid(const Mask& amount, const Mask& light, Colour dark, Colour bright)
     Mask alpha = amount;
     alpha.FadeToBorder(90);
     Canvas canvas(Size, Size);
-    for (int y = 0; y < Size; ++y)
-        for (int x = 0; x < Size; ++x) {
+    for (int y = 0; y < Size; y++)
+        for (int x = 0; x < Size; x++) {
             const float a = Clamp(alpha.At(x, y)) * Thickest;
             const Colour c = Mix(dark, bright, Clamp(light.At(x, y)));
             canvas.At(x, y) = {c.r * a, c.g * a, c.b * a, a};
@@ -223,9 +222,9 @@ Canvas Cloud()
     const Mask balls = Balls();
     // Three washes, each smaller than the one before, over a breath of fog.
     Mask amount = balls.Blurred(34).Scale(0.5f);
-    for (uint32_t i = 0; i < 3; ++i) {
+    for (uint32_t i = 0; i < 3; i++) {
         Mask shape = balls;
-        const float level = 0.42f + 0.2f * static_cast<float>(i);
+        const float level = 0.42f + 0.2f * float(i);
         shape.Blur(9).Shake(26, 90, 53 + i).Curve(level - 0.06f, level + 0.06f);
         Mask density = WashDensity(paper, shape,
                                    {.density = 0.5f,

@@ -72,7 +72,7 @@ Canvas MossyStone()
     pen.Stroke(Straight({{1, 0}, {1, Size}}), {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
     pen.nib.width = 3.5f;
     Dice dice(708);
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 60; i++) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const float a = dice.Range(0.5f, 1.0f);
         pen.Stroke(Shaken(Straight({p, p + Vec2{Cos(a), Sin(a)} * dice.Range(20, 60)}), 3, 20, dice.Next()),
@@ -127,8 +127,8 @@ void Reed(Pen& pen)
     pen.Stroke(Through({{20, 92}, {18, 106}, {36, 120}}), {.start = 0.8f, .middle = 1, .end = 0.8f});
     pen.Stroke(Through({{112, 34}, {130, 20}, {140, 16}, {134, 28}, {118, 42}}),
                {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
-    for (int i = 0; i < 5; ++i)
-        pen.Dot(Vec2{42, 92} + Vec2{14, -10.5f} * static_cast<float>(i), 3.2f);
+    for (int i = 0; i < 5; i++)
+        pen.Dot(Vec2{42, 92} + Vec2{14, -10.5f} * float(i), 3.2f);
 }
 
 void Brush(Pen& pen)
@@ -145,8 +145,8 @@ void Brush(Pen& pen)
 void Gear(Pen& pen, Vec2 at, float radius, int teeth, float turned)
 {
     Line rim;
-    for (int i = 0; i <= teeth * 4; ++i) {
-        const float a = turned + 2 * Pi * static_cast<float>(i) / static_cast<float>(teeth * 4);
+    for (int i = 0; i <= teeth * 4; i++) {
+        const float a = turned + 2 * Pi * float(i) / float(teeth * 4);
         rim.push_back(at + Vec2{Cos(a), Sin(a)} * (i % 4 < 2 ? radius : radius * 0.78f));
     }
     pen.Stroke(Straight(rim), {.start = 0.8f, .middle = 1, .end = 0.8f});
@@ -168,9 +168,9 @@ void Lamp(Pen& pen)
     pen.Stroke(Ellipse({72, 26}, 15, 13), {.start = 0.7f, .middle = 0.8f, .end = 0.4f});
     pen.Stroke(Round({{72, 58}, {80, 78}, {72, 90}, {64, 78}}), {.start = 0.9f, .middle = 1, .end = 0.8f});
     for (const float side : {-1.0f, 1.0f})
-        for (int i = -1; i <= 1; ++i)
-            pen.Stroke(Straight({Vec2{72 + side * 38, 76 + 16 * static_cast<float>(i)},
-                                 Vec2{72 + side * 58, 76 + 24 * static_cast<float>(i)}}),
+        for (int i = -1; i <= 1; i++)
+            pen.Stroke(Straight({Vec2{72 + side * 38, 76 + 16 * float(i)},
+                                 Vec2{72 + side * 58, 76 + 24 * float(i)}}),
                        {.start = 0.9f, .middle = 0.6f, .end = 0});
 }
 

@@ -51,8 +51,8 @@ Shape Hand()
 // A joint: two or three short creases across a finger.
 void DrawCreases(Pen& pen, const Line& spine, float at, float half, int count)
 {
-    for (int i = 0; i < count; ++i) {
-        const float t = at + 0.022f * static_cast<float>(i);
+    for (int i = 0; i < count; i++) {
+        const float t = at + 0.022f * float(i);
         const Vec2 p = PointAt(spine, t), d = DirectionAt(spine, t), n = {-d.y, d.x};
         pen.Stroke(Through({p - n * (half * 0.75f), p - d * 3, p + n * (half * 0.7f)}),
                    {.start = 0.2f, .middle = 0.9f, .end = 0.1f});
@@ -115,7 +115,7 @@ Canvas Photograph()
     const Mask round = hand.Blurred(13), form = hand.Blurred(34);
     Mask creases(W, H);
     Pen pen(creases, paper, {.width = 5, .wobble = 1.2f, .wave = 40, .skip = 0.2f, .pool = 0}, 13);
-    for (size_t i = 0; i < Fingers.size(); ++i) {
+    for (size_t i = 0; i < Fingers.size(); i++) {
         const Line spine = Tilted(Through(Fingers[i].spine));
         pen.nib.width = 4;
         DrawCreases(pen, spine, i == 4 ? 0.52f : 0.36f, Fingers[i].middle, 3);
@@ -136,7 +136,7 @@ Canvas Photograph()
                {.start = 0.1f, .middle = 0.5f, .end = 0});
     pen.nib.width = 2.2f;
     Dice dice(14);
-    for (int i = 0; i < 70; ++i) {
+    for (int i = 0; i < 70; i++) {
         const Vec2 p = {dice.Range(510, 720), dice.Range(540, 890)};
         const float a = dice.Range(-0.9f, 0.9f), length = dice.Range(10, 34);
         pen.Stroke(Through({p, p + Vec2{Cos(a), Sin(a)} * (length * 0.5f) + Vec2{0, 2},
@@ -155,19 +155,19 @@ Canvas Photograph()
                 {.start = 0.2f, .middle = 0.5f, .end = 0.2f});
     look.Stroke(Through({at + Vec2{-44, -24}, at + Vec2{-4, -38}, at + Vec2{46, -22}}),
                 {.start = 0.5f, .middle = 0.5f, .end = 0.2f});
-    for (int i = 0; i < 16; ++i) {
-        const float k = static_cast<float>(i) * 5.6f;
-        look.Stroke(Through({at + Vec2{-44 + k, -46 - 6 * Hill(7, 9, static_cast<float>(i))},
-                             at + Vec2{-34 + k, -56 - 5 * Hill(7, 9, static_cast<float>(i))}}),
+    for (int i = 0; i < 16; i++) {
+        const float k = float(i) * 5.6f;
+        look.Stroke(Through({at + Vec2{-44 + k, -46 - 6 * Hill(7, 9, float(i))},
+                             at + Vec2{-34 + k, -56 - 5 * Hill(7, 9, float(i))}}),
                     {.start = 0.9f, .middle = 0.9f, .end = 0.3f});
     }
     look.Dot(at + Vec2{1, -1}, 11);
     eye.Blur(1.6f);
     const Mask white = ball.Blurred(2), cuffLight = shirt.Blurred(3);
     const Mask skin = hand, cuff = sleeve.Blurred(3);
-    for (int y = 0; y < H; ++y)
-        for (int x = 0; x < W; ++x) {
-            const float fx = static_cast<float>(x), fy = static_cast<float>(y);
+    for (int y = 0; y < H; y++)
+        for (int x = 0; x < W; x++) {
+            const float fx = float(x), fy = float(y);
             const float weave = 0.03f * cloth.Gradient(fx / 3.1f, fy / 3.1f);
             float v = value.At(x, y);
             v = Mix(v, 0.045f + weave * 0.7f + 0.05f * Bell(Length(Vec2{fx - 860, fy - 800}) / 230),
@@ -212,7 +212,7 @@ Canvas Photograph()
                    {.start = 0.1f, .middle = 0.6f, .end = 0});
     scratch.Stroke(Through({{212, 300}, {240, 330}, {236, 372}, {204, 380}, {190, 352}}),
                    {.start = 0.5f, .middle = 0.8f, .end = 0.2f});
-    for (int i = 0; i < 60; ++i)
+    for (int i = 0; i < 60; i++)
         scratch.Dot({dice.Range(60, W - 60), dice.Range(100, H - 100)}, dice.Range(0.5f, 1.5f));
     canvas.Cover(dust, palette::Bone, 0.5f);
 

@@ -82,9 +82,9 @@ Canvas Footprint()
     const Mask window = Mask(W, H, 1).FadeToBorder(40);
     // The light is low: the wall on its side throws a shadow across the floor, the wall opposite shines.
     Mask shadow(W, H), wall(W, H), rim(W, H), lee(W, H), damp(W, H);
-    for (int y = 0; y < H; ++y)
-        for (int x = 0; x < W; ++x) {
-            const float fx = static_cast<float>(x) + 0.5f, fy = static_cast<float>(y) + 0.5f;
+    for (int y = 0; y < H; y++)
+        for (int x = 0; x < W; x++) {
+            const float fx = float(x) + 0.5f, fy = float(y) + 0.5f;
             const float deep = Clamp(floor.At(x, y) * 1.25f), ragged = lumps.Fbm(fx / 24, fy / 24, 3);
             float cast = 0;
             for (const float reach : {14.0f, 32.0f, 54.0f}) {
@@ -169,7 +169,7 @@ Canvas Sand()
         Vec2 gain, loss;
     };
     std::vector<Fork> forks;
-    for (int i = 0; i < 6; ++i) {
+    for (int i = 0; i < 6; i++) {
         const Vec2 way = {dice.Range(30, 75), dice.Range(-24, 24)};
         // By twos of opposite sense, or the ribs would climb from tile to tile.
         for (float sense = -1; sense < 2; sense += 2) {
@@ -182,9 +182,8 @@ Canvas Sand()
         const float u = x / Size, v = y / Size;
         float phase = v * Ribs + 0.7f * warp.Fbm(u * 7, v * 5, 3) + 0.62f;
         for (const Fork& f : forks)
-            for (int k = 0; k < 9; ++k) {
-                const Vec2 p = {x - Size * static_cast<float>(k % 3 - 1),
-                                y - Size * static_cast<float>(k / 3 - 1)};
+            for (int k = 0; k < 9; k++) {
+                const Vec2 p = {x - Size * float(k % 3 - 1), y - Size * float(k / 3 - 1)};
                 phase += (Angle(p - f.gain) - Angle(p - f.loss)) / (2 * Pi);
             }
         return phase;
@@ -223,16 +222,16 @@ Canvas Sand()
     DryBrush brush(wind, paper,
                    {.width = 13, .count = 8, .thickness = 1.2f, .load = 0.46f, .ragged = 0.5f, .wave = 40},
                    27);
-    for (int i = 0; i < 120; ++i) {
+    for (int i = 0; i < 120; i++) {
         Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const float level = phaseAt(p.x, p.y);
         Line line;
-        for (int step = 0; step < 26; ++step) {
+        for (int step = 0; step < 26; step++) {
             line.push_back(p);
             p.x += 3;
             // Stay on the rib.
             const float off = phaseAt(p.x, p.y) - level;
-            p.y -= Clamp((off - static_cast<float>(Floor(off + 0.5f))) * Size / Ribs, -3, 3);
+            p.y -= Clamp((off - float(Floor(off + 0.5f))) * Size / Ribs, -3, 3);
         }
         brush.Stroke(line, dice.Range(0.6f, 1));
     }

@@ -58,8 +58,8 @@ Canvas Window(bool lit)
                                   {in(28), 113},
                                   {edge, 113}})));
         pen.nib.width = 1.6f * fine;
-        for (int fold = 0; fold < 4; ++fold) {
-            const float by = 9 * static_cast<float>(fold);
+        for (int fold = 0; fold < 4; fold++) {
+            const float by = 9 * float(fold);
             pen.Stroke(drawn(Through({{in(6 + by * 1.2f), 16},
                                       {in(4 + by * 0.8f), 50},
                                       {in(3 + by * 0.45f), 73},
@@ -125,11 +125,11 @@ Canvas RingOfLight()
                    571);
     const auto sweep = [&](float radius, float from, float to, float drift) {
         Line arc;
-        for (int i = 0; i <= 160; ++i) {
-            const float t = static_cast<float>(i) / 160, a = Mix(from, to, t);
+        for (int i = 0; i <= 160; i++) {
+            const float t = float(i) / 160, a = Mix(from, to, t);
             arc.push_back(Middle + Vec2{Cos(a), Sin(a) * 0.985f} * (radius + drift * t));
         }
-        return Shaken(arc, 2.5f, 120, static_cast<uint32_t>(from * 100) + 5);
+        return Shaken(arc, 2.5f, 120, uint32_t(from * 100) + 5);
     };
     brush.Stroke(sweep(Radius, 0.4f, 3.9f, 4), 0.9f);
     brush.bristles.width = 7;
@@ -142,7 +142,7 @@ Canvas RingOfLight()
     faint.Stroke(sweep(Radius + 66, 0.2f, 5.2f, 10), {.start = 0, .middle = 0.8f, .end = 0});
     Pen fleck(embers, paper, {.width = 2, .wobble = 0.5f}, 573);
     Dice dice(574);
-    for (int i = 0; i < 90; ++i) {
+    for (int i = 0; i < 90; i++) {
         const float a = dice.Range(0, 2 * Pi), out = Radius + dice.Bell() * 9 + 26 * Pow(dice.Unit(), 2);
         const Vec2 p = Middle + Vec2{Cos(a), Sin(a)} * out, way = {-Sin(a + 0.5f), Cos(a + 0.5f)};
         fleck.Stroke(Straight({p, p + way * dice.Range(1.5f, 7)}, 1),

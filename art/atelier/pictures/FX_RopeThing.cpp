@@ -33,14 +33,12 @@ Canvas FishSkin()
     const auto scale = [&](float x, float y) {
         const float bent = y + 12 * bend.Fbm(x / 120, y / 120, 2);
         // A scale nearer the head lies over the next.
-        for (int column = Floor(x / Wide) - 1;; ++column) {
+        for (int column = Floor(x / Wide) - 1;; column++) {
             const float row = bent / Tall + (Wrap(column, 2) == 0 ? 0.0f : 0.5f);
-            const float u = (row - static_cast<float>(Floor(row))) * 2 - 1;
-            const float v = (x - static_cast<float>(column) * Wide) / (2 * Wide);
+            const float u = (row - float(Floor(row))) * 2 - 1;
+            const float v = (x - float(column) * Wide) / (2 * Wide);
             if (v <= 1 - 0.5f * u * u)
-                return Place{
-                    u, v,
-                    own.Value(static_cast<float>(column) * 3.7f, static_cast<float>(Floor(row)) * 5.3f)};
+                return Place{u, v, own.Value(float(column) * 3.7f, float(Floor(row)) * 5.3f)};
         }
     };
     const Colour back = Mix(palette::Ink, palette::Slate, 0.60f),
@@ -84,9 +82,8 @@ Canvas FishSkin()
     // Bars down from the back, as a perch's: each runs out in a point, none like another.
     Mask barred(Side, Side);
     Dice dice(646);
-    for (int i = 0; i < 8; ++i) {
-        const float x = 168 + 44 * static_cast<float>(i) + dice.Range(-7, 7),
-                    low = dice.Range(250, 345) - 7 * static_cast<float>(i);
+    for (int i = 0; i < 8; i++) {
+        const float x = 168 + 44 * float(i) + dice.Range(-7, 7), low = dice.Range(250, 345) - 7 * float(i);
         const float half = dice.Range(8, 13);
         barred.Fill(
             drawn(Shaken(Limb(Through({{x + 6, -20}, {x + dice.Range(-6, 6), low * 0.5f}, {x - 8, low}}),
@@ -108,7 +105,7 @@ Canvas FishSkin()
          644);
     // Freckles where the blue of the skull runs out, larger towards the gill.
     Mask freckles(Side, Side);
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < 150; i++) {
         const float x = dice.Range(8, 112), y = 178 + 34 * dice.Bell();
         const float size = (0.5f + 2.2f * dice.Unit() * dice.Unit()) * (0.5f + x / 112);
         freckles.Fill(drawn(Shaken(Ellipse({x, y}, size * 0.7f, size * 1.7f), 0.6f, 5, dice.Next())));
@@ -133,8 +130,8 @@ Canvas FishSkin()
     pen.Stroke(drawn(Through({{8, 226}, {26, 214}, {40, 222}})),
                {.start = 0.4f, .middle = 0.8f, .end = 0}); // nostril
     pen.nib.width = 4;
-    for (int i = 0; i < 46; ++i) { // pores, in rows along the jaw
-        const float along = static_cast<float>(i % 23) / 22;
+    for (int i = 0; i < 46; i++) { // pores, in rows along the jaw
+        const float along = float(i % 23) / 22;
         pen.Dot(Vec2{Mix(10, 100, along) + dice.Range(-2, 2),
                      Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)} *
                     Fine,
@@ -145,16 +142,16 @@ Canvas FishSkin()
                    {.start = 0.9f, .middle = 1, .end = 0.6f});
     // Furrows over the skull, from between the eyes to the nape, and folds that hang down the cheek.
     pen.nib.width = 3.4f;
-    for (int i = 0; i < 7; ++i) {
-        const float y = 16 + 17 * static_cast<float>(i), sink = 3.0f * static_cast<float>(i);
+    for (int i = 0; i < 7; i++) {
+        const float y = 16 + 17 * float(i), sink = 3.0f * float(i);
         pen.Stroke(drawn(Through({{14 + dice.Range(0, 22), y + dice.Range(-4, 4)},
                                   {52, y + dice.Range(-7, 7)},
                                   {84, y + sink + dice.Range(-6, 6)},
                                   {116 + dice.Range(-14, 6), y + 2 * sink}})),
                    {.start = 0, .middle = 0.8f, .end = 0.1f});
     }
-    for (int i = 0; i < 9; ++i) {
-        const float x = 30 + 8 * static_cast<float>(i);
+    for (int i = 0; i < 9; i++) {
+        const float x = 30 + 8 * float(i);
         pen.Stroke(drawn(Through({{x, 236 + dice.Range(-16, 16)},
                                   {x + 5, 268 + dice.Range(-8, 8)},
                                   {x + 1, 300 + dice.Range(-10, 34)}})),
@@ -210,7 +207,7 @@ Canvas FishEye()
     Mask ink(Side, Side);
     Pen pen(ink, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 14, .skip = 0.4f}, 653);
     Dice dice(654);
-    for (int i = 0; i < 80; ++i) {
+    for (int i = 0; i < 80; i++) {
         const float a = dice.Range(0, 2 * Pi), from = dice.Range(38, 50), to = dice.Range(56, 80);
         const Vec2 way = {Cos(a), Sin(a)};
         pen.Stroke(

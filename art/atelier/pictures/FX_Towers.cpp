@@ -15,9 +15,8 @@ Line Spirograph(Vec2 centre, float ring, float wheel, float pen, int turns)
 {
     Line line;
     const int count = turns * 360;
-    for (int i = 0; i <= count; ++i) {
-        const float a =
-            2 * Pi * static_cast<float>(turns) * static_cast<float>(i) / static_cast<float>(count);
+    for (int i = 0; i <= count; i++) {
+        const float a = 2 * Pi * float(turns) * float(i) / float(count);
         const float b = a * (ring - wheel) / wheel;
         line.push_back(centre +
                        Vec2{(ring - wheel) * Cos(a) + pen * Cos(b), (ring - wheel) * Sin(a) - pen * Sin(b)});
@@ -30,8 +29,8 @@ Line Spiral(Vec2 centre, float inner, float outer, float turns, float turned)
 {
     Line line;
     const int count = Floor(turns * 180);
-    for (int i = 0; i <= count; ++i) {
-        const float t = static_cast<float>(i) / static_cast<float>(count);
+    for (int i = 0; i <= count; i++) {
+        const float t = float(i) / float(count);
         const float a = turned + 2 * Pi * turns * t, r = Mix(inner, outer, t);
         line.push_back(centre + Vec2{Cos(a), Sin(a)} * r);
     }
@@ -77,10 +76,9 @@ Canvas SpirographOfLight()
         pen.Stroke(drawing.line, {.start = 0.5f, .middle = 0.9f, .end = 0.2f});
         // The light does not reach all round: it is seen turning.
         lines.By([&](float x, float y) {
-            return 0.2f +
-                   0.95f * Smooth(-0.35f, 0.45f, lift.Fbm(x / 260 + static_cast<float>(seed), y / 260, 3));
+            return 0.2f + 0.95f * Smooth(-0.35f, 0.45f, lift.Fbm(x / 260 + float(seed), y / 260, 3));
         });
-        ++seed;
+        seed++;
         GlowAlong(canvas, lines, 12,
                   {.core = Mix(palette::Bone, drawing.halo, 0.6f),
                    .halo = drawing.halo,
@@ -119,17 +117,15 @@ const Canvas& TowerPanorama()
                      Mix(palette::Rust, palette::Slate, 0.4f), 0.012f);
         Mask stars(W, H, 0, true);
         Dice dice(614);
-        for (int i = 0; i < 190; ++i) {
+        for (int i = 0; i < 190; i++) {
             const Vec2 p = {dice.Range(0, W), dice.Range(24, H - 8)};
             const float light = Pow(dice.Unit(), 5), radius = 0.5f + 0.4f * light;
-            for (int y = Floor(p.y) - 4; y <= Floor(p.y) + 4; ++y)
-                for (int x = Floor(p.x) - 4; x <= Floor(p.x) + 4; ++x)
+            for (int y = Floor(p.y) - 4; y <= Floor(p.y) + 4; y++)
+                for (int x = Floor(p.x) - 4; x <= Floor(p.x) + 4; x++)
                     if (y >= 0 && y < H) {
                         float& s = stars.At(Wrap(x, W), y);
                         s += (0.05f + 0.5f * light) * fade(p.y) *
-                             Bell(Length({static_cast<float>(x) + 0.5f - p.x,
-                                          static_cast<float>(y) + 0.5f - p.y}) /
-                                  radius);
+                             Bell(Length({float(x) + 0.5f - p.x, float(y) + 0.5f - p.y}) / radius);
                     }
         }
         canvas.Light(stars, Mix(palette::Bone, palette::ColdLight, 0.3f));
@@ -164,7 +160,7 @@ Canvas Beam()
     Mask motes(W, H);
     Dice dice(623);
     Pen dust(motes, SketchPaper(256), {}, 624);
-    for (int i = 0; i < 170; ++i)
+    for (int i = 0; i < 170; i++)
         dust.Dot({dice.Range(10, W - 10), H / 2.0f + dice.Bell() * 9}, dice.Range(0.5f, 1.3f));
     motes.Blur(0.5f);
     const Mask shape =

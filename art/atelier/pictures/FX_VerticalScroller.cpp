@@ -37,8 +37,8 @@ void DrawReed(Page& page, Vec2 at)
     page.Body(Limb(axis, 9, 22, 40));
     page.Body(Limb(Through({at + Vec2{228, 57}, at + Vec2{262, 66}}), 38, 46, 66), 5);
     page.Body(Limb(Through({at + Vec2{-306, -84}, at + Vec2{-272, -74}, at + Vec2{-248, -62}}), 3, 9, 11));
-    for (int i = 0; i < 9; ++i) {
-        const float t = 0.12f + 0.082f * static_cast<float>(i);
+    for (int i = 0; i < 9; i++) {
+        const float t = 0.12f + 0.082f * float(i);
         const Vec2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
         page.Draw(Ellipse(p - n * 3, 8 + 4 * t, 6 + 3 * t, 0.2f), 3);
         if (i % 3 == 1)
@@ -49,9 +49,9 @@ void DrawReed(Page& page, Vec2 at)
         page.Draw(Through({p - n * (12 + 24 * t), p + d * 4, p + n * (12 + 24 * t)}), 5);
     }
     // What comes out of it: three notes, the last one leaving.
-    for (int i = 0; i < 3; ++i) {
-        const float k = static_cast<float>(i);
-        const Vec2 head = at + Vec2{306 + 46 * k, 34 - 34 * k + 20 * static_cast<float>(i % 2)};
+    for (int i = 0; i < 3; i++) {
+        const float k = float(i);
+        const Vec2 head = at + Vec2{306 + 46 * k, 34 - 34 * k + 20 * float(i % 2)};
         page.accents.Fill(Ellipse(head, 12, 8, -0.4f));
         page.amber.nib.width = 4;
         page.amber.Stroke(Through({head + Vec2{10, -2}, head + Vec2{11, -30}, head + Vec2{13, -58}}),
@@ -65,7 +65,7 @@ void DrawBrush(Page& page, Vec2 at)
 {
     page.Body(Limb(Through({at + Vec2{290, -70}, at + Vec2{120, -34}, at + Vec2{-40, 8}}), 5, 15, 13));
     page.Body(Limb(Through({at + Vec2{-40, 8}, at + Vec2{-96, 24}}), 17, 21, 25), 5);
-    for (float k = 0; k < 3; ++k)
+    for (float k = 0; k < 3; k++)
         page.Draw(Through({at + Vec2{-50 - 16 * k, -9 + 3 * k}, at + Vec2{-46 - 16 * k, 12 + 4 * k},
                            at + Vec2{-40 - 16 * k, 30 + 5 * k}}),
                   3);
@@ -82,10 +82,9 @@ void DrawBrush(Page& page, Vec2 at)
 void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t seed)
 {
     Line rim;
-    for (int i = 0; i < teeth; ++i)
-        for (int k = 0; k < 4; ++k) {
-            const float a = turn + (static_cast<float>(i) + 0.25f * static_cast<float>(k)) * 2 * Pi /
-                                       static_cast<float>(teeth);
+    for (int i = 0; i < teeth; i++)
+        for (int k = 0; k < 4; k++) {
+            const float a = turn + (float(i) + 0.25f * float(k)) * 2 * Pi / float(teeth);
             rim.push_back(at + Vec2{Cos(a), Sin(a)} * (radius * (k < 2 ? 1.0f : 0.83f)));
         }
     rim.push_back(rim.front());
@@ -94,8 +93,8 @@ void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t
     page.washes.Erase(Ellipse(at, radius * 0.56f, radius * 0.56f));
     page.Draw(Ellipse(at, radius * 0.58f, radius * 0.58f, turn), 4);
     page.Draw(Ellipse(at, radius * 0.17f, radius * 0.17f, turn), 5);
-    for (int i = 0; i < 5; ++i) {
-        const float a = turn + 0.3f + static_cast<float>(i) * 2 * Pi / 5;
+    for (int i = 0; i < 5; i++) {
+        const float a = turn + 0.3f + float(i) * 2 * Pi / 5;
         const Vec2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
         page.Draw(Through({at + d * (radius * 0.17f) + n * 4, at + d * (radius * 0.4f) + n * 2,
                            at + d * (radius * 0.57f) + n * 6}),
@@ -123,8 +122,8 @@ void DrawLamp(Page& page, Vec2 at)
     page.lights.Fill(Round({at + Vec2{0, -44}, at + Vec2{13, -8}, at + Vec2{10, 28}, at + Vec2{0, 40},
                             at + Vec2{-11, 26}, at + Vec2{-12, -6}}));
     // The beam is low, as the name says.
-    for (int i = 0; i < 14; ++i) {
-        const float a = 0.16f + 0.055f * static_cast<float>(i), r0 = 96, r1 = 200 + page.dice.Range(0, 90);
+    for (int i = 0; i < 14; i++) {
+        const float a = 0.16f + 0.055f * float(i), r0 = 96, r1 = 200 + page.dice.Range(0, 90);
         for (float side = -1; side < 2; side += 2) {
             page.amber.nib.width = 3;
             page.amber.Stroke(Through({at + Vec2{side * Cos(a) * r0, Sin(a) * r0},
@@ -146,8 +145,8 @@ void DrawInkpot(Page& page, Vec2 at)
               4);
     page.Draw(Ellipse(at + Vec2{0, -72}, 38, 10), 4);
     page.Body(Limb(Through({at + Vec2{6, -68}, at + Vec2{90, -150}, at + Vec2{190, -220}}), 4, 9, 3), 4);
-    for (int i = 0; i < 26; ++i) {
-        const float t = 0.35f + 0.024f * static_cast<float>(i);
+    for (int i = 0; i < 26; i++) {
+        const float t = 0.35f + 0.024f * float(i);
         const Vec2 p = PointAt(Through({at + Vec2{6, -68}, at + Vec2{90, -150}, at + Vec2{190, -220}}), t);
         page.Draw(Through({p, p + Vec2{34, -2}, p + Vec2{58, -22}}), 2.6f,
                   {.start = 0.6f, .middle = 0.6f, .end = 0});
@@ -208,7 +207,7 @@ void DrawChickLeaving(Page& page, Vec2 at)
     Mask down(W, H), deep(W, H);
     Pen feather(down, SketchPaper(), {.width = 4, .wobble = 1.2f, .dry = 0.4f, .pool = 0}, 41),
         shadow(deep, SketchPaper(), {.width = 4, .wobble = 1.2f, .pool = 0}, 42);
-    for (int i = 0; i < 2600; ++i) {
+    for (int i = 0; i < 2600; i++) {
         const Vec2 p = at + Vec2{page.dice.Range(-140, 140), page.dice.Range(-145, 115)};
         const float in = inside.Sample(p.x, p.y);
         const Vec2 fall = Normalised(Vec2{(p.x - at.x) * 1.1f, 60 + 0.5f * (p.y - at.y)});
@@ -225,8 +224,8 @@ void DrawChickLeaving(Page& page, Vec2 at)
             feather.nib.ink = 1;
         }
     }
-    for (int i = -3; i <= 3; ++i) { // what stands up on its head
-        const float k = static_cast<float>(i);
+    for (int i = -3; i <= 3; i++) { // what stands up on its head
+        const float k = float(i);
         (i % 2 == 0 ? feather : shadow)
             .Stroke(Through({at + Vec2{4 * k, -128}, at + Vec2{9 * k, -152},
                              at + Vec2{16 * k + 6, -178 + 5 * Abs(k)}}),
@@ -325,10 +324,9 @@ Canvas Page3()
 
     DrawChickLeaving(page, {Middle, 1124});
     // Its steps, from the border of the page.
-    for (int i = 0; i < 5; ++i) {
-        const Vec2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * static_cast<float>(i),
-                           1372 + 52.0f * static_cast<float>(i)};
-        const float small = 1 - 0.1f * static_cast<float>(4 - i) * 0.5f;
+    for (int i = 0; i < 5; i++) {
+        const Vec2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * float(i), 1372 + 52.0f * float(i)};
+        const float small = 1 - 0.1f * float(4 - i) * 0.5f;
         for (float toe = -1; toe < 2; toe += 1)
             page.Draw(Through({foot, foot + Vec2{toe * 10, -12} * small,
                                foot + Vec2{toe * 19, -22 + 5 * Abs(toe)} * small}),
@@ -338,8 +336,8 @@ Canvas Page3()
     page.lights.Fill(Arc({Middle, 1756}, 86, 86, -Pi + 0.42f, -0.42f));
     page.Draw(Through({{170, 1726}, {380, 1720}, {600, 1726}, {860, 1718}}), 5,
               {.start = 0, .middle = 1, .end = 0});
-    for (int i = 0; i < 4; ++i) {
-        const float k = static_cast<float>(i);
+    for (int i = 0; i < 4; i++) {
+        const float k = float(i);
         page.amber.nib.width = 4;
         page.amber.Stroke(Through({{Middle - 70 + 14 * k, 1748 + 20 * k},
                                    {Middle, 1744 + 20 * k},

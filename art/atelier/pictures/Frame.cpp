@@ -22,11 +22,11 @@ Canvas Loading()
 
     Mask staves(W, H);
     Pen pen(staves, paper, {.width = 2.2f, .least = 0.3f, .wobble = 2.2f, .wave = 150, .skip = 0.14f}, 3);
-    for (int i = 0; i < 5; ++i)
-        pen.Stroke(Through({{90 + 7.0f * static_cast<float>(i % 3), 372 + 17.0f * static_cast<float>(i)},
-                            {380, 366 + 17.0f * static_cast<float>(i)},
-                            {690, 374 + 17.0f * static_cast<float>(i)},
-                            {930 - 9.0f * static_cast<float>(i % 2), 368 + 17.0f * static_cast<float>(i)}}),
+    for (int i = 0; i < 5; i++)
+        pen.Stroke(Through({{90 + 7.0f * float(i % 3), 372 + 17.0f * float(i)},
+                            {380, 366 + 17.0f * float(i)},
+                            {690, 374 + 17.0f * float(i)},
+                            {930 - 9.0f * float(i % 2), 368 + 17.0f * float(i)}}),
                    {.start = 0.4f, .middle = 0.8f, .end = 0.1f});
     // The bar line that opens them, and no clef yet.
     pen.nib.width = 4;
@@ -104,20 +104,20 @@ Canvas StartForm()
     bank.push_back({-6, H + 6});
     Pen farPen(far, paper, {.width = 2}, 37), pen(near, paper, {.width = 3}, 38);
     Dice dice(39);
-    for (int i = 0; i < 26; ++i) {
-        const float x = 40.0f * (static_cast<float>(i) + dice.Unit());
+    for (int i = 0; i < 26; i++) {
+        const float x = 40.0f * (float(i) + dice.Unit());
         DrawDeadFir(farPen, {x, 374},
                     {.height = dice.Range(50, 150) * Smooth(1000, 300, x) + 24,
                      .trunk = 4,
                      .reach = 22,
                      .bare = 0.25f},
-                    400 + static_cast<uint32_t>(i));
+                    400 + uint32_t(i));
     }
     canvas.Cover(far, Mix(palette::Night, palette::Slate, 0.35f), 0.8f);
     DrawDeadTree(pen, {84, 396}, {.height = 400, .trunk = 20, .lean = 0.10f}, 41);
     for (const Vec2 f : {Vec2{392, 250}, Vec2{446, 160}, Vec2{180, 130}, Vec2{232, 96}})
         DrawDeadFir(pen, {f.x, 392}, {.height = f.y, .trunk = 9, .reach = f.y * 0.24f, .bare = 0.2f},
-                    static_cast<uint32_t>(f.x));
+                    uint32_t(f.x));
     canvas.Cover(Filled(W, H, bank), palette::Ink, 0.97f);
     canvas.Cover(near, palette::Ink, 0.98f);
 

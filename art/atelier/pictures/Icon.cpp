@@ -75,7 +75,7 @@ Mask Silhouette(const Design& design)
         for (const Vec2 fir : {Vec2{640, 190}, Vec2{716, 290}, Vec2{800, 220}, Vec2{884, 330}})
             DrawDeadFir(pen, {fir.x, 890},
                         {.height = fir.y, .trunk = 15, .reach = fir.y * 0.26f, .bare = 0.15f, .beard = 0.3f},
-                        static_cast<uint32_t>(fir.x));
+                        uint32_t(fir.x));
     const Noise hills(72);
     Line bank;
     for (float x = -8; x <= Side + 8; x += 4)
@@ -144,7 +144,7 @@ Canvas SmallIcon(int size)
 std::string Hex(uint32_t colour)
 {
     char text[8];
-    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(colour));
+    std::snprintf(text, sizeof text, "#%06x", unsigned(colour));
     return text;
 }
 
@@ -156,9 +156,8 @@ std::string Drawn()
     const Mask plate = Filled(Side, Side, Plate());
     const auto path = [&](const Mask& mask) { return PathData(Traced(mask, 0.5f, 0.7f, 24), Scale); };
     char moon[80];
-    std::snprintf(moon, sizeof moon, "cx=\"%.0f\" cy=\"%.0f\" r=\"%.0f\"",
-                  static_cast<double>(design.moon.x * Scale), static_cast<double>(design.moon.y * Scale),
-                  static_cast<double>(design.radius * Scale));
+    std::snprintf(moon, sizeof moon, "cx=\"%.0f\" cy=\"%.0f\" r=\"%.0f\"", double(design.moon.x * Scale),
+                  double(design.moon.y * Scale), double(design.radius * Scale));
     const auto stop = [](const char* offset, uint32_t colour, const char* opacity) {
         return std::string("<stop offset=\"") + offset + "\" stop-color=\"" + Hex(colour) +
                "\" stop-opacity=\"" + opacity + "\"/>";

@@ -27,8 +27,8 @@ void DrawLantern(Canvas& canvas, Vec2 centre, float size)
     lit.Light(light, palette::Amber, 0.9f);
     Mask ribs(W, H);
     Pen pen(ribs, paper, {.width = 0.03f * size, .least = 0.4f, .skip = 0}, 53);
-    for (int i = -2; i <= 2; ++i) {
-        const float y = 0.26f * size * static_cast<float>(i);
+    for (int i = -2; i <= 2; i++) {
+        const float y = 0.26f * size * float(i);
         const float half = 0.62f * size * Sqrt(Max(0, 1 - y * y / (0.5776f * size * size)));
         pen.Stroke(
             Through({centre + Vec2{-half, y}, centre + Vec2{0, y + 0.07f * size}, centre + Vec2{half, y}}));

@@ -55,8 +55,8 @@ void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
         bone.Erase(Shaken(hole, 3, 24, 16));
     // Teeth, none like its neighbour.
     Dice dice(14);
-    for (int i = 0; i < 15; ++i) {
-        const float t = static_cast<float>(i) / 14, x = Mix(46, 232, t);
+    for (int i = 0; i < 15; i++) {
+        const float t = float(i) / 14, x = Mix(46, 232, t);
         const float upper = 584 + 46 * t, lower = 618 + 80 * t,
                     tall = dice.Range(12, 30) * (i % 4 == 1 ? 1.5f : 1);
         bone.Fill(Line{{x - 5, upper - 4}, {x + 6, upper - 1}, {x + dice.Range(-3, 4), upper + tall}});
@@ -83,7 +83,7 @@ void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
     pen.Stroke(Through({{196, 424}, {222, 412}, {238, 420}}), {.start = 0.3f, .middle = 0.8f, .end = 0.1f});
     pen.Stroke(Through({{120, 488}, {134, 480}, {142, 492}}), {.start = 0.6f, .middle = 1, .end = 0.4f});
     pen.nib.width = 2.6f;
-    for (int i = 0; i < 46; ++i) {
+    for (int i = 0; i < 46; i++) {
         // Growth lines of the plates, away from the place of the first sight.
         const float a = dice.Range(-1.1f, 1.2f), r = dice.Range(196, 232);
         const Vec2 p = Vec2{286, 500} + Vec2{Cos(a), Sin(a)} * r;
@@ -108,7 +108,7 @@ void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
     shade.Fill(Round({{230, 400}, {330, 372}, {360, 420}, {300, 386}}));
     pen.nib.width = 2.8f;
     Hatch(pen, shade.Blur(9).Multiply(bone), {.angle = -0.9f, .spacing = 8, .length = 44, .bend = 8}, 17);
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 40; i++) {
         const Vec2 p = {dice.Range(90, 330), dice.Range(390, 560)};
         if (bone.Sample(p.x, p.y) > 0.9f && Length(p - FirstSight) > 60 && Length(p - eye) > 70)
             pen.Dot(p, dice.Range(0.8f, 2.2f));
@@ -154,16 +154,16 @@ void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
                     {.start = 1, .middle = 0.75f, .end = broken ? 0.6f : 0.1f});
     }
     // The rays of the dorsal fin stand on their own little bones.
-    for (int i = 0; i < 15; ++i) {
-        const float x = 640 + 21.0f * static_cast<float>(i), tall = 110 * Hill(760, 260, x) + 44;
+    for (int i = 0; i < 15; i++) {
+        const float x = 640 + 21.0f * float(i), tall = 110 * Hill(760, 260, x) + 44;
         const Vec2 foot = {x + 56, SpineY(x) - 188 + 0.0011f * (x - 740) * (x - 740) * 0.4f};
         ribs.nib.width = 5;
         ribs.Stroke(Through({foot, foot + Vec2{tall * 0.35f, -tall * 0.6f}, foot + Vec2{tall * 0.9f, -tall}}),
                     {.start = 0.9f, .middle = 0.7f, .end = 0.05f});
     }
     // The tail fin: two fans of rays from the last vertebrae.
-    for (int i = -9; i <= 9; ++i) {
-        const float k = static_cast<float>(i) / 9, long_ = 58 + 30 * Abs(k) + dice.Range(-6, 6);
+    for (int i = -9; i <= 9; i++) {
+        const float k = float(i) / 9, long_ = 58 + 30 * Abs(k) + dice.Range(-6, 6);
         const Vec2 root = {1432 - 14 * Abs(k), SpineY(1432) + 14 * k};
         const Vec2 tip = root + Vec2{long_ * Cos(k * 1.05f), long_ * 2.6f * Sin(k * 1.05f)};
         ribs.nib.width = 5.5f;

@@ -12,7 +12,7 @@ void DrawBranch(Pen& pen, Vec2 from, float angle, float length, float width, int
     constexpr int Knots = 6;
     std::vector<Vec2> knots = {from};
     std::vector<float> headings = {angle};
-    for (int i = 0; i < Knots; ++i) {
+    for (int i = 0; i < Knots; i++) {
         angle += tree.gnarl * dice.Bell();
         // Turn a little towards the light, or towards the ground.
         angle += tree.rise * Sin(-Pi / 2 - angle);
@@ -24,15 +24,14 @@ void DrawBranch(Pen& pen, Vec2 from, float angle, float length, float width, int
     pen.Stroke(Through(knots), {.start = 1, .middle = last ? 0.55f : 0.74f, .end = last ? 0.02f : 0.4f});
     if (last)
         return;
-    const int children = std::max(1, static_cast<int>(tree.density * dice.Range(2.4f, 4.4f)));
+    const int children = std::max(1, int(tree.density * dice.Range(2.4f, 4.4f)));
     float side = dice.Chance(0.5f) ? 1.0f : -1.0f;
-    for (int k = 0; k < children; ++k) {
-        const float t =
-            Mix(0.28f, 1, (static_cast<float>(k) + dice.Range(0.3f, 1)) / static_cast<float>(children));
-        const int knot = std::clamp(static_cast<int>(t * Knots), 1, Knots);
+    for (int k = 0; k < children; k++) {
+        const float t = Mix(0.28f, 1, (float(k) + dice.Range(0.3f, 1)) / float(children));
+        const int knot = std::clamp(int(t * Knots), 1, Knots);
         const float turn = side * tree.spread * dice.Range(0.45f, 1.4f);
         side = -side;
-        DrawBranch(pen, knots[static_cast<size_t>(knot)], headings[static_cast<size_t>(knot)] + turn,
+        DrawBranch(pen, knots[size_t(knot)], headings[size_t(knot)] + turn,
                    length * dice.Range(0.42f, 0.78f) * (1.15f - 0.4f * t),
                    width * (1 - 0.5f * t) * dice.Range(0.5f, 0.75f), generations - 1, tree, dice);
     }
@@ -50,8 +49,8 @@ void DrawDeadTree(Pen& pen, Vec2 foot, const DeadTree& tree, uint32_t seed)
     pen.nib.dry = 0.12f;
     // The foot spreads: roots that come down along the stem and run out on the ground.
     const Vec2 up = {Sin(tree.lean), -Cos(tree.lean)};
-    for (int i = 0; i < 5; ++i) {
-        const float side = (static_cast<float>(i) - 2) * 0.42f + 0.1f * dice.Bell();
+    for (int i = 0; i < 5; i++) {
+        const float side = (float(i) - 2) * 0.42f + 0.1f * dice.Bell();
         pen.nib.width = tree.trunk * 0.6f;
         pen.Stroke(Through({foot + up * (tree.trunk * 1.3f) + Vec2{side * tree.trunk * 0.25f, 0},
                             foot + up * (tree.trunk * 0.4f) + Vec2{side * tree.trunk * 0.6f, 0},
@@ -85,7 +84,7 @@ void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed)
             const Vec2 root = PointAt(stem, 1 - down);
             const bool stub = dice.Chance(0.12f + 0.5f * fir.bare);
             const float reach = fir.reach * Pow(down, 0.8f) * dice.Range(0.55f, 1.15f) * (stub ? 0.3f : 1);
-            const float out = static_cast<float>(side) * reach;
+            const float out = float(side) * reach;
             const float droop = reach * dice.Range(0.18f, 0.5f);
             const Line branch =
                 Through({root, root + Vec2{out * 0.4f, droop * 0.2f}, root + Vec2{out * 0.8f, droop * 0.75f},
@@ -93,8 +92,8 @@ void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed)
             pen.nib.width = 1.2f + fir.trunk * 0.22f * down;
             pen.Stroke(branch, {.start = 1, .middle = 0.7f, .end = stub ? 0.7f : 0.05f});
             // Twigs hang from it, and lichen from the twigs.
-            const int twigs = stub ? 0 : static_cast<int>(reach / 6);
-            for (int i = 0; i < twigs; ++i) {
+            const int twigs = stub ? 0 : int(reach / 6);
+            for (int i = 0; i < twigs; i++) {
                 if (dice.Chance(0.3f + 0.5f * fir.bare))
                     continue;
                 const float t = dice.Range(0.25f, 1);
@@ -122,8 +121,8 @@ void DrawRoots(Pen& pen, Vec2 foot, float reach, float width, uint32_t seed)
     const Nib before = pen.nib;
     pen.nib.pool = 0;
     const DeadTree root = {.gnarl = 0.3f, .rise = -0.06f, .spread = 0.6f, .density = 0.8f};
-    for (int i = 0; i < 7; ++i) {
-        const float angle = Mix(0.12f, Pi - 0.12f, (static_cast<float>(i) + dice.Range(0.2f, 0.8f)) / 7);
+    for (int i = 0; i < 7; i++) {
+        const float angle = Mix(0.12f, Pi - 0.12f, (float(i) + dice.Range(0.2f, 0.8f)) / 7);
         DrawBranch(pen, foot, angle, reach * dice.Range(0.35f, 0.6f), width * dice.Range(0.5f, 1), 3, root,
                    dice);
     }

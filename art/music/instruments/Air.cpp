@@ -19,7 +19,7 @@ constexpr int controlStep = 64;
 
 double BeatOf(int64_t sample)
 {
-    return static_cast<double>(sample) / samplesPerBeat;
+    return double(sample) / samplesPerBeat;
 }
 
 // Both ends in a straight line over half a second, or less for a short sound. The night itself may begin and
@@ -27,8 +27,8 @@ double BeatOf(int64_t sample)
 void FadeEnds(Samples& sound, int64_t origin)
 {
     const size_t fade = std::min<size_t>(sampleRate / 2, sound.size() / 2);
-    for (size_t i = 0; i < fade; ++i) {
-        const float share = static_cast<float>(i) / static_cast<float>(fade);
+    for (size_t i = 0; i < fade; i++) {
+        const float share = float(i) / float(fade);
         if (origin > 0)
             sound[i] *= share;
         sound[sound.size() - 1 - i] *= share;
@@ -42,7 +42,7 @@ Stereo PlayWind(const Phrase& phrase, const Dynamics& dynamics)
     const int64_t origin = phrase.front().start;
     const int64_t count = phrase.back().start + phrase.back().length + sampleRate / 2 - origin;
     Stereo stage(origin, count);
-    for (int side = 0; side < 2; ++side) {
+    for (int side = 0; side < 2; side++) {
         Samples& sound = side == 0 ? stage.left : stage.right;
         // A gust crosses from one side to the other: what both have in common is half of it.
         Noise noise(phrase[0].seed + 71 * side);
@@ -57,7 +57,7 @@ Stereo PlayWind(const Phrase& phrase, const Dynamics& dynamics)
         for (int64_t begin = 0; begin < count; begin += controlStep) {
             const int64_t now = origin + begin;
             while (at + 1 < phrase.size() && now >= phrase[at + 1].start)
-                ++at;
+                at++;
             const double level = dynamics.LevelAt(BeatOf(now));
             const double force = 0.62 + 0.26 * gust.Skip(controlStep) + 0.12 * own.Skip(controlStep);
             pitch += 0.0035 * (phrase[at].pitch - pitch);
@@ -68,12 +68,12 @@ Stereo PlayWind(const Phrase& phrase, const Dynamics& dynamics)
             const double goal = std::pow(level, 1.3) * std::pow(force, 1.6);
             const double slope = (goal - height) / controlStep;
             const int64_t end = std::min(count, begin + controlStep);
-            for (int64_t i = begin; i < end; ++i) {
+            for (int64_t i = begin; i < end; i++) {
                 height += slope;
                 const float white = noise.White();
                 const float air = 0.55f * low.Next(white) + 1.25f * song.Next(white) +
                                   0.40f * overtone.Next(white) + 0.35f * body.Next(white);
-                sound[i] = static_cast<float>(height) * air;
+                sound[i] = float(height) * air;
             }
             height = goal;
         }
@@ -94,7 +94,7 @@ Stereo PlayShore(const Phrase& phrase, const Dynamics& dynamics)
         const double level = dynamics.LevelAt(BeatOf(note.start + note.length / 2));
         Noise chance(note.seed);
         const double drift = 0.4 * chance.White(); // where it breaks
-        for (int side = 0; side < 2; ++side) {
+        for (int side = 0; side < 2; side++) {
             Samples wave(length);
             Noise noise(note.seed + 31 + side);
             Wander lap(note.seed + 41 + side, sampleRate / 3), fizz(note.seed + 51 + side, sampleRate / 40);
@@ -103,7 +103,7 @@ Stereo PlayShore(const Phrase& phrase, const Dynamics& dynamics)
             deep.Set(110);
             double height = 0, hissing = 0;
             for (int64_t begin = 0; begin < length; begin += controlStep) {
-                const double way = static_cast<double>(begin) / static_cast<double>(note.length);
+                const double way = double(begin) / double(note.length);
                 const double side01 = (side == 0 ? -1 : 1) * (drift + 0.7 * (way - 0.5));
                 const double near = 0.75 + 0.25 * std::clamp(side01, -1.0, 1.0);
                 const double swell =
@@ -119,19 +119,18 @@ Stereo PlayShore(const Phrase& phrase, const Dynamics& dynamics)
                 const double slope = (goal - height) / controlStep,
                              hissSlope = (hissGoal - hissing) / controlStep;
                 const int64_t end = std::min(length, begin + controlStep);
-                for (int64_t i = begin; i < end; ++i) {
+                for (int64_t i = begin; i < end; i++) {
                     height += slope;
                     hissing += hissSlope;
                     const float white = noise.White();
-                    wave[i] =
-                        static_cast<float>(height) * (0.75f * surge.Next(white) + 1.4f * deep.Next(white)) +
-                        static_cast<float>(0.24 * hissing) * foam.Next(white);
+                    wave[i] = float(height) * (0.75f * surge.Next(white) + 1.4f * deep.Next(white)) +
+                              float(0.24 * hissing) * foam.Next(white);
                 }
                 height = goal;
                 hissing = hissGoal;
             }
             Samples& sound = side == 0 ? stage.left : stage.right;
-            for (int64_t i = 0; i < length && note.start - origin + i < count; ++i)
+            for (int64_t i = 0; i < length && note.start - origin + i < count; i++)
                 sound[note.start - origin + i] += wave[i];
         }
     }

@@ -40,7 +40,7 @@ void AddPair(Samples& sound, double hz, const Pair& pair, double level, double p
     const double depthShrink = std::exp(-1 / (pair.depthFades * sampleRate));
     double carrier = phase, modulator = phase;
     for (float& sample : sound) {
-        sample += static_cast<float>(height) * SineOfTurns(carrier + depth * SineOfTurns(modulator));
+        sample += float(height) * SineOfTurns(carrier + depth * SineOfTurns(modulator));
         carrier += turn;
         modulator += modulatorTurn;
         height *= shrink;
@@ -53,18 +53,18 @@ void AddPair(Samples& sound, double hz, const Pair& pair, double level, double p
 // Ends the sound softly: the damper from `held` on, and nothing left at the end.
 void Finish(Samples& sound, size_t held, double damping, double attack)
 {
-    const size_t rise = static_cast<size_t>(attack * sampleRate);
-    for (size_t i = 0; i < std::min(rise, sound.size()); ++i)
-        sound[i] *= static_cast<float>(0.5 - 0.5 * std::cos(twoPi / 2 * static_cast<double>(i) / rise));
+    const size_t rise = size_t(attack * sampleRate);
+    for (size_t i = 0; i < std::min(rise, sound.size()); i++)
+        sound[i] *= float(0.5 - 0.5 * std::cos(twoPi / 2 * double(i) / rise));
     const double shrink = std::exp(-6.907755 / (damping * sampleRate));
     double height = 1;
-    for (size_t i = held; i < sound.size(); ++i) {
-        sound[i] *= static_cast<float>(height);
+    for (size_t i = held; i < sound.size(); i++) {
+        sound[i] *= float(height);
         height *= shrink;
     }
     const size_t tail = std::min<size_t>(sound.size(), 882);
-    for (size_t i = 0; i < tail; ++i)
-        sound[sound.size() - 1 - i] *= static_cast<float>(i) / static_cast<float>(tail);
+    for (size_t i = 0; i < tail; i++)
+        sound[sound.size() - 1 - i] *= float(i) / float(tail);
 }
 
 void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, double level)
@@ -72,11 +72,11 @@ void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, do
     Noise noise(seed);
     Biquad colour;
     colour.BandPass(hz, q);
-    const size_t count = std::min<size_t>(sound.size(), static_cast<size_t>(seconds * 7 * sampleRate));
-    for (size_t i = 0; i < count; ++i) {
-        const double t = static_cast<double>(i) / sampleRate;
+    const size_t count = std::min<size_t>(sound.size(), size_t(seconds * 7 * sampleRate));
+    for (size_t i = 0; i < count; i++) {
+        const double t = double(i) / sampleRate;
         const double height = level * std::min(1.0, t / 0.0006) * std::exp(-t / seconds);
-        sound[i] += static_cast<float>(height) * colour.Next(noise.White());
+        sound[i] += float(height) * colour.Next(noise.White());
     }
 }
 
@@ -90,7 +90,7 @@ Samples PlayCelesta(const Note& note)
     const double level = 0.36 * std::pow(v, 1.35);
     Noise noise(note.seed);
     const size_t held = std::max<size_t>(note.length, sampleRate / 4);
-    Samples sound(held + static_cast<size_t>(0.9 * sampleRate));
+    Samples sound(held + size_t(0.9 * sampleRate));
     // clang-format off
     const Pair pairs[] = {
         // ratio  modulator  depth           fades  level            decay

@@ -49,7 +49,7 @@ public:
         : phrase(notes), dynamics(course), kind(bowed), noise(seed), wanderPitch(seed + 1, sampleRate / 3),
           wanderBow(seed + 2, sampleRate / 4), wanderRate(seed + 3, sampleRate / 2)
     {
-        late = static_cast<int64_t>(0.011 * noise.Around() * sampleRate);
+        late = int64_t(0.011 * noise.Around() * sampleRate);
         detune = 0.030 * noise.Around(); // half tones
         turns = 0.5 + 0.5 * noise.White();
         vibratoTurns = noise.White();
@@ -62,11 +62,11 @@ public:
         double height = 0;
         for (size_t begin = 0; begin < sound.size(); begin += controlStep) {
             const size_t end = std::min(sound.size(), begin + controlStep);
-            const double goal = Bow(origin + static_cast<int64_t>(begin) - late);
+            const double goal = Bow(origin + int64_t(begin) - late);
             const double slope = (goal - height) / controlStep;
-            for (size_t i = begin; i < end; ++i) {
+            for (size_t i = begin; i < end; i++) {
                 height += slope;
-                sound[i] += static_cast<float>(height) * String();
+                sound[i] += float(height) * String();
             }
             height = goal;
         }
@@ -77,16 +77,16 @@ private:
     double Bow(int64_t now)
     {
         while (at + 1 < phrase.size() && now >= phrase[at + 1].start)
-            ++at;
+            at++;
         const Note& note = phrase[at];
-        const double since = static_cast<double>(now - note.start) / sampleRate;
-        const double length = static_cast<double>(note.length) / sampleRate;
+        const double since = double(now - note.start) / sampleRate;
+        const double length = double(note.length) / sampleRate;
         const bool last = at + 1 == phrase.size();
-        const double level = dynamics.LevelAt(static_cast<double>(now) / samplesPerBeat);
+        const double level = dynamics.LevelAt(double(now) / samplesPerBeat);
 
         const double attack = kind.attack * (1.15 - 0.6 * level);
         // The first bow bites a little before the beat, so that the tone stands on it.
-        const double sinceBow = static_cast<double>(now - phrase[0].start) / sampleRate + 0.045;
+        const double sinceBow = double(now - phrase[0].start) / sampleRate + 0.045;
         double height = sinceBow <= 0 ? 0 : std::pow(std::min(1.0, sinceBow / attack), 1.3);
         if (at > 0) {
             const bool same = phrase[at - 1].pitch == note.pitch;
@@ -118,7 +118,7 @@ private:
             (kind.darkest + (kind.brightest - kind.darkest) * press + 0.8 * hz) * (1 + 0.22 * rocking);
         fallFirst.Set(colour);
         fallSecond.Set(2.2 * colour);
-        scratching = static_cast<float>(kind.bowNoise * (0.5 + 0.9 * std::exp(-std::max(since, 0.0) / 0.07)));
+        scratching = float(kind.bowNoise * (0.5 + 0.9 * std::exp(-std::max(since, 0.0) / 0.07)));
         return std::pow(level, 1.45) * height * (1 + 0.06 * rocking);
     }
 
@@ -135,8 +135,8 @@ private:
             const double x = (turns - 1) / step;
             saw -= x * x + 2 * x + 1;
         }
-        const float hair = scratch.Next(noise.White()) * (0.6f + 0.4f * static_cast<float>(saw));
-        return fallSecond.Next(fallFirst.Next(static_cast<float>(saw))) + scratching * hair;
+        const float hair = scratch.Next(noise.White()) * (0.6f + 0.4f * float(saw));
+        return fallSecond.Next(fallFirst.Next(float(saw))) + scratching * hair;
     }
 
     const Phrase& phrase;
@@ -168,13 +168,12 @@ Stereo PlayBowed(const Phrase& phrase, const Dynamics& dynamics, const BowedKind
     const int64_t origin = phrase.front().start - before;
     const int64_t count = phrase.back().start + phrase.back().length + after - origin;
     Stereo section(origin, count);
-    for (int i = 0; i < kind.players; ++i) {
+    for (int i = 0; i < kind.players; i++) {
         Samples sound(count);
         Player player(phrase, dynamics, kind, phrase[0].seed + 977 * i);
         player.Play(sound, origin);
         const double seat = kind.players > 1 ? 2.0 * i / (kind.players - 1) - 1 : 0;
-        section.Add(sound, origin, 0.85f / std::sqrt(static_cast<float>(kind.players)),
-                    pan + static_cast<float>(kind.spread * seat));
+        section.Add(sound, origin, 0.85f / std::sqrt(float(kind.players)), pan + float(kind.spread * seat));
     }
     for (const BodyPeak& peak : kind.body) {
         for (Samples* side : {&section.left, &section.right}) {
@@ -184,9 +183,9 @@ Stereo PlayBowed(const Phrase& phrase, const Dynamics& dynamics, const BowedKind
         }
     }
     // The bows have left the strings by now; a few milliseconds make sure of it.
-    for (int64_t i = 0; i < 441; ++i) {
-        section.left[count - 1 - i] *= static_cast<float>(i) / 441;
-        section.right[count - 1 - i] *= static_cast<float>(i) / 441;
+    for (int64_t i = 0; i < 441; i++) {
+        section.left[count - 1 - i] *= float(i) / 441;
+        section.right[count - 1 - i] *= float(i) / 441;
     }
     return section;
 }

@@ -56,12 +56,12 @@ public:
     void Blow(int64_t now)
     {
         while (at + 1 < phrase.size() && now >= phrase[at + 1].start)
-            ++at;
+            at++;
         const Note& note = phrase[at];
-        const double since = static_cast<double>(now - note.start) / sampleRate;
-        const double length = static_cast<double>(note.length) / sampleRate;
-        const double sinceStart = static_cast<double>(now - phrase[0].start) / sampleRate + 0.018;
-        const double level = dynamics.LevelAt(static_cast<double>(now) / samplesPerBeat);
+        const double since = double(now - note.start) / sampleRate;
+        const double length = double(note.length) / sampleRate;
+        const double sinceStart = double(now - phrase[0].start) / sampleRate + 0.018;
+        const double level = dynamics.LevelAt(double(now) / samplesPerBeat);
         const bool last = at + 1 == phrase.size();
 
         const double attack = 0.075 - 0.035 * level;
@@ -91,7 +91,7 @@ public:
         // The harder it is blown, the slower the harmonics fall.
         const double fall = 1.85 - 1.05 * blown;
         double power = 0;
-        for (int n = 1; n <= harmonics; ++n) {
+        for (int n = 1; n <= harmonics; n++) {
             const bool even = n % 2 == 0;
             goal[n - 1] = hz * n > 11000 ? 0 : std::pow(n, -fall) * Resonance(hz * n) * (even ? 0.66 : 1.0);
             power += goal[n - 1] * goal[n - 1];
@@ -108,17 +108,17 @@ public:
     void Play(Samples& sound, int64_t origin)
     {
         for (size_t begin = 0; begin < sound.size(); begin += controlStep) {
-            Blow(origin + static_cast<int64_t>(begin));
+            Blow(origin + int64_t(begin));
             const size_t end = std::min(sound.size(), begin + controlStep);
             double slopes[harmonics];
-            for (int n = 0; n < harmonics; ++n)
+            for (int n = 0; n < harmonics; n++)
                 slopes[n] = (goal[n] - height[n]) / controlStep;
             const double breathSlope = (breathGoal - breath) / controlStep;
-            for (size_t i = begin; i < end; ++i) {
+            for (size_t i = begin; i < end; i++) {
                 turns += step;
                 turns -= std::floor(turns);
                 double tone = 0;
-                for (int n = 0; n < harmonics; ++n) {
+                for (int n = 0; n < harmonics; n++) {
                     height[n] += slopes[n];
                     if (height[n] > 1e-7)
                         tone += height[n] * SineOfTurns(turns * (n + 1));
@@ -128,7 +128,7 @@ public:
                 // The reed chops the breath as it opens and shuts.
                 const double chopped = 0.65 + 0.35 * SineOfTurns(turns);
                 const double air = tube.Next(white) + 0.30 * hiss.Next(white);
-                sound[i] = static_cast<float>(tone + breath * chopped * air);
+                sound[i] = float(tone + breath * chopped * air);
             }
         }
     }
@@ -155,8 +155,8 @@ Stereo PlayReed(const Phrase& phrase, const Dynamics& dynamics, float pan)
     const int64_t count = phrase.back().start + phrase.back().length + after - origin;
     Samples sound(count);
     Blower(phrase, dynamics).Play(sound, origin);
-    for (int64_t i = 0; i < 441; ++i)
-        sound[count - 1 - i] *= static_cast<float>(i) / 441;
+    for (int64_t i = 0; i < 441; i++)
+        sound[count - 1 - i] *= float(i) / 441;
     Stereo stage(origin, count);
     stage.Add(sound, origin, 1, pan);
     return stage;

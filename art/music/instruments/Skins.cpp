@@ -43,9 +43,9 @@ Samples PlayDrum(const Note& note)
         double turns = 0;
         double height = level * mode.level * (mode.ratio > 1 ? 0.5 + 0.5 * v : 1.0);
         const double shrink = std::exp(-6.907755 / (mode.decay * sampleRate));
-        for (size_t i = 0; i < sound.size(); ++i) {
-            const double t = static_cast<double>(i) / sampleRate;
-            sound[i] += static_cast<float>(height * SineOfTurns(turns));
+        for (size_t i = 0; i < sound.size(); i++) {
+            const double t = double(i) / sampleRate;
+            sound[i] += float(height * SineOfTurns(turns));
             // A hard hit stretches the skin: it starts sharp and sinks.
             turns += drumPitch * mode.ratio * (1 + 0.22 * v * std::exp(-t / 0.05)) / sampleRate;
             height *= shrink;
@@ -54,33 +54,33 @@ Samples PlayDrum(const Note& note)
     Noise noise(note.seed);
     Biquad felt;
     felt.LowPass(260 + 700 * v);
-    const size_t rise = static_cast<size_t>(0.003 * sampleRate);
-    for (size_t i = 0; i < sound.size(); ++i) {
-        const double t = static_cast<double>(i) / sampleRate;
+    const size_t rise = size_t(0.003 * sampleRate);
+    for (size_t i = 0; i < sound.size(); i++) {
+        const double t = double(i) / sampleRate;
         if (t < 0.15)
-            sound[i] += static_cast<float>(0.9 * level * std::exp(-t / 0.012)) * felt.Next(noise.White());
+            sound[i] += float(0.9 * level * std::exp(-t / 0.012)) * felt.Next(noise.White());
         if (i < rise)
-            sound[i] *= static_cast<float>(i) / static_cast<float>(rise);
+            sound[i] *= float(i) / float(rise);
     }
     const size_t tail = sampleRate / 10;
-    for (size_t i = 0; i < tail; ++i)
-        sound[sound.size() - 1 - i] *= static_cast<float>(i) / static_cast<float>(tail);
+    for (size_t i = 0; i < tail; i++)
+        sound[sound.size() - 1 - i] *= float(i) / float(tail);
     return sound;
 }
 
 Samples PlayBrush(const Note& note)
 {
     const double v = note.strength;
-    const bool circles = static_cast<int>(note.pitch) == swish;
-    const double length = circles ? static_cast<double>(note.length) / sampleRate : 0.16;
+    const bool circles = int(note.pitch) == swish;
+    const double length = circles ? double(note.length) / sampleRate : 0.16;
     const double level = (circles ? 0.30 : 0.65) * std::pow(v, 1.3);
     Samples sound(static_cast<size_t>((length + 0.12) * sampleRate));
     Noise noise(note.seed);
     Biquad wires, skin;
     skin.BandPass(360, 0.9);
     Wander hand(note.seed + 3, sampleRate / 14);
-    for (size_t i = 0; i < sound.size(); ++i) {
-        const double t = static_cast<double>(i) / sampleRate;
+    for (size_t i = 0; i < sound.size(); i++) {
+        const double t = double(i) / sampleRate;
         const float white = noise.White();
         double height = 0;
         if (circles) {
@@ -89,17 +89,17 @@ Samples PlayBrush(const Note& note)
             height = std::pow(std::sin(pi * std::pow(way, 1.6)), 1.5);
             if (i % 64 == 0)
                 wires.BandPass(2300 + 2600 * height + 300 * hand.Skip(64), 0.55);
-            sound[i] = static_cast<float>(level * height) * wires.Next(white);
+            sound[i] = float(level * height) * wires.Next(white);
         } else {
             if (i == 0)
                 wires.BandPass(3400, 0.5);
             height = std::min(1.0, t / 0.0015) * (0.8 * std::exp(-t / 0.011) + 0.2 * std::exp(-t / 0.045));
-            sound[i] = static_cast<float>(level * height) * (wires.Next(white) + 0.5f * skin.Next(white));
+            sound[i] = float(level * height) * (wires.Next(white) + 0.5f * skin.Next(white));
         }
     }
     const size_t tail = sampleRate / 50;
-    for (size_t i = 0; i < tail; ++i)
-        sound[sound.size() - 1 - i] *= static_cast<float>(i) / static_cast<float>(tail);
+    for (size_t i = 0; i < tail; i++)
+        sound[sound.size() - 1 - i] *= float(i) / float(tail);
     return sound;
 }
 

@@ -41,7 +41,7 @@ void AddString(ModalBank& bank, const StringKind& kind, double hz, double amplit
     const double base = hz * std::exp2(course.cents / 1200);
     double power = 0;
     std::vector<double> heights;
-    for (int n = 1; n <= 48; ++n) {
+    for (int n = 1; n <= 48; n++) {
         const double partial = n * base * std::sqrt(1 + kind.stiffness * n * n);
         if (partial > kind.highest)
             break;
@@ -51,8 +51,8 @@ void AddString(ModalBank& bank, const StringKind& kind, double hz, double amplit
         power += heights.back() * heights.back();
     }
     const double level = amplitude * course.share / std::sqrt(power + 1e-12);
-    for (size_t i = 0; i < heights.size(); ++i) {
-        const double n = static_cast<double>(i + 1);
+    for (size_t i = 0; i < heights.size(); i++) {
+        const double n = double(i + 1);
         const double partial = n * base * std::sqrt(1 + kind.stiffness * n * n);
         const double decay = course.decay * kind.decay / (1 + partial / kind.decayKnee);
         // The body sends each partial its own way round: they do not set out together, or all their peaks
@@ -65,16 +65,16 @@ void AddString(ModalBank& bank, const StringKind& kind, double hz, double amplit
 // Lets the bank ring for the note and then for as long as the damper takes.
 void RingOut(ModalBank& bank, Samples& sound, int64_t length, double damping, double longest)
 {
-    const size_t held = std::min<size_t>(length, static_cast<size_t>(longest * sampleRate));
-    const size_t all = held + static_cast<size_t>(damping * sampleRate);
+    const size_t held = std::min<size_t>(length, size_t(longest * sampleRate));
+    const size_t all = held + size_t(damping * sampleRate);
     sound.resize(std::max(sound.size(), all));
     bank.Ring(sound, 0, held);
     bank.Damp(damping);
     bank.Ring(sound, held, all);
     // The last millisecond of what is left goes in a straight line.
     const size_t tail = std::min<size_t>(sound.size(), 441);
-    for (size_t i = 0; i < tail; ++i)
-        sound[sound.size() - 1 - i] *= static_cast<float>(i) / static_cast<float>(tail);
+    for (size_t i = 0; i < tail; i++)
+        sound[sound.size() - 1 - i] *= float(i) / float(tail);
 }
 
 // A short noise of something soft, from the start of the sound.
@@ -83,21 +83,21 @@ void Knock(Samples& sound, uint32_t seed, double hz, double q, double seconds, f
     Noise noise(seed);
     Biquad colour;
     colour.BandPass(hz, q);
-    const size_t count = std::min<size_t>(sound.size(), static_cast<size_t>(seconds * 6 * sampleRate));
-    for (size_t i = 0; i < count; ++i) {
-        const double t = static_cast<double>(i) / sampleRate;
+    const size_t count = std::min<size_t>(sound.size(), size_t(seconds * 6 * sampleRate));
+    for (size_t i = 0; i < count; i++) {
+        const double t = double(i) / sampleRate;
         const double rise = std::min(1.0, t / 0.0015);
-        sound[i] += level * colour.Next(noise.White()) * static_cast<float>(rise * std::exp(-t / seconds));
+        sound[i] += level * colour.Next(noise.White()) * float(rise * std::exp(-t / seconds));
     }
 }
 
 // What the hammer's own give does to the first moment.
 void SoftenStart(Samples& sound, double seconds)
 {
-    const size_t count = std::min<size_t>(sound.size(), static_cast<size_t>(seconds * sampleRate));
-    for (size_t i = 0; i < count; ++i) {
-        const double x = static_cast<double>(i) / static_cast<double>(count);
-        sound[i] *= static_cast<float>(0.5 - 0.5 * std::cos(pi * x));
+    const size_t count = std::min<size_t>(sound.size(), size_t(seconds * sampleRate));
+    for (size_t i = 0; i < count; i++) {
+        const double x = double(i) / double(count);
+        sound[i] *= float(0.5 - 0.5 * std::cos(pi * x));
     }
 }
 
@@ -126,16 +126,16 @@ Samples PlayFeltPiano(const Note& note)
     const double damping = note.pitch > 88 ? 1.5 : 0.42 - 0.05 * octaves;
     RingOut(bank, sound, note.length, damping, 7);
     SoftenStart(sound, 0.0045 - 0.0025 * v);
-    Knock(sound, note.seed + 1, 240 + 500 * v, 0.8, 0.007, static_cast<float>(0.42 * level));
-    Knock(sound, note.seed + 2, 92, 2.5, 0.022, static_cast<float>(0.85 * level)); // the key at its bed
+    Knock(sound, note.seed + 1, 240 + 500 * v, 0.8, 0.007, float(0.42 * level));
+    Knock(sound, note.seed + 2, 92, 2.5, 0.022, float(0.85 * level)); // the key at its bed
     // The damper's felt coming down.
     const size_t held = std::min<size_t>(note.length, sound.size());
     Biquad felt;
     felt.BandPass(420, 0.7);
-    for (size_t i = held; i < sound.size(); ++i) {
-        const double t = static_cast<double>(i - held) / sampleRate;
+    for (size_t i = held; i < sound.size(); i++) {
+        const double t = double(i - held) / sampleRate;
         const double hump = (t / 0.03) * std::exp(1 - t / 0.03);
-        sound[i] += static_cast<float>(0.008 * level * hump) * felt.Next(noise.White());
+        sound[i] += float(0.008 * level * hump) * felt.Next(noise.White());
     }
     return sound;
 }
@@ -159,8 +159,8 @@ Samples PlayPluckedBass(const Note& note)
     Samples sound;
     RingOut(bank, sound, note.length, 0.16, 4);
     SoftenStart(sound, 0.004);
-    Knock(sound, note.seed + 1, 700 + 500 * v, 0.6, 0.009, static_cast<float>(0.28 * level));
-    Knock(sound, note.seed + 2, 105, 3, 0.05, static_cast<float>(0.9 * level)); // the body
+    Knock(sound, note.seed + 1, 700 + 500 * v, 0.6, 0.009, float(0.28 * level));
+    Knock(sound, note.seed + 2, 105, 3, 0.05, float(0.9 * level)); // the body
     return sound;
 }
 
@@ -180,19 +180,18 @@ Samples PlayPizzicato(const Note& note)
     const double level = 0.40 * std::pow(v, 1.3);
     Noise noise(note.seed);
     Samples sound;
-    for (int player = 0; player < 3; ++player) {
+    for (int player = 0; player < 3; player++) {
         const double hz = Frequency(note.pitch + 0.045 * noise.White());
         ModalBank bank;
         AddString(bank, kind, hz, level * (player == 0 ? 0.80 : 0.38), {0.0, 1.0, 1.0});
         Samples one;
         RingOut(bank, one, std::max<int64_t>(note.length, sampleRate / 3), 0.12, 2);
         SoftenStart(one, 0.0016);
-        Knock(one, note.seed + 11 + player, 1500, 0.5, 0.004, static_cast<float>(0.25 * level));
-        Knock(one, note.seed + 21 + player, 290, 2, 0.03, static_cast<float>(0.30 * level)); // the body
-        const size_t late =
-            player == 0 ? 0 : static_cast<size_t>((0.004 + 0.003 * noise.White()) * sampleRate);
+        Knock(one, note.seed + 11 + player, 1500, 0.5, 0.004, float(0.25 * level));
+        Knock(one, note.seed + 21 + player, 290, 2, 0.03, float(0.30 * level)); // the body
+        const size_t late = player == 0 ? 0 : size_t((0.004 + 0.003 * noise.White()) * sampleRate);
         sound.resize(std::max(sound.size(), one.size() + late));
-        for (size_t i = 0; i < one.size(); ++i)
+        for (size_t i = 0; i < one.size(); i++)
             sound[late + i] += one[i];
     }
     return sound;

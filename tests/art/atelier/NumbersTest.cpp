@@ -56,7 +56,7 @@ TEST(AtelierNumbers, EqualSeedsThrowEqualDice)
 {
     Dice a(5), b(5), c(6);
     int same = 0;
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 100; i++) {
         const uint32_t value = a.Next();
         EXPECT_EQ(value, b.Next());
         same += value == c.Next() ? 1 : 0;
@@ -69,7 +69,7 @@ TEST(AtelierNumbers, DiceAreFair)
     Dice dice(1);
     double sum = 0, bell = 0, square = 0;
     constexpr int Throws = 20000;
-    for (int i = 0; i < Throws; ++i) {
+    for (int i = 0; i < Throws; i++) {
         const float u = dice.Unit();
         ASSERT_GE(u, 0);
         ASSERT_LT(u, 1);
@@ -135,6 +135,6 @@ TEST(AtelierPalette, HasTheColoursOfTheShowAndTheWayBackToTheScreen)
     EXPECT_NEAR(0x82 / 255.0f, ToScreen(palette::Ochre.g), 1e-4f);
     EXPECT_NEAR(0x2a / 255.0f, ToScreen(palette::Ochre.b), 1e-4f);
     EXPECT_NEAR(0x0d / 255.0f, ToScreen(palette::Ink.r), 1e-4f);
-    for (int level = 0; level < 256; ++level)
-        EXPECT_NEAR(level / 255.0f, ToScreen(FromScreen(static_cast<float>(level) / 255)), 1e-4f);
+    for (int level = 0; level < 256; level++)
+        EXPECT_NEAR(level / 255.0f, ToScreen(FromScreen(float(level) / 255)), 1e-4f);
 }

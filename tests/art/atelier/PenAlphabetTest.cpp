@@ -12,26 +12,24 @@ TEST(PenAlphabet, HasAllLettersDigitsPunctuationUmlautsAndEszett)
     for (const char32_t c :
          std::u32string(U"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789äöüÄÖÜß"
                         U".,:;!?-–—'\"“”„’()/&+=*·°×_"))
-        EXPECT_TRUE(HasLetter(c)) << static_cast<unsigned>(c);
+        EXPECT_TRUE(HasLetter(c)) << unsigned(c);
     EXPECT_FALSE(HasLetter(U'漢'));
 }
 
 TEST(PenAlphabet, DefinesEachLetterOnceAndInsideItsHeights)
 {
     std::set<char32_t> seen;
-    for (size_t i = 0; i < PenLetterCount; ++i)
-        EXPECT_TRUE(seen.insert(PenLetters[i].character).second)
-            << static_cast<unsigned>(PenLetters[i].character);
+    for (size_t i = 0; i < PenLetterCount; i++)
+        EXPECT_TRUE(seen.insert(PenLetters[i].character).second) << unsigned(PenLetters[i].character);
     const LetterStyle style = {.size = 90, .slant = 0, .lively = 0}; // ten pixels to a unit
     for (const char32_t c : seen) {
         std::string text;
         if (c < 0x80)
-            text = {static_cast<char>(c)};
+            text = {char(c)};
         else if (c < 0x800)
-            text = {static_cast<char>(0xC0 | c >> 6), static_cast<char>(0x80 | (c & 63))};
+            text = {char(0xC0 | c >> 6), char(0x80 | (c & 63))};
         else
-            text = {static_cast<char>(0xE0 | c >> 12), static_cast<char>(0x80 | (c >> 6 & 63)),
-                    static_cast<char>(0x80 | (c & 63))};
+            text = {char(0xE0 | c >> 12), char(0x80 | (c >> 6 & 63)), char(0x80 | (c & 63))};
         const std::vector<WrittenStroke> strokes = Writing(text, {0, 0}, style);
         EXPECT_FALSE(strokes.empty()) << text;
         for (const WrittenStroke& stroke : strokes)
@@ -95,10 +93,10 @@ TEST(PenAlphabet, WritesWhereItIsTold)
     Pen pen(sheet, SketchPaper(), {.width = 4}, 1);
     Write(pen, "moon", {150, 80}, {.size = 60}, Anchor::Middle, 2);
     float inside = 0, above = 0;
-    for (int x = 0; x < 300; ++x) {
-        for (int y = 40; y < 86; ++y)
+    for (int x = 0; x < 300; x++) {
+        for (int y = 40; y < 86; y++)
             inside += sheet.At(x, y);
-        for (int y = 0; y < 36; ++y)
+        for (int y = 0; y < 36; y++)
             above += sheet.At(x, y);
     }
     EXPECT_GT(inside, 300);

@@ -42,17 +42,15 @@ Raster Load(const std::string& name)
 int At(const Raster& raster, int x, int y, int channel)
 {
     return raster
-        .bytes[(static_cast<size_t>(y) * static_cast<size_t>(raster.width) + static_cast<size_t>(x)) *
-                   static_cast<size_t>(raster.channels) +
-               static_cast<size_t>(channel)];
+        .bytes[(size_t(y) * size_t(raster.width) + size_t(x)) * size_t(raster.channels) + size_t(channel)];
 }
 
 // The mean difference between a column of one picture and a column of another, over the colours.
 double BetweenColumns(const Raster& a, int columnA, const Raster& b, int columnB)
 {
     double sum = 0;
-    for (int y = 0; y < a.height; ++y)
-        for (int c = 0; c < 3; ++c)
+    for (int y = 0; y < a.height; y++)
+        for (int c = 0; c < 3; c++)
             sum += std::abs(At(a, columnA, y, c) - At(b, columnB, y, c));
     return sum / (3.0 * a.height);
 }
@@ -60,8 +58,8 @@ double BetweenColumns(const Raster& a, int columnA, const Raster& b, int columnB
 double BetweenRows(const Raster& a, int rowA, int rowB)
 {
     double sum = 0;
-    for (int x = 0; x < a.width; ++x)
-        for (int c = 0; c < 3; ++c)
+    for (int x = 0; x < a.width; x++)
+        for (int c = 0; c < 3; c++)
             sum += std::abs(At(a, x, rowA, c) - At(a, x, rowB, c));
     return sum / (3.0 * a.width);
 }
@@ -69,7 +67,7 @@ double BetweenRows(const Raster& a, int rowA, int rowB)
 double InnerColumns(const Raster& a)
 {
     double sum = 0;
-    for (int x = 0; x + 1 < a.width; ++x)
+    for (int x = 0; x + 1 < a.width; x++)
         sum += BetweenColumns(a, x, a, x + 1);
     return sum / (a.width - 1);
 }
@@ -77,7 +75,7 @@ double InnerColumns(const Raster& a)
 double InnerRows(const Raster& a)
 {
     double sum = 0;
-    for (int y = 0; y + 1 < a.height; ++y)
+    for (int y = 0; y + 1 < a.height; y++)
         sum += BetweenRows(a, y, y + 1);
     return sum / (a.height - 1);
 }
@@ -87,7 +85,7 @@ double InnerRows(const Raster& a)
 double ColumnsNear(const Raster& a, bool last)
 {
     double sum = 0;
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < 15; i++) {
         const int x = last ? a.width - 2 - i : i;
         sum += BetweenColumns(a, x, a, x + 1);
     }
@@ -97,7 +95,7 @@ double ColumnsNear(const Raster& a, bool last)
 double RowsNear(const Raster& a, bool last)
 {
     double sum = 0;
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < 15; i++) {
         const int y = last ? a.height - 2 - i : i;
         sum += BetweenRows(a, y, y + 1);
     }
@@ -108,8 +106,8 @@ double RowsNear(const Raster& a, bool last)
 int LargestOnBorder(const Raster& raster, int channel, const std::string& sides)
 {
     int largest = 0;
-    for (int y = 0; y < raster.height; ++y)
-        for (int x = 0; x < raster.width; ++x)
+    for (int y = 0; y < raster.height; y++)
+        for (int x = 0; x < raster.width; x++)
             if ((sides.find('l') != std::string::npos && x < 2) ||
                 (sides.find('r') != std::string::npos && x >= raster.width - 2) ||
                 (sides.find('t') != std::string::npos && y < 2) ||
@@ -161,7 +159,7 @@ TEST(PictureFiles, PicturesThatAreAddedAreBlackAtTheirBorder)
     for (const auto& [name, which] : sides) {
         const Raster raster = Load(name);
         ASSERT_FALSE(raster.bytes.empty()) << name;
-        for (int c = 0; c < 3; ++c)
+        for (int c = 0; c < 3; c++)
             EXPECT_LE(LargestOnBorder(raster, c, which), 3) << name;
     }
 }
@@ -181,12 +179,12 @@ TEST(PictureFiles, LightThatIsAddedUpManyTimesIsFaint)
         double sum = 0;
         for (const unsigned char value : raster.bytes)
             sum += value;
-        EXPECT_LE(sum / static_cast<double>(raster.bytes.size()), largest) << name;
+        EXPECT_LE(sum / double(raster.bytes.size()), largest) << name;
     }
     // Overhead one sees the middle of the spirograph only, drawn out to half the sky.
     const Raster spirograph = Load("spirograph.jpg");
     int lit = 0, all = 0;
-    for (int y = 512 - 200; y < 512 + 200; ++y)
+    for (int y = 512 - 200; y < 512 + 200; y++)
         for (int x = 512 - 200; x < 512 + 200; ++x, ++all)
             lit += At(spirograph, x, y, 0) > 40 ? 1 : 0;
     EXPECT_LT(lit, 0.08 * all);
@@ -214,8 +212,8 @@ TEST(PictureFiles, TheChicksPictureEndsWhereItsQuadEnds)
     const Raster chick = Load("black-chick.png");
     ASSERT_EQ(4, chick.channels);
     int largest = 0, inside = 0;
-    for (int y = 0; y < 512; ++y)
-        for (int x = 0; x < 512; ++x)
+    for (int y = 0; y < 512; y++)
+        for (int x = 0; x < 512; x++)
             (y >= 343 ? largest : inside) = std::max(y >= 343 ? largest : inside, At(chick, x, y, 3));
     EXPECT_EQ(0, largest);
     EXPECT_EQ(255, inside);
@@ -227,8 +225,8 @@ TEST(PictureFiles, CloudsStayThin)
         const Raster cloud = Load(name);
         ASSERT_EQ(4, cloud.channels) << name;
         int largest = 0;
-        for (int y = 0; y < 512; ++y)
-            for (int x = 0; x < 512; ++x)
+        for (int y = 0; y < 512; y++)
+            for (int x = 0; x < 512; x++)
                 largest = std::max(largest, At(cloud, x, y, 3));
         EXPECT_LT(largest, 0.35 * 255) << name;
     }
@@ -304,7 +302,7 @@ TEST(PictureFiles, TheSkyOfTheOpeningIsOnePanorama)
 {
     const Raster parts[] = {Load("sky-background_01.jpg"), Load("sky-background_02.jpg"),
                             Load("sky-background_03.jpg"), Load("sky-background_04.jpg")};
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; i++) {
         ASSERT_EQ(3, parts[i].channels);
         ASSERT_EQ(3, parts[i + 1].channels);
         EXPECT_LE(BetweenColumns(parts[i], 1023, parts[i + 1], 0),
@@ -330,8 +328,8 @@ TEST(PictureFiles, TheNightSkyGoesOnAcrossTheEdgesOfItsBox)
     // The top's upper border lies on the back face's upper one, its left on the left face's, its right on the
     // right's.
     double seam = 0, seamLeft = 0, seamRight = 0;
-    for (int i = 0; i < 1024; ++i)
-        for (int c = 0; c < 3; ++c) {
+    for (int i = 0; i < 1024; i++)
+        for (int c = 0; c < 3; c++) {
             seam += std::abs(At(top, i, 0, c) - At(back, i, 0, c)) / (3.0 * 1024);
             seamLeft += std::abs(At(top, 0, i, c) - At(left, 1023 - i, 0, c)) / (3.0 * 1024);
             seamRight += std::abs(At(top, 1023, i, c) - At(right, i, 0, c)) / (3.0 * 1024);
@@ -349,9 +347,9 @@ TEST(PictureFiles, TheBonesOfTheFishMeetAtTheHinge)
     ASSERT_EQ(4, tail.channels);
     int bone = 0;
     double across = 0, near = 0;
-    for (int y = 0; y < 512; ++y) {
+    for (int y = 0; y < 512; y++) {
         across += std::abs(At(head, 511, y, 3) - At(tail, 0, y, 3));
-        for (int i = 0; i < 8; ++i)
+        for (int i = 0; i < 8; i++)
             near += (std::abs(At(head, 510 - i, y, 3) - At(head, 511 - i, y, 3)) +
                      std::abs(At(tail, i, y, 3) - At(tail, i + 1, y, 3))) /
                     16.0;
@@ -366,8 +364,8 @@ TEST(PictureFiles, TheFirstSightOfTheFishIsNothingButBone)
     // The scene begins with a view 7 pixels high round this place of the first card.
     const Raster head = Load("fischgraeten_1.png");
     ASSERT_EQ(4, head.channels);
-    for (int y = 243 - 12; y <= 243 + 12; ++y)
-        for (int x = 192 - 12; x <= 192 + 12; ++x)
+    for (int y = 243 - 12; y <= 243 + 12; y++)
+        for (int x = 192 - 12; x <= 192 + 12; x++)
             EXPECT_EQ(255, At(head, x, y, 3)) << x << ' ' << y;
 }
 

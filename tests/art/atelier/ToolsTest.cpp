@@ -15,8 +15,8 @@ using namespace atelier;
 static double Sum(const Mask& mask)
 {
     double sum = 0;
-    for (int y = 0; y < mask.Height(); ++y)
-        for (int x = 0; x < mask.Width(); ++x)
+    for (int y = 0; y < mask.Height(); y++)
+        for (int x = 0; x < mask.Width(); x++)
             sum += mask.At(x, y);
     return sum;
 }
@@ -56,10 +56,10 @@ TEST(AtelierMask, BlurKeepsTheAmountAndHasTheWidthThatItIsAskedFor)
     mask.Blur(6);
     EXPECT_NEAR(1, Sum(mask), 1e-4);
     double variance = 0;
-    for (int y = 0; y < 101; ++y)
-        for (int x = 0; x < 101; ++x)
+    for (int y = 0; y < 101; y++)
+        for (int x = 0; x < 101; x++)
             variance += mask.At(x, y) * (x - 50) * (x - 50);
-    EXPECT_NEAR(6, Sqrt(static_cast<float>(variance)), 0.3);
+    EXPECT_NEAR(6, Sqrt(float(variance)), 0.3);
 }
 
 TEST(AtelierMask, BlurOfATileGoesOnOverItsBorders)
@@ -92,15 +92,15 @@ TEST(AtelierMask, AFieldAskedForAtEveryFourthPixelIsDrawnOutBetween)
 {
     const auto slope = [](float x, float y) { return 2 * x - 3 * y; };
     const Mask exact = Mask(30, 22).Each(slope), quick = Mask(30, 22).Each(slope, 4);
-    for (int y = 0; y < 22; ++y)
-        for (int x = 0; x < 30; ++x)
+    for (int y = 0; y < 22; y++)
+        for (int x = 0; x < 30; x++)
             EXPECT_NEAR(exact.At(x, y), quick.At(x, y), 1e-3f);
 }
 
 TEST(AtelierMask, FadesToExactlyNothingOnTheOutermostTwoPixels)
 {
     const Mask mask = Mask(40, 30, 1).FadeToBorder(8);
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 2; i++) {
         EXPECT_EQ(0, mask.At(i, 15));
         EXPECT_EQ(0, mask.At(39 - i, 15));
         EXPECT_EQ(0, mask.At(20, i));
@@ -120,7 +120,7 @@ TEST(AtelierLine, RunsThroughItsPointsInEvenSteps)
             nearest = Min(nearest, Length(p - q));
         EXPECT_LT(nearest, 0.01f);
     }
-    for (size_t i = 0; i + 1 < line.size(); ++i)
+    for (size_t i = 0; i + 1 < line.size(); i++)
         EXPECT_LT(Length(line[i + 1] - line[i]), 3.5f);
     EXPECT_NEAR(LengthOf(line) / 2, LengthOf(Part(line, 0.25f, 0.75f)), 0.1f);
 }
@@ -162,10 +162,10 @@ TEST(AtelierPaper, HasNoSeamAndItsMeanInTheMiddle)
 {
     const Paper& paper = SketchPaper(256);
     double mean = 0, seam = 0, inside = 0;
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x)
+    for (int y = 0; y < 256; y++)
+        for (int x = 0; x < 256; x++)
             mean += paper.Height(x, y);
-    for (int y = 0; y < 256; ++y) {
+    for (int y = 0; y < 256; y++) {
         seam += Abs(paper.Height(255, y) - paper.Height(256, y));
         inside += Abs(paper.Height(100, y) - paper.Height(101, y));
     }
@@ -182,7 +182,7 @@ TEST(AtelierPen, DrawsALineOfTheWidthOfItsPressure)
     pen.Stroke(Straight({{20, 30}, {180, 30}}), {.start = 0, .middle = 1, .end = 0});
     const auto width = [&](int x) {
         float sum = 0;
-        for (int y = 0; y < 60; ++y)
+        for (int y = 0; y < 60; y++)
             sum += sheet.At(x, y);
         return sum;
     };
@@ -199,7 +199,7 @@ TEST(AtelierPen, BreaksItsLineWhenItMayAndNeverWhenItMayNot)
         Pen pen(sheet, SketchPaper(), {.width = 4, .wobble = 0, .skip = skip, .dry = 0}, 3);
         pen.Stroke(Straight({{10, 10}, {990, 10}}), {.start = 1, .middle = 1, .end = 1});
         int count = 0;
-        for (int x = 20; x < 980; ++x)
+        for (int x = 20; x < 980; x++)
             count += sheet.At(x, 10) < 0.3f ? 1 : 0;
         return count;
     };
@@ -225,8 +225,8 @@ TEST(AtelierPen, TheSameSeedDrawsTheSameLine)
     Pen(b, SketchPaper(), {}, 5).Stroke(line);
     Pen(c, SketchPaper(), {}, 6).Stroke(line);
     double difference = 0;
-    for (int y = 0; y < 100; ++y)
-        for (int x = 0; x < 200; ++x) {
+    for (int y = 0; y < 100; y++)
+        for (int x = 0; x < 200; x++) {
             EXPECT_EQ(a.At(x, y), b.At(x, y));
             difference += Abs(a.At(x, y) - c.At(x, y));
         }
@@ -271,7 +271,7 @@ TEST(AtelierWash, OfATileHasNoSeam)
     const Mask shape = Filled(128, 128, Rectangle(-40, 20, 60, 90), true);
     const Mask density = WashDensity(SketchPaper(128), shape, {.bloomSize = 40, .bleed = 10}, 1);
     double seam = 0, inside = 0;
-    for (int y = 0; y < 128; ++y) {
+    for (int y = 0; y < 128; y++) {
         seam += Abs(density.At(127, y) - density.At(0, y));
         inside += Abs(density.At(20, y) - density.At(21, y));
     }
@@ -283,7 +283,7 @@ TEST(AtelierGlow, DarkensTheBorderToBlack)
     Canvas canvas(64, 64, palette::Black);
     GlowAt(canvas, {32, 32}, 6, 60);
     DarkenBorder(canvas, 12);
-    for (int i = 0; i < 64; ++i) {
+    for (int i = 0; i < 64; i++) {
         EXPECT_EQ(0, canvas.At(i, 1).r);
         EXPECT_EQ(0, canvas.At(62, i).g);
     }
@@ -314,15 +314,15 @@ TEST(AtelierFinish, BlackStaysBlack)
 static Raster Checkered(int channels)
 {
     Raster raster{48, 32, channels, {}};
-    for (int i = 0; i < 48 * 32; ++i)
-        for (int c = 0; c < channels; ++c)
+    for (int i = 0; i < 48 * 32; i++)
+        for (int c = 0; c < channels; c++)
             raster.bytes.push_back(static_cast<unsigned char>((i * 5 + c * 60 + i / 48 * 3) % 200 + 20));
     return raster;
 }
 
 TEST(AtelierFiles, PngComesBackAsItWasWithItsChannels)
 {
-    for (int channels = 3; channels <= 4; ++channels) {
+    for (int channels = 3; channels <= 4; channels++) {
         const Raster raster = Checkered(channels);
         Raster back;
         ASSERT_TRUE(Decode(EncodedPng(raster), back));
@@ -335,8 +335,8 @@ TEST(AtelierFiles, JpegKeepsColourAtFullResolution)
 {
     // Red and blue columns by turns: with halved colour they would run together.
     Raster raster{64, 64, 3, {}};
-    for (int i = 0; i < 64 * 64; ++i)
-        for (int c = 0; c < 3; ++c)
+    for (int i = 0; i < 64 * 64; i++)
+        for (int c = 0; c < 3; c++)
             raster.bytes.push_back(c == (i % 2 == 0 ? 0 : 2) ? 200 : 20);
     Raster back;
     ASSERT_TRUE(Decode(Encoded(raster, "x.jpg"), back));
@@ -363,7 +363,7 @@ TEST(AtelierCommands, ToleranceAllowsForCodecsAndNotForAnotherPicture)
         b.bytes[i] = static_cast<unsigned char>(b.bytes[i] + 1);
     EXPECT_FALSE(WithinTolerance(Compare(a, b))); // everywhere a little
     Raster c = a;
-    for (size_t i = 0; i < 12; ++i)
+    for (size_t i = 0; i < 12; i++)
         c.bytes[i] = static_cast<unsigned char>(c.bytes[i] + LargestDifference + 1);
     EXPECT_FALSE(WithinTolerance(Compare(a, c))); // in one place a lot
 }

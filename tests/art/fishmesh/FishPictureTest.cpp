@@ -93,10 +93,10 @@ protected:
     // the right of the picture's middle; both in units of the model.
     static float MiddleAt(const Picture& picture, float place)
     {
-        const int x = static_cast<int>(0.5f * width + place * pixelsPerUnit);
+        const int x = int(0.5f * width + place * pixelsPerUnit);
         int top = -1;
         int low = -1;
-        for (int y = 0; y < height; ++y) {
+        for (int y = 0; y < height; y++) {
             const unsigned char* pixel = picture.At(x, y);
             if (pixel[0] + pixel[1] + pixel[2] == 0)
                 continue;
@@ -104,7 +104,7 @@ protected:
             low = y;
         }
         EXPECT_GE(top, 0) << "nothing at " << place;
-        return (0.5f * height - 0.5f * static_cast<float>(top + low + 1)) / pixelsPerUnit;
+        return (0.5f * height - 0.5f * float(top + low + 1)) / pixelsPerUnit;
     }
 
     static double Sum(const Picture& picture)
@@ -140,11 +140,11 @@ TEST_F(SwimmingFish, KeepsItsHeadNearlyStillWhileTheTailBeats)
     Above();
     float reach[3] = {};
     const float places[3] = {-0.9f, 0.1f, 0.8f};
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; i++) {
         float low = 1.0f;
         float high = -1.0f;
-        for (int step = 0; step < 12; ++step) {
-            const float middle = MiddleAt(Draw(period * static_cast<float>(step) / 12.0f, 1.0f), places[i]);
+        for (int step = 0; step < 12; step++) {
+            const float middle = MiddleAt(Draw(period * float(step) / 12.0f, 1.0f), places[i]);
             low = std::min(low, middle);
             high = std::max(high, middle);
         }
@@ -166,8 +166,8 @@ TEST_F(SwimmingFish, PaddlesWithTheFinsAtItsBreastAtHalfThePace)
     const float atTip = 5.2f * 0.4f; // radians that the wave lags there: z is -0.2
     float low = 1.0f;
     float high = -1.0f;
-    for (int quarter = 0; quarter < 4; ++quarter) {
-        const float time = (atTip + 3.14159265f * static_cast<float>(quarter)) / stroke;
+    for (int quarter = 0; quarter < 4; quarter++) {
+        const float time = (atTip + 3.14159265f * float(quarter)) / stroke;
         const float middle = MiddleAt(Draw(time, 1.0f), tip);
         low = std::min(low, middle);
         high = std::max(high, middle);
@@ -182,10 +182,10 @@ TEST_F(SwimmingFish, SendsItsWaveFromTheHeadToTheTail)
     float best[2] = {-1.0f, -1.0f};
     int when[2] = {};
     const int steps = 24;
-    for (int step = 0; step < steps; ++step) {
-        const Picture picture = Draw(period * static_cast<float>(step) / steps, 1.0f);
+    for (int step = 0; step < steps; step++) {
+        const Picture picture = Draw(period * float(step) / steps, 1.0f);
         const float places[2] = {0.2f, 0.7f};
-        for (int i = 0; i < 2; ++i) {
+        for (int i = 0; i < 2; i++) {
             const float middle = MiddleAt(picture, places[i]);
             if (middle > best[i]) {
                 best[i] = middle;
@@ -223,8 +223,8 @@ TEST_F(SwimmingFish, ShowsEachSurfaceInItsOwnColour)
     const Picture picture = Draw(0.3f, 1.0f);
     int rusty = 0;
     int bluish = 0;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const unsigned char* pixel = picture.At(x, y);
             rusty += pixel[0] > 1.3 * pixel[2] ? 1 : 0;
             bluish += pixel[2] > pixel[0] + 5 ? 1 : 0;
@@ -237,7 +237,7 @@ TEST_F(SwimmingFish, LooksAtTheViewerWithItsMouthOpen)
 {
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    gluPerspective(18, static_cast<double>(width) / height, 0.1, 20);
+    gluPerspective(18, double(width) / height, 0.1, 20);
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     gluLookAt(1.5, 0.33, -2.2, 0.05, 0.03, -0.62, 0, 1, 0);

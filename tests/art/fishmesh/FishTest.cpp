@@ -55,7 +55,7 @@ protected:
     {
         std::set<int> tiles;
         for (int index : face.texCoordIndices)
-            tiles.insert(static_cast<int>(std::floor(model.texCoords.at(index).u)));
+            tiles.insert(int(std::floor(model.texCoords.at(index).u)));
         EXPECT_EQ(1u, tiles.size());
         return *tiles.begin();
     }
@@ -110,10 +110,10 @@ TEST_F(FishInData, HasTrianglesAndQuadsWhoseIndicesAreEqualInNumberAndInRange)
             ASSERT_EQ(corners, face.vertexIndices.size());
             ASSERT_EQ(corners, face.normalIndices.size());
             ASSERT_EQ(corners, face.texCoordIndices.size());
-            for (size_t i = 0; i < corners; ++i) {
-                ASSERT_LT(static_cast<size_t>(face.vertexIndices[i]), model->vertices.size());
-                ASSERT_LT(static_cast<size_t>(face.normalIndices[i]), model->normals.size());
-                ASSERT_LT(static_cast<size_t>(face.texCoordIndices[i]), model->texCoords.size());
+            for (size_t i = 0; i < corners; i++) {
+                ASSERT_LT(size_t(face.vertexIndices[i]), model->vertices.size());
+                ASSERT_LT(size_t(face.normalIndices[i]), model->normals.size());
+                ASSERT_LT(size_t(face.texCoordIndices[i]), model->texCoords.size());
             }
         }
         EXPECT_GT(triangles, 0);
@@ -129,7 +129,7 @@ TEST_F(FishInData, HasNormalsOfLengthOneThatPointOutOfTheirFaces)
         for (const ModelFace& face : model->faces) {
             const size_t count = face.vertexIndices.size();
             Vector3 corner[4];
-            for (size_t i = 0; i < count; ++i)
+            for (size_t i = 0; i < count; i++)
                 corner[i] = model->vertices[face.vertexIndices[i]];
             const Vector3 across = corner[2] - corner[0];
             const Vector3 other = count == 4 ? corner[3] - corner[1] : corner[1] - corner[0];
@@ -148,7 +148,7 @@ TEST_F(FishInData, IsSmoothFromFaceToFace)
     // Most corners share their point's one normal; only lids, teeth and the two sides of a fin keep apart.
     std::map<int, std::set<int>> normalsOfPoint;
     for (const ModelFace& face : fish.faces)
-        for (size_t i = 0; i < face.vertexIndices.size(); ++i)
+        for (size_t i = 0; i < face.vertexIndices.size(); i++)
             normalsOfPoint[face.vertexIndices[i]].insert(face.normalIndices[i]);
     size_t shared = 0;
     for (const auto& [point, normals] : normalsOfPoint) {
@@ -191,12 +191,12 @@ TEST_F(FishInData, LooksTowardsMinusZ)
             const Vector3& p = fish.vertices[index];
             if (TileOf(fish, face) == fishmesh::Bone) {
                 teeth += p.z;
-                ++toothCorners;
+                toothCorners++;
             } else if (TileOf(fish, face) == fishmesh::Membrane)
                 tail = std::max(tail, p.z);
         }
     ASSERT_GT(toothCorners, 0);
-    EXPECT_LT(teeth / static_cast<float>(toothCorners), -0.75f);
+    EXPECT_LT(teeth / float(toothCorners), -0.75f);
     EXPECT_NEAR(1.0f, tail, 1e-4f);
     const Box look = BoxOf(eyes.vertices);
     EXPECT_LT(look.high.z, -0.6f);
@@ -229,7 +229,7 @@ TEST_F(FishInData, HasASkinUnwrappedSideOn)
     for (const ModelFace& face : fish.faces) {
         if (TileOf(fish, face) != fishmesh::Skin)
             continue;
-        for (size_t i = 0; i < face.vertexIndices.size(); ++i) {
+        for (size_t i = 0; i < face.vertexIndices.size(); i++) {
             const Vector3& p = fish.vertices[face.vertexIndices[i]];
             const Vec2& texCoord = fish.texCoords[face.texCoordIndices[i]];
             EXPECT_NEAR(0.02f + 0.96f * (p.z + 1.0f) / 1.72f, texCoord.u, 0.001f);
@@ -270,11 +270,11 @@ TEST_F(FishInData, HasEyesWhosePupilLooksOutwardsAndAhead)
 {
     int pupils = 0;
     for (const ModelFace& face : eyes.faces)
-        for (size_t i = 0; i < face.vertexIndices.size(); ++i) {
+        for (size_t i = 0; i < face.vertexIndices.size(); i++) {
             const Vec2& texCoord = eyes.texCoords[face.texCoordIndices[i]];
             if (texCoord.u != 4.5f || texCoord.v != 0.5f)
                 continue;
-            ++pupils;
+            pupils++;
             const Vector3& p = eyes.vertices[face.vertexIndices[i]];
             const Vector3& n = eyes.normals[face.normalIndices[i]];
             EXPECT_GT(n.x * p.x, 0.0f);

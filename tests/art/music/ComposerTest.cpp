@@ -57,13 +57,13 @@ TEST_F(Composer, WritesASectionAndItsStemsThatAddUpToIt)
         ASSERT_EQ(section.Size(), stem.Size());
         stem.origin = sum.origin;
         sum.Add(stem, 1);
-        ++stems;
+        stems++;
     }
     EXPECT_TRUE(std::filesystem::exists(folder + "/stems/violin.wav"));
     EXPECT_TRUE(std::filesystem::exists(folder + "/stems/room.wav"));
     EXPECT_EQ(17, stems) << "the sixteen parts and the room";
     Master(sum, int64_t(207) * samplesPerBar);
-    for (int64_t i = 0; i < section.Size(); ++i)
+    for (int64_t i = 0; i < section.Size(); i++)
         ASSERT_NEAR(sum.left[size_t(i)], section.left[size_t(i)], 1e-4) << "sample " << i;
 }
 

@@ -17,7 +17,7 @@ static const double pi = 3.14159265358979323846;
 static Samples Sine(double hz, double amplitude, double seconds, double phase = 0)
 {
     Samples sound(size_t(seconds * sampleRate));
-    for (size_t i = 0; i < sound.size(); ++i)
+    for (size_t i = 0; i < sound.size(); i++)
         sound[i] = float(amplitude * std::sin(2 * pi * (hz * double(i) / sampleRate + phase)));
     return sound;
 }
@@ -91,7 +91,7 @@ TEST(Measures, TellLevelOffsetAndWidth)
 TEST(Silence, IsWhatLiesBelowMinus60AtTheEnds)
 {
     Stereo sound(0, sampleRate);
-    for (int64_t i = 0; i < sound.Size(); ++i)
+    for (int64_t i = 0; i < sound.Size(); i++)
         sound.left[i] = 0.0009f; // below
     sound.right[sampleRate / 10] = 0.0011f;
     sound.right[sampleRate / 2] = -0.0011f;
@@ -108,7 +108,7 @@ TEST(Clicks, AreFoundInATuneAndNotWhereThereAreNone)
     ASSERT_FALSE(clicks.empty());
     EXPECT_NEAR(20000, double(clicks[0]), 1);
     sound[20000] -= 0.05f;
-    for (size_t i = 30000; i < sound.size(); ++i) // a cut
+    for (size_t i = 30000; i < sound.size(); i++) // a cut
         sound[i] = 0;
     clicks = FindClicks(sound);
     ASSERT_FALSE(clicks.empty());
@@ -123,7 +123,7 @@ TEST(Attack, IsFoundToTwoMillisecondsAndNotInASteadyTone)
     for (const int late : {-60, -7, 0, 12, 80}) {
         Samples both = sound;
         const int at = sampleRate / 2 + late * sampleRate / 1000;
-        for (size_t i = 0; i < struck.size(); ++i)
+        for (size_t i = 0; i < struck.size(); i++)
             both[at + i] += struck[i];
         const Attack found = FindAttack(OnBothSides(both), sampleRate / 2);
         EXPECT_NEAR(late * 0.001, found.late, 0.002);
@@ -143,7 +143,7 @@ TEST(Spectrum, TellsPitchClasses)
 {
     Samples chord = Sine(440, 0.3, 1);            // A
     const Samples other = Sine(293.665, 0.15, 1); // D
-    for (size_t i = 0; i < chord.size(); ++i)
+    for (size_t i = 0; i < chord.size(); i++)
         chord[i] += other[i];
     const std::array<double, 12> chroma = Chroma(chord, 0, sampleRate);
     EXPECT_GT(chroma[9], chroma[2]);
@@ -155,10 +155,10 @@ TEST(Resemblance, IsHighForTheSameSoundAndFallsWithAWrongNote)
     const Samples tune = Sine(440, 0.2, 2);
     const Stereo file = OnBothSides(tune);
     Stereo rendered(sampleRate / 2, sampleRate); // a window out of it
-    for (int64_t i = 0; i < rendered.Size(); ++i)
+    for (int64_t i = 0; i < rendered.Size(); i++)
         rendered.left[i] = rendered.right[i] = tune[size_t(rendered.origin + i)];
     EXPECT_GT(Compare(rendered, file).worst, 60);
-    for (int64_t i = sampleRate / 4; i < sampleRate / 2; ++i)
+    for (int64_t i = sampleRate / 4; i < sampleRate / 2; i++)
         rendered.left[i] += 0.1f * SineOfTurns(600.0 * double(i) / sampleRate);
     const Resemblance found = Compare(rendered, file);
     EXPECT_LT(found.worst, nearness);

@@ -98,7 +98,7 @@ TEST(TheTheme, AndItsCounterMelodyMoveWhenTheOtherRests)
         if (note.bar < 7)
             beats.insert(float(note.bar * 3) + note.beat);
     for (const int bar : {1, 3, 5})
-        for (int beat = 0; beat < 3; ++beat)
+        for (int beat = 0; beat < 3; beat++)
             EXPECT_TRUE(beats.count(float(bar * 3 + beat))) << "bar " << bar << " beat " << beat;
 }
 
@@ -159,7 +159,7 @@ TEST_F(NightScore, TheThemeComesBackNoteForNoteOnThePianoTheStringsAndInTheVilla
 static int LimpingBarsIn(const std::vector<Tone>& tones, double pace)
 {
     int found = 0;
-    for (size_t i = 0; i + 1 < tones.size(); ++i)
+    for (size_t i = 0; i + 1 < tones.size(); i++)
         found += std::abs(std::fmod(tones[i].beat, 3)) < 1e-6 && tones[i].length == pace &&
                  std::abs(tones[i + 1].beat - tones[i].beat - pace) < 1e-6 &&
                  tones[i + 1].length >= 1.5 * pace;
@@ -189,10 +189,10 @@ TEST_F(NightScore, TheTowersBreakTheTheme)
 {
     // The box out of tune has no four notes of it in a row, and no bar of the section has a major or minor
     // chord.
-    for (int from = 137; from + 8 <= 153; ++from)
+    for (int from = 137; from + 8 <= 153; from++)
         EXPECT_LE(ThemeNotesIn(Played("brokenbox", 137, 153), from, 1, 12), 7);
     EXPECT_GE(Played("brokenbox", 137, 153).size(), 12u);
-    for (int bar = 137; bar < 153; ++bar)
+    for (int bar = 137; bar < 153; bar++)
         EXPECT_EQ(5u, score.HarmonyAt(bar * 3)->chord.tones.size()) << "bar " << bar;
 }
 
@@ -224,7 +224,7 @@ TEST_F(NightScore, EverySectionHasADressOfItsOwn)
 TEST_F(NightScore, TheBassWalksThroughNamesVillageAndHome)
 {
     for (const auto& [first, end] : {std::pair(73, 85), std::pair(105, 135), std::pair(189, 197)}) {
-        for (int bar = first; bar < end; ++bar) {
+        for (int bar = first; bar < end; bar++) {
             const std::vector<Tone> tones = Played("bass", bar, bar + 1);
             ASSERT_EQ(3u, tones.size()) << "bar " << bar;
             std::set<int> pitches;
@@ -285,7 +285,7 @@ TEST_F(NightScore, TheLastBarLeavesTheThemeOpenOnItsFirstNote)
 
 TEST_F(NightScore, NoBarIsEmptyAndEveryPartKeepsToItsReach)
 {
-    for (int bar = 0; bar < score.Bars(); ++bar) {
+    for (int bar = 0; bar < score.Bars(); bar++) {
         EXPECT_NE(nullptr, score.HarmonyAt(bar * 3)) << "bar " << bar;
         bool sounds = false;
         for (const Voice& voice : score.voices)
@@ -294,7 +294,7 @@ TEST_F(NightScore, NoBarIsEmptyAndEveryPartKeepsToItsReach)
                     sounds || (tone.beat < (bar + 1) * 3 - 1e-6 && tone.beat + tone.length > bar * 3 + 1e-6);
         EXPECT_TRUE(sounds) << "bar " << bar;
     }
-    for (size_t i = 0; i < score.voices.size(); ++i) {
+    for (size_t i = 0; i < score.voices.size(); i++) {
         EXPECT_FALSE(score.voices[i].tones.empty()) << Orchestra()[i].name << " has nothing to play";
         for (const Tone& tone : score.voices[i].tones) {
             EXPECT_GE(tone.pitch, Orchestra()[i].low) << Orchestra()[i].name << " at beat " << tone.beat;

@@ -39,7 +39,7 @@ static int64_t Bar(double bar)
 static double PeakIn(const Stereo& sound, int64_t from, int64_t end)
 {
     float peak = 0;
-    for (int64_t i = from; i < end; ++i)
+    for (int64_t i = from; i < end; i++)
         peak = std::max({peak, std::fabs(sound.left[size_t(i)]), std::fabs(sound.right[size_t(i)])});
     return ToDecibel(double(peak));
 }
@@ -47,7 +47,7 @@ static double PeakIn(const Stereo& sound, int64_t from, int64_t end)
 static double PowerIn(const Stereo& sound, int64_t from, int64_t end)
 {
     double sum = 0;
-    for (int64_t i = from; i < end; ++i)
+    for (int64_t i = from; i < end; i++)
         sum += double(sound.left[size_t(i)]) * double(sound.left[size_t(i)]) +
                double(sound.right[size_t(i)]) * double(sound.right[size_t(i)]);
     return 10 * std::log10(sum / double(2 * (end - from)) + 1e-20);
@@ -76,7 +76,7 @@ static void CheckArc(const Score& score, const Loudness& loudness)
     EXPECT_NEAR(-16, loudness.Integrated(), 0.5);
     const double sections[] = {-22.2, -17.1, -16.4, -21.7, -12.4, -14.0, -18.6, -12.6, -18.8};
     ASSERT_EQ(std::size(sections), score.sections.size());
-    for (size_t i = 0; i < score.sections.size(); ++i) {
+    for (size_t i = 0; i < score.sections.size(); i++) {
         const Section& section = score.sections[i];
         EXPECT_NEAR(sections[i], loudness.Integrated(Bar(section.firstBar), Bar(section.endBar)), 0.5)
             << section.name;
@@ -102,18 +102,18 @@ static void CheckSilences(const Stereo& sound)
 static void CheckDownbeats(const Stereo& sound)
 {
     int clear = 0;
-    for (int bar = 0; bar < 207; ++bar) {
+    for (int bar = 0; bar < 207; bar++) {
         const Attack attack = FindAttack(sound, Bar(bar));
         if (attack.strength >= 5) {
             EXPECT_LT(std::fabs(attack.late), 0.02) << "bar " << bar << ", " << attack.strength << " dB";
-            ++clear;
+            clear++;
         }
     }
     EXPECT_GE(clear, 120) << "bars of 207 have a clear downbeat";
     // Half a beat beside the bar lines there are few such attacks: the test above would fail with a wrong
     // tempo.
     int beside = 0;
-    for (int bar = 0; bar < 207; ++bar) {
+    for (int bar = 0; bar < 207; bar++) {
         const Attack attack = FindAttack(sound, Bar(bar) + samplesPerBeat / 4);
         beside += attack.strength >= 5 && std::fabs(attack.late) < 0.02;
     }
@@ -124,7 +124,7 @@ static void CheckEnding(const Stereo& sound)
 {
     // D and A, and the box's A above: neither F nor F sharp tells whether all is well.
     Samples mono(samplesPerBar);
-    for (size_t i = 0; i < mono.size(); ++i)
+    for (size_t i = 0; i < mono.size(); i++)
         mono[i] = sound.left[size_t(Bar(206)) + i] + sound.right[size_t(Bar(206)) + i];
     const std::array<double, 12> chroma = Chroma(mono, 0, samplesPerBar);
     EXPECT_GT(chroma[9] + chroma[2], 0.45);
@@ -215,7 +215,7 @@ TEST(TheComposer, PlaysTheSameSamplesEveryTimeAndInAnyWindow)
 TEST(TheMaster, KeepsPeaksUnderItsCeilingAndLeavesTheRestAlone)
 {
     Stereo loud(0, 2 * sampleRate), soft(0, 2 * sampleRate);
-    for (int64_t i = 0; i < loud.Size(); ++i) {
+    for (int64_t i = 0; i < loud.Size(); i++) {
         const float wave = SineOfTurns(500.0 * double(i) / sampleRate);
         loud.left[size_t(i)] = loud.right[size_t(i)] = (i > sampleRate ? 3.0f : 0.2f) * wave;
         soft.left[size_t(i)] = soft.right[size_t(i)] = 0.2f * wave;
@@ -226,14 +226,14 @@ TEST(TheMaster, KeepsPeaksUnderItsCeilingAndLeavesTheRestAlone)
     EXPECT_LE(PeakIn(loud, 0, loud.Size()), double(ceilingDecibel) + 0.01);
     // 0.2 and the gain of 3.5 dB, neither limited nor faded in the middle of the night.
     EXPECT_NEAR(ToDecibel(0.2) + 3.5, PeakIn(soft, sampleRate / 2, sampleRate), 0.05);
-    for (int64_t i = sampleRate / 10; i < sampleRate / 2; ++i)
+    for (int64_t i = sampleRate / 10; i < sampleRate / 2; i++)
         ASSERT_EQ(soft.left[size_t(i)], loud.left[size_t(i)]) << "the limiter works ahead of its peak only";
 }
 
 TEST(TheMaster, FadesTheNightsTwoEndsToNothing)
 {
     Stereo mix(0, 3 * sampleRate);
-    for (int64_t i = 0; i < mix.Size(); ++i)
+    for (int64_t i = 0; i < mix.Size(); i++)
         mix.left[size_t(i)] = mix.right[size_t(i)] = 0.3f * SineOfTurns(500.0 * double(i) / sampleRate);
     Master(mix, mix.Size());
     EXPECT_EQ(0, mix.left.front());

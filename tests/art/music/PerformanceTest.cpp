@@ -36,7 +36,7 @@ TEST(ThePerformance, KeepsDownbeatsWithin4MillisecondsAndAllElseWithin25)
 {
     const Score score = NightScore();
     int downbeats = 0;
-    for (size_t i = 0; i < score.voices.size(); ++i) {
+    for (size_t i = 0; i < score.voices.size(); i++) {
         const Part& part = Orchestra()[i];
         for (const Phrase& phrase : Perform(score.voices[i], part)) {
             for (const Note& note : phrase) {
@@ -48,7 +48,7 @@ TEST(ThePerformance, KeepsDownbeatsWithin4MillisecondsAndAllElseWithin25)
                 // A chord is spread a little from below.
                 EXPECT_LE(std::fabs(late), 0.004 + (note.line > 0 ? 0.006 : 0.0))
                     << part.name << " at beat " << place;
-                ++downbeats;
+                downbeats++;
             }
         }
     }
@@ -72,7 +72,7 @@ TEST(ThePerformance, SwingsTheSecondBeatEarlyAndTheThirdLighter)
         strength[int(inBar)] += double(phrase[0].strength);
         ++count[int(inBar)];
     }
-    for (int beat = 0; beat < 3; ++beat) {
+    for (int beat = 0; beat < 3; beat++) {
         ASSERT_EQ(8, count[beat]);
         late[beat] /= 8;
         strength[beat] /= 8;
@@ -86,11 +86,11 @@ TEST(ThePerformance, SwingsTheSecondBeatEarlyAndTheThirdLighter)
 TEST(ThePerformance, IsTheSameEveryTime)
 {
     const Score score = NightScore();
-    for (size_t i = 0; i < score.voices.size(); ++i) {
+    for (size_t i = 0; i < score.voices.size(); i++) {
         const std::vector<Phrase> once = Perform(score.voices[i], Orchestra()[i]);
         const std::vector<Phrase> again = Perform(score.voices[i], Orchestra()[i]);
         ASSERT_EQ(once.size(), again.size());
-        for (size_t k = 0; k < once.size(); ++k) {
+        for (size_t k = 0; k < once.size(); k++) {
             EXPECT_EQ(once[k][0].start, again[k][0].start);
             EXPECT_EQ(once[k][0].strength, again[k][0].strength);
             EXPECT_EQ(once[k][0].seed, again[k][0].seed);
@@ -113,7 +113,7 @@ static double PowerAt(const Samples& sound, double hz)
 {
     double x = 0, y = 0;
     const size_t from = 4000, end = std::min(sound.size(), size_t(30000));
-    for (size_t i = from; i < end; ++i) {
+    for (size_t i = from; i < end; i++) {
         const double turn = 2 * 3.14159265358979323846 * hz * double(i) / sampleRate;
         const double window =
             0.5 - 0.5 * std::cos(2 * 3.14159265358979323846 * double(i - from) / double(end - from));
@@ -182,7 +182,7 @@ TEST(SustainedInstruments, AreInTune)
     const Phrase phrase = {LoudA(69)};
     const auto sides = [](const Stereo& sound) {
         Samples mono(sound.left);
-        for (size_t i = 0; i < mono.size(); ++i)
+        for (size_t i = 0; i < mono.size(); i++)
             mono[i] = 0.5f * (mono[i] + sound.right[i]);
         return mono;
     };

@@ -83,7 +83,7 @@ TEST(Notation, ANoteHasABeatOfItsOwnUnlessItsLengthIsWritten)
     ASSERT_EQ(4u, tones.size());
     const double beats[] = {0, 1, 4.5, 5}, lengths[] = {1, 2, 0.5, 1};
     const int pitches[] = {69, 77, 74, 70};
-    for (size_t i = 0; i < 4; ++i) {
+    for (size_t i = 0; i < 4; i++) {
         EXPECT_DOUBLE_EQ(beats[i], tones[i].beat);
         EXPECT_DOUBLE_EQ(lengths[i], tones[i].length);
         EXPECT_EQ(pitches[i], tones[i].pitch);
@@ -154,11 +154,11 @@ TEST(Patterns, WaltzIsBassOnOneAndChordsOnTwoAndThree)
 {
     const std::vector<Tone> tones = Tones("hand", "hand\n 0: p waltz*2\n");
     ASSERT_EQ(14u, tones.size());
-    for (int bar = 0; bar < 2; ++bar) {
+    for (int bar = 0; bar < 2; bar++) {
         const Tone* const bars = &tones[size_t(bar) * 7];
         EXPECT_DOUBLE_EQ(bar * 3, bars[0].beat);
         EXPECT_EQ(bar == 0 ? 2 : 7, bars[0].pitch % 12) << "the chord's own bass";
-        for (int i = 1; i < 7; ++i) {
+        for (int i = 1; i < 7; i++) {
             EXPECT_DOUBLE_EQ(bar * 3 + (i < 4 ? 1 : 2), bars[i].beat);
             EXPECT_TRUE(bars[i].staccato && bars[i].accompany);
         }
@@ -203,7 +203,7 @@ TEST(Patterns, FollowAHarmonyThatChangesWithinTheBar)
     ASSERT_EQ(7u, tones.size());
     EXPECT_DOUBLE_EQ(3, tones[0].length) << "the bass stays, and is held through";
     bool third = false;
-    for (size_t i = 1; i < 7; ++i)
+    for (size_t i = 1; i < 7; i++)
         third = third || tones[i].pitch % 12 == 1;
     EXPECT_TRUE(third) << "C sharp comes with A7";
 }

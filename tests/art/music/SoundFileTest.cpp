@@ -22,7 +22,7 @@ protected:
     {
         std::filesystem::create_directories(folder);
         Noise noise(7);
-        for (int64_t i = 0; i < sound.Size(); ++i) {
+        for (int64_t i = 0; i < sound.Size(); i++) {
             sound.left[i] = 0.3f * SineOfTurns(440.0 * double(i) / sampleRate) + 0.01f * noise.White();
             sound.right[i] = 0.3f * SineOfTurns(660.0 * double(i) / sampleRate);
         }

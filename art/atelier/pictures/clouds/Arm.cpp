@@ -130,7 +130,7 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
         {{{0, 90}, {2, 30}, {4, -30}, {2, -90}}, {25, 23.5f, 23, 18}},
         {{{-48, 100}, {-56, 40}, {-58, -20}, {-50, -80}}, {25, 23, 22, 18}},
     };
-    for (size_t i = 0; i < 4; ++i) {
+    for (size_t i = 0; i < 4; i++) {
         std::vector<float> radii = fingers[i].radii;
         for (float& r : radii)
             r *= g;
@@ -141,7 +141,7 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
             Mask root =
                 Root(part, points[0] + (points[1] - points[0]) * 0.12f, radii[0] * 1.3f, radii[0] * 2.1f);
             root.Multiply(part.Alpha());
-            PaintBody(part, finger, skin, 1, arm.seed + 10 + 10 * static_cast<uint32_t>(i), &root);
+            PaintBody(part, finger, skin, 1, arm.seed + 10 + 10 * uint32_t(i), &root);
         });
         Flush(canvas, sight, wide({fingers[i].points.back()})[0], 26, 0.35f);
     }

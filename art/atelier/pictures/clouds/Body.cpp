@@ -26,18 +26,18 @@ Shape Sausage(const std::vector<Vec2>& points, const std::vector<float>& radii)
     const Line spine = Through(points);
     // Where along the spine its own points lie.
     std::vector<float> at = {0};
-    for (size_t i = 1; i < points.size(); ++i)
+    for (size_t i = 1; i < points.size(); i++)
         at.push_back(at.back() + Length(points[i] - points[i - 1]));
     const float length = LengthOf(spine);
     std::vector<Vec2> left, right;
     float way = 0;
     size_t piece = 1;
-    for (size_t i = 0; i < spine.size(); ++i) {
+    for (size_t i = 0; i < spine.size(); i++) {
         if (i > 0)
             way += Length(spine[i] - spine[i - 1]);
         const float here = way / length * at.back();
         while (piece + 1 < at.size() && here > at[piece])
-            ++piece;
+            piece++;
         const float radius = Mix(radii[piece - 1], radii[piece], Smooth(at[piece - 1], at[piece], here));
         const Vec2 d = DirectionAt(spine, way / length), side = Vec2{-d.y, d.x} * radius;
         left.push_back(spine[i] - side);
@@ -65,9 +65,9 @@ void Within(Canvas& canvas, Vec2 from, Vec2 to, const std::function<void(Canvas&
     if (right - left < 4 || bottom - top < 4)
         return;
     Canvas part = canvas.Crop(left, top, right - left, bottom - top);
-    paint(part, {static_cast<float>(left), static_cast<float>(top)});
-    for (int y = top; y < bottom; ++y)
-        for (int x = left; x < right; ++x)
+    paint(part, {float(left), float(top)});
+    for (int y = top; y < bottom; y++)
+        for (int x = left; x < right; x++)
             canvas.At(x, y) = part.At(x - left, y - top);
 }
 
@@ -88,8 +88,8 @@ namespace
 Mask Cut(const Mask& mask, int left, int top, int width, int height)
 {
     Mask part(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
             part.At(x, y) = mask.At(left + x, top + y);
     return part;
 }
@@ -120,7 +120,7 @@ void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scal
         },
         2);
     // Two washes, the second smaller and darker, each with a dried edge.
-    for (int layer = 0; layer < 2; ++layer) {
+    for (int layer = 0; layer < 2; layer++) {
         const float from = layer == 0 ? 0.34f : 0.6f;
         Mask shade = turned;
         shade.Curve(from - 0.03f, from + 0.2f).Multiply(paint);
@@ -131,15 +131,15 @@ void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scal
                                   .bloom = 0.5f,
                                   .bloomSize = 60 * scale,
                                   .stray = 0.9f * scale},
-                                 seed + 1 + static_cast<uint32_t>(layer))
+                                 seed + 1 + uint32_t(layer))
                          .Multiply(paint),
                      stuff.shade, stuff.depth * (layer == 0 ? 0.45f : 0.5f));
     }
     // Light thrown back into the shadow from below, and the moon on the other side.
     const Mask depth = body.Inside(14 * scale);
     Mask back(width, height), rim(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             const float in = depth.At(x, y) / scale;
             if (in <= 0)
                 continue;
@@ -168,11 +168,11 @@ void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scal
 
     // The outline: a hair where the light falls, broken here and there, heavy in the shadow.
     Mask contour(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
             if (paint.At(x, y) <= 0.01f)
                 continue;
-            const float fx = static_cast<float>(x), fy = static_cast<float>(y);
+            const float fx = float(x), fy = float(y);
             const float in = depth.At(x, y);
             if (in > 9 * scale)
                 continue;
@@ -191,12 +191,12 @@ void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scal
 void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale, uint32_t seed,
                const Mask* open)
 {
-    const float width = static_cast<float>(body.Width()), height = static_cast<float>(body.Height());
+    const float width = float(body.Width()), height = float(body.Height());
     Vec2 from = {width, height}, to = {0, 0};
-    for (int y = 0; y < body.Height(); ++y)
-        for (int x = 0; x < body.Width(); ++x)
+    for (int y = 0; y < body.Height(); y++)
+        for (int x = 0; x < body.Width(); x++)
             if (body.At(x, y) > 0) {
-                const float fx = static_cast<float>(x), fy = static_cast<float>(y);
+                const float fx = float(x), fy = float(y);
                 from = {Min(from.x, fx), Min(from.y, fy)};
                 to = {Max(to.x, fx), Max(to.y, fy)};
             }

@@ -85,7 +85,7 @@ public:
         Mask mask(canvas.Width(), canvas.Height());
         Pen light(mask, SketchPaper(), {.width = 2}, ++seed);
         Dice dice(++seed);
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; i++)
             light.Dot(at + Vec2{dice.Range(-250, 250), dice.Range(-165, 20)}, 1.2f + 2 * Pow(dice.Unit(), 3));
         canvas.Cover(mask, palette::Bone, 0.8f);
     }
@@ -194,8 +194,8 @@ void MastEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
     v.Bright({{{-58, 124}, {46, 72}}, {{58, 124}, {-46, 72}}, {{-46, 72}, {32, 16}}, {{46, 72}, {-32, 16}}, {{-32, 16}, {20, -34}}, {{32, 16}, {-20, -34}}, {{-20, -34}, {10, -72}}, {{20, -34}, {-10, -72}}}, palette::Parchment, 6);
     for (const float radius : {48.0f, 90.0f, 134.0f}) {
         std::vector<std::vector<Vec2>> arcs(2);
-        for (int i = -3; i <= 3; ++i) {
-            const float a = static_cast<float>(i) * 0.2f;
+        for (int i = -3; i <= 3; i++) {
+            const float a = float(i) * 0.2f;
             arcs[0].push_back(Vec2{Cos(a) * radius, Sin(a) * radius - 118});
             arcs[1].push_back(Vec2{-Cos(a) * radius, Sin(a) * radius - 118});
         }

@@ -77,7 +77,7 @@ void PaintCloudBank(Canvas& canvas, const Arm& arm)
     const Noise curl(arm.seed + 99), shade(arm.seed + 98);
     Dice dice(arm.seed + 97);
     Mask bank(Size, Size);
-    for (int i = 0; i < 26; ++i) {
+    for (int i = 0; i < 26; i++) {
         const float aside = 0.9f * dice.Bell();
         const Vec2 at = elbow + Vec2{aside * 135, 30 + 24 * aside * aside + dice.Range(-34, 40)};
         const float radius = dice.Range(62, 118) / (1 + 0.3f * aside * aside);

@@ -29,8 +29,8 @@ struct RoundArm {
     Line Ring(float t, float wider, float bend) const
     {
         std::vector<Vec2> points;
-        for (int i = -4; i <= 4; ++i) {
-            const float u = static_cast<float>(i) / 4;
+        for (int i = -4; i <= 4; i++) {
+            const float u = float(i) / 4;
             points.push_back(At(t, u * wider) + DirectionAt(along, t) * (bend * (1 - u * u)));
         }
         return Through(points);
@@ -58,7 +58,7 @@ void Ink(Canvas& canvas, Mask& lines, const Mask* within, float strength = 0.85f
 void Folds(Pen& pen, const RoundArm& limb, float from, int count, uint32_t seed)
 {
     Dice dice(seed);
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; i++) {
         const float t = Mix(from + 0.06f, 0.8f, dice.Unit()), u = dice.Range(-0.95f, 0.95f);
         pen.Stroke(Through({limb.At(t, u), limb.At(t + 0.06f, u * 0.8f + dice.Range(-0.2f, 0.2f)),
                             limb.At(t + 0.15f, u * 0.9f + dice.Range(-0.3f, 0.3f))}),
@@ -77,8 +77,8 @@ void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     PaintBody(canvas, cuff, {palette::Slate, palette::Ink, 1.1f, 0.3f, 1.2f}, 1, seed + 2);
     Mask lines(canvas.Width(), canvas.Height());
     Pen pen(lines, SketchPaper(), {.width = 4, .wobble = 1.2f, .skip = 0.2f}, seed + 3);
-    for (int i = -8; i <= 8; ++i) { // the ribs of the knitting
-        const float u = static_cast<float>(i) * 0.15f;
+    for (int i = -8; i <= 8; i++) { // the ribs of the knitting
+        const float u = float(i) * 0.15f;
         pen.Stroke(Through({limb.At(0.365f, u), limb.At(0.42f, u * 1.03f), limb.At(0.485f, u)}),
                    {0.5f, 0.9f, 0.3f});
     }
@@ -106,14 +106,14 @@ void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Folds(pen, limb, 0.7f, 9, seed + 2);
     Ink(canvas, lines, &cloth);
     // Three turns of rope round the wrist.
-    for (int turn = 0; turn < 3; ++turn) {
-        const float t = 0.15f + 0.045f * static_cast<float>(turn);
+    for (int turn = 0; turn < 3; turn++) {
+        const float t = 0.15f + 0.045f * float(turn);
         const Line ring = limb.Ring(t, 1.12f, 14);
         const Mask strand =
             Melted(canvas.Width(), canvas.Height(), Shaken(Limb(ring, 12, 14, 12), 1.5f, 14, seed + 3), 2);
         PaintBody(canvas, strand,
                   {Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Rust, 0.9f, 0.2f, 0.9f}, 0.7f,
-                  seed + 4 + static_cast<uint32_t>(turn));
+                  seed + 4 + uint32_t(turn));
         Mask lay(canvas.Width(), canvas.Height());
         Pen twist(lay, SketchPaper(), {.width = 3.2f, .skip = 0}, seed + 8);
         for (float s = 0.01f; s < 1; s += 0.055f) {
@@ -174,14 +174,13 @@ void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Shape scallops;
     Mask threads(canvas.Width(), canvas.Height());
     Pen pen(threads, SketchPaper(), {.width = 2.6f, .wobble = 0.6f, .skip = 0.1f}, seed + 3);
-    for (int i = -3; i <= 3; ++i) {
-        const float u = static_cast<float>(i) * 0.38f;
+    for (int i = -3; i <= 3; i++) {
+        const float u = float(i) * 0.38f;
         const Vec2 p = limb.At(0.285f, u) + DirectionAt(limb.along, 0.285f) * (16 * (1 - u * u * 0.5f));
         scallops.Add(Ellipse(p, 19, 24));
         pen.Stroke(Ellipse(p, 11, 15), {0.6f, 0.8f, 0.5f});
-        for (int k = 0; k < 5; ++k)
-            pen.Dot(p + Vec2{Cos(1.2566f * static_cast<float>(k)), Sin(1.2566f * static_cast<float>(k))} * 6,
-                    1.6f);
+        for (int k = 0; k < 5; k++)
+            pen.Dot(p + Vec2{Cos(1.2566f * float(k)), Sin(1.2566f * float(k))} * 6, 1.6f);
         pen.Stroke(Through({limb.At(0.31f, u * 0.96f), limb.At(0.37f, u * 0.94f)}), {0.5f, 0.8f, 0.4f});
     }
     const Line band = limb.Ring(0.335f, 1.26f, 14);
@@ -248,8 +247,8 @@ void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Mask studs(canvas.Width(), canvas.Height()), spark(canvas.Width(), canvas.Height());
     Pen stud(studs, SketchPaper(), {.width = 3}, seed + 6),
         shine(spark, SketchPaper(), {.width = 2}, seed + 7);
-    for (int i = -3; i <= 3; ++i) {
-        const float u = static_cast<float>(i) * 0.42f;
+    for (int i = -3; i <= 3; i++) {
+        const float u = float(i) * 0.42f;
         const Vec2 p = limb.At(0.475f, u) + DirectionAt(limb.along, 0.475f) * (24 * (1 - u * u * 0.4f));
         stud.Dot(p, 9);
         shine.Dot(p - Vec2{2, 2}, 4.6f);
@@ -281,8 +280,8 @@ void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Mask wire(canvas.Width(), canvas.Height());
     Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 1, .skip = 0}, seed + 4);
     std::vector<Vec2> coil;
-    for (int turn = 0; turn < 5; ++turn) {
-        const float t = 0.14f + 0.036f * static_cast<float>(turn);
+    for (int turn = 0; turn < 5; turn++) {
+        const float t = 0.14f + 0.036f * float(turn);
         const Line ring = limb.Ring(t, 1.06f, 14);
         copper.Stroke(ring, {0.8f, 1, 0.8f});
     }

@@ -130,7 +130,7 @@ Canvas BlackChick()
                        {.start = press, .middle = press * 0.8f, .end = 0});
     };
     const Mask edge = dark.Inside(60);
-    for (int i = 0; i < 3400; ++i) {
+    for (int i = 0; i < 3400; i++) {
         const Vec2 p = {dice.Range(150, 700), dice.Range(140, 760)};
         if (dark.Sample(p.x, p.y) > 0.5f) {
             const bool rim = edge.Sample(p.x, p.y) < 26;
@@ -138,12 +138,12 @@ Canvas BlackChick()
         }
     }
     // A few that stand up on its crown, and a tail that is none yet.
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < 16; i++)
         feather.Stroke(Through({{462 + 5.0f * dice.Bell(), 180},
                                 {452 + 12.0f * dice.Bell(), 130},
                                 {430 + 40.0f * dice.Bell(), dice.Range(64, 116)}}),
                        {.start = 0.9f, .middle = 0.6f, .end = 0});
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 40; i++)
         feather.Stroke(Through({{230 + 10.0f * dice.Bell(), 590 + 24 * dice.Bell()},
                                 {180, 570 + 30 * dice.Bell()},
                                 {120 + 20.0f * dice.Bell(), 540 + 46.0f * dice.Bell()}}),
@@ -154,7 +154,7 @@ Canvas BlackChick()
     Mask grey(W, H);
     Pen sheen(grey, paper, {.width = 2.4f, .wobble = 1.4f, .wave = 26, .skip = 0.5f, .dry = 0.7f, .pool = 0},
               28);
-    for (int i = 0; i < 1500; ++i) {
+    for (int i = 0; i < 1500; i++) {
         const Vec2 p = {dice.Range(170, 680), dice.Range(150, 750)};
         if (dark.Sample(p.x, p.y) < 0.5f)
             continue;
@@ -169,8 +169,8 @@ Canvas BlackChick()
     // The stub of a wing.
     Mask wing(W, H);
     Pen quill(wing, paper, {.width = 7, .wobble = 1, .pool = 0}, 29);
-    for (int i = 0; i < 13; ++i) {
-        const float k = static_cast<float>(i);
+    for (int i = 0; i < 13; i++) {
+        const float k = float(i);
         quill.Stroke(Through({{330 + 3 * k, 500 + 3 * k},
                               {292 + 5 * k, 560 + 5 * k},
                               {244 + 11 * k, 596 + 8.5f * k - 0.55f * k * k}}),
@@ -222,8 +222,8 @@ Canvas BlackChick()
     Pen lidPen(lid, paper, {.width = 8, .wobble = 1}, 36);
     lidPen.Stroke(Ellipse(eye, 67, 71, 0.4f), {.start = 0.6f, .middle = 0.8f, .end = 0.5f});
     lidPen.nib.width = 4;
-    for (int i = 0; i < 9; ++i) {
-        const float a = -2.7f + 0.27f * static_cast<float>(i);
+    for (int i = 0; i < 9; i++) {
+        const float a = -2.7f + 0.27f * float(i);
         const Vec2 d = {Cos(a), Sin(a)};
         lidPen.Stroke(Through({eye + d * 68, eye + d * 84 + Vec2{0, -3}, eye + d * 98 + Vec2{-5, -3}}),
                       {.start = 0.9f, .middle = 0.5f, .end = 0});

@@ -17,14 +17,14 @@ void DrawFallen(Mask& front, Pen& pen, Dice& dice)
     front.Fill(Shaken(Limb(trunk, 17, 12, 4), 2, 24, 592));
     const Vec2 hub = {436, 206};
     front.Fill(Shaken(Ellipse(hub, 22, 42, -0.2f), 7, 16, 593));
-    for (int i = 0; i < 21; ++i) {
-        const float a = -2.2f + 0.215f * static_cast<float>(i), way = dice.Range(26, 58);
+    for (int i = 0; i < 21; i++) {
+        const float a = -2.2f + 0.215f * float(i), way = dice.Range(26, 58);
         const Vec2 d = {Cos(a), Sin(a)};
         DrawBranch(pen, hub + Vec2{d.x * 16, d.y * 34}, a + dice.Range(-0.3f, 0.3f), way, 8, 4,
                    {.gnarl = 0.42f, .rise = -0.02f, .spread = 0.7f}, dice);
     }
-    for (int i = 0; i < 13; ++i) { // stubs of its branches
-        const Vec2 from = PointAt(trunk, 0.12f + 0.065f * static_cast<float>(i));
+    for (int i = 0; i < 13; i++) { // stubs of its branches
+        const Vec2 from = PointAt(trunk, 0.12f + 0.065f * float(i));
         DrawBranch(pen, from, -1.9f + dice.Range(-0.5f, 0.5f), dice.Range(14, 46), 4, 2, {.gnarl = 0.3f},
                    dice);
     }
@@ -38,8 +38,8 @@ void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
         front.Fill(Straight({{splinter.x - 3, 134}, splinter, {splinter.x + 3, 134}}));
     const Line top = Through({{824, 116}, {862, 146}, {902, 196}, {934, 250}});
     front.Fill(Limb(top, 7.5f, 5.5f, 1.5f));
-    for (int i = 0; i < 16; ++i) {
-        const float t = 0.14f + 0.053f * static_cast<float>(i);
+    for (int i = 0; i < 16; i++) {
+        const float t = 0.14f + 0.053f * float(i);
         for (const float side : {-1.0f, 1.0f})
             DrawBranch(pen, PointAt(top, t), Angle(DirectionAt(top, t)) + side * dice.Range(0.6f, 1.1f),
                        dice.Range(16, 44) * (1.1f - t * 0.6f), 3, 2, {.gnarl = 0.25f, .rise = -0.12f}, dice);
@@ -100,8 +100,8 @@ Canvas DeadFirs(bool barer)
                      .lean = fir.lean,
                      .beard = barer ? 0.2f : 0.7f},
                     ++seed);
-    for (int i = 0; i < (barer ? 4 : 12); ++i) {
-        const float x = 60 + 905 * (static_cast<float>(i) + dice.Unit()) / (barer ? 4.0f : 12.0f);
+    for (int i = 0; i < (barer ? 4 : 12); i++) {
+        const float x = 60 + 905 * (float(i) + dice.Unit()) / (barer ? 4.0f : 12.0f);
         DrawDeadFir(backPen, {x, 232},
                     {.height = dice.Range(80, 150),
                      .trunk = 4,
@@ -132,8 +132,8 @@ Canvas DeadFirs(bool barer)
         Line outline = {{stump.x - half * 1.7f, foot},
                         {stump.x - half, foot - stump.height * 0.5f},
                         {stump.x - half * 0.9f, foot - stump.height}};
-        for (int i = 1; i < 7; ++i)
-            outline.push_back({stump.x - half * 0.9f + stump.width * 0.27f * static_cast<float>(i) * 0.55f,
+        for (int i = 1; i < 7; i++)
+            outline.push_back({stump.x - half * 0.9f + stump.width * 0.27f * float(i) * 0.55f,
                                foot - stump.height - (i % 2 == 1 ? dice.Range(4, 16) : dice.Range(-3, 3))});
         outline.push_back({stump.x + half, foot - stump.height * 0.5f});
         outline.push_back({stump.x + half * 1.8f, foot});
@@ -146,14 +146,14 @@ Canvas DeadFirs(bool barer)
         DrawSnapped(front, pen, dice);
         DrawCrow(front, {627, 12});
     }
-    for (int i = 0; i < 9; ++i) {
+    for (int i = 0; i < 9; i++) {
         rootPen.nib.width = 2.4f;
         DrawRoots(rootPen, {dice.Range(90, 934), 246}, 26, 3, ++seed);
     }
     // Dry grass.
     Mask grass(W, H);
     Pen blade(grass, paper, {.width = 1.6f, .pool = 0}, 66);
-    for (int i = 0; i < 620; ++i) {
+    for (int i = 0; i < 620; i++) {
         const float x = dice.Range(24, W - 24), in = Smooth(10, 110, x) * Smooth(W - 10, W - 110, x),
                     tall = dice.Range(5, 24) * in;
         const Vec2 p = {x, H - 2 - 24 * in * dice.Unit()};
@@ -186,8 +186,8 @@ Canvas DeadFirs(bool barer)
     canvas.Cover(grass, palette::Ink, 0.95f);
     // Light from behind on the left of each stem.
     Mask rim(W, H);
-    for (int y = 0; y < H; ++y)
-        for (int x = 3; x + 1 < W; ++x)
+    for (int y = 0; y < H; y++)
+        for (int x = 3; x + 1 < W; x++)
             rim.At(x, y) = front.At(x, y) * front.At(x + 1, y) * (1 - front.At(x - 3, y)) *
                            Smooth(0.45f, 0.65f, paper.Height(x, y));
     canvas.Cover(rim, Mix(palette::Slate, palette::Mist, 0.45f), 0.75f);

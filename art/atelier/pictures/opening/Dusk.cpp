@@ -19,8 +19,8 @@ void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
                    210);
     Pen pen(stubble, paper, {.width = 1.8f, .pool = 0}, 211);
     Dice dice(212);
-    for (int i = -9; i <= 26; ++i) {
-        const float at = static_cast<float>(i) + 0.3f * dice.Bell();
+    for (int i = -9; i <= 26; i++) {
+        const float at = float(i) + 0.3f * dice.Bell();
         const float far = Sun.x + at * 30, near = Sun.x + at * 118;
         if (far > 1180)
             break;
@@ -28,7 +28,7 @@ void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
         const Line furrow =
             Through({{far, top}, {Mix(far, near, 0.28f), Mix(top, H, 0.3f)}, {Mix(far, near, 0.98f), H + 6}});
         brush.Stroke(furrow, Smooth(1300, 700, far) * dice.Range(0.75f, 1.1f));
-        for (int k = 0; k < 16; ++k) {
+        for (int k = 0; k < 16; k++) {
             const float t = Sqrt(dice.Unit());
             const Vec2 p = PointAt(furrow, t) + Vec2{dice.Range(-5, 5) * t, 0};
             const float tall = (3 + 11 * t) * dice.Range(0.5f, 1.2f);
@@ -57,11 +57,10 @@ void DrawScarecrow(Mask& ink, const Paper& paper, Vec2 foot)
     ink.Fill(Round({foot + Vec2{-20, -104}, foot + Vec2{-8, -107}, foot + Vec2{-6, -121},
                     foot + Vec2{5, -122}, foot + Vec2{5, -108}, foot + Vec2{17, -109}, foot + Vec2{0, -102}},
                    1));
-    for (int i = 0; i < 7; ++i)
-        pen.Stroke(
-            Through({foot + Vec2{-42 + 2.0f * static_cast<float>(i % 4), -72},
-                     foot + Vec2{-48 + 3.0f * static_cast<float>(i), -62 + static_cast<float>(i % 3)}}),
-            {.start = 0.4f, .middle = 0.3f, .end = 0});
+    for (int i = 0; i < 7; i++)
+        pen.Stroke(Through({foot + Vec2{-42 + 2.0f * float(i % 4), -72},
+                            foot + Vec2{-48 + 3.0f * float(i), -62 + float(i % 3)}}),
+                   {.start = 0.4f, .middle = 0.3f, .end = 0});
     // The crow on its arm.
     const Vec2 crow = foot + Vec2{33, -88};
     ink.Fill(Round({crow + Vec2{-9, 3}, crow + Vec2{-4, -6}, crow + Vec2{3, -10}, crow + Vec2{6, -16},
@@ -102,15 +101,15 @@ void DrawWood(Canvas& canvas, const Paper& paper)
     Pen farPen(far, paper, {.width = 2, .wobble = 0.8f}, 300), middlePen(middle, paper, {.width = 2}, 301),
         pen(near, paper, {.width = 3}, 302);
     Dice dice(303);
-    for (int i = 0; i < 30; ++i) {
-        const float x = 960 + 1180 * (static_cast<float>(i) + dice.Unit()) / 30;
+    for (int i = 0; i < 30; i++) {
+        const float x = 960 + 1180 * (float(i) + dice.Unit()) / 30;
         DrawDeadTree(farPen, {x, 405 + dice.Range(-14, 10)},
                      {.height = dice.Range(120, 250),
                       .trunk = dice.Range(3, 6),
                       .lean = 0.06f * dice.Bell(),
                       .generations = 4,
                       .density = 0.8f},
-                     310 + static_cast<uint32_t>(i));
+                     310 + uint32_t(i));
     }
     canvas.Cover(
         far,
@@ -153,8 +152,8 @@ void DrawWood(Canvas& canvas, const Paper& paper)
     canvas.Cover(near, palette::Ink, 0.97f);
     // What light there is comes from the left: a dry edge of it on the stems.
     Mask bark(W, H);
-    for (int y = 0; y < H; ++y)
-        for (int x = 4; x < W - 1; ++x)
+    for (int y = 0; y < H; y++)
+        for (int x = 4; x < W - 1; x++)
             bark.At(x, y) = near.At(x, y) * near.At(x + 1, y) * (1 - near.At(x - 4, y)) *
                             Smooth(0.42f, 0.62f, paper.Height(x, y));
     canvas.Cover(bark.By([](float x, float) { return 1 - 0.6f * Night(x); }),

@@ -35,9 +35,8 @@ void PaintEvening(Canvas& canvas, const Paper& paper)
 
     // Long clouds laid in wet, with the shore of each left standing.
     const Noise noise(110);
-    for (int layer = 0; layer < 3; ++layer) {
-        const float shift = static_cast<float>(layer) * 37.7f,
-                    height = 95 + 75.0f * static_cast<float>(layer);
+    for (int layer = 0; layer < 3; layer++) {
+        const float shift = float(layer) * 37.7f, height = 95 + 75.0f * float(layer);
         const Mask clouds = Mask(W, H).Each(
             [&](float x, float y) {
                 const Vec2 p = noise.Warp(x / 520 + shift, y / 110, 0.5f, 3);
@@ -54,7 +53,7 @@ void PaintEvening(Canvas& canvas, const Paper& paper)
                                           .stray = 3,
                                           .bleed = 24,
                                           .wetness = 0.62f},
-                                         120 + static_cast<uint32_t>(layer));
+                                         120 + uint32_t(layer));
         Mask dusk = density, night = density;
         dusk.By([](float x, float) { return 1 - Night(x); });
         night.By([](float x, float) { return Night(x); });
@@ -65,7 +64,7 @@ void PaintEvening(Canvas& canvas, const Paper& paper)
     Mask stars(W, H);
     Pen pen(stars, paper, {.width = 2}, 128);
     Dice dice(129);
-    for (int i = 0; i < 90; ++i) {
+    for (int i = 0; i < 90; i++) {
         const Vec2 p = {dice.Range(1700, W), dice.Range(0, 300)};
         const float bright = dice.Unit() * dice.Unit();
         if (Length(p - Moon) > MoonRadius + 60 && dice.Chance(Night(p.x)))
@@ -124,7 +123,7 @@ void PaintMoon(Canvas& canvas, const Paper& paper)
     // Craters: small rounds whose pigment dried at the rim.
     Dice dice(144);
     Mask craters(Size, Size);
-    for (int i = 0; i < 13; ++i) {
+    for (int i = 0; i < 13; i++) {
         const float a = dice.Range(0, 2 * Pi), r = Sqrt(dice.Range(0.15f, 0.85f)) * MoonRadius,
                     size = 3 + 11 * dice.Unit() * dice.Unit();
         craters.Fill(Ellipse(Middle + Vec2{Cos(a), Sin(a)} * r, size, size * dice.Range(0.7f, 1)));
@@ -143,7 +142,7 @@ void PaintMoon(Canvas& canvas, const Paper& paper)
     canvas.Light(disc.Blurred(18), palette::Amber, 0.16f);
     canvas.Light(disc.Blurred(60), Mix(palette::Amber, palette::Bone, 0.4f), 0.18f);
     canvas.Light(disc.Blurred(160), palette::Mist, 0.25f);
-    canvas.Lay(face, static_cast<int>(Moon.x - Middle.x), static_cast<int>(Moon.y - Middle.y));
+    canvas.Lay(face, int(Moon.x - Middle.x), int(Moon.y - Middle.y));
 }
 
 } // namespace atelier::panorama

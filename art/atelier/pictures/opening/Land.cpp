@@ -50,7 +50,7 @@ void DrawGrass(Canvas& canvas, const Paper& paper, const Ridge& ridge, float fro
     Pen blade(grass, paper, {.width = 2, .pool = 0}, seed);
     Dice dice(seed);
     const Noise tufts(seed);
-    for (int i = 0; i < blades; ++i) {
+    for (int i = 0; i < blades; i++) {
         const float x = dice.Range(from, to), top = ridge.At(x);
         if (top > H)
             continue;

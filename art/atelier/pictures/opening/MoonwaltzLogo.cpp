@@ -94,8 +94,8 @@ Canvas MoonwaltzLogo()
     DrawShoe(ink, feet[3], -0.75f);
     // The floor they turned on.
     pen.nib.width = 5;
-    for (int i = 0; i < 3; ++i) {
-        const float k = static_cast<float>(i);
+    for (int i = 0; i < 3; i++) {
+        const float k = float(i);
         pen.Stroke(Arc({his.x + 62, Base + 78}, 120 + 34 * k, 15 + 7 * k, 0.25f + 0.5f * k, 2.2f + 0.4f * k),
                    {.start = 0, .middle = 0.5f - 0.1f * k, .end = 0});
     }

@@ -74,7 +74,7 @@ void DrawHills(Canvas& canvas, const Paper& paper, const Ridge& ridge)
     std::vector<Vec2> tops;
     for (const float t : {0.045f, 0.27f, 0.5f, 0.735f, 0.975f})
         tops.push_back(PointAt(wire, t));
-    for (size_t i = 0; i < tops.size(); ++i) {
+    for (size_t i = 0; i < tops.size(); i++) {
         DrawPole(pen, tops[i], ridge.At(tops[i].x) + 14, dice);
         if (i + 1 < tops.size()) {
             pen.nib.width = 1.5f;
@@ -123,19 +123,19 @@ void DrawHills(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 
     // The hill is cut open in front: stones, and the long root with its rootlets.
     Dice pebble(507);
-    for (int i = 0; i < 90; ++i) {
+    for (int i = 0; i < 90; i++) {
         const float x = X0 + pebble.Range(-40, 1080), y = pebble.Range(350, H);
         const float size = 2 + 10 * pebble.Unit() * pebble.Unit();
         if (y > ridge.At(x) + 26 + size)
             stonePen.Stroke(
                 Turned(Shaken(Arc({x, y}, size * 1.7f, size, pebble.Range(-4, -2.6f), pebble.Range(-0.4f, 1)),
-                              size * 0.4f, size * 2, 520 + static_cast<uint32_t>(i)),
+                              size * 0.4f, size * 2, 520 + uint32_t(i)),
                        pebble.Range(-0.3f, 0.3f), {x, y}),
                 {.start = 0.1f, .middle = 0.6f, .end = 0});
     }
     DryBrush earth(stones, paper, {.width = 26, .count = 9, .thickness = 1.3f, .load = 0.4f, .ragged = 0.5f},
                    508);
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 60; i++) {
         const float x = X0 + pebble.Range(-40, 1080), y = ridge.At(x) + pebble.Range(20, 170),
                     w = pebble.Range(40, 110);
         earth.Stroke(Through({{x - w, y + (ridge.At(x - w) - ridge.At(x)) * 0.7f},
@@ -159,8 +159,8 @@ void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)
     Pen backPen(back, paper, {.width = 2, .wobble = 0.6f}, 610),
         pen(ink, paper, {.width = 3, .pool = 0}, 611);
     Dice dice(612);
-    for (int i = 0; i < 30; ++i) {
-        const float x = 3110 + 1000 * (static_cast<float>(i) + dice.Unit()) / 30;
+    for (int i = 0; i < 30; i++) {
+        const float x = 3110 + 1000 * (float(i) + dice.Unit()) / 30;
         const float beside = Smooth(100, 400, Abs(x - Moon.x));
         DrawDeadFir(backPen, {x, 440},
                     {.height = 26 + 120 * beside * dice.Range(0.5f, 1),
@@ -168,7 +168,7 @@ void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)
                      .reach = 6 + 16 * beside,
                      .bare = 0.25f,
                      .lean = dice.Range(-4, 4)},
-                    620 + static_cast<uint32_t>(i));
+                    620 + uint32_t(i));
     }
     canvas.Cover(back, Mix(palette::Night, palette::Slate, 0.4f), 0.85f);
     PaintLand(canvas, paper, ridge, palette::Night, palette::Ink, 0.2f, 660);
@@ -179,8 +179,7 @@ void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)
     Pen arm(reaching, paper,
             {.width = 26, .least = 0.03f, .wobble = 0, .wander = 0.15f, .skip = 0, .pool = 0}, 662);
     Line trunk = Through({Thread(4).back(), bough.front(), PointAt(bough, 0.06f)});
-    trunk.insert(trunk.end(), bough.begin() + static_cast<long>(static_cast<float>(bough.size()) * 0.065f),
-                 bough.end());
+    trunk.insert(trunk.end(), bough.begin() + long(float(bough.size()) * 0.065f), bough.end());
     arm.Stroke(trunk, {.start = 0.28f, .middle = 0.42f, .end = 0});
     arm.nib = {.width = 3, .wobble = 0.6f, .skip = 0.05f, .pool = 0};
     DrawTwigs(arm, bough, 0.15f, 1, 16, 95, dice);
@@ -200,7 +199,7 @@ void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)
                      .reach = 78,
                      .bare = 0.16f,
                      .lean = dice.Range(-14, 6)},
-                    static_cast<uint32_t>(f.x));
+                    uint32_t(f.x));
     DrawDancers(ink, paper, {3668, 458});
     canvas.Cover(ink, palette::Ink, 0.97f);
     DrawGrass(canvas, paper, ridge, 3000, W + 10, 700, Mix(palette::Slate, palette::Night, 0.55f), 0.7f, 615);

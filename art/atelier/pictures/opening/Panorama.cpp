@@ -14,7 +14,7 @@ namespace panorama
 // Path `k` in pixels of the panorama.
 Line Thread(int k)
 {
-    return Moved(SparkPath(k, PartWidth, H), {static_cast<float>(PartWidth * (1 + k / 3)), 0});
+    return Moved(SparkPath(k, PartWidth, H), {float(PartWidth * (1 + k / 3)), 0});
 }
 
 float Night(float x)
@@ -45,10 +45,10 @@ void DrawThreads(Canvas& canvas, const Paper& paper)
                     .wave = 120},
                    701);
     Dice dice(702);
-    for (int k = 0; k < SparkPathCount; ++k)
+    for (int k = 0; k < SparkPathCount; k++)
         if (k != 4 && k != 7)
             pen.Stroke(Thread(k), {.start = 0.7f, .middle = 0.9f, .end = 0.6f});
-    for (int k = 0; k + 3 < SparkPathCount; ++k)
+    for (int k = 0; k + 3 < SparkPathCount; k++)
         pen.Stroke(Through({Thread(k).back(), Mix(Thread(k).back(), Thread(k + 3).front(), 0.5f) + Vec2{0, 2},
                             Thread(k + 3).front()}),
                    {.start = 0.6f, .middle = 0.5f, .end = 0.7f});
@@ -60,8 +60,8 @@ void DrawThreads(Canvas& canvas, const Paper& paper)
     canvas.Cover(smoke.Blur(2.5f), palette::Mist, 0.2f);
     // A breath of moonlight on their upper side.
     Mask above(W, H);
-    for (int y = 0; y + 1 < H; ++y)
-        for (int x = 0; x < W; ++x)
+    for (int y = 0; y + 1 < H; y++)
+        for (int x = 0; x < W; x++)
             above.At(x, y) = threads.At(x, y + 1) * (1 - threads.At(x, y));
     canvas.Cover(above.By([](float x, float) { return Night(x); }), palette::Mist, 0.35f);
     canvas.Cover(threads, palette::Ink, 0.88f);

@@ -34,7 +34,7 @@ public:
     {
         size_t i = 0;
         while (i + 2 < line.size() && line[i + 1].x < x)
-            ++i;
+            i++;
         const float t = Clamp((x - line[i].x) / Max(line[i + 1].x - line[i].x, 0.01f));
         return Mix(line[i].y, line[i + 1].y, t) + roughness * noise.Fbm(x / waveLength, 3.5f, 4);
     }

@@ -62,13 +62,13 @@ Canvas TesselLogo()
         if (t.centre.y > H - 16 || t.centre.x > W - 16 || t.centre.x < 16 || t.centre.y < 16)
             continue;
         Line corners;
-        for (int i = 0; i < 4; ++i) {
-            const float a = t.turn + (static_cast<float>(i) + 0.5f) * Pi / 2 + 0.05f * dice.Bell();
+        for (int i = 0; i < 4; i++) {
+            const float a = t.turn + (float(i) + 0.5f) * Pi / 2 + 0.05f * dice.Bell();
             corners.push_back(t.centre + Vec2{Cos(a), Sin(a)} * (t.size * 0.68f * dice.Range(0.92f, 1.04f)));
         }
         corners.push_back(corners.front());
         const Line outline = Shaken(Straight(corners, 2), 0.9f, 8, ++seed);
-        faces[static_cast<size_t>(t.tone)].Fill(outline);
+        faces[size_t(t.tone)].Fill(outline);
         edge.Stroke(outline, {.start = 0.8f, .middle = 0.5f, .end = 0.7f});
         if (!t.loose)
             mortar.Fill(Ellipse(t.centre, Stone * 0.84f, Stone * 0.84f));
@@ -86,16 +86,16 @@ Canvas TesselLogo()
         return palette::Ink * (0.8f + 0.9f * paper.Height(Floor(x), Floor(y)));
     });
     const Noise uneven(17);
-    for (size_t i = 0; i < faces.size(); ++i)
+    for (size_t i = 0; i < faces.size(); i++)
         canvas.Cover(faces[i], [&](float x, float y) {
-            return tones[i] * (0.78f + 0.34f * uneven.Value(x / 13 + static_cast<float>(i) * 7, y / 13) +
+            return tones[i] * (0.78f + 0.34f * uneven.Value(x / 13 + float(i) * 7, y / 13) +
                                0.1f * uneven.Gradient(x / 3, y / 3));
         });
     // Each stone is a little darker below.
     Mask below(W, H);
     for (const Mask& face : faces)
-        for (int y = 0; y + 3 < H; ++y)
-            for (int x = 0; x < W; ++x)
+        for (int y = 0; y + 3 < H; y++)
+            for (int x = 0; x < W; x++)
                 below.At(x, y) = Max(below.At(x, y), face.At(x, y) * (1 - face.At(x, y + 3)));
     canvas.Glaze(below, palette::Rust, 0.35f);
     canvas.Cover(cracks, palette::Ink, 0.45f);

@@ -49,9 +49,8 @@ Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t)
 {
     const Line first = Through(a), second = Through(b);
     std::vector<Vec2> points;
-    for (int i = 0; i <= 32; ++i)
-        points.push_back(
-            Mix(PointAt(first, static_cast<float>(i) / 32), PointAt(second, static_cast<float>(i) / 32), t));
+    for (int i = 0; i <= 32; i++)
+        points.push_back(Mix(PointAt(first, float(i) / 32), PointAt(second, float(i) / 32), t));
     return Through(points);
 }
 
@@ -61,9 +60,9 @@ void DrawHandTree(Pen& pen, const std::vector<Vec2>& arm, float width, uint32_t 
     const Line line = Through(arm);
     const float angle = Angle(DirectionAt(line, 1));
     const DeadTree tree = {.gnarl = 0.2f, .rise = 0.12f, .spread = 0.6f};
-    for (int finger = 0; finger < 5; ++finger)
-        DrawBranch(pen, line.back(), angle + (static_cast<float>(finger) - 2) * 0.36f,
-                   finger == 0 ? 40 : 66 - 6 * Abs(static_cast<float>(finger) - 2), width, 4, tree, dice);
+    for (int finger = 0; finger < 5; finger++)
+        DrawBranch(pen, line.back(), angle + (float(finger) - 2) * 0.36f,
+                   finger == 0 ? 40 : 66 - 6 * Abs(float(finger) - 2), width, 4, tree, dice);
 }
 
 } // namespace atelier

@@ -23,15 +23,14 @@ void TraceLight(Mask& order, const Line& line, float halfWidth, float from, floa
 {
     const float length = LengthOf(line);
     float gone = 0;
-    for (size_t i = 0; i < line.size(); ++i) {
+    for (size_t i = 0; i < line.size(); i++) {
         if (i > 0)
             gone += Length(line[i] - line[i - 1]);
         const float value = GreyOf(Mix(from, to, gone / length));
         const int reach = Floor(halfWidth * 2.2f) + 1, cx = Floor(line[i].x), cy = Floor(line[i].y);
-        for (int y = std::max(0, cy - reach); y <= std::min(H - 1, cy + reach); ++y)
-            for (int x = std::max(0, cx - reach); x <= std::min(W - 1, cx + reach); ++x) {
-                const float d =
-                    Length(Vec2{static_cast<float>(x) + 0.5f, static_cast<float>(y) + 0.5f} - line[i]);
+        for (int y = std::max(0, cy - reach); y <= std::min(H - 1, cy + reach); y++)
+            for (int x = std::max(0, cx - reach); x <= std::min(W - 1, cx + reach); x++) {
+                const float d = Length(Vec2{float(x) + 0.5f, float(y) + 0.5f} - line[i]);
                 order.At(x, y) =
                     Max(order.At(x, y), value * Bell(d / halfWidth) * Smooth(2.2f, 1.6f, d / halfWidth));
             }
@@ -51,20 +50,20 @@ Canvas GlowMask()
     std::reverse(arm.begin(), arm.end());
     TraceLight(order, arm, 9, 0.02f, 0.11f);
     TraceLight(order, Round(HisFace), 5, 0.13f, 0.22f);
-    for (int i = 0; i < 8; ++i)
-        TraceLight(order, Furrow(HisBack, HisFront, (static_cast<float>(i) + 0.5f) / 8), 3.6f,
-                   0.13f + 0.02f * dice.Unit(), 0.52f);
+    for (int i = 0; i < 8; i++)
+        TraceLight(order, Furrow(HisBack, HisFront, (float(i) + 0.5f) / 8), 3.6f, 0.13f + 0.02f * dice.Unit(),
+                   0.52f);
     TraceLight(order, Through(HisHold), 7, 0.20f, 0.32f);
-    for (int i = 0; i < 7; ++i)
-        TraceLight(order, Furrow(HerFront, HerBack, (static_cast<float>(i) + 0.5f) / 7), 3.4f,
-                   0.32f + 0.02f * dice.Unit(), 0.46f);
+    for (int i = 0; i < 7; i++)
+        TraceLight(order, Furrow(HerFront, HerBack, (float(i) + 0.5f) / 7), 3.4f, 0.32f + 0.02f * dice.Unit(),
+                   0.46f);
     TraceLight(order, Through(HerHold), 5, 0.46f, 0.38f);
     TraceLight(order, Round(HerFace), 4.5f, 0.48f, 0.54f);
     TraceLight(order, Through(HerArm), 7, 0.46f, 0.62f);
-    for (int i = -3; i <= 3; ++i)
-        TraceLight(order, Beside(Through(Hair), static_cast<float>(i) * 9), 3.2f, 0.55f, 0.82f);
-    for (int i = 0; i < 24; ++i)
-        TraceLight(order, Furrow(FieldTop, FieldLeft, (static_cast<float>(i) + 0.5f) / 24), 3.6f,
+    for (int i = -3; i <= 3; i++)
+        TraceLight(order, Beside(Through(Hair), float(i) * 9), 3.2f, 0.55f, 0.82f);
+    for (int i = 0; i < 24; i++)
+        TraceLight(order, Furrow(FieldTop, FieldLeft, (float(i) + 0.5f) / 24), 3.6f,
                    0.54f + 0.03f * dice.Unit(), 1);
     // Their fingers, the same that are painted.
     Mask his(W, H), hers(W, H);

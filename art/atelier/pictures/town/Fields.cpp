@@ -84,12 +84,11 @@ Colour VillageEarth(float X, float Z)
 void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vec2 low, Vec2 high,
                   const std::function<Vec2(Vec2)>& place, const std::function<bool(Vec2)>& open)
 {
-    for (int i = 0; i < strokes; ++i) {
+    for (int i = 0; i < strokes; i++) {
         Vec2 p = {dice.Range(low.x, high.x), dice.Range(low.y, high.y)};
         // To the shaded side of the ridge, where the shadow is drawn in two or three lines.
-        const float wanted =
-            static_cast<float>(Floor(VillageFurrow(p.x, p.y))) + 0.86f + dice.Range(-0.07f, 0.16f);
-        for (int step = 0; step < 4; ++step)
+        const float wanted = float(Floor(VillageFurrow(p.x, p.y))) + 0.86f + dice.Range(-0.07f, 0.16f);
+        for (int step = 0; step < 4; step++)
             p.y += (wanted - VillageFurrow(p.x, p.y)) * FurrowUnits;
         const float length = dice.Range(0.6f, 4.2f);
         Line line;
@@ -128,7 +127,7 @@ Canvas FieldTile()
     // Stubble, drawn long: the picture is laid out nearly three times as wide as it is deep.
     Mask stubble(Side, Side, 0, true);
     Pen straw(stubble, SketchPaper(), {.width = 2.0f, .wobble = 0.4f, .skip = 0.2f}, 312);
-    for (int i = 0; i < 1500; ++i) {
+    for (int i = 0; i < 1500; i++) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const Vec2 g = toGround(p.x, p.y);
         if (Abs(Fraction(VillageFurrow(g.x, g.y)) - 0.5f) < 0.2f)
@@ -190,16 +189,16 @@ Stone StoneAt(float x, float z) // from the plaza's middle
         if (r < ring.inner || r >= ring.outer)
             continue;
         const float middle = (ring.inner + ring.outer) / 2;
-        const float u = a * static_cast<float>(ring.count) + static_cast<float>(ringName >> 16 & 255) / 255 +
+        const float u = a * float(ring.count) + float(ringName >> 16 & 255) / 255 +
                         0.07f * crooked.Gradient(x / 0.5f + 30, z / 0.5f);
         const int i = Wrap(Floor(u), ring.count);
-        const float arc = 2 * Pi * middle / static_cast<float>(ring.count);
+        const float arc = 2 * Pi * middle / float(ring.count);
         const float fu = Fraction(u), fr = (r - ring.inner) / (ring.outer - ring.inner);
         const float sideways = Min(fu, 1 - fu) * arc, inward = Min(r - ring.inner, ring.outer - r);
         // Rounded corners: the two distances meet softly.
         const float k = ring.slab ? 0.22f : 0.16f;
         const float edge = Min(Min(sideways, inward), (sideways + inward) - k);
-        const uint32_t name = (static_cast<uint32_t>(i) * 2654435761u) ^ ringName;
+        const uint32_t name = (uint32_t(i) * 2654435761u) ^ ringName;
         return {true, edge + 0.03f * press.Gradient(x / 0.18f, z / 0.18f), name * 2246822519u, 1 - 2 * fr,
                 ring.slab};
     }
@@ -232,8 +231,8 @@ Canvas Plaza()
         Colour c = Mix(trodden, field, Smooth(12.6f, 14.6f, r + raggedness(g)));
         const Stone stone = StoneAt(g.x, g.y);
         if (stone.is) {
-            const float own = static_cast<float>(stone.name >> 8 & 255) / 255;
-            const float lost = static_cast<float>(stone.name >> 16 & 255) / 255;
+            const float own = float(stone.name >> 8 & 255) / 255;
+            const float lost = float(stone.name >> 16 & 255) / 255;
             const float there =
                 stone.slab ? 1.0f
                            : Smooth(lost - 0.1f, lost + 0.1f, 1.2f * (13.9f - r - raggedness(g)) / 1.6f);
@@ -274,19 +273,17 @@ Canvas Plaza()
     for (const PavingRing& ring : Paving)
         for (const float r : {ring.inner, ring.outer})
             if (ring.slab)
-                for (int i = 0; i < ring.count; ++i) {
-                    const float a = 2 * Pi * (static_cast<float>(i) + dice.Range(0, 0.5f)) /
-                                    static_cast<float>(ring.count);
-                    pen.Stroke(
-                        Shaken(Arc({Middle, Middle}, r * PerUnit, r * PerUnit, a,
-                                   a + dice.Range(0.6f, 1.3f) * 2 * Pi / static_cast<float>(ring.count)),
-                               1.2f, 16, dice.Next()),
-                        {.start = 0.3f, .middle = 1, .end = 0.1f});
+                for (int i = 0; i < ring.count; i++) {
+                    const float a = 2 * Pi * (float(i) + dice.Range(0, 0.5f)) / float(ring.count);
+                    pen.Stroke(Shaken(Arc({Middle, Middle}, r * PerUnit, r * PerUnit, a,
+                                          a + dice.Range(0.6f, 1.3f) * 2 * Pi / float(ring.count)),
+                                      1.2f, 16, dice.Next()),
+                               {.start = 0.3f, .middle = 1, .end = 0.1f});
                 }
     Mask shade = Mask(Side, Side).Each([&](float x, float y) {
         const Vec2 g = fromMiddle(x, y);
         const Stone stone = StoneAt(g.x, g.y);
-        const float own = static_cast<float>(stone.name >> 20 & 255) / 255;
+        const float own = float(stone.name >> 20 & 255) / 255;
         return stone.is && stone.slab ? 0.7f * Smooth(0.45f, 0.95f, own) * Smooth(0.02f, 0.15f, stone.edge)
                                       : 0.0f;
     });
@@ -350,18 +347,18 @@ Canvas FieldOfTheNames()
     Mask between(Side, Side); // 1 on the borders of the patches
     between.Each([&](float x, float y) {
         const Noise::Cell cell = cellAt(x, y);
-        names[static_cast<size_t>(Floor(y)) * Side + static_cast<size_t>(Floor(x))] = cell.name;
+        names[size_t(Floor(y)) * Side + size_t(Floor(x))] = cell.name;
         return Smooth(0.050f, 0.022f, cell.second - cell.nearest);
     });
     const auto nameAt = [&](float x, float y) {
         const int i = Floor(Clamp(x, 0, Size - 1)), j = Floor(Clamp(y, 0, Size - 1));
-        return names[static_cast<size_t>(j) * Side + static_cast<size_t>(i)];
+        return names[size_t(j) * Side + size_t(i)];
     };
-    const auto kindOf = [](uint32_t name) { return static_cast<float>(name >> 18 & 255) / 255; };
+    const auto kindOf = [](uint32_t name) { return float(name >> 18 & 255) / 255; };
     const Field phase = [&](float x, float y) {
         const uint32_t name = nameAt(x, y);
-        const float turn = static_cast<float>(name & 1023) / 1024 * Pi;
-        const float spacing = 8.5f + 4.5f * static_cast<float>(name >> 10 & 255) / 255;
+        const float turn = float(name & 1023) / 1024 * Pi;
+        const float spacing = 8.5f + 4.5f * float(name >> 10 & 255) / 255;
         return (x * Cos(turn) + y * Sin(turn)) / spacing + 0.8f * bend.Fbm(x / 150, y / 150, 2);
     };
     Canvas canvas(Side, Side);
@@ -382,12 +379,12 @@ Canvas FieldOfTheNames()
     Pen pen(lines, paper, {.width = 2.5f, .wobble = 0.8f, .wave = 26, .skip = 0.55f, .dry = 0.6f}, 350);
     Pen chalk(light, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 26, .skip = 0.6f, .dry = 0.9f}, 351);
     Dice dice(352);
-    for (int i = 0; i < 5200; ++i) {
+    for (int i = 0; i < 5200; i++) {
         Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const bool bright = i % 4 == 0;
         // Onto the furrow, then along it to the border of the patch.
         const float wanted =
-            static_cast<float>(Floor(phase(p.x, p.y))) + (bright ? 0.27f : 0.75f) + dice.Range(-0.08f, 0.08f);
+            float(Floor(phase(p.x, p.y))) + (bright ? 0.27f : 0.75f) + dice.Range(-0.08f, 0.08f);
         const uint32_t name = nameAt(p.x, p.y);
         const Vec2 way = AlongFurrow(phase, p), over = {way.y, -way.x};
         const float slope = phase(p.x + over.x, p.y + over.y) - phase(p.x, p.y);
@@ -433,7 +430,7 @@ Canvas FieldOfTheNames()
     rut.nib.width = 3.4f;
     rut.Stroke(shore, {.start = 0.7f, .middle = 1, .end = 0.6f});
     rut.nib.width = 2.2f;
-    for (int i = 0; i < 70; ++i) {
+    for (int i = 0; i < 70; i++) {
         const Vec2 at = PointAt(shore, dice.Unit());
         rut.Stroke(
             Through({at, at + Vec2{dice.Range(-3, 3), -5}, at + Vec2{dice.Range(-7, 7), -dice.Range(9, 17)}}),
@@ -445,7 +442,7 @@ Canvas FieldOfTheNames()
     canvas.Cover(Mask(between).Blur(1.2f), palette::Night, 0.45f);
     Mask hedge(Side, Side), lit(Side, Side);
     Pen leaf(hedge, paper, {.width = 3}, 353), top(lit, paper, {.width = 2}, 354);
-    for (int i = 0; i < 26000; ++i) {
+    for (int i = 0; i < 26000; i++) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         if (between.Sample(p.x, p.y) < 0.3f || bush.Fbm(p.x / 60, p.y / 60, 2) < -0.12f)
             continue;

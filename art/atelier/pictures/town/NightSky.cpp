@@ -215,7 +215,7 @@ struct Face {
 Canvas Paint(const Face& face)
 {
     Canvas canvas(face.width, face.height, palette::Black);
-    const float w = static_cast<float>(face.width), h = static_cast<float>(face.height);
+    const float w = float(face.width), h = float(face.height);
     canvas.Ground([&](float x, float y) { return SkyTowards(face.at(x / w, y / h)); });
     for (const Star& star : Stars()) {
         Vec2 uv;
@@ -223,11 +223,11 @@ Canvas Paint(const Face& face)
             continue;
         const Vec2 p = {uv.x * w, uv.y * h};
         const int reach = Floor(star.radius * 3) + 1;
-        for (int y = Floor(p.y) - reach; y <= Floor(p.y) + reach; ++y)
-            for (int x = Floor(p.x) - reach; x <= Floor(p.x) + reach; ++x) {
+        for (int y = Floor(p.y) - reach; y <= Floor(p.y) + reach; y++)
+            for (int x = Floor(p.x) - reach; x <= Floor(p.x) + reach; x++) {
                 if (x < 0 || y < 0 || x >= face.width || y >= face.height)
                     continue;
-                const Vec2 off = {static_cast<float>(x) + 0.5f - p.x, static_cast<float>(y) + 0.5f - p.y};
+                const Vec2 off = {float(x) + 0.5f - p.x, float(y) + 0.5f - p.y};
                 const Colour light = star.colour * (star.light * Bell(Length(off) / star.radius));
                 Pixel& pixel = canvas.At(x, y);
                 pixel = {pixel.r + light.r, pixel.g + light.g, pixel.b + light.b, pixel.a};

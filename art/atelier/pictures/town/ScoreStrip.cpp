@@ -48,7 +48,7 @@ Triad TriadOf(const char* name)
 {
     constexpr char circle[] = "ABCDEFG";
     Triad triad = {};
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; i++)
         triad.letter[i] = circle[(name[0] - 'A' + 2 * i) % 7];
     if (name[0] == 'E' && name[1] == 'b')
         triad.sign[0] = -1; // B flat is in the key
@@ -236,13 +236,12 @@ Canvas ScoreStrip()
                  .pool = 0},
                 543);
     for (const float foot : Foot)
-        for (int i = 0; i < 5; ++i)
+        for (int i = 0; i < 5; i++)
             // Overlapping itself where the strip joins.
-            lines.Stroke(Straight({{-4, foot - Gap * static_cast<float>(i)},
-                                   {W + 4, foot - Gap * static_cast<float>(i)}}),
+            lines.Stroke(Straight({{-4, foot - Gap * float(i)}, {W + 4, foot - Gap * float(i)}}),
                          {.start = 0.9f, .middle = 0.9f, .end = 0.9f});
-    for (int bar = 0; bar < waltz::themeBars; ++bar) {
-        const float x = Bar * static_cast<float>(bar) + 3;
+    for (int bar = 0; bar < waltz::themeBars; bar++) {
+        const float x = Bar * float(bar) + 3;
         lines.Width(2.2f);
         if (bar == 0) { // the sign that it begins again
             lines.Width(4);
@@ -257,7 +256,7 @@ Canvas ScoreStrip()
     }
     Quill pen(ink, paper, {.width = 2.4f, .wobble = 0.25f, .wave = 12, .skip = 0, .dry = 0.05f, .pool = 0.2f},
               544);
-    for (int staff = 0; staff < 5; ++staff) {
+    for (int staff = 0; staff < 5; staff++) {
         if (staff < 4)
             DrawTrebleClef(pen, {12, Foot[staff] - Gap});
         else
@@ -267,8 +266,7 @@ Canvas ScoreStrip()
         DrawTime(pen, {35, Foot[staff] - 2 * Gap});
     }
     const auto placeOf = [](int bar, float beat, int step, int footStep, float foot) {
-        return Vec2{Bar * static_cast<float>(bar - 1) + FirstBeat + Beat * beat,
-                    foot - Gap / 2 * static_cast<float>(step - footStep)};
+        return Vec2{Bar * float(bar - 1) + FirstBeat + Beat * beat, foot - Gap / 2 * float(step - footStep)};
     };
     // A tune, each bar of it under a slur.
     const auto tune = [&](const auto& notes, float foot) {
@@ -297,15 +295,15 @@ Canvas ScoreStrip()
     };
     tune(waltz::theme, Foot[0]);
     tune(waltz::counterMelody, Foot[1]);
-    for (int bar = 1; bar <= waltz::themeBars; ++bar) {
+    for (int bar = 1; bar <= waltz::themeBars; bar++) {
         DrawNote(pen, placeOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
         const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
         for (const int staff : {2, 3})
             DrawRest(pen, placeOf(bar, 0, TrebleFoot + 4, TrebleFoot, Foot[staff]));
-        for (int beat = 1; beat <= 2; ++beat) {
+        for (int beat = 1; beat <= 2; beat++) {
             // Third and fifth together on one stem, the root below them.
             const auto at = [&](int i, float foot) {
-                return placeOf(bar, static_cast<float>(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
+                return placeOf(bar, float(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
             };
             const Vec2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
             const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
@@ -317,7 +315,7 @@ Canvas ScoreStrip()
             pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
                        {.start = 1, .middle = 0.9f, .end = 0.8f});
             DrawNote(pen, at(0, Foot[3]), 1, Foot[3]);
-            for (int i = 0; beat == 1 && i < 3; ++i)
+            for (int i = 0; beat == 1 && i < 3; i++)
                 if (triad.sign[i] != 0)
                     DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{SignBefore, 0}, triad.sign[i]);
         }

@@ -116,7 +116,7 @@ Canvas HouseWalls()
     const auto rubbleAt = [&](float x, float y) { // the colour of stones with their joints
         const Noise::Cell cell = rubble.Worley(
             x / Size * 26 + 0.15f * stone.Gradient(x / Size * 28, y / Size * 28), y / Size * 26);
-        const float own = static_cast<float>(cell.name & 255) / 255;
+        const float own = float(cell.name & 255) / 255;
         const Colour c = Mix(Mix(palette::Rust, palette::Slate, 0.5f),
                              Mix(palette::Mist, palette::Parchment, 0.4f), 0.7f * own) *
                          (0.62f + 0.35f * stone.Fbm(x / Size * 28, y / Size * 28, 4));
@@ -125,7 +125,7 @@ Canvas HouseWalls()
     canvas.Cover(bare, rubbleAt);
     canvas.Glaze(Mask(bare).Blur(5).Subtract(bare), Mix(palette::Slate, palette::Rust, 0.3f), 0.9f);
     // Plaster cracks where nothing holds it.
-    for (int i = 0; i < 46; ++i) {
+    for (int i = 0; i < 46; i++) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(WallTop, WallFoot)};
         pen.nib.width = 1.6f;
         pen.Stroke(Shaken(Through({p, p + Vec2{dice.Range(-16, 16), dice.Range(10, 34)}}), 4, 9, dice.Next()),
@@ -146,8 +146,8 @@ Canvas HouseWalls()
         {{ 20, 290}, {110, 492}, {236, 290}, {146, 492}, {128, 128},   0},
     };
     // clang-format on
-    for (int wall = 0; wall < 4; ++wall) {
-        const float left = WallWidth * static_cast<float>(wall);
+    for (int wall = 0; wall < 4; wall++) {
+        const float left = WallWidth * float(wall);
         const Vec2 at = {left, 0};
         const Frame& frame = Frames[wall];
         for (const float y : {268.0f, 394.0f, 508.0f})
@@ -160,9 +160,9 @@ Canvas HouseWalls()
     }
     Mask doors(Side, Side);
     Pen joiner(doors, paper, {.width = 3, .wobble = 0.8f, .wave = 40, .skip = 0.2f}, 517);
-    for (int wall = 0; wall < 4; ++wall)
+    for (int wall = 0; wall < 4; wall++)
         if (Frames[wall].door > 0) {
-            const float left = WallWidth * static_cast<float>(wall) + Frames[wall].door;
+            const float left = WallWidth * float(wall) + Frames[wall].door;
             DrawDoor(wood, joiner, left, left + DoorWidth, DoorTop);
         }
     timber.Subtract(Roof());
@@ -195,7 +195,7 @@ Canvas HouseWalls()
     edges.Subtract(wood).Subtract(plinth);
     canvas.Cover(edges, palette::Ink, 0.9f);
     canvas.Cover(wood, [&](float x, float y) {
-        const float board = static_cast<float>(Floor(x / 13) * 7 % 5) / 5;
+        const float board = float(Floor(x / 13) * 7 % 5) / 5;
         return Mix(palette::Rust, palette::Ochre, 0.20f + 0.2f * board) *
                (0.50f + 0.25f * trowel.Fbm(x / 4, y / 40, 3));
     });
@@ -204,10 +204,9 @@ Canvas HouseWalls()
     canvas.Cover(Roof(), Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f);
     Mask shade(Side, Side), seams(Side, Side, 0, true);
     Pen slater(seams, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 520);
-    for (int row = 0; row < 8; ++row)
-        for (int i = 0; i < 9; ++i) {
-            const float x = RoofLeft + (static_cast<float>(i) - (row % 2 == 0 ? 0.5f : 0.0f)) * 32,
-                        y = static_cast<float>(row) * 32;
+    for (int row = 0; row < 8; row++)
+        for (int i = 0; i < 9; i++) {
+            const float x = RoofLeft + (float(i) - (row % 2 == 0 ? 0.5f : 0.0f)) * 32, y = float(row) * 32;
             const float foot = y + 32 + dice.Range(-4, 4);
             const Line shingle = Shaken(
                 Through({{x + 2, y}, {x + 2, foot - 8}, {x + 16, foot}, {x + 30, foot - 8}, {x + 30, y}}),
@@ -264,21 +263,21 @@ Canvas TowerWalls()
         int row, column;
     };
     const auto shift = [&](int row) {
-        return (row % 2 == 0 ? 0.0f : 0.5f) + 0.16f * sway.Value(0.5f, static_cast<float>(row) + 0.5f);
+        return (row % 2 == 0 ? 0.0f : 0.5f) + 0.16f * sway.Value(0.5f, float(row) + 0.5f);
     };
     const auto reach = [&](int row, int column) { // of its length: no two alike
-        return 0.86f + 0.14f * sway.Value(static_cast<float>(column) + 0.5f, static_cast<float>(row) * 1.7f);
+        return 0.86f + 0.14f * sway.Value(float(column) + 0.5f, float(row) * 1.7f);
     };
     const auto feather = [&](float x, float y) {
         const float bent = x + 5 * sway.Fbm(x / Size * 16, y / Size * 8, 2);
         Place place = {0, 0, 0, 0};
-        for (int row = 0; row < static_cast<int>(rows.top.size()); ++row) {
-            const size_t i = static_cast<size_t>(row);
+        for (int row = 0; row < int(rows.top.size()); row++) {
+            const size_t i = size_t(row);
             if (y < rows.top[i] || y > rows.top[i] + rows.length[i])
                 continue;
             const float shifted = bent / Wide + shift(row);
             const int column = Floor(shifted);
-            const float u = (shifted - static_cast<float>(column)) * 2 - 1;
+            const float u = (shifted - float(column)) * 2 - 1;
             const float v = (y - rows.top[i]) / (rows.length[i] * reach(row, Wrap(column, Columns)));
             if (v <= FeatherEdge(u))
                 return Place{u, v, row, Wrap(column, Columns)};
@@ -287,7 +286,7 @@ Canvas TowerWalls()
     };
     // Feathers that fell: the wall shows behind them.
     const auto fallen = [&](const Place& f) {
-        const uint32_t name = static_cast<uint32_t>(f.row * 37 + f.column * 101) * 2654435761u;
+        const uint32_t name = uint32_t(f.row * 37 + f.column * 101) * 2654435761u;
         return (name >> 9 & 255) < 20;
     };
     const auto height = [&](float x, float y) { // 0 at the head, 1 at the foot; its borders are not level
@@ -297,14 +296,14 @@ Canvas TowerWalls()
     canvas.Ground([&](float x, float y) {
         const Place f = feather(x, y);
         const float tip = FeatherEdge(f.u) - f.v; // to the edge, in lengths
-        const uint32_t name = static_cast<uint32_t>(f.row * Columns + f.column) * 2654435761u;
-        const float own = static_cast<float>(name >> 12 & 255) / 255;
+        const uint32_t name = uint32_t(f.row * Columns + f.column) * 2654435761u;
+        const float own = float(name >> 12 & 255) / 255;
         const float h = height(x, y);
         const Colour stone = Mix(palette::Slate, palette::Mist, 0.15f + 0.35f * own);
         if (fallen(f))
             return stone * (0.35f + 0.25f * age.Fbm(x / Size * 64, y / Size * 64, 3));
         // Barbs run from the shaft outwards and down.
-        const float comb = barb.Value((f.v * 46 - Abs(f.u) * 13) * 0.8f, static_cast<float>(f.column) + 0.5f);
+        const float comb = barb.Value((f.v * 46 - Abs(f.u) * 13) * 0.8f, float(f.column) + 0.5f);
         const Colour head = Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
         const Colour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
         const Colour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
@@ -343,19 +342,19 @@ Canvas TowerWalls()
          {.pigment = Mix(palette::Slate, palette::Ink, 0.3f), .density = 0.55f, .stray = 3}, 529);
     Mask ink(Side, Side, 0, true);
     Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
-    for (size_t row = 0; row < rows.top.size(); ++row) {
+    for (size_t row = 0; row < rows.top.size(); row++) {
         pen.nib.width = 1.6f + rows.length[row] * 0.018f;
-        for (int column = 0; column < Columns; ++column) {
-            const float x = (static_cast<float>(column) + 0.5f - shift(static_cast<int>(row))) * Wide;
-            const float l = rows.length[row] * reach(static_cast<int>(row), column);
+        for (int column = 0; column < Columns; column++) {
+            const float x = (float(column) + 0.5f - shift(int(row))) * Wide;
+            const float l = rows.length[row] * reach(int(row), column);
             Line edge;
-            for (int i = -12; i <= 12; ++i) {
-                const float u = static_cast<float>(i) / 12, ey = rows.top[row] + l * FeatherEdge(u);
+            for (int i = -12; i <= 12; i++) {
+                const float u = float(i) / 12, ey = rows.top[row] + l * FeatherEdge(u);
                 const float ex = x + u * Wide / 2;
                 edge.push_back({ex - 5 * sway.Fbm(ex / Size * 16, ey / Size * 8, 2), ey});
             }
             pen.Stroke(edge, {.start = 0.25f, .middle = 1, .end = 0.1f});
-            if (column % 3 == static_cast<int>(row) % 3)
+            if (column % 3 == int(row) % 3)
                 pen.Stroke(Through({edge[12] - Vec2{0, l * 0.18f}, edge[12] - Vec2{1, l * 0.5f}}),
                            {.start = 0.1f, .middle = 0.6f, .end = 0});
         }
@@ -398,8 +397,8 @@ Canvas TowerWalls()
     Mask rubbed(Side, Side, 0, true), joint(Side, Side, 0, true);
     DryBrush edge(rubbed, paper, {.width = 9, .count = 7, .thickness = 1.5f, .load = 0.55f, .wave = 26}, 526);
     Pen crack(joint, paper, {.width = 2.6f, .wobble = 1.5f, .wave = 18, .skip = 0.6f}, 530);
-    for (int wall = 0; wall < 4; ++wall) {
-        const float x = WallWidth * static_cast<float>(wall);
+    for (int wall = 0; wall < 4; wall++) {
+        const float x = WallWidth * float(wall);
         edge.Stroke(Straight({{x, WallTop - 8}, {x, WallFoot + 8}}), 0.9f);
         crack.Stroke(Straight({{x - 5, WallTop}, {x - 5, WallFoot}}),
                      {.start = 0.6f, .middle = 0.8f, .end = 0.6f});
@@ -411,7 +410,7 @@ Canvas TowerWalls()
     // The roof: slabs of slate with moss between them.
     canvas.Cover(Roof(), [&](float x, float y) {
         const Noise::Cell slab = chip.Worley(x / 52 + 0.2f * age.Gradient(x / 60, y / 60), y / 40);
-        const float own = static_cast<float>(slab.name & 255) / 255;
+        const float own = float(slab.name & 255) / 255;
         const Colour top = Mix(palette::Slate, palette::Mist, 0.10f + 0.4f * own) *
                            (0.7f + 0.3f * age.Fbm(x / 20, y / 20, 4));
         return Mix(Mix(palette::Moss, palette::Ink, 0.6f), top,
