@@ -106,8 +106,8 @@ private:
     bool sentAny;
     std::string musicFile;
     bool started = false; // there is a window
-    int64_t wantedFrame; // -1: ask again
-    int64_t frameCame;   // the last one that was finished
+    int64_t wantedFrame;  // -1: ask again
+    int64_t frameCame;    // the last one that was finished
     bool wasPlaying;
     bool conflict;
     bool watches; // the system tells what changes
