@@ -211,6 +211,13 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
             keys.push_back(press);
         break;
     }
+    case SDL_MOUSEBUTTONDOWN: {
+        static const int numbers[] = {-1, ImGuiMouseButton_Left, ImGuiMouseButton_Middle,
+                                      ImGuiMouseButton_Right};
+        if (event.button.button >= SDL_BUTTON_LEFT && event.button.button <= SDL_BUTTON_RIGHT)
+            presses[numbers[event.button.button]] = {true, float(event.button.x), float(event.button.y)};
+        break;
+    }
     case SDL_DROPFILE:
         droppedFiles.push_back(event.drop.file);
         SDL_free(event.drop.file);
@@ -279,6 +286,11 @@ void ToolWindow::BeginFrame()
         ImGui::GetIO().MousePos = ImVec2(float(x), float(y));
     }
     ImGui::NewFrame();
+    for (int i = 0; i < 3; i++) {
+        if (presses[i].isNew)
+            ImGui::GetIO().MouseClickedPos[i] = ImVec2(presses[i].x, presses[i].y);
+        presses[i].isNew = false;
+    }
 }
 
 void ToolWindow::EndFrame()

@@ -49,7 +49,8 @@ public:
     // Ends a WaitEvents that waits, or the next one. From any thread.
     static void Wake();
 
-    // Around the ImGui calls of a frame.
+    // Around the ImGui calls of a frame. MouseClickedPos of ImGui's IO is where a button went down, although MousePos may
+    // be further on the way by the time of the frame.
     void BeginFrame();
     void EndFrame();
 
@@ -86,6 +87,11 @@ private:
     bool focusGained = false;
     bool endRequested = false;
     bool eventWaits = false; // for the next frame
+    struct ButtonPress {
+        bool isNew = false;
+        float x = 0, y = 0;
+    };
+    ButtonPress presses[3]; // by ImGui's numbers of the buttons
     std::vector<KeyPress> keys;
     std::vector<std::string> droppedFiles;
 };

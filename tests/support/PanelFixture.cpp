@@ -36,6 +36,9 @@ void PanelFixture::Show(const std::function<void()>& draw)
 void PanelFixture::Frame()
 {
     ImGui::NewFrame();
+    if (hasPressed)
+        ImGui::GetIO().MouseClickedPos[0] = pressed;
+    hasPressed = false;
     ImGui::SetNextWindowPos({0, 0});
     ImGui::SetNextWindowSize({Width, Height});
     ImGui::Begin("panel", nullptr, ImGuiWindowFlags_NoDecoration | ImGuiWindowFlags_NoMove);
@@ -55,6 +58,13 @@ void PanelFixture::Press(int button)
 {
     ImGui::GetIO().MouseDown[button] = true;
     Frame();
+}
+
+void PanelFixture::PressedAt(double x, double y)
+{
+    ImGui::GetIO().MouseDown[0] = true;
+    hasPressed = true;
+    pressed = {float(x), float(y)};
 }
 
 void PanelFixture::Release(int button)

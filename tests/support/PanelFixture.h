@@ -21,6 +21,8 @@ public:
 
     void Move(double x, double y);
     void Press(int button = 0); // with a frame before it, in which the pointer is there
+    // The next frame is that of a press there, wherever the pointer is by then, as a tool's window tells it.
+    void PressedAt(double x, double y);
     void Release(int button = 0);
     void Click(double x, double y, int button = 0);
     void DoubleClick(double x, double y);
@@ -39,4 +41,6 @@ public:
 private:
     std::function<void()> drawing;
     int vertices = 0;
+    bool hasPressed = false;
+    ImVec2 pressed = {};
 };

@@ -72,16 +72,21 @@ ItemHit TimelinePanel::HandleMouse(EditorState* state)
     const double x = double(io.MousePos.x), y = double(io.MousePos.y);
     const bool over = ImGui::IsItemHovered();
     ItemHit hit;
-    if (over && mode == NoMouse && (areas.lanes.Has(x, y) || areas.lost.Has(x, y)))
-        hit = FindHit(contents, view, sizes, places, double(areas.PlotLeft()), x, y);
+    const auto hitAt = [&](double hitX, double hitY) {
+        return areas.lanes.Has(hitX, hitY) || areas.lost.Has(hitX, hitY)
+                   ? FindHit(contents, view, sizes, places, double(areas.PlotLeft()), hitX, hitY)
+                   : ItemHit();
+    };
+    if (over && mode == NoMouse)
+        hit = hitAt(x, y);
     if (over)
         HandleWheel(*state);
 
     if (over && mode == NoMouse) {
         if (ImGui::IsMouseDoubleClicked(ImGuiMouseButton_Left) && !io.KeyCtrl)
             DoubleClick(state, hit);
-        else if (ImGui::IsMouseClicked(ImGuiMouseButton_Left))
-            Press(state, hit);
+        else if (ImGui::IsMouseClicked(ImGuiMouseButton_Left)) // where it went down, not where it is by now
+            Press(state, hitAt(double(io.MouseClickedPos[0].x), double(io.MouseClickedPos[0].y)));
         else if (ImGui::IsMouseClicked(ImGuiMouseButton_Middle))
             mode = PanMode;
         else if (ImGui::IsMouseClicked(ImGuiMouseButton_Right))
@@ -110,8 +115,8 @@ ItemHit TimelinePanel::HandleMouse(EditorState* state)
 void TimelinePanel::Press(EditorState* state, const ItemHit& hit)
 {
     const ImGuiIO& io = ImGui::GetIO();
-    pressX = double(io.MousePos.x);
-    pressY = double(io.MousePos.y);
+    pressX = double(io.MouseClickedPos[0].x);
+    pressY = double(io.MouseClickedPos[0].y);
     pressSeconds = view.Seconds(pressX - double(areas.PlotLeft()));
     pressControl = io.KeyCtrl;
     pressed = {};

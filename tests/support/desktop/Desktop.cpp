@@ -391,6 +391,11 @@ void Desktop::MoveMouse(WindowId window, int x, int y)
     XDo({"mousemove", std::to_string(place.x + x), std::to_string(place.y + y)});
 }
 
+void Desktop::MoveMouseBy(int x, int y)
+{
+    XDo({"mousemove_relative", "--", std::to_string(x), std::to_string(y)});
+}
+
 void Desktop::Click(WindowId window, int x, int y)
 {
     MoveMouse(window, x, y);
@@ -411,7 +416,7 @@ void Desktop::Drag(WindowId window, int fromX, int fromY, int toX, int toY)
 {
     MoveMouse(window, fromX, fromY);
     MouseDown();
-    XDo({"mousemove_relative", "--", std::to_string(toX - fromX), std::to_string(toY - fromY)});
+    MoveMouseBy(toX - fromX, toY - fromY);
     MouseUp();
 }
 

@@ -78,6 +78,8 @@ public:
     void KeyUp(const std::string& key);
     // Points relative to a window's place.
     void MoveMouse(WindowId window, int x, int y);
+    // As a hand moves it. MoveMouse sets it, which programs that listen to the device itself notice late.
+    void MoveMouseBy(int x, int y);
     void Click(WindowId window, int x, int y);
     void MouseDown();
     void MouseUp();

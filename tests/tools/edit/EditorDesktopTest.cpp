@@ -46,11 +46,15 @@ protected:
         ASSERT_NE(nullptr, program);
         window = desktop.WaitForFocusedWindow("night.txt - marlinex-edit");
         ASSERT_NE(0u, window) << program->Errors();
-        ASSERT_TRUE(WaitUntil([&] { return CountPaper() > 20000; })) << "no timeline";
+        // A question at the start dims it.
+        ASSERT_TRUE(WaitUntil([&] { return CountPaper() > 20000 || CountQuestion() > 1500; }))
+            << "no timeline";
     }
 
     // The timeline is drawn on paper, as is the sheet of keys.
     int CountPaper() { return desktop.Capture(window).Count(paper, 12); }
+    // The main button of a question.
+    int CountQuestion() { return desktop.Capture(window).Count(300, 250, 680, 500, ochre, 3); }
 
     bool HasTitle(const std::string& title)
     {
@@ -77,8 +81,7 @@ protected:
     // A question is open: its main button is there.
     bool HasQuestion(bool wanted)
     {
-        return WaitUntil(
-            [&] { return (desktop.Capture(window).Count(300, 250, 680, 500, ochre, 3) > 1500) == wanted; });
+        return WaitUntil([&] { return (CountQuestion() > 1500) == wanted; });
     }
     // Presses a button of the row, 0 being the main one.
     void PressButton(int number)

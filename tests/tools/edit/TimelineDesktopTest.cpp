@@ -77,10 +77,11 @@ protected:
     // In steps, as a hand does it, so that the program sees the way.
     void Drag(int fromX, int fromY, int byX)
     {
-        desktop.MoveMouse(window, fromX, fromY);
+        desktop.MoveMouse(window, fromX - 10, fromY);
+        desktop.MoveMouseBy(10, 0);
         desktop.MouseDown();
-        for (int i = 1; i <= 8; i++)
-            desktop.MoveMouse(window, fromX + byX * i / 8, fromY);
+        for (int i = 0; i < 8; i++)
+            desktop.MoveMouseBy(byX / 8, 0);
     }
 
     int Number(const std::string& key, size_t from)
@@ -107,6 +108,8 @@ TEST_F(TimelineDesktop, AnEntryIsDraggedAndSaved)
     desktop.Key("s"); // without snapping
     Drag((frame.left + frame.right) / 2, frame.middle, 200);
     EXPECT_TRUE(HasTitle("* night.txt - marlinex-edit")) << "it is in the script while it is dragged";
+    EXPECT_TRUE(WaitUntil([&] { return std::abs(FindFrame().left - frame.left - 200) <= 3; }))
+        << "the entry did not come along: its frame went from " << frame.left << " to " << FindFrame().left;
     desktop.MouseUp();
     Save();
     const size_t shadow = Script().find("BlackFlashOverlay");

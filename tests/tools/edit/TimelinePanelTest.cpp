@@ -170,6 +170,18 @@ TEST_F(TimelinePanelMouse, APressWithALittleTremorIsAClick)
     EXPECT_EQ((Selection{{towers, -1}}), state.selection);
 }
 
+// On a slow machine the pointer is somewhere else by the time of the frame. The window tells where it was.
+TEST_F(TimelinePanelMouse, APressTakesHoldOfWhatLayUnderItAlthoughThePointerHasMovedOn)
+{
+    const size_t towers = Block("40000");
+    panel.Move(X(30), NameY(towers));
+    panel.PressedAt(X(30), NameY(towers));
+    panel.Move(X(50), NameY(towers)); // nothing lies there
+    panel.Release();
+    EXPECT_EQ((Selection{{towers, -1}}), state.selection);
+    EXPECT_NEAR(40000, script.At(towers).start, 1000 / timeline.View().PerSecond());
+}
+
 TEST_F(TimelinePanelMouse, ARubberBandSelectsWhatLiesInIt)
 {
     const size_t clouds = Block("20000"), towers = Block("40000"), hand = Block("hand");
