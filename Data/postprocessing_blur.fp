@@ -16,7 +16,7 @@ uniform sampler2D picture; // nobody sets it: unit 0
 uniform float blur_intensity;
 
 const int mostTaps = 37;
-const float fewestTaps = 12.0;  // a small disc needs no more
+const float fewestTaps = 12.0;   // a small disc needs no more
 const float tapsGained = 28.0;   // each strength
 const float reach = 0.022;       // radius of the disc at strength 1, in texture coordinates
 const float falloff = 1.8;       // exponent of the bell at the rim
