@@ -6,20 +6,17 @@
 namespace atelier
 {
 
-namespace
-{
-
-Pixel Over(const Pixel& under, float r, float g, float b, float a)
+static Pixel Over(const Pixel& under, float r, float g, float b, float a)
 {
     const float rest = 1 - a;
     return {r + under.r * rest, g + under.g * rest, b + under.b * rest, a + under.a * rest};
 }
 
-Pixel operator*(const Pixel& p, float s)
+static Pixel operator*(const Pixel& p, float s)
 {
     return {p.r * s, p.g * s, p.b * s, p.a * s};
 }
-Pixel operator+(const Pixel& p, const Pixel& q)
+static Pixel operator+(const Pixel& p, const Pixel& q)
 {
     return {p.r + q.r, p.g + q.g, p.b + q.b, p.a + q.a};
 }
@@ -30,7 +27,7 @@ struct Reach {
     std::vector<float> weights;
 };
 
-std::vector<Reach> Reaches(int from, int to)
+static std::vector<Reach> Reaches(int from, int to)
 {
     const float scale = float(from) / float(to);
     const float half = Max(scale, 1) / 2;
@@ -51,8 +48,6 @@ std::vector<Reach> Reaches(int from, int to)
     }
     return reaches;
 }
-
-} // namespace
 
 Canvas::Canvas(int widthGiven, int heightGiven)
     : width(widthGiven), height(heightGiven), pixels(size_t(widthGiven) * size_t(heightGiven))

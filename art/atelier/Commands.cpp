@@ -14,13 +14,11 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr int Threads = 2;
 
 // Calls `work` for each picture, on two threads, each taking the next one when it is done with one.
-void ForEach(const std::vector<const Picture*>& pictures, const std::function<void(const Picture&)>& work)
+static void ForEach(const std::vector<const Picture*>& pictures,
+                    const std::function<void(const Picture&)>& work)
 {
     std::atomic<size_t> next{0};
     const auto loop = [&] {
@@ -35,11 +33,11 @@ void ForEach(const std::vector<const Picture*>& pictures, const std::function<vo
         thread.join();
 }
 
-std::mutex speaking;
+static std::mutex speaking;
 
 // Paints or draws one picture to the bytes of its file; empty, with a word to stderr, if the picture has not the size
 // that its row states or cannot be encoded.
-std::string Painted(const Picture& picture)
+static std::string Painted(const Picture& picture)
 {
     if (picture.draw)
         return picture.draw();
@@ -53,12 +51,10 @@ std::string Painted(const Picture& picture)
     return Encoded(Finished(canvas, ChannelsOf(picture.format)), picture.file);
 }
 
-double Seconds(std::chrono::steady_clock::time_point since)
+static double Seconds(std::chrono::steady_clock::time_point since)
 {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
 }
-
-} // namespace
 
 Difference Compare(const Raster& a, const Raster& b)
 {

@@ -15,9 +15,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr int JpegQuality = 92;
 constexpr int LargestSide = 16384;
 
@@ -27,13 +24,13 @@ struct JpegFailure {
     std::jmp_buf back;
 };
 
-void LeaveJpeg(j_common_ptr info)
+static void LeaveJpeg(j_common_ptr info)
 {
     std::longjmp(reinterpret_cast<JpegFailure*>(info->err)->back, 1);
 }
-void SayNothing(j_common_ptr) {}
+static void SayNothing(j_common_ptr) {}
 
-bool DecodeJpeg(const std::string& bytes, Raster& raster)
+static bool DecodeJpeg(const std::string& bytes, Raster& raster)
 {
     jpeg_decompress_struct info;
     JpegFailure failure;
@@ -63,7 +60,7 @@ bool DecodeJpeg(const std::string& bytes, Raster& raster)
     return true;
 }
 
-bool DecodePng(const std::string& bytes, Raster& raster)
+static bool DecodePng(const std::string& bytes, Raster& raster)
 {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
@@ -81,8 +78,6 @@ bool DecodePng(const std::string& bytes, Raster& raster)
     raster.bytes.assign(PNG_IMAGE_SIZE(image), 0);
     return png_image_finish_read(&image, nullptr, raster.bytes.data(), 0, nullptr) != 0;
 }
-
-} // namespace
 
 std::string EncodedJpeg(const Raster& raster)
 {

@@ -6,17 +6,14 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A dither that looks like fine grain: interleaved gradient noise, -0.5 to 0.5.
-float Grain(int x, int y)
+static float Grain(int x, int y)
 {
     const float inner = Fraction(0.06711056f * float(x) + 0.00583715f * float(y));
     return Fraction(52.9829189f * inner) - 0.5f;
 }
 
-unsigned char Level(float screen, float grain)
+static unsigned char Level(float screen, float grain)
 {
     const float level = screen * 255;
     if (level <= 0.25f)
@@ -27,7 +24,7 @@ unsigned char Level(float screen, float grain)
 // Fills in what is transparent from what lies near it: halves the picture again and again, keeping colours
 // weighted by alpha, then lets each finer picture fall back on the coarser one where it has no colour of its
 // own.
-void BleedColour(Canvas& canvas)
+static void BleedColour(Canvas& canvas)
 {
     if (canvas.Width() <= 1 && canvas.Height() <= 1)
         return;
@@ -55,8 +52,6 @@ void BleedColour(Canvas& canvas)
             p = {p.r + under.r * rest, p.g + under.g * rest, p.b + under.b * rest, p.a + under.a * rest};
         }
 }
-
-} // namespace
 
 Raster Finished(const Canvas& canvas, int channels)
 {

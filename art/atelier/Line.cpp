@@ -8,11 +8,8 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The piece from b to c of the centripetal spline a, b, c, d. Its end point is left to the next piece.
-void AppendPiece(Line& line, Vec2 a, Vec2 b, Vec2 c, Vec2 d, float spacing)
+static void AppendPiece(Line& line, Vec2 a, Vec2 b, Vec2 c, Vec2 d, float spacing)
 {
     const float ta = 0;
     const float tb = ta + Max(Sqrt(Length(b - a)), 0.01f);
@@ -35,7 +32,7 @@ struct Place {
     float t;      // within it
 };
 
-Place Find(const Line& line, float t)
+static Place Find(const Line& line, float t)
 {
     float left = Clamp(t) * LengthOf(line);
     for (size_t i = 0; i + 1 < line.size(); i++) {
@@ -46,8 +43,6 @@ Place Find(const Line& line, float t)
     }
     return {line.size() < 2 ? 0 : line.size() - 2, 1};
 }
-
-} // namespace
 
 Line Through(const std::vector<Vec2>& points, float spacing)
 {

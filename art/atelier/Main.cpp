@@ -6,10 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
-namespace
-{
-
-const std::vector<cli::Option> options = {
+static const std::vector<cli::Option> options = {
     {"all", 0, nullptr, "Paint all pictures."},
     {"group", 0, "EFFECT", "Paint the pictures of an effect."},
     {"output", 'o', "FOLDER", "Paint into FOLDER instead of the pictures' places in the project."},
@@ -19,7 +16,7 @@ const std::vector<cli::Option> options = {
     {"list", 0, nullptr, "List all pictures."},
 };
 
-std::vector<const atelier::Picture*> All(const char* effect = nullptr)
+static std::vector<const atelier::Picture*> All(const char* effect = nullptr)
 {
     std::vector<const atelier::Picture*> pictures;
     for (const atelier::Group& group : atelier::AllGroups())
@@ -29,7 +26,7 @@ std::vector<const atelier::Picture*> All(const char* effect = nullptr)
     return pictures;
 }
 
-int List()
+static int List()
 {
     for (const atelier::Group& group : atelier::AllGroups())
         for (const atelier::Picture& picture : group.pictures)
@@ -37,8 +34,6 @@ int List()
                         ChannelsOf(picture.format), picture.file);
     return 0;
 }
-
-} // namespace
 
 int main(int argc, char** argv)
 {

@@ -6,9 +6,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The coverage of one closed outline over a box of pixels, by signed areas: each edge adds what it cuts from
 // the pixels of its rows, and a sum along the row turns that into coverage.
 class Coverage
@@ -72,7 +69,7 @@ private:
 };
 
 // One pass of a running mean along a line of n values that lie `step` apart. Three passes make a bell.
-void RunningMean(float* line, size_t step, int n, int half, bool wraps, std::vector<float>& copy)
+static void RunningMean(float* line, size_t step, int n, int half, bool wraps, std::vector<float>& copy)
 {
     copy.resize(size_t(n));
     for (int i = 0; i < n; i++)
@@ -89,8 +86,8 @@ void RunningMean(float* line, size_t step, int n, int half, bool wraps, std::vec
 }
 
 // Squared distances along one line: the lower envelope of parabolas standing on the values f.
-void Envelope(const std::vector<float>& f, std::vector<float>& d, int n, std::vector<int>& v,
-              std::vector<float>& z)
+static void Envelope(const std::vector<float>& f, std::vector<float>& d, int n, std::vector<int>& v,
+                     std::vector<float>& z)
 {
     int k = 0;
     v[0] = 0;
@@ -124,8 +121,6 @@ void Envelope(const std::vector<float>& f, std::vector<float>& d, int n, std::ve
         d[size_t(q)] = way * way + f[size_t(v[size_t(k)])];
     }
 }
-
-} // namespace
 
 Mask::Mask(int widthGiven, int heightGiven, float amount, bool wrapsGiven)
     : width(widthGiven), height(heightGiven), wraps(wrapsGiven),

@@ -4,9 +4,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr float OctaveCos = 0.80f, OctaveSin = 0.60f; // turns an octave by 37 degrees
 
 // Lattice lines of different octaves must not meet, least of all at the border of a tile, where they would
@@ -23,23 +20,21 @@ constexpr Vec2 Slopes[8] = {{1, 0},
                             {Diagonal, -Diagonal},
                             {-Diagonal, -Diagonal}};
 
-constexpr float Fade(float t)
+static constexpr float Fade(float t)
 {
     return t * t * t * (t * (t * 6 - 15) + 10);
 }
 
-float Slope(uint32_t hash, float x, float y)
+static float Slope(uint32_t hash, float x, float y)
 {
     const Vec2 g = Slopes[hash >> 29];
     return g.x * x + g.y * y;
 }
 
-float Unit(uint32_t hash)
+static float Unit(uint32_t hash)
 {
     return float(hash >> 8) * (1.0f / 16777216.0f);
 }
-
-} // namespace
 
 Noise::Noise(uint32_t seedGiven, int periodXGiven, int periodYGiven)
     : seed(seedGiven * 0x9E3779B9u + 0x7F4A7C15u), periodX(periodXGiven), periodY(periodYGiven)

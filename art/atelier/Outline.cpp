@@ -8,9 +8,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // Marching squares. A cell has four pixels as its corners; a ring of empty pixels lies round the mask. Each side that
 // the outline crosses has a number: two for each pixel, for the side to the right of it and the side down from it.
 class Tracer
@@ -95,7 +92,7 @@ private:
     std::vector<int> next; // the side to which the outline goes on from this side; -1: it does not cross here
 };
 
-float AreaOf(const Line& line)
+static float AreaOf(const Line& line)
 {
     float twice = 0;
     for (size_t i = 0; i < line.size(); i++) {
@@ -105,7 +102,7 @@ float AreaOf(const Line& line)
     return std::fabs(twice) / 2;
 }
 
-float DistanceToPiece(Vec2 point, Vec2 from, Vec2 to)
+static float DistanceToPiece(Vec2 point, Vec2 from, Vec2 to)
 {
     const Vec2 along = to - from;
     const float square = along.x * along.x + along.y * along.y;
@@ -117,7 +114,7 @@ float DistanceToPiece(Vec2 point, Vec2 from, Vec2 to)
 
 // Douglas and Peucker: of the points between the two, keeps the furthest one if it is further away than the tolerance,
 // and goes on at both sides of it. An outline has some ten thousand points at most, so that the depth stays small.
-void Keep(const Line& line, size_t first, size_t last, float tolerance, std::vector<bool>& kept)
+static void Keep(const Line& line, size_t first, size_t last, float tolerance, std::vector<bool>& kept)
 {
     size_t furthest = first;
     float distance = tolerance;
@@ -135,7 +132,7 @@ void Keep(const Line& line, size_t first, size_t last, float tolerance, std::vec
     Keep(line, furthest, last, tolerance, kept);
 }
 
-Line Simplified(const Line& line, float tolerance)
+static Line Simplified(const Line& line, float tolerance)
 {
     Line closed = line;
     closed.push_back(line.front());
@@ -151,8 +148,6 @@ Line Simplified(const Line& line, float tolerance)
             result.push_back(closed[i]);
     return result;
 }
-
-} // namespace
 
 std::vector<Line> Traced(const Mask& mask, float level, float tolerance, float leastArea)
 {

@@ -6,9 +6,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // Pixels per bump of the tooth and per speck of the grain, and how much each counts for the height.
 constexpr int ToothPixels = 8, GrainPixels = 2, CloudPixels = 128;
 constexpr float ToothPart = 0.55f, GrainPart = 0.34f, FibrePart = 0.30f;
@@ -16,7 +13,7 @@ constexpr int FibresPerMegapixel = 2600;
 
 // A fibre: a short bent hair lying in the pulp, a little higher (or, pressed in, lower) than its
 // surroundings.
-void LayFibres(Mask& sheet, int count, Dice& dice)
+static void LayFibres(Mask& sheet, int count, Dice& dice)
 {
     for (int i = 0; i < count; i++) {
         Vec2 place = {dice.Range(0, float(sheet.Width())), dice.Range(0, float(sheet.Height()))};
@@ -32,8 +29,6 @@ void LayFibres(Mask& sheet, int count, Dice& dice)
         }
     }
 }
-
-} // namespace
 
 Paper::Paper(int periodGiven, uint32_t seed) : period(periodGiven)
 {

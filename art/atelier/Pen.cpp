@@ -6,20 +6,15 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr float PieceLength = 1.3f;   // pixels
 constexpr float NibThickness = 0.24f; // of a broad nib, in parts of its width
 constexpr float LiftLength = 70;      // pixels from one possible lift to the next
 constexpr float ShortStroke = 24;     // pixels: a shorter stroke is never broken
 
-float PressureAt(const Press& press, float t)
+static float PressureAt(const Press& press, float t)
 {
     return press.start * (1 - t) * (1 - 2 * t) + press.middle * 4 * t * (1 - t) + press.end * t * (2 * t - 1);
 }
-
-} // namespace
 
 Pen::Pen(Mask& sheet, const Paper& paper, Nib nibGiven, uint32_t seedGiven)
     : nib(nibGiven), ink(sheet, paper), dice(seedGiven), seed(seedGiven)

@@ -9,9 +9,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr float UnitsPerCapital = 9;
 constexpr float SpaceUnits = 3;
 constexpr float NibEdge = -0.62f; // radians, as the hand of a right-handed writer holds it
@@ -37,7 +34,7 @@ struct Knot {
     bool corner;
 };
 
-const PenLetter* Find(char32_t character)
+static const PenLetter* Find(char32_t character)
 {
     for (size_t i = 0; i < PenLetterCount; i++)
         if (PenLetters[i].character == character)
@@ -45,12 +42,12 @@ const PenLetter* Find(char32_t character)
     return nullptr;
 }
 
-std::u32string Characters(const std::string& text)
+static std::u32string Characters(const std::string& text)
 {
     return utf8::utf8to32(utf8::replace_invalid(text));
 }
 
-float ReadNumber(const char*& p)
+static float ReadNumber(const char*& p)
 {
     const float sign = *p == '-' ? -1.0f : 1.0f;
     if (*p == '-')
@@ -64,7 +61,7 @@ float ReadNumber(const char*& p)
     return sign * value;
 }
 
-std::vector<std::vector<Knot>> Strokes(const PenLetter& letter)
+static std::vector<std::vector<Knot>> Strokes(const PenLetter& letter)
 {
     std::vector<std::vector<Knot>> strokes(1);
     for (const char* p = letter.strokes; *p != 0;) {
@@ -96,7 +93,7 @@ struct Profile {
     float left[Bands], right[Bands];
 };
 
-Profile ProfileOf(const PenLetter& letter)
+static Profile ProfileOf(const PenLetter& letter)
 {
     Profile profile;
     std::fill(profile.left, profile.left + Profile::Bands, 99.0f);
@@ -117,7 +114,7 @@ Profile ProfileOf(const PenLetter& letter)
 
 // From a letter's origin to the next one's: their ink keeps the gap at the height where they come closest,
 // tempered by their widths, so that neither LT nor AV tears a hole.
-float Advance(const PenLetter& letter, const PenLetter& next, float gap)
+static float Advance(const PenLetter& letter, const PenLetter& next, float gap)
 {
     const Profile a = ProfileOf(letter), b = ProfileOf(next);
     float closest = -99, rightmost = -99, leftmost = 99;
@@ -137,7 +134,7 @@ float Advance(const PenLetter& letter, const PenLetter& next, float gap)
     return Mix(apart, Max(closest, apart - (dot ? 0.3f : 2.5f)), 0.65f) + gap - closer;
 }
 
-float AdvanceIn(const std::u32string& text, size_t i, const LetterStyle& style)
+static float AdvanceIn(const std::u32string& text, size_t i, const LetterStyle& style)
 {
     const PenLetter* letter = Find(text[i]);
     if (letter == nullptr)
@@ -147,8 +144,8 @@ float AdvanceIn(const std::u32string& text, size_t i, const LetterStyle& style)
            style.narrow;
 }
 
-Line Bent(const std::vector<Knot>& stroke, Vec2 origin, float unit, const LetterStyle& style, float size,
-          float turn)
+static Line Bent(const std::vector<Knot>& stroke, Vec2 origin, float unit, const LetterStyle& style,
+                 float size, float turn)
 {
     Line line;
     std::vector<Vec2> piece;
@@ -170,8 +167,6 @@ Line Bent(const std::vector<Knot>& stroke, Vec2 origin, float unit, const Letter
         flush();
     return line;
 }
-
-} // namespace
 
 bool HasLetter(char32_t character)
 {

@@ -9,13 +9,10 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr int Columns = 6, CellWidth = 264, CellHeight = 232, PictureWidth = 240, PictureHeight = 170;
 constexpr int Margin = 24, HeadHeight = 90, CheckerSize = 10;
 
-Canvas FromRaster(const Raster& raster)
+static Canvas FromRaster(const Raster& raster)
 {
     Canvas canvas(raster.width, raster.height);
     const size_t step = size_t(raster.channels);
@@ -31,7 +28,7 @@ Canvas FromRaster(const Raster& raster)
     return canvas;
 }
 
-void Checker(Canvas& canvas, int left, int top, int width, int height)
+static void Checker(Canvas& canvas, int left, int top, int width, int height)
 {
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
@@ -41,7 +38,7 @@ void Checker(Canvas& canvas, int left, int top, int width, int height)
 }
 
 // The lettering goes onto the sheet, the sheet into its file.
-int Written(Canvas& sheet, const Mask& ink, size_t count, const std::string& path)
+static int Written(Canvas& sheet, const Mask& ink, size_t count, const std::string& path)
 {
     sheet.Cover(ink, palette::Ink);
     if (!WriteFile(path, Encoded(Finished(sheet, 3), path))) {
@@ -51,8 +48,6 @@ int Written(Canvas& sheet, const Mask& ink, size_t count, const std::string& pat
     std::printf("%zu pictures on %s\n", count, path.c_str());
     return 0;
 }
-
-} // namespace
 
 int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& path)
 {

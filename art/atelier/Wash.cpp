@@ -6,15 +6,10 @@
 namespace atelier
 {
 
-namespace
-{
-
-int Period(const Mask& mask, int extent, float size)
+static int Period(const Mask& mask, int extent, float size)
 {
     return mask.Wraps() ? std::max(1, Floor(float(extent) / size + 0.5f)) : 0;
 }
-
-} // namespace
 
 Mask WashDensity(const Paper& paper, const Mask& shape, const WashStyle& style, uint32_t seed,
                  const Mask* wet)

@@ -7,9 +7,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 struct Kind {
     const char* name;
     std::vector<int> tones;
@@ -17,7 +14,7 @@ struct Kind {
 };
 
 // Half tones above the root.
-const std::vector<Kind>& Kinds()
+static const std::vector<Kind>& Kinds()
 {
     // clang-format off
     static const std::vector<Kind> kinds = {
@@ -48,8 +45,6 @@ const std::vector<Kind>& Kinds()
     // clang-format on
     return kinds;
 }
-
-} // namespace
 
 bool Chord::Has(int pitch) const
 {

@@ -7,9 +7,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 
 struct Warp {
@@ -21,8 +18,6 @@ struct Warp {
         alpha = std::sin(w) / (2 * q);
     }
 };
-
-} // namespace
 
 void Biquad::Set(double c0, double c1, double c2, double d1, double d2)
 {

@@ -10,22 +10,19 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr float silenceLevel = 0.001f; // -60 dBFS
 
-bool Sounds(const Stereo& sound, int64_t i)
+static bool Sounds(const Stereo& sound, int64_t i)
 {
     return std::fabs(sound.left[i]) > silenceLevel || std::fabs(sound.right[i]) > silenceLevel;
 }
 
-double ToDecibelOfPower(double power)
+static double ToDecibelOfPower(double power)
 {
     return power > 1e-20 ? 10 * std::log10(power) : -200;
 }
 
-Samples Mono(const Stereo& sound, int64_t from, int64_t end)
+static Samples Mono(const Stereo& sound, int64_t from, int64_t end)
 {
     Samples mono(end - from);
     for (int64_t i = from; i < end; i++)
@@ -33,7 +30,7 @@ Samples Mono(const Stereo& sound, int64_t from, int64_t end)
     return mono;
 }
 
-void MeasureSpectrum(const Samples& mono, Figures& figures)
+static void MeasureSpectrum(const Samples& mono, Figures& figures)
 {
     constexpr int size = 4096;
     const std::vector<double> spectrum = MeanSpectrum(mono, 0, int64_t(mono.size()), size);
@@ -54,8 +51,6 @@ void MeasureSpectrum(const Samples& mono, Figures& figures)
     figures.high = ToDecibelOfPower(bands[2] / sum);
     figures.air = ToDecibelOfPower(bands[3] / sum);
 }
-
-} // namespace
 
 Figures Measure(const Stereo& sound, int64_t from, int64_t end)
 {

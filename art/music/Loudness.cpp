@@ -9,16 +9,13 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 constexpr int hop = sampleRate / 10;
 constexpr double silence = -200;
 
 // The two filters of the recommendation, which gives them for 48 kHz, brought to our rate by way of their
 // analog form.
-void SetHead(Biquad& filter)
+static void SetHead(Biquad& filter)
 {
     const double f = 1681.974450955533, q = 0.7071752369554196, gain = 3.999843853973347;
     const double k = std::tan(pi * f / sampleRate);
@@ -28,7 +25,7 @@ void SetHead(Biquad& filter)
                2 * (k * k - 1) / n, (1 - k / q + k * k) / n);
 }
 
-void SetLowEnd(Biquad& filter)
+static void SetLowEnd(Biquad& filter)
 {
     const double f = 38.13547087602444, q = 0.5003270373238773;
     const double k = std::tan(pi * f / sampleRate);
@@ -36,7 +33,7 @@ void SetLowEnd(Biquad& filter)
     filter.Set(1, -2, 1, 2 * (k * k - 1) / n, (1 - k / q + k * k) / n);
 }
 
-double ToLufs(double energy)
+static double ToLufs(double energy)
 {
     return energy > 1e-20 ? -0.691 + 10 * std::log10(energy) : silence;
 }
@@ -45,7 +42,7 @@ constexpr int taps = 12;
 constexpr int phases = 4;
 
 // A windowed sinc for each of the four places between two samples.
-std::array<std::array<float, taps>, phases> MakeInterpolator()
+static std::array<std::array<float, taps>, phases> MakeInterpolator()
 {
     std::array<std::array<float, taps>, phases> filter{};
     for (int phase = 0; phase < phases; phase++) {
@@ -62,8 +59,6 @@ std::array<std::array<float, taps>, phases> MakeInterpolator()
     }
     return filter;
 }
-
-} // namespace
 
 Loudness::Loudness(const Stereo& sound)
 {

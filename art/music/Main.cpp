@@ -14,10 +14,7 @@
 #include <filesystem>
 #include <string>
 
-namespace
-{
-
-const std::vector<cli::Option> optionTable = {
+static const std::vector<cli::Option> optionTable = {
     {"output", 'o', "SOUND",
      "Render to SOUND, 32-bit float WAV if it ends in .wav and else Ogg Vorbis, instead of to "
      "Data/moonwaltz.ogg, or to out/section-N.ogg with --section."},
@@ -37,19 +34,19 @@ struct Options {
     int section = -1;
 };
 
-int64_t EndOfNight(const waltz::Score& score)
+static int64_t EndOfNight(const waltz::Score& score)
 {
     return int64_t(score.Bars()) * waltz::samplesPerBar;
 }
 
-void PrintFigures(const char* name, const waltz::Figures& f)
+static void PrintFigures(const char* name, const waltz::Figures& f)
 {
     std::printf("%-10s %6.1f %6.1f %6.1f %6.1f  %5.0f  %5.1f %5.1f %5.1f %5.1f  %5.2f %5.1f  %.6f\n", name,
                 f.lufs, f.shortTerm, f.peak, f.truePeak, f.centroid, f.low, f.mid, f.high, f.air, f.likeness,
                 f.monoLoss, f.offset);
 }
 
-void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
+static void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
 {
     std::printf(
         "              LUFS  3 s    peak   true   centr.   <200   <1k   <4k  above   L=R  mono   offset\n");
@@ -66,7 +63,7 @@ void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
 }
 
 // False after a mistake, which was told.
-bool ReadOptions(cli::CommandLine& line, Options& options)
+static bool ReadOptions(cli::CommandLine& line, Options& options)
 {
     int64_t section = -1;
     if (!line.WholeNumber("section", 0, 9999, &section))
@@ -79,14 +76,14 @@ bool ReadOptions(cli::CommandLine& line, Options& options)
 }
 
 // The bars that an option asks for.
-waltz::Section Range(const waltz::Score& score, const Options& options)
+static waltz::Section Range(const waltz::Score& score, const Options& options)
 {
     if (options.section >= 0)
         return score.sections[options.section];
     return {"all", 0, score.Bars()};
 }
 
-int Render(const waltz::Score& score, const Options& options)
+static int Render(const waltz::Score& score, const Options& options)
 {
     const waltz::Section range = Range(score, options);
     std::string output = nightFile;
@@ -115,7 +112,7 @@ int Render(const waltz::Score& score, const Options& options)
     return 0;
 }
 
-int Verify(const waltz::Score& score, const Options& options, const waltz::Stereo& sound)
+static int Verify(const waltz::Score& score, const Options& options, const waltz::Stereo& sound)
 {
     const waltz::Section range = Range(score, options);
     const waltz::Resemblance found = waltz::Verify(score, sound, range.firstBar, range.endBar);
@@ -126,8 +123,6 @@ int Verify(const waltz::Score& score, const Options& options, const waltz::Stere
         range.name.c_str(), double(found.worstAt) / waltz::samplesPerBar, found.worst, waltz::nearness);
     return found.worst >= waltz::nearness ? 0 : 1;
 }
-
-} // namespace
 
 int main(int argc, char** argv)
 {

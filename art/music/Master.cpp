@@ -9,9 +9,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 // Measured: brings the whole night to -16 LUFS. Not worked out from the mix, so that a part of the night is
 // as loud as it is in the whole.
 constexpr float gainDecibel = 3.5f;
@@ -24,7 +21,7 @@ constexpr double fadeOut = 1.2; // a slope that keeps something to be heard up t
 
 // How much every sample has to be turned down: never less than the peaks within reach need, going down and up
 // smoothly.
-Samples GainsFor(const Samples& peaks, float ceiling)
+static Samples GainsFor(const Samples& peaks, float ceiling)
 {
     const size_t reach = size_t(lookAhead * sampleRate);
     Samples wanted(peaks.size()), held(peaks.size());
@@ -60,7 +57,7 @@ Samples GainsFor(const Samples& peaks, float ceiling)
     return smooth;
 }
 
-double FadeAt(int64_t sample, int64_t nightEnd)
+static double FadeAt(int64_t sample, int64_t nightEnd)
 {
     const double sinceStart = double(sample) / sampleRate;
     const double toEnd = double(nightEnd - 1 - sample) / sampleRate;
@@ -71,8 +68,6 @@ double FadeAt(int64_t sample, int64_t nightEnd)
         share *= std::pow(std::max(toEnd, 0.0) / fadeOut, 0.4);
     return share;
 }
-
-} // namespace
 
 void Master(Stereo& mix, int64_t nightEnd)
 {

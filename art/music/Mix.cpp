@@ -13,14 +13,11 @@
 namespace waltz
 {
 
-namespace
-{
-
 // Rendered ahead of a window and thrown away: longer than any note rings on and the room remembers.
 constexpr int64_t preroll = 9 * sampleRate;
 constexpr int64_t longestRing = 9 * sampleRate;
 
-Samples PlayStruck(const Note& note, Sound sound)
+static Samples PlayStruck(const Note& note, Sound sound)
 {
     switch (sound) {
     case Sound::MusicBox:
@@ -42,7 +39,7 @@ Samples PlayStruck(const Note& note, Sound sound)
     }
 }
 
-Stereo PlaySustained(const Phrase& phrase, const Dynamics& dynamics, const Part& part)
+static Stereo PlaySustained(const Phrase& phrase, const Dynamics& dynamics, const Part& part)
 {
     switch (part.sound) {
     case Sound::Reed:
@@ -62,14 +59,14 @@ Stereo PlaySustained(const Phrase& phrase, const Dynamics& dynamics, const Part&
 }
 
 // A keyboard lies across the picture: low keys left, high keys right.
-float SeatOf(const Note& note, const Part& part)
+static float SeatOf(const Note& note, const Part& part)
 {
     if (part.sound == Sound::FeltPiano || part.sound == Sound::Celesta || part.sound == Sound::MusicBox)
         return part.pan + 0.015f * float(note.pitch - 64);
     return part.pan;
 }
 
-void PlayVoice(const Voice& voice, const Part& part, Stereo& stem)
+static void PlayVoice(const Voice& voice, const Part& part, Stereo& stem)
 {
     const int64_t end = stem.origin + stem.Size();
     for (const Phrase& phrase : Perform(voice, part)) {
@@ -91,14 +88,12 @@ void PlayVoice(const Voice& voice, const Part& part, Stereo& stem)
     }
 }
 
-Stereo Window(const Stereo& sound, int64_t from, int64_t end)
+static Stereo Window(const Stereo& sound, int64_t from, int64_t end)
 {
     Stereo window(from, end - from);
     window.Add(sound, 1);
     return window;
 }
-
-} // namespace
 
 bool RenderMix(const Score& score, int64_t from, int64_t end, const std::string& stemFolder, Stereo& mix)
 {

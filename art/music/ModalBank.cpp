@@ -7,20 +7,15 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 constexpr size_t blockSize = 256;
 constexpr float inaudible = 1e-6f;
 
 // What a mode is multiplied with each sample to lose 60 dB in `decay` seconds.
-double Shrink(double decay)
+static double Shrink(double decay)
 {
     return std::exp(-6.907755 / (std::max(decay, 0.001) * sampleRate));
 }
-
-} // namespace
 
 void ModalBank::Add(double hz, double amplitude, double decay, double phase)
 {

@@ -9,9 +9,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 // clang-format off
 constexpr VoicingRange handRange = {{50, 53, 57}, {60, 64, 67}}; // the pianist's right hand, under the tune
 constexpr VoicingRange padRange  = {{48, 55, 60}, {59, 67, 74}}; // cello, viola, violin
@@ -32,7 +29,7 @@ struct Pattern {
 
 constexpr int bass = 0, chord = 4;
 
-const std::vector<Pattern>& StruckPatterns()
+static const std::vector<Pattern>& StruckPatterns()
 {
     // clang-format off
     static const std::vector<Pattern> patterns = {
@@ -49,7 +46,7 @@ const std::vector<Pattern>& StruckPatterns()
     return patterns;
 }
 
-const Pattern* FindStruck(const std::string& name)
+static const Pattern* FindStruck(const std::string& name)
 {
     for (const Pattern& pattern : StruckPatterns())
         if (name == pattern.name)
@@ -57,13 +54,13 @@ const Pattern* FindStruck(const std::string& name)
     return nullptr;
 }
 
-bool IsBowed(const std::string& name)
+static bool IsBowed(const std::string& name)
 {
     return name == "pad" || name == "trem";
 }
 
 // The bass note nearest to the last one.
-int NextBass(int pitchClass, int last)
+static int NextBass(int pitchClass, int last)
 {
     int best = 0;
     for (int pitch = bassLow; pitch <= bassHigh; pitch++)
@@ -80,7 +77,7 @@ struct Span {
     bool joined;    // to the span before it, without a gap
 };
 
-void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, std::vector<Tone>& tones)
+static void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, std::vector<Tone>& tones)
 {
     const double barBeat = span.bar->bar * beatsPerBar;
     for (const Strike& strike : FindStruck(span.bar->pattern)->strikes) {
@@ -106,7 +103,7 @@ void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, std::ve
     }
 }
 
-void PlayBowed(const Span& span, const Voicing& voicing, std::vector<Tone>& tones)
+static void PlayBowed(const Span& span, const Voicing& voicing, std::vector<Tone>& tones)
 {
     for (int i = 0; i < 3; i++) {
         Tone tone;
@@ -130,8 +127,6 @@ void PlayBowed(const Span& span, const Voicing& voicing, std::vector<Tone>& tone
             tones.push_back(tone);
     }
 }
-
-} // namespace
 
 bool IsPattern(const std::string& name)
 {

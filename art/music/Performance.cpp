@@ -9,9 +9,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 // How the hand errs. In seconds, except weights.
 constexpr double secondBeatEarly = 0.013;
 constexpr double strayDownbeat = 0.002;
@@ -27,17 +24,17 @@ constexpr float accentWeight = 1.22f;
 constexpr double staccatoShare = 0.55;
 constexpr double liftedShare = 0.82;
 
-double PlaceInBar(double beat)
+static double PlaceInBar(double beat)
 {
     return beat - beatsPerBar * std::floor(beat / beatsPerBar + 1e-9);
 }
 
-bool IsAt(double place, double beat)
+static bool IsAt(double place, double beat)
 {
     return std::abs(place - beat) < 1e-3;
 }
 
-float Weight(double place)
+static float Weight(double place)
 {
     if (IsAt(place, 0))
         return 1;
@@ -48,7 +45,7 @@ float Weight(double place)
     return eighthWeight;
 }
 
-uint32_t SeedOf(const Part& part, const Tone& tone)
+static uint32_t SeedOf(const Part& part, const Tone& tone)
 {
     uint32_t seed = 17;
     for (const char* letter = part.name; *letter != 0; letter++)
@@ -56,7 +53,7 @@ uint32_t SeedOf(const Part& part, const Tone& tone)
     return Noise::Mix(seed * 7919 + uint32_t(std::lround(tone.beat * 24)) * 131 + uint32_t(tone.pitch));
 }
 
-Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
+static Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
 {
     Note note;
     note.seed = SeedOf(part, tone);
@@ -89,8 +86,6 @@ Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
     note.strength = std::clamp(voice.dynamics.LevelAt(tone.beat) * weight, 0.0f, 1.0f);
     return note;
 }
-
-} // namespace
 
 std::vector<Phrase> Perform(const Voice& voice, const Part& part)
 {

@@ -9,9 +9,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 // FNV-1a.
 class Digest
 {
@@ -36,8 +33,6 @@ public:
 private:
     uint64_t value = 14695981039346656037u;
 };
-
-} // namespace
 
 std::string ScoreDigest(const Score& score)
 {

@@ -9,9 +9,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr int lineCount = 16;
 constexpr double decayLow = 2.7;    // seconds for 60 dB
 constexpr double decayTreble = 1.1; // the same at half the sample rate
@@ -101,7 +98,7 @@ struct Loss {
 };
 
 // Everything into everything, with the same energy: a Hadamard matrix, by sums and differences.
-void Scatter(std::array<float, lineCount>& x)
+static void Scatter(std::array<float, lineCount>& x)
 {
     for (int step = 1; step < lineCount; step *= 2) {
         for (int i = 0; i < lineCount; i += 2 * step) {
@@ -115,8 +112,6 @@ void Scatter(std::array<float, lineCount>& x)
     for (float& each : x)
         each *= 0.25f;
 }
-
-} // namespace
 
 Stereo RoomOf(const Stereo& sent)
 {

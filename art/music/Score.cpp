@@ -9,13 +9,8 @@
 namespace waltz
 {
 
-namespace
-{
-
 // Beats come from sums of eighths and triplets.
 constexpr double epsilon = 1e-6;
-
-} // namespace
 
 void Dynamics::Mark(double beat, float level)
 {

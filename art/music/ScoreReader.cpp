@@ -15,9 +15,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double epsilon = 1e-6;
 
 struct MarkName {
@@ -38,7 +35,7 @@ constexpr const char* sectionFiles[] = {
 };
 // clang-format on
 
-std::vector<std::string> Split(const std::string& text, char border)
+static std::vector<std::string> Split(const std::string& text, char border)
 {
     std::vector<std::string> parts;
     std::istringstream stream(text);
@@ -47,7 +44,7 @@ std::vector<std::string> Split(const std::string& text, char border)
     return parts;
 }
 
-std::vector<std::string> Words(const std::string& text)
+static std::vector<std::string> Words(const std::string& text)
 {
     std::vector<std::string> words;
     std::istringstream stream(text);
@@ -57,7 +54,7 @@ std::vector<std::string> Words(const std::string& text)
 }
 
 // "1.5" of "A4:1.5"; the rest of a token behind its colon.
-bool ReadBeats(const std::string& text, size_t& at, double& beats)
+static bool ReadBeats(const std::string& text, size_t& at, double& beats)
 {
     const char* begin = text.c_str() + at;
     char* end = nullptr;
@@ -65,8 +62,6 @@ bool ReadBeats(const std::string& text, size_t& at, double& beats)
     at += end - begin;
     return end != begin && beats > 0 && beats <= 64;
 }
-
-} // namespace
 
 ScoreReader::ScoreReader()
 {

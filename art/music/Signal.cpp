@@ -7,13 +7,10 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 constexpr int tableSize = 4096;
 
-const Samples& SineTable()
+static const Samples& SineTable()
 {
     static const Samples table = [] {
         Samples sines(tableSize + 1);
@@ -23,8 +20,6 @@ const Samples& SineTable()
     }();
     return table;
 }
-
-} // namespace
 
 void Stereo::Add(const Samples& sound, int64_t start, float gain, float pan)
 {

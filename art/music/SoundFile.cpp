@@ -10,16 +10,13 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double quality = 0.6;
 constexpr uint32_t serialNumber = 0x4d4f4f4e; // "MOON"
 
 // The library writes long buffers of Vorbis on the stack: small ones, then.
 constexpr int64_t chunk = 2048;
 
-bool WriteFrames(SNDFILE* file, const Stereo& sound)
+static bool WriteFrames(SNDFILE* file, const Stereo& sound)
 {
     Samples frames(2 * chunk);
     for (int64_t begin = 0; begin < sound.Size(); begin += chunk) {
@@ -34,7 +31,7 @@ bool WriteFrames(SNDFILE* file, const Stereo& sound)
     return true;
 }
 
-uint32_t OggChecksum(const unsigned char* bytes, size_t count)
+static uint32_t OggChecksum(const unsigned char* bytes, size_t count)
 {
     uint32_t sum = 0;
     for (size_t i = 0; i < count; i++) {
@@ -45,14 +42,14 @@ uint32_t OggChecksum(const unsigned char* bytes, size_t count)
     return sum;
 }
 
-void StoreLittleEndian(unsigned char* bytes, uint32_t value)
+static void StoreLittleEndian(unsigned char* bytes, uint32_t value)
 {
     for (int i = 0; i < 4; i++)
         bytes[i] = static_cast<unsigned char>(value >> (8 * i));
 }
 
 // Gives every page of an Ogg file our serial number, and the checksum that goes with it.
-bool SetSerialNumber(const std::string& path)
+static bool SetSerialNumber(const std::string& path)
 {
     std::FILE* file = std::fopen(path.c_str(), "r+b");
     if (file == nullptr)
@@ -85,8 +82,6 @@ bool SetSerialNumber(const std::string& path)
     whole = whole && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
     return std::fclose(file) == 0 && whole;
 }
-
-} // namespace
 
 bool WriteWave(const std::string& path, const Stereo& sound)
 {

@@ -6,12 +6,7 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
-
-} // namespace
 
 void FourierTransform(std::vector<std::complex<double>>& values)
 {

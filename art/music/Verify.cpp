@@ -8,13 +8,8 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr int64_t tenth = sampleRate / 10;
 constexpr double faintest = 1e-6; // power of -60 dBFS
-
-} // namespace
 
 Resemblance Compare(const Stereo& rendered, const Stereo& file)
 {

@@ -8,9 +8,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 // Prices of what one would rather not hear; the row of voicings with the smallest sum wins.
 constexpr int missingColour = 30;
 constexpr int missingRoot = 2; // the bass has it
@@ -29,7 +26,7 @@ struct Candidate {
     int price;
 };
 
-int PriceOf(const Chord& chord, const Voicing& v)
+static int PriceOf(const Chord& chord, const Voicing& v)
 {
     int price = 0;
     const auto count = [&](int tone) {
@@ -54,7 +51,7 @@ int PriceOf(const Chord& chord, const Voicing& v)
     return price;
 }
 
-int PriceOfStep(const Voicing& from, const Voicing& to)
+static int PriceOfStep(const Voicing& from, const Voicing& to)
 {
     int price = 0;
     for (size_t i = 0; i < from.size(); i++) {
@@ -72,7 +69,7 @@ int PriceOfStep(const Voicing& from, const Voicing& to)
     return price;
 }
 
-std::vector<Candidate> CandidatesOf(const Chord& chord, const VoicingRange& range)
+static std::vector<Candidate> CandidatesOf(const Chord& chord, const VoicingRange& range)
 {
     std::vector<Candidate> candidates;
     Voicing v{};
@@ -89,8 +86,6 @@ std::vector<Candidate> CandidatesOf(const Chord& chord, const VoicingRange& rang
     }
     return candidates;
 }
-
-} // namespace
 
 std::vector<Voicing> SetVoices(const std::vector<Chord>& chords, const VoicingRange& range)
 {

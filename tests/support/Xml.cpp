@@ -6,9 +6,6 @@
 #include <cstdlib>
 #include <sstream>
 
-namespace
-{
-
 struct Parsing {
     XmlElement top; // holds the root
     std::vector<size_t> path;
@@ -21,8 +18,6 @@ struct Parsing {
         return *element;
     }
 };
-
-} // namespace
 
 static void Begin(void* context, const char* name, const char** attributes)
 {

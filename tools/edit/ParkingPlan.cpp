@@ -20,17 +20,12 @@ std::vector<int64_t> ParkingPlaces(int64_t frames, int count)
     return places;
 }
 
-namespace
-{
-
 // Who keeps which place: a process keeps the next place behind it, if it is the furthest that could.
 struct Assignment {
     size_t fresh = nobody;       // the process at -1
     std::vector<size_t> keepers; // of each place, or nobody
     std::vector<size_t> surplus; // the rest
 };
-
-} // namespace
 
 static Assignment Assign(const std::vector<int64_t>& positions, const std::vector<int64_t>& places)
 {

@@ -81,9 +81,6 @@ static void LimitProcess(uint64_t memoryLimit)
     _exit(ShowHostOutOfMemory);
 }
 
-namespace
-{
-
 class ShowHost : private capture::FrameListener
 {
 public:
@@ -406,8 +403,6 @@ void ShowHost::Send(const ShowReply& reply, const std::string& text)
         shared->beats++;
     }
 }
-
-} // namespace
 
 void RunShowHost()
 {

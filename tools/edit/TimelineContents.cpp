@@ -11,15 +11,10 @@
 namespace edit
 {
 
-namespace
-{
-
 struct TimedItem {
     uint32_t time;
     ItemId item;
 };
-
-} // namespace
 
 static void AddMessages(const Outline& outline, lint::Show* show, TimelineContents* contents)
 {

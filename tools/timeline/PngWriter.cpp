@@ -8,9 +8,6 @@
 namespace timeline
 {
 
-namespace
-{
-
 class CairoDrawing : public Drawing
 {
 public:
@@ -29,8 +26,6 @@ private:
 
     cairo_t* cairo;
 };
-
-} // namespace
 
 static const double quarter = 1.5707963267949; // of a turn
 

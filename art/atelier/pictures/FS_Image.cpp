@@ -14,20 +14,17 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr Vec2 Disc = {622, 268};
 constexpr float DiscRadius = 206;
 
-Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
+static Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
 {
     Line outline = Through(a), back = Through(b);
     outline.insert(outline.end(), back.rbegin(), back.rend());
     return outline;
 }
 
-Shape Him()
+static Shape Him()
 {
     Shape shape = Between(HisBack, HisFront);
     shape.Add(Round(HisFace));
@@ -36,7 +33,7 @@ Shape Him()
     return shape;
 }
 
-Shape Her()
+static Shape Her()
 {
     Shape shape = Between(HerFront, HerBack);
     shape.Add(Round(HerFace));
@@ -46,7 +43,7 @@ Shape Her()
     return shape;
 }
 
-void PaintSky(Canvas& canvas, const Paper& paper)
+static void PaintSky(Canvas& canvas, const Paper& paper)
 {
     const WashStyle style = {.pool = 0, .granulation = 0.3f, .bloom = 0.7f, .bloomSize = 230, .stray = 0};
     const Mask down = Mask(W, H).Each(
@@ -93,7 +90,7 @@ void PaintSky(Canvas& canvas, const Paper& paper)
 }
 
 // Folds of land behind them, each with its hedges and trees.
-void PaintFar(Canvas& canvas, const Paper& paper)
+static void PaintFar(Canvas& canvas, const Paper& paper)
 {
     const Noise noise(21);
     for (int layer = 0; layer < 3; layer++) {
@@ -141,8 +138,8 @@ void PaintFar(Canvas& canvas, const Paper& paper)
 }
 
 // A body: an opaque wash that is lighter towards the disc, with dry furrows along it.
-void PaintBody(Canvas& canvas, const Paper& paper, const Mask& shape, Colour light, Colour dark,
-               uint32_t seed)
+static void PaintBody(Canvas& canvas, const Paper& paper, const Mask& shape, Colour light, Colour dark,
+                      uint32_t seed)
 {
     const Mask density = WashDensity(
         paper, shape,
@@ -154,8 +151,9 @@ void PaintBody(Canvas& canvas, const Paper& paper, const Mask& shape, Colour lig
     });
 }
 
-void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a, const std::vector<Vec2>& b,
-                 int count, float width, const Mask& within, Colour light, Colour dark, uint32_t seed)
+static void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a,
+                        const std::vector<Vec2>& b, int count, float width, const Mask& within, Colour light,
+                        Colour dark, uint32_t seed)
 {
     Mask bright(W, H), deep(W, H);
     DryBrush brush(bright, paper,
@@ -174,7 +172,7 @@ void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a,
 }
 
 // A village on her hip: a few gables, a church, and lit windows.
-void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
+static void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
 {
     Mask ink(W, H), windows(W, H);
     Pen pen(windows, paper, {.width = 2, .wobble = 0}, 61);
@@ -205,7 +203,7 @@ void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
     canvas.Light(windows.Blurred(7), palette::Amber, 1.2f);
 }
 
-Canvas Painting()
+static Canvas Painting()
 {
     Canvas canvas(W, H);
     const Paper& paper = SketchPaper();
@@ -422,8 +420,6 @@ Canvas Painting()
     paper.Show(canvas, 0.4f);
     return canvas;
 }
-
-} // namespace
 
 // clang-format off
 Group FS_ImagePictures()

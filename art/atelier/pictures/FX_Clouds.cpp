@@ -12,9 +12,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The sky fills the whole screen, so it is painted in the screen's proportion and squeezed at the end.
 constexpr int W = 1707, H = 1024;
 constexpr Vec2 Moon = {1120, 395};
@@ -27,11 +24,11 @@ struct Tones {
 };
 
 // clang-format off
-const Tones Blue = {
+static const Tones Blue = {
     palette::Ink * 0.8f, palette::Night, Mix(palette::Slate, palette::Mist, 0.18f),
     Mix(palette::Bone, palette::Mist, 0.12f), palette::Mist * 0.8f,
     Mix(palette::Ink, palette::Night, 0.75f), Mix(palette::Night, palette::Slate, 0.75f), Mix(palette::Mist, palette::Bone, 0.35f)};
-const Tones Amber = {
+static const Tones Amber = {
     Mix(palette::Ink, palette::Rust, 0.12f) * 0.8f, palette::Rust * 0.42f, Mix(palette::Rust, palette::Ochre, 0.55f),
     Mix(palette::Bone, palette::Amber, 0.4f), palette::Ochre * 0.9f,
     Mix(palette::Ink, palette::Rust, 0.28f) * 0.9f, Mix(palette::Rust, palette::Ink, 0.25f), Mix(palette::Amber, palette::Bone, 0.2f)};
@@ -40,8 +37,8 @@ const Tones Amber = {
 // One billow of the sea: a ragged ball of wash, lit from where the moon is, that loses itself downwards. Its
 // pigment has dried darker along the edge, and a pen of `nib` pixels has gone round its head, lifting now and
 // then.
-void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry, const Tones& tones,
-            float light, float haze, float nib)
+static void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry, const Tones& tones,
+                   float light, float haze, float nib)
 {
     const Paper& paper = SketchPaper();
     const Vec2 toMoon = Normalised(Moon - centre);
@@ -76,7 +73,7 @@ void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry,
         }
 }
 
-Canvas Sky(const Tones& tones)
+static Canvas Sky(const Tones& tones)
 {
     const Paper& paper = SketchPaper();
     Canvas canvas(W, H, tones.zenith);
@@ -173,12 +170,12 @@ Canvas Sky(const Tones& tones)
     return Squeezed(canvas, 1024, 1024);
 }
 
-Canvas BlueSky()
+static Canvas BlueSky()
 {
     return Sky(Blue);
 }
 
-Canvas AmberSky()
+static Canvas AmberSky()
 {
     return Sky(Amber);
 }
@@ -188,7 +185,7 @@ constexpr int Size = 512;
 constexpr float Thickest = 0.33f;
 
 // Where the cloud lies: balls that grow into each other, the same for both.
-Mask Balls()
+static Mask Balls()
 {
     Mask balls(Size, Size);
     Dice dice(51);
@@ -201,7 +198,7 @@ Mask Balls()
     return balls;
 }
 
-Canvas Laid(const Mask& amount, const Mask& light, Colour dark, Colour bright)
+static Canvas Laid(const Mask& amount, const Mask& light, Colour dark, Colour bright)
 {
     Mask alpha = amount;
     alpha.FadeToBorder(90);
@@ -215,7 +212,7 @@ Canvas Laid(const Mask& amount, const Mask& light, Colour dark, Colour bright)
     return canvas;
 }
 
-Canvas Cloud()
+static Canvas Cloud()
 {
     const Noise curl(52);
     const Paper& paper = SketchPaper(512);
@@ -249,7 +246,7 @@ Canvas Cloud()
                 Mix(palette::Mist, palette::Bone, 0.75f));
 }
 
-Canvas Smoke()
+static Canvas Smoke()
 {
     const Noise curl(61), thread(62);
     // Soft enough that no outline of a ball is left, torn by a warp of many sizes.
@@ -267,8 +264,6 @@ Canvas Smoke()
     return Laid(amount, light, Mix(palette::Ink, palette::Rust, 0.5f),
                 Mix(palette::Amber, palette::Parchment, 0.35f));
 }
-
-} // namespace
 
 Group FX_CloudsPictures()
 {

@@ -8,13 +8,10 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The stone that the trees are of. Every side of every block shows the whole tile, mostly no larger than a
 // thumbnail: one stone, pale enough to be seen in the shade, with a few cracks, moss in large patches, and
 // the pen's outline where block meets block.
-Canvas MossyStone()
+static Canvas MossyStone()
 {
     constexpr int Side = 512;
     constexpr float Size = Side;
@@ -90,7 +87,7 @@ using Mark = void (*)(Pen& pen);
 
 // The first name is shown nearly twice as wide as high, the others a little higher than wide; `narrow` makes
 // up for it. A name in pen, bone on a soft shade of night, with a mark of its owner's craft at its left.
-Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
+static Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
 {
     const Paper& paper = SketchPaper();
     Mask ink(NameWidth, NameHeight);
@@ -120,7 +117,7 @@ Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
 }
 
 // A reed's mouthpiece and the conical pipe with its holes.
-void Reed(Pen& pen)
+static void Reed(Pen& pen)
 {
     pen.Stroke(Through({{22, 96}, {70, 66}, {112, 34}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
     pen.Stroke(Through({{34, 116}, {82, 80}, {118, 42}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
@@ -131,7 +128,7 @@ void Reed(Pen& pen)
         pen.Dot(Vec2{42, 92} + Vec2{14, -10.5f} * float(i), 3.2f);
 }
 
-void Brush(Pen& pen)
+static void Brush(Pen& pen)
 {
     pen.Stroke(Through({{136, 16}, {104, 42}, {76, 66}}), {.start = 0.5f, .middle = 1, .end = 1});
     pen.Stroke(Straight({{82, 54}, {90, 68}}), {.start = 1, .middle = 1, .end = 1});
@@ -142,7 +139,7 @@ void Brush(Pen& pen)
     pen.Splatter({32, 104}, 18, 8, 3);
 }
 
-void Gear(Pen& pen, Vec2 at, float radius, int teeth, float turned)
+static void Gear(Pen& pen, Vec2 at, float radius, int teeth, float turned)
 {
     Line rim;
     for (int i = 0; i <= teeth * 4; i++) {
@@ -152,13 +149,13 @@ void Gear(Pen& pen, Vec2 at, float radius, int teeth, float turned)
     pen.Stroke(Straight(rim), {.start = 0.8f, .middle = 1, .end = 0.8f});
     pen.Stroke(Ellipse(at, radius * 0.3f, radius * 0.3f), {.start = 0.8f, .middle = 0.9f, .end = 0.7f});
 }
-void Gears(Pen& pen)
+static void Gears(Pen& pen)
 {
     Gear(pen, {58, 76}, 36, 10, 0.1f);
     Gear(pen, {112, 42}, 25, 8, 0.4f);
 }
 
-void Lamp(Pen& pen)
+static void Lamp(Pen& pen)
 {
     pen.Stroke(Through({{44, 108}, {58, 112}, {86, 112}, {100, 108}}),
                {.start = 0.8f, .middle = 1, .end = 0.8f});
@@ -174,24 +171,22 @@ void Lamp(Pen& pen)
                        {.start = 0.9f, .middle = 0.6f, .end = 0});
 }
 
-Canvas NameFen()
+static Canvas NameFen()
 {
     return Name("fen tarogato", 0.66f, Reed, 721);
 }
-Canvas NameOchre()
+static Canvas NameOchre()
 {
     return Name("ochre", 1.25f, Brush, 731);
 }
-Canvas NameDunmarrow()
+static Canvas NameDunmarrow()
 {
     return Name("dunmarrow", 1.25f, Gears, 741);
 }
-Canvas NameLowbeam()
+static Canvas NameLowbeam()
 {
     return Name("lowbeam", 1.25f, Lamp, 751);
 }
-
-} // namespace
 
 // clang-format off
 Group FX_CreditsPictures()

@@ -6,9 +6,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // Painted in the proportion in which it is shown at rest, 717 to 591. Of that the screen cuts 4.5 percent
 // above and below.
 constexpr int W = 1242, H = 1024;
@@ -20,23 +17,23 @@ struct Finger {
 };
 
 // clang-format off
-const std::vector<Finger> Fingers = {
+static const std::vector<Finger> Fingers = {
     {{{530, 560}, {508, 420}, {490, 318}, {478, 232}}, 38, 35, 21}, // index
     {{{602, 545}, {600, 390}, {606, 264}, {612, 168}}, 39, 36, 22},
     {{{668, 552}, {690, 414}, {712, 300}, {726, 214}}, 37, 34, 21},
     {{{708, 604}, {790, 504}, {850, 436}, {898, 380}}, 34, 28, 17}, // little finger
     {{{560, 742}, {462, 676}, {396, 588}, {352, 496}}, 56, 43, 24}, // thumb
 };
-const std::vector<Vec2> Palm = {{504, 560}, {560, 520}, {650, 520}, {720, 560}, {742, 640}, {728, 740}, {690, 830}, {686, 920}, {566, 924}, {548, 840}, {508, 760}, {492, 660}};
+static const std::vector<Vec2> Palm = {{504, 560}, {560, 520}, {650, 520}, {720, 560}, {742, 640}, {728, 740}, {690, 830}, {686, 920}, {566, 924}, {548, 840}, {508, 760}, {492, 660}};
 // clang-format on
 
 // The hand comes in a little from the right, as hands do that are thrown up in haste.
-Line Tilted(const Line& line)
+static Line Tilted(const Line& line)
 {
     return Turned(line, -0.13f, {610, 760});
 }
 
-Shape Hand()
+static Shape Hand()
 {
     Shape hand = Tilted(Round(Palm));
     for (const Finger& finger : Fingers) {
@@ -49,7 +46,7 @@ Shape Hand()
 }
 
 // A joint: two or three short creases across a finger.
-void DrawCreases(Pen& pen, const Line& spine, float at, float half, int count)
+static void DrawCreases(Pen& pen, const Line& spine, float at, float half, int count)
 {
     for (int i = 0; i < count; i++) {
         const float t = at + 0.022f * float(i);
@@ -59,7 +56,7 @@ void DrawCreases(Pen& pen, const Line& spine, float at, float half, int count)
     }
 }
 
-Canvas Photograph()
+static Canvas Photograph()
 {
     const Paper& paper = SketchPaper();
     // The parts of the hand grow together where they meet.
@@ -241,8 +238,6 @@ Canvas Photograph()
     canvas.Lay(border.CutOut(frame), 0, 0);
     return Squeezed(canvas, 1024, 1024);
 }
-
-} // namespace
 
 // clang-format off
 Group FX_FlashHandPictures()

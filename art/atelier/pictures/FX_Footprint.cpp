@@ -9,15 +9,12 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The print is drawn twice as large as its texture. The walk goes to the left; the light comes from there,
 // low, so that the mirrored print of the other foot is lit from the same side.
 constexpr int W = 1024, H = 512;
 
 // clang-format off
-const std::vector<Vec2> Sole = {
+static const std::vector<Vec2> Sole = {
     {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 118}, {350, 106}, {292, 136},
     {264, 200}, {264, 272}, {292, 342}, {352, 392}, {450, 404}, {560, 392}, {680, 374}, {800, 368}, {890, 346}, {938, 308},
 };
@@ -25,7 +22,7 @@ struct Toe {
     Vec2 middle;
     float length, breadth, turn; // half, half, radians
 };
-const Toe Toes[] = {
+static const Toe Toes[] = {
     {{184, 126}, 68, 48, -0.08f}, // the big one
     {{166, 210}, 43, 30,  0.04f},
     {{178, 268}, 38, 27,  0.14f},
@@ -35,7 +32,7 @@ const Toe Toes[] = {
 // clang-format on
 
 // Where the foot presses, 0 to 1: deepest under heel, ball and toes, hardly at the arch.
-Mask Pressed()
+static Mask Pressed()
 {
     Mask foot = Filled(W, H, Round(Sole));
     for (const Toe& toe : Toes)
@@ -52,7 +49,7 @@ Mask Pressed()
 
 // The ridges of the skin, 1 on a ridge and 0 between: whorls under ball and heel that run into each other
 // across the arch, and one in each toe.
-Mask Ridges()
+static Mask Ridges()
 {
     constexpr float Spacing = 13.5f, Melt = 64;
     const Noise warp(17), width(18);
@@ -73,7 +70,7 @@ Mask Ridges()
     });
 }
 
-Canvas Footprint()
+static Canvas Footprint()
 {
     const Paper& paper = SketchPaper();
     const Mask pressed = Pressed(), ridges = Ridges();
@@ -137,7 +134,7 @@ Canvas Footprint()
 
 // The same print as light: its ridges burn, brightest where the foot pressed hardest. It comes so near that it keeps
 // the size in which it is drawn.
-Canvas FootprintWhite()
+static Canvas FootprintWhite()
 {
     const Mask pressed = Pressed();
     const Noise breath(20);
@@ -157,7 +154,7 @@ Canvas FootprintWhite()
 // Wind-ribbed sand, a tile. In the scene a tile is 30 units across the walk and 15 along it, so ribs are
 // drawn twice as steep as they will lie. Its corner is what the far band to the horizon is made of, so a
 // rib's middle tone lies there.
-Canvas Sand()
+static Canvas Sand()
 {
     constexpr int Size = 512, Ribs = 21;
     const Paper& paper = SketchPaper(512);
@@ -243,8 +240,6 @@ Canvas Sand()
     paper.Show(canvas, 0.5f);
     return canvas;
 }
-
-} // namespace
 
 // clang-format off
 Group FX_FootprintPictures()

@@ -9,13 +9,10 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A window in its frame, which one passes at arm's length. The frame stands inside the
 // picture, so that its uneven edge shows, and a lit window has room for its light: the wall about it is black,
 // and all that is seen of it is what the lamp throws there.
-Canvas Window(bool lit)
+static Canvas Window(bool lit)
 {
     constexpr int Side = 512;
     constexpr float Size = Side, Middle = Size / 2;
@@ -100,11 +97,11 @@ Canvas Window(bool lit)
     return shine.Lay(canvas, 0, 0);
 }
 
-Canvas LitWindow()
+static Canvas LitWindow()
 {
     return Window(true);
 }
-Canvas DarkWindow()
+static Canvas DarkWindow()
 {
     return Window(false);
 }
@@ -112,7 +109,7 @@ Canvas DarkWindow()
 // It is laid twice over the whole view, once so large that only what lies within two thirds of the way to the
 // border is seen: one ring round the fire, one that opens and closes. Drawn in three goes of a brush that
 // does not come back to where it began; embers fly off it.
-Canvas RingOfLight()
+static Canvas RingOfLight()
 {
     constexpr int Side = 512;
     constexpr Vec2 Middle = {256, 256};
@@ -157,8 +154,6 @@ Canvas RingOfLight()
     DarkenBorder(canvas, 24);
     return canvas;
 }
-
-} // namespace
 
 // clang-format off
 Group FX_PathPictures()

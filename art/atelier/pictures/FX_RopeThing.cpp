@@ -6,14 +6,11 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
 // four times as long as it is drawn: scales are few, large and drawn narrow and tall, the back is barred, the
 // gill has a burning edge, the belly is pale. The head comes so near that it alone is half the screen, so it
 // is worked with the pen: furrows over the skull, freckles, the plates of the cheek.
-Canvas FishSkin()
+static Canvas FishSkin()
 {
     constexpr int Side = 1024;
     // Places below are those of a sheet half as large.
@@ -177,7 +174,7 @@ Canvas FishSkin()
 }
 
 // The ball of the eye from the front; its rim goes on round the back.
-Canvas FishEye()
+static Canvas FishEye()
 {
     constexpr int Side = 256;
     constexpr Vec2 Middle = {128, 128};
@@ -225,8 +222,6 @@ Canvas FishEye()
     paper.Show(canvas, 0.3f);
     return canvas;
 }
-
-} // namespace
 
 // clang-format off
 Group FX_RopeThingPictures()

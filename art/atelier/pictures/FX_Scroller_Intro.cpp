@@ -6,22 +6,19 @@
 namespace atelier
 {
 
-namespace
-{
-
-Canvas Sky1()
+static Canvas Sky1()
 {
     return SkyPart(0);
 }
-Canvas Sky2()
+static Canvas Sky2()
 {
     return SkyPart(1);
 }
-Canvas Sky3()
+static Canvas Sky3()
 {
     return SkyPart(2);
 }
-Canvas Sky4()
+static Canvas Sky4()
 {
     return SkyPart(3);
 }
@@ -30,7 +27,7 @@ Canvas Sky4()
 // tree, where dozens of them lie over each other and are added up, so it falls off steeply and has hardly any
 // blue: the sum burns through rust and ochre to amber, and only where cores lie on cores to bone. The core is
 // not quite round.
-Canvas Spark()
+static Canvas Spark()
 {
     constexpr int Size = 128;
     constexpr float Middle = Size / 2.0f;
@@ -53,8 +50,6 @@ Canvas Spark()
     });
     return canvas;
 }
-
-} // namespace
 
 // clang-format off
 Group FX_Scroller_IntroPictures()

@@ -7,11 +7,8 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A point on a wheel that rolls inside (or, with a negative radius, outside) a ring, till the line closes.
-Line Spirograph(Vec2 centre, float ring, float wheel, float pen, int turns)
+static Line Spirograph(Vec2 centre, float ring, float wheel, float pen, int turns)
 {
     Line line;
     const int count = turns * 360;
@@ -25,7 +22,7 @@ Line Spirograph(Vec2 centre, float ring, float wheel, float pen, int turns)
 }
 
 // An opening spiral, from `inner` to `outer` pixels.
-Line Spiral(Vec2 centre, float inner, float outer, float turns, float turned)
+static Line Spiral(Vec2 centre, float inner, float outer, float turns, float turned)
 {
     Line line;
     const int count = Floor(turns * 180);
@@ -40,7 +37,7 @@ Line Spiral(Vec2 centre, float inner, float outer, float turns, float turned)
 // Some twenty of these lie over each other and are added up, the largest overhead, so that of their middle
 // one sees a few thin lines drawn out to soft bands, and of their outer parts a net against the horizon.
 // Lines are thin and few; between them there is next to nothing.
-Canvas SpirographOfLight()
+static Canvas SpirographOfLight()
 {
     constexpr int Side = 1024;
     constexpr Vec2 Middle = {512, 512};
@@ -91,7 +88,7 @@ Canvas SpirographOfLight()
 
 // The four faces are cut from one panorama that closes on itself: left, back, right, front. Six boxes of it
 // stand in each other and are added up.
-const Canvas& TowerPanorama()
+static const Canvas& TowerPanorama()
 {
     static const Canvas panorama = [] {
         constexpr int W = 2048, H = 512;
@@ -134,26 +131,26 @@ const Canvas& TowerPanorama()
     return panorama;
 }
 
-Canvas TowerLeft()
+static Canvas TowerLeft()
 {
     return TowerPanorama().Crop(0, 0, 512, 512);
 }
-Canvas TowerBack()
+static Canvas TowerBack()
 {
     return TowerPanorama().Crop(512, 0, 512, 512);
 }
-Canvas TowerRight()
+static Canvas TowerRight()
 {
     return TowerPanorama().Crop(1024, 0, 512, 512);
 }
-Canvas TowerFront()
+static Canvas TowerFront()
 {
     return TowerPanorama().Crop(1536, 0, 512, 512);
 }
 
 // A lamp in the middle, among the towers, throws its light both ways: a narrow waist, and rays that spread
 // and thin out in the haze.
-Canvas Beam()
+static Canvas Beam()
 {
     constexpr int W = 512, H = 64;
     const Noise ray(621), haze(622);
@@ -185,8 +182,6 @@ Canvas Beam()
     });
     return canvas;
 }
-
-} // namespace
 
 // clang-format off
 Group FX_TowersPictures()

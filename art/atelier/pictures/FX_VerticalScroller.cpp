@@ -10,13 +10,10 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr int W = PageWidth, H = PageHeight;
 constexpr float Middle = PageMiddle;
 
-void DrawMoon(Page& page, Vec2 at, float radius)
+static void DrawMoon(Page& page, Vec2 at, float radius)
 {
     const Line outer = Arc(at, radius, radius, -2.0f, 2.0f),
                inner = Arc(at - Vec2{radius * 0.46f, 0}, radius * 1.02f, radius * 1.05f, -1.12f, 1.12f);
@@ -31,7 +28,7 @@ void DrawMoon(Page& page, Vec2 at, float radius)
 }
 
 // A tarogato: a cone of wood with keys, a bell, a beak.
-void DrawReed(Page& page, Vec2 at)
+static void DrawReed(Page& page, Vec2 at)
 {
     const Line axis = Through({at + Vec2{-250, -62}, at + Vec2{0, -4}, at + Vec2{232, 58}});
     page.Body(Limb(axis, 9, 22, 40));
@@ -61,7 +58,7 @@ void DrawReed(Page& page, Vec2 at)
     }
 }
 
-void DrawBrush(Page& page, Vec2 at)
+static void DrawBrush(Page& page, Vec2 at)
 {
     page.Body(Limb(Through({at + Vec2{290, -70}, at + Vec2{120, -34}, at + Vec2{-40, 8}}), 5, 15, 13));
     page.Body(Limb(Through({at + Vec2{-40, 8}, at + Vec2{-96, 24}}), 17, 21, 25), 5);
@@ -79,7 +76,7 @@ void DrawBrush(Page& page, Vec2 at)
         Through({at + Vec2{-200, 76}, at + Vec2{-120, 116}, at + Vec2{60, 96}, at + Vec2{220, 112}}));
 }
 
-void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t seed)
+static void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t seed)
 {
     Line rim;
     for (int i = 0; i < teeth; i++)
@@ -106,7 +103,7 @@ void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t
 }
 
 // A lantern held low.
-void DrawLamp(Page& page, Vec2 at)
+static void DrawLamp(Page& page, Vec2 at)
 {
     page.Draw(Arc(at + Vec2{0, -92}, 46, 60, -3.0f, -0.14f), 5);
     page.Body(Round({at + Vec2{-40, -84}, at + Vec2{-14, -108}, at + Vec2{16, -108}, at + Vec2{42, -84}}), 4);
@@ -135,7 +132,7 @@ void DrawLamp(Page& page, Vec2 at)
 }
 
 // An inkpot and a pen that has been put down.
-void DrawInkpot(Page& page, Vec2 at)
+static void DrawInkpot(Page& page, Vec2 at)
 {
     page.Body(Round({at + Vec2{-70, 70}, at + Vec2{-84, 10}, at + Vec2{-52, -34}, at + Vec2{-28, -44},
                      at + Vec2{28, -44}, at + Vec2{54, -32}, at + Vec2{84, 12}, at + Vec2{70, 70}}),
@@ -156,7 +153,7 @@ void DrawInkpot(Page& page, Vec2 at)
     page.pen.Splatter(at + Vec2{-120, 70}, 60, 16, 5);
 }
 
-void DrawMoth(Page& page, Vec2 at, float size, float turn)
+static void DrawMoth(Page& page, Vec2 at, float size, float turn)
 {
     const auto put = [&](Line line) { return Turned(Moved(Scaled(std::move(line), size), at), turn, at); };
     for (float side = -1; side < 2; side += 2) {
@@ -179,7 +176,7 @@ void DrawMoth(Page& page, Vec2 at, float size, float turn)
 }
 
 // The chick on its way, looking back once.
-void DrawChickLeaving(Page& page, Vec2 at)
+static void DrawChickLeaving(Page& page, Vec2 at)
 {
     // Legs first: it is all feet.
     for (float side = -1; side < 2; side += 2) {
@@ -242,7 +239,7 @@ void DrawChickLeaving(Page& page, Vec2 at)
 }
 
 // A house that leans, and the tree that has taken it as its pot: they stand on the greater wheel.
-void DrawLeaningHouse(Page& page, Vec2 foot)
+static void DrawLeaningHouse(Page& page, Vec2 foot)
 {
     page.Body(Straight({foot + Vec2{-34, 6}, foot + Vec2{-22, -66}, foot + Vec2{42, -62}, foot + Vec2{36, 6},
                         foot + Vec2{-34, 6}}),
@@ -261,7 +258,7 @@ void DrawLeaningHouse(Page& page, Vec2 foot)
                  56);
 }
 
-Canvas Page1()
+static Canvas Page1()
 {
     Page page(1);
     DrawMoon(page, {Middle + 8, 250}, 118);
@@ -284,7 +281,7 @@ Canvas Page1()
     return page.Finished();
 }
 
-Canvas Page2()
+static Canvas Page2()
 {
     Page page(2);
     DrawLeaningHouse(page, {Middle - 92, 196});
@@ -308,7 +305,7 @@ Canvas Page2()
     return page.Finished();
 }
 
-Canvas Page3()
+static Canvas Page3()
 {
     Page page(3);
     DrawMoth(page, {Middle - 96, 190}, 1.3f, -0.5f);
@@ -348,8 +345,6 @@ Canvas Page3()
     page.Words("home now, quietly.", 2018, 62);
     return page.Finished();
 }
-
-} // namespace
 
 // clang-format off
 Group FX_VerticalScrollerPictures()

@@ -9,12 +9,9 @@
 namespace atelier
 {
 
-namespace
-{
-
 // On black: a thin moon that is just being drawn, and a line of staves that nobody has written on yet. Shown
 // 614 wide and 269 high, so the round is drawn 1.14 times as high as wide.
-Canvas Loading()
+static Canvas Loading()
 {
     constexpr int W = 1024, H = 512;
     Canvas canvas(W, H, palette::Black);
@@ -58,7 +55,7 @@ Canvas Loading()
 }
 
 // The start form's picture: the moon over the wood's edge, and the title. Painted three times as large.
-Canvas StartForm()
+static Canvas StartForm()
 {
     constexpr int W = 1044, H = 414;
     constexpr Vec2 Moon = {268, 186};
@@ -135,8 +132,6 @@ Canvas StartForm()
     canvas.Cover(Mask(W, H).Each([](float, float y) { return Smooth(H - 48, H - 9, y); }), palette::Ink);
     return Squeezed(canvas, 348, 138);
 }
-
-} // namespace
 
 // clang-format off
 Group FramePictures()

@@ -12,9 +12,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr int Side = 1024; // in which it is painted
 
 struct Design {
@@ -26,7 +23,7 @@ struct Design {
     bool small; // no firs at the horizon
 };
 
-const Design Large = {
+static const Design Large = {
     .moon = {560, 440},
     .radius = 300,
     .foot = {262, 880},
@@ -34,7 +31,7 @@ const Design Large = {
     .nib = 7,
     .small = false,
 };
-const Design Small = {
+static const Design Small = {
     .moon = {560, 430},
     .radius = 360,
     .foot = {300, 930},
@@ -50,7 +47,7 @@ const Design Small = {
 };
 
 // The plate with its round corners, on which everything lies.
-Shape Plate()
+static Shape Plate()
 {
     constexpr float Left = 24, Right = Side - 24, Corner = 200;
     Line line;
@@ -66,7 +63,7 @@ Shape Plate()
 }
 
 // Tree, firs and the bank that they stand on.
-Mask Silhouette(const Design& design)
+static Mask Silhouette(const Design& design)
 {
     Mask ink(Side, Side);
     Pen pen(ink, SketchPaper(), {.width = design.nib, .wobble = 1, .skip = 0, .dry = 0}, 71);
@@ -85,13 +82,13 @@ Mask Silhouette(const Design& design)
     return ink.Fill(bank);
 }
 
-Mask Disc(const Design& design)
+static Mask Disc(const Design& design)
 {
     return Filled(Side, Side, Ellipse(design.moon, design.radius, design.radius));
 }
 
 // The dark plains of the moon.
-Mask Seas(const Design& design)
+static Mask Seas(const Design& design)
 {
     const Noise noise(34);
     const float size = design.radius * 0.85f;
@@ -101,7 +98,7 @@ Mask Seas(const Design& design)
     });
 }
 
-Canvas Painted(const Design& design)
+static Canvas Painted(const Design& design)
 {
     const Paper& paper = SketchPaper();
     Canvas canvas(Side, Side);
@@ -131,17 +128,17 @@ Canvas Painted(const Design& design)
     return canvas;
 }
 
-Canvas LargeIcon(int size)
+static Canvas LargeIcon(int size)
 {
     return Squeezed(Painted(Large), size, size);
 }
 
-Canvas SmallIcon(int size)
+static Canvas SmallIcon(int size)
 {
     return Squeezed(Painted(Small), size, size);
 }
 
-std::string Hex(uint32_t colour)
+static std::string Hex(uint32_t colour)
 {
     char text[8];
     std::snprintf(text, sizeof text, "#%06x", unsigned(colour));
@@ -149,7 +146,7 @@ std::string Hex(uint32_t colour)
 }
 
 // As large as the largest PNG, in its coordinates. The moon's seas are cut by its disc, the silhouette by the plate.
-std::string Drawn()
+static std::string Drawn()
 {
     constexpr float Scale = 0.5f;
     const Design& design = Large;
@@ -179,8 +176,6 @@ std::string Drawn()
            "\"/>\n<path fill=\"" + Hex(showcolours::Ink) + "\" fill-rule=\"evenodd\" d=\"" +
            path(Silhouette(design)) + "\"/>\n</g>\n</svg>\n";
 }
-
-} // namespace
 
 // clang-format off
 Group IconPictures()

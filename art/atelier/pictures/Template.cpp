@@ -8,11 +8,8 @@
 namespace atelier
 {
 
-namespace
-{
-
 // Paper over ribs of wire, lit from within: its light, without anything round it.
-void DrawLantern(Canvas& canvas, Vec2 centre, float size)
+static void DrawLantern(Canvas& canvas, Vec2 centre, float size)
 {
     const int W = canvas.Width(), H = canvas.Height();
     const Paper& paper = SketchPaper();
@@ -44,7 +41,7 @@ void DrawLantern(Canvas& canvas, Vec2 centre, float size)
     canvas.Light(cord, palette::Amber, 0.6f);
 }
 
-Canvas Lantern()
+static Canvas Lantern()
 {
     constexpr int Side = 256;
     Canvas canvas(Side, Side, palette::Black);
@@ -53,7 +50,7 @@ Canvas Lantern()
     return canvas;
 }
 
-Canvas Loading()
+static Canvas Loading()
 {
     Canvas canvas(1024, 512, palette::Black);
     DrawLantern(canvas, {512, 240}, 96);
@@ -62,7 +59,7 @@ Canvas Loading()
 }
 
 // Painted three times as large.
-Canvas StartForm()
+static Canvas StartForm()
 {
     constexpr int W = 1044, H = 414;
     Canvas canvas(W, H);
@@ -78,8 +75,6 @@ Canvas StartForm()
     canvas.Cover(Mask(W, H).Each([](float, float y) { return Smooth(H - 48, H - 9, y); }), palette::Ink);
     return Squeezed(canvas, 348, 138);
 }
-
-} // namespace
 
 // clang-format off
 Group TemplatePictures()

@@ -8,9 +8,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The drawing is twice as large as the cards: 512 pixels to a unit of the scene, the hinge at x = 1024, the
 // spine in the middle.
 constexpr int W = 1536, H = 1024;
@@ -18,17 +15,17 @@ constexpr float Hinge = 1024, Spine = 512;
 // The first frame of the scene looks at a few pixels round this place; there must be nothing but bone.
 constexpr Vec2 FirstSight = {384, 486};
 
-float SpineY(float x)
+static float SpineY(float x)
 {
     return Spine + 9 * Sin((x - Hinge) * 0.0055f);
 }
 // Half the height of a vertebra.
-float Vertebra(float x)
+static float Vertebra(float x)
 {
     return Mix(30, 7, Smooth(480, 1440, x));
 }
 
-void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
+static void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
 {
     Pen pen(ink, paper, {.width = 6, .wobble = 1.2f, .wave = 50, .skip = 0.25f}, 11);
     const Line crown =
@@ -115,7 +112,7 @@ void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
     }
 }
 
-void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
+static void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
 {
     Pen ribs(bone, paper,
              {.width = 9,
@@ -195,7 +192,7 @@ void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
     }
 }
 
-Canvas Skeleton()
+static Canvas Skeleton()
 {
     const Paper& paper = SketchPaper();
     Mask bone(W, H), ink(W, H);
@@ -250,22 +247,20 @@ Canvas Skeleton()
     return canvas;
 }
 
-const Canvas& WholeSkeleton()
+static const Canvas& WholeSkeleton()
 {
     static const Canvas skeleton = Skeleton();
     return skeleton;
 }
 
-Canvas HeadCard()
+static Canvas HeadCard()
 {
     return Squeezed(WholeSkeleton().Crop(0, 0, 1024, H), 512, 512);
 }
-Canvas TailCard()
+static Canvas TailCard()
 {
     return Squeezed(WholeSkeleton().Crop(1024, 0, 512, H), 256, 512);
 }
-
-} // namespace
 
 // clang-format off
 Group Transition_FishPictures()

@@ -11,20 +11,17 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 constexpr int controlStep = 64;
 
-double BeatOf(int64_t sample)
+static double BeatOf(int64_t sample)
 {
     return double(sample) / samplesPerBeat;
 }
 
 // Both ends in a straight line over half a second, or less for a short sound. The night itself may begin and
 // end in the wind: there the mastering takes over.
-void FadeEnds(Samples& sound, int64_t origin)
+static void FadeEnds(Samples& sound, int64_t origin)
 {
     const size_t fade = std::min<size_t>(sampleRate / 2, sound.size() / 2);
     for (size_t i = 0; i < fade; i++) {
@@ -34,8 +31,6 @@ void FadeEnds(Samples& sound, int64_t origin)
         sound[sound.size() - 1 - i] *= share;
     }
 }
-
-} // namespace
 
 Stereo PlayWind(const Phrase& phrase, const Dynamics& dynamics)
 {

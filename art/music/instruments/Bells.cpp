@@ -11,9 +11,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 // One pair of oscillators: a sine at `ratio` times the pitch, its phase moved by a sine at `modulator` times
 // it.
 struct Pair {
@@ -27,7 +24,7 @@ struct Pair {
 
 constexpr double twoPi = 6.28318530717958647692;
 
-void AddPair(Samples& sound, double hz, const Pair& pair, double level, double phase)
+static void AddPair(Samples& sound, double hz, const Pair& pair, double level, double phase)
 {
     const double turn = hz * pair.ratio / sampleRate, modulatorTurn = hz * pair.modulator / sampleRate;
     // Sidebands that would fold back are not made.
@@ -51,7 +48,7 @@ void AddPair(Samples& sound, double hz, const Pair& pair, double level, double p
 }
 
 // Ends the sound softly: the damper from `held` on, and nothing left at the end.
-void Finish(Samples& sound, size_t held, double damping, double attack)
+static void Finish(Samples& sound, size_t held, double damping, double attack)
 {
     const size_t rise = size_t(attack * sampleRate);
     for (size_t i = 0; i < std::min(rise, sound.size()); i++)
@@ -67,7 +64,7 @@ void Finish(Samples& sound, size_t held, double damping, double attack)
         sound[sound.size() - 1 - i] *= float(i) / float(tail);
 }
 
-void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, double level)
+static void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, double level)
 {
     Noise noise(seed);
     Biquad colour;
@@ -79,8 +76,6 @@ void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, do
         sound[i] += float(height) * colour.Next(noise.White());
     }
 }
-
-} // namespace
 
 Samples PlayCelesta(const Note& note)
 {

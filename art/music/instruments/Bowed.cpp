@@ -26,18 +26,15 @@ struct BowedKind {
     BodyPeak body[5];
 };
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 constexpr int controlStep = 32; // samples between two looks at bow and fingers
 
 // clang-format off
-const BowedKind violins = {4, 0.22, 0.13, 5.6, 13, 1000, 3600, 0.055,
+static const BowedKind violins = {4, 0.22, 0.13, 5.6, 13, 1000, 3600, 0.055,
     {{285, 2.5, 3.5}, {470, 3.0, 4.0}, {980, 2.0, -2.5}, {2300, 1.3, 2.5}, {6000, 0.9, -5.0}}};
-const BowedKind violas  = {3, 0.18, 0.15, 5.2, 12,  800, 2900, 0.050,
+static const BowedKind violas  = {3, 0.18, 0.15, 5.2, 12,  800, 2900, 0.050,
     {{225, 2.5, 3.5}, {365, 3.0, 3.5}, {750, 2.0, -2.0}, {1800, 1.3, 2.5}, {5000, 0.9, -5.0}}};
-const BowedKind cellos  = {3, 0.16, 0.16, 4.9, 12,  650, 2500, 0.045,
+static const BowedKind cellos  = {3, 0.16, 0.16, 4.9, 12,  650, 2500, 0.045,
     {{ 98, 2.0, 2.5}, {185, 2.5, 3.0}, {400, 2.0, -1.5}, {1250, 1.3, 3.0}, {4200, 0.9, -4.0}}};
 // clang-format on
 
@@ -152,8 +149,6 @@ private:
     float scratching = 0;
     size_t at = 0;
 };
-
-} // namespace
 
 const BowedKind& BowedKindOf(Sound sound, int line)
 {

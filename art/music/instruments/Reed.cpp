@@ -10,9 +10,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 constexpr int controlStep = 32;
 constexpr int harmonics = 14;
@@ -30,7 +27,7 @@ constexpr Formant formants[] = {
 };
 // clang-format on
 
-double Resonance(double hz)
+static double Resonance(double hz)
 {
     double gain = 0.55;
     for (const Formant& formant : formants) {
@@ -145,8 +142,6 @@ private:
     double breathGoal = 0, breath = 0;
     size_t at = 0;
 };
-
-} // namespace
 
 Stereo PlayReed(const Phrase& phrase, const Dynamics& dynamics, float pan)
 {

@@ -10,9 +10,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 
 // A skin's modes: how many times the lowest, how loud when hit off its middle, seconds for 60 dB.
@@ -31,8 +28,6 @@ constexpr SkinMode skinModes[] = {
 };
 // clang-format on
 constexpr double drumPitch = 55; // Hz, A
-
-} // namespace
 
 Samples PlayDrum(const Note& note)
 {

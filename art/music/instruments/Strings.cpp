@@ -12,9 +12,6 @@
 namespace waltz
 {
 
-namespace
-{
-
 constexpr double pi = 3.14159265358979323846;
 
 // How one string of a kind behaves at a pitch and a strength.
@@ -36,7 +33,8 @@ struct Course {
     double decay; // times the kind's
 };
 
-void AddString(ModalBank& bank, const StringKind& kind, double hz, double amplitude, const Course& course)
+static void AddString(ModalBank& bank, const StringKind& kind, double hz, double amplitude,
+                      const Course& course)
 {
     const double base = hz * std::exp2(course.cents / 1200);
     double power = 0;
@@ -63,7 +61,7 @@ void AddString(ModalBank& bank, const StringKind& kind, double hz, double amplit
 }
 
 // Lets the bank ring for the note and then for as long as the damper takes.
-void RingOut(ModalBank& bank, Samples& sound, int64_t length, double damping, double longest)
+static void RingOut(ModalBank& bank, Samples& sound, int64_t length, double damping, double longest)
 {
     const size_t held = std::min<size_t>(length, size_t(longest * sampleRate));
     const size_t all = held + size_t(damping * sampleRate);
@@ -78,7 +76,7 @@ void RingOut(ModalBank& bank, Samples& sound, int64_t length, double damping, do
 }
 
 // A short noise of something soft, from the start of the sound.
-void Knock(Samples& sound, uint32_t seed, double hz, double q, double seconds, float level)
+static void Knock(Samples& sound, uint32_t seed, double hz, double q, double seconds, float level)
 {
     Noise noise(seed);
     Biquad colour;
@@ -92,7 +90,7 @@ void Knock(Samples& sound, uint32_t seed, double hz, double q, double seconds, f
 }
 
 // What the hammer's own give does to the first moment.
-void SoftenStart(Samples& sound, double seconds)
+static void SoftenStart(Samples& sound, double seconds)
 {
     const size_t count = std::min<size_t>(sound.size(), size_t(seconds * sampleRate));
     for (size_t i = 0; i < count; i++) {
@@ -100,8 +98,6 @@ void SoftenStart(Samples& sound, double seconds)
         sound[i] *= float(0.5 - 0.5 * std::cos(pi * x));
     }
 }
-
-} // namespace
 
 Samples PlayFeltPiano(const Note& note)
 {

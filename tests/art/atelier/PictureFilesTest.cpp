@@ -14,11 +14,8 @@
 
 using namespace atelier;
 
-namespace
-{
-
 // What the show asks for: the textures of the effects, the loading screen and the form.
-std::set<std::string> WantedPictures()
+static std::set<std::string> WantedPictures()
 {
     std::set<std::string> wanted = {loadingPicture, "start-form.png"};
     for (const EffectRecord& row : ProductionEffects())
@@ -29,7 +26,7 @@ std::set<std::string> WantedPictures()
 }
 
 // The file of a picture, from the project's own folders.
-Raster Load(const std::string& name)
+static Raster Load(const std::string& name)
 {
     Raster raster;
     std::string bytes;
@@ -39,14 +36,14 @@ Raster Load(const std::string& name)
     return raster;
 }
 
-int At(const Raster& raster, int x, int y, int channel)
+static int At(const Raster& raster, int x, int y, int channel)
 {
     return raster
         .bytes[(size_t(y) * size_t(raster.width) + size_t(x)) * size_t(raster.channels) + size_t(channel)];
 }
 
 // The mean difference between a column of one picture and a column of another, over the colours.
-double BetweenColumns(const Raster& a, int columnA, const Raster& b, int columnB)
+static double BetweenColumns(const Raster& a, int columnA, const Raster& b, int columnB)
 {
     double sum = 0;
     for (int y = 0; y < a.height; y++)
@@ -55,7 +52,7 @@ double BetweenColumns(const Raster& a, int columnA, const Raster& b, int columnB
     return sum / (3.0 * a.height);
 }
 
-double BetweenRows(const Raster& a, int rowA, int rowB)
+static double BetweenRows(const Raster& a, int rowA, int rowB)
 {
     double sum = 0;
     for (int x = 0; x < a.width; x++)
@@ -64,7 +61,7 @@ double BetweenRows(const Raster& a, int rowA, int rowB)
     return sum / (3.0 * a.width);
 }
 
-double InnerColumns(const Raster& a)
+static double InnerColumns(const Raster& a)
 {
     double sum = 0;
     for (int x = 0; x + 1 < a.width; x++)
@@ -72,7 +69,7 @@ double InnerColumns(const Raster& a)
     return sum / (a.width - 1);
 }
 
-double InnerRows(const Raster& a)
+static double InnerRows(const Raster& a)
 {
     double sum = 0;
     for (int y = 0; y + 1 < a.height; y++)
@@ -82,7 +79,7 @@ double InnerRows(const Raster& a)
 
 // The mean difference between neighbouring columns among the first or the last sixteen: what a seam there is
 // to be measured by, where a picture is not alike all over.
-double ColumnsNear(const Raster& a, bool last)
+static double ColumnsNear(const Raster& a, bool last)
 {
     double sum = 0;
     for (int i = 0; i < 15; i++) {
@@ -92,7 +89,7 @@ double ColumnsNear(const Raster& a, bool last)
     return sum / 15;
 }
 
-double RowsNear(const Raster& a, bool last)
+static double RowsNear(const Raster& a, bool last)
 {
     double sum = 0;
     for (int i = 0; i < 15; i++) {
@@ -103,7 +100,7 @@ double RowsNear(const Raster& a, bool last)
 }
 
 // The greatest value of a channel on the outermost two pixels of the sides named by letters: l, r, t, b.
-int LargestOnBorder(const Raster& raster, int channel, const std::string& sides)
+static int LargestOnBorder(const Raster& raster, int channel, const std::string& sides)
 {
     int largest = 0;
     for (int y = 0; y < raster.height; y++)
@@ -115,8 +112,6 @@ int LargestOnBorder(const Raster& raster, int channel, const std::string& sides)
                 largest = std::max(largest, At(raster, x, y, channel));
     return largest;
 }
-
-} // namespace
 
 TEST(PictureFiles, EveryPictureOfTheShowHasAPainterAndNoOtherIsPainted)
 {

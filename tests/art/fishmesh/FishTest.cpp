@@ -18,13 +18,13 @@
 #include <set>
 #include <unistd.h>
 
-struct Box {
+struct Bounds {
     Vector3 low, high;
 };
 
-static Box BoxOf(const std::vector<Vector3>& points)
+static Bounds BoundsOf(const std::vector<Vector3>& points)
 {
-    Box box = {points.at(0), points.at(0)};
+    Bounds box = {points.at(0), points.at(0)};
     for (const Vector3& p : points) {
         box.low = Vector3(std::min(box.low.x, p.x), std::min(box.low.y, p.y), std::min(box.low.z, p.z));
         box.high = Vector3(std::max(box.high.x, p.x), std::max(box.high.y, p.y), std::max(box.high.z, p.z));
@@ -40,7 +40,7 @@ protected:
         platform::SetDataDirectory(SOURCE_DIR "/Data");
         LoadModel("data/fish.txt", &fish);
         LoadModel("data/fisheyes.txt", &eyes);
-        inShow = BoxOf(fish.vertices);
+        inShow = BoundsOf(fish.vertices);
         // All figures below are of the fish as it is modelled, two long.
         for (Model* model : {&fish, &eyes})
             for (Vector3& p : model->vertices) {
@@ -61,7 +61,7 @@ protected:
     }
 
     static constexpr float hold = 0.75f;
-    Box inShow;
+    Bounds inShow;
     Model fish;
     Model eyes;
 };
@@ -161,7 +161,7 @@ TEST_F(FishInData, IsSmoothFromFaceToFace)
 
 TEST_F(FishInData, IsAboutTwoLongLeanAndTheSameOnBothSides)
 {
-    const Box box = BoxOf(fish.vertices);
+    const Bounds box = BoundsOf(fish.vertices);
     EXPECT_NEAR(2.0f, box.high.z - box.low.z, 0.1f);
     EXPECT_NEAR(-1.0f, box.low.z, 0.06f);
     EXPECT_NEAR(1.0f, box.high.z, 0.06f);
@@ -176,7 +176,7 @@ TEST_F(FishInData, IsAboutTwoLongLeanAndTheSameOnBothSides)
             for (int index : face.vertexIndices)
                 if (fish.vertices[index].z > -0.3f)
                     body.push_back(fish.vertices[index]);
-    const Box trunk = BoxOf(body);
+    const Bounds trunk = BoundsOf(body);
     EXPECT_LT(trunk.high.y - trunk.low.y, 0.36f);
     EXPECT_LT(trunk.high.x, 0.12f);
 }
@@ -198,7 +198,7 @@ TEST_F(FishInData, LooksTowardsMinusZ)
     ASSERT_GT(toothCorners, 0);
     EXPECT_LT(teeth / float(toothCorners), -0.75f);
     EXPECT_NEAR(1.0f, tail, 1e-4f);
-    const Box look = BoxOf(eyes.vertices);
+    const Bounds look = BoundsOf(eyes.vertices);
     EXPECT_LT(look.high.z, -0.6f);
 }
 
@@ -250,7 +250,7 @@ TEST_F(FishInData, HasTwoEyesThatSitInTheHead)
             if (p.x * side > 0.0f)
                 ball.push_back(p);
         ASSERT_EQ(eyes.vertices.size() / 2, ball.size());
-        const Box box = BoxOf(ball);
+        const Bounds box = BoundsOf(ball);
         const Vector3 centre = (box.low + box.high) * 0.5f;
         const float radius = 0.5f * (box.high.y - box.low.y);
         EXPECT_NEAR(0.066f, radius, 0.002f);

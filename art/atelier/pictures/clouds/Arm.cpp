@@ -6,10 +6,7 @@
 namespace atelier
 {
 
-namespace
-{
-
-Stuff Skin(const Arm& arm)
+static Stuff Skin(const Arm& arm)
 {
     const Colour pale = Mix(palette::Bone, palette::Parchment, 0.35f);
     const Colour weathered = Mix(Mix(palette::Parchment, palette::Ochre, 0.3f), palette::Rust, 0.16f);
@@ -19,7 +16,7 @@ Stuff Skin(const Arm& arm)
 }
 
 // A warm touch of wash: joints, fingertips, the ball of the thumb. It takes on what is painted already.
-void Flush(Canvas& canvas, const Sight& sight, Vec2 place, float radius, float strength)
+static void Flush(Canvas& canvas, const Sight& sight, Vec2 place, float radius, float strength)
 {
     const float r = radius * sight.scale;
     Around(canvas, {sight(place)}, 2.6f * r, [&](Canvas& part, Vec2 origin) {
@@ -31,7 +28,7 @@ void Flush(Canvas& canvas, const Sight& sight, Vec2 place, float radius, float s
 }
 
 // Where a part grows out of another that is painted already: a soft spot.
-Mask Root(const Canvas& canvas, Vec2 at, float inner, float outer)
+static Mask Root(const Canvas& canvas, Vec2 at, float inner, float outer)
 {
     return Mask(canvas.Width(), canvas.Height())
         .Each(
@@ -40,8 +37,6 @@ Mask Root(const Canvas& canvas, Vec2 at, float inner, float outer)
             },
             2);
 }
-
-} // namespace
 
 Line Forearm(const Sight& sight, const Arm& arm)
 {

@@ -82,10 +82,7 @@ void Around(Canvas& canvas, const std::vector<Vec2>& points, float room,
     Within(canvas, from - Vec2{room, room}, to + Vec2{room, room}, paint);
 }
 
-namespace
-{
-
-Mask Cut(const Mask& mask, int left, int top, int width, int height)
+static Mask Cut(const Mask& mask, int left, int top, int width, int height)
 {
     Mask part(width, height);
     for (int y = 0; y < height; y++)
@@ -94,8 +91,8 @@ Mask Cut(const Mask& mask, int left, int top, int width, int height)
     return part;
 }
 
-void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale, uint32_t seed,
-                const Mask* open)
+static void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale, uint32_t seed,
+                       const Mask* open)
 {
     const int width = canvas.Width(), height = canvas.Height();
     const Paper& paper = SketchPaper();
@@ -185,8 +182,6 @@ void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scal
         }
     canvas.Cover(contour, palette::Ink, 0.94f);
 }
-
-} // namespace
 
 void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale, uint32_t seed,
                const Mask* open)

@@ -8,9 +8,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A small picture in the making: paint in body colour, ink lines over it, light last.
 class Vignette
 {
@@ -96,8 +93,6 @@ public:
     Mask lines;
     Pen pen;
 };
-
-} // namespace
 
 // clang-format off
 void LanternEmblem(Canvas& canvas, Vec2 at, uint32_t seed)

@@ -9,9 +9,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // Both are painted at twice the size of the file.
 constexpr int Size = 1024;
 
@@ -19,9 +16,10 @@ constexpr int Size = 1024;
 // right of the middle and 0.787674 above it, it is 0.26 as large and turned 11.73 degrees clockwise.
 constexpr float Half = 0.5f * Size;
 constexpr float CardHalf = 0.26f * Half;
-const Sight InPicture = {{Half * (1 + 0.386699f), Half*(1 - 0.787674f)}, 11.729964f * Pi / 180, 1, CardHalf};
+static const Sight InPicture = {
+    {Half * (1 + 0.386699f), Half*(1 - 0.787674f)}, 11.729964f * Pi / 180, 1, CardHalf};
 // The same drawing seen from so near that the card fills the canvas.
-const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
+static const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
 
 // The show rolls each card its own way and shows a part of it only. The words stand level in that roll, in what
 // is seen of it for as long as it is near; the emblem lies below them and may leave the picture. Measured in
@@ -37,7 +35,7 @@ struct Greeting {
 };
 
 // clang-format off
-const Greeting Greetings[] = {
+static const Greeting Greetings[] = {
     // to                tail                        emblem         roll  place          width   seed bend spread girth  tan   wear, gesture
     {"lamplighters",    "who leave one burning",     LanternEmblem, 66, {0.36f, 0.40f}, 0.60f, {100,  60, 0.4f, 1.00f, 0.45f, Wear::Wool, Gesture::Curled}},
     {"ferrymen",        "who wait on the far side",  FerryEmblem,   51, {0.39f, 0.40f}, 0.62f, {200, -30, 0.1f, 1.10f, 0.85f, Wear::Rope, Gesture::Together}},
@@ -50,7 +48,7 @@ const Greeting Greetings[] = {
 
 // The paper of the cards and its darker border, which the hand's picture needs too: it looks out from under
 // the face by a hair.
-void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
+static void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
 {
     const auto square = [&](float inset) {
         const float a = CardHalf - inset;
@@ -70,7 +68,7 @@ void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
 }
 
 // The cloud that the arm comes out of: banks of it before the elbow, lit from above, torn at their upper rim.
-void PaintCloudBank(Canvas& canvas, const Arm& arm)
+static void PaintCloudBank(Canvas& canvas, const Arm& arm)
 {
     const Line along = Forearm(InPicture, arm);
     const Vec2 elbow = PointAt(along, 0.70f);
@@ -104,8 +102,6 @@ void PaintCloudBank(Canvas& canvas, const Arm& arm)
         },
         0.96f);
 }
-
-} // namespace
 
 Canvas GreetingHand(int greeting)
 {

@@ -7,9 +7,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A place on the forearm: `t` along it, `u` across it, -1 to 1 from the left outline to the right one.
 struct RoundArm {
     Line along;
@@ -37,8 +34,8 @@ struct RoundArm {
     }
 };
 
-Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float mouth, float end, float shake,
-            uint32_t seed)
+static Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float mouth, float end,
+                   float shake, uint32_t seed)
 {
     const Line part = Part(limb.along, from, 1);
     const float half = limb.Half(from);
@@ -48,14 +45,14 @@ Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float mouth,
     return Melted(canvas.Width(), canvas.Height(), shape, 4).Shake(shake, 70, seed);
 }
 
-void Ink(Canvas& canvas, Mask& lines, const Mask* within, float strength = 0.85f)
+static void InkLines(Canvas& canvas, Mask& lines, const Mask* within, float strength = 0.85f)
 {
     if (within != nullptr)
         lines.Multiply(*within);
     canvas.Cover(lines, palette::Ink, strength);
 }
 
-void Folds(Pen& pen, const RoundArm& limb, float from, int count, uint32_t seed)
+static void Folds(Pen& pen, const RoundArm& limb, float from, int count, uint32_t seed)
 {
     Dice dice(seed);
     for (int i = 0; i < count; i++) {
@@ -66,7 +63,7 @@ void Folds(Pen& pen, const RoundArm& limb, float from, int count, uint32_t seed)
     }
 }
 
-void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.40f, 1.24f, 1.3f, 6, seed);
     PaintBody(canvas, cloth, {Mix(palette::Slate, palette::Night, 0.35f), palette::Ink, 1.1f, 0.8f, 1.2f}, 1,
@@ -82,19 +79,19 @@ void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
         pen.Stroke(Through({limb.At(0.365f, u), limb.At(0.42f, u * 1.03f), limb.At(0.485f, u)}),
                    {0.5f, 0.9f, 0.3f});
     }
-    Ink(canvas, lines, &cuff, 0.7f);
+    InkLines(canvas, lines, &cuff, 0.7f);
     Mask folds(canvas.Width(), canvas.Height());
     Pen fold(folds, SketchPaper(), {.width = 5, .wobble = 2, .skip = 0.25f}, seed + 4);
     Folds(fold, limb, 0.5f, 12, seed + 5);
-    Ink(canvas, folds, &cloth);
+    InkLines(canvas, folds, &cloth);
     // Soot.
     Mask soot(canvas.Width(), canvas.Height());
     Pen drops(soot, SketchPaper(), {.width = 3}, seed + 6);
     drops.Splatter(limb.At(0.1f, 0.1f), 190, 60, 5);
-    Ink(canvas, soot.Multiply(canvas.Alpha()), nullptr, 0.5f);
+    InkLines(canvas, soot.Multiply(canvas.Alpha()), nullptr, 0.5f);
 }
 
-void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.66f, 1.34f, 1.3f, 7, seed);
     PaintBody(canvas, cloth, {Mix(palette::Mist, palette::Slate, 0.45f), palette::Night, 1.1f, 0.8f, 1.2f}, 1,
@@ -104,7 +101,7 @@ void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     for (const float t : {0.70f, 0.735f})
         pen.Stroke(limb.Ring(t, 1.3f, 26), {0.6f, 1, 0.4f});
     Folds(pen, limb, 0.7f, 9, seed + 2);
-    Ink(canvas, lines, &cloth);
+    InkLines(canvas, lines, &cloth);
     // Three turns of rope round the wrist.
     for (int turn = 0; turn < 3; turn++) {
         const float t = 0.15f + 0.045f * float(turn);
@@ -120,7 +117,7 @@ void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
             const Vec2 p = PointAt(ring, s), d = DirectionAt(ring, s), n = {-d.y, d.x};
             twist.Stroke(Through({p - n * 12 - d * 7, p, p + n * 12 + d * 7}), {0.5f, 1, 0.5f});
         }
-        Ink(canvas, lay, &strand, 0.75f);
+        InkLines(canvas, lay, &strand, 0.75f);
     }
     // An anchor that was tattooed long ago.
     Mask tattoo(canvas.Width(), canvas.Height());
@@ -138,7 +135,7 @@ void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     canvas.Cover(tattoo.Blur(0.8f), Mix(palette::Slate, palette::Night, 0.5f), 0.8f);
 }
 
-void Flour(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Flour(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.46f, 1.5f, 1.5f, 9, seed);
     PaintBody(canvas, cloth,
@@ -150,7 +147,7 @@ void Flour(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     pen.Stroke(limb.Ring(0.505f, 1.44f, 24), {0.6f, 1, 0.4f});
     pen.Stroke(limb.Ring(0.55f, 1.46f, 26), {0.4f, 0.9f, 0.2f});
     Folds(pen, limb, 0.55f, 14, seed + 2);
-    Ink(canvas, lines, &cloth);
+    InkLines(canvas, lines, &cloth);
     // Flour to the elbows.
     Mask dust(canvas.Width(), canvas.Height());
     DryBrush brush(dust, SketchPaper(), {.width = 70, .count = 40, .thickness = 2, .load = 0.3f}, seed + 3);
@@ -161,7 +158,7 @@ void Flour(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     canvas.Cover(dust.Multiply(canvas.Alpha()), palette::Bone, 0.75f);
 }
 
-void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.34f, 1.2f, 1.4f, 5, seed);
     PaintBody(canvas, cloth, {Mix(palette::Moss, palette::Slate, 0.35f), palette::Ink, 1.2f, 0.8f, 1.2f}, 1,
@@ -169,7 +166,7 @@ void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Mask folds(canvas.Width(), canvas.Height());
     Pen fold(folds, SketchPaper(), {.width = 5, .wobble = 2, .skip = 0.25f}, seed + 1);
     Folds(fold, limb, 0.38f, 13, seed + 2);
-    Ink(canvas, folds, &cloth);
+    InkLines(canvas, folds, &cloth);
     // A cuff of lace: scallops, each with its own eyes.
     Shape scallops;
     Mask threads(canvas.Width(), canvas.Height());
@@ -188,7 +185,7 @@ void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     const Mask lace = Melted(canvas.Width(), canvas.Height(), scallops, 2);
     PaintBody(canvas, lace, {palette::Bone, palette::Slate, 0.8f, 0.3f, 0.9f}, 0.7f, seed + 4);
     pen.Stroke(limb.Ring(0.355f, 1.2f, 14), {0.7f, 0.9f, 0.6f});
-    Ink(canvas, threads, &lace, 0.8f);
+    InkLines(canvas, threads, &lace, 0.8f);
 
     // One that she let go again has come back.
     const Vec2 at = limb.At(0.13f, 0.2f), d = Normalised(Vec2{-0.35f, -1}), n = {-d.y, d.x};
@@ -211,14 +208,14 @@ void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
                       {q(12, 20), q(44, 46), q(80, 54)},
                       {q(12, -6), q(34, -22), q(44, -48)}});
         ink.Stroke(Through({q(3, 42), q(10, 60), q(22, 68)}), {0.6f, 0.8f, 0.8f});
-        Ink(canvas, marks, nullptr, 0.85f);
+        InkLines(canvas, marks, nullptr, 0.85f);
     }
     PaintBody(canvas,
               Melted(canvas.Width(), canvas.Height(), Sausage({p(0, 40), p(0, 10), p(0, -34)}, {7, 9, 5}), 1),
               {Mix(palette::Night, palette::Slate, 0.4f), palette::Ink, 1, 0.6f, 1}, 0.6f, seed + 8);
 }
 
-void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Colour hide = Mix(palette::Rust, palette::Ochre, 0.12f) * 0.85f;
     const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.15f, 1.3f, 6, seed);
@@ -235,7 +232,7 @@ void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     pen.Stroke(limb.Ring(0.185f, 1.2f, 12), {0.5f, 0.9f, 0.4f});
     pen.Stroke(limb.Ring(0.51f, 1.6f, 30), {0.7f, 1, 0.5f});
     Folds(pen, limb, 0.2f, 7, seed + 4);
-    Ink(canvas, lines, &cuff);
+    InkLines(canvas, lines, &cuff);
     // Its seam is laced, its border studded.
     Mask bright(canvas.Width(), canvas.Height());
     Pen thread(bright, SketchPaper(), {.width = 5, .skip = 0.1f}, seed + 5);
@@ -257,7 +254,7 @@ void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     canvas.Cover(spark, palette::Amber, 0.95f);
 }
 
-void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.26f, 1.3f, 6, seed);
     PaintBody(canvas, cloth,
@@ -275,7 +272,7 @@ void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Pen pen(lines, SketchPaper(), {.width = 4.4f, .wobble = 1.5f, .skip = 0.25f}, seed + 2);
     pen.Stroke(limb.Ring(0.53f, 1.26f, 24), {0.6f, 1, 0.4f});
     Folds(pen, limb, 0.55f, 10, seed + 3);
-    Ink(canvas, lines, &cloth);
+    InkLines(canvas, lines, &cloth);
     // A wire wound round the wrist, whose end looks for somebody.
     Mask wire(canvas.Width(), canvas.Height());
     Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 1, .skip = 0}, seed + 4);
@@ -310,8 +307,6 @@ void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
             faint.Stroke(Arc(tip, r, r, side - 0.55f, side + 0.55f), {0.2f, 1, 0.2f});
     canvas.Cover(waves, palette::ColdLight, 0.7f);
 }
-
-} // namespace
 
 void PaintWear(Canvas& canvas, const Sight& sight, const Arm& arm)
 {

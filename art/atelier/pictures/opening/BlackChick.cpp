@@ -7,11 +7,9 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A toe: a knobbly limb with a claw, from the ankle to the tip.
-void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, Vec2 tip, float width, Dice& dice)
+static void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, Vec2 tip, float width,
+                    Dice& dice)
 {
     const Line spine = Through({ankle, Mix(ankle, knuckle, 0.6f) + Vec2{0, -6}, knuckle,
                                 Mix(knuckle, tip, 0.6f) + Vec2{0, -width * 0.2f}, tip});
@@ -31,8 +29,6 @@ void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, Vec2 tip
                     tip + d * (width * 1.5f) + Vec2{0, width * 0.35f},
                     tip + d * (width * 0.5f) + n * (width * 0.3f), tip + n * (width * 0.3f)}));
 }
-
-} // namespace
 
 // A ruffled black chick that does not know where to go: each of its enormous feet points another way. Painted
 // in the proportion in which it is seen, 430 by 542, then squeezed into the top 343 rows.

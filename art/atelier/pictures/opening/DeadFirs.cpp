@@ -7,11 +7,8 @@
 namespace atelier
 {
 
-namespace
-{
-
 // One has come down: its plate of roots stands up against the sky.
-void DrawFallen(Mask& front, Pen& pen, Dice& dice)
+static void DrawFallen(Mask& front, Pen& pen, Dice& dice)
 {
     const Line trunk = Through({{428, 214}, {380, 226}, {320, 238}, {262, 244}, {214, 250}});
     front.Fill(Shaken(Limb(trunk, 17, 12, 4), 2, 24, 592));
@@ -31,7 +28,7 @@ void DrawFallen(Mask& front, Pen& pen, Dice& dice)
 }
 
 // One has broken half way up; its top hangs by a splinter.
-void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
+static void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
 {
     front.Fill(Shaken(Limb(Through({{812, 252}, {816, 190}, {822, 126}}), 15, 10, 8.5f), 1.5f, 20, 594));
     for (const Vec2 splinter : {Vec2{813, 92}, Vec2{819, 104}, Vec2{826, 84}, Vec2{830, 112}})
@@ -50,7 +47,7 @@ void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
 }
 
 // Somebody who stayed.
-void DrawCrow(Mask& front, Vec2 feet)
+static void DrawCrow(Mask& front, Vec2 feet)
 {
     front.Fill(Round({feet + Vec2{-15, 14}, feet + Vec2{-6, 0}, feet + Vec2{2, -8}, feet + Vec2{9, -10},
                       feet + Vec2{13, -7}, feet + Vec2{21, -4}, feet + Vec2{13, -2}, feet + Vec2{10, 5},
@@ -58,7 +55,7 @@ void DrawCrow(Mask& front, Vec2 feet)
 }
 
 // A row of dead firs in the foreground, with stumps and roots; the second row barer, one tree fallen.
-Canvas DeadFirs(bool barer)
+static Canvas DeadFirs(bool barer)
 {
     constexpr int W = 1024, H = 268;
     const Paper& paper = SketchPaper();
@@ -194,8 +191,6 @@ Canvas DeadFirs(bool barer)
     paper.Show(canvas, 0.5f);
     return canvas;
 }
-
-} // namespace
 
 Canvas Waldsterben()
 {

@@ -7,11 +7,8 @@
 namespace atelier::panorama
 {
 
-namespace
-{
-
 // A bare field, ploughed towards the sun, with what is left of the stubble.
-void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
+static void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 {
     Mask furrows(W, H), stubble(W, H);
     DryBrush brush(furrows, paper,
@@ -41,7 +38,7 @@ void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 }
 
 // Somebody's old coat on a pole, and who is not afraid of it.
-void DrawScarecrow(Mask& ink, const Paper& paper, Vec2 foot)
+static void DrawScarecrow(Mask& ink, const Paper& paper, Vec2 foot)
 {
     Pen pen(ink, paper, {.width = 4, .skip = 0}, 220);
     pen.Stroke(Through({foot, foot + Vec2{2, -50}, foot + Vec2{-2, -104}}),
@@ -69,7 +66,7 @@ void DrawScarecrow(Mask& ink, const Paper& paper, Vec2 foot)
                    1));
 }
 
-void DrawCrow(Pen& pen, Vec2 at, float size)
+static void DrawCrow(Pen& pen, Vec2 at, float size)
 {
     pen.nib.width = size * 0.17f + 0.8f;
     pen.Stroke(Through({at + Vec2{-size, -size * 0.25f}, at + Vec2{-size * 0.5f, -size * 0.4f}, at}),
@@ -77,8 +74,6 @@ void DrawCrow(Pen& pen, Vec2 at, float size)
     pen.Stroke(Through({at, at + Vec2{size * 0.45f, -size * 0.5f}, at + Vec2{size, -size * 0.2f}}),
                {.start = 1, .middle = 0.8f, .end = 0.02f});
 }
-
-} // namespace
 
 // The bare field, who stands in it, and the evening that comes over it.
 void DrawField(Canvas& canvas, const Paper& paper, const Ridge& ridge)

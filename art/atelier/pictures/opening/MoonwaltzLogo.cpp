@@ -6,11 +6,8 @@
 namespace atelier
 {
 
-namespace
-{
-
 // A dancing shoe at the end of a leg, its toe in the given direction.
-void DrawShoe(Mask& ink, Vec2 ankle, float angle)
+static void DrawShoe(Mask& ink, Vec2 ankle, float angle)
 {
     const Vec2 d = {Cos(angle), Sin(angle)}, n = {-d.y, d.x};
     ink.Fill(
@@ -18,8 +15,6 @@ void DrawShoe(Mask& ink, Vec2 ankle, float angle)
                ankle + d * 16 + n * 8, ankle - d * 3 + n * 4, ankle - d * 9 + n * 9, ankle - d * 12},
               1));
 }
-
-} // namespace
 
 // The title, in ink with some of the moon's light about it: it stands on the moon's face, over the tip of the
 // bough. The two o's dance. The moon's middle is 41 pixels to the right of the picture's.

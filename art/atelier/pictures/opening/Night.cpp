@@ -8,11 +8,8 @@
 namespace atelier::panorama
 {
 
-namespace
-{
-
 // A leaning pole with a crossbar whose place on the wire is given.
-void DrawPole(Pen& pen, Vec2 wire, float foot, Dice& dice)
+static void DrawPole(Pen& pen, Vec2 wire, float foot, Dice& dice)
 {
     const float lean = dice.Range(-7, 7);
     pen.nib.width = 5;
@@ -31,7 +28,7 @@ void DrawPole(Pen& pen, Vec2 wire, float foot, Dice& dice)
 }
 
 // Two who dance, small, before the moon. Drawn with the woman's skirt swinging out.
-void DrawDancers(Mask& ink, const Paper& paper, Vec2 foot)
+static void DrawDancers(Mask& ink, const Paper& paper, Vec2 foot)
 {
     Pen pen(ink, paper, {.width = 3, .wobble = 0.2f, .skip = 0, .pool = 0}, 600);
     // He.
@@ -58,8 +55,6 @@ void DrawDancers(Mask& ink, const Paper& paper, Vec2 foot)
     pen.Stroke(Through({foot + Vec2{5, -35}, foot + Vec2{-4, -38}, foot + Vec2{-20, -42}}, 1),
                {.start = 0.9f, .middle = 0.7f, .end = 0.4f});
 }
-
-} // namespace
 
 void DrawHills(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 {

@@ -27,11 +27,8 @@ WashStyle SkyWash()
     return {.pool = 0, .granulation = 0.2f, .bloom = 0.5f, .bloomSize = 260, .stray = 0};
 }
 
-namespace
-{
-
 // The nine threads themselves. From one picture to the next they go on where nobody looks.
-void DrawThreads(Canvas& canvas, const Paper& paper)
+static void DrawThreads(Canvas& canvas, const Paper& paper)
 {
     Mask threads(W, H), smoke(W, H);
     Pen pen(threads, paper, {.width = 1.9f, .least = 0.4f, .wobble = 0, .skip = 0.15f, .pool = 0}, 700);
@@ -67,7 +64,7 @@ void DrawThreads(Canvas& canvas, const Paper& paper)
     canvas.Cover(threads, palette::Ink, 0.88f);
 }
 
-Canvas PaintPanorama()
+static Canvas PaintPanorama()
 {
     Canvas canvas(W, H);
     const Paper& paper = SketchPaper();
@@ -105,8 +102,6 @@ Canvas PaintPanorama()
     paper.Show(canvas, 0.3f);
     return canvas;
 }
-
-} // namespace
 
 } // namespace panorama
 

@@ -7,19 +7,16 @@
 namespace atelier
 {
 
-namespace
-{
-
 // The grey of a moment of the light's way: from dark for the first, 0, to white for the last, 1. Black is
 // never.
-float GreyOf(float moment)
+static float GreyOf(float moment)
 {
     return 0.16f + 0.84f * moment;
 }
 
 // Light along a line, from one moment at its start to another at its end. Soft at the edges; where lines
 // cross, the later one stands.
-void TraceLight(Mask& order, const Line& line, float halfWidth, float from, float to)
+static void TraceLight(Mask& order, const Line& line, float halfWidth, float from, float to)
 {
     const float length = LengthOf(line);
     float gone = 0;
@@ -36,8 +33,6 @@ void TraceLight(Mask& order, const Line& line, float halfWidth, float from, floa
             }
     }
 }
-
-} // namespace
 
 // The order in which light travels through the painting. It starts in his far hand, runs over his shoulders,
 // down him and along his arm to her, up her body and out to her far hand, through her hair, and at last out

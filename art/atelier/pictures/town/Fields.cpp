@@ -11,37 +11,29 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr float Size = 1024;
 constexpr int Side = 1024;
 
 using Field = std::function<float(float x, float y)>;
 
 // Where a line of equal phase goes from here. Left and right of it the phase falls and grows.
-Vec2 AlongFurrow(const Field& phase, Vec2 p)
+static Vec2 AlongFurrow(const Field& phase, Vec2 p)
 {
     const Vec2 slope = {phase(p.x + 1, p.y) - phase(p.x - 1, p.y), phase(p.x, p.y + 1) - phase(p.x, p.y - 1)};
     return Normalised({-slope.y, slope.x});
 }
 
-void Finish(Canvas& canvas, const Mask& light)
+static void Finish(Canvas& canvas, const Mask& light)
 {
     SketchPaper().Show(canvas, 0.6f);
     canvas.Tone(light, 0, 1);
 }
 
 // The ground of the village ends 20 units beside the way; it is lost in the night before.
-float SideLight(float beside)
+static float SideLight(float beside)
 {
     return Smooth(19.5f, 8, Abs(beside));
 }
-
-} // namespace
-
-namespace
-{
 
 // ---- The ground of the village, in its own units: X along the way, Z across it, to the right. The field's
 // picture is laid 7 times along 100 units, so its land repeats in X.
@@ -49,7 +41,7 @@ constexpr float Repeat = 100.0f / 7;
 constexpr float FurrowUnits = 0.64f;
 
 // Which furrow, and how far across it. They follow the way and bend a little.
-float VillageFurrow(float X, float Z)
+static float VillageFurrow(float X, float Z)
 {
     static const Noise bend(301, 3, 0), sway(304, 1, 0);
     const float along = X / Repeat;
@@ -57,7 +49,7 @@ float VillageFurrow(float X, float Z)
 }
 
 // Wet earth at night. The moon stands ahead and lies on the crests; stubble and moss show here and there.
-Colour VillageEarth(float X, float Z)
+static Colour VillageEarth(float X, float Z)
 {
     // What is large changes across the way only: along it, it would show where the land repeats.
     static const Noise tint(302, 11, 0), strip(307, 1, 0), clod(303, 128, 0), grit(305, 512, 0),
@@ -81,8 +73,8 @@ Colour VillageEarth(float X, float Z)
 
 // The pen goes along the furrows. `place` says where a point of the ground lies on the sheet; strokes start
 // at random points of the given ground and stop where `open` is low.
-void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vec2 low, Vec2 high,
-                  const std::function<Vec2(Vec2)>& place, const std::function<bool(Vec2)>& open)
+static void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vec2 low, Vec2 high,
+                         const std::function<Vec2(Vec2)>& place, const std::function<bool(Vec2)>& open)
 {
     for (int i = 0; i < strokes; i++) {
         Vec2 p = {dice.Range(low.x, high.x), dice.Range(low.y, high.y)};
@@ -103,8 +95,6 @@ void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vec2 low, Vec2 high,
             pen.Stroke(line, {.start = 0.1f, .middle = dice.Range(0.35f, 1), .end = 0});
     }
 }
-
-} // namespace
 
 Canvas FieldTile()
 {
@@ -139,9 +129,6 @@ Canvas FieldTile()
            Mask(Side, Side).Each([](float x, float) { return SideLight((x / Size - 0.5f) * Across); }));
     return canvas;
 }
-
-namespace
-{
 
 // The plaza's paving: rings of setts and slabs about the tree's place, in units from it. The broad ring
 // carries the pillars.
@@ -178,7 +165,7 @@ struct Stone {
     bool slab;
 };
 
-Stone StoneAt(float x, float z) // from the plaza's middle
+static Stone StoneAt(float x, float z) // from the plaza's middle
 {
     static const Noise crooked(324), press(325);
     const float r = Length({x, z}) + 0.07f * crooked.Gradient(x / 0.9f, z / 0.9f);
@@ -204,8 +191,6 @@ Stone StoneAt(float x, float z) // from the plaza's middle
     }
     return {false, 0, 0, 0, false};
 }
-
-} // namespace
 
 Canvas Plaza()
 {
@@ -309,13 +294,8 @@ Canvas Plaza()
     return canvas;
 }
 
-namespace
-{
-
 // The line of mist of postprocessing_blur.fp.
 constexpr Colour NightMist = {FromScreen(0.21f), FromScreen(0.26f), FromScreen(0.36f)};
-
-} // namespace
 
 // Seen from above and from near, under the moon: each patch ploughed its own way, in pen strokes over a wash,
 // with hedges and ditches between them, a pond, and tracks that lead to the tree in the middle. All of it is

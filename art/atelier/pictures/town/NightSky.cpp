@@ -8,9 +8,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr float BoxHeight = 0.55f; // of the box's width, above its middle
 // The box has no face at +z: towards it the others fade to the black that is there.
 constexpr float FadeBegins = 0.17f, FadeEnds = 0.49f;
@@ -19,16 +16,16 @@ struct Direction {
     float x, y, z; // y up, unit length
 };
 
-Direction Towards(float x, float y, float z)
+static Direction Towards(float x, float y, float z)
 {
     const float length = Sqrt(x * x + y * y + z * z);
     return {x / length, y / length, z / length};
 }
 
-const Direction Moon = Towards(0.11f, 0.27f, -0.5f);
+static const Direction Moon = Towards(0.11f, 0.27f, -0.5f);
 constexpr float MoonRadius = 0.062f; // radians
 
-float AngleTo(const Direction& a, const Direction& b)
+static float AngleTo(const Direction& a, const Direction& b)
 {
     // The chord is the angle nearly enough for what is near, and does not lose its figures there.
     const float x = a.x - b.x, y = a.y - b.y, z = a.z - b.z;
@@ -36,19 +33,19 @@ float AngleTo(const Direction& a, const Direction& b)
 }
 
 // The half globe of the sky laid flat, the zenith in the middle, the horizon at length 1.
-Vec2 Flat(const Direction& d)
+static Vec2 Flat(const Direction& d)
 {
     return {d.x / (1 + d.y), d.z / (1 + d.y)};
 }
 
 // How high the land stands in a direction round the horizon, as the tangent of its angle: two ranges of
 // hills, the nearer one wooded.
-float FarHillsAt(Vec2 round)
+static float FarHillsAt(Vec2 round)
 {
     static const Noise hills(403);
     return 0.070f + 0.055f * hills.Fbm(round.x * 2.1f + 3, round.y * 2.1f + 7, 4);
 }
-float HillsAt(Vec2 round)
+static float HillsAt(Vec2 round)
 {
     static const Noise hills(401), firs(402);
     const float high = 0.034f + 0.045f * hills.Fbm(round.x * 2.6f + 9, round.y * 2.6f + 9, 3);
@@ -90,12 +87,12 @@ constexpr FarLight FarLights[] = {
 };
 // clang-format on
 
-float RoundOf(const Direction& d)
+static float RoundOf(const Direction& d)
 {
     return Angle({-d.z, d.x});
 }
 
-float LandmarksAt(float round)
+static float LandmarksAt(float round)
 {
     float high = 0;
     for (const Landmark& mark : Landmarks) {
@@ -111,7 +108,7 @@ float LandmarksAt(float round)
 
 // The tooth of the paper and the bristles of a broad brush, dragged across the whole globe: no wall of the
 // box has a sheet of its own.
-float ToothTowards(Vec2 flat)
+static float ToothTowards(Vec2 flat)
 {
     static const Noise tooth(416), bristle(417), load(419);
     const Vec2 drag = {flat.x * 0.766f + flat.y * 0.643f + 0.02f * load.Gradient(flat.x * 6, flat.y * 6),
@@ -122,7 +119,7 @@ float ToothTowards(Vec2 flat)
                   0.4f * bristle.Gradient(drag.x * 30, drag.y * 120));
 }
 
-Colour SkyTowards(const Direction& d)
+static Colour SkyTowards(const Direction& d)
 {
     static const Noise cloud(411), milk(412), dust(413), shore(414), maria(415), stroke(418);
     const Vec2 p = Flat(d);
@@ -183,7 +180,7 @@ struct Star {
     Colour colour;
 };
 
-std::vector<Star> Stars()
+static std::vector<Star> Stars()
 {
     Dice dice(421);
     std::vector<Star> stars;
@@ -212,7 +209,7 @@ struct Face {
     float (*depth)(float u, float v); // z of the point, in widths of the box
 };
 
-Canvas Paint(const Face& face)
+static Canvas Paint(const Face& face)
 {
     Canvas canvas(face.width, face.height, palette::Black);
     const float w = float(face.width), h = float(face.height);
@@ -286,8 +283,6 @@ constexpr Face Top = {1024, 1024,
     },
     [](float, float v) { return v - 0.5f; }};
 // clang-format on
-
-} // namespace
 
 Canvas NightLeft()
 {

@@ -7,9 +7,6 @@
 namespace atelier
 {
 
-namespace
-{
-
 // One reads it from as near as a page in the hand, so it is painted four times as fine as the places below say.
 constexpr float Fine = 4;
 constexpr int Width = 4096, Height = 1024;
@@ -26,12 +23,12 @@ constexpr float HeadX = 6.2f, HeadY = 3.7f;
 constexpr float Foot[5] = {58, 104, 150, 196, 240};
 
 // Steps of the white keys above the C four octaves below middle C's.
-int Step(char letter, int octave)
+static int Step(char letter, int octave)
 {
     constexpr int steps[] = {5, 6, 0, 1, 2, 3, 4}; // A to G
     return octave * 7 + steps[letter - 'A'];
 }
-int StepOfKey(int midi)
+static int StepOfKey(int midi)
 {
     constexpr int steps[] = {0, 1, 1, 2, 2, 3, 3, 4, 4, 5, 6, 6}; // black keys as the flats of D minor need
     return (midi / 12 - 1) * 7 + steps[midi % 12];
@@ -44,7 +41,7 @@ struct Triad {
     char letter[3];
     int sign[3]; // -1 flat, 1 sharp, where the key of D minor does not say it
 };
-Triad TriadOf(const char* name)
+static Triad TriadOf(const char* name)
 {
     constexpr char circle[] = "ABCDEFG";
     Triad triad = {};
@@ -58,7 +55,7 @@ Triad TriadOf(const char* name)
 }
 
 // The place of a letter in the staff that begins at E.
-int StepInStaff(char letter)
+static int StepInStaff(char letter)
 {
     int step = Step(letter, 4);
     while (step < TrebleFoot)
@@ -92,7 +89,7 @@ private:
     Mask& ink;
 };
 
-void DrawHead(Quill& pen, Vec2 at, bool hollow)
+static void DrawHead(Quill& pen, Vec2 at, bool hollow)
 {
     if (!hollow) {
         pen.Fill(Ellipse(at, HeadX, HeadY, -0.22f));
@@ -104,7 +101,7 @@ void DrawHead(Quill& pen, Vec2 at, bool hollow)
 }
 
 // A rest of a quarter, about the staff's middle line.
-void DrawRest(Quill& pen, Vec2 at)
+static void DrawRest(Quill& pen, Vec2 at)
 {
     pen.Width(2.6f);
     pen.Stroke(Through({at + Vec2{-2.5f, -10}, at + Vec2{3, -4.5f}, at + Vec2{-2, 0}, at + Vec2{3.5f, 5.5f}}),
@@ -114,7 +111,7 @@ void DrawRest(Quill& pen, Vec2 at)
 }
 
 // Three over four, between the lines of a staff.
-void DrawTime(Quill& pen, Vec2 middle)
+static void DrawTime(Quill& pen, Vec2 middle)
 {
     const auto in = [&](float x, float y) { return middle + Vec2{x, y}; };
     pen.Width(2.6f);
@@ -128,7 +125,7 @@ void DrawTime(Quill& pen, Vec2 middle)
     pen.Stroke(Straight({in(2.4f, 4.6f), in(2, 13.6f)}), {.start = 0.8f, .middle = 1, .end = 0.9f});
 }
 
-void DrawNote(Quill& pen, Vec2 at, float length, float foot)
+static void DrawNote(Quill& pen, Vec2 at, float length, float foot)
 {
     const bool hollow = length >= 2;
     DrawHead(pen, at, hollow);
@@ -153,7 +150,7 @@ void DrawNote(Quill& pen, Vec2 at, float length, float foot)
         pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
 }
 
-void DrawSign(Quill& pen, Vec2 at, int accidental)
+static void DrawSign(Quill& pen, Vec2 at, int accidental)
 {
     pen.Width(2.4f);
     if (accidental < 0) {
@@ -172,7 +169,7 @@ void DrawSign(Quill& pen, Vec2 at, int accidental)
 }
 
 // At the line of G.
-void DrawTrebleClef(Quill& pen, Vec2 at)
+static void DrawTrebleClef(Quill& pen, Vec2 at)
 {
     pen.Width(3.2f);
     const auto in = [&](float x, float y) { return at + Vec2{x * 1.3f, y * 0.86f}; };
@@ -184,7 +181,7 @@ void DrawTrebleClef(Quill& pen, Vec2 at)
 }
 
 // At the line of F.
-void DrawBassClef(Quill& pen, Vec2 at)
+static void DrawBassClef(Quill& pen, Vec2 at)
 {
     pen.Width(3.4f);
     const auto in = [&](float x, float y) { return at + Vec2{x * 1.45f, y}; };
@@ -196,7 +193,7 @@ void DrawBassClef(Quill& pen, Vec2 at)
 }
 
 // From note to note of a bar, above or below their heads.
-void DrawSlur(Quill& pen, Vec2 from, Vec2 to, float side)
+static void DrawSlur(Quill& pen, Vec2 from, Vec2 to, float side)
 {
     pen.Width(2.2f);
     const Vec2 lift = {0, side * 7};
@@ -204,8 +201,6 @@ void DrawSlur(Quill& pen, Vec2 from, Vec2 to, float side)
     pen.Stroke(Through({from + lift, Mix(from, to, 0.5f) + lift + Vec2{0, side * depth}, to + lift}),
                {.start = 0.1f, .middle = 1, .end = 0.1f});
 }
-
-} // namespace
 
 Canvas ScoreStrip()
 {

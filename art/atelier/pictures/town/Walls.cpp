@@ -10,15 +10,12 @@
 namespace atelier
 {
 
-namespace
-{
-
 constexpr float Size = 1024;
 constexpr int Side = 1024;
 constexpr float WallWidth = 256, WallTop = 256, WallFoot = 768;
 constexpr float RoofLeft = 768, RoofFoot = 256;
 
-Mask Roof()
+static Mask Roof()
 {
     return Filled(Side, Side, Rectangle(RoofLeft, 0, Size, RoofFoot));
 }
@@ -29,7 +26,7 @@ struct Beam {
     float width;
 };
 
-void DrawBeam(Mask& timber, Pen& pen, DryBrush& grain, const Beam& beam, uint32_t seed)
+static void DrawBeam(Mask& timber, Pen& pen, DryBrush& grain, const Beam& beam, uint32_t seed)
 {
     const Line spine = Straight({beam.from, beam.to});
     const Line body = Shaken(Limb(spine, beam.width / 2, beam.width / 2, beam.width / 2), 2, 40, seed);
@@ -43,7 +40,7 @@ void DrawBeam(Mask& timber, Pen& pen, DryBrush& grain, const Beam& beam, uint32_
     grain.Stroke(spine);
 }
 
-void DrawDoor(Mask& wood, Pen& pen, float left, float right, float top)
+static void DrawDoor(Mask& wood, Pen& pen, float left, float right, float top)
 {
     const float middle = (left + right) / 2;
     const Line outline = Through({{left, WallFoot - 40},
@@ -67,8 +64,6 @@ void DrawDoor(Mask& wood, Pen& pen, float left, float right, float top)
     }
     pen.Dot({right - 12, (top + WallFoot) / 2}, 4);
 }
-
-} // namespace
 
 // The wall at s above 0.75 looks at whoever comes along the way and is lit by the sky alone, as is the first
 // one: a fifth of what is painted reaches the eye. They are whitewashed, their timber is nearly black.
@@ -220,16 +215,13 @@ Canvas HouseWalls()
     return canvas;
 }
 
-namespace
-{
-
 // The rows of feathers on the towers. They are laid from the foot up, smaller below: seen from the ground a
 // tower grows towards its head.
 struct FeatherRows {
     std::vector<float> top, length; // pixels
 };
 
-FeatherRows RowsOfFeathers()
+static FeatherRows RowsOfFeathers()
 {
     FeatherRows rows;
     for (float y = WallTop - 130; y < WallFoot + 60;) {
@@ -242,12 +234,10 @@ FeatherRows RowsOfFeathers()
 }
 
 // The outline of a feather: how far down it reaches, in its lengths, beside its shaft (u from -1 to 1).
-float FeatherEdge(float u)
+static float FeatherEdge(float u)
 {
     return 1 - 0.34f * u * u - 0.12f * Pow(Abs(u), 6);
 }
-
-} // namespace
 
 // A tower is a pheasant turned to stone: a dark head, a pale ring, a breast of copper scales, and the barred
 // tail, which goes over into masonry and stands in the dark.
