@@ -6,89 +6,110 @@
 namespace atelier
 {
 
-// The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
-// four times as long as it is drawn: scales are few, large and drawn narrow and tall, the back is barred, the
-// gill has a burning edge, the belly is pale. The head comes so near that it alone is half the screen, so it
-// is worked with the pen: furrows over the skull, freckles, the plates of the cheek.
-static Canvas FishSkin()
+// The sheet of the fish's skin. Places are those of a sheet half as large, which Enlarged brings onto it.
+static const int skinSide = 1024;
+static const float fine = 2, sheetSize = skinSide / fine;
+
+static Line Enlarged(const Line& line)
 {
-    constexpr int Side = 1024;
-    // Places below are those of a sheet half as large.
-    constexpr float Fine = 2, Size = Side / Fine, Wide = 21, Tall = 62, Gill = 128;
-    const auto drawn = [](const Line& line) { return Scaled(line, Fine); };
-    const Paper& paper = SketchPaper(1024);
-    const Noise tint(641), bend(642), own(643), bars(647), wrinkle(648);
-    // Where the gill cover ends, and the scales begin.
-    const auto gillAt = [](float y) {
-        const float v = (y - 260) / 260;
-        return Gill + 14 - 52 * v * v;
-    };
-    struct Place {
-        float u, v; // across -1 to 1, and 0 to 1 at the free edge, which looks to the tail
-        float name;
-    };
-    const auto scale = [&](float x, float y) {
-        const float bent = y + 12 * bend.Fbm(x / 120, y / 120, 2);
-        // A scale nearer the head lies over the next.
-        for (int column = Floor(x / Wide) - 1;; column++) {
-            const float row = bent / Tall + (Wrap(column, 2) == 0 ? 0.0f : 0.5f);
-            const float u = (row - float(Floor(row))) * 2 - 1;
-            const float v = (x - float(column) * Wide) / (2 * Wide);
-            if (v <= 1 - 0.5f * u * u)
-                return Place{u, v, own.Value(float(column) * 3.7f, float(Floor(row)) * 5.3f)};
-        }
-    };
-    const Colour back = Mix(palette::Ink, palette::Slate, 0.60f),
-                 flank = Mix(palette::Ochre, palette::Amber, 0.25f),
-                 belly = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
-    Canvas canvas(Side, Side);
+    return Scaled(line, fine);
+}
+
+struct SkinNoise {
+    Noise tint = Noise(641), bend = Noise(642), own = Noise(643), wrinkle = Noise(648);
+};
+
+// Where the gill cover ends, and the scales begin.
+static float GillAt(float y)
+{
+    const float gill = 128, v = (y - 260) / 260;
+    return gill + 14 - 52 * v * v;
+}
+
+struct FishScale {
+    float u, v; // across -1 to 1, and 0 to 1 at the free edge, which looks to the tail
+    float name; // a random number
+};
+
+static FishScale ScaleAt(float x, float y, const SkinNoise& noise)
+{
+    const float wide = 21, tall = 62;
+    const float bent = y + 12 * noise.bend.Fbm(x / 120, y / 120, 2);
+    // A scale nearer the head lies over the next.
+    for (int column = Floor(x / wide) - 1;; column++) {
+        const float row = bent / tall + (Wrap(column, 2) == 0 ? 0.0f : 0.5f);
+        const float u = (row - float(Floor(row))) * 2 - 1;
+        const float v = (x - float(column) * wide) / (2 * wide);
+        if (v <= 1 - 0.5f * u * u)
+            return {u, v, noise.own.Value(float(column) * 3.7f, float(Floor(row)) * 5.3f)};
+    }
+}
+
+// The colours from the back down, v from 0 at the top of the sheet to 1.
+static const Colour backColour = Mix(palette::Ink, palette::Slate, 0.60f),
+                    flankColour = Mix(palette::Ochre, palette::Amber, 0.25f),
+                    bellyColour = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
+
+static Colour ScalyColour(float x, float y, float v, const SkinNoise& noise)
+{
+    Colour c = Mix(backColour, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
+    c = Mix(c, flankColour, Smooth(0.32f, 0.52f, v));
+    c = Mix(c, bellyColour, Smooth(0.58f, 0.84f, v));
+    // Towards the tail the gold sinks into rust.
+    c = Mix(c, Mix(palette::Rust, palette::Slate, 0.35f),
+            0.55f * Smooth(330, 520, x) * Smooth(0.9f, 0.5f, v));
+    const FishScale s = ScaleAt(x, y, noise);
+    const float edge = 1 - 0.5f * s.u * s.u - s.v; // to the free edge
+    Colour skin = c * (0.72f + 0.5f * s.name);
+    skin = skin * (0.92f + 0.16f * Smooth(0.7f, 0.15f, edge)); // domed
+    skin = Mix(skin, Mix(c, palette::Bone, 0.55f), 0.42f * Hill(0.17f, 0.10f, edge) * Smooth(0.15f, 0.5f, v));
+    skin = Mix(skin, palette::Mist, 0.18f * Hill(0.17f, 0.10f, edge) * Smooth(0.3f, 0.1f, v));
+    skin = skin * (1 - 0.80f * Smooth(0.12f, 0.015f, edge));
+    return skin * (1 - 0.75f * Smooth(26, 0, x - GillAt(y))); // in the shadow of the gill cover
+}
+
+// The head is bare: leathery above, a cheek of copper, a bone-pale jaw.
+static Colour HeadColour(float x, float y, float v, const SkinNoise& noise)
+{
+    Colour head = Mix(backColour * 0.9f, Mix(palette::Rust, palette::Ochre, 0.30f), Smooth(0.24f, 0.40f, v));
+    head = Mix(head, Mix(flankColour, palette::Rust, 0.15f), Smooth(0.40f, 0.58f, v));
+    head = Mix(head, bellyColour * 0.92f, Smooth(0.60f, 0.74f, v));
+    const float crease = noise.wrinkle.Ridges(x / 30 + 0.4f * noise.tint.Gradient(x / 30, y / 60), y / 95, 3);
+    head = head * (0.80f + 0.34f * noise.tint.Fbm(x / 12, y / 30, 4) + 0.20f * (1 - Pow(crease, 3)));
+    head = head * (1 - 0.35f * Pow(crease, 6));
+    // Before its edge the gill cover is dark, the edge itself glows, behind it lies its shadow.
+    const float toGill = GillAt(y) - x;
+    head = Mix(head, Mix(palette::Rust, palette::Ink, 0.45f),
+               0.60f * Smooth(34, 9, toGill) * Smooth(0.10f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
+    head = Mix(head, palette::Amber,
+               0.9f * Hill(4, 6, toGill) * Smooth(0.12f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
+    return head;
+}
+
+static void PaintSkin(Canvas& canvas, const SkinNoise& noise)
+{
     canvas.Ground([&](float column, float line) {
-        const float x = column / Fine, y = line / Fine;
-        const float v = y / Size + 0.05f * tint.Fbm(x / 60, y / 110, 4);
-        const float behind = Smooth(-3, 5, x - gillAt(y));
-        Colour c = Mix(back, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
-        c = Mix(c, flank, Smooth(0.32f, 0.52f, v));
-        c = Mix(c, belly, Smooth(0.58f, 0.84f, v));
-        // Towards the tail the gold sinks into rust.
-        c = Mix(c, Mix(palette::Rust, palette::Slate, 0.35f),
-                0.55f * Smooth(330, 520, x) * Smooth(0.9f, 0.5f, v));
-        const Place s = scale(x, y);
-        const float edge = 1 - 0.5f * s.u * s.u - s.v; // to the free edge
-        Colour skin = c * (0.72f + 0.5f * s.name);
-        skin = skin * (0.92f + 0.16f * Smooth(0.7f, 0.15f, edge)); // domed
-        skin = Mix(skin, Mix(c, palette::Bone, 0.55f),
-                   0.42f * Hill(0.17f, 0.10f, edge) * Smooth(0.15f, 0.5f, v));
-        skin = Mix(skin, palette::Mist, 0.18f * Hill(0.17f, 0.10f, edge) * Smooth(0.3f, 0.1f, v));
-        skin = skin * (1 - 0.80f * Smooth(0.12f, 0.015f, edge));
-        // The head is bare: leathery above, a cheek of copper, a bone-pale jaw.
-        Colour head = Mix(back * 0.9f, Mix(palette::Rust, palette::Ochre, 0.30f), Smooth(0.24f, 0.40f, v));
-        head = Mix(head, Mix(flank, palette::Rust, 0.15f), Smooth(0.40f, 0.58f, v));
-        head = Mix(head, belly * 0.92f, Smooth(0.60f, 0.74f, v));
-        const float crease = wrinkle.Ridges(x / 30 + 0.4f * tint.Gradient(x / 30, y / 60), y / 95, 3);
-        head = head * (0.80f + 0.34f * tint.Fbm(x / 12, y / 30, 4) + 0.20f * (1 - Pow(crease, 3)));
-        head = head * (1 - 0.35f * Pow(crease, 6));
-        // Before its edge the gill cover is dark, the edge itself glows, behind it lies its shadow.
-        const float toGill = gillAt(y) - x;
-        head = Mix(head, Mix(palette::Rust, palette::Ink, 0.45f),
-                   0.60f * Smooth(34, 9, toGill) * Smooth(0.10f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
-        head = Mix(head, palette::Amber,
-                   0.9f * Hill(4, 6, toGill) * Smooth(0.12f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
-        skin = skin * (1 - 0.75f * Smooth(26, 0, -toGill));
-        return Mix(head, skin, behind);
+        const float x = column / fine, y = line / fine;
+        const float v = y / sheetSize + 0.05f * noise.tint.Fbm(x / 60, y / 110, 4);
+        const float behind = Smooth(-3, 5, x - GillAt(y));
+        return Mix(HeadColour(x, y, v, noise), ScalyColour(x, y, v, noise), behind);
     });
-    // Bars down from the back, as a perch's: each runs out in a point, none like another.
-    Mask barred(Side, Side);
-    Dice dice(646);
+}
+
+// Bars down from the back, as a perch's: each runs out in a point, none like another.
+static void PaintBars(Canvas& canvas, const Paper& paper, Dice& dice)
+{
+    Mask barred(skinSide, skinSide);
     for (int i = 0; i < 8; i++) {
         const float x = 168 + 44 * float(i) + dice.Range(-7, 7), low = dice.Range(250, 345) - 7 * float(i);
         const float half = dice.Range(8, 13);
         barred.Fill(
-            drawn(Shaken(Limb(Through({{x + 6, -20}, {x + dice.Range(-6, 6), low * 0.5f}, {x - 8, low}}),
-                              half * 1.5f, half, 1),
-                         5, 26, dice.Next())));
+            Enlarged(Shaken(Limb(Through({{x + 6, -20}, {x + dice.Range(-6, 6), low * 0.5f}, {x - 8, low}}),
+                                 half * 1.5f, half, 1),
+                            5, 26, dice.Next())));
         if (i % 2 == 0)
-            barred.Fill(drawn(Shaken(Ellipse({x + dice.Range(-10, 20), low + dice.Range(34, 56)}, 6, 17), 3,
-                                     16, dice.Next())),
+            barred.Fill(Enlarged(Shaken(Ellipse({x + dice.Range(-10, 20), low + dice.Range(34, 56)}, 6, 17),
+                                        3, 16, dice.Next())),
                         0.8f);
     }
     Wash(canvas, paper, barred,
@@ -100,74 +121,110 @@ static Canvas FishSkin()
           .bloomSize = 120,
           .stray = 8},
          644);
-    // Freckles where the blue of the skull runs out, larger towards the gill.
-    Mask freckles(Side, Side);
+}
+
+// Freckles where the blue of the skull runs out, larger towards the gill.
+static void PaintFreckles(Canvas& canvas, const Paper& paper, Dice& dice)
+{
+    Mask freckles(skinSide, skinSide);
     for (int i = 0; i < 150; i++) {
         const float x = dice.Range(8, 112), y = 178 + 34 * dice.Bell();
         const float size = (0.5f + 2.2f * dice.Unit() * dice.Unit()) * (0.5f + x / 112);
-        freckles.Fill(drawn(Shaken(Ellipse({x, y}, size * 0.7f, size * 1.7f), 0.6f, 5, dice.Next())));
+        freckles.Fill(Enlarged(Shaken(Ellipse({x, y}, size * 0.7f, size * 1.7f), 0.6f, 5, dice.Next())));
     }
     Wash(canvas, paper, freckles,
          {.pigment = Mix(palette::Ink, palette::Rust, 0.3f), .density = 0.75f, .poolWidth = 2, .stray = 2},
          641);
-    Mask ink(Side, Side);
-    Pen pen(ink, paper, {.width = 9, .wobble = 2, .wave = 52, .skip = 0.12f}, 645);
+}
+
+// The edge of the gill cover, the plates of the cheek, the mouth, and the line along the side.
+static void DrawCheek(Pen& pen, Dice& dice)
+{
     Line gill;
     for (float y = 46; y < 476; y += 4)
-        gill.push_back({gillAt(y) + 3, y});
-    pen.Stroke(drawn(gill), {.start = 0.3f, .middle = 1, .end = 0.2f});
+        gill.push_back({GillAt(y) + 3, y});
+    pen.Stroke(Enlarged(gill), {.start = 0.3f, .middle = 1, .end = 0.2f});
     // The plates of the cheek, and the folds at the corner of the mouth.
     pen.nib.width = 6;
-    pen.Stroke(drawn(Through({{100, 150}, {112, 250}, {104, 352}, {84, 408}})),
+    pen.Stroke(Enlarged(Through({{100, 150}, {112, 250}, {104, 352}, {84, 408}})),
                {.start = 0, .middle = 0.9f, .end = 0.1f});
-    pen.Stroke(drawn(Through({{52, 372}, {78, 336}, {88, 270}, {84, 214}})),
+    pen.Stroke(Enlarged(Through({{52, 372}, {78, 336}, {88, 270}, {84, 214}})),
                {.start = 0.2f, .middle = 1, .end = 0.1f});
-    pen.Stroke(drawn(Through({{22, 318}, {44, 306}, {66, 322}, {74, 356}})),
+    pen.Stroke(Enlarged(Through({{22, 318}, {44, 306}, {66, 322}, {74, 356}})),
                {.start = 0.5f, .middle = 0.9f, .end = 0});
-    pen.Stroke(drawn(Through({{8, 226}, {26, 214}, {40, 222}})),
+    pen.Stroke(Enlarged(Through({{8, 226}, {26, 214}, {40, 222}})),
                {.start = 0.4f, .middle = 0.8f, .end = 0}); // nostril
     pen.nib.width = 4;
     for (int i = 0; i < 46; i++) { // pores, in rows along the jaw
         const float along = float(i % 23) / 22;
         pen.Dot(Vec2{Mix(10, 100, along) + dice.Range(-2, 2),
                      Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)} *
-                    Fine,
+                    fine,
                 dice.Range(1.6f, 4));
     }
     for (float x = 146; x < 505; x += 10)
-        pen.Stroke(drawn(Straight({{x, 236 + 20 * Sin(x * 0.008f)}, {x + 6, 238 + 20 * Sin(x * 0.008f)}})),
+        pen.Stroke(Enlarged(Straight({{x, 236 + 20 * Sin(x * 0.008f)}, {x + 6, 238 + 20 * Sin(x * 0.008f)}})),
                    {.start = 0.9f, .middle = 1, .end = 0.6f});
-    // Furrows over the skull, from between the eyes to the nape, and folds that hang down the cheek.
+}
+
+// Furrows over the skull, from between the eyes to the nape, and folds that hang down the cheek.
+static void DrawFurrows(Pen& pen, Dice& dice)
+{
     pen.nib.width = 3.4f;
     for (int i = 0; i < 7; i++) {
         const float y = 16 + 17 * float(i), sink = 3.0f * float(i);
-        pen.Stroke(drawn(Through({{14 + dice.Range(0, 22), y + dice.Range(-4, 4)},
-                                  {52, y + dice.Range(-7, 7)},
-                                  {84, y + sink + dice.Range(-6, 6)},
-                                  {116 + dice.Range(-14, 6), y + 2 * sink}})),
+        pen.Stroke(Enlarged(Through({{14 + dice.Range(0, 22), y + dice.Range(-4, 4)},
+                                     {52, y + dice.Range(-7, 7)},
+                                     {84, y + sink + dice.Range(-6, 6)},
+                                     {116 + dice.Range(-14, 6), y + 2 * sink}})),
                    {.start = 0, .middle = 0.8f, .end = 0.1f});
     }
     for (int i = 0; i < 9; i++) {
         const float x = 30 + 8 * float(i);
-        pen.Stroke(drawn(Through({{x, 236 + dice.Range(-16, 16)},
-                                  {x + 5, 268 + dice.Range(-8, 8)},
-                                  {x + 1, 300 + dice.Range(-10, 34)}})),
+        pen.Stroke(Enlarged(Through({{x, 236 + dice.Range(-16, 16)},
+                                     {x + 5, 268 + dice.Range(-8, 8)},
+                                     {x + 1, 300 + dice.Range(-10, 34)}})),
                    {.start = 0, .middle = 0.75f, .end = 0});
     }
+}
+
+// Pen strokes darken the skull and the belly.
+static void HatchSkin(Pen& pen, const SkinNoise& noise)
+{
     pen.nib.width = 2.4f;
-    Hatch(pen, Mask(Side, Side).Each([&](float column, float line) {
-        const float x = column / Fine, y = line / Fine;
-        return x < gillAt(y) - 14 ? 0.75f * Smooth(170, 96, y) * (0.5f + 0.5f * tint.Fbm(x / 20, y / 60, 2))
-                                  : 0.0f;
+    Hatch(pen, Mask(skinSide, skinSide).Each([&](float column, float line) {
+        const float x = column / fine, y = line / fine;
+        return x < GillAt(y) - 14
+                   ? 0.75f * Smooth(170, 96, y) * (0.5f + 0.5f * noise.tint.Fbm(x / 20, y / 60, 2))
+                   : 0.0f;
     }),
           {.angle = 1.25f, .spacing = 9, .length = 70, .bend = 10}, 650);
-    // The belly is shaded with the pen.
     pen.nib.width = 2.6f;
-    Hatch(pen, Mask(Side, Side).Each([&](float column, float line) {
-        const float x = column / Fine, y = line / Fine;
-        return x > gillAt(y) ? 0.55f * Smooth(415, 505, y) : 0.0f;
+    Hatch(pen, Mask(skinSide, skinSide).Each([&](float column, float line) {
+        const float x = column / fine, y = line / fine;
+        return x > GillAt(y) ? 0.55f * Smooth(415, 505, y) : 0.0f;
     }),
           {.angle = 1.35f, .spacing = 14, .length = 80}, 649);
+}
+
+// The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
+// four times as long as it is drawn: scales are few, large and drawn narrow and tall, the back is barred, the
+// gill has a burning edge, the belly is pale. The head comes so near that it alone is half the screen, so it
+// is worked with the pen: furrows over the skull, freckles, the plates of the cheek.
+static Canvas FishSkin()
+{
+    const Paper& paper = SketchPaper(1024);
+    const SkinNoise noise;
+    Canvas canvas(skinSide, skinSide);
+    PaintSkin(canvas, noise);
+    Dice dice(646);
+    PaintBars(canvas, paper, dice);
+    PaintFreckles(canvas, paper, dice);
+    Mask ink(skinSide, skinSide);
+    Pen pen(ink, paper, {.width = 9, .wobble = 2, .wave = 52, .skip = 0.12f}, 645);
+    DrawCheek(pen, dice);
+    DrawFurrows(pen, dice);
+    HatchSkin(pen, noise);
     canvas.Cover(ink, palette::Ink, 0.85f);
     paper.Show(canvas, 0.4f);
     return canvas;

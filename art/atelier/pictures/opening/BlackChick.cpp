@@ -7,6 +7,10 @@
 namespace atelier
 {
 
+// The chick is painted in the proportion in which it is seen, 430 by 542, at twice that size; the claws reach
+// below the 1084 rows in which it stands.
+static const int W = 860, H = 1124;
+
 // A toe: a knobbly limb with a claw, from the ankle to the tip.
 static void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, Vec2 tip, float width,
                     Dice& dice)
@@ -30,20 +34,9 @@ static void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, V
                     tip + d * (width * 0.5f) + n * (width * 0.3f), tip + n * (width * 0.3f)}));
 }
 
-// A ruffled black chick that does not know where to go: each of its enormous feet points another way. Painted
-// in the proportion in which it is seen, 430 by 542, then squeezed into the top 343 rows.
-Canvas BlackChick()
+// Legs and feet: each of its enormous feet points another way.
+static void PaintLegs(Canvas& canvas, const Paper& paper, Dice& dice)
 {
-    constexpr int W = 860, H = 1124; // the claws reach below the 1084 in which it stands
-    const Paper& paper = SketchPaper();
-    Canvas canvas(W, H);
-    Dice dice(21);
-
-    Mask shadow(W, H);
-    shadow.Fill(Ellipse({430, 1020}, 300, 22)).Blur(14).FadeToBorder(60);
-    canvas.Cover(shadow, palette::Ink, 0.45f);
-
-    // Legs and feet.
     Mask skin(W, H), claws(W, H), lines(W, H);
     Pen pen(lines, paper, {.width = 5, .wobble = 1, .skip = 0.15f}, 22);
     const Vec2 leftAnkle = {296, 968}, rightAnkle = {566, 958};
@@ -93,9 +86,11 @@ Canvas BlackChick()
     canvas.Lay(horn.CutOut(skin), 0, 0);
     canvas.Cover(claws, palette::Ink);
     canvas.Cover(lines, palette::Ink, 0.95f);
+}
 
-    // The down: first the body as one dark wash, then feather upon feather from the tail to the head.
-    const Vec2 body = {424, 500}, head = {470, 330};
+// The outline of body and head.
+static Mask Silhouette()
+{
     Mask dark(W, H);
     dark.Fill(Round({{470, 160},
                      {590, 200},
@@ -109,16 +104,26 @@ Canvas BlackChick()
                      {200, 470},
                      {290, 370},
                      {320, 240}}));
+    return dark;
+}
+
+// The direction in which the down grows at a place, in radians: away from the middle of body or head, ruffled.
+static float FeatherAngle(Vec2 p, Dice& dice)
+{
+    static const Noise whirl(26);
+    const Vec2 body = {424, 500}, head = {470, 330};
+    const Vec2 out = p - Mix(body, head, Smooth(620, 220, p.y));
+    return Angle(out) + 0.5f + 0.9f * whirl.Fbm(p.x / 150, p.y / 150, 2) + 0.35f * dice.Bell();
+}
+
+// The body as one dark wash, then feather upon feather. Roughens the edge of `dark`, the silhouette.
+static void PaintDown(Canvas& canvas, Mask& dark, const Paper& paper, Dice& dice)
+{
     Mask down(W, H);
     Pen feather(down, paper, {.width = 5, .wobble = 1.6f, .wave = 30, .skip = 0.1f, .dry = 0.35f, .pool = 0},
                 25);
-    const Noise whirl(26);
-    const auto flow = [&](Vec2 p) {
-        const Vec2 out = p - Mix(body, head, Smooth(620, 220, p.y));
-        return Angle(out) + 0.5f + 0.9f * whirl.Fbm(p.x / 150, p.y / 150, 2) + 0.35f * dice.Bell();
-    };
     const auto plume = [&](Vec2 p, float length, float width, float press) {
-        const float a = flow(p);
+        const float a = FeatherAngle(p, dice);
         feather.nib.width = width;
         const Vec2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
         const float curl = dice.Range(-0.3f, 0.3f) * length;
@@ -146,7 +151,11 @@ Canvas BlackChick()
                        {.start = 0.9f, .middle = 0.7f, .end = 0});
     canvas.Cover(dark.Shake(8, 30, 27), palette::Ink);
     canvas.Cover(down, palette::Ink);
-    // Light from behind on single feathers; the breast is greyer.
+}
+
+// Light from behind on single feathers; the breast is greyer.
+static void PaintSheen(Canvas& canvas, const Mask& dark, const Paper& paper, Dice& dice)
+{
     Mask grey(W, H);
     Pen sheen(grey, paper, {.width = 2.4f, .wobble = 1.4f, .wave = 26, .skip = 0.5f, .dry = 0.7f, .pool = 0},
               28);
@@ -154,7 +163,7 @@ Canvas BlackChick()
         const Vec2 p = {dice.Range(170, 680), dice.Range(150, 750)};
         if (dark.Sample(p.x, p.y) < 0.5f)
             continue;
-        const float a = flow(p), length = dice.Range(16, 46),
+        const float a = FeatherAngle(p, dice), length = dice.Range(16, 46),
                     light = 0.2f + 0.7f * Smooth(480, 200, p.x) + 0.4f * Hill(620, 160, p.y);
         if (dice.Chance(light))
             sheen.Stroke(Through({p, p + Vec2{Cos(a), Sin(a)} * (length * 0.5f),
@@ -162,7 +171,11 @@ Canvas BlackChick()
                          {.start = 0.5f, .middle = 0.8f, .end = 0});
     }
     canvas.Cover(grey, palette::Slate, 0.55f);
-    // The stub of a wing.
+}
+
+// The stub of a wing.
+static void PaintWing(Canvas& canvas, const Paper& paper)
+{
     Mask wing(W, H);
     Pen quill(wing, paper, {.width = 7, .wobble = 1, .pool = 0}, 29);
     for (int i = 0; i < 13; i++) {
@@ -174,8 +187,10 @@ Canvas BlackChick()
     }
     canvas.Cover(wing.Blurred(1.5f), palette::Slate, 0.30f);
     canvas.Cover(wing, palette::Ink, 0.55f);
+}
 
-    // The beak, and the one eye that sees you.
+static void PaintBeak(Canvas& canvas, const Paper& paper)
+{
     Mask beak(W, H), beakLine(W, H);
     Pen beakPen(beakLine, paper, {.width = 5, .wobble = 0.6f}, 30);
     const Line upper = Round({{618, 392}, {660, 380}, {716, 418}, {672, 424}, {622, 432}}),
@@ -195,6 +210,11 @@ Canvas BlackChick()
     beakPen.Stroke(upper, {.start = 0.6f, .middle = 0.8f, .end = 0.6f});
     beakPen.Stroke(lower, {.start = 0.6f, .middle = 0.6f, .end = 0.4f});
     canvas.Cover(beakLine, palette::Ink);
+}
+
+// The one eye that sees you.
+static void PaintEye(Canvas& canvas, const Paper& paper)
+{
     const Vec2 eye = {520, 330};
     Mask white(W, H), iris(W, H), pupil(W, H), lid(W, H);
     white.Fill(Shaken(Ellipse(eye, 66, 70), 2.5f, 40, 32));
@@ -225,6 +245,25 @@ Canvas BlackChick()
                       {.start = 0.9f, .middle = 0.5f, .end = 0});
     }
     canvas.Cover(lid, palette::Ink);
+}
+
+// A ruffled black chick that does not know where to go, squeezed into the top 343 rows of its texture.
+Canvas BlackChick()
+{
+    const Paper& paper = SketchPaper();
+    Canvas canvas(W, H);
+    Dice dice(21);
+    Mask shadow(W, H);
+    shadow.Fill(Ellipse({430, 1020}, 300, 22)).Blur(14).FadeToBorder(60);
+    canvas.Cover(shadow, palette::Ink, 0.45f);
+
+    PaintLegs(canvas, paper, dice);
+    Mask dark = Silhouette();
+    PaintDown(canvas, dark, paper, dice);
+    PaintSheen(canvas, dark, paper, dice);
+    PaintWing(canvas, paper);
+    PaintBeak(canvas, paper);
+    PaintEye(canvas, paper);
     paper.Show(canvas, 0.6f);
 
     Canvas texture(512, 512);

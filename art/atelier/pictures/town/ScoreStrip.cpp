@@ -4,6 +4,8 @@
 #include "art/atelier/pictures/town/Town.h"
 #include "art/music/Theme.h"
 
+#include <span>
+
 namespace atelier
 {
 
@@ -202,16 +204,20 @@ static void DrawSlur(Quill& pen, Vec2 from, Vec2 to, float side)
                {.start = 0.1f, .middle = 1, .end = 0.1f});
 }
 
-Canvas ScoreStrip()
+// Where the paper is, with its ragged edges.
+static Mask SheetMask()
 {
-    const Paper& paper = SketchPaper();
-    const Noise edge(541, 24, 1), stain(542, 8, 2);
-    Canvas canvas(Width, Height);
-    const Mask sheet = Mask(Width, Height, 0, true).Each([&](float column, float line) {
+    const Noise edge(541, 24, 1);
+    return Mask(Width, Height, 0, true).Each([&](float column, float line) {
         const float x = column / Fine, y = line / Fine;
         const float ragged = 3 * edge.Fbm(x / W * 24, y < H / 2.0f ? 0.2f : 0.7f, 4);
         return Smooth(1.5f, 9, Min(y, H - y) + ragged - 2) * (y > 2 && y < H - 2 ? 1.0f : 0.0f);
     });
+}
+
+static void PaintPaper(Canvas& canvas)
+{
+    const Noise stain(542, 8, 2);
     canvas.Cover(Mask(Width, Height, 1), [&](float column, float line) {
         const float x = column / Fine, y = line / Fine;
         const float t = 0.5f + 0.7f * stain.Fbm(x / W * 8, y / H * 2, 5);
@@ -219,17 +225,11 @@ Canvas ScoreStrip()
         return Mix(Mix(palette::Bone, palette::Parchment, Clamp(t)) * 0.86f,
                    Mix(palette::Ochre, palette::Rust, 0.4f), 0.45f * rim);
     });
-    Mask ruled(Width, Height, 0, true), ink(Width, Height, 0, true);
-    Quill lines(ruled, paper,
-                {.width = 1.5f,
-                 .least = 0.5f,
-                 .wobble = 0.6f,
-                 .wave = 90,
-                 .wander = 0.35f,
-                 .skip = 0.02f,
-                 .dry = 0.15f,
-                 .pool = 0},
-                543);
+}
+
+// The lines of the staves and the bar lines.
+static void DrawStaves(Quill& lines)
+{
     for (const float foot : Foot)
         for (int i = 0; i < 5; i++)
             // Overlapping itself where the strip joins.
@@ -249,76 +249,112 @@ Canvas ScoreStrip()
             lines.Stroke(Straight({{x, Foot[0] - 4 * Gap}, {x, Foot[4]}}),
                          {.start = 1, .middle = 1, .end = 1});
     }
-    Quill pen(ink, paper, {.width = 2.4f, .wobble = 0.25f, .wave = 12, .skip = 0, .dry = 0.05f, .pool = 0.2f},
-              544);
+}
+
+// Clefs, the one flat of D minor, and the time.
+static void DrawClefs(Quill& pen)
+{
     for (int staff = 0; staff < 5; staff++) {
         if (staff < 4)
             DrawTrebleClef(pen, {12, Foot[staff] - Gap});
         else
             DrawBassClef(pen, {11.5f, Foot[staff] - 3 * Gap});
-        // The one flat of D minor, and its time.
         DrawSign(pen, {24.5f, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
         DrawTime(pen, {35, Foot[staff] - 2 * Gap});
     }
-    const auto placeOf = [](int bar, float beat, int step, int footStep, float foot) {
-        return Vec2{Bar * float(bar - 1) + FirstBeat + Beat * beat, foot - Gap / 2 * float(step - footStep)};
+}
+
+// Where a note stands: bars count from 1, beats from 0; `footStep` is the step of the staff's lowest line,
+// which lies at `foot`.
+static Vec2 PlaceOf(int bar, float beat, int step, int footStep, float foot)
+{
+    return {Bar * float(bar - 1) + FirstBeat + Beat * beat, foot - Gap / 2 * float(step - footStep)};
+}
+
+// A tune, each bar of it under a slur.
+static void DrawTune(Quill& pen, std::span<const waltz::ThemeNote> notes, float foot)
+{
+    int bar = 0;
+    Vec2 first, last;
+    const auto slur = [&] {
+        if (bar > 0 && last.x > first.x)
+            // On the side where no stem is.
+            DrawSlur(pen, first, last, Min(first.y, last.y) > foot - 2 * Gap ? 1.0f : -1.0f);
     };
-    // A tune, each bar of it under a slur.
-    const auto tune = [&](const auto& notes, float foot) {
-        int bar = 0;
-        Vec2 first, last;
-        const auto slur = [&] {
-            if (bar > 0 && last.x > first.x)
-                // On the side where no stem is.
-                DrawSlur(pen, first, last, Min(first.y, last.y) > foot - 2 * Gap ? 1.0f : -1.0f);
+    for (const waltz::ThemeNote& note : notes) {
+        Vec2 at = PlaceOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
+        if (note.length < 1) // leaves room for the sign of the note behind it
+            at.x -= QuaverEarly;
+        DrawNote(pen, at, note.length, foot);
+        if (note.printedSign)
+            DrawSign(pen, at - Vec2{SignBefore, 0}, note.accidental);
+        if (note.bar != bar) {
+            slur();
+            bar = note.bar;
+            first = at;
+        }
+        last = at;
+    }
+    slur();
+}
+
+// The chord of a bar on its second and third beat, in the two staves for it.
+static void DrawChord(Quill& pen, int bar)
+{
+    const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
+    for (const int staff : {2, 3})
+        DrawRest(pen, PlaceOf(bar, 0, TrebleFoot + 4, TrebleFoot, Foot[staff]));
+    for (int beat = 1; beat <= 2; beat++) {
+        // Third and fifth together on one stem, the root below them.
+        const auto at = [&](int i, float foot) {
+            return PlaceOf(bar, float(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
         };
-        for (const waltz::ThemeNote& note : notes) {
-            Vec2 at = placeOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
-            if (note.length < 1) // leaves room for the sign of the note behind it
-                at.x -= QuaverEarly;
-            DrawNote(pen, at, note.length, foot);
-            if (note.printedSign)
-                DrawSign(pen, at - Vec2{SignBefore, 0}, note.accidental);
-            if (note.bar != bar) {
-                slur();
-                bar = note.bar;
-                first = at;
-            }
-            last = at;
-        }
-        slur();
-    };
-    tune(waltz::theme, Foot[0]);
-    tune(waltz::counterMelody, Foot[1]);
+        const Vec2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
+        const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
+        DrawHead(pen, third, false);
+        DrawHead(pen, fifth, false);
+        const float side = down ? -1.0f : 1.0f, high = Min(third.y, fifth.y), low = Max(third.y, fifth.y);
+        const Vec2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
+        pen.Width(2.4f);
+        pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
+                   {.start = 1, .middle = 0.9f, .end = 0.8f});
+        DrawNote(pen, at(0, Foot[3]), 1, Foot[3]);
+        for (int i = 0; beat == 1 && i < 3; i++)
+            if (triad.sign[i] != 0)
+                DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{SignBefore, 0}, triad.sign[i]);
+    }
+}
+
+Canvas ScoreStrip()
+{
+    const Paper& paper = SketchPaper();
+    Canvas canvas(Width, Height);
+    PaintPaper(canvas);
+    Mask ruled(Width, Height, 0, true), ink(Width, Height, 0, true);
+    Quill lines(ruled, paper,
+                {.width = 1.5f,
+                 .least = 0.5f,
+                 .wobble = 0.6f,
+                 .wave = 90,
+                 .wander = 0.35f,
+                 .skip = 0.02f,
+                 .dry = 0.15f,
+                 .pool = 0},
+                543);
+    DrawStaves(lines);
+    Quill pen(ink, paper, {.width = 2.4f, .wobble = 0.25f, .wave = 12, .skip = 0, .dry = 0.05f, .pool = 0.2f},
+              544);
+    DrawClefs(pen);
+    DrawTune(pen, waltz::theme, Foot[0]);
+    DrawTune(pen, waltz::counterMelody, Foot[1]);
     for (int bar = 1; bar <= waltz::themeBars; bar++) {
-        DrawNote(pen, placeOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
-        const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
-        for (const int staff : {2, 3})
-            DrawRest(pen, placeOf(bar, 0, TrebleFoot + 4, TrebleFoot, Foot[staff]));
-        for (int beat = 1; beat <= 2; beat++) {
-            // Third and fifth together on one stem, the root below them.
-            const auto at = [&](int i, float foot) {
-                return placeOf(bar, float(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
-            };
-            const Vec2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
-            const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
-            DrawHead(pen, third, false);
-            DrawHead(pen, fifth, false);
-            const float side = down ? -1.0f : 1.0f, high = Min(third.y, fifth.y), low = Max(third.y, fifth.y);
-            const Vec2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
-            pen.Width(2.4f);
-            pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
-                       {.start = 1, .middle = 0.9f, .end = 0.8f});
-            DrawNote(pen, at(0, Foot[3]), 1, Foot[3]);
-            for (int i = 0; beat == 1 && i < 3; i++)
-                if (triad.sign[i] != 0)
-                    DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{SignBefore, 0}, triad.sign[i]);
-        }
+        DrawNote(pen, PlaceOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
+        DrawChord(pen, bar);
     }
     canvas.Cover(ruled, palette::Ink, 0.72f);
     canvas.Cover(ink, palette::Ink, 0.96f);
     paper.Show(canvas, 0.4f);
-    canvas.CutOut(sheet);
+    canvas.CutOut(SheetMask());
     return canvas;
 }
 

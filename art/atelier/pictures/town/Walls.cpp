@@ -65,86 +65,98 @@ static void DrawDoor(Mask& wood, Pen& pen, float left, float right, float top)
     pen.Dot({right - 12, (top + WallFoot) / 2}, 4);
 }
 
-// The wall at s above 0.75 looks at whoever comes along the way and is lit by the sky alone, as is the first
-// one: a fifth of what is painted reaches the eye. They are whitewashed, their timber is nearly black.
-Canvas HouseWalls()
+struct HouseNoise {
+    Noise tint = Noise(501, 8, 8), stone = Noise(502, 28, 28), damp = Noise(503, 6, 6),
+          trowel = Noise(509, 24, 48), rubble = Noise(510, 26, 26);
+};
+
+// The whitewash: 1 on the first and the last wall.
+static float Whitewash(float x)
 {
-    constexpr float Plinth = 738, DoorTop = 604, DoorWidth = 84;
-    const Paper& paper = SketchPaper();
-    const Noise tint(501, 8, 8), stone(502, 28, 28), damp(503, 6, 6), trowel(509, 24, 48),
-        rubble(510, 26, 26);
-    Canvas canvas(Side, Side);
-    const auto whitewash = [](float x) { // 1 on the first and the last wall
-        const float w = x / WallWidth;
-        return Max(Smooth(1.02f, 0.98f, w), Smooth(2.98f, 3.02f, w));
-    };
+    const float w = x / WallWidth;
+    return Max(Smooth(1.02f, 0.98f, w), Smooth(2.98f, 3.02f, w));
+}
+
+// The plaster, and the damp in it.
+static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
+{
     canvas.Ground([&](float x, float y) {
-        const float t = 0.5f + 0.6f * tint.Fbm(x / Size * 8, y / Size * 8, 5);
-        const float strokes = trowel.Fbm(x / Size * 24, y / Size * 48, 3);
-        const float wet = Smooth(520, 740, y + 130 * damp.Fbm(x / Size * 6, y / Size * 6, 3));
+        const float t = 0.5f + 0.6f * noise.tint.Fbm(x / Size * 8, y / Size * 8, 5);
+        const float strokes = noise.trowel.Fbm(x / Size * 24, y / Size * 48, 3);
+        const float wet = Smooth(520, 740, y + 130 * noise.damp.Fbm(x / Size * 6, y / Size * 6, 3));
         const Colour clay =
             Mix(Mix(palette::Parchment, palette::Ochre, 0.22f), palette::Bone, 0.6f * Clamp(t)) * 0.66f;
         const Colour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
         // Brick dust in the lime: the lamp of the plaza has no blue, and makes of plain ochre a green.
         constexpr Colour Reddened = {1.04f, 0.62f, 0.46f};
-        const Colour plaster = Mix(clay, white, whitewash(x)) * Reddened * (1 + 0.14f * strokes);
+        const Colour plaster = Mix(clay, white, Whitewash(x)) * Reddened * (1 + 0.14f * strokes);
         return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), 0.5f * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        return Smooth(0.08f, 0.3f, damp.Fbm(x / Size * 6 + 2, y / Size * 6, 4));
+        return Smooth(0.08f, 0.3f, noise.damp.Fbm(x / Size * 6 + 2, y / Size * 6, 4));
     });
-    Wash(canvas, paper, blots,
+    Wash(canvas, SketchPaper(), blots,
          {.pigment = Mix(palette::Ochre, palette::Mist, 0.45f), .density = 0.35f, .pool = 0.9f, .stray = 6},
          504);
-    Mask timber(Side, Side, 0, true), ink(Side, Side, 0, true), grain(Side, Side, 0, true), wood(Side, Side),
-        edges(Side, Side, 0, true);
-    Pen pen(ink, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 505);
-    Pen outline(edges, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.25f}, 516);
-    DryBrush brush(grain, paper, {.width = 18, .count = 9, .thickness = 1.3f, .load = 0.5f}, 506);
-    Dice dice(507);
-    // Where the plaster fell the rubble of the wall is seen.
+}
+
+// The colour of stones with their joints.
+static Colour RubbleAt(float x, float y, const HouseNoise& noise)
+{
+    const Noise::Cell cell = noise.rubble.Worley(
+        x / Size * 26 + 0.15f * noise.stone.Gradient(x / Size * 28, y / Size * 28), y / Size * 26);
+    const float own = float(cell.name & 255) / 255;
+    const Colour c = Mix(Mix(palette::Rust, palette::Slate, 0.5f),
+                         Mix(palette::Mist, palette::Parchment, 0.4f), 0.7f * own) *
+                     (0.62f + 0.35f * noise.stone.Fbm(x / Size * 28, y / Size * 28, 4));
+    return Mix(palette::Ink, c, Smooth(0.03f, 0.13f, cell.second - cell.nearest));
+}
+
+// Where the plaster fell the rubble of the wall is seen.
+static void PaintRubble(Canvas& canvas, const HouseNoise& noise)
+{
     const Mask bare = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         const float fell =
-            damp.Fbm(x / Size * 12 + 3, y / Size * 12 + 1, 4) + 0.22f * Smooth(560, 740, y) - 0.10f;
+            noise.damp.Fbm(x / Size * 12 + 3, y / Size * 12 + 1, 4) + 0.22f * Smooth(560, 740, y) - 0.10f;
         return Smooth(0.30f, 0.325f, fell);
     });
-    const auto rubbleAt = [&](float x, float y) { // the colour of stones with their joints
-        const Noise::Cell cell = rubble.Worley(
-            x / Size * 26 + 0.15f * stone.Gradient(x / Size * 28, y / Size * 28), y / Size * 26);
-        const float own = float(cell.name & 255) / 255;
-        const Colour c = Mix(Mix(palette::Rust, palette::Slate, 0.5f),
-                             Mix(palette::Mist, palette::Parchment, 0.4f), 0.7f * own) *
-                         (0.62f + 0.35f * stone.Fbm(x / Size * 28, y / Size * 28, 4));
-        return Mix(palette::Ink, c, Smooth(0.03f, 0.13f, cell.second - cell.nearest));
-    };
-    canvas.Cover(bare, rubbleAt);
+    canvas.Cover(bare, [&](float x, float y) { return RubbleAt(x, y, noise); });
     canvas.Glaze(Mask(bare).Blur(5).Subtract(bare), Mix(palette::Slate, palette::Rust, 0.3f), 0.9f);
-    // Plaster cracks where nothing holds it.
+}
+
+// Plaster cracks where nothing holds it.
+static void DrawCracks(Pen& pen, Dice& dice)
+{
     for (int i = 0; i < 46; i++) {
         const Vec2 p = {dice.Range(0, Size), dice.Range(WallTop, WallFoot)};
         pen.nib.width = 1.6f;
         pen.Stroke(Shaken(Through({p, p + Vec2{dice.Range(-16, 16), dice.Range(10, 34)}}), 4, 9, dice.Next()),
                    {.start = 0.7f, .middle = 0.6f, .end = 0});
     }
-    // Each wall has a beam at its sill, its middle and its head, and braces of its own; the doors are on the
-    // two walls that look at the way.
-    struct Frame {
-        Vec2 braceFrom, braceTo, otherFrom, otherTo;
-        float studs[2];
-        float door; // left edge, 0: none
-    };
-    // clang-format off
-    constexpr Frame Frames[4] = {
-        {{ 14, 500}, { 92, 408}, {242, 500}, {170, 400}, { 92, 128}, 152},
-        {{ 14, 740}, {110, 520}, {110, 500}, {240, 290}, {110, 190},   0},
-        {{242, 740}, {176, 530}, { 14, 290}, { 84, 492}, {128, 172},  20},
-        {{ 20, 290}, {110, 492}, {236, 290}, {146, 492}, {128, 128},   0},
-    };
-    // clang-format on
+}
+
+// Each wall has a beam at its sill, its middle and its head, and braces of its own; the doors are on the
+// two walls that look at the way.
+struct HouseFrame {
+    Vec2 braceFrom, braceTo, otherFrom, otherTo;
+    float studs[2];
+    float door; // left edge, 0: none
+};
+// clang-format off
+constexpr HouseFrame Frames[4] = {
+    {{ 14, 500}, { 92, 408}, {242, 500}, {170, 400}, { 92, 128}, 152},
+    {{ 14, 740}, {110, 520}, {110, 500}, {240, 290}, {110, 190},   0},
+    {{242, 740}, {176, 530}, { 14, 290}, { 84, 492}, {128, 172},  20},
+    {{ 20, 290}, {110, 492}, {236, 290}, {146, 492}, {128, 128},   0},
+};
+// clang-format on
+
+static void DrawTimber(Mask& timber, Pen& outline, DryBrush& brush, Dice& dice)
+{
     for (int wall = 0; wall < 4; wall++) {
         const float left = WallWidth * float(wall);
         const Vec2 at = {left, 0};
-        const Frame& frame = Frames[wall];
+        const HouseFrame& frame = Frames[wall];
         for (const float y : {268.0f, 394.0f, 508.0f})
             DrawBeam(timber, outline, brush, {{left - 6, y}, {left + WallWidth + 6, y}, 20}, dice.Next());
         DrawBeam(timber, outline, brush, {at + frame.braceFrom, at + frame.braceTo, 15}, dice.Next());
@@ -153,21 +165,22 @@ Canvas HouseWalls()
             DrawBeam(timber, outline, brush, {{left + x, 514}, {left + x + 2, 744}, 15}, dice.Next());
         DrawBeam(timber, outline, brush, {{left, WallTop - 30}, {left, WallFoot + 30}, 30}, dice.Next());
     }
-    Mask doors(Side, Side);
-    Pen joiner(doors, paper, {.width = 3, .wobble = 0.8f, .wave = 40, .skip = 0.2f}, 517);
+}
+
+static void DrawDoors(Mask& wood, Mask& doors)
+{
+    constexpr float DoorTop = 604, DoorWidth = 84;
+    Pen joiner(doors, SketchPaper(), {.width = 3, .wobble = 0.8f, .wave = 40, .skip = 0.2f}, 517);
     for (int wall = 0; wall < 4; wall++)
         if (Frames[wall].door > 0) {
             const float left = WallWidth * float(wall) + Frames[wall].door;
             DrawDoor(wood, joiner, left, left + DoorWidth, DoorTop);
         }
-    timber.Subtract(Roof());
-    // Under beams and eaves lies a shadow.
-    const Mask cast = Mask(Side, Side).Each([&](float x, float y) {
-        const int from = Floor(y) - 9;
-        return from < 0 ? 0.0f : timber.At(Floor(x), from);
-    });
-    canvas.Glaze(Mask(cast).Blur(3).Subtract(timber), palette::Slate, 0.55f);
-    // The pen lays tone beside the posts and above the foot, never over wood.
+}
+
+// The pen lays tone beside the posts and above the foot, never over wood.
+static void HatchWalls(Pen& pen, const Mask& timber, const Mask& wood)
+{
     Mask tone = Mask(Side, Side, 0, true).Each([](float x, float y) {
         const float beside = Fraction(x / WallWidth), post = Min(beside, 1 - beside) * WallWidth;
         const float inside = Smooth(WallTop - 4, WallTop + 6, y) * Smooth(WallFoot + 30, WallFoot, y);
@@ -177,28 +190,24 @@ Canvas HouseWalls()
     tone.Subtract(Mask(timber).Unite(wood).Blur(2).Scale(2));
     pen.nib.width = 1.8f;
     Hatch(pen, tone, {.angle = 1.15f, .spacing = 7, .length = 34}, 508);
-    canvas.Cover(Mask(ink).Subtract(Mask(timber).Unite(wood)), palette::Ink, 0.8f);
-    // The plinth of field stones; the doors reach down through it.
-    const Mask plinth = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        return Smooth(Plinth - 3, Plinth + 3, y + 7 * tint.Fbm(x / Size * 32, 0.5f, 2)) *
+}
+
+// The foot of field stones.
+static Mask Plinth(const HouseNoise& noise)
+{
+    constexpr float top = 738;
+    return Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return Smooth(top - 3, top + 3, y + 7 * noise.tint.Fbm(x / Size * 32, 0.5f, 2)) *
                Smooth(WallFoot + 40, WallFoot + 30, y);
     });
-    canvas.Cover(plinth, [&](float x, float y) { return rubbleAt(x, y) * 0.85f; });
-    canvas.Cover(timber.Subtract(plinth), Mix(palette::Rust, palette::Ink, 0.78f), 0.95f);
-    grain.Multiply(timber);
-    canvas.Cover(grain, Mix(palette::Ochre, palette::Slate, 0.4f), 0.42f);
-    edges.Subtract(wood).Subtract(plinth);
-    canvas.Cover(edges, palette::Ink, 0.9f);
-    canvas.Cover(wood, [&](float x, float y) {
-        const float board = float(Floor(x / 13) * 7 % 5) / 5;
-        return Mix(palette::Rust, palette::Ochre, 0.20f + 0.2f * board) *
-               (0.50f + 0.25f * trowel.Fbm(x / 4, y / 40, 3));
-    });
-    canvas.Cover(doors, palette::Ink, 0.92f);
-    // The roof: shingles in rows, a little crooked.
+}
+
+// The roof: shingles in rows, a little crooked.
+static void PaintRoof(Canvas& canvas, Dice& dice)
+{
     canvas.Cover(Roof(), Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f);
     Mask shade(Side, Side), seams(Side, Side, 0, true);
-    Pen slater(seams, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 520);
+    Pen slater(seams, SketchPaper(), {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 520);
     for (int row = 0; row < 8; row++)
         for (int i = 0; i < 9; i++) {
             const float x = RoofLeft + (float(i) - (row % 2 == 0 ? 0.5f : 0.0f)) * 32, y = float(row) * 32;
@@ -211,6 +220,50 @@ Canvas HouseWalls()
         }
     canvas.Glaze(shade.Multiply(Roof()), palette::Ochre, 0.4f);
     canvas.Cover(seams.Multiply(Roof()), palette::Ink, 0.9f);
+}
+
+// The wall at s above 0.75 looks at whoever comes along the way and is lit by the sky alone, as is the first
+// one: a fifth of what is painted reaches the eye. They are whitewashed, their timber is nearly black.
+Canvas HouseWalls()
+{
+    const Paper& paper = SketchPaper();
+    const HouseNoise noise;
+    Canvas canvas(Side, Side);
+    PaintPlaster(canvas, noise);
+    Mask timber(Side, Side, 0, true), ink(Side, Side, 0, true), grain(Side, Side, 0, true), wood(Side, Side),
+        edges(Side, Side, 0, true), doors(Side, Side);
+    Pen pen(ink, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 505);
+    Pen outline(edges, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.25f}, 516);
+    DryBrush brush(grain, paper, {.width = 18, .count = 9, .thickness = 1.3f, .load = 0.5f}, 506);
+    Dice dice(507);
+    PaintRubble(canvas, noise);
+    DrawCracks(pen, dice);
+    DrawTimber(timber, outline, brush, dice);
+    DrawDoors(wood, doors);
+    timber.Subtract(Roof());
+    // Under beams and eaves lies a shadow.
+    const Mask cast = Mask(Side, Side).Each([&](float x, float y) {
+        const int from = Floor(y) - 9;
+        return from < 0 ? 0.0f : timber.At(Floor(x), from);
+    });
+    canvas.Glaze(Mask(cast).Blur(3).Subtract(timber), palette::Slate, 0.55f);
+    HatchWalls(pen, timber, wood);
+    canvas.Cover(Mask(ink).Subtract(Mask(timber).Unite(wood)), palette::Ink, 0.8f);
+    // The doors reach down through the plinth.
+    const Mask plinth = Plinth(noise);
+    canvas.Cover(plinth, [&](float x, float y) { return RubbleAt(x, y, noise) * 0.85f; });
+    canvas.Cover(timber.Subtract(plinth), Mix(palette::Rust, palette::Ink, 0.78f), 0.95f);
+    grain.Multiply(timber);
+    canvas.Cover(grain, Mix(palette::Ochre, palette::Slate, 0.4f), 0.42f);
+    edges.Subtract(wood).Subtract(plinth);
+    canvas.Cover(edges, palette::Ink, 0.9f);
+    canvas.Cover(wood, [&](float x, float y) {
+        const float board = float(Floor(x / 13) * 7 % 5) / 5;
+        return Mix(palette::Rust, palette::Ochre, 0.20f + 0.2f * board) *
+               (0.50f + 0.25f * noise.trowel.Fbm(x / 4, y / 40, 3));
+    });
+    canvas.Cover(doors, palette::Ink, 0.92f);
+    PaintRoof(canvas, dice);
     paper.Show(canvas, 0.6f);
     return canvas;
 }
