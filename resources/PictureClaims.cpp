@@ -80,6 +80,8 @@ static bool StartsFrame(unsigned marker)
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
+static const unsigned lengthBytes = 2; // of a segment's length, which counts itself
+
 static bool HasLength(unsigned marker)
 {
     return marker > 0x01 && (marker < 0xD0 || marker > 0xD8);
@@ -106,6 +108,27 @@ static PictureClaim JpegClaim(const std::string& bytes)
         }
     }
     return claim;
+}
+
+bool JpegEndsInSegment(const std::string& bytes)
+{
+    const unsigned endOfImage = 0xD9;
+    size_t at = 2;
+    while (at + 4 <= bytes.size()) {
+        const unsigned marker = Byte(bytes, at + 1);
+        if (Byte(bytes, at) != 0xFF || marker == 0xFF) {
+            ++at; // padding, coded pixels, or junk that the decoder skips
+        } else if (marker == endOfImage) {
+            return false;
+        } else if (HasLength(marker)) {
+            at += 2 + std::max(Big16(bytes, at + 2), lengthBytes);
+            if (at > bytes.size())
+                return true;
+        } else {
+            at += 2;
+        }
+    }
+    return false;
 }
 
 // The next number of a PNM header, behind blanks and comments. 0 if there is none.
@@ -264,6 +287,8 @@ PictureClaim ReadPictureClaim(unsigned type, const std::string& bytes)
     }
 }
 
+const char* const PictureTooShort = "The file is too short for the picture that it tells of.";
+
 const char* WhyPictureIsRefused(const PictureClaim& claim, uint64_t fileBytes)
 {
     if (claim.width > MaxPictureSide || claim.height > MaxPictureSide)
@@ -271,6 +296,6 @@ const char* WhyPictureIsRefused(const PictureClaim& claim, uint64_t fileBytes)
     if (claim.width * claim.height > MaxPicturePixels)
         return "The picture has more than 67108864 pixels.";
     if (claim.fewestBytes > fileBytes)
-        return "The file is too short for the picture that it tells of.";
+        return PictureTooShort;
     return nullptr;
 }

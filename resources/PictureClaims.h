@@ -19,9 +19,16 @@ struct PictureClaim {
 // image library's, as IL_PNG. Other types give an empty claim.
 PictureClaim ReadPictureClaim(unsigned type, const std::string& bytes);
 
+// True if a JPEG file is cut inside one of its segments, behind the two bytes of its length. The library's reader
+// never comes back from such a file: it waits for the bytes that the segment tells of.
+bool JpegEndsInSegment(const std::string& bytes);
+
 // Of a picture of any format, from its sides alone: the closest packing of all is that of a blank row of a
 // fax, which takes a bit.
 PictureClaim LoosestPictureClaim(uint64_t width, uint64_t height);
+
+// What is told of a file that has less than it tells of.
+extern const char* const PictureTooShort;
 
 // Why a file of that many bytes must not be decoded, in words for the user. Null: it may be.
 const char* WhyPictureIsRefused(const PictureClaim& claim, uint64_t fileBytes);

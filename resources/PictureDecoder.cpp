@@ -222,6 +222,10 @@ DecodedPicture DecodePicture(const std::string& path)
         return DecodeInChild(path, bytes);
     const ILenum type = IsPng(bytes) ? IL_PNG : IL_JPG;
     const size_t fileBytes = bytes.size();
+    if (type == IL_JPG && JpegEndsInSegment(bytes)) {
+        refused.complaint = PictureTooShort;
+        return refused;
+    }
     if (const char* const refusal = WhyPictureIsRefused(ReadPictureClaim(type, bytes), fileBytes)) {
         refused.complaint = refusal;
         return refused;

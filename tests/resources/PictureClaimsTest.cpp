@@ -125,6 +125,27 @@ TEST(PictureClaims, OfAJpegAreFoundBehindEachMarker)
     ExpectClaim(IL_JPG, "\xFF\xD8\x11" + SmallFrame(0xC0).substr(1) + frame, 640, 480, 600);
 }
 
+TEST(PictureClaims, TellOfAJpegThatIsCutInsideASegment)
+{
+    const std::string start = "\xFF\xD8";
+    const std::string comment = "\xFF\xFE" + Big(5, 2) + "abc";
+    const std::string coded =
+        std::string("\xFF\0 \xFF\xD3 \xFF\xFF", 8); // a stuffed byte, a restart, padding
+    EXPECT_FALSE(JpegEndsInSegment(start));
+    EXPECT_FALSE(JpegEndsInSegment(start + comment));
+    EXPECT_FALSE(JpegEndsInSegment(start + comment + "\xFF\xDA" + Big(2, 2) + coded + comment));
+    EXPECT_TRUE(JpegEndsInSegment(start + comment.substr(0, 6)));
+    EXPECT_TRUE(JpegEndsInSegment(start + comment.substr(0, 4)));
+    EXPECT_FALSE(JpegEndsInSegment(start + comment.substr(0, 3))) << "has no length";
+    EXPECT_TRUE(JpegEndsInSegment(start + comment + comment.substr(0, 6)));
+    EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\xDA" + Big(2, 2) + coded + comment.substr(0, 6)));
+    EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\xE0\xFF\xFF"));
+    EXPECT_FALSE(JpegEndsInSegment(start + "\xFF\xD9" + comment.substr(0, 6)))
+        << "is behind the end of the image";
+    for (int tooSmall : {0, 1}) // the length counts its own two bytes, and at least these are skipped
+        EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\xFE" + Big(tooSmall, 2) + comment.substr(0, 6)));
+}
+
 TEST(PictureClaims, OfAPnmAreExact)
 {
     ExpectClaim(IL_PNM, "P1 10 5\n", 10, 5, 50);
