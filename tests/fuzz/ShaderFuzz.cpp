@@ -6,7 +6,22 @@
 #include "tests/fuzz/FuzzInput.h"
 #include "tests/support/recorder/GLRecorder.h"
 
-#include <unistd.h>
+#include <cstdio>
+#include <vector>
+
+static bool keepsStreams = false;
+static std::vector<FILE*> streams;
+
+// The linker calls this in place of fdopen.
+extern "C" FILE* __real_fdopen(int descriptor, const char* mode);
+extern "C" FILE* __wrap_fdopen(int descriptor, const char* mode);
+extern "C" FILE* __wrap_fdopen(int descriptor, const char* mode)
+{
+    FILE* const file = __real_fdopen(descriptor, mode);
+    if (file && keepsStreams)
+        streams.push_back(file);
+    return file;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
@@ -19,15 +34,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     delete ShaderProgram::Load(choice & 1 ? "" : "data/fuzz.vp", choice & 2 ? "" : "data/fuzz.fp");
     if (choice % 64 == 5) {
         // It leaves its two files open on purpose, which a process can't bear thousands of times.
-        const int first = dup(STDIN_FILENO);
-        const int second = dup(STDIN_FILENO);
-        close(first);
-        close(second);
+        keepsStreams = true;
         GLSLShader shader;
         shader.Load("fuzz", "fuzz");
         shader.Enable();
-        close(first);
-        close(second);
+        keepsStreams = false;
+        for (FILE* const stream : streams)
+            fclose(stream);
+        streams.clear();
     }
     return 0;
 }
