@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "music/DecodeThread.h"
 
+#include "platform/Threads.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -13,11 +15,13 @@ DecodeThread::DecodeThread(SoundMixer* theMixer, EventCount* theWakeUp)
 {
 }
 
-void DecodeThread::Start()
+bool DecodeThread::Start()
 {
+    if (!platform::StartThread(RunThread, this))
+        return false;
     running = this;
-    std::thread(&DecodeThread::Run, this).detach();
     std::atexit(Stop);
+    return true;
 }
 
 // The decoders' libraries may tidy up at the end of the process: the thread must be out of them by then. A
@@ -36,6 +40,11 @@ void DecodeThread::Add(SoundStream* stream)
     while (!arrivals.compare_exchange_weak(stream->nextArrival, stream)) {
     }
     wakeUp->Notify();
+}
+
+void DecodeThread::RunThread(void* self)
+{
+    static_cast<DecodeThread*>(self)->Run();
 }
 
 void DecodeThread::Run()

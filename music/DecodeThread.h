@@ -12,11 +12,13 @@ public:
     // Both are borrowed and, as this, must live to the end of the process. Notifying theWakeUp wakes the thread.
     DecodeThread(SoundMixer* theMixer, EventCount* theWakeUp);
 
-    void Start(); // once
+    // Once. False if the system refuses the thread; this may then be deleted.
+    bool Start();
 
     void Add(SoundStream* stream); // main thread: hands a new stream over
 
 private:
+    static void RunThread(void* self);
     void Run();
     void TakeArrivals();
     bool WorkOnStreams();

@@ -69,7 +69,9 @@ bool SoundSystem::Init(int mixRate, int channels, unsigned flags)
         delete started;
         return false;
     }
-    started->decodeThread.Start();
+    // The output stays open and goes on calling for frames, of silence: `started` must stay as well.
+    if (!started->decodeThread.Start())
+        return false;
     sound = started;
     return true;
 }

@@ -163,7 +163,10 @@ bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSet
     close(report[1]);
     if (farEnds[0] < 0)
         close(input);
-    if (pid > 0 && read(report[0], &why, sizeof why) == ssize_t(sizeof why))
+    ssize_t told = -1;
+    while (pid > 0 && (told = read(report[0], &why, sizeof why)) < 0 && errno == EINTR) {
+    }
+    if (told == ssize_t(sizeof why))
         while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
         }
     close(report[0]);

@@ -4,6 +4,7 @@
 #include "platform/DebugChannel.h"
 #include "platform/DisplayModeGuard.h"
 #include "platform/GLDebug.h"
+#include "platform/Threads.h"
 
 #include <GL/glew.h>
 #include <SDL.h>
@@ -101,8 +102,23 @@ static void GetScreenSize(int* width, int* height)
     *height = bounds.h;
 }
 
+// A software driver starts a thread for each processor when it makes its first context, and waits for ever for
+// those that the system has refused it. It keeps a few more for its caches.
+static bool HasRoomForDriver()
+{
+    const int otherThreads = 4;
+    if (CanStartThreads(SDL_GetCPUCount() + otherThreads))
+        return true;
+    SDL_SetError("the system refuses more threads");
+    return false;
+}
+
 static WindowHandle CreateWindow(const WindowDescription& description)
 {
+    if (!HasRoomForDriver()) {
+        TraceFailure("Creating the window");
+        return nullptr;
+    }
     const int channelBits = description.colourBits / 4;
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
     SDL_GL_SetAttribute(SDL_GL_RED_SIZE, channelBits);

@@ -5,6 +5,7 @@
 #include "platform/SoundOutput.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
+#include "tests/support/WithoutNewThreads.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -85,6 +86,22 @@ TEST_F(SoundSystemStart, FailsWithoutAnOutputAndCanBeTriedAgain)
     EXPECT_FALSE(SoundSystem::Init(44100, 32, 0));
     platform::UseSoundOutput(platform::SoundPulledByHand);
     EXPECT_TRUE(SoundSystem::Init(44100, 32, 0));
+}
+
+TEST_F(SoundSystemStart, FailsWhereTheSystemRefusesTheDecodersThread)
+{
+    WithoutNewThreads([] {
+        SoundSystem::SetDriver(1);
+        EXPECT_FALSE(SoundSystem::Init(44100, 32, 0));
+        EXPECT_FALSE(SoundSystem::Init(44100, 32, 0));
+        platform::StereoFrame frames[64];
+        std::fill_n(frames, 64, platform::StereoFrame{1, 1});
+        platform::PullSound(frames, 64, false);
+        for (const platform::StereoFrame& frame : frames) {
+            EXPECT_EQ(0, frame.left);
+            EXPECT_EQ(0, frame.right);
+        }
+    });
 }
 
 TEST_F(SoundSystemStart, HappensOnce)

@@ -4,6 +4,7 @@
 
 #include "platform/DebugChannel.h"
 #include "platform/Events.h"
+#include "tests/support/WithoutNewThreads.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>
@@ -64,4 +65,17 @@ TEST_F(SdlWindow, WhatFailedIsTracedInSdlsOwnWords)
     EXPECT_FALSE(platform::Windows().registerClass("marlinex"));
     platform::CollectDebugText(nullptr);
     EXPECT_EQ("Starting the window system failed: no such driver not available\n", trace);
+}
+
+TEST_F(SdlWindow, IsRefusedWhereItsDriverWouldWaitForThreadsThatItCannotHave)
+{
+    WithoutNewThreads([] {
+        setenv("SDL_VIDEODRIVER", "offscreen", 1);
+        ASSERT_TRUE(platform::Windows().registerClass("marlinex"));
+        std::string trace;
+        platform::CollectDebugText(&trace);
+        EXPECT_EQ(nullptr, platform::Windows().createWindow({"lantern", 0, 0, 64, 48, false, 32, 8, 24}));
+        platform::CollectDebugText(nullptr);
+        EXPECT_EQ("Creating the window failed: the system refuses more threads\n", trace);
+    });
 }

@@ -9,6 +9,7 @@
 #include "tests/support/PictureKinds.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"
+#include "tests/support/WithoutNewThreads.h"
 
 #include <IL/il.h>
 #include <IL/ilu.h>
@@ -297,6 +298,34 @@ TEST_F(ImageLoading, AMissingFileIsReportedBeforeTheQuitIsPosted)
     EXPECT_TRUE(QuitWasPosted());
 }
 
+// The library's reader would wait for ever for the rest of some of them.
+TEST_F(ImageLoading, AJpegThatIsCutAnywhereIsLoadedOrTold)
+{
+    const std::string comment = "\xFF\xFE" + std::string("\0\x0C", 2) + "waltz time";
+    for (bool progressive : {false, true}) {
+        const Picture slope = SlopePicture(9, 7);
+        if (progressive)
+            SaveProgressiveJpeg(PathOf("slope.jpg"), slope);
+        else
+            SaveJpeg(PathOf("slope.jpg"), slope);
+        std::string whole = ReadFile(PathOf("slope.jpg"));
+        whole.insert(whole.size() - 2, comment); // ahead of the end of the image
+        whole.insert(2, comment);
+        AddFile("whole.jpg", whole);
+        ASSERT_EQ(9, Keep(loader->LoadImage("whole.jpg")).width);
+        for (size_t length = 3; length < whole.size(); length++) {
+            boxes.clear();
+            AddFile("cut.jpg", whole.substr(0, length));
+            const ImageData image = Keep(loader->LoadImage("cut.jpg"));
+            ASSERT_EQ(image.data ? 0u : 1u, boxes.size()) << length << " of " << whole.size();
+        }
+        boxes.clear();
+        AddFile("cut.jpg", whole.substr(0, 10));
+        ExpectFailure(loader->LoadImage("cut.jpg"),
+                      Complaint("cut.jpg", "The file is too short for the picture that it tells of."));
+    }
+}
+
 TEST_F(ImageLoading, TheJpegLoaderReportsInItsOwnWords)
 {
     ExpectFailure(loader->LoadJpegFile("data\\missing.jpg"), PathOf("missing.jpg") +
@@ -539,6 +568,13 @@ TEST_F(ForeignPictures, MayKillTheChildAndNotTheShow)
     }
     SetChildFate(ChildLives);
     EXPECT_EQ(2, Keep(loader->LoadImage("small.ppm")).width);
+}
+
+TEST_F(ForeignPictures, FailWhereTheSystemRefusesTheChild)
+{
+    chmod(PathOf(".").c_str(), 0755); // for a process that is not root's any more
+    WithoutNewThreads(
+        [this] { ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR)); });
 }
 
 TEST_F(ForeignPictures, MayHangTheChildForTenSecondsOnly)

@@ -117,13 +117,15 @@ static int Capture(const Options& options, OutputFile& file, ShowPlayer& show,
     const std::unique_ptr<FrameSink> sink = SinkOf(options, file, track);
     const int width = int(options.width);
     const int height = int(options.height);
+    if (!show.Open(width, height))
+        return Complain(show.error);
     if (!sink->Begin(width, height, selection))
         return Complain(sink->error);
 
     Progress progress(options.quiet ? nullptr : stderr);
     progress.Begin(selection.Pick(0), selection.Pick(selection.picks - 1) + 1, selection.picks);
     const double start = Progress::Now();
-    const PlayResult result = show.Play(width, height, selection, *sink, progress);
+    const PlayResult result = show.Play(selection, *sink, progress);
     const bool finished = sink->Finish(result != PlayFailed);
     const double seconds = Progress::Now() - start;
     progress.Clear();

@@ -33,11 +33,20 @@ bool ShowPlayer::CollectBoxText()
     return any;
 }
 
-PlayResult ShowPlayer::Play(int newWidth, int newHeight, const FrameSelection& newSelection,
-                            FrameSink& newSink, Progress& newProgress)
+bool ShowPlayer::Open(int newWidth, int newHeight)
 {
     width = newWidth;
     height = newHeight;
+    if (!show.Open(width, height)) {
+        error = show.error;
+        return false;
+    }
+    renderer = show.renderer;
+    return true;
+}
+
+PlayResult ShowPlayer::Play(const FrameSelection& newSelection, FrameSink& newSink, Progress& newProgress)
+{
     selection = newSelection;
     sink = &newSink;
     progress = &newProgress;
@@ -45,11 +54,6 @@ PlayResult ShowPlayer::Play(int newWidth, int newHeight, const FrameSelection& n
         return PlayedToTheEnd;
 
     lastMoment = progress->Now();
-    if (!show.Open(width, height)) {
-        error = show.error;
-        return PlayFailed;
-    }
-    renderer = show.renderer;
     show.Play(selection.rate, *this);
 
     if (CollectBoxText() || failed)

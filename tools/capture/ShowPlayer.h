@@ -36,10 +36,13 @@ public:
 
     int64_t Duration() const; // see SteppedShow
 
-    // Opens the window and plays until the last selected frame has been taken. Any message box is a failure.
+    // Opens the off-screen window and its GL context. False: `error` says why. Call it ahead of anything else that
+    // starts threads or processes: where they are limited, some GL drivers hang without theirs.
+    bool Open(int width, int height);
+
+    // Plays in the open window until the last selected frame has been taken. Any message box is a failure.
     // An interruption (see Interruption.h) ends it at the next frame, with PlayInterrupted.
-    PlayResult Play(int width, int height, const FrameSelection& selection, FrameSink& sink,
-                    Progress& progress);
+    PlayResult Play(const FrameSelection& selection, FrameSink& sink, Progress& progress);
 
     std::string error;
     std::string renderer; // GL_RENDERER; where it is the same, so are the pixels

@@ -45,11 +45,13 @@ static int Measure(cli::CommandLine& line, int64_t from, int64_t to)
         return line.Fail("there is no frame in that part: the show is " + capture::TimeText(show.Duration()) +
                          " long");
 
+    if (!show.Open(int(width), int(height)))
+        return line.Fail(show.error);
     flashes::FlashMeter meter(double(rate.frames) / double(rate.seconds), double(from) / 1e6);
     flashes::FlashSink sink(&meter);
     capture::Progress progress(line.Has("quiet") ? nullptr : stderr);
     progress.Begin(selection.first, selection.end, selection.picks);
-    const capture::PlayResult result = show.Play(int(width), int(height), selection, sink, progress);
+    const capture::PlayResult result = show.Play(selection, sink, progress);
     progress.Clear();
     if (result == capture::PlayFailed)
         return line.Fail(show.error);

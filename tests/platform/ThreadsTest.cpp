@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Threads.h"
+
+#include "tests/support/WithoutNewThreads.h"
+
+#include <gtest/gtest.h>
+
+#include <semaphore>
+
+static std::binary_semaphore done(0);
+static int seen = 0;
+
+static void Note(void* context)
+{
+    seen = *static_cast<int*>(context);
+    done.release();
+}
+
+TEST(Threads, AThreadRunsItsBodyWithItsContext)
+{
+    int context = 17;
+    ASSERT_TRUE(platform::StartThread(Note, &context));
+    done.acquire();
+    EXPECT_EQ(17, seen);
+}
+
+TEST(Threads, SomeCanBeStartedUsually)
+{
+    EXPECT_TRUE(platform::CanStartThreads(0));
+    EXPECT_TRUE(platform::CanStartThreads(1));
+    EXPECT_TRUE(platform::CanStartThreads(6));
+}
+
+TEST(Threads, OneThatTheSystemRefusesIsToldAndItsBodyNeverRuns)
+{
+    WithoutNewThreads([] {
+        int context = 17;
+        EXPECT_FALSE(platform::StartThread(Note, &context));
+        EXPECT_EQ(0, seen);
+        EXPECT_FALSE(platform::CanStartThreads(1));
+        EXPECT_TRUE(platform::CanStartThreads(0));
+    });
+}

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+// Runs `work` in a process of its own, without the rights of root, to which the system refuses each further
+// thread and process. A failed expectation in it fails the test that calls this.
+void WithoutNewThreads(const std::function<void()>& work);
