@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <regex>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -29,19 +31,58 @@ TEST(DesktopFiles, HaveAnEntryThatStartsTheProgramAndKnowsItsWindow)
     EXPECT_NE(std::string::npos, entry.find(std::string("\nIcon=") + ProductionName + "\n"));
 }
 
-TEST(DesktopFiles, DescribeTheShowToSoftwareCentres)
+static void ExpectValidDescription(const std::string& file)
 {
-    const ProgramRun run =
-        RunProgram("/usr/bin/appstreamcli",
-                   {"validate", "--no-net", BINARY_DIR "/desktop/art.tessel.moonwaltz.metainfo.xml"});
+    const ProgramRun run = RunProgram("/usr/bin/appstreamcli", {"validate", "--no-net", file});
     EXPECT_EQ(0, run.status) << run.output << run.errors;
     EXPECT_EQ(std::string::npos, run.output.find("W: ")) << run.output;
+}
+
+TEST(DesktopFiles, DescribeTheShowToSoftwareCentres)
+{
+    ExpectValidDescription(BINARY_DIR "/desktop/moonwaltz.metainfo.xml");
+}
+
+// The text of the description that is made with these words as desktop/publisher.txt.
+static std::string DescriptionFor(const std::string& publisher)
+{
+    const std::string folder = testing::TempDir() + "description-" + std::to_string(getpid());
+    fs::create_directory(folder);
+    const std::string file = folder + "/moonwaltz.metainfo.xml";
+    std::ofstream(folder + "/publisher.txt") << publisher;
+    const ProgramRun run =
+        RunProgram("/usr/bin/cmake", {"-DPUBLISHER=" + folder + "/publisher.txt", "-DPROJECT_VERSION=1.5",
+                                      "-DOUTPUT=" + file, "-P", SOURCE_DIR "/cmake/MakeMetainfo.cmake"});
+    EXPECT_EQ(0, run.status) << run.errors;
+    ExpectValidDescription(file);
+    const std::string text = ReadFile(file);
+    fs::remove_all(folder);
+    return text;
+}
+
+TEST(DesktopFiles, ShowScreenshotsOfTheSite)
+{
+    const std::string text =
+        DescriptionFor("Homepage: https://example.org/waltz\nAppStream-Id: org.example.moonwaltz\n");
+    EXPECT_NE(std::string::npos, text.find("<id>org.example.moonwaltz</id>")) << text;
+    EXPECT_NE(std::string::npos, text.find("<url type=\"homepage\">https://example.org/waltz</url>")) << text;
+    EXPECT_NE(std::string::npos, text.find(">https://example.org/waltz/screenshots/title.jpg</image>"))
+        << text;
+}
+
+TEST(DesktopFiles, NameNoAddressWhereThereIsNoSite)
+{
+    const std::string text = DescriptionFor("Homepage:\nAppStream-Id: org.example.moonwaltz\n");
+    EXPECT_NE(std::string::npos, text.find("<id>org.example.moonwaltz</id>")) << text;
+    EXPECT_EQ(std::string::npos, text.find("http")) << text;
+    EXPECT_EQ(std::string::npos, text.find("screenshot")) << text;
+    EXPECT_EQ(std::string::npos, text.find('@')) << text;
 }
 
 // The screenshots are read from a site; what is to be put there lies in docs/pictures/screenshots.
 TEST(DesktopFiles, NameScreenshotsThatAreThere)
 {
-    const std::string text = ReadFile(SOURCE_DIR "/desktop/moonwaltz.metainfo.xml.in");
+    const std::string text = ReadFile(SOURCE_DIR "/desktop/site.xml.in");
     const std::regex image("/screenshots/([a-z]+\\.jpg)</image>");
     int count = 0;
     for (std::sregex_iterator each(text.begin(), text.end(), image), none; each != none; ++each, count++)
@@ -49,7 +90,7 @@ TEST(DesktopFiles, NameScreenshotsThatAreThere)
     EXPECT_EQ(4, count);
 }
 
-TEST(Packages, AskForWhatTheListsOfPackagesAskFor)
+TEST(Packages, AgreeWithTheListsOfPackagesAndThePublisher)
 {
     const ProgramRun run = RunProgram(SOURCE_DIR "/tools/debian-control", {"--check"});
     EXPECT_EQ(0, run.status) << run.errors;
