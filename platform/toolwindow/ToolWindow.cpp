@@ -80,7 +80,11 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
     SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);
     SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
     Uint32 flags = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
-    if (settings.maximised || !fits)
+    // A Wayland compositor ends a client whose maximised window has not the size that it was told, and SDL knows that
+    // size only when the window is there.
+    const bool maximised = settings.maximised || !fits;
+    const bool onWayland = SDL_strcmp(SDL_GetCurrentVideoDriver(), "wayland") == 0;
+    if (maximised && !onWayland)
         flags |= SDL_WINDOW_MAXIMIZED;
     shownTitle = settings.title;
     window =
@@ -97,6 +101,8 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
         Close();
         return false;
     }
+    if (maximised && onWayland)
+        SDL_MaximizeWindow(Sdl(window));
     return true;
 }
 
