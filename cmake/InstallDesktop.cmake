@@ -4,7 +4,7 @@ set(PUBLISHER ${CMAKE_SOURCE_DIR}/desktop/publisher.txt)
 set(OUTPUT ${CMAKE_BINARY_DIR}/desktop/moonwaltz.metainfo.xml)
 include(cmake/MakeMetainfo.cmake)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
-  ${PUBLISHER} ${CMAKE_SOURCE_DIR}/desktop/site.xml.in ${CMAKE_SOURCE_DIR}/debian/changelog)
+  ${PUBLISHER} ${CMAKE_SOURCE_DIR}/desktop/screenshots.xml.in ${CMAKE_SOURCE_DIR}/debian/changelog)
 
 configure_file(docs/man/moonwaltz.1.in ${CMAKE_BINARY_DIR}/man/moonwaltz.1 @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/man/moonwaltz.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

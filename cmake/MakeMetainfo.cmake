@@ -21,9 +21,9 @@ string(SUBSTRING ${number} 1 2 number)
 string(REPLACE "${month}" "${number}" MARLINEX_RELEASE_DATE "${MARLINEX_RELEASE_DATE}")
 
 # Screenshots are read from the site, so that a show without one has none.
-set(MARLINEX_SITE "")
-if(MARLINEX_HOMEPAGE)
-  file(READ ${sources}/desktop/site.xml.in site)
-  string(CONFIGURE "${site}" MARLINEX_SITE @ONLY)
+set(MARLINEX_SCREENSHOTS "")
+if(NOT MARLINEX_HOMEPAGE MATCHES "^https?://[^/]*\\.invalid(/|$)")
+  file(READ ${sources}/desktop/screenshots.xml.in screenshots)
+  string(CONFIGURE "${screenshots}" MARLINEX_SCREENSHOTS @ONLY)
 endif()
 configure_file(${sources}/desktop/moonwaltz.metainfo.xml.in ${OUTPUT} @ONLY)
