@@ -25,10 +25,6 @@ protected:
                                      desktop.Environment()));
         ASSERT_TRUE(WaitUntil([&] { return std::filesystem::exists(runtime + "/test"); }))
             << compositor.Output() << compositor.Errors();
-        for (const char* row : {"DISPLAY", "WAYLAND_DISPLAY=test", "SDL_VIDEODRIVER=wayland"})
-            desktop.ownEnvironment.push_back(row);
-        desktop.ownEnvironment.push_back("XDG_CONFIG_HOME=" + folder.path + "/config");
-        desktop.ownEnvironment.push_back("XDG_STATE_HOME=" + folder.path + "/state");
         folder.Write("night.txt",
                      "[EFFECT] EffectName=WhiteFlashOverlay; StartTime=0; StopTime=9000; LayerID=9;\n");
     }
@@ -40,14 +36,22 @@ protected:
 // The compositor would end a maximised window of another size than its own.
 TEST_F(EditorWayland, OpensAWindowThatFillsAScreenTooSmallForIt)
 {
-    Process* const program =
-        desktop.Run("marlinex-edit", {"--size=160x120", "--rate=10", "--data=" SOURCE_DIR "/Data",
-                                      folder.path + "/night.txt"});
-    ASSERT_NE(nullptr, program);
+    std::vector<std::string> environment = desktop.Environment();
+    for (const std::string& row :
+         {std::string("DISPLAY"), std::string("WAYLAND_DISPLAY=test"), std::string("SDL_VIDEODRIVER=wayland"),
+          "XDG_CONFIG_HOME=" + folder.path + "/config", "XDG_STATE_HOME=" + folder.path + "/state"})
+        environment.push_back(row);
+    Process program;
+    ASSERT_TRUE(program.Start({BINARY_DIR "/marlinex-edit", "--size=160x120", "--rate=10",
+                               "--data=" SOURCE_DIR "/Data", folder.path + "/night.txt"},
+                              environment));
     ASSERT_TRUE(
-        WaitUntil([&] { return desktop.Capture().Count(paper, 12) > 20000 || !program->IsRunning(); }));
-    ASSERT_TRUE(program->IsRunning()) << program->Errors();
-    desktop.Key("ctrl+q");
-    EXPECT_TRUE(program->WaitForExit());
-    EXPECT_EQ(0, program->ExitStatus()) << program->Errors();
+        WaitUntil([&] { return desktop.Capture().Count(paper, 12) > 20000 || !program.IsRunning(); }));
+    ASSERT_TRUE(program.IsRunning()) << program.Errors();
+    // The compositor hands the keyboard to the window some time after it is to be seen.
+    EXPECT_TRUE(WaitUntil([&] {
+        desktop.Key("ctrl+q");
+        return program.WaitForExit(1);
+    }));
+    EXPECT_EQ(0, program.ExitStatus()) << program.Errors();
 }
