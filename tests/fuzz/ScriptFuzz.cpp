@@ -4,8 +4,11 @@
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
+#include "script/ScriptObserver.h"
+#include "script/ScriptParser.h"
 #include "tests/fuzz/FuzzInput.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 static EffectRegistry* Registry()
@@ -18,6 +21,22 @@ static EffectRegistry* Registry()
     return registry;
 }
 
+// A script may ask for more messages than memory holds, and the show tries: no input would end within a minute.
+class FewMessages : public ScriptObserver
+{
+public:
+    void ByteRead(size_t, char, ByteFate) override {}
+    void BlockBegins(BlockType, size_t, size_t, const std::string&) override {}
+    void BlockEnds() override {}
+    uint32_t LimitSteps(uint32_t steps) override { return std::min(steps, maxSteps); }
+    bool TakesMessage(size_t) override { return taken++ < maxMessages; }
+
+private:
+    const uint32_t maxSteps = 1000; // of a block
+    const size_t maxMessages = 20000;
+    size_t taken = 0;
+};
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     StartFuzzInput();
@@ -25,7 +44,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     GLWindow window;
     DemoPlayer player;
     player.Init(&window, Registry(), nullptr, false);
-    player.LoadScript("script.txt");
+    FewMessages few;
+    ScriptParser parser;
+    parser.SetPlayer(&player);
+    parser.SetObserver(&few);
+    if (!parser.Load("script.txt"))
+        abort();
+    player.SortMessages();
     for (const SynchMessage& message : player.messages)
         if (!message.effect || message.count < 0 || (message.count > 0 && !message.params))
             abort();
