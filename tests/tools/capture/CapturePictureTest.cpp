@@ -288,7 +288,7 @@ TEST_P(InterruptedCapture, LeavesAVideoOfWhatThereWas)
     EXPECT_EQ((std::vector<std::string>{"Data", "show.mp4"}), Names("."));
 }
 
-INSTANTIATE_TEST_SUITE_P(ByKeyAndByScheduler, InterruptedCapture, testing::Values(SIGINT, SIGTERM));
+INSTANTIATE_TEST_SUITE_P(ByKeyAndByScheduler, InterruptedCapture, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 TEST_F(Capture, WithoutFfmpegSaysSo)
 {
