@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolwindow/ToolStyle.h"
 
+#include <cmath>
+
 namespace platform
 {
 
@@ -11,7 +13,7 @@ uint32_t MixColours(uint32_t from, uint32_t to, float way)
     uint32_t mixed = 0;
     for (int shift = 0; shift <= 16; shift += 8) {
         const float a = float(from >> shift & 255), b = float(to >> shift & 255);
-        mixed |= uint32_t(a + (b - a) * way + 0.5f) << shift;
+        mixed |= uint32_t(std::lround(a + (b - a) * way)) << shift;
     }
     return mixed;
 }

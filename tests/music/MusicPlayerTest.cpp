@@ -296,9 +296,9 @@ TEST_F(MusicPlayerTest, AWayBeyondAllNumbersEndsAtTheLargest)
     OpenWaltz();
     player.SetTime(10);
     player.Forward(INT_MAX);
-    EXPECT_EQ(INT_MAX / 1000.0f, player.GetTime());
+    EXPECT_EQ(2147483.75f, player.GetTime()); // INT_MAX milliseconds
     player.Rewind(INT_MIN);
-    EXPECT_EQ(INT_MAX / 1000.0f, player.GetTime());
+    EXPECT_EQ(2147483.75f, player.GetTime()); // INT_MAX milliseconds
     player.Forward(INT_MIN);
     EXPECT_EQ(0.0f, player.GetTime());
 }

@@ -662,7 +662,7 @@ TEST_F(ForeignPictures, ThatAreBrokenGiveTheirBox)
 TEST_F(ImageLoading, AWindowsBitmapIsReadByItsOwnLoader)
 {
     AddFile("old.bmp", SmallBitmap());
-    for (std::string path : {std::string("data\\old.bmp"), PathOf("old.bmp")}) {
+    for (const std::string& path : {std::string("data\\old.bmp"), PathOf("old.bmp")}) {
         const ImageData image = Keep(loader->LoadDibFile(path));
         ASSERT_NE(nullptr, image.data) << path;
         EXPECT_EQ(3, image.width);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The few things that the picture is drawn with. One backend writes SVG, one paints with cairo, so that all
-// formats show the same.
+// The interface of the backends that the picture is drawn with: SvgDrawing writes SVG, PngPicture paints with cairo.
+// Because Picture.cpp knows this interface alone, all formats show the same. Places and widths are in units of the
+// canvas (Type.h).
 #pragma once
 
 #include "tools/timeline/Palette.h"
@@ -21,7 +22,7 @@ struct Segment {
     Point from, to;
 };
 
-// What belongs together on the canvas. Formats without a pointer to rest on it ignore all three.
+// Shapes that belong together: an element <g> in SVG, nothing in formats without a pointer.
 struct Group {
     const char* kind;
     std::string title; // shown while the pointer rests on it; empty: nothing

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The foot: what the signs mean, and what the linter has to say.
+// The foot of the picture: the legend, and the list of the remarks.
 #include "tools/timeline/LayoutParts.h"
 #include "tools/timeline/Words.h"
 
@@ -92,7 +92,8 @@ static double PlaceLegend(const TimelineModel& model, double y, Layout* layout)
     return any ? y + legendStep : y;
 }
 
-// All, or as many as a reader follows: then the grave ones first. In their order.
+// The indices of the remarks that the list shows, in ascending order: all, or if they are too many the grave ones
+// before the others.
 static std::vector<size_t> Listed(const TimelineModel& model)
 {
     std::vector<size_t> listed;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the page of HtmlWriter brings along besides pictures: the files of the folder page.
+// The style sheet and the script that HtmlPicture writes into its page, embedded from the folder tools/timeline/page.
 #pragma once
 
 #include <string>

@@ -20,8 +20,8 @@ static std::string Percent(double part, double whole)
     return text;
 }
 
-// One picture for each step of the zoom, each twice as wide as the last: what lies too close in one has its
-// room in another, and all are laid out by the same rules.
+// One picture for each step of the zoom, each twice as wide as the one before. Items that are grouped in one for want
+// of room stand apart in a wider one, and all are laid out by the same rules.
 static std::string Sheets(const TimelineModel& model, LayoutOptions options, const Layout& whole)
 {
     std::string sheets;
@@ -30,7 +30,7 @@ static std::string Sheets(const TimelineModel& model, LayoutOptions options, con
         options.zoom = double(1 << step);
         const Layout layout = LayOut(model, options);
         beatWidth = layout.tempo.BeatSeconds() * layout.perSecond;
-        // Their heads may differ in height, and what a part shows begins below.
+        // The heads of the steps may differ in height, and a part shows what lies below its head.
         const std::string attributes = std::string(" class=\"sheet") + (step ? " away" : "") +
                                        "\" style=\"width:" + Percent(layout.plot.width, whole.plot.width) +
                                        "\"";

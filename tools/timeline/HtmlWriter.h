@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The picture in a page: a card for what the pointer rests on, the moment under the pointer, zoom and pan
-// with wheel, mouse and keyboard. One file that asks for no other. Without scripts it is the plain picture.
+// The picture as an HTML page: one file that loads no other. Its script shows a card about the item under the pointer
+// and the moment there, and zooms and pans with wheel, mouse and keyboard; with scripts switched off the picture
+// stands still.
 #pragma once
 
 #include "tools/timeline/Picture.h"

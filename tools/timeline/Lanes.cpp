@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Layers as lanes, entries as bars. The front layer lies on top.
+// Places layers as lanes and entries as bars in them. The front layer is the topmost lane.
 #include "tools/timeline/LayoutParts.h"
 #include "tools/timeline/Words.h"
 
@@ -10,7 +10,7 @@
 namespace timeline
 {
 
-// How much there is to show decides how large it is shown.
+// The sizes of rows and bars, by the number of rows that the show needs.
 struct Size {
     int maxRows; // of all lanes together
     double rowHeight, barHeight;
@@ -75,7 +75,8 @@ static void NameLane(const PlacedLane& lane, bool front, bool back, Layout* layo
         AddGutterText(place, CaptionText, Slate, middle + 13, layout);
 }
 
-// The name inside the bar if it fits, else behind it as far as `free`, else whatever shows more of it.
+// Places the name inside the bar if it fits; otherwise behind the bar, up to x `free`, if it fits there; otherwise in
+// the place that shows more of it.
 static void NameBar(const Entry& entry, const Size& size, double free, const Layout& layout, PlacedBar* bar)
 {
     if (size.nameBaseline == 0)
@@ -146,7 +147,7 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
                  several && std::next(each) == rowsOfLayer.rend(), layout);
     }
 
-    // The messages that each entry gets.
+    // Collect the messages that each entry gets.
     std::vector<std::vector<size_t>> heard(model.entries.size());
     for (size_t i = 0; i < model.messages.size(); i++)
         for (const size_t entry : model.messages[i].entries)
@@ -167,7 +168,7 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
         layout->bars.push_back(bar);
     }
 
-    // The names on the bars, each as far as the next bar in its row, and the ticks of their messages.
+    // Place the names on the bars, each up to the next bar in its row, and the ticks of their messages.
     std::map<std::pair<uint32_t, int>, std::vector<size_t>> inRow;
     for (size_t i = 0; i < rows.size(); i++)
         inRow[{model.entries[i].layer, rows[i]}].push_back(i);

@@ -32,7 +32,7 @@ void AddGutterText(const std::string& text, TextStyle style, Colour colour, doub
         layout->gutterTexts.push_back(PlaceText(shown, style, colour, margin, baseline));
 }
 
-// The axis: the whole show and a little of what comes too late for it.
+// Sets the axis: the whole show, and a little of what lies behind its end.
 static void ChooseAxis(const TimelineModel& model, Layout* layout)
 {
     const double limit = model.start + LongestAxis;
@@ -119,7 +119,7 @@ static void PlaceLoading(const TimelineModel& model, double top, double bottom, 
     if (model.loads.empty())
         return;
     layout->loadingTitle = LoadingTitle(model);
-    // On top the words that fit, beside the figures of the ruler, which begin at the show's start.
+    // The topmost words must fit beside the figures of the ruler, which begin at the show's start.
     const std::string length = LengthText(double(model.loads.size()));
     double baseline = top + 14;
     for (const std::string& text : {std::string("loading"), length}) {

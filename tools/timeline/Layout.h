@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Where everything of the picture lies. No colours of washes, no formats: Picture.h draws what stands here.
+// The layout of the picture: the place of each thing on the canvas, in its units (Type.h). Picture.h draws it; colours
+// and file formats are no matter here.
 //
 // From the top: the head with title and summary; the body, which is the gutter with the names of the lanes
 // and the plot beside it; the foot with the legend and the list of remarks. The plot has the ruler on top, a
@@ -22,11 +23,11 @@ namespace timeline
 
 const double NarrowestCanvas = 480;
 const double WidestCanvas = 30000;
-const double LongestAxis = 24 * 3600; // seconds; what runs on beyond it is cut off there
+const double LongestAxis = 24 * 3600; // seconds; the picture ends there, even if the show does not
 
 struct LayoutOptions {
     double width = 1600; // of the canvas at zoom 1
-    double zoom = 1;     // the plot is that many times as wide; all else keeps its size
+    double zoom = 1;     // factor on the width of the plot; texts, bars and gutter keep their size
     Tempo tempo;
     std::string title; // empty: the model's
 };
@@ -39,10 +40,11 @@ struct RulerMark {
     double count; // of a numbered bar its number, of a clock mark its seconds; else 0
 };
 
-// The room that a mark with its figure needs at least, in pixels.
+// The least distances of the ruler's marks, in units of the canvas: the ruler leaves out marks that would stand
+// closer.
 struct MarkRoom {
-    double bar, time;
-    double decimals;          // that a time with decimals needs in addition
+    double bar, time;         // of marks with a bar's number, and with a time
+    double decimals;          // added to `time` if the times have decimals
     double narrowestBar = 7;  // narrower bars have no mark of their own
     double narrowestBeat = 9; // nor have beats
 };
@@ -52,14 +54,15 @@ std::vector<RulerMark> PlaceMarks(const Scale& scale, const Tempo& tempo, const 
 
 enum TickKind { HeardTick, UnknownTick, LostTick }; // Unknown: the effect never declared it
 
-// A run of messages that lie closer than the eye can part.
+// Messages that lie so close together that one tick stands for all of them.
 struct TickGroup {
     size_t first, count; // in the list of messages that was grouped
     TickKind kind;       // the worst of them
     double left, right;  // x of the first and of the last
 };
 
-// How close two ticks may be, and how wide a group may get, in pixels.
+// The limits of grouping, in units of the canvas: ticks nearer than `closest` are one group, unless it would become
+// wider than `widest`.
 struct TickGaps {
     double closest = 4;
     double widest = 26;
@@ -67,16 +70,17 @@ struct TickGaps {
 
 TickKind KindOf(const Message& message);
 
-// Groups messages of the model, which are in order of time. What lies off the scale is put on its end.
+// Groups messages of the model, given by their indices in order of time. A message off the scale counts as lying at
+// its nearer end.
 std::vector<TickGroup> GroupTicks(const TimelineModel& model, const std::vector<size_t>& messages,
                                   const Scale& scale, const TickGaps& gaps = {});
 
-// One message or, where they lie closer than the eye can part, several.
+// The tick of one message, or of a group of them.
 struct PlacedTick {
     std::vector<size_t> messages; // of the model, in order of time
     TickKind kind;                // the worst of them
     Box box;                      // from the first to the last, no narrower than a tick
-    std::string title;            // for the pointer that rests on it
+    std::string title;            // shown while the pointer rests on it
 };
 
 struct PlacedBar {
@@ -118,7 +122,7 @@ struct PlacedLegend {
     Box box; // of the sample
 };
 
-// The scale is that of the whole axis.
+// The whole picture. As a Scale it converts between seconds of the show and x of the plot.
 struct Layout : Scale {
     double width, height;
     Tempo tempo;
@@ -161,10 +165,12 @@ struct Layout : Scale {
 
 Layout LayOut(const TimelineModel& model, const LayoutOptions& options);
 
-// The row of each entry inside its layer: the first from the top in which nothing overlaps it.
+// The row of each entry inside its layer, in the order of the model's entries: the first row from the top in which no
+// other entry overlaps it.
 std::vector<int> RowsOf(const TimelineModel& model);
 
-// Flags that touch are one. The remarks are in order of time, as the model has them.
+// Remarks whose flags would touch and therefore share one. Their indices follow each other, since the model has its
+// remarks in order of time.
 struct FlagGroup {
     size_t first, count; // of the model's remarks
     bool grave;          // one of them is
@@ -180,13 +186,13 @@ struct FlagRoom {
     double right;                                        // x at which the canvas ends for flags
 };
 
-// Only the remarks that have a place. What lies off the scale is put on its end.
+// Groups the remarks that have a place in time. A remark off the scale counts as lying at its nearer end.
 std::vector<FlagGroup> GroupFlags(const TimelineModel& model, const Scale& scale, const FlagRoom& room);
 
 // "3" or, of several, "3-7" with an en dash: the numbers of the remarks, from 1.
 std::string FlagNumber(const FlagGroup& group);
 
-// Every text of the picture.
+// All texts of the picture, copied out of the layout's lists.
 std::vector<PlacedText> AllTexts(const Layout& layout);
 
 } // namespace timeline

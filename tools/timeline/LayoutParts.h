@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The parts that Layout.cpp puts together; nobody else needs them.
+// The steps of LayOut, each in a source of its own. Every step fills its fields of the layout, reads those of the
+// steps before, and begins at the given y; places are in units of the canvas. Internal to the layout.
 #pragma once
 
 #include "tools/timeline/Layout.h"
@@ -9,34 +10,34 @@ namespace timeline
 
 // ---- Lanes.cpp
 
-// Lanes, bars and the names on them, from y down. Returns where they end.
+// Places the lanes of the layers, the bars of the entries and the names on them. Returns the y of their lower edge.
 double PlaceLanes(const TimelineModel& model, double y, Layout* layout);
 
 // ---- Ticks.cpp
 
-// Ticks for messages in order of time, those that lie too close in one. The box spans top to bottom.
+// Makes the ticks of messages that are given in order of time, one tick for those that lie too close together. Their
+// boxes reach from top to bottom.
 std::vector<PlacedTick> PlaceTicks(const TimelineModel& model, const std::vector<size_t>& messages,
                                    double top, double bottom, const Layout& layout);
 
-// Names at ticks, each as far as the next tick or the right end, where there is room. fixed: texts that are
-// there already.
+// Places the names of ticks, where there is room up to the next tick or the end `right`; other ticks get none.
 std::vector<PlacedText> NameTicks(const TimelineModel& model, const std::vector<PlacedTick>& ticks,
                                   double baseline, double right);
 
-// The messages that no entry gets, in a lane of their own. Returns where it ends.
+// Places the lane of the messages that no entry gets. Returns the y of its lower edge.
 double PlaceLost(const TimelineModel& model, double y, Layout* layout);
 
-// The flags of the remarks that have a place, in a row of their own. Returns where it ends.
+// Places the row of flags of the remarks that have a place in time. Returns the y of its lower edge.
 double PlaceFlags(const TimelineModel& model, double y, Layout* layout);
 
 // ---- Ruler.cpp
 
-// Marks and figures, from y down. Returns where they end.
+// Places the ruler's marks and figures. Returns the y of its lower edge.
 double PlaceRuler(double y, Layout* layout);
 
 // ---- Foot.cpp
 
-// Legend and list of remarks. Sets foot and the height of the canvas.
+// Places the legend and the list of remarks, and sets the height of the canvas.
 void PlaceFoot(const TimelineModel& model, double y, Layout* layout);
 
 // ---- Shared figures
@@ -44,7 +45,7 @@ void PlaceFoot(const TimelineModel& model, double y, Layout* layout);
 const double margin = 24;       // left and right of everything
 const double gutterWidth = 134; // margin included
 
-// A text in the gutter: shortened to its width, and nowhere else.
+// Adds a text in the gutter, shortened to the gutter's width.
 void AddGutterText(const std::string& text, TextStyle style, Colour colour, double baseline, Layout* layout);
 
 } // namespace timeline

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Ink and wash on warm paper: the show's colours, as the timeline uses them.
+// The colours of the timeline's picture, mixed from those of the show (ShowColours.h): ink and watercolour on paper.
+// Channels are sRGB, 0 to 255.
 #pragma once
 
 #include "kernel/EffectRecord.h"
@@ -30,12 +31,17 @@ constexpr Colour Faded(Colour colour, float alpha)
     return {colour.red, colour.green, colour.blue, alpha};
 }
 
+// The channel of 0 to 255 on the way from one to another, rounded. std::lround is not constexpr before C++23.
+constexpr uint8_t MixChannel(uint8_t from, uint8_t to, float way)
+{
+    return uint8_t(int(2 * (float(from) + (float(to) - float(from)) * way) + 1) / 2);
+}
+
 // The way from one colour to another: 0 is from, 1 is to.
 constexpr Colour Mix(Colour from, Colour to, float way)
 {
-    return {uint8_t(float(from.red) + (float(to.red) - float(from.red)) * way + 0.5f),
-            uint8_t(float(from.green) + (float(to.green) - float(from.green)) * way + 0.5f),
-            uint8_t(float(from.blue) + (float(to.blue) - float(from.blue)) * way + 0.5f)};
+    return {MixChannel(from.red, to.red, way), MixChannel(from.green, to.green, way),
+            MixChannel(from.blue, to.blue, way)};
 }
 
 // clang-format off

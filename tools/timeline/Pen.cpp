@@ -11,7 +11,7 @@ static const double pi = 3.14159265358979;
 static const double strokeStep = 24; // between the places where the pressure may change
 static const int maxSteps = 60;
 
-// 0 to 1, a different one for each place.
+// A pseudo-random number of 0 to 1, the same for the same seed and place.
 static double Chance(uint32_t seed, uint32_t place)
 {
     uint32_t bits = seed * 2654435761u + place * 40503u + 0x9e3779b9u;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Ink: strokes whose pressure changes, the same on every run.
+// Outlines of pen strokes and of small signs, as polygons for Drawing::FillShape, in units of the canvas. The strokes
+// look drawn by hand; their irregularities come from the seed, so that each run draws the same.
 #pragma once
 
 #include "tools/timeline/Drawing.h"
@@ -9,10 +10,10 @@
 namespace timeline
 {
 
-// A level stroke from left to right about y, `width` at full pressure, thinner where the pen goes lighter.
+// A horizontal stroke from left to right about y, at most `width` thick.
 std::vector<Point> LevelStroke(double left, double right, double y, double width, uint32_t seed);
 
-// A short downstroke at x that begins broad and ends in a point.
+// A short vertical stroke at x, `width` thick at the top and pointed at the bottom.
 std::vector<Point> DownStroke(double x, double top, double bottom, double width);
 
 std::vector<Point> Diamond(Point centre, double radius);

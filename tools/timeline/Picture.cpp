@@ -47,7 +47,7 @@ static std::vector<Segment> Hatching(const Box& box, double step)
 {
     std::vector<Segment> lines;
     for (double offset = step; offset < box.width + box.height; offset += step) {
-        // from the left or lower edge up to the top or right edge
+        // Each runs from the left or lower edge to the top or right edge.
         const double x0 = std::max(0.0, offset - box.height), y0 = std::min(offset, box.height);
         const double x1 = std::min(offset, box.width), y1 = std::max(0.0, offset - box.width);
         lines.push_back({{box.x + x0, box.y + y0}, {box.x + x1, box.y + y1}});
@@ -76,7 +76,7 @@ static void DrawLoading(const Layout& layout, Drawing* drawing)
     }
     drawing->StrokeSegments(seconds, Slate, 0.8);
     if (layout.loadingCut) {
-        // The sign of a scale that is broken.
+        // Draw the sign of a broken scale.
         const double x = box.x + box.width / 2, y = layout.rulerBottom;
         drawing->FillShape({{x - 5, y + 6}, {x - 1, y - 6}, {x + 5, y - 6}, {x + 1, y + 6}}, paper);
         drawing->StrokeSegments({{{x - 5, y + 6}, {x - 1, y - 6}}, {{x + 1, y + 6}, {x + 5, y - 6}}}, Slate,
@@ -174,7 +174,7 @@ static void DrawBar(const TimelineModel& model, const Layout& layout, const Plac
         if (box.width > 4)
             drawing->FillShape(LevelStroke(box.x, box.Right(), box.Bottom() - 0.7, 1.5, uint32_t(bar.entry)),
                                dark);
-        // It goes on behind the axis: three strokes that trail away.
+        // The entry goes on behind the axis: three strokes that become fainter.
         if (bar.cutRight)
             for (int i = 0; i < 3; i++)
                 drawing->FillShape(

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Draws what the layout has placed.
+// Draws a layout through any backend.
 #pragma once
 
 #include "tools/timeline/Drawing.h"
@@ -10,7 +10,7 @@ namespace timeline
 
 enum PicturePart { HeadPart = 1, GutterPart = 2, PlotPart = 4, FootPart = 8, WholePicture = 15 };
 
-// Parts are bits of PicturePart.
+// Draws the given parts, a combination of bits of PicturePart. The layout must be that of the model.
 void DrawPicture(const TimelineModel& model, const Layout& layout, int parts, Drawing* drawing);
 
 } // namespace timeline

@@ -93,7 +93,8 @@ void CairoDrawing::Write(const PlacedText& text)
                            shape.italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
                            shape.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(cairo, shape.size);
-    // A font of this machine may be wider than the table: then the letters move together, nothing overlaps.
+    // The font of this machine may be wider than the table of widths. Then the letters move together, so that texts
+    // do not overlap.
     cairo_text_extents_t extents;
     cairo_text_extents(cairo, text.text.c_str(), &extents);
     if (extents.x_advance > text.box.width && text.box.width > 0) {
@@ -124,7 +125,7 @@ bool PngPicture(const TimelineModel& model, const Layout& layout, double scale, 
     }
     cairo_surface_t* const surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, int(width), int(height));
     cairo_t* const cairo = cairo_create(surface);
-    // Positions of letters as the layout has them, not as the grid of pixels would like them.
+    // Switch hinting of advances off: letters stand where the layout has them, not on the grid of pixels.
     cairo_font_options_t* const options = cairo_font_options_create();
     cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
     cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
@@ -132,7 +133,7 @@ bool PngPicture(const TimelineModel& model, const Layout& layout, double scale, 
     cairo_set_font_options(cairo, options);
     cairo_font_options_destroy(options);
     cairo_scale(cairo, scale, scale);
-    // The last row may be cut by the rounding: no unpainted line at the edge.
+    // Paint the whole surface first: the drawing may cover the last row of pixels only in part.
     cairo_set_source_rgb(cairo, Bone.red / 255.0, Bone.green / 255.0, Bone.blue / 255.0);
     cairo_paint(cairo);
     CairoDrawing drawing(cairo);

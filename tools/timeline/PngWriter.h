@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture as pixels, painted by cairo.
+// The picture as a PNG file, painted by cairo.
 #pragma once
 
 #include "tools/timeline/Picture.h"
@@ -11,8 +11,8 @@ namespace timeline
 
 const int MostPixels = 32767; // cairo's limit, for width and height each
 
-// A whole file; scale is pixels per unit of the canvas. False if the picture would be too large or cairo
-// fails; *reason says so.
+// Writes the bytes of a whole PNG file to *png; scale is the number of pixels per unit of the canvas. Returns false if
+// the picture would be larger than MostPixels or cairo fails; *reason then says which.
 bool PngPicture(const TimelineModel& model, const Layout& layout, double scale, std::string* png,
                 std::string* reason);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The ruler: bars above, minutes and seconds below. Figures stand right of their mark, so that the first one
-// has room beside the gutter.
+// The ruler, with bars above, and minutes and seconds below. Figures stand to the right of their mark, so that the
+// first one has room beside the gutter.
 #include "tools/timeline/LayoutParts.h"
 
 #include <cmath>
@@ -50,7 +50,7 @@ std::vector<RulerMark> PlaceMarks(const Scale& scale, const Tempo& tempo, const 
         const bool numbered = std::fmod(i * marked, bars) == 0;
         marks.push_back({x, numbered ? NumberedBarMark : BarMark, numbered ? i * marked : 0});
     });
-    // Hundredths of a second take more room.
+    // Times with decimals take more room.
     double seconds = ClockStep(room.time / scale.perSecond);
     if (seconds < 1)
         seconds = ClockStep((room.time + room.decimals) / scale.perSecond);

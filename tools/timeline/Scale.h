@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A stretch of time on a stretch of the canvas.
+// The linear conversion between seconds of the show and x of the canvas.
 #pragma once
 
 namespace timeline

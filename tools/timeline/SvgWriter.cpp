@@ -124,7 +124,8 @@ void SvgDrawing::FillBox(const Box& box, const Wash& wash, double radius)
 void SvgDrawing::FillShape(const std::vector<Point>& corners, Colour colour)
 {
     body += "<path" + Paint("fill", colour) + " d=\"";
-    // Relative, in hundredths, each step from where the rounded one before has led: short, and no drift.
+    // Steps are relative, in hundredths, which is short. Each starts at the rounded end of the one before, so that
+    // rounding errors do not add up.
     long long lastX = 0, lastY = 0;
     for (size_t i = 0; i < corners.size(); i++) {
         const long long x = std::llround(corners[i].x * 100), y = std::llround(corners[i].y * 100);

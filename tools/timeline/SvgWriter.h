@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture as SVG 1.1: text, readable by browsers, drawing programs and printers.
+// The picture as SVG 1.1, for browsers and drawing programs.
 #pragma once
 
 #include "tools/timeline/Drawing.h"
@@ -34,20 +34,21 @@ private:
     std::vector<Wash> washes; // those that need a definition; the index is part of the id
 };
 
-// A whole file.
+// Returns the text of a whole SVG file.
 std::string SvgPicture(const TimelineModel& model, const Layout& layout);
 
-// One <svg> element that shows the box of the canvas, for a page that carries TypeStyle itself.
+// Returns one <svg> element that shows the box `view` of the canvas, to be put into a page. It has no style sheet: the
+// page must have the rules of TypeStyle. The prefix keeps its ids apart from those of other elements.
 std::string SvgPart(const TimelineModel& model, const Layout& layout, int parts, const Box& view,
                     const std::string& idPrefix, const std::string& attributes);
 
-// The rules for the classes that texts have.
+// The CSS rules of the classes that text elements have, one for each TextStyle.
 std::string TypeStyle();
 
-// Text for XML and HTML, between tags or between double quotes.
+// Escapes a text for XML and HTML, between tags or between double quotes.
 std::string Escape(const std::string& text);
 
-// "12.5": two decimals at most.
+// Formats a number for an attribute, with two decimals at most: "12.5".
 std::string Figure(double value);
 
 } // namespace timeline

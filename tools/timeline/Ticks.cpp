@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Messages as ticks, remarks as flags: what lies too close together becomes one.
+// Places messages as ticks and remarks as flags, and groups those that lie too close together.
 #include "tools/timeline/LayoutParts.h"
 #include "tools/timeline/Words.h"
 
@@ -87,7 +87,7 @@ double PlaceLost(const TimelineModel& model, double y, Layout* layout)
 
 std::string FlagNumber(const FlagGroup& group)
 {
-    // Remarks are numbered in their order, so a flag's numbers are a run.
+    // Remarks are numbered in their order, so a flag's numbers are consecutive.
     const std::string number = std::to_string(group.first + 1);
     return group.count > 1 ? number + dash + std::to_string(group.first + group.count) : number;
 }
@@ -118,7 +118,7 @@ std::vector<FlagGroup> GroupFlags(const TimelineModel& model, const Scale& scale
         flag.count = 1;
         flag.pole = scale.X(std::clamp(remark.start, scale.start, scale.end));
         ShapeFlag(model, scale, room, &flag);
-        // Two that touch become one, which may then touch the one before.
+        // Two groups that touch become one, which may then touch the group before it.
         while (!flags.empty() && flag.left < flags.back().left + flags.back().width + room.closest) {
             flag.first = flags.back().first;
             flag.count += flags.back().count;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a script makes of the show: the facts that the timeline draws. They come from the show's own reader
-// and sequencer, so entries and messages are those that will play, and not what the script seems to say.
+// The facts of a show that the timeline draws: entries, messages, loading, music, remarks. They come from the show's
+// own script reader and sequencer, so that they are what will play even where a script is misleading.
 #pragma once
 
 #include "kernel/EffectRecord.h"

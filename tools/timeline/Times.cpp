@@ -12,7 +12,7 @@ static long long Milliseconds(double seconds)
     return std::llround(seconds * 1000);
 }
 
-// ".25" of 250 ms, nothing of 0.
+// The decimals of a number of milliseconds below 1000: ".25" of 250, and nothing of 0.
 static std::string Decimals(long long milliseconds)
 {
     if (milliseconds == 0)
@@ -50,7 +50,7 @@ std::string MillisecondText(double seconds)
 
 std::string MusicalText(double seconds, const Tempo& tempo)
 {
-    // To the nearest thousandth first: a moment that is meant to lie on a beat has been a float.
+    // Round to milliseconds first: a moment that is meant to lie on a beat was a float, and is a little off.
     const double exact = double(Milliseconds(seconds)) / 1000;
     const double nearest = std::round(exact / tempo.BeatSeconds());
     const bool onBeat = std::fabs(exact - nearest * tempo.BeatSeconds()) < 0.0005;

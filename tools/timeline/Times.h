@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Words and figures for moments of the show, and the steps in which a ruler counts them.
+// Texts for moments and lengths of time, as a clock and as bars of the music, and the steps in which a ruler counts
+// them.
 #pragma once
 
 #include <string>
@@ -15,24 +16,24 @@ struct Tempo {
     double BarSeconds() const { return BeatSeconds() * beatsPerBar; }
 };
 
-// "6:12.6", "0:00", "1:02:03.004": whole milliseconds, no more decimals than it takes.
+// A moment as minutes and seconds, rounded to milliseconds, without trailing zeros: "6:12.6", "0:00", "1:02:03.004".
 std::string ClockText(double seconds);
 
-// "12.5 s" of a length, likewise.
+// A length in seconds, rounded in the same way: "12.5 s".
 std::string LengthText(double seconds);
 
-// "86400", as scripts write it.
+// A moment in whole milliseconds, as scripts write it: "86400".
 std::string MillisecondText(double seconds);
 
-// Bars count from 0 at the start of the show, beats from 1: "bar 47, beat 2", "bar 48" on a first beat, and
-// off the beat "bar 47, beat 2 + 30 ms".
+// A moment in bars and beats: "bar 47, beat 2", "bar 48" on a first beat, and off the beat "bar 47, beat 2 + 30 ms".
+// Bars count from 0 at the start of the show, beats from 1.
 std::string MusicalText(double seconds, const Tempo& tempo);
 
-// The first step of 1, 2, 4, 8 ... bars that is at least this long; in bars.
+// The shortest step of 1, 2, 4, 8 ... bars that lasts at least minSeconds, in bars.
 double BarStep(double minSeconds, const Tempo& tempo);
 
-// The first step of a clock face (10, 20, 50 ms ... 1, 2, 5, 10, 15, 30 s, 1, 2, 5 min ...) that is at least
-// this long; in seconds.
+// The shortest of the steps in which a clock is divided (10, 20, 50 ms ... 1, 2, 5, 10, 15, 30 s, 1, 2, 5 min ...) that
+// lasts at least minSeconds, in seconds.
 double ClockStep(double minSeconds);
 
 } // namespace timeline

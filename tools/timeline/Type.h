@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Type: the styles of the picture, how wide a text gets, and how it is shortened.
+// Typography of the picture: the styles of texts, their widths, and how a text is shortened to fit.
 //
-// Widths come from a table, not from the fonts of the machine, so that a script has one picture wherever it
-// is drawn. The table holds the advances of a wide family: in nearly every other the text comes out narrower
-// than the room that it was given.
+// Widths come from a table of advance widths and not from the fonts of the machine, so that a script has the same
+// picture on every machine. The table is that of a wide font: in nearly every other font a text is narrower than the
+// room that it gets here.
 #pragma once
 
 #include "tools/timeline/Palette.h"
@@ -55,18 +55,18 @@ struct PlacedText {
     Box box;
 };
 
-// Left edge at x.
+// Makes a text whose left edge is at x, with the box that TextWidth and TextHeight say.
 PlacedText PlaceText(const std::string& text, TextStyle style, Colour colour, double x, double baseline);
 
 double TextWidth(const std::string& text, TextStyle style);
 double TextHeight(TextStyle style); // ascender to descender
 
-// The text if it fits, else its beginning and an ellipsis; empty if not even `least` characters would be
-// left.
+// Shortens a text to a width: returns it as it is if it fits, otherwise its beginning and an ellipsis, or nothing if
+// fewer than `least` characters would be left.
 std::string Elide(const std::string& text, TextStyle style, double width, int least = 3);
 
-// What can be shown: bytes that are no UTF-8, control characters and what XML has no place for become U+FFFD.
-// A line end and a tab stay.
+// Makes any bytes valid as the text of an XML document: invalid UTF-8, control characters and characters that XML
+// forbids become U+FFFD. Line ends and tabs stay.
 std::string Clean(const std::string& text);
 
 } // namespace timeline

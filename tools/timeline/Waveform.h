@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The outline of a piece of music, as the show would play it.
+// The envelope of a piece of music, decoded as the show plays it: peaks and loudness in slices of equal length.
 #pragma once
 
 #include <atomic>
@@ -10,10 +10,10 @@
 namespace timeline
 {
 
-// A stretch of the music.
+// The level of a slice of the music.
 struct Swing {
-    float peak;     // of either side, 0 to 1 (more where the file goes over full scale)
-    float loudness; // the root of the mean square of both sides
+    float peak;     // of the louder channel; 1 is full scale, which a file may exceed
+    float loudness; // root mean square of both channels
 };
 
 class Waveform
@@ -28,7 +28,7 @@ public:
     double Length() const { return length; } // seconds
     bool Empty() const { return swings.empty(); }
 
-    // What lies from one moment to another, in seconds; what the music doesn't reach is silent.
+    // The level from one moment to another, in seconds; outside of the music it is silent.
     Swing Between(double from, double to) const;
 
     std::vector<Swing> swings; // from the start on; the last may be a shorter piece

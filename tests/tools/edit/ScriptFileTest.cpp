@@ -84,7 +84,8 @@ protected:
 
 TEST_F(ScriptOnDisk, IsOpenedWithEveryByteAndSavedWithEveryByte)
 {
-    const std::string text("\xEF\xBB\xBF# \0 \xFF\r\n#\r\n[MUSIC]\rFileName=a.ogg", 38);
+    const char bytes[] = "\xEF\xBB\xBF# \0 \xFF\r\n#\r\n[MUSIC]\rFileName=a.ogg";
+    const std::string text(bytes, sizeof bytes - 1);
     Open(text);
     EXPECT_EQ(text, document.Text());
     EXPECT_EQ(path, document.Path());

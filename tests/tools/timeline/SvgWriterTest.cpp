@@ -186,10 +186,9 @@ static std::pair<double, double> ExtentOf(const std::string& path)
     for (const char c : path)
         spaced += c == 'M' || c == 'l' || c == 'z' ? " " : c == '-' ? " -" : std::string(1, c);
     std::istringstream numbers(spaced);
-    double x = 0, y = 0, left = 1e9, right = -1e9, stepX, stepY;
+    double x = 0, left = 1e9, right = -1e9, stepX, stepY;
     while (numbers >> stepX >> stepY) {
         x += stepX;
-        y += stepY;
         left = std::min(left, x);
         right = std::max(right, x);
     }
