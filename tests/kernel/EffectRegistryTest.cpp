@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/EffectRegistry.h"
 
+#include "platform/dialogs/MessageBox.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/ReadFile.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <unistd.h>
 
@@ -169,8 +171,13 @@ TEST(DemoInfo, ListsEffectsWithTheirMessagesByteForByte)
     remove(path.c_str());
 }
 
-TEST(DemoInfo, AFileThatCannotBeOpenedLeavesNothingBehind)
+TEST(DemoInfo, AFileThatCannotBeOpenedIsLeftOutInSilence)
 {
+    std::vector<platform::MessageBox> boxes;
+    platform::CollectMessageBoxes(&boxes);
     EffectRegistry registry;
     registry.WriteDemoInfo("no/such/folder/DemoInfo.txt");
+    platform::CollectMessageBoxes(nullptr);
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_FALSE(std::filesystem::exists("no"));
 }

@@ -34,10 +34,22 @@ TEST(Material, IsOfType2AndAModelOfType1)
     EXPECT_EQ(2, material.GetType());
 }
 
+class WatchedMaterial : public Material
+{
+public:
+    explicit WatchedMaterial(bool* flag) : destroyed(flag) {}
+    ~WatchedMaterial() override { *destroyed = true; }
+
+private:
+    bool* destroyed;
+};
+
 TEST(Material, IsDestroyedThroughItsBase)
 {
-    SceneObject* object = new Material;
-    delete object; // the sanitizers would see what stays behind
+    bool destroyed = false;
+    SceneObject* const object = new WatchedMaterial(&destroyed);
+    delete object;
+    EXPECT_TRUE(destroyed);
 }
 
 TEST(SceneObject, OfAModelStartsWithoutAName)

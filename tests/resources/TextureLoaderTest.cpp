@@ -96,4 +96,6 @@ TEST_F(LoaderBirth, TheEndShutsTheImageLibraryDownAndDeletingAllDoesNot)
 TEST_F(LoaderBirth, TheEndMayComeBeforeAnyTexture)
 {
     TextureLoader::GetInstance()->Shutdown();
+    EXPECT_TRUE(boxes.empty());
+    EXPECT_FALSE(QuitWasPosted());
 }

@@ -65,10 +65,14 @@ TEST(CaptureProgress, OutsideATerminalIsALineForEachTenth)
 
 TEST(CaptureProgress, SaysNothingWithoutAStream)
 {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     Progress progress(nullptr);
     progress.Begin(0, 10, 10);
     progress.Show(9, 10);
     progress.Clear();
+    EXPECT_EQ("", testing::internal::GetCapturedStdout());
+    EXPECT_EQ("", testing::internal::GetCapturedStderr());
 }
 
 TEST(CaptureProgress, CountsOneFrameBeforeTheFirstAsOne)

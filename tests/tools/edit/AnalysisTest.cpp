@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <filesystem>
+#include <memory>
 
 using namespace edit;
 
@@ -120,9 +121,13 @@ TEST(AnalysisEnd, ComesWhileATextIsLookedAtAndMusicIsDecoded)
     lint::Options options;
     options.data = SOURCE_DIR "/Data";
     for (int i = 0; i < 5; i++) {
-        Analysis analysis([] {});
-        analysis.Request("[MUSIC]\nFileName=moonwaltz.ogg;\n" + std::string(clouds), 1, "a", options);
+        std::atomic<bool> ended = false;
+        auto analysis =
+            std::make_unique<Analysis>([&] { EXPECT_FALSE(ended) << "a thread is still at work"; });
+        analysis->Request("[MUSIC]\nFileName=moonwaltz.ogg;\n" + std::string(clouds), 1, "a", options);
         if (i > 2)
-            WaitUntil([&] { return analysis.Take() != nullptr; });
+            WaitUntil([&] { return analysis->Take() != nullptr; });
+        analysis.reset();
+        ended = true;
     }
 }
