@@ -44,72 +44,81 @@ Line Forearm(const Sight& sight, const Arm& arm)
                     Vec2{400 - arm.bend, 1100}});
 }
 
-void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
+// The points of a hand of common width, as the arm's girth has them.
+static std::vector<Vec2> Widened(const Arm& arm, std::vector<Vec2> points)
 {
-    const int width = canvas.Width(), height = canvas.Height();
-    const float g = arm.girth;
-    const Stuff skin = Skin(arm);
-    const auto wide = [g](std::vector<Vec2> points) {
-        for (Vec2& p : points)
-            p.x *= g;
-        return points;
-    };
+    for (Vec2& p : points)
+        p.x *= arm.girth;
+    return points;
+}
 
+// A soft dark stroke, in the colour of the skin's shade.
+static void PaintHollow(Canvas& canvas, const Sight& sight, const Arm& arm, const std::vector<Vec2>& points,
+                        float radius, float density, uint32_t seed)
+{
+    Around(canvas, sight(Widened(arm, points)), 2.5f * radius, [&](Canvas& part, Vec2 origin) {
+        const Shape shape =
+            Sausage(sight.From(origin)(Widened(arm, points)), {radius * 0.3f, radius, radius * 0.4f});
+        const Mask dark = Filled(part.Width(), part.Height(), shape).Blur(radius * 0.45f);
+        Wash(part, SketchPaper(), dark,
+             {.pigment = Skin(arm).shade,
+              .density = density,
+              .pool = 0,
+              .bloomSize = 60,
+              .stray = 3,
+              .bleed = 0},
+             seed);
+    });
+}
+
+static void PaintPalm(Canvas& canvas, const Sight& sight, const Arm& arm)
+{
+    const float g = arm.girth;
     const Line along = Forearm(sight, arm);
     Shape palm = Limb(along, 66 * g, 76 * g, 122 * g);
-    palm.Add(Round(sight(wide({{-80, 74},
-                               {-44, 58},
-                               {4, 52},
-                               {54, 58},
-                               {96, 84},
-                               {112, 136},
-                               {109, 196},
-                               {95, 256},
-                               {74, 318},
-                               {8, 334},
-                               {-60, 322},
-                               {-92, 276},
-                               {-118, 218},
-                               {-124, 166},
-                               {-104, 118}}))));
-    const Mask hand = Melted(width, height, palm, 7);
-    PaintBody(canvas, hand, skin, 1, arm.seed);
+    palm.Add(Round(sight(Widened(arm, {{-80, 74},
+                                       {-44, 58},
+                                       {4, 52},
+                                       {54, 58},
+                                       {96, 84},
+                                       {112, 136},
+                                       {109, 196},
+                                       {95, 256},
+                                       {74, 318},
+                                       {8, 334},
+                                       {-60, 322},
+                                       {-92, 276},
+                                       {-118, 218},
+                                       {-124, 166},
+                                       {-104, 118}}))));
+    const Mask hand = Melted(canvas.Width(), canvas.Height(), palm, 7);
+    PaintBody(canvas, hand, Skin(arm), 1, arm.seed);
     // The heel of the hand and the ball of the thumb stand out; the hollow between them is dark.
-    const auto hollow = [&](const std::vector<Vec2>& points, float radius, float density, uint32_t seed) {
-        Around(canvas, sight(wide(points)), 2.5f * radius, [&](Canvas& part, Vec2 origin) {
-            const Shape shape =
-                Sausage(sight.From(origin)(wide(points)), {radius * 0.3f, radius, radius * 0.4f});
-            const Mask dark = Filled(part.Width(), part.Height(), shape).Blur(radius * 0.45f);
-            Wash(part, SketchPaper(), dark,
-                 {.pigment = skin.shade,
-                  .density = density,
-                  .pool = 0,
-                  .bloomSize = 60,
-                  .stray = 3,
-                  .bleed = 0},
-                 seed);
-        });
-    };
-    hollow({{-38, 112}, {6, 176}, {6, 262}}, 30, 0.5f, arm.seed + 60);
-    hollow({{-52, 300}, {6, 312}, {66, 300}}, 12, 0.55f, arm.seed + 61);
-    hollow({{20, 340}, {24, 420}, {4, 520}}, 13, 0.35f, arm.seed + 62);
+    PaintHollow(canvas, sight, arm, {{-38, 112}, {6, 176}, {6, 262}}, 30, 0.5f, arm.seed + 60);
+    PaintHollow(canvas, sight, arm, {{-52, 300}, {6, 312}, {66, 300}}, 12, 0.55f, arm.seed + 61);
+    PaintHollow(canvas, sight, arm, {{20, 340}, {24, 420}, {4, 520}}, 13, 0.35f, arm.seed + 62);
     Flush(canvas, sight, {-92 * g, 210}, 66, 0.2f);
     Flush(canvas, sight, {84 * g, 232}, 56, 0.18f);
     Flush(canvas, sight, {20 * g, 80}, 60, 0.14f);
+}
 
-    // Four fingers.
+// A finger of a hand of common width: the line from the palm to the tip, and its half width at each point.
+struct HandFinger {
+    std::vector<Vec2> points;
+    std::vector<float> radii;
+};
+
+// The four fingers: little finger, ring finger, middle finger, forefinger.
+static std::vector<HandFinger> FingersOf(const Arm& arm)
+{
     const float off = 66 * arm.spread;
-    struct Finger {
-        std::vector<Vec2> points;
-        std::vector<float> radii;
-    };
-    Finger little = {{{78, 118},
-                      {104 + off * 0.25f, 66},
-                      {140 + off * 0.5f, 22},
-                      {158 + off * 0.7f, -22},
-                      {156 + off * 0.8f, -56}},
-                     {23, 21, 21, 18.5f, 15}};
-    Finger ring = {{{44, 96}, {54, 40}, {64, -20}, {62, -80}}, {24, 22.5f, 22, 18}};
+    HandFinger little = {{{78, 118},
+                          {104 + off * 0.25f, 66},
+                          {140 + off * 0.5f, 22},
+                          {158 + off * 0.7f, -22},
+                          {156 + off * 0.8f, -56}},
+                         {23, 21, 21, 18.5f, 15}};
+    HandFinger ring = {{{44, 96}, {54, 40}, {64, -20}, {62, -80}}, {24, 22.5f, 22, 18}};
     if (arm.gesture == Gesture::Together) {
         little = {{{80, 122}, {92, 76}, {102, 20}, {104, -34}}, {22, 21, 20.5f, 17}};
     } else if (arm.gesture == Gesture::Curled) {
@@ -119,33 +128,42 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
         little = {{{84, 140}, {124, 104}, {176, 80}, {220, 72}, {246, 56}}, {22, 20, 19, 17, 13}};
         ring = {{{52, 100}, {92, 48}, {134, 10}, {164, -34}, {170, -70}}, {24, 22, 21, 19, 15}};
     }
-    const Finger fingers[] = {
+    return {
         little,
         ring,
         {{{0, 90}, {2, 30}, {4, -30}, {2, -90}}, {25, 23.5f, 23, 18}},
         {{{-48, 100}, {-56, 40}, {-58, -20}, {-50, -80}}, {25, 23, 22, 18}},
     };
-    for (size_t i = 0; i < 4; i++) {
+}
+
+static void PaintFingers(Canvas& canvas, const Sight& sight, const Arm& arm,
+                         const std::vector<HandFinger>& fingers)
+{
+    for (size_t i = 0; i < fingers.size(); i++) {
         std::vector<float> radii = fingers[i].radii;
         for (float& r : radii)
-            r *= g;
-        Around(canvas, sight(wide(fingers[i].points)), 60, [&](Canvas& part, Vec2 origin) {
+            r *= arm.girth;
+        Around(canvas, sight(Widened(arm, fingers[i].points)), 60, [&](Canvas& part, Vec2 origin) {
             const Sight here = sight.From(origin);
-            const std::vector<Vec2> points = here(wide(fingers[i].points));
+            const std::vector<Vec2> points = here(Widened(arm, fingers[i].points));
             const Mask finger = Melted(part.Width(), part.Height(), Sausage(points, radii), 2.5f);
             Mask root =
                 Root(part, points[0] + (points[1] - points[0]) * 0.12f, radii[0] * 1.3f, radii[0] * 2.1f);
             root.Multiply(part.Alpha());
-            PaintBody(part, finger, skin, 1, arm.seed + 10 + 10 * uint32_t(i), &root);
+            PaintBody(part, finger, Skin(arm), 1, arm.seed + 10 + 10 * uint32_t(i), &root);
         });
-        Flush(canvas, sight, wide({fingers[i].points.back()})[0], 26, 0.35f);
+        Flush(canvas, sight, Widened(arm, {fingers[i].points.back()})[0], 26, 0.35f);
     }
+}
 
-    // The lines of the palm, the creases of joints and wrist, the sinews.
-    Mask creases(width, height);
+// The lines of the palm, the creases of joints and wrist, the sinews.
+static void DrawCreases(Canvas& canvas, const Sight& sight, const Arm& arm,
+                        const std::vector<HandFinger>& fingers)
+{
+    Mask creases(canvas.Width(), canvas.Height());
     Pen pen(creases, SketchPaper(), {.width = 3.6f, .wobble = 1, .skip = 0.25f, .pool = 0.1f}, arm.seed + 80);
     const auto draw = [&](const std::vector<Vec2>& points, Press press = {0.25f, 1, 0.1f}) {
-        pen.Stroke(Through(sight(wide(points))), press);
+        pen.Stroke(Through(sight(Widened(arm, points))), press);
     };
     draw({{-66, 104}, {-26, 138}, {4, 200}, {-4, 276}}, {0.7f, 1, 0.1f});
     draw({{-70, 112}, {-20, 128}, {40, 158}, {82, 204}}, {0.6f, 0.9f, 0});
@@ -162,13 +180,14 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
         draw({{32, y}, {52, y - 4}, {74, y + 8}});
     }
     // Joints of the fingers that are seen beside the card or in the palm, and the sinews of the wrist.
-    const auto joint = [&](const Finger& finger, size_t knuckle) {
+    const auto joint = [&](const HandFinger& finger, size_t knuckle) {
         const Vec2 at = finger.points[knuckle],
                    way = Normalised(finger.points[knuckle + 1] - finger.points[knuckle - 1]);
         const Vec2 across = Vec2{-way.y, way.x} * (finger.radii[knuckle] * 0.82f);
         for (const float step : {-3.5f, 3.0f})
             draw({at - across + way * step, at + way * (step + 2.5f), at + across + way * step});
     };
+    const HandFinger &little = fingers[0], &ring = fingers[1];
     if (arm.gesture != Gesture::Together) {
         joint(little, 2);
         joint(little, 3);
@@ -181,6 +200,14 @@ void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
     draw({{-22, 344}, {-20, 382}, {-34, 436}}, {0, 0.8f, 0});
     draw({{34, 340}, {40, 386}, {30, 440}}, {0, 0.7f, 0});
     canvas.Cover(creases, Mix(palette::Ink, palette::Rust, 0.15f), 0.8f);
+}
+
+void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
+{
+    const std::vector<HandFinger> fingers = FingersOf(arm);
+    PaintPalm(canvas, sight, arm);
+    PaintFingers(canvas, sight, arm, fingers);
+    DrawCreases(canvas, sight, arm, fingers);
 }
 
 void PaintThumb(Canvas& whole, const Sight& far, const Arm& arm)
