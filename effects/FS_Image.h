@@ -4,8 +4,8 @@
 //
 // Messages
 //   "fade"   starts the shader's "delta" from 0 upward, 0.5 a second, without end
-//   "flash"  is declared, kept count of, and not seen: nothing reads its value. A visible flash would change
-//   shows.
+//   "flash"  changes nothing that is seen: it sets a value that decays and that nothing reads. It stays without effect,
+//            since a visible flash would change existing shows.
 //
 // Leaves behind: the band of SetLetterbox(1), depth test and depth writes enabled, blending disabled with
 // (GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA), texturing enabled on units 0 and 1 with nothing bound, unit 0

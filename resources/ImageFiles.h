@@ -8,7 +8,7 @@
 // pipe, a device) or is larger than 256 MiB.
 std::string ReadPictureFile(const std::string& path);
 
-// Makes the image library read through ReadPictureFile, and read zeros behind a file's end: left to itself
-// it goes on with whatever its buffer held before, and on a PNG that was cut off among its chunks it never
-// comes back. Zeros are no chunk, so the decoder gives up. Call once, after ilInit.
+// Installs read callbacks in the image library that use ReadPictureFile and deliver zeros behind a file's end. The
+// library's own callbacks leave the old content of its buffer there, and on a PNG that was cut off between two chunks
+// the library then never returns. Zeros are not a valid chunk, so that the decoder fails. Call once, after ilInit.
 void GuardImageFiles();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The half of TextureLoader that turns files into pixels.
+// The decoders of TextureLoader, from files to pixels.
 #include "resources/TextureLoader.h"
 
 #include "kernel/Report.h"

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-// The closest packings.
+// The best compression of each format.
 static const uint64_t deflatedBytesPerByte = 1032;    // of the compression of PNG
 static const uint64_t jpegPixelsPerByte = 512;        // a bit for each block of 8 by 8
 static const uint64_t faxPixelsPerByte = 16384 * 8;   // a bit for each row
@@ -36,14 +36,15 @@ static unsigned Little32(const std::string& bytes, size_t at)
     return Little16(bytes, at) | Little16(bytes, at + 2) << 16;
 }
 
-// Of a picture in runs of at most maxRun values, each run taking a byte more than its value.
+// The length of a picture that is stored in runs of at most maxRun values, of which each takes a byte more than its
+// value.
 static uint64_t RunBytes(uint64_t values, uint64_t valueBytes, uint64_t maxRun)
 {
     return values / maxRun * (valueBytes + 1);
 }
 
-// The claim for sides whose product with a few bytes more may not be counted in 64 bits is left without
-// bytes: sides like that are refused in any case.
+// Whether the length in bytes can be calculated in 64 bits. A claim of larger sides has none: it is refused in any
+// case.
 static bool SidesCanBeCounted(const PictureClaim& claim)
 {
     return claim.width <= UINT32_MAX && claim.height <= MaxPictureSide * MaxPictureSide &&

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a picture file tells of its size, held against the bytes that it has. A file of a few bytes can tell
-// of sides for which a decoder takes gigabytes, or whose product it can't count.
+// Checks the size that the header of a picture file states against the length of the file, before it is decoded. A
+// file of a few bytes can state a size for which a decoder allocates gigabytes, or whose product overflows.
 #pragma once
 
 #include <cstdint>
@@ -12,23 +12,23 @@ const uint64_t MaxPicturePixels = 67108864; // 8192 by 8192; in use a picture ta
 struct PictureClaim {
     uint64_t width = 0; // pixels, both 0 where the header says nothing or is not all there
     uint64_t height = 0;
-    uint64_t fewestBytes = 0; // that a file of these sides can have, at the closest packing of its format
+    uint64_t fewestBytes = 0; // the least length of such a file, at the best compression of its format
 };
 
-// The size that is told by the header of a PNG, JPEG, PNM, BMP, TGA, SGI, PCX, PSD or GIF file. type is the
+// Reads the size from the header of a PNG, JPEG, PNM, BMP, TGA, SGI, PCX, PSD or GIF file. type is the
 // image library's, as IL_PNG. Other types give an empty claim.
 PictureClaim ReadPictureClaim(unsigned type, const std::string& bytes);
 
 // True if a JPEG file is cut inside one of its segments, behind the two bytes of its length. The library's reader
-// never comes back from such a file: it waits for the bytes that the segment tells of.
+// never returns from such a file: it waits for the bytes that the length promises.
 bool JpegEndsInSegment(const std::string& bytes);
 
-// Of a picture of any format, from its sides alone: the closest packing of all is that of a blank row of a
-// fax, which takes a bit.
+// The claim of a picture of unknown format. Its file may be as short as the best compression of all formats allows,
+// which is that of a fax: one bit for a blank row.
 PictureClaim LoosestPictureClaim(uint64_t width, uint64_t height);
 
-// What is told of a file that has less than it tells of.
+// The words for a file that has fewer bytes than its header promises.
 extern const char* const PictureTooShort;
 
-// Why a file of that many bytes must not be decoded, in words for the user. Null: it may be.
+// Returns why a file of that many bytes must not be decoded, in words for the user, or null if it may be.
 const char* WhyPictureIsRefused(const PictureClaim& claim, uint64_t fileBytes);

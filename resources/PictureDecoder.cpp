@@ -39,13 +39,14 @@ static std::string LibraryWords(unsigned error)
     return words ? words : "";
 }
 
-// By content first: left to itself the library goes by the extension, and a TGA named .jpg would fail.
+// Loads a picture by the type that its content shows, and where it shows none by its extension. The library alone
+// goes by the extension, and fails on a TGA named .jpg.
 static bool LoadForeign(const std::string& path, ILenum type)
 {
     return (type != IL_TYPE_UNKNOWN && ilLoad(type, path.c_str())) || ilLoadImage(path.c_str());
 }
 
-// The library can be left to itself where the extension doesn't lie.
+// The same for JPEG and PNG. Where the extension is right, the library may choose its reader itself.
 static bool LoadKnown(const std::string& path, ILenum type)
 {
     if (ilTypeFromExt(path.c_str()) == type)
@@ -53,7 +54,7 @@ static bool LoadKnown(const std::string& path, ILenum type)
     return ilLoad(type, path.c_str());
 }
 
-// A picture as the library holds it, and what goes through the pipe in front of the pixels.
+// The state of a picture in the library. The child process sends it through the pipe ahead of the pixels.
 struct PictureHead {
     bool loaded;
     unsigned error; // if not loaded: the library's code
@@ -81,8 +82,8 @@ static PictureHead HeadOf(bool loaded)
     return head;
 }
 
-// Makes room for the pixels; they are still to be filled in. What a reader has made of a broken file may be
-// anything, and so is not believed without a look.
+// Allocates the pixels, which the caller then fills in. After a broken file the sizes in the library may be anything,
+// so that they are checked first.
 static DecodedPicture MakePicture(const PictureHead& head, size_t fileBytes)
 {
     DecodedPicture picture;
@@ -134,7 +135,7 @@ static bool ReadAll(int pipe, void* data, size_t size)
     return true;
 }
 
-// The process has the show's memory from its parent, and may take as much again as is allowed to it.
+// Limits the child's address space to what it inherited from the show and childMemory more.
 static void LimitMemory()
 {
     unsigned long pages = 0;
@@ -151,7 +152,7 @@ static void LimitMemory()
     setrlimit(RLIMIT_CORE, &noCore);
 }
 
-// What the child does, to its end.
+// The whole work of the child process.
 [[noreturn]] static void DecodeAndSend(const std::string& path, const std::string& bytes, int pipe)
 {
     std::signal(SIGALRM, SIG_DFL); // whatever the process that this one was forked from does with it

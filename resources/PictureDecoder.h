@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The image library, fenced in.
+// Decodes picture files with the image library, so that a broken file can't harm the show.
 //
-// Its readers of JPEG and PNG bear anything that a file can hold, but for sides whose product it can't
-// count. Most other readers were seen to write past their buffers on broken files, and the one for XPM even
-// on sound ones. So JPEG and PNG are decoded in place, and everything else in a child process that hands the
-// pixels back: whatever happens to it there, the show goes on. What a file tells of its size is held against
-// its length first (resources/PictureClaims.h).
+// The library's readers of JPEG and PNG are safe on any file, except where the product of the sides overflows. Most of
+// its other readers were seen to write past their buffers on broken files, and the one for XPM even on sound ones. So
+// JPEG and PNG are decoded in this process, and every other format in a child process that sends the pixels back: if
+// the child crashes, the show goes on. The size that a file states is checked against its length first
+// (resources/PictureClaims.h).
 #pragma once
 
 #include <string>

@@ -81,13 +81,12 @@ public:
     void ReadTransform(TransformRecord* transform);
     void ReadWeights(WeightsRecord* weights);
 
-    // Where the working through of a count ends once the archive has failed.
+    // The length up to which a list is filled with made-up items once the archive has failed.
     //
-    // Nobody knows how long a file was before it was cut, so a count can't be held against what is left of
-    // it: three vertices of a thousand, and then the end, has to give a thousand. But a count is ten bytes
-    // that can ask for gigabytes. So as long as items are there they are taken, however many, since the file
-    // pays for each with bytes of its own; items that are not there are made up only until the list holds a
-    // million. No mesh that this format is practical for has more, and a million empty faces are 80 MB.
+    // A file that was cut off gives the full count: three vertices of a thousand, and then the end, make a list of a
+    // thousand. But a count of ten digits must not allocate gigabytes. So items that are in the file are all read,
+    // however many, since each takes bytes of the file, and missing ones are added only until the list holds a
+    // million. No practical mesh has more, and a million empty faces take 80 MB.
     static constexpr int MaxMissingItems = 1 << 20;
 
 private:

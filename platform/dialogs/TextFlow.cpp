@@ -89,7 +89,8 @@ static void FlowLine(std::string line, double width, const TextMeasure& measure,
             lines.push_back(line);
             return;
         }
-        // At the last blank that fits or just doesn't, unless there are only blanks in front of it.
+        // Break at the last blank of the part that fits, or at the one right behind that part, unless only blanks
+        // stand in front of it.
         const size_t blank = line.rfind(' ', fits);
         if (blank != std::string::npos && blank > line.find_first_not_of(' ')) {
             const size_t end = line.find_last_not_of(' ', blank) + 1;
