@@ -3,19 +3,23 @@
 // she is the long ridge that falls to the right, her skirt the ploughed fields below, their far hands bare
 // trees.
 #include "art/atelier/DryBrush.h"
-#include "art/atelier/Glow.h"
 #include "art/atelier/Pictures.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/Wood.h"
 #include "art/atelier/pictures/painting/Dancers.h"
-
-#include <algorithm>
 
 namespace atelier
 {
 
 constexpr Vec2 Disc = {622, 268};
 constexpr float DiscRadius = 206;
+
+// The hem of his coat, from the back to the knee.
+static Line Hem()
+{
+    return Through(
+        {HisBack.back(), {258, 662}, {330, 634}, {404, 628}, {470, 650}, {530, 668}, HisFront.back()});
+}
 
 static Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
 {
@@ -26,7 +30,11 @@ static Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
 
 static Shape Him()
 {
-    Shape shape = Between(HisBack, HisFront);
+    Line coat = Through(HisFront);
+    const Line hem = Hem(), back = Through(HisBack);
+    coat.insert(coat.end(), hem.rbegin(), hem.rend());
+    coat.insert(coat.end(), back.rbegin(), back.rend());
+    Shape shape(coat);
     shape.Add(Round(HisFace));
     shape.Add(Limb(Through({{502, 238}, {480, 264}, {452, 306}}), 21, 32, 50));
     shape.Add(Limb(Through(HisArm), 36, 17, 6));
@@ -137,40 +145,6 @@ static void PaintFar(Canvas& canvas, const Paper& paper)
     }
 }
 
-// A body: an opaque wash that is lighter towards the disc, with dry furrows along it.
-static void PaintBody(Canvas& canvas, const Paper& paper, const Mask& shape, Colour light, Colour dark,
-                      uint32_t seed)
-{
-    const Mask density = WashDensity(
-        paper, shape,
-        {.pool = 0.7f, .poolWidth = 8, .granulation = 0.6f, .bloom = 0.7f, .bloomSize = 130, .stray = 1},
-        seed);
-    canvas.Cover(shape, [&](float x, float y) {
-        const float lit = Smooth(420, 60, Length(Vec2{x, y} - Vec2{620, 330}));
-        return Mix(Mix(light, dark, Smooth(0.4f, 1.7f, density.At(Floor(x), Floor(y)))), light, 0.45f * lit);
-    });
-}
-
-static void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a,
-                        const std::vector<Vec2>& b, int count, float width, const Mask& within, Colour light,
-                        Colour dark, uint32_t seed)
-{
-    Mask bright(W, H), deep(W, H);
-    DryBrush brush(bright, paper,
-                   {.width = width, .count = 8, .thickness = 1.5f, .load = 0.52f, .ragged = 0.3f, .wave = 80},
-                   seed);
-    Pen pen(deep, paper, {.width = 3.2f, .wobble = 1.5f, .wave = 80, .skip = 0.5f, .dry = 0.5f}, seed + 1);
-    Dice dice(seed + 2);
-    for (int i = 0; i < count; i++) {
-        const float t = (float(i) + 0.5f + 0.2f * dice.Bell()) / float(count);
-        const Line line = Furrow(a, b, Clamp(t));
-        brush.Stroke(Beside(line, width * 0.5f), dice.Range(0.7f, 1.1f));
-        pen.Stroke(line, {.start = 0.5f, .middle = 0.8f, .end = 0.3f});
-    }
-    canvas.Cover(bright.Multiply(within), light, 0.6f);
-    canvas.Cover(deep.Multiply(within), dark, 0.75f);
-}
-
 // A village on her hip: a few gables, a church, and lit windows.
 static void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
 {
@@ -203,31 +177,25 @@ static void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
     canvas.Light(windows.Blurred(7), palette::Amber, 1.2f);
 }
 
-static Canvas Painting()
+static void PaintSkirt(Canvas& canvas, const Paper& paper)
 {
-    Canvas canvas(W, H);
-    const Paper& paper = SketchPaper();
-    paper.Sheet(canvas, palette::Bone, 1.3f);
-    PaintSky(canvas, paper);
-    PaintFar(canvas, paper);
-
-    const Mask him = Filled(W, H, Him()).Shake(2.5f, 40, 31), her = Filled(W, H, Her()).Shake(2.5f, 40, 32);
     Mask skirt(W, H);
     Line fields = Through(FieldTop);
     fields.push_back({2000, 1500});
     const Line left = Through(FieldLeft);
     fields.insert(fields.end(), left.rbegin(), left.rend());
     skirt.Fill(fields).Shake(3, 90, 33);
-    const Colour earth = Mix(palette::Rust, palette::Ink, 0.55f),
-                 clay = Mix(palette::Rust, palette::Ochre, 0.4f),
-                 straw = Mix(palette::Ochre, palette::Parchment, 0.4f);
-
-    PaintBody(canvas, paper, him, Mix(palette::Rust, palette::Ochre, 0.2f) * 0.8f, earth, 34);
-    DrawFurrows(canvas, paper, HisBack, HisFront, 11, 12, him, clay, palette::Ink, 35);
-    PaintBody(canvas, paper, skirt, straw, clay, 36);
+    PaintFigure(canvas, paper, skirt, Straw, Clay, 36);
     DrawFurrows(canvas, paper, FieldTop, FieldLeft, 34, 17, skirt, palette::Parchment,
                 Mix(palette::Rust, palette::Ink, 0.6f), 37);
-    // Her hair falls behind her and is the river.
+    InkContours(canvas, paper,
+                {{Part(Through(FieldTop), 0, 0.4f), 4}, {Part(Through(FieldLeft), 0.02f, 0.4f), 4}}, 0.4f,
+                92);
+}
+
+// Her hair falls behind her and is the river.
+static void PaintHair(Canvas& canvas, const Paper& paper)
+{
     Mask hair(W, H), river(W, H);
     DryBrush strands(hair, paper,
                      {.width = 50,
@@ -257,166 +225,71 @@ static Canvas Painting()
     }
     canvas.Cover(hair, Mix(palette::Rust, palette::Ink, 0.6f), 0.92f);
     canvas.Cover(river, palette::Parchment, 0.7f);
+}
 
-    PaintBody(canvas, paper, her, straw, clay, 38);
+static void PaintHer(Canvas& canvas, const Paper& paper)
+{
+    const Mask her = Filled(W, H, Her()).Shake(2.5f, 40, 32);
+    PaintFigure(canvas, paper, her, Straw, Clay, 38);
     DrawFurrows(canvas, paper, HerFront, HerBack, 9, 9, her, palette::Parchment,
                 Mix(palette::Rust, palette::Ink, 0.5f), 39);
-    // Ink: contours where the pen felt like it.
-    Mask ink(W, H);
-    Pen pen(ink, paper, {.width = 4.5f, .wobble = 1.2f, .wave = 60, .skip = 0.4f, .dry = 0.4f}, 50);
-    const auto contour = [&](const Line& line, float width) {
-        pen.nib.width = width;
-        pen.Stroke(line, {.start = 0.2f, .middle = 1, .end = 0.1f});
-    };
-    const Colour line = Mix(palette::Ink, palette::Rust, 0.15f);
-    const Line arm = Limb(Through(HisArm), 36, 17, 6), farArm = Limb(Through(HerArm), 19, 11, 5),
-               holdArm = Limb(Through(HisHold), 10, 25, 9), neckArm = Limb(Through(HerHold), 15, 12, 8);
-    const auto along = [&](const Line& limb, float width) { // both sides of an arm, not its ends
-        contour(Part(limb, 0.03f, 0.46f), width);
-        contour(Part(limb, 0.55f, 0.96f), width * 0.7f);
-    };
-    contour(Part(Through(HisBack), 0.05f, 0.95f), 4.5f);
-    contour(Part(Through(HisFront), 0.05f, 0.62f), 4);
-    contour(Part(Through(HerFront), 0.05f, 0.9f), 4);
-    contour(Part(Through(HerBack), 0, 1), 4.5f);
-    contour(Part(Through(FieldTop), 0, 0.4f), 4);
-    contour(Part(Through(FieldLeft), 0.02f, 0.4f), 4);
-    pen.nib.skip = 0;
-    pen.nib.dry = 0.05f; // no stubble on his chin
-    contour(Round(HisFace), 3.5f);
-    pen.nib.skip = 0.4f;
-    pen.nib.dry = 0.4f;
-    along(arm, 4);
-    contour(Part(farArm, 0.07f, 0.46f), 3.4f);
-    contour(Part(farArm, 0.55f, 0.9f), 2.4f);
-    canvas.Cover(ink, line, 0.92f);
-    ink = Mask(W, H);
+    const Line farArm = Limb(Through(HerArm), 19, 11, 5);
+    InkContours(canvas, paper,
+                {{Part(Through(HerFront), 0.05f, 0.9f), 4},
+                 {Through(HerBack), 5},
+                 {Part(farArm, 0.07f, 0.46f), 3.4f},
+                 {Part(farArm, 0.55f, 0.9f), 2.4f}},
+                0.4f, 93);
+}
 
-    // The arms that hold: his round her, its fingers spread on her back, hers round his neck.
-    Shape holding(holdArm);
-    for (int finger = 0; finger < 4; finger++) {
-        const float k = float(finger);
-        holding.Add(Limb(Through({{672, 426 + 2.5f * k}, {700, 409 + 8 * k}, {726 - 3 * k, 399 + 11.5f * k}}),
-                         5.5f, 5, 2.5f));
-    }
-    holding.Add(Limb(Through({{664, 424}, {676, 402}, {694, 388}}), 7, 5, 2.5f));
-    Shape shoulder(neckArm);
-    shoulder.Add(Ellipse({672, 354}, 16, 15));
-    // Her hand lies on his nape: the back of it, four fingers spread down over his shoulder, the thumb at his ear.
-    shoulder.Add(Shaken(Ellipse({470, 260}, 15, 11, 0.45f), 1, 16, 49));
-    const auto nape = [](int finger) {
-        const float k = float(finger);
-        return Through(
-            {{466 - 2 * k, 256 + 4 * k}, {450 - 2.5f * k, 257 + 8 * k}, {437 - 0.5f * k, 264 + 12 * k}});
-    };
-    for (int finger = 0; finger < 4; finger++)
-        shoulder.Add(Limb(nape(finger), 5, 4.6f, 2.4f));
-    shoulder.Add(Limb(Through({{478, 254}, {474, 240}, {478, 228}}), 5, 4.4f, 2.4f));
-    const Mask hold = Filled(W, H, holding).Shake(1.2f, 30, 44),
-               neck = Filled(W, H, shoulder).Shake(2, 30, 45);
-    PaintBody(canvas, paper, hold, clay * 0.75f, earth, 40);
-    PaintBody(canvas, paper, neck, straw, clay, 41);
-    DrawVillage(canvas, paper, {640, 634});
-    pen.nib.skip = 0.25f;
-    along(holdArm, 4);
-    along(neckArm, 3.4f);
-    for (int finger = 0; finger < 4; finger++) {
-        contour(Beside(nape(finger), -4.5f), 2.2f);
-        contour(Part(Beside(nape(finger), 4.5f), 0.35f, 1), 2);
-    }
-    contour(Through({{473, 252}, {469, 240}, {476, 227}}), 2.2f);
-    for (int finger = 0; finger < 4; finger++) {
-        const float k = float(finger);
-        contour(Through({{684, 424 + 6.5f * k}, {704, 413.5f + 9 * k}, {724 - 3 * k, 404 + 12 * k}}), 2.6f);
-    }
-    // His eye, closed. Her profile, her eye, brow, lips and ear.
-    contour(Through({{524, 212}, {531, 215}, {538, 212}}), 3);
-    const Line profile = Through(OnHerHead({{26, 8},
-                                            {14, 22},
-                                            {9, 34},
-                                            {11, 42},
-                                            {2, 52},
-                                            {-7, 59},
-                                            {3, 64},
-                                            {0, 69},
-                                            {5, 73},
-                                            {1, 78},
-                                            {7, 84},
-                                            {4, 92},
-                                            {9, 99},
-                                            {24, 99},
-                                            {40, 96}}),
-                                 1.5f);
-    pen.nib.skip = 0.05f;
-    contour(profile, 3.4f);
-    contour(Through(OnHerHead({{15, 45}, {22, 50}, {31, 48}, {36, 44}})), 3.4f);
-    for (const float x : {17.0f, 22.0f, 27.0f})
-        contour(Through(OnHerHead({{x, 48}, {x - 4, 54}})), 1.8f);
-    contour(Through(OnHerHead({{13, 35}, {24, 30}, {38, 34}})), 2.8f);
-    contour(Through(OnHerHead({{5, 73}, {12, 72}, {18, 74}})), 3);
-    contour(Through(OnHerHead({{8, 61}, {12, 58}, {11, 63}})), 2);
-    contour(Through(OnHerHead({{40, 96}, {54, 84}, {60, 70}})), 2);
+static void PaintHim(Canvas& canvas, const Paper& paper)
+{
+    const Mask him = Filled(W, H, Him()).Shake(2.5f, 40, 31);
+    const Colour cloth = Mix(palette::Rust, palette::Ochre, 0.2f) * 0.8f;
+    PaintHisLegs(canvas, paper, cloth * 0.45f, Mix(palette::Rust, palette::Ink, 0.8f));
+    PaintFigure(canvas, paper, him, cloth, Earth, 34);
+    DrawFurrows(canvas, paper, HisBack, HisFront, 11, 12, him, Clay, palette::Ink, 35);
+    InkContours(canvas, paper, {{Round(HisFace), 3.5f}}, 0.05f, 94); // no stubble on his chin
+    std::vector<Contour> contours = {
+        {Part(Through(HisBack), 0.05f, 1), 4.5f}, {Part(Through(HisFront), 0.05f, 1), 4.5f}, {Hem(), 4}};
+    AddArm(contours, Limb(Through(HisArm), 36, 17, 6), 0.13f, 4);
+    InkContours(canvas, paper, contours, 0.35f, 95);
+}
+
+// The wood on his back, and the bare trees that are their far hands.
+static void PaintWood(Canvas& canvas, const Paper& paper)
+{
+    Mask ink(W, H);
+    Pen pen(ink, paper, {.width = 2, .wobble = 1.2f, .wave = 60, .skip = 0.05f, .dry = 0.4f}, 50);
     DrawHandTree(pen, HisArm, 8, 51);
     DrawHandTree(pen, HerArm, 6, 52);
     const Line ridge = Through(HisBack);
     Dice dice(53);
     for (int i = 0; i < 46; i++) {
-        const float t = Mix(0.14f, 0.8f, (float(i) + dice.Unit()) / 46);
+        const float t = Mix(0.14f, 0.92f, (float(i) + dice.Unit()) / 46);
         const Vec2 foot = PointAt(ridge, t) + Vec2{dice.Range(-1, 26), 7};
         DrawDeadFir(pen, foot, {.height = dice.Range(20, 52), .trunk = 3.4f, .reach = 10, .bare = 0.05f},
                     500 + uint32_t(i));
     }
-    // Cropped hair, as a copse on a hilltop.
-    ink.Fill(Shaken(
-        Round(
-            {{478, 240}, {469, 206}, {484, 174}, {514, 164}, {536, 177}, {518, 188}, {500, 206}, {494, 232}}),
-        2, 14, 54));
-    for (int i = 0; i < 70; i++) {
-        const Vec2 p =
-            PointAt(Through({{478, 242}, {468, 206}, {484, 173}, {514, 163}, {537, 177}}), dice.Unit());
-        pen.nib.width = 2;
-        pen.Stroke(Through({p + Vec2{4, 4}, p + Vec2{dice.Range(-6, 0), dice.Range(-7, 0)}}),
-                   {.start = 0.8f, .middle = 0.7f, .end = 0});
-    }
-    // Hers begins at the temple and leaves the brow free.
-    ink.Fill(Shaken(Round(OnHerHead({{24, 9},
-                                     {50, -5},
-                                     {84, 4},
-                                     {103, 36},
-                                     {99, 66},
-                                     {88, 92},
-                                     {76, 88},
-                                     {72, 74},
-                                     {68, 62},
-                                     {60, 54},
-                                     {56, 40},
-                                     {40, 24}})),
-                    1.2f, 16, 55));
-    canvas.Cover(ink, line, 0.92f);
-    // A comb of light on it, and her ear.
-    Mask gleam(W, H);
-    Pen hairline(gleam, paper, {.width = 2, .wobble = 0.8f, .skip = 0.4f}, 56);
-    for (int i = 0; i < 9; i++) {
-        const float k = float(i);
-        hairline.Stroke(
-            Through(OnHerHead({{34 + 3.4f * k, 12 - k}, {62 + 3 * k, 22 + 2.6f * k}, {84 + k, 50 + 3 * k}})),
-            {.start = 0.1f, .middle = 0.7f, .end = 0.2f});
-    }
-    canvas.Cover(gleam, Mix(palette::Ochre, palette::Rust, 0.4f), 0.8f);
-    const Line ear = Round(OnHerHead({{62, 52}, {69, 54}, {69, 63}, {63, 70}, {60, 62}}));
-    canvas.Cover(Filled(W, H, ear), Mix(straw, clay, 0.25f));
-    // A warm cheek.
-    const Vec2 cheek = OnHerHead({{32, 66}})[0];
-    canvas.Glaze(Mask(W, H).Each(
-                     [&](float x, float y) {
-                         return Bell(Length(Vec2{x, y} - cheek) / 15);
-                     },
-                     2),
-                 palette::Rust, 0.3f);
-    ink = Mask(W, H);
-    contour(ear, 2);
-    contour(Through({{500, 214}, {506, 210}, {509, 218}, {504, 226}}), 2.6f);
-    canvas.Cover(ink, line, 0.92f);
+    canvas.Cover(ink, DarkInk, 0.92f);
+}
+
+static Canvas Painting()
+{
+    Canvas canvas(W, H);
+    const Paper& paper = SketchPaper();
+    paper.Sheet(canvas, palette::Bone, 1.3f);
+    PaintSky(canvas, paper);
+    PaintFar(canvas, paper);
+    PaintSkirt(canvas, paper);
+    PaintHair(canvas, paper);
+    PaintHerFoot(canvas, paper, Straw, Clay);
+    PaintHer(canvas, paper);
+    PaintHim(canvas, paper);
+    PaintEmbrace(canvas, paper);
+    DrawVillage(canvas, paper, {700, 632});
+    PaintWood(canvas, paper);
+    PaintHeads(canvas, paper);
     paper.Show(canvas, 0.4f);
     return canvas;
 }

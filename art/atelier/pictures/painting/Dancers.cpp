@@ -7,15 +7,19 @@ namespace atelier
 {
 
 // clang-format off
-// Him: his back from the crown to the heel, and his front.
-const std::vector<Vec2> HisBack   = {{470, 242}, {424, 252}, {374, 284}, {342, 344}, {326, 418}, {314, 492}, {306, 560}, {268, 650}, {216, 730}, {150, 800}};
-const std::vector<Vec2> HisFront  = {{508, 262}, {548, 284}, {568, 334}, {560, 396}, {538, 452}, {508, 510}, {462, 590}, {390, 670}, {318, 740}, {240, 810}};
-// Her: the line from her waist over breast and throat, and the line of her back.
-const std::vector<Vec2> HerFront  = {{448, 560}, {500, 505}, {560, 446}, {612, 388}, {662, 348}, {706, 338}, {738, 352}, {768, 350}};
-const std::vector<Vec2> HerBack   = {{540, 640}, {580, 596}, {624, 536}, {668, 476}, {706, 430}, {736, 400}, {758, 384}, {776, 376}};
+// Him: his back from the nape to the hem of his coat, and his front, that lies over the knee that carries her.
+const std::vector<Vec2> HisBack   = {{470, 242}, {424, 252}, {374, 284}, {342, 344}, {326, 418}, {312, 492}, {290, 562}, {254, 622}, {206, 672}};
+const std::vector<Vec2> HisFront  = {{508, 262}, {548, 284}, {568, 334}, {558, 396}, {532, 452}, {510, 512}, {536, 558}, {574, 598}, {584, 648}};
+// Her: the line from her waist over breast and throat, and the line of her back, that ends on his knee.
+const std::vector<Vec2> HerFront  = {{448, 560}, {506, 508}, {556, 464}, {588, 420}, {606, 382}, {640, 350}, {676, 340}, {706, 338}, {738, 352}, {768, 350}};
+const std::vector<Vec2> HerBack   = {{560, 650}, {588, 600}, {616, 546}, {652, 496}, {692, 452}, {724, 416}, {752, 390}, {776, 376}};
 // Her skirt, from the waist: its upper border, that is the horizon of the fields, and its left one.
 const std::vector<Vec2> FieldTop  = {{540, 640}, {640, 640}, {760, 628}, {900, 622}, {1070, 596}, {2000, 470}};
 const std::vector<Vec2> FieldLeft = {{444, 566}, {412, 660}, {350, 770}, {250, 900}, { 100, 1060}, {-300, 1500}};
+// Their legs, from under the cloth to the ankle: his back one that pushes, his front one that carries, her one foot.
+const std::vector<Vec2> HisPush   = {{390, 572}, {290, 634}, {216, 676}, {176, 690}};
+const std::vector<Vec2> HisStand  = {{545, 630}, {553, 660}, {552, 690}};
+const std::vector<Vec2> HerStep   = {{428, 640}, {404, 676}, {386, 700}};
 // Their arms, from the shoulder: his to the left, hers to the right, his round her, hers round his neck.
 const std::vector<Vec2> HisArm    = {{446, 306}, {366, 292}, {276, 262}, {214, 218}, {172, 160}};
 const std::vector<Vec2> HerArm    = {{712, 362}, {744, 308}, {802, 270}, {872, 240}, {934, 182}};

@@ -48,6 +48,9 @@ Canvas GlowMask()
     for (int i = 0; i < 8; i++)
         TraceLight(order, Furrow(HisBack, HisFront, (float(i) + 0.5f) / 8), 3.6f, 0.13f + 0.02f * dice.Unit(),
                    0.52f);
+    TraceLight(order, Through(HisPush), 6, 0.50f, 0.56f);
+    TraceLight(order, Through(HisStand), 6, 0.51f, 0.56f);
+    TraceLight(order, Through(HerStep), 4, 0.50f, 0.54f);
     TraceLight(order, Through(HisHold), 7, 0.20f, 0.32f);
     for (int i = 0; i < 7; i++)
         TraceLight(order, Furrow(HerFront, HerBack, (float(i) + 0.5f) / 7), 3.4f, 0.32f + 0.02f * dice.Unit(),

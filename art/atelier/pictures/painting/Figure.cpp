@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// How the dancers are painted, cloth, skin and contour.
+#include "art/atelier/DryBrush.h"
+#include "art/atelier/Wash.h"
+#include "art/atelier/pictures/painting/Dancers.h"
+
+namespace atelier
+{
+
+void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, Colour light, Colour dark,
+                 uint32_t seed)
+{
+    const Mask density = WashDensity(
+        paper, shape,
+        {.pool = 0.7f, .poolWidth = 8, .granulation = 0.6f, .bloom = 0.7f, .bloomSize = 130, .stray = 1},
+        seed);
+    canvas.Cover(shape, [&](float x, float y) {
+        const float lit = Smooth(420, 60, Length(Vec2{x, y} - Vec2{620, 330}));
+        return Mix(Mix(light, dark, Smooth(0.4f, 1.7f, density.At(Floor(x), Floor(y)))), light, 0.45f * lit);
+    });
+}
+
+void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a, const std::vector<Vec2>& b,
+                 int count, float width, const Mask& within, Colour light, Colour dark, uint32_t seed)
+{
+    Mask bright(W, H), deep(W, H);
+    DryBrush brush(bright, paper,
+                   {.width = width, .count = 8, .thickness = 1.5f, .load = 0.52f, .ragged = 0.3f, .wave = 80},
+                   seed);
+    Pen pen(deep, paper, {.width = 3.2f, .wobble = 1.5f, .wave = 80, .skip = 0.5f, .dry = 0.5f}, seed + 1);
+    Dice dice(seed + 2);
+    for (int i = 0; i < count; i++) {
+        const float t = (float(i) + 0.5f + 0.2f * dice.Bell()) / float(count);
+        const Line line = Furrow(a, b, Clamp(t));
+        brush.Stroke(Beside(line, width * 0.5f), dice.Range(0.7f, 1.1f));
+        pen.Stroke(line, {.start = 0.5f, .middle = 0.8f, .end = 0.3f});
+    }
+    canvas.Cover(bright.Multiply(within), light, 0.6f);
+    canvas.Cover(deep.Multiply(within), dark, 0.75f);
+}
+
+void InkContours(Canvas& canvas, const Paper& paper, const std::vector<Contour>& contours, float lifts,
+                 uint32_t seed)
+{
+    Mask ink(W, H);
+    Pen pen(ink, paper, {.wobble = 1.2f, .wave = 60, .skip = lifts, .dry = lifts}, seed);
+    for (const Contour& contour : contours) {
+        pen.nib.width = contour.width;
+        pen.Stroke(contour.line, {.start = 0.2f, .middle = 1, .end = 0.1f});
+    }
+    canvas.Cover(ink, DarkInk, 0.92f);
+}
+
+void AddArm(std::vector<Contour>& contours, const Line& limb, float from, float width)
+{
+    contours.push_back({Part(limb, from, 0.46f), width});
+    contours.push_back({Part(limb, 0.55f, 1 - from), width * 0.7f});
+}
+
+} // namespace atelier
