@@ -132,21 +132,23 @@ static Canvas Footprint()
     return Squeezed(canvas, 512, 256);
 }
 
-// The same print as light: its ridges burn, brightest where the foot pressed hardest. It comes so near that it keeps
-// the size in which it is drawn.
+// The same print as light: its ridges are grains that glow, most where the foot pressed hardest. It comes so near that
+// it keeps the size in which it is drawn, and it is added to bright sand: with hardly any blue and not much green, or the
+// sum would be white.
 static Canvas FootprintWhite()
 {
     const Mask pressed = Pressed();
-    const Noise breath(20);
+    const Noise breath(20), grain(29);
     Mask ridges = Ridges();
     ridges.Multiply(pressed.Blurred(2)).By([&](float x, float y) {
-        return 0.75f + 0.7f * breath.Fbm(x / 130, y / 130, 3);
+        return (0.7f + 0.9f * breath.Fbm(x / 110, y / 110, 3)) *
+               (0.55f + 0.75f * Smooth(-0.5f, 0.6f, grain.Fbm(x / 3.4f, y / 3.4f, 2)));
     });
+    const Colour ember = Mix(palette::Ochre, palette::Rust, 0.35f);
     Canvas canvas(W, H, palette::Black);
-    canvas.Light(ridges, Mix(palette::Bone, palette::Amber, 0.35f), 0.85f);
-    canvas.Light(ridges.Blurred(5), palette::Amber, 0.4f);
-    canvas.Light(pressed.Blurred(12), Mix(palette::Amber, palette::Rust, 0.35f), 0.16f);
-    canvas.Light(pressed.Blurred(30), palette::Ochre, 0.12f);
+    canvas.Light(ridges, ember, 0.95f);
+    canvas.Light(ridges.Blurred(4), ember, 0.25f);
+    canvas.Light(pressed.Blurred(14), palette::Rust, 0.30f);
     DarkenBorder(canvas, 70);
     return canvas;
 }
