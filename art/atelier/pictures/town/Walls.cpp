@@ -88,7 +88,7 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
             Mix(Mix(palette::Parchment, palette::Ochre, 0.22f), palette::Bone, 0.6f * Clamp(t)) * 0.66f;
         const Colour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
         // Brick dust in the lime: the lamp of the plaza has no blue, and makes of plain ochre a green.
-        constexpr Colour Reddened = {1.04f, 0.62f, 0.46f};
+        constexpr Colour Reddened = {1.06f, 0.53f, 0.38f};
         const Colour plaster = Mix(clay, white, Whitewash(x)) * Reddened * (1 + 0.14f * strokes);
         return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), 0.5f * wet);
     });
@@ -292,6 +292,68 @@ static float FeatherEdge(float u)
     return 1 - 0.34f * u * u - 0.12f * Pow(Abs(u), 6);
 }
 
+// Somebody is up there: arched windows with light in them, each with its stones, its bars and its sill. The towers are
+// seen from near: what is drawn here is drawn large.
+static void LightWindows(Canvas& canvas, const Paper& paper)
+{
+    struct Window {
+        float x, y, high; // pixels, the foot's middle
+    };
+    // clang-format off
+    constexpr Window Windows[] = {
+        {  92, 436, 44}, { 176, 580, 34},
+        { 352, 380, 46}, { 424, 500, 40}, { 322, 640, 30},
+        { 606, 466, 44}, { 676, 566, 34},
+        { 884, 398, 46}, { 834, 520, 38}, { 938, 618, 30},
+    };
+    // clang-format on
+    Mask reveal(Side, Side), light(Side, Side), stones(Side, Side), bars(Side, Side);
+    Pen mason(stones, paper, {.width = 4, .wobble = 0.7f, .wave = 14, .skip = 0.15f}, 525),
+        smith(bars, paper, {.width = 2.4f, .wobble = 0.4f, .skip = 0}, 531);
+    for (const Window& w : Windows) {
+        const float half = w.high * 0.34f;
+        const auto arch = [&](float grown) {
+            const float h = half + grown, top = w.high + grown;
+            return Through({{w.x - h, w.y},
+                            {w.x - h, w.y - top * 0.6f},
+                            {w.x - h * 0.72f, w.y - top * 0.87f},
+                            {w.x, w.y - top},
+                            {w.x + h * 0.72f, w.y - top * 0.87f},
+                            {w.x + h, w.y - top * 0.6f},
+                            {w.x + h, w.y}},
+                           1);
+        };
+        reveal.Fill(arch(5));
+        light.Fill(arch(0));
+        const Line outer = arch(7);
+        mason.Stroke(outer, {.start = 0.8f, .middle = 1, .end = 0.7f});
+        for (float t = 0.04f; t < 1; t += 0.115f) { // the joints of the arch
+            const Vec2 p = PointAt(outer, t), d = DirectionAt(outer, t);
+            mason.Stroke(Straight({p, p + Vec2{d.y, -d.x} * 7}, 1),
+                         {.start = 0.7f, .middle = 0.6f, .end = 0.2f});
+        }
+        mason.nib.width = 6;
+        mason.Stroke(Straight({{w.x - half - 11, w.y + 3}, {w.x + half + 11, w.y + 3}}),
+                     {.start = 1, .middle = 1, .end = 0.8f});
+        mason.nib.width = 4;
+        smith.Stroke(Straight({{w.x, w.y}, {w.x + 0.6f, w.y - w.high}}, 1),
+                     {.start = 1, .middle = 0.9f, .end = 0.9f});
+        for (const float k : {0.3f, 0.62f})
+            smith.Stroke(Straight({{w.x - half, w.y - w.high * k}, {w.x + half, w.y - w.high * k - 0.6f}}, 1),
+                         {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
+    }
+    canvas.Light(light.Blurred(30), palette::Ochre, 0.55f);
+    canvas.Cover(reveal, palette::Ink, 0.92f);
+    canvas.Cover(stones, Mix(palette::Mist, palette::Slate, 0.3f), 0.85f);
+    const Noise curtain(532);
+    canvas.Cover(Mask(light).Blur(0.4f), [&](float x, float y) {
+        const float fold = 0.5f + 0.6f * curtain.Fbm(x / 5, y / 26, 2);
+        return Mix(Mix(palette::Ochre, palette::Amber, 0.55f), Mix(palette::Amber, palette::Bone, 0.35f),
+                   Clamp(fold));
+    });
+    canvas.Cover(bars.Multiply(light), palette::Ink, 0.9f);
+}
+
 // A tower is a pheasant turned to stone: a dark head, a pale ring, a breast of copper scales, and the barred
 // tail, which goes over into masonry and stands in the dark.
 Canvas TowerWalls()
@@ -403,39 +465,7 @@ Canvas TowerWalls()
         }
     }
     canvas.Cover(ink, palette::Ink, 0.85f);
-    // Somebody is up there: a few slits with light in them, each with its sill.
-    struct Slit {
-        float x, y, high; // pixels, the foot's middle
-    };
-    // clang-format off
-    constexpr Slit Slits[] = {
-        {  92, 428, 17}, { 171, 566, 13},
-        { 352, 372, 18}, { 420, 492, 15}, { 330, 622, 11},
-        { 612, 452, 17}, { 650, 540, 13},
-        { 884, 392, 18}, { 836, 512, 14}, { 930, 596, 12},
-    };
-    // clang-format on
-    Mask reveal(Side, Side), light(Side, Side), sill(Side, Side);
-    Pen mason(sill, paper, {.width = 3, .wobble = 0.6f, .skip = 0.1f}, 525);
-    for (const Slit& s : Slits) {
-        const auto arch = [&](float half, float high) {
-            return Through({{s.x - half, s.y},
-                            {s.x - half, s.y - high * 0.75f},
-                            {s.x, s.y - high},
-                            {s.x + half, s.y - high * 0.75f},
-                            {s.x + half, s.y}});
-        };
-        const float half = s.high * 0.36f;
-        reveal.Fill(arch(half + 3.5f, s.high + 3));
-        light.Fill(arch(half, s.high));
-        mason.Stroke(arch(half + 4, s.high + 4), {.start = 0.8f, .middle = 1, .end = 0.7f});
-        mason.Stroke(Straight({{s.x - half - 6, s.y + 2}, {s.x + half + 6, s.y + 2}}),
-                     {.start = 1, .middle = 1, .end = 0.8f});
-    }
-    canvas.Cover(reveal, palette::Ink, 0.9f);
-    canvas.Cover(sill, Mix(palette::Mist, palette::Slate, 0.4f), 0.8f);
-    canvas.Light(light.Blurred(16), palette::Ochre, 0.5f);
-    canvas.Cover(light.Blur(0.7f), Mix(palette::Amber, palette::Ochre, 0.2f));
+    LightWindows(canvas, paper);
     // The corners: an edge that the weather rubbed pale, with a dark joint beside it here and there.
     Mask rubbed(Side, Side, 0, true), joint(Side, Side, 0, true);
     DryBrush edge(rubbed, paper, {.width = 9, .count = 7, .thickness = 1.5f, .load = 0.55f, .wave = 26}, 526);
