@@ -113,18 +113,22 @@ std::string ScriptParser::ReadFiltered(FILE* file)
     std::string stream;
     bool inComment = false;
     size_t place = 0;
-    for (int c = fgetc(file); c != EOF; c = fgetc(file)) {
-        ByteFate fate = inComment ? ByteCommented : ByteDropped;
-        if (c == '#') {
-            inComment = !inComment;
-            fate = ByteMark;
-        } else if (!inComment && Keeps(c)) {
-            stream += char(c);
-            fate = ByteKept;
+    char bytes[4096];
+    for (size_t got = fread(bytes, 1, sizeof bytes, file); got > 0;
+         got = fread(bytes, 1, sizeof bytes, file)) {
+        for (size_t i = 0; i < got; i++, place++) {
+            const char c = bytes[i];
+            ByteFate fate = inComment ? ByteCommented : ByteDropped;
+            if (c == '#') {
+                inComment = !inComment;
+                fate = ByteMark;
+            } else if (!inComment && Keeps(c)) {
+                stream += c;
+                fate = ByteKept;
+            }
+            if (observer)
+                observer->ByteRead(place, c, fate);
         }
-        if (observer)
-            observer->ByteRead(place, char(c), fate);
-        place++;
     }
     return stream;
 }

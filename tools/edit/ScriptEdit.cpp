@@ -2,6 +2,7 @@
 #include "tools/edit/ScriptEdit.h"
 
 #include "script/ScriptParser.h"
+#include "tools/edit/OutlineChange.h"
 #include "tools/edit/ValueText.h"
 
 #include <algorithm>
@@ -347,7 +348,7 @@ bool ScriptEdit::Finish(std::string* newText, Outline* newOutline)
     *newText = Apply(text, changes);
     if (newText->size() > lint::Reading::contentLimit)
         return Refuse("The script would be larger than any script can be (16 MiB).");
-    *newOutline = ReadOutline(*newText);
+    *newOutline = ReadChanged(text, outline, changes, *newText);
     return isFree || IsAsExpected(*newOutline) || Refuse(unsafe);
 }
 

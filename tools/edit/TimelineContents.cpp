@@ -14,6 +14,7 @@ namespace edit
 struct TimedItem {
     uint32_t time;
     ItemId item;
+    std::vector<size_t>* messages; // of the item
 };
 
 static void AddMessages(const Outline& outline, lint::Show* show, TimelineContents* contents)
@@ -28,21 +29,27 @@ static void AddMessages(const Outline& outline, lint::Show* show, TimelineConten
             continue;
         ids[b] =
             registry.GetMessageTable()->FindMessage(block.message.c_str(), registry.FindEffect(block.effect));
-        for (size_t i = 0; i < block.times.size() && order.size() < MostMessages; i++)
-            order.push_back({block.times[i].milliseconds, {b, int(i)}});
-        if (!block.IsGroup() || block.times.empty())
+        const size_t first = order.size();
+        for (size_t i = 0; i < block.times.size() && order.size() < MostMessages; i++) {
+            const ItemId item = {b, int(i)};
+            const auto place =
+                contents->messagesOf.emplace_hint(contents->messagesOf.end(), item, std::vector<size_t>());
+            order.push_back({block.times[i].milliseconds, item, &place->second});
+        }
+        if (!block.IsGroup() || first == order.size())
             continue;
         uint32_t time = block.times[0].milliseconds;
         for (uint32_t i = 1; i < block.steps && stepsLeft > 0; i++, stepsLeft--)
-            order.push_back({time += block.delta, {b, 0}});
+            order.push_back({time += block.delta, {b, 0}, order[first].messages});
     }
     std::stable_sort(order.begin(), order.end(),
                      [](const TimedItem& a, const TimedItem& b) { return a.time < b.time; });
+    show->messages.reserve(order.size());
     for (const TimedItem& each : order) {
         const OutlineBlock& block = outline.blocks[each.item.block];
         show->messages.push_back({block.effect, block.message, ids[each.item.block], each.time,
                                   block.parameters, true, false, 0, 0, 0, 0});
-        contents->messagesOf[each.item].push_back(contents->messageItems.size());
+        each.messages->push_back(contents->messageItems.size());
         contents->messageItems.push_back(each.item);
     }
 }

@@ -43,6 +43,21 @@ static size_t FindSwallowedKey(const Entry& entry, const BlockSyntax& keys)
     return std::string::npos;
 }
 
+// False if the reader can't find the entry under the key: what it compares begins with the entry's first characters, =
+// signs left out.
+static bool MayHaveKey(const std::string& entry, const std::string& key)
+{
+    size_t same = 0;
+    for (size_t i = 0; i < entry.size() && same < key.size(); i++) {
+        if (entry[i] == '=')
+            continue;
+        if (entry[i] != key[same])
+            return false;
+        same++;
+    }
+    return same == key.size();
+}
+
 std::vector<Entry> SplitEntries(const Block& block)
 {
     // At a ; ScriptParser::GetValue forgets all but the value that it has found, so that it gives the same
@@ -65,7 +80,8 @@ std::vector<Entry> SplitEntries(const Block& block)
         entry.word = entry.text.substr(0, entry.text.find_first_of("=;"));
         for (const std::string& key : SyntaxOf(block.type).keys) {
             std::string value;
-            if (reader.GetValue(ended ? entry.text : entry.text + ";", key, &value)) {
+            if (MayHaveKey(entry.text, key) &&
+                reader.GetValue(ended ? entry.text : entry.text + ";", key, &value)) {
                 entry.key = key;
                 entry.value = value;
                 break;

@@ -14,7 +14,7 @@ const size_t Reading::messageLimit = 20000;
 const size_t Reading::listLimit = 200000;
 const size_t Reading::parameterLimit = 2 << 20;
 
-static const size_t countStep = 1024; // bytes
+static const size_t countStep = 64; // bytes
 
 static bool BeginsCharacter(char byte)
 {
@@ -24,6 +24,8 @@ static bool BeginsCharacter(char byte)
 Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t startOffset)
     : bytes(content), lineStarts{0}, stepsGranted(0), messagesTaken(0), parametersTaken(0)
 {
+    fates.reserve(bytes.size());
+    offsets.reserve(bytes.size());
     uint32_t characters = 0;
     for (size_t i = 0; i < bytes.size(); i++) {
         if (i % countStep == 0)

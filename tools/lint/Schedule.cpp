@@ -130,8 +130,10 @@ static int CountLoads(const Show& show)
 void PlaySchedule(const Options& options, Show* show)
 {
     // The same order as DemoPlayer::SortMessages makes, in less time.
-    std::stable_sort(show->messages.begin(), show->messages.end(),
-                     [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; });
+    const auto isEarlier = [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; };
+    if (!std::is_sorted(show->messages.begin(), show->messages.end(),
+                        isEarlier)) // sorting copies all of them
+        std::stable_sort(show->messages.begin(), show->messages.end(), isEarlier);
     SetStage(show);
     PlayMessages(options, show);
     show->loads = CountLoads(*show);

@@ -29,7 +29,7 @@ static double LeavingTime(const lint::SentMessage& message, const lint::Options&
     return (options.startOffset + due * frame + message.delay) / 1000;
 }
 
-// A message whose entries are to be found.
+// One message in search of the entries that get it.
 struct Delivery {
     size_t message; // of the model
     double time;    // seconds
@@ -93,7 +93,7 @@ TimelineModel ModelOfShow(const lint::Show& show, const lint::Options& options)
                         {}};
         if (message.heard)
             deliveries[message.effect].push_back({made.messages.size(), LeavingTime(message, options)});
-        made.messages.push_back(told);
+        made.messages.push_back(std::move(told));
     }
     made.music.file = show.music;
     FindListeners(std::move(deliveries), &made);

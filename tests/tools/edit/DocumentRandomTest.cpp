@@ -8,6 +8,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/SynchMessageTable.h"
 #include "tests/Folders.h"
+#include "tests/support/OutlineText.h"
 #include "tests/support/PlayedScript.h"
 #include "tests/support/RandomScript.h"
 #include "tests/support/ReadFile.h"
@@ -258,6 +259,7 @@ bool RandomEdits::Check(bool done, const std::string& before)
         return false;
     }
     EXPECT_EQ("", document->LastRefusal());
+    EXPECT_EQ(OutlineText(edit::ReadOutline(document->Text())), OutlineText(document->GetOutline()));
     return true;
 }
 
