@@ -89,6 +89,20 @@ std::string PrintText(const std::string& file, const Report& report, bool colour
     return text;
 }
 
+static void PrintFixes(const std::vector<Fix>& fixes, cli::JsonWriter* json)
+{
+    json->Key("fixes");
+    json->StartArray();
+    for (const Fix& fix : fixes) {
+        json->StartObject();
+        json->Member("begin", int64_t(fix.begin));
+        json->Member("end", int64_t(fix.end));
+        json->Member("text", fix.text);
+        json->EndObject();
+    }
+    json->EndArray();
+}
+
 std::string PrintJson(const std::string& file, const Report& report, const Options& options)
 {
     cli::JsonWriter json;
@@ -117,6 +131,7 @@ std::string PrintJson(const std::string& file, const Report& report, const Optio
         json.Member("text", finding.text);
         json.Member("consequence", finding.consequence);
         json.Member("cure", finding.cure);
+        PrintFixes(finding.fixes, &json);
         json.EndObject();
     }
     json.EndArray();

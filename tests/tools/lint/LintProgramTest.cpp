@@ -115,6 +115,33 @@ TEST_F(LintProgram, LooksForFilesWhereItIsToldTo)
                           .output);
 }
 
+TEST_F(LintProgram, GivesProgramsTheCuresThatTheyCanApply)
+{
+    const std::string script = "# \u00e9 #\n" + std::string(scene) +
+                               "[MESSAGE]\nMessageText=hand;\nActivationTime=1;\nTargetEffect=FX_Clouds;\n"
+                               "Parameter=0.5;\n"
+                               "[MESSAGE]\nMessageText=hand;\nActivationTime=1;\nTargetEffect=FX_Nobody;\n";
+    AddFile("script.txt", script);
+    AddFile("report.json", Run({"--no-files", "--json", "script.txt"}).output);
+    const auto fixesOf = [this](const std::string& code) {
+        return RunProgram("/usr/bin/jq", {"-r",
+                                          ".findings[] | select(.code == \"" + code +
+                                              "\") | .fixes | length, (.[] | .begin, .end, .text)",
+                                          PathOf("report.json")})
+            .output;
+    };
+    EXPECT_EQ("0\n", fixesOf("unknown-effect")) << "only a person can tell who was meant";
+    std::istringstream fix(fixesOf("lost-character"));
+    size_t count = 0, begin = 0, end = 0;
+    std::string text;
+    fix >> count >> begin >> end >> text;
+    ASSERT_EQ(1u, count);
+    std::string cured = script;
+    cured.replace(begin, end - begin, text);
+    EXPECT_NE(std::string::npos, cured.find("\nParameter=0.50;\n")) << cured;
+    EXPECT_EQ(script.size() + 1, cured.size());
+}
+
 TEST_F(LintProgram, TellsWhenItsOutputIsLost)
 {
     AddFile("clean.txt", scene);
