@@ -157,6 +157,8 @@ bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSet
         if (settings.directory.empty() || chdir(settings.directory.c_str()) == 0)
             execvpe(arguments[0], arguments.data(), environment.data());
         const int why = errno;
+        if (!settings.waitsForProgram)
+            _exit(exitStatusCannotRun);
         _exit(write(report[1], &why, sizeof why) < 0 ? exitStatusCannotRun - 1 : exitStatusCannotRun);
     }
     int why = pid < 0 ? errno : 0;
@@ -164,7 +166,8 @@ bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSet
     if (farEnds[0] < 0)
         close(input);
     ssize_t told = -1;
-    while (pid > 0 && (told = read(report[0], &why, sizeof why)) < 0 && errno == EINTR) {
+    while (pid > 0 && settings.waitsForProgram && (told = read(report[0], &why, sizeof why)) < 0 &&
+           errno == EINTR) {
     }
     if (told == ssize_t(sizeof why))
         while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {

@@ -34,7 +34,7 @@ const char* const ShowHostArgument = "--show-host";
 static const int exitEnded = 3;          // the show ended itself
 static const int waitMilliseconds = 500; // between two signs of life of a process that has nothing to do
 static const int slotMilliseconds = 2;   // between two looks for a free slot
-static const int niceness = 5;           // behind the window's process
+static const int niceness = 10;          // behind the window's process, which shall answer at once
 
 bool IsShowHost(int argumentCount, const char* const* arguments)
 {
