@@ -28,7 +28,7 @@ void UseSoundOutput(SoundOutputKind kind);
 
 // Opens the output and lets it run; it stays open to the end of the process. `context` is handed to `fill`
 // untouched and must live as long; `fill` must not be null, the rate is above 0. False if there is no device
-// or it can't be opened, which the debug channel tells, or an output is open already. Main thread only.
+// or it can't be opened, which the debug channel tells, or an output is open already. One thread at a time.
 bool OpenSoundOutput(int rate, SoundFill fill, void* context);
 
 // How long it takes from the call of `fill` until its first frame is heard, as far as that is known, in seconds: the

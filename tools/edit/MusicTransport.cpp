@@ -18,6 +18,7 @@ static const double deadSeconds = 1; // a device that has asked for nothing for 
 // A file that is opened on a thread of its own, which goes on if nobody waits for it any more.
 struct OpeningFile {
     std::string path;
+    SoundDeck* deck = nullptr; // null: there is no device
     std::unique_ptr<Decoder> decoder;
     std::atomic<bool> done{false};
 };
@@ -67,17 +68,13 @@ void MusicTransport::SetMusic(std::string path)
             work->Begin(now, work->speed);
         return;
     }
-    if (!work->deck)
-        work->deck = SoundDeck::GetInstance();
-    if (!work->deck) {
-        work->failure = "there is no sound device";
-        return;
-    }
     const std::shared_ptr<OpeningFile> file = std::make_shared<OpeningFile>();
     file->path = path;
     work->opening = file;
     std::thread([file] {
-        file->decoder = OpenDecoder(file->path, SoundDeck::Rate);
+        file->deck = SoundDeck::GetInstance(); // the first time it waits for the device
+        if (file->deck)
+            file->decoder = OpenDecoder(file->path, SoundDeck::Rate);
         file->done = true;
     }).detach();
 }
@@ -90,7 +87,12 @@ void MusicTransport::Work::TakeFile()
     const std::shared_ptr<OpeningFile> file = std::move(opening);
     opening.reset();
     const double now = Position();
+    deck = file->deck;
     hasMusic = file->decoder != nullptr;
+    if (!deck) {
+        failure = "there is no sound device";
+        return;
+    }
     if (!hasMusic)
         failure = "the music can't be opened: " + file->path;
     deck->Load(std::move(file->decoder));

@@ -5,8 +5,8 @@
 // taken off as far as it is known. Without music, without a device and at other speeds it is silent, on the process's
 // clock.
 //
-// No call waits, but for the first SetMusic with a file, which opens the sound device. The file is opened on a thread of
-// its own, and decoded on the stream's. Main thread only. The sound output stays open to the end of the process: all
+// No call waits. The sound device and the file are opened on a thread of their own, and the file is decoded on the
+// stream's. Main thread only. The sound output stays open to the end of the process: all
 // objects of this class share it, so that one of them plays at a time.
 #pragma once
 

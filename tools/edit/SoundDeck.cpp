@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <mutex>
 
 namespace edit
 {
@@ -15,18 +17,22 @@ static const int bufferMilliseconds = 10000; // decoded ahead
 static const int startFrames = 4410;         // decoded before a start: more than any device asks for at once
 static const double smoothing = 0.05;        // of a difference from one buffer to the next
 static const double jumpSeconds = 0.1;       // a difference that is none of those
+static const double apartSeconds = 0.012;    // nor is this one, if several buffers in a row say the same:
+static const int apartBuffers = 4;           // the device has stood still, or dropped something
 
 SoundDeck::SoundDeck()
     : mixer(Rate, channelCount), decodeThread(&mixer, &wakeUp), loaded(nullptr), assigned(false),
       current(nullptr), rounds(0), starting(false), version(0), noteSerial(0), noteFrame(0), noteCount(0),
-      seenVersion(0), smoothSerial(0), smoothOffset(0)
+      seenVersion(0), smoothSerial(0), smoothOffset(0), apart(0)
 {
 }
 
 SoundDeck* SoundDeck::GetInstance()
 {
+    static std::mutex mutex;
     static SoundDeck* deck = nullptr;
     static bool tried = false;
+    const std::lock_guard<std::mutex> lock(mutex);
     if (!tried) {
         tried = true;
         SoundDeck* const fresh = new SoundDeck;
@@ -163,10 +169,17 @@ bool SoundDeck::PositionAt(int64_t count, double* seconds)
 
     const double offset = double(frame) / Rate - double(given) / double(platform::CounterFrequency()) -
                           platform::SoundOutputDelay();
-    if (serial != smoothSerial || std::fabs(offset - smoothOffset) > jumpSeconds)
+    const double difference = offset - smoothOffset;
+    if (before != seenVersion) {
+        const int side = std::fabs(difference) < apartSeconds ? 0 : difference < 0 ? 1 : -1;
+        apart = side * apart < 0 || side == 0 ? side : apart + side;
+    }
+    if (serial != smoothSerial || std::fabs(difference) > jumpSeconds || std::abs(apart) >= apartBuffers) {
         smoothOffset = offset;
-    else if (before != seenVersion)
-        smoothOffset += (offset - smoothOffset) * smoothing;
+        apart = 0;
+    } else if (before != seenVersion) {
+        smoothOffset += difference * smoothing;
+    }
     smoothSerial = serial;
     seenVersion = before;
     *seconds = smoothOffset + double(count) / double(platform::CounterFrequency());

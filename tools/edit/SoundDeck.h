@@ -20,8 +20,8 @@ class SoundDeck
 public:
     static constexpr int Rate = 44100; // frames per second
 
-    // The one of the process; opens the sound output at the first call. Null: there is none. Lives to the end of the
-    // process.
+    // The one of the process; opens the sound output at the first call, which can take as long as the device likes. Null:
+    // there is none. Lives to the end of the process. Any thread.
     static SoundDeck* GetInstance();
 
     // Puts a file on, in place of the one before; null for none. It is stopped, at time 0.
@@ -71,6 +71,7 @@ private:
     uint32_t seenVersion; // main thread
     uint32_t smoothSerial;
     double smoothOffset; // seconds from the process's clock to the music, over several buffers
+    int apart;           // how many buffers in a row were far behind it; below 0: ahead of it
 };
 
 } // namespace edit
