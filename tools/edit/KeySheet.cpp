@@ -8,6 +8,8 @@
 #include <imgui.h>
 
 #include <algorithm>
+#include <array>
+#include <vector>
 
 namespace edit
 {
@@ -17,14 +19,31 @@ using platform::ToolColour;
 
 static const int columns = 3;
 
-// How many lines the sheet has before a command, headings counted as two.
-static int Lines(Menu before)
+// Of a menu, with its heading counted as two.
+static int Lines(Menu menu)
 {
-    int lines = 0;
-    for (const Command& command : Commands())
-        if (command.menu < before)
-            lines += 1;
-    return lines + 2 * int(before);
+    return 2 + int(std::count_if(Commands().begin(), Commands().end(),
+                                 [menu](const Command& command) { return command.menu == menu; }));
+}
+
+// A menu stays in one column. The longest ones come first, each to where least is, so that the sheet is low.
+static std::array<std::vector<Menu>, columns> MenusInColumns()
+{
+    std::vector<Menu> menus;
+    for (int menu = 0; menu < MenuCount; menu++)
+        menus.push_back(Menu(menu));
+    std::stable_sort(menus.begin(), menus.end(), [](Menu a, Menu b) { return Lines(a) > Lines(b); });
+    std::array<std::vector<Menu>, columns> placed;
+    std::array<int, columns> heights = {};
+    for (const Menu menu : menus) {
+        const size_t lowest = size_t(std::min_element(heights.begin(), heights.end()) - heights.begin());
+        placed[lowest].push_back(menu);
+        heights[lowest] += Lines(menu);
+    }
+    for (std::vector<Menu>& column : placed)
+        std::sort(column.begin(), column.end());
+    std::sort(placed.begin(), placed.end());
+    return placed;
 }
 
 static void DrawMenu(Menu menu, float scale)
@@ -79,16 +98,11 @@ void DrawKeySheet(bool* shown, float scale)
                                         ToolColour(Ink), 1.2f * scale);
     ImGui::Dummy(ImVec2(0, 6 * scale));
 
-    // A menu stays in one column; the next column begins when its share of the lines is full.
-    const int share = (Lines(MenuCount) + columns - 1) / columns;
     if (ImGui::BeginTable("columns", columns)) {
-        int column = -1;
-        for (int menu = 0; menu < MenuCount; menu++) {
-            const int wanted = std::min(Lines(Menu(menu)) / share, columns - 1);
-            if (wanted > column)
-                ImGui::TableNextColumn();
-            column = std::max(column, wanted);
-            DrawMenu(Menu(menu), scale);
+        for (const std::vector<Menu>& column : MenusInColumns()) {
+            ImGui::TableNextColumn();
+            for (const Menu menu : column)
+                DrawMenu(menu, scale);
         }
         ImGui::EndTable();
     }
