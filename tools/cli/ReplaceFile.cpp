@@ -4,10 +4,13 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace cli
@@ -54,14 +57,34 @@ static bool WriteAll(int file, const std::string& text)
     return true;
 }
 
+// Access control lists are among the attributes. The system lets a process set some of them only if it has the right
+// to, and a file system may know none: then the file goes without, as it would under any other program.
+static void CopyAttributes(const std::string& from, int file)
+{
+    std::vector<char> names(size_t(64) << 10); // as many as the kernel lists at most
+    const ssize_t length = listxattr(from.c_str(), names.data(), names.size());
+    std::vector<char> value(names.size()); // and as long as a value can be
+    for (ssize_t place = 0; place < length;) {
+        const char* const name = names.data() + place;
+        const ssize_t size = getxattr(from.c_str(), name, value.data(), value.size());
+        if (size >= 0)
+            fsetxattr(file, name, value.data(), size_t(size), 0);
+        place += ssize_t(strlen(name)) + 1;
+    }
+}
+
 // The owner comes first: a change of it can take bits of the mode away.
-static bool TakeAfter(int file, const struct stat& old, Ownership ownership)
+static bool TakeAfter(const std::string& path, int file, const struct stat& old, Ownership ownership)
 {
     struct stat here = {};
     if (ownership == OwnerIsKept && fstat(file, &here) == 0 &&
         (here.st_uid != old.st_uid || here.st_gid != old.st_gid) && fchown(file, old.st_uid, old.st_gid) != 0)
         return false;
-    return fchmod(file, old.st_mode & 07777) == 0;
+    if (fchmod(file, old.st_mode & 07777) != 0)
+        return false;
+    CopyAttributes(path,
+                   file); // an access control list says what the mode's bits of the group mean: behind it
+    return true;
 }
 
 // A name of the folder that nothing has yet.
@@ -125,7 +148,7 @@ bool ReplaceFile(const std::string& path, const std::string& text, Durability du
     if (file < 0)
         return false;
     bool done = WriteAll(file, text) &&
-                (replaces ? TakeAfter(file, old, ownership) : fchmod(file, NewMode()) == 0) &&
+                (replaces ? TakeAfter(path, file, old, ownership) : fchmod(file, NewMode()) == 0) &&
                 (durability == Buffered || fsync(file) == 0) && GiveName(file, folder, &beside);
     int cause = errno;
     if (close(file) != 0 && done) { // some file systems find out only here that they are full
@@ -142,6 +165,21 @@ bool ReplaceFile(const std::string& path, const std::string& text, Durability du
         FlushFolder(folder);
     errno = cause;
     return done;
+}
+
+bool OverwriteFile(const std::string& path, const std::string& text)
+{
+    signal(SIGXFSZ, SIG_IGN);
+    const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    int cause = text.empty() ? 0 : posix_fallocate(file, 0, off_t(text.size()));
+    if (cause == 0 && !(WriteAll(file, text) && ftruncate(file, off_t(text.size())) == 0 && fsync(file) == 0))
+        cause = errno;
+    if (close(file) != 0 && cause == 0)
+        cause = errno;
+    errno = cause;
+    return cause == 0;
 }
 
 } // namespace cli

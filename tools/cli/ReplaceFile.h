@@ -21,9 +21,16 @@ enum Ownership {
 };
 
 // Writes a file beside the path and gives it the name when it is complete. It gets the mode of a file that is there
-// already. A link in the path itself would be replaced: FollowLinks first. SIGXFSZ is ignored from here on. False: the
-// cause is in errno, the old file is as it was, and nothing lies beside it.
+// already, and its extended attributes and access control list as far as the system lets them be copied. A link in the
+// path itself would be replaced: FollowLinks first. SIGXFSZ is ignored from here on. False: the cause is in errno, the
+// old file is as it was, and nothing lies beside it.
 bool ReplaceFile(const std::string& path, const std::string& text, Durability durability,
                  Ownership ownership);
+
+// Writes over the bytes of a file that is there, which stays the same file under all its names; flushed. Not in one
+// step: whoever looks meanwhile, or after the process was killed in it, finds a part of the old text and a part of the
+// new one. The room is taken first, so that a full disk is found out before anything is changed. False: the cause is in
+// errno.
+bool OverwriteFile(const std::string& path, const std::string& text);
 
 } // namespace cli

@@ -113,8 +113,7 @@ void CommandRunner::Run(CommandId id)
         dialogs->AskOpen(*session);
         break;
     case CommandSave:
-        if (dialogs->Save(session))
-            state->notice = session->Name() + " is saved.";
+        dialogs->Save(session);
         break;
     case CommandSaveAs:
         dialogs->AskSaveAs(*session);

@@ -78,26 +78,37 @@ void Dialogs::Leave(const Session& session, const Decision& wanted)
     if (question != NoQuestion)
         return;
     then = wanted;
-    if (session.state.document->IsModified())
+    if (session.state.document->IsSaving())
+        leavesAfterSave = true;
+    else if (session.state.document->IsModified())
         Ask(UnsavedQuestion);
     else
         decided = std::exchange(then, Decision());
 }
 
-bool Dialogs::Save(Session* session)
+void Dialogs::Save(Session* session)
 {
-    if (session->GetDocument().Path().empty()) {
+    const std::string path = session->GetDocument().Path();
+    if (path.empty())
         AskSaveAs(*session);
-        return false;
-    }
-    std::string reason;
-    session->LookAtDisk();
-    if (session->HasConflict())
-        return false; // is asked about
-    if (session->Save(&reason))
-        return true;
-    Tell("Not saved", reason);
-    return false;
+    else
+        SaveUnder(session, path);
+}
+
+void Dialogs::SaveUnder(Session* session, const std::string& path)
+{
+    session->state.notice = "Saving...";
+    session->BeginSave(path, [this, session](const SaveOutcome& outcome) {
+        if (outcome.saved) {
+            session->state.notice = session->Name() + " is saved.";
+            return;
+        }
+        then = Decision();
+        leavesAfterSave = false;
+        session->state.notice = session->Name() + " is not saved.";
+        if (outcome.disk != DiskChanged && outcome.disk != DiskConflict) // these are told or asked about
+            Tell("Not saved", outcome.reason);
+    });
 }
 
 Dialogs::Decision Dialogs::TakeDecision()
@@ -165,8 +176,8 @@ void Dialogs::DrawUnsaved(Session* session)
     Words(session->Name() + " has changes that are not saved.", scale);
     if (Choice("Save", scale, true)) {
         Close();
-        if (Save(session))
-            decided = std::exchange(then, Decision());
+        leavesAfterSave = true;
+        Save(session);
     } else if (Choice("Discard", scale)) {
         Close();
         decided = std::exchange(then, Decision());
@@ -190,7 +201,7 @@ void Dialogs::DrawRecovery(Session* session)
             session->state.notice = "The unsaved work is back, and not saved yet.";
     } else if (Choice("Discard", scale)) {
         Close();
-        Document::DiscardRecovery(recovery);
+        session->Discard(recovery);
     } else if (Choice("Ask later", scale) || Escaped()) {
         Close();
     }
@@ -222,17 +233,14 @@ void Dialogs::DrawFile(Session* session)
     Close();
     if (answer == FileDialog::Cancelled) {
         then = Decision();
+        leavesAfterSave = false;
         return;
     }
     if (!saves) {
         Leave(*session, {Decision::Open, files.Path()});
         return;
     }
-    std::string reason;
-    if (session->SaveAs(files.Path(), &reason))
-        decided = std::exchange(then, Decision());
-    else
-        Tell("Not saved", reason);
+    SaveUnder(session, files.Path());
 }
 
 void Dialogs::DrawGoTo(Session* session)
@@ -276,6 +284,10 @@ void Dialogs::Draw(Session* session)
 {
     if (session->HasConflict())
         Ask(ConflictQuestion);
+    if (leavesAfterSave && question == NoQuestion && !session->GetDocument().IsSaving()) {
+        leavesAfterSave = false;
+        Leave(*session, std::exchange(then, Decision())); // asks again about what was edited meanwhile
+    }
     if (question == NoQuestion)
         return;
     static const char* const headings[] = {

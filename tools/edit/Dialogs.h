@@ -26,11 +26,12 @@ public:
     void OfferRecovery(const Recovery& found);
     void Tell(const std::string& heading, const std::string& words);
 
-    // Asks about unsaved work first, if there is any.
+    // Waits for a save that is under way, and asks about unsaved work, if there is any.
     void Leave(const Session& session, const Decision& then);
 
-    // Saves under its name, or asks for one. False: not yet, or not at all.
-    bool Save(Session* session);
+    // Begins to save under its name, or asks for one. What became of it is told at the foot of the window, or in a box.
+    // The session is borrowed until then.
+    void Save(Session* session);
 
     bool IsOpen() const { return question != NoQuestion; }
 
@@ -51,6 +52,7 @@ private:
     };
 
     bool Ask(Question wanted);
+    void SaveUnder(Session* session, const std::string& path);
     void Close();
     bool BeginQuestion(const char* heading, float scale);
     void DrawUnsaved(Session* session);
@@ -63,6 +65,7 @@ private:
     Question question = NoQuestion;
     bool opens = false; // in this frame
     Decision then;      // after the unsaved work
+    bool leavesAfterSave = false;
     Decision decided;
     Recovery recovery;
     FileDialog files;

@@ -13,10 +13,15 @@
 // the drag began, and what the calls before it did is replaced. They are one step of undo. Numbers of items stay as
 // they were. A call with another number, or without one, ends the gesture.
 //
+// DISKS. A call that begins with Begin, Tick and Recover give what they have to do with files to threads (DiskThreads)
+// and return at once; what has become of it is told when those are polled. Open, Save, SaveAs, LookAtDisk and WriteRecovery
+// wait for the disk, and for all that was begun. Without threads everything is done before the call returns.
+//
 // All of it on one thread.
 #pragma once
 
 #include "kernel/ColorScheme.h"
+#include "tools/edit/DiskThread.h"
 #include "tools/edit/EditBlocks.h"
 #include "tools/edit/Outline.h"
 #include "tools/edit/RecoveryFile.h"
@@ -26,6 +31,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,11 +40,29 @@
 namespace edit
 {
 
+// Unsaved work has a thread of its own: it shall be safe even while the script's disk makes a save wait.
+struct DiskThreads {
+    explicit DiskThreads(const std::function<void()>& wake = {}) : script(wake), recovery(wake) {}
+
+    DiskThread script, recovery;
+
+    bool Poll() { return script.Poll() | recovery.Poll(); }
+};
+
+// What became of a save.
+struct SaveOutcome {
+    bool saved = false;
+    DiskState disk =
+        DiskSame;       // DiskChanged and DiskConflict: not saved, since another program wrote the file
+    std::string reason; // why it was not saved, in a sentence
+};
+
 class Document
 {
 public:
-    Document(); // an empty script without a name
-    ~Document();
+    // An empty script without a name. The threads are borrowed; null: none.
+    explicit Document(DiskThreads* diskThreads = nullptr);
+    ~Document(); // does not wait: the recovery file goes when its thread gets to it
 
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
@@ -54,20 +79,30 @@ public:
 
     // False: *reason says why in the system's words, and the document is as it was. Undo begins anew.
     bool Open(std::string path, std::string* reason);
+    void Open(const ScriptFile& read);               // that was read elsewhere
     std::string Path() const { return file.Path(); } // empty: no name yet
     bool IsModified() const;                         // the text is not that of the file
 
-    // Into a file beside it, flushed, which then takes its name: the file is either the old or the new one, whatever
-    // happens. Owner, mode and symbolic link are kept. False: *reason says why in a sentence; nothing has changed.
-    // Save refuses while LookAtDisk would say DiskChanged or DiskConflict.
+    // Writes the text that it has now. Into a file beside it, flushed, which then takes its name: the file is either the
+    // old or the new one, whatever happens. Owner, mode and links are kept, as ScriptFile::SaveAs says. Saving under the
+    // document's own name is refused while another program's text in the file has not been decided about; under another
+    // name it replaces what is there.
+    typedef std::function<void(const SaveOutcome& outcome)> SaveDone;
+    void BeginSave(std::string path, SaveDone done);
+    bool IsSaving() const { return saves > 0; }
     bool Save(std::string* reason);
-    bool SaveAs(std::string path, std::string* reason); // replaces what is there
+    bool SaveAs(std::string path, std::string* reason);
 
     // What has become of the file since it was read or saved. Cheap: reads the file only if its times moved. A file
     // that was written anew with the bytes it had, or with those of the text, is the same.
+    typedef std::function<void(DiskState state)> LookDone;
+    void BeginLook(LookDone done);
     DiskState LookAtDisk();
-    bool TakeDisk(std::string* reason = nullptr); // the file's text, as one step of undo
-    void KeepMine();                              // the next Save overwrites what is there now
+
+    // What to do about the text that the last look found in place of the one that was known. False: none can be read;
+    // *reason says why.
+    bool TakeDisk(std::string* reason = nullptr); // takes it over, as one step of undo
+    void KeepMine();                              // the next save overwrites it
 
     // ---- Undo, without end and across saves
 
@@ -84,16 +119,17 @@ public:
     // ---- Recovery
 
     // The caller gives the time on any clock, in seconds, often. The text is written to the recovery file at most
-    // once a second while it has unsaved changes.
+    // once a second while it has unsaved changes, and never twice at the same time.
     void Tick(double seconds);
-    bool WriteRecovery(); // at once; true if nothing is unsaved or it is on disk
+    bool WriteRecovery(); // now; true if nothing is unsaved or it is on disk
 
     // Why the last attempt failed, in the system's words; empty: it did not.
     std::string RecoveryFailure() const { return recoveryFailure; }
 
     // Work on the script that a process left behind, if it differs from the file. Offer it after Open.
     static bool FindRecovery(const std::string& path, Recovery* found);
-    bool Recover(const Recovery& found); // takes it over as one step of undo
+    bool
+    Recover(const Recovery& found); // takes it over as one step of undo; the found file goes when it is safe
     static void DiscardRecovery(const Recovery& found);
 
     // ---- Edits
@@ -116,9 +152,9 @@ public:
     // hold: anything but whole numbers for times, say.
     bool SetValue(size_t block, std::string key, std::string value, uint64_t gesture = 0);
 
-    // Copies of the items, shifted, which are returned. A time of a list gets a further time in the list; all else
-    // becomes a block behind the original.
-    std::vector<ItemId> Duplicate(std::vector<ItemId> items, int64_t milliseconds);
+    // Copies of the items, shifted as Move does it, which are returned. A time of a list gets a further time in the
+    // list; all else becomes a block behind the original.
+    std::vector<ItemId> Duplicate(std::vector<ItemId> items, int64_t milliseconds, int64_t layers = 0);
 
     // A block goes with the last of its times. An item with time -1 is a whole block, of any type.
     bool Delete(std::vector<ItemId> items);
@@ -160,21 +196,51 @@ private:
     void SetText(std::string newText);
     void SetText(std::string newText, Outline newOutline);
 
+    // The recovery file, which the threads use in turn.
+    struct SafePlace {
+        std::mutex mutex;
+        RecoveryFile file;
+
+        bool Keep(const std::string& path, const std::string& text, std::string* reason); // holding the mutex
+    };
+    // What a look brings from the disk.
+    struct Look {
+        DiskState state = DiskSame;
+        ScriptFile seen;   // as it is known now
+        ScriptFile theirs; // with another program's text taken notice of
+        bool readable = false;
+        std::string reason;
+    };
+
+    static Look LookAt(ScriptFile* disk, const std::string& text);
+    DiskState TakeLook(Look look);
+    void OnScriptThread(DiskThread::Work work, DiskThread::Work then = {});
+    void OnRecoveryThread(DiskThread::Work work, DiskThread::Work then = {});
+    void KnowFile(const ScriptFile& known);
+    void BeginRecovery(const std::optional<Recovery>& replaced = {}); // which goes when the text is safe
+    void ClearRecovery(bool givesPlaceBack);
+
+    DiskThreads* threads;
     std::string text;
     Outline outline; // of the text
     uint64_t revision;
     std::string refusal;
-    ScriptFile file;
+    ScriptFile file;                    // as far as it is known here
+    std::shared_ptr<ScriptFile> onDisk; // the same, for the script's thread, which is ahead
+    uint64_t fileDecisions;    // counts what was decided about the file here: a look from before says nothing
+    std::optional<Look> found; // by the last look, in place of what was known
+    int saves;                 // that are under way
     UndoStack undo;
 
     // What a gesture began with.
     std::string gestureText;
     Outline gestureOutline;
 
-    RecoveryFile recovery;
+    std::shared_ptr<SafePlace> safe;
     std::string recoveryFailure;
     double recoveredAt;         // by Tick's clock
-    uint64_t recoveredRevision; // that is in the recovery file; 0: there is none
+    uint64_t recoveredRevision; // that was given to the recovery file; 0: none
+    bool recovers;              // it is being written
 };
 
 } // namespace edit

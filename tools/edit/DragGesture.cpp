@@ -77,11 +77,9 @@ void DragGesture::Apply(Document* document, int64_t newMilliseconds, int64_t new
 void DragGesture::Drop(Document* document, Selection* selection)
 {
     if (kind == CopyDrag && (milliseconds != 0 || layers != 0)) {
-        Selection copies = document->Duplicate(items, milliseconds);
+        Selection copies = document->Duplicate(items, milliseconds, layers);
         if (!copies.empty()) {
             Sort(&copies);
-            if (layers != 0)
-                document->Move(copies, 0, layers);
             *selection = copies;
         }
     }

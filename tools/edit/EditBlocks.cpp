@@ -48,14 +48,14 @@ static std::string TextOf(const std::string& text, const OutlineBlock& block)
     return text.substr(block.place.begin, block.place.end - block.place.begin);
 }
 
-// The block's text with all its times shifted. False: *reason says why.
-static bool ShiftedText(const std::string& block, int64_t milliseconds, std::string* shifted,
+// The block's text with all its times shifted, and the layer of an entry. False: *reason says why.
+static bool ShiftedText(const std::string& block, int64_t milliseconds, int64_t layers, std::string* shifted,
                         std::string* reason)
 {
     const Outline outline = ReadOutline(block);
     ScriptEdit script(block, outline);
     Outline read;
-    if (outline.blocks.size() == 1 && MoveItems(&script, {{0, -1}}, milliseconds, 0) &&
+    if (outline.blocks.size() == 1 && MoveItems(&script, {{0, -1}}, milliseconds, layers) &&
         script.Finish(shifted, &read))
         return true;
     *reason = script.Refusal().empty() ? "A block can't be read by itself." : script.Refusal();
@@ -80,10 +80,10 @@ static bool SelectedText(const std::string& text, const OutlineBlock& block,
 }
 
 static bool InsertShifted(ScriptEdit* script, size_t behind, const std::string& block, int64_t milliseconds,
-                          Additions* added)
+                          int64_t layers, Additions* added)
 {
     std::string shifted, reason;
-    if (!ShiftedText(block, milliseconds, &shifted, &reason))
+    if (!ShiftedText(block, milliseconds, layers, &shifted, &reason))
         return script->Refuse(reason);
     const Outline outline = ReadOutline(shifted);
     added->AddBlock(script->InsertBlock(behind, shifted), outline.blocks[0].type == BlockMessage,
@@ -106,13 +106,15 @@ static std::map<size_t, std::vector<size_t>> ByBlock(const std::vector<ItemId>& 
 // ---- Duplicate, delete, copy
 
 bool DuplicateItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_t milliseconds,
-                    Additions* added)
+                    int64_t layers, Additions* added)
 {
     std::vector<ItemId> resolved;
     if (!ResolveItems(script, items, &resolved))
         return false;
-    for (const ItemId& item : resolved) { // all by the same time
+    for (const ItemId& item : resolved) { // all by the same time, and as many layers
         const OutlineBlock& block = script->Block(item.block);
+        if (layers != 0 && block.type == BlockEffect && block.layer <= MaxNumber)
+            layers = std::clamp(layers, -int64_t(block.layer), int64_t(MaxNumber - block.layer));
         const int64_t begins =
             item.time >= 0 ? block.times[size_t(item.time)].milliseconds : std::min(block.start, block.stop);
         milliseconds = std::clamp(milliseconds, -begins, int64_t(MaxNumber));
@@ -126,7 +128,7 @@ bool DuplicateItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_
             std::string selected;
             if (!SelectedText(script->Text(), block, indices, &selected))
                 return script->Refuse("The block of " + LineOf(block) + " can't be read by itself.");
-            if (!InsertShifted(script, number, selected, milliseconds, added))
+            if (!InsertShifted(script, number, selected, milliseconds, layers, added))
                 return false;
             continue;
         }
@@ -261,7 +263,7 @@ bool PasteBlocks(ScriptEdit* script, const std::string& blocks, uint32_t atMilli
             return script->Refuse("Times go from 0 to " + std::to_string(MaxNumber) + " ms.");
         const size_t behind =
             hasEntries ? together : PlaceForMessage(there, block.effect, uint32_t(first + shift));
-        if (!InsertShifted(script, behind, TextOf(pasted, block), shift, added))
+        if (!InsertShifted(script, behind, TextOf(pasted, block), shift, 0, added))
             return false;
     }
     return true;

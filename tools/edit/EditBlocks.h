@@ -38,7 +38,7 @@ private:
 };
 
 bool DuplicateItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_t milliseconds,
-                    Additions* added);
+                    int64_t layers, Additions* added);
 bool DeleteItems(ScriptEdit* script, const std::vector<ItemId>& items);
 bool CopyItems(const std::string& text, const Outline& outline, const std::vector<ItemId>& items,
                std::string* copy);

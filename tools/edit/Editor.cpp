@@ -24,6 +24,7 @@ using platform::ToolColour;
 // Seconds.
 static const double frameTime = 1 / 60.0; // while something moves
 static const double waitingTime = 0.008;  // while a frame is on its way
+static const double waitingLongest = 0.1; // between two frames of what moves
 static const double cursorTime = 0.1;     // while a text is typed, for its cursor
 static const double idleTime = 0.1;       // else
 static const double settleTime = 0.6;     // until what waits for a resting pointer shows
@@ -49,7 +50,7 @@ static void SetClipboard(const std::string& text)
 Editor::Editor(const Options& wanted)
     : options(wanted), session(wanted, platform::ToolWindow::Wake),
       runner(&session, &view, &dialogs, {GetClipboard, SetClipboard}), quits(false), noticeSince(0),
-      framesOwed(framesAfterEvent)
+      framesOwed(framesAfterEvent), drawTime(0)
 {
 }
 
@@ -99,6 +100,28 @@ bool Editor::OpenScript(const std::string& path, std::string* reason)
 {
     if (!session.Open(path, reason))
         return false;
+    TakeMemory();
+    return true;
+}
+
+// A script that is open already stays until the other one has been read.
+void Editor::BeginOpen(const std::string& path)
+{
+    Remember();
+    session.BeginOpen(path, [this, path](const Session::Opening& opening) {
+        if (opening.editedMeanwhile)
+            return dialogs.Leave(session, {Dialogs::Decision::Open, path});
+        if (!opening.opened)
+            return dialogs.Tell("Not opened", path + ": " + opening.reason);
+        TakeMemory();
+        if (opening.lost)
+            dialogs.OfferRecovery(*opening.lost);
+    });
+}
+
+// Where the script was left.
+void Editor::TakeMemory()
+{
     const ScriptMemory memory = settings.MemoryOf(session.AbsolutePath());
     EditorState& state = session.state;
     state.tempo = memory.tempo;
@@ -106,7 +129,6 @@ bool Editor::OpenScript(const std::string& path, std::string* reason)
     state.loopStart = memory.loopStart;
     state.loopEnd = memory.loopEnd;
     session.transport.GoTo(memory.playhead);
-    return true;
 }
 
 void Editor::NewScript()
@@ -140,15 +162,22 @@ void Editor::Remember()
     settings.findings = view.wishes.findings;
     settings.follow = state.follow;
     settings.snap = state.snap;
-    std::string reason;
-    if (!settings.Save(&reason))
-        session.state.notice = "The settings can't be kept: " + reason;
+    const auto reason = std::make_shared<std::string>();
+    session.Disk().Do(
+        this,
+        [reason, kept = settings] {
+            if (!kept.Save(reason.get()))
+                *reason = "The settings can't be kept: " + *reason;
+        },
+        [this, reason] {
+            if (!reason->empty())
+                session.state.notice = *reason;
+        });
 }
 
 void Editor::DoDecision()
 {
     const Dialogs::Decision decision = dialogs.TakeDecision();
-    std::string reason;
     switch (decision.kind) {
     case Dialogs::Decision::None:
         return;
@@ -160,11 +189,7 @@ void Editor::DoDecision()
         NewScript();
         break;
     case Dialogs::Decision::Open:
-        Remember();
-        if (OpenScript(decision.path, &reason))
-            OfferRecovery();
-        else
-            dialogs.Tell("Not opened", decision.path + ": " + reason);
+        BeginOpen(decision.path);
         break;
     }
 }
@@ -178,8 +203,10 @@ int Editor::Run(bool* interrupted)
     double drawn = 0, happenedAt = 0;
     bool settles = false;
     while (!quits && !window.EndRequested()) {
+        answers.Wait(Now());
         const bool happened = window.WaitEvents(Patience());
         const double now = Now();
+        answers.Begin(now, happened);
         bool isNew = session.Tick(now);
         isNew = picture.TakeFrame(&session) || isNew;
         if (happened || isNew)
@@ -198,13 +225,18 @@ int Editor::Run(bool* interrupted)
             continue;
         framesOwed = std::max(framesOwed - 1, 0);
         drawn = now;
+        answers.Draw(Now());
         Frame();
         DoDecision();
+        drawTime = Now() - drawn;
     }
+    answers.Wait(Now());
     *interrupted = window.EndRequested() && !quits;
-    if (*interrupted)
-        session.GetDocument().WriteRecovery();
     Remember();
+    if (*interrupted) {
+        session.GetDocument().WriteRecovery();
+        session.FinishDisks();
+    }
     picture.Release();
     if (!*interrupted)
         window.Close(); // it shall not stand there while threads and processes end
@@ -213,8 +245,9 @@ int Editor::Run(bool* interrupted)
 
 double Editor::Patience() const
 {
+    // Without a graphics card the frames take the processor away from the show that they are to follow.
     if (framesOwed > 0 || session.state.playing || timeline.WantsFrame())
-        return frameTime / 2;
+        return drawTime > 2 * frameTime ? std::min(drawTime, waitingLongest) : frameTime / 2;
     if (const_cast<Session&>(session).IsWaiting())
         return waitingTime;
     return ImGui::GetIO().WantTextInput ? cursorTime : idleTime;

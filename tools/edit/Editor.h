@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/toolwindow/ToolWindow.h"
+#include "tools/edit/AnswerTimes.h"
 #include "tools/edit/CommandRunner.h"
 #include "tools/edit/Dialogs.h"
 #include "tools/edit/FindingsPanel.h"
@@ -30,9 +31,13 @@ public:
     // the process is to end at once, without destructors.
     int Run(bool* interrupted);
 
+    const AnswerTimes& Answers() const { return answers; } // so far, for measurements
+
 private:
     bool OpenFirst(std::string* reason);
     bool OpenScript(const std::string& path, std::string* reason);
+    void BeginOpen(const std::string& path);
+    void TakeMemory();
     void NewScript();
     void Remember();
     void OfferRecovery();
@@ -63,9 +68,11 @@ private:
     TimelinePanel timeline;
 
     bool quits;
+    AnswerTimes answers;
     std::string shownNotice;
     double noticeSince; // seconds
     int framesOwed;     // ImGui needs some to come to rest after an event
+    double drawTime;    // that the last frame took, seconds
 };
 
 } // namespace edit

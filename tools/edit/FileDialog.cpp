@@ -3,12 +3,14 @@
 
 #include "platform/toolwindow/ToolFonts.h"
 #include "platform/toolwindow/ToolStyle.h"
+#include "platform/toolwindow/ToolWindow.h"
 
 #include <imgui.h>
 #include <imgui_stdlib.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 
 namespace edit
 {
@@ -18,68 +20,106 @@ using namespace showcolours;
 
 static const size_t mostItems = 5000; // of a folder
 
+FileDialog::FileDialog() : disk(platform::ToolWindow::Wake) {}
+
 void FileDialog::Begin(Purpose newPurpose, const std::string& path)
 {
     purpose = newPurpose;
+    answer = NoAnswer;
     trouble.clear();
     asked.clear();
     chosen.clear();
+    name.clear();
+    items.clear();
     focusName = true;
-    std::error_code error;
-    const fs::path absolute = fs::absolute(path.empty() ? "." : path, error);
-    const bool isFolder = fs::is_directory(absolute, error);
-    name = path.empty() || isFolder || purpose == ToOpen ? "" : absolute.filename().string();
-    ReadFolder(isFolder ? absolute.string() : absolute.parent_path().string());
+    disk.Forget(this);
+    const auto finding = std::make_shared<Finding>();
+    disk.Do(
+        this, [finding, path] { *finding = LookAt(path.empty() ? "." : path, true); },
+        [this, finding] {
+            Show(*finding);
+            if (purpose == ToSave && name.empty())
+                name = finding->name;
+        });
 }
 
-void FileDialog::ReadFolder(const std::string& newFolder)
+// On the thread. A file's folder is listed in its place.
+FileDialog::Finding FileDialog::LookAt(const std::string& path, bool lists)
+{
+    Finding finding;
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error).lexically_normal();
+    finding.exists = fs::exists(absolute, error);
+    finding.isFolder = fs::is_directory(absolute, error);
+    finding.folder = (finding.isFolder ? absolute : absolute.parent_path()).string();
+    finding.name = finding.isFolder ? "" : absolute.filename().string();
+    if (finding.isFolder || lists)
+        ListFolder(&finding);
+    return finding;
+}
+
+void FileDialog::ListFolder(Finding* finding)
 {
     std::error_code error;
-    fs::directory_iterator each(newFolder, fs::directory_options::skip_permission_denied, error);
+    fs::directory_iterator each(finding->folder, fs::directory_options::skip_permission_denied, error);
     if (error) {
-        trouble = newFolder + " can't be read: " + error.message() + ".";
+        finding->trouble = finding->folder + " can't be read: " + error.message() + ".";
         return;
     }
-    trouble.clear();
-    folder = fs::path(newFolder).lexically_normal().string();
-    items.clear();
-    for (; each != fs::directory_iterator() && items.size() < mostItems; each.increment(error)) {
+    for (; each != fs::directory_iterator() && finding->items.size() < mostItems; each.increment(error)) {
         const std::string entry = each->path().filename().string();
         if (entry.empty() || entry[0] == '.')
             continue;
         const bool isFolder = each->is_directory(error);
         if (isFolder || each->path().extension() == ".txt")
-            items.push_back({entry, isFolder});
+            finding->items.push_back({entry, isFolder});
     }
-    std::sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
+    std::sort(finding->items.begin(), finding->items.end(), [](const Item& a, const Item& b) {
         return a.isFolder != b.isFolder ? a.isFolder : a.name < b.name;
     });
 }
 
-// Goes into a folder, or answers with a file.
-FileDialog::Answer FileDialog::Take(const std::string& typed)
+void FileDialog::Show(const Finding& finding)
 {
-    if (typed.empty())
-        return NoAnswer;
-    std::error_code error;
-    const fs::path path = (fs::path(folder) / typed).lexically_normal();
-    if (fs::is_directory(path, error)) {
-        ReadFolder(path.string());
-        name.clear();
-        return NoAnswer;
+    trouble = finding.trouble;
+    if (!trouble.empty() && !folder.empty())
+        return; // the list stays as it is
+    folder = finding.folder;
+    items = finding.items;
+}
+
+// Goes into a folder, or answers with a file.
+void FileDialog::Take(const std::string& typed)
+{
+    if (typed.empty() || disk.IsBusy())
+        return;
+    const auto finding = std::make_shared<Finding>();
+    disk.Do(
+        this, [finding, path = (fs::path(folder) / typed).string()] { *finding = LookAt(path, false); },
+        [this, finding] {
+            if (finding->isFolder) {
+                Show(*finding);
+                name.clear();
+                focusName = true;
+            } else {
+                TakeFile(*finding);
+            }
+        });
+}
+
+void FileDialog::TakeFile(const Finding& finding)
+{
+    const std::string path = (fs::path(finding.folder) / finding.name).string();
+    focusName = true;
+    if (purpose == ToOpen && !finding.exists) {
+        trouble = "There is no file " + path + ".";
+    } else if (purpose == ToSave && finding.exists && asked != path) {
+        asked = path;
+        trouble = finding.name + " is there already. Save once more to replace it.";
+    } else {
+        chosen = path;
+        answer = Chosen;
     }
-    const bool exists = fs::exists(path, error);
-    if (purpose == ToOpen && !exists) {
-        trouble = "There is no file " + path.string() + ".";
-        return NoAnswer;
-    }
-    if (purpose == ToSave && exists && asked != path.string()) {
-        asked = path.string();
-        trouble = path.filename().string() + " is there already. Save once more to replace it.";
-        return NoAnswer;
-    }
-    chosen = path.string();
-    return Chosen;
 }
 
 void FileDialog::DrawList(float scale, std::string* taken)
@@ -106,6 +146,7 @@ void FileDialog::DrawList(float scale, std::string* taken)
 
 FileDialog::Answer FileDialog::Draw(float scale)
 {
+    disk.Poll();
     ImGui::PushFont(platform::FontOf(platform::NoteFont));
     ImGui::TextColored(platform::ToolTint(Mist), "%s", folder.c_str());
     ImGui::PopFont();
@@ -122,19 +163,15 @@ FileDialog::Answer FileDialog::Draw(float scale)
         ImGui::TextColored(platform::ToolTint(Amber), "%s", trouble.c_str());
         ImGui::PopTextWrapPos();
     }
-    Answer answer = NoAnswer;
     platform::PushMainButton();
     if (ImGui::Button(purpose == ToOpen ? "Open" : "Save", ImVec2(110 * scale, 0)))
         taken = name;
     platform::PopMainButton();
-    if (!taken.empty())
-        answer = Take(taken);
-    if (answer == NoAnswer && !taken.empty())
-        focusName = true;
+    Take(taken);
     ImGui::SameLine();
     if (ImGui::Button("Cancel", ImVec2(110 * scale, 0)) ||
         ImGui::IsKeyPressed(ImGui::GetKeyIndex(ImGuiKey_Escape)))
-        answer = Cancelled;
+        return Cancelled;
     return answer;
 }
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Asks for a file: a folder's content, where one is chosen or a name is typed.
+//
+// Folders are read on a thread, so that a slow disk shows as a list that is still empty.
 #pragma once
+
+#include "tools/edit/DiskThread.h"
 
 #include <string>
 #include <vector>
@@ -11,6 +15,8 @@ namespace edit
 class FileDialog
 {
 public:
+    FileDialog();
+
     enum Purpose { ToOpen, ToSave };
 
     // Shows the folder of `path`, and its name to begin with; empty: the working directory.
@@ -28,8 +34,20 @@ private:
         bool isFolder;
     };
 
-    void ReadFolder(const std::string& newFolder);
-    Answer Take(const std::string& typed);
+    // What is found at a path.
+    struct Finding {
+        bool exists = false;
+        bool isFolder = false;
+        std::string folder, name; // of a file the folder that it is in, and its name
+        std::vector<Item> items;  // of the folder
+        std::string trouble;      // a sentence, if it can't be read
+    };
+
+    static Finding LookAt(const std::string& path, bool lists);
+    static void ListFolder(Finding* finding);
+    void Show(const Finding& finding);
+    void Take(const std::string& typed);
+    void TakeFile(const Finding& finding);
     void DrawList(float scale, std::string* taken);
 
     Purpose purpose = ToOpen;
@@ -40,6 +58,8 @@ private:
     std::string trouble; // a sentence; empty: none
     std::string asked;   // the path that will be replaced if it is confirmed
     bool focusName = false;
+    Answer answer = NoAnswer; // that has been found
+    DiskThread disk;
 };
 
 } // namespace edit

@@ -91,12 +91,35 @@ static std::string ComplaintAbout(const std::string& target)
     return "";
 }
 
-bool ScriptFile::Save(const std::string& text, std::string* reason)
+static bool HasSeveralNames(const std::string& target)
 {
-    return SaveAs(path, text, reason);
+    struct stat there = {};
+    return stat(target.c_str(), &there) == 0 && there.st_nlink > 1;
 }
 
-bool ScriptFile::SaveAs(const std::string& newPath, const std::string& text, std::string* reason)
+// False: *reason says why in a sentence.
+static bool WriteTarget(const std::string& target, const std::string& text, const ScriptFile::Backup& backup,
+                        std::string* reason)
+{
+    bool written = false;
+    if (HasSeveralNames(target)) {
+        std::string trouble = "there is no place for it";
+        if (!backup || !backup(text, &trouble)) {
+            *reason = target + " has several names (hard links), and would be written over in its place. " +
+                      "That needs a copy of the text elsewhere: " + trouble + ".";
+            return false;
+        }
+        written = cli::OverwriteFile(target, text);
+    } else {
+        written = cli::ReplaceFile(target, text, cli::Flushed, cli::OwnerIsKept);
+    }
+    if (!written)
+        *reason = target + " can't be written: " + strerror(errno) + ".";
+    return written;
+}
+
+bool ScriptFile::SaveAs(const std::string& newPath, const std::string& text, const Backup& backup,
+                        std::string* reason)
 {
     if (newPath.empty()) {
         *reason = "The script has no name yet.";
@@ -104,12 +127,8 @@ bool ScriptFile::SaveAs(const std::string& newPath, const std::string& text, std
     }
     const std::string target = cli::FollowLinks(newPath);
     *reason = ComplaintAbout(target);
-    if (!reason->empty())
+    if (!reason->empty() || !WriteTarget(target, text, backup, reason))
         return false;
-    if (!cli::ReplaceFile(target, text, cli::Flushed, cli::OwnerIsKept)) {
-        *reason = target + " can't be written: " + strerror(errno) + ".";
-        return false;
-    }
     path = newPath;
     content = text;
     stamp = StampOf(path);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The script's file on disk: what it held when it was last read or written, and what has become of it since.
+// The script's file on disk: what it held when it was last read or written, and what has become of it since. Every call
+// that goes to the disk waits for it. A copy of the object is what was known when it was made.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace edit
@@ -33,10 +35,15 @@ public:
     // it was.
     bool Open(const std::string& newPath, std::string* reason);
 
-    // Writes a file beside it, flushed, and puts it in its place. Owner, mode and symbolic link are kept. False:
-    // *reason says why in a sentence, and the file is as it was.
-    bool Save(const std::string& text, std::string* reason);
-    bool SaveAs(const std::string& newPath, const std::string& text, std::string* reason);
+    // Puts the text elsewhere on the disk, where it survives; false and a reason if it can't.
+    typedef std::function<bool(const std::string& text, std::string* reason)> Backup;
+
+    // Writes a file beside it, flushed, and puts it in its place. Owner, mode, attributes and symbolic link are kept.
+    // A file with several names (hard links) keeps them all: it is written over in its place, after `backup` has the
+    // text, and where there is no backup it is refused. False: *reason says why in a sentence, and the file is as it
+    // was, but for a disk that fails while it is written over.
+    bool SaveAs(const std::string& newPath, const std::string& text, const Backup& backup,
+                std::string* reason);
 
     // text is what the editor holds.
     DiskState Look(const std::string& text);

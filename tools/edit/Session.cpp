@@ -14,9 +14,10 @@ static const size_t mostRemarks = 100;
 static const double lookEvery = 1; // seconds between looks at the script's file, if the system won't watch it
 
 Session::Session(const Options& wanted, std::function<void()> wake)
-    : transport(&state, &music), options(wanted), document(std::make_unique<Document>()),
+    : transport(&state, &music), options(wanted), disks(wake), document(std::make_unique<Document>(&disks)),
       analysis(std::move(wake)), sentRevision(0), sentAny(false), wantedFrame(-1), frameCame(-1),
-      wasPlaying(false), conflict(false), watches(false), lookedAt(0), poolRuns(false)
+      wasPlaying(false), conflict(false), looks(false), looksOnce(false), watches(false), lookedAt(0),
+      poolRuns(false)
 {
     lintOptions.data = platform::GetDataDirectory();
     lintOptions.frameRate =
@@ -29,8 +30,15 @@ Session::Session(const Options& wanted, std::function<void()> wake)
 
 Session::~Session()
 {
+    disks.script.Forget(this);
     music.Stop();
     pool.Stop();
+}
+
+void Session::FinishDisks()
+{
+    disks.script.Finish();
+    disks.recovery.Finish();
 }
 
 bool Session::Start(const std::string& program, std::string* reason)
@@ -57,9 +65,42 @@ bool Session::Open(const std::string& path, std::string* reason)
     return true;
 }
 
+void Session::BeginOpen(const std::string& path, std::function<void(const Opening& opening)> done)
+{
+    struct Job {
+        ScriptFile read;
+        Opening opening;
+    };
+    const auto job = std::make_shared<Job>();
+    const uint64_t asked = document->Revision();
+    disks.script.Do(
+        this,
+        [job, path] {
+            job->opening.opened = job->read.Open(path, &job->opening.reason);
+            Recovery lost;
+            if (job->opening.opened && RecoveryFile::Find(path, &job->read.Content(), &lost))
+                job->opening.lost = lost;
+        },
+        [this, job, asked, done] {
+            job->opening.editedMeanwhile = job->opening.opened && document->Revision() != asked;
+            if (job->opening.editedMeanwhile)
+                job->opening.opened = false;
+            if (job->opening.opened) {
+                document->Open(job->read);
+                Begin();
+            }
+            done(job->opening);
+        });
+}
+
+void Session::Discard(const Recovery& recovery)
+{
+    disks.recovery.Do(this, [recovery] { Document::DiscardRecovery(recovery); }, {});
+}
+
 void Session::New()
 {
-    document = std::make_unique<Document>();
+    document = std::make_unique<Document>(&disks);
     state.document = document.get();
     Begin();
 }
@@ -67,7 +108,7 @@ void Session::New()
 void Session::Begin()
 {
     transport.Stop();
-    conflict = false;
+    conflict = looks = looksOnce = false;
     remarks.clear();
     state.selection.clear();
     state.markers.clear();
@@ -88,12 +129,15 @@ void Session::Watch()
         state.notice = "Changes in the data folder are not seen: " + reason;
 }
 
-bool Session::SaveAs(const std::string& path, std::string* reason)
+void Session::BeginSave(const std::string& path, Document::SaveDone done)
 {
-    if (!document->SaveAs(path, reason))
-        return false;
-    Watch();
-    return true;
+    document->BeginSave(path, [this, isNew = path != document->Path(), done](const SaveOutcome& outcome) {
+        if (outcome.saved && isNew)
+            Watch();
+        if (!outcome.saved)
+            TakeLook(outcome.disk);
+        done(outcome);
+    });
 }
 
 std::string Session::Name() const
@@ -155,9 +199,23 @@ void Session::LookAtDisk()
 {
     if (document->Path().empty())
         return;
+    looksOnce = looks;
+    if (looks)
+        return;
+    looks = true;
+    document->BeginLook([this](DiskState seen) {
+        looks = false;
+        TakeLook(seen);
+        if (looksOnce)
+            LookAtDisk();
+    });
+}
+
+void Session::TakeLook(DiskState seen)
+{
     std::string reason;
     conflict = false;
-    switch (document->LookAtDisk()) {
+    switch (seen) {
     case DiskSame:
         break;
     case DiskChanged:
@@ -250,9 +308,10 @@ void Session::AskForFrame()
 
 bool Session::Tick(double seconds)
 {
+    bool isNew = disks.Poll();
     TakeEdits();
     TakeChanges(seconds);
-    bool isNew = transport.Update();
+    isNew = transport.Update() || isNew;
     AskForFrame();
     pool.Poll();
     const size_t count = remarks.size();

@@ -2,8 +2,8 @@
 // A script that is being worked on, and all that runs with it: the show's processes, the music, the watch on its files,
 // the linter. No window.
 //
-// Order of calls: Start once, then Open or New, then Tick once per frame of the window. Main thread only; no call
-// waits, except for disks.
+// Order of calls: Start once, then Open or New, then Tick once per frame of the window. Main thread only. No call waits
+// for a disk but Open and FinishDisks: what is begun is told in a Tick.
 #pragma once
 
 #include "tools/edit/Analysis.h"
@@ -17,6 +17,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,9 +48,25 @@ public:
     bool Open(const std::string& path, std::string* reason);
     void New();
 
-    // As the document's; the new name is watched then.
-    bool Save(std::string* reason) { return document->Save(reason); }
-    bool SaveAs(const std::string& path, std::string* reason);
+    // The same without waiting. What was edited meanwhile is not thrown away.
+    struct Opening {
+        bool opened = false;
+        bool editedMeanwhile = false; // and so not opened
+        std::string reason;           // why it can't be read
+        std::optional<Recovery> lost; // unsaved work on it
+    };
+    void BeginOpen(const std::string& path, std::function<void(const Opening& opening)> done);
+
+    // As the document's; a new name is watched then. `done` may be told that the file was written by another program:
+    // that has then been taken over, or HasConflict is true.
+    void BeginSave(const std::string& path, Document::SaveDone done);
+
+    // Unsaved work on the script that a process left behind is thrown away.
+    void Discard(const Recovery& recovery);
+
+    // What a disk shall do besides, in order with all else that has to do with files.
+    DiskThread& Disk() { return disks.script; }
+    void FinishDisks(); // waits
 
     // `seconds` is a clock that only moves forwards. True if there is something new to draw.
     bool Tick(double seconds);
@@ -88,6 +105,7 @@ public:
 
 private:
     void Begin();
+    void TakeLook(DiskState state);
     void Watch();
     void TakeEdits();
     void TakeChanges(double seconds);
@@ -96,6 +114,7 @@ private:
     void SetMusic();
 
     Options options;
+    DiskThreads disks;
     std::unique_ptr<Document> document; // never null
     lint::Options lintOptions;
     ShowPool pool;
@@ -110,7 +129,9 @@ private:
     int64_t frameCame;    // the last one that was finished
     bool wasPlaying;
     bool conflict;
-    bool watches; // the system tells what changes
+    bool looks;     // at the script's file
+    bool looksOnce; // more, when that is done
+    bool watches;   // the system tells what changes
     double lookedAt;
     bool poolRuns;
 };

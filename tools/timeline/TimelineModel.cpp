@@ -29,7 +29,7 @@ static double LeavingTime(const lint::SentMessage& message, const lint::Options&
     return (options.startOffset + due * frame + message.delay) / 1000;
 }
 
-// One message in search of the entries that get it.
+// A message whose entries are to be found.
 struct Delivery {
     size_t message; // of the model
     double time;    // seconds

@@ -478,6 +478,29 @@ TEST_F(DocumentEdits, DuplicateCutsTheShiftForAllAlike)
     EXPECT_NE(std::string::npos, document.Text().find("=1000, 2000, 4000, 6000;"));
 }
 
+TEST_F(DocumentEdits, DuplicateShiftsLayersOfEntriesAsOneStepAndKeepsTheirDistance)
+{
+    Open("[EFFECT]\nEffectName=FX_Clouds;\nStartTime=0;\nStopTime=10;\nLayerID=2;\n"
+         "[EFFECT]\nEffectName=FX_Towers;\nStartTime=0;\nStopTime=10;\nLayerID=7;\n"
+         "[MESSAGE]\nMessageText=hand;\nActivationTime=5;\nTargetEffect=FX_Clouds;\n");
+    const std::string before = document.Text();
+    const auto layersOfCopies = [&](int64_t layers) {
+        const std::vector<ItemId> copies = document.Duplicate({{0, -1}, {1, -1}, {2, 0}}, 100, layers);
+        std::vector<uint32_t> found;
+        for (const ItemId copy : copies)
+            if (document.GetOutline().blocks[copy.block].type == BlockEffect)
+                found.push_back(document.GetOutline().blocks[copy.block].layer);
+        EXPECT_EQ(3u, copies.size());
+        EXPECT_TRUE(document.Undo());
+        EXPECT_EQ(before, document.Text());
+        return found;
+    };
+    EXPECT_EQ((std::vector<uint32_t>{5, 10}), layersOfCopies(3));
+    EXPECT_EQ((std::vector<uint32_t>{0, 5}), layersOfCopies(-4)) << "none goes below 0";
+    EXPECT_EQ((std::vector<uint32_t>{2147483642, 2147483647}), layersOfCopies(INT64_C(3000000000)));
+    EXPECT_EQ((std::vector<uint32_t>{2, 7}), layersOfCopies(0));
+}
+
 TEST_F(DocumentEdits, DuplicateOfAGroupIsAGroup)
 {
     Open(night);

@@ -174,6 +174,8 @@ TEST_F(Dragging, CopiesIntoAnotherLayer)
     EXPECT_EQ("FX_Towers", copy.effect);
     EXPECT_EQ(25000u, copy.start);
     EXPECT_EQ(4u, copy.layer);
+    EXPECT_TRUE(script.document.Undo());
+    EXPECT_EQ(before, script.document.Text()) << "one step takes the copy and its layer back";
 }
 
 TEST_F(Dragging, ACopyThatWentNowhereIsNone)

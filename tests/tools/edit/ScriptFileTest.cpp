@@ -8,13 +8,18 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
 #include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -147,6 +152,139 @@ TEST_F(ScriptOnDisk, KeepsModeOwnerAndLink)
         EXPECT_EQ(nobody, there.st_gid);
     }
     EXPECT_EQ(edit::DiskSame, document.LookAtDisk());
+}
+
+TEST_F(ScriptOnDisk, KeepsItsExtendedAttributes)
+{
+    Open();
+    if (setxattr(path.c_str(), "user.origin", "the night", 9, 0) != 0)
+        GTEST_SKIP() << "this file system knows no extended attributes: " << strerror(errno);
+    ASSERT_EQ(0, setxattr(path.c_str(), "user.empty", "", 0, 0));
+    Change();
+    ASSERT_TRUE(document.Save(&reason)) << reason;
+    char value[64] = {};
+    EXPECT_EQ(9, getxattr(path.c_str(), "user.origin", value, sizeof value));
+    EXPECT_STREQ("the night", value);
+    EXPECT_EQ(0, getxattr(path.c_str(), "user.empty", value, sizeof value));
+}
+
+// user::rw-, user:65534:r--, group::r--, mask::rw-, other::r--, as the kernel keeps it.
+static const unsigned char accessList[] = {2,    0,    0,    0,    1,    0,    6,    0,    0xff, 0xff, 0xff,
+                                           0xff, 2,    0,    4,    0,    0xfe, 0xff, 0,    0,    4,    0,
+                                           4,    0,    0xff, 0xff, 0xff, 0xff, 16,   0,    6,    0,    0xff,
+                                           0xff, 0xff, 0xff, 32,   0,    4,    0,    0xff, 0xff, 0xff, 0xff};
+
+TEST_F(ScriptOnDisk, KeepsItsAccessControlList)
+{
+    Open();
+    static const char* const name = "system.posix_acl_access";
+    if (setxattr(path.c_str(), name, accessList, sizeof accessList, 0) != 0)
+        GTEST_SKIP() << "this file system knows no access control lists: " << strerror(errno);
+    Change();
+    ASSERT_TRUE(document.Save(&reason)) << reason;
+    unsigned char now[sizeof accessList + 1] = {};
+    ASSERT_EQ(ssize_t(sizeof accessList), getxattr(path.c_str(), name, now, sizeof now));
+    EXPECT_EQ(0, memcmp(accessList, now, sizeof accessList));
+}
+
+TEST_F(ScriptOnDisk, KeepsAllItsNames)
+{
+    for (const std::string& added : {std::string("# " + std::string(9000, 'x') + " #\n"), std::string()}) {
+        Write(path, clouds + std::string("# to be cut # ") + added);
+        const std::string other = folder + "other.txt";
+        fs::create_hard_link(path, other);
+        struct stat before = {}, after = {};
+        stat(other.c_str(), &before);
+        ASSERT_TRUE(document.Open(path, &reason));
+        ASSERT_TRUE(document.SetValue(0, "StopTime", added.empty() ? "9" : "123456"));
+        ASSERT_TRUE(document.Save(&reason)) << reason;
+        stat(path.c_str(), &after);
+        EXPECT_EQ(before.st_ino, after.st_ino);
+        EXPECT_EQ(document.Text(), ReadFile(path));
+        EXPECT_EQ(document.Text(), ReadFile(other));
+        EXPECT_FALSE(document.IsModified());
+        EXPECT_EQ(edit::DiskSame, document.LookAtDisk());
+        EXPECT_EQ("other.txt script.txt ", Names());
+        edit::Recovery found;
+        EXPECT_FALSE(edit::Document::FindRecovery(path, &found)) << "the copy goes when the file is whole";
+        fs::remove(other);
+    }
+}
+
+// While it is written over neither the old nor the new text is whole: a copy must be safe first.
+TEST_F(ScriptOnDisk, WithSeveralNamesIsNotWrittenOverWithoutACopy)
+{
+    Open();
+    fs::create_hard_link(path, folder + "other.txt");
+    Write(folder + "state", "a file in the place of the recovery folder");
+    Change();
+    EXPECT_FALSE(document.Save(&reason));
+    EXPECT_EQ(
+        path +
+            " has several names (hard links), and would be written over in its place. That needs a copy of "
+            "the text elsewhere: " +
+            folder + "state/marlinex: Not a directory.",
+        reason);
+    EXPECT_EQ(clouds, ReadFile(path));
+}
+
+TEST_F(ScriptOnDisk, WithSeveralNamesIsTheOldOneWhereTheDiskIsFull)
+{
+    Open(std::string(clouds) + "#" + std::string(3000, 'x') + "#");
+    fs::create_hard_link(path, folder + "other.txt");
+    const std::string old = document.Text();
+    for (int i = 0; i < 30; i++)
+        ASSERT_FALSE(document.Paste(clouds, 5000).empty());
+    const std::string text = document.Text();
+    ASSERT_GT(text.size(), 4000u);
+    const rlimit limit = {4000, 4000}; // the copy is larger, and so is the script
+    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &limit));
+    EXPECT_FALSE(document.Save(&reason));
+    EXPECT_EQ(old, ReadFile(path));
+    EXPECT_EQ(text, document.Text());
+}
+
+// A disk of a few pages, full to the last.
+TEST_F(ScriptOnDisk, IsTheOldOneOnADiskThatIsReallyFull)
+{
+    const std::string disk = folder + "disk";
+    fs::create_directory(disk);
+    if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "needs the right to mount a small file system: " << strerror(errno);
+    const std::string script = disk + "/script.txt",
+                      old = std::string(clouds) + "#" + std::string(9000, 'x') + "#";
+    Write(script, old);
+    ASSERT_TRUE(document.Open(script, &reason)) << reason;
+    Change();
+    // All but nothing is left.
+    std::ofstream filler(disk + "/filler", std::ios::binary);
+    while (filler << std::string(4096, 'f') << std::flush) {
+    }
+    EXPECT_FALSE(document.Save(&reason));
+    EXPECT_EQ(script + " can't be written: No space left on device.", reason);
+    EXPECT_EQ(old, ReadFile(script));
+    EXPECT_TRUE(document.IsModified());
+    EXPECT_EQ(2, std::distance(fs::directory_iterator(disk), fs::directory_iterator()))
+        << "nothing lies beside it";
+    EXPECT_TRUE(document.WriteRecovery()) << "which lies elsewhere: " << document.RecoveryFailure();
+
+    // A file with two names is written over in its place, which needs no room where it does not grow.
+    fs::create_hard_link(script, disk + "/other.txt");
+    EXPECT_TRUE(document.Save(&reason)) << reason;
+    EXPECT_EQ(document.Text(), ReadFile(disk + "/other.txt"));
+    for (int i = 0; i < 100; i++)
+        ASSERT_FALSE(document.Paste(clouds, 5000).empty());
+    const std::string now = ReadFile(script);
+    EXPECT_FALSE(document.Save(&reason));
+    EXPECT_EQ(script + " can't be written: No space left on device.", reason);
+    EXPECT_EQ(now, ReadFile(script).substr(0, now.size()));
+
+    filler.close();
+    fs::remove(disk + "/filler");
+    EXPECT_TRUE(document.Save(&reason)) << reason;
+    EXPECT_EQ(document.Text(), ReadFile(script));
+    EXPECT_EQ(0, umount2(disk.c_str(), MNT_DETACH));
 }
 
 TEST_F(ScriptOnDisk, IsTheOldOneWhereTheDiskIsFull)
@@ -309,6 +447,7 @@ TEST_F(ScriptOnDisk, ThatWasDeletedIsToldAndCanBeSavedAgain)
     EXPECT_EQ(clouds, ReadFile(path));
     EXPECT_EQ(edit::DiskSame, document.LookAtDisk());
     fs::remove(path);
+    EXPECT_EQ(edit::DiskGone, document.LookAtDisk());
     document.KeepMine();
     EXPECT_EQ(edit::DiskSame, document.LookAtDisk()) << "told once";
     EXPECT_TRUE(document.IsModified());
