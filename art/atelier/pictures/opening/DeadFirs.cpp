@@ -46,12 +46,31 @@ static void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
                    {.gnarl = 0.3f}, dice);
 }
 
-// Somebody who stayed.
-static void DrawCrow(Mask& front, Vec2 feet)
+// A raven that stayed, on the tip of a trunk.
+static void DrawRaven(Mask& front, Vec2 feet)
 {
-    front.Fill(Round({feet + Vec2{-15, 14}, feet + Vec2{-6, 0}, feet + Vec2{2, -8}, feet + Vec2{9, -10},
-                      feet + Vec2{13, -7}, feet + Vec2{21, -4}, feet + Vec2{13, -2}, feet + Vec2{10, 5},
-                      feet + Vec2{2, 10}, feet + Vec2{-6, 11}}));
+    const auto at = [&](float x, float y) { return feet + Vec2{x, y}; };
+    front.Fill(Round({at(-24, 19), at(-12, 5), at(-4, -5), at(4, -12), at(10, -16), at(17, -14), at(20, -9),
+                      at(14, -3), at(14, 4), at(9, 10), at(1, 13), at(-8, 13)},
+                     1));
+    front.Fill(Straight({at(17, -13), at(31, -7), at(18, -7)}));              // the beak
+    front.Fill(Straight({at(-10, 8), at(-34, 25), at(-26, 27), at(-4, 14)})); // the tail
+    front.Fill(Straight({at(2, 11), at(1, 22), at(4, 22), at(5, 11)}));
+    front.Fill(Straight({at(8, 9), at(9, 22), at(12, 22), at(11, 9)}));
+}
+
+// Light from behind on the left of each stem: dry streaks down the bark, none on twigs.
+static Mask LightOnStems(const Mask& front, uint32_t seed)
+{
+    const Noise dry(seed);
+    Mask rim(front.Width(), front.Height());
+    for (int y = 0; y < front.Height(); y++)
+        for (int x = 3; x + 5 < front.Width(); x++)
+            if (front.At(x, y) > 0)
+                rim.At(x, y) = front.At(x, y) * front.At(x + 2, y) * front.At(x + 5, y) *
+                               (1 - front.At(x - 3, y)) *
+                               Smooth(-0.1f, 0.2f, dry.Fbm(float(x) / 6, float(y) / 24, 3));
+    return rim.Blur(0.6f);
 }
 
 // A row of dead firs in the foreground, with stumps and roots; the second row barer, one tree fallen.
@@ -82,7 +101,7 @@ static Canvas DeadFirs(bool barer)
     const std::vector<Fir> sparse = {
         { 84, 244, 214, 13, 54, -18},
         {158, 248, 104,  8, 30,  14},
-        {604, 246, 240, 15, 60,  22},
+        {604, 246, 200, 15, 60,  16},
         {690, 250, 132,  9, 34, -12},
         {936, 244, 190, 12, 44, -26},
     };
@@ -141,7 +160,7 @@ static Canvas DeadFirs(bool barer)
     if (barer) {
         DrawFallen(front, pen, dice);
         DrawSnapped(front, pen, dice);
-        DrawCrow(front, {627, 12});
+        DrawRaven(front, {621, 30});
     }
     for (int i = 0; i < 9; i++) {
         rootPen.nib.width = 2.4f;
@@ -181,13 +200,7 @@ static Canvas DeadFirs(bool barer)
     });
     canvas.Cover(roots.Multiply(ground), Mix(palette::Slate, palette::Rust, 0.3f), 0.35f);
     canvas.Cover(grass, palette::Ink, 0.95f);
-    // Light from behind on the left of each stem.
-    Mask rim(W, H);
-    for (int y = 0; y < H; y++)
-        for (int x = 3; x + 1 < W; x++)
-            rim.At(x, y) = front.At(x, y) * front.At(x + 1, y) * (1 - front.At(x - 3, y)) *
-                           Smooth(0.45f, 0.65f, paper.Height(x, y));
-    canvas.Cover(rim, Mix(palette::Slate, palette::Mist, 0.45f), 0.75f);
+    canvas.Cover(LightOnStems(front, 70), Mix(palette::Slate, palette::Mist, 0.45f), 0.7f);
     paper.Show(canvas, 0.5f);
     return canvas;
 }

@@ -146,11 +146,16 @@ void DrawWood(Canvas& canvas, const Paper& paper)
                      {.height = tree.height, .trunk = tree.trunk, .lean = tree.lean}, ++seed);
     canvas.Cover(near, palette::Ink, 0.97f);
     // What light there is comes from the left: a dry edge of it on the stems.
+    // The edge is drawn with a dry brush down the stems: streaks, and none on twigs.
     Mask bark(W, H);
+    const Noise dry(304);
     for (int y = 0; y < H; y++)
-        for (int x = 4; x < W - 1; x++)
-            bark.At(x, y) = near.At(x, y) * near.At(x + 1, y) * (1 - near.At(x - 4, y)) *
-                            Smooth(0.42f, 0.62f, paper.Height(x, y));
+        for (int x = 3; x < W - 5; x++)
+            if (near.At(x, y) > 0)
+                bark.At(x, y) = near.At(x, y) * near.At(x + 2, y) * near.At(x + 5, y) *
+                                (1 - near.At(x - 3, y)) *
+                                Smooth(-0.05f, 0.25f, dry.Fbm(float(x) / 7, float(y) / 26, 3));
+    bark.Blur(0.6f);
     canvas.Cover(bark.By([](float x, float) { return 1 - 0.6f * Night(x); }),
                  Mix(palette::Ochre, palette::Rust, 0.3f), 0.55f);
 }

@@ -97,11 +97,13 @@ Canvas MoonwaltzLogo()
     pen.Splatter({905, 340}, 60, 18, 4);
 
     Canvas canvas(W, H);
-    Mask light = ink.Blurred(5);
-    light.Scale(2.2f).Curve(0, 1);
-    Mask halo = light.Blurred(15);
-    halo.Scale(1.7f).Curve(0, 1.1f).FadeToBorder(50);
-    canvas.Cover(halo, Mix(palette::Bone, palette::Parchment, 0.35f), 0.8f);
+    // The moon's light clings to the strokes, unevenly, and covers no more of its face than that.
+    Mask halo = ink.Blurred(9);
+    const Noise uneven(42);
+    halo.Scale(1.5f).By(
+        [&](float x, float y) { return Clamp(0.75f + 0.6f * uneven.Fbm(x / 70, y / 70, 3)); });
+    halo.FadeToBorder(50);
+    canvas.Cover(halo, Mix(palette::Bone, palette::Parchment, 0.35f), 0.55f);
     canvas.Cover(
         ink,
         [&](float x, float y) {

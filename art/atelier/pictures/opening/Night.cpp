@@ -56,13 +56,60 @@ static void DrawDancers(Mask& ink, const Paper& paper, Vec2 foot)
                {.start = 0.9f, .middle = 0.7f, .end = 0.4f});
 }
 
+// A root in the cut earth: round, knotted, pale where the moon comes in from above, with the earth dark below it.
+static void DrawRoot(Canvas& canvas, const Paper& paper, const Line& way, Dice& dice)
+{
+    Mask root(W, H), bark(W, H);
+    Pen pen(
+        root, paper,
+        {.width = 15, .least = 0.3f, .wobble = 0, .wave = 80, .wander = 0.6f, .skip = 0, .dry = 0, .pool = 0},
+        502);
+    pen.Stroke(way, {.start = 0.2f, .middle = 0.55f, .end = 1});
+    for (int i = 0; i < 22; i++) { // side roots go down and forward
+        const float t = (float(i) + dice.Unit()) / 22;
+        const float side = dice.Chance(0.7f) ? 1.0f : -1.0f;
+        DrawBranch(pen, PointAt(way, t), Angle(DirectionAt(way, t)) + side * dice.Range(0.5f, 1.2f),
+                   dice.Range(18, 52), 3.2f + 2.6f * t, 3, {.gnarl = 0.34f, .rise = -0.1f, .spread = 0.7f},
+                   dice);
+    }
+    const Noise rough(509);
+    Mask lit(W, H), shade(W, H), below(W, H);
+    for (int y = 6; y + 5 < H; y++)
+        for (int x = 0; x < W; x++) {
+            const float here = root.At(x, y), fx = float(x), fy = float(y);
+            below.At(x, y) = root.At(x, y - 6);
+            if (here <= 0)
+                continue;
+            lit.At(x, y) =
+                here * (1 - root.At(x, y - 3)) * Smooth(-0.1f, 0.3f, rough.Fbm(fx / 16, fy / 9, 3));
+            shade.At(x, y) = here * (1 - root.At(x, y + 4));
+        }
+    DryBrush fibres(bark, paper,
+                    {.width = 9, .count = 5, .thickness = 1.2f, .load = 0.5f, .ragged = 0.4f, .wave = 30},
+                    510);
+    for (float t = 0.02f; t < 0.95f; t += 0.05f)
+        fibres.Stroke(Beside(Part(way, t, Min(t + dice.Range(0.05f, 0.12f), 1)), dice.Range(-2, 3)), 0.9f);
+    canvas.Cover(below.Blur(5), palette::Ink, 0.55f);
+    canvas.Cover(
+        root,
+        [&](float x, float y) {
+            return Mix(Mix(palette::Slate, palette::Night, 0.5f),
+                       Mix(palette::Slate, palette::Parchment, 0.2f) * 0.8f,
+                       Clamp(0.5f + rough.Fbm(x / 60, y / 30, 3)));
+        },
+        0.92f);
+    canvas.Cover(shade, palette::Ink, 0.8f);
+    canvas.Cover(bark.Multiply(root), palette::Ink, 0.6f);
+    canvas.Cover(lit.Blur(0.5f), Mix(palette::Mist, palette::Parchment, 0.35f), 0.5f);
+}
+
 void DrawHills(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 {
     constexpr float X0 = 2 * PartWidth;
     Dice dice(500);
-    Mask ink(W, H), roots(W, H), stones(W, H);
+    Mask ink(W, H), stones(W, H);
     Pen pen(ink, paper, {.width = 3, .wobble = 0.5f, .skip = 0.05f, .pool = 0}, 501),
-        rootPen(roots, paper, {.width = 3, .pool = 0}, 502), stonePen(stones, paper, {.width = 1.5f}, 503);
+        stonePen(stones, paper, {.width = 1.5f}, 503);
 
     // Poles where the upper wire wants them, a second wire below it that hangs as wires hang.
     const Line wire = Thread(3);
@@ -139,13 +186,7 @@ void DrawHills(Canvas& canvas, const Paper& paper, const Ridge& ridge)
                      0.8f);
     }
     canvas.Cover(stones, Mix(palette::Slate, palette::Mist, 0.3f), 0.28f);
-    const Line root = Thread(4);
-    rootPen.nib.width = 4.6f;
-    rootPen.nib.wander = 0.6f;
-    rootPen.Stroke(root, {.start = 0.5f, .middle = 0.7f, .end = 0.9f});
-    DrawTwigs(rootPen, root, 0.01f, 0.99f, 15, 70, dice);
-    canvas.Cover(roots.Blurred(2), palette::Ink, 0.7f);
-    canvas.Cover(roots, Mix(palette::Mist, palette::Parchment, 0.35f) * 0.5f, 0.55f);
+    DrawRoot(canvas, paper, Thread(4), dice);
 }
 
 void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)

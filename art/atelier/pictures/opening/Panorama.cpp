@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "art/atelier/pictures/opening/Panorama.h"
 
-#include "art/atelier/DryBrush.h"
 #include "art/atelier/pictures/SparkPaths.h"
 #include "art/atelier/pictures/Wood.h"
+
+#include <algorithm>
 
 namespace atelier
 {
@@ -27,41 +28,96 @@ WashStyle SkyWash()
     return {.pool = 0, .granulation = 0.2f, .bloom = 0.5f, .bloomSize = 260, .stray = 0};
 }
 
-// The nine threads themselves. From one picture to the next they go on where nobody looks.
+// Adds a soft puff, of at most the given amount in its middle.
+static void AddPuff(Mask& smoke, Vec2 centre, float radius, float amount)
+{
+    const int reach = Floor(radius * 2) + 1, cx = Floor(centre.x), cy = Floor(centre.y);
+    for (int y = std::max(0, cy - reach); y <= std::min(H - 1, cy + reach); y++)
+        for (int x = std::max(0, cx - reach); x <= std::min(W - 1, cx + reach); x++) {
+            float& value = smoke.At(x, y);
+            const float d = Length(Vec2{float(x) + 0.5f, float(y) + 0.5f} - centre);
+            value += (1 - value) * amount * Bell(d / radius);
+        }
+}
+
+// The smoke of the house drifts along these ways: a wisp at the chimney, a torn veil where the wind has had it.
+static void PaintSmoke(Canvas& canvas, const std::vector<Line>& ways)
+{
+    Mask smoke(W, H);
+    Dice dice(701);
+    float whole = 0, gone = 0;
+    for (const Line& way : ways)
+        whole += LengthOf(way);
+    for (const Line& way : ways) {
+        const float length = LengthOf(way);
+        for (float s = 0; s < length; s += 2.5f) {
+            const float t = (gone + s) / whole, wide = 4 + 34 * t;
+            const Vec2 d = DirectionAt(way, s / length), aside = {-d.y, d.x};
+            const Vec2 drift = aside * (wide * 0.5f * dice.Bell()) + Vec2{0, -0.35f * wide};
+            AddPuff(smoke, PointAt(way, s / length) + drift, wide * dice.Range(0.25f, 0.8f),
+                    0.22f * (1 - 0.7f * t) * dice.Unit());
+        }
+        gone += length;
+    }
+    const Noise torn(703);
+    smoke.By([&](float x, float y) {
+        const Vec2 p = torn.Warp(x / 150, y / 60, 0.5f, 3);
+        return Clamp(0.45f + 1.1f * torn.Fbm(p.x, p.y, 4) + 0.5f * torn.Ridges(p.x * 2, p.y * 2, 2));
+    });
+    canvas.Cover(smoke.Shake(9, 60, 704), Mix(palette::Slate, palette::Mist, 0.5f), 0.75f);
+}
+
+// The nine threads themselves, of a hand that presses and lifts. From one picture to the next they go on where nobody
+// looks.
 static void DrawThreads(Canvas& canvas, const Paper& paper)
 {
-    Mask threads(W, H), smoke(W, H);
-    Pen pen(threads, paper, {.width = 1.9f, .least = 0.4f, .wobble = 0, .skip = 0.15f, .pool = 0}, 700);
-    DryBrush brush(smoke, paper,
-                   {.width = 10,
-                    .count = 9,
-                    .thickness = 2.4f,
-                    .load = 0.75f,
-                    .ragged = 0.1f,
-                    .spread = 0.8f,
-                    .wave = 120},
-                   701);
+    constexpr float Chimney = 0.52f; // up to here the lower wire is a wire, from here on smoke
+    Mask threads(W, H), gleams(W, H);
+    const Nib nib = {.width = 2.7f,
+                     .least = 0.1f,
+                     .wobble = 0,
+                     .wave = 64,
+                     .wander = 0.75f,
+                     .skip = 0.3f,
+                     .dry = 0.35f,
+                     .pool = 0};
+    Pen pen(threads, paper, nib, 700);
+    Pen gleam(gleams, paper,
+              {.width = 1.3f,
+               .least = 0,
+               .wobble = 0.3f,
+               .wave = 40,
+               .wander = 1,
+               .skip = 0.9f,
+               .dry = 0.6f,
+               .pool = 0},
+              705);
     Dice dice(702);
-    for (int k = 0; k < SparkPathCount; k++)
-        if (k != 4 && k != 7)
-            pen.Stroke(Thread(k), {.start = 0.7f, .middle = 0.9f, .end = 0.6f});
+    for (int k = 0; k < SparkPathCount; k++) {
+        if (k == 4 || k == 7)
+            continue; // a root and a bough
+        const float wire = k == 5 ? Chimney : k == 8 ? 0.0f : 1.0f;
+        const Line thread = Thread(k);
+        if (wire > 0) {
+            pen.Stroke(Part(thread, 0, wire), {.start = 0.7f, .middle = 0.85f, .end = 0.6f});
+            gleam.Stroke(Beside(Part(thread, 0, wire), -1.6f), {.start = 0.4f, .middle = 0.9f, .end = 0.3f});
+        }
+        if (wire < 1)
+            pen.Stroke(Part(thread, wire, 1), {.start = 0.3f, .middle = 0.32f, .end = 0.2f});
+    }
     for (int k = 0; k + 3 < SparkPathCount; k++)
         pen.Stroke(Through({Thread(k).back(), Mix(Thread(k).back(), Thread(k + 3).front(), 0.5f) + Vec2{0, 2},
                             Thread(k + 3).front()}),
-                   {.start = 0.6f, .middle = 0.5f, .end = 0.7f});
+                   {.start = 0.5f, .middle = k == 5 ? 0.3f : 0.5f, .end = 0.5f});
     for (const int k : {0, 1, 2})
         DrawTwigs(pen, Thread(k), 0, 1, k == 1 ? 13 : 24, k == 1 ? 46 : 30, dice);
-    brush.Stroke(Part(Thread(5), 0.52f, 1));
-    brush.Stroke(Thread(6));
-    brush.Stroke(Thread(8));
-    canvas.Cover(smoke.Blur(2.5f), palette::Mist, 0.2f);
-    // A breath of moonlight on their upper side.
-    Mask above(W, H);
-    for (int y = 0; y + 1 < H; y++)
-        for (int x = 0; x < W; x++)
-            above.At(x, y) = threads.At(x, y + 1) * (1 - threads.At(x, y));
-    canvas.Cover(above.By([](float x, float) { return Night(x); }), palette::Mist, 0.35f);
-    canvas.Cover(threads, palette::Ink, 0.88f);
+    PaintSmoke(canvas, {Part(Thread(5), Chimney, 1), Thread(8)});
+    canvas.Cover(threads, palette::Ink, 0.86f);
+    // A breath of moonlight on them, here and there.
+    const Noise moonlight(706);
+    gleams.By(
+        [&](float x, float y) { return Night(x) * Smooth(0.02f, 0.35f, moonlight.Fbm(x / 60, y / 40, 3)); });
+    canvas.Cover(gleams, palette::Mist, 0.32f);
 }
 
 static Canvas PaintPanorama()
