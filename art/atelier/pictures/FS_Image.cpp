@@ -14,13 +14,6 @@ namespace atelier
 constexpr Vec2 Disc = {622, 268};
 constexpr float DiscRadius = 206;
 
-// The hem of his coat, from the back to the knee.
-static Line Hem()
-{
-    return Through(
-        {HisBack.back(), {258, 662}, {330, 634}, {404, 628}, {470, 650}, {530, 668}, HisFront.back()});
-}
-
 static Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
 {
     Line outline = Through(a), back = Through(b);
@@ -30,11 +23,7 @@ static Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
 
 static Shape Him()
 {
-    Line coat = Through(HisFront);
-    const Line hem = Hem(), back = Through(HisBack);
-    coat.insert(coat.end(), hem.rbegin(), hem.rend());
-    coat.insert(coat.end(), back.rbegin(), back.rend());
-    Shape shape(coat);
+    Shape shape = HisCoat();
     shape.Add(Round(HisFace));
     shape.Add(Limb(Through({{502, 238}, {480, 264}, {452, 306}}), 21, 32, 50));
     shape.Add(Limb(Through(HisArm), 36, 17, 6));
@@ -251,7 +240,7 @@ static void PaintHim(Canvas& canvas, const Paper& paper)
     DrawFurrows(canvas, paper, HisBack, HisFront, 11, 12, him, Clay, palette::Ink, 35);
     InkContours(canvas, paper, {{Round(HisFace), 3.5f}}, 0.05f, 94); // no stubble on his chin
     std::vector<Contour> contours = {
-        {Part(Through(HisBack), 0.05f, 1), 4.5f}, {Part(Through(HisFront), 0.05f, 1), 4.5f}, {Hem(), 4}};
+        {Part(Through(HisBack), 0.05f, 1), 4.5f}, {Part(Through(HisFront), 0.05f, 1), 4.5f}, {HisHem(), 4}};
     AddArm(contours, Limb(Through(HisArm), 36, 17, 6), 0.13f, 4);
     InkContours(canvas, paper, contours, 0.35f, 95);
 }

@@ -49,6 +49,21 @@ std::vector<Vec2> OnHerHead(std::vector<Vec2> points)
     return points;
 }
 
+Line HisHem()
+{
+    return Through(
+        {HisBack.back(), {258, 662}, {330, 634}, {404, 628}, {470, 650}, {530, 668}, HisFront.back()});
+}
+
+Shape HisCoat()
+{
+    Line coat = Through(HisFront);
+    const Line hem = HisHem(), back = Through(HisBack);
+    coat.insert(coat.end(), hem.rbegin(), hem.rend());
+    coat.insert(coat.end(), back.rbegin(), back.rend());
+    return coat;
+}
+
 Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t)
 {
     const Line first = Through(a), second = Through(b);

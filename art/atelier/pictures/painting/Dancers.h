@@ -24,6 +24,9 @@ std::vector<Vec2> OnHerHead(std::vector<Vec2> points);
 // The line that lies a part t of the way from a to b, as a furrow between two borders.
 Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t);
 
+// His coat, and its hem from the back to the knee.
+Shape HisCoat();
+Line HisHem();
 // His two legs with their shoes, and her bare foot.
 Shape HisLegs();
 Shape HerFoot();

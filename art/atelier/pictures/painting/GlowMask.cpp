@@ -41,6 +41,22 @@ Canvas GlowMask()
 {
     Mask order(W, H);
     Dice dice(71);
+    // What is behind him.
+    for (int i = 0; i < 24; i++)
+        TraceLight(order, Furrow(FieldTop, FieldLeft, (float(i) + 0.5f) / 24), 3.6f,
+                   0.54f + 0.03f * dice.Unit(), 1);
+    for (int i = -3; i <= 3; i++)
+        TraceLight(order, Beside(Through(Hair), float(i) * 9), 3.2f, 0.55f, 0.82f);
+    for (int i = 0; i < 7; i++)
+        TraceLight(order, Furrow(HerFront, HerBack, (float(i) + 0.5f) / 7), 3.4f, 0.32f + 0.02f * dice.Unit(),
+                   0.46f);
+    TraceLight(order, Round(HerFace), 4.5f, 0.48f, 0.54f);
+    TraceLight(order, Through(HerArm), 7, 0.46f, 0.62f);
+    TraceLight(order, Through(HerStep), 4, 0.50f, 0.54f);
+    TraceLight(order, Through(HisPush), 6, 0.50f, 0.56f);
+    TraceLight(order, Through(HisStand), 6, 0.51f, 0.56f);
+    order.Subtract(Filled(W, H, HisCoat()).Blur(2));
+    // He, and the arms that hold.
     Line arm = Through(HisArm);
     std::reverse(arm.begin(), arm.end());
     TraceLight(order, arm, 9, 0.02f, 0.11f);
@@ -48,21 +64,8 @@ Canvas GlowMask()
     for (int i = 0; i < 8; i++)
         TraceLight(order, Furrow(HisBack, HisFront, (float(i) + 0.5f) / 8), 3.6f, 0.13f + 0.02f * dice.Unit(),
                    0.52f);
-    TraceLight(order, Through(HisPush), 6, 0.50f, 0.56f);
-    TraceLight(order, Through(HisStand), 6, 0.51f, 0.56f);
-    TraceLight(order, Through(HerStep), 4, 0.50f, 0.54f);
     TraceLight(order, Through(HisHold), 7, 0.20f, 0.32f);
-    for (int i = 0; i < 7; i++)
-        TraceLight(order, Furrow(HerFront, HerBack, (float(i) + 0.5f) / 7), 3.4f, 0.32f + 0.02f * dice.Unit(),
-                   0.46f);
     TraceLight(order, Through(HerHold), 5, 0.46f, 0.38f);
-    TraceLight(order, Round(HerFace), 4.5f, 0.48f, 0.54f);
-    TraceLight(order, Through(HerArm), 7, 0.46f, 0.62f);
-    for (int i = -3; i <= 3; i++)
-        TraceLight(order, Beside(Through(Hair), float(i) * 9), 3.2f, 0.55f, 0.82f);
-    for (int i = 0; i < 24; i++)
-        TraceLight(order, Furrow(FieldTop, FieldLeft, (float(i) + 0.5f) / 24), 3.6f,
-                   0.54f + 0.03f * dice.Unit(), 1);
     // Their fingers, the same that are painted.
     Mask his(W, H), hers(W, H);
     Pen pen(his, SketchPaper(), {.width = 5, .skip = 0}, 50),
