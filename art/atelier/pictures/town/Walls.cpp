@@ -354,104 +354,70 @@ static void LightWindows(Canvas& canvas, const Paper& paper)
     canvas.Cover(bars.Multiply(light), palette::Ink, 0.9f);
 }
 
-// A tower is a pheasant turned to stone: a dark head, a pale ring, a breast of copper scales, and the barred
-// tail, which goes over into masonry and stands in the dark.
-Canvas TowerWalls()
+// The feathers that cover a tower: which one lies at a place of the wall.
+class Plumage
 {
-    constexpr int Columns = 16; // round the tower, so that the walls join
-    constexpr float Wide = Size / Columns;
-    const Paper& paper = SketchPaper();
-    const Noise barb(521, 256, 64), age(522, 8, 8), chip(523, 96, 96), zone(527, 8, 4), sway(528, 16, 8);
-    const FeatherRows rows = RowsOfFeathers();
+public:
+    static constexpr int Columns = 16; // round the tower, so that the walls join
+    static constexpr float Wide = Size / Columns;
+
     struct Place {
         float u, v; // across -1 to 1, along 0 to 1 at the tip
         int row, column;
     };
-    const auto shift = [&](int row) {
+
+    Plumage() : rows(RowsOfFeathers()), sway(528, 16, 8) {}
+
+    Place At(float x, float y) const;
+    static bool IsFallen(const Place& feather); // the wall shows behind it
+    void Draw(Pen& pen) const;                  // the edges, and some shafts
+
+private:
+    // By which part of its width a row lies beside the one above.
+    float Shift(int row) const
+    {
         return (row % 2 == 0 ? 0.0f : 0.5f) + 0.16f * sway.Value(0.5f, float(row) + 0.5f);
-    };
-    const auto reach = [&](int row, int column) { // of its length: no two alike
+    }
+    float Reach(int row, int column) const // of its length: no two alike
+    {
         return 0.86f + 0.14f * sway.Value(float(column) + 0.5f, float(row) * 1.7f);
-    };
-    const auto feather = [&](float x, float y) {
-        const float bent = x + 5 * sway.Fbm(x / Size * 16, y / Size * 8, 2);
-        Place place = {0, 0, 0, 0};
-        for (int row = 0; row < int(rows.top.size()); row++) {
-            const size_t i = size_t(row);
-            if (y < rows.top[i] || y > rows.top[i] + rows.length[i])
-                continue;
-            const float shifted = bent / Wide + shift(row);
-            const int column = Floor(shifted);
-            const float u = (shifted - float(column)) * 2 - 1;
-            const float v = (y - rows.top[i]) / (rows.length[i] * reach(row, Wrap(column, Columns)));
-            if (v <= FeatherEdge(u))
-                return Place{u, v, row, Wrap(column, Columns)};
-        }
-        return place;
-    };
-    // Feathers that fell: the wall shows behind them.
-    const auto fallen = [&](const Place& f) {
-        const uint32_t name = uint32_t(f.row * 37 + f.column * 101) * 2654435761u;
-        return (name >> 9 & 255) < 20;
-    };
-    const auto height = [&](float x, float y) { // 0 at the head, 1 at the foot; its borders are not level
-        return (y - WallTop) / (WallFoot - WallTop) + 0.05f * zone.Fbm(x / Size * 8, y / Size * 4, 3);
-    };
-    Canvas canvas(Side, Side);
-    canvas.Ground([&](float x, float y) {
-        const Place f = feather(x, y);
-        const float tip = FeatherEdge(f.u) - f.v; // to the edge, in lengths
-        const uint32_t name = uint32_t(f.row * Columns + f.column) * 2654435761u;
-        const float own = float(name >> 12 & 255) / 255;
-        const float h = height(x, y);
-        const Colour stone = Mix(palette::Slate, palette::Mist, 0.15f + 0.35f * own);
-        if (fallen(f))
-            return stone * (0.35f + 0.25f * age.Fbm(x / Size * 64, y / Size * 64, 3));
-        // Barbs run from the shaft outwards and down.
-        const float comb = barb.Value((f.v * 46 - Abs(f.u) * 13) * 0.8f, float(f.column) + 0.5f);
-        const Colour head = Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
-        const Colour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
-        const Colour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
-        const Colour tail =
-            Mix(Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Slate, 0.3f * own) * 0.8f;
-        const float isRing = Smooth(0.10f, 0.12f, h) * Smooth(0.19f, 0.17f, h);
-        const float isCopper = Smooth(0.17f, 0.19f, h), isTail = Smooth(0.52f, 0.68f, h);
-        Colour c = Mix(Mix(Mix(head, copper, isCopper), tail, isTail), ring, isRing);
-        c = c * (0.70f + 0.42f * comb);
-        // The head's scales shine cold, the breast's glow before their dark hem, the tail is barred.
-        const float hem = Hill(0.13f, 0.085f, tip);
-        c = Mix(c, Mix(palette::Mist, palette::ColdLight, 0.35f),
-                0.35f * hem * (1 - isCopper) * (1 - isRing));
-        c = Mix(c, palette::Amber,
-                0.75f * Hill(0.24f, 0.12f, tip) * isCopper * (1 - isTail) * (0.35f + 0.65f * own));
-        c = Mix(c, palette::Ink, 0.85f * Hill(0.09f, 0.08f, tip) * isCopper * (1 - 0.6f * isTail));
-        const float bar = Fraction(f.v * 3.4f + 0.25f * Abs(f.u));
-        c = Mix(c, Mix(palette::Ink, palette::Rust, 0.3f),
-                0.75f * isTail * Smooth(0.55f, 0.62f, bar) * Smooth(1, 0.9f, bar));
-        // The shaft.
-        c = Mix(c, palette::Parchment,
-                0.5f * Smooth(0.08f, 0.03f, Abs(f.u)) * Smooth(0.72f, 0.5f, f.v) * (1 - isRing));
-        // Rounded like a slate, and in the shade of the row above it.
-        c = c * (1.05f - 0.35f * f.u * f.u + 0.18f * f.u);
-        c = c * (1 - 0.72f * Smooth(0.60f, 0.36f, f.v));
-        // Weather: bare stone comes through, more of it towards the foot.
-        const float worn = age.Fbm(x / Size * 8, y / Size * 8, 5) + 0.45f * h - 0.2f;
-        c = Mix(c, stone * (0.75f + 0.3f * comb), 0.8f * Smooth(0.05f, 0.32f, worn));
-        return Mix(c, palette::Ink, 0.6f * Smooth(0.50f, 0.66f, chip.Gradient(x / Size * 96, y / Size * 96)));
-    });
-    // Rain has drawn the dark down, moss sits in the wet.
-    const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        return Smooth(0.10f, 0.42f, age.Fbm(x / Size * 32 + 3, y / Size * 8, 4));
-    });
-    Wash(canvas, paper, stains,
-         {.pigment = Mix(palette::Slate, palette::Ink, 0.3f), .density = 0.55f, .stray = 3}, 529);
-    Mask ink(Side, Side, 0, true);
-    Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
+    }
+
+    FeatherRows rows;
+    Noise sway;
+};
+
+Plumage::Place Plumage::At(float x, float y) const
+{
+    const float bent = x + 5 * sway.Fbm(x / Size * 16, y / Size * 8, 2);
+    Place place = {0, 0, 0, 0};
+    for (int row = 0; row < int(rows.top.size()); row++) {
+        const size_t i = size_t(row);
+        if (y < rows.top[i] || y > rows.top[i] + rows.length[i])
+            continue;
+        const float shifted = bent / Wide + Shift(row);
+        const int column = Floor(shifted);
+        const float u = (shifted - float(column)) * 2 - 1;
+        const float v = (y - rows.top[i]) / (rows.length[i] * Reach(row, Wrap(column, Columns)));
+        if (v <= FeatherEdge(u))
+            return Place{u, v, row, Wrap(column, Columns)};
+    }
+    return place;
+}
+
+bool Plumage::IsFallen(const Place& f)
+{
+    const uint32_t name = uint32_t(f.row * 37 + f.column * 101) * 2654435761u;
+    return (name >> 9 & 255) < 20;
+}
+
+void Plumage::Draw(Pen& pen) const
+{
     for (size_t row = 0; row < rows.top.size(); row++) {
         pen.nib.width = 1.6f + rows.length[row] * 0.018f;
         for (int column = 0; column < Columns; column++) {
-            const float x = (float(column) + 0.5f - shift(int(row))) * Wide;
-            const float l = rows.length[row] * reach(int(row), column);
+            const float x = (float(column) + 0.5f - Shift(int(row))) * Wide;
+            const float l = rows.length[row] * Reach(int(row), column);
             Line edge;
             for (int i = -12; i <= 12; i++) {
                 const float u = float(i) / 12, ey = rows.top[row] + l * FeatherEdge(u);
@@ -464,9 +430,73 @@ Canvas TowerWalls()
                            {.start = 0.1f, .middle = 0.6f, .end = 0});
         }
     }
-    canvas.Cover(ink, palette::Ink, 0.85f);
-    LightWindows(canvas, paper);
-    // The corners: an edge that the weather rubbed pale, with a dark joint beside it here and there.
+}
+
+struct TowerNoise {
+    Noise barb = Noise(521, 256, 64), age = Noise(522, 8, 8), chip = Noise(523, 96, 96),
+          zone = Noise(527, 8, 4);
+};
+
+// 0 at the head of a tower, 1 at its foot. The borders between its zones are not level.
+static float TowerHeight(float x, float y, const Noise& zone)
+{
+    return (y - WallTop) / (WallFoot - WallTop) + 0.05f * zone.Fbm(x / Size * 8, y / Size * 4, 3);
+}
+
+// The colour of a feather at height h. `own` is a random number of the feather's, `tip` the distance to its edge in
+// lengths, `comb` the brightness of its barbs.
+static Colour FeatherColour(const Plumage::Place& f, float h, float own, float tip, float comb)
+{
+    const Colour head = Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
+    const Colour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
+    const Colour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
+    const Colour tail =
+        Mix(Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Slate, 0.3f * own) * 0.8f;
+    const float isRing = Smooth(0.10f, 0.12f, h) * Smooth(0.19f, 0.17f, h);
+    const float isCopper = Smooth(0.17f, 0.19f, h), isTail = Smooth(0.52f, 0.68f, h);
+    Colour c = Mix(Mix(Mix(head, copper, isCopper), tail, isTail), ring, isRing);
+    c = c * (0.70f + 0.42f * comb);
+    // The head's scales shine cold, the breast's glow before their dark hem, the tail is barred.
+    const float hem = Hill(0.13f, 0.085f, tip);
+    c = Mix(c, Mix(palette::Mist, palette::ColdLight, 0.35f), 0.35f * hem * (1 - isCopper) * (1 - isRing));
+    c = Mix(c, palette::Amber,
+            0.75f * Hill(0.24f, 0.12f, tip) * isCopper * (1 - isTail) * (0.35f + 0.65f * own));
+    c = Mix(c, palette::Ink, 0.85f * Hill(0.09f, 0.08f, tip) * isCopper * (1 - 0.6f * isTail));
+    const float bar = Fraction(f.v * 3.4f + 0.25f * Abs(f.u));
+    c = Mix(c, Mix(palette::Ink, palette::Rust, 0.3f),
+            0.75f * isTail * Smooth(0.55f, 0.62f, bar) * Smooth(1, 0.9f, bar));
+    // The shaft.
+    c = Mix(c, palette::Parchment,
+            0.5f * Smooth(0.08f, 0.03f, Abs(f.u)) * Smooth(0.72f, 0.5f, f.v) * (1 - isRing));
+    return c;
+}
+
+static Colour TowerColour(float x, float y, const Plumage& plumage, const TowerNoise& noise)
+{
+    const Plumage::Place f = plumage.At(x, y);
+    const float tip = FeatherEdge(f.u) - f.v; // to the edge, in lengths
+    const uint32_t name = uint32_t(f.row * Plumage::Columns + f.column) * 2654435761u;
+    const float own = float(name >> 12 & 255) / 255;
+    const float h = TowerHeight(x, y, noise.zone);
+    const Colour stone = Mix(palette::Slate, palette::Mist, 0.15f + 0.35f * own);
+    if (Plumage::IsFallen(f))
+        return stone * (0.35f + 0.25f * noise.age.Fbm(x / Size * 64, y / Size * 64, 3));
+    // Barbs run from the shaft outwards and down.
+    const float comb = noise.barb.Value((f.v * 46 - Abs(f.u) * 13) * 0.8f, float(f.column) + 0.5f);
+    Colour c = FeatherColour(f, h, own, tip, comb);
+    // Rounded like a slate, and in the shade of the row above it.
+    c = c * (1.05f - 0.35f * f.u * f.u + 0.18f * f.u);
+    c = c * (1 - 0.72f * Smooth(0.60f, 0.36f, f.v));
+    // Weather: bare stone comes through, more of it towards the foot.
+    const float worn = noise.age.Fbm(x / Size * 8, y / Size * 8, 5) + 0.45f * h - 0.2f;
+    c = Mix(c, stone * (0.75f + 0.3f * comb), 0.8f * Smooth(0.05f, 0.32f, worn));
+    return Mix(c, palette::Ink,
+               0.6f * Smooth(0.50f, 0.66f, noise.chip.Gradient(x / Size * 96, y / Size * 96)));
+}
+
+// The corners: an edge that the weather rubbed pale, with a dark joint beside it here and there.
+static void PaintCorners(Canvas& canvas, const Paper& paper)
+{
     Mask rubbed(Side, Side, 0, true), joint(Side, Side, 0, true);
     DryBrush edge(rubbed, paper, {.width = 9, .count = 7, .thickness = 1.5f, .load = 0.55f, .wave = 26}, 526);
     Pen crack(joint, paper, {.width = 2.6f, .wobble = 1.5f, .wave = 18, .skip = 0.6f}, 530);
@@ -480,15 +510,44 @@ Canvas TowerWalls()
     }
     canvas.Cover(joint, palette::Ink, 0.8f);
     canvas.Cover(rubbed, Mix(palette::Mist, palette::Parchment, 0.4f), 0.55f);
-    // The roof: slabs of slate with moss between them.
+}
+
+// The roof: slabs of slate with moss between them.
+static void PaintSlates(Canvas& canvas, const TowerNoise& noise)
+{
     canvas.Cover(Roof(), [&](float x, float y) {
-        const Noise::Cell slab = chip.Worley(x / 52 + 0.2f * age.Gradient(x / 60, y / 60), y / 40);
+        const Noise::Cell slab =
+            noise.chip.Worley(x / 52 + 0.2f * noise.age.Gradient(x / 60, y / 60), y / 40);
         const float own = float(slab.name & 255) / 255;
         const Colour top = Mix(palette::Slate, palette::Mist, 0.10f + 0.4f * own) *
-                           (0.7f + 0.3f * age.Fbm(x / 20, y / 20, 4));
+                           (0.7f + 0.3f * noise.age.Fbm(x / 20, y / 20, 4));
         return Mix(Mix(palette::Moss, palette::Ink, 0.6f), top,
                    Smooth(0.02f, 0.10f, slab.second - slab.nearest));
     });
+}
+
+// A tower is a pheasant turned to stone: a dark head, a pale ring, a breast of copper scales, and the barred
+// tail, which goes over into masonry and stands in the dark.
+Canvas TowerWalls()
+{
+    const Paper& paper = SketchPaper();
+    const Plumage plumage;
+    const TowerNoise noise;
+    Canvas canvas(Side, Side);
+    canvas.Ground([&](float x, float y) { return TowerColour(x, y, plumage, noise); });
+    // Rain has drawn the dark down, moss sits in the wet.
+    const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return Smooth(0.10f, 0.42f, noise.age.Fbm(x / Size * 32 + 3, y / Size * 8, 4));
+    });
+    Wash(canvas, paper, stains,
+         {.pigment = Mix(palette::Slate, palette::Ink, 0.3f), .density = 0.55f, .stray = 3}, 529);
+    Mask ink(Side, Side, 0, true);
+    Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
+    plumage.Draw(pen);
+    canvas.Cover(ink, palette::Ink, 0.85f);
+    LightWindows(canvas, paper);
+    PaintCorners(canvas, paper);
+    PaintSlates(canvas, noise);
     // The foot stands in the dark, the head against the sky.
     canvas.Tone(
         Mask(Side, Side).Each([](float, float y) { return Smooth(WallFoot + 20, WallTop + 150, y); }, 4),
