@@ -125,7 +125,10 @@ void FileDialog::TakeFile(const Finding& finding)
 void FileDialog::DrawList(float scale, std::string* taken)
 {
     ImGui::PushStyleColor(ImGuiCol_ChildBg, platform::ToolTint(Ink));
-    ImGui::BeginChild("files", ImVec2(520 * scale, 280 * scale));
+    ImGui::PushStyleVar(ImGuiStyleVar_WindowPadding, ImVec2(10 * scale, 6 * scale));
+    ImGui::BeginChild("files", ImVec2(520 * scale, 280 * scale), false,
+                      ImGuiWindowFlags_AlwaysUseWindowPadding);
+    ImGui::PopStyleVar();
     if (fs::path(folder).has_relative_path() &&
         ImGui::Selectable("..", false, ImGuiSelectableFlags_DontClosePopups))
         *taken = "..";
