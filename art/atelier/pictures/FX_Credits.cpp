@@ -8,9 +8,36 @@
 namespace atelier
 {
 
+// What the weather leaves on a stone: pits, more of them together here and there, and rosettes of lichen.
+static void AddPitsAndLichen(Canvas& canvas, Mask& ink, const Paper& paper)
+{
+    const int side = canvas.Width();
+    const float size = float(side);
+    Dice dice(708);
+    Pen pit(ink, paper, {.width = 3}, 710);
+    for (int nest = 0; nest < 16; nest++) {
+        const Vec2 middle = {dice.Range(0, size), dice.Range(0, size)};
+        for (int i = 0; i < 11; i++)
+            pit.Dot(middle + Vec2{dice.Bell(), dice.Bell()} * 22, dice.Range(0.8f, 3));
+    }
+    const Noise ragged(711);
+    for (int i = 0; i < 13; i++) {
+        const Vec2 middle = {dice.Range(60, size - 60), dice.Range(60, size - 60)};
+        const float radius = dice.Range(12, 38);
+        const Mask rosette = Mask(side, side, 0, true).Each([&](float x, float y) {
+            const Vec2 d = Vec2{x, y} - middle;
+            const float r = Length(d) / radius + 0.45f * ragged.Fbm(x / 13, y / 13, 3);
+            return Smooth(1, 0.86f, r) * Mix(0.35f, 1, Smooth(0.3f, 0.85f, r));
+        });
+        canvas.Cover(rosette,
+                     Mix(Mix(palette::Parchment, palette::Moss, 0.35f), palette::Amber, 0.3f * dice.Unit()),
+                     0.7f);
+    }
+}
+
 // The stone that the trees are of. Every side of every block shows the whole tile, mostly no larger than a
-// thumbnail: one stone, pale enough to be seen in the shade, with a few cracks, moss in large patches, and
-// the pen's outline where block meets block.
+// thumbnail: one stone, pale enough to be seen in the shade, with a few cracks, moss in large patches, lichen, and worn
+// edges where block meets block.
 static Canvas MossyStone()
 {
     constexpr int Side = 512;
@@ -25,9 +52,9 @@ static Canvas MossyStone()
     Canvas canvas(Side, Side);
     canvas.Ground([&](float x, float y) {
         const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 4, y / Size * 4, 5);
-        const float bulge = Smooth(4, 90, border(x, y));
+        const float bulge = Smooth(0, 70, border(x, y));
         const Colour stone = Mix(Mix(palette::Mist, palette::Parchment, 0.35f), palette::Bone, Clamp(t));
-        return stone * (0.58f + 0.42f * bulge) * (0.92f + 0.22f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
+        return stone * (0.74f + 0.26f * bulge) * (0.92f + 0.22f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
     });
     const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         return Smooth(0.02f, 0.22f, rock.Fbm(x / Size * 4 + 2, y / Size * 4 + 1, 3));
@@ -60,21 +87,13 @@ static Canvas MossyStone()
         const float thin = Smooth(-0.2f, 0.4f, rock.Fbm(x / Size * 4 + 3, y / Size * 4, 2));
         return Smooth(0.965f - 0.012f * thin, 0.99f, ridge) * thin;
     });
-    Pen pen(
-        ink, paper,
-        {.width = 11, .least = 0.35f, .wobble = 3, .wave = 60, .wander = 0.5f, .skip = 0.15f, .dry = 0.3f},
-        707);
-    // Along the borders, on both sides of which the blocks of a tile meet.
-    pen.Stroke(Straight({{0, 1}, {Size, 1}}), {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
-    pen.Stroke(Straight({{1, 0}, {1, Size}}), {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
-    pen.nib.width = 3.5f;
-    Dice dice(708);
-    for (int i = 0; i < 60; i++) {
-        const Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
-        const float a = dice.Range(0.5f, 1.0f);
-        pen.Stroke(Shaken(Straight({p, p + Vec2{Cos(a), Sin(a)} * dice.Range(20, 60)}), 3, 20, dice.Next()),
-                   {.start = 0.7f, .middle = 0.7f, .end = 0});
-    }
+    // Where block meets block, on both sides of the borders, a dark joint that is worn away here and there.
+    ink.Unite(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float u = x / Size, v = y / Size;
+        const float off = Min(Min(x, Size - x), Min(y, Size - y)) + 2.5f * warp.Fbm(u * 12, v * 12, 3);
+        return 0.85f * Smooth(4, 1, off) * Smooth(-0.25f, 0.15f, rock.Fbm(u * 8, v * 8, 2));
+    }));
+    AddPitsAndLichen(canvas, ink, paper);
     canvas.Cover(ink, palette::Ink, 0.8f);
     paper.Show(canvas, 0.7f);
     return canvas;
