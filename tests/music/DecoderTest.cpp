@@ -43,3 +43,14 @@ TEST(Decoder, WhatIsNoRegularFileIsNotOpened)
     EXPECT_EQ(nullptr, OpenDecoder(path, 44100));
     EXPECT_EQ(nullptr, OpenDecoder("/dev/zero", 44100));
 }
+
+TEST(Decoder, EveryKindOfFileIsOpenedByTheLibraryThatKnowsIt)
+{
+    for (const soundfiles::Kind& kind : soundfiles::kinds) {
+        const std::unique_ptr<Decoder> decoder = OpenDecoder(soundfiles::Make(kind, 0.2), 22050);
+        ASSERT_NE(nullptr, decoder) << kind.name;
+        const bool isModule = kind.format == 0; // rendered at the rate of the mix
+        EXPECT_EQ(isModule ? 22050 : kind.rate, decoder->rate) << kind.name;
+        EXPECT_EQ(size_t(kind.channels), decoder->speakers.size()) << kind.name;
+    }
+}

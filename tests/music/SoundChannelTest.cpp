@@ -80,6 +80,7 @@ TEST_F(SoundChannelSound, AStreamThatIsNotToldToPlayIsSilent)
     Decode();
     ExpectSilence(Mix(1000));
     EXPECT_EQ(0, stream->GetTime());
+    EXPECT_EQ(0, stream->Reported());
 }
 
 TEST_F(SoundChannelSound, ItAddsToWhatTheMixHolds)
@@ -352,6 +353,44 @@ TEST_F(SoundChannelSound, SteadyMusicThatTheDecoderLostRisesWhereTheTimeIsByThen
     EXPECT_EQ(2100, stream->Reported());
 }
 
+TEST_F(SoundChannelSound, AFrameThatIsHeardAloneIsTheOneThatFallsWhenTheDecoderIsLate)
+{
+    stream->Give(true, 0);
+    stream->Decode(); // 1024 frames
+    Mix(1023);
+    const std::vector<float> heard = Mix(100);
+    EXPECT_EQ(NumberedDecoder::Sample(1023), heard[0]);
+    for (int i = 1; i < 100; ++i)
+        ASSERT_EQ(NumberedDecoder::Sample(1023) * Falling(i - 1), heard[size_t(i)]) << i;
+}
+
+TEST_F(SoundChannelSound, OneFrameOfLatenessIsEnoughForARamp)
+{
+    stream->Give(true, 0);
+    stream->Decode();
+    Mix(1025);
+    Decode();
+    const std::vector<float> heard = Mix(1000);
+    for (int i = 0; i < fade; ++i) {
+        const float falling = i < fade - 1 ? NumberedDecoder::Sample(1023) * Falling(1 + i) : 0.0f;
+        ASSERT_NEAR(NumberedDecoder::Sample(1025 + i) * Rising(i) + falling, heard[size_t(i)], 1e-6) << i;
+    }
+    ExpectSteady(std::vector<float>(heard.begin() + fade, heard.end()), 1025 + fade);
+}
+
+TEST_F(SoundChannelSound, OneFrameOfLatenessIsEnoughForAStopToAddNoMusic)
+{
+    stream->Give(true, 0);
+    stream->Decode();
+    Mix(1025);
+    Decode();
+    stream->Give(false, 0);
+    const std::vector<float> heard = Mix(300);
+    for (int i = 0; i < 300; ++i)
+        ASSERT_EQ(i < fade - 1 ? NumberedDecoder::Sample(1023) * Falling(1 + i) : 0.0f, heard[size_t(i)])
+            << i;
+}
+
 TEST_F(SoundChannelSound, ASeekWhileTheDecoderIsLateStartsAtItsExactFrame)
 {
     stream->Give(true, 0);
@@ -440,17 +479,20 @@ TEST_F(SoundChannelSound, AStreamThatComesBackToAChannelIsWhereItWas)
 
 TEST(SoundChannelRamp, IsFiveMillisecondsAtEveryRate)
 {
-    EventCount wakeUp;
-    SoundChannel channel(48000);
-    SoundStream stream(std::make_unique<NumberedDecoder>(44100), 48000, 1000, &wakeUp);
-    stream.Give(true, 0);
-    while (stream.Decode()) {
+    // 44199 * 0.005 = 220.995, and the frame that isn't whole isn't counted.
+    for (const auto& [rate, frames] : {std::pair(48000, 240), std::pair(44199, 220)}) {
+        EventCount wakeUp;
+        SoundChannel channel(rate);
+        SoundStream stream(std::make_unique<NumberedDecoder>(44100), rate, 1000, &wakeUp);
+        stream.Give(true, 0);
+        while (stream.Decode()) {
+        }
+        StereoFrame mix[300] = {};
+        channel.Mix(&stream, false, mix, 300, false);
+        stream.Give(false, 0);
+        std::fill(mix, mix + 300, StereoFrame{0.0f, 0.0f});
+        channel.Mix(&stream, false, mix, 300, false);
+        EXPECT_NE(0.0f, mix[frames - 1].left) << rate;
+        EXPECT_EQ(0.0f, mix[frames].left) << rate;
     }
-    StereoFrame mix[300] = {};
-    channel.Mix(&stream, false, mix, 300, false);
-    stream.Give(false, 0);
-    std::fill(mix, mix + 300, StereoFrame{0.0f, 0.0f});
-    channel.Mix(&stream, false, mix, 300, false);
-    EXPECT_NE(0.0f, mix[239].left);
-    EXPECT_EQ(0.0f, mix[240].left);
 }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
 #include <vector>
 
 TEST(SoundMixer, WithNothingToPlayItPutsSilenceOverWhatTheBufferHeld)
@@ -35,4 +36,24 @@ TEST(SoundMixer, AStreamThatIsForgottenKeepsItsChannelUntilTheDeviceIsDoneWithIt
         << "a stopped stream's channel is free, a forgotten one's not yet";
     EXPECT_TRUE(mixer.IsDoneWith(&first));
     EXPECT_EQ(0, mixer.AssignChannel(&second));
+}
+
+// The device thread may have read the stream from the channel just before it was let go.
+TEST(SoundMixer, IsDoneWithNoStreamWhileTheDeviceMixes)
+{
+    EventCount wakeUp;
+    SoundStream slow(std::make_unique<NumberedDecoder>(1000), 44100, 1000, &wakeUp);
+    SoundStream closed(std::make_unique<NumberedDecoder>(1000), 44100, 1000, &wakeUp);
+    SoundMixer mixer(44100, 2);
+    slow.Give(true, 0);
+    ASSERT_EQ(0, mixer.AssignChannel(&slow));
+    EXPECT_TRUE(mixer.IsDoneWith(&closed));
+    std::thread device([&mixer] {
+        StereoFrame frames[10];
+        mixer.Mix(frames, 10, true); // waits for the music of the slow stream
+    });
+    EXPECT_TRUE(Eventually([&] { return !mixer.IsDoneWith(&closed); }));
+    slow.Decode();
+    device.join();
+    EXPECT_TRUE(mixer.IsDoneWith(&closed));
 }

@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <climits>
+#include <thread>
 
 static const int64_t longMusic = 100 * 44100;
 
@@ -43,6 +46,19 @@ protected:
     NumberedDecoder* decoder = nullptr;
     std::unique_ptr<SoundStream> stream;
 };
+
+TEST_F(SoundStreamWindow, IsOpenStoppedAndAtItsStartAndHoldsNothingYet)
+{
+    Open(1000);
+    EXPECT_FALSE(stream->closed);
+    EXPECT_TRUE(stream->HasAppliedOrder());
+    EXPECT_FALSE(stream->HasRunOut());
+    EXPECT_EQ(0, stream->Reported());
+    EXPECT_TRUE(stream->Holds(0));
+    EXPECT_FALSE(stream->Holds(1));
+    EXPECT_EQ(0, stream->FramesFrom(0));
+    EXPECT_FALSE(stream->EndsAt(0));
+}
 
 TEST_F(SoundStreamWindow, TimesBecomeTheNearestFrameHalvesUp)
 {
@@ -142,6 +158,18 @@ TEST_F(SoundStreamWindow, UnheardASecondIsDecodedAhead)
     EXPECT_EQ(43 * 1024, stream->FramesFrom(0));
     EXPECT_EQ(43 * 1024 - 1000, stream->FramesFrom(1000));
     EXPECT_EQ(0, stream->FramesFrom(43 * 1024 + 1));
+}
+
+// At these rates a second is a piece of 1024 frames less one frame, and ten pieces to the frame.
+TEST_F(SoundStreamWindow, UnheardASecondIsDecodedAheadToTheFrame)
+{
+    for (int rate : {10239, 10240}) {
+        auto numbered = std::make_unique<NumberedDecoder>(longMusic);
+        numbered->rate = rate;
+        stream = std::make_unique<SoundStream>(std::move(numbered), rate, 20000, &wakeUp);
+        DecodeAll();
+        EXPECT_EQ((rate == 10240 ? 10 : 9) * 1024, stream->FramesFrom(0));
+    }
 }
 
 TEST_F(SoundStreamWindow, OnceOrderedItIsDecodedAsFarAheadAsTheBufferReaches)
@@ -277,6 +305,7 @@ TEST_F(SoundStreamWindow, OfTwoSeeksTheLaterWins)
     EXPECT_TRUE(stream->Holds(80 * 44100));
     stream->Give(true, 0);
     ObeySeek();
+    EXPECT_FALSE(stream->Holds(0)) << "frames of the later place lie there";
     DecodeAll();
     EXPECT_TRUE(stream->Holds(0));
     EXPECT_EQ(NumberedDecoder::Sample(0), LeftAt(0));
@@ -320,4 +349,52 @@ TEST_F(SoundStreamWindow, APlaceBehindTheEndIsSilentAtOnce)
     EXPECT_TRUE(stream->EndsAt(50 * 44100));
     EXPECT_EQ(0, stream->FramesFrom(50 * 44100));
     EXPECT_EQ(50000, stream->GetTime());
+}
+
+// A device thread that waits for frames: how many of them it finds when it goes on.
+class WaitingDevice
+{
+public:
+    WaitingDevice(const SoundStream* stream, int64_t from, int64_t position)
+        : found(-1), thread([=, this] {
+              stream->WaitFor(position);
+              found = stream->FramesFrom(from);
+          })
+    {
+    }
+    ~WaitingDevice() { thread.join(); }
+
+    std::atomic<int64_t> found;
+
+private:
+    std::thread thread;
+};
+
+TEST_F(SoundStreamWindow, APatientDeviceWaitsUntilTheFramesAreThere)
+{
+    Open(2000);
+    stream->Give(true, 0);
+    WaitingDevice device(stream.get(), 0, 2048);
+    std::this_thread::sleep_for(std::chrono::milliseconds(5)); // a chance to go on too soon
+    stream->Decode();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    EXPECT_EQ(-1, device.found) << "half of them";
+    stream->Decode();
+    EXPECT_TRUE(Eventually([&] { return device.found == 2048; }));
+    stream->WaitFor(2048); // returns at once: they are there
+}
+
+TEST_F(SoundStreamWindow, APatientDeviceIsNotContentWithFramesOfThePlaceBefore)
+{
+    Open(2000);
+    stream->Give(true, 40000);
+    ObeySeek();
+    DecodeAll();
+    stream->Give(true, 0);
+    ObeySeek();
+    WaitingDevice device(stream.get(), 0, 1024);
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    EXPECT_EQ(-1, device.found);
+    stream->Decode();
+    EXPECT_TRUE(Eventually([&] { return device.found == 1024; }));
 }

@@ -34,12 +34,48 @@ TEST(StereoReader, GivesEveryFrameOnceInPiecesOfAnyLength)
 
 TEST(StereoReader, IsAtItsEndWithTheLastFrameWhenThatIsKnown)
 {
-    StereoReader reader(std::make_unique<NumberedDecoder>(0), 44100);
-    StereoFrame stereo;
+    StereoReader reader(std::make_unique<NumberedDecoder>(1124), 44100);
+    StereoFrame stereo[1024];
+    EXPECT_EQ(1, reader.Read(stereo, 1));
+    EXPECT_EQ(1024, reader.Read(stereo, 1024)); // and the last block is decoded
     EXPECT_FALSE(reader.IsAtEnd());
-    EXPECT_EQ(0, reader.Read(&stereo, 1));
+    EXPECT_EQ(99, reader.Read(stereo, 100));
     EXPECT_TRUE(reader.IsAtEnd());
-    EXPECT_EQ(0, reader.Read(&stereo, 1));
+    EXPECT_EQ(0, reader.Read(stereo, 1));
+}
+
+TEST(StereoReader, MusicWithoutAFrameIsAtItsEndAtOnceAtEveryRate)
+{
+    for (int rate : {22050, 44100, 48000}) {
+        auto decoder = std::make_unique<NumberedDecoder>(0);
+        decoder->rate = rate;
+        StereoReader reader(std::move(decoder), 44100);
+        StereoFrame stereo[10];
+        EXPECT_FALSE(reader.IsAtEnd());
+        EXPECT_EQ(0, reader.Read(stereo, 10)) << rate;
+        EXPECT_TRUE(reader.IsAtEnd()) << rate;
+        EXPECT_EQ(0, reader.Read(stereo, 10));
+    }
+}
+
+TEST(StereoReader, ALastBlockOfOneFrameIsGiven)
+{
+    StereoReader reader(std::make_unique<NumberedDecoder>(1025), 44100);
+    EXPECT_EQ(1025u, ReadAll(&reader, 1024).size());
+}
+
+TEST(StereoReader, DecodesNothingWhileItHasTheFramesThatAreAskedFor)
+{
+    auto decoder = std::make_unique<NumberedDecoder>(5000);
+    const NumberedDecoder* numbered = decoder.get();
+    StereoReader reader(std::move(decoder), 44100);
+    StereoFrame stereo[1024];
+    EXPECT_EQ(1000, reader.Read(stereo, 1000));
+    EXPECT_EQ(1024, numbered->position);
+    EXPECT_EQ(24, reader.Read(stereo, 24));
+    EXPECT_EQ(1024, numbered->position);
+    EXPECT_EQ(1, reader.Read(stereo, 1));
+    EXPECT_EQ(2048, numbered->position);
 }
 
 TEST(StereoReader, ADecoderMayGiveFewFramesAtATime)
@@ -149,6 +185,7 @@ TEST(StereoReader, AtAnotherRateEveryFrameIsThatOfTheResampler)
     decoder->rate = 48000;
     StereoReader reader(std::move(decoder), 44100);
     const std::vector<float> whole = ReadAll(&reader, 100);
+    ASSERT_EQ(2757u, whole.size()) << "3000 / 48000 * 44100 = 2756.25, and frame 2756 lies ahead of that";
     Resampler resampler(48000, 44100);
     for (int64_t n = 0; n < int64_t(whole.size()); ++n) {
         std::vector<StereoFrame> around;
