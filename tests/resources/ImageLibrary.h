@@ -3,9 +3,18 @@
 // in the child that can be made to fail. The real one does the rest.
 #pragma once
 
+#include <IL/il.h>
+
 #include <sys/types.h>
 
 void SetImageLibraryVersions(int il, int ilu); // 0: the real one
+
+// What the library tells of the picture that it holds: IL_IMAGE_WIDTH and the like.
+void SetPictureInteger(ILenum what, ILint value);
+void ForgetPictureIntegers();
+
+// So many of the next calls of read() and waitpid() each are interrupted by a signal.
+void InterruptSystemCalls(int count);
 
 // A child that hangs is ended by the signal of the alarm that it has set, at once.
 enum ChildFate { ChildLives, ChildCrashes, ChildExits, ChildHangs };
@@ -21,6 +30,18 @@ unsigned LastAlarm();
 // a core file of it could have.
 unsigned long LastMemoryRoom();
 unsigned long LastCoreLimit();
+
+// What the library was told to read files with.
+struct FileFunctions {
+    fOpenRProc open;
+    fCloseRProc close;
+    fEofProc isAtEnd;
+    fGetcProc getByte;
+    fReadProc read;
+    fSeekRProc seek;
+    fTellRProc tell;
+};
+const FileFunctions& LibraryFileFunctions();
 
 // How often the library was shut down.
 int LibraryShutdowns();

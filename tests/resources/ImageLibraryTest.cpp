@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Stands in front of four functions of the image library and one of the system: this executable's
+// Stands in front of five functions of the image library and three of the system: this executable's
 // definitions win over the libraries'.
 #include "tests/resources/ImageLibrary.h"
 
@@ -9,18 +9,25 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <fstream>
+#include <map>
 
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 static int ilVersion = 0;
 static int iluVersion = 0;
 static ChildFate childFate = ChildLives;
+static std::map<ILenum, ILint> pictureIntegers;
+static int readsToInterrupt = 0;
+static int waitsToInterrupt = 0;
 static int shutdowns = 0;
+static FileFunctions fileFunctions = {};
 
 // What the child tells of itself, in memory that it shares with the test.
 struct ChildNotes {
@@ -41,6 +48,31 @@ void SetImageLibraryVersions(int il, int ilu)
 {
     ilVersion = il;
     iluVersion = ilu;
+}
+
+void SetPictureInteger(ILenum what, ILint value)
+{
+    pictureIntegers[what] = value;
+}
+
+void ForgetPictureIntegers()
+{
+    pictureIntegers.clear();
+}
+
+void InterruptSystemCalls(int count)
+{
+    readsToInterrupt = count;
+    waitsToInterrupt = count;
+}
+
+static bool IsInterrupted(int* left)
+{
+    if (*left == 0)
+        return false;
+    --*left;
+    errno = EINTR;
+    return true;
 }
 
 void SetChildFate(ChildFate fate)
@@ -80,6 +112,11 @@ static void NoteLimits()
     SharedNotes()->coreLimit = limit.rlim_cur;
 }
 
+const FileFunctions& LibraryFileFunctions()
+{
+    return fileFunctions;
+}
+
 int LibraryShutdowns()
 {
     return shutdowns;
@@ -92,6 +129,9 @@ extern "C" {
 ILint ilGetInteger(ILenum mode)
 {
     static const GetInteger real = reinterpret_cast<GetInteger>(dlsym(RTLD_NEXT, "ilGetInteger"));
+    const auto pretended = pictureIntegers.find(mode);
+    if (pretended != pictureIntegers.end())
+        return pretended->second;
     return mode == 0xDE2 && ilVersion ? ilVersion : real(mode);
 }
 
@@ -101,12 +141,31 @@ ILint iluGetInteger(ILenum mode)
     return mode == 0xDE2 && iluVersion ? iluVersion : real(mode);
 }
 
+void ilSetRead(fOpenRProc open, fCloseRProc close, fEofProc isAtEnd, fGetcProc getByte, fReadProc read,
+               fSeekRProc seek, fTellRProc tell)
+{
+    typedef void (*Function)(fOpenRProc, fCloseRProc, fEofProc, fGetcProc, fReadProc, fSeekRProc, fTellRProc);
+    static const Function real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "ilSetRead"));
+    fileFunctions = {open, close, isAtEnd, getByte, read, seek, tell};
+    real(open, close, isAtEnd, getByte, read, seek, tell);
+}
+
 void ilShutDown()
 {
     typedef void (*Function)();
     static const Function real = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "ilShutDown"));
     ++shutdowns;
     real();
+}
+
+ssize_t read(int file, void* to, size_t size)
+{
+    return IsInterrupted(&readsToInterrupt) ? -1 : syscall(SYS_read, file, to, size);
+}
+
+pid_t waitpid(pid_t child, int* status, int options)
+{
+    return IsInterrupted(&waitsToInterrupt) ? -1 : pid_t(syscall(SYS_wait4, child, status, options, nullptr));
 }
 
 unsigned alarm(unsigned seconds) noexcept

@@ -32,6 +32,7 @@ protected:
     {
         for (ImageData& image : images)
             FreeImage(&image);
+        ForgetPictureIntegers();
     }
 
     // The same, freed with the fixture.
@@ -264,6 +265,20 @@ TEST_F(ImageLoading, TheJpegLoaderCallsEverythingThreeComponents)
 }
 
 // ---- What can't be loaded
+
+static std::vector<std::string> seenPictures;
+
+TEST_F(ImageLoading, AnObserverIsToldOfEachPictureAheadOfItsDecoding)
+{
+    AddPicture("one.png", 2, 2);
+    ObservePictures([](const std::string& path) { seenPictures.push_back(path); });
+    Keep(loader->LoadImage("one.png"));
+    loader->LoadImage("missing.png");
+    EXPECT_EQ((std::vector<std::string>{PathOf("one.png"), PathOf("missing.png")}), seenPictures);
+    ObservePictures(nullptr);
+    Keep(loader->LoadImage("one.png"));
+    EXPECT_EQ(2u, seenPictures.size());
+}
 
 TEST_F(ImageLoading, ANameOfFourCharactersFailsWithoutTouchingTheFileSystem)
 {
@@ -502,6 +517,36 @@ TEST_F(ImageLoading, ASideOf16384IsSane)
     EXPECT_TRUE(boxes.empty());
 }
 
+TEST_F(ImageLoading, APictureOfWhichTheLibraryTellsImpossibleSidesIsRefused)
+{
+    AddPicture("odd.png", 4, 2);
+    const std::pair<ILenum, ILint> integers[] = {
+        {IL_IMAGE_WIDTH, 0},           {IL_IMAGE_WIDTH, -1},          {IL_IMAGE_HEIGHT, 0},
+        {IL_IMAGE_HEIGHT, -1},         {IL_IMAGE_BYTES_PER_PIXEL, 0}, {IL_IMAGE_BYTES_PER_PIXEL, -1},
+        {IL_IMAGE_BYTES_PER_PIXEL, 33}};
+    for (const auto& [what, value] : integers) {
+        SetPictureInteger(what, value);
+        ExpectFailure(loader->LoadImage("odd.png"), Complaint("odd.png", IL_ILLEGAL_FILE_VALUE));
+        SetPictureInteger(what, what == IL_IMAGE_HEIGHT ? 2 : 4); // as it is
+    }
+    SetPictureInteger(IL_IMAGE_BYTES_PER_PIXEL, 32); // four doubles
+    EXPECT_EQ(4, Keep(loader->LoadImage("odd.png")).width);
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(ImageLoading, BytesThatTheLibraryDoesNotHoldAreZeros)
+{
+    AddPicture("short.png", 4, 2);
+    const ImageData whole = Keep(loader->LoadImage("short.png"));
+    SetPictureInteger(IL_IMAGE_SIZE_OF_DATA, 5);
+    const ImageData image = Keep(loader->LoadImage("short.png"));
+    ASSERT_NE(nullptr, image.data);
+    Bytes expected(whole.data, whole.data + 5);
+    EXPECT_NE(Bytes(5, 0), expected);
+    expected.resize(4 * 2 * 4);
+    EXPECT_EQ(expected, Pixels(image, 4));
+}
+
 // 3 by 2 pixels of 24 bits: 9 bytes and 3 of padding a row, the lower row first.
 static std::string SmallBitmap()
 {
@@ -575,6 +620,18 @@ TEST_F(ForeignPictures, FailWhereTheSystemRefusesTheChild)
     chmod(PathOf(".").c_str(), 0755); // for a process that is not root's any more
     WithoutNewThreads(
         [this] { ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR)); });
+}
+
+TEST_F(ForeignPictures, AreWaitedForThroughSignals)
+{
+    InterruptSystemCalls(3);
+    const ImageData image = Keep(loader->LoadImage("small.ppm"));
+    ASSERT_NE(nullptr, image.data);
+    EXPECT_EQ(pixels, std::string(image.data, image.data + 12));
+    EXPECT_EQ(-1, waitpid(LastForeignDecoder(), nullptr, 0)) << "the child is left as a zombie";
+    InterruptSystemCalls(1);
+    SetChildFate(ChildExits);
+    ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
 }
 
 TEST_F(ForeignPictures, MayHangTheChildForTenSecondsOnly)
