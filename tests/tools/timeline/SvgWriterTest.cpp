@@ -166,6 +166,24 @@ TEST_F(TimelineSvg, FiveHundredEntriesAreDrawnAsTheyPlay)
     ExpectPictureOfThePlayer(Draw(PathOf("script.txt"), 1600, 8));
 }
 
+// Washes are numbered in the order in which they are met, so bars of one fill are painted alike.
+TEST_F(TimelineSvg, EffectsAreOnlyPaintedAlikeWhenAllWashesLieBetweenThemInTheListing)
+{
+    std::string script;
+    for (const EffectRecord& row : ProductionEffects())
+        script +=
+            std::string("[EFFECT]\nEffectName=") + row.key + ";\nStartTime=0;\nStopTime=10000;\nLayerID=1;\n";
+    AddFile("script.txt", script);
+    const XmlElement svg = Draw(PathOf("script.txt"));
+    const std::vector<const XmlElement*> bars = svg.All("g", "entry");
+    ASSERT_EQ(ProductionEffects().size(), bars.size());
+    for (size_t i = 0; i < bars.size(); i++)
+        for (size_t before = i < WashCount ? 0 : i - (WashCount - 1); before < i; before++)
+            EXPECT_NE((*bars[before]->Child("rect"))["fill"], (*bars[i]->Child("rect"))["fill"])
+                << (*bars[before])["data-effect"] << " and " << (*bars[i])["data-effect"];
+    EXPECT_EQ(size_t(WashCount), svg.All("linearGradient").size() - 1) << "one more is that of the lanes";
+}
+
 TEST_F(TimelineSvg, TheLoadingLiesLeftOfTheStartOnTheSameScale)
 {
     UseRealData();
