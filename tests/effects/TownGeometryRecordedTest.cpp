@@ -227,13 +227,13 @@ TEST_F(Town, NineHousesStandInTheirPlaces)
 
 TEST_F(Town, ShadowsOfHousesLieFlatTheBackRowsInMirroredLight)
 {
-    const float light[4] = {5, 10, 10, 0};
+    const float light[4] = {5, 10, 8, 0};
     DrawHouses(light);
     const auto boxes = Boxes();
     ASSERT_EQ(9u, boxes.size());
     for (int i = 0; i < 9; i++) {
         const double s = houses[i].back ? -1 : 1;
-        const double flatten[16] = {1, 0, 0, 0, -5 * s / 10, 0, -10 * s / 10, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+        const double flatten[16] = {1, 0, 0, 0, -5 * s / 10, 0, -8 * s / 10, 0, 0, 0, 1, 0, 0, 0, 0, 1};
         EXPECT_TRUE(gl::IsMatrix(boxes[i][0].modelview,
                                  PlaceOf(houses[i]) * gl::Translation(0, 0.1, 0) * gl::FromColumns(flatten),
                                  1e-5))
@@ -361,6 +361,27 @@ TEST_F(Windows, ALitPatchSwitchesLightingBackOnAndBlendingOff)
     DrawLightPatch(0.25f, 3, 1, 1, 1, 0, 0, 0, true, 1, 1, 0.5f, 0, textures, false);
     EXPECT_TRUE(gl::Now().Enabled(GL_LIGHTING));
     EXPECT_FALSE(gl::Now().Enabled(GL_BLEND));
+    ASSERT_EQ(4u, gl::Quads(gl::Draws()).size());
+    for (const gl::Draw& draw : gl::Draws()) {
+        EXPECT_TRUE(gl::IsTextured(draw, 71u));
+        EXPECT_TRUE(gl::IsLit(draw, false));
+        EXPECT_TRUE(gl::Blends(draw, GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA));
+        EXPECT_TRUE(gl::HasColour(draw, {1, 1, 1, 1}));
+        for (const gl::Vertex& vertex : draw.vertices)
+            EXPECT_TRUE(gl::IsPoint(vertex.normal, {-1, 0, 0}, 1e-6));
+    }
+}
+
+TEST_F(Windows, APatchOnAStretchedBoxHangsAsOnOneOfThatHeight)
+{
+    DrawLightPatch(1, 2, 2, 1, 3, 10, 20, 30, true, 1, 2, 0.5f, 0.25f, textures, false);
+    DrawLightPatch(1, 4, 1, 1, 3, 10, 20, 30, true, 1, 2, 0.5f, 0.25f, textures, false);
+    const std::vector<gl::Draw> slabs = gl::Quads(gl::Draws());
+    ASSERT_EQ(4u, slabs.size());
+    for (int slab = 0; slab < 2; slab++)
+        for (int v = 0; v < 4; v++)
+            EXPECT_TRUE(
+                gl::IsPoint(slabs[slab].vertices[v].object, slabs[slab + 2].vertices[v].object, 1e-5));
 }
 
 TEST_F(Windows, AnUnlitPatchTakesTheOtherPictureAndLeavesLightingAlone)
