@@ -5,6 +5,7 @@
 #include "tests/support/SoundFiles.h"
 
 #include <gtest/gtest.h>
+#include <sndfile.h>
 
 #include <algorithm>
 #include <cmath>
@@ -162,4 +163,45 @@ TEST(Mp3Decoder, OpeningWhatCannotBeOpenedLeavesNoFileOpen)
     for (int i = 0; i < 5; ++i)
         EXPECT_EQ(nullptr, OpenDecoder(path, 44100));
     EXPECT_EQ(before, OpenDescriptors());
+}
+
+static const soundfiles::Kind voice = {
+    "voice.mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 22050, 1, 1.0, SF_BITRATE_MODE_CONSTANT};
+
+// The library keeps places of a thousand frames unless it is told otherwise; these are 2700.
+TEST(Mp3Decoder, SeeksAreExactHoweverLongTheMusicIs)
+{
+    const std::unique_ptr<Decoder> decoder = Mp3Decoder::Open(soundfiles::Make(voice, 70.0));
+    ASSERT_NE(nullptr, decoder);
+    std::vector<float> whole, block(Decoder::BlockFrames);
+    EXPECT_EQ(0, decoder->Seek(0));
+    while (const int got = decoder->Read(block.data()))
+        whole.insert(whole.end(), block.begin(), block.begin() + got);
+    ASSERT_EQ(70u * 22050, whole.size());
+    for (int64_t frame : {1500000, 700000, 1234567, 20000, 1100001}) {
+        int64_t position = decoder->Seek(frame);
+        EXPECT_EQ(frame - 16384, position);
+        for (int got; position < frame + 1024 && (got = decoder->Read(block.data())) > 0; position += got)
+            for (int i = int(std::max<int64_t>(frame - position, 0)); i < got; ++i)
+                ASSERT_EQ(whole[size_t(position + i)], block[size_t(i)]) << frame << " " << position + i;
+    }
+}
+
+TEST(Mp3Decoder, AStreamThatGoesOnInMonoStaysInTheStereoThatItBeganWith)
+{
+    const soundfiles::Kind mono = {
+        "mono.mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 44100, 1, 0.4, SF_BITRATE_MODE_CONSTANT};
+    const std::unique_ptr<Decoder> decoder =
+        Mp3Decoder::Open(Save("both.mp3", Mp3Bytes() + ReadFile(soundfiles::Make(mono, 5.0))));
+    ASSERT_NE(nullptr, decoder);
+    EXPECT_EQ(2u, decoder->speakers.size());
+    std::vector<float> block(Decoder::BlockFrames * 2), heard;
+    EXPECT_EQ(0, decoder->Seek(0));
+    while (const int got = decoder->Read(block.data()))
+        heard.insert(heard.end(), block.begin(), block.begin() + got * 2);
+    EXPECT_GT(heard.size(), size_t(430000 * 2));
+    int different = 0;
+    for (size_t i = heard.size() - 100000 * 2; i < heard.size(); i += 2)
+        different += heard[i] != heard[i + 1];
+    EXPECT_EQ(0, different) << "both sides of the second half are the one of mono";
 }

@@ -170,9 +170,11 @@ TEST_F(TimelineSvg, FiveHundredEntriesAreDrawnAsTheyPlay)
 TEST_F(TimelineSvg, EffectsAreOnlyPaintedAlikeWhenAllWashesLieBetweenThemInTheListing)
 {
     std::string script;
-    for (const EffectRecord& row : ProductionEffects())
+    for (const EffectRecord& row : ProductionEffects()) {
+        EXPECT_LT(row.wash, WashCount) << row.key;
         script +=
             std::string("[EFFECT]\nEffectName=") + row.key + ";\nStartTime=0;\nStopTime=10000;\nLayerID=1;\n";
+    }
     AddFile("script.txt", script);
     const XmlElement svg = Draw(PathOf("script.txt"));
     const std::vector<const XmlElement*> bars = svg.All("g", "entry");
