@@ -20,21 +20,24 @@ public:
     int Read(float* samples) override
     {
         reads++;
-        while (ending && hangs)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         if (ending) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            slow = true;
+            do
+                std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            while (hangs);
             fputs("read ", stderr);
         }
         return NumberedDecoder::Read(samples);
     }
 
-    static std::atomic<bool> ending;
     static std::atomic<int> reads;
+    static std::atomic<bool> ending;
+    static std::atomic<bool> slow; // such a Read has begun
     static bool hangs;
 };
-std::atomic<bool> SlowDecoder::ending{false};
 std::atomic<int> SlowDecoder::reads{0};
+std::atomic<bool> SlowDecoder::ending{false};
+std::atomic<bool> SlowDecoder::slow{false};
 bool SlowDecoder::hangs = false;
 
 static EventCount wakeUp;
@@ -47,7 +50,7 @@ static void TidyUp()
     if (wakeUp.Current() == notified)
         fputs("without waking the thread ", stderr);
     const int before = SlowDecoder::reads;
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
     if (SlowDecoder::reads != before)
         fputs("too soon ", stderr);
 }
@@ -62,9 +65,8 @@ static void TidyUp()
     thread.Add(new SoundStream(std::make_unique<SlowDecoder>(), 44100, 60000, &wakeUp));
     Eventually([] { return SlowDecoder::reads > 0; });
     std::atexit([] {
-        const int before = SlowDecoder::reads;
         SlowDecoder::ending = true;
-        Eventually([before] { return SlowDecoder::reads > before; });
+        Eventually([] { return SlowDecoder::slow.load(); });
         notified = wakeUp.Current();
     });
     exit(0);
