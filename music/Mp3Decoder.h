@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // MPEG audio (MP3) through libmpg123. libsndfile would read it through the same library, but lets it write
 // its notes about odd files to the standard error stream and gives up at the first damage.
+//
+// In mono and below 32000 Hz libmpg123 sums in an order that depends on what it decoded before, so that behind a seek
+// the last bit of a sample may be another than in playing up to the place.
 #pragma once
 
 #include "music/Decoder.h"

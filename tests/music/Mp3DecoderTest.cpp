@@ -165,25 +165,26 @@ TEST(Mp3Decoder, OpeningWhatCannotBeOpenedLeavesNoFileOpen)
     EXPECT_EQ(before, OpenDescriptors());
 }
 
-static const soundfiles::Kind voice = {
-    "voice.mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 22050, 1, 1.0, SF_BITRATE_MODE_CONSTANT};
+// 8 kbit/s: a frame has 5 bytes of its own and takes the rest from up to 51 frames before it.
+static const soundfiles::Kind whisper = {
+    "whisper.mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, 22050, 2, 1.0, SF_BITRATE_MODE_CONSTANT};
 
-// The library keeps places of a thousand frames unless it is told otherwise; these are 2700.
-TEST(Mp3Decoder, SeeksAreExactHoweverLongTheMusicIs)
+// The library keeps places of a thousand frames unless it is told otherwise; these are 2300.
+TEST(Mp3Decoder, SeeksAreRightAtTheLowestBitRateAndHoweverLongTheMusicIs)
 {
-    const std::unique_ptr<Decoder> decoder = Mp3Decoder::Open(soundfiles::Make(voice, 70.0));
+    const std::unique_ptr<Decoder> decoder = Mp3Decoder::Open(soundfiles::Make(whisper, 60.0));
     ASSERT_NE(nullptr, decoder);
-    std::vector<float> whole, block(Decoder::BlockFrames);
+    std::vector<float> whole, block(Decoder::BlockFrames * 2);
     EXPECT_EQ(0, decoder->Seek(0));
     while (const int got = decoder->Read(block.data()))
-        whole.insert(whole.end(), block.begin(), block.begin() + got);
-    ASSERT_EQ(70u * 22050, whole.size());
-    for (int64_t frame : {1500000, 700000, 1234567, 20000, 1100001}) {
+        whole.insert(whole.end(), block.begin(), block.begin() + got * 2);
+    ASSERT_GE(whole.size(), size_t(60 * 22050 * 2));
+    for (int64_t frame : {1200000, 414218, 1000001, 586001, 1234567, 20000}) {
         int64_t position = decoder->Seek(frame);
-        EXPECT_EQ(frame - 16384, position);
-        for (int got; position < frame + 1024 && (got = decoder->Read(block.data())) > 0; position += got)
-            for (int i = int(std::max<int64_t>(frame - position, 0)); i < got; ++i)
-                ASSERT_EQ(whole[size_t(position + i)], block[size_t(i)]) << frame << " " << position + i;
+        EXPECT_LE(position, frame);
+        for (int got; position < frame + 10000 && (got = decoder->Read(block.data())) > 0; position += got)
+            for (int i = int(std::clamp<int64_t>(frame - position, 0, got)) * 2; i < got * 2; ++i)
+                ASSERT_NEAR(whole[size_t(position * 2 + i)], block[size_t(i)], 1e-6) << frame << " " << i;
     }
 }
 
