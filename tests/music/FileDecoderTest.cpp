@@ -169,6 +169,8 @@ TEST(FileDecoder, WhatAnOggStepsOverIsLeftOutAndItsLastSecondsAreHeardOnce)
         const std::vector<float> heard = ReadFrom(decoder.get(), 0, 300000);
         ASSERT_LT(heard.size(), whole.size() - 20000 * 2);
         EXPECT_TRUE(std::equal(heard.end() - 20000 * 2, heard.end(), whole.end() - 20000 * 2));
+        std::vector<float> block(Decoder::BlockFrames * 2);
+        EXPECT_EQ(0, decoder->Read(block.data())) << "the end stays the end";
     }
 }
 

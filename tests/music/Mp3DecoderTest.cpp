@@ -149,6 +149,13 @@ TEST(Mp3Decoder, OddFilesAreReadWithoutAWordOnTheStandardErrorStream)
     FramesInSilence(Save("framed.bin", "\xFF\xFB\x90" + Noise(5000)));
 }
 
+TEST(Mp3Decoder, ADamagedStartIsOnlySearchedThroughInAFileThatIsCalledMp3)
+{
+    const std::string headless = Mp3Bytes().substr(100);
+    EXPECT_NE(nullptr, OpenDecoder(Save("headless.mp3", headless), 44100));
+    EXPECT_EQ(nullptr, OpenDecoder(Save("headless.bin", headless), 44100));
+}
+
 TEST(Mp3Decoder, AFileOfThatNameThatHoldsSomethingElseIsReadAsWhatItIs)
 {
     const std::string wave = ReadFile(soundfiles::Make(soundfiles::KindOf("16bit.wav"), 1.0));

@@ -13,8 +13,8 @@ void SetImageLibraryVersions(int il, int ilu); // 0: the real one
 void SetPictureInteger(ILenum what, ILint value);
 void ForgetPictureIntegers();
 
-// So many of the next calls of read() and waitpid() each are interrupted by a signal.
-void InterruptSystemCalls(int count);
+// So many of the next calls of read() and waitpid() each fail: interrupted by a signal (EINTR) or for good.
+void FailSystemCalls(int count, int error);
 
 // A child that hangs is ended by the signal of the alarm that it has set, at once.
 enum ChildFate { ChildLives, ChildCrashes, ChildExits, ChildHangs };
@@ -23,8 +23,9 @@ void SetChildFate(ChildFate fate);
 // The process in which a foreign picture was decoded last; 0 if none was.
 pid_t LastForeignDecoder();
 
-// The seconds that the child asked to be ended after; 0 if it did not.
+// The seconds that the child asked to be ended after; 0 if it did not. The second: it went on in spite of the signal.
 unsigned LastAlarm();
+bool OutlivedAlarm();
 
 // The memory that the last such process could still take when it began to decode, in bytes, and the size that
 // a core file of it could have.

@@ -24,8 +24,9 @@ static int ilVersion = 0;
 static int iluVersion = 0;
 static ChildFate childFate = ChildLives;
 static std::map<ILenum, ILint> pictureIntegers;
-static int readsToInterrupt = 0;
-static int waitsToInterrupt = 0;
+static int readsToFail = 0;
+static int waitsToFail = 0;
+static int failure = 0;
 static int shutdowns = 0;
 static FileFunctions fileFunctions = {};
 
@@ -33,6 +34,7 @@ static FileFunctions fileFunctions = {};
 struct ChildNotes {
     pid_t process;
     unsigned alarmSeconds;
+    bool outlivedAlarm;
     unsigned long memoryRoom;
     unsigned long coreLimit;
 };
@@ -60,18 +62,19 @@ void ForgetPictureIntegers()
     pictureIntegers.clear();
 }
 
-void InterruptSystemCalls(int count)
+void FailSystemCalls(int count, int error)
 {
-    readsToInterrupt = count;
-    waitsToInterrupt = count;
+    readsToFail = count;
+    waitsToFail = count;
+    failure = error;
 }
 
-static bool IsInterrupted(int* left)
+static bool Fails(int* left)
 {
     if (*left == 0)
         return false;
     --*left;
-    errno = EINTR;
+    errno = failure;
     return true;
 }
 
@@ -89,6 +92,11 @@ pid_t LastForeignDecoder()
 unsigned LastAlarm()
 {
     return SharedNotes()->alarmSeconds;
+}
+
+bool OutlivedAlarm()
+{
+    return SharedNotes()->outlivedAlarm;
 }
 
 unsigned long LastMemoryRoom()
@@ -160,12 +168,12 @@ void ilShutDown()
 
 ssize_t read(int file, void* to, size_t size)
 {
-    return IsInterrupted(&readsToInterrupt) ? -1 : syscall(SYS_read, file, to, size);
+    return Fails(&readsToFail) ? -1 : syscall(SYS_read, file, to, size);
 }
 
 pid_t waitpid(pid_t child, int* status, int options)
 {
-    return IsInterrupted(&waitsToInterrupt) ? -1 : pid_t(syscall(SYS_wait4, child, status, options, nullptr));
+    return Fails(&waitsToFail) ? -1 : pid_t(syscall(SYS_wait4, child, status, options, nullptr));
 }
 
 unsigned alarm(unsigned seconds) noexcept
@@ -191,6 +199,7 @@ ILenum ilDetermineType(ILconst_string path)
     case ChildHangs:
         if (SharedNotes()->alarmSeconds > 0)
             raise(SIGALRM);
+        SharedNotes()->outlivedAlarm = true;
         _exit(0);
     }
     return real(path);

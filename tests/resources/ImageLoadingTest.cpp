@@ -14,11 +14,15 @@
 #include <IL/il.h>
 #include <IL/ilu.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 typedef std::vector<unsigned char> Bytes;
@@ -624,21 +628,39 @@ TEST_F(ForeignPictures, FailWhereTheSystemRefusesTheChild)
 
 TEST_F(ForeignPictures, AreWaitedForThroughSignals)
 {
-    InterruptSystemCalls(3);
+    FailSystemCalls(3, EINTR);
     const ImageData image = Keep(loader->LoadImage("small.ppm"));
     ASSERT_NE(nullptr, image.data);
     EXPECT_EQ(pixels, std::string(image.data, image.data + 12));
     EXPECT_EQ(-1, waitpid(LastForeignDecoder(), nullptr, 0)) << "the child is left as a zombie";
-    InterruptSystemCalls(1);
+    FailSystemCalls(1, EINTR);
     SetChildFate(ChildExits);
     ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
 }
 
+TEST_F(ForeignPictures, FailWhereTheirPipeDoes)
+{
+    FailSystemCalls(1, EIO);
+    ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
+    FailSystemCalls(0, 0);
+}
+
+TEST_F(ForeignPictures, FailWhereTheLibraryFailsAtTheKindThatTheirContentTells)
+{
+    AddFile("cut.gif", std::string("GIF89a\2\0\2\0\0\0\0", 13) + "!!!!!!");
+    EXPECT_EQ(nullptr, loader->LoadImage("cut.gif").data);
+    EXPECT_EQ(1u, boxes.size());
+    EXPECT_TRUE(QuitWasPosted());
+}
+
 TEST_F(ForeignPictures, MayHangTheChildForTenSecondsOnly)
 {
+    std::signal(SIGALRM, SIG_IGN); // as whatever started the show may have left it
     SetChildFate(ChildHangs);
     ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
     EXPECT_EQ(10u, LastAlarm());
+    EXPECT_FALSE(OutlivedAlarm());
+    std::signal(SIGALRM, SIG_DFL);
 }
 
 TEST_F(ForeignPictures, MayTakeTwoGibibytesMoreThanTheShowAndLeaveNoCoreFile)
@@ -648,7 +670,9 @@ TEST_F(ForeignPictures, MayTakeTwoGibibytesMoreThanTheShowAndLeaveNoCoreFile)
     limit.rlim_cur = limit.rlim_max;
     ASSERT_EQ(0, setrlimit(RLIMIT_CORE, &limit));
     SetChildFate(ChildLives);
+    void* const room = mmap(nullptr, 1 << 30, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     EXPECT_EQ(2, Keep(loader->LoadImage("small.ppm")).width);
+    munmap(room, 1 << 30);
     EXPECT_NEAR(2048.0, double(LastMemoryRoom()) / (1 << 20), 64)
         << "mebibytes, less what it took up to there";
     EXPECT_EQ(0u, LastCoreLimit());
