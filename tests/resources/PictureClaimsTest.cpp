@@ -140,6 +140,10 @@ TEST(PictureClaims, TellOfAJpegThatIsCutInsideASegment)
     EXPECT_TRUE(JpegEndsInSegment(start + comment + comment.substr(0, 6)));
     EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\xDA" + Big(2, 2) + coded + comment.substr(0, 6)));
     EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\xE0\xFF\xFF"));
+    EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\xCF\x70\x70"));
+    EXPECT_TRUE(JpegEndsInSegment(start + "\xFF\x01" + comment.substr(0, 6)))
+        << "behind a mark without a length";
+    EXPECT_FALSE(JpegEndsInSegment(start + "\xFF\xDA" + Big(2, 2) + "\x12\xE1\x70\x70")) << "coded pixels";
     EXPECT_FALSE(JpegEndsInSegment(start + "\xFF\xD9" + comment.substr(0, 6)))
         << "is behind the end of the image";
     for (int tooSmall : {0, 1}) // the length counts its own two bytes, and at least these are skipped
