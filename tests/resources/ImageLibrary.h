@@ -17,7 +17,7 @@ void ForgetPictureIntegers();
 void FailSystemCalls(int count, int error);
 
 // A child that hangs is ended by the signal of the alarm that it has set, at once.
-enum ChildFate { ChildLives, ChildCrashes, ChildExits, ChildHangs };
+enum ChildFate { ChildLives, ChildCrashes, ChildCrashesAsItDecodes, ChildExits, ChildHangs };
 void SetChildFate(ChildFate fate);
 
 // The process in which a foreign picture was decoded last; 0 if none was.

@@ -611,7 +611,7 @@ TEST_F(ForeignPictures, FailWithTheLibrarysWordsFromTheChild)
 
 TEST_F(ForeignPictures, MayKillTheChildAndNotTheShow)
 {
-    for (ChildFate fate : {ChildCrashes, ChildExits}) {
+    for (ChildFate fate : {ChildCrashes, ChildCrashesAsItDecodes, ChildExits}) {
         SetChildFate(fate);
         ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
     }
@@ -632,9 +632,29 @@ TEST_F(ForeignPictures, AreWaitedForThroughSignals)
     const ImageData image = Keep(loader->LoadImage("small.ppm"));
     ASSERT_NE(nullptr, image.data);
     EXPECT_EQ(pixels, std::string(image.data, image.data + 12));
+    FailSystemCalls(0, 0);
     EXPECT_EQ(-1, waitpid(LastForeignDecoder(), nullptr, 0)) << "the child is left as a zombie";
     FailSystemCalls(1, EINTR);
     SetChildFate(ChildExits);
+    ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
+}
+
+TEST_F(ForeignPictures, LeaveNoPipeOpen)
+{
+    const auto openDescriptors = [] {
+        const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+        return std::distance(begin(descriptors), end(descriptors));
+    };
+    const auto before = openDescriptors();
+    Keep(loader->LoadImage("small.ppm"));
+    SetChildFate(ChildCrashes);
+    ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
+    EXPECT_EQ(before, openDescriptors());
+}
+
+TEST_F(ForeignPictures, OfWhichTheLibraryHoldsLessThanItTellsFail)
+{
+    SetPictureInteger(IL_IMAGE_SIZE_OF_DATA, 5);
     ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
 }
 
@@ -725,6 +745,7 @@ TEST_F(ForeignPictures, AreTheOnlyOnesThatNeedAChild)
     AddPicture("own.jpg", 2, 2);
     EXPECT_EQ(2, Keep(loader->LoadImage("own.png")).width);
     EXPECT_EQ(2, Keep(loader->LoadImage("own.jpg")).width);
+    ExpectFailure(loader->LoadImage("missing.tga"), Complaint("missing.tga", IL_COULD_NOT_OPEN_FILE));
 }
 
 TEST_F(ForeignPictures, ThatAreBrokenGiveTheirBox)
