@@ -79,8 +79,13 @@ int main(int argc, char** argv)
     std::sort(sorted.begin(), sorted.end());
     printf("%.0f s, %zu buffers, the device takes %.0f frames a second for %d\n", Now() - begin,
            errors.size(), taken, rate);
-    printf("apart from the start on: median %+.2f ms, from %+.2f to %+.2f ms; at the end %+.2f ms\n",
-           1000 * sorted[sorted.size() / 2], 1000 * sorted.front(), 1000 * sorted.back(),
-           1000 * errors.back());
+    const double middle = sorted[sorted.size() / 2];
+    const auto outside = std::count_if(errors.begin(), errors.end(), [middle](double error) {
+        return std::fabs(error - middle) > 1 / 60.0;
+    });
+    printf("apart since the first of them: median %+.2f ms, from %+.2f to %+.2f ms, at the end %+.2f ms;\n"
+           "a frame of the picture and more beside the median: %ld of %zu\n",
+           1000 * middle, 1000 * sorted.front(), 1000 * sorted.back(), 1000 * errors.back(), long(outside),
+           errors.size());
     return 0;
 }
