@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/DebugChannel.h"
 
+#include "platform/DebugChannelHooks.h"
+
 #include <cstdio>
 
 namespace platform

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/EmbeddedFiles.h"
 
+#include "platform/EmbeddedFilesHooks.h"
+
 namespace platform
 {
 

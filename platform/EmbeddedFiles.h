@@ -22,7 +22,4 @@ extern const EmbeddedFile embeddedFiles[];
 // the table. False: there is no such file, and *data and *size are null and 0.
 bool FindEmbeddedFile(const std::string& name, const unsigned char** data, size_t* size);
 
-// Puts another table, which is borrowed, in place of the program's own; null restores that.
-void UseEmbeddedFiles(const EmbeddedFile* table);
-
 } // namespace platform

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Events.h"
 
+#include "platform/EventsHooks.h"
+
 #include <SDL.h>
 #include <deque>
 

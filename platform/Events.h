@@ -27,7 +27,4 @@ void PostQuit(int exitCode);
 // do not delay Escape.
 Event TakeEvent();
 
-// For tests: appends an event, which comes after those posted earlier and before the system's.
-void PostEvent(Event event);
-
 } // namespace platform

@@ -2,6 +2,7 @@
 #include "platform/SoundOutput.h"
 
 #include "platform/DebugChannel.h"
+#include "platform/SoundOutputHooks.h"
 
 #include <SDL.h>
 #include <algorithm>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The decoders of TextureLoader, from files to pixels.
 #include "resources/TextureLoader.h"
+#include "resources/TextureLoaderHooks.h"
 
 #include "kernel/Report.h"
 #include "platform/EmbeddedFiles.h"

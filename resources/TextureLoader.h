@@ -24,10 +24,6 @@ struct TextureEntry {
     Texture* texture;
 };
 
-// For tests and tools: told the path of each picture file ahead of its decoding. Null takes it off.
-typedef void (*PictureObserver)(const std::string& path);
-void ObservePictures(PictureObserver observer);
-
 class TextureLoader
 {
 public:

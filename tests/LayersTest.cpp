@@ -131,3 +131,24 @@ TEST(Layers, OnlyThePlatformKnowsWindowToolkits)
             EXPECT_FALSE(std::regex_search(line, toolkit)) << file << ": " << line;
     }
 }
+
+TEST(Layers, OnlyTestsAndToolsAndTheSourcesBesideThemIncludeHooks)
+{
+    const std::regex hooks("^ *# *include \"([a-z/]+)/[A-Za-z]+Hooks.h\"");
+    int included = 0;
+    for (const std::string& file : Sources()) {
+        if (file.rfind("tests/", 0) == 0 || file.rfind("tools/", 0) == 0)
+            continue;
+        const fs::path path(file);
+        std::ifstream source(fs::path(SOURCE_DIR) / path);
+        for (std::string line; std::getline(source, line);) {
+            std::smatch match;
+            if (!std::regex_search(line, match, hooks))
+                continue;
+            included++;
+            EXPECT_TRUE(path.extension() == ".cpp" && path.parent_path() == match[1].str())
+                << file << ": " << line;
+        }
+    }
+    EXPECT_GT(included, 0);
+}

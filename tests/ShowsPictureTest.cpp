@@ -10,6 +10,7 @@
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
 #include "platform/dialogs/StartForm.h"
+#include "platform/dialogs/StartFormHooks.h"
 #include "tests/Folders.h"
 #include "tests/support/AllEffectsShow.h"
 #include "tests/support/picture/PictureFixture.h"

@@ -8,6 +8,7 @@
 #include "kernel/Production.h"
 #include "platform/SteppedClock.h"
 #include "platform/dialogs/StartForm.h"
+#include "platform/dialogs/StartFormHooks.h"
 #include "tests/Folders.h"
 #include "tests/support/AllEffectsShow.h"
 #include "tests/support/NullWindowSystem.h"

@@ -12,6 +12,7 @@
 #include "kernel/SynchMessageTable.h"
 #include "platform/SteppedClock.h"
 #include "platform/dialogs/StartForm.h"
+#include "platform/dialogs/StartFormHooks.h"
 #include "tests/support/BytesInUse.h"
 #include "tests/support/NullWindowSystem.h"
 #include "tests/support/ShowFixture.h"

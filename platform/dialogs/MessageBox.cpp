@@ -2,6 +2,7 @@
 #include "platform/dialogs/MessageBox.h"
 
 #include "platform/Screen.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "platform/dialogs/MessageBoxWindow.h"
 #include "platform/dialogs/TextFlow.h"
 

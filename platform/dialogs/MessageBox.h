@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Modal message boxes: caption, wrapped body, icon, one OK button. Possible before any window exists and
-// while a full-screen window is up. Main thread only, but for threads that collect their boxes.
+// while a full-screen window is up. Main thread only.
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace platform
 {
@@ -23,9 +22,5 @@ struct MessageBox {
 // content will do; what doesn't fit scrolls. Without a display the box goes to stderr as text and the call
 // returns at once.
 void ShowMessageBox(std::string caption, std::string body, unsigned icon);
-
-// For tests and tools: from here on boxes of the calling thread are appended to *sink and return at once; null
-// shows them again. The sink is borrowed. Returns the thread's sink up to now.
-std::vector<MessageBox>* CollectMessageBoxes(std::vector<MessageBox>* sink);
 
 } // namespace platform

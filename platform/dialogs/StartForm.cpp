@@ -3,6 +3,7 @@
 
 #include "platform/Screen.h"
 #include "platform/dialogs/FormWindow.h"
+#include "platform/dialogs/StartFormHooks.h"
 
 namespace platform
 {

@@ -9,7 +9,6 @@
 // 232 by 143 units is 348 by 250 pixels, and a picture of 348 by 138 pixels fills it down to unit 79.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -61,9 +60,5 @@ struct StartForm {
 // FormClosed if the window was closed. The check marks in form are then as the user left them. The form is
 // off the screen on return. Needs a display (see Screen.h); without one it counts as closed.
 int ShowStartForm(StartForm& form);
-
-// For tests and tools: from here on ShowStartForm calls answer in place of a window, which may change the
-// check marks, and returns what it returns. An empty function shows windows again.
-void AnswerStartForm(std::function<int(StartForm& form)> answer);
 
 } // namespace platform

@@ -3,8 +3,10 @@
 // GLWindowRecordedTest.cpp.
 #include "display/GLWindow.h"
 
-#include "platform/DebugChannel.h"
+#include "platform/DebugChannelHooks.h"
+#include "platform/EventsHooks.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/support/BoxWatch.h"
 #include "tests/support/NullWindowSystem.h"
 

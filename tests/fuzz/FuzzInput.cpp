@@ -3,6 +3,7 @@
 
 #include "platform/Events.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 
 #include <cstdio>
 #include <cstdlib>

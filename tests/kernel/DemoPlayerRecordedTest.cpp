@@ -6,6 +6,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/LoadingScreen.h"
 #include "platform/Events.h"
+#include "platform/EventsHooks.h"
 #include "platform/SteppedClock.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/BytesInUse.h"

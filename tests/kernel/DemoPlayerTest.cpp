@@ -8,6 +8,7 @@
 #include "platform/Events.h"
 #include "platform/SteppedClock.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/kernel/ProbeEffect.h"
 
 #include <gtest/gtest.h>

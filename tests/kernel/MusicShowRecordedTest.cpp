@@ -10,7 +10,7 @@
 #include "music/SoundSystem.h"
 #include "music/SoundSystemHooks.h"
 #include "platform/CountedClock.h"
-#include "platform/SoundOutput.h"
+#include "platform/SoundOutputHooks.h"
 #include "platform/SteppedClock.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/BoxWatch.h"

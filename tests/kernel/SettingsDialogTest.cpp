@@ -2,6 +2,7 @@
 #include "kernel/SettingsDialog.h"
 
 #include "platform/dialogs/StartForm.h"
+#include "platform/dialogs/StartFormHooks.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "music/SoundSystem.h"
 #include "music/SoundSystemHooks.h"
 #include "platform/Paths.h"
-#include "platform/SoundOutput.h"
+#include "platform/SoundOutputHooks.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
 

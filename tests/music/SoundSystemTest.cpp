@@ -3,6 +3,7 @@
 #include "music/SoundSystemHooks.h"
 
 #include "platform/SoundOutput.h"
+#include "platform/SoundOutputHooks.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"
 #include "tests/support/WithoutNewThreads.h"

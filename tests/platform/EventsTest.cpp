@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Events.h"
 
+#include "platform/EventsHooks.h"
 #include "platform/WindowSystem.h"
 
 #include <SDL.h>

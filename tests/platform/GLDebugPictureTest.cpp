@@ -5,7 +5,7 @@
 #ifdef MARLINEX_DEBUG_GL
 
 #include "display/RenderTarget.h"
-#include "platform/DebugChannel.h"
+#include "platform/DebugChannelHooks.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>

@@ -2,7 +2,7 @@
 // What a real driver was asked for, and gave.
 #include "platform/WindowSystem.h"
 
-#include "platform/DebugChannel.h"
+#include "platform/DebugChannelHooks.h"
 #include "platform/Events.h"
 #include "tests/support/WithoutNewThreads.h"
 #include "tests/support/picture/PictureFixture.h"

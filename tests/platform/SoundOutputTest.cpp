@@ -2,7 +2,8 @@
 #include "platform/SoundOutput.h"
 
 #include "music/SoundSystem.h"
-#include "platform/DebugChannel.h"
+#include "platform/DebugChannelHooks.h"
+#include "platform/SoundOutputHooks.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"

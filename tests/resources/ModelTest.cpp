@@ -4,6 +4,7 @@
 #include "platform/Events.h"
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "resources/TextArchive.h"
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include "kernel/DemoPlayer.h"
 #include "kernel/EffectRegistry.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "script/ScriptParser.h"
 
 #include <gtest/gtest.h>

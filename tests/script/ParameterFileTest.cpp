@@ -5,6 +5,7 @@
 #include "platform/Events.h"
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/support/CommaLocale.h"
 #include "tests/support/OddFiles.h"
 #include "tests/support/ReadFile.h"

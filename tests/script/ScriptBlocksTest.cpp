@@ -7,6 +7,7 @@
 #include "kernel/EffectRegistry.h"
 #include "platform/Events.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/kernel/ProbeEffect.h"
 
 #include <gtest/gtest.h>

@@ -8,6 +8,7 @@
 #include "platform/Events.h"
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/OddFiles.h"
 

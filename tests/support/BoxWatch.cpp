@@ -2,7 +2,7 @@
 #include "tests/support/BoxWatch.h"
 
 #include "platform/Events.h"
-#include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 
 #include <cstdlib>
 #include <cstring>

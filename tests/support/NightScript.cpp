@@ -9,6 +9,7 @@
 #include "kernel/SynchMessageTable.h"
 #include "platform/Paths.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/Folders.h"
 
 #include <gtest/gtest.h>

@@ -6,6 +6,7 @@
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
 #include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "script/ScriptParser.h"
 
 #include <cstdio>

@@ -3,10 +3,11 @@
 
 #include "kernel/FrameTimer.h"
 #include "kernel/Production.h"
-#include "platform/DebugChannel.h"
+#include "platform/DebugChannelHooks.h"
 #include "platform/Events.h"
 #include "platform/Paths.h"
 #include "platform/SteppedClock.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/Folders.h"
 
 #include <cstdio>

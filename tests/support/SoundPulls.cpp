@@ -3,6 +3,7 @@
 
 #include "music/SoundSystem.h"
 #include "platform/SoundOutput.h"
+#include "platform/SoundOutputHooks.h"
 
 #include <gtest/gtest.h>
 

@@ -9,6 +9,7 @@
 #include "platform/Paths.h"
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 
 #include <GL/glew.h>
 

@@ -11,6 +11,7 @@
 #include "music/SoundSystem.h"
 #include "platform/Paths.h"
 #include "platform/SoundOutput.h"
+#include "platform/SoundOutputHooks.h"
 
 #include <benchmark/benchmark.h>
 

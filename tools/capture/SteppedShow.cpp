@@ -10,6 +10,7 @@
 #include "kernel/Report.h"
 #include "platform/CountedClock.h"
 #include "platform/Events.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "script/ScriptParser.h"
 
 #include <GL/glew.h>

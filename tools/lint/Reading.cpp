@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/lint/Reading.h"
 
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "script/ScriptParser.h"
 
 #include <algorithm>

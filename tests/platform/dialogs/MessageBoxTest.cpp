@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs/MessageBox.h"
 
+#include "platform/dialogs/MessageBoxHooks.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs/StartForm.h"
 
+#include "platform/dialogs/StartFormHooks.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/recorder/GLRecorder.h"
 
-#include "resources/TextureLoader.h"
+#include "resources/TextureLoaderHooks.h"
 #include "tests/support/recorder/GLContext.h"
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 #include "tools/edit/MusicTransport.h"
 
 #include "platform/SoundOutput.h"
+#include "platform/SoundOutputHooks.h"
 #include "platform/SteppedClock.h"
 #include "tests/support/SoundFiles.h"
 #include "tests/support/SoundPulls.h"

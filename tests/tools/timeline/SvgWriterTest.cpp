@@ -7,6 +7,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
 #include "platform/Paths.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/support/BusyShow.h"
 #include "tests/support/ShowFixture.h"
 #include "tests/support/SoundFiles.h"
