@@ -116,7 +116,7 @@ static const RoofCorner roof[4] = {{0.75f, 0.0f, 3}, {1.0f, 0.0f, 0}, {1.0f, 0.2
 // clang-format on
 
 // The shape of a twisted box: the arguments of DrawTwistedBox.
-struct Box {
+struct TwistedBox {
     float step, height, stretch, bottomHalfWidth, topHalfWidth, angleA, angleB, angleC;
 };
 
@@ -127,17 +127,17 @@ struct BoxRow {
     float normals[4][3]; // of the four faces
 };
 
-static float HalfWidthAt(const Box& box, float t)
+static float HalfWidthAt(const TwistedBox& box, float t)
 {
     return box.topHalfWidth * t + (1 - t) * box.bottomHalfWidth;
 }
 
-static void RotationAt(const Box& box, float t, Matrix16 rotation)
+static void RotationAt(const TwistedBox& box, float t, Matrix16 rotation)
 {
     MatrixFromEuler(rotation, box.angleA * t, box.angleB * t, box.angleC * t, 0, 0, 0);
 }
 
-static void MakeRow(const Box& box, float y, BoxRow* row)
+static void MakeRow(const TwistedBox& box, float y, BoxRow* row)
 {
     const float t = y / (box.height * box.stretch);
     const float halfWidth = HalfWidthAt(box, t);
@@ -156,7 +156,7 @@ static void AddRowCorner(QuadBatch* batch, float s, float t, const float corner[
     batch->AddCorner(s, t, corner[0], corner[1], corner[2]);
 }
 
-static void AddTwistedBox(QuadBatch* batch, const Box& box)
+static void AddTwistedBox(QuadBatch* batch, const TwistedBox& box)
 {
     if (!(box.step > 0))
         return;
@@ -188,7 +188,7 @@ void DrawTwistedBox(float step, float height, float stretch, float bottomHalfWid
 }
 
 // Adds the slabs of a window on a box.
-static void AddLightPatch(QuadBatch* batch, const Box& box, const LightPatch& patch)
+static void AddLightPatch(QuadBatch* batch, const TwistedBox& box, const LightPatch& patch)
 {
     if (!(box.step > 0))
         return;
@@ -251,7 +251,7 @@ void DrawLightPatch(float step, float height, float stretch, float bottomHalfWid
     EndPatches(lit);
 }
 
-static Box BoxOf(const House& house)
+static TwistedBox BoxOf(const House& house)
 {
     return {houseStep,          house.height, boxStretch,   house.bottomHalfWidth,
             house.topHalfWidth, house.angleA, house.angleB, house.angleC};

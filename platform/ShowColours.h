@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The colours of the show, as 0xRRGGBB of the screen. Form and boxes, the painted pictures and the tools take
-// theirs from here, each in a type of its own.
+// The colours of the show, as 0xRRGGBB of the screen. Form and boxes, the timeline and the tool window use these as
+// they are; the painted pictures need them in linear light (art/atelier/Palette.h).
 #pragma once
 
 #include <cstdint>
@@ -21,5 +21,31 @@ constexpr uint32_t Bone      = 0xefe6d2; // paper
 constexpr uint32_t Parchment = 0xd9c9a3;
 constexpr uint32_t ColdLight = 0x9fe8ff; // a second light, used sparingly
 // clang-format on
+
+// The channels of a colour, 0 to 255.
+constexpr int RedOf(uint32_t rgb)
+{
+    return int(rgb >> 16 & 255);
+}
+constexpr int GreenOf(uint32_t rgb)
+{
+    return int(rgb >> 8 & 255);
+}
+constexpr int BlueOf(uint32_t rgb)
+{
+    return int(rgb & 255);
+}
+
+// Mixes two colours channel by channel: `part` 0 gives the first, 1 the second.
+constexpr uint32_t Mix(uint32_t from, uint32_t to, float part)
+{
+    uint32_t mixed = 0;
+    for (int shift = 0; shift <= 16; shift += 8) {
+        const float a = float(from >> shift & 255), b = float(to >> shift & 255);
+        // Rounded; std::lround is not constexpr before C++23.
+        mixed |= uint32_t(int(2 * (a + (b - a) * part) + 1) / 2) << shift;
+    }
+    return mixed;
+}
 
 } // namespace showcolours

@@ -54,22 +54,22 @@ Canvas::Canvas(int widthGiven, int heightGiven)
 {
 }
 
-Canvas::Canvas(int widthGiven, int heightGiven, Colour ground) : Canvas(widthGiven, heightGiven)
+Canvas::Canvas(int widthGiven, int heightGiven, LinearColour ground) : Canvas(widthGiven, heightGiven)
 {
     std::fill(pixels.begin(), pixels.end(), Pixel{ground.r, ground.g, ground.b, 1});
 }
 
-Canvas& Canvas::Ground(const std::function<Colour(float x, float y)>& f)
+Canvas& Canvas::Ground(const std::function<LinearColour(float x, float y)>& f)
 {
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
-            const Colour c = f(float(x) + 0.5f, float(y) + 0.5f);
+            const LinearColour c = f(float(x) + 0.5f, float(y) + 0.5f);
             At(x, y) = {c.r, c.g, c.b, 1};
         }
     return *this;
 }
 
-Canvas& Canvas::Cover(const Mask& mask, Colour colour, float opacity)
+Canvas& Canvas::Cover(const Mask& mask, LinearColour colour, float opacity)
 {
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
@@ -80,20 +80,21 @@ Canvas& Canvas::Cover(const Mask& mask, Colour colour, float opacity)
     return *this;
 }
 
-Canvas& Canvas::Cover(const Mask& mask, const std::function<Colour(float x, float y)>& colour, float opacity)
+Canvas& Canvas::Cover(const Mask& mask, const std::function<LinearColour(float x, float y)>& colour,
+                      float opacity)
 {
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
             const float a = Clamp(mask.At(x, y) * opacity);
             if (a > 0) {
-                const Colour c = colour(float(x) + 0.5f, float(y) + 0.5f);
+                const LinearColour c = colour(float(x) + 0.5f, float(y) + 0.5f);
                 At(x, y) = Over(At(x, y), c.r * a, c.g * a, c.b * a, a);
             }
         }
     return *this;
 }
 
-Canvas& Canvas::Glaze(const Mask& mask, Colour pigment, float density)
+Canvas& Canvas::Glaze(const Mask& mask, LinearColour pigment, float density)
 {
     const float r = Log2(Max(pigment.r, 1e-4f)), g = Log2(Max(pigment.g, 1e-4f)),
                 b = Log2(Max(pigment.b, 1e-4f));
@@ -110,7 +111,7 @@ Canvas& Canvas::Glaze(const Mask& mask, Colour pigment, float density)
     return *this;
 }
 
-Canvas& Canvas::Light(const Mask& mask, Colour colour, float strength)
+Canvas& Canvas::Light(const Mask& mask, LinearColour colour, float strength)
 {
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {

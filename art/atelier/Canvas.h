@@ -27,8 +27,8 @@ struct Pixel {
 class Canvas
 {
 public:
-    Canvas(int width, int height);                // clear
-    Canvas(int width, int height, Colour ground); // opaque
+    Canvas(int width, int height);                      // clear
+    Canvas(int width, int height, LinearColour ground); // opaque
 
     int Width() const { return width; }
     int Height() const { return height; }
@@ -37,12 +37,13 @@ public:
     const Pixel& At(int x, int y) const { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
 
     // Masks have the size of the canvas. Amounts are clamped to 0..1 by Cover, not by Glaze and Light.
-    Canvas& Ground(const std::function<Colour(float x, float y)>& f); // opaque, over the whole canvas
-    Canvas& Cover(const Mask& mask, Colour colour, float opacity = 1);
-    Canvas& Cover(const Mask& mask, const std::function<Colour(float x, float y)>& colour, float opacity = 1);
+    Canvas& Ground(const std::function<LinearColour(float x, float y)>& f); // opaque, over the whole canvas
+    Canvas& Cover(const Mask& mask, LinearColour colour, float opacity = 1);
+    Canvas& Cover(const Mask& mask, const std::function<LinearColour(float x, float y)>& colour,
+                  float opacity = 1);
     // One layer of density 1 over white paper gives `pigment` itself.
-    Canvas& Glaze(const Mask& mask, Colour pigment, float density = 1);
-    Canvas& Light(const Mask& mask, Colour colour, float strength = 1);
+    Canvas& Glaze(const Mask& mask, LinearColour pigment, float density = 1);
+    Canvas& Light(const Mask& mask, LinearColour colour, float strength = 1);
     Canvas& Tone(const Mask& mask, float lo, float hi); // light times Mix(lo, hi, mask), alpha stays
 
     // Another canvas laid over this one, its top left corner at (x, y).

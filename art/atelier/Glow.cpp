@@ -19,7 +19,7 @@ void GlowAt(Canvas& canvas, Vec2 place, float radius, float reach, const Light& 
             const float far = d / reach;
             const float near = d / Max(radius, 0.5f);
             const float halo = light.haloPart * Smooth(1, 0.2f, far) / (1 + 0.6f * near * near);
-            const Colour c = (light.core * core + light.halo * halo) * light.strength;
+            const LinearColour c = (light.core * core + light.halo * halo) * light.strength;
             Pixel& p = canvas.At(x, y);
             p = {p.r + c.r, p.g + c.g, p.b + c.b, p.a};
         }

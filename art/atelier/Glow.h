@@ -9,8 +9,8 @@ namespace atelier
 {
 
 struct Light {
-    Colour core = palette::Bone; // what the eye takes for white
-    Colour halo = palette::Amber;
+    LinearColour core = palette::Bone; // what the eye takes for white
+    LinearColour halo = palette::Amber;
     float strength = 1;
     float haloPart = 0.5f; // brightness of the halo beside the core
 };

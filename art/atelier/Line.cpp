@@ -27,12 +27,12 @@ static void AppendPiece(Line& line, Vec2 a, Vec2 b, Vec2 c, Vec2 d, float spacin
     }
 }
 
-struct Place {
+struct LinePlace {
     size_t index; // of the piece
     float t;      // within it
 };
 
-static Place Find(const Line& line, float t)
+static LinePlace Find(const Line& line, float t)
 {
     float left = Clamp(t) * LengthOf(line);
     for (size_t i = 0; i + 1 < line.size(); i++) {
@@ -115,7 +115,7 @@ Vec2 PointAt(const Line& line, float t)
 {
     if (line.size() < 2)
         return line.empty() ? Vec2{} : line[0];
-    const Place place = Find(line, t);
+    const LinePlace place = Find(line, t);
     return Mix(line[place.index], line[place.index + 1], place.t);
 }
 
@@ -123,7 +123,7 @@ Vec2 DirectionAt(const Line& line, float t)
 {
     if (line.size() < 2)
         return {1, 0};
-    const Place place = Find(line, t);
+    const LinePlace place = Find(line, t);
     return Normalised(line[place.index + 1] - line[place.index]);
 }
 
@@ -132,7 +132,7 @@ Line Part(const Line& line, float t0, float t1)
     Line part;
     if (line.size() < 2 || t1 <= t0)
         return part;
-    const Place first = Find(line, t0), last = Find(line, t1);
+    const LinePlace first = Find(line, t0), last = Find(line, t1);
     part.push_back(PointAt(line, t0));
     for (size_t i = first.index + 1; i <= last.index; i++)
         part.push_back(line[i]);

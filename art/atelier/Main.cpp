@@ -19,7 +19,7 @@ static const std::vector<cli::Option> options = {
 static std::vector<const atelier::Picture*> All(const char* effect = nullptr)
 {
     std::vector<const atelier::Picture*> pictures;
-    for (const atelier::Group& group : atelier::AllGroups())
+    for (const atelier::PictureGroup& group : atelier::AllGroups())
         if (effect == nullptr || std::strcmp(effect, group.effect) == 0)
             for (const atelier::Picture& picture : group.pictures)
                 pictures.push_back(&picture);
@@ -28,7 +28,7 @@ static std::vector<const atelier::Picture*> All(const char* effect = nullptr)
 
 static int List()
 {
-    for (const atelier::Group& group : atelier::AllGroups())
+    for (const atelier::PictureGroup& group : atelier::AllGroups())
         for (const atelier::Picture& picture : group.pictures)
             std::printf("%-22s %4d x %4d  %d channels  %s\n", group.effect, picture.width, picture.height,
                         ChannelsOf(picture.format), picture.file);

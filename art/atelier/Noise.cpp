@@ -123,10 +123,10 @@ float Noise::Ridges(float x, float y, int octaves, float gain) const
     return total > 0 ? sum / total : 0;
 }
 
-Noise::Cell Noise::Worley(float x, float y) const
+Noise::WorleyCell Noise::Worley(float x, float y) const
 {
     const int ix = Floor(x), iy = Floor(y);
-    Cell cell = {9, 9, 0};
+    WorleyCell cell = {9, 9, 0};
     for (int dy = -2; dy <= 2; dy++)
         for (int dx = -2; dx <= 2; dx++) {
             const uint32_t h = Hash(ix + dx, iy + dy, 0);

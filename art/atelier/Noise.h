@@ -26,11 +26,11 @@ public:
     // 0 to 1: bright ridges, like creases, veins, smoke.
     float Ridges(float x, float y, int octaves, float gain = 0.5f) const;
 
-    struct Cell {
+    struct WorleyCell {
         float nearest, second; // distances to the nearest and to the second nearest seed point, in cells
         uint32_t name;         // of the nearest point: a random number
     };
-    Cell Worley(float x, float y) const; // stones, scales, cracks: second - nearest is 0 on the joints
+    WorleyCell Worley(float x, float y) const; // stones, scales, cracks: second - nearest is 0 on the joints
 
     // A place moved by two fields, up to about `by` cells: feed it to another field for marble, smoke and
     // wash.

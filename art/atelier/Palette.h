@@ -12,23 +12,23 @@
 namespace atelier
 {
 
-struct Colour {
+struct LinearColour {
     float r = 0, g = 0, b = 0; // linear light
 };
 
-constexpr Colour operator*(Colour c, float s)
+constexpr LinearColour operator*(LinearColour c, float s)
 {
     return {c.r * s, c.g * s, c.b * s};
 }
-constexpr Colour operator*(Colour a, Colour b)
+constexpr LinearColour operator*(LinearColour a, LinearColour b)
 {
     return {a.r * b.r, a.g * b.g, a.b * b.b};
 }
-constexpr Colour operator+(Colour a, Colour b)
+constexpr LinearColour operator+(LinearColour a, LinearColour b)
 {
     return {a.r + b.r, a.g + b.g, a.b + b.b};
 }
-constexpr Colour Mix(Colour a, Colour b, float t)
+constexpr LinearColour Mix(LinearColour a, LinearColour b, float t)
 {
     return {Mix(a.r, b.r, t), Mix(a.g, b.g, t), Mix(a.b, b.b, t)};
 }
@@ -52,7 +52,7 @@ inline float ToScreen(float linear)
     return linear <= 0.0031308f ? linear * 12.92f : 1.055f * Pow(linear, 1 / 2.4f) - 0.055f;
 }
 
-constexpr Colour FromHex(uint32_t rgb)
+constexpr LinearColour FromHex(uint32_t rgb)
 {
     return {FromScreen(float(rgb >> 16 & 255) / 255), FromScreen(float(rgb >> 8 & 255) / 255),
             FromScreen(float(rgb & 255) / 255)};
@@ -61,18 +61,18 @@ constexpr Colour FromHex(uint32_t rgb)
 namespace palette
 {
 // clang-format off
-constexpr Colour Ink       = FromHex(showcolours::Ink);
-constexpr Colour Night     = FromHex(showcolours::Night);
-constexpr Colour Slate     = FromHex(showcolours::Slate);
-constexpr Colour Mist      = FromHex(showcolours::Mist);
-constexpr Colour Ochre     = FromHex(showcolours::Ochre);
-constexpr Colour Amber     = FromHex(showcolours::Amber);
-constexpr Colour Rust      = FromHex(showcolours::Rust);
-constexpr Colour Bone      = FromHex(showcolours::Bone);
-constexpr Colour Parchment = FromHex(showcolours::Parchment);
-constexpr Colour Moss      = FromHex(showcolours::Moss);
-constexpr Colour ColdLight = FromHex(showcolours::ColdLight);
-constexpr Colour Black     = {0, 0, 0};         // only as the ground of pictures that are added to what lies behind
+constexpr LinearColour Ink       = FromHex(showcolours::Ink);
+constexpr LinearColour Night     = FromHex(showcolours::Night);
+constexpr LinearColour Slate     = FromHex(showcolours::Slate);
+constexpr LinearColour Mist      = FromHex(showcolours::Mist);
+constexpr LinearColour Ochre     = FromHex(showcolours::Ochre);
+constexpr LinearColour Amber     = FromHex(showcolours::Amber);
+constexpr LinearColour Rust      = FromHex(showcolours::Rust);
+constexpr LinearColour Bone      = FromHex(showcolours::Bone);
+constexpr LinearColour Parchment = FromHex(showcolours::Parchment);
+constexpr LinearColour Moss      = FromHex(showcolours::Moss);
+constexpr LinearColour ColdLight = FromHex(showcolours::ColdLight);
+constexpr LinearColour Black     = {0, 0, 0};         // only as the ground of pictures that are added to what lies behind
 // clang-format on
 } // namespace palette
 

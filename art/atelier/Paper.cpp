@@ -58,15 +58,15 @@ float Paper::Age(int x, int y) const
     return ages[size_t(y & (period - 1)) * size_t(period) + size_t(x & (period - 1))];
 }
 
-void Paper::Sheet(Canvas& canvas, Colour tint, float contrast) const
+void Paper::Sheet(Canvas& canvas, LinearColour tint, float contrast) const
 {
     // Old paper is warmer and darker.
-    const Colour old = tint * Colour{0.94f, 0.86f, 0.72f};
+    const LinearColour old = tint * LinearColour{0.94f, 0.86f, 0.72f};
     for (int y = 0; y < canvas.Height(); y++)
         for (int x = 0; x < canvas.Width(); x++) {
             const float age = Clamp(0.35f + 0.5f * Age(x, y)) * contrast;
             const float light = 1 + 0.22f * contrast * (Height(x, y) - 0.5f);
-            const Colour c = Mix(tint, old, age) * light;
+            const LinearColour c = Mix(tint, old, age) * light;
             canvas.At(x, y) = {c.r, c.g, c.b, 1};
         }
 }

@@ -27,7 +27,7 @@ public:
 
     // Covers the whole canvas with bare paper: `tint`, mottled by age, lit through its tooth. Contrast 1 is
     // the sketchbook as it is.
-    void Sheet(Canvas& canvas, Colour tint, float contrast = 1) const;
+    void Sheet(Canvas& canvas, LinearColour tint, float contrast = 1) const;
     // Lets the paper show in a finished picture, opaque paint and all. 1 is plainly visible, 0.4 felt more
     // than seen.
     void Show(Canvas& canvas, float strength = 0.5f) const;

@@ -16,12 +16,12 @@ constexpr float BroadNib = 1.28f; // of the width of a pen that draws upright st
 
 // What the profiles of two letters can't know: pairs that stand too far apart or too close to be read as one
 // word, in tenths of a capital's height.
-struct Pair {
+struct KerningPair {
     char32_t first, second;
     float closer;
 };
 // clang-format off
-constexpr Pair Pairs[] = {
+constexpr KerningPair Pairs[] = {
     {U'r', U'a', 0.5f}, {U'r', U'e', 0.4f}, {U'r', U'o', 0.5f}, {U'r', U'r', -0.3f}, {U'r', U'd', 0.4f},
     {U't', U'o', 0.4f}, {U't', U'a', 0.3f}, {U'f', U'e', 0.4f}, {U'f', U'o', 0.4f},  {U'w', U'a', 0.3f},
     {U'w', U'e', 0.3f}, {U'o', U'w', 0.2f}, {U'y', U'm', -0.3f}, {U'm', U'e', 0.2f}, {U'k', U'e', 0.4f},
@@ -128,7 +128,7 @@ static float Advance(const PenLetter& letter, const PenLetter& next, float gap)
     // A dot on the line must not slip under its neighbour: it would be taken for a part of it.
     const bool dot = letter.width < 1.6f || next.width < 1.6f;
     float closer = 0;
-    for (const Pair& pair : Pairs)
+    for (const KerningPair& pair : Pairs)
         if (pair.first == letter.character && pair.second == next.character)
             closer = pair.closer;
     return Mix(apart, Max(closest, apart - (dot ? 0.3f : 2.5f)), 0.65f) + gap - closer;

@@ -5,25 +5,25 @@ namespace atelier
 {
 
 // One line for each file under pictures/.
-Group FramePictures();
-Group IconPictures();
-Group FX_Scroller_IntroPictures();
-Group Transition_FishPictures();
-Group FX_CloudsPictures();
-Group FX_CreditsPictures();
-Group FS_ImagePictures();
-Group FX_PathPictures();
-Group FX_TowersPictures();
-Group FX_FootprintPictures();
-Group FX_FlashHandPictures();
-Group FX_RopeThingPictures();
-Group FX_VerticalScrollerPictures();
-Group TemplatePictures();
+PictureGroup FramePictures();
+PictureGroup IconPictures();
+PictureGroup FX_Scroller_IntroPictures();
+PictureGroup Transition_FishPictures();
+PictureGroup FX_CloudsPictures();
+PictureGroup FX_CreditsPictures();
+PictureGroup FS_ImagePictures();
+PictureGroup FX_PathPictures();
+PictureGroup FX_TowersPictures();
+PictureGroup FX_FootprintPictures();
+PictureGroup FX_FlashHandPictures();
+PictureGroup FX_RopeThingPictures();
+PictureGroup FX_VerticalScrollerPictures();
+PictureGroup TemplatePictures();
 
 // In the order of the night.
-const std::vector<Group>& AllGroups()
+const std::vector<PictureGroup>& AllGroups()
 {
-    static const std::vector<Group> groups = {
+    static const std::vector<PictureGroup> groups = {
         FramePictures(),
         IconPictures(),
         FX_Scroller_IntroPictures(),
@@ -50,7 +50,7 @@ std::string NameOf(const Picture& picture)
 
 const Picture* FindPicture(const std::string& name)
 {
-    for (const Group& group : AllGroups())
+    for (const PictureGroup& group : AllGroups())
         for (const Picture& picture : group.pictures)
             if (picture.file == name || NameOf(picture) == name)
                 return &picture;

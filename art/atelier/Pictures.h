@@ -29,12 +29,12 @@ struct Picture {
 };
 
 // The pictures of one effect.
-struct Group {
+struct PictureGroup {
     const char* effect;
     std::vector<Picture> pictures;
 };
 
-const std::vector<Group>& AllGroups();
+const std::vector<PictureGroup>& AllGroups();
 
 // By its path, or by its file name alone, which the first of that name has; null if there is none.
 const Picture* FindPicture(const std::string& name);

@@ -32,7 +32,8 @@ static void Checker(Canvas& canvas, int left, int top, int width, int height)
 {
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
-            const Colour c = (x / CheckerSize + y / CheckerSize) % 2 == 0 ? palette::Slate : palette::Mist;
+            const LinearColour c =
+                (x / CheckerSize + y / CheckerSize) % 2 == 0 ? palette::Slate : palette::Mist;
             canvas.At(left + x, top + y) = {c.r, c.g, c.b, 1};
         }
 }
@@ -51,11 +52,11 @@ static int Written(Canvas& sheet, const Mask& ink, size_t count, const std::stri
 
 int DrawSheet(const std::vector<const Picture*>& pictures, const std::string& path)
 {
-    struct Entry {
+    struct SheetPicture {
         const Picture* picture;
         Canvas canvas;
     };
-    std::vector<Entry> entries;
+    std::vector<SheetPicture> entries;
     for (const Picture* picture : pictures) {
         std::string bytes;
         Raster raster;

@@ -14,7 +14,7 @@ namespace atelier
 {
 
 struct WashStyle {
-    Colour pigment = palette::Slate;
+    LinearColour pigment = palette::Slate;
     float density = 0.8f;     // 1: bone paper takes the pigment's own colour
     float pool = 0.55f;       // how much darker the edge dries
     float poolWidth = 5;      // pixels

@@ -73,7 +73,7 @@ void Mesh::AddGrid(const std::vector<std::vector<int>>& rows, bool closed, Surfa
 
 void Mesh::Enlarge(float times, const Vector3& about)
 {
-    for (Point& point : points)
+    for (MeshPoint& point : points)
         point.position = about + (point.position - about) * times;
 }
 
@@ -86,7 +86,7 @@ Model Mesh::ToModel(const char* name) const
 {
     Model model;
     model.name = name;
-    for (const Point& point : points)
+    for (const MeshPoint& point : points)
         model.vertices.push_back(
             Vector3(Rounded(point.position.x), Rounded(point.position.y), Rounded(point.position.z)));
 

@@ -54,7 +54,7 @@ public:
     Model ToModel(const char* name) const;
 
 private:
-    struct Point {
+    struct MeshPoint {
         Vector3 position;
         float u, v;
     };
@@ -64,7 +64,7 @@ private:
         int smoothing;
     };
 
-    std::vector<Point> points;
+    std::vector<MeshPoint> points;
     std::vector<Face> faces;
 };
 

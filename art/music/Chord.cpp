@@ -7,17 +7,17 @@
 namespace waltz
 {
 
-struct Kind {
+struct ChordQuality {
     const char* name;
     std::vector<int> tones;
     std::vector<int> colours;
 };
 
 // Half tones above the root.
-static const std::vector<Kind>& Kinds()
+static const std::vector<ChordQuality>& Kinds()
 {
     // clang-format off
-    static const std::vector<Kind> kinds = {
+    static const std::vector<ChordQuality> kinds = {
         {"",       {0, 4, 7},         {4}},
         {"m",      {0, 3, 7},         {3}},
         {"5",      {0, 7},            {}},
@@ -66,7 +66,7 @@ bool ReadChord(const std::string& symbol, Chord& chord)
             return false;
     }
     const std::string name = symbol.substr(at, slash == std::string::npos ? slash : slash - at);
-    for (const Kind& kind : Kinds()) {
+    for (const ChordQuality& kind : Kinds()) {
         if (name != kind.name)
             continue;
         chord = {symbol, root, bass, {}, {}};

@@ -29,7 +29,7 @@ constexpr const char* scoreFolder = "art/music/score";
 constexpr const char* nightFile = "Data/moonwaltz.ogg";
 constexpr const char* renditionFile = "art/music/score/rendition.txt";
 
-struct Options {
+struct ComposerOptions {
     std::string output, stems, file;
     int section = -1;
 };
@@ -63,7 +63,7 @@ static void PrintMeasures(const waltz::Score& score, const waltz::Stereo& sound)
 }
 
 // False after a mistake, which was told.
-static bool ReadOptions(cli::CommandLine& line, Options& options)
+static bool ReadOptions(cli::CommandLine& line, ComposerOptions& options)
 {
     int64_t section = -1;
     if (!line.WholeNumber("section", 0, 9999, &section))
@@ -76,14 +76,14 @@ static bool ReadOptions(cli::CommandLine& line, Options& options)
 }
 
 // The bars that an option asks for.
-static waltz::Section Range(const waltz::Score& score, const Options& options)
+static waltz::Section Range(const waltz::Score& score, const ComposerOptions& options)
 {
     if (options.section >= 0)
         return score.sections[options.section];
     return {"all", 0, score.Bars()};
 }
 
-static int Render(const waltz::Score& score, const Options& options)
+static int Render(const waltz::Score& score, const ComposerOptions& options)
 {
     const waltz::Section range = Range(score, options);
     std::string output = nightFile;
@@ -112,7 +112,7 @@ static int Render(const waltz::Score& score, const Options& options)
     return 0;
 }
 
-static int Verify(const waltz::Score& score, const Options& options, const waltz::Stereo& sound)
+static int Verify(const waltz::Score& score, const ComposerOptions& options, const waltz::Stereo& sound)
 {
     const waltz::Section range = Range(score, options);
     const waltz::Resemblance found = waltz::Verify(score, sound, range.firstBar, range.endBar);
@@ -129,7 +129,7 @@ int main(int argc, char** argv)
     cli::CommandLine line("composer",
                           "Renders the music of the show. FILE is Data/moonwaltz.ogg if not given.", "[FILE]",
                           optionTable);
-    Options options;
+    ComposerOptions options;
     if (!line.Read(argc, argv) || !ReadOptions(line, options))
         return line.exitStatus;
     waltz::Score score;

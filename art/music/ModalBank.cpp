@@ -22,11 +22,11 @@ void ModalBank::Add(double hz, double amplitude, double decay, double phase)
     if (hz > 0.45 * sampleRate)
         return;
     if (used == 4) {
-        groups.push_back(Group());
+        groups.push_back(ModeGroup());
         used = 0;
     }
     const double turn = 2 * pi * hz / sampleRate, shrink = Shrink(decay);
-    Group& group = groups.back();
+    ModeGroup& group = groups.back();
     group.x[used] = float(amplitude * std::cos(2 * pi * phase));
     group.y[used] = float(amplitude * std::sin(2 * pi * phase));
     group.cosine[used] = float(shrink * std::cos(turn));
@@ -38,7 +38,7 @@ void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
 {
     for (size_t block = begin; block < end; block += blockSize) {
         const size_t blockEnd = std::min(end, block + blockSize);
-        for (Group& group : groups) {
+        for (ModeGroup& group : groups) {
             Lanes x = group.x, y = group.y;
             const Lanes cosine = group.cosine, sine = group.sine;
             for (size_t i = block; i < blockEnd; i++) {
@@ -50,7 +50,7 @@ void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
             group.x = x;
             group.y = y;
         }
-        const auto silent = [](const Group& group) {
+        const auto silent = [](const ModeGroup& group) {
             for (int i = 0; i < 4; i++)
                 if (std::fabs(group.x[i]) + std::fabs(group.y[i]) > inaudible)
                     return false;
@@ -67,7 +67,7 @@ void ModalBank::Ring(Samples& sound, size_t begin, size_t end)
 void ModalBank::Damp(double decay)
 {
     const float shrink = float(Shrink(decay));
-    for (Group& group : groups) {
+    for (ModeGroup& group : groups) {
         group.cosine *= Lanes{shrink, shrink, shrink, shrink};
         group.sine *= Lanes{shrink, shrink, shrink, shrink};
     }

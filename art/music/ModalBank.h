@@ -23,10 +23,10 @@ public:
 
 private:
     using Lanes = float __attribute__((vector_size(16)));
-    struct Group { // of four modes: each a point that turns and shrinks
+    struct ModeGroup { // of four modes: each a point that turns and shrinks
         Lanes x, y, cosine, sine;
     };
-    std::vector<Group> groups;
+    std::vector<ModeGroup> groups;
     int used = 4; // lanes of the last group
 };
 

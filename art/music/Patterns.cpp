@@ -69,7 +69,7 @@ static int NextBass(int pitchClass, int last)
     return best;
 }
 
-struct Span {
+struct HarmonySpan {
     const PatternBar* bar;
     const ChordSpan* harmony;
     double beat, end;
@@ -77,7 +77,8 @@ struct Span {
     bool joined;    // to the span before it, without a gap
 };
 
-static void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, std::vector<Tone>& tones)
+static void PlayStruck(const HarmonySpan& span, const Voicing& voicing, int bassPitch,
+                       std::vector<Tone>& tones)
 {
     const double barBeat = span.bar->bar * beatsPerBar;
     for (const Strike& strike : FindStruck(span.bar->pattern)->strikes) {
@@ -103,7 +104,7 @@ static void PlayStruck(const Span& span, const Voicing& voicing, int bassPitch, 
     }
 }
 
-static void PlayBowed(const Span& span, const Voicing& voicing, std::vector<Tone>& tones)
+static void PlayBowed(const HarmonySpan& span, const Voicing& voicing, std::vector<Tone>& tones)
 {
     for (int i = 0; i < 3; i++) {
         Tone tone;
@@ -136,7 +137,7 @@ bool IsPattern(const std::string& name)
 bool PlayPatterns(const Score& score, const std::vector<PatternBar>& bars, std::vector<Tone>& tones,
                   int& badBar)
 {
-    std::vector<Span> spans;
+    std::vector<HarmonySpan> spans;
     std::vector<Chord> handChords, padChords;
     for (const PatternBar& bar : bars) {
         double beat = bar.bar * beatsPerBar;
@@ -163,7 +164,7 @@ bool PlayPatterns(const Score& score, const std::vector<PatternBar>& bars, std::
     const std::vector<Voicing> pad = SetVoices(padChords, padRange);
     size_t nextHand = 0, nextPad = 0;
     int bassPitch = (bassLow + bassHigh) / 2;
-    for (const Span& span : spans) {
+    for (const HarmonySpan& span : spans) {
         if (IsBowed(span.bar->pattern)) {
             PlayBowed(span, pad[nextPad++], tones);
         } else {

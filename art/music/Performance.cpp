@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "art/music/Performance.h"
-#include "art/music/Noise.h"
 #include "art/music/Theme.h"
+#include "art/music/WhiteNoise.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,19 +50,19 @@ static uint32_t SeedOf(const Part& part, const Tone& tone)
     uint32_t seed = 17;
     for (const char* letter = part.name; *letter != 0; letter++)
         seed = seed * 31 + uint32_t(*letter);
-    return Noise::Mix(seed * 7919 + uint32_t(std::lround(tone.beat * 24)) * 131 + uint32_t(tone.pitch));
+    return WhiteNoise::Mix(seed * 7919 + uint32_t(std::lround(tone.beat * 24)) * 131 + uint32_t(tone.pitch));
 }
 
 static Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
 {
     Note note;
     note.seed = SeedOf(part, tone);
-    Noise noise(note.seed);
+    WhiteNoise noise(note.seed);
     const double place = PlaceInBar(tone.beat);
     // One hand's notes stray together: the seed of the beat, not of the tone.
     Tone beatOnly = tone;
     beatOnly.pitch = 0;
-    Noise hand(SeedOf(part, beatOnly));
+    WhiteNoise hand(SeedOf(part, beatOnly));
     const double stray = IsAt(place, 0) ? strayDownbeat : part.melodic ? strayTune : strayBand;
     double seconds = tone.beat * samplesPerBeat / sampleRate +
                      std::clamp<double>(stray * hand.Around(), -strayLimit * stray, strayLimit * stray);

@@ -56,7 +56,7 @@ std::string ScoreDigest(const Score& score)
                                    int(tone.lifted), int(tone.tied), int(tone.accompany)})
                 digest.Add(each);
         }
-        for (const Dynamics::Point& point : voice.dynamics.Points()) {
+        for (const Dynamics::LevelPoint& point : voice.dynamics.Points()) {
             digest.Add(point.beat);
             digest.Add(double(point.level));
             digest.Add(int(point.sloping));

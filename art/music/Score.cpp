@@ -27,10 +27,10 @@ float Dynamics::LevelAt(double beat) const
     if (points.empty())
         return 0;
     const auto behind = std::upper_bound(points.begin(), points.end(), beat + epsilon,
-                                         [](double at, const Point& point) { return at < point.beat; });
+                                         [](double at, const LevelPoint& point) { return at < point.beat; });
     if (behind == points.begin())
         return points.front().level;
-    const Point& from = *(behind - 1);
+    const LevelPoint& from = *(behind - 1);
     if (!from.sloping || behind == points.end())
         return from.level;
     const double way = (beat - from.beat) / std::max(behind->beat - from.beat, epsilon);

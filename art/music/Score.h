@@ -33,15 +33,15 @@ public:
     float LevelAt(double beat) const;
     bool Empty() const { return points.empty(); }
 
-    struct Point {
+    struct LevelPoint {
         double beat;
         float level;
         bool sloping;
     };
-    const std::vector<Point>& Points() const { return points; } // in the order of time
+    const std::vector<LevelPoint>& Points() const { return points; } // in the order of time
 
 private:
-    std::vector<Point> points;
+    std::vector<LevelPoint> points;
 };
 
 struct Voice {

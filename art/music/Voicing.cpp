@@ -90,19 +90,19 @@ static std::vector<Candidate> CandidatesOf(const Chord& chord, const VoicingRang
 std::vector<Voicing> SetVoices(const std::vector<Chord>& chords, const VoicingRange& range)
 {
     // Column by column the cheapest way to each candidate, then back along it.
-    struct Cell {
+    struct CheapestWay {
         int price;
         size_t from;
     };
     std::vector<std::vector<Candidate>> columns;
-    std::vector<std::vector<Cell>> ways;
+    std::vector<std::vector<CheapestWay>> ways;
     for (const Chord& chord : chords) {
         std::vector<Candidate> column = CandidatesOf(chord, range);
         if (column.empty())
             column.push_back({{0, 0, 0}, 0});
-        std::vector<Cell> cells;
+        std::vector<CheapestWay> cells;
         for (const Candidate& candidate : column) {
-            Cell best = {candidate.price, 0};
+            CheapestWay best = {candidate.price, 0};
             if (!columns.empty()) {
                 best.price = std::numeric_limits<int>::max();
                 for (size_t i = 0; i < columns.back().size(); i++) {
@@ -120,7 +120,7 @@ std::vector<Voicing> SetVoices(const std::vector<Chord>& chords, const VoicingRa
     std::vector<Voicing> voicings(chords.size());
     if (chords.empty())
         return voicings;
-    const auto cheaper = [](const Cell& a, const Cell& b) { return a.price < b.price; };
+    const auto cheaper = [](const CheapestWay& a, const CheapestWay& b) { return a.price < b.price; };
     size_t at = std::min_element(ways.back().begin(), ways.back().end(), cheaper) - ways.back().begin();
     for (size_t i = chords.size(); i-- > 0;) {
         voicings[i] = columns[i][at].voicing;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs/DialogButton.h"
 
+#include "platform/ShowColours.h"
 #include "platform/dialogs/Shapes.h"
 
 #include <FL/Fl.H>
@@ -11,6 +12,8 @@
 
 namespace platform
 {
+
+using namespace showcolours;
 
 // clang-format off
 // Pixels at 96 dots per inch.
@@ -87,7 +90,7 @@ void DialogButton::draw()
         // Rows of radio buttons and check boxes stand too close for a gap above and below.
         const float gapY = kind == PushButton ? gap : 0;
         StrokeRoundRect(float(x()) - gap, float(y()) - gapY, float(w()) + 2 * gap, float(h()) + 2 * gapY,
-                        focusRadius * scale, line, TintOchre);
+                        focusRadius * scale, line, Ochre);
     }
     if (kind == PushButton) {
         DrawPushButton();
@@ -98,31 +101,31 @@ void DialogButton::draw()
     const int textWidth = int(std::lround(fl_width(label())));
     DrawMark(kind == RadioButton ? x() : x() + w() - mark, top);
     DrawTextLine(label(), kind == RadioButton ? x() + mark + gap : x() + w() - mark - gap - textWidth, y(),
-                 h(), IsHovered() || IsPressed() || value() ? TintBone : MixTints(TintMist, TintBone, 0.5f));
+                 h(), IsHovered() || IsPressed() || value() ? Bone : Mix(Mist, Bone, 0.5f));
 }
 
 void DialogButton::DrawPushButton()
 {
     const float left = float(x()), top = float(y()), width = float(w()), height = float(h());
-    Tint face = accepts ? TintAmber : TintNight;
+    uint32_t face = accepts ? Amber : Night;
     if (IsPressed())
-        face = MixTints(face, TintInk, 0.3f);
+        face = Mix(face, Ink, 0.3f);
     else if (IsHovered())
-        face = MixTints(face, TintBone, accepts ? 0.35f : 0.12f);
+        face = Mix(face, Bone, accepts ? 0.35f : 0.12f);
     FillRoundRect(left, top, width, height, buttonRadius * scale, face);
     if (!accepts)
         StrokeRoundRect(left, top, width, height, buttonRadius * scale, std::max(1.0f, std::round(scale)),
-                        TintSlate);
+                        Slate);
     const int textWidth = int(std::lround(fl_width(label())));
-    DrawTextLine(label(), x() + (w() - textWidth) / 2, y(), h(), accepts ? TintInk : TintBone);
+    DrawTextLine(label(), x() + (w() - textWidth) / 2, y(), h(), accepts ? Ink : Bone);
 }
 
 void DialogButton::DrawMark(int left, int top)
 {
     const float size = std::round(markSize * scale), rim = rimWidth * scale;
     const float x0 = float(left), y0 = float(top);
-    const Tint line = value() ? TintAmber : IsHovered() || IsPressed() ? TintBone : TintMist;
-    const Tint inside = IsPressed() ? TintSlate : TintNight;
+    const uint32_t line = value() ? Amber : IsHovered() || IsPressed() ? Bone : Mist;
+    const uint32_t inside = IsPressed() ? Slate : Night;
     if (kind == RadioButton) {
         const float radius = size / 2;
         FillCircle(x0 + radius, y0 + radius, radius, line);

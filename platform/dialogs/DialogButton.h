@@ -6,8 +6,6 @@
 // It takes no keyboard focus: its window says by `focused` who shows the focus line, and hears all keys.
 #pragma once
 
-#include "platform/dialogs/DialogColours.h"
-
 #include <FL/Fl_Button.H>
 
 #include <string>

@@ -4,6 +4,7 @@
 #include "platform/dialogs/DialogWindow.h"
 
 #include "platform/Screen.h"
+#include "platform/ShowColours.h"
 #include "platform/dialogs/Shapes.h"
 
 #include <FL/Fl.H>
@@ -21,6 +22,8 @@
 
 namespace platform
 {
+
+using namespace showcolours;
 
 static const double signalPollInterval = 0.1; // seconds between two checks for SIGINT and SIGTERM
 
@@ -145,7 +148,7 @@ void DialogWindow::show()
     XSetWindowAttributes attributes;
     attributes.colormap = fl_colormap;
     attributes.border_pixel = 0;
-    attributes.background_pixel = fl_xpixel(ToolkitColour(TintInk));
+    attributes.background_pixel = fl_xpixel(ToolkitColour(Ink));
     attributes.event_mask = ExposureMask | StructureNotifyMask | KeyPressMask | KeyReleaseMask |
                             KeymapStateMask | FocusChangeMask | ButtonPressMask | ButtonReleaseMask |
                             EnterWindowMask | LeaveWindowMask | PropertyChangeMask | PointerMotionMask;

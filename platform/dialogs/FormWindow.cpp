@@ -2,6 +2,7 @@
 #include "platform/dialogs/FormWindow.h"
 
 #include "platform/EmbeddedFiles.h"
+#include "platform/ShowColours.h"
 #include "platform/dialogs/DialogButton.h"
 #include "platform/dialogs/DialogWindow.h"
 #include "platform/dialogs/FormFocus.h"
@@ -17,6 +18,8 @@
 
 namespace platform
 {
+
+using namespace showcolours;
 
 // Places are counted in units of Arial at 8 points (see StartForm.h), but the text is set at 10, which is
 // easier to read. Where Arial isn't installed fontconfig knows what comes closest.
@@ -130,9 +133,9 @@ void FormWindow::DrawPicture()
 void FormWindow::draw()
 {
     const int edge = Scaled(edgeWidth);
-    fl_color(ToolkitColour(TintSlate));
+    fl_color(ToolkitColour(Slate));
     fl_rectf(0, 0, w(), h());
-    fl_color(ToolkitColour(TintInk));
+    fl_color(ToolkitColour(Ink));
     fl_rectf(edge, edge, w() - 2 * edge, h() - 2 * edge);
     DrawPicture();
     for (DialogButton* button : buttons)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs/MessageBoxWindow.h"
 
+#include "platform/ShowColours.h"
 #include "platform/dialogs/DialogButton.h"
 #include "platform/dialogs/DialogWindow.h"
 #include "platform/dialogs/Shapes.h"
@@ -15,6 +16,8 @@
 
 namespace platform
 {
+
+using namespace showcolours;
 
 static const Fl_Font bodyFont = FL_HELVETICA;
 static const Fl_Font captionFont = FL_HELVETICA_BOLD;
@@ -133,8 +136,8 @@ void MessageBoxWindow::Arrange()
     scroller.slider_size(double(contentHeight) / textHeight);
     scroller.box(FL_FLAT_BOX);
     scroller.slider(FL_FLAT_BOX);
-    scroller.color(ToolkitColour(TintNight));
-    scroller.selection_color(ToolkitColour(TintSlate));
+    scroller.color(ToolkitColour(Night));
+    scroller.selection_color(ToolkitColour(Slate));
     scroller.clear_visible_focus(); // the keyboard stays with the button
     scroller.callback([](Fl_Widget* widget, void*) {
         MessageBoxWindow* window = static_cast<MessageBoxWindow*>(widget->window());
@@ -153,11 +156,11 @@ void MessageBoxWindow::ScrollTo(int position)
 
 void MessageBoxWindow::DrawCaption()
 {
-    fl_color(ToolkitColour(TintNight));
+    fl_color(ToolkitColour(Night));
     fl_rectf(0, 0, w(), top);
     fl_font(captionFont, Scaled(fontSize));
     fl_push_clip(0, 0, w() - Scaled(margin), top);
-    DrawTextLine(caption, Scaled(margin), 0, top, TintBone);
+    DrawTextLine(caption, Scaled(margin), 0, top, Bone);
     fl_pop_clip();
 }
 
@@ -176,19 +179,19 @@ void MessageBoxWindow::DrawIcon()
     const float size = iconSize * scale;
     const float left = float(Scaled(margin)), above = float(top + Scaled(margin));
     const bool error = message.icon == BoxErrorIcon;
-    const auto line = [&](const float(&part)[4], Tint tint) {
+    const auto line = [&](const float(&part)[4], uint32_t rgb) {
         const float points[4] = {left + part[0] * size, above + part[1] * size, left + part[2] * size,
                                  above + part[3] * size};
-        StrokeLine(points, 2, strokeWidth * size, tint);
+        StrokeLine(points, 2, strokeWidth * size, rgb);
     };
-    FillCircle(left + size / 2, above + size / 2, size / 2, error ? TintOchre : TintBone);
-    FillCircle(left + size / 2, above + size / 2, size / 2 - rimWidth * size, error ? TintRust : TintAmber);
+    FillCircle(left + size / 2, above + size / 2, size / 2, error ? Ochre : Bone);
+    FillCircle(left + size / 2, above + size / 2, size / 2 - rimWidth * size, error ? Rust : Amber);
     if (error) {
-        line(cross[0], TintBone);
-        line(cross[1], TintBone);
+        line(cross[0], Bone);
+        line(cross[1], Bone);
     } else {
-        line(stem, TintInk);
-        FillCircle(left + dot[0] * size, above + dot[1] * size, dotRadius * size, TintInk);
+        line(stem, Ink);
+        FillCircle(left + dot[0] * size, above + dot[1] * size, dotRadius * size, Ink);
     }
 }
 
@@ -200,20 +203,20 @@ void MessageBoxWindow::DrawBody()
     const int first = scroll / height;
     const int last = std::min(int(lines.size()) - 1, (scroll + textPlace.height) / height);
     for (int line = first; line <= last; ++line)
-        DrawTextLine(lines[line], textPlace.x, textPlace.y + line * height - scroll, height, TintBone);
+        DrawTextLine(lines[line], textPlace.x, textPlace.y + line * height - scroll, height, Bone);
     fl_pop_clip();
 }
 
 void MessageBoxWindow::draw()
 {
-    fl_color(ToolkitColour(TintInk));
+    fl_color(ToolkitColour(Ink));
     fl_rectf(0, 0, w(), h());
     DrawIcon();
     DrawBody();
     draw_child(button);
     if (!managed) {
         DrawCaption();
-        fl_color(ToolkitColour(TintSlate));
+        fl_color(ToolkitColour(Slate));
         fl_rect(0, 0, w(), h());
     }
     if (scroller.visible())

@@ -1,41 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs/Shapes.h"
 
+#include "platform/ShowColours.h"
+
 #include <FL/Fl_Window.H>
 #include <FL/fl_draw.H>
 #include <FL/x.H>
 #include <cairo/cairo-xlib.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace platform
 {
 
+using namespace showcolours;
+
 static const double pi = 3.14159265358979323846;
 
-Tint MixTints(Tint from, Tint to, float way)
+Fl_Color ToolkitColour(uint32_t rgb)
 {
-    const auto mix = [way](unsigned char a, unsigned char b) {
-        return static_cast<unsigned char>(std::lround(float(a) + (float(b) - float(a)) * way));
-    };
-    return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
-}
-
-Fl_Color ToolkitColour(Tint tint)
-{
-    return fl_rgb_color(tint.red, tint.green, tint.blue);
+    return fl_rgb_color(uchar(RedOf(rgb)), uchar(GreenOf(rgb)), uchar(BlueOf(rgb)));
 }
 
 // A cairo context on what the toolkit draws into, which is the back buffer of the window.
-static cairo_t* BeginShape(Tint tint)
+static cairo_t* BeginShape(uint32_t rgb)
 {
     const Fl_Window* const window = Fl_Window::current();
     cairo_surface_t* const surface =
         cairo_xlib_surface_create(fl_display, fl_window, fl_visual->visual, window->w(), window->h());
     cairo_t* const shape = cairo_create(surface);
     cairo_surface_destroy(surface); // the context keeps it
-    cairo_set_source_rgb(shape, tint.red / 255.0, tint.green / 255.0, tint.blue / 255.0);
+    cairo_set_source_rgb(shape, RedOf(rgb) / 255.0, GreenOf(rgb) / 255.0, BlueOf(rgb) / 255.0);
     return shape;
 }
 
@@ -56,26 +51,26 @@ static void AddRoundRect(cairo_t* shape, double x, double y, double width, doubl
     cairo_close_path(shape);
 }
 
-void FillCircle(float centreX, float centreY, float radius, Tint tint)
+void FillCircle(float centreX, float centreY, float radius, uint32_t rgb)
 {
-    cairo_t* const shape = BeginShape(tint);
+    cairo_t* const shape = BeginShape(rgb);
     cairo_arc(shape, centreX, centreY, radius, 0, 2 * pi);
     cairo_fill(shape);
     EndShape(shape);
 }
 
-void FillRoundRect(float x, float y, float width, float height, float radius, Tint tint)
+void FillRoundRect(float x, float y, float width, float height, float radius, uint32_t rgb)
 {
-    cairo_t* const shape = BeginShape(tint);
+    cairo_t* const shape = BeginShape(rgb);
     AddRoundRect(shape, x, y, width, height, radius);
     cairo_fill(shape);
     EndShape(shape);
 }
 
-void StrokeRoundRect(float x, float y, float width, float height, float radius, float thickness, Tint tint)
+void StrokeRoundRect(float x, float y, float width, float height, float radius, float thickness, uint32_t rgb)
 {
     const double inset = thickness / 2;
-    cairo_t* const shape = BeginShape(tint);
+    cairo_t* const shape = BeginShape(rgb);
     AddRoundRect(shape, x + inset, y + inset, width - thickness, height - thickness,
                  std::max(radius - inset, 0.0));
     cairo_set_line_width(shape, thickness);
@@ -83,9 +78,9 @@ void StrokeRoundRect(float x, float y, float width, float height, float radius, 
     EndShape(shape);
 }
 
-void StrokeLine(const float* points, int count, float thickness, Tint tint)
+void StrokeLine(const float* points, int count, float thickness, uint32_t rgb)
 {
-    cairo_t* const shape = BeginShape(tint);
+    cairo_t* const shape = BeginShape(rgb);
     for (int i = 0; i < count; ++i)
         cairo_line_to(shape, points[2 * i], points[2 * i + 1]);
     cairo_set_line_width(shape, thickness);
@@ -95,11 +90,11 @@ void StrokeLine(const float* points, int count, float thickness, Tint tint)
     EndShape(shape);
 }
 
-void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint)
+void DrawTextLine(const std::string& text, int x, int y, int height, uint32_t rgb)
 {
     int left, top, width, capital;
     fl_text_extents("H", left, top, width, capital);
-    fl_color(ToolkitColour(tint));
+    fl_color(ToolkitColour(rgb));
     fl_draw(text.c_str(), int(text.size()), x, y + (height + capital) / 2);
 }
 

@@ -3,31 +3,28 @@
 // circles and lines do not have. All of them draw into the window that is being drawn.
 //
 // Coordinates are pixels from the window's top left corner; whole numbers lie between pixels, so that the
-// shape from 2 to 5 covers pixels 2, 3 and 4.
+// shape from 2 to 5 covers pixels 2, 3 and 4. Colours are 0xRRGGBB, those of platform/ShowColours.h.
 #pragma once
-
-#include "platform/dialogs/DialogColours.h"
 
 #include <FL/Enumerations.H>
 
+#include <cstdint>
 #include <string>
 
 namespace platform
 {
 
-Fl_Color ToolkitColour(Tint tint);
+Fl_Color ToolkitColour(uint32_t rgb);
 
-// The way from one colour to another: 0 is from, 1 is to.
-Tint MixTints(Tint from, Tint to, float way);
-
-void FillCircle(float centreX, float centreY, float radius, Tint tint);
-void FillRoundRect(float x, float y, float width, float height, float radius, Tint tint);
+void FillCircle(float centreX, float centreY, float radius, uint32_t rgb);
+void FillRoundRect(float x, float y, float width, float height, float radius, uint32_t rgb);
 // The line lies inside of the rectangle.
-void StrokeRoundRect(float x, float y, float width, float height, float radius, float thickness, Tint tint);
+void StrokeRoundRect(float x, float y, float width, float height, float radius, float thickness,
+                     uint32_t rgb);
 // A polyline of `count` points, x and y in turn, with round ends and joints.
-void StrokeLine(const float* points, int count, float thickness, Tint tint);
+void StrokeLine(const float* points, int count, float thickness, uint32_t rgb);
 
 // The text's capitals stand in the middle of the height. In the current font.
-void DrawTextLine(const std::string& text, int x, int y, int height, Tint tint);
+void DrawTextLine(const std::string& text, int x, int y, int height, uint32_t rgb);
 
 } // namespace platform

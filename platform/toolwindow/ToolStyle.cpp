@@ -1,26 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/toolwindow/ToolStyle.h"
 
-#include <cmath>
-
 namespace platform
 {
 
 using namespace showcolours;
 
-uint32_t MixColours(uint32_t from, uint32_t to, float way)
-{
-    uint32_t mixed = 0;
-    for (int shift = 0; shift <= 16; shift += 8) {
-        const float a = float(from >> shift & 255), b = float(to >> shift & 255);
-        mixed |= uint32_t(std::lround(a + (b - a) * way)) << shift;
-    }
-    return mixed;
-}
-
 // Between the tones of the palette, so that fields and menus stand out from each other.
-static const uint32_t Field = MixColours(Night, Slate, 0.45f);
-static const uint32_t Sheet = MixColours(Ink, Night, 0.7f);
+static const uint32_t Field = Mix(Night, Slate, 0.45f);
+static const uint32_t Sheet = Mix(Ink, Night, 0.7f);
 
 struct StyleRow {
     ImGuiCol_ what;

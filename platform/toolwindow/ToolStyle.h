@@ -13,9 +13,6 @@ namespace platform
 ImU32 ToolColour(uint32_t rgb, float alpha = 1);
 ImVec4 ToolTint(uint32_t rgb, float alpha = 1);
 
-// Between two colours: 0 is from, 1 is to.
-uint32_t MixColours(uint32_t from, uint32_t to, float way);
-
 // Around the button of a dialog that Enter presses too: amber, with dark words.
 void PushMainButton();
 void PopMainButton();

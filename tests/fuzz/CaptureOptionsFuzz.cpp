@@ -2,7 +2,7 @@
 // The command line of marlinex-capture, a word a line, as far as it is read before the show is loaded.
 #include "platform/Paths.h"
 #include "tests/fuzz/FuzzInput.h"
-#include "tools/capture/Options.h"
+#include "tools/capture/CaptureOptions.h"
 
 #include <cstdlib>
 
@@ -21,7 +21,7 @@ static std::vector<std::string> Words(const uint8_t* data, size_t size)
     return words;
 }
 
-static bool IsSound(const capture::Options& options)
+static bool IsSound(const capture::CaptureOptions& options)
 {
     return options.width >= 1 && options.width <= 16384 && options.height >= 1 && options.height <= 16384 &&
            options.rate.frames > 0 && options.rate.seconds > 0 && options.from >= 0 &&
@@ -47,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     if (!nowhere || errors < 0 || dup2(fileno(nowhere), STDERR_FILENO) < 0)
         abort();
     cli::CommandLine line("marlinex-capture", "Records the show.", "[SCRIPT...]", capture::OptionTable());
-    capture::Options options;
+    capture::CaptureOptions options;
     const bool isRead = line.Read(int(arguments.size()), arguments.data(), nowhere, nowhere) &&
                         capture::ReadOptions(line, &options);
     dup2(errors, STDERR_FILENO);

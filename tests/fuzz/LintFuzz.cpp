@@ -18,7 +18,7 @@ static bool HasControlCharacters(const std::string& text)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     StartFuzzInput();
-    lint::Options options;
+    lint::CheckOptions options;
     options.startOffset = TakeFuzzNumber(data, &size) % 3 * 20000;
     options.checkFiles = false;
     const std::string bytes(reinterpret_cast<const char*>(data), size);

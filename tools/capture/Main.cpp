@@ -3,10 +3,10 @@
 // display.
 #include "kernel/Production.h"
 #include "platform/Paths.h"
+#include "tools/capture/CaptureOptions.h"
 #include "tools/capture/ContactSheet.h"
 #include "tools/capture/Interruption.h"
 #include "tools/capture/Join.h"
-#include "tools/capture/Options.h"
 #include "tools/capture/PngSequence.h"
 #include "tools/capture/Progress.h"
 #include "tools/capture/ShowPlayer.h"
@@ -45,7 +45,7 @@ static int Complain(const std::string& text, int status = exitFailed)
     _exit(Complain("the system refuses more memory or more threads"));
 }
 
-static FrameSelection SelectionOf(const Options& options, int64_t duration)
+static FrameSelection SelectionOf(const CaptureOptions& options, int64_t duration)
 {
     const int64_t to = options.to < 0 ? duration : std::min(options.to, duration);
     const FrameSelection selection = FrameSelection::Of(options.rate, options.from, to);
@@ -56,7 +56,7 @@ static FrameSelection SelectionOf(const Options& options, int64_t duration)
     return options.kind == OutputSheet ? selection.Spread(options.tiles) : selection;
 }
 
-static Encoding EncodingOf(const Options& options)
+static Encoding EncodingOf(const CaptureOptions& options)
 {
     Encoding encoding;
     encoding.threads = int(options.threads);
@@ -64,7 +64,7 @@ static Encoding EncodingOf(const Options& options)
     return encoding;
 }
 
-static std::unique_ptr<FrameSink> SinkOf(const Options& options, OutputFile& file, MusicTrack* track)
+static std::unique_ptr<FrameSink> SinkOf(const CaptureOptions& options, OutputFile& file, MusicTrack* track)
 {
     switch (options.kind) {
     case OutputSheet:
@@ -98,7 +98,8 @@ static void TellTiming(const ShowPlayer& show)
             ProcessorSeconds(RUSAGE_SELF), ProcessorSeconds(RUSAGE_CHILDREN), show.renderer.c_str());
 }
 
-static int Join(const Options& options, OutputFile& file, const FrameSelection& selection, MusicTrack* track)
+static int Join(const CaptureOptions& options, OutputFile& file, const FrameSelection& selection,
+                MusicTrack* track)
 {
     Encoding encoding = EncodingOf(options);
     encoding.rate = options.rate;
@@ -111,7 +112,7 @@ static int Join(const Options& options, OutputFile& file, const FrameSelection& 
     return cli::ExitClean;
 }
 
-static int Capture(const Options& options, OutputFile& file, ShowPlayer& show,
+static int Capture(const CaptureOptions& options, OutputFile& file, ShowPlayer& show,
                    const FrameSelection& selection, MusicTrack* track)
 {
     const std::unique_ptr<FrameSink> sink = SinkOf(options, file, track);
@@ -145,7 +146,7 @@ static int Capture(const Options& options, OutputFile& file, ShowPlayer& show,
 
 // Reads the script, checks the data directory and opens the output, all before the show is loaded. Returns
 // ExitClean, or the exit status after a failure that was reported.
-static int Prepare(const Options& options, std::string* script, OutputFile* file)
+static int Prepare(const CaptureOptions& options, std::string* script, OutputFile* file)
 {
     std::string reason;
     if (!cli::ReadInput(options.script, script, &reason))
@@ -161,7 +162,7 @@ static int Prepare(const Options& options, std::string* script, OutputFile* file
     return cli::ExitClean;
 }
 
-static int Run(const Options& options)
+static int Run(const CaptureOptions& options)
 {
     std::set_terminate(EndWithoutMemory);
     CatchInterruptions();
@@ -205,7 +206,7 @@ int main(int argc, char** argv)
     platform::FindDataDirectory(ProductionName);
     if (line.Has("data"))
         platform::SetDataDirectory(line.Value("data"));
-    Options options;
+    CaptureOptions options;
     if (!ReadOptions(line, &options))
         return line.exitStatus;
     const int status = Run(options);

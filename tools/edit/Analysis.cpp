@@ -28,7 +28,7 @@ Analysis::~Analysis()
 }
 
 void Analysis::Request(const std::string& text, uint64_t revision, const std::string& name,
-                       const lint::Options& options)
+                       const lint::CheckOptions& options)
 {
     auto task = std::make_unique<Task>();
     task->text = text;

@@ -28,7 +28,7 @@ public:
 
     // Asks for a text; in place of one that has not had its turn. `name` stands in the findings and as the title.
     void Request(const std::string& text, uint64_t revision, const std::string& name,
-                 const lint::Options& options);
+                 const lint::CheckOptions& options);
 
     // The music's file has been written anew: it will be decoded again.
     void MusicChanged();
@@ -44,7 +44,7 @@ private:
     struct Task {
         std::string text, name;
         uint64_t revision = 0;
-        lint::Options options;
+        lint::CheckOptions options;
     };
 
     void CheckTexts();

@@ -44,9 +44,9 @@ static std::vector<TextChange> ChangesOf(const std::string& text, const std::vec
     return changes;
 }
 
-bool CureFinding(ScriptEdit* script, const lint::Finding& finding, const lint::Options& options)
+bool CureFinding(ScriptEdit* script, const lint::Finding& finding, const lint::CheckOptions& options)
 {
-    lint::Options asked = options;
+    lint::CheckOptions asked = options;
     asked.checkFiles = finding.code == "missing-music"; // the others can be told without looking
     const lint::Report before = lint::CheckText(script->Text(), finding.file, asked);
     const lint::Finding* const found = FindAgain(before, finding);

@@ -499,7 +499,7 @@ bool Document::CanCure(const lint::Finding& finding)
     return !finding.fixes.empty();
 }
 
-bool Document::ApplyCure(const lint::Finding& finding, const lint::Options& options)
+bool Document::ApplyCure(const lint::Finding& finding, const lint::CheckOptions& options)
 {
     return Change("Cure", 0, [&](ScriptEdit* script) { return CureFinding(script, finding, options); });
 }

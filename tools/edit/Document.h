@@ -185,7 +185,7 @@ public:
 
     // The finding may be of an older revision: it is looked for in the present text, with the options that it was
     // found with, and refused if it is no longer there.
-    bool ApplyCure(const lint::Finding& finding, const lint::Options& options = {});
+    bool ApplyCure(const lint::Finding& finding, const lint::CheckOptions& options = {});
 
 private:
     typedef std::function<bool(ScriptEdit*)> Operation;

@@ -31,9 +31,7 @@ std::vector<size_t> BySeverity(const std::vector<lint::Finding>& findings)
 static uint32_t ColourOf(lint::Severity severity)
 {
     // The rust of the palette is made for paper; on ink it needs more light.
-    return severity == lint::Error     ? platform::MixColours(Rust, Amber, 0.35f)
-           : severity == lint::Warning ? Amber
-                                       : Mist;
+    return severity == lint::Error ? Mix(Rust, Amber, 0.35f) : severity == lint::Warning ? Amber : Mist;
 }
 
 void FindingsPanel::TakeAnalysis(std::shared_ptr<const AnalysisResult> result)

@@ -10,7 +10,7 @@ FrameCache::FrameCache(size_t limit) : mostBytes(limit), bytes(0), uses(0) {}
 
 void FrameCache::Add(int64_t frame, uint64_t revision, FramePixels pixels)
 {
-    Entry& entry = entries[frame];
+    CachedFrame& entry = entries[frame];
     if (entry.pixels && entry.revision > revision)
         return;
     bytes += pixels->size() - (entry.pixels ? entry.pixels->size() : 0);

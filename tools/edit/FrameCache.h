@@ -30,12 +30,12 @@ public:
     size_t Bytes() const { return bytes; }
 
 private:
-    struct Entry {
+    struct CachedFrame {
         uint64_t revision;
         uint64_t used;
         FramePixels pixels;
     };
-    std::map<int64_t, Entry> entries;
+    std::map<int64_t, CachedFrame> entries;
     size_t mostBytes;
     size_t bytes;
     uint64_t uses;

@@ -2,7 +2,7 @@
 #include "tools/edit/Options.h"
 
 #include "platform/Paths.h"
-#include "tools/capture/Options.h"
+#include "tools/capture/CaptureOptions.h"
 
 namespace edit
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/Outline.h"
 
-#include "tools/lint/Entries.h"
+#include "tools/lint/KeyValues.h"
 #include "tools/lint/Lint.h"
 #include "tools/lint/Values.h"
 
@@ -63,9 +63,9 @@ static Place PlaceOf(const lint::Reading& script, size_t first, size_t end)
     return {begin, end > first ? script.offsets[end - 1] + 1 : begin};
 }
 
-static void AddTimes(const lint::Reading& script, const lint::Entry& entry, OutlineBlock* block)
+static void AddTimes(const lint::Reading& script, const lint::KeyValue& entry, OutlineBlock* block)
 {
-    const std::vector<lint::Item> items = lint::SplitItems(entry);
+    const std::vector<lint::ListItem> items = lint::SplitItems(entry);
     const size_t count = lint::CountTimes(entry);
     for (size_t i = 0; i < count; i++) {
         const Place place =
@@ -76,7 +76,7 @@ static void AddTimes(const lint::Reading& script, const lint::Entry& entry, Outl
 }
 
 // True if the reader takes the entry's value. In [MUSIC] alone the last one counts without its ; as well.
-static bool Counts(const lint::Block& block, const lint::Entry& entry)
+static bool Counts(const lint::Block& block, const lint::KeyValue& entry)
 {
     return entry.counts || (block.type == BlockMusic && !entry.ended && entry.key == key::FileName);
 }
@@ -102,7 +102,7 @@ static OutlineBlock ReadBlock(const lint::Reading& script, const lint::Block& re
     const lint::TextPosition position = script.PositionInStream(read.header);
     block.line = position.line;
     block.column = position.column;
-    for (const lint::Entry& entry : lint::SplitEntries(read)) {
+    for (const lint::KeyValue& entry : lint::SplitKeyValues(read)) {
         if (entry.key.empty())
             continue;
         const bool used = Counts(read, entry) && !block.FindValue(entry.key);

@@ -89,8 +89,7 @@ void PicturePanel::Draw(const Session& session, bool alone)
     const float scale = session.state.scale;
     const ImVec2 from = ImGui::GetWindowPos(), size = ImGui::GetWindowSize();
     ImDrawList* const list = ImGui::GetWindowDrawList();
-    list->AddRectFilled(from, ImVec2(from.x + size.x, from.y + size.y),
-                        ToolColour(platform::MixColours(Ink, 0, 0.35f)));
+    list->AddRectFilled(from, ImVec2(from.x + size.x, from.y + size.y), ToolColour(Mix(Ink, 0, 0.35f)));
     const Rect fit = FitPicture({from.x, from.y, size.x, size.y}, texture.Width(), texture.Height());
     texture.Draw(list, ImVec2(fit.x, fit.y), ImVec2(fit.Right(), fit.Bottom()));
 

@@ -91,7 +91,7 @@ public:
     // The name of a file of the script as it is remembered: absolute. Empty: it has none yet.
     std::string AbsolutePath() const;
 
-    const lint::Options& LintOptions() const { return lintOptions; }
+    const lint::CheckOptions& LintOptions() const { return lintOptions; }
     ShowPool::Status ShowStatus() const { return pool.GetStatus(); }
     const std::vector<ShowRemark>& Remarks() const { return remarks; }
     // True if a frame is on its way, so that Tick should be called soon again.
@@ -116,7 +116,7 @@ private:
     Options options;
     DiskThreads disks;
     std::unique_ptr<Document> document; // never null
-    lint::Options lintOptions;
+    lint::CheckOptions lintOptions;
     ShowPool pool;
     DataWatch watch;
     Analysis analysis;

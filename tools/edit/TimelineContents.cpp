@@ -97,7 +97,7 @@ TimelineContents ReadContents(const Outline& outline)
         contents.entryItems.push_back({b, -1});
     }
     AddMessages(outline, &show, &contents);
-    const lint::Options options;
+    const lint::CheckOptions options;
     lint::PlaySchedule(options, &show);
     contents.model = timeline::ModelOfShow(show, options);
     contents.unknown.resize(contents.entryItems.size());

@@ -47,7 +47,7 @@ void PaintFlags(const std::vector<FlagGroup>& flags, const TimelineAreas& areas,
                 (top + bottom - double(TimelinePaint::TextHeight(note))) / 2, Rust, "findings");
     paint->list->PushClipRect({row.left, row.top}, {row.right, areas.Body().bottom}, true);
     for (const FlagGroup& flag : flags) {
-        const Colour colour = flag.grave ? graveColour : slightColour;
+        const uint32_t colour = flag.grave ? graveColour : slightColour;
         if (flag.extent > flag.pole)
             paint->Fill(flag.pole, bottom + s, flag.extent, bottom + 3 * s, Faded(colour, 0.5f));
         paint->Down(flag.pole, top,

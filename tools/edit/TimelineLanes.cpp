@@ -26,8 +26,8 @@ static const double tickNameGap   = 4;   // between a tick and its name
 static const double headHeight    = 3;   // of a group of ticks
 static const double closestLines  = 1.5; // nearer ones in a group are one
 static const double gutterInset   = 12;
-static const Colour selectedEdge  = Ink;
-static const Colour selectedGlow  = Amber;
+static const uint32_t selectedEdge  = Ink;
+static const uint32_t selectedGlow  = Amber;
 // clang-format on
 
 LaneSizes ChooseLaneSizes(const TimelineContents& contents, double height, float scale)
@@ -133,11 +133,11 @@ static void PaintEntry(const LanesToPaint& what, const PlacedEntry& placed, Time
     } else {
         Wash wash = WashOf(pigment);
         if (hovered && !selected)
-            wash = {Mix(wash.top, Bone, 0.3f), Mix(wash.bottom, Bone, 0.2f)};
+            wash = {Mix(wash.top.rgb, Bone, 0.3f), Mix(wash.bottom.rgb, Bone, 0.2f)};
         paint->Fill(placed.left, placed.top, placed.right, placed.bottom, wash);
     }
     if (entry.stop >= entry.start) {
-        const Colour dark = what.contents.unknown[placed.entry] ? Rust : pigment.ink;
+        const uint32_t dark = what.contents.unknown[placed.entry] ? Rust : pigment.ink;
         const double width = placed.right - placed.left;
         paint->Fill(placed.left, placed.top, placed.left + std::min(3 * s, width), placed.bottom, dark);
         if (width > 4 * s)
@@ -152,7 +152,7 @@ static void PaintEntry(const LanesToPaint& what, const PlacedEntry& placed, Time
 static void PaintTicks(const LanesToPaint& what, const PlacedTicks& ticks, TimelinePaint* paint)
 {
     const double s = double(paint->scale), left = double(what.areas.PlotLeft());
-    const Colour head = ticks.group.kind == HeardTick ? Ochre : Rust;
+    const uint32_t head = ticks.group.kind == HeardTick ? Ochre : Rust;
     const auto messageAt = [&](size_t i) { return (*ticks.messages)[ticks.group.first + i]; };
     const auto isSelected = [&](size_t message) {
         return !what.selection.empty() && IsSelected(what.selection, what.contents.messageItems[message]);

@@ -16,9 +16,10 @@ static float Pixel(double x)
     return std::floor(float(std::clamp(x, double(-farOut), double(farOut))) + 0.5f);
 }
 
-ImU32 TimelinePaint::Of(timeline::Colour colour)
+ImU32 TimelinePaint::Of(timeline::ScreenColour colour)
 {
-    return IM_COL32(colour.red, colour.green, colour.blue, int(colour.alpha * 255 + 0.5f));
+    return IM_COL32(showcolours::RedOf(colour.rgb), showcolours::GreenOf(colour.rgb),
+                    showcolours::BlueOf(colour.rgb), int(colour.alpha * 255 + 0.5f));
 }
 
 bool TimelinePaint::HasRoom() const
@@ -26,12 +27,12 @@ bool TimelinePaint::HasRoom() const
     return list->VtxBuffer.Size < mostVertices;
 }
 
-void TimelinePaint::Fill(const Area& area, timeline::Colour colour)
+void TimelinePaint::Fill(const Area& area, timeline::ScreenColour colour)
 {
     Fill(area.left, area.top, area.right, area.bottom, colour);
 }
 
-void TimelinePaint::Fill(double left, double top, double right, double bottom, timeline::Colour colour)
+void TimelinePaint::Fill(double left, double top, double right, double bottom, timeline::ScreenColour colour)
 {
     list->AddRectFilled({Pixel(left), Pixel(top)}, {Pixel(right), Pixel(bottom)}, Of(colour));
 }
@@ -43,7 +44,7 @@ void TimelinePaint::Fill(double left, double top, double right, double bottom, c
                                   lower, lower);
 }
 
-void TimelinePaint::Frame(double left, double top, double right, double bottom, timeline::Colour colour,
+void TimelinePaint::Frame(double left, double top, double right, double bottom, timeline::ScreenColour colour,
                           double width)
 {
     const double line = std::max(1.0, std::round(width * double(scale)));
@@ -55,27 +56,27 @@ void TimelinePaint::Frame(double left, double top, double right, double bottom, 
     Fill(right - line, top + line, right, bottom - line, colour);
 }
 
-void TimelinePaint::Down(double x, double top, double bottom, timeline::Colour colour, double width)
+void TimelinePaint::Down(double x, double top, double bottom, timeline::ScreenColour colour, double width)
 {
     const double line = std::max(1.0, std::round(width * double(scale)));
     const double left = double(Pixel(x - line / 2));
     Fill(left, top, left + line, bottom, colour);
 }
 
-void TimelinePaint::Across(double y, double left, double right, timeline::Colour colour, double width)
+void TimelinePaint::Across(double y, double left, double right, timeline::ScreenColour colour, double width)
 {
     const double line = std::max(1.0, std::round(width * double(scale)));
     const double top = double(Pixel(y - line / 2));
     Fill(left, top, right, top + line, colour);
 }
 
-void TimelinePaint::Diamond(double x, double y, double radius, timeline::Colour colour)
+void TimelinePaint::Diamond(double x, double y, double radius, timeline::ScreenColour colour)
 {
     const float cx = Pixel(x - 0.5) + 0.5f, cy = Pixel(y - 0.5) + 0.5f, r = float(radius) * scale;
     list->AddQuadFilled({cx, cy - r}, {cx + r, cy}, {cx, cy + r}, {cx - r, cy}, Of(colour));
 }
 
-void TimelinePaint::Hatch(const Area& area, double step, timeline::Colour colour)
+void TimelinePaint::Hatch(const Area& area, double step, timeline::ScreenColour colour)
 {
     if (area.Empty())
         return;
@@ -117,7 +118,8 @@ std::string TimelinePaint::Elide(ImFont* font, const std::string& text, float wi
     return kept < 3 ? "" : text.substr(0, kept) + ellipsis;
 }
 
-void TimelinePaint::Text(ImFont* font, double x, double top, timeline::Colour colour, const std::string& text)
+void TimelinePaint::Text(ImFont* font, double x, double top, timeline::ScreenColour colour,
+                         const std::string& text)
 {
     list->AddText(font, SizeOf(font), {Pixel(x), Pixel(top)}, Of(colour), text.data(),
                   text.data() + text.size());

@@ -3,7 +3,7 @@
 // shortened to the room that it has.
 #pragma once
 
-#include "tools/timeline/Palette.h"
+#include "tools/timeline/TimelineColours.h"
 
 #include <imgui.h>
 
@@ -37,26 +37,27 @@ class TimelinePaint
 public:
     TimelinePaint(ImDrawList* newList, float newScale) : list(newList), scale(newScale) {}
 
-    static ImU32 Of(timeline::Colour colour);
+    static ImU32 Of(timeline::ScreenColour colour);
 
     // ImGui numbers the corners of a list with 16 bits. False when it is time to leave out details.
     bool HasRoom() const;
 
-    void Fill(const Area& area, timeline::Colour colour);
-    void Fill(double left, double top, double right, double bottom, timeline::Colour colour);
+    void Fill(const Area& area, timeline::ScreenColour colour);
+    void Fill(double left, double top, double right, double bottom, timeline::ScreenColour colour);
     void Fill(double left, double top, double right, double bottom, const timeline::Wash& wash);
-    void Frame(double left, double top, double right, double bottom, timeline::Colour colour, double width);
+    void Frame(double left, double top, double right, double bottom, timeline::ScreenColour colour,
+               double width);
     // A line one pixel of the design wide, on whole pixels.
-    void Down(double x, double top, double bottom, timeline::Colour colour, double width = 1);
-    void Across(double y, double left, double right, timeline::Colour colour, double width = 1);
-    void Diamond(double x, double y, double radius, timeline::Colour colour);
-    void Hatch(const Area& area, double step, timeline::Colour colour);
+    void Down(double x, double top, double bottom, timeline::ScreenColour colour, double width = 1);
+    void Across(double y, double left, double right, timeline::ScreenColour colour, double width = 1);
+    void Diamond(double x, double y, double radius, timeline::ScreenColour colour);
+    void Hatch(const Area& area, double step, timeline::ScreenColour colour);
 
     static float TextHeight(ImFont* font);
     static float TextWidth(ImFont* font, const std::string& text);
     // The text if it fits, else its beginning and an ellipsis; empty if there is no room for three characters.
     static std::string Elide(ImFont* font, const std::string& text, float width);
-    void Text(ImFont* font, double x, double top, timeline::Colour colour, const std::string& text);
+    void Text(ImFont* font, double x, double top, timeline::ScreenColour colour, const std::string& text);
 
     ImDrawList* const list;
     const float scale;

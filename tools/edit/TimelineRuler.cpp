@@ -125,7 +125,7 @@ void PaintLoop(const EditorState& state, const TimelineView& view, const Timelin
     const double from = left + view.X(state.loopStart), to = left + view.X(state.loopEnd);
     const Area& loop = areas.loop;
     paint->list->PushClipRect({loop.left, loop.top}, {loop.right, areas.Body().bottom}, true);
-    const Colour colour = state.looping ? Ochre : Mix(Parchment, Slate, 0.35f);
+    const uint32_t colour = state.looping ? Ochre : Mix(Parchment, Slate, 0.35f);
     paint->Fill(from, double(loop.top) + 2 * s, to, double(loop.bottom) - s, colour);
     paint->Fill(from, double(loop.top) + 2 * s, from + 3 * s, double(loop.bottom) - s,
                 Mix(colour, Ink, 0.4f));

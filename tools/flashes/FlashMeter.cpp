@@ -31,7 +31,7 @@ void FlashMeter::Take(const std::vector<float>& luminances)
     }
     SumUp();
     size_t changes = 0;
-    for (Area& each : fields) {
+    for (PictureField& each : fields) {
         Follow(&each);
         changes = std::max(changes, each.moments.size());
     }
@@ -78,7 +78,7 @@ void FlashMeter::SumUp()
         }
 }
 
-void FlashMeter::Follow(Area* area) const
+void FlashMeter::Follow(PictureField* area) const
 {
     const int right = area->left + area->columns, bottom = area->top + area->rows;
     const int sum = SumAt(right, bottom) - SumAt(area->left, bottom) - SumAt(right, area->top) +

@@ -60,14 +60,14 @@ private:
         int64_t moment = -1; // its frame
     };
     // A rectangle of cells.
-    struct Area {
+    struct PictureField {
         int left, top, columns, rows;
         int direction = 0;           // of its last change
         std::deque<int64_t> moments; // the frames of its changes within the last second
     };
     void Follow(Cell* cell, float luminance) const;
     void SumUp();
-    void Follow(Area* area) const;
+    void Follow(PictureField* area) const;
     int SumAt(int x, int y) const { return sums[std::size_t(y) * (Columns + 1) + std::size_t(x)]; }
 
     const double rate;
@@ -75,8 +75,8 @@ private:
     int64_t frame;
     std::vector<Cell> cells;
     std::vector<int> sums; // of the directions of the cells above and to the left of each corner
-    std::vector<Area> fields;
-    Area whole;
+    std::vector<PictureField> fields;
+    PictureField whole;
 };
 
 } // namespace flashes

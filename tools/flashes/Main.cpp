@@ -2,8 +2,8 @@
 // marlinex-flashes: how often a show flashes. Needs no display.
 #include "kernel/Production.h"
 #include "platform/Paths.h"
+#include "tools/capture/CaptureOptions.h"
 #include "tools/capture/Interruption.h"
-#include "tools/capture/Options.h"
 #include "tools/capture/Progress.h"
 #include "tools/capture/ShowPlayer.h"
 #include "tools/cli/CommandLine.h"

@@ -15,7 +15,7 @@ namespace lint
 
 // ---- Keys
 
-static void CheckEnd(const Block& block, const Entry& entry, const std::vector<Entry>& entries,
+static void CheckEnd(const Block& block, const KeyValue& entry, const std::vector<KeyValue>& entries,
                      Findings* findings)
 {
     const bool isMusic = block.type == BlockMusic && entry.key == key::FileName;
@@ -31,11 +31,11 @@ static void CheckEnd(const Block& block, const Entry& entry, const std::vector<E
                                 "Here alone the value counts all the same.", "Put a ; behind it.")
                 : findings->Add(Error, "unfinished-entry", end, "The ; behind this value is missing.",
                                 "The reader does not find " + entry.key + ".", "Put a ; behind it.");
-    if (!entry.value.empty() && !FindEntry(entries, entry.key))
+    if (!entry.value.empty() && !FindKeyValue(entries, entry.key))
         findings->AddFixBehind(&finding, end, ";");
 }
 
-static void CheckWord(const Entry& entry, const BlockSyntax& keys, const std::vector<Entry>& entries,
+static void CheckWord(const KeyValue& entry, const BlockSyntax& keys, const std::vector<KeyValue>& entries,
                       Findings* findings)
 {
     const std::string meant = Nearest(entry.word, keys.keys);
@@ -45,12 +45,12 @@ static void CheckWord(const Entry& entry, const BlockSyntax& keys, const std::ve
     Finding& finding = findings->Add(
         Warning, "unknown-key", entry.begin, Quote(entry.word) + " is no key of [" + keys.name + "].",
         "The reader passes it over.", isNear ? "Did you mean " + meant + "?" : all);
-    if (isNear && !entry.word.empty() && !FindEntry(entries, meant))
+    if (isNear && !entry.word.empty() && !FindKeyValue(entries, meant))
         findings->AddFix(&finding, entry.begin, entry.begin + entry.word.size(), meant);
 }
 
 // Finds white space inside a value, which the reader removes.
-static void CheckBlanks(const Reading& script, const Entry& entry, Findings* findings)
+static void CheckBlanks(const Reading& script, const KeyValue& entry, Findings* findings)
 {
     Finding* finding = nullptr;
     for (size_t i = 0; i + 2 < entry.valuePlaces.size(); i++) {
@@ -71,8 +71,8 @@ static void CheckBlanks(const Reading& script, const Entry& entry, Findings* fin
     }
 }
 
-static void CheckEntry(const Reading& script, const Block& block, const Entry& entry,
-                       const std::vector<Entry>& entries, Findings* findings)
+static void CheckEntry(const Reading& script, const Block& block, const KeyValue& entry,
+                       const std::vector<KeyValue>& entries, Findings* findings)
 {
     const BlockSyntax& keys = SyntaxOf(block.type);
     if (entry.text == ";")
@@ -112,7 +112,7 @@ static void CheckEntry(const Reading& script, const Block& block, const Entry& e
                 findings->AddFix(&finding, entry.begin + i, entry.begin + i + 1, "");
     }
     if (entry.ended && !entry.counts) {
-        const Entry* const first = FindEntry(entries, entry.key);
+        const KeyValue* const first = FindKeyValue(entries, entry.key);
         Finding& finding =
             findings->Add(Warning, "repeated-key", entry.begin, entry.key + " stands here again.",
                           "The first one counts, with " + Quote(first->value) + "; this one is passed over.",
@@ -125,21 +125,21 @@ static void CheckEntry(const Reading& script, const Block& block, const Entry& e
 
 // True if another finding says already why the reader does not find a key: the ; ahead of it or behind it is
 // missing.
-static bool IsToldElsewhere(const std::vector<Entry>& entries, const std::string& key)
+static bool IsToldElsewhere(const std::vector<KeyValue>& entries, const std::string& key)
 {
-    for (const Entry& entry : entries)
+    for (const KeyValue& entry : entries)
         if ((!entry.ended && entry.key == key) ||
             (entry.IsBroken() && entry.text.find(key + "=") != std::string::npos))
             return true;
     return false;
 }
 
-static void CheckNeeded(const Block& block, const std::vector<Entry>& entries, Findings* findings)
+static void CheckNeeded(const Block& block, const std::vector<KeyValue>& entries, Findings* findings)
 {
     const BlockSyntax& keys = SyntaxOf(block.type);
     std::vector<std::string> missing;
     for (size_t i = 0; i < keys.needed; i++)
-        if (!FindEntry(entries, keys.keys[i]) && !IsToldElsewhere(entries, keys.keys[i]))
+        if (!FindKeyValue(entries, keys.keys[i]) && !IsToldElsewhere(entries, keys.keys[i]))
             missing.push_back(keys.keys[i]);
     if (missing.empty())
         return;
@@ -150,16 +150,17 @@ static void CheckNeeded(const Block& block, const std::vector<Entry>& entries, F
 
 // ---- Values
 
-static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry& registry, Findings* findings)
+static void CheckEffect(const std::vector<KeyValue>& entries, const EffectRegistry& registry,
+                        Findings* findings)
 {
     for (const char* key : {key::StartTime, key::StopTime, key::LayerID})
-        if (const Entry* const entry = FindIntact(entries, key))
+        if (const KeyValue* const entry = FindIntact(entries, key))
             CheckInteger(*entry, findings);
-    if (const Entry* const name = FindIntact(entries, key::EffectName))
+    if (const KeyValue* const name = FindIntact(entries, key::EffectName))
         CheckEffectName(*name, registry, "entry", findings);
 
-    const Entry* const start = FindIntact(entries, key::StartTime);
-    const Entry* const stop = FindIntact(entries, key::StopTime);
+    const KeyValue* const start = FindIntact(entries, key::StartTime);
+    const KeyValue* const stop = FindIntact(entries, key::StopTime);
     if (!start || !stop)
         return;
     const uint32_t startMs = uint32_t(atoi(start->value.c_str()));
@@ -176,15 +177,15 @@ static void CheckEffect(const std::vector<Entry>& entries, const EffectRegistry&
                   "Let it stop behind its start.");
 }
 
-static void CheckSteps(const std::vector<Entry>& entries, const Block& block, Findings* findings)
+static void CheckSteps(const std::vector<KeyValue>& entries, const Block& block, Findings* findings)
 {
-    const Entry* const times = FindIntact(entries, key::ActivationTime);
-    const Entry* const steps = FindIntact(entries, key::Steps);
-    const Entry* const delta = FindIntact(entries, key::TimeDelta);
+    const KeyValue* const times = FindIntact(entries, key::ActivationTime);
+    const KeyValue* const steps = FindIntact(entries, key::Steps);
+    const KeyValue* const delta = FindIntact(entries, key::TimeDelta);
     if (!steps && !delta)
         return;
     if (!steps || !delta) {
-        const Entry* const alone = steps ? steps : delta;
+        const KeyValue* const alone = steps ? steps : delta;
         const std::string other = steps ? key::TimeDelta : key::Steps;
         findings->Add(Error, "steps-alone", alone->begin, alone->key + " stands without " + other + ".",
                       "It is passed over: the message is sent once.", "Add " + other + "=NUMBER;.");
@@ -233,12 +234,12 @@ static void CheckRefused(const Block& block, Findings* findings)
         "Send fewer, or with fewer parameters.");
 }
 
-static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
+static void CheckMessage(const std::vector<KeyValue>& entries, const Block& block,
                          const EffectRegistry& registry, Findings* findings)
 {
-    const Entry* const text = FindIntact(entries, key::MessageText);
-    const Entry* const target = FindIntact(entries, key::TargetEffect);
-    if (const Entry* const times = FindIntact(entries, key::ActivationTime))
+    const KeyValue* const text = FindIntact(entries, key::MessageText);
+    const KeyValue* const target = FindIntact(entries, key::TargetEffect);
+    if (const KeyValue* const times = FindIntact(entries, key::ActivationTime))
         CheckTimes(*times, findings);
     bool known = target != nullptr;
     if (target)
@@ -246,15 +247,15 @@ static void CheckMessage(const std::vector<Entry>& entries, const Block& block,
     const SynchMessageDeclaration* declared = nullptr;
     if (text && known)
         declared = CheckMessageName(*text, target->value, registry, findings);
-    if (const Entry* const parameter = FindIntact(entries, key::Parameter))
+    if (const KeyValue* const parameter = FindIntact(entries, key::Parameter))
         CheckParameters(*parameter, declared, findings);
     CheckSteps(entries, block, findings);
     CheckRefused(block, findings);
 }
 
-static void CheckMusic(const std::vector<Entry>& entries, Findings* findings)
+static void CheckMusic(const std::vector<KeyValue>& entries, Findings* findings)
 {
-    for (const Entry& entry : entries)
+    for (const KeyValue& entry : entries)
         if (entry.key == key::FileName && entry.value.empty())
             findings->Add(Error, "empty-value", entry.valuePlaces[0], "FileName has no value.",
                           "The show says so in a box and plays in silence.",
@@ -287,8 +288,8 @@ void CheckBlocks(const Reading& script, const EffectRegistry& registry, Findings
     for (const Block& block : script.blocks) {
         if (block.type == BlockNone)
             continue;
-        const std::vector<Entry> entries = SplitEntries(block);
-        for (const Entry& entry : entries)
+        const std::vector<KeyValue> entries = SplitKeyValues(block);
+        for (const KeyValue& entry : entries)
             CheckEntry(script, block, entry, entries, findings);
         CheckNeeded(block, entries, findings);
         switch (block.type) {
@@ -302,7 +303,7 @@ void CheckBlocks(const Reading& script, const EffectRegistry& registry, Findings
             CheckMessage(entries, block, registry, findings);
             break;
         case BlockColorScheme:
-            for (const Entry& entry : entries)
+            for (const KeyValue& entry : entries)
                 if (entry.counts && !entry.IsBroken())
                     CheckColour(entry, findings);
             break;

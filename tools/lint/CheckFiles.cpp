@@ -78,7 +78,7 @@ static void CheckFile(const std::string& folder, const EffectFile& file, const s
                         : "Rename " + like + ": small and capital letters differ.");
 }
 
-static void CheckMusicFile(const std::string& folder, const Entry& entry, Findings* findings)
+static void CheckMusicFile(const std::string& folder, const KeyValue& entry, Findings* findings)
 {
     const std::string path = folder + "/" + entry.value;
     std::string complaint = Complaint(path);
@@ -103,7 +103,7 @@ static void CheckMusic(const Reading& script, const std::string& folder, Finding
     std::set<std::string> seen;
     for (const Block& block : script.blocks)
         if (block.type == BlockMusic && !block.hasBox)
-            for (const Entry& entry : SplitEntries(block))
+            for (const KeyValue& entry : SplitKeyValues(block))
                 if (entry.key == key::FileName && (entry.counts || !entry.ended)) {
                     if (seen.insert(entry.value).second)
                         CheckMusicFile(folder, entry, findings);
@@ -111,7 +111,7 @@ static void CheckMusic(const Reading& script, const std::string& folder, Finding
                 }
 }
 
-void CheckFiles(const Reading& script, const Show& show, const Options& options, Findings* findings)
+void CheckFiles(const Reading& script, const Show& show, const CheckOptions& options, Findings* findings)
 {
     const std::string folder = options.data.empty() ? platform::GetDataDirectory() : options.data;
     CheckMusic(script, folder, findings);

@@ -31,8 +31,8 @@ static bool Overlap(const ShownEntry& a, const ShownEntry& b)
 // Where the value of a key stands in the block; false: nowhere, or a ; is missing behind it.
 static bool FindValuePlace(const Block& block, const char* key, size_t* first, size_t* end)
 {
-    const std::vector<Entry> entries = SplitEntries(block);
-    const Entry* const entry = FindIntact(entries, key);
+    const std::vector<KeyValue> entries = SplitKeyValues(block);
+    const KeyValue* const entry = FindIntact(entries, key);
     if (!entry || entry->value.empty())
         return false;
     *first = entry->valuePlaces[0];
@@ -145,7 +145,7 @@ static void AddGap(uint32_t start, uint32_t stop, const ShownEntry& entry, bool 
             start, stop);
 }
 
-static void CheckGaps(const Show& show, const Options& options, Findings* findings)
+static void CheckGaps(const Show& show, const CheckOptions& options, Findings* findings)
 {
     std::vector<const ShownEntry*> scenes;
     for (const ShownEntry& entry : show.entries)
@@ -167,7 +167,7 @@ static void CheckGaps(const Show& show, const Options& options, Findings* findin
 }
 
 // Finds entries that began before the start offset.
-static void CheckCut(const Show& show, const Options& options, Findings* findings)
+static void CheckCut(const Show& show, const CheckOptions& options, Findings* findings)
 {
     for (const ShownEntry& entry : show.entries)
         if (entry.kept && !IsOverlay(entry.effect) && entry.start < options.startOffset &&
@@ -181,7 +181,8 @@ static void CheckCut(const Show& show, const Options& options, Findings* finding
                     entry.start, std::min(options.startOffset, entry.stop));
 }
 
-static void CheckNothing(const Reading& script, const Show& show, const Options& options, Findings* findings)
+static void CheckNothing(const Reading& script, const Show& show, const CheckOptions& options,
+                         Findings* findings)
 {
     for (const ShownEntry& entry : show.entries)
         if (entry.kept)
@@ -217,7 +218,7 @@ static std::string SpansOf(const Show& show, const std::string& effect)
 }
 
 // The messages of one block that one finding is about.
-struct Group {
+struct MessageGroup {
     std::vector<const SentMessage*> messages;
 
     const SentMessage& First() const { return *messages.front(); }
@@ -251,11 +252,11 @@ private:
     std::map<std::string, std::string> texts;
 };
 
-typedef bool (*Condition)(const Show& show, const SentMessage& message, const Options& options);
+typedef bool (*Condition)(const Show& show, const SentMessage& message, const CheckOptions& options);
 
-static std::vector<Group> Gather(const Show& show, const Options& options, Condition condition)
+static std::vector<MessageGroup> Gather(const Show& show, const CheckOptions& options, Condition condition)
 {
-    std::vector<Group> groups; // by number of the block
+    std::vector<MessageGroup> groups; // by number of the block
     for (const SentMessage& message : show.messages) {
         if (!condition(show, message, options))
             continue;
@@ -264,51 +265,51 @@ static std::vector<Group> Gather(const Show& show, const Options& options, Condi
         groups[message.block].messages.push_back(&message);
     }
     groups.erase(std::remove_if(groups.begin(), groups.end(),
-                                [](const Group& group) { return group.messages.empty(); }),
+                                [](const MessageGroup& group) { return group.messages.empty(); }),
                  groups.end());
     return groups;
 }
 
 // The moment at which a message is handed out depends on the moments of the frames. The earliest is when it is
 // due and the messages ahead of it have left; the latest is a frame later.
-static bool IsSurelyHeard(const Show& show, const SentMessage& message, const Options& options)
+static bool IsSurelyHeard(const Show& show, const SentMessage& message, const CheckOptions& options)
 {
     const double earliest = message.time + message.delay;
     return IsOnStage(show, message.effect, earliest) &&
            IsOnStage(show, message.effect, earliest + 1000 / options.frameRate);
 }
 
-static bool IsLost(const Show& show, const SentMessage& message, const Options&)
+static bool IsLost(const Show& show, const SentMessage& message, const CheckOptions&)
 {
     return message.kept && !message.heard && !IsOnStage(show, message.effect, message.time + message.delay);
 }
 
-static bool IsAtEdge(const Show& show, const SentMessage& message, const Options& options)
+static bool IsAtEdge(const Show& show, const SentMessage& message, const CheckOptions& options)
 {
     return message.kept && !IsLost(show, message, options) && !IsSurelyHeard(show, message, options);
 }
 
-static bool IsLate(const Show&, const SentMessage& message, const Options&)
+static bool IsLate(const Show&, const SentMessage& message, const CheckOptions&)
 {
     return message.kept && message.delay > maxDelay;
 }
 
 // True if the start offset drops a message whose effect would have received it and may still show it. The flash
 // of an overlay is over by then.
-static bool IsMissed(const Show& show, const SentMessage& message, const Options&)
+static bool IsMissed(const Show& show, const SentMessage& message, const CheckOptions&)
 {
     return !message.kept && !IsOverlay(message.effect) && IsOnStage(show, message.effect, message.time);
 }
 
-static bool IsDropped(const Show& show, const SentMessage& message, const Options& options)
+static bool IsDropped(const Show& show, const SentMessage& message, const CheckOptions& options)
 {
     return !message.kept && !IsMissed(show, message, options);
 }
 
-static void CheckMessages(const Show& show, const Options& options, Findings* findings)
+static void CheckMessages(const Show& show, const CheckOptions& options, Findings* findings)
 {
     SpansText spans(show);
-    for (const Group& group : Gather(show, options, IsLost)) {
+    for (const MessageGroup& group : Gather(show, options, IsLost)) {
         const bool pushed =
             group.messages.size() == 1 && IsOnStage(show, group.First().effect, group.First().time);
         group.Span(&findings->AddAt(
@@ -318,13 +319,13 @@ static void CheckMessages(const Show& show, const Options& options, Findings* fi
             "Lost without a trace. " + spans.Of(group.First().effect),
             "Move the message, or the entry of its effect."));
     }
-    for (const Group& group : Gather(show, options, IsAtEdge))
+    for (const MessageGroup& group : Gather(show, options, IsAtEdge))
         group.Span(&findings->AddAt(
             Warning, "message-at-edge", group.First().line, group.First().column,
             group.Told() + (group.messages.size() == 1 ? " stands" : " stand") + " on the edge of an entry.",
             "Whether it is heard hangs on where the frames fall. " + spans.Of(group.First().effect),
             "Keep at least 20 ms from the end of the entry, and don't begin ahead of it."));
-    for (const Group& group : Gather(show, options, IsLate)) {
+    for (const MessageGroup& group : Gather(show, options, IsLate)) {
         double most = 0;
         for (const SentMessage* message : group.messages)
             most = std::max(most, message->delay);
@@ -335,14 +336,14 @@ static void CheckMessages(const Show& show, const Options& options, Findings* fi
                 " frames a second it comes up to " + std::to_string(lround(most)) + " ms late.",
             "Send fewer messages at one time."));
     }
-    for (const Group& group : Gather(show, options, IsMissed))
+    for (const MessageGroup& group : Gather(show, options, IsMissed))
         group.Span(&findings->AddAt(Warning, "message-missed", group.First().line, group.First().column,
                                     group.Told() + (group.messages.size() == 1 ? " lies" : " lie") +
                                         " before the start at " + std::to_string(options.startOffset) + ".",
                                     "Dropped: " + group.First().effect +
                                         " goes on stage without having heard of it.",
                                     "Expect it to look otherwise than in the whole show."));
-    for (const Group& group : Gather(show, options, IsDropped))
+    for (const MessageGroup& group : Gather(show, options, IsDropped))
         group.Span(&findings->AddAt(Note, "message-dropped", group.First().line, group.First().column,
                                     group.Told() + (group.messages.size() == 1 ? " lies" : " lie") +
                                         " before the start at " + std::to_string(options.startOffset) + ".",
@@ -350,7 +351,7 @@ static void CheckMessages(const Show& show, const Options& options, Findings* fi
                                     "Start earlier to see it."));
 }
 
-void CheckShow(const Reading& script, const Show& show, const Options& options, Findings* findings)
+void CheckShow(const Reading& script, const Show& show, const CheckOptions& options, Findings* findings)
 {
     CheckNothing(script, show, options, findings);
     CheckOverlaps(script, show, findings);

@@ -2,7 +2,7 @@
 // The checks of the linter. They add findings and change nothing else.
 #pragma once
 
-#include "tools/lint/Entries.h"
+#include "tools/lint/KeyValues.h"
 #include "tools/lint/Lint.h"
 
 #include <map>
@@ -52,13 +52,13 @@ void CheckText(const Reading& script, Findings* findings);
 void CheckBlocks(const Reading& script, const EffectRegistry& registry, Findings* findings);
 
 // Checks entries against each other, and messages against entries.
-void CheckShow(const Reading& script, const Show& show, const Options& options, Findings* findings);
+void CheckShow(const Reading& script, const Show& show, const CheckOptions& options, Findings* findings);
 
 // Checks the messages of those effects for which their order or their number matters.
 void CheckScenes(const Show& show, Findings* findings);
 
 // Checks that the files are there that the show will ask for.
-void CheckFiles(const Reading& script, const Show& show, const Options& options, Findings* findings);
+void CheckFiles(const Reading& script, const Show& show, const CheckOptions& options, Findings* findings);
 
 // ---- Texts that the checks share
 

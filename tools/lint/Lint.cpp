@@ -42,7 +42,7 @@ static Report Unreadable(const std::string& reason)
     return {false, reason, {}, 0, {{}, {}, "", {}, 0, 0, {}}};
 }
 
-Report CheckText(const std::string& bytes, const std::string& name, const Options& options)
+Report CheckText(const std::string& bytes, const std::string& name, const CheckOptions& options)
 {
     if (bytes.size() > Reading::contentLimit)
         return Unreadable(tooLarge);
@@ -85,7 +85,7 @@ static bool ReadBytes(const std::string& path, std::string* bytes)
     return cause == 0;
 }
 
-Report CheckFile(const std::string& path, const Options& options)
+Report CheckFile(const std::string& path, const CheckOptions& options)
 {
     std::string bytes;
     if (!ReadBytes(path, &bytes))

@@ -2,7 +2,7 @@
 // Reads a script with the show's own reader into the show's own player, and finds what the show would silently do
 // with it.
 //
-//     lint::Options options;
+//     lint::CheckOptions options;
 //     options.startOffset = 90000;
 //     const lint::Report report = lint::CheckFile("Data/script.txt", options);
 //     for (const lint::Finding& finding : report.findings)
@@ -27,7 +27,7 @@ namespace lint
 // The effects that a script is read with. They are made once, never initialised and never deleted.
 EffectRegistry* ProductionRegistry();
 
-struct Options {
+struct CheckOptions {
     uint32_t startOffset = 0; // milliseconds, as in the show's start-offset file
     double frameRate = 60;    // frames per second that messages are handed out at
     std::string data;         // where pictures and music are looked for; empty: platform::GetDataDirectory
@@ -54,7 +54,7 @@ struct SentMessage {
     std::vector<float> params;
     bool kept;        // false: it lies before the start offset
     bool heard;       // true if its effect is on stage in the frame in which it leaves
-    double delay;     // milliseconds that it waits for the messages ahead of it, at Options::frameRate
+    double delay;     // milliseconds that it waits for the messages ahead of it, at CheckOptions::frameRate
     int line, column; // of its time in the script; of the first message's for those that Steps adds
     size_t block;     // the number of its message block in the script, from 0
 };
@@ -88,9 +88,9 @@ struct Report {
 };
 
 // The path is not one of the data directory; "-" is standard input.
-Report CheckFile(const std::string& path, const Options& options);
+Report CheckFile(const std::string& path, const CheckOptions& options);
 
 // The same for a script that is in memory. name stands in Finding::file.
-Report CheckText(const std::string& bytes, const std::string& name, const Options& options);
+Report CheckText(const std::string& bytes, const std::string& name, const CheckOptions& options);
 
 } // namespace lint

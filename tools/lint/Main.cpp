@@ -26,7 +26,7 @@ int main(int argc, char** argv)
     if (!line.Read(argc, argv))
         return line.exitStatus;
     platform::FindDataDirectory(ProductionName);
-    lint::Options wanted;
+    lint::CheckOptions wanted;
     int64_t offset = 0;
     if (!line.WholeNumber("offset", 0, UINT32_MAX, &offset) ||
         !line.Number("fps", 1, 1000, &wanted.frameRate))

@@ -103,7 +103,7 @@ static void PrintFixes(const std::vector<Fix>& fixes, cli::JsonWriter* json)
     json->EndArray();
 }
 
-std::string PrintJson(const std::string& file, const Report& report, const Options& options)
+std::string PrintJson(const std::string& file, const Report& report, const CheckOptions& options)
 {
     cli::JsonWriter json;
     json.StartObject();

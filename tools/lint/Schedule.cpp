@@ -4,7 +4,7 @@
 #include "kernel/EffectRegistry.h"
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
-#include "tools/lint/Entries.h"
+#include "tools/lint/KeyValues.h"
 #include "tools/lint/Values.h"
 
 #include <algorithm>
@@ -72,10 +72,10 @@ static void AddMessages(const Reading& whole, const Reading& kept, const EffectR
         messageBlock++;
         if (block.messageCount == 0)
             continue;
-        const std::vector<Entry> entries = SplitEntries(block);
-        const Entry* const text = FindEntry(entries, key::MessageText);
-        const Entry* const list = FindEntry(entries, key::ActivationTime);
-        const std::vector<Item> times = SplitItems(*list);
+        const std::vector<KeyValue> entries = SplitKeyValues(block);
+        const KeyValue* const text = FindKeyValue(entries, key::MessageText);
+        const KeyValue* const list = FindKeyValue(entries, key::ActivationTime);
+        const std::vector<ListItem> times = SplitItems(*list);
         const size_t lastTime = CountTimes(*list) - 1; // from which Steps counts on
         const std::string effect = NameOf(registry, whole.player.messages[block.firstMessage].effect);
         // Both readings have the messages in the same order, and the offset keeps or drops all messages of one
@@ -95,7 +95,7 @@ static void AddMessages(const Reading& whole, const Reading& kept, const EffectR
 }
 
 // Hands out at most one message per frame, like DemoPlayer, with frames of equal length.
-static void PlayMessages(const Options& options, Show* show)
+static void PlayMessages(const CheckOptions& options, Show* show)
 {
     const double frame = 1000.0 / options.frameRate;
     const double epsilon =
@@ -127,7 +127,7 @@ static int CountLoads(const Show& show)
     return loads;
 }
 
-void PlaySchedule(const Options& options, Show* show)
+void PlaySchedule(const CheckOptions& options, Show* show)
 {
     // The same order as DemoPlayer::SortMessages makes, in less time.
     const auto isEarlier = [](const SentMessage& a, const SentMessage& b) { return a.time < b.time; };
@@ -140,14 +140,14 @@ void PlaySchedule(const Options& options, Show* show)
 }
 
 Show BuildShow(const Reading& whole, const Reading& kept, const EffectRegistry& registry,
-               const Options& options)
+               const CheckOptions& options)
 {
     Show show = {{}, {}, "", kept.player.GetColorScheme(), 0, 0, {}};
     AddEntries(whole, kept, registry, &show);
     AddMessages(whole, kept, registry, &show);
     for (const Block& block : whole.blocks)
         if (block.type == BlockMusic && !block.hasBox)
-            for (const Entry& entry : SplitEntries(block))
+            for (const KeyValue& entry : SplitKeyValues(block))
                 if (entry.key == key::FileName && (entry.counts || !entry.ended)) {
                     show.music = entry.value;
                     break;

@@ -26,7 +26,7 @@ static std::string WithoutTheSign(uint32_t number)
 }
 
 // Checks one whole number, which is not empty.
-static void CheckWholeItem(const Item& item, const std::string& key, Findings* findings)
+static void CheckWholeItem(const ListItem& item, const std::string& key, Findings* findings)
 {
     const std::string& text = item.text;
     const size_t sign = text[0] == '-' ? 1 : 0;
@@ -62,18 +62,18 @@ static void CheckWholeItem(const Item& item, const std::string& key, Findings* f
 }
 
 // The last character of a value that is not empty.
-static size_t LastOf(const Entry& entry)
+static size_t LastOf(const KeyValue& entry)
 {
     return entry.valuePlaces[entry.value.size() - 1];
 }
 
-static void AddEmpty(const Entry& entry, const std::string& consequence, Findings* findings)
+static void AddEmpty(const KeyValue& entry, const std::string& consequence, Findings* findings)
 {
     findings->Add(Error, "empty-value", entry.valuePlaces[0], entry.key + " has no value.", consequence,
                   "Write a value between the = and the ;.");
 }
 
-void CheckInteger(const Entry& entry, Findings* findings)
+void CheckInteger(const KeyValue& entry, Findings* findings)
 {
     if (entry.value.empty())
         AddEmpty(entry, "It is read as 0.", findings);
@@ -82,7 +82,7 @@ void CheckInteger(const Entry& entry, Findings* findings)
                        entry.key, findings);
 }
 
-size_t CountTimes(const Entry& entry)
+size_t CountTimes(const KeyValue& entry)
 {
     if (entry.value.empty())
         return 0;
@@ -90,13 +90,13 @@ size_t CountTimes(const Entry& entry)
     return entry.value.back() == ',' ? commas : commas + 1;
 }
 
-void CheckTimes(const Entry& entry, Findings* findings)
+void CheckTimes(const KeyValue& entry, Findings* findings)
 {
     if (entry.value.empty()) {
         AddEmpty(entry, "The message is never sent, and nothing says so.", findings);
         return;
     }
-    const std::vector<Item> items = SplitItems(entry);
+    const std::vector<ListItem> items = SplitItems(entry);
     const size_t count = CountTimes(entry);
     for (size_t i = 0; i < count; i++) {
         if (!items[i].text.empty()) {
@@ -112,11 +112,11 @@ void CheckTimes(const Entry& entry, Findings* findings)
     }
 }
 
-void CheckColour(const Entry& entry, Findings* findings)
+void CheckColour(const KeyValue& entry, Findings* findings)
 {
-    const std::vector<Item> items = SplitItems(entry);
+    const std::vector<ListItem> items = SplitItems(entry);
     for (size_t i = 0; i < items.size() && i < 3; i++) {
-        const Item& item = items[i];
+        const ListItem& item = items[i];
         if (item.text.empty()) {
             findings->Add(Error, "empty-item", item.place, "A component of " + entry.key + " is empty.",
                           "It is read as 0.", "Write red, green and blue, 0 to 255 each.");
@@ -216,7 +216,7 @@ static std::string NumberAhead(const std::string& text)
 }
 
 // losesLast: the item ends a list, and the reader its last character.
-static void CheckParameterItem(const Item& item, bool losesLast, Findings* findings)
+static void CheckParameterItem(const ListItem& item, bool losesLast, Findings* findings)
 {
     char* end = nullptr;
     const double value = strtod(item.text.c_str(), &end);
@@ -240,7 +240,7 @@ static void CheckParameterItem(const Item& item, bool losesLast, Findings* findi
 }
 
 // The last character of the list is lost unless it is a comma; see ScriptParser::ParseParameters.
-static void CheckLostCharacter(const Item& last, float* value, Findings* findings)
+static void CheckLostCharacter(const ListItem& last, float* value, Findings* findings)
 {
     const std::string left = last.text.substr(0, last.text.size() - 1);
     const float meant = float(atof(last.text.c_str()));
@@ -256,13 +256,13 @@ static void CheckLostCharacter(const Item& last, float* value, Findings* finding
         findings->AddFixBehind(&finding, last.last, WithoutLoss(last.text).substr(last.text.size()));
 }
 
-void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared, Findings* findings)
+void CheckParameters(const KeyValue& entry, const SynchMessageDeclaration* declared, Findings* findings)
 {
     if (entry.value.empty()) {
         AddEmpty(entry, "The message comes with one parameter, 0.", findings);
         return;
     }
-    const std::vector<Item> items = SplitItems(entry);
+    const std::vector<ListItem> items = SplitItems(entry);
     const bool closed =
         entry.value.back() == ','; // keeps the last character, and opens no item that is meant
     const size_t count = closed ? items.size() - 1 : items.size();
@@ -308,7 +308,8 @@ void CheckParameters(const Entry& entry, const SynchMessageDeclaration* declared
 
 // ---- Names
 
-bool CheckEffectName(const Entry& entry, const EffectRegistry& registry, const char* what, Findings* findings)
+bool CheckEffectName(const KeyValue& entry, const EffectRegistry& registry, const char* what,
+                     Findings* findings)
 {
     if (registry.FindEffect(entry.value))
         return true;
@@ -324,7 +325,7 @@ bool CheckEffectName(const Entry& entry, const EffectRegistry& registry, const c
     return false;
 }
 
-const SynchMessageDeclaration* CheckMessageName(const Entry& entry, const std::string& effect,
+const SynchMessageDeclaration* CheckMessageName(const KeyValue& entry, const std::string& effect,
                                                 const EffectRegistry& registry, Findings* findings)
 {
     const Effect* const owner = registry.FindEffect(effect);

@@ -2,7 +2,7 @@
 #include "tools/timeline/HtmlPage.h"
 
 #include "platform/EmbeddedFiles.h"
-#include "tools/timeline/Palette.h"
+#include "tools/timeline/TimelineColours.h"
 
 #include <cstdio>
 
@@ -13,7 +13,7 @@ extern const platform::EmbeddedFile pageFiles[]; // of the folder page, made by 
 
 static const struct {
     const char* name;
-    Colour colour;
+    uint32_t rgb;
 } colours[] = {
     {"ink", Ink},     {"night", Night}, {"slate", Slate},         {"mist", Mist},
     {"amber", Amber}, {"rust", Rust},   {"parchment", Parchment}, {"bone", Bone},
@@ -32,9 +32,8 @@ std::string PageStyle()
     std::string style = ":root {";
     for (const auto& each : colours) {
         char text[96]; // the hexadecimal form, and the parts, to which an opacity can be added
-        snprintf(text, sizeof text, " --%s: #%02x%02x%02x; --%s-parts: %d %d %d;", each.name, each.colour.red,
-                 each.colour.green, each.colour.blue, each.name, each.colour.red, each.colour.green,
-                 each.colour.blue);
+        snprintf(text, sizeof text, " --%s: #%06x; --%s-parts: %d %d %d;", each.name, each.rgb, each.name,
+                 RedOf(each.rgb), GreenOf(each.rgb), BlueOf(each.rgb));
         style += text;
     }
     return style + " }\n" + PageFile("timeline.css");

@@ -4,7 +4,7 @@
 // stands still.
 #pragma once
 
-#include "tools/timeline/Picture.h"
+#include "tools/timeline/TimelinePicture.h"
 
 #include <string>
 

@@ -82,7 +82,7 @@ static void NameBar(const Entry& entry, const Size& size, double free, const Lay
     if (size.nameBaseline == 0)
         return;
     const std::string name = Clean(entry.effect);
-    const Box& box = bar->box;
+    const CanvasRect& box = bar->box;
     const double baseline = box.y + size.nameBaseline;
     const double inside = box.width - nameInset - 3;
     const double outsideLeft = box.Right() + 4;
@@ -137,8 +137,8 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
     std::map<uint32_t, double> tops;
     for (auto each = rowsOfLayer.rbegin(); each != rowsOfLayer.rend(); ++each) {
         const auto& [layer, count] = *each;
-        const Box box = {gutterWidth, y, layout->plotEnd - gutterWidth,
-                         (count - 1) * size.rowHeight + size.barHeight + 2 * lanePadding};
+        const CanvasRect box = {gutterWidth, y, layout->plotEnd - gutterWidth,
+                                (count - 1) * size.rowHeight + size.barHeight + 2 * lanePadding};
         layout->lanes.push_back({layer, count, box});
         tops[layer] = y + lanePadding;
         y = box.Bottom() + laneGap;

@@ -25,7 +25,8 @@ static const double maxWaveColumns  = 6000;
 static const char*  separator        = "  \xc2\xb7  ";
 // clang-format on
 
-void AddGutterText(const std::string& text, TextStyle style, Colour colour, double baseline, Layout* layout)
+void AddGutterText(const std::string& text, TextStyle style, ScreenColour colour, double baseline,
+                   Layout* layout)
 {
     const std::string shown = Elide(text, style, gutterWidth - margin - 8);
     if (!shown.empty())

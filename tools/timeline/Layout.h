@@ -79,13 +79,13 @@ std::vector<TickGroup> GroupTicks(const TimelineModel& model, const std::vector<
 struct PlacedTick {
     std::vector<size_t> messages; // of the model, in order of time
     TickKind kind;                // the worst of them
-    Box box;                      // from the first to the last, no narrower than a tick
+    CanvasRect box;               // from the first to the last, no narrower than a tick
     std::string title;            // shown while the pointer rests on it
 };
 
 struct PlacedBar {
-    size_t entry; // of the model
-    Box box;      // the time on stage, cut at the ends of the axis
+    size_t entry;   // of the model
+    CanvasRect box; // the time on stage, cut at the ends of the axis
     bool cutLeft, cutRight;
     bool never; // its stop lies ahead of its start
     std::string title;
@@ -96,16 +96,16 @@ struct PlacedBar {
 
 struct PlacedLane {
     uint32_t layer;
-    int rows; // entries that overlap lie in rows of their own
-    Box box;  // across the whole plot
+    int rows;       // entries that overlap lie in rows of their own
+    CanvasRect box; // across the whole plot
 };
 
 struct PlacedFlag {
     std::vector<size_t> remarks; // of the model
     bool grave;
-    double pole;   // x
-    double extent; // x up to which the longest of them reaches
-    Box box;       // the flag itself
+    double pole;    // x
+    double extent;  // x up to which the longest of them reaches
+    CanvasRect box; // the flag itself
     std::string title;
     PlacedText number;
 };
@@ -119,7 +119,7 @@ enum LegendKind { EntryLegend, TickLegend, ClusterLegend, LostLegend, UnknownLeg
 
 struct PlacedLegend {
     LegendKind kind;
-    Box box; // of the sample
+    CanvasRect box; // of the sample
 };
 
 // The whole picture. As a Scale it converts between seconds of the show and x of the plot.
@@ -127,9 +127,9 @@ struct Layout : Scale {
     double width, height;
     Tempo tempo;
 
-    Box head, gutter, plot, foot; // they tile the canvas; the plot holds the margin to its right as well
-    double plotEnd;               // x of the axis' end
-    double showEnd;               // x of the show's end; what lies behind it is never seen
+    CanvasRect head, gutter, plot, foot; // they tile the canvas; the plot holds the margin to its right too
+    double plotEnd;                      // x of the axis' end
+    double showEnd;                      // x of the show's end; what lies behind it is never seen
 
     std::vector<PlacedText> headTexts, gutterTexts, footTexts;
 
@@ -137,24 +137,24 @@ struct Layout : Scale {
     std::vector<RulerMark> marks;
     std::vector<PlacedText> rulerTexts;
 
-    Box loading;               // empty without entries
+    CanvasRect loading;        // empty without entries
     std::vector<double> loads; // the right edges of its seconds, from left to right
     bool loadingCut;           // too long for its scale: the seconds are narrower there
     std::string loadingTitle;
     std::vector<PlacedText> loadingTexts;
 
-    Box flagRow; // empty without placed remarks
+    CanvasRect flagRow; // empty without placed remarks
     std::vector<PlacedFlag> flags;
 
     std::vector<PlacedLane> lanes; // from the top
     std::vector<PlacedBar> bars;   // in the order of the model's entries
     double rowHeight, barHeight;
 
-    Box lostLane; // empty if no message is lost
+    CanvasRect lostLane; // empty if no message is lost
     std::vector<PlacedTick> lost;
     std::vector<PlacedText> lostTexts;
 
-    Box musicLane;
+    CanvasRect musicLane;
     double musicStart, musicEnd; // x; equal without music
     std::vector<WaveColumn> wave;
     std::string musicTitle;

@@ -46,6 +46,7 @@ const double margin = 24;       // left and right of everything
 const double gutterWidth = 134; // margin included
 
 // Adds a text in the gutter, shortened to the gutter's width.
-void AddGutterText(const std::string& text, TextStyle style, Colour colour, double baseline, Layout* layout);
+void AddGutterText(const std::string& text, TextStyle style, ScreenColour colour, double baseline,
+                   Layout* layout);
 
 } // namespace timeline

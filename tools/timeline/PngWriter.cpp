@@ -8,34 +8,34 @@
 namespace timeline
 {
 
-class CairoDrawing : public Drawing
+class CairoPainter : public Painter
 {
 public:
-    explicit CairoDrawing(cairo_t* borrowed) : cairo(borrowed) {}
+    explicit CairoPainter(cairo_t* borrowed) : cairo(borrowed) {}
 
-    void BeginGroup(const Group&) override {}
+    void BeginGroup(const PaintedGroup&) override {}
     void EndGroup() override {}
-    void FillBox(const Box& box, const Wash& wash, double radius) override;
-    void FillShape(const std::vector<Point>& corners, Colour colour) override;
-    void StrokeSegments(const std::vector<Segment>& segments, Colour colour, double width) override;
+    void FillRect(const CanvasRect& box, const Wash& wash, double radius) override;
+    void FillShape(const std::vector<Point>& corners, ScreenColour colour) override;
+    void StrokeSegments(const std::vector<Segment>& segments, ScreenColour colour, double width) override;
     void Write(const PlacedText& text) override;
-    void Sense(const Box&) override {}
+    void Sense(const CanvasRect&) override {}
 
 private:
-    void Use(Colour colour);
+    void Use(ScreenColour colour);
 
     cairo_t* cairo;
 };
 
 static const double quarter = 1.5707963267949; // of a turn
 
-void CairoDrawing::Use(Colour colour)
+void CairoPainter::Use(ScreenColour colour)
 {
-    cairo_set_source_rgba(cairo, colour.red / 255.0, colour.green / 255.0, colour.blue / 255.0,
-                          double(colour.alpha));
+    cairo_set_source_rgba(cairo, RedOf(colour.rgb) / 255.0, GreenOf(colour.rgb) / 255.0,
+                          BlueOf(colour.rgb) / 255.0, double(colour.alpha));
 }
 
-void CairoDrawing::FillBox(const Box& box, const Wash& wash, double radius)
+void CairoPainter::FillRect(const CanvasRect& box, const Wash& wash, double radius)
 {
     if (box.width <= 0 || box.height <= 0)
         return;
@@ -55,16 +55,16 @@ void CairoDrawing::FillBox(const Box& box, const Wash& wash, double radius)
         return;
     }
     cairo_pattern_t* const pattern = cairo_pattern_create_linear(0, box.y, 0, box.Bottom());
-    cairo_pattern_add_color_stop_rgb(pattern, 0, wash.top.red / 255.0, wash.top.green / 255.0,
-                                     wash.top.blue / 255.0);
-    cairo_pattern_add_color_stop_rgb(pattern, 1, wash.bottom.red / 255.0, wash.bottom.green / 255.0,
-                                     wash.bottom.blue / 255.0);
+    cairo_pattern_add_color_stop_rgb(pattern, 0, RedOf(wash.top.rgb) / 255.0, GreenOf(wash.top.rgb) / 255.0,
+                                     BlueOf(wash.top.rgb) / 255.0);
+    cairo_pattern_add_color_stop_rgb(pattern, 1, RedOf(wash.bottom.rgb) / 255.0,
+                                     GreenOf(wash.bottom.rgb) / 255.0, BlueOf(wash.bottom.rgb) / 255.0);
     cairo_set_source(cairo, pattern);
     cairo_fill(cairo);
     cairo_pattern_destroy(pattern);
 }
 
-void CairoDrawing::FillShape(const std::vector<Point>& corners, Colour colour)
+void CairoPainter::FillShape(const std::vector<Point>& corners, ScreenColour colour)
 {
     cairo_new_path(cairo);
     for (const Point& corner : corners)
@@ -74,7 +74,7 @@ void CairoDrawing::FillShape(const std::vector<Point>& corners, Colour colour)
     cairo_fill(cairo);
 }
 
-void CairoDrawing::StrokeSegments(const std::vector<Segment>& segments, Colour colour, double width)
+void CairoPainter::StrokeSegments(const std::vector<Segment>& segments, ScreenColour colour, double width)
 {
     cairo_new_path(cairo);
     for (const Segment& segment : segments) {
@@ -86,7 +86,7 @@ void CairoDrawing::StrokeSegments(const std::vector<Segment>& segments, Colour c
     cairo_stroke(cairo);
 }
 
-void CairoDrawing::Write(const PlacedText& text)
+void CairoPainter::Write(const PlacedText& text)
 {
     const TextShape& shape = ShapeOf(text.style);
     cairo_select_font_face(cairo, shape.serif ? "serif" : "sans-serif",
@@ -134,10 +134,10 @@ bool PngPicture(const TimelineModel& model, const Layout& layout, double scale, 
     cairo_font_options_destroy(options);
     cairo_scale(cairo, scale, scale);
     // Paint the whole surface first: the drawing may cover the last row of pixels only in part.
-    cairo_set_source_rgb(cairo, Bone.red / 255.0, Bone.green / 255.0, Bone.blue / 255.0);
+    cairo_set_source_rgb(cairo, RedOf(Bone) / 255.0, GreenOf(Bone) / 255.0, BlueOf(Bone) / 255.0);
     cairo_paint(cairo);
-    CairoDrawing drawing(cairo);
-    DrawPicture(model, layout, WholePicture, &drawing);
+    CairoPainter painter(cairo);
+    DrawPicture(model, layout, WholePicture, &painter);
     png->clear();
     cairo_status_t status = cairo_status(cairo);
     if (status == CAIRO_STATUS_SUCCESS)

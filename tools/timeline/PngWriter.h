@@ -2,7 +2,7 @@
 // The picture as a PNG file, painted by cairo.
 #pragma once
 
-#include "tools/timeline/Picture.h"
+#include "tools/timeline/TimelinePicture.h"
 
 #include <string>
 

@@ -18,8 +18,8 @@ static const double minGap       = 14; // between figures
 static const char*  widestBar      = "00000";
 // clang-format on
 
-static void AddFigure(const std::string& text, TextStyle style, Colour colour, double x, double baseline,
-                      Layout* layout)
+static void AddFigure(const std::string& text, TextStyle style, ScreenColour colour, double x,
+                      double baseline, Layout* layout)
 {
     const PlacedText figure = PlaceText(text, style, colour, x + figureGap, baseline);
     if (figure.box.Right() <= layout->width - 2)

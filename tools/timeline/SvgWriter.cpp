@@ -49,30 +49,30 @@ std::string Escape(const std::string& text)
     return escaped;
 }
 
-static std::string Hex(Colour colour)
+static std::string Hex(uint32_t rgb)
 {
     char text[8];
-    snprintf(text, sizeof text, "#%02x%02x%02x", colour.red, colour.green, colour.blue);
+    snprintf(text, sizeof text, "#%06x", rgb & 0xffffff);
     return text;
 }
 
-static std::string Paint(const char* what, Colour colour)
+static std::string Paint(const char* what, ScreenColour colour)
 {
-    std::string text = std::string(" ") + what + "=\"" + Hex(colour) + "\"";
+    std::string text = std::string(" ") + what + "=\"" + Hex(colour.rgb) + "\"";
     if (colour.alpha < 1)
         text += std::string(" ") + what + "-opacity=\"" + Figure(double(colour.alpha)) + "\"";
     return text;
 }
 
-static std::string Place(const Box& box)
+static std::string Place(const CanvasRect& box)
 {
     return " x=\"" + Figure(box.x) + "\" y=\"" + Figure(box.y) + "\" width=\"" + Figure(box.width) +
            "\" height=\"" + Figure(box.height) + "\"";
 }
 
-SvgDrawing::SvgDrawing(std::string idPrefix) : prefix(idPrefix) {}
+SvgPainter::SvgPainter(std::string idPrefix) : prefix(idPrefix) {}
 
-void SvgDrawing::BeginGroup(const Group& group)
+void SvgPainter::BeginGroup(const PaintedGroup& group)
 {
     body += "<g class=\"" + std::string(group.kind) + "\"";
     for (const auto& [name, value] : group.data)
@@ -83,12 +83,12 @@ void SvgDrawing::BeginGroup(const Group& group)
     body += "\n";
 }
 
-void SvgDrawing::EndGroup()
+void SvgPainter::EndGroup()
 {
     body += "</g>\n";
 }
 
-std::string SvgDrawing::Fill(const Wash& wash)
+std::string SvgPainter::Fill(const Wash& wash)
 {
     if (wash.top == wash.bottom)
         return Paint("fill", wash.top);
@@ -100,7 +100,7 @@ std::string SvgDrawing::Fill(const Wash& wash)
     return " fill=\"url(#" + prefix + "w" + std::to_string(i) + ")\"";
 }
 
-std::string SvgDrawing::Definitions() const
+std::string SvgPainter::Definitions() const
 {
     if (washes.empty())
         return "";
@@ -108,12 +108,12 @@ std::string SvgDrawing::Definitions() const
     for (size_t i = 0; i < washes.size(); i++)
         text += "<linearGradient id=\"" + prefix + "w" + std::to_string(i) +
                 "\" x1=\"0\" y1=\"0\" x2=\"0\" y2=\"1\"><stop offset=\"0\" stop-color=\"" +
-                Hex(washes[i].top) + "\"/><stop offset=\"1\" stop-color=\"" + Hex(washes[i].bottom) +
+                Hex(washes[i].top.rgb) + "\"/><stop offset=\"1\" stop-color=\"" + Hex(washes[i].bottom.rgb) +
                 "\"/></linearGradient>\n";
     return text + "</defs>\n";
 }
 
-void SvgDrawing::FillBox(const Box& box, const Wash& wash, double radius)
+void SvgPainter::FillRect(const CanvasRect& box, const Wash& wash, double radius)
 {
     body += "<rect" + Place(box);
     if (radius > 0)
@@ -121,7 +121,7 @@ void SvgDrawing::FillBox(const Box& box, const Wash& wash, double radius)
     body += Fill(wash) + "/>\n";
 }
 
-void SvgDrawing::FillShape(const std::vector<Point>& corners, Colour colour)
+void SvgPainter::FillShape(const std::vector<Point>& corners, ScreenColour colour)
 {
     body += "<path" + Paint("fill", colour) + " d=\"";
     // Steps are relative, in hundredths, which is short. Each starts at the rounded end of the one before, so that
@@ -138,7 +138,7 @@ void SvgDrawing::FillShape(const std::vector<Point>& corners, Colour colour)
     body += "z\"/>\n";
 }
 
-void SvgDrawing::StrokeSegments(const std::vector<Segment>& segments, Colour colour, double width)
+void SvgPainter::StrokeSegments(const std::vector<Segment>& segments, ScreenColour colour, double width)
 {
     if (segments.empty())
         return;
@@ -153,13 +153,13 @@ void SvgDrawing::StrokeSegments(const std::vector<Segment>& segments, Colour col
     body += "\"/>\n";
 }
 
-void SvgDrawing::Write(const PlacedText& text)
+void SvgPainter::Write(const PlacedText& text)
 {
     body += "<text class=\"t" + std::to_string(text.style) + "\" x=\"" + Figure(text.x) + "\" y=\"" +
             Figure(text.baseline) + "\"" + Paint("fill", text.colour) + ">" + Escape(text.text) + "</text>\n";
 }
 
-void SvgDrawing::Sense(const Box& box)
+void SvgPainter::Sense(const CanvasRect& box)
 {
     body += "<rect" + Place(box) + " fill=\"none\" pointer-events=\"all\"/>\n";
 }
@@ -176,18 +176,18 @@ std::string TypeStyle()
     return rules;
 }
 
-std::string SvgPart(const TimelineModel& model, const Layout& layout, int parts, const Box& view,
+std::string SvgPart(const TimelineModel& model, const Layout& layout, int parts, const CanvasRect& view,
                     const std::string& idPrefix, const std::string& attributes)
 {
-    SvgDrawing drawing(idPrefix);
-    DrawPicture(model, layout, parts, &drawing);
+    SvgPainter painter(idPrefix);
+    DrawPicture(model, layout, parts, &painter);
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" xml:space=\"preserve\" viewBox=\"" +
            Figure(view.x) + " " + Figure(view.y) + " " + Figure(view.width) + " " + Figure(view.height) +
            "\" data-zero=\"" + Figure(layout.zero) + "\" data-per-second=\"" +
            std::to_string(layout.perSecond) + "\" data-start=\"" + MillisecondText(layout.start) +
            "\" data-end=\"" + MillisecondText(layout.end) + "\"" + attributes + ">\n" +
-           (parts == WholePicture ? "<style>\n" + TypeStyle() + "</style>\n" : "") + drawing.Definitions() +
-           drawing.body + "</svg>\n";
+           (parts == WholePicture ? "<style>\n" + TypeStyle() + "</style>\n" : "") + painter.Definitions() +
+           painter.body + "</svg>\n";
 }
 
 std::string SvgPicture(const TimelineModel& model, const Layout& layout)

@@ -2,27 +2,27 @@
 // The picture as SVG 1.1, for browsers and drawing programs.
 #pragma once
 
-#include "tools/timeline/Drawing.h"
-#include "tools/timeline/Picture.h"
+#include "tools/timeline/Painter.h"
+#include "tools/timeline/TimelinePicture.h"
 
 #include <string>
 
 namespace timeline
 {
 
-class SvgDrawing : public Drawing
+class SvgPainter : public Painter
 {
 public:
     // The prefix keeps ids apart where several pictures lie in one page.
-    explicit SvgDrawing(std::string idPrefix);
+    explicit SvgPainter(std::string idPrefix);
 
-    void BeginGroup(const Group& group) override;
+    void BeginGroup(const PaintedGroup& group) override;
     void EndGroup() override;
-    void FillBox(const Box& box, const Wash& wash, double radius) override;
-    void FillShape(const std::vector<Point>& corners, Colour colour) override;
-    void StrokeSegments(const std::vector<Segment>& segments, Colour colour, double width) override;
+    void FillRect(const CanvasRect& box, const Wash& wash, double radius) override;
+    void FillShape(const std::vector<Point>& corners, ScreenColour colour) override;
+    void StrokeSegments(const std::vector<Segment>& segments, ScreenColour colour, double width) override;
     void Write(const PlacedText& text) override;
-    void Sense(const Box& box) override;
+    void Sense(const CanvasRect& box) override;
 
     std::string body; // elements
     std::string Definitions() const;
@@ -39,7 +39,7 @@ std::string SvgPicture(const TimelineModel& model, const Layout& layout);
 
 // Returns one <svg> element that shows the box `view` of the canvas, to be put into a page. It has no style sheet: the
 // page must have the rules of TypeStyle. The prefix keeps its ids apart from those of other elements.
-std::string SvgPart(const TimelineModel& model, const Layout& layout, int parts, const Box& view,
+std::string SvgPart(const TimelineModel& model, const Layout& layout, int parts, const CanvasRect& view,
                     const std::string& idPrefix, const std::string& attributes);
 
 // The CSS rules of the classes that text elements have, one for each TextStyle.

@@ -21,7 +21,7 @@ static double Seconds(uint32_t milliseconds)
 }
 
 // The time of the frame in which the player hands out the message, in seconds.
-static double LeavingTime(const lint::SentMessage& message, const lint::Options& options)
+static double LeavingTime(const lint::SentMessage& message, const lint::CheckOptions& options)
 {
     const double frame = 1000 / options.frameRate;
     const double epsilon = 1e-6; // of a frame
@@ -64,7 +64,7 @@ static void FindListeners(std::map<std::string, std::vector<Delivery>> deliverie
     }
 }
 
-TimelineModel ModelOfShow(const lint::Show& show, const lint::Options& options)
+TimelineModel ModelOfShow(const lint::Show& show, const lint::CheckOptions& options)
 {
     TimelineModel made;
     made.start = Seconds(options.startOffset);
@@ -129,7 +129,7 @@ std::vector<Remark> RemarksOf(const std::vector<lint::Finding>& findings)
 bool ReadTimeline(const std::string& path, const ReadOptions& options, TimelineModel* model,
                   std::string* reason)
 {
-    lint::Options check;
+    lint::CheckOptions check;
     check.startOffset = options.startOffset;
     check.data = options.data;
     const lint::Report report = lint::CheckFile(path, check);

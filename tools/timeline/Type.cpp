@@ -47,12 +47,12 @@ static const double descender = 0.24;
 static const char* const ellipsis = "\xe2\x80\xa6";
 static const char* const replacement = "\xef\xbf\xbd";
 
-bool Box::Overlaps(const Box& other) const
+bool CanvasRect::Overlaps(const CanvasRect& other) const
 {
     return x < other.Right() && other.x < Right() && y < other.Bottom() && other.y < Bottom();
 }
 
-bool Box::Contains(const Box& other) const
+bool CanvasRect::Contains(const CanvasRect& other) const
 {
     return other.x >= x && other.y >= y && other.Right() <= Right() && other.Bottom() <= Bottom();
 }
@@ -81,7 +81,7 @@ double TextHeight(TextStyle style)
     return (ascender + descender) * shapes[style].size;
 }
 
-PlacedText PlaceText(const std::string& text, TextStyle style, Colour colour, double x, double baseline)
+PlacedText PlaceText(const std::string& text, TextStyle style, ScreenColour colour, double x, double baseline)
 {
     const double top = baseline - ascender * shapes[style].size;
     return {text, style, colour, x, baseline, {x, top, TextWidth(text, style), TextHeight(style)}};

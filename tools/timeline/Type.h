@@ -6,20 +6,20 @@
 // room that it gets here.
 #pragma once
 
-#include "tools/timeline/Palette.h"
+#include "tools/timeline/TimelineColours.h"
 
 #include <string>
 
 namespace timeline
 {
 
-struct Box {
+struct CanvasRect {
     double x, y, width, height; // units of the canvas: pixels at scale 1; x right, y down
 
     double Right() const { return x + width; }
     double Bottom() const { return y + height; }
-    bool Overlaps(const Box& other) const; // sharing an edge is no overlap
-    bool Contains(const Box& other) const; // edges included
+    bool Overlaps(const CanvasRect& other) const; // sharing an edge is no overlap
+    bool Contains(const CanvasRect& other) const; // edges included
 };
 
 enum TextStyle {
@@ -50,13 +50,14 @@ const TextShape& ShapeOf(TextStyle style);
 struct PlacedText {
     std::string text;
     TextStyle style;
-    Colour colour;
+    ScreenColour colour;
     double x, baseline;
-    Box box;
+    CanvasRect box;
 };
 
 // Makes a text whose left edge is at x, with the box that TextWidth and TextHeight say.
-PlacedText PlaceText(const std::string& text, TextStyle style, Colour colour, double x, double baseline);
+PlacedText PlaceText(const std::string& text, TextStyle style, ScreenColour colour, double x,
+                     double baseline);
 
 double TextWidth(const std::string& text, TextStyle style);
 double TextHeight(TextStyle style); // ascender to descender

@@ -105,8 +105,8 @@ static void PaintFar(Canvas& canvas, const Paper& paper)
             paper, shape,
             {.pool = 0.8f, .poolWidth = 9, .granulation = 0.5f, .bloom = 0.6f, .bloomSize = 150, .stray = 0},
             22 + uint32_t(layer));
-        const Colour light = Mix(palette::Ochre, palette::Parchment, 0.6f - 0.22f * k),
-                     dark = Mix(palette::Ochre, palette::Rust, 0.2f + 0.28f * k);
+        const LinearColour light = Mix(palette::Ochre, palette::Parchment, 0.6f - 0.22f * k),
+                           dark = Mix(palette::Ochre, palette::Rust, 0.2f + 0.28f * k);
         Mask ink(W, H);
         Pen pen(ink, paper, {.width = 2, .wobble = 0.6f, .pool = 0}, 26 + uint32_t(layer));
         Dice dice(29 + uint32_t(layer));
@@ -234,7 +234,7 @@ static void PaintHer(Canvas& canvas, const Paper& paper)
 static void PaintHim(Canvas& canvas, const Paper& paper)
 {
     const Mask him = Filled(W, H, Him()).Shake(2.5f, 40, 31);
-    const Colour cloth = Mix(palette::Rust, palette::Ochre, 0.2f) * 0.8f;
+    const LinearColour cloth = Mix(palette::Rust, palette::Ochre, 0.2f) * 0.8f;
     PaintHisLegs(canvas, paper, cloth * 0.45f, Mix(palette::Rust, palette::Ink, 0.8f));
     PaintFigure(canvas, paper, him, cloth, Earth, 34);
     DrawFurrows(canvas, paper, HisBack, HisFront, 11, 12, him, Clay, palette::Ink, 35);
@@ -284,7 +284,7 @@ static Canvas Painting()
 }
 
 // clang-format off
-Group FS_ImagePictures()
+PictureGroup FS_ImagePictures()
 {
     return {"FS_Image", {
         {"Data/ochre_painting1.jpg",        1024, 1024, Format::Jpeg,   Painting},

@@ -18,9 +18,9 @@ constexpr Vec2 Moon = {1120, 395};
 constexpr float MoonRadius = 98, Horizon = 560;
 
 struct Tones {
-    Colour zenith, middle, horizon; // of the sky
-    Colour moon, halo;
-    Colour shade, body, lit; // of the clouds
+    LinearColour zenith, middle, horizon; // of the sky
+    LinearColour moon, halo;
+    LinearColour shade, body, lit; // of the clouds
 };
 
 // clang-format off
@@ -57,7 +57,7 @@ static void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, fl
                 continue;
             const float facing = Dot(n, toMoon) + 0.35f * curl;
             const float rim = Smooth(0.35f, 1.0f, facing);
-            Colour c = Mix(tones.shade, tones.body, Smooth(-0.6f, 0.6f, facing));
+            LinearColour c = Mix(tones.shade, tones.body, Smooth(-0.6f, 0.6f, facing));
             c = Mix(c, tones.lit, Clamp(rim * light));
             c = Mix(c, tones.horizon, haze);
             const float dried = Smooth(0.62f, 0.97f, d) * (1 - 0.8f * rim) +
@@ -81,7 +81,7 @@ static Canvas Sky(const Tones& tones)
     canvas.Ground([&](float x, float y) {
         const float bloom = 0.09f * wash.Fbm(x / 330, y / 210, 5);
         const float t = Clamp(y / Horizon + bloom);
-        Colour c = Mix(tones.zenith, tones.middle, Smooth(0, 0.62f, t));
+        LinearColour c = Mix(tones.zenith, tones.middle, Smooth(0, 0.62f, t));
         c = Mix(c, tones.horizon, Smooth(0.45f, 1.05f, t));
         const float far = Length(Vec2{x, y} - Moon);
         return c + tones.halo * (0.42f * Bell(far / 240) + 0.2f * Bell(far / 560));
@@ -198,7 +198,7 @@ static Mask Balls()
     return balls;
 }
 
-static Canvas Laid(const Mask& amount, const Mask& light, Colour dark, Colour bright)
+static Canvas Laid(const Mask& amount, const Mask& light, LinearColour dark, LinearColour bright)
 {
     Mask alpha = amount;
     alpha.FadeToBorder(90);
@@ -206,7 +206,7 @@ static Canvas Laid(const Mask& amount, const Mask& light, Colour dark, Colour br
     for (int y = 0; y < Size; y++)
         for (int x = 0; x < Size; x++) {
             const float a = Clamp(alpha.At(x, y)) * Thickest;
-            const Colour c = Mix(dark, bright, Clamp(light.At(x, y)));
+            const LinearColour c = Mix(dark, bright, Clamp(light.At(x, y)));
             canvas.At(x, y) = {c.r * a, c.g * a, c.b * a, a};
         }
     return canvas;
@@ -265,10 +265,10 @@ static Canvas Smoke()
                 Mix(palette::Amber, palette::Parchment, 0.35f));
 }
 
-Group FX_CloudsPictures()
+PictureGroup FX_CloudsPictures()
 {
     // clang-format off
-    Group group = {"FX_Clouds", {
+    PictureGroup group = {"FX_Clouds", {
         {"Data/himmelarsch.jpg",    1024, 1024, Format::Jpeg,    BlueSky},
         {"Data/himmelarschling.jpg", 1024, 1024, Format::Jpeg,   AmberSky},
         {"Data/cloud_5.png",         512,  512, Format::PngRgba, Cloud},

@@ -53,7 +53,8 @@ static Canvas MossyStone()
     canvas.Ground([&](float x, float y) {
         const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 4, y / Size * 4, 5);
         const float bulge = Smooth(0, 70, border(x, y));
-        const Colour stone = Mix(Mix(palette::Mist, palette::Parchment, 0.35f), palette::Bone, Clamp(t));
+        const LinearColour stone =
+            Mix(Mix(palette::Mist, palette::Parchment, 0.35f), palette::Bone, Clamp(t));
         return stone * (0.74f + 0.26f * bulge) * (0.92f + 0.22f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
     });
     const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
@@ -208,7 +209,7 @@ static Canvas NameLowbeam()
 }
 
 // clang-format off
-Group FX_CreditsPictures()
+PictureGroup FX_CreditsPictures()
 {
     return {"FX_Credits", {
         {"Data/stoned.jpg",               512,  512, Format::Jpeg,    MossyStone},

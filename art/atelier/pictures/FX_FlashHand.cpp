@@ -182,7 +182,7 @@ static Canvas Photograph()
 }
 
 // clang-format off
-Group FX_FlashHandPictures()
+PictureGroup FX_FlashHandPictures()
 {
     return {"FX_FlashHand", {
         {"Data/foto.png",                   1024, 1024, Format::PngRgb, Photograph},

@@ -144,7 +144,7 @@ static Canvas FootprintWhite()
         return (0.7f + 0.9f * breath.Fbm(x / 110, y / 110, 3)) *
                (0.55f + 0.75f * Smooth(-0.5f, 0.6f, grain.Fbm(x / 3.4f, y / 3.4f, 2)));
     });
-    const Colour ember = Mix(palette::Ochre, palette::Rust, 0.35f);
+    const LinearColour ember = Mix(palette::Ochre, palette::Rust, 0.35f);
     Canvas canvas(W, H, palette::Black);
     canvas.Light(ridges, ember, 0.95f);
     canvas.Light(ridges.Blurred(4), ember, 0.25f);
@@ -244,7 +244,7 @@ static Canvas Sand()
 }
 
 // clang-format off
-Group FX_FootprintPictures()
+PictureGroup FX_FootprintPictures()
 {
     return {"FX_Footprint", {
         {"Data/footprint.png",               512, 256, Format::PngRgba, Footprint},

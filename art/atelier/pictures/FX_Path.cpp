@@ -156,7 +156,7 @@ static Canvas RingOfLight()
 }
 
 // clang-format off
-Group FX_PathPictures()
+PictureGroup FX_PathPictures()
 {
     return {"FX_Path", {
         {"Data/budentextur.jpg",        1024, 1024, Format::Jpeg,    HouseWalls},

@@ -46,13 +46,13 @@ static FishScale ScaleAt(float x, float y, const SkinNoise& noise)
 }
 
 // The colours from the back down, v from 0 at the top of the sheet to 1.
-static const Colour backColour = Mix(palette::Ink, palette::Slate, 0.60f),
-                    flankColour = Mix(palette::Ochre, palette::Amber, 0.25f),
-                    bellyColour = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
+static const LinearColour backColour = Mix(palette::Ink, palette::Slate, 0.60f),
+                          flankColour = Mix(palette::Ochre, palette::Amber, 0.25f),
+                          bellyColour = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
 
-static Colour ScalyColour(float x, float y, float v, const SkinNoise& noise)
+static LinearColour ScalyColour(float x, float y, float v, const SkinNoise& noise)
 {
-    Colour c = Mix(backColour, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
+    LinearColour c = Mix(backColour, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
     c = Mix(c, flankColour, Smooth(0.32f, 0.52f, v));
     c = Mix(c, bellyColour, Smooth(0.58f, 0.84f, v));
     // Towards the tail the gold sinks into rust.
@@ -60,7 +60,7 @@ static Colour ScalyColour(float x, float y, float v, const SkinNoise& noise)
             0.55f * Smooth(330, 520, x) * Smooth(0.9f, 0.5f, v));
     const FishScale s = ScaleAt(x, y, noise);
     const float edge = 1 - 0.5f * s.u * s.u - s.v; // to the free edge
-    Colour skin = c * (0.72f + 0.5f * s.name);
+    LinearColour skin = c * (0.72f + 0.5f * s.name);
     skin = skin * (0.92f + 0.16f * Smooth(0.7f, 0.15f, edge)); // domed
     skin = Mix(skin, Mix(c, palette::Bone, 0.55f), 0.42f * Hill(0.17f, 0.10f, edge) * Smooth(0.15f, 0.5f, v));
     skin = Mix(skin, palette::Mist, 0.18f * Hill(0.17f, 0.10f, edge) * Smooth(0.3f, 0.1f, v));
@@ -69,9 +69,10 @@ static Colour ScalyColour(float x, float y, float v, const SkinNoise& noise)
 }
 
 // The head is bare: leathery above, a cheek of copper, a bone-pale jaw.
-static Colour HeadColour(float x, float y, float v, const SkinNoise& noise)
+static LinearColour HeadColour(float x, float y, float v, const SkinNoise& noise)
 {
-    Colour head = Mix(backColour * 0.9f, Mix(palette::Rust, palette::Ochre, 0.30f), Smooth(0.24f, 0.40f, v));
+    LinearColour head =
+        Mix(backColour * 0.9f, Mix(palette::Rust, palette::Ochre, 0.30f), Smooth(0.24f, 0.40f, v));
     head = Mix(head, Mix(flankColour, palette::Rust, 0.15f), Smooth(0.40f, 0.58f, v));
     head = Mix(head, bellyColour * 0.92f, Smooth(0.60f, 0.74f, v));
     const float crease = noise.wrinkle.Ridges(x / 30 + 0.4f * noise.tint.Gradient(x / 30, y / 60), y / 95, 3);
@@ -246,10 +247,11 @@ static Canvas FishEye()
         const float fibre = iris.Fbm(way.x * 9 + 20, way.y * 9 + r / 60, 4);
         const float blotch = iris.Fbm(x / 34, y / 34, 3);
         // Round the iris it is dark and wet, with gold in its veins.
-        Colour c = Mix(Mix(palette::Slate, palette::Ink, 0.45f), palette::Rust, 0.35f * Smooth(84, 118, r));
+        LinearColour c =
+            Mix(Mix(palette::Slate, palette::Ink, 0.45f), palette::Rust, 0.35f * Smooth(84, 118, r));
         c = Mix(c, palette::Ochre,
                 0.6f * Pow(vein.Ridges(way.x * 3 + r / 70, way.y * 3, 4), 3) * Smooth(84, 112, r));
-        Colour gold = Mix(palette::Amber, palette::Rust, Clamp(0.30f + 0.9f * fibre + 0.5f * blotch));
+        LinearColour gold = Mix(palette::Amber, palette::Rust, Clamp(0.30f + 0.9f * fibre + 0.5f * blotch));
         gold = gold * (0.72f + 0.5f * Hill(Pupil + 14, 26, r)); // light gathers round the pupil
         gold = Mix(gold, palette::Rust * 0.7f, Smooth(62, 83, r));
         c = Mix(c, gold, Smooth(Iris + 2, Iris - 2, r + 2 * blotch));
@@ -281,7 +283,7 @@ static Canvas FishEye()
 }
 
 // clang-format off
-Group FX_RopeThingPictures()
+PictureGroup FX_RopeThingPictures()
 {
     return {"FX_RopeThing", {
         {"Data/fischhaut.jpg",          1024, 1024, Format::Jpeg,    FishSkin},

@@ -45,14 +45,14 @@ static Canvas Spark()
         const auto light = [&](float ofCore, float ofEmber, float ofHalo, float ofGlow) {
             return FromScreen(fade * Min(1, ofCore * core + ofEmber * ember + ofHalo * halo + ofGlow * glow));
         };
-        return Colour{light(0.48f, 0.42f, 0.210f, 0.034f), light(0.52f, 0.25f, 0.085f, 0.010f),
-                      light(0.52f, 0.07f, 0.010f, 0)};
+        return LinearColour{light(0.48f, 0.42f, 0.210f, 0.034f), light(0.52f, 0.25f, 0.085f, 0.010f),
+                            light(0.52f, 0.07f, 0.010f, 0)};
     });
     return canvas;
 }
 
 // clang-format off
-Group FX_Scroller_IntroPictures()
+PictureGroup FX_Scroller_IntroPictures()
 {
     return {"FX_Scroller_Intro", {
         {"Data/sky-background_01.jpg",      1024, 540, Format::Jpeg,    Sky1},

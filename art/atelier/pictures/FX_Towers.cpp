@@ -41,14 +41,14 @@ static Canvas SpirographOfLight()
 {
     constexpr int Side = 1024;
     constexpr Vec2 Middle = {512, 512};
-    struct Drawing {
+    struct WheelDrawing {
         Line line;
         float width, strength;
-        Colour halo;
+        LinearColour halo;
     };
     // Wheels that roll in rings and keep clear of the middle, and a spiral and its cold shadow in it.
     // clang-format off
-    const Drawing Drawings[] = {
+    const WheelDrawing Drawings[] = {
         {Spirograph(Middle, 430, 430 *  5 / 19.0f, 150,  5),                 1.6f, 0.10f, palette::Amber},
         {Spirograph(Middle, 372, 372 *  3 / 16.0f,  52,  3),                 1.4f, 0.075f, palette::Ochre},
         {Spiral(Middle,  16, 214, 2.6f, 0.0f),                               1.4f, 0.15f, palette::Amber},
@@ -58,7 +58,7 @@ static Canvas SpirographOfLight()
     Canvas canvas(Side, Side, palette::Black);
     const Noise lift(600);
     uint32_t seed = 601;
-    for (const Drawing& drawing : Drawings) {
+    for (const WheelDrawing& drawing : Drawings) {
         Mask lines(Side, Side);
         Pen pen(lines, SketchPaper(),
                 {.width = drawing.width,
@@ -184,7 +184,7 @@ static Canvas Beam()
 }
 
 // clang-format off
-Group FX_TowersPictures()
+PictureGroup FX_TowersPictures()
 {
     return {"FX_Towers", {
         {"Data/fasanenbude.jpg",         1024, 1024, Format::Jpeg,    TowerWalls},

@@ -347,7 +347,7 @@ static Canvas Page3()
 }
 
 // clang-format off
-Group FX_VerticalScrollerPictures()
+PictureGroup FX_VerticalScrollerPictures()
 {
     return {"FX_VerticalScroller", {
         {"Data/abspanner_1.png",             512, 2048, Format::PngRgba, Page1},

@@ -134,7 +134,7 @@ static Canvas StartForm()
 }
 
 // clang-format off
-Group FramePictures()
+PictureGroup FramePictures()
 {
     return {"Frame", {
         {"Data/loading.jpg",                1024, 512, Format::Jpeg,    Loading},

@@ -178,7 +178,7 @@ static std::string Drawn()
 }
 
 // clang-format off
-Group IconPictures()
+PictureGroup IconPictures()
 {
     return {"Icon", {
         {"desktop/icons/moonwaltz-512.png", 512, 512, Format::PngRgba, [] { return LargeIcon(512); }},

@@ -77,7 +77,7 @@ static Canvas StartForm()
 }
 
 // clang-format off
-Group TemplatePictures()
+PictureGroup TemplatePictures()
 {
     return {"Template", {
         {"template/Data/lantern.png",          256, 256, Format::PngRgb, Lantern},

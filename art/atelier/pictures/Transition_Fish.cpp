@@ -263,7 +263,7 @@ static Canvas TailCard()
 }
 
 // clang-format off
-Group Transition_FishPictures()
+PictureGroup Transition_FishPictures()
 {
     return {"Transition_Fish", {
         {"Data/fischgraeten_1.png",          512, 512, Format::PngRgba, HeadCard},

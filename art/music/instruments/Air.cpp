@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Wind and shore: noise, and hands that turn the knobs.
 #include "art/music/Filters.h"
-#include "art/music/Noise.h"
 #include "art/music/Pitch.h"
+#include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Sustained.h"
 
 #include <algorithm>
@@ -40,7 +40,7 @@ Stereo PlayWind(const Phrase& phrase, const Dynamics& dynamics)
     for (int side = 0; side < 2; side++) {
         Samples& sound = side == 0 ? stage.left : stage.right;
         // A gust crosses from one side to the other: what both have in common is half of it.
-        Noise noise(phrase[0].seed + 71 * side);
+        WhiteNoise noise(phrase[0].seed + 71 * side);
         Wander gust(phrase[0].seed + 5, 2 * sampleRate), own(phrase[0].seed + 9 + side, sampleRate);
         Wander drift(phrase[0].seed + 13 + side, 3 * sampleRate);
         Biquad low, song, overtone;
@@ -87,11 +87,11 @@ Stereo PlayShore(const Phrase& phrase, const Dynamics& dynamics)
     for (const Note& note : phrase) {
         const int64_t length = note.length * 3 / 2;
         const double level = dynamics.LevelAt(BeatOf(note.start + note.length / 2));
-        Noise chance(note.seed);
+        WhiteNoise chance(note.seed);
         const double drift = 0.4 * chance.White(); // where it breaks
         for (int side = 0; side < 2; side++) {
             Samples wave(length);
-            Noise noise(note.seed + 31 + side);
+            WhiteNoise noise(note.seed + 31 + side);
             Wander lap(note.seed + 41 + side, sampleRate / 3), fizz(note.seed + 51 + side, sampleRate / 40);
             Biquad surge, foam;
             OnePole deep;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Celesta and music box: frequency modulation, with partials that die one after the other.
 #include "art/music/Filters.h"
-#include "art/music/Noise.h"
 #include "art/music/Pitch.h"
+#include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Struck.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace waltz
 
 // One pair of oscillators: a sine at `ratio` times the pitch, its phase moved by a sine at `modulator` times
 // it.
-struct Pair {
+struct OscillatorPair {
     double ratio;
     double modulator;
     double depth;      // in radians at the start
@@ -24,7 +24,7 @@ struct Pair {
 
 constexpr double twoPi = 6.28318530717958647692;
 
-static void AddPair(Samples& sound, double hz, const Pair& pair, double level, double phase)
+static void AddPair(Samples& sound, double hz, const OscillatorPair& pair, double level, double phase)
 {
     const double turn = hz * pair.ratio / sampleRate, modulatorTurn = hz * pair.modulator / sampleRate;
     // Sidebands that would fold back are not made.
@@ -66,7 +66,7 @@ static void Finish(Samples& sound, size_t held, double damping, double attack)
 
 static void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, double level)
 {
-    Noise noise(seed);
+    WhiteNoise noise(seed);
     Biquad colour;
     colour.BandPass(hz, q);
     const size_t count = std::min<size_t>(sound.size(), size_t(seconds * 7 * sampleRate));
@@ -83,11 +83,11 @@ Samples PlayCelesta(const Note& note)
     const double octaves = (note.pitch - 72) / 12;
     const double decay = 4.2 * std::exp2(-octaves * 0.6);
     const double level = 0.36 * std::pow(v, 1.35);
-    Noise noise(note.seed);
+    WhiteNoise noise(note.seed);
     const size_t held = std::max<size_t>(note.length, sampleRate / 4);
     Samples sound(held + size_t(0.9 * sampleRate));
     // clang-format off
-    const Pair pairs[] = {
+    const OscillatorPair pairs[] = {
         // ratio  modulator  depth           fades  level            decay
         {1.0,     1.0,       0.25 + 0.35*v,  0.18,  1.00,            decay},
         {1.0006,  2.756,     0.55 * v,       0.045, 0.30,            decay * 0.8},
@@ -96,7 +96,7 @@ Samples PlayCelesta(const Note& note)
         {0.5,     0.5,       0.10,           0.100, 0.035,           0.25}, // the box below the plate
     };
     // clang-format on
-    for (const Pair& pair : pairs)
+    for (const OscillatorPair& pair : pairs)
         AddPair(sound, hz, pair, level, 0.0);
     Finish(sound, held, 0.9, 0.0022);
     Tick(sound, note.seed, 1150 + 60 * noise.White(), 1.1, 0.006, 0.30 * level);
@@ -109,7 +109,7 @@ Samples PlayMusicBox(const Note& note, bool broken)
     const double v = note.strength;
     const double octaves = (note.pitch - 72) / 12;
     // A tine is out of tune for good: its error hangs on the pitch alone.
-    Noise tine(static_cast<uint32_t>(note.pitch) * 977 + (broken ? 5 : 0));
+    WhiteNoise tine(static_cast<uint32_t>(note.pitch) * 977 + (broken ? 5 : 0));
     const double cents = (broken ? 38.0 : 4.5) * tine.White();
     const bool rattles = broken && tine.White() > 0.2f;
     const double hz = Frequency(note.pitch + cents / 100);
@@ -118,7 +118,7 @@ Samples PlayMusicBox(const Note& note, bool broken)
     // No dampers: it rings for as long as it likes.
     Samples sound(static_cast<size_t>((std::min(decay, 3.4) * 0.85) * sampleRate));
     // clang-format off
-    const Pair pairs[] = {
+    const OscillatorPair pairs[] = {
         // ratio  modulator  depth                         fades  level  decay
         {1.0,     2.0,       0.30 + 0.30 * v,              0.080, 0.85,  decay},
         {1.0023,  3.0,       0.25,                         0.120, 0.30,  decay * 0.9}, // its neighbour on the comb
@@ -127,7 +127,7 @@ Samples PlayMusicBox(const Note& note, bool broken)
         {17.55,   1.0,       0.10,                         0.010, 0.035, 0.05},
     };
     // clang-format on
-    for (const Pair& pair : pairs)
+    for (const OscillatorPair& pair : pairs)
         AddPair(sound, hz, pair, level, 0.0);
     Finish(sound, sound.size(), 1, 0.0009);
     Tick(sound, note.seed, 3400, 1.2, 0.0022, 0.55 * level);   // the pin lets go

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "art/music/Filters.h"
-#include "art/music/Noise.h"
 #include "art/music/Pitch.h"
+#include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Sustained.h"
 
 #include <algorithm>
@@ -139,7 +139,7 @@ private:
     const Phrase& phrase;
     const Dynamics& dynamics;
     const BowedKind& kind;
-    Noise noise;
+    WhiteNoise noise;
     Wander wanderPitch, wanderBow, wanderRate;
     OnePole fallFirst, fallSecond;
     Biquad scratch;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "art/music/Filters.h"
-#include "art/music/Noise.h"
 #include "art/music/Pitch.h"
+#include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Sustained.h"
 
 #include <algorithm>
@@ -133,7 +133,7 @@ public:
 private:
     const Phrase& phrase;
     const Dynamics& dynamics;
-    Noise noise;
+    WhiteNoise noise;
     Wander wanderPitch, wanderBreath, wanderRate;
     Biquad tube, hiss;
     double pitch;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The low drum and the brushes.
 #include "art/music/Filters.h"
-#include "art/music/Noise.h"
+#include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Struck.h"
 
 #include <algorithm>
@@ -46,7 +46,7 @@ Samples PlayDrum(const Note& note)
             height *= shrink;
         }
     }
-    Noise noise(note.seed);
+    WhiteNoise noise(note.seed);
     Biquad felt;
     felt.LowPass(260 + 700 * v);
     const size_t rise = size_t(0.003 * sampleRate);
@@ -70,7 +70,7 @@ Samples PlayBrush(const Note& note)
     const double length = circles ? double(note.length) / sampleRate : 0.16;
     const double level = (circles ? 0.30 : 0.65) * std::pow(v, 1.3);
     Samples sound(static_cast<size_t>((length + 0.12) * sampleRate));
-    Noise noise(note.seed);
+    WhiteNoise noise(note.seed);
     Biquad wires, skin;
     skin.BandPass(360, 0.9);
     Wander hand(note.seed + 3, sampleRate / 14);

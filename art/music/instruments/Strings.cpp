@@ -2,8 +2,8 @@
 // Strings that are struck or plucked: banks of modes, and the noise of what touches them.
 #include "art/music/Filters.h"
 #include "art/music/ModalBank.h"
-#include "art/music/Noise.h"
 #include "art/music/Pitch.h"
+#include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Struck.h"
 
 #include <algorithm>
@@ -78,7 +78,7 @@ static void RingOut(ModalBank& bank, Samples& sound, int64_t length, double damp
 // A short noise of something soft, from the start of the sound.
 static void Knock(Samples& sound, uint32_t seed, double hz, double q, double seconds, float level)
 {
-    Noise noise(seed);
+    WhiteNoise noise(seed);
     Biquad colour;
     colour.BandPass(hz, q);
     const size_t count = std::min<size_t>(sound.size(), size_t(seconds * 6 * sampleRate));
@@ -112,7 +112,7 @@ Samples PlayFeltPiano(const Note& note)
     kind.decay = 11.0 * std::exp2(-octaves * 0.75);
     kind.decayKnee = 650;
     kind.highest = 8000;
-    Noise noise(note.seed);
+    WhiteNoise noise(note.seed);
     const double level = 0.42 * std::pow(v, 1.5);
     const double apart = 0.45 + 0.25 * noise.White(); // cents
     ModalBank bank;
@@ -174,7 +174,7 @@ Samples PlayPizzicato(const Note& note)
     kind.decayKnee = 700;
     kind.highest = 9000;
     const double level = 0.40 * std::pow(v, 1.3);
-    Noise noise(note.seed);
+    WhiteNoise noise(note.seed);
     Samples sound;
     for (int player = 0; player < 3; player++) {
         const double hz = Frequency(note.pitch + 0.045 * noise.White());

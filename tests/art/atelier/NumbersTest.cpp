@@ -123,7 +123,7 @@ TEST(AtelierNoise, StaysNearItsRangeAndItsMean)
             const float r = noise.Ridges(x, y, 3);
             EXPECT_GE(r, 0);
             EXPECT_LE(r, 1);
-            const Noise::Cell cell = noise.Worley(x, y);
+            const Noise::WorleyCell cell = noise.Worley(x, y);
             EXPECT_LE(cell.nearest, cell.second);
         }
     EXPECT_NEAR(0, sum / n, 0.03);

@@ -116,7 +116,7 @@ static int LargestOnBorder(const Raster& raster, int channel, const std::string&
 TEST(PictureFiles, EveryPictureOfTheShowHasAPainterAndNoOtherIsPainted)
 {
     std::set<std::string> painted;
-    for (const Group& group : AllGroups()) {
+    for (const PictureGroup& group : AllGroups()) {
         EXPECT_FALSE(group.pictures.empty()) << group.effect;
         for (const Picture& picture : group.pictures) {
             // The desktop's icons, and the pictures of another production.
@@ -133,7 +133,7 @@ TEST(PictureFiles, EveryPictureOfTheShowHasAPainterAndNoOtherIsPainted)
 
 TEST(PictureFiles, EachFileHasTheSizeAndTheChannelsOfItsRow)
 {
-    for (const Group& group : AllGroups())
+    for (const PictureGroup& group : AllGroups())
         for (const Picture& picture : group.pictures) {
             if (picture.format == Format::Svg)
                 continue; // no pixels

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "art/music/SoundFile.h"
 
-#include "art/music/Noise.h"
 #include "art/music/Verify.h"
+#include "art/music/WhiteNoise.h"
 
 #include "tests/support/ReadFile.h"
 
@@ -21,7 +21,7 @@ protected:
     SoundFiles() : sound(0, sampleRate), folder(testing::TempDir() + "sound-" + std::to_string(getpid()))
     {
         std::filesystem::create_directories(folder);
-        Noise noise(7);
+        WhiteNoise noise(7);
         for (int64_t i = 0; i < sound.Size(); i++) {
             sound.left[i] = 0.3f * SineOfTurns(440.0 * double(i) / sampleRate) + 0.01f * noise.White();
             sound.right[i] = 0.3f * SineOfTurns(660.0 * double(i) / sampleRate);

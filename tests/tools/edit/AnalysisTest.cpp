@@ -41,7 +41,7 @@ protected:
 
     std::atomic<int> calls{0};
     Analysis analysis;
-    lint::Options options;
+    lint::CheckOptions options;
 };
 
 TEST_F(AnalysisTest, GivesFindingsAndTheTimelineOfAText)
@@ -118,7 +118,7 @@ TEST_F(AnalysisTest, SaysWhyATextCantBeRead)
 
 TEST(AnalysisEnd, ComesWhileATextIsLookedAtAndMusicIsDecoded)
 {
-    lint::Options options;
+    lint::CheckOptions options;
     options.data = SOURCE_DIR "/Data";
     for (int i = 0; i < 5; i++) {
         std::atomic<bool> ended = false;

@@ -70,7 +70,7 @@ protected:
     }
 
     const std::string path;
-    lint::Options options;
+    lint::CheckOptions options;
     edit::Document document;
 };
 

@@ -161,7 +161,7 @@ TEST_F(LintProgram, WritesJsonWithTheFactsOfItsText)
             scripts.push_back(entry.path());
     std::sort(scripts.begin(), scripts.end());
     std::string all, text;
-    lint::Options options;
+    lint::CheckOptions options;
     options.checkFiles = false;
     for (const fs::path& script : scripts) {
         const lint::Report report = lint::CheckFile(script, options);

@@ -14,7 +14,7 @@
 #include "tests/support/RandomScript.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/ShowFixture.h"
-#include "tools/lint/Entries.h"
+#include "tools/lint/KeyValues.h"
 #include "tools/lint/Print.h"
 #include "tools/lint/Schedule.h"
 
@@ -135,7 +135,7 @@ protected:
     }
 
     EffectRegistry registry;
-    lint::Options options;
+    lint::CheckOptions options;
 };
 
 // ---- What is scheduled
@@ -422,9 +422,9 @@ TEST_F(Lint, FindsInEntriesWhatTheReaderFindsInTheBlock)
         for (const lint::Block& block : script.blocks) {
             if (block.type == BlockNone)
                 continue;
-            const std::vector<lint::Entry> entries = lint::SplitEntries(block);
+            const std::vector<lint::KeyValue> entries = lint::SplitKeyValues(block);
             std::string joined;
-            for (const lint::Entry& entry : entries) {
+            for (const lint::KeyValue& entry : entries) {
                 EXPECT_EQ(block.body + joined.size(), entry.begin);
                 joined += entry.text;
                 ASSERT_EQ(entry.value.size() + 1, entry.valuePlaces.size());
@@ -438,7 +438,7 @@ TEST_F(Lint, FindsInEntriesWhatTheReaderFindsInTheBlock)
                     continue;
                 std::string value;
                 const bool isThere = reader.GetValue(block.text, key, &value);
-                const lint::Entry* const entry = lint::FindEntry(entries, key);
+                const lint::KeyValue* const entry = lint::FindKeyValue(entries, key);
                 EXPECT_EQ(isThere, entry != nullptr);
                 if (isThere && entry) {
                     EXPECT_EQ(value, entry->value);

@@ -74,7 +74,7 @@ TEST_F(Played, MessagesAreHeardThenAndThereWhereTheLinterSaysSo)
         SCOPED_TRACE(seed);
         RandomScript random(seed, {names[0], names[1], names[2]}, {"flash", "step"}, 4000);
         const std::string script = random.Write(12, false);
-        lint::Options options;
+        lint::CheckOptions options;
         options.frameRate = framesPerSecond;
         options.startOffset = random.OneIn(2) ? 0 : 125 * random.Below(20); // whole frames
         const lint::Reading whole(script, &registry, 0);

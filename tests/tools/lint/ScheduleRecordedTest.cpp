@@ -20,7 +20,7 @@ TEST_F(LintSchedule, MakesTheSecondsThatLoadingReallyTakes)
     for (const auto& entry :
          std::filesystem::directory_iterator(std::filesystem::path(SOURCE_DIR) / "tests/shows"))
         scripts.push_back(entry.path());
-    lint::Options options;
+    lint::CheckOptions options;
     options.checkFiles = false;
     gl::Pause();
     for (const std::filesystem::path& script : scripts)

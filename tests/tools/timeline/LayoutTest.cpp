@@ -35,7 +35,7 @@ static LayoutOptions Options(double width, double zoom = 1)
 // Texts apart, everything on the canvas, every label in the lane of its bar.
 static void ExpectTidy(const Layout& layout, const std::string& what)
 {
-    const Box canvas = {0, 0, layout.width, layout.height};
+    const CanvasRect canvas = {0, 0, layout.width, layout.height};
     const std::vector<PlacedText> texts = AllTexts(layout);
     for (const PlacedText& text : texts)
         EXPECT_TRUE(canvas.Contains(text.box)) << what << ": \"" << text.text << "\" leaves the canvas";

@@ -22,10 +22,11 @@ static Picture Paint(const TimelineModel& model, const Layout& layout, double sc
     return LoadPng(path, 3);
 }
 
-static bool IsAbout(const unsigned char* pixel, Colour colour, int tolerance)
+static bool IsAbout(const unsigned char* pixel, uint32_t colour, int tolerance)
 {
-    return std::abs(pixel[0] - colour.red) <= tolerance && std::abs(pixel[1] - colour.green) <= tolerance &&
-           std::abs(pixel[2] - colour.blue) <= tolerance;
+    return std::abs(pixel[0] - RedOf(colour)) <= tolerance &&
+           std::abs(pixel[1] - GreenOf(colour)) <= tolerance &&
+           std::abs(pixel[2] - BlueOf(colour)) <= tolerance;
 }
 
 TEST(TimelinePng, HasTheSizeThatItWasTold)
@@ -62,11 +63,11 @@ TEST(TimelinePng, ABarHasTheWashOfItsEffectFromItsStartToItsStop)
     const Layout layout = LayOut(model, {});
     const Picture picture = Paint(model, layout, 1);
     for (size_t i = 0; i < 2; i++) {
-        const Box& box = layout.bars[i].box;
+        const CanvasRect& box = layout.bars[i].box;
         const int y = int(box.y + box.height / 2);
         const Pigment& pigment = pigments[i];
         // Half way down the wash is half way between its ends; the ruler's marks show through nowhere.
-        const Colour wash = Mix(Bone, pigment.tint, 0.45f);
+        const uint32_t wash = Mix(Bone, pigment.tint, 0.45f);
         EXPECT_TRUE(IsAbout(picture.At(int(box.Right()) - 12, y), wash, 6)) << i;
         EXPECT_FALSE(IsAbout(picture.At(int(box.Right()) + 3, y), wash, 6)) << i;
         EXPECT_TRUE(IsAbout(picture.At(int(box.x) + 1, y), pigment.ink, 24)) << i; // its inked edge
@@ -126,8 +127,8 @@ TEST(TimelinePng, NoWashIsGrey)
 {
     for (const Pigment& pigment : pigments)
         for (const float strength : {0.36f, 0.54f}) {
-            const Colour wash = Mix(Bone, pigment.tint, strength);
-            const auto [least, most] = std::minmax({wash.red, wash.green, wash.blue});
+            const uint32_t wash = Mix(Bone, pigment.tint, strength);
+            const auto [least, most] = std::minmax({RedOf(wash), GreenOf(wash), BlueOf(wash)});
             EXPECT_GE(most - least, 8);
         }
 }

@@ -8,8 +8,8 @@ namespace atelier
 
 static Stuff Skin(const Arm& arm)
 {
-    const Colour pale = Mix(palette::Bone, palette::Parchment, 0.35f);
-    const Colour weathered = Mix(Mix(palette::Parchment, palette::Ochre, 0.3f), palette::Rust, 0.16f);
+    const LinearColour pale = Mix(palette::Bone, palette::Parchment, 0.35f);
+    const LinearColour weathered = Mix(Mix(palette::Parchment, palette::Ochre, 0.3f), palette::Rust, 0.16f);
     return {.light = Mix(pale, weathered, arm.tan),
             .shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f),
             .depth = 1.15f};

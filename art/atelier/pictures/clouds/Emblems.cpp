@@ -28,7 +28,8 @@ public:
         return points;
     }
     // A closed shape in paint that dries unevenly, with corners where `straight`.
-    void Paint(const std::vector<Vec2>& points, Colour colour, float opacity = 0.95f, bool straight = false)
+    void Paint(const std::vector<Vec2>& points, LinearColour colour, float opacity = 0.95f,
+               bool straight = false)
     {
         std::vector<Vec2> closed = At(points);
         if (straight)
@@ -65,7 +66,7 @@ public:
             pen.Stroke(Through(At(stroke)), {0.5f, 1, 0.3f});
         pen.nib.width = 8;
     }
-    void Bright(const std::vector<std::vector<Vec2>>& strokes, Colour colour, float width = 5)
+    void Bright(const std::vector<std::vector<Vec2>>& strokes, LinearColour colour, float width = 5)
     {
         Mask mask(canvas.Width(), canvas.Height());
         Pen light(mask, SketchPaper(), {.width = width, .wobble = 1, .skip = 0.1f}, ++seed);
@@ -73,7 +74,8 @@ public:
             light.Stroke(Through(At(stroke)), {0.4f, 1, 0.2f});
         canvas.Cover(mask, colour, 0.9f);
     }
-    void Lamp(Vec2 place, float radius, float reach, Colour halo = palette::Amber, float strength = 0.9f)
+    void Lamp(Vec2 place, float radius, float reach, LinearColour halo = palette::Amber,
+              float strength = 0.9f)
     {
         GlowAt(canvas, at + place, radius, reach, {.halo = halo, .strength = strength, .haloPart = 0.45f});
     }
@@ -115,8 +117,8 @@ void LanternEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
 void FerryEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
-    const Colour skin = Mix(palette::Parchment, palette::Ochre, 0.25f), shawl = Mix(palette::Rust, palette::Ochre, 0.2f);
-    const Colour coat = Mix(palette::Mist, palette::Slate, 0.3f), straw = Mix(palette::Amber, palette::Parchment, 0.4f);
+    const LinearColour skin = Mix(palette::Parchment, palette::Ochre, 0.25f), shawl = Mix(palette::Rust, palette::Ochre, 0.2f);
+    const LinearColour coat = Mix(palette::Mist, palette::Slate, 0.3f), straw = Mix(palette::Amber, palette::Parchment, 0.4f);
     v.Stars(14);
     v.Lamp({-150, -110}, 24, 110, palette::Amber, 0.45f);
     v.Paint({{-186, -110}, {-174, -138}, {-146, -148}, {-120, -136}, {-110, -110}, {-121, -83}, {-148, -72}, {-175, -83}}, Mix(palette::Bone, palette::Amber, 0.2f));

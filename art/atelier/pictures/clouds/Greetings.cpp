@@ -96,8 +96,8 @@ static void PaintCloudBank(Canvas& canvas, const Arm& arm)
     canvas.Cover(
         torn,
         [&](float x, float y) {
-            const Colour low = Mix(Mix(palette::Slate, palette::Rust, 0.25f), palette::Mist, 0.35f),
-                         high = Mix(palette::Mist, palette::Bone, 0.55f);
+            const LinearColour low = Mix(Mix(palette::Slate, palette::Rust, 0.25f), palette::Mist, 0.35f),
+                               high = Mix(palette::Mist, palette::Bone, 0.55f);
             return Mix(low, high, light.Sample(x, y));
         },
         0.96f);

@@ -217,7 +217,7 @@ static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 
 static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
-    const Colour hide = Mix(palette::Rust, palette::Ochre, 0.12f) * 0.85f;
+    const LinearColour hide = Mix(palette::Rust, palette::Ochre, 0.12f) * 0.85f;
     const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.15f, 1.3f, 6, seed);
     PaintBody(canvas, cloth, {Mix(palette::Night, palette::Slate, 0.4f), palette::Ink, 1.1f, 0.8f, 1.2f}, 1,
               seed);

@@ -7,8 +7,8 @@ namespace atelier::panorama
 {
 
 // A fold of land in opaque colour that dries unevenly, with mist lying at its foot.
-void PaintLand(Canvas& canvas, const Paper& paper, const Ridge& ridge, Colour dusk, Colour night, float mist,
-               uint32_t seed)
+void PaintLand(Canvas& canvas, const Paper& paper, const Ridge& ridge, LinearColour dusk, LinearColour night,
+               float mist, uint32_t seed)
 {
     const Mask shape = Filled(W, H, ridge.Outline());
     const Mask density = WashDensity(paper, shape,
@@ -44,7 +44,7 @@ void PaintLand(Canvas& canvas, const Paper& paper, const Ridge& ridge, Colour du
 
 // Blades in tufts that lean with the wind, taller towards us.
 void DrawGrass(Canvas& canvas, const Paper& paper, const Ridge& ridge, float from, float to, int blades,
-               Colour colour, float opacity, uint32_t seed)
+               LinearColour colour, float opacity, uint32_t seed)
 {
     Mask grass(W, H);
     Pen blade(grass, paper, {.width = 2, .pool = 0}, seed);

@@ -68,11 +68,11 @@ void PaintMoon(Canvas& canvas, const Paper& paper);
 
 // Land.cpp
 // A fold of land in opaque colour that dries unevenly, with mist lying at its foot.
-void PaintLand(Canvas& canvas, const Paper& paper, const Ridge& ridge, Colour dusk, Colour night, float mist,
-               uint32_t seed);
+void PaintLand(Canvas& canvas, const Paper& paper, const Ridge& ridge, LinearColour dusk, LinearColour night,
+               float mist, uint32_t seed);
 // Blades in tufts that lean with the wind, taller towards us.
 void DrawGrass(Canvas& canvas, const Paper& paper, const Ridge& ridge, float from, float to, int blades,
-               Colour colour, float opacity, uint32_t seed);
+               LinearColour colour, float opacity, uint32_t seed);
 // Twigs along a thread: it is a bough, a bramble, a garland of what once was ivy.
 void DrawTwigs(Pen& pen, const Line& thread, float from, float to, float spacing, float longest, Dice& dice);
 

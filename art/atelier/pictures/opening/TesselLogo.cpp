@@ -50,9 +50,9 @@ Canvas TesselLogo()
     for (const WrittenStroke& stroke : Writing("tessel", {W / 2.0f - 18, 372}, style, Anchor::Middle, 5))
         lay(stroke.line);
 
-    const Colour tones[9] = {palette::Bone,  palette::Parchment, palette::Bone,
-                             palette::Ochre, palette::Parchment, palette::Rust,
-                             palette::Amber, palette::Bone,      palette::Slate};
+    const LinearColour tones[9] = {palette::Bone,  palette::Parchment, palette::Bone,
+                                   palette::Ochre, palette::Parchment, palette::Rust,
+                                   palette::Amber, palette::Bone,      palette::Slate};
     std::vector<Mask> faces(9, Mask(W, H));
     Mask mortar(W, H), edges(W, H), cracks(W, H);
     Pen edge(edges, paper, {.width = 2, .wobble = 0.3f, .wave = 12, .skip = 0.1f, .pool = 0.2f}, 15),

@@ -32,17 +32,18 @@ Shape HisLegs();
 Shape HerFoot();
 
 // Cloth and skin, of the coat and of the fields; the ink of the contours.
-constexpr Colour Earth = Mix(palette::Rust, palette::Ink, 0.55f);
-constexpr Colour Clay = Mix(palette::Rust, palette::Ochre, 0.4f);
-constexpr Colour Straw = Mix(palette::Ochre, palette::Parchment, 0.4f);
-constexpr Colour DarkInk = Mix(palette::Ink, palette::Rust, 0.15f);
+constexpr LinearColour Earth = Mix(palette::Rust, palette::Ink, 0.55f);
+constexpr LinearColour Clay = Mix(palette::Rust, palette::Ochre, 0.4f);
+constexpr LinearColour Straw = Mix(palette::Ochre, palette::Parchment, 0.4f);
+constexpr LinearColour DarkInk = Mix(palette::Ink, palette::Rust, 0.15f);
 
 // A body: an opaque wash that is lighter towards the sun, with its pigment pooled along the edge.
-void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, Colour light, Colour dark,
+void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, LinearColour light, LinearColour dark,
                  uint32_t seed);
 // Dry furrows, light and dark, from the line a to the line b.
 void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a, const std::vector<Vec2>& b,
-                 int count, float width, const Mask& within, Colour light, Colour dark, uint32_t seed);
+                 int count, float width, const Mask& within, LinearColour light, LinearColour dark,
+                 uint32_t seed);
 // Pen lines of these widths, in pixels. The pen lifts now and then: 0 never, 1 often.
 struct Contour {
     Line line;
@@ -54,8 +55,8 @@ void InkContours(Canvas& canvas, const Paper& paper, const std::vector<Contour>&
 void AddArm(std::vector<Contour>& contours, const Line& limb, float from, float width);
 
 // What stands below the hems, with its shadows on the ground. His is painted ahead of his coat.
-void PaintHisLegs(Canvas& canvas, const Paper& paper, Colour light, Colour dark);
-void PaintHerFoot(Canvas& canvas, const Paper& paper, Colour light, Colour dark);
+void PaintHisLegs(Canvas& canvas, const Paper& paper, LinearColour light, LinearColour dark);
+void PaintHerFoot(Canvas& canvas, const Paper& paper, LinearColour light, LinearColour dark);
 
 // The arms with which they hold each other, and their hands. The heads in detail, over the shapes of the faces.
 void PaintEmbrace(Canvas& canvas, const Paper& paper);

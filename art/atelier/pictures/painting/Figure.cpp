@@ -7,7 +7,7 @@
 namespace atelier
 {
 
-void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, Colour light, Colour dark,
+void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, LinearColour light, LinearColour dark,
                  uint32_t seed)
 {
     const Mask density = WashDensity(
@@ -21,7 +21,8 @@ void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, Colour l
 }
 
 void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a, const std::vector<Vec2>& b,
-                 int count, float width, const Mask& within, Colour light, Colour dark, uint32_t seed)
+                 int count, float width, const Mask& within, LinearColour light, LinearColour dark,
+                 uint32_t seed)
 {
     Mask bright(W, H), deep(W, H);
     DryBrush brush(bright, paper,

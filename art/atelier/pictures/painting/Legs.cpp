@@ -60,7 +60,7 @@ static void CastShadow(Canvas& canvas, const Paper& paper, Vec2 from, Vec2 to, u
     canvas.Cover(hatch, Mix(palette::Rust, palette::Ink, 0.7f), 0.7f);
 }
 
-void PaintHisLegs(Canvas& canvas, const Paper& paper, Colour light, Colour dark)
+void PaintHisLegs(Canvas& canvas, const Paper& paper, LinearColour light, LinearColour dark)
 {
     CastShadow(canvas, paper, {150, 728}, {222, 729}, 70);
     CastShadow(canvas, paper, {532, 727}, {630, 729}, 74);
@@ -81,7 +81,7 @@ void PaintHisLegs(Canvas& canvas, const Paper& paper, Colour light, Colour dark)
     canvas.Cover(gleam, palette::Ochre, 0.7f);
 }
 
-void PaintHerFoot(Canvas& canvas, const Paper& paper, Colour light, Colour dark)
+void PaintHerFoot(Canvas& canvas, const Paper& paper, LinearColour light, LinearColour dark)
 {
     CastShadow(canvas, paper, {318, 724}, {400, 724}, 84);
     PaintFigure(canvas, paper, Filled(W, H, HerFoot()).Shake(0.8f, 24, 88), light, dark, 89);

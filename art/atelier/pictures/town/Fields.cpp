@@ -49,21 +49,21 @@ static float VillageFurrow(float X, float Z)
 }
 
 // Wet earth at night. The moon stands ahead and lies on the crests; stubble and moss show here and there.
-static Colour VillageEarth(float X, float Z)
+static LinearColour VillageEarth(float X, float Z)
 {
     // What is large changes across the way only: along it, it would show where the land repeats.
     static const Noise tint(302, 11, 0), strip(307, 1, 0), clod(303, 128, 0), grit(305, 512, 0),
         wet(306, 7, 0);
     const float u = X / Repeat;
     const float t = 0.5f + 0.42f * tint.Fbm(u * 11, Z / 1.3f, 4) + 0.5f * strip.Gradient(0.3f, Z / 4.5f);
-    Colour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f), Mix(palette::Moss, palette::Slate, 0.35f),
-                       0.55f * Smooth(0.1f, 0.9f, t));
+    LinearColour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f),
+                             Mix(palette::Moss, palette::Slate, 0.35f), 0.55f * Smooth(0.1f, 0.9f, t));
     earth = Mix(earth, Mix(palette::Ochre, palette::Slate, 0.45f), 0.22f * Smooth(0.55f, 1.0f, t));
     const float f = Fraction(VillageFurrow(X, Z));
     const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
     const float ridge = Smooth(0.12f, 0.48f, f + 0.10f * lump) * Smooth(1.0f, 0.66f, f + 0.10f * lump);
     const float grain = 1 + 0.62f * grit.Gradient(u * 512, Z / 0.08f) + 0.35f * lump;
-    Colour c = earth * (0.42f + 0.75f * ridge) * grain;
+    LinearColour c = earth * (0.42f + 0.75f * ridge) * grain;
     c = Mix(c, palette::Mist, 0.20f * Hill(0.62f, 0.16f, f + 0.12f * lump) * Smooth(-0.2f, 0.5f, lump));
     // Water stands in some furrows.
     const float pool =
@@ -208,12 +208,14 @@ Canvas Plaza()
         const float r = Length(g);
         // The land lies darker and drier in places; not where the field's picture goes on.
         const float lie = soil.Fbm(g.x / 9, g.y / 6, 3) * Smooth(-28, -16, g.x);
-        const Colour field = Mix(VillageEarth(g.x + PlazaX, g.y) * (1 + 0.55f * lie),
-                                 Mix(palette::Moss, palette::Slate, 0.35f), 0.22f * Smooth(0.05f, 0.5f, lie));
+        const LinearColour field =
+            Mix(VillageEarth(g.x + PlazaX, g.y) * (1 + 0.55f * lie),
+                Mix(palette::Moss, palette::Slate, 0.35f), 0.22f * Smooth(0.05f, 0.5f, lie));
         const float t = 0.5f + 0.7f * soil.Fbm(g.x / 2.2f, g.y / 2.2f, 5);
-        const Colour trodden = Mix(Mix(palette::Slate, palette::Moss, 0.55f), palette::Parchment, 0.16f * t) *
-                               (0.55f + 0.35f * t);
-        Colour c = Mix(trodden, field, Smooth(12.6f, 14.6f, r + raggedness(g)));
+        const LinearColour trodden =
+            Mix(Mix(palette::Slate, palette::Moss, 0.55f), palette::Parchment, 0.16f * t) *
+            (0.55f + 0.35f * t);
+        LinearColour c = Mix(trodden, field, Smooth(12.6f, 14.6f, r + raggedness(g)));
         const Stone stone = StoneAt(g.x, g.y);
         if (stone.is) {
             const float own = float(stone.name >> 8 & 255) / 255;
@@ -222,12 +224,12 @@ Canvas Plaza()
                 stone.slab ? 1.0f
                            : Smooth(lost - 0.1f, lost + 0.1f, 1.2f * (13.9f - r - raggedness(g)) / 1.6f);
             const float rough = 0.75f * stones.Fbm(g.x / 0.8f, g.y / 0.8f, 4);
-            Colour s = Mix(palette::Slate, Mix(palette::Mist, palette::Parchment, 0.35f),
-                           0.12f + 0.42f * own + 0.3f * rough);
+            LinearColour s = Mix(palette::Slate, Mix(palette::Mist, palette::Parchment, 0.35f),
+                                 0.12f + 0.42f * own + 0.3f * rough);
             s = s * (0.62f + 0.16f * stone.toLight + 0.35f * rough);
             s = Mix(s, palette::Mist,
                     0.35f * Hill(0.10f, 0.06f, stone.edge) * Smooth(-0.2f, 0.8f, stone.toLight));
-            const Colour joint = Mix(palette::Ink, palette::Night, 0.4f);
+            const LinearColour joint = Mix(palette::Ink, palette::Night, 0.4f);
             s = Mix(joint, s, Smooth(0.015f, 0.075f, stone.edge));
             c = Mix(c, s, there);
         }
@@ -295,7 +297,7 @@ Canvas Plaza()
 }
 
 // The line of mist of postprocessing_blur.fp.
-constexpr Colour NightMist = {FromScreen(0.21f), FromScreen(0.26f), FromScreen(0.36f)};
+constexpr LinearColour NightMist = {FromScreen(0.21f), FromScreen(0.26f), FromScreen(0.36f)};
 
 // The land of FieldOfTheNames in pixels: patches, each ploughed its own way, the tracks to the tree in the
 // middle, and a pond.
@@ -336,7 +338,7 @@ PatchedLand::PatchedLand()
     const Noise patches(341);
     between.Each([&](float x, float y) {
         const Vec2 p = patches.Warp(x / Patch + 0.35f, y / Patch + 0.2f, 0.10f, 2);
-        const Noise::Cell cell = patches.Worley(p.x, p.y);
+        const Noise::WorleyCell cell = patches.Worley(p.x, p.y);
         names[size_t(Floor(y)) * Side + size_t(Floor(x))] = cell.name;
         return Smooth(0.050f, 0.022f, cell.second - cell.nearest);
     });
@@ -357,7 +359,7 @@ static void PaintEarth(Canvas& canvas, const PatchedLand& land)
     canvas.Ground([&](float x, float y) {
         const uint32_t name = land.NameAt(x, y);
         const float kind = float(name >> 18 & 255) / 255, t = 0.5f + 0.65f * tint.Fbm(x / 95, y / 95, 5);
-        const Colour earth = Mix(palette::Mist, palette::Parchment, 0.40f + 0.35f * kind + 0.25f * t);
+        const LinearColour earth = Mix(palette::Mist, palette::Parchment, 0.40f + 0.35f * kind + 0.25f * t);
         const float grain = 1 + 0.18f * clod.Fbm(x / 7, y / 7, 3);
         const float ridge = 0.5f + 0.5f * Sin(2 * Pi * land.Phase(x, y));
         return earth * (0.24f + 0.08f * kind + 0.16f * t + 0.05f * ridge) * grain;

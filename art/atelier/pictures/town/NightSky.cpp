@@ -119,12 +119,12 @@ static float ToothTowards(Vec2 flat)
                   0.4f * bristle.Gradient(drag.x * 30, drag.y * 120));
 }
 
-static Colour SkyTowards(const Direction& d)
+static LinearColour SkyTowards(const Direction& d)
 {
     static const Noise cloud(411), milk(412), dust(413), shore(414), maria(415), stroke(418);
     const Vec2 p = Flat(d);
     const float tooth = ToothTowards(p);
-    Colour sky = Mix(palette::Slate * 0.66f, palette::Night * 0.9f, Smooth(0.0f, 0.35f, d.y));
+    LinearColour sky = Mix(palette::Slate * 0.66f, palette::Night * 0.9f, Smooth(0.0f, 0.35f, d.y));
     sky = Mix(sky, palette::Ink * 0.9f, Smooth(0.25f, 0.9f, d.y));
     // The brush went to and fro: broad, uneven strokes, level with the horizon.
     const float brushed =
@@ -147,7 +147,7 @@ static Colour SkyTowards(const Direction& d)
     const float low = Smooth(0.75f, 0.2f, d.y);
     const float veil = Smooth(-0.04f, 0.30f, body) * low;
     const float dried = Hill(0.075f, 0.035f, body + 0.012f * shore.Gradient(p.x * 60, p.y * 60)) * low;
-    const Colour lit = palette::Slate * 0.62f + palette::Mist * (0.50f * Bell(far / 0.30f));
+    const LinearColour lit = palette::Slate * 0.62f + palette::Mist * (0.50f * Bell(far / 0.30f));
     sky = Mix(sky, lit * (1 + 0.12f * tooth), 0.55f * veil);
     sky = sky * (1 - 0.13f * dried * (1 - Bell(far / 0.22f)));
     sky = sky + palette::Parchment * (0.10f * dried * Bell(far / 0.26f));
@@ -156,8 +156,8 @@ static Colour SkyTowards(const Direction& d)
     // A ring about her, as before frost.
     sky = sky + palette::Ochre * (0.022f * Hill(0.150f, 0.050f, far + 0.02f * body));
     const float disc = Smooth(MoonRadius * 1.025f, MoonRadius * 0.975f, far + 0.0007f * tooth);
-    const Colour face = Mix(palette::Bone, Mix(palette::Mist, palette::Parchment, 0.5f),
-                            Smooth(-0.1f, 0.45f, maria.Fbm(p.x * 22 + 5, p.y * 22 + 2, 4)));
+    const LinearColour face = Mix(palette::Bone, Mix(palette::Mist, palette::Parchment, 0.5f),
+                                  Smooth(-0.1f, 0.45f, maria.Fbm(p.x * 22 + 5, p.y * 22 + 2, 4)));
     sky = Mix(sky, face * (0.95f - 0.30f * tooth), disc * (1 - 0.30f * veil));
     sky = sky * (1 + 0.64f * tooth);
     // Two ranges of land stand before it, mist between them; the foot is all dark.
@@ -165,19 +165,19 @@ static Colour SkyTowards(const Direction& d)
     const float rise = d.y / level;
     const Vec2 round = {d.x / level, d.z / level};
     const float farHill = FarHillsAt(round), hill = HillsAt(round), top = hill + LandmarksAt(RoundOf(d));
-    const Colour farLand = Mix(Mix(palette::Slate, palette::Mist, 0.12f) * 0.55f, palette::Night * 0.8f,
-                               Smooth(0.02f, 0.10f, rise)) *
-                           (1 + 0.16f * tooth + 0.2f * brushed);
+    const LinearColour farLand = Mix(Mix(palette::Slate, palette::Mist, 0.12f) * 0.55f, palette::Night * 0.8f,
+                                     Smooth(0.02f, 0.10f, rise)) *
+                                 (1 + 0.16f * tooth + 0.2f * brushed);
     sky = Mix(sky, farLand, 0.92f * Smooth(0.0016f, -0.0016f, rise - farHill));
-    const Colour land =
-        Mix(Colour{0, 0, 0}, Mix(palette::Ink, palette::Night, 0.25f) * 0.8f, Smooth(0, 0.05f, rise));
+    const LinearColour land =
+        Mix(LinearColour{0, 0, 0}, Mix(palette::Ink, palette::Night, 0.25f) * 0.8f, Smooth(0, 0.05f, rise));
     return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top));
 }
 
 struct Star {
     Direction place;
     float light, radius; // radius in pixels
-    Colour colour;
+    LinearColour colour;
 };
 
 static std::vector<Star> Stars()
@@ -194,7 +194,7 @@ static std::vector<Star> Stars()
         if (length > 1 || length < 0.05f || !dice.Chance(0.35f + 0.65f * milky) || AngleTo(d, Moon) < 0.13f ||
             d.y < 0.13f)
             continue;
-        const Colour colour =
+        const LinearColour colour =
             Mix(palette::Bone, dice.Chance(0.3f) ? palette::Amber : palette::ColdLight, dice.Range(0, 0.6f));
         stars.push_back({d, 0.10f + 0.9f * light, 0.7f + 1.1f * light, colour});
     }
@@ -202,14 +202,14 @@ static std::vector<Star> Stars()
 }
 
 // A face of the box: which point of the box a pixel shows (u and v from 0 to 1), and the way back.
-struct Face {
+struct PaintedFace {
     int width, height;
     Direction (*at)(float u, float v);
     bool (*seen)(const Direction& d, Vec2& uv);
     float (*depth)(float u, float v); // z of the point, in widths of the box
 };
 
-static Canvas Paint(const Face& face)
+static Canvas Paint(const PaintedFace& face)
 {
     Canvas canvas(face.width, face.height, palette::Black);
     const float w = float(face.width), h = float(face.height);
@@ -225,7 +225,7 @@ static Canvas Paint(const Face& face)
                 if (x < 0 || y < 0 || x >= face.width || y >= face.height)
                     continue;
                 const Vec2 off = {float(x) + 0.5f - p.x, float(y) + 0.5f - p.y};
-                const Colour light = star.colour * (star.light * Bell(Length(off) / star.radius));
+                const LinearColour light = star.colour * (star.light * Bell(Length(off) / star.radius));
                 Pixel& pixel = canvas.At(x, y);
                 pixel = {pixel.r + light.r, pixel.g + light.g, pixel.b + light.b, pixel.a};
             }
@@ -246,7 +246,7 @@ static Canvas Paint(const Face& face)
 }
 
 // clang-format off
-constexpr Face Left = {1024, 512,
+constexpr PaintedFace Left = {1024, 512,
     [](float u, float v) { return Towards(-0.5f, (1 - v) * BoxHeight, 0.5f - u); },
     [](const Direction& d, Vec2& uv) {
         if (d.x > -0.01f)
@@ -255,7 +255,7 @@ constexpr Face Left = {1024, 512,
         return true;
     },
     [](float u, float) { return 0.5f - u; }};
-constexpr Face Back = {1024, 512,
+constexpr PaintedFace Back = {1024, 512,
     [](float u, float v) { return Towards(u - 0.5f, (1 - v) * BoxHeight, -0.5f); },
     [](const Direction& d, Vec2& uv) {
         if (d.z > -0.01f)
@@ -264,7 +264,7 @@ constexpr Face Back = {1024, 512,
         return true;
     },
     [](float, float) { return -0.5f; }};
-constexpr Face Right = {1024, 512,
+constexpr PaintedFace Right = {1024, 512,
     [](float u, float v) { return Towards(0.5f, (1 - v) * BoxHeight, u - 0.5f); },
     [](const Direction& d, Vec2& uv) {
         if (d.x < 0.01f)
@@ -273,7 +273,7 @@ constexpr Face Right = {1024, 512,
         return true;
     },
     [](float u, float) { return u - 0.5f; }};
-constexpr Face Top = {1024, 1024,
+constexpr PaintedFace Top = {1024, 1024,
     [](float u, float v) { return Towards(u - 0.5f, BoxHeight, v - 0.5f); },
     [](const Direction& d, Vec2& uv) {
         if (d.y < 0.01f)

@@ -84,12 +84,12 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
         const float t = 0.5f + 0.6f * noise.tint.Fbm(x / Size * 8, y / Size * 8, 5);
         const float strokes = noise.trowel.Fbm(x / Size * 24, y / Size * 48, 3);
         const float wet = Smooth(520, 740, y + 130 * noise.damp.Fbm(x / Size * 6, y / Size * 6, 3));
-        const Colour clay =
+        const LinearColour clay =
             Mix(Mix(palette::Parchment, palette::Ochre, 0.22f), palette::Bone, 0.6f * Clamp(t)) * 0.66f;
-        const Colour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
+        const LinearColour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
         // Brick dust in the lime: the lamp of the plaza has no blue, and makes of plain ochre a green.
-        constexpr Colour Reddened = {1.06f, 0.53f, 0.38f};
-        const Colour plaster = Mix(clay, white, Whitewash(x)) * Reddened * (1 + 0.14f * strokes);
+        constexpr LinearColour Reddened = {1.06f, 0.53f, 0.38f};
+        const LinearColour plaster = Mix(clay, white, Whitewash(x)) * Reddened * (1 + 0.14f * strokes);
         return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), 0.5f * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
@@ -101,14 +101,14 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
 }
 
 // The colour of stones with their joints.
-static Colour RubbleAt(float x, float y, const HouseNoise& noise)
+static LinearColour RubbleAt(float x, float y, const HouseNoise& noise)
 {
-    const Noise::Cell cell = noise.rubble.Worley(
+    const Noise::WorleyCell cell = noise.rubble.Worley(
         x / Size * 26 + 0.15f * noise.stone.Gradient(x / Size * 28, y / Size * 28), y / Size * 26);
     const float own = float(cell.name & 255) / 255;
-    const Colour c = Mix(Mix(palette::Rust, palette::Slate, 0.5f),
-                         Mix(palette::Mist, palette::Parchment, 0.4f), 0.7f * own) *
-                     (0.62f + 0.35f * noise.stone.Fbm(x / Size * 28, y / Size * 28, 4));
+    const LinearColour c = Mix(Mix(palette::Rust, palette::Slate, 0.5f),
+                               Mix(palette::Mist, palette::Parchment, 0.4f), 0.7f * own) *
+                           (0.62f + 0.35f * noise.stone.Fbm(x / Size * 28, y / Size * 28, 4));
     return Mix(palette::Ink, c, Smooth(0.03f, 0.13f, cell.second - cell.nearest));
 }
 
@@ -361,16 +361,16 @@ public:
     static constexpr int Columns = 16; // round the tower, so that the walls join
     static constexpr float Wide = Size / Columns;
 
-    struct Place {
+    struct FeatherPlace {
         float u, v; // across -1 to 1, along 0 to 1 at the tip
         int row, column;
     };
 
     Plumage() : rows(RowsOfFeathers()), sway(528, 16, 8) {}
 
-    Place At(float x, float y) const;
-    static bool IsFallen(const Place& feather); // the wall shows behind it
-    void Draw(Pen& pen) const;                  // the edges, and some shafts
+    FeatherPlace At(float x, float y) const;
+    static bool IsFallen(const FeatherPlace& feather); // the wall shows behind it
+    void Draw(Pen& pen) const;                         // the edges, and some shafts
 
 private:
     // By which part of its width a row lies beside the one above.
@@ -387,10 +387,10 @@ private:
     Noise sway;
 };
 
-Plumage::Place Plumage::At(float x, float y) const
+Plumage::FeatherPlace Plumage::At(float x, float y) const
 {
     const float bent = x + 5 * sway.Fbm(x / Size * 16, y / Size * 8, 2);
-    Place place = {0, 0, 0, 0};
+    FeatherPlace place = {0, 0, 0, 0};
     for (int row = 0; row < int(rows.top.size()); row++) {
         const size_t i = size_t(row);
         if (y < rows.top[i] || y > rows.top[i] + rows.length[i])
@@ -400,12 +400,12 @@ Plumage::Place Plumage::At(float x, float y) const
         const float u = (shifted - float(column)) * 2 - 1;
         const float v = (y - rows.top[i]) / (rows.length[i] * Reach(row, Wrap(column, Columns)));
         if (v <= FeatherEdge(u))
-            return Place{u, v, row, Wrap(column, Columns)};
+            return FeatherPlace{u, v, row, Wrap(column, Columns)};
     }
     return place;
 }
 
-bool Plumage::IsFallen(const Place& f)
+bool Plumage::IsFallen(const FeatherPlace& f)
 {
     const uint32_t name = uint32_t(f.row * 37 + f.column * 101) * 2654435761u;
     return (name >> 9 & 255) < 20;
@@ -445,16 +445,17 @@ static float TowerHeight(float x, float y, const Noise& zone)
 
 // The colour of a feather at height h. `own` is a random number of the feather's, `tip` the distance to its edge in
 // lengths, `comb` the brightness of its barbs.
-static Colour FeatherColour(const Plumage::Place& f, float h, float own, float tip, float comb)
+static LinearColour FeatherColour(const Plumage::FeatherPlace& f, float h, float own, float tip, float comb)
 {
-    const Colour head = Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
-    const Colour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
-    const Colour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
-    const Colour tail =
+    const LinearColour head =
+        Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
+    const LinearColour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
+    const LinearColour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
+    const LinearColour tail =
         Mix(Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Slate, 0.3f * own) * 0.8f;
     const float isRing = Smooth(0.10f, 0.12f, h) * Smooth(0.19f, 0.17f, h);
     const float isCopper = Smooth(0.17f, 0.19f, h), isTail = Smooth(0.52f, 0.68f, h);
-    Colour c = Mix(Mix(Mix(head, copper, isCopper), tail, isTail), ring, isRing);
+    LinearColour c = Mix(Mix(Mix(head, copper, isCopper), tail, isTail), ring, isRing);
     c = c * (0.70f + 0.42f * comb);
     // The head's scales shine cold, the breast's glow before their dark hem, the tail is barred.
     const float hem = Hill(0.13f, 0.085f, tip);
@@ -471,19 +472,19 @@ static Colour FeatherColour(const Plumage::Place& f, float h, float own, float t
     return c;
 }
 
-static Colour TowerColour(float x, float y, const Plumage& plumage, const TowerNoise& noise)
+static LinearColour TowerColour(float x, float y, const Plumage& plumage, const TowerNoise& noise)
 {
-    const Plumage::Place f = plumage.At(x, y);
+    const Plumage::FeatherPlace f = plumage.At(x, y);
     const float tip = FeatherEdge(f.u) - f.v; // to the edge, in lengths
     const uint32_t name = uint32_t(f.row * Plumage::Columns + f.column) * 2654435761u;
     const float own = float(name >> 12 & 255) / 255;
     const float h = TowerHeight(x, y, noise.zone);
-    const Colour stone = Mix(palette::Slate, palette::Mist, 0.15f + 0.35f * own);
+    const LinearColour stone = Mix(palette::Slate, palette::Mist, 0.15f + 0.35f * own);
     if (Plumage::IsFallen(f))
         return stone * (0.35f + 0.25f * noise.age.Fbm(x / Size * 64, y / Size * 64, 3));
     // Barbs run from the shaft outwards and down.
     const float comb = noise.barb.Value((f.v * 46 - Abs(f.u) * 13) * 0.8f, float(f.column) + 0.5f);
-    Colour c = FeatherColour(f, h, own, tip, comb);
+    LinearColour c = FeatherColour(f, h, own, tip, comb);
     // Rounded like a slate, and in the shade of the row above it.
     c = c * (1.05f - 0.35f * f.u * f.u + 0.18f * f.u);
     c = c * (1 - 0.72f * Smooth(0.60f, 0.36f, f.v));
@@ -516,11 +517,11 @@ static void PaintCorners(Canvas& canvas, const Paper& paper)
 static void PaintSlates(Canvas& canvas, const TowerNoise& noise)
 {
     canvas.Cover(Roof(), [&](float x, float y) {
-        const Noise::Cell slab =
+        const Noise::WorleyCell slab =
             noise.chip.Worley(x / 52 + 0.2f * noise.age.Gradient(x / 60, y / 60), y / 40);
         const float own = float(slab.name & 255) / 255;
-        const Colour top = Mix(palette::Slate, palette::Mist, 0.10f + 0.4f * own) *
-                           (0.7f + 0.3f * noise.age.Fbm(x / 20, y / 20, 4));
+        const LinearColour top = Mix(palette::Slate, palette::Mist, 0.10f + 0.4f * own) *
+                                 (0.7f + 0.3f * noise.age.Fbm(x / 20, y / 20, 4));
         return Mix(Mix(palette::Moss, palette::Ink, 0.6f), top,
                    Smooth(0.02f, 0.10f, slab.second - slab.nearest));
     });

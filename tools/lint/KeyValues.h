@@ -10,7 +10,7 @@
 namespace lint
 {
 
-struct Entry {
+struct KeyValue {
     std::string text; // including its ; if it has one
     size_t begin;     // where the text begins in the stream
     bool ended;       // true if it has its ;
@@ -30,21 +30,21 @@ struct Entry {
     bool IsBroken() const { return swallowed != std::string::npos; }
 };
 
-std::vector<Entry> SplitEntries(const Block& block);
+std::vector<KeyValue> SplitKeyValues(const Block& block);
 
 // The entry that the reader uses for a key; null: none.
-const Entry* FindEntry(const std::vector<Entry>& entries, const std::string& key);
-const Entry* FindIntact(const std::vector<Entry>& entries,
-                        const std::string& key); // the same, unless it is broken
+const KeyValue* FindKeyValue(const std::vector<KeyValue>& entries, const std::string& key);
+const KeyValue* FindIntact(const std::vector<KeyValue>& entries,
+                           const std::string& key); // the same, unless it is broken
 
 // An item of a list that commas divide.
-struct Item {
+struct ListItem {
     std::string text;
     size_t place; // of its first character in the stream; for an empty item, of what ends it
     size_t last;  // of its last character
 };
 
 // The items of a value: one more than it has commas.
-std::vector<Item> SplitItems(const Entry& entry);
+std::vector<ListItem> SplitItems(const KeyValue& entry);
 
 } // namespace lint

@@ -7,10 +7,10 @@ namespace waltz
 {
 
 // Chance that comes out the same on every run: xorshift over 32 bits.
-class Noise
+class WhiteNoise
 {
 public:
-    explicit Noise(uint32_t seed) : state(Mix(seed)) {}
+    explicit WhiteNoise(uint32_t seed) : state(Mix(seed)) {}
 
     float White() // -1 to 1
     {
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    Noise noise;
+    WhiteNoise noise;
     int steps;
     int at = 0;
     float from, to;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/timeline/Pen.h"
+#include "tools/timeline/InkShapes.h"
 
 #include <algorithm>
 #include <cmath>

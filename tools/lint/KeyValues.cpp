@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/lint/Entries.h"
+#include "tools/lint/KeyValues.h"
 
 #include "script/ScriptParser.h"
 
@@ -11,7 +11,7 @@ namespace lint
 // Stores where in the stream each character of the value stands, and last the character that ends it. As in
 // ScriptParser::GetValue, the value begins behind the = up to which the text without = signs is the key, and
 // leaves out any further =.
-static void FindValuePlaces(Entry* entry)
+static void FindValuePlaces(KeyValue* entry)
 {
     const std::string& text = entry->text;
     const size_t end = entry->ended ? text.size() - 1 : text.size();
@@ -30,7 +30,7 @@ static void FindValuePlaces(Entry* entry)
 
 // An entry whose ; is missing contains the next key as well. Returns where that key begins in the text of the
 // entry, or npos.
-static size_t FindSwallowedKey(const Entry& entry, const BlockSyntax& keys)
+static size_t FindSwallowedKey(const KeyValue& entry, const BlockSyntax& keys)
 {
     const size_t first = entry.text.find('=');
     if (first == std::string::npos)
@@ -58,25 +58,25 @@ static bool MayHaveKey(const std::string& entry, const std::string& key)
     return same == key.size();
 }
 
-std::vector<Entry> SplitEntries(const Block& block)
+std::vector<KeyValue> SplitKeyValues(const Block& block)
 {
     // At a ; ScriptParser::GetValue forgets all but the value that it has found, so that it gives the same
     // result for single entries as for the whole block.
     ScriptParser reader;
-    std::vector<Entry> entries;
+    std::vector<KeyValue> entries;
     for (size_t begin = 0; begin < block.text.size();) {
         const size_t semicolon = block.text.find(';', begin);
         const bool ended = semicolon != std::string::npos;
         const size_t end = ended ? semicolon + 1 : block.text.size();
-        Entry entry = {block.text.substr(begin, end - begin),
-                       block.body + begin,
-                       ended,
-                       "",
-                       "",
-                       "",
-                       {},
-                       false,
-                       std::string::npos};
+        KeyValue entry = {block.text.substr(begin, end - begin),
+                          block.body + begin,
+                          ended,
+                          "",
+                          "",
+                          "",
+                          {},
+                          false,
+                          std::string::npos};
         entry.word = entry.text.substr(0, entry.text.find_first_of("=;"));
         for (const std::string& key : SyntaxOf(block.type).keys) {
             std::string value;
@@ -87,7 +87,7 @@ std::vector<Entry> SplitEntries(const Block& block)
                 break;
             }
         }
-        entry.counts = ended && !entry.key.empty() && !FindEntry(entries, entry.key);
+        entry.counts = ended && !entry.key.empty() && !FindKeyValue(entries, entry.key);
         FindValuePlaces(&entry);
         entry.swallowed = FindSwallowedKey(entry, SyntaxOf(block.type));
         entries.push_back(std::move(entry));
@@ -96,23 +96,23 @@ std::vector<Entry> SplitEntries(const Block& block)
     return entries;
 }
 
-const Entry* FindEntry(const std::vector<Entry>& entries, const std::string& key)
+const KeyValue* FindKeyValue(const std::vector<KeyValue>& entries, const std::string& key)
 {
-    for (const Entry& entry : entries)
+    for (const KeyValue& entry : entries)
         if (entry.counts && entry.key == key)
             return &entry;
     return nullptr;
 }
 
-const Entry* FindIntact(const std::vector<Entry>& entries, const std::string& key)
+const KeyValue* FindIntact(const std::vector<KeyValue>& entries, const std::string& key)
 {
-    const Entry* const found = FindEntry(entries, key);
+    const KeyValue* const found = FindKeyValue(entries, key);
     return found && !found->IsBroken() ? found : nullptr;
 }
 
-std::vector<Item> SplitItems(const Entry& entry)
+std::vector<ListItem> SplitItems(const KeyValue& entry)
 {
-    std::vector<Item> items;
+    std::vector<ListItem> items;
     for (size_t begin = 0; begin <= entry.value.size();) {
         const size_t end = std::min(entry.value.find(',', begin), entry.value.size());
         const size_t last = end > begin ? end - 1 : begin;

@@ -3,7 +3,7 @@
 // look drawn by hand; their irregularities come from the seed, so that each run draws the same.
 #pragma once
 
-#include "tools/timeline/Drawing.h"
+#include "tools/timeline/Painter.h"
 
 #include <cstdint>
 

@@ -10,7 +10,7 @@ namespace capture
 
 enum OutputKind { OutputVideo, OutputPictures, OutputSheet };
 
-struct Options {
+struct CaptureOptions {
     std::string script; // path
     std::string output; // path, or the pattern of numbered pictures (see PngSequence.h)
     OutputKind kind = OutputVideo;
@@ -38,7 +38,7 @@ const std::vector<cli::Option>& OptionTable();
 
 // False after a mistake, which was reported on stderr as one line; line.exitStatus is set. Call
 // platform::FindDataDirectory, and SetDataDirectory for --data, before: the default script lies there.
-bool ReadOptions(cli::CommandLine& line, Options* options);
+bool ReadOptions(cli::CommandLine& line, CaptureOptions* options);
 
 // Two options by themselves, for other programs that have --size and --rate: what they point to stays as it is
 // if the option was not given. They fail as ReadOptions does.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/capture/Options.h"
+#include "tools/capture/CaptureOptions.h"
 
 #include "platform/Paths.h"
 #include "tools/capture/Encoding.h"
@@ -109,7 +109,7 @@ bool ReadRate(cli::CommandLine& line, FrameRate* rate)
                             line.Value("rate") + "\"");
 }
 
-static bool ReadTimes(cli::CommandLine& line, Options* options)
+static bool ReadTimes(cli::CommandLine& line, CaptureOptions* options)
 {
     if (!ReadRate(line, &options->rate))
         return false;
@@ -123,7 +123,7 @@ static bool ReadTimes(cli::CommandLine& line, Options* options)
     return true;
 }
 
-static bool ReadOperands(cli::CommandLine& line, Options* options)
+static bool ReadOperands(cli::CommandLine& line, CaptureOptions* options)
 {
     options->join = line.Has("join");
     options->script = line.Value("script", platform::DataPath("script.txt"));
@@ -144,7 +144,7 @@ static bool ReadOperands(cli::CommandLine& line, Options* options)
     return true;
 }
 
-static bool ReadSegment(cli::CommandLine& line, Options* options)
+static bool ReadSegment(cli::CommandLine& line, CaptureOptions* options)
 {
     if (!line.Has("segment"))
         return true;
@@ -163,7 +163,7 @@ static bool EndsWith(const std::string& text, const std::string& end)
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-static bool ReadOutput(cli::CommandLine& line, Options* options)
+static bool ReadOutput(cli::CommandLine& line, CaptureOptions* options)
 {
     const std::string path = line.Value("output");
     options->output = path;
@@ -198,7 +198,7 @@ static bool ReadOutput(cli::CommandLine& line, Options* options)
     return true;
 }
 
-bool ReadOptions(cli::CommandLine& line, Options* options)
+bool ReadOptions(cli::CommandLine& line, CaptureOptions* options)
 {
     options->timing = line.Has("timing");
     options->quiet = line.Has("quiet");
