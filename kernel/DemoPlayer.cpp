@@ -13,6 +13,7 @@
 #include "platform/Clock.h"
 #include "platform/Events.h"
 
+#include <cassert>
 #include <cstdio>
 #include <utility>
 
@@ -77,6 +78,7 @@ bool DemoPlayer::AddEffect(uint32_t startMs, uint32_t stopMs, std::string effect
     // This test comes first: an entry that is dropped is not checked for an unknown effect name.
     if (stopMs <= startOffset)
         return false;
+    assert(registry);
     Effect* const effect = registry->FindEffect(effectName);
     if (!effect) {
         ReportError("Init", "Unknown Effect Name!");
@@ -88,6 +90,7 @@ bool DemoPlayer::AddEffect(uint32_t startMs, uint32_t stopMs, std::string effect
 
 void DemoPlayer::AddEffectInstance(uint32_t startMs, uint32_t stopMs, Effect* effect, uint32_t layer)
 {
+    assert(effect);
     if (stopMs <= startOffset)
         return;
     const EffectInstance entry = {Seconds(startMs), Seconds(stopMs), layer, effect};
@@ -102,6 +105,7 @@ void DemoPlayer::AddMessage(uint32_t timeMs, std::string messageName, const floa
     if (timeMs <
         startOffset) // keeps a message exactly at the offset; AddEffect drops an entry that ends there
         return;
+    assert(registry && (params || count <= 0));
     Effect* const effect = registry->FindEffect(effectName);
     if (!effect) {
         ReportError("Message Init", "Unknown Effect Name!");
@@ -184,6 +188,7 @@ void DemoPlayer::Run()
 {
     if (!(state & PlayerReady))
         return;
+    assert(window); // Init made the player ready
     state = PlayerRunning;
     InitEffects();
     if (music) {

@@ -55,11 +55,14 @@ public:
     void Run();
     void End();
 
+    // What a script says of the show: call these after Init, which brings the registry.
+
     // False if the entry ends at or before the start offset (in silence) or names no effect (reported).
     bool AddEffect(uint32_t startMs, uint32_t stopMs, std::string effectName, uint32_t layer);
+    // The effect must not be null.
     void AddEffectInstance(uint32_t startMs, uint32_t stopMs, Effect* effect, uint32_t layer);
 
-    // Copies count floats. An unknown effect is reported; an unknown message name is kept with id 0.
+    // Copies count floats; params may be null if there are none. An unknown effect is reported; an unknown message name is kept with id 0.
     void AddMessage(uint32_t timeMs, std::string messageName, const float* params, int count,
                     std::string effectName);
 

@@ -35,7 +35,7 @@ struct EffectFile {
 // All files of the list: textures, lights, models, programs, shaders.
 std::vector<EffectFile> ListFiles(const EffectFiles& files);
 
-// The washes with which the timeline paints an effect's entries (tools/timeline/Palette.h).
+// The washes with which the timeline paints an effect's entries (tools/timeline/TimelineColours.h).
 enum EffectWash { SlateWash, OchreWash, MossWash, RustWash, MistWash, NightWash, AmberWash, WashCount };
 
 // Messages whose names begin with `begin` come to nothing ahead of the message `after`.

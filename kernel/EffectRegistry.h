@@ -19,8 +19,8 @@ class EffectRegistry
 public:
     EffectRegistry();
 
-    // Appends a row and calls the effect's DeclareMessages. Returns false, changes nothing and shows no error
-    // if the name is taken already.
+    // Appends a row and calls the effect's DeclareMessages; the effect must not be null. Returns false, changes
+    // nothing and shows no error if the name is taken already.
     bool Register(std::string name, Effect* effect, std::string description);
 
     // The effect of exactly that name, or null.

@@ -3,6 +3,8 @@
 
 #include "platform/Clock.h"
 
+#include <cassert>
+
 int64_t FrameTimer::frequency = 0;
 int64_t FrameTimer::startCounter = 0;
 int64_t FrameTimer::currentCounter = 0;
@@ -28,6 +30,7 @@ void FrameTimer::Init(float startSeconds)
 
 void FrameTimer::Update()
 {
+    assert(frequency > 0); // Init has run
     currentCounter = platform::ReadCounter();
     const float oldElapsed = elapsed;
     elapsed = float(double(currentCounter - startCounter) / double(frequency));

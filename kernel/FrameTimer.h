@@ -15,7 +15,7 @@ public:
     // not reset the scaled time, the elapsed time and the frame count of GetFPS.
     static void Init(float startSeconds);
 
-    // Call once per frame, after the effects. The time since the last call becomes GetDelta.
+    // Call once per frame, after Init and after the effects. The time since the last call becomes GetDelta.
     static void Update();
 
     static float GetTime();  // seconds of the show: scaled time plus the offset given to Init

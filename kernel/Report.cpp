@@ -6,6 +6,8 @@
 #include "platform/RegularFile.h"
 #include "platform/dialogs/MessageBox.h"
 
+#include <cassert>
+
 const char* const ErrorTail =
     "\r\n\r\n"
     "This build was finished at an hour when the moon had already gone home, and the one who was to "
@@ -28,11 +30,13 @@ void ReportInfo(std::string title, std::string text)
 
 FILE* OpenFile(const char* path, const char* mode)
 {
+    assert(path && mode);
     return OpenLocalFile(platform::ResolvePath(path).c_str(), mode);
 }
 
 FILE* OpenLocalFile(const char* path, const char* mode)
 {
+    assert(path && mode);
     FILE* file = platform::OpenRegularFile(path, mode);
     if (!file) {
         ReportError("File Not Found!", path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/SynchMessageTable.h"
 
+#include <cassert>
+
 SynchMessageTable::SynchMessageTable() : lastId(0) {}
 
 int SynchMessageTable::DeclareMessage(std::string name, Effect* owner, std::string description)
@@ -12,6 +14,7 @@ int SynchMessageTable::DeclareMessage(std::string name, Effect* owner, std::stri
 
 int SynchMessageTable::FindMessage(const char* name, Effect* owner) const
 {
+    assert(name);
     if (!owner)
         return 0;
     for (const SynchMessageDeclaration& entry : entries)

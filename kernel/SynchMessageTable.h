@@ -23,10 +23,11 @@ public:
 
     // Appends a row and returns its id. Ids count from 1 across all effects; 0 is never given out. There is
     // no check for duplicates: of two rows with the same name and owner, FindMessage only ever finds the
-    // first.
+    // first. An owner of null is allowed, but nobody finds its messages.
     int DeclareMessage(std::string name, Effect* owner, std::string description);
 
-    // The id of the first row with this owner and exactly this name; 0 if there is none or owner is null.
+    // The id of the first row with this owner and exactly this name, which must not be null; 0 if there is none or
+    // owner is null.
     int FindMessage(const char* name, Effect* owner) const;
 
     // A line "name  (description)\n" for each message of this owner, in order of declaration.

@@ -11,6 +11,7 @@
 #include "platform/RegularFile.h"
 #include "resources/TextureLoader.h"
 
+#include <cassert>
 #include <cstdint>
 #include <cstdio>
 
@@ -59,6 +60,7 @@ bool BuildSystem()
 
 void TearDown()
 {
+    assert(demoPlayer && glWindow && effectRegistry);
     effectRegistry->Clear();
     glWindow->Destroy(); // closes the window only if a quit was pumped
     if (TextureLoader* textures = TextureLoader::GetInstance())
