@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A reader of Windows bitmaps (.bmp): 24 and 32 bits a pixel, and 8 bits with a palette, uncompressed, rows
 // in either order.
+//
+// Written out, since the readers of libraries keep fewer bounds: SDL's takes a palette and masks for given that the file
+// does not have, and reads depths that no bitmap has, and DevIL's was seen to write past its buffers.
 #pragma once
 
 #include "resources/ImageData.h"
