@@ -82,6 +82,18 @@ float Noise::Gradient(float x, float y) const
     return Level(x, y, 0);
 }
 
+void Noise::ToNextOctave(float& x, float& y) const
+{
+    if (periodX > 0 || periodY > 0) {
+        x *= 2;
+        y *= 2;
+    } else {
+        const float turned = x * OctaveCos - y * OctaveSin;
+        y = 2 * (x * OctaveSin + y * OctaveCos) + 7.3f;
+        x = 2 * turned + 3.1f;
+    }
+}
+
 float Noise::Fbm(float x, float y, int octaves, float gain) const
 {
     float sum = 0, weight = 1, total = 0;
@@ -89,14 +101,7 @@ float Noise::Fbm(float x, float y, int octaves, float gain) const
         sum += weight * Level(x, y, level);
         total += weight;
         weight *= gain;
-        if (periodX > 0 || periodY > 0) {
-            x *= 2;
-            y *= 2;
-        } else {
-            const float turned = x * OctaveCos - y * OctaveSin;
-            y = 2 * (x * OctaveSin + y * OctaveCos) + 7.3f;
-            x = 2 * turned + 3.1f;
-        }
+        ToNextOctave(x, y);
     }
     return total > 0 ? sum / total * 1.6f : 0;
 }
@@ -111,14 +116,7 @@ float Noise::Ridges(float x, float y, int octaves, float gain) const
         total += weight;
         above = ridge;
         weight *= gain;
-        if (periodX > 0 || periodY > 0) {
-            x *= 2;
-            y *= 2;
-        } else {
-            const float turned = x * OctaveCos - y * OctaveSin;
-            y = 2 * (x * OctaveSin + y * OctaveCos) + 7.3f;
-            x = 2 * turned + 3.1f;
-        }
+        ToNextOctave(x, y);
     }
     return total > 0 ? sum / total : 0;
 }

@@ -39,6 +39,7 @@ public:
 private:
     uint32_t Hash(int x, int y, int level) const;
     float Level(float x, float y, int level) const;
+    void ToNextOctave(float& x, float& y) const;
 
     uint32_t seed;
     int periodX, periodY;
