@@ -57,9 +57,8 @@ Figures Measure(const Stereo& sound, int64_t from, int64_t end)
     Figures figures = {};
     Stereo part(sound.origin + from, end - from);
     part.Add(sound, 1);
-    const Loudness loudness(part);
-    figures.lufs = loudness.Integrated();
-    figures.shortTerm = loudness.LoudestShortTerm(0, part.Size());
+    figures.lufs = IntegratedLoudness(part, 0, part.Size());
+    figures.shortTerm = LoudestShortTerm(part, 0, part.Size());
     double leftSum = 0, rightSum = 0, leftPower = 0, rightPower = 0, both = 0;
     float peak = 0;
     for (int64_t i = 0; i < part.Size(); i++) {

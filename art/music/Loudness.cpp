@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "art/music/Loudness.h"
-#include "art/music/Filters.h"
+
+#include <ebur128.h>
 
 #include <algorithm>
 #include <array>
@@ -11,32 +12,36 @@ namespace waltz
 
 constexpr double pi = 3.14159265358979323846;
 constexpr int hop = sampleRate / 10;
+constexpr int shortTerm = 3 * sampleRate;
 constexpr double silence = -200;
 
-// The two filters of the recommendation, which gives them for 48 kHz, brought to our rate by way of their
-// analog form.
-static void SetHead(Biquad& filter)
+// A meter that hears a sound piece by piece. Both channels of a stereo sound weigh the same.
+class Meter
 {
-    const double f = 1681.974450955533, q = 0.7071752369554196, gain = 3.999843853973347;
-    const double k = std::tan(pi * f / sampleRate);
-    const double vh = std::pow(10, gain / 20), vb = std::pow(vh, 0.4996667741545416);
-    const double n = 1 + k / q + k * k;
-    filter.Set((vh + vb * k / q + k * k) / n, 2 * (k * k - vh) / n, (vh - vb * k / q + k * k) / n,
-               2 * (k * k - 1) / n, (1 - k / q + k * k) / n);
-}
+public:
+    explicit Meter(int mode) : state(ebur128_init(2, sampleRate, mode)) {}
+    ~Meter() { ebur128_destroy(&state); }
+    Meter(const Meter&) = delete;
+    Meter& operator=(const Meter&) = delete;
 
-static void SetLowEnd(Biquad& filter)
-{
-    const double f = 38.13547087602444, q = 0.5003270373238773;
-    const double k = std::tan(pi * f / sampleRate);
-    const double n = 1 + k / q + k * k;
-    filter.Set(1, -2, 1, 2 * (k * k - 1) / n, (1 - k / q + k * k) / n);
-}
+    void Hear(const Stereo& sound, int64_t from, int64_t end)
+    {
+        std::vector<float> frames;
+        for (int64_t i = from; i < end; i++)
+            frames.insert(frames.end(), {sound.left[i], sound.right[i]});
+        ebur128_add_frames_float(state, frames.data(), size_t(end - from));
+    }
 
-static double ToLufs(double energy)
-{
-    return energy > 1e-20 ? -0.691 + 10 * std::log10(energy) : silence;
-}
+    // By one of the library's measures, which gives minus infinity for silence.
+    double Lufs(int (*measure)(ebur128_state* state, double* loudness))
+    {
+        double loudness = silence;
+        return measure(state, &loudness) == EBUR128_SUCCESS ? std::max(loudness, silence) : silence;
+    }
+
+private:
+    ebur128_state* state;
+};
 
 constexpr int taps = 12;
 constexpr int phases = 4;
@@ -60,64 +65,22 @@ static std::array<std::array<float, taps>, phases> MakeInterpolator()
     return filter;
 }
 
-Loudness::Loudness(const Stereo& sound)
+double IntegratedLoudness(const Stereo& sound, int64_t from, int64_t end)
 {
-    hops.resize(sound.Size() / hop);
-    for (const Samples* side : {&sound.left, &sound.right}) {
-        Biquad head, low;
-        SetHead(head);
-        SetLowEnd(low);
-        for (size_t h = 0; h < hops.size(); h++) {
-            double sum = 0;
-            for (int i = 0; i < hop; i++) {
-                const double x = low.Next(head.Next((*side)[h * hop + i]));
-                sum += x * x;
-            }
-            hops[h] += sum / hop;
-        }
-    }
+    Meter meter(EBUR128_MODE_I);
+    meter.Hear(sound, from, end);
+    return meter.Lufs(ebur128_loudness_global);
 }
 
-double Loudness::MeanOf(size_t first, size_t count) const
+double LoudestShortTerm(const Stereo& sound, int64_t from, int64_t end)
 {
-    double sum = 0;
-    for (size_t i = first; i < first + count; i++)
-        sum += hops[i];
-    return sum / double(count);
-}
-
-double Loudness::Integrated() const
-{
-    return Integrated(0, int64_t(hops.size()) * hop);
-}
-
-double Loudness::Integrated(int64_t from, int64_t end) const
-{
-    const size_t first = (from + hop - 1) / hop, behind = std::min<size_t>(end / hop, hops.size());
-    double gate = -70;
-    double result = silence;
-    for (int round = 0; round < 2; round++) {
-        double sum = 0;
-        int count = 0;
-        for (size_t i = first; i + 4 <= behind; i++) {
-            const double energy = MeanOf(i, 4);
-            if (ToLufs(energy) < gate)
-                continue;
-            sum += energy;
-            count++;
-        }
-        result = count > 0 ? ToLufs(sum / count) : silence;
-        gate = std::max(-70.0, result - 10);
-    }
-    return result;
-}
-
-double Loudness::LoudestShortTerm(int64_t from, int64_t end) const
-{
-    const size_t first = (from + hop - 1) / hop, behind = std::min<size_t>(end / hop, hops.size());
+    Meter meter(EBUR128_MODE_S);
     double loudest = silence;
-    for (size_t i = first; i + 30 <= behind; i++)
-        loudest = std::max(loudest, ToLufs(MeanOf(i, 30)));
+    for (int64_t heard = from; heard + hop <= end; heard += hop) {
+        meter.Hear(sound, heard, heard + hop);
+        if (heard + hop - from >= shortTerm)
+            loudest = std::max(loudest, meter.Lufs(ebur128_loudness_shortterm));
+    }
     return loudest;
 }
 

@@ -6,26 +6,17 @@
 namespace waltz
 {
 
-// Loudness as ITU-R BS.1770-4 measures it: K-weighted, in blocks of 400 ms of which a new one begins every
-// 100 ms.
-class Loudness
-{
-public:
-    explicit Loudness(const Stereo& sound);
+// Loudness as ITU-R BS.1770-4 and EBU R 128 define it, measured by libebur128: in LUFS, of the samples from `from` to
+// before `end` of the sound's window. -200 where nothing is loud enough or long enough to be measured.
 
-    // In LUFS, over the blocks that lie wholly within the samples from `from` to before `end` of the sound's
-    // window. Gated, at -70 LUFS and then 10 below what is left. -200 if nothing is.
-    double Integrated(int64_t from, int64_t end) const;
-    double Integrated() const;
-    // The loudest three seconds in the same range.
-    double LoudestShortTerm(int64_t from, int64_t end) const;
+// Gated, in blocks of 400 ms of which a new one begins every 100 ms.
+double IntegratedLoudness(const Stereo& sound, int64_t from, int64_t end);
 
-private:
-    std::vector<double> hops; // energy of each 100 ms, both channels
-    double MeanOf(size_t first, size_t count) const;
-};
+// The loudest three seconds.
+double LoudestShortTerm(const Stereo& sound, int64_t from, int64_t end);
 
-// For each sample the highest the wave rises between it and the next: four times oversampled.
+// For each sample the highest the wave rises between it and the next: four times oversampled. Written by hand, since the
+// limiter of Master needs the place of each peak, and libraries tell only the highest.
 Samples TruePeaks(const Samples& sound);
 
 } // namespace waltz

@@ -34,12 +34,17 @@ static double AtLevel(double decibel)
     return std::pow(10, decibel / 20);
 }
 
+static double Integrated(const Stereo& sound)
+{
+    return IntegratedLoudness(sound, 0, sound.Size());
+}
+
 TEST(LoudnessMeter, GivesASineOf1000HzAtMinus23OnBothSidesMinus23)
 {
     // The first of the meter's own test signals.
-    const Loudness meter(OnBothSides(Sine(1000, AtLevel(-23), 20)));
-    EXPECT_NEAR(-23, meter.Integrated(), 0.1);
-    EXPECT_NEAR(-23, meter.LoudestShortTerm(0, 20 * sampleRate), 0.1);
+    const Stereo sound = OnBothSides(Sine(1000, AtLevel(-23), 20));
+    EXPECT_NEAR(-23, Integrated(sound), 0.1);
+    EXPECT_NEAR(-23, LoudestShortTerm(sound, 0, sound.Size()), 0.1);
 }
 
 TEST(LoudnessMeter, LeavesQuietStretchesOutOfTheMean)
@@ -49,15 +54,15 @@ TEST(LoudnessMeter, LeavesQuietStretchesOutOfTheMean)
         const Samples more = Sine(1000, AtLevel(decibel), decibel > -30 ? 60 : 10);
         sound.insert(sound.end(), more.begin(), more.end());
     }
-    EXPECT_NEAR(-23, Loudness(OnBothSides(sound)).Integrated(), 0.1);
+    EXPECT_NEAR(-23, Integrated(OnBothSides(sound)), 0.1);
 }
 
 TEST(LoudnessMeter, HearsBassLessAndTrebleMore)
 {
-    const double middle = Loudness(OnBothSides(Sine(1000, 0.1, 4))).Integrated();
-    EXPECT_NEAR(-0.9, Loudness(OnBothSides(Sine(100, 0.1, 4))).Integrated() - middle, 1.0);
-    EXPECT_NEAR(3.3, Loudness(OnBothSides(Sine(8000, 0.1, 4))).Integrated() - middle, 0.4);
-    EXPECT_EQ(-200, Loudness(OnBothSides(Samples(4 * sampleRate))).Integrated());
+    const double middle = Integrated(OnBothSides(Sine(1000, 0.1, 4)));
+    EXPECT_NEAR(-0.9, Integrated(OnBothSides(Sine(100, 0.1, 4))) - middle, 1.0);
+    EXPECT_NEAR(3.3, Integrated(OnBothSides(Sine(8000, 0.1, 4))) - middle, 0.4);
+    EXPECT_EQ(-200, Integrated(OnBothSides(Samples(4 * sampleRate))));
 }
 
 TEST(TruePeak, LiesBetweenTheSamples)

@@ -71,18 +71,18 @@ static void CheckLevels(const Stereo& sound)
 
 // The arc: dusk is the quietest, the village dances, the painting holds its breath, and so on. Half a dB is
 // what one may change a section by without hearing it.
-static void CheckArc(const Score& score, const Loudness& loudness)
+static void CheckArc(const Score& score, const Stereo& sound)
 {
-    EXPECT_NEAR(-16, loudness.Integrated(), 0.5);
+    EXPECT_NEAR(-16, IntegratedLoudness(sound, 0, sound.Size()), 0.5);
     const double sections[] = {-22.2, -17.1, -16.4, -21.7, -12.4, -14.0, -18.6, -12.6, -18.8};
     ASSERT_EQ(std::size(sections), score.sections.size());
     for (size_t i = 0; i < score.sections.size(); i++) {
         const Section& section = score.sections[i];
-        EXPECT_NEAR(sections[i], loudness.Integrated(Bar(section.firstBar), Bar(section.endBar)), 0.5)
+        EXPECT_NEAR(sections[i], IntegratedLoudness(sound, Bar(section.firstBar), Bar(section.endBar)), 0.5)
             << section.name;
     }
     // The loudest three seconds are the last bars before the village breaks off.
-    EXPECT_NEAR(loudness.LoudestShortTerm(0, Bar(207)), loudness.LoudestShortTerm(Bar(132), Bar(136)), 1e-9);
+    EXPECT_NEAR(LoudestShortTerm(sound, 0, Bar(207)), LoudestShortTerm(sound, Bar(132), Bar(136)), 1e-9);
 }
 
 static void CheckSilences(const Stereo& sound)
@@ -150,7 +150,7 @@ TEST(TheNightsMusic, HasItsLevelsItsArcItsSilencesAndItsBeat)
     ASSERT_EQ(int64_t(NightScript().end) * sampleRate / 1000, sound.Size()) << "as long as the timeline";
     ASSERT_EQ(Bar(score.Bars()), sound.Size()) << "and as the score";
     CheckLevels(sound);
-    CheckArc(score, Loudness(sound));
+    CheckArc(score, sound);
     CheckSilences(sound);
     CheckDownbeats(sound);
     CheckEnding(sound);
