@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kernel/EffectRegistry.h"
 
-#include "platform/dialogs/MessageBox.h"
+#include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/kernel/ProbeEffect.h"
 #include "tests/support/ReadFile.h"
 

@@ -4,6 +4,7 @@
 #include "kernel/Report.h"
 #include "platform/EmbeddedFiles.h"
 #include "platform/EmbeddedFilesHooks.h"
+#include "resources/TextureLoaderHooks.h"
 #include "tests/resources/ImageLibrary.h"
 #include "tests/support/BoxWatch.h"
 #include "tests/support/BytesInUse.h"
