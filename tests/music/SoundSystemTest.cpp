@@ -110,6 +110,7 @@ TEST_F(SoundSystemStart, HappensOnce)
     SoundSystem::SetDriver(1);
     EXPECT_TRUE(SoundSystem::Init(44100, 32, 0));
     EXPECT_TRUE(SoundSystem::Init(44100, 32, 0));
+    EXPECT_TRUE(SoundSystem::Init(1, 0, 7)) << "whatever it is told by then";
 }
 
 TEST_F(SoundSystemStart, BeforeItNothingWorksAndNothingHappens)
@@ -147,6 +148,7 @@ TEST_F(SoundSystemStart, EveryCallIsNotedWithItsArguments)
     SoundSystem::GetVersion();
     SoundSystem::SetDriver(1);
     SoundSystem::Init(44100, 32, 0);
+    SoundSystem::Init(1, 0, 7);
     SoundSystem::SetBufferSize(500);
     SoundSystem::OpenStream("nowhere.wav", 0x20041, 1, 2);
     SoundSystem::PlayStream(-1, nullptr);
@@ -159,10 +161,10 @@ TEST_F(SoundSystemStart, EveryCallIsNotedWithItsArguments)
     SoundSystem::SetPaused(-2, false);
     CollectSoundCalls(nullptr);
     SoundSystem::GetVersion();
-    EXPECT_EQ((std::vector<std::string>{"GetVersion", "SetDriver 1", "Init 44100 32 0", "SetBufferSize 500",
-                                        "OpenStream nowhere.wav 0x20041 1 2", "PlayStream -1",
-                                        "SetStreamTime 7", "GetStreamTime", "StopStream", "CloseStream",
-                                        "GetPaused -3", "SetPaused -3 true", "SetPaused -2 false"}),
+    EXPECT_EQ((std::vector<std::string>{
+                  "GetVersion", "SetDriver 1", "Init 44100 32 0", "Init 1 0 7", "SetBufferSize 500",
+                  "OpenStream nowhere.wav 0x20041 1 2", "PlayStream -1", "SetStreamTime 7", "GetStreamTime",
+                  "StopStream", "CloseStream", "GetPaused -3", "SetPaused -3 true", "SetPaused -2 false"}),
               calls);
 }
 
