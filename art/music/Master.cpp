@@ -17,7 +17,8 @@ constexpr double rumble = 26;       // Hz
 constexpr double lookAhead = 0.005; // seconds
 constexpr double release = 0.16;    // seconds
 constexpr double fadeIn = 0.004;
-constexpr double fadeOut = 1.2; // a slope that keeps something to be heard up to the last moments
+// The score closes by itself: this only makes sure that the last sample is silent.
+constexpr double fadeOut = 0.04;
 
 // How much every sample has to be turned down: never less than the peaks within reach need, going down and up
 // smoothly.
@@ -65,7 +66,7 @@ static double FadeAt(int64_t sample, int64_t nightEnd)
     if (sinceStart < fadeIn)
         share *= sinceStart / fadeIn;
     if (toEnd < fadeOut)
-        share *= std::pow(std::max(toEnd, 0.0) / fadeOut, 0.4);
+        share *= std::max(toEnd, 0.0) / fadeOut;
     return share;
 }
 

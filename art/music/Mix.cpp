@@ -34,6 +34,8 @@ static Samples PlayStruck(const Note& note, Sound sound)
         return PlayPizzicato(note);
     case Sound::Drum:
         return PlayDrum(note);
+    case Sound::Step:
+        return PlayStep(note);
     default:
         return PlayBrush(note);
     }
@@ -58,18 +60,20 @@ static Stereo PlaySustained(const Phrase& phrase, const Dynamics& dynamics, cons
     }
 }
 
-// A keyboard lies across the picture: low keys left, high keys right.
+// A keyboard lies across the picture, low keys left, high keys right; feet go left and right of the middle.
 static float SeatOf(const Note& note, const Part& part)
 {
     if (part.sound == Sound::FeltPiano || part.sound == Sound::Celesta || part.sound == Sound::MusicBox)
         return part.pan + 0.015f * float(note.pitch - 64);
+    if (part.sound == Sound::Step)
+        return part.pan + (int(note.pitch) == stroke ? -0.16f : 0.16f);
     return part.pan;
 }
 
-static void PlayVoice(const Voice& voice, const Part& part, Stereo& stem)
+static void PlayVoice(const Voice& voice, const Part& part, const Rubato& rubato, Stereo& stem)
 {
     const int64_t end = stem.origin + stem.Size();
-    for (const Phrase& phrase : Perform(voice, part)) {
+    for (const Phrase& phrase : Perform(voice, part, rubato)) {
         const Note& last = phrase.back();
         if (phrase.front().start > end + sampleRate || last.start + last.length + longestRing < stem.origin)
             continue;
@@ -104,7 +108,7 @@ bool RenderMix(const Score& score, int64_t from, int64_t end, const std::string&
         if (score.voices[i].tones.empty())
             continue;
         Stereo stem(begin, end - begin);
-        PlayVoice(score.voices[i], part, stem);
+        PlayVoice(score.voices[i], part, score.rubato, stem);
         all.Add(stem, FromDecibel(part.gain));
         sent.Add(stem, FromDecibel(part.gain + part.room));
         if (stemFolder.empty())

@@ -16,11 +16,13 @@ enum class Sound {
     Violins,
     Violas,
     Cellos,
+    SoloCello,
     Pad, // violins, violas and cellos, a line each
     PluckedBass,
     Pizzicato,
     Drum,
     Brush,
+    Step,
     Wind,
     Shore,
 };
@@ -44,7 +46,8 @@ const std::vector<Part>& Orchestra();
 // The index in Orchestra(), or -1.
 int FindPart(const std::string& name);
 
-// Parts without pitches: the score writes strokes for them, 'x' and 's', which become these.
+// Parts without pitches: the score writes strokes for them, 'x' and 's', which become these. Steps are 'x' with the left
+// foot, 's' with the right.
 constexpr int stroke = 60;
 constexpr int swish = 62;
 bool IsUnpitched(Sound sound);

@@ -53,7 +53,13 @@ static uint32_t SeedOf(const Part& part, const Tone& tone)
     return WhiteNoise::Mix(seed * 7919 + uint32_t(std::lround(tone.beat * 24)) * 131 + uint32_t(tone.pitch));
 }
 
-static Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
+// When a beat of the night comes, in seconds.
+static double TimeOf(double beat, const Rubato& rubato)
+{
+    return beat * samplesPerBeat / sampleRate + rubato.LateAt(beat);
+}
+
+static Note PlayTone(const Tone& tone, const Voice& voice, const Part& part, const Rubato& rubato)
 {
     Note note;
     note.seed = SeedOf(part, tone);
@@ -64,19 +70,19 @@ static Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
     beatOnly.pitch = 0;
     WhiteNoise hand(SeedOf(part, beatOnly));
     const double stray = IsAt(place, 0) ? strayDownbeat : part.melodic ? strayTune : strayBand;
-    double seconds = tone.beat * samplesPerBeat / sampleRate +
+    double seconds = TimeOf(tone.beat, rubato) +
                      std::clamp<double>(stray * hand.Around(), -strayLimit * stray, strayLimit * stray);
     if (tone.accompany && IsAt(place, 1))
         seconds -= secondBeatEarly;
     if (!IsSustained(part.sound) && tone.line > 0)
         seconds += std::min(tone.line * chordSpread, 0.012) * (IsAt(place, 0) ? 0.5 : 1.0);
     note.start = std::max<int64_t>(0, std::lround(seconds * sampleRate));
-    double length = tone.length;
+    double length = TimeOf(tone.beat + tone.length, rubato) - TimeOf(tone.beat, rubato);
     if (tone.staccato)
         length *= staccatoShare;
     if (tone.lifted)
         length *= liftedShare;
-    note.length = std::lround(length * samplesPerBeat);
+    note.length = std::lround(length * sampleRate);
     note.pitch = tone.pitch;
     note.accent = tone.accent;
     note.line = tone.line;
@@ -87,13 +93,13 @@ static Note PlayTone(const Tone& tone, const Voice& voice, const Part& part)
     return note;
 }
 
-std::vector<Phrase> Perform(const Voice& voice, const Part& part)
+std::vector<Phrase> Perform(const Voice& voice, const Part& part, const Rubato& rubato)
 {
     std::vector<Phrase> phrases;
     std::vector<int64_t> lineEnds;
     std::vector<size_t> linePhrases;
     for (const Tone& tone : voice.tones) {
-        const Note note = PlayTone(tone, voice, part);
+        const Note note = PlayTone(tone, voice, part, rubato);
         if (IsSustained(part.sound)) {
             const size_t line = tone.line;
             if (lineEnds.size() <= line) {

@@ -28,7 +28,8 @@ using Phrase = std::vector<Note>;
 // The part's phrases in the order of time.
 //
 // The waltz's swing: an accompanying second beat comes a hair early, the third is lighter. Tunes keep nearer
-// to the beat. Everything starts within 12 ms of its place, what stands on a downbeat within 4 ms.
-std::vector<Phrase> Perform(const Voice& voice, const Part& part);
+// to the beat. Everything starts within 12 ms of its place, what stands on a downbeat within 4 ms; the place is
+// where the score's rubato bends the beat to.
+std::vector<Phrase> Perform(const Voice& voice, const Part& part, const Rubato& rubato);
 
 } // namespace waltz

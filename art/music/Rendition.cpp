@@ -47,6 +47,8 @@ std::string ScoreDigest(const Score& score)
         digest.Add(span.length);
         digest.Add(span.chord.symbol);
     }
+    for (const double late : score.rubato.Beats())
+        digest.Add(late);
     for (const Voice& voice : score.voices) {
         digest.Add(voice.part);
         for (const Tone& tone : voice.tones) {

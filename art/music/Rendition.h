@@ -15,7 +15,7 @@ struct Rendition {
     std::string sound;
 };
 
-// Of everything that is played: sections, harmony, tones, dynamics. Not of how the texts spell it.
+// Of everything that is played: sections, harmony, rubato, tones, dynamics. Not of how the texts spell it.
 std::string ScoreDigest(const Score& score);
 
 // Of a file's bytes; empty if it cannot be read.

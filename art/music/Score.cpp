@@ -37,6 +37,24 @@ float Dynamics::LevelAt(double beat) const
     return from.level + (behind->level - from.level) * float(std::clamp(way, 0.0, 1.0));
 }
 
+void Rubato::SetLate(int beat, double seconds)
+{
+    if (beat < 0)
+        return;
+    if (size_t(beat) >= late.size())
+        late.resize(size_t(beat) + 1);
+    late[size_t(beat)] = seconds;
+}
+
+double Rubato::LateAt(double beat) const
+{
+    if (beat < 0)
+        return 0;
+    const size_t before = size_t(beat + epsilon);
+    const auto of = [this](size_t whole) { return whole < late.size() ? late[whole] : 0.0; };
+    return of(before) + (of(before + 1) - of(before)) * std::max(0.0, beat - double(before));
+}
+
 const ChordSpan* Score::HarmonyAt(double beat) const
 {
     for (const ChordSpan& span : harmony)

@@ -56,6 +56,21 @@ struct ChordSpan {
     Chord chord;
 };
 
+// Where the beat bends: by how much each beat of the night comes late. Between two beats it goes in a straight
+// line, so a bend is a slower or a quicker pace and never a jump. The whole band bends together.
+class Rubato
+{
+public:
+    void SetLate(int beat, double seconds); // negative for early
+    // In seconds; 0 wherever nothing was set.
+    double LateAt(double beat) const;
+    // Of each beat from the first, as far as any was set.
+    const std::vector<double>& Beats() const { return late; }
+
+private:
+    std::vector<double> late;
+};
+
 struct Section {
     std::string name;
     int firstBar = 0;
@@ -66,6 +81,7 @@ struct Score {
     std::vector<Section> sections;
     std::vector<ChordSpan> harmony; // in the order of time
     std::vector<Voice> voices;      // in the order of the orchestra's table
+    Rubato rubato;
 
     int Bars() const { return sections.empty() ? 0 : sections.back().endBar; }
     // Null where nothing is written.

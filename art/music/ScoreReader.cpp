@@ -79,7 +79,7 @@ bool ScoreReader::ReadText(const std::string& name, const std::string& text)
 {
     fileName = name;
     lineNumber = 0;
-    inHarmony = haveVoice = false;
+    reading = Reading::Nothing;
     const size_t sectionsBefore = score.sections.size();
     for (const std::string& line : Split(text, '\n')) {
         lineNumber++;
@@ -108,19 +108,30 @@ bool ScoreReader::ReadLine(const std::string& whole)
         if (bar < section.firstBar || bar >= section.endBar)
             return Fail("bar " + std::to_string(bar) + " is not in this section");
         const std::string bars = line.substr(colon + 1);
-        if (inHarmony)
+        switch (reading) {
+        case Reading::Harmony:
             return ReadHarmony(bar, bars);
-        return haveVoice ? ReadBars(bar, bars) : Fail("which part?");
+        case Reading::Rubato:
+            return ReadRubato(bar, bars);
+        case Reading::Part:
+            return ReadBars(bar, bars);
+        case Reading::Nothing:
+            return Fail("which part?");
+        }
     }
     if (words.size() != 1)
         return Fail("neither a part's name nor bars: " + line);
     nextBar = score.sections.back().firstBar;
-    inHarmony = words[0] == "harmony";
+    reading = words[0] == "harmony"  ? Reading::Harmony
+              : words[0] == "rubato" ? Reading::Rubato
+                                     : Reading::Part;
+    if (reading != Reading::Part)
+        return true;
     const int part = FindPart(words[0]);
-    haveVoice = part >= 0;
-    if (haveVoice)
-        voice = part;
-    return inHarmony || haveVoice || Fail("no part is called " + words[0]);
+    if (part < 0)
+        return Fail("no part is called " + words[0]);
+    voice = part;
+    return true;
 }
 
 bool ScoreReader::ReadSectionLine(const std::string& line)
@@ -164,6 +175,30 @@ bool ScoreReader::ReadHarmony(int bar, const std::string& bars)
         }
         if (std::abs(beat - end) > epsilon)
             return Fail("bar " + std::to_string(nextBar) + " of the harmony has not three beats");
+        nextBar++;
+    }
+    return true;
+}
+
+bool ScoreReader::ReadRubato(int bar, const std::string& bars)
+{
+    if (bar < nextBar)
+        return Fail("bar " + std::to_string(bar) + " of the rubato is written already");
+    nextBar = bar;
+    for (const std::string& cell : Split(bars, '|')) {
+        const std::vector<std::string> words = Words(cell);
+        if (nextBar >= score.sections.back().endBar)
+            return Fail("rubato runs over the section's end");
+        if (words.size() != size_t(beatsPerBar))
+            return Fail("bar " + std::to_string(nextBar) + " of the rubato has not three beats");
+        for (int i = 0; i < beatsPerBar; i++) {
+            char* end = nullptr;
+            const double milliseconds = std::strtod(words[size_t(i)].c_str(), &end);
+            // More would take a note over the next half beat.
+            if (end == words[size_t(i)].c_str() || *end != 0 || !(std::abs(milliseconds) <= 150))
+                return Fail("no milliseconds up to 150: " + words[size_t(i)]);
+            score.rubato.SetLate(nextBar * beatsPerBar + i, milliseconds / 1000);
+        }
         nextBar++;
     }
     return true;

@@ -33,6 +33,7 @@ private:
     bool ReadLine(const std::string& line);
     bool ReadSectionLine(const std::string& line);
     bool ReadHarmony(int bar, const std::string& bars);
+    bool ReadRubato(int bar, const std::string& bars);
     bool ReadBars(int bar, const std::string& bars);
     bool ReadToken(const std::string& token, double& beat);
     bool ReadNote(const std::string& token, double& beat);
@@ -45,10 +46,10 @@ private:
     std::vector<Use> uses;
     std::string fileName, error;
     int lineNumber = 0;
-    bool inHarmony = false;
-    size_t voice = 0; // the one whose lines are being read
-    bool haveVoice = false;
-    int nextBar = 0; // the first bar of this part that no line has filled
+    enum class Reading { Nothing, Harmony, Rubato, Part };
+    Reading reading = Reading::Nothing; // whose lines of bars these are
+    size_t voice = 0;                   // the part, if it is one
+    int nextBar = 0;                    // the first bar of this part that no line has filled
 };
 
 // The whole score: the files of `folder` that the table in ScoreReader.cpp names, in its order. On failure

@@ -182,6 +182,18 @@ TEST_F(TheNight, SomethingIsOnAtEveryMoment)
     }
 }
 
+TEST_F(TheNight, TheBeatIsOnTimeAtEveryCutAndEveryMessage)
+{
+    std::set<uint32_t> times;
+    for (const NightScript::Entry& entry : night.entries)
+        times.insert({entry.start, entry.stop});
+    for (const NightScript::Message& message : night.messages)
+        times.insert(message.time);
+    EXPECT_GT(times.size(), 90u);
+    for (const uint32_t time : times)
+        EXPECT_EQ(0, score.rubato.LateAt(time / 600.0)) << time;
+}
+
 TEST_F(TheNight, EndsWithTheMusic)
 {
     EXPECT_EQ(uint32_t(score.Bars()) * bar, night.end);
@@ -224,6 +236,45 @@ TEST_F(TheNight, TheTreeOfLightWaitsForTheCamera)
     }
 }
 
+// Whether a part begins a note at a time of the script.
+static bool Strikes(const waltz::Score& score, const char* part, uint32_t time)
+{
+    const std::vector<waltz::Tone>& tones = score.Find(part)->tones;
+    return std::any_of(tones.begin(), tones.end(), [&](const waltz::Tone& tone) {
+        return tone.beat * 600 > double(time) - 1 && tone.beat * 600 < double(time) + 1;
+    });
+}
+
+TEST_F(TheNight, EachCardIsStruckAndTheSparksOfTheSkyHaveNotesOfTheirOwn)
+{
+    int cards = 0;
+    for (const NightScript::Message& message : night.messages) {
+        if (message.name != "handFrakt")
+            continue;
+        cards++;
+        for (const char* part : {"drum", "pizz", "celesta"})
+            EXPECT_TRUE(Strikes(score, part, message.time)) << part << " " << message.time;
+    }
+    EXPECT_EQ(6, cards);
+    for (const uint32_t spark : {43200u, 54000u, 72000u})
+        EXPECT_TRUE(Strikes(score, "celesta", spark)) << spark;
+}
+
+TEST_F(TheNight, TheSandCrunchesLeftAndRightUnderEveryPrintAndNowhereElse)
+{
+    std::vector<double> prints, feet;
+    for (const NightScript::Message& message : night.messages)
+        if (message.effect == "FX_Footprint" && message.name == "step")
+            prints.push_back(message.time / 600.0);
+    int last = 0;
+    for (const waltz::Tone& tone : score.Find("steps")->tones) {
+        feet.push_back(tone.beat);
+        EXPECT_NE(last, tone.pitch) << "the same foot twice at beat " << tone.beat;
+        last = tone.pitch;
+    }
+    EXPECT_EQ(prints, feet);
+}
+
 TEST_F(TheNight, TheDrumWalksWithTheSteps)
 {
     std::set<double> drum;
@@ -241,5 +292,6 @@ TEST_F(TheNight, ThePhotographAndTheFishComeOnTheirChords)
 {
     EXPECT_EQ(Every(157, 4, 3), Bars("FX_FlashHand", "flash"));
     EXPECT_EQ(Every(177, 2, 2), Bars("FX_RopeThing", "shock"));
-    EXPECT_EQ(Every(205, 0, 1), Bars("FX_VerticalScroller", "stopScroll")) << "a bar ahead of the last note";
+    EXPECT_EQ(Every(205, 0, 1), Bars("FX_VerticalScroller", "stopScroll"));
+    EXPECT_EQ(205 * 3, score.Find("musicbox")->tones.back().beat) << "with the last note";
 }

@@ -139,7 +139,9 @@ TEST_F(TheNightPlayed, FlashesAndTheMusicsStrokesFallTogetherWithinOneFrame)
         const uint32_t time = night.messages[i].time;
         const std::string name = arrivals[i].message;
         // What jumps on a chord. In the bars of silence the fish comes out of black without one.
-        const bool jumps = name == "flash" || name == "shock" || name == "hand" || name == "blend";
+        const bool spark = time == 43200 || time == 54000 || time == 72000;
+        const bool jumps = name == "flash" || name == "shock" || name == "hand" || name == "handFrakt" ||
+                           name == "blend" || (name == "light_flash" && spark);
         if (!jumps || time == 319800 || time == 323400)
             continue;
         const int64_t scripted = int64_t(time) * waltz::sampleRate / 1000;

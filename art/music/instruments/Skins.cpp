@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The low drum and the brushes.
+// The low drum and the brushes, and feet in the sand.
 #include "art/music/Filters.h"
 #include "art/music/WhiteNoise.h"
 #include "art/music/instruments/Struck.h"
@@ -28,6 +28,21 @@ constexpr SkinMode skinModes[] = {
 };
 // clang-format on
 constexpr double drumPitch = 55; // Hz, A
+
+// What comes down of a foot: when, for how long, and how many grains of sand give way under it.
+struct FootFall {
+    double seconds, spread;
+    int grains;
+    double level;
+};
+
+// clang-format off
+constexpr FootFall footFalls[] = {
+    {0.004, 0.016, 46, 1.00}, // the heel
+    {0.075, 0.040, 60, 0.55}, // the sole
+    {0.150, 0.028, 40, 0.70}, // the ball and the toes push off
+};
+// clang-format on
 
 Samples PlayDrum(const Note& note)
 {
@@ -93,6 +108,53 @@ Samples PlayBrush(const Note& note)
         }
     }
     const size_t tail = sampleRate / 50;
+    for (size_t i = 0; i < tail; i++)
+        sound[sound.size() - 1 - i] *= float(i) / float(tail);
+    return sound;
+}
+
+// One grain that gives way: a short ring, let in over a third of a millisecond so that it does not click.
+static void AddGrain(Samples& sound, double seconds, double hz, double decay, double level)
+{
+    const size_t begin = size_t(seconds * sampleRate);
+    const size_t end = std::min(sound.size(), begin + size_t(decay * 7 * sampleRate));
+    for (size_t i = begin; i < end; i++) {
+        const double t = double(i - begin) / sampleRate;
+        sound[i] += float(level * std::min(1.0, t / 0.00035) * std::exp(-t / decay) * SineOfTurns(hz * t));
+    }
+}
+
+Samples PlayStep(const Note& note)
+{
+    const double level = 0.30 * std::pow(note.strength, 1.2);
+    Samples sound(static_cast<size_t>(0.42 * sampleRate));
+    WhiteNoise noise(note.seed);
+    for (const FootFall& fall : footFalls) {
+        for (int i = 0; i < fall.grains; i++) {
+            const double chance = 0.5 + 0.5 * double(noise.White());
+            // Most grains lie near the first touch; small ones ring higher, shorter and softer.
+            const double when = fall.seconds - fall.spread * std::log(1 - 0.97 * chance);
+            const double size = 0.5 + 0.5 * double(noise.White());
+            const double hz = 1300 * std::pow(4.2, 1 - size) * (1 + 0.1 * double(noise.White()));
+            AddGrain(sound, when, hz, 0.0009 + 0.0028 * size,
+                     level * fall.level * (0.25 + 0.75 * size) *
+                         (0.4 + 0.6 * std::fabs(double(noise.White()))));
+        }
+    }
+    // The sand that slides with them, and the weight that comes down.
+    Biquad slide;
+    slide.BandPass(2600, 0.6);
+    for (size_t i = 0; i < sound.size(); i++) {
+        const double t = double(i) / sampleRate;
+        double height = 0;
+        for (const FootFall& fall : footFalls)
+            if (t > fall.seconds)
+                height += fall.level * (t - fall.seconds) / 0.01 * std::exp(1 - (t - fall.seconds) / 0.03);
+        sound[i] += float(0.055 * level * height) * slide.Next(noise.White());
+        sound[i] +=
+            float(0.9 * level * std::min(1.0, t / 0.006) * std::exp(-t / 0.035)) * SineOfTurns(82 * t);
+    }
+    const size_t tail = sampleRate / 20;
     for (size_t i = 0; i < tail; i++)
         sound[sound.size() - 1 - i] *= float(i) / float(tail);
     return sound;

@@ -26,5 +26,7 @@ Samples PlayMusicBox(const Note& note, bool broken);
 Samples PlayDrum(const Note& note);
 // A wire brush on a skin: a stroke taps, a swish circles for as long as the note lasts.
 Samples PlayBrush(const Note& note);
+// A bare foot in dry sand: the heel breaks the crust, the sole rolls down to the toes.
+Samples PlayStep(const Note& note);
 
 } // namespace waltz

@@ -146,10 +146,8 @@ TEST_F(NightScore, TheThemeComesBackNoteForNoteOnThePianoTheStringsAndInTheVilla
     EXPECT_EQ(18, ThemeNotesIn(Played("violin", 32, 40), 32, 1, 0));
     EXPECT_GE(ThemeNotesIn(Played("reed", 105, 113), 105, 1, 0), 16) << "with a turn in bars 2 and 6";
     EXPECT_EQ(18, ThemeNotesIn(Played("musicbox", 105, 113), 105, 1, 12));
-    EXPECT_EQ(18, ThemeNotesIn(Played("violin", 121, 129), 121, 1, 12));
     EXPECT_EQ(18, ThemeNotesIn(Played("reed", 121, 129), 121, 1, 0));
     EXPECT_EQ(18, ThemeNotesIn(Played("piano", 181, 189), 181, 1, 0));
-    EXPECT_EQ(18, ThemeNotesIn(Played("violin", 189, 197), 189, 1, 0));
     EXPECT_GE(ThemeNotesIn(Played("reed", 153, 169), 153, 2, 0), 16) << "at half its pace in the sand";
     EXPECT_GE(ThemeNotesIn(Played("cello", 169, 173), 169, 1, -24), 8) << "in the belly of the fish";
 }
@@ -172,17 +170,98 @@ TEST_F(NightScore, TheThemesLimpingStepIsInEverySection)
         {"dusk", {"musicbox", "piano", "violin"}},
         {"clouds", {"violin", "reed"}},
         {"names", {"reed", "cello", "musicbox", "violin"}},
-        {"painting", {"violin", "cello"}},
-        {"village", {"reed", "violin"}},
+        {"painting", {"violin"}},
+        {"village", {"reed", "viola"}},
         {"towers", {"reed"}},
-        {"fish", {"cello", "piano", "reed"}},
-        {"home", {"piano", "violin"}},
+        {"fish", {"cello", "piano"}},
+        {"home", {"piano", "musicbox"}},
     };
     for (const auto& [name, parts] : leaders)
         for (const char* part : parts)
             EXPECT_GE(LimpingBarsIn(Played(part, Find(name).firstBar, Find(name).endBar), 1), 2)
                 << part << " in " << name;
     EXPECT_GE(LimpingBarsIn(Played("reed", 153, 169), 2), 3) << "sand, at half pace";
+}
+
+// The long tune's figure, whatever its pitch: two beats and one.
+static int LongBarsIn(const std::vector<Tone>& tones)
+{
+    int found = 0;
+    for (size_t i = 0; i + 1 < tones.size(); i++)
+        found += std::abs(std::fmod(tones[i].beat, 3)) < 1e-6 && tones[i].length == 2 &&
+                 std::abs(tones[i + 1].beat - tones[i].beat - 2) < 1e-6 && tones[i + 1].length == 1;
+    return found;
+}
+
+TEST_F(NightScore, TheLongTuneIsHeardInFiveSectionsAndByFourSingers)
+{
+    EXPECT_GE(LongBarsIn(Played("reed", 24, 32)), 6);
+    EXPECT_GE(LongBarsIn(Played("reed", 60, 63)) + LongBarsIn(Played("violin", 63, 69)), 6);
+    EXPECT_GE(LongBarsIn(Played("solo", 97, 105)), 4);
+    EXPECT_GE(LongBarsIn(Played("violin", 113, 121)), 7);
+    EXPECT_GE(LongBarsIn(Played("violin", 129, 137)), 6);
+    EXPECT_GE(LongBarsIn(Played("violin", 189, 197)), 7);
+}
+
+TEST_F(NightScore, TheThemesTwoRhythmsLeaveHalfOfTheNightToOthers)
+{
+    // A beat and two, or one and a half, a half and one, in any part that leads.
+    int bars = 0;
+    for (int bar = 0; bar < score.Bars(); bar++) {
+        bool cell = false;
+        for (size_t i = 0; i < score.voices.size(); i++) {
+            std::vector<double> onsets;
+            for (const Tone& tone : Played(score.voices[i].part, bar, bar + 1))
+                onsets.push_back(tone.beat - bar * 3);
+            cell = cell || (Orchestra()[i].melodic && (onsets == std::vector<double>{0, 1} ||
+                                                       onsets == std::vector<double>{0, 1.5, 2}));
+        }
+        bars += cell ? 1 : 0;
+    }
+    EXPECT_LE(bars, 103) << "of 207";
+    EXPECT_GE(bars, 70) << "it is still the theme's night";
+}
+
+TEST_F(NightScore, FromBar129TheLongTuneLiesOverTheThemeAndWhatCameBeforeHeldBack)
+{
+    EXPECT_GE(LimpingBarsIn(Played("reed", 129, 136), 1), 3);
+    EXPECT_GE(LimpingBarsIn(Played("viola", 129, 136), 1), 3);
+    for (int bar = 129; bar < 136; bar++) {
+        int lowest = 999, highest = 0;
+        for (const Tone& tone : Played("violin", bar, bar + 1))
+            lowest = std::min(lowest, tone.pitch);
+        for (const char* part : {"reed", "viola"})
+            for (const Tone& tone : Played(part, bar, bar + 1))
+                highest = std::max(highest, tone.pitch);
+        EXPECT_GE(lowest, highest) << "bar " << bar;
+    }
+    // Everybody who plays in both is stronger from 129 on.
+    for (const Voice& voice : score.voices)
+        if (!Played(voice.part, 121, 128).empty() && !Played(voice.part, 129, 136).empty()) {
+            EXPECT_LT(voice.dynamics.LevelAt(122 * 3), voice.dynamics.LevelAt(130 * 3)) << voice.part;
+        }
+}
+
+TEST_F(NightScore, ThePaintingBelongsToOneCello)
+{
+    for (int bar = 97; bar < 105; bar++)
+        EXPECT_FALSE(Played("solo", bar, bar + 1).empty()) << "bar " << bar;
+    EXPECT_TRUE(Played("cello", 97, 105).empty()) << "the section is silent";
+    EXPECT_TRUE(Played("solo", 0, 97).empty());
+    EXPECT_TRUE(Played("solo", 105, 207).empty());
+}
+
+TEST_F(NightScore, APulseBeatsAheadOfTheDanceAtBar32)
+{
+    for (int bar = 28; bar < 32; bar++)
+        for (const char* part : {"drum", "bass"}) {
+            const std::vector<Tone> tones = Played(part, bar, bar + 1);
+            ASSERT_FALSE(tones.empty()) << part << " in bar " << bar;
+            EXPECT_DOUBLE_EQ(bar * 3, tones[0].beat);
+        }
+    EXPECT_TRUE(Played("drum", 0, 28).empty());
+    const Dynamics& drum = score.Find("drum")->dynamics;
+    EXPECT_LT(drum.LevelAt(28 * 3), drum.LevelAt(31 * 3)) << "and grows";
 }
 
 TEST_F(NightScore, TheTowersBreakTheTheme)
@@ -217,6 +296,8 @@ TEST_F(NightScore, EverySectionHasADressOfItsOwn)
         EXPECT_FALSE(Played(part, 153, 169).empty());
         EXPECT_TRUE(Played(part, 0, 153).empty());
     }
+    EXPECT_TRUE(Played("steps", 0, 153).empty());
+    EXPECT_TRUE(Played("steps", 169, 207).empty());
     EXPECT_TRUE(Played("drum", 97, 105).empty()) << "nothing is struck in the painting";
     EXPECT_TRUE(Played("bass", 97, 105).empty());
 }
@@ -269,18 +350,20 @@ TEST_F(NightScore, ItWandersToFAndEFlatAndIsHomeInDMajorOnlyAtTheEnd)
     EXPECT_EQ("D", score.HarmonyAt(200 * 3)->chord.symbol);
 }
 
-TEST_F(NightScore, TheLastBarLeavesTheThemeOpenOnItsFirstNote)
+TEST_F(NightScore, TheLastBarsLeaveTheThemeOpenOnItsFirstNoteAndNothingIsStruckBehindIt)
 {
-    const std::vector<Tone> box = Played("musicbox", 202, 207);
+    const std::vector<Tone> box = Played("musicbox", 201, 207);
     ASSERT_FALSE(box.empty());
     EXPECT_EQ(theme[0].midi + 12, box.back().pitch);
-    EXPECT_DOUBLE_EQ(206 * 3, box.back().beat);
+    EXPECT_DOUBLE_EQ(205 * 3, box.back().beat);
     EXPECT_DOUBLE_EQ(3, box.back().length);
     // Nothing but the box moves in the last three bars.
     for (const Voice& voice : score.voices)
         if (voice.part != "musicbox" && voice.part != "wind") {
             EXPECT_LE(Played(voice.part, 204, 207).size(), 2u) << voice.part;
         }
+    for (const Voice& voice : score.voices)
+        EXPECT_TRUE(Played(voice.part, 206, 207).empty()) << voice.part;
 }
 
 TEST_F(NightScore, NoBarIsEmptyAndEveryPartKeepsToItsReach)

@@ -74,13 +74,18 @@ static void CheckLevels(const Stereo& sound)
 static void CheckArc(const Score& score, const Stereo& sound)
 {
     EXPECT_NEAR(-16, IntegratedLoudness(sound, 0, sound.Size()), 0.5);
-    const double sections[] = {-22.2, -17.1, -16.4, -21.7, -12.4, -14.0, -18.6, -12.6, -18.8};
+    const double sections[] = {-22.2, -16.5, -16.7, -21.1, -13.1, -14.1, -18.5, -12.7, -19.2};
     ASSERT_EQ(std::size(sections), score.sections.size());
     for (size_t i = 0; i < score.sections.size(); i++) {
         const Section& section = score.sections[i];
         EXPECT_NEAR(sections[i], IntegratedLoudness(sound, Bar(section.firstBar), Bar(section.endBar)), 0.5)
             << section.name;
     }
+    // The dance holds back for the step that it takes at bar 129.
+    const double before = IntegratedLoudness(sound, Bar(121), Bar(129));
+    const double behind = IntegratedLoudness(sound, Bar(129), Bar(133));
+    EXPECT_GE(behind - before, 3);
+    EXPECT_LE(behind - before, 6) << "it danced before, too";
     // The loudest three seconds are the last bars before the village breaks off.
     EXPECT_NEAR(LoudestShortTerm(sound, 0, Bar(207)), LoudestShortTerm(sound, Bar(132), Bar(136)), 1e-9);
 }
@@ -99,13 +104,14 @@ static void CheckSilences(const Stereo& sound)
 }
 
 // Where something is struck on one, it is heard on one.
-static void CheckDownbeats(const Stereo& sound)
+static void CheckDownbeats(const Score& score, const Stereo& sound)
 {
     int clear = 0;
     for (int bar = 0; bar < 207; bar++) {
         const Attack attack = FindAttack(sound, Bar(bar));
         if (attack.strength >= 5) {
-            EXPECT_LT(std::fabs(attack.late), 0.02) << "bar " << bar << ", " << attack.strength << " dB";
+            EXPECT_NEAR(score.rubato.LateAt(bar * 3), attack.late, 0.02)
+                << "bar " << bar << ", " << attack.strength << " dB";
             clear++;
         }
     }
@@ -129,6 +135,14 @@ static void CheckEnding(const Stereo& sound)
     const std::array<double, 12> chroma = Chroma(mono, 0, samplesPerBar);
     EXPECT_GT(chroma[9] + chroma[2], 0.45);
     EXPECT_LT(chroma[5] + chroma[6], 0.15);
+    // It closes by itself: from half bar to half bar it dies away, and what the last moment cuts off is faint.
+    double last = 0;
+    for (const double bar : {205.0, 205.5, 206.0, 206.5}) {
+        const double power = PowerIn(sound, Bar(bar), Bar(bar + 0.5));
+        EXPECT_LT(power, last - 2) << "bar " << bar;
+        last = power;
+    }
+    EXPECT_LT(PowerIn(sound, Bar(207) - sampleRate / 5, Bar(207) - sampleRate / 20), -50);
 }
 
 // Two windows in which, between them, nearly everybody plays: played again they are what the file has.
@@ -152,7 +166,7 @@ TEST(TheNightsMusic, HasItsLevelsItsArcItsSilencesAndItsBeat)
     CheckLevels(sound);
     CheckArc(score, sound);
     CheckSilences(sound);
-    CheckDownbeats(sound);
+    CheckDownbeats(score, sound);
     CheckEnding(sound);
 }
 
@@ -192,6 +206,7 @@ TEST(TheNightsMusic, ADigestNoticesEveryChangeOfTheScore)
     EXPECT_TRUE(changed([](Score& s) { s.voices[8].dynamics.Mark(620, 1); }));
     EXPECT_TRUE(changed([](Score& s) { s.voices[8].dynamics.Hairpin(619); }));
     EXPECT_TRUE(changed([](Score& s) { s.sections.back().endBar++; }));
+    EXPECT_TRUE(changed([](Score& s) { s.rubato.SetLate(100, 0.001); }));
 }
 
 TEST(TheComposer, PlaysTheSameSamplesEveryTimeAndInAnyWindow)
@@ -240,4 +255,7 @@ TEST(TheMaster, FadesTheNightsTwoEndsToNothing)
     EXPECT_EQ(0, mix.left.back());
     EXPECT_GT(PeakIn(mix, 200, 400), -20) << "4 ms";
     EXPECT_GT(PeakIn(mix, mix.Size() - sampleRate / 50, mix.Size()), -30) << "heard up to the last moments";
+    // 0.3 and the gain of 3.5 dB: a twentieth of a second ahead of the end nothing has been taken yet.
+    EXPECT_NEAR(ToDecibel(0.3) + 3.5, PeakIn(mix, mix.Size() - sampleRate / 10, mix.Size() - sampleRate / 20),
+                0.1);
 }

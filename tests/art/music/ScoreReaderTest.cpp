@@ -208,6 +208,19 @@ TEST(Patterns, FollowAHarmonyThatChangesWithinTheBar)
     EXPECT_TRUE(third) << "C sharp comes with A7";
 }
 
+TEST(Notation, RubatoIsHowLateEachBeatComesInMilliseconds)
+{
+    Score score;
+    std::string error;
+    ASSERT_TRUE(Read("rubato\n 1: 0 25 -40 | 12.5 0 0\n", score, error)) << error;
+    EXPECT_DOUBLE_EQ(0, score.rubato.LateAt(3));
+    EXPECT_DOUBLE_EQ(0.025, score.rubato.LateAt(4));
+    EXPECT_DOUBLE_EQ(-0.040, score.rubato.LateAt(5));
+    EXPECT_DOUBLE_EQ(0.0125, score.rubato.LateAt(6));
+    EXPECT_DOUBLE_EQ(0, score.rubato.LateAt(2));
+    EXPECT_DOUBLE_EQ(0, score.rubato.LateAt(7));
+}
+
 TEST(Notation, MistakesAreToldWithFileAndLine)
 {
     const std::pair<const char*, const char*> mistakes[] = {
@@ -228,6 +241,13 @@ TEST(Notation, MistakesAreToldWithFileAndLine)
         {"hand\n 0: p D3 waltz\n", "a.txt:5: a pattern has a bar of its own: waltz"},
         {"what is this\n", "a.txt:4: neither a part's name nor bars: what is this"},
         {"section b 4 8\n", "a.txt:4: one section a file"},
+        {"rubato\n 1: 0 20\n", "a.txt:5: bar 1 of the rubato has not three beats"},
+        {"rubato\n 1: 0 20 x\n", "a.txt:5: no milliseconds up to 150: x"},
+        {"rubato\n 1: 0 20 151\n", "a.txt:5: no milliseconds up to 150: 151"},
+        {"rubato\n 1: 0 20 -151\n", "a.txt:5: no milliseconds up to 150: -151"},
+        {"rubato\n 1: 0 2 nan\n", "a.txt:5: no milliseconds up to 150: nan"},
+        {"rubato\n 1: 0 20 0\n 1: 0 0 0\n", "a.txt:6: bar 1 of the rubato is written already"},
+        {"rubato\n 3: 0 20 0 | 0 0 0\n", "a.txt:5: rubato runs over the section's end"},
     };
     for (const auto& [text, error] : mistakes)
         EXPECT_EQ(error, ErrorOf(text)) << text;
