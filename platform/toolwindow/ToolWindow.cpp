@@ -16,6 +16,7 @@
 #include <imgui.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <utility>
 
@@ -106,6 +107,18 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
     return true;
 }
 
+// Everything but pictures is drawn with the texture of the glyphs, plain areas with a white spot of it. A software
+// rasteriser takes most of its time for reading it with a linear filter, which changes nothing where each texel falls
+// on a pixel. Lines out of the texture would need the filter.
+static void ReadGlyphsWithoutFilter()
+{
+    ImGui::GetStyle().AntiAliasedLinesUseTex = false;
+    ImGui_ImplOpenGL2_CreateDeviceObjects();
+    glBindTexture(GL_TEXTURE_2D, GLuint(reinterpret_cast<uintptr_t>(ImGui::GetIO().Fonts->TexID)));
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+}
+
 bool ToolWindow::OpenGL(std::string* reason)
 {
     context = SDL_GL_CreateContext(Sdl(window));
@@ -130,6 +143,8 @@ bool ToolWindow::OpenGL(std::string* reason)
     io.FontGlobalScale = 1 / density;
     ImGui_ImplSDL2_InitForOpenGL(Sdl(window), context);
     ImGui_ImplOpenGL2_Init();
+    if (density == std::floor(density))
+        ReadGlyphsWithoutFilter();
     return true;
 }
 

@@ -340,9 +340,11 @@ void Editor::DrawRecent()
     ImGui::EndMenu();
 }
 
+// A background would be drawn in the colour that the window was cleared with.
 static const ImGuiWindowFlags panelFlags =
     ImGuiWindowFlags_NoTitleBar | ImGuiWindowFlags_NoResize | ImGuiWindowFlags_NoCollapse |
-    ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoSavedSettings | ImGuiWindowFlags_NoBringToFrontOnFocus;
+    ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoSavedSettings | ImGuiWindowFlags_NoBringToFrontOnFocus |
+    ImGuiWindowFlags_NoBackground;
 static const ImGuiWindowFlags fixedFlags = ImGuiWindowFlags_NoScrollbar | ImGuiWindowFlags_NoScrollWithMouse;
 
 static void BeginPanel(const char* name, Rect place, float padX, float padY, ImGuiWindowFlags further = 0)
