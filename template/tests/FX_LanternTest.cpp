@@ -37,7 +37,8 @@ TEST(FX_Lantern, FlaresUpOnItsMessageAndDimsAgain)
     const capture::FrameSelection selection = capture::FrameSelection::Of(rate, 900000, 2100000);
     Brightness brightness;
     capture::Progress silent(nullptr);
-    ASSERT_EQ(capture::PlayedToTheEnd, show.Play(160, 120, selection, brightness, silent)) << show.error;
+    ASSERT_TRUE(show.Open(160, 120)) << show.error;
+    ASSERT_EQ(capture::PlayedToTheEnd, show.Play(selection, brightness, silent)) << show.error;
 
     ASSERT_GT(brightness.of[59], 0) << "it is never lost in the dark";
     EXPECT_GT(brightness.of[62], 5 * brightness.of[59]) << "the message leaves at 1.0 s";
