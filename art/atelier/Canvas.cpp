@@ -219,7 +219,8 @@ Canvas Squeezed(const Canvas& canvas, int width, int height)
     return result;
 }
 
-Canvas Placed(const Canvas& canvas, Vec2 pivot, float radians, float scale, int width, int height, Vec2 place)
+Canvas Placed(const Canvas& canvas, Vector2 pivot, float radians, float scale, int width, int height,
+              Vector2 place)
 {
     Canvas result(width, height);
     const float c = Cos(radians) / scale, s = Sin(radians) / scale;
@@ -228,8 +229,8 @@ Canvas Placed(const Canvas& canvas, Vec2 pivot, float radians, float scale, int 
     };
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
-            const Vec2 d = Vec2{float(x) + 0.5f, float(y) + 0.5f} - place;
-            const Vec2 from = pivot + Vec2{c * d.x + s * d.y, c * d.y - s * d.x} - Vec2{0.5f, 0.5f};
+            const Vector2 d = Vector2{float(x) + 0.5f, float(y) + 0.5f} - place;
+            const Vector2 from = pivot + Vector2{c * d.x + s * d.y, c * d.y - s * d.x} - Vector2{0.5f, 0.5f};
             const int ix = Floor(from.x), iy = Floor(from.y);
             const float u = from.x - float(ix), v = from.y - float(iy);
             result.At(x, y) = (at(ix, iy) * (1 - u) + at(ix + 1, iy) * u) * (1 - v) +

@@ -67,7 +67,7 @@ Canvas Squeezed(const Canvas& canvas, int width, int height);
 
 // The canvas turned by `radians` and scaled about its point `pivot`, which goes to `place` on a clear canvas
 // of the given size. Smooth; do not shrink to less than half.
-Canvas Placed(const Canvas& canvas, Vec2 pivot, float radians, float scale, int width, int height,
-              Vec2 place);
+Canvas Placed(const Canvas& canvas, Vector2 pivot, float radians, float scale, int width, int height,
+              Vector2 place);
 
 } // namespace atelier

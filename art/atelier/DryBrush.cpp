@@ -16,9 +16,9 @@ void DryBrush::Stroke(const Line& line, float pressure)
     const float length = LengthOf(line);
     if (line.size() < 2 || length <= 0)
         return;
-    std::vector<Vec2> normals(line.size());
+    std::vector<Vector2> normals(line.size());
     for (size_t i = 0; i < line.size(); i++) {
-        const Vec2 d = Normalised(line[std::min(i + 1, line.size() - 1)] - line[i > 0 ? i - 1 : 0]);
+        const Vector2 d = Normalised(line[std::min(i + 1, line.size() - 1)] - line[i > 0 ? i - 1 : 0]);
         normals[i] = {-d.y, d.x};
     }
     const Noise noise(seed + 0x2545f4u * ++strokes);
@@ -31,7 +31,7 @@ void DryBrush::Stroke(const Line& line, float pressure)
         const float row = float(k) * 3.7f;
         const float share = bristles.load * pressure * dice.Range(0.65f, 1.25f);
         float gone = 0;
-        Vec2 last;
+        Vector2 last;
         bool down = false;
         for (size_t i = 0; i < line.size(); i++) {
             if (i > 0)
@@ -39,7 +39,7 @@ void DryBrush::Stroke(const Line& line, float pressure)
             const float t = gone / length;
             const float side = u * bristles.width / 2 * (1 + bristles.spread * t) +
                                0.8f * noise.Gradient(gone / 45, row + 40);
-            const Vec2 place = line[i] + normals[i] * side;
+            const Vector2 place = line[i] + normals[i] * side;
             // The paint runs out along the stroke; a bristle hops now and then.
             const float wet = share * (1 - 0.45f * t) + 0.55f * noise.Fbm(gone / bristles.wave, row, 2);
             const bool touches = t >= start && t <= end;

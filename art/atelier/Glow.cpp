@@ -6,7 +6,7 @@
 namespace atelier
 {
 
-void GlowAt(Canvas& canvas, Vec2 place, float radius, float reach, const Light& light)
+void GlowAt(Canvas& canvas, Vector2 place, float radius, float reach, const Light& light)
 {
     const int left = std::max(0, Floor(place.x - reach)),
               right = std::min(canvas.Width() - 1, Floor(place.x + reach));
@@ -14,7 +14,7 @@ void GlowAt(Canvas& canvas, Vec2 place, float radius, float reach, const Light& 
               bottom = std::min(canvas.Height() - 1, Floor(place.y + reach));
     for (int y = top; y <= bottom; y++)
         for (int x = left; x <= right; x++) {
-            const float d = Length(Vec2{float(x) + 0.5f, float(y) + 0.5f} - place);
+            const float d = Length(Vector2{float(x) + 0.5f, float(y) + 0.5f} - place);
             const float core = Smooth(radius * 1.25f, radius * 0.75f, d);
             const float far = d / reach;
             const float near = d / Max(radius, 0.5f);

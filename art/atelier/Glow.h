@@ -16,7 +16,7 @@ struct Light {
 };
 
 // A lamp: a core of `radius` pixels, and a halo that is gone at `reach` pixels.
-void GlowAt(Canvas& canvas, Vec2 place, float radius, float reach, const Light& light = {});
+void GlowAt(Canvas& canvas, Vector2 place, float radius, float reach, const Light& light = {});
 
 // Lines or shapes that shine: the mask is the core, the halo is as wide as `reach` pixels say.
 void GlowAlong(Canvas& canvas, const Mask& lines, float reach, const Light& light = {});

@@ -11,7 +11,7 @@ Ink::Ink(Mask& sheetGiven, const Paper& paperGiven)
 {
 }
 
-void Ink::Piece(Vec2 a, float halfA, Vec2 b, float halfB, float dryness)
+void Ink::Piece(Vector2 a, float halfA, Vector2 b, float halfB, float dryness)
 {
     if (dryness > 1.15f)
         return;
@@ -24,11 +24,11 @@ void Ink::Piece(Vec2 a, float halfA, Vec2 b, float halfB, float dryness)
         right = std::min(right, sheet.Width() - 1);
         bottom = std::min(bottom, sheet.Height() - 1);
     }
-    const Vec2 way = b - a;
+    const Vector2 way = b - a;
     const float square = Dot(way, way);
     for (int y = top; y <= bottom; y++)
         for (int x = left; x <= right; x++) {
-            const Vec2 p = Vec2{float(x) + 0.5f, float(y) + 0.5f} - a;
+            const Vector2 p = Vector2{float(x) + 0.5f, float(y) + 0.5f} - a;
             const float t = square > 0 ? Clamp(Dot(p, way) / square) : 0;
             const float half = Mix(halfA, halfB, t);
             float cover = Clamp(half + 0.5f - Length(p - way * t));

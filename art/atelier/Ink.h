@@ -18,7 +18,7 @@ public:
 
     // A piece of line from a to b with the given half widths. Where `dryness` is 0 or less the ink covers
     // all; towards 1 it takes only on the peaks of the paper; above 1 it leaves nothing.
-    void Piece(Vec2 a, float halfA, Vec2 b, float halfB, float dryness);
+    void Piece(Vector2 a, float halfA, Vector2 b, float halfB, float dryness);
     // Ends the stroke: what was drawn since the last call lies on the sheet as one layer of ink. Pieces of
     // one stroke do not darken each other, strokes do.
     void Dry(float amount = 1);

@@ -9,7 +9,7 @@ namespace atelier
 {
 
 // The piece from b to c of the centripetal spline a, b, c, d. Its end point is left to the next piece.
-static void AppendPiece(Line& line, Vec2 a, Vec2 b, Vec2 c, Vec2 d, float spacing)
+static void AppendPiece(Line& line, Vector2 a, Vector2 b, Vector2 c, Vector2 d, float spacing)
 {
     const float ta = 0;
     const float tb = ta + Max(Sqrt(Length(b - a)), 0.01f);
@@ -18,11 +18,11 @@ static void AppendPiece(Line& line, Vec2 a, Vec2 b, Vec2 c, Vec2 d, float spacin
     const int steps = std::max(1, Floor(Length(c - b) / spacing + 0.5f));
     for (int i = 0; i < steps; i++) {
         const float t = tb + (tc - tb) * float(i) / float(steps);
-        const Vec2 ab = Mix(a, b, (t - ta) / (tb - ta));
-        const Vec2 bc = Mix(b, c, (t - tb) / (tc - tb));
-        const Vec2 cd = Mix(c, d, (t - tc) / (td - tc));
-        const Vec2 abc = Mix(ab, bc, (t - ta) / (tc - ta));
-        const Vec2 bcd = Mix(bc, cd, (t - tb) / (td - tb));
+        const Vector2 ab = Mix(a, b, (t - ta) / (tb - ta));
+        const Vector2 bc = Mix(b, c, (t - tb) / (tc - tb));
+        const Vector2 cd = Mix(c, d, (t - tc) / (td - tc));
+        const Vector2 abc = Mix(ab, bc, (t - ta) / (tc - ta));
+        const Vector2 bcd = Mix(bc, cd, (t - tb) / (td - tb));
         line.push_back(Mix(abc, bcd, (t - tb) / (tc - tb)));
     }
 }
@@ -44,23 +44,23 @@ static LinePlace Find(const Line& line, float t)
     return {line.size() < 2 ? 0 : line.size() - 2, 1};
 }
 
-Line Through(const std::vector<Vec2>& points, float spacing)
+Line Through(const std::vector<Vector2>& points, float spacing)
 {
     Line line;
     if (points.size() < 2)
         return points;
     const size_t last = points.size() - 1;
     for (size_t i = 0; i < last; i++) {
-        const Vec2 b = points[i], c = points[i + 1];
-        const Vec2 a = i > 0 ? points[i - 1] : b + (b - c);
-        const Vec2 d = i + 1 < last ? points[i + 2] : c + (c - b);
+        const Vector2 b = points[i], c = points[i + 1];
+        const Vector2 a = i > 0 ? points[i - 1] : b + (b - c);
+        const Vector2 d = i + 1 < last ? points[i + 2] : c + (c - b);
         AppendPiece(line, a, b, c, d, spacing);
     }
     line.push_back(points[last]);
     return line;
 }
 
-Line Round(const std::vector<Vec2>& points, float spacing)
+Line Round(const std::vector<Vector2>& points, float spacing)
 {
     Line line;
     const size_t n = points.size();
@@ -73,7 +73,7 @@ Line Round(const std::vector<Vec2>& points, float spacing)
     return line;
 }
 
-Line Straight(const std::vector<Vec2>& points, float spacing)
+Line Straight(const std::vector<Vector2>& points, float spacing)
 {
     Line line;
     if (points.empty())
@@ -87,7 +87,7 @@ Line Straight(const std::vector<Vec2>& points, float spacing)
     return line;
 }
 
-Line Arc(Vec2 centre, float radiusX, float radiusY, float from, float to, float spacing)
+Line Arc(Vector2 centre, float radiusX, float radiusY, float from, float to, float spacing)
 {
     const int steps = std::max(8, int(Max(radiusX, radiusY) * Abs(to - from) / spacing));
     Line line;
@@ -98,7 +98,7 @@ Line Arc(Vec2 centre, float radiusX, float radiusY, float from, float to, float 
     return line;
 }
 
-Line Ellipse(Vec2 centre, float radiusX, float radiusY, float turned)
+Line Ellipse(Vector2 centre, float radiusX, float radiusY, float turned)
 {
     return Turned(Arc(centre, radiusX, radiusY, 0, 2 * Pi), turned, centre);
 }
@@ -111,15 +111,15 @@ float LengthOf(const Line& line)
     return length;
 }
 
-Vec2 PointAt(const Line& line, float t)
+Vector2 PointAt(const Line& line, float t)
 {
     if (line.size() < 2)
-        return line.empty() ? Vec2{} : line[0];
+        return line.empty() ? Vector2{} : line[0];
     const LinePlace place = Find(line, t);
     return Mix(line[place.index], line[place.index + 1], place.t);
 }
 
-Vec2 DirectionAt(const Line& line, float t)
+Vector2 DirectionAt(const Line& line, float t)
 {
     if (line.size() < 2)
         return {1, 0};
@@ -140,33 +140,33 @@ Line Part(const Line& line, float t0, float t1)
     return part;
 }
 
-Line Moved(Line line, Vec2 by)
+Line Moved(Line line, Vector2 by)
 {
-    for (Vec2& p : line)
+    for (Vector2& p : line)
         p = p + by;
     return line;
 }
 
-Line Scaled(Line line, float by, Vec2 about)
+Line Scaled(Line line, float by, Vector2 about)
 {
-    for (Vec2& p : line)
+    for (Vector2& p : line)
         p = about + (p - about) * by;
     return line;
 }
 
-Line Turned(Line line, float radians, Vec2 about)
+Line Turned(Line line, float radians, Vector2 about)
 {
     const float c = Cos(radians), s = Sin(radians);
-    for (Vec2& p : line) {
-        const Vec2 d = p - about;
-        p = about + Vec2{c * d.x - s * d.y, s * d.x + c * d.y};
+    for (Vector2& p : line) {
+        const Vector2 d = p - about;
+        p = about + Vector2{c * d.x - s * d.y, s * d.x + c * d.y};
     }
     return line;
 }
 
 Line Mirrored(Line line, float axisX)
 {
-    for (Vec2& p : line)
+    for (Vector2& p : line)
         p.x = 2 * axisX - p.x;
     // A mirrored outline would run the other way round.
     std::reverse(line.begin(), line.end());
@@ -177,9 +177,9 @@ Line Beside(const Line& line, float by)
 {
     Line result = line;
     for (size_t i = 0; i < line.size(); i++) {
-        const Vec2 before = line[i > 0 ? i - 1 : 0], after = line[std::min(i + 1, line.size() - 1)];
-        const Vec2 d = Normalised(after - before);
-        result[i] = line[i] + Vec2{-d.y, d.x} * by;
+        const Vector2 before = line[i > 0 ? i - 1 : 0], after = line[std::min(i + 1, line.size() - 1)];
+        const Vector2 d = Normalised(after - before);
+        result[i] = line[i] + Vector2{-d.y, d.x} * by;
     }
     return result;
 }
@@ -192,7 +192,7 @@ Line Shaken(const Line& line, float by, float wave, uint32_t seed)
     for (size_t i = 0; i < line.size(); i++) {
         if (i > 0)
             way += Length(line[i] - line[i - 1]);
-        result[i] = line[i] + Vec2{noise.Fbm(way / wave, 0.37f, 2), noise.Fbm(way / wave, 53.1f, 2)} * by;
+        result[i] = line[i] + Vector2{noise.Fbm(way / wave, 0.37f, 2), noise.Fbm(way / wave, 53.1f, 2)} * by;
     }
     return result;
 }
@@ -205,12 +205,12 @@ Line Limb(const Line& spine, float startHalf, float middleHalf, float endHalf)
     for (size_t i = 0; i < spine.size(); i++) {
         if (i > 0)
             way += Length(spine[i] - spine[i - 1]);
-        const Vec2 before = spine[i > 0 ? i - 1 : 0], after = spine[std::min(i + 1, spine.size() - 1)];
-        const Vec2 d = Normalised(after - before);
+        const Vector2 before = spine[i > 0 ? i - 1 : 0], after = spine[std::min(i + 1, spine.size() - 1)];
+        const Vector2 d = Normalised(after - before);
         const float t = way / length;
         const float half =
             startHalf * (1 - t) * (1 - 2 * t) + middleHalf * 4 * t * (1 - t) + endHalf * t * (2 * t - 1);
-        const Vec2 side = Vec2{-d.y, d.x} * Max(half, 0);
+        const Vector2 side = Vector2{-d.y, d.x} * Max(half, 0);
         left.push_back(spine[i] - side);
         right.push_back(spine[i] + side);
     }

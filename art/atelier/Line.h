@@ -11,27 +11,27 @@
 namespace atelier
 {
 
-using Line = std::vector<Vec2>;
+using Line = std::vector<Vector2>;
 
 // A smooth line through the given points (centripetal Catmull-Rom), a point about every `spacing` pixels.
-Line Through(const std::vector<Vec2>& points, float spacing = 2);
+Line Through(const std::vector<Vector2>& points, float spacing = 2);
 // The same, closed: the last point joins the first smoothly. The first point is repeated at the end.
-Line Round(const std::vector<Vec2>& points, float spacing = 2);
+Line Round(const std::vector<Vector2>& points, float spacing = 2);
 // Straight pieces between the points, resampled alike.
-Line Straight(const std::vector<Vec2>& points, float spacing = 2);
+Line Straight(const std::vector<Vector2>& points, float spacing = 2);
 // An arc of an ellipse, from angle `from` to angle `to` (radians, clockwise on the screen as y is down).
-Line Arc(Vec2 centre, float radiusX, float radiusY, float from, float to, float spacing = 2);
-Line Ellipse(Vec2 centre, float radiusX, float radiusY, float turned = 0);
+Line Arc(Vector2 centre, float radiusX, float radiusY, float from, float to, float spacing = 2);
+Line Ellipse(Vector2 centre, float radiusX, float radiusY, float turned = 0);
 
 float LengthOf(const Line& line);
-Vec2 PointAt(const Line& line, float t);     // t: 0 start to 1 end, by length
-Vec2 DirectionAt(const Line& line, float t); // unit length
+Vector2 PointAt(const Line& line, float t);     // t: 0 start to 1 end, by length
+Vector2 DirectionAt(const Line& line, float t); // unit length
 // The part of the line from t0 to t1 (0 to 1, by length).
 Line Part(const Line& line, float t0, float t1);
 
-Line Moved(Line line, Vec2 by);
-Line Scaled(Line line, float by, Vec2 about = {});
-Line Turned(Line line, float radians, Vec2 about = {});
+Line Moved(Line line, Vector2 by);
+Line Scaled(Line line, float by, Vector2 about = {});
+Line Turned(Line line, float radians, Vector2 about = {});
 Line Mirrored(Line line, float axisX); // left and right change places about the line x = axisX
 // Each point moved along its normal (to the right-hand side of the way, y down) by `by`.
 Line Beside(const Line& line, float by);

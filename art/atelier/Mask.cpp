@@ -17,10 +17,10 @@ public:
     {
     }
 
-    void Edge(Vec2 a, Vec2 b)
+    void Edge(Vector2 a, Vector2 b)
     {
-        a = a - Vec2{float(left), float(top)};
-        b = b - Vec2{float(left), float(top)};
+        a = a - Vector2{float(left), float(top)};
+        b = b - Vector2{float(left), float(top)};
         const float sign = a.y < b.y ? 1.0f : -1.0f;
         if (sign < 0)
             std::swap(a, b);
@@ -194,8 +194,8 @@ Mask& Mask::Fill(const Shape& shape, float amount)
     for (const Line& outline : shape.outlines) {
         if (outline.size() < 3)
             continue;
-        Vec2 lo = outline[0], hi = outline[0];
-        for (const Vec2& p : outline) {
+        Vector2 lo = outline[0], hi = outline[0];
+        for (const Vector2& p : outline) {
             lo = {Min(lo.x, p.x), Min(lo.y, p.y)};
             hi = {Max(hi.x, p.x), Max(hi.y, p.y)};
         }

@@ -11,14 +11,14 @@ constexpr float OctaveCos = 0.80f, OctaveSin = 0.60f; // turns an octave by 37 d
 constexpr float Shift = 0.41f;
 
 constexpr float Diagonal = 0.70710678f;
-constexpr Vec2 Slopes[8] = {{1, 0},
-                            {-1, 0},
-                            {0, 1},
-                            {0, -1},
-                            {Diagonal, Diagonal},
-                            {-Diagonal, Diagonal},
-                            {Diagonal, -Diagonal},
-                            {-Diagonal, -Diagonal}};
+constexpr Vector2 Slopes[8] = {{1, 0},
+                               {-1, 0},
+                               {0, 1},
+                               {0, -1},
+                               {Diagonal, Diagonal},
+                               {-Diagonal, Diagonal},
+                               {Diagonal, -Diagonal},
+                               {-Diagonal, -Diagonal}};
 
 static constexpr float Fade(float t)
 {
@@ -27,7 +27,7 @@ static constexpr float Fade(float t)
 
 static float Slope(uint32_t hash, float x, float y)
 {
-    const Vec2 g = Slopes[hash >> 29];
+    const Vector2 g = Slopes[hash >> 29];
     return g.x * x + g.y * y;
 }
 
@@ -142,7 +142,7 @@ Noise::WorleyCell Noise::Worley(float x, float y) const
     return cell;
 }
 
-Vec2 Noise::Warp(float x, float y, float by, int octaves) const
+Vector2 Noise::Warp(float x, float y, float by, int octaves) const
 {
     // The second field is the first one seen half a period away, which keeps the period.
     const float sx = periodX > 0 ? float(periodX / 2) : 31.7f;

@@ -34,7 +34,7 @@ public:
 
     // A place moved by two fields, up to about `by` cells: feed it to another field for marble, smoke and
     // wash.
-    Vec2 Warp(float x, float y, float by, int octaves = 3) const;
+    Vector2 Warp(float x, float y, float by, int octaves = 3) const;
 
 private:
     uint32_t Hash(int x, int y, int level) const;

@@ -11,12 +11,12 @@ float Sqrt(float x)
 {
     return x > 0 ? std::sqrt(x) : 0;
 }
-float Length(Vec2 v)
+float Length(Vector2 v)
 {
     return Sqrt(Dot(v, v));
 }
 
-Vec2 Normalised(Vec2 v)
+Vector2 Normalised(Vector2 v)
 {
     const float length = Length(v);
     return length > 0 ? v * (1 / length) : v;
@@ -38,7 +38,7 @@ float Cos(float radians)
     return Sin(radians + Pi / 2);
 }
 
-float Angle(Vec2 v)
+float Angle(Vector2 v)
 {
     const float a = Abs(v.x), b = Abs(v.y);
     if (a == 0 && b == 0)

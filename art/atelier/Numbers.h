@@ -17,23 +17,24 @@ namespace atelier
 
 constexpr float Pi = 3.14159265f;
 
-struct Vec2 {
+// A place or a direction on a picture.
+struct Vector2 {
     float x = 0, y = 0;
 };
 
-constexpr Vec2 operator+(Vec2 a, Vec2 b)
+constexpr Vector2 operator+(Vector2 a, Vector2 b)
 {
     return {a.x + b.x, a.y + b.y};
 }
-constexpr Vec2 operator-(Vec2 a, Vec2 b)
+constexpr Vector2 operator-(Vector2 a, Vector2 b)
 {
     return {a.x - b.x, a.y - b.y};
 }
-constexpr Vec2 operator*(Vec2 a, float s)
+constexpr Vector2 operator*(Vector2 a, float s)
 {
     return {a.x * s, a.y * s};
 }
-constexpr float Dot(Vec2 a, Vec2 b)
+constexpr float Dot(Vector2 a, Vector2 b)
 {
     return a.x * b.x + a.y * b.y;
 }
@@ -67,7 +68,7 @@ constexpr float Mix(float a, float b, float t)
 {
     return a + (b - a) * t;
 }
-constexpr Vec2 Mix(Vec2 a, Vec2 b, float t)
+constexpr Vector2 Mix(Vector2 a, Vector2 b, float t)
 {
     return a + (b - a) * t;
 }
@@ -89,11 +90,11 @@ constexpr float Hill(float centre, float width, float x)
 }
 
 float Sqrt(float x);
-float Length(Vec2 v);
-Vec2 Normalised(Vec2 v); // (0, 0) stays
+float Length(Vector2 v);
+Vector2 Normalised(Vector2 v); // (0, 0) stays
 float Sin(float radians);
 float Cos(float radians);
-float Angle(Vec2 v); // -Pi to Pi, of (0, 0): 0
+float Angle(Vector2 v); // -Pi to Pi, of (0, 0): 0
 float Exp2(float x);
 float Log2(float x);         // x above 0
 float Pow(float x, float p); // 0 for x at or below 0

@@ -48,7 +48,7 @@ private:
     int Down(int x, int y) const { return 2 * (y * columns + x) + 1; }
 
     // Where between its two pixels the amount passes the level, from the centre of the mask's first pixel.
-    Vec2 PlaceOf(int side) const
+    Vector2 PlaceOf(int side) const
     {
         const int x = side / 2 % columns, y = side / 2 / columns;
         const bool down = side % 2 == 1;
@@ -96,17 +96,17 @@ static float AreaOf(const Line& line)
 {
     float twice = 0;
     for (size_t i = 0; i < line.size(); i++) {
-        const Vec2 a = line[i], b = line[(i + 1) % line.size()];
+        const Vector2 a = line[i], b = line[(i + 1) % line.size()];
         twice += a.x * b.y - b.x * a.y;
     }
     return std::fabs(twice) / 2;
 }
 
-static float DistanceToPiece(Vec2 point, Vec2 from, Vec2 to)
+static float DistanceToPiece(Vector2 point, Vector2 from, Vector2 to)
 {
-    const Vec2 along = to - from;
+    const Vector2 along = to - from;
     const float square = along.x * along.x + along.y * along.y;
-    const Vec2 way = point - from;
+    const Vector2 way = point - from;
     float t = square > 0 ? (way.x * along.x + way.y * along.y) / square : 0;
     t = t < 0 ? 0 : t > 1 ? 1 : t;
     return Length(way - along * t);
@@ -149,11 +149,11 @@ static Line Simplified(const Line& line, float tolerance)
     return result;
 }
 
-std::vector<Line> Traced(const Mask& mask, float level, float tolerance, float leastArea)
+std::vector<Line> Traced(const Mask& mask, float level, float tolerance, float minArea)
 {
     std::vector<Line> outlines;
     for (const Line& line : Tracer(mask, level).Outlines())
-        if (AreaOf(line) >= leastArea)
+        if (AreaOf(line) >= minArea)
             outlines.push_back(Simplified(line, tolerance));
     return outlines;
 }
@@ -163,7 +163,7 @@ std::string PathData(const std::vector<Line>& outlines, float scale)
     std::string data;
     for (const Line& line : outlines) {
         char step = 'M';
-        for (const Vec2 place : line) {
+        for (const Vector2 place : line) {
             char text[64];
             std::snprintf(text, sizeof text, "%c%.1f %.1f", step, double(place.x * scale),
                           double(place.y * scale));

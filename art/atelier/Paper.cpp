@@ -16,7 +16,7 @@ constexpr int FibresPerMegapixel = 2600;
 static void LayFibres(Mask& sheet, int count, Dice& dice)
 {
     for (int i = 0; i < count; i++) {
-        Vec2 place = {dice.Range(0, float(sheet.Width())), dice.Range(0, float(sheet.Height()))};
+        Vector2 place = {dice.Range(0, float(sheet.Width())), dice.Range(0, float(sheet.Height()))};
         float heading = dice.Range(0, 2 * Pi);
         const float bend = dice.Range(-0.06f, 0.06f), sign = dice.Chance(0.55f) ? 1.0f : -1.0f;
         const int length = 8 + dice.Below(34);
@@ -24,7 +24,7 @@ static void LayFibres(Mask& sheet, int count, Dice& dice)
             const float swell = Sin(Pi * float(step) / float(length));
             sheet.At(Wrap(Floor(place.x), sheet.Width()), Wrap(Floor(place.y), sheet.Height())) +=
                 sign * swell;
-            place = place + Vec2{Cos(heading), Sin(heading)};
+            place = place + Vector2{Cos(heading), Sin(heading)};
             heading += bend + dice.Range(-0.08f, 0.08f);
         }
     }

@@ -29,7 +29,7 @@ void Pen::Stroke(const Line& line, Press press)
     const Noise noise(seed + 0x51ed27u * ++strokes);
     const Line way = nib.wobble > 0 ? Shaken(line, nib.wobble, nib.wave, seed + strokes) : line;
     float gone = 0;
-    Vec2 last = way[0];
+    Vector2 last = way[0];
     float lastHalf = -1;
     for (size_t i = 0; i + 1 < way.size(); i++) {
         const float piece = Length(way[i + 1] - way[i]);
@@ -39,7 +39,7 @@ void Pen::Stroke(const Line& line, Press press)
                 continue;
             const float part = float(k) / float(steps);
             const float s = gone + piece * part;
-            const Vec2 place = Mix(way[i], way[i + 1], part);
+            const Vector2 place = Mix(way[i], way[i + 1], part);
             const float wandering = 1 + nib.wander * noise.Fbm(s / nib.wave, 9.5f, 2);
             const float pressure = Clamp(PressureAt(press, s / length) * wandering, 0, 1.3f);
             const float half = nib.width / 2 * Mix(nib.least, 1, pressure);
@@ -54,11 +54,11 @@ void Pen::Stroke(const Line& line, Press press)
         gone += piece;
     }
     if (nib.pool > 0) {
-        const auto blot = [&](Vec2 place, float pressure) {
+        const auto blot = [&](Vector2 place, float pressure) {
             const float half = nib.width / 2 * Mix(nib.least, 1, Clamp(pressure));
             if (pressure > 0.3f)
                 ink.Piece(place, half * (1 + nib.pool * dice.Range(0.2f, 1)),
-                          place + Vec2{dice.Range(-0.5f, 0.5f), 0.3f}, half, -1);
+                          place + Vector2{dice.Range(-0.5f, 0.5f), 0.3f}, half, -1);
         };
         blot(way.front(), press.start);
         blot(way.back(), press.end);
@@ -73,7 +73,7 @@ void Pen::Broad(const Line& line, float edge, Press press)
         return;
     const Noise noise(seed + 0x51ed27u * ++strokes);
     const Line way = nib.wobble > 0 ? Shaken(line, nib.wobble, nib.wave, seed + strokes) : line;
-    const Vec2 along = {Cos(edge), Sin(edge)};
+    const Vector2 along = {Cos(edge), Sin(edge)};
     // A small letter has no room for paper between its bristles.
     const float dryEnd = 0.75f * Smooth(7, 14, nib.width) * nib.dry / 0.25f;
     float gone = 0;
@@ -83,12 +83,12 @@ void Pen::Broad(const Line& line, float edge, Press press)
         for (int k = i == 0 ? 0 : 1; k <= steps; k++) {
             const float part = float(k) / float(steps);
             const float s = gone + piece * part;
-            const Vec2 place = Mix(way[i], way[i + 1], part);
+            const Vector2 place = Mix(way[i], way[i + 1], part);
             const float pressure = Clamp(
                 PressureAt(press, s / length) * (1 + nib.wander * noise.Fbm(s / nib.wave, 9.5f, 2)), 0, 1.2f);
             const float half = nib.width / 2 * Mix(nib.least, 1, pressure);
             const float thin = Max(half * NibThickness, 0.45f);
-            const Vec2 reach = along * Max(half - thin, 0);
+            const Vector2 reach = along * Max(half - thin, 0);
             const float dryness =
                 -0.45f + nib.dry * (1 - Min(pressure, 1)) + dryEnd * Smooth(0.72f, 1, s / length);
             ink.Piece(place - reach, thin, place + reach, thin, dryness);
@@ -98,19 +98,19 @@ void Pen::Broad(const Line& line, float edge, Press press)
     ink.Dry(nib.ink);
 }
 
-void Pen::Dot(Vec2 place, float radius)
+void Pen::Dot(Vector2 place, float radius)
 {
-    const Vec2 drag = {dice.Range(-0.5f, 0.5f) * radius, dice.Range(-0.3f, 0.6f) * radius};
+    const Vector2 drag = {dice.Range(-0.5f, 0.5f) * radius, dice.Range(-0.3f, 0.6f) * radius};
     ink.Piece(place, radius, place + drag, radius * dice.Range(0.4f, 0.8f), -1);
     ink.Dry(nib.ink);
 }
 
-void Pen::Splatter(Vec2 place, float reach, int count, float largest)
+void Pen::Splatter(Vector2 place, float reach, int count, float largest)
 {
     for (int i = 0; i < count; i++) {
         const float angle = dice.Range(0, 2 * Pi), far = dice.Unit() * dice.Unit();
         const float size = dice.Unit();
-        Dot(place + Vec2{Cos(angle), Sin(angle)} * (reach * far),
+        Dot(place + Vector2{Cos(angle), Sin(angle)} * (reach * far),
             Max(0.35f, largest * size * size * size * (1 - 0.6f * far)));
     }
 }
@@ -120,8 +120,8 @@ void Hatch(Pen& pen, const Mask& tone, HatchStyle style, uint32_t seed)
     constexpr float Step = 3; // pixels along a line
     Dice dice(seed);
     const Noise noise(seed);
-    const Vec2 along = {Cos(style.angle), Sin(style.angle)}, across = {-along.y, along.x};
-    const Vec2 centre = {float(tone.Width()) / 2, float(tone.Height()) / 2};
+    const Vector2 along = {Cos(style.angle), Sin(style.angle)}, across = {-along.y, along.x};
+    const Vector2 centre = {float(tone.Width()) / 2, float(tone.Height()) / 2};
     const float far = Length(centre);
     for (float offset = -far; offset < far;
          offset += style.spacing * (1 + style.uneven * dice.Range(-1, 1))) {
@@ -140,7 +140,7 @@ void Hatch(Pen& pen, const Mask& tone, HatchStyle style, uint32_t seed)
         };
         for (float s = -far; s < far; s += Step) {
             const float bend = style.bend * noise.Fbm(s / 160, offset / 160, 2);
-            const Vec2 p = centre + along * s + across * (offset + bend);
+            const Vector2 p = centre + along * s + across * (offset + bend);
             const bool within =
                 p.x >= 0 && p.y >= 0 && p.x < float(tone.Width()) && p.y < float(tone.Height());
             const float amount = within ? tone.Sample(p.x, p.y) : 0;

@@ -43,9 +43,9 @@ public:
     // down): thick across the edge, thin along it, cut off at its slant; the end runs dry on a large letter.
     void Broad(const Line& line, float edge, Press press = {});
     // A dot set down and lifted.
-    void Dot(Vec2 place, float radius);
+    void Dot(Vector2 place, float radius);
     // `count` drops round a place, most of them small and near. Reach and largest radius in pixels.
-    void Splatter(Vec2 place, float reach, int count, float largest);
+    void Splatter(Vector2 place, float reach, int count, float largest);
 
     Nib nib; // may be changed between strokes
 

@@ -30,7 +30,7 @@ constexpr KerningPair Pairs[] = {
 // clang-format on
 
 struct Knot {
-    Vec2 place;
+    Vector2 place;
     bool corner;
 };
 
@@ -101,7 +101,7 @@ static Profile ProfileOf(const PenLetter& letter)
     for (const std::vector<Knot>& stroke : Strokes(letter))
         for (size_t i = 0; i < stroke.size(); i++)
             for (int k = 0; k <= 8; k++) {
-                const Vec2 p =
+                const Vector2 p =
                     Mix(stroke[i].place, stroke[std::min(i + 1, stroke.size() - 1)].place, float(k) / 8);
                 const int band = Floor(p.y) - Profile::Lowest;
                 for (int b = std::max(0, band - 1); b <= std::min(Profile::Bands - 1, band + 1); b++) {
@@ -144,20 +144,20 @@ static float AdvanceIn(const std::u32string& text, size_t i, const LetterStyle& 
            style.narrow;
 }
 
-static Line Bent(const std::vector<Knot>& stroke, Vec2 origin, float unit, const LetterStyle& style,
+static Line Bent(const std::vector<Knot>& stroke, Vector2 origin, float unit, const LetterStyle& style,
                  float size, float turn)
 {
     Line line;
-    std::vector<Vec2> piece;
+    std::vector<Vector2> piece;
     const auto flush = [&] {
         const Line part = Through(piece, Max(0.8f, unit * 0.25f));
         line.insert(line.end(), part.begin() + (line.empty() ? 0 : 1), part.end());
     };
     const float c = Cos(turn), s = Sin(turn);
     for (const Knot& knot : stroke) {
-        const Vec2 p = {(knot.place.x * style.narrow + knot.place.y * style.slant) * size,
-                        -knot.place.y * size};
-        piece.push_back(origin + Vec2{c * p.x - s * p.y, s * p.x + c * p.y} * unit);
+        const Vector2 p = {(knot.place.x * style.narrow + knot.place.y * style.slant) * size,
+                           -knot.place.y * size};
+        piece.push_back(origin + Vector2{c * p.x - s * p.y, s * p.x + c * p.y} * unit);
         if (knot.corner && piece.size() > 1) {
             flush();
             piece = {piece.back()};
@@ -182,7 +182,7 @@ float WidthOf(const std::string& text, const LetterStyle& style)
     return width * style.size / UnitsPerCapital;
 }
 
-std::vector<WrittenStroke> Writing(const std::string& text, Vec2 place, const LetterStyle& style,
+std::vector<WrittenStroke> Writing(const std::string& text, Vector2 place, const LetterStyle& style,
                                    Anchor anchor, uint32_t seed)
 {
     const std::u32string characters = Characters(text);
@@ -194,15 +194,15 @@ std::vector<WrittenStroke> Writing(const std::string& text, Vec2 place, const Le
     for (size_t i = 0; i < characters.size(); i++) {
         const float size = 1 + 0.035f * style.lively * dice.Bell();
         const float turn = 0.018f * style.lively * dice.Bell();
-        const Vec2 shift = Vec2{0.05f * dice.Bell(), 0.13f * dice.Bell()} * (unit * style.lively);
+        const Vector2 shift = Vector2{0.05f * dice.Bell(), 0.13f * dice.Bell()} * (unit * style.lively);
         if (const PenLetter* letter = Find(characters[i]))
             for (const std::vector<Knot>& stroke : Strokes(*letter)) {
                 // No two letters alike: the knots themselves move a little.
                 std::vector<Knot> moved = stroke;
                 for (Knot& knot : moved)
-                    knot.place = knot.place + Vec2{dice.Bell(), dice.Bell()} * (0.07f * style.lively);
+                    knot.place = knot.place + Vector2{dice.Bell(), dice.Bell()} * (0.07f * style.lively);
                 if (moved.size() == 1) {
-                    moved.push_back({moved[0].place + Vec2{0.05f, -0.05f}, false});
+                    moved.push_back({moved[0].place + Vector2{0.05f, -0.05f}, false});
                     written.push_back({Bent(moved, place + shift, unit, style, size, turn), true, i});
                 } else {
                     written.push_back({Bent(moved, place + shift, unit, style, size, turn), false, i});
@@ -213,7 +213,7 @@ std::vector<WrittenStroke> Writing(const std::string& text, Vec2 place, const Le
     return written;
 }
 
-void Write(Pen& pen, const std::string& text, Vec2 place, const LetterStyle& style, Anchor anchor,
+void Write(Pen& pen, const std::string& text, Vector2 place, const LetterStyle& style, Anchor anchor,
            uint32_t seed)
 {
     const Nib before = pen.nib;
@@ -224,8 +224,8 @@ void Write(Pen& pen, const std::string& text, Vec2 place, const LetterStyle& sty
     pen.nib.width = before.width * BroadNib;
     for (const WrittenStroke& stroke : Writing(text, place, style, anchor, seed)) {
         if (stroke.dot) { // the nib is set down and drawn a little across its edge
-            const Vec2 at = stroke.line.front(), across = {-Sin(NibEdge), Cos(NibEdge)};
-            const Vec2 half = across * (before.width * 0.3f);
+            const Vector2 at = stroke.line.front(), across = {-Sin(NibEdge), Cos(NibEdge)};
+            const Vector2 half = across * (before.width * 0.3f);
             pen.Broad(Straight({at - half, at + half}, 1), NibEdge,
                       {.start = 0.7f, .middle = 0.8f, .end = 0.6f});
             continue;

@@ -36,11 +36,11 @@ struct WrittenStroke {
     bool dot;      // a point of an i or a full stop: set down, not drawn
     size_t letter; // counts from 0
 };
-std::vector<WrittenStroke> Writing(const std::string& text, Vec2 place, const LetterStyle& style,
+std::vector<WrittenStroke> Writing(const std::string& text, Vector2 place, const LetterStyle& style,
                                    Anchor anchor = Anchor::Left, uint32_t seed = 1);
 float WidthOf(const std::string& text, const LetterStyle& style);
 
-void Write(Pen& pen, const std::string& text, Vec2 place, const LetterStyle& style,
+void Write(Pen& pen, const std::string& text, Vector2 place, const LetterStyle& style,
            Anchor anchor = Anchor::Left, uint32_t seed = 1);
 
 // True if the alphabet has the character.

@@ -42,7 +42,7 @@ Mask WashDensity(const Paper& paper, const Mask& shape, const WashStyle& style, 
             Mask(width, height)
                 .Each(
                     [&](float x, float y) {
-                        const Vec2 p = blooms.Warp(x * sx, y * sy, 0.5f, 3);
+                        const Vector2 p = blooms.Warp(x * sx, y * sy, 0.5f, 3);
                         // Backruns: where a wet front stopped, a thin dark shore.
                         const float front = shores.Fbm(p.x + 5, p.y, 3);
                         return style.bloom * (blooms.Fbm(p.x, p.y, 4) + 0.35f * Hill(0.12f, 0.05f, front) -

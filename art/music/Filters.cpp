@@ -7,8 +7,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
-
 struct Warp {
     double cosine, alpha;
     Warp(double hz, double q)

@@ -10,7 +10,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr int hop = sampleRate / 10;
 constexpr int shortTerm = 3 * sampleRate;
 constexpr double silence = -200;

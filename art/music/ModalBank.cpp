@@ -7,7 +7,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr size_t blockSize = 256;
 constexpr float inaudible = 1e-6f;
 

@@ -7,7 +7,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr int tableSize = 4096;
 
 static const Samples& SineTable()
@@ -41,6 +40,13 @@ void Stereo::Add(const Stereo& other, float gain)
         left[i - origin] += gain * other.left[i - other.origin];
         right[i - origin] += gain * other.right[i - other.origin];
     }
+}
+
+void FadeOut(Samples* sound, size_t count)
+{
+    const size_t tail = std::min(sound->size(), count);
+    for (size_t i = 0; i < tail; i++)
+        (*sound)[sound->size() - 1 - i] *= float(i) / float(tail);
 }
 
 float FromDecibel(float decibel)

@@ -14,6 +14,8 @@ constexpr int sampleRate = 44100;
 constexpr int samplesPerBeat = 26460; // 600 ms
 constexpr int samplesPerBar = 3 * samplesPerBeat;
 
+constexpr double pi = 3.14159265358979323846;
+
 using Samples = std::vector<float>;
 
 // A window of the night: sample 0 of both channels is the night's sample `origin`.
@@ -30,6 +32,9 @@ struct Stereo {
     void Add(const Samples& sound, int64_t start, float gain, float pan);
     void Add(const Stereo& other, float gain); // by the night's time
 };
+
+// Takes the last so many samples to silence in a straight line; all of a sound that has fewer.
+void FadeOut(Samples* sound, size_t count);
 
 float FromDecibel(float decibel);
 float ToDecibel(double share); // -200 for silence

@@ -8,8 +8,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
-
 std::vector<double> MeanSpectrum(const Samples& sound, int64_t from, int64_t end, int size)
 {
     std::vector<double> mean(size / 2 + 1);

@@ -11,10 +11,10 @@
 namespace atelier
 {
 
-constexpr Vec2 Disc = {622, 268};
+constexpr Vector2 Disc = {622, 268};
 constexpr float DiscRadius = 206;
 
-static Shape Between(const std::vector<Vec2>& a, const std::vector<Vec2>& b)
+static Shape Between(const std::vector<Vector2>& a, const std::vector<Vector2>& b)
 {
     Line outline = Through(a), back = Through(b);
     outline.insert(outline.end(), back.rbegin(), back.rend());
@@ -51,7 +51,7 @@ static void PaintSky(Canvas& canvas, const Paper& paper)
     canvas.Glaze(WashDensity(paper, down, style, 11), palette::Ochre, 0.85f);
     const Mask corners = Mask(W, H).Each(
         [](float x, float y) {
-            return Smooth(330, 760, Length(Vec2{x - Disc.x, (y - Disc.y) * 1.2f}));
+            return Smooth(330, 760, Length(Vector2{x - Disc.x, (y - Disc.y) * 1.2f}));
         },
         4);
     canvas.Glaze(WashDensity(paper, corners, style, 12), palette::Rust, 0.5f);
@@ -59,9 +59,9 @@ static void PaintSky(Canvas& canvas, const Paper& paper)
     const Noise noise(13);
     const Mask clouds = Mask(W, H).Each(
         [&](float x, float y) {
-            const Vec2 p = noise.Warp(x / 330, y / 90, 0.6f);
+            const Vector2 p = noise.Warp(x / 330, y / 90, 0.6f);
             return Smooth(0.1f, 0.18f, noise.Fbm(p.x, p.y, 5) * Smooth(400, 200, y)) *
-                   Smooth(DiscRadius, DiscRadius + 90, Length(Vec2{x, y} - Disc));
+                   Smooth(DiscRadius, DiscRadius + 90, Length(Vector2{x, y} - Disc));
         },
         2);
     Wash(canvas, paper, clouds,
@@ -79,7 +79,7 @@ static void PaintSky(Canvas& canvas, const Paper& paper)
     paper.Sheet(disc, palette::Bone, 1.1f);
     const Mask round = Filled(W, H, Shaken(Ellipse(Disc, DiscRadius, DiscRadius), 2, 80, 15));
     const Mask rim = Mask(W, H).Each([](float x, float y) {
-        return Smooth(DiscRadius - 80, DiscRadius, Length(Vec2{x, y} - Disc));
+        return Smooth(DiscRadius - 80, DiscRadius, Length(Vector2{x, y} - Disc));
     });
     disc.Glaze(WashDensity(paper, rim, style, 16), palette::Amber, 0.6f);
     canvas.Light(round.Blurred(50), palette::Amber, 0.3f);
@@ -135,7 +135,7 @@ static void PaintFar(Canvas& canvas, const Paper& paper)
 }
 
 // A village on her hip: a few gables, a church, and lit windows.
-static void DrawVillage(Canvas& canvas, const Paper& paper, Vec2 at)
+static void DrawVillage(Canvas& canvas, const Paper& paper, Vector2 at)
 {
     Mask ink(W, H), windows(W, H);
     Pen pen(windows, paper, {.width = 2, .wobble = 0}, 61);
@@ -206,10 +206,10 @@ static void PaintHair(Canvas& canvas, const Paper& paper)
                fall = Through(Hair);
     for (int i = 0; i < 34; i++) {
         const float t = float(i) / 33;
-        const Vec2 p = PointAt(crown, t);
-        lock.Stroke(Through({p, Mix(p, PointAt(fall, 0.10f), 0.5f) + Vec2{16 - 14 * t, 0},
-                             PointAt(fall, 0.12f) + Vec2{22 - 44 * t, 0},
-                             PointAt(fall, 0.3f) + Vec2{24 - 48 * t, 0}}),
+        const Vector2 p = PointAt(crown, t);
+        lock.Stroke(Through({p, Mix(p, PointAt(fall, 0.10f), 0.5f) + Vector2{16 - 14 * t, 0},
+                             PointAt(fall, 0.12f) + Vector2{22 - 44 * t, 0},
+                             PointAt(fall, 0.3f) + Vector2{24 - 48 * t, 0}}),
                     {.start = 0.5f, .middle = 0.9f, .end = 0.1f});
     }
     canvas.Cover(hair, Mix(palette::Rust, palette::Ink, 0.6f), 0.92f);
@@ -256,7 +256,7 @@ static void PaintWood(Canvas& canvas, const Paper& paper)
     Dice dice(53);
     for (int i = 0; i < 46; i++) {
         const float t = Mix(0.14f, 0.92f, (float(i) + dice.Unit()) / 46);
-        const Vec2 foot = PointAt(ridge, t) + Vec2{dice.Range(-1, 26), 7};
+        const Vector2 foot = PointAt(ridge, t) + Vector2{dice.Range(-1, 26), 7};
         DrawDeadFir(pen, foot, {.height = dice.Range(20, 52), .trunk = 3.4f, .reach = 10, .bare = 0.05f},
                     500 + uint32_t(i));
     }

@@ -14,7 +14,7 @@ namespace atelier
 
 // The sky fills the whole screen, so it is painted in the screen's proportion and squeezed at the end.
 constexpr int W = 1707, H = 1024;
-constexpr Vec2 Moon = {1120, 395};
+constexpr Vector2 Moon = {1120, 395};
 constexpr float MoonRadius = 98, Horizon = 560;
 
 struct Tones {
@@ -37,11 +37,11 @@ static const Tones Amber = {
 // One billow of the sea: a ragged ball of wash, lit from where the moon is, that loses itself downwards. Its
 // pigment has dried darker along the edge, and a pen of `nib` pixels has gone round its head, lifting now and
 // then.
-static void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, float ry, const Tones& tones,
+static void Billow(Canvas& canvas, const Noise& noise, Vector2 centre, float rx, float ry, const Tones& tones,
                    float light, float haze, float nib)
 {
     const Paper& paper = SketchPaper();
-    const Vec2 toMoon = Normalised(Moon - centre);
+    const Vector2 toMoon = Normalised(Moon - centre);
     const int left = std::max(0, Floor(centre.x - rx * 1.4f)),
               right = std::min(W - 1, Floor(centre.x + rx * 1.4f));
     const int top = std::max(0, Floor(centre.y - ry * 1.4f)),
@@ -49,7 +49,7 @@ static void Billow(Canvas& canvas, const Noise& noise, Vec2 centre, float rx, fl
     for (int y = top; y <= bottom; y++)
         for (int x = left; x <= right; x++) {
             const float fx = float(x), fy = float(y);
-            const Vec2 n = {(fx - centre.x) / rx, (fy - centre.y) / ry};
+            const Vector2 n = {(fx - centre.x) / rx, (fy - centre.y) / ry};
             const float curl = noise.Fbm(fx / rx * 1.9f, fy / ry * 1.9f, 4);
             const float d = Length(n) + 0.3f * curl;
             const float cover = Smooth(1.02f, 0.86f, d) * Smooth(1.0f, 0.1f, n.y);
@@ -83,7 +83,7 @@ static Canvas Sky(const Tones& tones)
         const float t = Clamp(y / Horizon + bloom);
         LinearColour c = Mix(tones.zenith, tones.middle, Smooth(0, 0.62f, t));
         c = Mix(c, tones.horizon, Smooth(0.45f, 1.05f, t));
-        const float far = Length(Vec2{x, y} - Moon);
+        const float far = Length(Vector2{x, y} - Moon);
         return c + tones.halo * (0.42f * Bell(far / 240) + 0.2f * Bell(far / 560));
     });
     // The wash did not dry evenly, and left its shores.
@@ -91,7 +91,7 @@ static Canvas Sky(const Tones& tones)
                              {.pool = 0, .granulation = 0.7f, .bloom = 1.1f, .bloomSize = 300, .stray = 0},
                              38)
                      .By([](float x, float y) {
-                         return Smooth(130, 520, Length(Vec2{x, y} - Moon));
+                         return Smooth(130, 520, Length(Vector2{x, y} - Moon));
                      }),
                  Mix(tones.middle, tones.horizon, 0.5f), 0.42f);
     // Stars, fewer towards the light.
@@ -99,7 +99,7 @@ static Canvas Sky(const Tones& tones)
     Pen pen(stars, paper, {.width = 2}, 34);
     Dice dice(35);
     for (int i = 0; i < 260; i++) {
-        const Vec2 p = {dice.Range(0, W), dice.Range(0, Horizon * 0.8f)};
+        const Vector2 p = {dice.Range(0, W), dice.Range(0, Horizon * 0.8f)};
         const float radius = 0.5f + 1.1f * Pow(dice.Unit(), 5);
         if (Length(p - Moon) > 300 && dice.Unit() > p.y / Horizon)
             pen.Dot(p, radius);
@@ -110,7 +110,7 @@ static Canvas Sky(const Tones& tones)
     const Mask disc = Filled(W, H, Ellipse(Moon, MoonRadius, MoonRadius)).Blur(0.9f);
     canvas.Cover(disc, [&](float x, float y) {
         const float sea = Smooth(-0.05f, 0.32f, wash.Fbm(x / 74 + 3, y / 74, 5));
-        const float limb = Length(Vec2{x, y} - Moon) / MoonRadius;
+        const float limb = Length(Vector2{x, y} - Moon) / MoonRadius;
         return Mix(tones.moon, tones.halo, 0.34f * sea + 0.16f * Smooth(0.6f, 1, limb)) * 0.97f;
     });
     canvas.Light(disc.Blurred(16), tones.halo, 0.14f);
@@ -119,14 +119,14 @@ static Canvas Sky(const Tones& tones)
     Mask bands(W, H);
     bands.Each(
         [&](float x, float y) {
-            const Vec2 q = veil.Warp(x / 420, y / 60, 0.5f);
+            const Vector2 q = veil.Warp(x / 420, y / 60, 0.5f);
             return Smooth(0.08f, 0.6f, veil.Fbm(q.x, q.y, 5)) * Smooth(120, 420, y) * Smooth(640, 500, y);
         },
         2);
     canvas.Cover(
         bands,
         [&](float x, float y) {
-            const float near = Bell(Length(Vec2{x, y} - Moon) / 300);
+            const float near = Bell(Length(Vector2{x, y} - Moon) / 300);
             return Mix(tones.body, tones.lit, 0.1f + 0.5f * near);
         },
         0.5f);
@@ -145,7 +145,7 @@ static Canvas Sky(const Tones& tones)
             const float x = (float((i * 7) % count) + dice.Range(-0.4f, 0.4f)) * W / float(count - 1);
             const float swell = curls.Fbm(x / (size * 5) + 9 * t, 5 * t, 2);
             const float rx = size * dice.Range(0.7f, 1.35f), ry = rx * dice.Range(0.5f, 0.68f);
-            const Vec2 c = {x, y - size * (0.3f + 1.1f * swell) + dice.Range(-0.25f, 0.25f) * size};
+            const Vector2 c = {x, y - size * (0.3f + 1.1f * swell) + dice.Range(-0.25f, 0.25f) * size};
             const float path = Bell((x - Moon.x) / (190 + 330 * t));
             Billow(canvas, curls, c, rx, ry, tones, (0.26f + 0.95f * path) * (1 - 0.5f * t),
                    0.55f * Pow(1 - t, 2), 1.1f + 2.0f * t);
@@ -191,7 +191,7 @@ static Mask Balls()
     Dice dice(51);
     for (int i = 0; i < 44; i++) {
         const float a = dice.Range(0, 2 * Pi), r = Sqrt(dice.Unit());
-        const Vec2 c = {256 + Cos(a) * r * 142, 266 + Sin(a) * r * 104};
+        const Vector2 c = {256 + Cos(a) * r * 142, 266 + Sin(a) * r * 104};
         const float radius = dice.Range(36, 62) * (1.15f - 0.45f * r);
         balls.Screen(Filled(Size, Size, Ellipse(c, radius, radius * 0.86f)).Scale(0.42f));
     }
@@ -253,7 +253,7 @@ static Canvas Smoke()
     const Mask balls = Balls().Blur(38).Scale(1.25f);
     Mask amount(Size, Size), light(Size, Size);
     amount.Each([&](float x, float y) {
-        const Vec2 q = curl.Warp(x / 120, y / 120, 0.28f, 5);
+        const Vector2 q = curl.Warp(x / 120, y / 120, 0.28f, 5);
         const float rise = balls.Sample(q.x * 120, q.y * 120) * 0.6f + balls.Sample(x, y) * 0.4f;
         return Clamp(1.6f * rise * (0.25f + 0.9f * thread.Ridges(q.x * 1.5f, q.y * 1.5f, 5)));
     });

@@ -16,16 +16,16 @@ static void AddPitsAndLichen(Canvas& canvas, Mask& ink, const Paper& paper)
     Dice dice(708);
     Pen pit(ink, paper, {.width = 3}, 710);
     for (int nest = 0; nest < 16; nest++) {
-        const Vec2 middle = {dice.Range(0, size), dice.Range(0, size)};
+        const Vector2 middle = {dice.Range(0, size), dice.Range(0, size)};
         for (int i = 0; i < 11; i++)
-            pit.Dot(middle + Vec2{dice.Bell(), dice.Bell()} * 22, dice.Range(0.8f, 3));
+            pit.Dot(middle + Vector2{dice.Bell(), dice.Bell()} * 22, dice.Range(0.8f, 3));
     }
     const Noise ragged(711);
     for (int i = 0; i < 13; i++) {
-        const Vec2 middle = {dice.Range(60, size - 60), dice.Range(60, size - 60)};
+        const Vector2 middle = {dice.Range(60, size - 60), dice.Range(60, size - 60)};
         const float radius = dice.Range(12, 38);
         const Mask rosette = Mask(side, side, 0, true).Each([&](float x, float y) {
-            const Vec2 d = Vec2{x, y} - middle;
+            const Vector2 d = Vector2{x, y} - middle;
             const float r = Length(d) / radius + 0.45f * ragged.Fbm(x / 13, y / 13, 3);
             return Smooth(1, 0.86f, r) * Mix(0.35f, 1, Smooth(0.3f, 0.85f, r));
         });
@@ -145,7 +145,7 @@ static void Reed(Pen& pen)
     pen.Stroke(Through({{112, 34}, {130, 20}, {140, 16}, {134, 28}, {118, 42}}),
                {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
     for (int i = 0; i < 5; i++)
-        pen.Dot(Vec2{42, 92} + Vec2{14, -10.5f} * float(i), 3.2f);
+        pen.Dot(Vector2{42, 92} + Vector2{14, -10.5f} * float(i), 3.2f);
 }
 
 static void Brush(Pen& pen)
@@ -159,12 +159,12 @@ static void Brush(Pen& pen)
     pen.Splatter({32, 104}, 18, 8, 3);
 }
 
-static void Gear(Pen& pen, Vec2 at, float radius, int teeth, float turned)
+static void Gear(Pen& pen, Vector2 at, float radius, int teeth, float turned)
 {
     Line rim;
     for (int i = 0; i <= teeth * 4; i++) {
         const float a = turned + 2 * Pi * float(i) / float(teeth * 4);
-        rim.push_back(at + Vec2{Cos(a), Sin(a)} * (i % 4 < 2 ? radius : radius * 0.78f));
+        rim.push_back(at + Vector2{Cos(a), Sin(a)} * (i % 4 < 2 ? radius : radius * 0.78f));
     }
     pen.Stroke(Straight(rim), {.start = 0.8f, .middle = 1, .end = 0.8f});
     pen.Stroke(Ellipse(at, radius * 0.3f, radius * 0.3f), {.start = 0.8f, .middle = 0.9f, .end = 0.7f});
@@ -186,8 +186,8 @@ static void Lamp(Pen& pen)
     pen.Stroke(Round({{72, 58}, {80, 78}, {72, 90}, {64, 78}}), {.start = 0.9f, .middle = 1, .end = 0.8f});
     for (const float side : {-1.0f, 1.0f})
         for (int i = -1; i <= 1; i++)
-            pen.Stroke(Straight({Vec2{72 + side * 38, 76 + 16 * float(i)},
-                                 Vec2{72 + side * 58, 76 + 24 * float(i)}}),
+            pen.Stroke(Straight({Vector2{72 + side * 38, 76 + 16 * float(i)},
+                                 Vector2{72 + side * 58, 76 + 24 * float(i)}}),
                        {.start = 0.9f, .middle = 0.6f, .end = 0});
 }
 

@@ -53,21 +53,22 @@ static Eye EyeBetweenFingers(const Paper& paper)
 {
     Mask eye(W, H), ball(W, H);
     Pen look(eye, paper, {.width = 6, .wobble = 0.8f, .skip = 0, .pool = 0.2f}, 21);
-    const Vec2 at = {742, 412};
-    ball.Fill(Round({at + Vec2{-34, 2}, at + Vec2{-4, -15}, at + Vec2{32, -2}, at + Vec2{2, 13}}));
-    look.Stroke(Through({at + Vec2{-40, 4}, at + Vec2{-6, -19}, at + Vec2{38, -2}}),
+    const Vector2 at = {742, 412};
+    ball.Fill(
+        Round({at + Vector2{-34, 2}, at + Vector2{-4, -15}, at + Vector2{32, -2}, at + Vector2{2, 13}}));
+    look.Stroke(Through({at + Vector2{-40, 4}, at + Vector2{-6, -19}, at + Vector2{38, -2}}),
                 {.start = 0.5f, .middle = 1, .end = 0.4f});
-    look.Stroke(Through({at + Vec2{-32, 6}, at + Vec2{2, 16}, at + Vec2{32, 2}}),
+    look.Stroke(Through({at + Vector2{-32, 6}, at + Vector2{2, 16}, at + Vector2{32, 2}}),
                 {.start = 0.2f, .middle = 0.5f, .end = 0.2f});
-    look.Stroke(Through({at + Vec2{-44, -24}, at + Vec2{-4, -38}, at + Vec2{46, -22}}),
+    look.Stroke(Through({at + Vector2{-44, -24}, at + Vector2{-4, -38}, at + Vector2{46, -22}}),
                 {.start = 0.5f, .middle = 0.5f, .end = 0.2f});
     for (int i = 0; i < 16; i++) {
         const float k = float(i) * 5.6f;
-        look.Stroke(Through({at + Vec2{-44 + k, -46 - 6 * Hill(7, 9, float(i))},
-                             at + Vec2{-34 + k, -56 - 5 * Hill(7, 9, float(i))}}),
+        look.Stroke(Through({at + Vector2{-44 + k, -46 - 6 * Hill(7, 9, float(i))},
+                             at + Vector2{-34 + k, -56 - 5 * Hill(7, 9, float(i))}}),
                     {.start = 0.9f, .middle = 0.9f, .end = 0.3f});
     }
-    look.Dot(at + Vec2{1, -1}, 11);
+    look.Dot(at + Vector2{1, -1}, 11);
     return {eye.Blur(1.6f), ball.Blurred(2)};
 }
 
@@ -94,10 +95,10 @@ static Mask Exposed(const Paper& paper)
     const Noise plaster(11), cloth(12);
     return Mask(W, H).Each([&](float x, float y) {
         const int px = Floor(x), py = Floor(y);
-        const float flash = Bell(Length(Vec2{(x - 600) * 0.8f, y - 470}) / 560);
+        const float flash = Bell(Length(Vector2{(x - 600) * 0.8f, y - 470}) / 560);
         const float weave = 0.03f * cloth.Gradient(x / 3.1f, y / 3.1f);
         float v = (0.19f + 0.06f * plaster.Fbm(x / 130, y / 130, 5)) * (0.2f + 1.15f * flash);
-        v = Mix(v, 0.045f + weave * 0.7f + 0.05f * Bell(Length(Vec2{x - 860, y - 800}) / 230),
+        v = Mix(v, 0.045f + weave * 0.7f + 0.05f * Bell(Length(Vector2{x - 860, y - 800}) / 230),
                 person.coat.At(px, py));
         const float cheek =
             0.72f * (0.25f + 0.75f * Smooth(1.05f, 0.3f, Length({(x - 710) / 150, (y - 450) / 210}))) *
@@ -124,7 +125,7 @@ static Canvas Positive(const Mask& value, const Paper& paper)
     Canvas canvas(W, H);
     canvas.Ground([&](float x, float y) {
         const int px = Floor(x), py = Floor(y);
-        const float far = Length(Vec2{(x - W / 2.0f) / W, (y - H / 2.0f) / H});
+        const float far = Length(Vector2{(x - W / 2.0f) / W, (y - H / 2.0f) / H});
         float v = (value.At(px, py) + 0.35f * burnt.At(px, py)) * (1 - 0.55f * Smooth(0.35f, 0.75f, far));
         // Grain: silver in clumps, most visible where it is neither dark nor white.
         const float g = 0.6f * grain.Gradient(x / 1.7f, y / 1.7f) + 0.5f * clumps.Fbm(x / 3.6f, y / 3.6f, 2);

@@ -14,12 +14,12 @@ namespace atelier
 constexpr int W = 1024, H = 512;
 
 // clang-format off
-static const std::vector<Vec2> Sole = {
+static const std::vector<Vector2> Sole = {
     {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 118}, {350, 106}, {292, 136},
     {264, 200}, {264, 272}, {292, 342}, {352, 392}, {450, 404}, {560, 392}, {680, 374}, {800, 368}, {890, 346}, {938, 308},
 };
 struct Toe {
-    Vec2 middle;
+    Vector2 middle;
     float length, breadth, turn; // half, half, radians
 };
 static const Toe Toes[] = {
@@ -54,15 +54,15 @@ static Mask Ridges()
     constexpr float Spacing = 13.5f, Melt = 64;
     const Noise warp(17), width(18);
     return Mask(W, H).Each([&](float x, float y) {
-        const Vec2 p =
-            Vec2{x, y} + Vec2{warp.Fbm(x / 120, y / 120, 3), warp.Fbm(x / 120 + 40, y / 120, 3)} * 26;
+        const Vector2 p =
+            Vector2{x, y} + Vector2{warp.Fbm(x / 120, y / 120, 3), warp.Fbm(x / 120 + 40, y / 120, 3)} * 26;
         const auto from = [p](float cx, float cy, float stretch) {
             return Length({(p.x - cx) / stretch, p.y - cy});
         };
         float way = -Melt * Log2(Exp(-from(356, 196, 1.1f) / Melt) + Exp(-from(356, 318, 1.25f) / Melt) +
                                  Exp(-from(846, 268, 1.3f) / Melt));
         for (const Toe& toe : Toes)
-            if (Length(Vec2{x, y} - toe.middle) < toe.length + 8)
+            if (Length(Vector2{x, y} - toe.middle) < toe.length + 8)
                 way = 1.5f * from(toe.middle.x, toe.middle.y, 1.5f) + 7 * toe.turn;
         const float wave = 0.5f + 0.5f * Cos(2 * Pi * way / Spacing);
         // Here and there a ridge breaks off, and all differ in breadth.
@@ -165,14 +165,14 @@ static Canvas Sand()
     // Ribs fork where two places of opposite sense lie near each other: going round the one a rib is gained,
     // round the other it is lost again.
     struct Fork {
-        Vec2 gain, loss;
+        Vector2 gain, loss;
     };
     std::vector<Fork> forks;
     for (int i = 0; i < 6; i++) {
-        const Vec2 way = {dice.Range(30, 75), dice.Range(-24, 24)};
+        const Vector2 way = {dice.Range(30, 75), dice.Range(-24, 24)};
         // By twos of opposite sense, or the ribs would climb from tile to tile.
         for (float sense = -1; sense < 2; sense += 2) {
-            const Vec2 at = {dice.Range(0, Size), dice.Range(0, Size)};
+            const Vector2 at = {dice.Range(0, Size), dice.Range(0, Size)};
             forks.push_back({at, at + way * sense});
         }
     }
@@ -182,7 +182,7 @@ static Canvas Sand()
         float phase = v * Ribs + 0.7f * warp.Fbm(u * 7, v * 5, 3) + 0.62f;
         for (const Fork& f : forks)
             for (int k = 0; k < 9; k++) {
-                const Vec2 p = {x - Size * float(k % 3 - 1), y - Size * float(k / 3 - 1)};
+                const Vector2 p = {x - Size * float(k % 3 - 1), y - Size * float(k / 3 - 1)};
                 phase += (Angle(p - f.gain) - Angle(p - f.loss)) / (2 * Pi);
             }
         return phase;
@@ -222,7 +222,7 @@ static Canvas Sand()
                    {.width = 13, .count = 8, .thickness = 1.2f, .load = 0.46f, .ragged = 0.5f, .wave = 40},
                    27);
     for (int i = 0; i < 120; i++) {
-        Vec2 p = {dice.Range(0, Size), dice.Range(0, Size)};
+        Vector2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const float level = phaseAt(p.x, p.y);
         Line line;
         for (int step = 0; step < 26; step++) {

@@ -112,7 +112,7 @@ static Canvas DarkWindow()
 static Canvas RingOfLight()
 {
     constexpr int Side = 512;
-    constexpr Vec2 Middle = {256, 256};
+    constexpr Vector2 Middle = {256, 256};
     constexpr float Radius = 122;
     const Paper& paper = SketchPaper();
     Canvas canvas(Side, Side, palette::Black);
@@ -124,7 +124,7 @@ static Canvas RingOfLight()
         Line arc;
         for (int i = 0; i <= 160; i++) {
             const float t = float(i) / 160, a = Mix(from, to, t);
-            arc.push_back(Middle + Vec2{Cos(a), Sin(a) * 0.985f} * (radius + drift * t));
+            arc.push_back(Middle + Vector2{Cos(a), Sin(a) * 0.985f} * (radius + drift * t));
         }
         return Shaken(arc, 2.5f, 120, uint32_t(from * 100) + 5);
     };
@@ -141,7 +141,7 @@ static Canvas RingOfLight()
     Dice dice(574);
     for (int i = 0; i < 90; i++) {
         const float a = dice.Range(0, 2 * Pi), out = Radius + dice.Bell() * 9 + 26 * Pow(dice.Unit(), 2);
-        const Vec2 p = Middle + Vec2{Cos(a), Sin(a)} * out, way = {-Sin(a + 0.5f), Cos(a + 0.5f)};
+        const Vector2 p = Middle + Vector2{Cos(a), Sin(a)} * out, way = {-Sin(a + 0.5f), Cos(a + 0.5f)};
         fleck.Stroke(Straight({p, p + way * dice.Range(1.5f, 7)}, 1),
                      {.start = 0.9f, .middle = dice.Range(0.2f, 0.8f), .end = 0});
     }

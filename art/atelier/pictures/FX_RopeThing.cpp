@@ -158,8 +158,8 @@ static void DrawCheek(Pen& pen, Dice& dice)
     pen.nib.width = 4;
     for (int i = 0; i < 46; i++) { // pores, in rows along the jaw
         const float along = float(i % 23) / 22;
-        pen.Dot(Vec2{Mix(10, 100, along) + dice.Range(-2, 2),
-                     Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)} *
+        pen.Dot(Vector2{Mix(10, 100, along) + dice.Range(-2, 2),
+                        Mix(392, 420, along) + (i < 23 ? 0.0f : 26.0f) + dice.Range(-5, 5)} *
                     fine,
                 dice.Range(1.6f, 4));
     }
@@ -235,15 +235,15 @@ static Canvas FishSkin()
 static Canvas FishEye()
 {
     constexpr int Side = 256;
-    constexpr Vec2 Middle = {128, 128};
+    constexpr Vector2 Middle = {128, 128};
     constexpr float Pupil = 31, Iris = 84;
     const Paper& paper = SketchPaper(256);
     const Noise iris(651), vein(652);
     Canvas canvas(Side, Side);
     canvas.Ground([&](float x, float y) {
-        const Vec2 d = Vec2{x, y} - Middle;
+        const Vector2 d = Vector2{x, y} - Middle;
         const float r = Length(d);
-        const Vec2 way = Normalised(d);
+        const Vector2 way = Normalised(d);
         const float fibre = iris.Fbm(way.x * 9 + 20, way.y * 9 + r / 60, 4);
         const float blotch = iris.Fbm(x / 34, y / 34, 3);
         // Round the iris it is dark and wet, with gold in its veins.
@@ -265,9 +265,9 @@ static Canvas FishEye()
     Dice dice(654);
     for (int i = 0; i < 80; i++) {
         const float a = dice.Range(0, 2 * Pi), from = dice.Range(38, 50), to = dice.Range(56, 80);
-        const Vec2 way = {Cos(a), Sin(a)};
+        const Vector2 way = {Cos(a), Sin(a)};
         pen.Stroke(
-            Through({Middle + way * to, Middle + Vec2{Cos(a + 0.04f), Sin(a + 0.04f)} * ((from + to) / 2),
+            Through({Middle + way * to, Middle + Vector2{Cos(a + 0.04f), Sin(a + 0.04f)} * ((from + to) / 2),
                      Middle + way * from}),
             {.start = 0.9f, .middle = 0.6f, .end = 0});
     }

@@ -35,9 +35,9 @@ static Canvas Spark()
     Canvas canvas(Size, Size, palette::Black);
     // The way of the light outward, as it is added up: in values of the screen.
     canvas.Ground([&](float x, float y) {
-        const Vec2 off = {(x - Middle) / Middle, (y - Middle) / Middle};
+        const Vector2 off = {(x - Middle) / Middle, (y - Middle) / Middle};
         const float far = Length(off);
-        const Vec2 way = Normalised(off);
+        const Vector2 way = Normalised(off);
         const float d = far / (1 + 0.1f * ragged.Fbm(way.x * 2.2f + 3, way.y * 2.2f, 3));
         const float core = Bell(d / 0.07f), ember = Bell(d / 0.112f), halo = Bell(d / 0.22f),
                     glow = Bell(d / 0.44f);

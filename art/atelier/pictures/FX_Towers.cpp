@@ -8,28 +8,28 @@ namespace atelier
 {
 
 // A point on a wheel that rolls inside (or, with a negative radius, outside) a ring, till the line closes.
-static Line Spirograph(Vec2 centre, float ring, float wheel, float pen, int turns)
+static Line Spirograph(Vector2 centre, float ring, float wheel, float pen, int turns)
 {
     Line line;
     const int count = turns * 360;
     for (int i = 0; i <= count; i++) {
         const float a = 2 * Pi * float(turns) * float(i) / float(count);
         const float b = a * (ring - wheel) / wheel;
-        line.push_back(centre +
-                       Vec2{(ring - wheel) * Cos(a) + pen * Cos(b), (ring - wheel) * Sin(a) - pen * Sin(b)});
+        line.push_back(
+            centre + Vector2{(ring - wheel) * Cos(a) + pen * Cos(b), (ring - wheel) * Sin(a) - pen * Sin(b)});
     }
     return line;
 }
 
 // An opening spiral, from `inner` to `outer` pixels.
-static Line Spiral(Vec2 centre, float inner, float outer, float turns, float turned)
+static Line Spiral(Vector2 centre, float inner, float outer, float turns, float turned)
 {
     Line line;
     const int count = Floor(turns * 180);
     for (int i = 0; i <= count; i++) {
         const float t = float(i) / float(count);
         const float a = turned + 2 * Pi * turns * t, r = Mix(inner, outer, t);
-        line.push_back(centre + Vec2{Cos(a), Sin(a)} * r);
+        line.push_back(centre + Vector2{Cos(a), Sin(a)} * r);
     }
     return line;
 }
@@ -40,7 +40,7 @@ static Line Spiral(Vec2 centre, float inner, float outer, float turns, float tur
 static Canvas SpirographOfLight()
 {
     constexpr int Side = 1024;
-    constexpr Vec2 Middle = {512, 512};
+    constexpr Vector2 Middle = {512, 512};
     struct WheelDrawing {
         Line line;
         float width, strength;
@@ -115,7 +115,7 @@ static const Canvas& TowerPanorama()
         Mask stars(W, H, 0, true);
         Dice dice(614);
         for (int i = 0; i < 190; i++) {
-            const Vec2 p = {dice.Range(0, W), dice.Range(24, H - 8)};
+            const Vector2 p = {dice.Range(0, W), dice.Range(24, H - 8)};
             const float light = Pow(dice.Unit(), 5), radius = 0.5f + 0.4f * light;
             for (int y = Floor(p.y) - 4; y <= Floor(p.y) + 4; y++)
                 for (int x = Floor(p.x) - 4; x <= Floor(p.x) + 4; x++)

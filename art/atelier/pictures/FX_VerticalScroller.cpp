@@ -13,10 +13,10 @@ namespace atelier
 constexpr int W = PageWidth, H = PageHeight;
 constexpr float Middle = PageMiddle;
 
-static void DrawMoon(Page& page, Vec2 at, float radius)
+static void DrawMoon(Page& page, Vector2 at, float radius)
 {
     const Line outer = Arc(at, radius, radius, -2.0f, 2.0f),
-               inner = Arc(at - Vec2{radius * 0.46f, 0}, radius * 1.02f, radius * 1.05f, -1.12f, 1.12f);
+               inner = Arc(at - Vector2{radius * 0.46f, 0}, radius * 1.02f, radius * 1.05f, -1.12f, 1.12f);
     Line sickle = outer;
     sickle.insert(sickle.end(), inner.rbegin(), inner.rend());
     page.lights.Fill(Shaken(sickle, 1.5f, 50, 3));
@@ -28,61 +28,64 @@ static void DrawMoon(Page& page, Vec2 at, float radius)
 }
 
 // A tarogato: a cone of wood with keys, a bell, a beak.
-static void DrawReed(Page& page, Vec2 at)
+static void DrawReed(Page& page, Vector2 at)
 {
-    const Line axis = Through({at + Vec2{-250, -62}, at + Vec2{0, -4}, at + Vec2{232, 58}});
+    const Line axis = Through({at + Vector2{-250, -62}, at + Vector2{0, -4}, at + Vector2{232, 58}});
     page.Body(Limb(axis, 9, 22, 40));
-    page.Body(Limb(Through({at + Vec2{228, 57}, at + Vec2{262, 66}}), 38, 46, 66), 5);
-    page.Body(Limb(Through({at + Vec2{-306, -84}, at + Vec2{-272, -74}, at + Vec2{-248, -62}}), 3, 9, 11));
+    page.Body(Limb(Through({at + Vector2{228, 57}, at + Vector2{262, 66}}), 38, 46, 66), 5);
+    page.Body(
+        Limb(Through({at + Vector2{-306, -84}, at + Vector2{-272, -74}, at + Vector2{-248, -62}}), 3, 9, 11));
     for (int i = 0; i < 9; i++) {
         const float t = 0.12f + 0.082f * float(i);
-        const Vec2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
+        const Vector2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
         page.Draw(Ellipse(p - n * 3, 8 + 4 * t, 6 + 3 * t, 0.2f), 3);
         if (i % 3 == 1)
             page.Draw(Through({p - n * (20 + 10 * t), p - n * 16 + d * 20, p + d * 40}), 3);
     }
     for (float t = 0.05f; t < 1; t += 0.3f) {
-        const Vec2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
+        const Vector2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
         page.Draw(Through({p - n * (12 + 24 * t), p + d * 4, p + n * (12 + 24 * t)}), 5);
     }
     // What comes out of it: three notes, the last one leaving.
     for (int i = 0; i < 3; i++) {
         const float k = float(i);
-        const Vec2 head = at + Vec2{306 + 46 * k, 34 - 34 * k + 20 * float(i % 2)};
+        const Vector2 head = at + Vector2{306 + 46 * k, 34 - 34 * k + 20 * float(i % 2)};
         page.accents.Fill(Ellipse(head, 12, 8, -0.4f));
         page.amber.nib.width = 4;
-        page.amber.Stroke(Through({head + Vec2{10, -2}, head + Vec2{11, -30}, head + Vec2{13, -58}}),
+        page.amber.Stroke(Through({head + Vector2{10, -2}, head + Vector2{11, -30}, head + Vector2{13, -58}}),
                           {.start = 0.8f, .middle = 0.7f, .end = 0.7f});
-        page.amber.Stroke(Through({head + Vec2{13, -58}, head + Vec2{24, -44}, head + Vec2{26, -28}}),
-                          {.start = 1, .middle = 0.6f, .end = 0});
+        page.amber.Stroke(
+            Through({head + Vector2{13, -58}, head + Vector2{24, -44}, head + Vector2{26, -28}}),
+            {.start = 1, .middle = 0.6f, .end = 0});
     }
 }
 
-static void DrawBrush(Page& page, Vec2 at)
+static void DrawBrush(Page& page, Vector2 at)
 {
-    page.Body(Limb(Through({at + Vec2{290, -70}, at + Vec2{120, -34}, at + Vec2{-40, 8}}), 5, 15, 13));
-    page.Body(Limb(Through({at + Vec2{-40, 8}, at + Vec2{-96, 24}}), 17, 21, 25), 5);
+    page.Body(
+        Limb(Through({at + Vector2{290, -70}, at + Vector2{120, -34}, at + Vector2{-40, 8}}), 5, 15, 13));
+    page.Body(Limb(Through({at + Vector2{-40, 8}, at + Vector2{-96, 24}}), 17, 21, 25), 5);
     for (float k = 0; k < 3; k++)
-        page.Draw(Through({at + Vec2{-50 - 16 * k, -9 + 3 * k}, at + Vec2{-46 - 16 * k, 12 + 4 * k},
-                           at + Vec2{-40 - 16 * k, 30 + 5 * k}}),
+        page.Draw(Through({at + Vector2{-50 - 16 * k, -9 + 3 * k}, at + Vector2{-46 - 16 * k, 12 + 4 * k},
+                           at + Vector2{-40 - 16 * k, 30 + 5 * k}}),
                   3);
     DryBrush hair(
         page.lines, SketchPaper(),
         {.width = 52, .count = 30, .thickness = 2.2f, .load = 0.9f, .ragged = 0.12f, .spread = -0.75f}, 31);
-    hair.Stroke(Through({at + Vec2{-92, 24}, at + Vec2{-150, 42}, at + Vec2{-206, 74}}));
+    hair.Stroke(Through({at + Vector2{-92, 24}, at + Vector2{-150, 42}, at + Vector2{-206, 74}}));
     DryBrush trail(page.accents, SketchPaper(),
                    {.width = 26, .count = 16, .thickness = 1.8f, .load = 0.62f, .ragged = 0.3f}, 32);
-    trail.Stroke(
-        Through({at + Vec2{-200, 76}, at + Vec2{-120, 116}, at + Vec2{60, 96}, at + Vec2{220, 112}}));
+    trail.Stroke(Through(
+        {at + Vector2{-200, 76}, at + Vector2{-120, 116}, at + Vector2{60, 96}, at + Vector2{220, 112}}));
 }
 
-static void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, uint32_t seed)
+static void DrawGear(Page& page, Vector2 at, float radius, int teeth, float turn, uint32_t seed)
 {
     Line rim;
     for (int i = 0; i < teeth; i++)
         for (int k = 0; k < 4; k++) {
             const float a = turn + (float(i) + 0.25f * float(k)) * 2 * Pi / float(teeth);
-            rim.push_back(at + Vec2{Cos(a), Sin(a)} * (radius * (k < 2 ? 1.0f : 0.83f)));
+            rim.push_back(at + Vector2{Cos(a), Sin(a)} * (radius * (k < 2 ? 1.0f : 0.83f)));
         }
     rim.push_back(rim.front());
     const Line outline = Shaken(Straight(rim, 2), 1.4f, 20, seed);
@@ -92,7 +95,7 @@ static void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, u
     page.Draw(Ellipse(at, radius * 0.17f, radius * 0.17f, turn), 5);
     for (int i = 0; i < 5; i++) {
         const float a = turn + 0.3f + float(i) * 2 * Pi / 5;
-        const Vec2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
+        const Vector2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
         page.Draw(Through({at + d * (radius * 0.17f) + n * 4, at + d * (radius * 0.4f) + n * 2,
                            at + d * (radius * 0.57f) + n * 6}),
                   4);
@@ -103,57 +106,63 @@ static void DrawGear(Page& page, Vec2 at, float radius, int teeth, float turn, u
 }
 
 // A lantern held low.
-static void DrawLamp(Page& page, Vec2 at)
+static void DrawLamp(Page& page, Vector2 at)
 {
-    page.Draw(Arc(at + Vec2{0, -92}, 46, 60, -3.0f, -0.14f), 5);
-    page.Body(Round({at + Vec2{-40, -84}, at + Vec2{-14, -108}, at + Vec2{16, -108}, at + Vec2{42, -84}}), 4);
-    page.Draw(Through({at + Vec2{-44, -84}, at + Vec2{-56, -10}, at + Vec2{-46, 66}}), 4);
-    page.Draw(Through({at + Vec2{44, -84}, at + Vec2{56, -10}, at + Vec2{46, 66}}), 4);
-    page.Draw(Through({at + Vec2{-18, -84}, at + Vec2{-24, -10}, at + Vec2{-18, 66}}), 3,
+    page.Draw(Arc(at + Vector2{0, -92}, 46, 60, -3.0f, -0.14f), 5);
+    page.Body(Round({at + Vector2{-40, -84}, at + Vector2{-14, -108}, at + Vector2{16, -108},
+                     at + Vector2{42, -84}}),
+              4);
+    page.Draw(Through({at + Vector2{-44, -84}, at + Vector2{-56, -10}, at + Vector2{-46, 66}}), 4);
+    page.Draw(Through({at + Vector2{44, -84}, at + Vector2{56, -10}, at + Vector2{46, 66}}), 4);
+    page.Draw(Through({at + Vector2{-18, -84}, at + Vector2{-24, -10}, at + Vector2{-18, 66}}), 3,
               {.start = 0.3f, .middle = 0.6f, .end = 0.3f});
-    page.Draw(Through({at + Vec2{-54, -8}, at + Vec2{0, -2}, at + Vec2{54, -9}}), 3,
+    page.Draw(Through({at + Vector2{-54, -8}, at + Vector2{0, -2}, at + Vector2{54, -9}}), 3,
               {.start = 0.5f, .middle = 0.3f, .end = 0.5f});
-    page.Body(Straight({at + Vec2{-56, 66}, at + Vec2{-64, 96}, at + Vec2{64, 96}, at + Vec2{56, 66},
-                        at + Vec2{-56, 66}}),
+    page.Body(Straight({at + Vector2{-56, 66}, at + Vector2{-64, 96}, at + Vector2{64, 96},
+                        at + Vector2{56, 66}, at + Vector2{-56, 66}}),
               5);
-    page.lights.Fill(Round({at + Vec2{0, -44}, at + Vec2{13, -8}, at + Vec2{10, 28}, at + Vec2{0, 40},
-                            at + Vec2{-11, 26}, at + Vec2{-12, -6}}));
+    page.lights.Fill(Round({at + Vector2{0, -44}, at + Vector2{13, -8}, at + Vector2{10, 28},
+                            at + Vector2{0, 40}, at + Vector2{-11, 26}, at + Vector2{-12, -6}}));
     // The beam is low, as the name says.
     for (int i = 0; i < 14; i++) {
         const float a = 0.16f + 0.055f * float(i), r0 = 96, r1 = 200 + page.dice.Range(0, 90);
         for (float side = -1; side < 2; side += 2) {
             page.amber.nib.width = 3;
-            page.amber.Stroke(Through({at + Vec2{side * Cos(a) * r0, Sin(a) * r0},
-                                       at + Vec2{side * Cos(a) * (r0 + r1) * 0.5f, Sin(a) * (r0 + r1) * 0.5f},
-                                       at + Vec2{side * Cos(a) * r1, Sin(a) * r1}}),
-                              {.start = 0.5f, .middle = 0.5f, .end = 0});
+            page.amber.Stroke(
+                Through({at + Vector2{side * Cos(a) * r0, Sin(a) * r0},
+                         at + Vector2{side * Cos(a) * (r0 + r1) * 0.5f, Sin(a) * (r0 + r1) * 0.5f},
+                         at + Vector2{side * Cos(a) * r1, Sin(a) * r1}}),
+                {.start = 0.5f, .middle = 0.5f, .end = 0});
         }
     }
 }
 
 // An inkpot and a pen that has been put down.
-static void DrawInkpot(Page& page, Vec2 at)
+static void DrawInkpot(Page& page, Vector2 at)
 {
-    page.Body(Round({at + Vec2{-70, 70}, at + Vec2{-84, 10}, at + Vec2{-52, -34}, at + Vec2{-28, -44},
-                     at + Vec2{28, -44}, at + Vec2{54, -32}, at + Vec2{84, 12}, at + Vec2{70, 70}}),
-              5);
-    page.Body(Straight({at + Vec2{-34, -44}, at + Vec2{-38, -72}, at + Vec2{38, -72}, at + Vec2{34, -44},
-                        at + Vec2{-34, -44}}),
+    page.Body(
+        Round({at + Vector2{-70, 70}, at + Vector2{-84, 10}, at + Vector2{-52, -34}, at + Vector2{-28, -44},
+               at + Vector2{28, -44}, at + Vector2{54, -32}, at + Vector2{84, 12}, at + Vector2{70, 70}}),
+        5);
+    page.Body(Straight({at + Vector2{-34, -44}, at + Vector2{-38, -72}, at + Vector2{38, -72},
+                        at + Vector2{34, -44}, at + Vector2{-34, -44}}),
               4);
-    page.Draw(Ellipse(at + Vec2{0, -72}, 38, 10), 4);
-    page.Body(Limb(Through({at + Vec2{6, -68}, at + Vec2{90, -150}, at + Vec2{190, -220}}), 4, 9, 3), 4);
+    page.Draw(Ellipse(at + Vector2{0, -72}, 38, 10), 4);
+    page.Body(Limb(Through({at + Vector2{6, -68}, at + Vector2{90, -150}, at + Vector2{190, -220}}), 4, 9, 3),
+              4);
     for (int i = 0; i < 26; i++) {
         const float t = 0.35f + 0.024f * float(i);
-        const Vec2 p = PointAt(Through({at + Vec2{6, -68}, at + Vec2{90, -150}, at + Vec2{190, -220}}), t);
-        page.Draw(Through({p, p + Vec2{34, -2}, p + Vec2{58, -22}}), 2.6f,
+        const Vector2 p =
+            PointAt(Through({at + Vector2{6, -68}, at + Vector2{90, -150}, at + Vector2{190, -220}}), t);
+        page.Draw(Through({p, p + Vector2{34, -2}, p + Vector2{58, -22}}), 2.6f,
                   {.start = 0.6f, .middle = 0.6f, .end = 0});
-        page.Draw(Through({p, p + Vec2{-8, -26}, p + Vec2{10, -52}}), 2.6f,
+        page.Draw(Through({p, p + Vector2{-8, -26}, p + Vector2{10, -52}}), 2.6f,
                   {.start = 0.6f, .middle = 0.6f, .end = 0});
     }
-    page.pen.Splatter(at + Vec2{-120, 70}, 60, 16, 5);
+    page.pen.Splatter(at + Vector2{-120, 70}, 60, 16, 5);
 }
 
-static void DrawMoth(Page& page, Vec2 at, float size, float turn)
+static void DrawMoth(Page& page, Vector2 at, float size, float turn)
 {
     const auto put = [&](Line line) { return Turned(Moved(Scaled(std::move(line), size), at), turn, at); };
     for (float side = -1; side < 2; side += 2) {
@@ -176,28 +185,30 @@ static void DrawMoth(Page& page, Vec2 at, float size, float turn)
 }
 
 // The chick on its way, looking back once.
-static void DrawChickLeaving(Page& page, Vec2 at)
+static void DrawChickLeaving(Page& page, Vector2 at)
 {
     // Legs first: it is all feet.
     for (float side = -1; side < 2; side += 2) {
-        const Vec2 ankle = at + Vec2{side * 50, side < 0 ? 172.0f : 150.0f};
+        const Vector2 ankle = at + Vector2{side * 50, side < 0 ? 172.0f : 150.0f};
         page.amber.nib.width = 13;
-        page.amber.Stroke(Through({at + Vec2{side * 28, 84}, at + Vec2{side * 36, 124}, ankle}),
+        page.amber.Stroke(Through({at + Vector2{side * 28, 84}, at + Vector2{side * 36, 124}, ankle}),
                           {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
         for (float toe = -1.5f; toe < 2; toe += 1.5f) {
             page.amber.nib.width = 15;
             // Spread on the ground, as seen from a little above.
-            page.amber.Stroke(Through({ankle, ankle + Vec2{toe * 16 + side * 6, 18},
-                                       ankle + Vec2{toe * 36 + side * 16, 44 - 9 * Abs(toe)}}),
+            page.amber.Stroke(Through({ankle, ankle + Vector2{toe * 16 + side * 6, 18},
+                                       ankle + Vector2{toe * 36 + side * 16, 44 - 9 * Abs(toe)}}),
                               {.start = 1, .middle = 0.8f, .end = 0.25f});
         }
     }
     // It is black: a body, a head without a neck, two stubs that are no wings yet.
-    Shape body(Round({at + Vec2{-84, 40}, at + Vec2{-92, -8}, at + Vec2{-72, -62}, at + Vec2{-60, -108},
-                      at + Vec2{0, -136}, at + Vec2{60, -108}, at + Vec2{72, -62}, at + Vec2{92, -8},
-                      at + Vec2{84, 40}, at + Vec2{46, 92}, at + Vec2{0, 104}, at + Vec2{-46, 92}}));
-    body.Add(Limb(Through({at + Vec2{-80, -20}, at + Vec2{-112, 26}, at + Vec2{-122, 62}}), 22, 17, 3));
-    body.Add(Limb(Through({at + Vec2{80, -20}, at + Vec2{108, 20}, at + Vec2{128, 50}}), 22, 17, 3));
+    Shape body(
+        Round({at + Vector2{-84, 40}, at + Vector2{-92, -8}, at + Vector2{-72, -62}, at + Vector2{-60, -108},
+               at + Vector2{0, -136}, at + Vector2{60, -108}, at + Vector2{72, -62}, at + Vector2{92, -8},
+               at + Vector2{84, 40}, at + Vector2{46, 92}, at + Vector2{0, 104}, at + Vector2{-46, 92}}));
+    body.Add(
+        Limb(Through({at + Vector2{-80, -20}, at + Vector2{-112, 26}, at + Vector2{-122, 62}}), 22, 17, 3));
+    body.Add(Limb(Through({at + Vector2{80, -20}, at + Vector2{108, 20}, at + Vector2{128, 50}}), 22, 17, 3));
     page.dark.Fill(body);
     const Mask inside = Mask(page.dark).Blur(9);
     // Only the feathers at its rim catch the moon, those on the right more of it.
@@ -205,13 +216,13 @@ static void DrawChickLeaving(Page& page, Vec2 at)
     Pen feather(down, SketchPaper(), {.width = 4, .wobble = 1.2f, .dry = 0.4f, .pool = 0}, 41),
         shadow(deep, SketchPaper(), {.width = 4, .wobble = 1.2f, .pool = 0}, 42);
     for (int i = 0; i < 2600; i++) {
-        const Vec2 p = at + Vec2{page.dice.Range(-140, 140), page.dice.Range(-145, 115)};
+        const Vector2 p = at + Vector2{page.dice.Range(-140, 140), page.dice.Range(-145, 115)};
         const float in = inside.Sample(p.x, p.y);
-        const Vec2 fall = Normalised(Vec2{(p.x - at.x) * 1.1f, 60 + 0.5f * (p.y - at.y)});
+        const Vector2 fall = Normalised(Vector2{(p.x - at.x) * 1.1f, 60 + 0.5f * (p.y - at.y)});
         const float turn = 0.5f * page.dice.Bell(), length = page.dice.Range(14, 32);
-        const Vec2 d = {fall.x * Cos(turn) - fall.y * Sin(turn), fall.x * Sin(turn) + fall.y * Cos(turn)};
+        const Vector2 d = {fall.x * Cos(turn) - fall.y * Sin(turn), fall.x * Sin(turn) + fall.y * Cos(turn)};
         if (in > 0.22f && in < 0.72f) {
-            const Line line = Through({p, p + d * (length * 0.5f), p + d * length + Vec2{d.y, -d.x} * 4});
+            const Line line = Through({p, p + d * (length * 0.5f), p + d * length + Vector2{d.y, -d.x} * 4});
             const bool moon = page.dice.Chance(0.16f + 0.42f * Smooth(-60, 120, p.x - at.x));
             (moon ? feather : shadow).Stroke(line, {.start = 0.9f, .middle = 0.7f, .end = 0});
         } else if (in >= 0.72f && page.dice.Chance(0.10f)) {
@@ -224,38 +235,38 @@ static void DrawChickLeaving(Page& page, Vec2 at)
     for (int i = -3; i <= 3; i++) { // what stands up on its head
         const float k = float(i);
         (i % 2 == 0 ? feather : shadow)
-            .Stroke(Through({at + Vec2{4 * k, -128}, at + Vec2{9 * k, -152},
-                             at + Vec2{16 * k + 6, -178 + 5 * Abs(k)}}),
+            .Stroke(Through({at + Vector2{4 * k, -128}, at + Vector2{9 * k, -152},
+                             at + Vector2{16 * k + 6, -178 + 5 * Abs(k)}}),
                     {.start = 0.9f, .middle = 0.6f, .end = 0});
     }
     page.dark.Unite(deep);
     page.lines.Screen(down.Scale(0.85f));
     // Its beak and the one eye that is on this side.
-    page.accents.Fill(
-        Shaken(Straight({at + Vec2{52, -110}, at + Vec2{112, -92}, at + Vec2{56, -76}, at + Vec2{52, -110}}),
-               1.5f, 20, 43));
-    page.lights.Fill(Ellipse(at + Vec2{24, -100}, 19, 17, 0.2f));
-    page.lights.Erase(Ellipse(at + Vec2{29, -98}, 9, 9));
+    page.accents.Fill(Shaken(Straight({at + Vector2{52, -110}, at + Vector2{112, -92}, at + Vector2{56, -76},
+                                       at + Vector2{52, -110}}),
+                             1.5f, 20, 43));
+    page.lights.Fill(Ellipse(at + Vector2{24, -100}, 19, 17, 0.2f));
+    page.lights.Erase(Ellipse(at + Vector2{29, -98}, 9, 9));
 }
 
 // A house that leans, and the tree that has taken it as its pot: they stand on the greater wheel.
-static void DrawLeaningHouse(Page& page, Vec2 foot)
+static void DrawLeaningHouse(Page& page, Vector2 foot)
 {
-    page.Body(Straight({foot + Vec2{-34, 6}, foot + Vec2{-22, -66}, foot + Vec2{42, -62}, foot + Vec2{36, 6},
-                        foot + Vec2{-34, 6}}),
+    page.Body(Straight({foot + Vector2{-34, 6}, foot + Vector2{-22, -66}, foot + Vector2{42, -62},
+                        foot + Vector2{36, 6}, foot + Vector2{-34, 6}}),
               4);
-    page.Body(
-        Straight({foot + Vec2{-36, -62}, foot + Vec2{18, -116}, foot + Vec2{56, -56}, foot + Vec2{-36, -62}}),
-        5);
-    page.lights.Fill(Straight({foot + Vec2{2, -22}, foot + Vec2{4, -46}, foot + Vec2{22, -45},
-                               foot + Vec2{21, -21}, foot + Vec2{2, -22}}));
-    page.Draw(Through({foot + Vec2{12, -46}, foot + Vec2{12, -22}}), 2.6f);
-    page.Draw(Through({foot + Vec2{3, -34}, foot + Vec2{21, -33}}), 2.6f);
+    page.Body(Straight({foot + Vector2{-36, -62}, foot + Vector2{18, -116}, foot + Vector2{56, -56},
+                        foot + Vector2{-36, -62}}),
+              5);
+    page.lights.Fill(Straight({foot + Vector2{2, -22}, foot + Vector2{4, -46}, foot + Vector2{22, -45},
+                               foot + Vector2{21, -21}, foot + Vector2{2, -22}}));
+    page.Draw(Through({foot + Vector2{12, -46}, foot + Vector2{12, -22}}), 2.6f);
+    page.Draw(Through({foot + Vector2{3, -34}, foot + Vector2{21, -33}}), 2.6f);
     page.pen.nib.width = 4;
-    DrawDeadTree(page.pen, foot + Vec2{34, -96}, {.height = 66, .trunk = 6, .lean = 0.25f, .generations = 4},
-                 55);
-    DrawDeadTree(page.pen, foot + Vec2{-62, 14}, {.height = 66, .trunk = 5, .lean = -0.2f, .generations = 4},
-                 56);
+    DrawDeadTree(page.pen, foot + Vector2{34, -96},
+                 {.height = 66, .trunk = 6, .lean = 0.25f, .generations = 4}, 55);
+    DrawDeadTree(page.pen, foot + Vector2{-62, 14},
+                 {.height = 66, .trunk = 5, .lean = -0.2f, .generations = 4}, 56);
 }
 
 static Canvas Page1()
@@ -322,11 +333,11 @@ static Canvas Page3()
     DrawChickLeaving(page, {Middle, 1124});
     // Its steps, from the border of the page.
     for (int i = 0; i < 5; i++) {
-        const Vec2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * float(i), 1372 + 52.0f * float(i)};
+        const Vector2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * float(i), 1372 + 52.0f * float(i)};
         const float small = 1 - 0.1f * float(4 - i) * 0.5f;
         for (float toe = -1; toe < 2; toe += 1)
-            page.Draw(Through({foot, foot + Vec2{toe * 10, -12} * small,
-                               foot + Vec2{toe * 19, -22 + 5 * Abs(toe)} * small}),
+            page.Draw(Through({foot, foot + Vector2{toe * 10, -12} * small,
+                               foot + Vector2{toe * 19, -22 + 5 * Abs(toe)} * small}),
                       3.4f, {.start = 0.8f, .middle = 0.6f, .end = 0.1f});
     }
     // The horizon, and what is left of the moon.

@@ -34,21 +34,21 @@ static Canvas Loading()
     Mask moon(W, H);
     Pen nib(moon, paper,
             {.width = 7, .least = 0.12f, .wobble = 1.6f, .wave = 70, .skip = 0.15f, .pool = 0.2f}, 5);
-    const Vec2 centre = {512, 180};
+    const Vector2 centre = {512, 180};
     nib.Stroke(Arc(centre, 104, 119, -2.2f, 1.9f), {.start = 0.05f, .middle = 1, .end = 0.25f});
     nib.nib.width = 3;
-    nib.Stroke(Arc(centre + Vec2{-42, -4}, 108, 124, -1.0f, 0.72f),
+    nib.Stroke(Arc(centre + Vector2{-42, -4}, 108, 124, -1.0f, 0.72f),
                {.start = 0.1f, .middle = 0.6f, .end = 0.5f});
     GlowAlong(canvas, moon, 70,
               {.core = palette::Bone, .halo = palette::Amber, .strength = 0.9f, .haloPart = 0.35f});
     // Shade, laid where the dark side will be, as far as the pen has come.
     Mask dark(W, H), hatching(W, H);
-    dark.Fill(Arc(centre, 100, 115, -1.5f, 1.2f)).Erase(Ellipse(centre + Vec2{-42, -4}, 108, 124));
+    dark.Fill(Arc(centre, 100, 115, -1.5f, 1.2f)).Erase(Ellipse(centre + Vector2{-42, -4}, 108, 124));
     Pen fine(hatching, paper, {.width = 1.8f, .skip = 0.2f, .pool = 0}, 6);
     Hatch(fine, dark.Blur(3), {.angle = -0.9f, .spacing = 7, .length = 60, .bend = 3}, 7);
     canvas.Light(hatching, palette::Amber, 0.5f);
     // And here is the pen now.
-    GlowAt(canvas, PointAt(Arc(centre + Vec2{-42, -4}, 108, 124, -1.0f, 0.72f), 1), 3.5f, 46,
+    GlowAt(canvas, PointAt(Arc(centre + Vector2{-42, -4}, 108, 124, -1.0f, 0.72f), 1), 3.5f, 46,
            {.strength = 0.9f});
     DarkenBorder(canvas, 24);
     return canvas;
@@ -58,13 +58,13 @@ static Canvas Loading()
 static Canvas StartForm()
 {
     constexpr int W = 1044, H = 414;
-    constexpr Vec2 Moon = {268, 186};
+    constexpr Vector2 Moon = {268, 186};
     Canvas canvas(W, H);
     const Paper& paper = SketchPaper();
     paper.Sheet(canvas, palette::Bone, 1.2f);
     const WashStyle sky = {.pool = 0, .granulation = 0.25f, .bloom = 0.6f, .bloomSize = 200, .stray = 0};
     const Mask night = Mask(W, H).Each([&](float x, float y) {
-        return Mix(1, 0.42f, Smooth(0, H, y)) * (1 - 0.55f * Bell(Length(Vec2{x, y} - Moon) / 260));
+        return Mix(1, 0.42f, Smooth(0, H, y)) * (1 - 0.55f * Bell(Length(Vector2{x, y} - Moon) / 260));
     });
     canvas.Glaze(WashDensity(paper, night, sky, 31), palette::Slate, 1.5f);
     canvas.Glaze(WashDensity(paper, night, sky, 32), palette::Slate, 0.6f);
@@ -74,7 +74,7 @@ static Canvas StartForm()
     paper.Sheet(face, palette::Bone, 1);
     const Noise noise(34);
     const Mask seas = Mask(W, H).Each([&](float x, float y) {
-        const Vec2 p = noise.Warp(x / 100, y / 100, 0.5f);
+        const Vector2 p = noise.Warp(x / 100, y / 100, 0.5f);
         return Smooth(0.02f, 0.12f, noise.Fbm(p.x, p.y, 4));
     });
     Wash(face, paper, seas,
@@ -87,7 +87,7 @@ static Canvas StartForm()
           .bleed = 24},
          35);
     const Mask limb = Mask(W, H).Each([&](float x, float y) {
-        return Smooth(70, 120, Length(Vec2{x, y} - Moon));
+        return Smooth(70, 120, Length(Vector2{x, y} - Moon));
     });
     face.Glaze(limb, palette::Ochre, 0.35f);
     canvas.Lay(face.CutOut(disc), 0, 0);
@@ -112,7 +112,7 @@ static Canvas StartForm()
     }
     canvas.Cover(far, Mix(palette::Night, palette::Slate, 0.35f), 0.8f);
     DrawDeadTree(pen, {84, 396}, {.height = 400, .trunk = 20, .lean = 0.10f}, 41);
-    for (const Vec2 f : {Vec2{392, 250}, Vec2{446, 160}, Vec2{180, 130}, Vec2{232, 96}})
+    for (const Vector2 f : {Vector2{392, 250}, Vector2{446, 160}, Vector2{180, 130}, Vector2{232, 96}})
         DrawDeadFir(pen, {f.x, 392}, {.height = f.y, .trunk = 9, .reach = f.y * 0.24f, .bare = 0.2f},
                     uint32_t(f.x));
     canvas.Cover(Filled(W, H, bank), palette::Ink, 0.97f);

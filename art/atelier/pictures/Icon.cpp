@@ -15,9 +15,9 @@ namespace atelier
 constexpr int Side = 1024; // in which it is painted
 
 struct Design {
-    Vec2 moon;
+    Vector2 moon;
     float radius;
-    Vec2 foot; // of the tree
+    Vector2 foot; // of the tree
     DeadTree tree;
     float nib;  // width of the pen for the tree, pixels
     bool small; // no firs at the horizon
@@ -51,8 +51,8 @@ static Shape Plate()
 {
     constexpr float Left = 24, Right = Side - 24, Corner = 200;
     Line line;
-    const auto corner = [&](Vec2 centre, float from) {
-        for (const Vec2 point : Arc(centre, Corner, Corner, from, from + Pi / 2))
+    const auto corner = [&](Vector2 centre, float from) {
+        for (const Vector2 point : Arc(centre, Corner, Corner, from, from + Pi / 2))
             line.push_back(point);
     };
     corner({Left + Corner, Left + Corner}, Pi);
@@ -69,7 +69,7 @@ static Mask Silhouette(const Design& design)
     Pen pen(ink, SketchPaper(), {.width = design.nib, .wobble = 1, .skip = 0, .dry = 0}, 71);
     DrawDeadTree(pen, design.foot, design.tree, 74);
     if (!design.small)
-        for (const Vec2 fir : {Vec2{640, 190}, Vec2{716, 290}, Vec2{800, 220}, Vec2{884, 330}})
+        for (const Vector2 fir : {Vector2{640, 190}, Vector2{716, 290}, Vector2{800, 220}, Vector2{884, 330}})
             DrawDeadFir(pen, {fir.x, 890},
                         {.height = fir.y, .trunk = 15, .reach = fir.y * 0.26f, .bare = 0.15f, .beard = 0.3f},
                         uint32_t(fir.x));
@@ -93,7 +93,7 @@ static Mask Seas(const Design& design)
     const Noise noise(34);
     const float size = design.radius * 0.85f;
     return Mask(Side, Side).Each([&](float x, float y) {
-        const Vec2 p = noise.Warp((x - design.moon.x) / size, (y - design.moon.y) / size, 0.5f);
+        const Vector2 p = noise.Warp((x - design.moon.x) / size, (y - design.moon.y) / size, 0.5f);
         return Smooth(0.02f, 0.12f, noise.Fbm(p.x, p.y, 4));
     });
 }
@@ -105,7 +105,7 @@ static Canvas Painted(const Design& design)
     paper.Sheet(canvas, palette::Bone, 1.2f);
     const WashStyle sky = {.pool = 0, .granulation = 0.25f, .bloom = 0.6f, .bloomSize = 260, .stray = 0};
     const Mask night = Mask(Side, Side).Each([&](float x, float y) {
-        const float halo = Bell(Length(Vec2{x, y} - design.moon) / (2 * design.radius));
+        const float halo = Bell(Length(Vector2{x, y} - design.moon) / (2 * design.radius));
         return Mix(1, 0.6f, Smooth(0, Side, y)) * (1 - 0.5f * halo);
     });
     canvas.Glaze(WashDensity(paper, night, sky, 31), palette::Slate, 1.6f);
@@ -117,7 +117,7 @@ static Canvas Painted(const Design& design)
     paper.Sheet(face, palette::Bone, 1);
     face.Glaze(Seas(design), palette::Mist, 0.42f);
     const Mask limb = Mask(Side, Side).Each([&](float x, float y) {
-        return Smooth(0.55f, 1.02f, Length(Vec2{x, y} - design.moon) / design.radius);
+        return Smooth(0.55f, 1.02f, Length(Vector2{x, y} - design.moon) / design.radius);
     });
     face.Glaze(limb, palette::Ochre, 0.5f);
     canvas.Lay(face.CutOut(disc), 0, 0);

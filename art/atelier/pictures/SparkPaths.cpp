@@ -8,7 +8,7 @@ namespace atelier
 
 Line SparkPath(int path, float width, float height)
 {
-    std::vector<Vec2> points;
+    std::vector<Vector2> points;
     for (const float* p = scrollerPaths[path]; *p != scrollerPathEnd; p += 2)
         points.push_back({p[0] / scrollerPathUnit * width, (1 - p[1] / scrollerPathUnit) * height});
     // Sparks run straight from point to point; the bend between two of them stays within a pixel of that.

@@ -9,7 +9,7 @@ namespace atelier
 {
 
 // Paper over ribs of wire, lit from within: its light, without anything round it.
-static void DrawLantern(Canvas& canvas, Vec2 centre, float size)
+static void DrawLantern(Canvas& canvas, Vector2 centre, float size)
 {
     const int W = canvas.Width(), H = canvas.Height();
     const Paper& paper = SketchPaper();
@@ -17,7 +17,7 @@ static void DrawLantern(Canvas& canvas, Vec2 centre, float size)
         Filled(W, H, Shaken(Ellipse(centre, 0.62f * size, 0.76f * size), 0.02f * size, size, 51));
     Canvas lit(W, H, palette::Black);
     const Mask light = Mask(W, H).Each([&](float x, float y) {
-        return Bell(Length(Vec2{x - centre.x, y - centre.y - 0.1f * size}) / (0.75f * size));
+        return Bell(Length(Vector2{x - centre.x, y - centre.y - 0.1f * size}) / (0.75f * size));
     });
     lit.Light(WashDensity(paper, body, {.density = 1, .pool = 0.3f, .bloomSize = size, .stray = 0}, 52),
               palette::Ochre, 0.7f);
@@ -27,8 +27,8 @@ static void DrawLantern(Canvas& canvas, Vec2 centre, float size)
     for (int i = -2; i <= 2; i++) {
         const float y = 0.26f * size * float(i);
         const float half = 0.62f * size * Sqrt(Max(0, 1 - y * y / (0.5776f * size * size)));
-        pen.Stroke(
-            Through({centre + Vec2{-half, y}, centre + Vec2{0, y + 0.07f * size}, centre + Vec2{half, y}}));
+        pen.Stroke(Through(
+            {centre + Vector2{-half, y}, centre + Vector2{0, y + 0.07f * size}, centre + Vector2{half, y}}));
     }
     lit.Cover(ribs, palette::Rust, 0.55f);
     lit.CutOut(body);
@@ -36,8 +36,8 @@ static void DrawLantern(Canvas& canvas, Vec2 centre, float size)
     canvas.Lay(lit, 0, 0);
     Mask cord(W, H);
     Pen wire(cord, paper, {.width = 0.04f * size, .least = 0.5f, .skip = 0}, 54);
-    wire.Stroke(Through({centre + Vec2{0, -1.1f * size}, centre + Vec2{0.02f * size, -0.9f * size},
-                         centre + Vec2{0, -0.74f * size}}));
+    wire.Stroke(Through({centre + Vector2{0, -1.1f * size}, centre + Vector2{0.02f * size, -0.9f * size},
+                         centre + Vector2{0, -0.74f * size}}));
     canvas.Light(cord, palette::Amber, 0.6f);
 }
 
@@ -68,7 +68,7 @@ static Canvas StartForm()
     const Mask night(W, H, 1);
     canvas.Glaze(WashDensity(paper, night, {.pool = 0, .bloom = 0.6f, .bloomSize = 200, .stray = 0}, 61),
                  palette::Slate, 1.9f);
-    for (const Vec2 place : {Vec2{522, 190}, Vec2{300, 150}, Vec2{760, 140}})
+    for (const Vector2 place : {Vector2{522, 190}, Vector2{300, 150}, Vector2{760, 140}})
         DrawLantern(canvas, place, place.x == 522 ? 120 : 70);
     paper.Show(canvas, 0.4f);
     // The form goes on below in plain ink.

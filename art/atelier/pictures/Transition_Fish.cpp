@@ -13,7 +13,7 @@ namespace atelier
 constexpr int W = 1536, H = 1024;
 constexpr float Hinge = 1024, Spine = 512;
 // The first frame of the scene looks at a few pixels round this place; there must be nothing but bone.
-constexpr Vec2 FirstSight = {384, 486};
+constexpr Vector2 FirstSight = {384, 486};
 
 static float SpineY(float x)
 {
@@ -64,7 +64,7 @@ static void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
     pen.Stroke(crown, {.start = 0.6f, .middle = 1, .end = 0.5f});
     pen.Stroke(jaw, {.start = 0.5f, .middle = 0.9f, .end = 0.4f});
     // The socket, the plates of the cheek and the gill cover, sutures.
-    const Vec2 eye = {292, 440};
+    const Vector2 eye = {292, 440};
     ink.Fill(Shaken(Ellipse(eye, 54, 48), 5, 34, 15));
     pen.nib.width = 7;
     pen.Stroke(Ellipse(eye, 66, 60, 0.5f), {.start = 0.2f, .middle = 0.9f, .end = 0.1f});
@@ -83,7 +83,7 @@ static void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
     for (int i = 0; i < 46; i++) {
         // Growth lines of the plates, away from the place of the first sight.
         const float a = dice.Range(-1.1f, 1.2f), r = dice.Range(196, 232);
-        const Vec2 p = Vec2{286, 500} + Vec2{Cos(a), Sin(a)} * r;
+        const Vector2 p = Vector2{286, 500} + Vector2{Cos(a), Sin(a)} * r;
         if (Length(p - FirstSight) > 46)
             pen.Stroke(Arc({286, 500}, r, r, a, a + dice.Range(0.05f, 0.2f)),
                        {.start = 0, .middle = 0.7f, .end = 0});
@@ -106,7 +106,7 @@ static void DrawSkull(Mask& bone, Mask& ink, const Paper& paper)
     pen.nib.width = 2.8f;
     Hatch(pen, shade.Blur(9).Multiply(bone), {.angle = -0.9f, .spacing = 8, .length = 44, .bend = 8}, 17);
     for (int i = 0; i < 40; i++) {
-        const Vec2 p = {dice.Range(90, 330), dice.Range(390, 560)};
+        const Vector2 p = {dice.Range(90, 330), dice.Range(390, 560)};
         if (bone.Sample(p.x, p.y) > 0.9f && Length(p - FirstSight) > 60 && Length(p - eye) > 70)
             pen.Dot(p, dice.Range(0.8f, 2.2f));
     }
@@ -153,18 +153,19 @@ static void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
     // The rays of the dorsal fin stand on their own little bones.
     for (int i = 0; i < 15; i++) {
         const float x = 640 + 21.0f * float(i), tall = 110 * Hill(760, 260, x) + 44;
-        const Vec2 foot = {x + 56, SpineY(x) - 188 + 0.0011f * (x - 740) * (x - 740) * 0.4f};
+        const Vector2 foot = {x + 56, SpineY(x) - 188 + 0.0011f * (x - 740) * (x - 740) * 0.4f};
         ribs.nib.width = 5;
-        ribs.Stroke(Through({foot, foot + Vec2{tall * 0.35f, -tall * 0.6f}, foot + Vec2{tall * 0.9f, -tall}}),
-                    {.start = 0.9f, .middle = 0.7f, .end = 0.05f});
+        ribs.Stroke(
+            Through({foot, foot + Vector2{tall * 0.35f, -tall * 0.6f}, foot + Vector2{tall * 0.9f, -tall}}),
+            {.start = 0.9f, .middle = 0.7f, .end = 0.05f});
     }
     // The tail fin: two fans of rays from the last vertebrae.
     for (int i = -9; i <= 9; i++) {
         const float k = float(i) / 9, long_ = 58 + 30 * Abs(k) + dice.Range(-6, 6);
-        const Vec2 root = {1432 - 14 * Abs(k), SpineY(1432) + 14 * k};
-        const Vec2 tip = root + Vec2{long_ * Cos(k * 1.05f), long_ * 2.6f * Sin(k * 1.05f)};
+        const Vector2 root = {1432 - 14 * Abs(k), SpineY(1432) + 14 * k};
+        const Vector2 tip = root + Vector2{long_ * Cos(k * 1.05f), long_ * 2.6f * Sin(k * 1.05f)};
         ribs.nib.width = 5.5f;
-        ribs.Stroke(Through({root, Mix(root, tip, 0.5f) + Vec2{9, 0}, tip}),
+        ribs.Stroke(Through({root, Mix(root, tip, 0.5f) + Vector2{9, 0}, tip}),
                     {.start = 0.9f, .middle = 0.7f, .end = 0.08f});
     }
     // Vertebrae: hourglasses, shorter and lower towards the tail.

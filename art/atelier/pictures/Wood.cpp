@@ -6,17 +6,17 @@
 namespace atelier
 {
 
-void DrawBranch(Pen& pen, Vec2 from, float angle, float length, float width, int generations,
+void DrawBranch(Pen& pen, Vector2 from, float angle, float length, float width, int generations,
                 const DeadTree& tree, Dice& dice)
 {
     constexpr int Knots = 6;
-    std::vector<Vec2> knots = {from};
+    std::vector<Vector2> knots = {from};
     std::vector<float> headings = {angle};
     for (int i = 0; i < Knots; i++) {
         angle += tree.gnarl * dice.Bell();
         // Turn a little towards the light, or towards the ground.
         angle += tree.rise * Sin(-Pi / 2 - angle);
-        knots.push_back(knots.back() + Vec2{Cos(angle), Sin(angle)} * (length / Knots));
+        knots.push_back(knots.back() + Vector2{Cos(angle), Sin(angle)} * (length / Knots));
         headings.push_back(angle);
     }
     pen.nib.width = Max(width, 0.9f);
@@ -40,7 +40,7 @@ void DrawBranch(Pen& pen, Vec2 from, float angle, float length, float width, int
                generations - 1, tree, dice);
 }
 
-void DrawDeadTree(Pen& pen, Vec2 foot, const DeadTree& tree, uint32_t seed)
+void DrawDeadTree(Pen& pen, Vector2 foot, const DeadTree& tree, uint32_t seed)
 {
     Dice dice(seed);
     const Nib before = pen.nib;
@@ -48,13 +48,13 @@ void DrawDeadTree(Pen& pen, Vec2 foot, const DeadTree& tree, uint32_t seed)
     pen.nib.skip = 0;
     pen.nib.dry = 0.12f;
     // The foot spreads: roots that come down along the stem and run out on the ground.
-    const Vec2 up = {Sin(tree.lean), -Cos(tree.lean)};
+    const Vector2 up = {Sin(tree.lean), -Cos(tree.lean)};
     for (int i = 0; i < 5; i++) {
         const float side = (float(i) - 2) * 0.42f + 0.1f * dice.Bell();
         pen.nib.width = tree.trunk * 0.6f;
-        pen.Stroke(Through({foot + up * (tree.trunk * 1.3f) + Vec2{side * tree.trunk * 0.25f, 0},
-                            foot + up * (tree.trunk * 0.4f) + Vec2{side * tree.trunk * 0.6f, 0},
-                            foot + Vec2{side * tree.trunk * 1.9f, dice.Range(0, 4)}}),
+        pen.Stroke(Through({foot + up * (tree.trunk * 1.3f) + Vector2{side * tree.trunk * 0.25f, 0},
+                            foot + up * (tree.trunk * 0.4f) + Vector2{side * tree.trunk * 0.6f, 0},
+                            foot + Vector2{side * tree.trunk * 1.9f, dice.Range(0, 4)}}),
                    {.start = 0.1f, .middle = 0.9f, .end = 0.05f});
     }
     pen.nib.wander = 0.2f;
@@ -62,15 +62,15 @@ void DrawDeadTree(Pen& pen, Vec2 foot, const DeadTree& tree, uint32_t seed)
     pen.nib = before;
 }
 
-void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed)
+void DrawDeadFir(Pen& pen, Vector2 foot, const DeadFir& fir, uint32_t seed)
 {
     Dice dice(seed);
     const Nib before = pen.nib;
     pen.nib.pool = 0;
     pen.nib.skip = 0.1f;
-    const Vec2 tip = foot + Vec2{fir.lean, -fir.height};
+    const Vector2 tip = foot + Vector2{fir.lean, -fir.height};
     const Line stem =
-        Shaken(Through({foot, Mix(foot, tip, 0.5f) + Vec2{fir.lean * -0.15f, 0}, tip}), 2.5f, 90, seed);
+        Shaken(Through({foot, Mix(foot, tip, 0.5f) + Vector2{fir.lean * -0.15f, 0}, tip}), 2.5f, 90, seed);
     pen.nib.width = fir.trunk;
     pen.Stroke(stem, {.start = 1, .middle = 0.6f, .end = 0.03f});
     const float whorls = fir.height / 11;
@@ -81,14 +81,14 @@ void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed)
         for (int side = -1; side <= 1; side += 2) {
             if (dice.Chance(fir.bare * (0.55f + 0.5f * down)))
                 continue;
-            const Vec2 root = PointAt(stem, 1 - down);
+            const Vector2 root = PointAt(stem, 1 - down);
             const bool stub = dice.Chance(0.12f + 0.5f * fir.bare);
             const float reach = fir.reach * Pow(down, 0.8f) * dice.Range(0.55f, 1.15f) * (stub ? 0.3f : 1);
             const float out = float(side) * reach;
             const float droop = reach * dice.Range(0.18f, 0.5f);
-            const Line branch =
-                Through({root, root + Vec2{out * 0.4f, droop * 0.2f}, root + Vec2{out * 0.8f, droop * 0.75f},
-                         root + Vec2{out, droop * (stub ? 0.9f : 0.7f)}});
+            const Line branch = Through({root, root + Vector2{out * 0.4f, droop * 0.2f},
+                                         root + Vector2{out * 0.8f, droop * 0.75f},
+                                         root + Vector2{out, droop * (stub ? 0.9f : 0.7f)}});
             pen.nib.width = 1.2f + fir.trunk * 0.22f * down;
             pen.Stroke(branch, {.start = 1, .middle = 0.7f, .end = stub ? 0.7f : 0.05f});
             // Twigs hang from it, and lichen from the twigs.
@@ -97,16 +97,16 @@ void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed)
                 if (dice.Chance(0.3f + 0.5f * fir.bare))
                     continue;
                 const float t = dice.Range(0.25f, 1);
-                const Vec2 p = PointAt(branch, t);
+                const Vector2 p = PointAt(branch, t);
                 const float hang = reach * dice.Range(0.1f, 0.3f) * (1.1f - 0.5f * t);
                 pen.nib.width = 1.5f;
-                pen.Stroke(Through({p, p + Vec2{out * 0.05f, hang * 0.5f},
-                                    p + Vec2{out * dice.Range(0.02f, 0.12f), hang}}),
+                pen.Stroke(Through({p, p + Vector2{out * 0.05f, hang * 0.5f},
+                                    p + Vector2{out * dice.Range(0.02f, 0.12f), hang}}),
                            {.start = 0.8f, .middle = 0.6f, .end = 0.02f});
                 if (dice.Chance(fir.beard * 0.5f)) {
                     pen.nib.width = 1;
-                    pen.Stroke(Through({p, p + Vec2{dice.Range(-2, 2), hang * 0.8f},
-                                        p + Vec2{dice.Range(-4, 4), hang * dice.Range(1.2f, 2.2f)}}),
+                    pen.Stroke(Through({p, p + Vector2{dice.Range(-2, 2), hang * 0.8f},
+                                        p + Vector2{dice.Range(-4, 4), hang * dice.Range(1.2f, 2.2f)}}),
                                {.start = 0.5f, .middle = 0.35f, .end = 0});
                 }
             }
@@ -115,7 +115,7 @@ void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed)
     pen.nib = before;
 }
 
-void DrawRoots(Pen& pen, Vec2 foot, float reach, float width, uint32_t seed)
+void DrawRoots(Pen& pen, Vector2 foot, float reach, float width, uint32_t seed)
 {
     Dice dice(seed);
     const Nib before = pen.nib;

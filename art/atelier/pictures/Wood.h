@@ -18,10 +18,10 @@ struct DeadTree {
     int generations = 5;
     float density = 1; // of branches
 };
-void DrawDeadTree(Pen& pen, Vec2 foot, const DeadTree& tree, uint32_t seed);
+void DrawDeadTree(Pen& pen, Vector2 foot, const DeadTree& tree, uint32_t seed);
 
 // One branch with its twigs, from a place in a direction (radians, 0 to the right, -Pi / 2 up).
-void DrawBranch(Pen& pen, Vec2 from, float angle, float length, float width, int generations,
+void DrawBranch(Pen& pen, Vector2 from, float angle, float length, float width, int generations,
                 const DeadTree& tree, Dice& dice);
 
 struct DeadFir {
@@ -32,9 +32,9 @@ struct DeadFir {
     float lean = 0;     // pixels by which the tip stands aside
     float beard = 0.5f; // lichen hanging from the branches
 };
-void DrawDeadFir(Pen& pen, Vec2 foot, const DeadFir& fir, uint32_t seed);
+void DrawDeadFir(Pen& pen, Vector2 foot, const DeadFir& fir, uint32_t seed);
 
 // Roots that leave a stem's foot to both sides and into the ground.
-void DrawRoots(Pen& pen, Vec2 foot, float reach, float width, uint32_t seed);
+void DrawRoots(Pen& pen, Vector2 foot, float reach, float width, uint32_t seed);
 
 } // namespace atelier

@@ -11,7 +11,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr int controlStep = 64;
 
 static double BeatOf(int64_t sample)

@@ -59,9 +59,7 @@ static void Finish(Samples& sound, size_t held, double damping, double attack)
         sound[i] *= float(height);
         height *= shrink;
     }
-    const size_t tail = std::min<size_t>(sound.size(), 882);
-    for (size_t i = 0; i < tail; i++)
-        sound[sound.size() - 1 - i] *= float(i) / float(tail);
+    FadeOut(&sound, 882);
 }
 
 static void Tick(Samples& sound, uint32_t seed, double hz, double q, double seconds, double level)

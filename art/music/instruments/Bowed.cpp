@@ -11,7 +11,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr int controlStep = 32; // samples between two looks at bow and fingers
 
 // clang-format off

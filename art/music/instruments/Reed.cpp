@@ -10,7 +10,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr int controlStep = 32;
 constexpr int harmonics = 14;
 

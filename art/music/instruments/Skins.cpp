@@ -10,8 +10,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
-
 // A skin's modes: how many times the lowest, how loud when hit off its middle, seconds for 60 dB.
 struct SkinMode {
     double ratio, level, decay;
@@ -72,9 +70,7 @@ Samples PlayDrum(const Note& note)
         if (i < rise)
             sound[i] *= float(i) / float(rise);
     }
-    const size_t tail = sampleRate / 10;
-    for (size_t i = 0; i < tail; i++)
-        sound[sound.size() - 1 - i] *= float(i) / float(tail);
+    FadeOut(&sound, sampleRate / 10);
     return sound;
 }
 
@@ -107,9 +103,7 @@ Samples PlayBrush(const Note& note)
             sound[i] = float(level * height) * (wires.Next(white) + 0.5f * skin.Next(white));
         }
     }
-    const size_t tail = sampleRate / 50;
-    for (size_t i = 0; i < tail; i++)
-        sound[sound.size() - 1 - i] *= float(i) / float(tail);
+    FadeOut(&sound, sampleRate / 50);
     return sound;
 }
 
@@ -154,9 +148,7 @@ Samples PlayStep(const Note& note)
         sound[i] +=
             float(0.9 * level * std::min(1.0, t / 0.006) * std::exp(-t / 0.035)) * SineOfTurns(82 * t);
     }
-    const size_t tail = sampleRate / 20;
-    for (size_t i = 0; i < tail; i++)
-        sound[sound.size() - 1 - i] *= float(i) / float(tail);
+    FadeOut(&sound, sampleRate / 20);
     return sound;
 }
 

@@ -12,8 +12,6 @@
 namespace waltz
 {
 
-constexpr double pi = 3.14159265358979323846;
-
 // How one string of a kind behaves at a pitch and a strength.
 struct StringKind {
     double stiffness;  // partial n lies at n * sqrt(1 + stiffness * n * n) times the fundamental
@@ -69,10 +67,7 @@ static void RingOut(ModalBank& bank, Samples& sound, int64_t length, double damp
     bank.Ring(sound, 0, held);
     bank.Damp(damping);
     bank.Ring(sound, held, all);
-    // The last millisecond of what is left goes in a straight line.
-    const size_t tail = std::min<size_t>(sound.size(), 441);
-    for (size_t i = 0; i < tail; i++)
-        sound[sound.size() - 1 - i] *= float(i) / float(tail);
+    FadeOut(&sound, 441);
 }
 
 // A short noise of something soft, from the start of the sound.

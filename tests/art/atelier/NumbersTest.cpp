@@ -95,7 +95,7 @@ TEST(AtelierNoise, RepeatsAfterItsPeriodsInEveryOctave)
             EXPECT_NEAR(noise.Fbm(x, y, 5), noise.Fbm(x + 4, y - 6, 5), 1e-3f);
             EXPECT_NEAR(noise.Ridges(x, y, 4), noise.Ridges(x - 4, y + 12, 4), 1e-3f);
             EXPECT_NEAR(noise.Worley(x, y).nearest, noise.Worley(x + 4, y + 6).nearest, 1e-4f);
-            const Vec2 here = noise.Warp(x, y, 0.5f), there = noise.Warp(x + 4, y + 6, 0.5f);
+            const Vector2 here = noise.Warp(x, y, 0.5f), there = noise.Warp(x + 4, y + 6, 0.5f);
             EXPECT_NEAR(here.x + 4, there.x, 1e-3f);
             EXPECT_NEAR(here.y + 6, there.y, 1e-3f);
         }

@@ -20,7 +20,7 @@ static Mask MaskOf(const std::vector<std::string>& rows)
 static bool Has(const Line& line, float x, float y)
 {
     return std::any_of(line.begin(), line.end(),
-                       [&](Vec2 p) { return std::fabs(p.x - x) < 1e-4f && std::fabs(p.y - y) < 1e-4f; });
+                       [&](Vector2 p) { return std::fabs(p.x - x) < 1e-4f && std::fabs(p.y - y) < 1e-4f; });
 }
 
 TEST(Outline, OfOnePixelIsASquareRoundItOnItsTip)
@@ -69,8 +69,8 @@ TEST(Outline, LeavesOutPointsOfStraightLinesAndSmallSpots)
     const Mask bar = MaskOf({".........", ".#######.", ".#######.", "........."});
     const Line octagon = Traced(bar, 0.5f, 0, 0)[0];
     EXPECT_EQ(8u, octagon.size()) << "of eighteen points, those on straight pieces are gone";
-    for (const Vec2 corner : {Vec2{1, 0.5f}, Vec2{7, 0.5f}, Vec2{7.5f, 1}, Vec2{7.5f, 2}, Vec2{7, 2.5f},
-                              Vec2{1, 2.5f}, Vec2{0.5f, 2}, Vec2{0.5f, 1}})
+    for (const Vector2 corner : {Vector2{1, 0.5f}, Vector2{7, 0.5f}, Vector2{7.5f, 1}, Vector2{7.5f, 2},
+                                 Vector2{7, 2.5f}, Vector2{1, 2.5f}, Vector2{0.5f, 2}, Vector2{0.5f, 1}})
         EXPECT_TRUE(Has(octagon, corner.x, corner.y)) << corner.x << " " << corner.y;
     EXPECT_LT(Traced(bar, 0.5f, 0.6f, 0)[0].size(), 8u);
     EXPECT_EQ(0u, Traced(MaskOf({"...", ".#.", "..."}), 0.5f, 0, 0.6f).size()) << "its area is a half";

@@ -33,7 +33,7 @@ TEST(PenAlphabet, DefinesEachLetterOnceAndInsideItsHeights)
         const std::vector<WrittenStroke> strokes = Writing(text, {0, 0}, style);
         EXPECT_FALSE(strokes.empty()) << text;
         for (const WrittenStroke& stroke : strokes)
-            for (const Vec2& p : stroke.line) {
+            for (const Vector2& p : stroke.line) {
                 EXPECT_GT(p.y, -118) << text;
                 EXPECT_LT(p.y, 46) << text;
                 EXPECT_GT(p.x, -15) << text;
@@ -58,7 +58,7 @@ TEST(PenAlphabet, KernsSlantedNeighboursCloserThanUprightOnes)
     const auto gap = [](const std::string& pair) {
         float right = -1000, left = 1000;
         for (const WrittenStroke& stroke : Writing(pair, {0, 0}, {.size = 90, .slant = 0, .lively = 0}))
-            for (const Vec2& p : stroke.line)
+            for (const Vector2& p : stroke.line)
                 (stroke.letter == 0 ? right : left) = stroke.letter == 0 ? Max(right, p.x) : Min(left, p.x);
         return left - right;
     };
@@ -80,7 +80,8 @@ TEST(PenAlphabet, NoTwoLettersAreAlikeUnlessAskedFor)
         LetterStyle style;
         style.lively = lively;
         const std::vector<WrittenStroke> strokes = Writing("oo", {0, 0}, style);
-        const Vec2 a = strokes[0].line[3] - strokes[0].line[0], b = strokes[1].line[3] - strokes[1].line[0];
+        const Vector2 a = strokes[0].line[3] - strokes[0].line[0],
+                      b = strokes[1].line[3] - strokes[1].line[0];
         return Length(a - b);
     };
     EXPECT_NEAR(0, shapes(0), 1e-3f);

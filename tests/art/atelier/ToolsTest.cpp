@@ -112,11 +112,11 @@ TEST(AtelierMask, FadesToExactlyNothingOnTheOutermostTwoPixels)
 
 TEST(AtelierLine, RunsThroughItsPointsInEvenSteps)
 {
-    const std::vector<Vec2> points = {{0, 0}, {40, 30}, {90, 10}, {120, 80}};
+    const std::vector<Vector2> points = {{0, 0}, {40, 30}, {90, 10}, {120, 80}};
     const Line line = Through(points);
-    for (const Vec2& p : points) {
+    for (const Vector2& p : points) {
         float nearest = 100;
-        for (const Vec2& q : line)
+        for (const Vector2& q : line)
             nearest = Min(nearest, Length(p - q));
         EXPECT_LT(nearest, 0.01f);
     }

@@ -16,47 +16,47 @@ static Stuff Skin(const Arm& arm)
 }
 
 // A warm touch of wash: joints, fingertips, the ball of the thumb. It takes on what is painted already.
-static void Flush(Canvas& canvas, const Sight& sight, Vec2 place, float radius, float strength)
+static void Flush(Canvas& canvas, const Sight& sight, Vector2 place, float radius, float strength)
 {
     const float r = radius * sight.scale;
-    Around(canvas, {sight(place)}, 2.6f * r, [&](Canvas& part, Vec2 origin) {
-        const Vec2 at = sight(place) - origin;
+    Around(canvas, {sight(place)}, 2.6f * r, [&](Canvas& part, Vector2 origin) {
+        const Vector2 at = sight(place) - origin;
         Mask spot(part.Width(), part.Height());
-        spot.Each([&](float x, float y) { return Bell(Length(Vec2{x, y} - at) / r); }, 2);
+        spot.Each([&](float x, float y) { return Bell(Length(Vector2{x, y} - at) / r); }, 2);
         part.Glaze(spot, Mix(palette::Rust, palette::Ochre, 0.35f), strength);
     });
 }
 
 // Where a part grows out of another that is painted already: a soft spot.
-static Mask Root(const Canvas& canvas, Vec2 at, float inner, float outer)
+static Mask Root(const Canvas& canvas, Vector2 at, float inner, float outer)
 {
     return Mask(canvas.Width(), canvas.Height())
         .Each(
             [&](float x, float y) {
-                return Smooth(outer, inner, Length(Vec2{x, y} - at));
+                return Smooth(outer, inner, Length(Vector2{x, y} - at));
             },
             2);
 }
 
 Line Forearm(const Sight& sight, const Arm& arm)
 {
-    return Through({sight({8, 262}), sight({14, 330}), sight({6, 430}), Vec2{496 - arm.bend * 0.6f, 790},
-                    Vec2{400 - arm.bend, 1100}});
+    return Through({sight({8, 262}), sight({14, 330}), sight({6, 430}), Vector2{496 - arm.bend * 0.6f, 790},
+                    Vector2{400 - arm.bend, 1100}});
 }
 
 // The points of a hand of common width, as the arm's girth has them.
-static std::vector<Vec2> Widened(const Arm& arm, std::vector<Vec2> points)
+static std::vector<Vector2> Widened(const Arm& arm, std::vector<Vector2> points)
 {
-    for (Vec2& p : points)
+    for (Vector2& p : points)
         p.x *= arm.girth;
     return points;
 }
 
 // A soft dark stroke, in the colour of the skin's shade.
-static void PaintHollow(Canvas& canvas, const Sight& sight, const Arm& arm, const std::vector<Vec2>& points,
-                        float radius, float density, uint32_t seed)
+static void PaintHollow(Canvas& canvas, const Sight& sight, const Arm& arm,
+                        const std::vector<Vector2>& points, float radius, float density, uint32_t seed)
 {
-    Around(canvas, sight(Widened(arm, points)), 2.5f * radius, [&](Canvas& part, Vec2 origin) {
+    Around(canvas, sight(Widened(arm, points)), 2.5f * radius, [&](Canvas& part, Vector2 origin) {
         const Shape shape =
             Sausage(sight.From(origin)(Widened(arm, points)), {radius * 0.3f, radius, radius * 0.4f});
         const Mask dark = Filled(part.Width(), part.Height(), shape).Blur(radius * 0.45f);
@@ -104,7 +104,7 @@ static void PaintPalm(Canvas& canvas, const Sight& sight, const Arm& arm)
 
 // A finger of a hand of common width: the line from the palm to the tip, and its half width at each point.
 struct HandFinger {
-    std::vector<Vec2> points;
+    std::vector<Vector2> points;
     std::vector<float> radii;
 };
 
@@ -143,9 +143,9 @@ static void PaintFingers(Canvas& canvas, const Sight& sight, const Arm& arm,
         std::vector<float> radii = fingers[i].radii;
         for (float& r : radii)
             r *= arm.girth;
-        Around(canvas, sight(Widened(arm, fingers[i].points)), 60, [&](Canvas& part, Vec2 origin) {
+        Around(canvas, sight(Widened(arm, fingers[i].points)), 60, [&](Canvas& part, Vector2 origin) {
             const Sight here = sight.From(origin);
-            const std::vector<Vec2> points = here(Widened(arm, fingers[i].points));
+            const std::vector<Vector2> points = here(Widened(arm, fingers[i].points));
             const Mask finger = Melted(part.Width(), part.Height(), Sausage(points, radii), 2.5f);
             Mask root =
                 Root(part, points[0] + (points[1] - points[0]) * 0.12f, radii[0] * 1.3f, radii[0] * 2.1f);
@@ -162,7 +162,7 @@ static void DrawCreases(Canvas& canvas, const Sight& sight, const Arm& arm,
 {
     Mask creases(canvas.Width(), canvas.Height());
     Pen pen(creases, SketchPaper(), {.width = 3.6f, .wobble = 1, .skip = 0.25f, .pool = 0.1f}, arm.seed + 80);
-    const auto draw = [&](const std::vector<Vec2>& points, Press press = {0.25f, 1, 0.1f}) {
+    const auto draw = [&](const std::vector<Vector2>& points, Press press = {0.25f, 1, 0.1f}) {
         pen.Stroke(Through(sight(Widened(arm, points))), press);
     };
     draw({{-66, 104}, {-26, 138}, {4, 200}, {-4, 276}}, {0.7f, 1, 0.1f});
@@ -181,9 +181,9 @@ static void DrawCreases(Canvas& canvas, const Sight& sight, const Arm& arm,
     }
     // Joints of the fingers that are seen beside the card or in the palm, and the sinews of the wrist.
     const auto joint = [&](const HandFinger& finger, size_t knuckle) {
-        const Vec2 at = finger.points[knuckle],
-                   way = Normalised(finger.points[knuckle + 1] - finger.points[knuckle - 1]);
-        const Vec2 across = Vec2{-way.y, way.x} * (finger.radii[knuckle] * 0.82f);
+        const Vector2 at = finger.points[knuckle],
+                      way = Normalised(finger.points[knuckle + 1] - finger.points[knuckle - 1]);
+        const Vector2 across = Vector2{-way.y, way.x} * (finger.radii[knuckle] * 0.82f);
         for (const float step : {-3.5f, 3.0f})
             draw({at - across + way * step, at + way * (step + 2.5f), at + across + way * step});
     };
@@ -214,17 +214,17 @@ void PaintThumb(Canvas& whole, const Sight& far, const Arm& arm)
 {
     const float s = far.scale, g = arm.girth;
     const Stuff skin = Skin(arm);
-    const std::vector<Vec2> way = {{-72, 214}, {-106, 150}, {-114, 84}, {-98, 24}, {-78, -12}};
+    const std::vector<Vector2> way = {{-72, 214}, {-106, 150}, {-114, 84}, {-98, 24}, {-78, -12}};
     std::vector<float> radii = {44, 34, 27, 26, 19};
     for (float& r : radii)
         r *= g * s;
-    Around(whole, far(way), 84 * s, [&](Canvas& canvas, Vec2 origin) {
+    Around(whole, far(way), 84 * s, [&](Canvas& canvas, Vector2 origin) {
         const Sight sight = far.From(origin);
         const Mask thumb = Melted(canvas.Width(), canvas.Height(), Sausage(sight(way), radii), 2.5f * s);
         Mask root = Root(canvas, sight({-68, 208}), 56 * g * s, 110 * g * s);
         root.Multiply(canvas.Alpha());
         // Its shadow on the card.
-        const Vec2 cast = sight({9, 7}) - sight({0, 0});
+        const Vector2 cast = sight({9, 7}) - sight({0, 0});
         Mask shadow(canvas.Width(), canvas.Height());
         shadow.Each([&](float x, float y) { return thumb.Sample(x - cast.x, y - cast.y); })
             .Blur(4 * s)
@@ -243,11 +243,12 @@ void PaintThumb(Canvas& whole, const Sight& far, const Arm& arm)
         for (const float y : {0.0f, 6.0f, 13.0f})
             pen.Stroke(Through(sight({{-128 + y * 0.3f, 70 + y}, {-112, 65 + y}, {-98, 69 + y}})),
                        {0.1f, 0.8f, 0.1f});
-        const Vec2 bed = sight({-83, -5}), up = sight({-73, -23}) - bed, side = sight({-70, 2}) - bed;
-        std::vector<Vec2> nail;
-        for (const Vec2 p :
-             {Vec2{-0.92f, -0.5f}, Vec2{-0.98f, 0.3f}, Vec2{-0.6f, 0.95f}, Vec2{0, 1.12f}, Vec2{0.6f, 0.95f},
-              Vec2{0.98f, 0.3f}, Vec2{0.92f, -0.5f}, Vec2{0.5f, -0.8f}, Vec2{0, -0.88f}, Vec2{-0.5f, -0.8f}})
+        const Vector2 bed = sight({-83, -5}), up = sight({-73, -23}) - bed, side = sight({-70, 2}) - bed;
+        std::vector<Vector2> nail;
+        for (const Vector2 p :
+             {Vector2{-0.92f, -0.5f}, Vector2{-0.98f, 0.3f}, Vector2{-0.6f, 0.95f}, Vector2{0, 1.12f},
+              Vector2{0.6f, 0.95f}, Vector2{0.98f, 0.3f}, Vector2{0.92f, -0.5f}, Vector2{0.5f, -0.8f},
+              Vector2{0, -0.88f}, Vector2{-0.5f, -0.8f}})
             nail.push_back(bed + side * p.x + up * p.y);
         const Mask plate = Filled(canvas.Width(), canvas.Height(), Round(nail)).Blur(0.6f * s);
         canvas.Cover(plate, Mix(palette::Bone, palette::Parchment, 0.2f), 0.7f);

@@ -8,20 +8,20 @@
 namespace atelier
 {
 
-Vec2 Sight::operator()(Vec2 p) const
+Vector2 Sight::operator()(Vector2 p) const
 {
     p.y += cardHalf;
-    return centre + Vec2{p.x * Cos(turn) - p.y * Sin(turn), p.x * Sin(turn) + p.y * Cos(turn)} * scale;
+    return centre + Vector2{p.x * Cos(turn) - p.y * Sin(turn), p.x * Sin(turn) + p.y * Cos(turn)} * scale;
 }
 
-std::vector<Vec2> Sight::operator()(std::vector<Vec2> points) const
+std::vector<Vector2> Sight::operator()(std::vector<Vector2> points) const
 {
-    for (Vec2& p : points)
+    for (Vector2& p : points)
         p = (*this)(p);
     return points;
 }
 
-Shape Sausage(const std::vector<Vec2>& points, const std::vector<float>& radii)
+Shape Sausage(const std::vector<Vector2>& points, const std::vector<float>& radii)
 {
     const Line spine = Through(points);
     // Where along the spine its own points lie.
@@ -29,7 +29,7 @@ Shape Sausage(const std::vector<Vec2>& points, const std::vector<float>& radii)
     for (size_t i = 1; i < points.size(); i++)
         at.push_back(at.back() + Length(points[i] - points[i - 1]));
     const float length = LengthOf(spine);
-    std::vector<Vec2> left, right;
+    std::vector<Vector2> left, right;
     float way = 0;
     size_t piece = 1;
     for (size_t i = 0; i < spine.size(); i++) {
@@ -39,7 +39,7 @@ Shape Sausage(const std::vector<Vec2>& points, const std::vector<float>& radii)
         while (piece + 1 < at.size() && here > at[piece])
             piece++;
         const float radius = Mix(radii[piece - 1], radii[piece], Smooth(at[piece - 1], at[piece], here));
-        const Vec2 d = DirectionAt(spine, way / length), side = Vec2{-d.y, d.x} * radius;
+        const Vector2 d = DirectionAt(spine, way / length), side = Vector2{-d.y, d.x} * radius;
         left.push_back(spine[i] - side);
         right.push_back(spine[i] + side);
     }
@@ -57,7 +57,8 @@ Mask Melted(int width, int height, const Shape& shape, float melt)
     return Filled(width, height, shape).Blur(melt).Curve(0.42f, 0.58f);
 }
 
-void Within(Canvas& canvas, Vec2 from, Vec2 to, const std::function<void(Canvas& part, Vec2 origin)>& paint)
+void Within(Canvas& canvas, Vector2 from, Vector2 to,
+            const std::function<void(Canvas& part, Vector2 origin)>& paint)
 {
     const int left = std::max(0, Floor(from.x)), top = std::max(0, Floor(from.y));
     const int right = std::min(canvas.Width(), Floor(to.x) + 1),
@@ -71,15 +72,15 @@ void Within(Canvas& canvas, Vec2 from, Vec2 to, const std::function<void(Canvas&
             canvas.At(x, y) = part.At(x - left, y - top);
 }
 
-void Around(Canvas& canvas, const std::vector<Vec2>& points, float room,
-            const std::function<void(Canvas& part, Vec2 origin)>& paint)
+void Around(Canvas& canvas, const std::vector<Vector2>& points, float room,
+            const std::function<void(Canvas& part, Vector2 origin)>& paint)
 {
-    Vec2 from = points.front(), to = from;
-    for (const Vec2 p : points) {
+    Vector2 from = points.front(), to = from;
+    for (const Vector2 p : points) {
         from = {Min(from.x, p.x), Min(from.y, p.y)};
         to = {Max(to.x, p.x), Max(to.y, p.y)};
     }
-    Within(canvas, from - Vec2{room, room}, to + Vec2{room, room}, paint);
+    Within(canvas, from - Vector2{room, room}, to + Vector2{room, room}, paint);
 }
 
 static Mask Cut(const Mask& mask, int left, int top, int width, int height)
@@ -106,7 +107,7 @@ static void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, flo
 
     // How far each place has turned away from the light: 0 faces it, 1 is in its own shadow.
     const Mask form = body.Blurred(15 * scale);
-    const Vec2 light = Vec2{-15, -7} * scale;
+    const Vector2 light = Vector2{-15, -7} * scale;
     Mask turned(width, height);
     turned.Each(
         [&](float x, float y) {
@@ -187,7 +188,7 @@ void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale
                const Mask* open)
 {
     const float width = float(body.Width()), height = float(body.Height());
-    Vec2 from = {width, height}, to = {0, 0};
+    Vector2 from = {width, height}, to = {0, 0};
     for (int y = 0; y < body.Height(); y++)
         for (int x = 0; x < body.Width(); x++)
             if (body.At(x, y) > 0) {
@@ -196,8 +197,8 @@ void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale
                 to = {Max(to.x, fx), Max(to.y, fy)};
             }
     // Room for the light that is looked for beside the body.
-    const Vec2 room = {34 * scale, 34 * scale};
-    Within(canvas, from - room, to + room, [&](Canvas& part, Vec2 origin) {
+    const Vector2 room = {34 * scale, 34 * scale};
+    Within(canvas, from - room, to + room, [&](Canvas& part, Vector2 origin) {
         const int left = Floor(origin.x), top = Floor(origin.y);
         const Mask near = Cut(body, left, top, part.Width(), part.Height());
         if (open == nullptr) {
@@ -209,9 +210,9 @@ void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale
     });
 }
 
-void Strokes(Pen& pen, const std::vector<std::vector<Vec2>>& strokes, Press press)
+void Strokes(Pen& pen, const std::vector<std::vector<Vector2>>& strokes, Press press)
 {
-    for (const std::vector<Vec2>& stroke : strokes)
+    for (const std::vector<Vector2>& stroke : strokes)
         pen.Stroke(Through(stroke), press);
 }
 

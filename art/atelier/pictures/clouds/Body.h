@@ -11,19 +11,19 @@ namespace atelier
 // Where the drawing of a hand lies on a canvas. The hand's own frame is upright, 1 unit a pixel of the hand's
 // picture, y down, its origin the middle of the lower edge of the card that it holds.
 struct Sight {
-    Vec2 centre; // of the card
-    float turn;  // radians, clockwise
+    Vector2 centre; // of the card
+    float turn;     // radians, clockwise
     float scale;
     float cardHalf; // half the card's side in the hand's frame
 
-    Vec2 operator()(Vec2 p) const;
-    std::vector<Vec2> operator()(std::vector<Vec2> points) const;
+    Vector2 operator()(Vector2 p) const;
+    std::vector<Vector2> operator()(std::vector<Vector2> points) const;
     // On a part of the canvas that begins at `origin`.
-    Sight From(Vec2 origin) const { return {centre - origin, turn, scale, cardHalf}; }
+    Sight From(Vector2 origin) const { return {centre - origin, turn, scale, cardHalf}; }
 };
 
 // A round body along a way, as thick as the radii say at the way's own points, with round ends.
-Shape Sausage(const std::vector<Vec2>& points, const std::vector<float>& radii);
+Shape Sausage(const std::vector<Vector2>& points, const std::vector<float>& radii);
 
 // The mask of a shape whose corners have melted by so many pixels.
 Mask Melted(int width, int height, const Shape& shape, float melt);
@@ -42,12 +42,13 @@ void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale
 // Paints on a part of the canvas: `paint` is given a copy of what lies between two corners, and the corner
 // that is its origin. Brushes and washes cost what their canvas measures, and most of what is painted is
 // small.
-void Within(Canvas& canvas, Vec2 from, Vec2 to, const std::function<void(Canvas& part, Vec2 origin)>& paint);
+void Within(Canvas& canvas, Vector2 from, Vector2 to,
+            const std::function<void(Canvas& part, Vector2 origin)>& paint);
 // The same for a part that holds these points with so much room about them.
-void Around(Canvas& canvas, const std::vector<Vec2>& points, float room,
-            const std::function<void(Canvas& part, Vec2 origin)>& paint);
+void Around(Canvas& canvas, const std::vector<Vector2>& points, float room,
+            const std::function<void(Canvas& part, Vector2 origin)>& paint);
 
 // Pen strokes through these points, heavy at first and running out.
-void Strokes(Pen& pen, const std::vector<std::vector<Vec2>>& strokes, Press press = {0.6f, 1, 0.3f});
+void Strokes(Pen& pen, const std::vector<std::vector<Vector2>>& strokes, Press press = {0.6f, 1, 0.3f});
 
 } // namespace atelier

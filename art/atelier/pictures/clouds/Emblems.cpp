@@ -12,7 +12,7 @@ namespace atelier
 class Vignette
 {
 public:
-    Vignette(Canvas& newCanvas, Vec2 newAt, uint32_t newSeed)
+    Vignette(Canvas& newCanvas, Vector2 newAt, uint32_t newSeed)
         : canvas(newCanvas), at(newAt), seed(newSeed + 50), lines(canvas.Width(), canvas.Height()),
           pen(lines, SketchPaper(), {.width = 8, .wobble = 1.4f, .skip = 0.15f}, newSeed)
     {
@@ -21,23 +21,23 @@ public:
     Vignette(const Vignette&) = delete;
     Vignette& operator=(const Vignette&) = delete;
 
-    std::vector<Vec2> At(std::vector<Vec2> points) const
+    std::vector<Vector2> At(std::vector<Vector2> points) const
     {
-        for (Vec2& p : points)
+        for (Vector2& p : points)
             p = at + p;
         return points;
     }
     // A closed shape in paint that dries unevenly, with corners where `straight`.
-    void Paint(const std::vector<Vec2>& points, LinearColour colour, float opacity = 0.95f,
+    void Paint(const std::vector<Vector2>& points, LinearColour colour, float opacity = 0.95f,
                bool straight = false)
     {
-        std::vector<Vec2> closed = At(points);
+        std::vector<Vector2> closed = At(points);
         if (straight)
             closed.push_back(closed.front());
         const uint32_t first = seed;
         seed += 3;
-        Around(canvas, closed, 30, [&](Canvas& part, Vec2 origin) {
-            const Line outline = Moved(straight ? Straight(closed) : Round(closed), Vec2{} - origin);
+        Around(canvas, closed, 30, [&](Canvas& part, Vector2 origin) {
+            const Line outline = Moved(straight ? Straight(closed) : Round(closed), Vector2{} - origin);
             const Mask shape = Filled(part.Width(), part.Height(), Shaken(outline, 2, 30, first));
             const Noise noise(first + 1);
             part.Cover(
@@ -52,29 +52,29 @@ public:
                  first + 2);
         });
     }
-    void Outline(const std::vector<Vec2>& points, bool straight = false)
+    void Outline(const std::vector<Vector2>& points, bool straight = false)
     {
-        std::vector<Vec2> closed = At(points);
+        std::vector<Vector2> closed = At(points);
         if (straight)
             closed.push_back(closed.front());
         pen.Stroke(straight ? Straight(closed) : Round(closed), {0.6f, 1, 0.4f});
     }
-    void Ink(const std::vector<std::vector<Vec2>>& strokes, float width = 6)
+    void Ink(const std::vector<std::vector<Vector2>>& strokes, float width = 6)
     {
         pen.nib.width = width;
-        for (const std::vector<Vec2>& stroke : strokes)
+        for (const std::vector<Vector2>& stroke : strokes)
             pen.Stroke(Through(At(stroke)), {0.5f, 1, 0.3f});
         pen.nib.width = 8;
     }
-    void Bright(const std::vector<std::vector<Vec2>>& strokes, LinearColour colour, float width = 5)
+    void Bright(const std::vector<std::vector<Vector2>>& strokes, LinearColour colour, float width = 5)
     {
         Mask mask(canvas.Width(), canvas.Height());
         Pen light(mask, SketchPaper(), {.width = width, .wobble = 1, .skip = 0.1f}, ++seed);
-        for (const std::vector<Vec2>& stroke : strokes)
+        for (const std::vector<Vector2>& stroke : strokes)
             light.Stroke(Through(At(stroke)), {0.4f, 1, 0.2f});
         canvas.Cover(mask, colour, 0.9f);
     }
-    void Lamp(Vec2 place, float radius, float reach, LinearColour halo = palette::Amber,
+    void Lamp(Vector2 place, float radius, float reach, LinearColour halo = palette::Amber,
               float strength = 0.9f)
     {
         GlowAt(canvas, at + place, radius, reach, {.halo = halo, .strength = strength, .haloPart = 0.45f});
@@ -85,19 +85,20 @@ public:
         Pen light(mask, SketchPaper(), {.width = 2}, ++seed);
         Dice dice(++seed);
         for (int i = 0; i < count; i++)
-            light.Dot(at + Vec2{dice.Range(-250, 250), dice.Range(-165, 20)}, 1.2f + 2 * Pow(dice.Unit(), 3));
+            light.Dot(at + Vector2{dice.Range(-250, 250), dice.Range(-165, 20)},
+                      1.2f + 2 * Pow(dice.Unit(), 3));
         canvas.Cover(mask, palette::Bone, 0.8f);
     }
 
     Canvas& canvas;
-    Vec2 at;
+    Vector2 at;
     uint32_t seed;
     Mask lines;
     Pen pen;
 };
 
 // clang-format off
-void LanternEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+void LanternEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
     v.Stars(16);
@@ -114,7 +115,7 @@ void LanternEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
 }
 
 // A ferryman bent over his pole, and somebody in a shawl who looks ahead.
-void FerryEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+void FerryEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
     const LinearColour skin = Mix(palette::Parchment, palette::Ochre, 0.25f), shawl = Mix(palette::Rust, palette::Ochre, 0.2f);
@@ -142,7 +143,7 @@ void FerryEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
     v.Ink({{{-196, 36}, {-90, 66}, {60, 68}, {190, 28}}, {{-196, 36}, {-152, 98}, {-60, 122}, {64, 122}, {146, 96}, {190, 28}}, {{-166, 74}, {-60, 96}, {64, 96}, {156, 66}}}, 8);
 }
 
-void LoafEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+void LoafEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
     v.Lamp({0, 40}, 40, 260, palette::Amber, 0.5f);
@@ -154,14 +155,14 @@ void LoafEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
     v.Bright({{{-70, -58}, {-92, -90}, {-56, -118}, {-76, -156}}, {{0, -68}, {-22, -104}, {16, -132}, {-6, -172}}, {{70, -58}, {50, -90}, {86, -118}, {64, -156}}}, Mix(palette::Bone, palette::Mist, 0.3f), 7);
 }
 
-void MothEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+void MothEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
     v.Stars(14);
     v.Lamp({0, -20}, 30, 230, palette::Amber, 0.5f);
     for (const float side : {-1.0f, 1.0f}) {
-        const auto w = [side](std::vector<Vec2> points) {
-            for (Vec2& p : points)
+        const auto w = [side](std::vector<Vector2> points) {
+            for (Vector2& p : points)
                 p.x *= side;
             return points;
         };
@@ -178,7 +179,7 @@ void MothEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
     v.Ink({{{0, -78}, {-16, -36}, {-14, 50}, {0, 124}, {14, 50}, {16, -36}, {0, -78}}, {{-13, -4}, {13, -2}}, {{-13, 26}, {13, 28}}, {{-10, 58}, {10, 60}}, {{-7, 88}, {7, 90}}}, 6);
 }
 
-void TowerEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+void TowerEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
     v.Stars(18);
@@ -194,7 +195,7 @@ void TowerEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
     v.Outline({{-76, -70}, {-76, -120}, {-42, -120}, {-42, -96}, {-16, -96}, {-16, -120}, {18, -120}, {18, -96}, {44, -96}, {44, -120}, {76, -120}, {76, -70}}, true);
 }
 
-void MastEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
+void MastEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
     v.Stars(16);
@@ -204,11 +205,11 @@ void MastEmblem(Canvas& canvas, Vec2 at, uint32_t seed)
     v.Bright({{{-70, 172}, {-34, 20}, {0, -110}}, {{70, 172}, {34, 20}, {0, -110}}}, palette::Bone, 11);
     v.Bright({{{-58, 124}, {46, 72}}, {{58, 124}, {-46, 72}}, {{-46, 72}, {32, 16}}, {{46, 72}, {-32, 16}}, {{-32, 16}, {20, -34}}, {{32, 16}, {-20, -34}}, {{-20, -34}, {10, -72}}, {{20, -34}, {-10, -72}}}, palette::Parchment, 6);
     for (const float radius : {48.0f, 90.0f, 134.0f}) {
-        std::vector<std::vector<Vec2>> arcs(2);
+        std::vector<std::vector<Vector2>> arcs(2);
         for (int i = -3; i <= 3; i++) {
             const float a = float(i) * 0.2f;
-            arcs[0].push_back(Vec2{Cos(a) * radius, Sin(a) * radius - 118});
-            arcs[1].push_back(Vec2{-Cos(a) * radius, Sin(a) * radius - 118});
+            arcs[0].push_back(Vector2{Cos(a) * radius, Sin(a) * radius - 118});
+            arcs[1].push_back(Vector2{-Cos(a) * radius, Sin(a) * radius - 118});
         }
         v.Bright(arcs, palette::ColdLight, 7);
     }

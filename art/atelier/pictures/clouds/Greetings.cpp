@@ -27,10 +27,10 @@ static const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
 struct Greeting {
     const char* to;
     const char* tail;
-    void (*emblem)(Canvas& canvas, Vec2 at, uint32_t seed);
-    float roll;  // degrees, clockwise, at which the card is read
-    Vec2 place;  // of the words' middle, in sides of the card
-    float width; // of the widest line, likewise
+    void (*emblem)(Canvas& canvas, Vector2 at, uint32_t seed);
+    float roll;    // degrees, clockwise, at which the card is read
+    Vector2 place; // of the words' middle, in sides of the card
+    float width;   // of the widest line, likewise
     Arm arm;
 };
 
@@ -71,20 +71,20 @@ static void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
 static void PaintCloudBank(Canvas& canvas, const Arm& arm)
 {
     const Line along = Forearm(InPicture, arm);
-    const Vec2 elbow = PointAt(along, 0.70f);
+    const Vector2 elbow = PointAt(along, 0.70f);
     const Noise curl(arm.seed + 99), shade(arm.seed + 98);
     Dice dice(arm.seed + 97);
     Mask bank(Size, Size);
     for (int i = 0; i < 26; i++) {
         const float aside = 0.9f * dice.Bell();
-        const Vec2 at = elbow + Vec2{aside * 135, 30 + 24 * aside * aside + dice.Range(-34, 40)};
+        const Vector2 at = elbow + Vector2{aside * 135, 30 + 24 * aside * aside + dice.Range(-34, 40)};
         const float radius = dice.Range(62, 118) / (1 + 0.3f * aside * aside);
         bank.Screen(Filled(Size, Size, Ellipse(at, radius * 1.25f, radius * 0.8f)).Scale(0.55f));
     }
     bank.Blur(13);
     Mask torn(Size, Size), light(Size, Size);
     torn.Each([&](float x, float y) {
-        const Vec2 q = curl.Warp(x / 110, y / 90, 0.30f, 4);
+        const Vector2 q = curl.Warp(x / 110, y / 90, 0.30f, 4);
         const float body = 0.6f * bank.Sample(q.x * 110, q.y * 90) + 0.4f * bank.Sample(x, y);
         return Smooth(0.05f, 0.50f, body * (0.9f + 0.5f * curl.Fbm(x / 80, y / 56, 4)));
     });
@@ -128,8 +128,8 @@ Canvas GreetingCard(int greeting)
 
     // As the show holds it: level is turned back by the roll.
     const float level = -words.roll * Pi / 180;
-    const Vec2 down = {-Sin(level), Cos(level)};
-    const Vec2 middle = {Half, Half}, place = words.place * Size;
+    const Vector2 down = {-Sin(level), Cos(level)};
+    const Vector2 middle = {Half, Half}, place = words.place * Size;
 
     // The words, level and about the middle of a sheet of their own.
     const float widest = words.width * Size;

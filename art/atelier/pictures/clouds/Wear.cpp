@@ -16,16 +16,16 @@ struct RoundArm {
     {
         return girth * (66 * (1 - t) * (1 - 2 * t) + 76 * 4 * t * (1 - t) + 122 * t * (2 * t - 1));
     }
-    Vec2 Across(float t) const
+    Vector2 Across(float t) const
     {
-        const Vec2 d = DirectionAt(along, t);
+        const Vector2 d = DirectionAt(along, t);
         return {d.y, -d.x};
     }
-    Vec2 At(float t, float u) const { return PointAt(along, t) + Across(t) * (Half(t) * u); }
+    Vector2 At(float t, float u) const { return PointAt(along, t) + Across(t) * (Half(t) * u); }
     // Round the arm, bent as a ring is that is seen a little from above.
     Line Ring(float t, float wider, float bend) const
     {
-        std::vector<Vec2> points;
+        std::vector<Vector2> points;
         for (int i = -4; i <= 4; i++) {
             const float u = float(i) / 4;
             points.push_back(At(t, u * wider) + DirectionAt(along, t) * (bend * (1 - u * u)));
@@ -40,7 +40,7 @@ static Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float
     const Line part = Part(limb.along, from, 1);
     const float half = limb.Half(from);
     Shape shape = Limb(part, half * mouth, half * (mouth + end) * 0.5f + 8, limb.Half(1) * end);
-    const Vec2 d = DirectionAt(part, 0);
+    const Vector2 d = DirectionAt(part, 0);
     shape.Add(Ellipse(part.front(), half * 0.2f, half * mouth, Angle(d)));
     return Melted(canvas.Width(), canvas.Height(), shape, 4).Shake(shake, 70, seed);
 }
@@ -114,7 +114,7 @@ static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
         Mask lay(canvas.Width(), canvas.Height());
         Pen twist(lay, SketchPaper(), {.width = 3.2f, .skip = 0}, seed + 8);
         for (float s = 0.01f; s < 1; s += 0.055f) {
-            const Vec2 p = PointAt(ring, s), d = DirectionAt(ring, s), n = {-d.y, d.x};
+            const Vector2 p = PointAt(ring, s), d = DirectionAt(ring, s), n = {-d.y, d.x};
             twist.Stroke(Through({p - n * 12 - d * 7, p, p + n * 12 + d * 7}), {0.5f, 1, 0.5f});
         }
         InkLines(canvas, lay, &strand, 0.75f);
@@ -122,7 +122,7 @@ static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     // An anchor that was tattooed long ago.
     Mask tattoo(canvas.Width(), canvas.Height());
     Pen needle(tattoo, SketchPaper(), {.width = 5, .wobble = 1, .skip = 0.1f}, seed + 9);
-    const Vec2 at = limb.At(0.47f, -0.05f), d = DirectionAt(limb.along, 0.47f), n = {d.y, -d.x};
+    const Vector2 at = limb.At(0.47f, -0.05f), d = DirectionAt(limb.along, 0.47f), n = {d.y, -d.x};
     const auto p = [&](float x, float y) { return at + n * x + d * y; };
     Strokes(needle, {{p(0, -34), p(0, 0), p(0, 42)},
                      {p(-22, -18), p(0, -20), p(22, -18)},
@@ -173,11 +173,11 @@ static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Pen pen(threads, SketchPaper(), {.width = 2.6f, .wobble = 0.6f, .skip = 0.1f}, seed + 3);
     for (int i = -3; i <= 3; i++) {
         const float u = float(i) * 0.38f;
-        const Vec2 p = limb.At(0.285f, u) + DirectionAt(limb.along, 0.285f) * (16 * (1 - u * u * 0.5f));
+        const Vector2 p = limb.At(0.285f, u) + DirectionAt(limb.along, 0.285f) * (16 * (1 - u * u * 0.5f));
         scallops.Add(Ellipse(p, 19, 24));
         pen.Stroke(Ellipse(p, 11, 15), {0.6f, 0.8f, 0.5f});
         for (int k = 0; k < 5; k++)
-            pen.Dot(p + Vec2{Cos(1.2566f * float(k)), Sin(1.2566f * float(k))} * 6, 1.6f);
+            pen.Dot(p + Vector2{Cos(1.2566f * float(k)), Sin(1.2566f * float(k))} * 6, 1.6f);
         pen.Stroke(Through({limb.At(0.31f, u * 0.96f), limb.At(0.37f, u * 0.94f)}), {0.5f, 0.8f, 0.4f});
     }
     const Line band = limb.Ring(0.335f, 1.26f, 14);
@@ -188,7 +188,7 @@ static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     InkLines(canvas, threads, &lace, 0.8f);
 
     // One that she let go again has come back.
-    const Vec2 at = limb.At(0.13f, 0.2f), d = Normalised(Vec2{-0.35f, -1}), n = {-d.y, d.x};
+    const Vector2 at = limb.At(0.13f, 0.2f), d = Normalised(Vector2{-0.35f, -1}), n = {-d.y, d.x};
     const auto p = [&](float x, float y) { return at + n * x + d * y; };
     for (const float side : {-1.0f, 1.0f}) {
         const auto q = [&](float x, float y) { return p(side * x, y); };
@@ -246,9 +246,9 @@ static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
         shine(spark, SketchPaper(), {.width = 2}, seed + 7);
     for (int i = -3; i <= 3; i++) {
         const float u = float(i) * 0.42f;
-        const Vec2 p = limb.At(0.475f, u) + DirectionAt(limb.along, 0.475f) * (24 * (1 - u * u * 0.4f));
+        const Vector2 p = limb.At(0.475f, u) + DirectionAt(limb.along, 0.475f) * (24 * (1 - u * u * 0.4f));
         stud.Dot(p, 9);
-        shine.Dot(p - Vec2{2, 2}, 4.6f);
+        shine.Dot(p - Vector2{2, 2}, 4.6f);
     }
     canvas.Cover(studs, palette::Ink, 0.9f);
     canvas.Cover(spark, palette::Amber, 0.95f);
@@ -276,28 +276,29 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     // A wire wound round the wrist, whose end looks for somebody.
     Mask wire(canvas.Width(), canvas.Height());
     Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 1, .skip = 0}, seed + 4);
-    std::vector<Vec2> coil;
+    std::vector<Vector2> coil;
     for (int turn = 0; turn < 5; turn++) {
         const float t = 0.14f + 0.036f * float(turn);
         const Line ring = limb.Ring(t, 1.06f, 14);
         copper.Stroke(ring, {0.8f, 1, 0.8f});
     }
-    const Vec2 start = limb.At(0.14f, -1.06f);
-    const Line aerial = Through({start, start + Vec2{-46, 6}, start + Vec2{-84, -40}, start + Vec2{-70, -110},
-                                 start + Vec2{-110, -168}, start + Vec2{-112, -214}});
+    const Vector2 start = limb.At(0.14f, -1.06f);
+    const Line aerial =
+        Through({start, start + Vector2{-46, 6}, start + Vector2{-84, -40}, start + Vector2{-70, -110},
+                 start + Vector2{-110, -168}, start + Vector2{-112, -214}});
     copper.Stroke(aerial, {0.8f, 0.9f, 0.7f});
     canvas.Cover(Mask(wire).Blur(1.4f).Curve(0.1f, 0.4f), palette::Ink, 0.95f);
     canvas.Cover(wire.Blur(0.5f).Curve(0.75f, 1), Mix(palette::Amber, palette::Rust, 0.25f));
     // Its light has to bring a little of its own sky along, where the picture is clear.
-    const Vec2 tip = aerial.back();
+    const Vector2 tip = aerial.back();
     Mask halo(canvas.Width(), canvas.Height());
     halo.Each([&](float x, float y) {
-        return 0.75f * Bell(Length(Vec2{x, y} - tip) / 26) + Bell(Length(Vec2{x, y} - tip) / 8);
+        return 0.75f * Bell(Length(Vector2{x, y} - tip) / 26) + Bell(Length(Vector2{x, y} - tip) / 8);
     });
     canvas.Cover(
         halo,
         [&](float x, float y) {
-            return Mix(palette::ColdLight * 0.8f, palette::Bone, Bell(Length(Vec2{x, y} - tip) / 9));
+            return Mix(palette::ColdLight * 0.8f, palette::Bone, Bell(Length(Vector2{x, y} - tip) / 9));
         },
         0.95f);
     Mask waves(canvas.Width(), canvas.Height());

@@ -12,25 +12,25 @@ namespace atelier
 static const int W = 860, H = 1124;
 
 // A toe: a knobbly limb with a claw, from the ankle to the tip.
-static void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vec2 ankle, Vec2 knuckle, Vec2 tip, float width,
+static void DrawToe(Mask& skin, Mask& ink, Pen& pen, Vector2 ankle, Vector2 knuckle, Vector2 tip, float width,
                     Dice& dice)
 {
-    const Line spine = Through({ankle, Mix(ankle, knuckle, 0.6f) + Vec2{0, -6}, knuckle,
-                                Mix(knuckle, tip, 0.6f) + Vec2{0, -width * 0.2f}, tip});
+    const Line spine = Through({ankle, Mix(ankle, knuckle, 0.6f) + Vector2{0, -6}, knuckle,
+                                Mix(knuckle, tip, 0.6f) + Vector2{0, -width * 0.2f}, tip});
     const Line outline =
         Shaken(Limb(spine, width * 0.42f, width * 0.62f, width * 0.36f), 2.5f, 22, dice.Next());
     skin.Fill(outline);
     pen.nib.width = 5;
     pen.Stroke(outline, {.start = 0.8f, .middle = 0.6f, .end = 0.7f});
     for (float t = 0.14f; t < 0.94f; t += dice.Range(0.07f, 0.12f)) {
-        const Vec2 at = PointAt(spine, t), d = DirectionAt(spine, t), n = {-d.y, d.x};
+        const Vector2 at = PointAt(spine, t), d = DirectionAt(spine, t), n = {-d.y, d.x};
         pen.nib.width = 3;
         pen.Stroke(Through({at - n * (width * 0.5f), at + d * 5, at + n * (width * 0.5f)}),
                    {.start = 0.7f, .middle = 0.5f, .end = 0.05f});
     }
-    const Vec2 d = DirectionAt(spine, 0.97f), n = {-d.y, d.x};
+    const Vector2 d = DirectionAt(spine, 0.97f), n = {-d.y, d.x};
     ink.Fill(Round({tip - n * (width * 0.32f), tip + d * (width * 0.7f) - n * 2,
-                    tip + d * (width * 1.5f) + Vec2{0, width * 0.35f},
+                    tip + d * (width * 1.5f) + Vector2{0, width * 0.35f},
                     tip + d * (width * 0.5f) + n * (width * 0.3f), tip + n * (width * 0.3f)}));
 }
 
@@ -39,7 +39,7 @@ static void PaintLegs(Canvas& canvas, const Paper& paper, Dice& dice)
 {
     Mask skin(W, H), claws(W, H), lines(W, H);
     Pen pen(lines, paper, {.width = 5, .wobble = 1, .skip = 0.15f}, 22);
-    const Vec2 leftAnkle = {296, 968}, rightAnkle = {566, 958};
+    const Vector2 leftAnkle = {296, 968}, rightAnkle = {566, 958};
     const Line legs[] = {Through({{372, 700}, {366, 800}, {330, 880}, leftAnkle}),
                          Through({{486, 700}, {500, 790}, {546, 866}, rightAnkle})};
     for (const Line& leg : legs) {
@@ -47,23 +47,29 @@ static void PaintLegs(Canvas& canvas, const Paper& paper, Dice& dice)
         skin.Fill(outline);
         pen.Stroke(outline, {.start = 0.7f, .middle = 0.7f, .end = 0.7f});
         for (float t = 0.35f; t < 0.98f; t += 0.06f) {
-            const Vec2 at = PointAt(leg, t);
+            const Vector2 at = PointAt(leg, t);
             pen.nib.width = 3;
-            pen.Stroke(Through({at + Vec2{-12, -3}, at + Vec2{0, 4}, at + Vec2{12, -2}}),
+            pen.Stroke(Through({at + Vector2{-12, -3}, at + Vector2{0, 4}, at + Vector2{12, -2}}),
                        {.start = 0.5f, .middle = 0.6f, .end = 0.1f});
             pen.nib.width = 5;
         }
     }
-    DrawToe(skin, claws, pen, leftAnkle + Vec2{8, 0}, leftAnkle + Vec2{70, 24}, leftAnkle + Vec2{124, 46}, 26,
+    DrawToe(skin, claws, pen, leftAnkle + Vector2{8, 0}, leftAnkle + Vector2{70, 24},
+            leftAnkle + Vector2{124, 46}, 26, dice);
+    DrawToe(skin, claws, pen, leftAnkle, leftAnkle + Vector2{-90, 2}, leftAnkle + Vector2{-206, 26}, 32,
             dice);
-    DrawToe(skin, claws, pen, leftAnkle, leftAnkle + Vec2{-90, 2}, leftAnkle + Vec2{-206, 26}, 32, dice);
-    DrawToe(skin, claws, pen, leftAnkle, leftAnkle + Vec2{-70, 36}, leftAnkle + Vec2{-150, 70}, 34, dice);
-    DrawToe(skin, claws, pen, leftAnkle, leftAnkle + Vec2{-14, 44}, leftAnkle + Vec2{-26, 84}, 34, dice);
-    DrawToe(skin, claws, pen, rightAnkle + Vec2{-6, 2}, rightAnkle + Vec2{-60, 30},
-            rightAnkle + Vec2{-104, 50}, 26, dice);
-    DrawToe(skin, claws, pen, rightAnkle, rightAnkle + Vec2{100, -2}, rightAnkle + Vec2{214, 18}, 32, dice);
-    DrawToe(skin, claws, pen, rightAnkle, rightAnkle + Vec2{80, 36}, rightAnkle + Vec2{170, 70}, 36, dice);
-    DrawToe(skin, claws, pen, rightAnkle, rightAnkle + Vec2{24, 46}, rightAnkle + Vec2{50, 88}, 36, dice);
+    DrawToe(skin, claws, pen, leftAnkle, leftAnkle + Vector2{-70, 36}, leftAnkle + Vector2{-150, 70}, 34,
+            dice);
+    DrawToe(skin, claws, pen, leftAnkle, leftAnkle + Vector2{-14, 44}, leftAnkle + Vector2{-26, 84}, 34,
+            dice);
+    DrawToe(skin, claws, pen, rightAnkle + Vector2{-6, 2}, rightAnkle + Vector2{-60, 30},
+            rightAnkle + Vector2{-104, 50}, 26, dice);
+    DrawToe(skin, claws, pen, rightAnkle, rightAnkle + Vector2{100, -2}, rightAnkle + Vector2{214, 18}, 32,
+            dice);
+    DrawToe(skin, claws, pen, rightAnkle, rightAnkle + Vector2{80, 36}, rightAnkle + Vector2{170, 70}, 36,
+            dice);
+    DrawToe(skin, claws, pen, rightAnkle, rightAnkle + Vector2{24, 46}, rightAnkle + Vector2{50, 88}, 36,
+            dice);
     Canvas horn(W, H, palette::Bone);
     Wash(horn, paper, Mask(W, H, 1),
          {.pigment = palette::Ochre,
@@ -108,11 +114,11 @@ static Mask Silhouette()
 }
 
 // The direction in which the down grows at a place, in radians: away from the middle of body or head, ruffled.
-static float FeatherAngle(Vec2 p, Dice& dice)
+static float FeatherAngle(Vector2 p, Dice& dice)
 {
     static const Noise whirl(26);
-    const Vec2 body = {424, 500}, head = {470, 330};
-    const Vec2 out = p - Mix(body, head, Smooth(620, 220, p.y));
+    const Vector2 body = {424, 500}, head = {470, 330};
+    const Vector2 out = p - Mix(body, head, Smooth(620, 220, p.y));
     return Angle(out) + 0.5f + 0.9f * whirl.Fbm(p.x / 150, p.y / 150, 2) + 0.35f * dice.Bell();
 }
 
@@ -122,17 +128,17 @@ static void PaintDown(Canvas& canvas, Mask& dark, const Paper& paper, Dice& dice
     Mask down(W, H);
     Pen feather(down, paper, {.width = 5, .wobble = 1.6f, .wave = 30, .skip = 0.1f, .dry = 0.35f, .pool = 0},
                 25);
-    const auto plume = [&](Vec2 p, float length, float width, float press) {
+    const auto plume = [&](Vector2 p, float length, float width, float press) {
         const float a = FeatherAngle(p, dice);
         feather.nib.width = width;
-        const Vec2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
+        const Vector2 d = {Cos(a), Sin(a)}, n = {-d.y, d.x};
         const float curl = dice.Range(-0.3f, 0.3f) * length;
         feather.Stroke(Through({p, p + d * (length * 0.5f) + n * (curl * 0.3f), p + d * length + n * curl}),
                        {.start = press, .middle = press * 0.8f, .end = 0});
     };
     const Mask edge = dark.Inside(60);
     for (int i = 0; i < 3400; i++) {
-        const Vec2 p = {dice.Range(150, 700), dice.Range(140, 760)};
+        const Vector2 p = {dice.Range(150, 700), dice.Range(140, 760)};
         if (dark.Sample(p.x, p.y) > 0.5f) {
             const bool rim = edge.Sample(p.x, p.y) < 26;
             plume(p, dice.Range(26, 62) * (rim ? 1.15f : 0.8f), rim ? 3.4f : 5, 0.9f);
@@ -160,14 +166,14 @@ static void PaintSheen(Canvas& canvas, const Mask& dark, const Paper& paper, Dic
     Pen sheen(grey, paper, {.width = 2.4f, .wobble = 1.4f, .wave = 26, .skip = 0.5f, .dry = 0.7f, .pool = 0},
               28);
     for (int i = 0; i < 1500; i++) {
-        const Vec2 p = {dice.Range(170, 680), dice.Range(150, 750)};
+        const Vector2 p = {dice.Range(170, 680), dice.Range(150, 750)};
         if (dark.Sample(p.x, p.y) < 0.5f)
             continue;
         const float a = FeatherAngle(p, dice), length = dice.Range(16, 46),
                     light = 0.2f + 0.7f * Smooth(480, 200, p.x) + 0.4f * Hill(620, 160, p.y);
         if (dice.Chance(light))
-            sheen.Stroke(Through({p, p + Vec2{Cos(a), Sin(a)} * (length * 0.5f),
-                                  p + Vec2{Cos(a + 0.25f), Sin(a + 0.25f)} * length}),
+            sheen.Stroke(Through({p, p + Vector2{Cos(a), Sin(a)} * (length * 0.5f),
+                                  p + Vector2{Cos(a + 0.25f), Sin(a + 0.25f)} * length}),
                          {.start = 0.5f, .middle = 0.8f, .end = 0});
     }
     canvas.Cover(grey, palette::Slate, 0.55f);
@@ -215,11 +221,11 @@ static void PaintBeak(Canvas& canvas, const Paper& paper)
 // The one eye that sees you.
 static void PaintEye(Canvas& canvas, const Paper& paper)
 {
-    const Vec2 eye = {520, 330};
+    const Vector2 eye = {520, 330};
     Mask white(W, H), iris(W, H), pupil(W, H), lid(W, H);
     white.Fill(Shaken(Ellipse(eye, 66, 70), 2.5f, 40, 32));
-    iris.Fill(Shaken(Ellipse(eye + Vec2{13, 8}, 38, 40), 1.5f, 30, 33));
-    pupil.Fill(Ellipse(eye + Vec2{16, 10}, 22, 24));
+    iris.Fill(Shaken(Ellipse(eye + Vector2{13, 8}, 38, 40), 1.5f, 30, 33));
+    pupil.Fill(Ellipse(eye + Vector2{16, 10}, 22, 24));
     Canvas ball(W, H, palette::Bone);
     Wash(ball, paper, white,
          {.pigment = palette::Mist,
@@ -233,15 +239,15 @@ static void PaintEye(Canvas& canvas, const Paper& paper)
     Wash(ball, paper, iris,
          {.pigment = palette::Amber, .density = 1.2f, .pool = 1, .poolWidth = 6, .stray = 1}, 35);
     ball.Cover(pupil, palette::Ink);
-    ball.Cover(Filled(W, H, Ellipse(eye + Vec2{4, -6}, 7, 8)).Blur(1.2f), palette::Bone);
+    ball.Cover(Filled(W, H, Ellipse(eye + Vector2{4, -6}, 7, 8)).Blur(1.2f), palette::Bone);
     canvas.Lay(ball.CutOut(white), 0, 0);
     Pen lidPen(lid, paper, {.width = 8, .wobble = 1}, 36);
     lidPen.Stroke(Ellipse(eye, 67, 71, 0.4f), {.start = 0.6f, .middle = 0.8f, .end = 0.5f});
     lidPen.nib.width = 4;
     for (int i = 0; i < 9; i++) {
         const float a = -2.7f + 0.27f * float(i);
-        const Vec2 d = {Cos(a), Sin(a)};
-        lidPen.Stroke(Through({eye + d * 68, eye + d * 84 + Vec2{0, -3}, eye + d * 98 + Vec2{-5, -3}}),
+        const Vector2 d = {Cos(a), Sin(a)};
+        lidPen.Stroke(Through({eye + d * 68, eye + d * 84 + Vector2{0, -3}, eye + d * 98 + Vector2{-5, -3}}),
                       {.start = 0.9f, .middle = 0.5f, .end = 0});
     }
     canvas.Cover(lid, palette::Ink);

@@ -27,9 +27,9 @@ static void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
         brush.Stroke(furrow, Smooth(1300, 700, far) * dice.Range(0.75f, 1.1f));
         for (int k = 0; k < 16; k++) {
             const float t = Sqrt(dice.Unit());
-            const Vec2 p = PointAt(furrow, t) + Vec2{dice.Range(-5, 5) * t, 0};
+            const Vector2 p = PointAt(furrow, t) + Vector2{dice.Range(-5, 5) * t, 0};
             const float tall = (3 + 11 * t) * dice.Range(0.5f, 1.2f);
-            pen.Stroke(Straight({p, p + Vec2{dice.Range(-0.35f, 0.35f) * tall, -tall}}),
+            pen.Stroke(Straight({p, p + Vector2{dice.Range(-0.35f, 0.35f) * tall, -tall}}),
                        {.start = 0.8f, .middle = 0.7f, .end = 0.05f});
         }
     }
@@ -38,40 +38,42 @@ static void PaintFurrows(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 }
 
 // Somebody's old coat on a pole, and who is not afraid of it.
-static void DrawScarecrow(Mask& ink, const Paper& paper, Vec2 foot)
+static void DrawScarecrow(Mask& ink, const Paper& paper, Vector2 foot)
 {
     Pen pen(ink, paper, {.width = 4, .skip = 0}, 220);
-    pen.Stroke(Through({foot, foot + Vec2{2, -50}, foot + Vec2{-2, -104}}),
+    pen.Stroke(Through({foot, foot + Vector2{2, -50}, foot + Vector2{-2, -104}}),
                {.start = 0.8f, .middle = 0.8f, .end = 0.7f});
-    pen.Stroke(Through({foot + Vec2{-46, -72}, foot + Vec2{0, -80}, foot + Vec2{44, -84}}),
+    pen.Stroke(Through({foot + Vector2{-46, -72}, foot + Vector2{0, -80}, foot + Vector2{44, -84}}),
                {.start = 0.7f, .middle = 0.9f, .end = 0.6f});
-    ink.Fill(
-        Round({foot + Vec2{-40, -77}, foot + Vec2{-4, -84}, foot + Vec2{40, -88}, foot + Vec2{36, -72},
-               foot + Vec2{15, -66}, foot + Vec2{18, -40}, foot + Vec2{12, -22}, foot + Vec2{4, -30},
-               foot + Vec2{-5, -19}, foot + Vec2{-13, -30}, foot + Vec2{-12, -60}, foot + Vec2{-35, -62}},
-              1));
-    ink.Fill(Ellipse(foot + Vec2{-2, -99}, 9, 11, 0.2f));
-    ink.Fill(Round({foot + Vec2{-20, -104}, foot + Vec2{-8, -107}, foot + Vec2{-6, -121},
-                    foot + Vec2{5, -122}, foot + Vec2{5, -108}, foot + Vec2{17, -109}, foot + Vec2{0, -102}},
+    ink.Fill(Round({foot + Vector2{-40, -77}, foot + Vector2{-4, -84}, foot + Vector2{40, -88},
+                    foot + Vector2{36, -72}, foot + Vector2{15, -66}, foot + Vector2{18, -40},
+                    foot + Vector2{12, -22}, foot + Vector2{4, -30}, foot + Vector2{-5, -19},
+                    foot + Vector2{-13, -30}, foot + Vector2{-12, -60}, foot + Vector2{-35, -62}},
+                   1));
+    ink.Fill(Ellipse(foot + Vector2{-2, -99}, 9, 11, 0.2f));
+    ink.Fill(Round({foot + Vector2{-20, -104}, foot + Vector2{-8, -107}, foot + Vector2{-6, -121},
+                    foot + Vector2{5, -122}, foot + Vector2{5, -108}, foot + Vector2{17, -109},
+                    foot + Vector2{0, -102}},
                    1));
     for (int i = 0; i < 7; i++)
-        pen.Stroke(Through({foot + Vec2{-42 + 2.0f * float(i % 4), -72},
-                            foot + Vec2{-48 + 3.0f * float(i), -62 + float(i % 3)}}),
+        pen.Stroke(Through({foot + Vector2{-42 + 2.0f * float(i % 4), -72},
+                            foot + Vector2{-48 + 3.0f * float(i), -62 + float(i % 3)}}),
                    {.start = 0.4f, .middle = 0.3f, .end = 0});
     // The crow on its arm.
-    const Vec2 crow = foot + Vec2{33, -88};
-    ink.Fill(Round({crow + Vec2{-9, 3}, crow + Vec2{-4, -6}, crow + Vec2{3, -10}, crow + Vec2{6, -16},
-                    crow + Vec2{11, -15}, crow + Vec2{17, -12}, crow + Vec2{11, -11}, crow + Vec2{9, -3},
-                    crow + Vec2{1, 1}, crow + Vec2{-14, 8}},
-                   1));
+    const Vector2 crow = foot + Vector2{33, -88};
+    ink.Fill(
+        Round({crow + Vector2{-9, 3}, crow + Vector2{-4, -6}, crow + Vector2{3, -10}, crow + Vector2{6, -16},
+               crow + Vector2{11, -15}, crow + Vector2{17, -12}, crow + Vector2{11, -11},
+               crow + Vector2{9, -3}, crow + Vector2{1, 1}, crow + Vector2{-14, 8}},
+              1));
 }
 
-static void DrawCrow(Pen& pen, Vec2 at, float size)
+static void DrawCrow(Pen& pen, Vector2 at, float size)
 {
     pen.nib.width = size * 0.17f + 0.8f;
-    pen.Stroke(Through({at + Vec2{-size, -size * 0.25f}, at + Vec2{-size * 0.5f, -size * 0.4f}, at}),
+    pen.Stroke(Through({at + Vector2{-size, -size * 0.25f}, at + Vector2{-size * 0.5f, -size * 0.4f}, at}),
                {.start = 0.02f, .middle = 0.8f, .end = 1});
-    pen.Stroke(Through({at, at + Vec2{size * 0.45f, -size * 0.5f}, at + Vec2{size, -size * 0.2f}}),
+    pen.Stroke(Through({at, at + Vector2{size * 0.45f, -size * 0.5f}, at + Vector2{size, -size * 0.2f}}),
                {.start = 1, .middle = 0.8f, .end = 0.02f});
 }
 
@@ -85,7 +87,7 @@ void DrawField(Canvas& canvas, const Paper& paper, const Ridge& ridge)
     Mask field(W, H);
     DrawScarecrow(field, paper, {668, 432});
     Pen crows(field, paper, {.width = 2, .wobble = 0.2f, .skip = 0, .pool = 0}, 221);
-    for (const Vec2 at : {Vec2{540, 236}, Vec2{560, 226}, Vec2{588, 242}})
+    for (const Vector2 at : {Vector2{540, 236}, Vector2{560, 226}, Vector2{588, 242}})
         DrawCrow(crows, at, 6);
     canvas.Cover(field, palette::Ink, 0.95f);
 }

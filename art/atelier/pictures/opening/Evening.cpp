@@ -24,7 +24,7 @@ void PaintEvening(Canvas& canvas, const Paper& paper)
         4);
     const Mask dark = Mask(W, H).Each(
         [](float x, float y) {
-            const float moonlit = Bell(Length(Vec2{(x - Moon.x) * 0.8f, y - Moon.y}) / 520);
+            const float moonlit = Bell(Length(Vector2{(x - Moon.x) * 0.8f, y - Moon.y}) / 520);
             return Smooth(1500, 2700, x) * Mix(0.12f, 1, Smooth(360, 40, y)) * (1 - 0.7f * moonlit);
         },
         4);
@@ -39,8 +39,8 @@ void PaintEvening(Canvas& canvas, const Paper& paper)
         const float shift = float(layer) * 37.7f, height = 95 + 75.0f * float(layer);
         const Mask clouds = Mask(W, H).Each(
             [&](float x, float y) {
-                const Vec2 p = noise.Warp(x / 520 + shift, y / 110, 0.5f, 3);
-                const float clear = 1 - 0.95f * Bell(Length(Vec2{x - Moon.x, y - Moon.y}) / 300);
+                const Vector2 p = noise.Warp(x / 520 + shift, y / 110, 0.5f, 3);
+                const float clear = 1 - 0.95f * Bell(Length(Vector2{x - Moon.x, y - Moon.y}) / 300);
                 return Smooth(0.12f, 0.17f, noise.Fbm(p.x, p.y, 5) * Hill(height, 120, y) * clear);
             },
             2);
@@ -65,7 +65,7 @@ void PaintEvening(Canvas& canvas, const Paper& paper)
     Pen pen(stars, paper, {.width = 2}, 128);
     Dice dice(129);
     for (int i = 0; i < 90; i++) {
-        const Vec2 p = {dice.Range(1700, W), dice.Range(0, 300)};
+        const Vector2 p = {dice.Range(1700, W), dice.Range(0, 300)};
         const float bright = dice.Unit() * dice.Unit();
         if (Length(p - Moon) > MoonRadius + 60 && dice.Chance(Night(p.x)))
             pen.Dot(p, 0.5f + 0.9f * bright);
@@ -86,7 +86,7 @@ void PaintSun(Canvas& canvas)
 void PaintMoon(Canvas& canvas, const Paper& paper)
 {
     constexpr int Size = 520;
-    constexpr Vec2 Middle = {Size / 2, Size / 2};
+    constexpr Vector2 Middle = {Size / 2, Size / 2};
     const Line round = Shaken(Ellipse(Middle, MoonRadius, MoonRadius), 1.2f, 80, 140);
     Canvas face(Size, Size);
     paper.Sheet(face, palette::Bone, 1.2f);
@@ -94,8 +94,9 @@ void PaintMoon(Canvas& canvas, const Paper& paper)
     const Mask seas = Mask(Size, Size)
                           .Each(
                               [&](float x, float y) {
-                                  const Vec2 d = (Vec2{x, y} - Middle) * (1 / MoonRadius);
-                                  const Vec2 p = noise.Warp(d.x * 1.25f + 4.4f, d.y * 1.25f + 2.1f, 0.45f, 3);
+                                  const Vector2 d = (Vector2{x, y} - Middle) * (1 / MoonRadius);
+                                  const Vector2 p =
+                                      noise.Warp(d.x * 1.25f + 4.4f, d.y * 1.25f + 2.1f, 0.45f, 3);
                                   return Smooth(0.02f, 0.10f, noise.Fbm(p.x, p.y, 4));
                               },
                               2);
@@ -126,14 +127,14 @@ void PaintMoon(Canvas& canvas, const Paper& paper)
     for (int i = 0; i < 13; i++) {
         const float a = dice.Range(0, 2 * Pi), r = Sqrt(dice.Range(0.15f, 0.85f)) * MoonRadius,
                     size = 3 + 11 * dice.Unit() * dice.Unit();
-        craters.Fill(Ellipse(Middle + Vec2{Cos(a), Sin(a)} * r, size, size * dice.Range(0.7f, 1)));
+        craters.Fill(Ellipse(Middle + Vector2{Cos(a), Sin(a)} * r, size, size * dice.Range(0.7f, 1)));
     }
     craters.Shake(3, 12, 146);
     Wash(face, paper, craters,
          {.pigment = palette::Mist, .density = 0.16f, .pool = 1.0f, .poolWidth = 2.2f, .stray = 2}, 145);
     // The limb is a breath darker, so that it is a ball and no hole.
     const Mask limb = Mask(Size, Size).Each([&](float x, float y) {
-        return Smooth(MoonRadius - 70, MoonRadius, Length(Vec2{x, y} - Middle));
+        return Smooth(MoonRadius - 70, MoonRadius, Length(Vector2{x, y} - Middle));
     });
     face.Glaze(limb, palette::Ochre, 0.3f);
     face.CutOut(Filled(Size, Size, round));

@@ -54,11 +54,11 @@ void DrawGrass(Canvas& canvas, const Paper& paper, const Ridge& ridge, float fro
         const float x = dice.Range(from, to), top = ridge.At(x);
         if (top > H)
             continue;
-        const Vec2 p = {x, top + 8 + (H + 10 - top) * Sqrt(dice.Unit())};
+        const Vector2 p = {x, top + 8 + (H + 10 - top) * Sqrt(dice.Unit())};
         const float tuft = 0.6f + 0.7f * tufts.Fbm(x / 60, p.y / 25, 2);
         const float tall = (p.y - top + 14) * dice.Range(0.15f, 0.5f) * tuft,
                     wind = tall * dice.Range(-0.1f, 0.35f);
-        blade.Stroke(Through({p, p + Vec2{wind * 0.3f, -tall * 0.6f}, p + Vec2{wind, -tall}}),
+        blade.Stroke(Through({p, p + Vector2{wind * 0.3f, -tall * 0.6f}, p + Vector2{wind, -tall}}),
                      {.start = 0.8f, .middle = 0.5f, .end = 0});
     }
     canvas.Cover(grass, colour, opacity);
@@ -70,7 +70,7 @@ void DrawTwigs(Pen& pen, const Line& thread, float from, float to, float spacing
     const float length = LengthOf(thread);
     for (float s = from * length; s < to * length; s += spacing * dice.Range(0.4f, 1.6f)) {
         const float t = s / length;
-        const Vec2 d = DirectionAt(thread, t);
+        const Vector2 d = DirectionAt(thread, t);
         const float side = dice.Chance(0.5f) ? 1.0f : -1.0f, angle = Angle(d) + side * dice.Range(0.5f, 1.1f);
         DrawBranch(pen, PointAt(thread, t), angle, longest * dice.Range(0.25f, 1) * 0.6f, 1.7f,
                    dice.Chance(0.4f) ? 2 : 1, {.gnarl = 0.3f, .density = 0.6f}, dice);

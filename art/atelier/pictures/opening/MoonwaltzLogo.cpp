@@ -7,9 +7,9 @@ namespace atelier
 {
 
 // A dancing shoe at the end of a leg, its toe in the given direction.
-static void DrawShoe(Mask& ink, Vec2 ankle, float angle)
+static void DrawShoe(Mask& ink, Vector2 ankle, float angle)
 {
-    const Vec2 d = {Cos(angle), Sin(angle)}, n = {-d.y, d.x};
+    const Vector2 d = {Cos(angle), Sin(angle)}, n = {-d.y, d.x};
     ink.Fill(
         Round({ankle - d * 9 - n * 6, ankle + d * 6 - n * 7, ankle + d * 26 + n * 1, ankle + d * 37 + n * 7,
                ankle + d * 16 + n * 8, ankle - d * 3 + n * 4, ankle - d * 9 + n * 9, ankle - d * 12},
@@ -36,17 +36,17 @@ Canvas MoonwaltzLogo()
     const LetterStyle style = {.size = 160, .slant = 0.08f, .spacing = 1.35f, .lively = 0.5f};
     constexpr float Base = 300;
     const std::vector<WrittenStroke> strokes = Writing("moonwaltz", {553, Base}, style, Anchor::Middle, 7);
-    Vec2 lo[2] = {{W, H}, {W, H}}, hi[2] = {};
+    Vector2 lo[2] = {{W, H}, {W, H}}, hi[2] = {};
     for (const WrittenStroke& stroke : strokes) {
         const bool o = stroke.letter == 1 || stroke.letter == 2;
         Line line = stroke.line;
         if (o) {
             // He leans to her, she leans away, and both have left the line.
             const size_t k = stroke.letter - 1;
-            const Vec2 middle = PointAt(line, 0.5f);
+            const Vector2 middle = PointAt(line, 0.5f);
             line = Moved(Turned(line, k == 0 ? 0.16f : 0.34f, middle),
                          {k == 0 ? -3.0f : 7.0f, k == 0 ? -30.0f : -36.0f});
-            for (const Vec2& p : line) {
+            for (const Vector2& p : line) {
                 lo[k] = {Min(lo[k].x, p.x), Min(lo[k].y, p.y)};
                 hi[k] = {Max(hi[k].x, p.x), Max(hi[k].y, p.y)};
             }
@@ -59,29 +59,29 @@ Canvas MoonwaltzLogo()
     }
     // Arms: two hands held high between them, his other arm round her.
     pen.nib.width = 9;
-    const Vec2 his = Mix(lo[0], hi[0], 0.5f), hers = Mix(lo[1], hi[1], 0.5f);
-    const Vec2 hands = {(hi[0].x + lo[1].x) / 2 + 2, lo[0].y - 34};
+    const Vector2 his = Mix(lo[0], hi[0], 0.5f), hers = Mix(lo[1], hi[1], 0.5f);
+    const Vector2 hands = {(hi[0].x + lo[1].x) / 2 + 2, lo[0].y - 34};
     pen.Stroke(
         Through({{his.x + 14, lo[0].y + 3}, {hi[0].x - 4, lo[0].y - 8}, {hands.x - 8, hands.y + 8}, hands}),
         {.start = 0.9f, .middle = 0.6f, .end = 0.5f});
     pen.Stroke(Through({{hers.x - 2, lo[1].y + 4},
                         {hers.x - 18, lo[1].y - 12},
                         {hands.x + 6, hands.y + 5},
-                        hands + Vec2{-2, -4}}),
+                        hands + Vector2{-2, -4}}),
                {.start = 0.8f, .middle = 0.55f, .end = 0.5f});
     // Legs: he steps forward, she is on the tip of one foot and the other swings out.
-    const Vec2 hip = {his.x - 4, hi[0].y}, waist = {hers.x + 2, hi[1].y};
-    const Vec2 feet[] = {hip + Vec2{-44, 96}, hip + Vec2{34, 100}, waist + Vec2{-2, 104},
-                         waist + Vec2{92, 62}};
+    const Vector2 hip = {his.x - 4, hi[0].y}, waist = {hers.x + 2, hi[1].y};
+    const Vector2 feet[] = {hip + Vector2{-44, 96}, hip + Vector2{34, 100}, waist + Vector2{-2, 104},
+                            waist + Vector2{92, 62}};
     pen.nib.width = 11;
-    pen.Stroke(Through({hip + Vec2{-8, -3}, hip + Vec2{-14, 44}, feet[0]}),
+    pen.Stroke(Through({hip + Vector2{-8, -3}, hip + Vector2{-14, 44}, feet[0]}),
                {.start = 1, .middle = 0.75f, .end = 0.6f});
-    pen.Stroke(Through({hip + Vec2{10, -4}, hip + Vec2{40, 44}, feet[1]}),
+    pen.Stroke(Through({hip + Vector2{10, -4}, hip + Vector2{40, 44}, feet[1]}),
                {.start = 1, .middle = 0.75f, .end = 0.6f});
     pen.nib.width = 9;
-    pen.Stroke(Through({waist + Vec2{-6, -2}, waist + Vec2{4, 50}, feet[2]}),
+    pen.Stroke(Through({waist + Vector2{-6, -2}, waist + Vector2{4, 50}, feet[2]}),
                {.start = 1, .middle = 0.7f, .end = 0.5f});
-    pen.Stroke(Through({waist + Vec2{12, -6}, waist + Vec2{52, 18}, feet[3]}),
+    pen.Stroke(Through({waist + Vector2{12, -6}, waist + Vector2{52, 18}, feet[3]}),
                {.start = 1, .middle = 0.7f, .end = 0.5f});
     DrawShoe(ink, feet[0], Pi - 0.1f);
     DrawShoe(ink, feet[1], 0.15f);

@@ -9,7 +9,7 @@ namespace atelier::panorama
 {
 
 // A leaning pole with a crossbar whose place on the wire is given.
-static void DrawPole(Pen& pen, Vec2 wire, float foot, Dice& dice)
+static void DrawPole(Pen& pen, Vector2 wire, float foot, Dice& dice)
 {
     const float lean = dice.Range(-7, 7);
     pen.nib.width = 5;
@@ -28,31 +28,32 @@ static void DrawPole(Pen& pen, Vec2 wire, float foot, Dice& dice)
 }
 
 // Two who dance, small, before the moon. Drawn with the woman's skirt swinging out.
-static void DrawDancers(Mask& ink, const Paper& paper, Vec2 foot)
+static void DrawDancers(Mask& ink, const Paper& paper, Vector2 foot)
 {
     Pen pen(ink, paper, {.width = 3, .wobble = 0.2f, .skip = 0, .pool = 0}, 600);
     // He.
-    ink.Fill(Ellipse(foot + Vec2{-7, -43}, 3.2f, 3.8f));
-    ink.Fill(
-        Limb(Through({foot + Vec2{-7, -39}, foot + Vec2{-7, -28}, foot + Vec2{-8, -19}}, 1), 3.2f, 4, 3));
-    pen.Stroke(Through({foot + Vec2{-8, -21}, foot + Vec2{-12, -10}, foot + Vec2{-16, 0}}, 1),
+    ink.Fill(Ellipse(foot + Vector2{-7, -43}, 3.2f, 3.8f));
+    ink.Fill(Limb(Through({foot + Vector2{-7, -39}, foot + Vector2{-7, -28}, foot + Vector2{-8, -19}}, 1),
+                  3.2f, 4, 3));
+    pen.Stroke(Through({foot + Vector2{-8, -21}, foot + Vector2{-12, -10}, foot + Vector2{-16, 0}}, 1),
                {.start = 1, .middle = 0.9f, .end = 0.5f});
-    pen.Stroke(Through({foot + Vec2{-7, -21}, foot + Vec2{-4, -10}, foot + Vec2{-5, 1}}, 1),
+    pen.Stroke(Through({foot + Vector2{-7, -21}, foot + Vector2{-4, -10}, foot + Vector2{-5, 1}}, 1),
                {.start = 1, .middle = 0.9f, .end = 0.5f});
     // She leans back.
-    ink.Fill(Ellipse(foot + Vec2{7, -40}, 3, 3.6f, 0.4f));
+    ink.Fill(Ellipse(foot + Vector2{7, -40}, 3, 3.6f, 0.4f));
+    ink.Fill(Limb(Through({foot + Vector2{5, -37}, foot + Vector2{4, -28}, foot + Vector2{5, -22}}, 1), 2.6f,
+                  2.6f, 2.4f));
     ink.Fill(
-        Limb(Through({foot + Vec2{5, -37}, foot + Vec2{4, -28}, foot + Vec2{5, -22}}, 1), 2.6f, 2.6f, 2.4f));
-    ink.Fill(Round({foot + Vec2{3, -24}, foot + Vec2{8, -23}, foot + Vec2{16, -12}, foot + Vec2{25, -3},
-                    foot + Vec2{12, 1}, foot + Vec2{3, 1}, foot + Vec2{-1, -8}},
-                   1));
+        Round({foot + Vector2{3, -24}, foot + Vector2{8, -23}, foot + Vector2{16, -12},
+               foot + Vector2{25, -3}, foot + Vector2{12, 1}, foot + Vector2{3, 1}, foot + Vector2{-1, -8}},
+              1));
     // Arms: one round her, two stretched out as one.
     pen.nib.width = 2.2f;
-    pen.Stroke(Through({foot + Vec2{-6, -35}, foot + Vec2{0, -30}, foot + Vec2{6, -29}}, 1),
+    pen.Stroke(Through({foot + Vector2{-6, -35}, foot + Vector2{0, -30}, foot + Vector2{6, -29}}, 1),
                {.start = 1, .middle = 1, .end = 0.7f});
-    pen.Stroke(Through({foot + Vec2{-7, -36}, foot + Vec2{-15, -37}, foot + Vec2{-21, -42}}, 1),
+    pen.Stroke(Through({foot + Vector2{-7, -36}, foot + Vector2{-15, -37}, foot + Vector2{-21, -42}}, 1),
                {.start = 1, .middle = 0.8f, .end = 0.4f});
-    pen.Stroke(Through({foot + Vec2{5, -35}, foot + Vec2{-4, -38}, foot + Vec2{-20, -42}}, 1),
+    pen.Stroke(Through({foot + Vector2{5, -35}, foot + Vector2{-4, -38}, foot + Vector2{-20, -42}}, 1),
                {.start = 0.9f, .middle = 0.7f, .end = 0.4f});
 }
 
@@ -113,23 +114,23 @@ void DrawHills(Canvas& canvas, const Paper& paper, const Ridge& ridge)
 
     // Poles where the upper wire wants them, a second wire below it that hangs as wires hang.
     const Line wire = Thread(3);
-    std::vector<Vec2> tops;
+    std::vector<Vector2> tops;
     for (const float t : {0.045f, 0.27f, 0.5f, 0.735f, 0.975f})
         tops.push_back(PointAt(wire, t));
     for (size_t i = 0; i < tops.size(); i++) {
         DrawPole(pen, tops[i], ridge.At(tops[i].x) + 14, dice);
         if (i + 1 < tops.size()) {
             pen.nib.width = 1.5f;
-            const Vec2 a = tops[i] + Vec2{13, 12}, b = tops[i + 1] + Vec2{-13, 12};
-            pen.Stroke(Through({a, Mix(a, b, 0.25f) + Vec2{0, 17}, Mix(a, b, 0.5f) + Vec2{0, 24},
-                                Mix(a, b, 0.75f) + Vec2{0, 18}, b}),
+            const Vector2 a = tops[i] + Vector2{13, 12}, b = tops[i + 1] + Vector2{-13, 12};
+            pen.Stroke(Through({a, Mix(a, b, 0.25f) + Vector2{0, 17}, Mix(a, b, 0.5f) + Vector2{0, 24},
+                                Mix(a, b, 0.75f) + Vector2{0, 18}, b}),
                        {.start = 0.6f, .middle = 0.5f, .end = 0.6f});
         }
     }
     // The lower wire runs along posts to the house; what leaves the house's chimney goes on as smoke.
     const Line lower = Thread(5);
     for (const float t : {0.02f, 0.075f, 0.14f, 0.21f, 0.275f, 0.335f, 0.385f}) {
-        const Vec2 p = PointAt(lower, t);
+        const Vector2 p = PointAt(lower, t);
         pen.nib.width = 3.2f;
         pen.Stroke(Straight({{p.x + dice.Range(-3, 3), ridge.At(p.x) + 8}, {p.x, p.y - 3}}),
                    {.start = 1, .middle = 0.9f, .end = 0.7f});
@@ -228,7 +229,7 @@ void DrawClearing(Canvas& canvas, const Paper& paper, const Ridge& ridge)
         },
         0.97f);
     // Firs on the right close the picture.
-    for (const Vec2 f : {Vec2{3925, 500}, Vec2{3985, 520}, Vec2{4050, 505}, Vec2{4085, 530}})
+    for (const Vector2 f : {Vector2{3925, 500}, Vector2{3985, 520}, Vector2{4050, 505}, Vector2{4085, 530}})
         DrawDeadFir(pen, f,
                     {.height = dice.Range(270, 440),
                      .trunk = 12,

@@ -29,13 +29,13 @@ WashStyle SkyWash()
 }
 
 // Adds a soft puff, of at most the given amount in its middle.
-static void AddPuff(Mask& smoke, Vec2 centre, float radius, float amount)
+static void AddPuff(Mask& smoke, Vector2 centre, float radius, float amount)
 {
     const int reach = Floor(radius * 2) + 1, cx = Floor(centre.x), cy = Floor(centre.y);
     for (int y = std::max(0, cy - reach); y <= std::min(H - 1, cy + reach); y++)
         for (int x = std::max(0, cx - reach); x <= std::min(W - 1, cx + reach); x++) {
             float& value = smoke.At(x, y);
-            const float d = Length(Vec2{float(x) + 0.5f, float(y) + 0.5f} - centre);
+            const float d = Length(Vector2{float(x) + 0.5f, float(y) + 0.5f} - centre);
             value += (1 - value) * amount * Bell(d / radius);
         }
 }
@@ -52,8 +52,8 @@ static void PaintSmoke(Canvas& canvas, const std::vector<Line>& ways)
         const float length = LengthOf(way);
         for (float s = 0; s < length; s += 2.5f) {
             const float t = (gone + s) / whole, wide = 4 + 34 * t;
-            const Vec2 d = DirectionAt(way, s / length), aside = {-d.y, d.x};
-            const Vec2 drift = aside * (wide * 0.5f * dice.Bell()) + Vec2{0, -0.35f * wide};
+            const Vector2 d = DirectionAt(way, s / length), aside = {-d.y, d.x};
+            const Vector2 drift = aside * (wide * 0.5f * dice.Bell()) + Vector2{0, -0.35f * wide};
             AddPuff(smoke, PointAt(way, s / length) + drift, wide * dice.Range(0.25f, 0.8f),
                     0.22f * (1 - 0.7f * t) * dice.Unit());
         }
@@ -61,7 +61,7 @@ static void PaintSmoke(Canvas& canvas, const std::vector<Line>& ways)
     }
     const Noise torn(703);
     smoke.By([&](float x, float y) {
-        const Vec2 p = torn.Warp(x / 150, y / 60, 0.5f, 3);
+        const Vector2 p = torn.Warp(x / 150, y / 60, 0.5f, 3);
         return Clamp(0.45f + 1.1f * torn.Fbm(p.x, p.y, 4) + 0.5f * torn.Ridges(p.x * 2, p.y * 2, 2));
     });
     canvas.Cover(smoke.Shake(9, 60, 704), Mix(palette::Slate, palette::Mist, 0.5f), 0.75f);
@@ -106,9 +106,10 @@ static void DrawThreads(Canvas& canvas, const Paper& paper)
             pen.Stroke(Part(thread, wire, 1), {.start = 0.3f, .middle = 0.32f, .end = 0.2f});
     }
     for (int k = 0; k + 3 < SparkPathCount; k++)
-        pen.Stroke(Through({Thread(k).back(), Mix(Thread(k).back(), Thread(k + 3).front(), 0.5f) + Vec2{0, 2},
-                            Thread(k + 3).front()}),
-                   {.start = 0.5f, .middle = k == 5 ? 0.3f : 0.5f, .end = 0.5f});
+        pen.Stroke(
+            Through({Thread(k).back(), Mix(Thread(k).back(), Thread(k + 3).front(), 0.5f) + Vector2{0, 2},
+                     Thread(k + 3).front()}),
+            {.start = 0.5f, .middle = k == 5 ? 0.3f : 0.5f, .end = 0.5f});
     for (const int k : {0, 1, 2})
         DrawTwigs(pen, Thread(k), 0, 1, k == 1 ? 13 : 24, k == 1 ? 46 : 30, dice);
     PaintSmoke(canvas, {Part(Thread(5), Chimney, 1), Thread(8)});

@@ -19,14 +19,14 @@ namespace panorama
 {
 
 constexpr int W = 4096, H = 540, PartWidth = 1024;
-constexpr Vec2 Sun = {372, 330}, Moon = {3584, 262};
+constexpr Vector2 Sun = {372, 330}, Moon = {3584, 262};
 constexpr float MoonRadius = 236;
 
 // A height that runs smoothly through the given points, x rising, with a little roughness.
 class Ridge
 {
 public:
-    Ridge(const std::vector<Vec2>& points, float rough, float wave, uint32_t seed)
+    Ridge(const std::vector<Vector2>& points, float rough, float wave, uint32_t seed)
         : line(Through(points, 8)), noise(seed), roughness(rough), waveLength(wave)
     {
     }

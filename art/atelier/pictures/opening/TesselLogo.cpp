@@ -14,7 +14,7 @@ Canvas TesselLogo()
     constexpr float Stone = 17.5f, Row = 9.6f;
     const Paper& paper = SketchPaper();
     struct Tessera {
-        Vec2 centre;
+        Vector2 centre;
         float turn, size;
         int tone;
         bool loose;
@@ -25,9 +25,9 @@ Canvas TesselLogo()
         const float length = LengthOf(way);
         for (float s = Stone * 0.4f; s < length; s += Stone * 1.06f)
             for (float side = -Row; side <= Row; side += 2 * Row) {
-                const Vec2 d = DirectionAt(way, s / length);
-                const Vec2 at =
-                    PointAt(way, s / length) + Vec2{-d.y, d.x} * side + Vec2{dice.Bell(), dice.Bell()} * 0.6f;
+                const Vector2 d = DirectionAt(way, s / length);
+                const Vector2 at = PointAt(way, s / length) + Vector2{-d.y, d.x} * side +
+                                   Vector2{dice.Bell(), dice.Bell()} * 0.6f;
                 bool taken = false;
                 for (const Tessera& other : stones)
                     taken = taken || Length(other.centre - at) < Stone * 0.78f;
@@ -38,7 +38,7 @@ Canvas TesselLogo()
                 if (hold < 0.62f) {
                     const float far = (0.62f - hold) * 2 * Smooth(420, 900, at.x);
                     t.centre =
-                        at + Vec2{far * dice.Range(-30, 90), far * far * 190 + far * dice.Range(0, 40)};
+                        at + Vector2{far * dice.Range(-30, 90), far * far * 190 + far * dice.Range(0, 40)};
                     t.turn += far * dice.Range(-3, 3);
                     t.loose = far > 0.12f;
                 }
@@ -64,7 +64,8 @@ Canvas TesselLogo()
         Line corners;
         for (int i = 0; i < 4; i++) {
             const float a = t.turn + (float(i) + 0.5f) * Pi / 2 + 0.05f * dice.Bell();
-            corners.push_back(t.centre + Vec2{Cos(a), Sin(a)} * (t.size * 0.68f * dice.Range(0.92f, 1.04f)));
+            corners.push_back(t.centre +
+                              Vector2{Cos(a), Sin(a)} * (t.size * 0.68f * dice.Range(0.92f, 1.04f)));
         }
         corners.push_back(corners.front());
         const Line outline = Shaken(Straight(corners, 2), 0.9f, 8, ++seed);
@@ -73,8 +74,8 @@ Canvas TesselLogo()
         if (!t.loose)
             mortar.Fill(Ellipse(t.centre, Stone * 0.84f, Stone * 0.84f));
         if (dice.Chance(0.3f))
-            crack.Stroke(Straight({t.centre + Vec2{dice.Range(-6, 6), -6},
-                                   t.centre + Vec2{dice.Range(-5, 5), dice.Range(-2, 6)}}),
+            crack.Stroke(Straight({t.centre + Vector2{dice.Range(-6, 6), -6},
+                                   t.centre + Vector2{dice.Range(-5, 5), dice.Range(-2, 6)}}),
                          {.start = 0.6f, .middle = 0.5f, .end = 0});
     }
     mortar.Shake(3, 18, 14);

@@ -15,14 +15,14 @@ constexpr int W = 1024, H = 1024; // the picture is in the top 768 rows; below i
 // horizon of the fields, and its left one. Their legs down to the ankle: the one with which he pushes, the one on which
 // he stands, and hers. Their arms, from the shoulder: his to the left, hers to the right, his round her, hers round his
 // neck. Her hair, that is a river.
-extern const std::vector<Vec2> HisBack, HisFront, HerFront, HerBack, FieldTop, FieldLeft, HisPush, HisStand,
-    HerStep, HisArm, HerArm, HisHold, HerHold, Hair, HisFace, HerFace;
+extern const std::vector<Vector2> HisBack, HisFront, HerFront, HerBack, FieldTop, FieldLeft, HisPush,
+    HisStand, HerStep, HisArm, HerArm, HisHold, HerHold, Hair, HisFace, HerFace;
 
 // From her upright profile, 100 from crown to chin, to where her head is.
-std::vector<Vec2> OnHerHead(std::vector<Vec2> points);
+std::vector<Vector2> OnHerHead(std::vector<Vector2> points);
 
 // The line that lies a part t of the way from a to b, as a furrow between two borders.
-Line Furrow(const std::vector<Vec2>& a, const std::vector<Vec2>& b, float t);
+Line Furrow(const std::vector<Vector2>& a, const std::vector<Vector2>& b, float t);
 
 // His coat, and its hem from the back to the knee.
 Shape HisCoat();
@@ -41,9 +41,9 @@ constexpr LinearColour DarkInk = Mix(palette::Ink, palette::Rust, 0.15f);
 void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, LinearColour light, LinearColour dark,
                  uint32_t seed);
 // Dry furrows, light and dark, from the line a to the line b.
-void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a, const std::vector<Vec2>& b,
-                 int count, float width, const Mask& within, LinearColour light, LinearColour dark,
-                 uint32_t seed);
+void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vector2>& a,
+                 const std::vector<Vector2>& b, int count, float width, const Mask& within,
+                 LinearColour light, LinearColour dark, uint32_t seed);
 // Pen lines of these widths, in pixels. The pen lifts now and then: 0 never, 1 often.
 struct Contour {
     Line line;
@@ -63,7 +63,7 @@ void PaintEmbrace(Canvas& canvas, const Paper& paper);
 void PaintHeads(Canvas& canvas, const Paper& paper);
 
 // Their far hands are trees.
-void DrawHandTree(Pen& pen, const std::vector<Vec2>& arm, float width, uint32_t seed);
+void DrawHandTree(Pen& pen, const std::vector<Vector2>& arm, float width, uint32_t seed);
 
 // The order in which light travels through the painting, for its shader.
 Canvas GlowMask();

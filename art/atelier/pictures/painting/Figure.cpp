@@ -15,14 +15,14 @@ void PaintFigure(Canvas& canvas, const Paper& paper, const Mask& shape, LinearCo
         {.pool = 0.7f, .poolWidth = 8, .granulation = 0.6f, .bloom = 0.7f, .bloomSize = 130, .stray = 1},
         seed);
     canvas.Cover(shape, [&](float x, float y) {
-        const float lit = Smooth(420, 60, Length(Vec2{x, y} - Vec2{620, 330}));
+        const float lit = Smooth(420, 60, Length(Vector2{x, y} - Vector2{620, 330}));
         return Mix(Mix(light, dark, Smooth(0.4f, 1.7f, density.At(Floor(x), Floor(y)))), light, 0.45f * lit);
     });
 }
 
-void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vec2>& a, const std::vector<Vec2>& b,
-                 int count, float width, const Mask& within, LinearColour light, LinearColour dark,
-                 uint32_t seed)
+void DrawFurrows(Canvas& canvas, const Paper& paper, const std::vector<Vector2>& a,
+                 const std::vector<Vector2>& b, int count, float width, const Mask& within,
+                 LinearColour light, LinearColour dark, uint32_t seed)
 {
     Mask bright(W, H), deep(W, H);
     DryBrush brush(bright, paper,

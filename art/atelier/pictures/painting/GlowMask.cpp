@@ -27,7 +27,7 @@ static void TraceLight(Mask& order, const Line& line, float halfWidth, float fro
         const int reach = Floor(halfWidth * 2.2f) + 1, cx = Floor(line[i].x), cy = Floor(line[i].y);
         for (int y = std::max(0, cy - reach); y <= std::min(H - 1, cy + reach); y++)
             for (int x = std::max(0, cx - reach); x <= std::min(W - 1, cx + reach); x++) {
-                const float d = Length(Vec2{float(x) + 0.5f, float(y) + 0.5f} - line[i]);
+                const float d = Length(Vector2{float(x) + 0.5f, float(y) + 0.5f} - line[i]);
                 order.At(x, y) =
                     Max(order.At(x, y), value * Bell(d / halfWidth) * Smooth(2.2f, 1.6f, d / halfWidth));
             }

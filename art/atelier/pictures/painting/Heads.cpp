@@ -50,8 +50,8 @@ static void InkHair(Canvas& canvas, const Paper& paper)
         2, 14, 54));
     const Line crown = Through({{478, 242}, {468, 206}, {484, 173}, {514, 163}, {537, 177}});
     for (int i = 0; i < 70; i++) {
-        const Vec2 p = PointAt(crown, dice.Unit());
-        pen.Stroke(Through({p + Vec2{4, 4}, p + Vec2{dice.Range(-6, 0), dice.Range(-7, 0)}}),
+        const Vector2 p = PointAt(crown, dice.Unit());
+        pen.Stroke(Through({p + Vector2{4, 4}, p + Vector2{dice.Range(-6, 0), dice.Range(-7, 0)}}),
                    {.start = 0.8f, .middle = 0.7f, .end = 0});
     }
     // Hers begins at the temple and leaves the brow free.
@@ -88,10 +88,10 @@ void PaintHeads(Canvas& canvas, const Paper& paper)
     const Line ear = Round(OnHerHead({{62, 52}, {69, 54}, {69, 63}, {63, 70}, {60, 62}}));
     canvas.Cover(Filled(W, H, ear), Mix(Straw, Clay, 0.25f));
     // A warm cheek.
-    const Vec2 cheek = OnHerHead({{32, 66}})[0];
+    const Vector2 cheek = OnHerHead({{32, 66}})[0];
     const Mask blush = Mask(W, H).Each(
         [&](float x, float y) {
-            return Bell(Length(Vec2{x, y} - cheek) / 15);
+            return Bell(Length(Vector2{x, y} - cheek) / 15);
         },
         2);
     canvas.Glaze(blush, palette::Rust, 0.3f);

@@ -8,16 +8,16 @@ namespace atelier
 {
 
 // The shoe that pushes: the heel is up, the ball of the foot is on the ground.
-static const std::vector<Vec2> PushingShoe = {{184, 678}, {160, 672}, {147, 684}, {152, 704}, {166, 718},
-                                              {192, 727}, {218, 728}, {222, 718}, {206, 708}, {194, 696}};
+static const std::vector<Vector2> PushingShoe = {{184, 678}, {160, 672}, {147, 684}, {152, 704}, {166, 718},
+                                                 {192, 727}, {218, 728}, {222, 718}, {206, 708}, {194, 696}};
 // The shoe that stands flat, its heel below the shin.
-static const std::vector<Vec2> StandingShoe = {{538, 684}, {532, 704}, {531, 726}, {552, 727},
-                                               {558, 721}, {580, 726}, {622, 727}, {630, 719},
-                                               {618, 708}, {592, 700}, {576, 684}};
+static const std::vector<Vector2> StandingShoe = {{538, 684}, {532, 704}, {531, 726}, {552, 727},
+                                                  {558, 721}, {580, 726}, {622, 727}, {630, 719},
+                                                  {618, 708}, {592, 700}, {576, 684}};
 // Her foot from the inner ankle over the heel, along the sole to the toes, and back over the instep.
-static const std::vector<Vec2> BareFoot = {{392, 690}, {401, 706}, {399, 720}, {386, 724},
-                                           {364, 721}, {338, 726}, {317, 725}, {315, 718},
-                                           {334, 709}, {354, 700}, {370, 687}};
+static const std::vector<Vector2> BareFoot = {{392, 690}, {401, 706}, {399, 720}, {386, 724},
+                                              {364, 721}, {338, 726}, {317, 725}, {315, 718},
+                                              {334, 709}, {354, 700}, {370, 687}};
 
 Shape HisLegs()
 {
@@ -36,11 +36,11 @@ Shape HerFoot()
 }
 
 // Where a foot touches the ground: darkest right below it, and longer on the side away from the sun.
-static void CastShadow(Canvas& canvas, const Paper& paper, Vec2 from, Vec2 to, uint32_t seed)
+static void CastShadow(Canvas& canvas, const Paper& paper, Vector2 from, Vector2 to, uint32_t seed)
 {
-    const Vec2 middle = Mix(from, to, 0.5f);
+    const Vector2 middle = Mix(from, to, 0.5f);
     const float half = Length(to - from) * 0.5f;
-    Shape shape(Shaken(Ellipse(middle + Vec2{-half * 0.35f, 3}, half * 1.5f, 10), 3, 26, seed));
+    Shape shape(Shaken(Ellipse(middle + Vector2{-half * 0.35f, 3}, half * 1.5f, 10), 3, 26, seed));
     Wash(canvas, paper, Filled(W, H, shape),
          {.pigment = Mix(palette::Rust, palette::Ink, 0.5f),
           .density = 0.75f,

@@ -8,7 +8,7 @@ namespace atelier::photograph
 
 // A finger from its root to its tip: the places of its joints, and half its width there.
 struct Finger {
-    std::vector<Vec2> joints;
+    std::vector<Vector2> joints;
     std::vector<float> halves;
 };
 
@@ -20,10 +20,10 @@ static const std::vector<Finger> Fingers = {
     {{{722, 614}, {790, 514}, {838, 452}, {868, 390}}, {36, 29, 25, 19}}, // little finger
     {{{560, 772}, {474, 684}, {398, 592}, {366, 500}}, {64, 47, 39, 27}}, // thumb
 };
-static const std::vector<Vec2> Palm = {{496, 566}, {560, 522}, {650, 518}, {726, 556}, {756, 640}, {746, 740}, {706, 830}, {692, 930}, {564, 934}, {548, 850}, {504, 786}, {478, 680}};
+static const std::vector<Vector2> Palm = {{496, 566}, {560, 522}, {650, 518}, {726, 556}, {756, 640}, {746, 740}, {706, 830}, {692, 930}, {564, 934}, {548, 850}, {504, 786}, {478, 680}};
 // The lines of the palm, each with how deep it is.
 struct Furrow {
-    std::vector<Vec2> points;
+    std::vector<Vector2> points;
     float width;
 };
 static const std::vector<Furrow> PalmLines = {
@@ -36,7 +36,7 @@ static const std::vector<Furrow> PalmLines = {
 };
 // What stands out of the palm, and what is hollow: a place, its reach along and across, its turn, its height.
 struct Mount {
-    Vec2 place;
+    Vector2 place;
     float along, across, turn, height;
 };
 static const std::vector<Mount> Mounts = {
@@ -56,7 +56,7 @@ Line Tilted(const Line& line)
     return Turned(line, -0.13f, {610, 760});
 }
 
-static Vec2 TiltedPlace(Vec2 place)
+static Vector2 TiltedPlace(Vector2 place)
 {
     return Tilted({place}).front();
 }
@@ -74,7 +74,7 @@ Mask HandShape()
             hand.Add(Tilted(Ellipse(finger.joints[i + 1], b, b)));
         }
         const size_t last = finger.joints.size() - 1;
-        const Vec2 on = Normalised(finger.joints[last] - finger.joints[last - 1]);
+        const Vector2 on = Normalised(finger.joints[last] - finger.joints[last - 1]);
         hand.Add(
             Tilted(Ellipse(finger.joints[last] + on * 4, finger.halves[last] * 0.96f, finger.halves[last])));
     }
@@ -83,17 +83,17 @@ Mask HandShape()
 }
 
 // Raises the relief to a round body from a to b.
-static void RaiseBone(Mask& relief, Vec2 a, float halfA, Vec2 b, float halfB)
+static void RaiseBone(Mask& relief, Vector2 a, float halfA, Vector2 b, float halfB)
 {
     const float room = Max(halfA, halfB) + 1;
     const int left = std::max(0, Floor(Min(a.x, b.x) - room)),
               right = std::min(W - 1, Floor(Max(a.x, b.x) + room));
     const int top = std::max(0, Floor(Min(a.y, b.y) - room)),
               foot = std::min(H - 1, Floor(Max(a.y, b.y) + room));
-    const Vec2 way = b - a;
+    const Vector2 way = b - a;
     for (int y = top; y <= foot; y++)
         for (int x = left; x <= right; x++) {
-            const Vec2 p = Vec2{float(x) + 0.5f, float(y) + 0.5f} - a;
+            const Vector2 p = Vector2{float(x) + 0.5f, float(y) + 0.5f} - a;
             const float t = Clamp(Dot(p, way) / Dot(way, way));
             const float half = Mix(halfA, halfB, t), d = Length(p - way * t);
             if (d < half)
@@ -104,12 +104,12 @@ static void RaiseBone(Mask& relief, Vec2 a, float halfA, Vec2 b, float halfB)
 // Adds a soft hill, or a hollow.
 static void RaiseMount(Mask& relief, const Mount& mount)
 {
-    const Vec2 place = TiltedPlace(mount.place);
-    const Vec2 along = {Cos(mount.turn - 0.13f), Sin(mount.turn - 0.13f)}, across = {-along.y, along.x};
+    const Vector2 place = TiltedPlace(mount.place);
+    const Vector2 along = {Cos(mount.turn - 0.13f), Sin(mount.turn - 0.13f)}, across = {-along.y, along.x};
     const float room = 2.6f * Max(mount.along, mount.across);
     for (int y = std::max(0, Floor(place.y - room)); y <= std::min(H - 1, Floor(place.y + room)); y++)
         for (int x = std::max(0, Floor(place.x - room)); x <= std::min(W - 1, Floor(place.x + room)); x++) {
-            const Vec2 d = Vec2{float(x) + 0.5f, float(y) + 0.5f} - place;
+            const Vector2 d = Vector2{float(x) + 0.5f, float(y) + 0.5f} - place;
             relief.At(x, y) +=
                 mount.height * Bell(Length({Dot(d, along) / mount.along, Dot(d, across) / mount.across}));
         }
@@ -121,19 +121,19 @@ static Mask Creases(const Paper& paper)
     Mask creases(W, H);
     Pen pen(creases, paper, {.width = 4, .wobble = 1.4f, .wave = 34, .skip = 0.15f, .pool = 0}, 13);
     Dice dice(14);
-    const auto across = [&](Vec2 place, Vec2 way, float half, float bow) {
-        const Vec2 side = {-way.y, way.x};
+    const auto across = [&](Vector2 place, Vector2 way, float half, float bow) {
+        const Vector2 side = {-way.y, way.x};
         pen.Stroke(
             Tilted(Through({place - side * (half * 0.92f), place + way * bow, place + side * (half * 0.9f)})),
             {.start = 0.5f, .middle = 0.9f, .end = 0.3f});
     };
     for (const Finger& finger : Fingers)
         for (size_t i = 0; i + 1 < finger.joints.size(); i++) {
-            const Vec2 way = Normalised(finger.joints[i + 1] - finger.joints[i]);
+            const Vector2 way = Normalised(finger.joints[i + 1] - finger.joints[i]);
             const bool thumb = finger.halves[0] > 60;
             if (thumb && i == 0)
                 continue;
-            const Vec2 joint = finger.joints[i] + way * (i == 0 ? 46.0f : 0.0f);
+            const Vector2 joint = finger.joints[i] + way * (i == 0 ? 46.0f : 0.0f);
             const float half = finger.halves[i] * (i == 0 ? 0.95f : 1);
             for (int k = 0; k < (i == 2 ? 1 : 2); k++) {
                 pen.nib.width = k == 0 ? 4.5f : 3;
@@ -174,7 +174,7 @@ Mask LitHand(const Mask& shape, const Paper& paper)
     // The pads of the fingers, and the two tendons of the wrist.
     for (const Finger& finger : Fingers)
         for (size_t i = 0; i + 1 < finger.joints.size(); i++) {
-            const Vec2 a = finger.joints[i], b = finger.joints[i + 1];
+            const Vector2 a = finger.joints[i], b = finger.joints[i + 1];
             const float half = (finger.halves[i] + finger.halves[i + 1]) / 2;
             RaiseMount(relief, {Mix(a, b, i == 0 ? 0.66f : 0.52f), Length(b - a) * 0.36f, half * 0.75f,
                                 Angle(b - a), i == 2 ? 9.0f : 7.0f});
@@ -189,15 +189,15 @@ Mask LitHand(const Mask& shape, const Paper& paper)
             relief.At(x, y) += 1.6f * skin.Fbm(float(x) / 26, float(y) / 26, 3) - 5 * dents.At(x, y);
     relief.Blur(2);
     // The flash is a little above the lens and to its left.
-    constexpr Vec2 Flash = {-0.36f, -0.42f};
+    constexpr Vector2 Flash = {-0.36f, -0.42f};
     constexpr float Ahead = 0.83f;
     Mask lit(W, H);
     for (int y = 1; y + 1 < H; y++)
         for (int x = 1; x + 1 < W; x++) {
             if (shape.At(x, y) <= 0)
                 continue;
-            const Vec2 slope = {(relief.At(x + 1, y) - relief.At(x - 1, y)) / 2,
-                                (relief.At(x, y + 1) - relief.At(x, y - 1)) / 2};
+            const Vector2 slope = {(relief.At(x + 1, y) - relief.At(x - 1, y)) / 2,
+                                   (relief.At(x, y + 1) - relief.At(x, y - 1)) / 2};
             const float facing = (Ahead - Dot(slope, Flash)) / Sqrt(1 + Dot(slope, slope));
             const float fy = float(y);
             // The nearer, the brighter: the fingertips burn.

@@ -33,19 +33,19 @@ static float AngleTo(const Direction& a, const Direction& b)
 }
 
 // The half globe of the sky laid flat, the zenith in the middle, the horizon at length 1.
-static Vec2 Flat(const Direction& d)
+static Vector2 Flat(const Direction& d)
 {
     return {d.x / (1 + d.y), d.z / (1 + d.y)};
 }
 
 // How high the land stands in a direction round the horizon, as the tangent of its angle: two ranges of
 // hills, the nearer one wooded.
-static float FarHillsAt(Vec2 round)
+static float FarHillsAt(Vector2 round)
 {
     static const Noise hills(403);
     return 0.070f + 0.055f * hills.Fbm(round.x * 2.1f + 3, round.y * 2.1f + 7, 4);
 }
-static float HillsAt(Vec2 round)
+static float HillsAt(Vector2 round)
 {
     static const Noise hills(401), firs(402);
     const float high = 0.034f + 0.045f * hills.Fbm(round.x * 2.6f + 9, round.y * 2.6f + 9, 3);
@@ -108,11 +108,12 @@ static float LandmarksAt(float round)
 
 // The tooth of the paper and the bristles of a broad brush, dragged across the whole globe: no wall of the
 // box has a sheet of its own.
-static float ToothTowards(Vec2 flat)
+static float ToothTowards(Vector2 flat)
 {
     static const Noise tooth(416), bristle(417), load(419);
-    const Vec2 drag = {flat.x * 0.766f + flat.y * 0.643f + 0.02f * load.Gradient(flat.x * 6, flat.y * 6),
-                       flat.y * 0.766f - flat.x * 0.643f + 0.04f * load.Gradient(flat.x * 4 + 9, flat.y * 4)};
+    const Vector2 drag = {flat.x * 0.766f + flat.y * 0.643f + 0.02f * load.Gradient(flat.x * 6, flat.y * 6),
+                          flat.y * 0.766f - flat.x * 0.643f +
+                              0.04f * load.Gradient(flat.x * 4 + 9, flat.y * 4)};
     const float wet = 0.95f + 0.5f * load.Gradient(flat.x * 14, flat.y * 14);
     return 0.55f * tooth.Fbm(flat.x * 190, flat.y * 190, 2) +
            wet * (0.7f * bristle.Gradient(drag.x * 42, drag.y * 330) +
@@ -122,7 +123,7 @@ static float ToothTowards(Vec2 flat)
 static LinearColour SkyTowards(const Direction& d)
 {
     static const Noise cloud(411), milk(412), dust(413), shore(414), maria(415), stroke(418);
-    const Vec2 p = Flat(d);
+    const Vector2 p = Flat(d);
     const float tooth = ToothTowards(p);
     LinearColour sky = Mix(palette::Slate * 0.66f, palette::Night * 0.9f, Smooth(0.0f, 0.35f, d.y));
     sky = Mix(sky, palette::Ink * 0.9f, Smooth(0.25f, 0.9f, d.y));
@@ -142,7 +143,7 @@ static LinearColour SkyTowards(const Direction& d)
     // Washes of cloud: pigment pools where a wash ended and granulates inside it. The moon is behind them,
     // and lights the edges that look at her.
     const float far = AngleTo(d, Moon);
-    const Vec2 w = cloud.Warp(p.x * 3.0f, p.y * 3.0f, 0.55f);
+    const Vector2 w = cloud.Warp(p.x * 3.0f, p.y * 3.0f, 0.55f);
     const float body = cloud.Fbm(w.x, w.y, 5);
     const float low = Smooth(0.75f, 0.2f, d.y);
     const float veil = Smooth(-0.04f, 0.30f, body) * low;
@@ -163,7 +164,7 @@ static LinearColour SkyTowards(const Direction& d)
     // Two ranges of land stand before it, mist between them; the foot is all dark.
     const float level = Sqrt(d.x * d.x + d.z * d.z);
     const float rise = d.y / level;
-    const Vec2 round = {d.x / level, d.z / level};
+    const Vector2 round = {d.x / level, d.z / level};
     const float farHill = FarHillsAt(round), hill = HillsAt(round), top = hill + LandmarksAt(RoundOf(d));
     const LinearColour farLand = Mix(Mix(palette::Slate, palette::Mist, 0.12f) * 0.55f, palette::Night * 0.8f,
                                      Smooth(0.02f, 0.10f, rise)) *
@@ -188,7 +189,7 @@ static std::vector<Star> Stars()
         const float x = dice.Range(-1, 1), y = dice.Range(0, 1), z = dice.Range(-1, 1);
         const float length = Sqrt(x * x + y * y + z * z);
         const Direction d = {x / length, y / length, z / length};
-        const Vec2 p = Flat(d);
+        const Vector2 p = Flat(d);
         const float milky = Bell((p.x * 0.8f + p.y * 0.6f) / 0.2f);
         const float light = Pow(dice.Unit(), 5);
         if (length > 1 || length < 0.05f || !dice.Chance(0.35f + 0.65f * milky) || AngleTo(d, Moon) < 0.13f ||
@@ -205,7 +206,7 @@ static std::vector<Star> Stars()
 struct PaintedFace {
     int width, height;
     Direction (*at)(float u, float v);
-    bool (*seen)(const Direction& d, Vec2& uv);
+    bool (*seen)(const Direction& d, Vector2& uv);
     float (*depth)(float u, float v); // z of the point, in widths of the box
 };
 
@@ -215,24 +216,24 @@ static Canvas Paint(const PaintedFace& face)
     const float w = float(face.width), h = float(face.height);
     canvas.Ground([&](float x, float y) { return SkyTowards(face.at(x / w, y / h)); });
     for (const Star& star : Stars()) {
-        Vec2 uv;
+        Vector2 uv;
         if (!face.seen(star.place, uv))
             continue;
-        const Vec2 p = {uv.x * w, uv.y * h};
+        const Vector2 p = {uv.x * w, uv.y * h};
         const int reach = Floor(star.radius * 3) + 1;
         for (int y = Floor(p.y) - reach; y <= Floor(p.y) + reach; y++)
             for (int x = Floor(p.x) - reach; x <= Floor(p.x) + reach; x++) {
                 if (x < 0 || y < 0 || x >= face.width || y >= face.height)
                     continue;
-                const Vec2 off = {float(x) + 0.5f - p.x, float(y) + 0.5f - p.y};
+                const Vector2 off = {float(x) + 0.5f - p.x, float(y) + 0.5f - p.y};
                 const LinearColour light = star.colour * (star.light * Bell(Length(off) / star.radius));
                 Pixel& pixel = canvas.At(x, y);
                 pixel = {pixel.r + light.r, pixel.g + light.g, pixel.b + light.b, pixel.a};
             }
     }
     for (const FarLight& light : FarLights) {
-        const Vec2 round = {Sin(light.round), -Cos(light.round)};
-        Vec2 uv;
+        const Vector2 round = {Sin(light.round), -Cos(light.round)};
+        Vector2 uv;
         if (!face.seen(Towards(round.x, HillsAt(round) + light.above, round.y), uv) || uv.x < 0 || uv.x > 1 ||
             uv.y < 0 || uv.y > 1)
             continue;
@@ -248,7 +249,7 @@ static Canvas Paint(const PaintedFace& face)
 // clang-format off
 constexpr PaintedFace Left = {1024, 512,
     [](float u, float v) { return Towards(-0.5f, (1 - v) * BoxHeight, 0.5f - u); },
-    [](const Direction& d, Vec2& uv) {
+    [](const Direction& d, Vector2& uv) {
         if (d.x > -0.01f)
             return false;
         uv = {0.5f - d.z / -d.x * 0.5f, 1 - d.y / -d.x * 0.5f / BoxHeight};
@@ -257,7 +258,7 @@ constexpr PaintedFace Left = {1024, 512,
     [](float u, float) { return 0.5f - u; }};
 constexpr PaintedFace Back = {1024, 512,
     [](float u, float v) { return Towards(u - 0.5f, (1 - v) * BoxHeight, -0.5f); },
-    [](const Direction& d, Vec2& uv) {
+    [](const Direction& d, Vector2& uv) {
         if (d.z > -0.01f)
             return false;
         uv = {0.5f + d.x / -d.z * 0.5f, 1 - d.y / -d.z * 0.5f / BoxHeight};
@@ -266,7 +267,7 @@ constexpr PaintedFace Back = {1024, 512,
     [](float, float) { return -0.5f; }};
 constexpr PaintedFace Right = {1024, 512,
     [](float u, float v) { return Towards(0.5f, (1 - v) * BoxHeight, u - 0.5f); },
-    [](const Direction& d, Vec2& uv) {
+    [](const Direction& d, Vector2& uv) {
         if (d.x < 0.01f)
             return false;
         uv = {0.5f + d.z / d.x * 0.5f, 1 - d.y / d.x * 0.5f / BoxHeight};
@@ -275,7 +276,7 @@ constexpr PaintedFace Right = {1024, 512,
     [](float u, float) { return u - 0.5f; }};
 constexpr PaintedFace Top = {1024, 1024,
     [](float u, float v) { return Towards(u - 0.5f, BoxHeight, v - 0.5f); },
-    [](const Direction& d, Vec2& uv) {
+    [](const Direction& d, Vector2& uv) {
         if (d.y < 0.01f)
             return false;
         uv = {0.5f + d.x / d.y * BoxHeight, 0.5f + d.z / d.y * BoxHeight};

@@ -75,7 +75,7 @@ public:
     }
     void Width(float width) { pen.nib.width = width * Fine; }
     void Stroke(const Line& line, Press press) { pen.Stroke(Scaled(line, Fine), press); }
-    void Dot(Vec2 at, float radius) { pen.Dot(at * Fine, radius * Fine); }
+    void Dot(Vector2 at, float radius) { pen.Dot(at * Fine, radius * Fine); }
     void Fill(const Line& outline) { ink.Fill(Scaled(outline, Fine)); }
 
 private:
@@ -91,7 +91,7 @@ private:
     Mask& ink;
 };
 
-static void DrawHead(Quill& pen, Vec2 at, bool hollow)
+static void DrawHead(Quill& pen, Vector2 at, bool hollow)
 {
     if (!hollow) {
         pen.Fill(Ellipse(at, HeadX, HeadY, -0.22f));
@@ -103,19 +103,20 @@ static void DrawHead(Quill& pen, Vec2 at, bool hollow)
 }
 
 // A rest of a quarter, about the staff's middle line.
-static void DrawRest(Quill& pen, Vec2 at)
+static void DrawRest(Quill& pen, Vector2 at)
 {
     pen.Width(2.6f);
-    pen.Stroke(Through({at + Vec2{-2.5f, -10}, at + Vec2{3, -4.5f}, at + Vec2{-2, 0}, at + Vec2{3.5f, 5.5f}}),
+    pen.Stroke(Through({at + Vector2{-2.5f, -10}, at + Vector2{3, -4.5f}, at + Vector2{-2, 0},
+                        at + Vector2{3.5f, 5.5f}}),
                {.start = 0.3f, .middle = 1, .end = 0.9f});
-    pen.Stroke(Through({at + Vec2{3.5f, 5.5f}, at + Vec2{-2.5f, 4.5f}, at + Vec2{-1.5f, 10.5f}}),
+    pen.Stroke(Through({at + Vector2{3.5f, 5.5f}, at + Vector2{-2.5f, 4.5f}, at + Vector2{-1.5f, 10.5f}}),
                {.start = 0.9f, .middle = 0.8f, .end = 0.1f});
 }
 
 // Three over four, between the lines of a staff.
-static void DrawTime(Quill& pen, Vec2 middle)
+static void DrawTime(Quill& pen, Vector2 middle)
 {
-    const auto in = [&](float x, float y) { return middle + Vec2{x, y}; };
+    const auto in = [&](float x, float y) { return middle + Vector2{x, y}; };
     pen.Width(2.6f);
     pen.Stroke(Through({in(-4.5f, -12.5f), in(0, -14), in(4, -11), in(0.5f, -7.6f)}),
                {.start = 0.7f, .middle = 1, .end = 0.7f});
@@ -127,24 +128,24 @@ static void DrawTime(Quill& pen, Vec2 middle)
     pen.Stroke(Straight({in(2.4f, 4.6f), in(2, 13.6f)}), {.start = 0.8f, .middle = 1, .end = 0.9f});
 }
 
-static void DrawNote(Quill& pen, Vec2 at, float length, float foot)
+static void DrawNote(Quill& pen, Vector2 at, float length, float foot)
 {
     const bool hollow = length >= 2;
     DrawHead(pen, at, hollow);
     if (length < 3) {
         const float up = at.y > foot - 2 * Gap ? -1.0f : 1.0f;
-        const Vec2 root = at + Vec2{-up * (HeadX - 0.7f), 0}, tip = root + Vec2{0.6f, up * 23};
+        const Vector2 root = at + Vector2{-up * (HeadX - 0.7f), 0}, tip = root + Vector2{0.6f, up * 23};
         pen.Width(2.4f);
         pen.Stroke(Straight({root, tip}), {.start = 1, .middle = 0.9f, .end = 0.8f});
         if (length < 1) {
             pen.Width(4);
-            pen.Stroke(
-                Through({tip, tip + Vec2{6, -up * 4}, tip + Vec2{11, -up * 10}, tip + Vec2{10, -up * 15}}),
-                {.start = 1, .middle = 0.8f, .end = 0.1f});
+            pen.Stroke(Through({tip, tip + Vector2{6, -up * 4}, tip + Vector2{11, -up * 10},
+                                tip + Vector2{10, -up * 15}}),
+                       {.start = 1, .middle = 0.8f, .end = 0.1f});
         }
     }
     if (length == 1.5f || length == 3)
-        pen.Dot(at + Vec2{12, -1.5f}, 2.0f);
+        pen.Dot(at + Vector2{12, -1.5f}, 2.0f);
     pen.Width(1.6f);
     for (float y = foot + Gap; y <= at.y + 1; y += Gap)
         pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
@@ -152,29 +153,30 @@ static void DrawNote(Quill& pen, Vec2 at, float length, float foot)
         pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
 }
 
-static void DrawSign(Quill& pen, Vec2 at, int accidental)
+static void DrawSign(Quill& pen, Vector2 at, int accidental)
 {
     pen.Width(2.4f);
     if (accidental < 0) {
-        pen.Stroke(Through({at + Vec2{-3, -13}, at + Vec2{-3, 4}}),
+        pen.Stroke(Through({at + Vector2{-3, -13}, at + Vector2{-3, 4}}),
                    {.start = 0.9f, .middle = 0.9f, .end = 0.8f});
-        pen.Stroke(Through({at + Vec2{-3, -1}, at + Vec2{3, -4}, at + Vec2{3, 0}, at + Vec2{-3, 4}}),
-                   {.start = 0.8f, .middle = 1, .end = 0.8f});
+        pen.Stroke(
+            Through({at + Vector2{-3, -1}, at + Vector2{3, -4}, at + Vector2{3, 0}, at + Vector2{-3, 4}}),
+            {.start = 0.8f, .middle = 1, .end = 0.8f});
         return;
     }
     for (const float x : {-2.2f, 2.2f})
-        pen.Stroke(Straight({at + Vec2{x, -9}, at + Vec2{x, 9}}),
+        pen.Stroke(Straight({at + Vector2{x, -9}, at + Vector2{x, 9}}),
                    {.start = 0.8f, .middle = 0.8f, .end = 0.8f});
     for (const float y : {-2.8f, 2.8f})
-        pen.Stroke(Straight({at + Vec2{-6, y + 1}, at + Vec2{6, y - 1}}),
+        pen.Stroke(Straight({at + Vector2{-6, y + 1}, at + Vector2{6, y - 1}}),
                    {.start = 1, .middle = 1, .end = 1});
 }
 
 // At the line of G.
-static void DrawTrebleClef(Quill& pen, Vec2 at)
+static void DrawTrebleClef(Quill& pen, Vector2 at)
 {
     pen.Width(3.2f);
-    const auto in = [&](float x, float y) { return at + Vec2{x * 1.3f, y * 0.86f}; };
+    const auto in = [&](float x, float y) { return at + Vector2{x * 1.3f, y * 0.86f}; };
     pen.Stroke(Through({in(0.5f, 2), in(-2.6f, -1), in(0, -5.5f), in(4.6f, -3), in(4.6f, 4), in(0, 7.6f),
                         in(-5.4f, 4), in(-5.6f, -5), in(0, -13), in(4.4f, -20), in(4, -28), in(1.6f, -31),
                         in(-0.6f, -25), in(0.4f, -12), in(2.2f, 8), in(1.6f, 15), in(-2, 17), in(-3.6f, 14)}),
@@ -183,10 +185,10 @@ static void DrawTrebleClef(Quill& pen, Vec2 at)
 }
 
 // At the line of F.
-static void DrawBassClef(Quill& pen, Vec2 at)
+static void DrawBassClef(Quill& pen, Vector2 at)
 {
     pen.Width(3.4f);
-    const auto in = [&](float x, float y) { return at + Vec2{x * 1.45f, y}; };
+    const auto in = [&](float x, float y) { return at + Vector2{x * 1.45f, y}; };
     pen.Dot(in(-3, 0), 2.8f);
     pen.Stroke(Through({in(-3, 0), in(-2.5f, -5), in(1.5f, -7), in(5, -3), in(4, 8), in(-4, 18)}),
                {.start = 0.8f, .middle = 1, .end = 0.1f});
@@ -195,12 +197,12 @@ static void DrawBassClef(Quill& pen, Vec2 at)
 }
 
 // From note to note of a bar, above or below their heads.
-static void DrawSlur(Quill& pen, Vec2 from, Vec2 to, float side)
+static void DrawSlur(Quill& pen, Vector2 from, Vector2 to, float side)
 {
     pen.Width(2.2f);
-    const Vec2 lift = {0, side * 7};
+    const Vector2 lift = {0, side * 7};
     const float depth = Min(9, 3 + Length(to - from) * 0.08f);
-    pen.Stroke(Through({from + lift, Mix(from, to, 0.5f) + lift + Vec2{0, side * depth}, to + lift}),
+    pen.Stroke(Through({from + lift, Mix(from, to, 0.5f) + lift + Vector2{0, side * depth}, to + lift}),
                {.start = 0.1f, .middle = 1, .end = 0.1f});
 }
 
@@ -266,7 +268,7 @@ static void DrawClefs(Quill& pen)
 
 // Where a note stands: bars count from 1, beats from 0; `footStep` is the step of the staff's lowest line,
 // which lies at `foot`.
-static Vec2 PlaceOf(int bar, float beat, int step, int footStep, float foot)
+static Vector2 PlaceOf(int bar, float beat, int step, int footStep, float foot)
 {
     return {Bar * float(bar - 1) + FirstBeat + Beat * beat, foot - Gap / 2 * float(step - footStep)};
 }
@@ -275,19 +277,19 @@ static Vec2 PlaceOf(int bar, float beat, int step, int footStep, float foot)
 static void DrawTune(Quill& pen, std::span<const waltz::ThemeNote> notes, float foot)
 {
     int bar = 0;
-    Vec2 first, last;
+    Vector2 first, last;
     const auto slur = [&] {
         if (bar > 0 && last.x > first.x)
             // On the side where no stem is.
             DrawSlur(pen, first, last, Min(first.y, last.y) > foot - 2 * Gap ? 1.0f : -1.0f);
     };
     for (const waltz::ThemeNote& note : notes) {
-        Vec2 at = PlaceOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
+        Vector2 at = PlaceOf(note.bar, note.beat, Step(note.letter, note.octave), TrebleFoot, foot);
         if (note.length < 1) // leaves room for the sign of the note behind it
             at.x -= QuaverEarly;
         DrawNote(pen, at, note.length, foot);
         if (note.printedSign)
-            DrawSign(pen, at - Vec2{SignBefore, 0}, note.accidental);
+            DrawSign(pen, at - Vector2{SignBefore, 0}, note.accidental);
         if (note.bar != bar) {
             slur();
             bar = note.bar;
@@ -309,19 +311,19 @@ static void DrawChord(Quill& pen, int bar)
         const auto at = [&](int i, float foot) {
             return PlaceOf(bar, float(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
         };
-        const Vec2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
+        const Vector2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
         const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
         DrawHead(pen, third, false);
         DrawHead(pen, fifth, false);
         const float side = down ? -1.0f : 1.0f, high = Min(third.y, fifth.y), low = Max(third.y, fifth.y);
-        const Vec2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
+        const Vector2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
         pen.Width(2.4f);
         pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
                    {.start = 1, .middle = 0.9f, .end = 0.8f});
         DrawNote(pen, at(0, Foot[3]), 1, Foot[3]);
         for (int i = 0; beat == 1 && i < 3; i++)
             if (triad.sign[i] != 0)
-                DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vec2{SignBefore, 0}, triad.sign[i]);
+                DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vector2{SignBefore, 0}, triad.sign[i]);
     }
 }
 

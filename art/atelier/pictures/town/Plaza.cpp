@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/town/Town.h"
+#include "art/atelier/pictures/town/VillageEarth.h"
+
+namespace atelier
+{
+
+constexpr float Size = 1024;
+constexpr int Side = 1024;
+constexpr float Units = 60, PerUnit = Size / Units, Middle = Size / 2;
+constexpr float PlazaX = 64; // where it lies on the way
+constexpr uint32_t SoilSeed = 327, AshSeed = 328;
+
+// Units from the plaza's middle. The picture's top is the right-hand side of the way.
+static Vector2 FromMiddle(float x, float y)
+{
+    return {(x - Middle) / PerUnit, (Middle - y) / PerUnit};
+}
+
+// How far the plaza's rim strays from its circle, in units.
+static float Raggedness(Vector2 g)
+{
+    static const Noise worn(326);
+    return 1.5f * worn.Fbm(g.x / 2.6f, g.y / 2.6f, 3);
+}
+
+// The plaza's paving: rings of setts and slabs about the tree's place, in units from it. The broad ring
+// carries the pillars.
+struct PavingRing {
+    float inner, outer;
+    int count; // stones round it
+    bool slab;
+};
+// clang-format off
+constexpr PavingRing Paving[] = {
+    { 1.45f,  2.90f,  9, true },
+    { 2.90f,  3.45f, 20, false},
+    { 3.45f,  3.98f, 24, false},
+    { 3.98f,  4.52f, 28, false},
+    { 4.52f,  5.06f, 31, false},
+    { 5.06f,  5.60f, 34, false},
+    { 5.60f,  8.40f, 18, true },
+    { 8.40f,  9.00f, 55, false},
+    { 9.00f,  9.62f, 60, false},
+    { 9.62f, 10.26f, 63, false},
+    {10.26f, 10.90f, 68, false},
+    {10.90f, 12.30f, 40, true },
+    {12.30f, 12.95f, 80, false},
+    {12.95f, 13.60f, 84, false},
+    {13.60f, 14.25f, 88, false},
+};
+// clang-format on
+
+struct Stone {
+    bool is;
+    float edge;    // units to its rim
+    uint32_t name; // a random number
+    float toLight; // -1 to 1: the side that looks at the middle is 1
+    bool slab;
+};
+
+static Stone StoneAt(float x, float z) // from the plaza's middle
+{
+    static const Noise crooked(324), press(325);
+    const float r = Length({x, z}) + 0.07f * crooked.Gradient(x / 0.9f, z / 0.9f);
+    const float a = Angle({x, z}) / (2 * Pi) + 0.5f;
+    uint32_t ringName = 11;
+    for (const PavingRing& ring : Paving) {
+        ringName = ringName * 1664525u + 1013904223u;
+        if (r < ring.inner || r >= ring.outer)
+            continue;
+        const float middle = (ring.inner + ring.outer) / 2;
+        const float u = a * float(ring.count) + float(ringName >> 16 & 255) / 255 +
+                        0.07f * crooked.Gradient(x / 0.5f + 30, z / 0.5f);
+        const int i = Wrap(Floor(u), ring.count);
+        const float arc = 2 * Pi * middle / float(ring.count);
+        const float fu = Fraction(u), fr = (r - ring.inner) / (ring.outer - ring.inner);
+        const float sideways = Min(fu, 1 - fu) * arc, inward = Min(r - ring.inner, ring.outer - r);
+        // Rounded corners: the two distances meet softly.
+        const float k = ring.slab ? 0.22f : 0.16f;
+        const float edge = Min(Min(sideways, inward), (sideways + inward) - k);
+        const uint32_t name = (uint32_t(i) * 2654435761u) ^ ringName;
+        return {true, edge + 0.03f * press.Gradient(x / 0.18f, z / 0.18f), name * 2246822519u, 1 - 2 * fr,
+                ring.slab};
+    }
+    return {false, 0, 0, 0, false};
+}
+
+// The ground of the village about the plaza, and the earth that is trodden between the stones.
+static LinearColour EarthAt(Vector2 g)
+{
+    static const Noise soil(SoilSeed);
+    // The land lies darker and drier in places; not where the field's picture goes on.
+    const float lie = soil.Fbm(g.x / 9, g.y / 6, 3) * Smooth(-28, -16, g.x);
+    const LinearColour field =
+        Mix(VillageEarth(g.x + PlazaX, g.y) * (1 + 0.55f * lie), Mix(palette::Moss, palette::Slate, 0.35f),
+            0.22f * Smooth(0.05f, 0.5f, lie));
+    const float t = 0.5f + 0.7f * soil.Fbm(g.x / 2.2f, g.y / 2.2f, 5);
+    const LinearColour trodden =
+        Mix(Mix(palette::Slate, palette::Moss, 0.55f), palette::Parchment, 0.16f * t) * (0.55f + 0.35f * t);
+    return Mix(trodden, field, Smooth(12.6f, 14.6f, Length(g) + Raggedness(g)));
+}
+
+static LinearColour StoneColour(const Stone& stone, Vector2 g)
+{
+    static const Noise stones(323);
+    const float own = float(stone.name >> 8 & 255) / 255;
+    const float rough = 0.75f * stones.Fbm(g.x / 0.8f, g.y / 0.8f, 4);
+    LinearColour s = Mix(palette::Slate, Mix(palette::Mist, palette::Parchment, 0.35f),
+                         0.12f + 0.42f * own + 0.3f * rough);
+    s = s * (0.62f + 0.16f * stone.toLight + 0.35f * rough);
+    s = Mix(s, palette::Mist, 0.35f * Hill(0.10f, 0.06f, stone.edge) * Smooth(-0.2f, 0.8f, stone.toLight));
+    const LinearColour joint = Mix(palette::Ink, palette::Night, 0.4f);
+    return Mix(joint, s, Smooth(0.015f, 0.075f, stone.edge));
+}
+
+// Setts are missing towards the rim of the plaza; slabs are all there.
+static float IsThere(const Stone& stone, Vector2 g)
+{
+    if (stone.slab)
+        return 1;
+    const float lost = float(stone.name >> 16 & 255) / 255;
+    return Smooth(lost - 0.1f, lost + 0.1f, 1.2f * (13.9f - Length(g) - Raggedness(g)) / 1.6f);
+}
+
+static LinearColour GroundAt(Vector2 g)
+{
+    static const Noise ash(AshSeed);
+    LinearColour c = EarthAt(g);
+    const Stone stone = StoneAt(g.x, g.y);
+    if (stone.is)
+        c = Mix(c, StoneColour(stone, g), IsThere(stone, g));
+    // The hearth: a round of ash that the fire grows out of.
+    const float hearth = Smooth(1.5f, 1.3f, Length(g) + 0.12f * ash.Gradient(g.x / 0.5f, g.y / 0.5f));
+    return Mix(c, Mix(palette::Ink, palette::Slate, 0.25f + 0.35f * ash.Fbm(g.x / 0.4f, g.y / 0.4f, 4)),
+               hearth);
+}
+
+static void DrawFurrowsAround(Canvas& canvas, Dice& dice)
+{
+    Mask lines(Side, Side);
+    Pen plough(lines, SketchPaper(), {.width = 2.0f, .wobble = 0.8f, .wave = 30, .skip = 0.5f, .dry = 0.5f},
+               331);
+    const auto toSheet = [](Vector2 g) {
+        return Vector2{Middle + (g.x - PlazaX) * PerUnit, Middle - g.y * PerUnit};
+    };
+    HatchFurrows(plough, dice, 2600, {PlazaX - 30, -29}, {PlazaX + 30, 29}, toSheet, [](Vector2 g) {
+        const Vector2 m = {g.x - PlazaX, g.y};
+        return Length(m) + Raggedness(m) > 14.4f;
+    });
+    canvas.Cover(lines, palette::Ink, 0.7f);
+}
+
+// The slabs are drawn round with the pen, and shaded a little each its own way.
+static void DrawSlabs(Canvas& canvas, Dice& dice)
+{
+    Mask ink(Side, Side);
+    Pen pen(ink, SketchPaper(), {.width = 2.4f, .wobble = 0.8f, .wave = 20, .skip = 0.45f}, 333);
+    for (const PavingRing& ring : Paving)
+        for (const float r : {ring.inner, ring.outer})
+            if (ring.slab)
+                for (int i = 0; i < ring.count; i++) {
+                    const float a = 2 * Pi * (float(i) + dice.Range(0, 0.5f)) / float(ring.count);
+                    pen.Stroke(Shaken(Arc({Middle, Middle}, r * PerUnit, r * PerUnit, a,
+                                          a + dice.Range(0.6f, 1.3f) * 2 * Pi / float(ring.count)),
+                                      1.2f, 16, dice.Next()),
+                               {.start = 0.3f, .middle = 1, .end = 0.1f});
+                }
+    const Mask shade = Mask(Side, Side).Each([](float x, float y) {
+        const Vector2 g = FromMiddle(x, y);
+        const Stone stone = StoneAt(g.x, g.y);
+        const float own = float(stone.name >> 20 & 255) / 255;
+        return stone.is && stone.slab ? 0.7f * Smooth(0.45f, 0.95f, own) * Smooth(0.02f, 0.15f, stone.edge)
+                                      : 0.0f;
+    });
+    pen.nib.width = 1.8f;
+    Hatch(pen, shade, {.angle = 0.7f, .spacing = 6, .length = 22}, 334);
+    canvas.Cover(ink, palette::Ink, 0.85f);
+}
+
+// Embers in the joints about the hearth.
+static void LightEmbers(Canvas& canvas)
+{
+    const Noise ash(AshSeed);
+    const Mask embers = Mask(Side, Side).Each([&](float x, float y) {
+        const Vector2 g = FromMiddle(x, y);
+        const float r = Length(g);
+        const Stone stone = StoneAt(g.x, g.y);
+        const float joint = stone.is ? Smooth(0.09f, 0.0f, stone.edge) : r < 1.45f ? 0.5f : 0.0f;
+        return joint * Bell(r / 3.2f) * Smooth(-0.3f, 0.4f, ash.Fbm(g.x / 0.7f, g.y / 0.7f, 4));
+    });
+    canvas.Light(embers, palette::Amber, 0.85f);
+    canvas.Light(embers.Blurred(9), palette::Ochre, 0.8f);
+}
+
+Canvas Plaza()
+{
+    Canvas canvas(Side, Side);
+    canvas.Ground([](float x, float y) { return GroundAt(FromMiddle(x, y)); });
+    const Noise soil(SoilSeed);
+    Wash(canvas, SketchPaper(), Mask(Side, Side).Each([&](float x, float y) {
+        const Vector2 g = FromMiddle(x, y);
+        return Smooth(0.05f, 0.2f, soil.Fbm(g.x / 5 + 7, g.y / 5, 4)) * Smooth(14.5f, 13, Length(g));
+    }),
+         {.pigment = palette::Slate, .density = 0.3f, .pool = 1, .poolWidth = 5}, 330);
+    Dice dice(332);
+    DrawFurrowsAround(canvas, dice);
+    DrawSlabs(canvas, dice);
+    LightEmbers(canvas);
+    FinishGround(canvas, Mask(Side, Side).Each([](float x, float y) {
+        const Vector2 g = FromMiddle(x, y);
+        const float beside = SideLight(g.y);
+        const float round = Smooth(29, 14, Length(g));
+        return Max(round, beside * Smooth(0.55f, 0.2f, x / Size));
+    }));
+    return canvas;
+}
+
+} // namespace atelier
