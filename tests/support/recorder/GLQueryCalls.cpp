@@ -31,8 +31,10 @@ static std::vector<double> One(double value)
     return {value};
 }
 
-// Empty for a name that the recorder doesn't know.
-static std::vector<double> Values(Context& c, GLenum name)
+// Each of these is empty for a name that is not its own.
+
+// Matrices and their stacks, the rectangles of the window, and what the next vertex gets.
+static std::vector<double> TransformValues(const Context& c, GLenum name)
 {
     const State& s = c.state;
     switch (name) {
@@ -48,10 +50,6 @@ static std::vector<double> Values(Context& c, GLenum name)
         return One(double(c.projection.size()));
     case GL_TEXTURE_STACK_DEPTH:
         return One(double(c.texture[s.activeUnit].size()));
-    case GL_MAX_MODELVIEW_STACK_DEPTH:
-        return One(double(ModelviewStackLimit));
-    case GL_MAX_PROJECTION_STACK_DEPTH:
-        return One(double(ProjectionStackLimit));
     case GL_ATTRIB_STACK_DEPTH:
         return One(double(c.attributes.size()));
     case GL_MATRIX_MODE:
@@ -68,6 +66,15 @@ static std::vector<double> Values(Context& c, GLenum name)
         return {c.normal.x, c.normal.y, c.normal.z};
     case GL_CURRENT_TEXTURE_COORDS:
         return FromPoint(c.texCoord[s.activeUnit]);
+    default:
+        return {};
+    }
+}
+
+// How fragments are coloured, tested and written.
+static std::vector<double> FragmentValues(const State& s, GLenum name)
+{
+    switch (name) {
     case GL_COLOR_CLEAR_VALUE:
         return FromColour(s.clearColour);
     case GL_DEPTH_CLEAR_VALUE:
@@ -109,6 +116,16 @@ static std::vector<double> Values(Context& c, GLenum name)
         return One(s.colourMaterialFace);
     case GL_COLOR_MATERIAL_PARAMETER:
         return One(s.colourMaterialMode);
+    default:
+        return {};
+    }
+}
+
+// What is bound, and how pixels lie in memory.
+static std::vector<double> BindingValues(Context& c, GLenum name)
+{
+    const State& s = c.state;
+    switch (name) {
     case GL_DRAW_BUFFER:
         return One(s.drawBuffer);
     case GL_READ_BUFFER:
@@ -119,16 +136,6 @@ static std::vector<double> Values(Context& c, GLenum name)
         return One(GL_TEXTURE0 + c.client.activeUnit);
     case GL_TEXTURE_BINDING_2D:
         return One(ActiveUnit(c).bound);
-    case GL_MAX_TEXTURE_UNITS:
-    case GL_MAX_TEXTURE_COORDS:
-    case GL_MAX_TEXTURE_IMAGE_UNITS:
-        return One(UnitCount);
-    case GL_MAX_TEXTURE_SIZE:
-        return One(8192);
-    case GL_MAX_LIGHTS:
-        return One(LightCount);
-    case GL_MAX_VIEWPORT_DIMS:
-        return {16384, 16384};
     case GL_CURRENT_PROGRAM:
         return One(s.program);
     case GL_FRAMEBUFFER_BINDING:
@@ -158,6 +165,29 @@ static std::vector<double> Values(Context& c, GLenum name)
     case GL_PACK_SKIP_PIXELS:
     case GL_LIST_BASE:
         return One(0);
+    default:
+        return {};
+    }
+}
+
+// What this GL can.
+static std::vector<double> LimitValues(GLenum name)
+{
+    switch (name) {
+    case GL_MAX_MODELVIEW_STACK_DEPTH:
+        return One(double(ModelviewStackLimit));
+    case GL_MAX_PROJECTION_STACK_DEPTH:
+        return One(double(ProjectionStackLimit));
+    case GL_MAX_TEXTURE_UNITS:
+    case GL_MAX_TEXTURE_COORDS:
+    case GL_MAX_TEXTURE_IMAGE_UNITS:
+        return One(UnitCount);
+    case GL_MAX_TEXTURE_SIZE:
+        return One(8192);
+    case GL_MAX_LIGHTS:
+        return One(LightCount);
+    case GL_MAX_VIEWPORT_DIMS:
+        return {16384, 16384};
     case GL_DOUBLEBUFFER:
         return One(1);
     case GL_MAJOR_VERSION:
@@ -167,6 +197,19 @@ static std::vector<double> Values(Context& c, GLenum name)
     default:
         return {};
     }
+}
+
+// Empty for a name that the recorder doesn't know.
+static std::vector<double> Values(Context& c, GLenum name)
+{
+    std::vector<double> values = TransformValues(c, name);
+    if (values.empty())
+        values = FragmentValues(c.state, name);
+    if (values.empty())
+        values = BindingValues(c, name);
+    if (values.empty())
+        values = LimitValues(name);
+    return values;
 }
 
 // Colours and normals that are asked for as ints go from -1..1 to the whole range.
