@@ -10,11 +10,11 @@
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
 #include "platform/dialogs/MessageBoxHooks.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <GL/glew.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 
 static const char* const showFolder = "tests/shows";
@@ -23,8 +23,7 @@ static const float showBand = 0.85f; // the letterbox that most of the show play
 
 static double Milliseconds()
 {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double, std::milli>(now).count();
+    return 1000 * cli::MonotonicSeconds();
 }
 
 static void StartFrame(GLWindow* window)

@@ -12,20 +12,14 @@
 #include "platform/Paths.h"
 #include "platform/SoundOutput.h"
 #include "platform/SoundOutputHooks.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <benchmark/benchmark.h>
-
-#include <chrono>
 
 static const int mixRate = 44100;
 static const int seconds = 10;
 static const int piece = 1024; // frames
 static const char* const music = "moonwaltz.ogg";
-
-static double Seconds()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
 
 // Returns 0 if the music file can't be opened.
 static double SecondsOfDecoding(const std::string& path)
@@ -36,7 +30,7 @@ static double SecondsOfDecoding(const std::string& path)
         if (!decoder)
             return 0;
         std::vector<float> block(decoder->speakers.size() * Decoder::BlockFrames);
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         int64_t left = int64_t(seconds) * decoder->rate;
         while (left > 0) {
             const int read = decoder->Read(block.data());
@@ -44,7 +38,7 @@ static double SecondsOfDecoding(const std::string& path)
                 break;
             left -= read;
         }
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
     }
@@ -68,10 +62,10 @@ static void PlayMusic(benchmark::State& state)
     while (state.KeepRunning()) {
         SoundStream* const stream = SoundSystem::OpenStream(path, mode, 0, 0);
         SoundSystem::PlayStream(SoundSystem::FreeChannel, stream);
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         for (int frame = 0; frame < seconds * mixRate; frame += piece)
             platform::PullSound(frames, piece);
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
         SoundSystem::CloseStream(stream);

@@ -13,13 +13,13 @@
 #include "tools/benchmark/EffectFrames.h"
 #include "tools/cli/CommandLine.h"
 #include "tools/cli/JsonWriter.h"
+#include "tools/cli/MonotonicSeconds.h"
 #include "tools/cli/Output.h"
 
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -57,11 +57,6 @@ struct Cost {
 
 static std::string programs; // the folder of the build
 
-static double Now()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
 static double Seconds(const timeval& time)
 {
     return double(time.tv_sec) + double(time.tv_usec) * 1e-6;
@@ -72,10 +67,10 @@ static Cost Run(std::vector<std::string> command)
     command[0] = programs + "/" + command[0];
     rusage before, after;
     getrusage(RUSAGE_CHILDREN, &before);
-    const double start = Now();
+    const double start = cli::MonotonicSeconds();
     platform::ChildProcess child;
     const bool worked = child.Start(command) && child.Finish();
-    const double end = Now();
+    const double end = cli::MonotonicSeconds();
     getrusage(RUSAGE_CHILDREN, &after);
     if (!worked)
         fprintf(stderr, "performance-report: %s: %s\n", command[0].c_str(), child.error.c_str());
@@ -147,9 +142,9 @@ static void MeasureTimeline(const std::string& folder, std::vector<Row>* rows)
     RegisterEffects(&registry);
     DemoPlayer player;
     player.Init(&window, &registry, nullptr, false);
-    const double start = Now();
+    const double start = cli::MonotonicSeconds();
     player.LoadScript("large.txt");
-    const double reading = Now() - start;
+    const double reading = cli::MonotonicSeconds() - start;
     platform::FindDataDirectory(ProductionName);
     const Cost drawn = Run({"marlinex-timeline", script, "-o", folder + "/large.svg"});
     if (drawn.worked)

@@ -10,11 +10,11 @@
 #include "kernel/Effect.h"
 #include "kernel/EffectRegistry.h"
 #include "platform/Paths.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -29,11 +29,6 @@ public:
     void Render() override {}
     void ReceiveMessage(int, float*, int) override {}
 };
-
-static double Seconds()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
 
 // Makes a script, half of whose entries are effects and half messages, with layout and comments as people
 // write them. The latest message comes first, since sorting the messages takes longest in that order.
@@ -58,14 +53,14 @@ static double SecondsOfGetting(const char* path)
 {
     double shortest = 1e9;
     for (int run = 0; run < 20; run++) {
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         FILE* const file = fopen(path, "rb");
         int sum = 0;
         for (int c = fgetc(file); c != EOF; c = fgetc(file))
             sum += c;
         benchmark::DoNotOptimize(sum);
         fclose(file);
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
     }
@@ -90,9 +85,9 @@ static void ReadScript(benchmark::State& state)
     while (state.KeepRunning()) {
         DemoPlayer player;
         player.Init(&window, &registry, nullptr, false);
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         const bool loaded = player.LoadScript("script.txt");
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
         if (!loaded || int(player.timeline.size() + player.messages.size()) != entries)

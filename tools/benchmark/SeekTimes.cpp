@@ -18,6 +18,7 @@
 
 #include "kernel/Production.h"
 #include "platform/Paths.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <algorithm>
 #include <chrono>
@@ -32,12 +33,6 @@
 static const int seeks = 40;
 static const double longestWait = 60; // seconds
 
-static double Now()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double>(now).count();
-}
-
 static void Rest()
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -46,13 +41,13 @@ static void Rest()
 // Seconds until the frame is there; below 0 if it does not come.
 static double Seek(edit::ShowPool* pool, int64_t frame)
 {
-    const double start = Now();
+    const double start = cli::MonotonicSeconds();
     pool->Seek(frame);
     edit::ShownFrame shown;
-    while (Now() < start + longestWait) {
+    while (cli::MonotonicSeconds() < start + longestWait) {
         pool->Poll();
         if (pool->TakeFrame(&shown) && shown.number == frame)
-            return Now() - start;
+            return cli::MonotonicSeconds() - start;
         Rest();
     }
     return -1;
@@ -62,13 +57,13 @@ static double Seek(edit::ShowPool* pool, int64_t frame)
 static void Settle(edit::ShowPool* pool)
 {
     std::vector<int64_t> parked;
-    double since = Now();
+    double since = cli::MonotonicSeconds();
     const double start = since;
-    while (Now() < since + 1.5 && Now() < start + longestWait) {
+    while (cli::MonotonicSeconds() < since + 1.5 && cli::MonotonicSeconds() < start + longestWait) {
         pool->Poll();
         const edit::ShowPool::Status status = pool->GetStatus();
         if (status.parked != parked)
-            since = Now();
+            since = cli::MonotonicSeconds();
         parked = status.parked;
         Rest();
     }

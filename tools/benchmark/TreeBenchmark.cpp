@@ -7,17 +7,11 @@
 //                   in this run; 1 would be generation without any overhead
 //   frames_at_60    the time as a share of a frame of 1/60 second
 #include "math/Tree.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-
 static const int creditsSeed = 352362122;
-
-static double Seconds()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
 
 // Returns the shortest of several runs, since other programs can only make a run longer.
 static double SecondsOfProducts(int cubes)
@@ -29,10 +23,10 @@ static double SecondsOfProducts(int cubes)
     s.SetScale(0.5f, 0.5f, 0.5f);
     double shortest = 1e9;
     for (int run = 0; run < 20; run++) {
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         for (int i = 0; i < cubes; i++)
             benchmark::DoNotOptimize(t * b * c * b * s);
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
     }
@@ -52,9 +46,9 @@ static void GenerateAgain(benchmark::State& state)
     Tree tree(creditsSeed);
     double shortest = 1e9;
     while (state.KeepRunning()) {
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         tree.Generate(creditsSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), 1.2f, 1.2f, int(state.range(0)));
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
     }
@@ -68,10 +62,10 @@ static void ConstructAndGenerate(benchmark::State& state)
     double shortest = 1e9;
     int cubes = 0;
     while (state.KeepRunning()) {
-        const double start = Seconds();
+        const double start = cli::MonotonicSeconds();
         Tree tree(creditsSeed);
         tree.Generate(creditsSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), 1.2f, 1.2f, int(state.range(0)));
-        const double taken = Seconds() - start;
+        const double taken = cli::MonotonicSeconds() - start;
         if (taken < shortest)
             shortest = taken;
         cubes = tree.segmentCount;

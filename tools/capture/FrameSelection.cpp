@@ -30,6 +30,7 @@ FrameSelection FrameSelection::Every(int64_t microseconds) const
     if (rate.FramesBefore(microseconds) <= 1) // every frame begins a period
         return *this;
     FrameSelection thinned = *this;
+    thinned.spread = false;
     thinned.period = microseconds;
     thinned.picks = 0;
     while (thinned.Pick(thinned.picks) < end)

@@ -22,7 +22,8 @@ struct FrameSelection {
     // Parts are empty if there are fewer frames than parts. Not for the result of Every or Spread.
     FrameSelection Part(int64_t number, int64_t count) const;
 
-    // Selects the first frame that begins in each period of this length, counted from the first frame.
+    // Selects the first frame that begins in each period of this length, counted from the first frame; of the whole
+    // range, whatever Spread chose of it.
     FrameSelection Every(int64_t microseconds) const;
 
     // Divides the range into `count` equal parts and selects the frame in the middle of each.

@@ -12,6 +12,7 @@
 #include "tools/capture/ShowPlayer.h"
 #include "tools/capture/VideoPipe.h"
 #include "tools/cli/Input.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -125,10 +126,10 @@ static int Capture(const CaptureOptions& options, OutputFile& file, ShowPlayer& 
 
     Progress progress(options.quiet ? nullptr : stderr);
     progress.Begin(selection.Pick(0), selection.Pick(selection.picks - 1) + 1, selection.picks);
-    const double start = Progress::Now();
+    const double start = cli::MonotonicSeconds();
     const PlayResult result = show.Play(selection, *sink, progress);
     const bool finished = sink->Finish(result != PlayFailed);
-    const double seconds = Progress::Now() - start;
+    const double seconds = cli::MonotonicSeconds() - start;
     progress.Clear();
     if (result == PlayFailed)
         return Complain(show.error);
@@ -137,7 +138,7 @@ static int Capture(const CaptureOptions& options, OutputFile& file, ShowPlayer& 
 
     if (!options.quiet)
         fprintf(stderr, "%s: %lld %s in %s%s\n", options.output.c_str(), static_cast<long long>(show.taken),
-                show.taken == 1 ? "frame" : "frames", Progress::DurationText(seconds).c_str(),
+                show.taken == 1 ? "frame" : "frames", DurationText(seconds).c_str(),
                 result == PlayInterrupted ? ", and no more: interrupted" : "");
     if (options.timing)
         TellTiming(show);

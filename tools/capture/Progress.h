@@ -3,9 +3,10 @@
 // line for each tenth of the frames.
 #pragma once
 
+#include "tools/capture/ProgressText.h"
+
 #include <cstdint>
 #include <cstdio>
-#include <string>
 
 namespace capture
 {
@@ -26,24 +27,12 @@ public:
     // Erases the bar, so that other lines can follow.
     void Clear();
 
-    static double Now(); // seconds of the monotonic clock
-
-    // The texts that are shown, public for tests. `seconds` is the time since the first undrawn frame began,
-    // or since the first drawn one if `frame` is drawn.
-    std::string Line(int64_t frame, int64_t taken, double seconds) const;
-    static std::string BarText(double part, int cells);
-    static std::string DurationText(double seconds); // "8 s", "3 min 05 s", "2 h 07 min"
-
 private:
     void ShowBar(int64_t frame, int64_t taken);
     void ShowTenth(int64_t frame, int64_t taken);
-    double Part(int64_t frame) const; // how much of the undrawn or of the drawn frames is done, 0 to 1
-
     FILE* stream;
     bool terminal;
-    int64_t first;
-    int64_t end;
-    int64_t pictures;
+    CaptureExtent extent;
     double start; // when the undrawn frames, or later the drawn ones, began
     double lastShown;
     int tenths; // of the drawn frames that were reported

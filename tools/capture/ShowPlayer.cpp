@@ -3,6 +3,7 @@
 
 #include "tools/capture/Interruption.h"
 #include "tools/capture/Progress.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <GL/glew.h>
 
@@ -53,7 +54,7 @@ PlayResult ShowPlayer::Play(const FrameSelection& newSelection, FrameSink& newSi
     if (selection.picks == 0)
         return PlayedToTheEnd;
 
-    lastMoment = progress->Now();
+    lastMoment = cli::MonotonicSeconds();
     show.Play(selection.rate, *this);
 
     if (CollectBoxText() || failed)
@@ -85,7 +86,7 @@ void ShowPlayer::FrameDone(int64_t number)
 void ShowPlayer::LookAtFrame(int64_t number)
 {
     if (number == 0) {
-        const double now = progress->Now();
+        const double now = cli::MonotonicSeconds();
         timing.loading = now - lastMoment;
         lastMoment = now;
     }
@@ -101,7 +102,7 @@ void ShowPlayer::LookAtFrame(int64_t number)
         return;
     }
     if (!wanted) {
-        const double now = progress->Now();
+        const double now = cli::MonotonicSeconds();
         timing.skipping += now - lastMoment;
         lastMoment = now;
     }
@@ -115,16 +116,16 @@ void ShowPlayer::LookAtFrame(int64_t number)
 bool ShowPlayer::HandFrame(int64_t number)
 {
     glFinish(); // ReadPixels would wait as well; this separates the two times at no cost
-    const double drawn = progress->Now();
+    const double drawn = cli::MonotonicSeconds();
     std::unique_ptr<Frame> frame(new Frame);
     frame->number = number;
     frame->width = width;
     frame->height = height;
     frame->pixels.resize(size_t(width) * size_t(height) * 4);
     show.ReadPixels(frame->pixels.data());
-    const double read = progress->Now();
+    const double read = cli::MonotonicSeconds();
     const bool good = sink->Take(std::move(frame));
-    const double handed = progress->Now();
+    const double handed = cli::MonotonicSeconds();
 
     timing.drawing += drawn - lastMoment;
     timing.reading += read - drawn;

@@ -64,7 +64,7 @@ private:
     int width;
     int height;
     bool failed;
-    double lastMoment; // when the previous frame was finished, Progress::Now
+    double lastMoment; // when the previous frame was finished, seconds of cli::MonotonicSeconds
 };
 
 } // namespace capture

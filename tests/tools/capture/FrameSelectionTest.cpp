@@ -92,6 +92,12 @@ TEST(FrameSelection, LeavesNothingOutWhereAPeriodIsNoLongerThanAFrame)
     EXPECT_EQ(10, FrameSelection::Of(Rate("10"), 0, 2000000).Every(200000).picks);
 }
 
+TEST(FrameSelection, TakesTheWholeRangeForItsPeriodsAfterASpread)
+{
+    const FrameSelection spread = FrameSelection::Of(Rate("10"), 0, 2000000).Spread(3);
+    EXPECT_EQ((std::vector<int64_t>{0, 8, 15}), PicksOf(spread.Every(750000)));
+}
+
 TEST(FrameSelection, SpreadsPicksOverTheMiddlesOfEqualStretches)
 {
     const FrameSelection spread = FrameSelection::Of(Rate("10"), 0, 2000000).Spread(4);

@@ -8,39 +8,6 @@
 
 using capture::Progress;
 
-TEST(CaptureProgress, TellsPartSpeedAndTimeLeft)
-{
-    Progress progress(nullptr);
-    progress.Begin(0, 1000, 1000);
-    EXPECT_EQ(" 25 %  250 of 1000  50 a second  15 s left", progress.Line(249, 250, 5));
-    EXPECT_EQ("100 %  1000 of 1000  50 a second  0 s left", progress.Line(999, 1000, 20));
-    EXPECT_EQ("  0 %  1 of 1000  0 a second", progress.Line(0, 1, 0));
-}
-
-TEST(CaptureProgress, TellsWhatIsPlayedUnseenApart)
-{
-    Progress progress(nullptr);
-    progress.Begin(800, 1000, 200);
-    EXPECT_EQ(" 50 %  of what comes before  4 s left", progress.Line(399, 0, 4));
-    EXPECT_EQ(" 50 %  100 of 200  10 a second  10 s left", progress.Line(899, 100, 10));
-}
-
-TEST(CaptureProgress, DrawsItsBarInWholeCells)
-{
-    EXPECT_EQ("[....]", Progress::BarText(0, 4));
-    EXPECT_EQ("[##..]", Progress::BarText(0.5, 4));
-    EXPECT_EQ("[####]", Progress::BarText(1, 4));
-}
-
-TEST(CaptureProgress, TellsTimesInTheirTwoLargestUnits)
-{
-    EXPECT_EQ("0 s", Progress::DurationText(0.4));
-    EXPECT_EQ("59 s", Progress::DurationText(59.4));
-    EXPECT_EQ("1 min 00 s", Progress::DurationText(59.6));
-    EXPECT_EQ("3 min 05 s", Progress::DurationText(185));
-    EXPECT_EQ("2 h 07 min", Progress::DurationText(7620));
-}
-
 TEST(CaptureProgress, OutsideATerminalIsALineForEachTenth)
 {
     char* text = nullptr;
