@@ -2,6 +2,7 @@
 #include "tests/support/ShowPoolFixture.h"
 
 #include "tests/Folders.h"
+#include "tools/cli/MonotonicSeconds.h"
 
 #include <algorithm>
 #include <chrono>
@@ -10,18 +11,13 @@
 
 #include <unistd.h>
 
-static double Now()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
 ShowPoolFixture::ShowPoolFixture() : framesTaken(0), captures(0)
 {
     settings.width = 160;
     settings.height = 120;
     settings.environment = Environment();
     settings.data = SOURCE_DIR "/Data";
-    settings.mostProcesses = 4;
+    settings.maxProcesses = 4;
 }
 
 void ShowPoolFixture::StartPool()
@@ -32,7 +28,7 @@ void ShowPoolFixture::StartPool()
 
 bool ShowPoolFixture::PollUntil(const std::function<bool()>& condition, double seconds)
 {
-    const double end = Now() + seconds;
+    const double end = cli::MonotonicSeconds() + seconds;
     for (;;) {
         pool.Poll();
         framesTaken += pool.TakeFrame(&last);
@@ -40,7 +36,7 @@ bool ShowPoolFixture::PollUntil(const std::function<bool()>& condition, double s
         events.insert(events.end(), more.begin(), more.end());
         if (condition())
             return true;
-        if (Now() > end)
+        if (cli::MonotonicSeconds() > end)
             return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }

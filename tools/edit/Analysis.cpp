@@ -30,16 +30,16 @@ Analysis::~Analysis()
 void Analysis::Request(const std::string& text, uint64_t revision, const std::string& name,
                        const lint::CheckOptions& options)
 {
-    auto task = std::make_unique<Task>();
-    task->text = text;
-    task->name = name;
-    task->revision = revision;
-    task->options = options;
-    if (task->options.data.empty())
-        task->options.data = platform::GetDataDirectory(); // asked for here, on the thread that sets it
+    auto request = std::make_unique<CheckRequest>();
+    request->text = text;
+    request->name = name;
+    request->revision = revision;
+    request->options = options;
+    if (request->options.data.empty())
+        request->options.data = platform::GetDataDirectory(); // asked for here, on the thread that sets it
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        waiting = std::move(task);
+        waiting = std::move(request);
     }
     changed.notify_all();
 }
@@ -68,16 +68,16 @@ bool Analysis::IsBusy()
 
 // The thread that checks
 
-std::shared_ptr<AnalysisResult> Analysis::Check(const Task& task) const
+std::shared_ptr<AnalysisResult> Analysis::Check(const CheckRequest& request) const
 {
     auto result = std::make_shared<AnalysisResult>();
-    result->revision = task.revision;
-    result->report = lint::CheckText(task.text, task.name, task.options);
-    result->model.title = task.name;
+    result->revision = request.revision;
+    result->report = lint::CheckText(request.text, request.name, request.options);
+    result->model.title = request.name;
     if (!result->report.readable)
         return result;
-    result->model = timeline::ModelOfShow(result->report.show, task.options);
-    result->model.title = task.name;
+    result->model = timeline::ModelOfShow(result->report.show, request.options);
+    result->model.title = request.name;
     result->model.remarks = timeline::RemarksOf(result->report.findings);
     result->model.music.file = result->report.show.music;
     return result;
@@ -90,14 +90,14 @@ void Analysis::CheckTexts()
         changed.wait(lock, [this] { return waiting || ending; });
         if (ending)
             return;
-        const std::unique_ptr<Task> task = std::move(waiting);
+        const std::unique_ptr<CheckRequest> request = std::move(waiting);
         checking = true;
         lock.unlock();
-        std::shared_ptr<AnalysisResult> result = Check(*task);
+        std::shared_ptr<AnalysisResult> result = Check(*request);
         lock.lock();
         checking = false;
         const std::string music =
-            result->model.music.file.empty() ? "" : task->options.data + "/" + result->model.music.file;
+            result->model.music.file.empty() ? "" : request->options.data + "/" + result->model.music.file;
         if (music != wantedMusic) {
             wantedMusic = music;
             stopDecoding = true;

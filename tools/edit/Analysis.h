@@ -41,7 +41,7 @@ public:
     bool IsBusy();
 
 private:
-    struct Task {
+    struct CheckRequest {
         std::string text, name;
         uint64_t revision = 0;
         lint::CheckOptions options;
@@ -49,7 +49,7 @@ private:
 
     void CheckTexts();
     void DecodeMusic();
-    std::shared_ptr<AnalysisResult> Check(const Task& task) const;
+    std::shared_ptr<AnalysisResult> Check(const CheckRequest& request) const;
     void Publish(std::shared_ptr<AnalysisResult> result); // with the mutex held
     void GiveWave(AnalysisResult* result) const;
 
@@ -58,7 +58,7 @@ private:
     std::condition_variable changed;
     std::atomic<bool> ending;
 
-    std::unique_ptr<Task> waiting;
+    std::unique_ptr<CheckRequest> waiting;
     bool checking;
     std::shared_ptr<const AnalysisResult> newest;
     bool taken;

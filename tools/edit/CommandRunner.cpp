@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/CommandRunner.h"
 
+#include "tools/edit/Markers.h"
 #include "tools/edit/Moments.h"
 #include "tools/edit/Selection.h"
 
@@ -10,7 +11,35 @@
 namespace edit
 {
 
-static const double markSlack = 0.0005; // seconds: what is nearer is where the play head stands
+// What the timeline panel does.
+struct TimelineCommand {
+    CommandId id;
+    TimelineAction action;
+};
+
+// clang-format off
+static const TimelineCommand timelineCommands[] = {
+    {CommandSelectNext,         SelectNext},
+    {CommandSelectPrevious,     SelectPrevious},
+    {CommandNewItem,            NewItem},
+    {CommandEarlierMillisecond, NudgeEarlierMillisecond},
+    {CommandLaterMillisecond,   NudgeLaterMillisecond},
+    {CommandEarlierFrame,       NudgeEarlierFrame},
+    {CommandLaterFrame,         NudgeLaterFrame},
+    {CommandEarlierBeat,        NudgeEarlierBeat},
+    {CommandLaterBeat,          NudgeLaterBeat},
+    {CommandEarlierBar,         NudgeEarlierBar},
+    {CommandLaterBar,           NudgeLaterBar},
+    {CommandLayerUp,            LayerUp},
+    {CommandLayerDown,          LayerDown},
+    {CommandStartHere,          StartToPlayHead},
+    {CommandStopHere,           StopToPlayHead},
+    {CommandTap,                Tap},
+    {CommandZoomIn,             ZoomIn},
+    {CommandZoomOut,            ZoomOut},
+    {CommandZoomShow,           ZoomToShow},
+};
+// clang-format on
 
 CommandRunner::CommandRunner(Session* newSession, ViewState* newView, Dialogs* newDialogs,
                              Clipboard newClipboard)
@@ -103,24 +132,40 @@ void CommandRunner::Run(CommandId id)
 {
     if (!Can(id))
         return;
-    Transport& transport = session->transport;
-    const double now = state->playhead;
-    switch (id) {
-    case CommandNew:
+    for (const TimelineCommand& row : timelineCommands)
+        if (row.id == id)
+            return state->timelineActions.push_back(row.action);
+    switch (CommandOf(id).menu) {
+    case FileMenu:
+        return RunFile(id);
+    case EditMenu:
+        return RunEdit(id);
+    case PlayMenu:
+        return RunPlay(id);
+    case ViewMenu:
+    case HelpMenu:
+    case MenuCount:
+        return RunView(id);
+    }
+}
+
+void CommandRunner::RunFile(CommandId id)
+{
+    if (id == CommandNew)
         dialogs->Leave(*session, {Dialogs::Decision::New, ""});
-        break;
-    case CommandOpen:
+    else if (id == CommandOpen)
         dialogs->AskOpen(*session);
-        break;
-    case CommandSave:
+    else if (id == CommandSave)
         dialogs->Save(session);
-        break;
-    case CommandSaveAs:
+    else if (id == CommandSaveAs)
         dialogs->AskSaveAs(*session);
-        break;
-    case CommandQuit:
+    else if (id == CommandQuit)
         dialogs->Leave(*session, {Dialogs::Decision::Quit, ""});
-        break;
+}
+
+void CommandRunner::RunEdit(CommandId id)
+{
+    switch (id) {
     case CommandUndo: {
         const std::string name = state->document->UndoName();
         if (state->document->Undo())
@@ -155,57 +200,22 @@ void CommandRunner::Run(CommandId id)
     case CommandSelectNone:
         Escape();
         break;
-    case CommandSelectNext:
-        Act(SelectNext);
-        break;
-    case CommandSelectPrevious:
-        Act(SelectPrevious);
-        break;
-    case CommandNewItem:
-        Act(NewItem);
-        break;
-    case CommandEarlierMillisecond:
-        Act(NudgeEarlierMillisecond);
-        break;
-    case CommandLaterMillisecond:
-        Act(NudgeLaterMillisecond);
-        break;
-    case CommandEarlierFrame:
-        Act(NudgeEarlierFrame);
-        break;
-    case CommandLaterFrame:
-        Act(NudgeLaterFrame);
-        break;
-    case CommandEarlierBeat:
-        Act(NudgeEarlierBeat);
-        break;
-    case CommandLaterBeat:
-        Act(NudgeLaterBeat);
-        break;
-    case CommandEarlierBar:
-        Act(NudgeEarlierBar);
-        break;
-    case CommandLaterBar:
-        Act(NudgeLaterBar);
-        break;
-    case CommandLayerUp:
-        Act(LayerUp);
-        break;
-    case CommandLayerDown:
-        Act(LayerDown);
-        break;
-    case CommandStartHere:
-        Act(StartToPlayHead);
-        break;
-    case CommandStopHere:
-        Act(StopToPlayHead);
-        break;
     case CommandTakeApart:
         TakeApart();
         break;
     case CommandSnap:
         state->snap.on = !state->snap.on;
         break;
+    default:
+        break;
+    }
+}
+
+void CommandRunner::RunPlay(CommandId id)
+{
+    Transport& transport = session->transport;
+    const double now = state->playhead;
+    switch (id) {
     case CommandPlay:
         if (state->playing)
             transport.Stop();
@@ -241,7 +251,7 @@ void CommandRunner::Run(CommandId id)
         dialogs->AskGoTo(*session);
         break;
     case CommandMarker:
-        ToggleMarker();
+        ToggleMarker(&state->markers, Milliseconds(now) / 1000.0);
         break;
     case CommandBackMark:
         GoToMark(-1);
@@ -267,41 +277,23 @@ void CommandRunner::Run(CommandId id)
     case CommandQuarterSpeed:
         transport.SetSpeed(0.25);
         break;
-    case CommandTap:
-        Act(Tap);
-        break;
-    case CommandZoomIn:
-        Act(ZoomIn);
-        break;
-    case CommandZoomOut:
-        Act(ZoomOut);
-        break;
-    case CommandZoomShow:
-        Act(ZoomToShow);
-        break;
-    case CommandFollow:
-        state->follow = !state->follow;
-        break;
-    case CommandInspector:
-        view->wishes.inspector = !view->wishes.inspector;
-        break;
-    case CommandFindings:
-        view->wishes.findings = !view->wishes.findings;
-        break;
-    case CommandFullScreen:
-        view->pictureAlone = !view->pictureAlone;
-        break;
-    case CommandKeys:
-        view->keySheet = !view->keySheet;
-        break;
-    case CommandCount:
+    default:
         break;
     }
 }
 
-void CommandRunner::Act(TimelineAction action)
+void CommandRunner::RunView(CommandId id)
 {
-    state->timelineActions.push_back(action);
+    if (id == CommandFollow)
+        state->follow = !state->follow;
+    else if (id == CommandInspector)
+        view->wishes.inspector = !view->wishes.inspector;
+    else if (id == CommandFindings)
+        view->wishes.findings = !view->wishes.findings;
+    else if (id == CommandFullScreen)
+        view->pictureAlone = !view->pictureAlone;
+    else if (id == CommandKeys)
+        view->keySheet = !view->keySheet;
 }
 
 void CommandRunner::Refused()
@@ -320,15 +312,21 @@ void CommandRunner::Paste()
     state->revealSelection = true;
 }
 
-// Copies come to lie right behind what is selected; of single messages a beat behind.
+// From the earliest start to the latest stop. Of an empty selection the stop is below the start.
+static lint::Span SpanOf(const Outline& outline, const Selection& selection)
+{
+    lint::Span span = {UINT32_MAX, 0};
+    for (const ItemId item : selection) {
+        span.start = std::min(span.start, StartOf(outline, item));
+        span.stop = std::max(span.stop, StopOf(outline, item));
+    }
+    return span;
+}
+
+// The copies begin where the selection ends; copies of single messages, which take no time, a beat later.
 void CommandRunner::Duplicate()
 {
-    const Outline& outline = state->document->GetOutline();
-    uint32_t start = UINT32_MAX, stop = 0;
-    for (const ItemId item : state->selection) {
-        start = std::min(start, StartOf(outline, item));
-        stop = std::max(stop, StopOf(outline, item));
-    }
+    const auto [start, stop] = SpanOf(state->document->GetOutline(), state->selection);
     const int64_t beat = std::llround(state->tempo.BeatSeconds() * 1000);
     const std::vector<ItemId> items =
         state->document->Duplicate(state->selection, stop > start ? int64_t(stop) - start : beat);
@@ -379,50 +377,11 @@ void CommandRunner::Loop()
 {
     if (state->loopEnd > state->loopStart)
         return session->transport.SetLooping(!state->looping);
-    const Outline& outline = state->document->GetOutline();
-    uint32_t start = UINT32_MAX, stop = 0;
-    for (const ItemId item : state->selection) {
-        start = std::min(start, StartOf(outline, item));
-        stop = std::max(stop, StopOf(outline, item));
-    }
+    const auto [start, stop] = SpanOf(state->document->GetOutline(), state->selection);
     if (stop > start)
         return LoopTo(start / 1000.0, stop / 1000.0);
     const double next = NextBar(state->playhead, state->tempo, 1);
     LoopTo(next - state->tempo.BarSeconds(), next);
-}
-
-void CommandRunner::ToggleMarker()
-{
-    const double now = Milliseconds(state->playhead) / 1000.0;
-    const auto same = [now](double marker) { return std::abs(marker - now) < markSlack; };
-    if (std::erase_if(state->markers, same) == 0)
-        state->markers.insert(std::upper_bound(state->markers.begin(), state->markers.end(), now), now);
-}
-
-double NextMark(const Outline& outline, const std::vector<double>& markers, double seconds, int direction)
-{
-    bool found = false;
-    double nearest = seconds;
-    const auto look = [&](double mark) {
-        if (direction * (mark - seconds) > markSlack && (!found || direction * (nearest - mark) > 0)) {
-            nearest = mark;
-            found = true;
-        }
-    };
-    for (const double marker : markers)
-        look(marker);
-    for (const OutlineBlock& block : outline.blocks) {
-        if (!block.complete)
-            continue;
-        if (block.type == BlockEffect) {
-            look(block.start / 1000.0);
-            look(block.stop / 1000.0);
-        }
-        for (const OutlineTime& time : block.times)
-            for (uint32_t step = 0; step < block.steps; step++)
-                look((time.milliseconds + double(step) * block.delta) / 1000.0);
-    }
-    return nearest;
 }
 
 void CommandRunner::GoToMark(int direction)

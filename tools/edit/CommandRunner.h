@@ -37,6 +37,11 @@ public:
     void Run(CommandId id);                   // nothing if it can't
 
 private:
+    // The commands of each menu that the timeline panel doesn't do.
+    void RunFile(CommandId id);
+    void RunEdit(CommandId id);
+    void RunPlay(CommandId id);
+    void RunView(CommandId id); // and of the help menu
     void Paste();
     void Duplicate();
     void Delete();
@@ -44,9 +49,7 @@ private:
     void Escape();
     void Loop();
     void LoopTo(double from, double to);
-    void ToggleMarker();
     void GoToMark(int direction);
-    void Act(TimelineAction action);
     void Refused();
 
     Session* session;
@@ -55,9 +58,5 @@ private:
     Dialogs* dialogs;
     Clipboard clipboard;
 };
-
-// The nearest marker, message or edge of an entry before (direction -1) or behind a time, in seconds. The time itself
-// if there is none.
-double NextMark(const Outline& outline, const std::vector<double>& markers, double seconds, int direction);
 
 } // namespace edit

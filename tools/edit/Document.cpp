@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/Document.h"
 
-#include "tools/edit/CureFinding.h"
-#include "tools/edit/ShiftItems.h"
-
 #include <utility>
 
 namespace edit
@@ -86,7 +83,7 @@ bool Document::IsModified() const
 
 void Document::BeginSave(std::string path, SaveDone done)
 {
-    struct Job {
+    struct SaveJob {
         std::string path, recoveryPath, text;
         bool looks;
         uint64_t decisions;
@@ -94,7 +91,7 @@ void Document::BeginSave(std::string path, SaveDone done)
         SaveOutcome outcome;
     };
     undo.EndGesture(); // a step of undo leads back to what was saved
-    const auto job = std::make_shared<Job>();
+    const auto job = std::make_shared<SaveJob>();
     job->path = path;
     job->recoveryPath = Path();
     job->text = text;
@@ -188,12 +185,12 @@ DiskState Document::TakeLook(Look look)
 
 void Document::BeginLook(LookDone done)
 {
-    struct Job {
+    struct LookJob {
         std::string text;
         uint64_t decisions;
         Look look;
     };
-    const auto job = std::make_shared<Job>();
+    const auto job = std::make_shared<LookJob>();
     job->text = text;
     job->decisions = fileDecisions;
     OnScriptThread([job, disk = onDisk] { job->look = LookAt(disk.get(), job->text); },
@@ -282,12 +279,12 @@ void Document::Tick(double seconds)
 
 void Document::BeginRecovery(const std::optional<Recovery>& replaced)
 {
-    struct Job {
+    struct RecoveryJob {
         std::string path, text, failure;
         std::optional<Recovery> replaced;
         bool kept = false;
     };
-    const auto job = std::make_shared<Job>();
+    const auto job = std::make_shared<RecoveryJob>();
     job->path = Path();
     job->text = text;
     job->replaced = replaced;
@@ -357,151 +354,6 @@ bool Document::Recover(const Recovery& recovered)
 void Document::DiscardRecovery(const Recovery& found)
 {
     RecoveryFile::Discard(found);
-}
-
-// ---- Edits
-
-bool Document::Change(const std::string& name, uint64_t gesture, const Operation& operation,
-                      const Additions* additions, std::vector<ItemId>* items)
-{
-    refusal.clear();
-    if (gesture != 0 && !undo.Continues(gesture)) {
-        gestureText = text;
-        gestureOutline = outline;
-    }
-    const std::string& before = gesture != 0 ? gestureText : text;
-    ScriptEdit script(before, gesture != 0 ? gestureOutline : outline);
-    std::string after;
-    Outline read;
-    if (!operation(&script) || !script.Finish(&after, &read)) {
-        refusal = script.Refusal();
-        return false;
-    }
-    if (additions)
-        *items = additions->Items(script);
-    undo.Add(name, before, after, gesture);
-    if (after != text)
-        SetText(std::move(after), std::move(read));
-    return true;
-}
-
-bool Document::Move(std::vector<ItemId> items, int64_t milliseconds, int64_t layers, uint64_t gesture)
-{
-    return Change("Move", gesture,
-                  [&](ScriptEdit* script) { return MoveItems(script, items, milliseconds, layers); });
-}
-
-bool Document::Stretch(std::vector<ItemId> items, bool stopEdge, int64_t milliseconds, uint64_t gesture)
-{
-    return Change("Stretch", gesture,
-                  [&](ScriptEdit* script) { return StretchItems(script, items, stopEdge, milliseconds); });
-}
-
-bool Document::SetTime(ItemId item, uint32_t milliseconds, uint64_t gesture)
-{
-    return Change("Set Time", gesture,
-                  [&](ScriptEdit* script) { return SetItemTime(script, item, milliseconds); });
-}
-
-bool Document::SetValue(size_t block, std::string key, std::string value, uint64_t gesture)
-{
-    return Change("Set " + key, gesture,
-                  [&](ScriptEdit* script) { return SetBlockValue(script, block, key, value); });
-}
-
-std::vector<ItemId> Document::Duplicate(std::vector<ItemId> items, int64_t milliseconds, int64_t layers)
-{
-    Additions added;
-    std::vector<ItemId> copies;
-    Change(
-        "Duplicate", 0,
-        [&](ScriptEdit* script) { return DuplicateItems(script, items, milliseconds, layers, &added); },
-        &added, &copies);
-    return copies;
-}
-
-bool Document::Delete(std::vector<ItemId> items)
-{
-    return Change("Delete", 0, [&](ScriptEdit* script) { return DeleteItems(script, items); });
-}
-
-std::string Document::Copy(std::vector<ItemId> items) const
-{
-    std::string copy;
-    return CopyItems(text, outline, items, &copy) ? copy : "";
-}
-
-std::vector<ItemId> Document::Paste(std::string blocks, uint32_t atMilliseconds)
-{
-    Additions added;
-    std::vector<ItemId> pasted;
-    Change(
-        "Paste", 0, [&](ScriptEdit* script) { return PasteBlocks(script, blocks, atMilliseconds, &added); },
-        &added, &pasted);
-    return pasted;
-}
-
-std::optional<ItemId> Document::Insert(const std::string& name, const Operation& operation,
-                                       const Additions* added)
-{
-    std::vector<ItemId> items;
-    if (!Change(name, 0, operation, added, &items) || items.empty())
-        return std::nullopt;
-    return items[0];
-}
-
-std::optional<ItemId> Document::InsertEntry(std::string effect, uint32_t start, uint32_t stop, uint32_t layer)
-{
-    Additions added;
-    return Insert(
-        "New Entry",
-        [&](ScriptEdit* script) { return edit::InsertEntry(script, effect, start, stop, layer, &added); },
-        &added);
-}
-
-std::optional<ItemId> Document::InsertMessage(std::string effect, std::string message, uint32_t time,
-                                              std::string parameters)
-{
-    Additions added;
-    return Insert(
-        "New Message",
-        [&](ScriptEdit* script) {
-            return edit::InsertMessage(script, effect, message, time, parameters, &added);
-        },
-        &added);
-}
-
-std::optional<ItemId> Document::AddTime(size_t block, uint32_t milliseconds)
-{
-    Additions added;
-    return Insert(
-        "New Message", [&](ScriptEdit* script) { return AddTimeToList(script, block, milliseconds, &added); },
-        &added);
-}
-
-bool Document::TakeApart(size_t block)
-{
-    return Change("Take Apart", 0, [&](ScriptEdit* script) { return TakeGroupApart(script, block); });
-}
-
-bool Document::SetMusic(std::string fileName)
-{
-    return Change("Set Music", 0, [&](ScriptEdit* script) { return SetMusicFile(script, fileName); });
-}
-
-bool Document::SetColorScheme(const ColorScheme& scheme)
-{
-    return Change("Set Colours", 0, [&](ScriptEdit* script) { return SetColors(script, scheme); });
-}
-
-bool Document::CanCure(const lint::Finding& finding)
-{
-    return !finding.fixes.empty();
-}
-
-bool Document::ApplyCure(const lint::Finding& finding, const lint::CheckOptions& options)
-{
-    return Change("Cure", 0, [&](ScriptEdit* script) { return CureFinding(script, finding, options); });
 }
 
 } // namespace edit

@@ -188,11 +188,12 @@ public:
     bool ApplyCure(const lint::Finding& finding, const lint::CheckOptions& options = {});
 
 private:
+    // DocumentEdits.cpp, as all edits
     typedef std::function<bool(ScriptEdit*)> Operation;
-
     bool Change(const std::string& name, uint64_t gesture, const Operation& operation,
                 const Additions* additions = nullptr, std::vector<ItemId>* items = nullptr);
     std::optional<ItemId> Insert(const std::string& name, const Operation& operation, const Additions* added);
+
     void SetText(std::string newText);
     void SetText(std::string newText, Outline newOutline);
 

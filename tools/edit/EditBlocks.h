@@ -3,7 +3,6 @@
 // Document's operation of the like name.
 #pragma once
 
-#include "kernel/ColorScheme.h"
 #include "tools/edit/ItemId.h"
 #include "tools/edit/ScriptEdit.h"
 
@@ -50,8 +49,5 @@ bool InsertMessage(ScriptEdit* script, const std::string& effect, const std::str
                    const std::string& parameters, Additions* added);
 
 bool AddTimeToList(ScriptEdit* script, size_t block, uint32_t milliseconds, Additions* added);
-
-bool SetMusicFile(ScriptEdit* script, const std::string& fileName);
-bool SetColors(ScriptEdit* script, const ColorScheme& scheme);
 
 } // namespace edit

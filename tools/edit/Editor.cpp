@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/Editor.h"
 
-#include "platform/Clock.h"
 #include "platform/Paths.h"
 #include "platform/toolwindow/ToolFonts.h"
 #include "platform/toolwindow/ToolStyle.h"
 #include "tools/cli/CommandLine.h"
+#include "tools/cli/MonotonicSeconds.h"
 #include "tools/edit/KeySheet.h"
+#include "tools/edit/PanelFrame.h"
 
 #include <imgui.h>
 
@@ -28,13 +29,7 @@ static const double waitingLongest = 0.1; // between two frames of what moves
 static const double cursorTime = 0.1;     // while a text is typed, for its cursor
 static const double idleTime = 0.1;       // else
 static const double settleTime = 0.6;     // until what waits for a resting pointer shows
-static const double noticeTime = 8;       // that a notice stands
 static const int framesAfterEvent = 3;
-
-static double Now()
-{
-    return double(platform::ReadCounter()) / double(platform::CounterFrequency());
-}
 
 static std::string GetClipboard()
 {
@@ -49,7 +44,7 @@ static void SetClipboard(const std::string& text)
 
 Editor::Editor(const Options& wanted)
     : options(wanted), session(wanted, platform::ToolWindow::Wake),
-      runner(&session, &view, &dialogs, {GetClipboard, SetClipboard}), quits(false), noticeSince(0),
+      runner(&session, &view, &dialogs, {GetClipboard, SetClipboard}), quits(false),
       framesOwed(framesAfterEvent), drawTime(0)
 {
 }
@@ -203,9 +198,9 @@ int Editor::Run(bool* interrupted)
     double drawn = 0, happenedAt = 0;
     bool settles = false;
     while (!quits && !window.EndRequested()) {
-        answers.Wait(Now());
+        answers.Wait(cli::MonotonicSeconds());
         const bool happened = window.WaitEvents(Patience());
-        const double now = Now();
+        const double now = cli::MonotonicSeconds();
         answers.Begin(now, happened);
         bool isNew = session.Tick(now);
         isNew = picture.TakeFrame(&session) || isNew;
@@ -220,17 +215,17 @@ int Editor::Run(bool* interrupted)
         }
         const bool cursor = ImGui::GetIO().WantTextInput && now - drawn >= cursorTime;
         const bool moves = session.state.playing || session.ShowStatus().loading || timeline.WantsFrame();
-        const bool noticeEnds = !shownNotice.empty() && now - noticeSince > noticeTime;
+        const bool noticeEnds = status.NoticeEnds(now);
         if (framesOwed == 0 && !cursor && !moves && !noticeEnds)
             continue;
         framesOwed = std::max(framesOwed - 1, 0);
         drawn = now;
-        answers.Draw(Now());
+        answers.Draw(cli::MonotonicSeconds());
         Frame();
         DoDecision();
-        drawTime = Now() - drawn;
+        drawTime = cli::MonotonicSeconds() - drawn;
     }
-    answers.Wait(Now());
+    answers.Wait(cli::MonotonicSeconds());
     *interrupted = window.EndRequested() && !quits;
     Remember();
     if (*interrupted) {
@@ -340,25 +335,6 @@ void Editor::DrawRecent()
     ImGui::EndMenu();
 }
 
-// A background would be drawn in the colour that the window was cleared with.
-static const ImGuiWindowFlags panelFlags =
-    ImGuiWindowFlags_NoTitleBar | ImGuiWindowFlags_NoResize | ImGuiWindowFlags_NoCollapse |
-    ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoSavedSettings | ImGuiWindowFlags_NoBringToFrontOnFocus |
-    ImGuiWindowFlags_NoBackground;
-static const ImGuiWindowFlags fixedFlags = ImGuiWindowFlags_NoScrollbar | ImGuiWindowFlags_NoScrollWithMouse;
-
-static void BeginPanel(const char* name, Rect place, float padX, float padY, ImGuiWindowFlags further = 0)
-{
-    ImGui::SetNextWindowPos(ImVec2(place.x, place.y));
-    ImGui::SetNextWindowSize(ImVec2(place.width, place.height));
-    ImGui::PushStyleVar(ImGuiStyleVar_WindowPadding, ImVec2(padX, padY));
-    ImGui::PushStyleVar(ImGuiStyleVar_WindowBorderSize, 0);
-    ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 0);
-    ImGui::PushStyleVar(ImGuiStyleVar_WindowMinSize, ImVec2(1, 1));
-    ImGui::Begin(name, nullptr, panelFlags | further);
-    ImGui::PopStyleVar(4);
-}
-
 void Editor::DrawPanels(Rect room)
 {
     EditorState& state = session.state;
@@ -366,10 +342,10 @@ void Editor::DrawPanels(Rect room)
     const WindowLayout layout = LayOutWindow(room, scale, view.wishes);
     DrawSplits(layout, room);
 
-    BeginPanel("Picture", layout.picture, 0, 0, fixedFlags);
+    BeginPanel("Picture", layout.picture, 0, 0, NoScrolling);
     picture.Draw(session, false);
     ImGui::End();
-    BeginPanel("Transport", layout.transport, 8 * scale, 7 * scale, fixedFlags);
+    BeginPanel("Transport", layout.transport, 8 * scale, 7 * scale, NoScrolling);
     transportPanel.Draw(&session, &runner);
     ImGui::End();
     if (!layout.inspector.Empty()) {
@@ -378,93 +354,30 @@ void Editor::DrawPanels(Rect room)
         ImGui::End();
     }
     if (!layout.findings.Empty()) {
-        BeginPanel("Findings", layout.findings, 12 * scale, 8 * scale, fixedFlags); // its list scrolls
+        BeginPanel("Findings", layout.findings, 12 * scale, 8 * scale, NoScrolling); // its list scrolls
         findings.Draw(&session);
         ImGui::End();
     }
-    BeginPanel("Timeline", layout.timeline, 0, 0, fixedFlags);
+    BeginPanel("Timeline", layout.timeline, 0, 0, NoScrolling);
     timeline.Draw(&state);
     ImGui::End();
-    DrawStatus(layout.status);
-}
-
-// Draws a line that can be dragged. True while it is: *share is then what the pointer asks for.
-static bool Split(const char* name, Rect place, bool upright, Rect room, float* share)
-{
-    if (place.Empty())
-        return false;
-    BeginPanel(name, place, 0, 0, fixedFlags);
-    ImGui::SetCursorScreenPos(ImVec2(place.x, place.y));
-    ImGui::InvisibleButton("split", ImVec2(place.width, place.height));
-    const bool active = ImGui::IsItemActive();
-    const float x = std::floor(place.x + place.width / 2), y = std::floor(place.y + place.height / 2);
-    if (!active && !ImGui::IsItemHovered()) {
-        const ImU32 hair = ToolColour(Slate, 0.45f);
-        if (upright)
-            ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(x, place.y), ImVec2(x + 1, place.Bottom()),
-                                                      hair);
-        else
-            ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(place.x, y), ImVec2(place.Right(), y + 1), hair);
-    } else {
-        ImGui::SetMouseCursor(upright ? ImGuiMouseCursor_ResizeEW : ImGuiMouseCursor_ResizeNS);
-        ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(place.x, place.y),
-                                                  ImVec2(place.Right(), place.Bottom()),
-                                                  ToolColour(active ? Amber : Ochre, 0.8f));
-    }
-    if (active) {
-        const ImVec2 mouse = ImGui::GetIO().MousePos;
-        const float wanted = upright ? (mouse.x - room.x) / room.width : (mouse.y - room.y) / room.height;
-        *share = std::clamp(wanted, 0.1f, 0.9f);
-    }
-    ImGui::End();
-    return active;
+    status.Draw(&session, layout.status);
 }
 
 void Editor::DrawSplits(const WindowLayout& layout, Rect room)
 {
     room.height -= layout.status.height;
-    Split("##stage", layout.stageSplit, false, room, &view.wishes.stageShare);
-    Split("##picture", layout.pictureSplit, true, room, &view.wishes.pictureShare);
+    DragSplit("##stage", layout.stageSplit, false, room, &view.wishes.stageShare);
+    DragSplit("##picture", layout.pictureSplit, true, room, &view.wishes.pictureShare);
     Rect column = room;
     column.height = layout.stageSplit.y - room.y;
-    Split("##inspector", layout.inspectorSplit, false, column, &view.wishes.inspectorShare);
-}
-
-static std::string MemoryText(uint64_t bytes)
-{
-    return std::to_string(bytes >> 20) + " MB";
-}
-
-void Editor::DrawStatus(Rect place)
-{
-    EditorState& state = session.state;
-    const double now = Now();
-    if (!state.notice.empty()) {
-        shownNotice = state.notice;
-        state.notice.clear();
-        noticeSince = now;
-    }
-    if (now - noticeSince > noticeTime)
-        shownNotice.clear();
-    BeginPanel("Status", place, 12 * state.scale, 3 * state.scale, fixedFlags);
-    ImGui::PushFont(platform::FontOf(platform::NoteFont));
-    ImGui::TextColored(platform::ToolTint(Parchment), "%s", shownNotice.c_str());
-    const ShowPool::Status status = session.ShowStatus();
-    std::string words = state.document->IsModified() ? "not saved" : "saved";
-    if (status.processes > 0)
-        words += "   \xc2\xb7   " + std::to_string(status.processes) +
-                 (status.processes == 1 ? " process, " : " processes, ") + MemoryText(status.memory);
-    const float width = ImGui::CalcTextSize(words.c_str()).x;
-    ImGui::SameLine(std::max(place.width - width - 12 * state.scale, 0.0f));
-    ImGui::TextColored(platform::ToolTint(Mist), "%s", words.c_str());
-    ImGui::PopFont();
-    ImGui::End();
+    DragSplit("##inspector", layout.inspectorSplit, false, column, &view.wishes.inspectorShare);
 }
 
 void Editor::DrawAlone()
 {
     const ImVec2 size = ImGui::GetIO().DisplaySize;
-    BeginPanel("Picture", {0, 0, size.x, size.y}, 0, 0, fixedFlags);
+    BeginPanel("Picture", {0, 0, size.x, size.y}, 0, 0, NoScrolling);
     picture.Draw(session, true);
     ImGui::End();
     session.state.timelineActions.clear();

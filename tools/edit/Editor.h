@@ -10,6 +10,7 @@
 #include "tools/edit/InspectorPanel.h"
 #include "tools/edit/PicturePanel.h"
 #include "tools/edit/Session.h"
+#include "tools/edit/StatusPanel.h"
 #include "tools/edit/TimelinePanel.h"
 #include "tools/edit/TransportPanel.h"
 #include "tools/edit/UserSettings.h"
@@ -49,7 +50,6 @@ private:
     void DrawRecent();
     void DrawPanels(Rect room);
     void DrawSplits(const WindowLayout& layout, Rect room);
-    void DrawStatus(Rect place);
     void DrawAlone();
     double Patience() const; // seconds until the next look at what runs beside the window
 
@@ -66,13 +66,12 @@ private:
     FindingsPanel findings;
     InspectorPanel inspector;
     TimelinePanel timeline;
+    StatusPanel status;
 
     bool quits;
     AnswerTimes answers;
-    std::string shownNotice;
-    double noticeSince; // seconds
-    int framesOwed;     // ImGui needs some to come to rest after an event
-    double drawTime;    // that the last frame took, seconds
+    int framesOwed;  // ImGui needs some to come to rest after an event
+    double drawTime; // that the last frame took, seconds
 };
 
 } // namespace edit

@@ -18,7 +18,7 @@ namespace edit
 namespace fs = std::filesystem;
 using namespace showcolours;
 
-static const size_t mostItems = 5000; // of a folder
+static const size_t maxItems = 5000; // of a folder
 
 FileDialog::FileDialog() : disk(platform::ToolWindow::Wake) {}
 
@@ -33,59 +33,59 @@ void FileDialog::Begin(Purpose newPurpose, const std::string& path)
     items.clear();
     focusName = true;
     disk.Forget(this);
-    const auto finding = std::make_shared<Finding>();
+    const auto content = std::make_shared<PathContent>();
     disk.Do(
-        this, [finding, path] { *finding = LookAt(path.empty() ? "." : path, true); },
-        [this, finding] {
-            Show(*finding);
+        this, [content, path] { *content = LookAt(path.empty() ? "." : path, true); },
+        [this, content] {
+            Show(*content);
             if (purpose == ToSave && name.empty())
-                name = finding->name;
+                name = content->name;
         });
 }
 
 // On the thread. A file's folder is listed in its place.
-FileDialog::Finding FileDialog::LookAt(const std::string& path, bool lists)
+FileDialog::PathContent FileDialog::LookAt(const std::string& path, bool lists)
 {
-    Finding finding;
+    PathContent content;
     std::error_code error;
     const fs::path absolute = fs::absolute(path, error).lexically_normal();
-    finding.exists = fs::exists(absolute, error);
-    finding.isFolder = fs::is_directory(absolute, error);
-    finding.folder = (finding.isFolder ? absolute : absolute.parent_path()).string();
-    finding.name = finding.isFolder ? "" : absolute.filename().string();
-    if (finding.isFolder || lists)
-        ListFolder(&finding);
-    return finding;
+    content.exists = fs::exists(absolute, error);
+    content.isFolder = fs::is_directory(absolute, error);
+    content.folder = (content.isFolder ? absolute : absolute.parent_path()).string();
+    content.name = content.isFolder ? "" : absolute.filename().string();
+    if (content.isFolder || lists)
+        ListFolder(&content);
+    return content;
 }
 
-void FileDialog::ListFolder(Finding* finding)
+void FileDialog::ListFolder(PathContent* content)
 {
     std::error_code error;
-    fs::directory_iterator each(finding->folder, fs::directory_options::skip_permission_denied, error);
+    fs::directory_iterator each(content->folder, fs::directory_options::skip_permission_denied, error);
     if (error) {
-        finding->trouble = finding->folder + " can't be read: " + error.message() + ".";
+        content->trouble = content->folder + " can't be read: " + error.message() + ".";
         return;
     }
-    for (; each != fs::directory_iterator() && finding->items.size() < mostItems; each.increment(error)) {
+    for (; each != fs::directory_iterator() && content->items.size() < maxItems; each.increment(error)) {
         const std::string entry = each->path().filename().string();
         if (entry.empty() || entry[0] == '.')
             continue;
         const bool isFolder = each->is_directory(error);
         if (isFolder || each->path().extension() == ".txt")
-            finding->items.push_back({entry, isFolder});
+            content->items.push_back({entry, isFolder});
     }
-    std::sort(finding->items.begin(), finding->items.end(), [](const Item& a, const Item& b) {
+    std::sort(content->items.begin(), content->items.end(), [](const FolderItem& a, const FolderItem& b) {
         return a.isFolder != b.isFolder ? a.isFolder : a.name < b.name;
     });
 }
 
-void FileDialog::Show(const Finding& finding)
+void FileDialog::Show(const PathContent& content)
 {
-    trouble = finding.trouble;
+    trouble = content.trouble;
     if (!trouble.empty() && !folder.empty())
         return; // the list stays as it is
-    folder = finding.folder;
-    items = finding.items;
+    folder = content.folder;
+    items = content.items;
 }
 
 // Goes into a folder, or answers with a file.
@@ -93,29 +93,29 @@ void FileDialog::Take(const std::string& typed)
 {
     if (typed.empty() || disk.IsBusy())
         return;
-    const auto finding = std::make_shared<Finding>();
+    const auto content = std::make_shared<PathContent>();
     disk.Do(
-        this, [finding, path = (fs::path(folder) / typed).string()] { *finding = LookAt(path, false); },
-        [this, finding] {
-            if (finding->isFolder) {
-                Show(*finding);
+        this, [content, path = (fs::path(folder) / typed).string()] { *content = LookAt(path, false); },
+        [this, content] {
+            if (content->isFolder) {
+                Show(*content);
                 name.clear();
                 focusName = true;
             } else {
-                TakeFile(*finding);
+                TakeFile(*content);
             }
         });
 }
 
-void FileDialog::TakeFile(const Finding& finding)
+void FileDialog::TakeFile(const PathContent& content)
 {
-    const std::string path = (fs::path(finding.folder) / finding.name).string();
+    const std::string path = (fs::path(content.folder) / content.name).string();
     focusName = true;
-    if (purpose == ToOpen && !finding.exists) {
+    if (purpose == ToOpen && !content.exists) {
         trouble = "There is no file " + path + ".";
-    } else if (purpose == ToSave && finding.exists && asked != path) {
+    } else if (purpose == ToSave && content.exists && asked != path) {
         asked = path;
-        trouble = finding.name + " is there already. Save once more to replace it.";
+        trouble = content.name + " is there already. Save once more to replace it.";
     } else {
         chosen = path;
         answer = Chosen;
@@ -132,7 +132,7 @@ void FileDialog::DrawList(float scale, std::string* taken)
     if (fs::path(folder).has_relative_path() &&
         ImGui::Selectable("..", false, ImGuiSelectableFlags_DontClosePopups))
         *taken = "..";
-    for (const Item& item : items) {
+    for (const FolderItem& item : items) {
         const std::string label = item.isFolder ? item.name + "/" : item.name;
         ImGui::PushStyleColor(ImGuiCol_Text, platform::ToolTint(item.isFolder ? Amber : Bone));
         if (ImGui::Selectable(label.c_str(), name == item.name,

@@ -29,30 +29,30 @@ public:
     const std::string& Path() const { return chosen; } // after Chosen; absolute
 
 private:
-    struct Item {
+    struct FolderItem {
         std::string name;
         bool isFolder;
     };
 
-    // What is found at a path.
-    struct Finding {
+    // What stands at a path: a folder with its content, or a file.
+    struct PathContent {
         bool exists = false;
         bool isFolder = false;
-        std::string folder, name; // of a file the folder that it is in, and its name
-        std::vector<Item> items;  // of the folder
-        std::string trouble;      // a sentence, if it can't be read
+        std::string folder, name;      // of a file the folder that it is in, and its name
+        std::vector<FolderItem> items; // of the folder
+        std::string trouble;           // a sentence, if it can't be read
     };
 
-    static Finding LookAt(const std::string& path, bool lists);
-    static void ListFolder(Finding* finding);
-    void Show(const Finding& finding);
+    static PathContent LookAt(const std::string& path, bool lists);
+    static void ListFolder(PathContent* content);
+    void Show(const PathContent& content);
     void Take(const std::string& typed);
-    void TakeFile(const Finding& finding);
+    void TakeFile(const PathContent& content);
     void DrawList(float scale, std::string* taken);
 
     Purpose purpose = ToOpen;
     std::string folder; // absolute
-    std::vector<Item> items;
+    std::vector<FolderItem> items;
     std::string name; // as it is typed
     std::string chosen;
     std::string trouble; // a sentence; empty: none

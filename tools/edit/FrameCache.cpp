@@ -6,7 +6,7 @@
 namespace edit
 {
 
-FrameCache::FrameCache(size_t limit) : mostBytes(limit), bytes(0), uses(0) {}
+FrameCache::FrameCache(size_t limit) : maxBytes(limit), bytes(0), uses(0) {}
 
 void FrameCache::Add(int64_t frame, uint64_t revision, FramePixels pixels)
 {
@@ -15,7 +15,7 @@ void FrameCache::Add(int64_t frame, uint64_t revision, FramePixels pixels)
         return;
     bytes += pixels->size() - (entry.pixels ? entry.pixels->size() : 0);
     entry = {revision, ++uses, std::move(pixels)};
-    while (bytes > mostBytes && entries.size() > 1) {
+    while (bytes > maxBytes && entries.size() > 1) {
         const auto oldest =
             std::min_element(entries.begin(), entries.end(),
                              [](const auto& a, const auto& b) { return a.second.used < b.second.used; });

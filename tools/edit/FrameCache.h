@@ -15,7 +15,7 @@ typedef std::shared_ptr<const std::vector<uint8_t>> FramePixels;
 class FrameCache
 {
 public:
-    explicit FrameCache(size_t mostBytes);
+    explicit FrameCache(size_t maxBytes);
 
     // Keeps a frame that a revision of the script makes. Where there is no room the frames that were used least
     // recently go; the latest one always stays. A frame that a newer revision made is kept.
@@ -36,7 +36,7 @@ private:
         FramePixels pixels;
     };
     std::map<int64_t, CachedFrame> entries;
-    size_t mostBytes;
+    size_t maxBytes;
     size_t bytes;
     uint64_t uses;
 };

@@ -1,41 +1,8 @@
 // SPDX-License-Identifier: MIT
 // marlinex-edit: the show where it is written, as picture, sound and timeline.
-#include "kernel/Production.h"
-#include "platform/Paths.h"
-#include "tools/edit/Editor.h"
-#include "tools/edit/Options.h"
-#include "tools/edit/ShowHost.h"
-
-#include <filesystem>
-#include <unistd.h>
-
-// The file of this program, which starts itself for the show.
-static std::string OwnPath(const char* name)
-{
-    std::error_code error;
-    const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? name : path.string();
-}
+#include "tools/edit/Program.h"
 
 int main(int argc, char** argv)
 {
-    if (edit::IsShowHost(argc, argv))
-        edit::RunShowHost();
-    cli::CommandLine line = edit::OptionTable();
-    edit::Options options;
-    if (!edit::ReadOptions(&line, argc, argv, &options))
-        return line.exitStatus;
-    platform::FindDataDirectory(ProductionName);
-    if (!options.data.empty())
-        platform::SetDataDirectory(options.data);
-
-    edit::Editor editor(options);
-    std::string reason;
-    if (!editor.Open(OwnPath(argv[0]), &reason))
-        return line.Fail(reason);
-    bool interrupted = false;
-    const int status = editor.Run(&interrupted);
-    if (interrupted)
-        _exit(status); // destructors would take the recovery file away
-    return status;
+    return edit::RunProgram(argc, argv);
 }

@@ -11,8 +11,8 @@ namespace edit
 
 static const double frameSlack =
     1e-6; // of a frame: a time that is a frame's own, but for rounding, is that frame
-static const double beatSlack = 1e-4;          // of a beat
-static const double mostSeconds = 4294967.295; // the longest time that a script can hold
+static const double beatSlack = 1e-4;         // of a beat
+static const double maxSeconds = 4294967.295; // the longest time that a script can hold
 
 int64_t FrameAt(double seconds, const capture::FrameRate& rate)
 {
@@ -125,7 +125,7 @@ bool ReadMoment(const std::string& text, const timeline::Tempo& tempo, double* s
             *seconds = first * 60 + second;
         }
     }
-    if (*seconds > mostSeconds)
+    if (*seconds > maxSeconds)
         return Refuse("No show is as long as that.", reason);
     return true;
 }

@@ -7,11 +7,11 @@
 namespace edit
 {
 
-static const size_t mostBlocks = 40; // beyond these reading the whole is as quick
+static const size_t maxBlocks = 40; // beyond these reading the whole is as quick
 
 // Below all limits of lint::Reading, at which blocks begin to depend on those ahead of them.
-static const size_t mostMessages = 10000;
-static const size_t mostParameters = 1 << 20;
+static const size_t maxMessages = 10000;
+static const size_t maxParameters = 1 << 20;
 
 // Neither a comment nor a block begins or ends with it, no line either, and each byte is a character.
 static bool IsPlain(const std::string& text)
@@ -24,12 +24,12 @@ static bool IsWithinLimits(const Outline& outline)
 {
     size_t messages = 0, parameters = 0;
     for (const OutlineBlock& block : outline.blocks) {
-        if (block.steps > mostMessages)
+        if (block.steps > maxMessages)
             return false;
         const size_t count = block.times.size() + block.steps;
         messages += count;
         parameters += count * block.parameters.size();
-        if (messages > mostMessages || parameters > mostParameters)
+        if (messages > maxMessages || parameters > maxParameters)
             return false;
     }
     return true;
@@ -117,7 +117,7 @@ static bool ReadFew(const std::string& before, const std::vector<TextChange>& ch
                 MoveWhole(shift, &block);
             continue;
         }
-        if (++touched > mostBlocks)
+        if (++touched > maxBlocks)
             return false;
         const size_t begin = old.begin + shift.bytes;
         block.column += shift.ColumnsOf(block.line);
@@ -142,7 +142,7 @@ static bool ReadFew(const std::string& before, const std::vector<TextChange>& ch
 Outline ReadChanged(const std::string& before, const Outline& outline, const std::vector<TextChange>& changes,
                     const std::string& after)
 {
-    if (changes.size() <= 4 * mostBlocks && IsWithinLimits(outline)) {
+    if (changes.size() <= 4 * maxBlocks && IsWithinLimits(outline)) {
         Outline few = outline;
         if (ReadFew(before, changes, after, &few) && IsWithinLimits(few))
             return few;

@@ -10,7 +10,7 @@
 namespace edit
 {
 
-static const size_t mostRemarks = 100;
+static const size_t maxRemarks = 100;
 static const double lookEvery = 1; // seconds between looks at the script's file, if the system won't watch it
 
 Session::Session(const Options& wanted, std::function<void()> wake)
@@ -67,11 +67,11 @@ bool Session::Open(const std::string& path, std::string* reason)
 
 void Session::BeginOpen(const std::string& path, std::function<void(const Opening& opening)> done)
 {
-    struct Job {
+    struct OpenJob {
         ScriptFile read;
         Opening opening;
     };
-    const auto job = std::make_shared<Job>();
+    const auto job = std::make_shared<OpenJob>();
     const uint64_t asked = document->Revision();
     disks.script.Do(
         this,
@@ -285,7 +285,7 @@ void Session::TakeEvents()
             continue;
         }
         remarks.push_back({event.kind, event.text, seconds, 1});
-        if (remarks.size() > mostRemarks)
+        if (remarks.size() > maxRemarks)
             remarks.erase(remarks.begin());
     }
 }

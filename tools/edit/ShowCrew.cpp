@@ -206,7 +206,7 @@ int ShowCrew::Capacity() const
 {
     const uint64_t room = settings.memoryLimit - std::min(settings.memoryLimit, sharedPart);
     return int(
-        std::clamp<uint64_t>(room / ExpectedMemory(), 1, uint64_t(std::max(settings.mostProcesses, 1))));
+        std::clamp<uint64_t>(room / ExpectedMemory(), 1, uint64_t(std::max(settings.maxProcesses, 1))));
 }
 
 bool ShowCrew::HasRoom() const

@@ -6,12 +6,13 @@
 #include "kernel/LoadingScreen.h"
 #include "platform/Paths.h"
 #include "tools/capture/SteppedShow.h"
+#include "tools/cli/MonotonicSeconds.h"
+#include "tools/edit/ProcessLimits.h"
 #include "tools/edit/ScriptExchange.h"
 #include "tools/edit/ShowChannel.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
@@ -23,7 +24,6 @@
 #include <poll.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace edit
@@ -34,7 +34,6 @@ const char* const ShowHostArgument = "--show-host";
 static const int exitEnded = 3;          // the show ended itself
 static const int waitMilliseconds = 500; // between two signs of life of a process that has nothing to do
 static const int slotMilliseconds = 2;   // between two looks for a free slot
-static const int niceness = 10;          // behind the window's process, which shall answer at once
 
 bool IsShowHost(int argumentCount, const char* const* arguments)
 {
@@ -51,29 +50,6 @@ static std::string ReadScriptFile(int descriptor)
         text.append(block, size_t(got));
     close(descriptor);
     return text;
-}
-
-static double Now()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double>(now).count();
-}
-
-// A process of the show may not take the machine with it: it has a limit, and if the system's memory runs out all the
-// same it is the first to go.
-static void LimitProcess(uint64_t memoryLimit)
-{
-    if (memoryLimit > 0) {
-        const rlimit memory = {rlim_t(memoryLimit), rlim_t(memoryLimit)};
-        setrlimit(RLIMIT_DATA, &memory);
-    }
-    const rlimit noCore = {0, 0};
-    setrlimit(RLIMIT_CORE, &noCore);
-    setpriority(PRIO_PROCESS, 0, niceness);
-    if (FILE* const file = fopen("/proc/self/oom_score_adj", "w")) {
-        fputs("1000", file);
-        fclose(file);
-    }
 }
 
 [[noreturn]] static void EndWithoutMemory()
@@ -131,7 +107,7 @@ private:
     int64_t position;
     int64_t
         drawnSince; // the first of the frames drawn in a row up to the latest one; INT64_MAX if that is not drawn
-    double frameStart; // when the latest frame began, Now
+    double frameStart; // when the latest frame began, cli::MonotonicSeconds
     double runStart;   // the same of drawnSince
 };
 
@@ -242,17 +218,17 @@ void ShowHost::PrepareNext()
     else if (drawnSince == INT64_MAX)
         drawnSince = position + 1;
     show.DrawNext(draws);
-    frameStart = Now();
+    frameStart = cli::MonotonicSeconds();
     if (drawnSince == position + 1)
         runStart = frameStart;
 }
 
 void ShowHost::HandFrame(int64_t number)
 {
-    const double waitStart = Now();
+    const double waitStart = cli::MonotonicSeconds();
     while (sentSlots - shared->takenSlots >= FrameSlots)
         Wait(slotMilliseconds);
-    const double waited = Now() - waitStart;
+    const double waited = cli::MonotonicSeconds() - waitStart;
     ShowReply reply;
     reply.kind = ShowReply::Frame;
     reply.frame = number;
@@ -261,7 +237,7 @@ void ShowHost::HandFrame(int64_t number)
     reply.slot = sentSlots % FrameSlots;
     reply.exact = drawnSince <= std::max<int64_t>(number - capture::WarmUpFrames, 0);
     show.ReadPixels(slots + reply.slot * FrameBytes(settings.width, settings.height));
-    const double now = Now();
+    const double now = cli::MonotonicSeconds();
     reply.seconds = now - frameStart - waited;
     const bool hasWarmedUp = number > 0 && number - drawnSince <= capture::WarmUpFrames;
     reply.warmSeconds = hasWarmedUp ? now - runStart - waited : reply.seconds;

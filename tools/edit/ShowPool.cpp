@@ -4,11 +4,11 @@
 #include "kernel/LoadingScreen.h"
 #include "kernel/Production.h"
 #include "tools/capture/SteppedShow.h"
+#include "tools/cli/MonotonicSeconds.h"
 #include "tools/edit/FrameCache.h"
 #include "tools/edit/ShowCrew.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <csignal>
 #include <map>
@@ -58,7 +58,6 @@ struct ShowPool::Work {
     bool playShown = false; // a frame was shown since playing began
     double lateSeconds = 0; // when a frame was late
 
-    static double Now();
     void NoteChange();
     int64_t Wanted() const;
     int64_t PlayTarget() const;
@@ -74,15 +73,9 @@ struct ShowPool::Work {
     void LeaveBehind(ShowProcess* process);
 };
 
-double ShowPool::Work::Now()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double>(now).count();
-}
-
 void ShowPool::Work::NoteChange()
 {
-    const double now = Now();
+    const double now = cli::MonotonicSeconds();
     inBurst = now < wishSeconds + burstSeconds;
     wishSeconds = now;
 }
@@ -177,7 +170,7 @@ void ShowPool::Seek(int64_t frame)
 void ShowPool::PlayTo(int64_t frame)
 {
     frame = std::max<int64_t>(frame, 0);
-    const double now = Work::Now();
+    const double now = cli::MonotonicSeconds();
     const bool begins = !work->playing;
     const int64_t step = frame - work->wish;
     if (begins) {
@@ -247,7 +240,7 @@ void ShowPool::Poll()
 {
     if (!work->started)
         return;
-    const double now = Work::Now();
+    const double now = cli::MonotonicSeconds();
     work->crew.Poll(
         now, [this](ShowProcess* process, ShowNews& news) { work->TakeNews(process, news); },
         [this](ShowProcess* process) { work->LeaveBehind(process); });

@@ -29,7 +29,7 @@ struct ShowSettings {
     capture::FrameRate rate;
     std::string data;         // the data directory
     uint64_t memoryLimit = 0; // bytes for all processes together; 0: a quarter of the machine's memory
-    int mostProcesses = 16;
+    int maxProcesses = 16;
     double hangSeconds = 10;              // a process that gives no sign for that long has hung, and is ended
     std::vector<std::string> environment; // of the processes: "NAME=value" rows that change this one's
 };

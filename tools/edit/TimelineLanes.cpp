@@ -18,7 +18,7 @@ static const double lanePadding   = 3;
 static const double rowGap        = 3;
 static const double grip          = 5;
 static const double tickReach     = 5;
-static const double leastTicks    = 9;   // height that ticks need below a name
+static const double minTicks      = 9;   // height that ticks need below a name
 static const double nameInset     = 7;
 static const double nameTop       = 2;   // from the top of a bar to the name's line
 static const double nameGap       = 8;   // between the name of an entry and its note
@@ -47,7 +47,7 @@ LaneSizes ChooseLaneSizes(const TimelineContents& contents, double height, float
         double spare; // of the gaps between lanes
     } choices[] = {
         {name + small + 8 * s, name + 3 * s, true, 1},
-        {name + leastTicks * s, name, false, 1},
+        {name + minTicks * s, name, false, 1},
         {name + 4 * s, name - 2 * s, false, 0.5},
     };
     for (const auto& choice : choices) {

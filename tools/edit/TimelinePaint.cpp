@@ -7,8 +7,8 @@
 namespace edit
 {
 
-static const int mostVertices = 45000; // of 65536 in a list; the rest is for what must be drawn
-static const float farOut = 16000;     // pixels: what lies farther out would lose its last digits as a float
+static const int maxVertices = 45000; // of 65536 in a list; the rest is for what must be drawn
+static const float farOut = 16000;    // pixels: what lies farther out would lose its last digits as a float
 static const char* const ellipsis = "\xe2\x80\xa6";
 
 static float Pixel(double x)
@@ -24,7 +24,7 @@ ImU32 TimelinePaint::Of(timeline::ScreenColour colour)
 
 bool TimelinePaint::HasRoom() const
 {
-    return list->VtxBuffer.Size < mostVertices;
+    return list->VtxBuffer.Size < maxVertices;
 }
 
 void TimelinePaint::Fill(const Area& area, timeline::ScreenColour colour)

@@ -40,13 +40,9 @@ public:
     // True while it moves by itself: a drag that scrolls, a tooltip that is about to show. Draw frames meanwhile.
     bool WantsFrame() const { return wantsFrame; }
 
-    Tapping& GetTapping() { return tapping; }
-    const TimelineView& View() const { return view; }
-    const TimelineContents& Contents() const { return contents; }
-    const TimelineAreas& Areas() const { return areas; }
-    const LanePlaces& Places() const { return places; }
-
 private:
+    friend class TimelinePanelHooks;
+
     enum MouseMode {
         NoMouse,
         PressMode, // on an item, not yet a drag

@@ -16,7 +16,7 @@ namespace edit
 {
 
 static const double longestTime = 1e7; // seconds; a script's milliseconds end before that
-static const size_t mostMarkers = 1000;
+static const size_t maxMarkers = 1000;
 
 ScriptMemory UserSettings::MemoryOf(const std::string& path) const
 {
@@ -135,7 +135,7 @@ static ScriptMemory ReadMemory(const Json& object)
     if (markers && markers->IsArray())
         for (const Json& marker : markers->GetArray())
             if (marker.IsNumber() && marker.GetDouble() >= 0 && marker.GetDouble() <= longestTime &&
-                memory.markers.size() < mostMarkers)
+                memory.markers.size() < maxMarkers)
                 memory.markers.push_back(marker.GetDouble());
     std::sort(memory.markers.begin(), memory.markers.end());
     return memory;

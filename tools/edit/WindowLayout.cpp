@@ -11,16 +11,16 @@ namespace edit
 static const float splitWidth = 5;
 static const float transportHeight = 46;
 static const float statusHeight = 24;
-static const float leastStage = 180;
-static const float leastTimeline = 140;
-static const float leastPicture = 240;
-static const float leastColumn = 220;
-static const float leastPanel = 60;
+static const float minStage = 180;
+static const float minTimeline = 140;
+static const float minPicture = 240;
+static const float minColumn = 220;
+static const float minPanel = 60;
 
 // The part of a length that a share asks for, on whole pixels; each side keeps its least where there is room.
-static float Share(float length, float share, float least, float leastOfOther)
+static float Share(float length, float share, float least, float minOfOther)
 {
-    const float most = std::max(length - leastOfOther, 0.0f);
+    const float most = std::max(length - minOfOther, 0.0f);
     return std::round(std::clamp(length * share, std::min(least, most), most));
 }
 
@@ -32,7 +32,7 @@ WindowLayout LayOutWindow(Rect room, float scale, const LayoutWishes& wishes)
     layout.status = {room.x, room.Bottom() - foot, room.width, foot};
 
     const float height = std::max(room.height - foot - split, 0.0f);
-    const float stage = Share(height, wishes.stageShare, leastStage * scale, leastTimeline * scale);
+    const float stage = Share(height, wishes.stageShare, minStage * scale, minTimeline * scale);
     layout.stageSplit = {room.x, room.y + stage, room.width, split};
     layout.timeline = {room.x, room.y + stage + split, room.width, height - stage};
 
@@ -40,14 +40,14 @@ WindowLayout LayOutWindow(Rect room, float scale, const LayoutWishes& wishes)
     float left = room.width;
     if (column) {
         const float width = std::max(room.width - split, 0.0f);
-        left = Share(width, wishes.pictureShare, leastPicture * scale, leastColumn * scale);
+        left = Share(width, wishes.pictureShare, minPicture * scale, minColumn * scale);
         layout.pictureSplit = {room.x + left, room.y, split, stage};
         const Rect beside = {room.x + left + split, room.y, width - left, stage};
         layout.inspector = wishes.inspector ? beside : Rect{};
         layout.findings = wishes.findings ? beside : Rect{};
         if (wishes.inspector && wishes.findings) {
             const float both = std::max(stage - split, 0.0f);
-            const float upper = Share(both, wishes.inspectorShare, leastPanel * scale, leastPanel * scale);
+            const float upper = Share(both, wishes.inspectorShare, minPanel * scale, minPanel * scale);
             layout.inspector.height = upper;
             layout.inspectorSplit = {beside.x, beside.y + upper, beside.width, split};
             layout.findings.y = beside.y + upper + split;

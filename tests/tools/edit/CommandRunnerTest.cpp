@@ -242,6 +242,28 @@ TEST_F(CommandRunnerTest, HandsToTheTimelineWhatIsTheTimelines)
     EXPECT_EQ((std::vector<TimelineAction>{ZoomIn, NudgeLaterBar, Tap}), state.timelineActions);
 }
 
+TEST_F(CommandRunnerTest, HandsOverEachActionOfTheTimelineOnce)
+{
+    state.selection = {{0, -1}};
+    for (const CommandId id :
+         {CommandZoomIn, CommandZoomOut, CommandZoomShow, CommandEarlierMillisecond, CommandLaterMillisecond,
+          CommandEarlierFrame, CommandLaterFrame, CommandEarlierBeat, CommandLaterBeat, CommandEarlierBar,
+          CommandLaterBar, CommandLayerUp, CommandLayerDown, CommandSelectNext, CommandSelectPrevious,
+          CommandStartHere, CommandStopHere, CommandNewItem, CommandTap})
+        runner.Run(id);
+    ASSERT_EQ(size_t(Tap) + 1, state.timelineActions.size());
+    for (size_t i = 0; i < state.timelineActions.size(); i++)
+        EXPECT_EQ(TimelineAction(i), state.timelineActions[i]);
+}
+
+TEST_F(CommandRunnerTest, ShowsAndHidesTheSheetOfKeys)
+{
+    runner.Run(CommandKeys);
+    EXPECT_TRUE(view.keySheet);
+    runner.Run(CommandKeys);
+    EXPECT_FALSE(view.keySheet);
+}
+
 TEST_F(CommandRunnerTest, SwitchesWhatAMenuTicks)
 {
     for (const CommandId id :

@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 using edit::ItemId;
 using edit::OutlineBlock;
 
-static const uint32_t mostSteps = 3000; // of a group that is played here
+static const uint32_t maxSteps = 3000; // of a group that is played here
 static const int64_t greatest = 2147483647;
 
 // ---- What a script says, as plain records
@@ -173,7 +173,7 @@ protected:
     bool CanBePlayed() const
     {
         for (const OutlineBlock& block : document->GetOutline().blocks)
-            if (block.steps > mostSteps)
+            if (block.steps > maxSteps)
                 return false;
         return document->Text().size() < 200000;
     }

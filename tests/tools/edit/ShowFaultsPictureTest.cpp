@@ -40,7 +40,7 @@ protected:
     {
         return PollUntil([this] {
             const edit::ShowPool::Status status = pool.GetStatus();
-            return status.processes == settings.mostProcesses &&
+            return status.processes == settings.maxProcesses &&
                    std::count(status.parked.begin(), status.parked.end(), -1) == 0;
         });
     }
@@ -62,7 +62,7 @@ protected:
 
 TEST_F(ShowFaults, ACrashCostsALineAndARestart)
 {
-    settings.mostProcesses = 1;
+    settings.maxProcesses = 1;
     StartShow();
     ASSERT_FALSE(FrameAt(30).empty());
     const std::vector<uint8_t> expected = FrameAt(100);
@@ -80,7 +80,7 @@ TEST_F(ShowFaults, ACrashCostsALineAndARestart)
 
 TEST_F(ShowFaults, WhereTheShowCrashesTwiceItIsNotTriedAThirdTime)
 {
-    settings.mostProcesses = 1;
+    settings.maxProcesses = 1;
     StartShow();
     ASSERT_FALSE(FrameAt(100).empty());
     kill(Children().at(0), SIGSEGV);
@@ -125,7 +125,7 @@ TEST_F(ShowFaults, AShowThatCantLoadIsTriedOnceAndToldUntilItChanges)
 
 TEST_F(ShowFaults, AStoppedProcessIsEndedAndReplaced)
 {
-    settings.mostProcesses = 1;
+    settings.maxProcesses = 1;
     settings.hangSeconds = 1;
     StartShow();
     ASSERT_FALSE(FrameAt(30).empty());
@@ -142,7 +142,7 @@ TEST_F(ShowFaults, AStoppedProcessIsEndedAndReplaced)
 
 TEST_F(ShowFaults, NoCallWaitsForAStoppedProcess)
 {
-    settings.mostProcesses = 1;
+    settings.maxProcesses = 1;
     StartShow();
     ASSERT_FALSE(FrameAt(30).empty());
     kill(Children().at(0), SIGSTOP);
@@ -182,7 +182,7 @@ TEST_F(ShowFaults, AProcessWithoutMemoryIsToldAndNotTriedAtOnceAgain)
 
 TEST_F(ShowFaults, KilledAgainAndAgainItWaitsLongerEachTime)
 {
-    settings.mostProcesses = 1;
+    settings.maxProcesses = 1;
     StartShow();
     pool.Seek(10);
     int kills = 0;
@@ -204,7 +204,7 @@ TEST_F(ShowFaults, KilledAgainAndAgainItWaitsLongerEachTime)
 
 TEST_F(ShowFaults, MemoryStaysBelowItsLimit)
 {
-    settings.mostProcesses = 2;
+    settings.maxProcesses = 2;
     StartShow();
     ASSERT_FALSE(FrameAt(30).empty());
     ASSERT_TRUE(WaitForWarmPool());
@@ -215,7 +215,7 @@ TEST_F(ShowFaults, MemoryStaysBelowItsLimit)
     EXPECT_EQ(0u, Children().size());
 
     // Room for between two and four of them.
-    settings.mostProcesses = 16;
+    settings.maxProcesses = 16;
     settings.memoryLimit = two + two / 2;
     StartShow();
     ASSERT_FALSE(FrameAt(30).empty());
@@ -286,7 +286,7 @@ TEST_F(ShowFaults, TheProcessesEndWithTheirParentAlsoTheStoppedOnes)
     for (int child; read(ends[0], &child, sizeof child) == sizeof child;)
         children.push_back(child);
     close(ends[0]);
-    EXPECT_EQ(size_t(settings.mostProcesses), children.size());
+    EXPECT_EQ(size_t(settings.maxProcesses), children.size());
     for (int child : children)
         EXPECT_TRUE(IsAlive(child));
     kill(parent, SIGKILL);

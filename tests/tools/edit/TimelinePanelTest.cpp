@@ -5,6 +5,7 @@
 #include "tests/support/BusyShow.h"
 #include "tests/support/EditedScript.h"
 #include "tests/support/PanelFixture.h"
+#include "tools/edit/TimelinePanelHooks.h"
 
 #include <gtest/gtest.h>
 
@@ -22,14 +23,14 @@ protected:
         panel.Show([this] { timeline.Draw(&state); });
     }
 
-    double X(double seconds) const { return timeline.Areas().PlotLeft() + timeline.View().X(seconds); }
+    double X(double seconds) const { return seen.Areas().PlotLeft() + seen.View().X(seconds); }
     // The middle of the name of an entry, and of the ticks on it.
     double NameY(size_t block) const { return Placed(block).top + 6; }
     double TickY(size_t block) const { return Placed(block).bottom - 5; }
     const PlacedEntry& Placed(size_t block) const
     {
-        const size_t entry = timeline.Contents().entryOf.at(block);
-        for (const PlacedEntry& each : timeline.Places().entries)
+        const size_t entry = seen.Contents().entryOf.at(block);
+        for (const PlacedEntry& each : seen.Places().entries)
             if (each.entry == entry)
                 return each;
         ADD_FAILURE() << "block " << block << " is out of sight";
@@ -43,6 +44,7 @@ protected:
     const std::string before;
     EditorState& state;
     TimelinePanel timeline;
+    TimelinePanelHooks seen{&timeline};
 };
 
 TEST_F(TimelinePanelMouse, AClickSelectsAndWithControlAdds)
@@ -75,7 +77,7 @@ TEST_F(TimelinePanelMouse, ADragMovesAnEntryAsOneStepOfUndo)
 {
     const size_t towers = Block("40000");
     panel.Drag(X(30), NameY(towers), X(35), NameY(towers));
-    const double pixel = 1000 / timeline.View().PerSecond(); // milliseconds
+    const double pixel = 1000 / seen.View().PerSecond(); // milliseconds
     EXPECT_NEAR(25000, script.At(towers).start, pixel);
     EXPECT_EQ(20000u, script.At(towers).stop - script.At(towers).start);
     EXPECT_EQ(1u, script.At(towers).layer);
@@ -88,7 +90,7 @@ TEST_F(TimelinePanelMouse, ADragMovesAllThatIsSelected)
     const size_t towers = Block("40000"), hand = Block("hand"), clouds = Block("20000");
     state.selection = {{towers, -1}, {hand, 1}};
     panel.Drag(X(9), TickY(clouds), X(11), TickY(clouds));
-    const double pixel = 1000 / timeline.View().PerSecond();
+    const double pixel = 1000 / seen.View().PerSecond();
     EXPECT_NEAR(11000, script.At(hand).times[1].milliseconds, pixel);
     EXPECT_EQ(6000u, script.At(hand).times[0].milliseconds);
     EXPECT_EQ(int64_t(script.At(hand).times[1].milliseconds) - 9000,
@@ -100,7 +102,7 @@ TEST_F(TimelinePanelMouse, ADragOfAnEdgeStretches)
 {
     const size_t towers = Block("40000");
     panel.Drag(X(40) - 2, NameY(towers), X(45) - 2, NameY(towers));
-    const double pixel = 1000 / timeline.View().PerSecond();
+    const double pixel = 1000 / seen.View().PerSecond();
     EXPECT_EQ(20000u, script.At(towers).start);
     EXPECT_NEAR(45000, script.At(towers).stop, pixel);
     panel.Drag(X(20) + 2, NameY(towers), X(25) + 2, NameY(towers));
@@ -120,7 +122,7 @@ TEST_F(TimelinePanelMouse, ADragSnapsToTheBeatAndAltHoldsItOff)
     EXPECT_TRUE(script.document.Undo());
     panel.Hold(false, false, true);
     panel.Drag(X(30), NameY(towers), X(36.05), NameY(towers));
-    EXPECT_NEAR(26050, script.At(towers).start, 1000 / timeline.View().PerSecond());
+    EXPECT_NEAR(26050, script.At(towers).start, 1000 / seen.View().PerSecond());
 }
 
 TEST_F(TimelinePanelMouse, ADragGoesToTheLayerOfAnotherLane)
@@ -157,7 +159,7 @@ TEST_F(TimelinePanelMouse, ControlAndADragCopy)
         entries += block.type == BlockEffect && block.effect == "FX_Towers";
     EXPECT_EQ(2u, entries);
     ASSERT_EQ(1u, state.selection.size());
-    EXPECT_NEAR(40000, script.At(state.selection[0].block).start, 1000 / timeline.View().PerSecond());
+    EXPECT_NEAR(40000, script.At(state.selection[0].block).start, 1000 / seen.View().PerSecond());
     EXPECT_TRUE(script.document.Undo());
     EXPECT_EQ(before, script.document.Text());
 }
@@ -179,7 +181,7 @@ TEST_F(TimelinePanelMouse, APressTakesHoldOfWhatLayUnderItAlthoughThePointerHasM
     panel.Move(X(50), NameY(towers)); // nothing lies there
     panel.Release();
     EXPECT_EQ((Selection{{towers, -1}}), state.selection);
-    EXPECT_NEAR(40000, script.At(towers).start, 1000 / timeline.View().PerSecond());
+    EXPECT_NEAR(40000, script.At(towers).start, 1000 / seen.View().PerSecond());
 }
 
 TEST_F(TimelinePanelMouse, ARubberBandSelectsWhatLiesInIt)
@@ -200,31 +202,31 @@ TEST_F(TimelinePanelMouse, ARubberBandSelectsWhatLiesInIt)
 
 TEST_F(TimelinePanelMouse, TheWheelZoomsToThePointerAndScrolls)
 {
-    const double at = X(30), y = timeline.Areas().lanes.top + 5;
-    const double perSecond = timeline.View().PerSecond();
+    const double at = X(30), y = seen.Areas().lanes.top + 5;
+    const double perSecond = seen.View().PerSecond();
     panel.Wheel(at, y, 3);
-    EXPECT_NEAR(perSecond * 1.25 * 1.25 * 1.25, timeline.View().PerSecond(), 1e-6);
-    EXPECT_NEAR(30, timeline.View().Seconds(at - timeline.Areas().PlotLeft()), 0.05);
-    const double start = timeline.View().Start();
+    EXPECT_NEAR(perSecond * 1.25 * 1.25 * 1.25, seen.View().PerSecond(), 1e-6);
+    EXPECT_NEAR(30, seen.View().Seconds(at - seen.Areas().PlotLeft()), 0.05);
+    const double start = seen.View().Start();
     panel.Hold(false, true, false);
     panel.Wheel(at, y, -1);
-    EXPECT_NEAR(start + 80 / timeline.View().PerSecond(), timeline.View().Start(), 1e-6);
+    EXPECT_NEAR(start + 80 / seen.View().PerSecond(), seen.View().Start(), 1e-6);
 }
 
 TEST_F(TimelinePanelMouse, TheMiddleButtonScrolls)
 {
-    panel.Wheel(X(30), timeline.Areas().lanes.top + 5, 5);
-    const double start = timeline.View().Start();
-    panel.Move(X(30), timeline.Areas().lanes.top + 5);
+    panel.Wheel(X(30), seen.Areas().lanes.top + 5, 5);
+    const double start = seen.View().Start();
+    panel.Move(X(30), seen.Areas().lanes.top + 5);
     panel.Press(2);
-    panel.Move(X(30) - 100, timeline.Areas().lanes.top + 5);
+    panel.Move(X(30) - 100, seen.Areas().lanes.top + 5);
     panel.Release(2);
-    EXPECT_NEAR(start + 100 / timeline.View().PerSecond(), timeline.View().Start(), 1e-6);
+    EXPECT_NEAR(start + 100 / seen.View().PerSecond(), seen.View().Start(), 1e-6);
 }
 
 TEST_F(TimelinePanelMouse, TheRulerScrubsAndTheStripAboveItSetsTheLoop)
 {
-    const double ruler = timeline.Areas().ruler.top + 8, loop = timeline.Areas().loop.top + 5;
+    const double ruler = seen.Areas().ruler.top + 8, loop = seen.Areas().loop.top + 5;
     panel.Move(X(12), ruler);
     panel.Press();
     ASSERT_TRUE(state.scrubTo.has_value());
@@ -269,48 +271,48 @@ TEST_F(TimelinePanelMouse, KeysMoveStretchTapAndZoom)
     EXPECT_EQ(22400u, script.At(towers).start);
     EXPECT_EQ(2u, script.At(towers).layer);
     EXPECT_TRUE(state.timelineActions.empty());
-    const double perSecond = timeline.View().PerSecond();
+    const double perSecond = seen.View().PerSecond();
     state.timelineActions = {ZoomIn};
     panel.Frame();
-    EXPECT_NEAR(perSecond * 1.5, timeline.View().PerSecond(), 1e-6);
+    EXPECT_NEAR(perSecond * 1.5, seen.View().PerSecond(), 1e-6);
     state.timelineActions = {ZoomToShow};
     panel.Frame();
-    EXPECT_TRUE(timeline.View().ShowsExtent());
-    timeline.GetTapping().Choose("FX_Towers", "flash_line", "");
+    EXPECT_TRUE(seen.View().ShowsExtent());
+    seen.GetTapping().Choose("FX_Towers", "flash_line", "");
     state.playhead = 30.02;
     state.timelineActions = {Tap};
     panel.Frame();
     ASSERT_EQ(1u, state.selection.size());
     EXPECT_EQ(30020u, StartOf(script.document.GetOutline(), state.selection[0]));
-    EXPECT_EQ(1u, timeline.Contents().messagesOf.count(state.selection[0])) << "it shows at once";
+    EXPECT_EQ(1u, seen.Contents().messagesOf.count(state.selection[0])) << "it shows at once";
 }
 
 TEST_F(TimelinePanelMouse, ASelectionFromElsewhereIsBroughtIntoSight)
 {
     for (int i = 0; i < 12; i++)
-        panel.Wheel(X(1), timeline.Areas().lanes.top + 5, 1);
-    ASSERT_LT(timeline.View().End(), 20);
+        panel.Wheel(X(1), seen.Areas().lanes.top + 5, 1);
+    ASSERT_LT(seen.View().End(), 20);
     state.selection = {{Block("40000"), -1}};
     state.revealSelection = true;
     panel.Frame();
-    EXPECT_LE(timeline.View().Start(), 20);
-    EXPECT_GE(timeline.View().End(), 20);
+    EXPECT_LE(seen.View().Start(), 20);
+    EXPECT_GE(seen.View().End(), 20);
     EXPECT_FALSE(state.revealSelection);
 }
 
 TEST_F(TimelinePanelMouse, FollowsThePlayHeadWhileItPlays)
 {
     for (int i = 0; i < 12; i++)
-        panel.Wheel(X(1), timeline.Areas().lanes.top + 5, 1);
+        panel.Wheel(X(1), seen.Areas().lanes.top + 5, 1);
     state.playing = true;
     state.playhead = 50;
     panel.Frame();
-    EXPECT_LE(timeline.View().Start(), 50);
-    EXPECT_GE(timeline.View().End(), 50);
+    EXPECT_LE(seen.View().Start(), 50);
+    EXPECT_GE(seen.View().End(), 50);
     state.follow = false;
     state.playhead = 10;
     panel.Frame();
-    EXPECT_GT(timeline.View().Start(), 10);
+    EXPECT_GT(seen.View().Start(), 10);
 }
 
 TEST_F(TimelinePanelMouse, DropsASelectionThatUndoTookAway)
@@ -335,8 +337,8 @@ protected:
 TEST_F(TimelinePanelBusy, StaysBelowWhatImGuiCanNumberAtAllZooms)
 {
     for (int i = 0; i < 24; i++) {
-        EXPECT_LT(panel.Vertices(), 65536) << timeline.View().PerSecond();
-        panel.Wheel(X(100), timeline.Areas().lanes.top + 5, 1);
+        EXPECT_LT(panel.Vertices(), 65536) << seen.View().PerSecond();
+        panel.Wheel(X(100), seen.Areas().lanes.top + 5, 1);
     }
 }
 
@@ -348,7 +350,7 @@ protected:
 
 TEST_F(TimelinePanelEmpty, TakesAllThatTheMouseDoesOnAnEmptyScript)
 {
-    const Area& lanes = timeline.Areas().lanes;
+    const Area& lanes = seen.Areas().lanes;
     panel.Drag(lanes.left + 20, lanes.top + 20, lanes.right - 20, lanes.bottom - 5);
     panel.Click(lanes.left + 50, lanes.top + 20);
     panel.Wheel(lanes.left + 50, lanes.top + 20, 5);

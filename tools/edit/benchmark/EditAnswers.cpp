@@ -5,10 +5,7 @@
 //
 // With MARLINEX_SLOW_DISK each flush of a file takes so many seconds longer, as on a disk that is busy or across a network.
 // tools/edit/benchmark/measure-answers drives it through a session with a pointer and keys.
-#include "kernel/Production.h"
-#include "platform/Paths.h"
-#include "tools/edit/Editor.h"
-#include "tools/edit/ShowHost.h"
+#include "tools/edit/Program.h"
 
 #include <algorithm>
 #include <atomic>
@@ -52,23 +49,5 @@ static void Say(const edit::AnswerTimes& times)
 
 int main(int argc, char** argv)
 {
-    if (edit::IsShowHost(argc, argv))
-        edit::RunShowHost();
-    cli::CommandLine line = edit::OptionTable();
-    edit::Options options;
-    if (!edit::ReadOptions(&line, argc, argv, &options))
-        return line.exitStatus;
-    platform::FindDataDirectory(ProductionName);
-    if (!options.data.empty())
-        platform::SetDataDirectory(options.data);
-    edit::Editor editor(options);
-    std::string reason;
-    if (!editor.Open("/proc/self/exe", &reason))
-        return line.Fail(reason);
-    bool interrupted = false;
-    const int status = editor.Run(&interrupted);
-    Say(editor.Answers());
-    if (interrupted)
-        _exit(status);
-    return status;
+    return edit::RunProgram(argc, argv, Say);
 }

@@ -8,6 +8,7 @@
 // device's quartz, so that this is the harder case. When it grew is the file's time, which counts in steps of some
 // milliseconds.
 #include "platform/Clock.h"
+#include "tools/cli/MonotonicSeconds.h"
 #include "tools/edit/MusicTransport.h"
 
 #include <algorithm>
@@ -21,11 +22,6 @@
 #include <unistd.h>
 
 static const int rate = 44100, bufferFrames = 1024;
-
-static double Now()
-{
-    return double(platform::ReadCounter()) / double(platform::CounterFrequency());
-}
 
 int main(int argc, char** argv)
 {
@@ -44,13 +40,13 @@ int main(int argc, char** argv)
         return 2;
     }
     transport.Play(0);
-    const double begin = Now(), end = begin + atof(argv[2]) * 60;
+    const double begin = cli::MonotonicSeconds(), end = begin + atof(argv[2]) * 60;
     struct stat there = {};
     off_t known = 0;
     double offset = 0; // frames that the device had taken when the music began, in seconds
     bool hasOffset = false;
     std::vector<double> errors;
-    while (Now() < end) {
+    while (cli::MonotonicSeconds() < end) {
         usleep(500);
         const double position = transport.PositionSeconds();
         if (stat(file, &there) != 0 || there.st_size == known)
@@ -74,11 +70,11 @@ int main(int argc, char** argv)
     }
     if (errors.empty())
         return 1;
-    const double taken = (double(known) / 8) / (Now() - begin);
+    const double taken = (double(known) / 8) / (cli::MonotonicSeconds() - begin);
     std::vector<double> sorted = errors;
     std::sort(sorted.begin(), sorted.end());
-    printf("%.0f s, %zu buffers, the device takes %.0f frames a second for %d\n", Now() - begin,
-           errors.size(), taken, rate);
+    printf("%.0f s, %zu buffers, the device takes %.0f frames a second for %d\n",
+           cli::MonotonicSeconds() - begin, errors.size(), taken, rate);
     const double middle = sorted[sorted.size() / 2];
     const auto outside = std::count_if(errors.begin(), errors.end(), [middle](double error) {
         return std::fabs(error - middle) > 1 / 60.0;
