@@ -249,8 +249,8 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
         if (event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED)
             focusGained = true;
         if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED && !fullScreen && !IsMaximised()) {
-            designWidth = int(float(event.window.data1) / scale + 0.5f);
-            designHeight = int(float(event.window.data2) / scale + 0.5f);
+            designWidth = int(std::lround(float(event.window.data1) / scale));
+            designHeight = int(std::lround(float(event.window.data2) / scale));
         }
         break;
     default:
