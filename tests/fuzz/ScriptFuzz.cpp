@@ -2,24 +2,13 @@
 // A script through the player, with the effects of the production.
 #include "display/GLWindow.h"
 #include "kernel/DemoPlayer.h"
-#include "kernel/EffectRegistry.h"
-#include "kernel/Production.h"
 #include "script/ScriptObserver.h"
 #include "script/ScriptParser.h"
 #include "tests/fuzz/FuzzInput.h"
+#include "tests/support/ProductionRegistry.h"
 
 #include <algorithm>
 #include <cstdlib>
-
-static EffectRegistry* Registry()
-{
-    static EffectRegistry* registry = nullptr;
-    if (!registry) {
-        registry = new EffectRegistry;
-        RegisterEffects(registry);
-    }
-    return registry;
-}
 
 // A script may ask for more messages than memory holds, and the show tries: no input would end within a minute.
 class FewMessages : public ScriptObserver
@@ -43,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     WriteFuzzInput("script.txt", data, size);
     GLWindow window;
     DemoPlayer player;
-    player.Init(&window, Registry(), nullptr, false);
+    player.Init(&window, ProductionRegistry(), nullptr, false);
     FewMessages few;
     ScriptParser parser;
     parser.SetPlayer(&player);

@@ -43,25 +43,9 @@ protected:
     // A quad over the whole window, t = 0 at the top, in this colour.
     static void DrawQuad(float red = 1, float green = 1, float blue = 1, float alpha = 1)
     {
-        glMatrixMode(GL_PROJECTION);
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
-        glLoadIdentity();
         glDisable(GL_DEPTH_TEST);
         glColor4f(red, green, blue, alpha);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex2f(0, 1);
-            glTexCoord2f(1, 0);
-            glVertex2f(1, 1);
-            glTexCoord2f(1, 1);
-            glVertex2f(1, 0);
-            glTexCoord2f(0, 1);
-            glVertex2f(0, 0);
-        }
-        glEnd();
+        DrawWindowQuad();
     }
 
     // What the fixed pipeline makes of it.

@@ -28,28 +28,11 @@ protected:
         return pixels;
     }
 
-    // The whole window, as effects give it: t = 0 at the top.
     static void DrawOverWindow()
     {
-        glMatrixMode(GL_PROJECTION);
-        glLoadIdentity();
-        gluOrtho2D(0, 1, 0, 1);
-        glMatrixMode(GL_MODELVIEW);
-        glLoadIdentity();
         glClear(GL_COLOR_BUFFER_BIT);
         glColor3f(1, 1, 1);
-        glBegin(GL_QUADS);
-        {
-            glTexCoord2f(0, 0);
-            glVertex2f(0, 1);
-            glTexCoord2f(1, 0);
-            glVertex2f(1, 1);
-            glTexCoord2f(1, 1);
-            glVertex2f(1, 0);
-            glTexCoord2f(0, 1);
-            glVertex2f(0, 0);
-        }
-        glEnd();
+        DrawWindowQuad();
     }
 };
 

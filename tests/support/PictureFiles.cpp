@@ -50,7 +50,7 @@ void SavePng(const std::string& path, const Picture& picture)
         Fail("can't write", path);
 }
 
-void SaveJpeg(const std::string& path, const Picture& picture)
+void SaveJpeg(const std::string& path, const Picture& picture, bool progressive)
 {
     FILE* const file = fopen(path.c_str(), "wb");
     if (!file)
@@ -66,6 +66,8 @@ void SaveJpeg(const std::string& path, const Picture& picture)
     compress.in_color_space = picture.components == 1 ? JCS_GRAYSCALE : JCS_RGB;
     jpeg_set_defaults(&compress);
     jpeg_set_quality(&compress, 100, TRUE);
+    if (progressive)
+        jpeg_simple_progression(&compress);
     jpeg_start_compress(&compress, TRUE);
     while (compress.next_scanline < compress.image_height) {
         JSAMPROW row = const_cast<JSAMPROW>(picture.At(0, int(compress.next_scanline)));

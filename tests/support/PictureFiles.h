@@ -21,7 +21,8 @@ Picture PlainPicture(int width, int height, int components, unsigned char red, u
 // All of these abort the process with a line on stderr if the file can't be written or read, since the test
 // means nothing then.
 void SavePng(const std::string& path, const Picture& picture);
-void SaveJpeg(const std::string& path, const Picture& picture); // 3 or 1 components, best quality
+void SaveJpeg(const std::string& path, const Picture& picture,
+              bool progressive = false); // 3 or 1 components, best quality
 
 // The format follows from the extension, ".png" or ".jpg".
 void SavePicture(const std::string& path, const Picture& picture);

@@ -65,28 +65,3 @@ Picture SlopePicture(int width, int height)
         }
     return picture;
 }
-
-void SaveProgressiveJpeg(const std::string& path, const Picture& picture)
-{
-    FILE* const file = OpenToWrite(path);
-    jpeg_compress_struct compress;
-    jpeg_error_mgr errors;
-    compress.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&compress);
-    jpeg_stdio_dest(&compress, file);
-    compress.image_width = JDIMENSION(picture.width);
-    compress.image_height = JDIMENSION(picture.height);
-    compress.input_components = 3;
-    compress.in_color_space = JCS_RGB;
-    jpeg_set_defaults(&compress);
-    jpeg_set_quality(&compress, 100, TRUE);
-    jpeg_simple_progression(&compress);
-    jpeg_start_compress(&compress, TRUE);
-    while (compress.next_scanline < compress.image_height) {
-        JSAMPROW row = const_cast<JSAMPROW>(picture.At(0, int(compress.next_scanline)));
-        jpeg_write_scanlines(&compress, &row, 1);
-    }
-    jpeg_finish_compress(&compress);
-    jpeg_destroy_compress(&compress);
-    fclose(file);
-}

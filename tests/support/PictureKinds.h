@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Picture files of the kinds that PictureFiles.h doesn't make: every colour type and depth of PNG,
-// interlaced ones, progressive JPEG. They abort the process when the file can't be written.
+// PNG files of the kinds that PictureFiles.h doesn't make: every colour type and depth, and interlaced ones. The process
+// is aborted when a file can't be written.
 #pragma once
 
 #include "tests/support/PictureFiles.h"
@@ -23,5 +23,3 @@ void SaveRawPng(const std::string& path, const RawPng& png);
 
 // A smooth RGB picture that a JPEG keeps nearly as it is: red grows to the right, green downward.
 Picture SlopePicture(int width, int height);
-
-void SaveProgressiveJpeg(const std::string& path, const Picture& picture);

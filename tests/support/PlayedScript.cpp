@@ -2,28 +2,17 @@
 #include "tests/support/PlayedScript.h"
 
 #include "kernel/DemoPlayer.h"
-#include "kernel/EffectRegistry.h"
-#include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
 #include "platform/dialogs/MessageBox.h"
 #include "platform/dialogs/MessageBoxHooks.h"
 #include "script/ScriptParser.h"
+#include "tests/support/ProductionRegistry.h"
 
 #include <cstdio>
 
-static EffectRegistry* Registry()
-{
-    static EffectRegistry* registry = nullptr;
-    if (!registry) {
-        registry = new EffectRegistry;
-        RegisterEffects(registry);
-    }
-    return registry;
-}
-
 static std::string NameOf(const Effect* effect)
 {
-    for (const RegisteredEffect& row : Registry()->effects)
+    for (const RegisteredEffect& row : ProductionRegistry()->effects)
         if (row.effect == effect)
             return row.name;
     return "?";
@@ -31,7 +20,7 @@ static std::string NameOf(const Effect* effect)
 
 static std::string NameOf(int message)
 {
-    for (const SynchMessageDeclaration& row : Registry()->GetMessageTable()->entries)
+    for (const SynchMessageDeclaration& row : ProductionRegistry()->GetMessageTable()->entries)
         if (row.id == message)
             return row.name;
     return "?";
@@ -49,7 +38,7 @@ PlayedScript Play(const std::string& script)
     std::vector<platform::MessageBox> boxes;
     std::vector<platform::MessageBox>* const previous = platform::CollectMessageBoxes(&boxes);
     DemoPlayer player;
-    player.registry = Registry();
+    player.registry = ProductionRegistry();
     FILE* const file =
         script.empty() ? nullptr : fmemopen(const_cast<char*>(script.data()), script.size(), "rb");
     if (file) {

@@ -75,6 +75,27 @@ Picture PictureFixture::Grab() const
     return picture;
 }
 
+void PictureFixture::DrawWindowQuad()
+{
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluOrtho2D(0, 1, 0, 1);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glBegin(GL_QUADS);
+    {
+        glTexCoord2f(0, 0);
+        glVertex2f(0, 1);
+        glTexCoord2f(1, 0);
+        glVertex2f(1, 1);
+        glTexCoord2f(1, 1);
+        glVertex2f(1, 0);
+        glTexCoord2f(0, 1);
+        glVertex2f(0, 0);
+    }
+    glEnd();
+}
+
 void PictureFixture::GrabAtSwaps()
 {
     platform::SetFrameObserver(FrameDone, this);

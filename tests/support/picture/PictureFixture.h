@@ -37,6 +37,9 @@ protected:
     // The back buffer of the window as it is now, RGB.
     Picture Grab() const;
 
+    // A quad over the whole window in the current colour, as effects draw a picture: t = 0 at the top.
+    static void DrawWindowQuad();
+
     // From here on each swap's picture is kept as well; the last one stands in `shown`.
     void GrabAtSwaps();
     Picture shown;
