@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 
 static const char* const showFolder = "tests/shows";
 static const int displayModeBits = 32;
@@ -24,6 +25,13 @@ static const float showBand = 0.85f; // the letterbox that most of the show play
 static double Milliseconds()
 {
     return 1000 * cli::MonotonicSeconds();
+}
+
+static double ProcessorMilliseconds()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) * 1e-6;
 }
 
 static void StartFrame(GLWindow* window)
@@ -85,25 +93,31 @@ std::string EffectFrames::Driver() const
 
 FrameTime EffectFrames::MeasureEmpty(int frames)
 {
-    std::vector<double> times;
+    std::vector<double> times, processor;
     for (int i = 0; i < frames; i++) {
+        const double processorStart = ProcessorMilliseconds();
         const double start = Milliseconds();
         StartFrame(&window);
         glFinish();
         times.push_back(Milliseconds() - start);
+        processor.push_back(ProcessorMilliseconds() - processorStart);
     }
     FrameTime time = {};
+    double ignored;
     Summarise(times, &time.median, &time.longest);
+    Summarise(processor, &time.processor, &ignored);
     return time;
 }
 
-double EffectFrames::MeasureFrame(Effect* effect)
+double EffectFrames::MeasureFrame(Effect* effect, double* processor)
 {
+    const double processorStart = ProcessorMilliseconds();
     const double start = Milliseconds();
     StartFrame(&window);
     effect->Render();
     effect->Update();
     glFinish();
+    *processor = ProcessorMilliseconds() - processorStart;
     return Milliseconds() - start;
 }
 
@@ -152,7 +166,7 @@ bool EffectFrames::Measure(size_t index, int frames, FrameMode mode, FrameTime* 
         SwitchDrawing(false);
 
     *time = {};
-    std::vector<double> drawn, replayed;
+    std::vector<double> drawn, processor, replayed;
     bool canReplay = mode == ReplayedFrames;
     auto next = show.messages.begin(); // sorted by time
     const double step = double(show.endTime) / frames;
@@ -171,12 +185,15 @@ bool EffectFrames::Measure(size_t index, int frames, FrameMode mode, FrameTime* 
             replayed.push_back(MeasureReplay(row.effect));
             canReplay = replayed.back() >= 0;
         }
-        drawn.push_back(MeasureFrame(row.effect));
+        double used;
+        drawn.push_back(MeasureFrame(row.effect, &used));
+        processor.push_back(used);
     }
     SwitchDrawing(true);
+    double ignored; // the longest
     Summarise(drawn, &time->median, &time->longest);
-    double longestReplay;
+    Summarise(processor, &time->processor, &ignored);
     if (canReplay)
-        Summarise(replayed, &time->replay, &longestReplay);
+        Summarise(replayed, &time->replay, &ignored);
     return true;
 }

@@ -2,7 +2,9 @@
 // Measures the frames of each effect of the show on the GL driver at hand. Each effect plays its own show of
 // tests/shows, with the messages of that script spread over the frames, on the stepped clock, so that every
 // machine plays the same frames. The measured time is real time, from the clear of the frame until the driver
-// has finished it (glFinish), without the swap, which may wait for the display.
+// has finished it (glFinish), without the swap, which may wait for the display. The processor time of the same
+// span is that of all threads of the process: with the software rasteriser it is the whole cost of a frame, and
+// other programs on the machine hardly change it.
 //
 // One object per process, which stands in the project's folder. Main thread only.
 #pragma once
@@ -18,10 +20,11 @@ class DemoPlayer;
 
 // Milliseconds.
 struct FrameTime {
-    double median;  // of a frame
-    double longest; // the longest frame without its messages and without the first frame
-    double message; // the longest time of one message ahead of its frame; 0 if there was none
-    double replay;  // median of a frame's GL calls played back from a display list; 0: not to be had
+    double median;    // of a frame
+    double longest;   // the longest frame without its messages and without the first frame
+    double processor; // median of a frame's processor time
+    double message;   // the longest time of one message ahead of its frame; 0 if there was none
+    double replay;    // median of a frame's GL calls played back from a display list; 0: not to be had
 };
 
 enum FrameMode {
@@ -53,7 +56,7 @@ public:
     std::string error;
 
 private:
-    double MeasureFrame(Effect* effect);
+    double MeasureFrame(Effect* effect, double* processor);
     double MeasureReplay(Effect* effect);
 
     GLWindow window;
