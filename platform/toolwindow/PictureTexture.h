@@ -19,16 +19,20 @@ public:
     void Upload(int newWidth, int newHeight, const unsigned char* rgba);
     void Release();
 
-    bool Empty() const { return name == 0; }
-    int Width() const { return width; }
-    int Height() const { return height; }
+    bool Empty() const { return textures[shown].name == 0; }
+    int Width() const { return textures[shown].width; }
+    int Height() const { return textures[shown].height; }
 
     // Draws it upright over a rectangle of the window.
     void Draw(ImDrawList* list, ImVec2 topLeft, ImVec2 bottomRight) const;
 
 private:
-    unsigned name = 0; // of the GL texture
-    int width = 0, height = 0;
+    struct Texture {
+        unsigned name = 0; // GL's
+        int width = 0, height = 0;
+    };
+    Texture textures[2];
+    int shown = 0;
 };
 
 } // namespace platform

@@ -145,12 +145,14 @@ bool ToolWindow::OpenGL(std::string* reason)
     ImGui_ImplOpenGL2_Init();
     if (density == std::floor(density))
         ReadGlyphsWithoutFilter();
+    keptFrame.Open(ToolTint(showcolours::Ink));
     return true;
 }
 
 void ToolWindow::Close()
 {
     if (context) {
+        keptFrame.Close();
         ImGui_ImplOpenGL2_Shutdown();
         ImGui_ImplSDL2_Shutdown();
         ImGui::DestroyContext();
@@ -244,6 +246,16 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
         SDL_free(event.drop.file);
         break;
     case SDL_WINDOWEVENT:
+        switch (event.window.event) {
+        case SDL_WINDOWEVENT_SHOWN:
+        case SDL_WINDOWEVENT_EXPOSED:
+        case SDL_WINDOWEVENT_SIZE_CHANGED:
+        case SDL_WINDOWEVENT_RESTORED:
+            keptFrame.Expose();
+            break;
+        default:
+            break;
+        }
         if (event.window.event == SDL_WINDOWEVENT_CLOSE)
             closeRequested = true;
         if (event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED)
@@ -317,14 +329,8 @@ void ToolWindow::BeginFrame()
 void ToolWindow::EndFrame()
 {
     ImGui::Render();
-    const ImGuiIO& io = ImGui::GetIO();
-    glViewport(0, 0, int(io.DisplaySize.x * io.DisplayFramebufferScale.x),
-               int(io.DisplaySize.y * io.DisplayFramebufferScale.y));
-    const ImVec4 ground = ToolTint(showcolours::Ink);
-    glClearColor(ground.x, ground.y, ground.z, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
-    ImGui_ImplOpenGL2_RenderDrawData(ImGui::GetDrawData());
-    SDL_GL_SwapWindow(Sdl(window));
+    if (keptFrame.Draw(ImGui::GetDrawData()))
+        SDL_GL_SwapWindow(Sdl(window));
 }
 
 std::vector<KeyPress> ToolWindow::TakeKeys()

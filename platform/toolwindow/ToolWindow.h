@@ -14,6 +14,7 @@
 // One window per process. Everything but Wake belongs to the main thread.
 #pragma once
 
+#include "platform/toolwindow/KeptFrame.h"
 #include "platform/toolwindow/KeyPress.h"
 
 #include <string>
@@ -79,6 +80,7 @@ private:
 
     void* window = nullptr;  // SDL_Window
     void* context = nullptr; // SDL_GLContext
+    KeptFrame keptFrame;
     std::string shownTitle;
     float scale = 1;
     int designWidth = 0, designHeight = 0;

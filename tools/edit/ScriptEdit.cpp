@@ -39,6 +39,9 @@ void ScriptEdit::Change(const std::vector<TextChange>& more)
 
 std::string ScriptEdit::ExpectedValue(size_t block, const std::string& key) const
 {
+    const auto list = expectedTimes.find(block);
+    if (list != expectedTimes.end() && key == key::ActivationTime)
+        return JoinList(list->second);
     const auto values = expected.find(block);
     if (values != expected.end()) {
         const auto value = values->second.find(key);
@@ -47,6 +50,15 @@ std::string ScriptEdit::ExpectedValue(size_t block, const std::string& key) cons
     }
     const OutlineValue* const value = Block(block).FindValue(key);
     return value ? value->text : "";
+}
+
+std::vector<std::string>& ScriptEdit::ExpectedTimes(size_t block)
+{
+    const auto list = expectedTimes.find(block);
+    if (list != expectedTimes.end())
+        return list->second;
+    expected[block]; // something of it changes
+    return expectedTimes[block] = SplitList(ExpectedValue(block, key::ActivationTime));
 }
 
 // ---- Values
@@ -79,6 +91,8 @@ bool ScriptEdit::SetValue(size_t block, const std::string& key, const std::strin
 {
     const OutlineBlock& target = Block(block);
     expected[block][key] = value;
+    if (key == key::ActivationTime)
+        expectedTimes.erase(block);
     const OutlineValue* entry = target.FindValue(key);
     for (const OutlineValue& unused : target.unused)
         if (!entry && !unused.ended && unused.key == key)
@@ -104,6 +118,8 @@ bool ScriptEdit::RemoveKey(size_t block, const std::string& key)
 {
     const OutlineBlock& target = Block(block);
     expected[block][key] = "";
+    if (key == key::ActivationTime)
+        expectedTimes.erase(block);
     for (const std::vector<OutlineValue>* entries : {&target.values, &target.unused})
         for (const OutlineValue& entry : *entries) {
             if (entry.key != key)
@@ -122,10 +138,9 @@ bool ScriptEdit::SetTime(size_t block, size_t index, uint32_t milliseconds)
     const OutlineValue* const list = Block(block).FindValue(key::ActivationTime);
     if (list->broken)
         return Refuse("A ; is missing behind ActivationTime in the block of " + LineOf(Block(block)) + ".");
-    std::vector<std::string> items = SplitList(ExpectedValue(block, key::ActivationTime));
-    items[index] = std::to_string(milliseconds);
-    expected[block][key::ActivationTime] = JoinList(items);
-    Change(Replace(text, Block(block).times[index].place, items[index]));
+    std::string& item = ExpectedTimes(block)[index];
+    item = std::to_string(milliseconds);
+    Change(Replace(text, Block(block).times[index].place, item));
     return true;
 }
 
@@ -134,7 +149,7 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
     const OutlineBlock& target = Block(block);
     if (target.FindValue(key::ActivationTime)->broken)
         return Refuse("A ; is missing behind ActivationTime in the block of " + LineOf(target) + ".");
-    std::vector<std::string> items = SplitList(ExpectedValue(block, key::ActivationTime));
+    std::vector<std::string>& items = ExpectedTimes(block);
     size_t lastKept = 0;
     for (size_t i = 0; i < target.times.size(); i++)
         if (std::find(indices.begin(), indices.end(), i) == indices.end())
@@ -150,7 +165,6 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
         else
             Change(Replace(text, {target.times[i - 1].place.end, place.end}, ""));
     }
-    expected[block][key::ActivationTime] = JoinList(items);
     // With a list the reader passes Steps over; with the one time that is left it would not.
     if (target.times.size() - indices.size() == 1 && target.FindValue(key::Steps) &&
         target.FindValue(key::TimeDelta))
@@ -183,7 +197,7 @@ bool ScriptEdit::AddTimes(size_t block, std::vector<uint32_t> times, std::vector
             return a.milliseconds < b.milliseconds;
         });
     const std::string separator = Separator(text, target);
-    std::vector<std::string> items = SplitList(ExpectedValue(block, key::ActivationTime));
+    std::vector<std::string>& items = ExpectedTimes(block);
     std::stable_sort(times.begin(), times.end());
     indices->clear();
     for (const uint32_t time : times) {
@@ -198,7 +212,6 @@ bool ScriptEdit::AddTimes(size_t block, std::vector<uint32_t> times, std::vector
         else
             Change({{old[before - 1].place.end, "", separator + number}});
     }
-    expected[block][key::ActivationTime] = JoinList(items);
     return true;
 }
 

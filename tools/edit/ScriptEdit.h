@@ -70,6 +70,7 @@ private:
     void Change(const std::vector<TextChange>& more);
     bool Merge();
     std::string ExpectedValue(size_t block, const std::string& key) const;
+    std::vector<std::string>& ExpectedTimes(size_t block);
     bool IsAsExpected(size_t block, const OutlineBlock& read) const;
     bool IsAsExpected(const Outline& read) const;
 
@@ -78,6 +79,7 @@ private:
     std::string refusal;
     std::vector<TextChange> changes;
     std::map<size_t, std::map<std::string, std::string>> expected; // values by block and key; "": none
+    std::map<size_t, std::vector<std::string>> expectedTimes;      // by block, where times changed one by one
     bool isFree;                                                   // Finish expects nothing
     std::vector<bool> removed;                                     // blocks
     std::vector<Inserted> inserted;

@@ -45,7 +45,8 @@ std::vector<TextChange> Replace(const std::string& text, Place place, const std:
     std::vector<TextChange> changes;
     bool written = false;
     for (size_t begin = place.begin; begin < place.end || !written;) {
-        const size_t mark = std::min(text.find('#', begin), place.end);
+        const auto end = text.begin() + std::ptrdiff_t(place.end);
+        const auto mark = size_t(std::find(text.begin() + std::ptrdiff_t(begin), end, '#') - text.begin());
         const std::string removed = text.substr(begin, mark - begin);
         const std::string inserted = written ? "" : with;
         if (removed != inserted)

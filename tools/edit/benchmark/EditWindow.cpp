@@ -175,5 +175,12 @@ int main(int argc, char** argv)
     all.Run("reading the contents alone", [&](int) { edit::ReadContents(all.document.GetOutline()); });
     all.Run("reading the outline alone", [&](int) { edit::ReadOutline(all.document.Text()); });
     all.Run("an entry being dragged", [&](int i) { all.document.Move({{0, -1}}, i, 0, gesture); });
+    all.state.selection = edit::AllItems(all.document.GetOutline());
+    const uint64_t wholeGesture = edit::NewGesture();
+    all.Run("all being dragged", [&](int i) { all.document.Move(all.state.selection, i, 0, wholeGesture); });
+    all.Run("all nudged, a step each", [&](int i) {
+        all.state.timelineActions.push_back(i % 2 ? edit::NudgeEarlierMillisecond
+                                                  : edit::NudgeLaterMillisecond);
+    });
     return 0;
 }

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// A window whose frames are kept shows the same pixels as one that is drawn as a whole each time.
+#include "platform/toolwindow/KeptFrame.h"
+
+#include "tests/support/picture/PictureFixture.h"
+
+#include <GL/glew.h>
+#include <backends/imgui_impl_opengl2.h>
+
+#include <functional>
+#include <string>
+
+static const int pictureWidth = 320, pictureHeight = 200;
+static const ImVec4 ground(0.2f, 0.1f, 0.3f, 1);
+
+class KeptWindow : public PictureFixture
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(Open(pictureWidth, pictureHeight));
+        ImGui::CreateContext();
+        ImGuiIO& io = ImGui::GetIO();
+        io.IniFilename = nullptr;
+        io.DisplaySize = {float(pictureWidth), float(pictureHeight)};
+        io.DeltaTime = 1 / 60.0f;
+        ASSERT_TRUE(ImGui_ImplOpenGL2_Init());
+        ImGui_ImplOpenGL2_NewFrame();
+        kept.Open(ground);
+    }
+    void TearDown() override
+    {
+        kept.Close();
+        ImGui_ImplOpenGL2_Shutdown();
+        ImGui::DestroyContext();
+    }
+
+    // Draws a frame, kept, and returns whether there was something to swap. The buffer is soiled before, as a swap may.
+    bool Draw(const std::function<void(ImDrawList*)>& paint)
+    {
+        ImGui::NewFrame();
+        paint(ImGui::GetBackgroundDrawList());
+        ImGui::Render();
+        Soil();
+        return kept.Draw(ImGui::GetDrawData());
+    }
+
+    // The frame of the last Draw, drawn as a whole.
+    Picture Whole() const
+    {
+        glViewport(0, 0, pictureWidth, pictureHeight);
+        glClearColor(ground.x, ground.y, ground.z, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+        ImGui_ImplOpenGL2_RenderDrawData(ImGui::GetDrawData());
+        return Grab();
+    }
+
+    static void Soil()
+    {
+        glClearColor(1, 0, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+    }
+
+    platform::KeptFrame kept;
+};
+
+static void Words(ImDrawList* list, int step)
+{
+    list->AddRectFilled({10, 10}, {300, 180}, IM_COL32(30, 60, 90, 255));
+    list->AddRectFilled({40.5f, 30}, {140, 90.25f}, IM_COL32(200, 180, 40, 120), 8);
+    list->AddCircleFilled({float(20 + 11 * step % 280), float(30 + 7 * step % 150)}, 13,
+                          IM_COL32(255, 255, 255, 180));
+    list->AddLine({float(step * 5 % 320), 0}, {float(step * 5 % 320), 200}, IM_COL32(240, 176, 80, 255),
+                  1.5f);
+    list->PushClipRect({60.5f, 100.25f}, {250.75f, 150.5f + float(step % 3)});
+    list->AddText({50, 95}, IM_COL32(0, 255, 0, 255), ("the moon is gone " + std::to_string(step)).c_str());
+    list->AddRectFilled({240, 90}, {280, 170}, IM_COL32(0, 0, 200, 90));
+    list->PopClipRect();
+}
+
+TEST_F(KeptWindow, IsThatOfAWholeDrawing)
+{
+    for (int step = 0; step < 40; step++) {
+        ASSERT_TRUE(Draw([step](ImDrawList* list) { Words(list, step); }));
+        if (step > 0) {
+            EXPECT_GT(1, kept.DrawnShare());
+            EXPECT_LT(0, kept.DrawnShare());
+        }
+        const Picture seen = Grab();
+        ASSERT_EQ(Whole().pixels, seen.pixels) << "frame " << step;
+    }
+}
+
+TEST_F(KeptWindow, IsLeftAsItIsWhereNothingChanges)
+{
+    EXPECT_TRUE(Draw([](ImDrawList* list) { Words(list, 1); }));
+    EXPECT_EQ(1, kept.DrawnShare());
+    EXPECT_FALSE(Draw([](ImDrawList* list) { Words(list, 1); }));
+    EXPECT_EQ(0, kept.DrawnShare());
+}
+
+TEST_F(KeptWindow, IsShownAnewWithoutDrawingWhenItWasCovered)
+{
+    EXPECT_TRUE(Draw([](ImDrawList* list) { Words(list, 1); }));
+    kept.Expose();
+    EXPECT_TRUE(Draw([](ImDrawList* list) { Words(list, 1); }));
+    EXPECT_EQ(0, kept.DrawnShare());
+    const Picture seen = Grab();
+    EXPECT_EQ(Whole().pixels, seen.pixels);
+    EXPECT_FALSE(Draw([](ImDrawList* list) { Words(list, 1); }));
+}
+
+TEST_F(KeptWindow, DrawsTheTilesThatChangeAndNoOthers)
+{
+    Draw([](ImDrawList* list) { list->AddRectFilled({10, 10}, {20, 20}, IM_COL32_WHITE); });
+    Draw([](ImDrawList* list) { list->AddRectFilled({10, 10}, {21, 20}, IM_COL32_WHITE); });
+    EXPECT_FLOAT_EQ(64 * 64 / 64000.0f, kept.DrawnShare());
+}
+
+TEST_F(KeptWindow, OfAnotherSizeIsDrawnAsAWhole)
+{
+    Draw([](ImDrawList* list) { Words(list, 1); });
+    ImGui::GetIO().DisplaySize = {200, 100};
+    EXPECT_TRUE(Draw([](ImDrawList* list) { Words(list, 1); }));
+    EXPECT_EQ(1, kept.DrawnShare());
+    ImGui::GetIO().DisplaySize = {float(pictureWidth), float(pictureHeight)};
+    EXPECT_TRUE(Draw([](ImDrawList* list) { Words(list, 1); }));
+    EXPECT_EQ(1, kept.DrawnShare());
+    const Picture seen = Grab();
+    EXPECT_EQ(Whole().pixels, seen.pixels);
+}
+
+TEST_F(KeptWindow, WithPixelsOfAPartIsAlwaysDrawnAsAWhole)
+{
+    ImGui::GetIO().DisplayFramebufferScale = {1.5f, 1.5f};
+    ImGui::GetIO().DisplaySize = {float(pictureWidth) / 1.6f,
+                                  float(pictureHeight) / 1.6f}; // 300 by 187 pixels
+    for (int i = 0; i < 2; i++) {
+        EXPECT_TRUE(Draw([](ImDrawList* list) { Words(list, 1); }));
+        EXPECT_EQ(1, kept.DrawnShare());
+    }
+}
+
+TEST_F(KeptWindow, LeavesTheFrameAsItWas)
+{
+    Draw([](ImDrawList* list) { Words(list, 1); });
+    Draw([](ImDrawList* list) { Words(list, 2); });
+    const ImDrawData* const data = ImGui::GetDrawData();
+    bool found = false;
+    for (int i = 0; i < data->CmdListsCount; i++)
+        for (const ImDrawCmd& command : data->CmdLists[i]->CmdBuffer)
+            found = found || (command.ClipRect.x == 60.5f && command.ClipRect.y == 100.25f &&
+                              command.ClipRect.z == 250.75f && command.ClipRect.w == 152.5f);
+    EXPECT_TRUE(found);
+}
+
+TEST_F(KeptWindow, OfNoSizeDrawsNothing)
+{
+    ImGui::GetIO().DisplaySize = {0, 0};
+    EXPECT_FALSE(Draw([](ImDrawList*) {}));
+}
