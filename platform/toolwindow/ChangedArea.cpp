@@ -40,6 +40,16 @@ FrameRect ClipOf(const ImDrawCmd& command, const ImDrawData& data)
     return {int(left), lowest - int(bottom - top), int(left) + int(right - left), lowest};
 }
 
+FrameRect BoundsOf(const ImDrawVert& a, const ImDrawVert& b, const ImDrawVert& c, const ImDrawData& data)
+{
+    const ImVec2 scale = data.FramebufferScale, origin = data.DisplayPos;
+    const auto pixel = [](float place) { return int(std::clamp(place, -1e6f, 1e6f)); };
+    return {pixel(std::floor((std::min({a.pos.x, b.pos.x, c.pos.x}) - origin.x) * scale.x)),
+            pixel(std::floor((std::min({a.pos.y, b.pos.y, c.pos.y}) - origin.y) * scale.y)),
+            pixel(std::ceil((std::max({a.pos.x, b.pos.x, c.pos.x}) - origin.x) * scale.x)),
+            pixel(std::ceil((std::max({a.pos.y, b.pos.y, c.pos.y}) - origin.y) * scale.y))};
+}
+
 // Hashing: the mixing step of a 64-bit multiplicative hash (the odd number is 2^64 divided by the golden ratio), with a
 // shift that brings the upper bits back down.
 
@@ -74,17 +84,6 @@ void ChangedArea::HashTriangle(const FrameRect& bounds, const FrameRect& clip, u
             kept = Mix(Mix(kept, hash), cut);
         }
     }
-}
-
-static FrameRect BoundsOf(const ImDrawVert& a, const ImDrawVert& b, const ImDrawVert& c,
-                          const ImDrawData& data)
-{
-    const ImVec2 scale = data.FramebufferScale, origin = data.DisplayPos;
-    const auto pixel = [](float place) { return int(std::clamp(place, -1e6f, 1e6f)); };
-    return {pixel(std::floor((std::min({a.pos.x, b.pos.x, c.pos.x}) - origin.x) * scale.x)),
-            pixel(std::floor((std::min({a.pos.y, b.pos.y, c.pos.y}) - origin.y) * scale.y)),
-            pixel(std::ceil((std::max({a.pos.x, b.pos.x, c.pos.x}) - origin.x) * scale.x)),
-            pixel(std::ceil((std::max({a.pos.y, b.pos.y, c.pos.y}) - origin.y) * scale.y))};
 }
 
 void ChangedArea::HashTriangles(const ImDrawData& data)

@@ -27,6 +27,9 @@ FrameRect Intersect(const FrameRect& a, const FrameRect& b);
 // The pixels that ImGui's OpenGL backend lets through for the clip rectangle of a command.
 FrameRect ClipOf(const ImDrawCmd& command, const ImDrawData& data);
 
+// The pixels that a triangle may reach.
+FrameRect BoundsOf(const ImDrawVert& a, const ImDrawVert& b, const ImDrawVert& c, const ImDrawData& data);
+
 class ChangedArea
 {
 public:

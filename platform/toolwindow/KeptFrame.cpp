@@ -90,32 +90,54 @@ bool KeptFrame::Resize(int newWidth, int newHeight)
     return complete;
 }
 
-// The backend's clip rectangles are cut by the changed one.
+// What the backend is given of one list: of its commands the triangles that reach into the rectangle, with clip rectangles
+// that are cut by it. The corners are left as they are: OpenGL works on those alone that triangles name.
+static void KeepInside(const ImDrawData& data, const FrameRect& rect, ImDrawList* list)
+{
+    const ImVec2 scale = data.FramebufferScale, origin = data.DisplayPos;
+    ImVector<ImDrawIdx> kept;
+    for (ImDrawCmd& command : list->CmdBuffer) {
+        const FrameRect clip = Intersect(ClipOf(command, data), rect);
+        const ImDrawIdx* const indices = list->IdxBuffer.Data + command.IdxOffset;
+        const ImDrawVert* const corners = list->VtxBuffer.Data + command.VtxOffset;
+        const unsigned count = clip.Empty() ? 0 : command.ElemCount;
+        command.IdxOffset = unsigned(kept.Size);
+        for (unsigned k = 0; k + 2 < count; k += 3) {
+            const FrameRect bounds =
+                BoundsOf(corners[indices[k]], corners[indices[k + 1]], corners[indices[k + 2]], data);
+            if (Intersect(bounds, clip).Empty())
+                continue;
+            for (unsigned corner = k; corner < k + 3; corner++)
+                kept.push_back(indices[corner]);
+        }
+        command.ElemCount = unsigned(kept.Size) - command.IdxOffset;
+        command.ClipRect =
+            command.ElemCount == 0
+                ? ImVec4(0, 0, 0, 0)
+                : ImVec4(origin.x + float(clip.left) / scale.x, origin.y + float(clip.top) / scale.y,
+                         origin.x + float(clip.right) / scale.x, origin.y + float(clip.bottom) / scale.y);
+    }
+    list->IdxBuffer.swap(kept);
+}
+
 void KeptFrame::DrawInside(ImDrawData* data, const FrameRect& rect) const
 {
-    const ImVec2 scale = data->FramebufferScale, origin = data->DisplayPos;
-    std::vector<ImVec4> uncut;
+    std::vector<ImVector<ImDrawCmd>> commands;
+    std::vector<ImVector<ImDrawIdx>> indices;
     for (int i = 0; i < data->CmdListsCount; i++) {
-        for (ImDrawCmd& command : data->CmdLists[i]->CmdBuffer) {
-            uncut.push_back(command.ClipRect);
-            const FrameRect clip = Intersect(ClipOf(command, *data), rect);
-            if (clip.Empty())
-                command.ClipRect = ImVec4(0, 0, 0, 0);
-            else
-                command.ClipRect =
-                    ImVec4(origin.x + float(clip.left) / scale.x, origin.y + float(clip.top) / scale.y,
-                           origin.x + float(clip.right) / scale.x, origin.y + float(clip.bottom) / scale.y);
-        }
+        commands.push_back(data->CmdLists[i]->CmdBuffer);
+        indices.push_back(data->CmdLists[i]->IdxBuffer);
+        KeepInside(*data, rect, data->CmdLists[i]);
     }
     glEnable(GL_SCISSOR_TEST);
     glScissor(rect.left, height - rect.bottom, rect.right - rect.left, rect.bottom - rect.top);
     glClear(GL_COLOR_BUFFER_BIT);
     glDisable(GL_SCISSOR_TEST);
     ImGui_ImplOpenGL2_RenderDrawData(data);
-    size_t next = 0;
-    for (int i = 0; i < data->CmdListsCount; i++)
-        for (ImDrawCmd& command : data->CmdLists[i]->CmdBuffer)
-            command.ClipRect = uncut[next++];
+    for (int i = 0; i < data->CmdListsCount; i++) {
+        data->CmdLists[i]->CmdBuffer.swap(commands[size_t(i)]);
+        data->CmdLists[i]->IdxBuffer.swap(indices[size_t(i)]);
+    }
 }
 
 bool KeptFrame::Draw(ImDrawData* data)

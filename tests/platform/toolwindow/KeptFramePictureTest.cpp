@@ -7,6 +7,7 @@
 #include <GL/glew.h>
 #include <backends/imgui_impl_opengl2.h>
 
+#include <cstring>
 #include <functional>
 #include <string>
 
@@ -144,14 +145,23 @@ TEST_F(KeptWindow, WithPixelsOfAPartIsAlwaysDrawnAsAWhole)
 TEST_F(KeptWindow, LeavesTheFrameAsItWas)
 {
     Draw([](ImDrawList* list) { Words(list, 1); });
-    Draw([](ImDrawList* list) { Words(list, 2); });
-    const ImDrawData* const data = ImGui::GetDrawData();
-    bool found = false;
-    for (int i = 0; i < data->CmdListsCount; i++)
-        for (const ImDrawCmd& command : data->CmdLists[i]->CmdBuffer)
-            found = found || (command.ClipRect.x == 60.5f && command.ClipRect.y == 100.25f &&
-                              command.ClipRect.z == 250.75f && command.ClipRect.w == 152.5f);
-    EXPECT_TRUE(found);
+    ImGui::NewFrame();
+    Words(ImGui::GetBackgroundDrawList(), 2);
+    ImGui::Render();
+    ImDrawData* const data = ImGui::GetDrawData();
+    const ImVector<ImDrawCmd> commands = data->CmdLists[0]->CmdBuffer;
+    const ImVector<ImDrawIdx> indices = data->CmdLists[0]->IdxBuffer;
+    ASSERT_TRUE(kept.Draw(data));
+    ASSERT_GT(1, kept.DrawnShare());
+    const ImDrawList& list = *data->CmdLists[0];
+    ASSERT_EQ(commands.Size, list.CmdBuffer.Size);
+    for (int i = 0; i < commands.Size; i++) {
+        EXPECT_EQ(commands[i].IdxOffset, list.CmdBuffer[i].IdxOffset) << i;
+        EXPECT_EQ(commands[i].ElemCount, list.CmdBuffer[i].ElemCount) << i;
+        EXPECT_EQ(0, memcmp(&commands[i].ClipRect, &list.CmdBuffer[i].ClipRect, sizeof(ImVec4))) << i;
+    }
+    ASSERT_EQ(indices.Size, list.IdxBuffer.Size);
+    EXPECT_EQ(0, memcmp(indices.Data, list.IdxBuffer.Data, size_t(indices.Size) * sizeof(ImDrawIdx)));
 }
 
 TEST_F(KeptWindow, OfNoSizeDrawsNothing)
