@@ -419,6 +419,8 @@ TEST_F(FX_CloudsRecorded, HandFraktDivesTowardsTheCardAndFreezes)
     EXPECT_NEAR(0.625 * 0.6 + 0.375 * 3, flight.eye.z, 1e-5);
     Step(0.125); // 1.25: past its end it stays where it was
     EXPECT_NEAR(0.625 * tx, flight.target.x, 1e-5);
+    EXPECT_NEAR(0.625 * (tx - 0.2), flight.eye.x, 1e-5);
+    EXPECT_NEAR(0.625 * 0.6 + 0.375 * 3, flight.eye.z, 1e-5);
     EXPECT_EQ(1, flight.handState);
     Step(0.0625); // 1.5625
     EXPECT_EQ(2, flight.handState) << "0.3 s after the message";

@@ -410,6 +410,8 @@ TEST_F(FX_CreditsRecorded, BeforeTheFirstNameNoneIsDrawn)
     for (const char* name :
          {"credit-fen_tarogato.png", "credit-ochre.png", "credit-dunmarrow.png", "credit-lowbeam.png"})
         EXPECT_TRUE(gl::DrawsWithTexture(name).empty());
+    EXPECT_EQ(1u, gl::DrawsInContext(1).size())
+        << "the blurred picture, and no name without a picture either";
 }
 
 TEST_F(FX_CreditsRecorded, WhatRanBeforeDoesntReachTheScene)

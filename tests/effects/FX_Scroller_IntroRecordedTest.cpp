@@ -117,6 +117,38 @@ TEST_F(FX_Scroller_IntroRecorded, OnTheLastStepASparkRestsAThirdOfTheWayAlong)
     EXPECT_EQ(0.0f, x);
 }
 
+TEST_F(FX_Scroller_IntroRecorded, TheThirdIsThatOfTheStepThatWasReached)
+{
+    const std::vector<float> path = {0, 0, 1, 10, 2, 20, 3, 30}; // n = 4
+    float x, y;
+    FX_Scroller_Intro::SamplePath(0.9f, &x, &y, path); // step 3 is put back to 2, and a third of 2 is 0
+    EXPECT_EQ(0.0f, x);
+    EXPECT_EQ(0.0f, y);
+}
+
+TEST_F(FX_Scroller_IntroRecorded, APathOfTwoPointsIsAPath)
+{
+    const std::vector<float> path = {0, 0, 8, 16};
+    float x = 5, y = 5;
+    FX_Scroller_Intro::SamplePath(0.25f, &x, &y, path);
+    EXPECT_EQ(4.0f, x);
+    EXPECT_EQ(8.0f, y);
+    FX_Scroller_Intro::SamplePath(0.75f, &x, &y, path);
+    EXPECT_EQ(0.0f, x);
+    EXPECT_EQ(0.0f, y);
+}
+
+// 11 times the first float below 5/11 is 5 after rounding: step 5 is reached a hair too early.
+TEST_F(FX_Scroller_IntroRecorded, WhereAStepIsRoundedUpTheSparkStandsOnItsPoint)
+{
+    const std::vector<float> path = {-5, -50, -4, -40, -3, -30, -2, -20, -1, -10, 0,
+                                     0,  1,   10, 2,   20, 3,   30, 4,   40, 5,   50};
+    float x, y;
+    FX_Scroller_Intro::SamplePath(0.454545438f, &x, &y, path);
+    EXPECT_EQ(0.0f, x) << "nor a hair before it";
+    EXPECT_EQ(0.0f, y);
+}
+
 TEST_F(FX_Scroller_IntroRecorded, APathOfLessThanTwoPointsMovesNobody)
 {
     float x = 5, y = 6;
@@ -438,6 +470,19 @@ TEST_F(FX_Scroller_IntroRecorded, FadeoutTakesTheSkyAndAtTheEndTheLogo)
     EXPECT_TRUE(gl::HasColour(Of("waldsterben2.png"), {1, 1, 1, 1})) << "layers stay";
 }
 
+TEST_F(FX_Scroller_IntroRecorded, ALogoThatIsHalfUpIsNotMadeBrighterByTheFade)
+{
+    Send(&intro, "fadein_logo");
+    PassTime(0.25);
+    intro.Render();
+    StartTimer();
+    for (const float fade : {0.75f, 0.08f, 0.06f, 0.05f}) {
+        intro.fade = fade;
+        Frame(&intro);
+        EXPECT_NEAR(0.25, Of("moonwaltz-logo.png").vertices[0].colour.a, 1e-5) << fade;
+    }
+}
+
 TEST_F(FX_Scroller_IntroRecorded, WithoutFadeoutTheFadeStays)
 {
     PassTime(1);
@@ -529,13 +574,30 @@ TEST_F(FX_Scroller_IntroRecorded, ALongFrameRunsPastTheEndAndThereItStays)
     EXPECT_NEAR(-3.5 - 3.5 * 0.45, PanoramaScroll(), 1e-4);
 }
 
-TEST_F(FX_Scroller_IntroRecorded, AtExactlyMinusThreeItStillScrolls)
+TEST_F(FX_Scroller_IntroRecorded, TheShowComesToRestALittlePastMinusThree)
 {
-    // Not below -3 is the test: the show may rest a little past it, never at it.
     Scroll(100, 0.25);
     Frame(&intro);
     EXPECT_LT(PanoramaScroll(), -3.0);
     EXPECT_GT(PanoramaScroll(), -3.01);
+}
+
+// The lengths of two frames that end on the two limits to the last bit. Neither limit is crossed yet then.
+TEST_F(FX_Scroller_IntroRecorded, AtExactlyEachLimitItStillScrolls)
+{
+    PassTime(84.2857132);
+    Frame(&intro);
+    ASSERT_EQ(double(-2.95f), PanoramaScroll()) << "no scaled step yet";
+    PassTime(0.723440945);
+    Frame(&intro); // a whole step of 0.0253 and one scaled by k = 1 - 0.0253
+    ASSERT_EQ(-3.0, PanoramaScroll());
+    PassTime(0.5);
+    Frame(&intro); // a step scaled by k = 1 - 0.05
+    EXPECT_NEAR(-3 - 0.5 * 0.035 * 0.95, PanoramaScroll(), 1e-5);
+    const double there = PanoramaScroll();
+    PassTime(0.5);
+    Frame(&intro);
+    EXPECT_EQ(there, PanoramaScroll());
 }
 
 TEST_F(FX_Scroller_IntroRecorded, ASecondInitKeepsTheScrollTheFlashesAndTheLogoAndDoublesThePaths)

@@ -287,10 +287,56 @@ TEST_F(LightTree, AFlashOfATenthOrLessDrawsNoSecondSprite)
     tree.nodes[40]->flash = 0.1f;
     tree.Draw();
     EXPECT_TRUE(gl::Draws().empty());
-    tree.nodes[40]->flash = 0.11f;
+    tree.nodes[40]->flash = 0.1001f;
     gl::ClearRecords();
     tree.Draw();
     EXPECT_EQ(4u, gl::Draws().back().vertices.size());
+}
+
+TEST_F(LightTree, ASecondSpriteIsWhiteWhateverWasDrawnBeforeIt)
+{
+    tree.nodes[3]->glow = 0.25f;
+    tree.nodes[40]->flash = 0.5f;
+    glColor3f(0.5f, 0, 0);
+    gl::ClearRecords();
+    tree.Draw();
+    ASSERT_EQ(2u, gl::Draws().size());
+    EXPECT_TRUE(gl::HasColour(gl::Draws()[0], {0.25, 0.25, 0.25}));
+    EXPECT_TRUE(gl::HasColour(gl::Draws()[1], {1, 1, 1}));
+}
+
+TEST_F(LightTree, NeitherSpriteWritesItsDepth)
+{
+    tree.nodes[3]->glow = 1;
+    tree.nodes[40]->flash = 1;
+    gl::ClearRecords();
+    tree.Draw();
+    ASSERT_EQ(2u, gl::Draws().size());
+    for (const gl::Draw& sprites : gl::Draws()) {
+        EXPECT_TRUE(gl::WritesDepth(sprites, false));
+        EXPECT_TRUE(gl::TestsDepth(sprites));
+    }
+}
+
+TEST_F(LightTree, EachFrameDrawsItsOwnSpritesAlone)
+{
+    tree.nodes[3]->glow = 1;
+    tree.nodes[40]->flash = 1;
+    tree.Draw();
+    tree.nodes[3]->glow = 0;
+    tree.nodes[4]->glow = 2;
+    gl::ClearRecords();
+    tree.Draw();
+    ASSERT_EQ(2u, gl::Draws().size());
+    EXPECT_EQ(4u, gl::Draws()[0].vertices.size());
+    EXPECT_TRUE(gl::HasColour(gl::Draws()[0], {2, 2, 2}));
+    EXPECT_EQ(4u, gl::Draws()[1].vertices.size());
+    // When all has gone dark, nothing of the frames before is drawn.
+    tree.nodes[4]->glow = 0;
+    tree.nodes[40]->flash = 0;
+    gl::ClearRecords();
+    tree.Draw();
+    EXPECT_TRUE(gl::Draws().empty());
 }
 
 TEST_F(LightTree, SpritesComeInTheOrderOfTheListInTwoBlocks)
