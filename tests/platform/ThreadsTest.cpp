@@ -7,6 +7,8 @@
 
 #include <semaphore>
 
+#include <unistd.h>
+
 static std::binary_semaphore done(0);
 static int seen = 0;
 
@@ -39,5 +41,16 @@ TEST(Threads, OneThatTheSystemRefusesIsToldAndItsBodyNeverRuns)
         EXPECT_EQ(0, seen);
         EXPECT_FALSE(platform::CanStartThreads(1));
         EXPECT_TRUE(platform::CanStartThreads(0));
+    });
+}
+
+// Threads that have ended by the time that the next one starts would need hardly any room.
+TEST(Threads, SoManyCanBeStartedAsTheSystemLetsRunAtTheSameTime)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can become a user who runs nothing else";
+    WithRoomForThreads(16, [] {
+        EXPECT_TRUE(platform::CanStartThreads(16));
+        EXPECT_FALSE(platform::CanStartThreads(200));
     });
 }
