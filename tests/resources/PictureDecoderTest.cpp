@@ -92,6 +92,16 @@ TEST_F(ForeignPictures, AreWaitedForThroughSignals)
     ExpectFailure(loader->LoadImage("small.ppm"), Complaint("small.ppm", IL_INTERNAL_ERROR));
 }
 
+// A program that ignores the end of its children hands that down to the show, and then there is nothing to wait for.
+TEST_F(ForeignPictures, ArriveWhereTheEndOfChildrenIsIgnored)
+{
+    std::signal(SIGCHLD, SIG_IGN);
+    const ImageData image = Keep(loader->LoadImage("small.ppm"));
+    std::signal(SIGCHLD, SIG_DFL);
+    ASSERT_NE(nullptr, image.data);
+    EXPECT_EQ(pixels, std::string(image.data, image.data + 12));
+}
+
 TEST_F(ForeignPictures, LeaveNoPipeOpen)
 {
     const auto openDescriptors = [] {
