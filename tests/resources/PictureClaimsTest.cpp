@@ -269,5 +269,6 @@ TEST(PictureClaims, AreRefusedWithTheirReasonWhereTheyAreTooLargeForUsOrForTheFi
     EXPECT_STREQ(side, Refusal(uint64_t{1} << 32, uint64_t{1} << 32, 0, 100));
     EXPECT_STREQ(pixels, Refusal(8192, 8193, 0, 100));
     EXPECT_STREQ(pixels, Refusal(16384, 16384, 0, 1000000000));
+    EXPECT_STREQ(pixels, Refusal(8192, 8193, 101, 100)) << "ahead of the bytes";
     EXPECT_STREQ(bytes, Refusal(8192, 8192, 101, 100));
 }

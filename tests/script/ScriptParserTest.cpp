@@ -69,6 +69,17 @@ TEST(ScriptFilter, ZeroBytesAreDroppedAndEndNothing)
     EXPECT_EQ("ab", Filtered(std::string("a\0b", 3)));
 }
 
+// A file is read in pieces, and none of its lengths may lose a byte.
+TEST(ScriptFilter, AFileOfAnyLengthIsReadToItsLastByte)
+{
+    std::string text;
+    for (int i = 0; i < 20001; i++)
+        text += char('a' + i % 26);
+    for (const size_t length : {1, 2, 1024, 1025, 4095, 4096, 4097, 8192, 8193, 16385, 20001})
+        EXPECT_EQ(text.substr(0, length), Filtered(text.substr(0, length))) << length;
+    EXPECT_EQ("ac", Filtered("a#" + text + "#c"));
+}
+
 TEST(ScriptStream, PopTakesAndPeekLeaves)
 {
     ScriptParser parser;
