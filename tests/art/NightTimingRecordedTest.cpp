@@ -131,7 +131,7 @@ TEST_F(TheNightPlayed, FlashesAndTheMusicsStrokesFallTogetherWithinOneFrame)
     waltz::Stereo sound;
     ASSERT_TRUE(waltz::ReadSound(SOURCE_DIR "/Data/moonwaltz.ogg", sound));
     const double frame = 1.0 / 60;
-    const double hand = 0.006; // what the players stray from the beat, and what an attack is found to
+    const double human = 0.006; // what the players stray from the beat, and what an attack is found to
     const std::vector<Arrival> arrivals = Play(60);
     ASSERT_EQ(night.messages.size(), arrivals.size());
     int flashes = 0;
@@ -140,15 +140,17 @@ TEST_F(TheNightPlayed, FlashesAndTheMusicsStrokesFallTogetherWithinOneFrame)
         const std::string name = arrivals[i].message;
         // What jumps on a chord. In the bars of silence the fish comes out of black without one.
         const bool spark = time == 43200 || time == 54000 || time == 72000;
-        const bool jumps = name == "flash" || name == "shock" || name == "hand" || name == "handFrakt" ||
-                           name == "blend" || (name == "light_flash" && spark);
+        const bool hand = name == "hand" && time != 129600;                  // the last one is empty
+        const bool card = name == "handFrakt" && (time - 99000) % 5400 == 0; // its second look has no stroke
+        const bool jumps = name == "flash" || name == "shock" || hand || card || name == "blend" ||
+                           (name == "light_flash" && spark);
         if (!jumps || time == 319800 || time == 323400)
             continue;
         const int64_t scripted = int64_t(time) * waltz::sampleRate / 1000;
         const waltz::Attack attack = waltz::FindAttack(sound, scripted);
         EXPECT_GT(attack.strength, 3.5) << "no stroke at " << time;
         EXPECT_NEAR(double(scripted) / waltz::sampleRate + attack.late, arrivals[i].time - Ahead(i) * frame,
-                    frame + hand)
+                    frame + human)
             << arrivals[i].effect << " " << name << " " << time;
         flashes += name == "flash" ? 1 : 0;
     }

@@ -2,10 +2,10 @@
 // A painting in ochres: two dancers that are also a landscape. His back is a steep hill with a wood on it,
 // she is the long ridge that falls to the right, her skirt the ploughed fields below, their far hands bare
 // trees.
-#include "art/atelier/DryBrush.h"
 #include "art/atelier/Pictures.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/Wood.h"
+#include "art/atelier/pictures/clouds/Body.h"
 #include "art/atelier/pictures/painting/Dancers.h"
 
 namespace atelier
@@ -13,32 +13,6 @@ namespace atelier
 
 constexpr Vector2 Disc = {622, 268};
 constexpr float DiscRadius = 206;
-
-static Shape Between(const std::vector<Vector2>& a, const std::vector<Vector2>& b)
-{
-    Line outline = Through(a), back = Through(b);
-    outline.insert(outline.end(), back.rbegin(), back.rend());
-    return outline;
-}
-
-static Shape Him()
-{
-    Shape shape = HisCoat();
-    shape.Add(Round(HisFace));
-    shape.Add(Limb(Through({{502, 238}, {480, 264}, {452, 306}}), 21, 32, 50));
-    shape.Add(Limb(Through(HisArm), 36, 17, 6));
-    return shape;
-}
-
-static Shape Her()
-{
-    Shape shape = Between(HerFront, HerBack);
-    shape.Add(Round(HerFace));
-    shape.Add(Limb(Through({{724, 372}, {758, 364}, {790, 372}}), 22, 15, 14));
-    shape.Add(Shaken(Ellipse({706, 358}, 30, 21, -0.5f), 2, 30, 48)); // her shoulders
-    shape.Add(Limb(Through(HerArm), 19, 11, 5));
-    return shape;
-}
 
 static void PaintSky(Canvas& canvas, const Paper& paper)
 {
@@ -182,67 +156,73 @@ static void PaintSkirt(Canvas& canvas, const Paper& paper)
                 92);
 }
 
-// Her hair falls behind her and is the river.
-static void PaintHair(Canvas& canvas, const Paper& paper)
-{
-    Mask hair(W, H), river(W, H);
-    DryBrush strands(hair, paper,
-                     {.width = 50,
-                      .count = 36,
-                      .thickness = 2.4f,
-                      .load = 0.85f,
-                      .ragged = 0.12f,
-                      .spread = 0.9f,
-                      .wave = 90},
-                     42),
-        shine(river, paper,
-              {.width = 40, .count = 12, .thickness = 1.6f, .load = 0.6f, .ragged = 0.4f, .spread = 0.9f},
-              43);
-    strands.Stroke(Through(Hair));
-    strands.Stroke(Moved(Through(Hair), {6, -3}));
-    shine.Stroke(Moved(Through(Hair), {4, 0}));
-    Pen lock(hair, paper, {.width = 3.2f, .wobble = 1, .skip = 0.2f, .pool = 0}, 46);
-    const Line crown = Through(OnHerHead({{30, 4}, {54, -5}, {84, 6}, {101, 36}, {98, 64}})),
-               fall = Through(Hair);
-    for (int i = 0; i < 34; i++) {
-        const float t = float(i) / 33;
-        const Vector2 p = PointAt(crown, t);
-        lock.Stroke(Through({p, Mix(p, PointAt(fall, 0.10f), 0.5f) + Vector2{16 - 14 * t, 0},
-                             PointAt(fall, 0.12f) + Vector2{22 - 44 * t, 0},
-                             PointAt(fall, 0.3f) + Vector2{24 - 48 * t, 0}}),
-                    {.start = 0.5f, .middle = 0.9f, .end = 0.1f});
-    }
-    canvas.Cover(hair, Mix(palette::Rust, palette::Ink, 0.6f), 0.92f);
-    canvas.Cover(river, palette::Parchment, 0.7f);
-}
-
+// Her body in its dress, which is cut low: shoulder and throat are bare.
 static void PaintHer(Canvas& canvas, const Paper& paper)
 {
-    const Mask her = Filled(W, H, Her()).Shake(2.5f, 40, 32);
-    PaintFigure(canvas, paper, her, Straw, Clay, 38);
-    DrawFurrows(canvas, paper, HerFront, HerBack, 9, 9, her, palette::Parchment,
-                Mix(palette::Rust, palette::Ink, 0.5f), 39);
-    const Line farArm = Limb(Through(HerArm), 19, 11, 5);
+    const Shape body = Between(HerFront, HerBack);
+    const Mask her = Filled(W, H, body).Shake(2, 40, 32);
+    Mask dress = her;
+    dress.Subtract(Filled(W, H,
+                          Round({{648, 336},
+                                 {664, 368},
+                                 {694, 396},
+                                 {724, 412},
+                                 {742, 440},
+                                 {840, 420},
+                                 {820, 320},
+                                 {700, 300}}))
+                       .Blur(0.8f));
+    Mask skin = her;
+    skin.Subtract(dress);
+    // It grows out of her throat.
+    const Mask throat = Mask(W, H).Each(
+        [](float x, float y) {
+            return Smooth(30, 14, Length(Vector2{x, y} - Vector2{772, 366}));
+        },
+        2);
+    PaintBody(canvas, her,
+              {.light = HerSkin,
+               .shade = Mix(palette::Rust, palette::Ochre, 0.45f),
+               .depth = 0.7f,
+               .hatch = 0.15f,
+               .contour = 0.8f,
+               .back = Clay,
+               .rim = 0.25f},
+              0.7f, 38, &throat);
+    PaintFigure(canvas, paper, dress, Straw, Clay, 39);
+    DrawFurrows(canvas, paper, HerFront, HerBack, 9, 9, dress, palette::Parchment,
+                Mix(palette::Rust, palette::Ink, 0.5f), 40);
+    // The side that is turned from the sun.
+    Mask side = dress;
+    side.Subtract(Filled(W, H, Shape(Moved(body.outlines[0], {-22, -20}))).Blur(9));
+    canvas.Glaze(side.Multiply(dress), palette::Rust, 0.55f);
     InkContours(canvas, paper,
-                {{Part(Through(HerFront), 0.05f, 0.9f), 4},
-                 {Through(HerBack), 5},
-                 {Part(farArm, 0.07f, 0.46f), 3.4f},
-                 {Part(farArm, 0.55f, 0.9f), 2.4f}},
-                0.4f, 93);
+                {{Part(Through(HerFront), 0.05f, 0.72f), 4},
+                 {Part(Through(HerBack), 0, 0.99f), 4},
+                 {Part(Through(HerFront), 0.74f, 0.98f), 2.6f},
+                 {Through({{648, 347}, {664, 370}, {694, 396}, {722, 412}, {732, 420}}), 3.2f}, // neckline
+                 {Through({{598, 412}, {618, 424}, {644, 420}}), 2.6f}, // below the breast
+                 {Through({{730, 354}, {744, 362}, {752, 372}}), 2}},   // collarbone
+                0.25f, 93);
 }
 
 static void PaintHim(Canvas& canvas, const Paper& paper)
 {
-    const Mask him = Filled(W, H, Him()).Shake(2.5f, 40, 31);
-    const LinearColour cloth = Mix(palette::Rust, palette::Ochre, 0.2f) * 0.8f;
-    PaintHisLegs(canvas, paper, cloth * 0.45f, Mix(palette::Rust, palette::Ink, 0.8f));
-    PaintFigure(canvas, paper, him, cloth, Earth, 34);
-    DrawFurrows(canvas, paper, HisBack, HisFront, 11, 12, him, Clay, palette::Ink, 35);
-    InkContours(canvas, paper, {{Round(HisFace), 3.5f}}, 0.05f, 94); // no stubble on his chin
-    std::vector<Contour> contours = {
-        {Part(Through(HisBack), 0.05f, 1), 4.5f}, {Part(Through(HisFront), 0.05f, 1), 4.5f}, {HisHem(), 4}};
-    AddArm(contours, Limb(Through(HisArm), 36, 17, 6), 0.13f, 4);
-    InkContours(canvas, paper, contours, 0.35f, 95);
+    PaintHisPushingLeg(canvas, paper);
+    PaintHisStandingLeg(canvas, paper);
+    const Shape coat = Between(HisBack, HisFront);
+    const Mask him = Filled(W, H, coat).Shake(2, 40, 31);
+    PaintFigure(canvas, paper, him, Coat, Earth, 34);
+    DrawFurrows(canvas, paper, HisBack, HisFront, 10, 12, him, Clay, palette::Ink, 35);
+    Mask side = him; // his back is turned from the sun
+    side.Subtract(Filled(W, H, Shape(Moved(coat.outlines[0], {34, 4}))).Blur(14));
+    canvas.Glaze(side.Multiply(him), Mix(palette::Rust, palette::Ink, 0.5f), 0.6f);
+    InkContours(canvas, paper,
+                {{Part(Through(HisBack), 0.03f, 1), 4.5f},
+                 {Part(Through(HisFront), 0.03f, 1), 4.5f},
+                 {Through({{512, 276}, {524, 300}, {552, 318}}), 3},  // lapel
+                 {Through({{472, 256}, {490, 270}, {510, 276}}), 4}}, // collar
+                0.25f, 95);
 }
 
 // The wood on his back, and the bare trees that are their far hands.
@@ -270,15 +250,19 @@ static Canvas Painting()
     paper.Sheet(canvas, palette::Bone, 1.3f);
     PaintSky(canvas, paper);
     PaintFar(canvas, paper);
+    PaintHerLeg(canvas, paper);
     PaintSkirt(canvas, paper);
-    PaintHair(canvas, paper);
-    PaintHerFoot(canvas, paper, Straw, Clay);
-    PaintHer(canvas, paper);
-    PaintHim(canvas, paper);
-    PaintEmbrace(canvas, paper);
     DrawVillage(canvas, paper, {700, 632});
+    PaintHisFarArm(canvas);
+    PaintHerFarArm(canvas);
+    PaintHerHead(canvas, paper);
+    PaintHer(canvas, paper);
+    PaintHair(canvas, paper);
+    PaintHim(canvas, paper);
+    PaintHisHead(canvas, paper);
+    PaintHerHold(canvas);
+    PaintHisHold(canvas);
     PaintWood(canvas, paper);
-    PaintHeads(canvas, paper);
     paper.Show(canvas, 0.4f);
     return canvas;
 }

@@ -100,44 +100,67 @@ static Canvas MossyStone()
     return canvas;
 }
 
+// The hand that draws a mark: in pixels of a strip 128 high.
+struct MarkPen {
+    Pen& pen;
+    float scale;
+
+    void Stroke(const Line& line, Press press = {}) { pen.Stroke(Scaled(line, scale), press); }
+    void Dot(Vector2 place, float radius) { pen.Dot(place * scale, radius * scale); }
+    void Splatter(Vector2 place, float reach, int count, float largest)
+    {
+        pen.Splatter(place * scale, reach * scale, count, largest * scale);
+    }
+    void Width(float width) { pen.nib.width = width * scale; }
+};
+
+using Mark = void (*)(MarkPen& pen);
+
+// The pictures' size, and how many times wider than high they are seen.
 constexpr int NameWidth = 1024, NameHeight = 128;
-constexpr float Baseline = 88;
+constexpr float FirstSeen = 15.28f, OthersSeen = 6.67f;
 
-using Mark = void (*)(Pen& pen);
-
-// The first name is shown nearly twice as wide as high, the others a little higher than wide; `narrow` makes
-// up for it. A name in pen, bone on a soft shade of night, with a mark of its owner's craft at its left.
-static Canvas Name(const char* text, float narrow, Mark mark, uint32_t seed)
+// A name in pen, bone on a soft shade of night, with a mark of its owner's craft at its left. It is painted in the
+// proportion in which it is seen.
+static Canvas Name(const char* text, float seen, Mark mark, uint32_t seed)
 {
     const Paper& paper = SketchPaper();
-    Mask ink(NameWidth, NameHeight);
+    const float wide = seen * NameHeight > NameWidth ? seen * NameHeight : NameWidth, high = wide / seen;
+    const int width = Floor(wide + 0.5f), height = Floor(high + 0.5f);
+    const float scale = high / NameHeight;
+    Mask ink(width, height);
     Pen pen(ink, paper,
-            {.width = narrow < 1 ? 8.5f : 11.0f,
-             .least = 0.22f,
-             .wobble = 1,
-             .wander = 0.45f,
-             .skip = 0.12f,
-             .dry = 0.3f,
-             .pool = 0.6f},
+            {.width = 10.5f * scale,
+             .least = 0.26f,
+             .wobble = 0.8f,
+             .wander = 0.4f,
+             .skip = 0.06f,
+             .dry = 0.2f,
+             .pool = 0.5f},
             seed);
-    const LetterStyle style{.size = 74, .slant = 0.10f, .narrow = narrow, .spacing = 1.3f, .lively = 1.2f};
-    Write(pen, text, {168, Baseline}, style, Anchor::Left, seed + 1);
-    pen.nib.width = 6;
-    mark(pen);
-    pen.nib.width = 4;
-    const float end = Min(168 + WidthOf(text, style), NameWidth - 30);
-    pen.Stroke(Shaken(Through({{166, 116}, {Mix(166, end, 0.5f), 113}, {end, 117}}), 2, 120, seed + 2),
+    const Vector2 place = {164 * scale, 88 * scale};
+    const LetterStyle style{
+        .size = 74 * scale, .slant = 0.10f, .narrow = 1.1f, .spacing = 1.4f, .lively = 1.1f};
+    Write(pen, text, place, style, Anchor::Left, seed + 1);
+    MarkPen hand{pen, scale};
+    hand.Width(6);
+    mark(hand);
+    hand.Width(4);
+    const float end = place.x + WidthOf(text, style), line = 115 * scale;
+    pen.Stroke(Shaken(Through({{place.x, line}, {Mix(place.x, end, 0.5f), line - 3}, {end, line + 1}}), 1.5f,
+                      120, seed + 2),
                {.start = 0.1f, .middle = 0.8f, .end = 0});
-    Mask shade = ink.Blurred(11).Scale(2.6f);
-    shade.By([](float, float) { return 0.7f; });
-    Canvas canvas(NameWidth, NameHeight);
-    canvas.Cover(shade.FadeToBorder(10), palette::Ink);
+    // Behind it lies what the tree stands on, bright or black: ink that has run out of the letters.
+    Mask shade = ink.Blurred(6 * scale).Scale(2.4f);
+    shade.Unite(ink.Blurred(17 * scale).Scale(3.4f)).Curve(0, 1.1f).FadeToBorder(16);
+    Canvas canvas(width, height);
+    canvas.Cover(shade, palette::Ink, 0.84f);
     canvas.Cover(Mask(ink).FadeToBorder(4), palette::Bone);
-    return canvas;
+    return Squeezed(canvas, NameWidth, NameHeight);
 }
 
 // A reed's mouthpiece and the conical pipe with its holes.
-static void Reed(Pen& pen)
+static void Reed(MarkPen& pen)
 {
     pen.Stroke(Through({{22, 96}, {70, 66}, {112, 34}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
     pen.Stroke(Through({{34, 116}, {82, 80}, {118, 42}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
@@ -148,18 +171,18 @@ static void Reed(Pen& pen)
         pen.Dot(Vector2{42, 92} + Vector2{14, -10.5f} * float(i), 3.2f);
 }
 
-static void Brush(Pen& pen)
+static void Brush(MarkPen& pen)
 {
     pen.Stroke(Through({{136, 16}, {104, 42}, {76, 66}}), {.start = 0.5f, .middle = 1, .end = 1});
     pen.Stroke(Straight({{82, 54}, {90, 68}}), {.start = 1, .middle = 1, .end = 1});
-    pen.nib.width = 9;
+    pen.Width(9);
     pen.Stroke(Through({{80, 64}, {58, 78}, {46, 98}, {28, 108}}), {.start = 0.8f, .middle = 1, .end = 0});
-    pen.nib.width = 5;
+    pen.Width(5);
     pen.Stroke(Through({{78, 58}, {52, 72}, {40, 96}}), {.start = 0.8f, .middle = 0.7f, .end = 0.2f});
     pen.Splatter({32, 104}, 18, 8, 3);
 }
 
-static void Gear(Pen& pen, Vector2 at, float radius, int teeth, float turned)
+static void Gear(MarkPen& pen, Vector2 at, float radius, int teeth, float turned)
 {
     Line rim;
     for (int i = 0; i <= teeth * 4; i++) {
@@ -169,13 +192,13 @@ static void Gear(Pen& pen, Vector2 at, float radius, int teeth, float turned)
     pen.Stroke(Straight(rim), {.start = 0.8f, .middle = 1, .end = 0.8f});
     pen.Stroke(Ellipse(at, radius * 0.3f, radius * 0.3f), {.start = 0.8f, .middle = 0.9f, .end = 0.7f});
 }
-static void Gears(Pen& pen)
+static void Gears(MarkPen& pen)
 {
     Gear(pen, {58, 76}, 36, 10, 0.1f);
     Gear(pen, {112, 42}, 25, 8, 0.4f);
 }
 
-static void Lamp(Pen& pen)
+static void Lamp(MarkPen& pen)
 {
     pen.Stroke(Through({{44, 108}, {58, 112}, {86, 112}, {100, 108}}),
                {.start = 0.8f, .middle = 1, .end = 0.8f});
@@ -193,19 +216,19 @@ static void Lamp(Pen& pen)
 
 static Canvas NameFen()
 {
-    return Name("fen tarogato", 0.66f, Reed, 721);
+    return Name("fen tarogato", FirstSeen, Reed, 721);
 }
 static Canvas NameOchre()
 {
-    return Name("ochre", 1.25f, Brush, 731);
+    return Name("ochre", OthersSeen, Brush, 731);
 }
 static Canvas NameDunmarrow()
 {
-    return Name("dunmarrow", 1.25f, Gears, 741);
+    return Name("dunmarrow", OthersSeen, Gears, 741);
 }
 static Canvas NameLowbeam()
 {
-    return Name("lowbeam", 1.25f, Lamp, 751);
+    return Name("lowbeam", OthersSeen, Lamp, 751);
 }
 
 // clang-format off

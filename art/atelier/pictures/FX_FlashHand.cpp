@@ -11,7 +11,8 @@ using photograph::H;
 using photograph::Tilted;
 using photograph::W;
 
-constexpr float BorderX = 46, BorderY = 92;
+// The print's border; it is broad below, where something is written.
+constexpr float BorderX = 46, BorderY = 92, Foot = H - 176;
 
 // What is behind the hand: a hat, a coat, and no face, for the hand is before it.
 struct Person {
@@ -154,8 +155,8 @@ static Canvas Border(const Paper& paper)
     Mask frame(W, H, 1);
     frame.Erase(Shaken(Straight({{BorderX, BorderY},
                                  {W - BorderX, BorderY},
-                                 {W - BorderX, H - BorderY},
-                                 {BorderX, H - BorderY},
+                                 {W - BorderX, Foot},
+                                 {BorderX, Foot},
                                  {BorderX, BorderY}}),
                        0.8f, 120, 18));
     const Noise plaster(11);
@@ -168,9 +169,10 @@ static Canvas Border(const Paper& paper)
     border.Glaze(wear, palette::Parchment, 1);
     border.Glaze(wear, palette::Ochre, 0.2f);
     Mask words(W, H);
-    Pen quill(words, paper, {.width = 2.4f}, 19);
-    Write(quill, "not now", {W - 84, H - 58}, {.size = 24, .slant = 0.18f}, Anchor::Right, 20);
-    border.Cover(words, palette::Slate, 0.85f);
+    Pen quill(words, paper, {.width = 10, .skip = 0.04f}, 19);
+    Write(quill, "not now", {W / 2.0f + 30, H - 92}, {.size = 66, .slant = 0.16f, .spacing = 1.3f},
+          Anchor::Middle, 20);
+    border.Cover(words, palette::Ink, 0.92f);
     return border.CutOut(frame);
 }
 

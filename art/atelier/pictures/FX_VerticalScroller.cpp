@@ -12,6 +12,7 @@ namespace atelier
 
 constexpr int W = PageWidth, H = PageHeight;
 constexpr float Middle = PageMiddle;
+constexpr float Small = 42; // what is said of a name
 
 static void DrawMoon(Page& page, Vector2 at, float radius)
 {
@@ -273,22 +274,22 @@ static Canvas Page1()
 {
     Page page(1);
     DrawMoon(page, {Middle + 8, 250}, 118);
-    page.Words("moonwaltz", 560, 150, 15);
-    page.Words("one night, one waltz,", 690, 50);
-    page.Words("thirteen pictures", 762, 50);
-    page.Aside("by tessel", 852, 46);
+    page.Words("moonwaltz", 560, 140, 15);
+    page.Words("one night, one waltz,", 690, 52);
+    page.Words("thirteen pictures", 766, 52);
+    page.Aside("by tessel", 854, 48);
     page.Rule(940, 230);
 
     DrawReed(page, {Middle - 20, 1090});
     page.Words("fen tarogato", 1300, 86);
-    page.Aside("the waltz and the wind in it", 1382, 42);
-    page.Words("reed, music box, felt, fifty strings", 1448, 36);
-    page.Words("that nobody has ever seen", 1502, 36);
+    page.Aside("the waltz and the wind in it", 1382, 46);
+    page.Words("reed, music box, felt, fifty strings", 1456, Small);
+    page.Words("that nobody has ever seen", 1520, Small);
 
-    DrawBrush(page, {Middle - 20, 1680});
+    DrawBrush(page, {Middle - 20, 1688});
     page.Words("ochre", 1904, 86);
-    page.Aside("everything that was drawn", 1986, 42);
-    page.Words("and the hand that drew it", 2052, 36);
+    page.Aside("everything that was drawn", 1986, 46);
+    page.Words("and the hand that drew it", 2058, Small);
     return page.Finished();
 }
 
@@ -298,39 +299,40 @@ static Canvas Page2()
     DrawLeaningHouse(page, {Middle - 92, 196});
     DrawGear(page, {Middle - 80, 330}, 146, 15, 0.1f, 51);
     DrawGear(page, {Middle + 138, 376}, 88, 9, 0.28f, 52);
-    page.Words("dunmarrow", 610, 86);
-    page.Aside("the engine, all its wheels", 692, 42);
-    page.Words("houses that lean, a tree that grows,", 758, 36);
-    page.Words("two thousand sparks on nine threads", 812, 36);
+    page.Words("dunmarrow", 596, 86);
+    page.Aside("the engine, all its wheels", 676, 46);
+    page.Words("houses that lean, a tree that grows,", 748, Small);
+    page.Words("two thousand sparks on nine threads", 812, Small);
 
     DrawLamp(page, {Middle, 1012});
     page.Words("lowbeam", 1268, 86);
-    page.Aside("light, and when it goes out", 1350, 42);
-    page.Words("the course of the night, bar by bar", 1416, 36);
+    page.Aside("light, and when it goes out", 1350, 46);
+    page.Words("the course of the night, bar by bar", 1422, Small);
     page.Rule(1496, 210);
 
     DrawInkpot(page, {Middle - 40, 1750});
-    page.Words("with a pen, a dry brush, two washes", 1926, 40);
-    page.Words("and paper that has a tooth", 1984, 40);
-    page.Aside("no font was opened", 2062, 42);
+    page.Words("with a pen, a dry brush, two washes", 1920, Small);
+    page.Words("and paper that has a tooth", 1984, Small);
+    page.Aside("no font was opened", 2064, 46);
     return page.Finished();
 }
 
 static Canvas Page3()
 {
     Page page(3);
-    DrawMoth(page, {Middle - 96, 190}, 1.3f, -0.5f);
-    DrawMoth(page, {Middle + 120, 130}, 0.8f, 0.6f);
-    page.Aside("thanks", 376, 60);
-    page.Words("to Ida Weißgerber for the kitchen table", 468, 38);
-    page.Words("to old Jörn, who lent the moon", 530, 38);
-    page.Words("to the ferryman for waiting", 592, 38);
-    page.Words("to Malou and the geese", 654, 38);
-    page.Words("to everyone who was up at four", 716, 38);
-    page.Rule(806, 200);
-    page.Words("no chick was told where to go", 890, 40);
+    DrawMoth(page, {Middle - 96, 170}, 1.3f, -0.5f);
+    DrawMoth(page, {Middle + 120, 110}, 0.8f, 0.6f);
+    page.Aside("thanks", 342, 60);
+    page.Words("to Ida Weißgerber for the kitchen table", 430, Small);
+    page.Words("to old Jörn, who lent the moon", 494, Small);
+    page.Words("to the ferryman for waiting", 558, Small);
+    page.Words("to Malou and the geese", 622, Small);
+    page.Words("to everyone who was up at four", 686, Small);
+    page.Rule(758, 200);
+    page.Words("no chick was told where to go", 840, Small);
 
-    DrawChickLeaving(page, {Middle, 1124});
+    // So high that its feet have left the picture when the roll comes to rest.
+    DrawChickLeaving(page, {Middle, 1052});
     // Its steps, from the border of the page.
     for (int i = 0; i < 5; i++) {
         const Vector2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * float(i), 1372 + 52.0f * float(i)};

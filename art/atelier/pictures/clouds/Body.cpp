@@ -145,8 +145,8 @@ static void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, flo
             back.At(x, y) = paint.At(x, y) * Hill(7, 4, in) * Smooth(0.55f, 0.8f, t);
             rim.At(x, y) = paint.At(x, y) * Hill(5, 4, in) * Smooth(0.2f, 0.02f, t);
         }
-    canvas.Cover(back, palette::Mist, 0.2f);
-    canvas.Cover(rim, Mix(stuff.light, palette::Bone, 0.4f), 0.6f);
+    canvas.Cover(back, stuff.back, 0.2f);
+    canvas.Cover(rim, Mix(stuff.light, palette::Bone, 0.4f), stuff.rim);
 
     Mask lines(width, height);
     Pen pen(lines, paper, {.width = 2.3f * scale, .wobble = 0.6f * scale, .skip = 0.35f, .pool = 0.1f},

@@ -29,10 +29,12 @@ Shape Sausage(const std::vector<Vector2>& points, const std::vector<float>& radi
 Mask Melted(int width, int height, const Shape& shape, float melt);
 
 struct Stuff {
-    LinearColour light, shade; // of the paint itself, and the pigment where it turns away
-    float depth = 0.9f;        // density of the shade
-    float hatch = 0.7f;        // strength of the pen's shading
-    float contour = 1;         // weight of the outline
+    LinearColour light, shade;         // of the paint itself, and the pigment where it turns away
+    float depth = 0.9f;                // density of the shade
+    float hatch = 0.7f;                // strength of the pen's shading
+    float contour = 1;                 // weight of the outline
+    LinearColour back = palette::Mist; // of the light thrown back into the shadow
+    float rim = 0.6f;                  // strength of the edge of light on the other side
 };
 
 // Paints a body. Where `open` (optional) is 1 it grows out of what is there: no outline, no paint of its own.

@@ -21,28 +21,31 @@ static const Sight InPicture = {
 // The same drawing seen from so near that the card fills the canvas.
 static const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
 
-// The show rolls each card its own way and shows a part of it only. The words stand level in that roll, in what
-// is seen of it for as long as it is near; the emblem lies below them and may leave the picture. Measured in
-// the show, from 0.4 to 2 s after the dive begins.
+// The show rolls each card its own way, dives to it twice, and shows a part of it only. The words stand level half-way
+// between the two rolls, in what is seen of the card for as long as it is near. The emblem lies where there is room: below
+// them, where it may leave the picture, or above them on a card that is held upright, whose upper part is out of the
+// picture while the hand is seen.
 struct Greeting {
     const char* to;
     const char* tail;
     void (*emblem)(Canvas& canvas, Vector2 at, uint32_t seed);
     float roll;    // degrees, clockwise, at which the card is read
     Vector2 place; // of the words' middle, in sides of the card
-    float width;   // of the widest line, likewise
+    float large;   // capital letters of the name, likewise
+    float small;   // capital letters of the lines above and below
+    bool emblemAbove;
     Arm arm;
 };
 
 // clang-format off
 static const Greeting Greetings[] = {
-    // to                tail                        emblem         roll  place          width   seed bend spread girth  tan   wear, gesture
-    {"lamplighters",    "who leave one burning",     LanternEmblem, 66, {0.36f, 0.40f}, 0.60f, {100,  60, 0.4f, 1.00f, 0.45f, Wear::Wool, Gesture::Curled}},
-    {"ferrymen",        "who wait on the far side",  FerryEmblem,   51, {0.39f, 0.40f}, 0.62f, {200, -30, 0.1f, 1.10f, 0.85f, Wear::Rope, Gesture::Together}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    17, {0.49f, 0.35f}, 0.78f, {300,  20, 0.7f, 1.08f, 0.35f, Wear::Flour, Gesture::Loose}},
-    {"moth collectors", "who let them go again",     MothEmblem,    31, {0.49f, 0.35f}, 0.77f, {400,  90, 1.0f, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
-    {"tower guards",    "and all is well",           TowerEmblem,   15, {0.49f, 0.34f}, 0.79f, {500, -50, 0.2f, 1.06f, 0.60f, Wear::Leather, Gesture::Curled}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    37, {0.46f, 0.38f}, 0.70f, {600,  40, 0.8f, 0.96f, 0.25f, Wear::Wire, Gesture::Loose}},
+    // to                tail                        emblem         roll  place          large   small   above  seed bend spread girth  tan   wear, gesture
+    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.35f, 0.385f}, 0.108f, 0.062f, false, {100,  60, 0.4f, 1.00f, 0.45f, Wear::Wool, Gesture::Curled}},
+    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.37f, 0.360f}, 0.116f, 0.060f, false, {200, -30, 0.1f, 1.10f, 0.85f, Wear::Rope, Gesture::Together}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.485f}, 0.090f, 0.056f, true,  {300,  20, 0.7f, 1.08f, 0.35f, Wear::Flour, Gesture::Loose}},
+    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.46f, 0.375f}, 0.100f, 0.062f, false, {400,  90, 1.0f, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
+    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f}, 0.096f, 0.062f, true,  {500, -50, 0.2f, 1.06f, 0.60f, Wear::Leather, Gesture::Curled}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.46f, 0.385f}, 0.112f, 0.064f, false, {600,  40, 0.8f, 0.96f, 0.25f, Wear::Wire, Gesture::Loose}},
 };
 // clang-format on
 
@@ -132,26 +135,25 @@ Canvas GreetingCard(int greeting)
     const Vector2 middle = {Half, Half}, place = words.place * Size;
 
     // The words, level and about the middle of a sheet of their own.
-    const float widest = words.width * Size;
-    LetterStyle large{.size = 150};
-    large.size *= Min(1, widest / WidthOf(words.to, large));
-    LetterStyle small{.size = 62};
-    small.size *= Min(1, Min(widest / WidthOf(words.tail, small), 0.72f * large.size / small.size));
+    const LetterStyle large{.size = words.large * Size, .spacing = 1.1f},
+        small{.size = words.small * Size, .spacing = 1.2f};
     // Ascenders and descenders keep clear of the lines above and below.
     const float base = Half + 0.34f * large.size, above = base - 1.22f * large.size - 0.12f * small.size,
                 below = base + 0.46f * large.size + 1.15f * small.size;
     Mask written(Size, Size);
-    Pen quill(written, paper, {.width = small.size / 8, .wobble = 0.6f, .skip = 0}, seed + 4);
+    Pen quill(written, paper, {.width = small.size / 5.6f, .least = 0.4f, .wobble = 0.6f, .skip = 0},
+              seed + 4);
     Write(quill, "greetings to the", {Half, above}, small, Anchor::Middle, seed + 5);
     Write(quill, words.tail, {Half, below}, small, Anchor::Middle, seed + 7);
-    quill.nib.width = large.size / 7.2f;
+    quill.nib.width = large.size / 6.6f;
     Write(quill, words.to, {Half, base}, large, Anchor::Middle, seed + 6);
     Canvas text(Size, Size);
     text.Cover(written, palette::Ink, 0.95f);
 
-    // A patch of night with something kind in it, below them.
-    constexpr float PatchScale = 0.70f;
-    const float apart = below - Half + 0.4f * small.size + 206 * PatchScale;
+    // A patch of night with something kind in it, below or above them.
+    const float patchScale = words.emblemAbove ? 0.58f : 0.70f;
+    const float apart = words.emblemAbove ? above - Half - 1.4f * small.size - 206 * patchScale
+                                          : below - Half + 0.4f * small.size + 206 * patchScale;
     Canvas night(Size, Size, palette::Bone);
     paper.Sheet(night, palette::Bone);
     const Mask patch = Filled(Size, Size, Shaken(Ellipse(middle, 318, 206), 26, 210, seed + 2));
@@ -168,7 +170,7 @@ Canvas GreetingCard(int greeting)
          seed + 3);
     words.emblem(night, middle, seed + 30);
     night.CutOut(Mask(patch).Blur(2.5f));
-    canvas.Lay(Placed(night, middle, level, PatchScale, Size, Size, place + down * apart), 0, 0);
+    canvas.Lay(Placed(night, middle, level, patchScale, Size, Size, place + down * apart), 0, 0);
 
     Mask lines(Size, Size);
     Pen pen(lines, paper, {.width = 9, .wobble = 1.4f, .skip = 0.15f}, seed + 8);

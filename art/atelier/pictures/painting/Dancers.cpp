@@ -7,61 +7,58 @@ namespace atelier
 {
 
 // clang-format off
-// Him: his back from the nape to the hem of his coat, and his front, that lies over the knee that carries her.
-const std::vector<Vector2> HisBack   = {{470, 242}, {424, 252}, {374, 284}, {342, 344}, {326, 418}, {312, 492}, {290, 562}, {254, 622}, {206, 672}};
-const std::vector<Vector2> HisFront  = {{508, 262}, {548, 284}, {568, 334}, {558, 396}, {532, 452}, {510, 512}, {536, 558}, {574, 598}, {584, 648}};
-// Her: the line from her waist over breast and throat, and the line of her back, that ends on his knee.
-const std::vector<Vector2> HerFront  = {{448, 560}, {506, 508}, {556, 464}, {588, 420}, {606, 382}, {640, 350}, {676, 340}, {706, 338}, {738, 352}, {768, 350}};
-const std::vector<Vector2> HerBack   = {{560, 650}, {588, 600}, {616, 546}, {652, 496}, {692, 452}, {724, 416}, {752, 390}, {776, 376}};
+// Him: his back from the nape over the shoulder blade and the small of the back to the tail of his coat, and his front from
+// the throat over the breast to the hem, that is cut away over the thigh.
+const std::vector<Vector2> HisBack   = {{470, 252}, {424, 258}, {380, 284}, {352, 332}, {344, 388}, {346, 436}, {330, 486}, {310, 536}, {284, 590}, {238, 650}};
+const std::vector<Vector2> HisFront  = {{508, 272}, {542, 290}, {562, 330}, {556, 384}, {540, 440}, {536, 500}, {500, 538}, {430, 560}, {350, 596}, {246, 654}};
+// Her: the line from her lap over breast and throat, and the line of her back from his knee to her nape.
+const std::vector<Vector2> HerFront  = {{484, 540}, {520, 504}, {556, 466}, {590, 424}, {606, 390}, {622, 362}, {650, 346}, {690, 344}, {730, 350}, {762, 350}};
+const std::vector<Vector2> HerBack   = {{584, 604}, {604, 584}, {626, 550}, {652, 506}, {690, 462}, {722, 428}, {748, 404}, {772, 388}};
 // Her skirt, from the waist: its upper border, that is the horizon of the fields, and its left one.
-const std::vector<Vector2> FieldTop  = {{540, 640}, {640, 640}, {760, 628}, {900, 622}, {1070, 596}, {2000, 470}};
-const std::vector<Vector2> FieldLeft = {{444, 566}, {412, 660}, {350, 770}, {250, 900}, { 100, 1060}, {-300, 1500}};
-// Their legs, from under the cloth to the ankle: his back one that pushes, his front one that carries, her one foot.
-const std::vector<Vector2> HisPush   = {{390, 572}, {290, 634}, {216, 676}, {176, 690}};
-const std::vector<Vector2> HisStand  = {{545, 630}, {553, 660}, {552, 690}};
-const std::vector<Vector2> HerStep   = {{428, 640}, {404, 676}, {386, 700}};
-// Their arms, from the shoulder: his to the left, hers to the right, his round her, hers round his neck.
-const std::vector<Vector2> HisArm    = {{446, 306}, {366, 292}, {276, 262}, {214, 218}, {172, 160}};
-const std::vector<Vector2> HerArm    = {{712, 362}, {744, 308}, {802, 270}, {872, 240}, {934, 182}};
-const std::vector<Vector2> HisHold   = {{512, 308}, {560, 392}, {622, 436}, {690, 428}};
-const std::vector<Vector2> HerHold   = {{670, 354}, {622, 334}, {566, 306}, {516, 276}, {476, 258}};
+const std::vector<Vector2> FieldTop  = {{560, 606}, {640, 638}, {760, 628}, {900, 622}, {1070, 596}, {2000, 470}};
+const std::vector<Vector2> FieldLeft = {{452, 552}, {426, 640}, {380, 722}, {270, 880}, { 110, 1060}, {-300, 1500}};
+// Their legs, from hip to ankle: his back one that pushes, his front one that carries, and hers.
+const std::vector<Vector2> HisPush   = {{400, 524}, {334, 578}, {274, 622}, {232, 652}, {182, 688}};
+const std::vector<Vector2> HisStand  = {{440, 502}, {520, 546}, {594, 580}, {592, 632}, {562, 692}};
+const std::vector<Vector2> HerStep   = {{476, 560}, {436, 622}, {404, 654}, {364, 692}};
+// Their arms, from the shoulder over the elbow to the wrist: his to the left, hers to the right, his round her, hers round
+// his neck.
+const std::vector<Vector2> HisArm    = {{440, 300}, {362, 304}, {284, 290}, {238, 236}, {180, 164}};
+const std::vector<Vector2> HerArm    = {{706, 372}, {750, 312}, {800, 272}, {866, 246}, {934, 182}};
+const std::vector<Vector2> HisHold   = {{484, 316}, {518, 372}, {556, 424}, {612, 442}, {664, 446}};
+const std::vector<Vector2> HerHold   = {{700, 380}, {646, 352}, {586, 328}, {536, 300}, {490, 274}};
 const std::vector<Vector2> Hair      = {{846, 384}, {868, 446}, {842, 520}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};
-// clang-format on
 
-// clang-format off
-const std::vector<Vector2> HisFace = {{490, 172}, {472, 196}, {472, 226}, {486, 250}, {508, 258}, {528, 253},
-                                   {536, 240}, {538, 228}, {549, 219}, {542, 204}, {538, 186}, {516, 168}};
-// Her profile, upright and facing left, 100 from crown to chin.
+// His profile, upright and facing right, and hers, facing left, 100 from crown to chin.
+const std::vector<Vector2> HisFace = OnHisHead(
+    {{48, 0},  {74, 7},   {87, 22},  {90, 33},  {89, 41},  {97, 52},  {106, 61}, {97, 66}, {98, 70},  {101, 73}, {96, 76}, {99, 80},
+     {94, 85}, {97, 93},  {90, 102}, {74, 102}, {58, 98},  {56, 108}, {60, 126}, {20, 126}, {15, 98}, {4, 68}, {3, 36}, {20, 8}});
 const std::vector<Vector2> HerFace = OnHerHead(
     {{50, 0},  {26, 8},  {14, 22}, {9, 34},  {11, 42}, {2, 52},  {-7, 59}, {3, 64},  {0, 69},   {5, 73},  {1, 78},  {7, 84},
-     {4, 92},  {9, 99},  {24, 99}, {40, 96}, {46, 104}, {50, 118}, {80, 118}, {84, 92}, {96, 62}, {97, 36}, {80, 8}});
+     {4, 92},  {9, 99},  {24, 99}, {40, 96}, {46, 104}, {50, 120}, {52, 150}, {84, 150}, {82, 118}, {84, 92}, {96, 62}, {97, 36}, {80, 8}});
 // clang-format on
 
-std::vector<Vector2> OnHerHead(std::vector<Vector2> points)
+// A head of a size, turned by `turned` radians about its neck, that is at a place.
+static std::vector<Vector2> OnHead(std::vector<Vector2> points, Vector2 neck, Vector2 place, float size,
+                                   float turned)
 {
-    // Thrown back, so that her face looks at the sky.
-    constexpr Vector2 Neck = {60, 104}, Place = {778, 366};
-    constexpr float Size = 0.92f, Back = (90 + 18) * Pi / 180;
     for (Vector2& p : points) {
-        const Vector2 d = (p - Neck) * Size;
-        p = Place + Vector2{d.x * Cos(Back) - d.y * Sin(Back), d.x * Sin(Back) + d.y * Cos(Back)};
+        const Vector2 d = (p - neck) * size;
+        p = place + Vector2{d.x * Cos(turned) - d.y * Sin(turned), d.x * Sin(turned) + d.y * Cos(turned)};
     }
     return points;
 }
 
-Line HisHem()
+std::vector<Vector2> OnHisHead(std::vector<Vector2> points)
 {
-    return Through(
-        {HisBack.back(), {258, 662}, {330, 634}, {404, 628}, {470, 650}, {530, 668}, HisFront.back()});
+    // Bent over her.
+    return OnHead(std::move(points), {40, 104}, {496, 262}, 0.96f, 0.2f);
 }
 
-Shape HisCoat()
+std::vector<Vector2> OnHerHead(std::vector<Vector2> points)
 {
-    Line coat = Through(HisFront);
-    const Line hem = HisHem(), back = Through(HisBack);
-    coat.insert(coat.end(), hem.rbegin(), hem.rend());
-    coat.insert(coat.end(), back.rbegin(), back.rend());
-    return coat;
+    // Thrown back, so that her face looks at the sky.
+    return OnHead(std::move(points), {60, 104}, {778, 366}, 0.92f, (90 + 18) * Pi / 180);
 }
 
 Line Furrow(const std::vector<Vector2>& a, const std::vector<Vector2>& b, float t)
@@ -71,6 +68,13 @@ Line Furrow(const std::vector<Vector2>& a, const std::vector<Vector2>& b, float 
     for (int i = 0; i <= 32; i++)
         points.push_back(Mix(PointAt(first, float(i) / 32), PointAt(second, float(i) / 32), t));
     return Through(points);
+}
+
+Shape Between(const std::vector<Vector2>& a, const std::vector<Vector2>& b)
+{
+    Line outline = Through(a), back = Through(b);
+    outline.insert(outline.end(), back.rbegin(), back.rend());
+    return outline;
 }
 
 void DrawHandTree(Pen& pen, const std::vector<Vector2>& arm, float width, uint32_t seed)

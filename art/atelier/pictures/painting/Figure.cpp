@@ -2,6 +2,7 @@
 // How the dancers are painted, cloth, skin and contour.
 #include "art/atelier/DryBrush.h"
 #include "art/atelier/Wash.h"
+#include "art/atelier/pictures/clouds/Body.h"
 #include "art/atelier/pictures/painting/Dancers.h"
 
 namespace atelier
@@ -52,10 +53,93 @@ void InkContours(Canvas& canvas, const Paper& paper, const std::vector<Contour>&
     canvas.Cover(ink, DarkInk, 0.92f);
 }
 
-void AddArm(std::vector<Contour>& contours, const Line& limb, float from, float width)
+void PaintLimb(Canvas& canvas, const std::vector<Vector2>& way, const std::vector<float>& halves,
+               LinearColour light, LinearColour shade, uint32_t seed, bool open)
 {
-    contours.push_back({Part(limb, from, 0.46f), width});
-    contours.push_back({Part(limb, 0.55f, 1 - from), width * 0.7f});
+    constexpr float Scale = 0.62f; // of the strokes with which a body is painted
+    Around(canvas, way, 90, [&](Canvas& part, Vector2 origin) {
+        std::vector<Vector2> here = way;
+        for (Vector2& p : here)
+            p = p - origin;
+        const Mask body = Melted(part.Width(), part.Height(), Sausage(here, halves), 2);
+        const Stuff stuff = {.light = light,
+                             .shade = shade,
+                             .depth = 0.9f,
+                             .hatch = 0.35f,
+                             .contour = 1.15f,
+                             .back = Clay,
+                             .rim = 0.22f};
+        if (!open) {
+            PaintBody(part, body, stuff, Scale, seed);
+            return;
+        }
+        const Vector2 root = here.front() + Normalised(here.front() - here[1]) * (halves.front() * 0.2f);
+        const Mask growing = Mask(part.Width(), part.Height()).Each([&](float x, float y) {
+            return Smooth(halves.front() * 1.5f, halves.front() * 0.85f, Length(Vector2{x, y} - root));
+        });
+        PaintBody(part, body, stuff, Scale, seed, &growing);
+    });
+}
+
+void PaintLaidHand(Canvas& canvas, Vector2 wrist, float reach, float spread, float thumb, float size,
+                   LinearColour light, LinearColour shade, uint32_t seed)
+{
+    const auto at = [&](float along, float across) { // from the wrist, in hand's lengths
+        const Vector2 d = {Cos(reach), Sin(reach)}, n = {-d.y, d.x};
+        return wrist + (d * along + n * (across * -thumb)) * size;
+    };
+    // The fingers in the order in which they lie on each other: the little one is the lowest. Each bends at its two
+    // joints.
+    constexpr float Roots[4] = {-0.17f, -0.06f, 0.055f, 0.165f}, Lengths[4] = {0.36f, 0.45f, 0.49f, 0.44f};
+    for (int finger = 0; finger < 4; finger++) {
+        const float across = -Roots[finger], turn = (1.5f - float(finger)) * spread * thumb;
+        const Vector2 root = at(0.46f - 0.05f * Abs(float(finger) - 2), across);
+        const auto way = [&](float far, float bend) {
+            const float a = reach + turn + bend * thumb;
+            return Vector2{Cos(a), Sin(a)} * (far * Lengths[finger] * size);
+        };
+        const Vector2 knuckle = root + way(0.46f, -0.06f), joint = knuckle + way(0.32f, 0.10f),
+                      tip = joint + way(0.24f, 0.26f);
+        PaintLimb(canvas, {at(0.34f, across * 0.9f), root, knuckle, joint, tip},
+                  {0.062f * size, 0.07f * size, 0.06f * size, 0.052f * size, 0.036f * size}, light, shade,
+                  seed + uint32_t(finger));
+    }
+    PaintLimb(canvas, {at(0.06f, 0.06f), at(0.2f, 0.19f), at(0.37f, 0.31f), at(0.50f, 0.37f)},
+              {0.07f * size, 0.085f * size, 0.065f * size, 0.038f * size}, light, shade, seed + 5);
+    // The back of the hand, over the roots of all five.
+    Around(canvas, {at(0, 0), at(0.5f, 0)}, size, [&](Canvas& part, Vector2 origin) {
+        std::vector<Vector2> palm = {at(-0.06f, -0.1f), at(0.2f, -0.19f), at(0.42f, -0.235f),
+                                     at(0.52f, -0.15f), at(0.54f, 0),     at(0.50f, 0.16f),
+                                     at(0.40f, 0.22f),  at(0.2f, 0.18f),  at(-0.06f, 0.1f)};
+        for (Vector2& p : palm)
+            p = p - origin;
+        const Mask body = Melted(part.Width(), part.Height(), Round(palm), 2);
+        const Vector2 middle = at(0.60f, 0) - origin, back = at(-0.30f, 0) - origin;
+        // It goes over into the fingers and into the wrist without a line.
+        const Mask growing = Mask(part.Width(), part.Height()).Each([&](float x, float y) {
+            return Max(Smooth(0.28f * size, 0.17f * size, Length(Vector2{x, y} - middle)),
+                       Smooth(0.26f * size, 0.16f * size, Length(Vector2{x, y} - back)));
+        });
+        PaintBody(part, body,
+                  {.light = light,
+                   .shade = shade,
+                   .depth = 0.7f,
+                   .hatch = 0.2f,
+                   .contour = 0.9f,
+                   .back = Clay,
+                   .rim = 0.2f},
+                  0.55f, seed + 6, &growing);
+    });
+    Mask sinews(canvas.Width(), canvas.Height());
+    Pen pen(sinews, SketchPaper(), {.width = 0.03f * size, .wobble = 0.4f, .skip = 0.1f, .pool = 0},
+            seed + 7);
+    for (int finger = 0; finger < 4; finger++) { // to the knuckles, and round each of them
+        const float across = -Roots[finger];
+        pen.Stroke(Through({at(0.2f, across * 0.5f), at(0.38f, across * 0.9f)}), {0.0f, 0.7f, 0.1f});
+        pen.Stroke(Through({at(0.45f, across - 0.04f), at(0.49f, across), at(0.45f, across + 0.04f)}),
+                   {0.2f, 0.9f, 0.2f});
+    }
+    canvas.Cover(sinews, DarkInk, 0.55f);
 }
 
 } // namespace atelier

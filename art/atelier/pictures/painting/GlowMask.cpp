@@ -55,7 +55,7 @@ Canvas GlowMask()
     TraceLight(order, Through(HerStep), 4, 0.50f, 0.54f);
     TraceLight(order, Through(HisPush), 6, 0.50f, 0.56f);
     TraceLight(order, Through(HisStand), 6, 0.51f, 0.56f);
-    order.Subtract(Filled(W, H, HisCoat()).Blur(2));
+    order.Subtract(Filled(W, H, Between(HisBack, HisFront)).Blur(2));
     // He, and the arms that hold.
     Line arm = Through(HisArm);
     std::reverse(arm.begin(), arm.end());

@@ -2,6 +2,7 @@
 // What the dancers stand on: his back leg pushes, his bent knee carries the two, one bare foot of hers is all of her that
 // is still on the ground.
 #include "art/atelier/Wash.h"
+#include "art/atelier/pictures/clouds/Body.h"
 #include "art/atelier/pictures/painting/Dancers.h"
 
 namespace atelier
@@ -15,25 +16,9 @@ static const std::vector<Vector2> StandingShoe = {{538, 684}, {532, 704}, {531, 
                                                   {558, 721}, {580, 726}, {622, 727}, {630, 719},
                                                   {618, 708}, {592, 700}, {576, 684}};
 // Her foot from the inner ankle over the heel, along the sole to the toes, and back over the instep.
-static const std::vector<Vector2> BareFoot = {{392, 690}, {401, 706}, {399, 720}, {386, 724},
-                                              {364, 721}, {338, 726}, {317, 725}, {315, 718},
-                                              {334, 709}, {354, 700}, {370, 687}};
-
-Shape HisLegs()
-{
-    Shape legs(Limb(Through(HisPush), 52, 36, 13));
-    legs.Add(Limb(Through(HisStand), 27, 26, 17));
-    legs.Add(Round(PushingShoe));
-    legs.Add(Round(StandingShoe));
-    return legs;
-}
-
-Shape HerFoot()
-{
-    Shape foot(Limb(Through(HerStep), 19, 14, 10));
-    foot.Add(Round(BareFoot));
-    return foot;
-}
+static const std::vector<Vector2> BareFoot = {{372, 684}, {380, 704}, {377, 719}, {364, 724},
+                                              {342, 721}, {316, 726}, {295, 725}, {293, 718},
+                                              {312, 708}, {332, 698}, {350, 680}};
 
 // Where a foot touches the ground: darkest right below it, and longer on the side away from the sun.
 static void CastShadow(Canvas& canvas, const Paper& paper, Vector2 from, Vector2 to, uint32_t seed)
@@ -60,43 +45,87 @@ static void CastShadow(Canvas& canvas, const Paper& paper, Vector2 from, Vector2
     canvas.Cover(hatch, Mix(palette::Rust, palette::Ink, 0.7f), 0.7f);
 }
 
-void PaintHisLegs(Canvas& canvas, const Paper& paper, LinearColour light, LinearColour dark)
+static void PaintShoe(Canvas& canvas, const Paper& paper, const std::vector<Vector2>& shoe,
+                      const std::vector<Vector2>& gleam, uint32_t seed)
 {
-    CastShadow(canvas, paper, {150, 728}, {222, 729}, 70);
-    CastShadow(canvas, paper, {532, 727}, {630, 729}, 74);
-    PaintFigure(canvas, paper, Filled(W, H, HisLegs()).Shake(1.2f, 30, 78), light, dark, 79);
-    const Line push = Limb(Through(HisPush), 52, 36, 13), stand = Limb(Through(HisStand), 27, 26, 17);
-    InkContours(canvas, paper,
-                {{Part(push, 0.2f, 0.47f), 3},
-                 {Part(push, 0.53f, 0.8f), 3},
-                 {Part(stand, 0.1f, 0.45f), 3},
-                 {Part(stand, 0.55f, 0.9f), 3},
-                 {Round(PushingShoe), 3.4f},
-                 {Round(StandingShoe), 3.4f}},
-                0.15f, 80);
-    Mask gleam(W, H); // on the leather
-    Pen pen(gleam, paper, {.width = 2.6f, .wobble = 0.5f, .skip = 0.3f, .dry = 0.5f}, 82);
-    pen.Stroke(Through({{178, 704}, {194, 714}, {212, 720}}), {.start = 0.1f, .middle = 0.9f, .end = 0});
-    pen.Stroke(Through({{578, 700}, {598, 708}, {618, 714}}), {.start = 0.1f, .middle = 0.9f, .end = 0});
-    canvas.Cover(gleam, palette::Ochre, 0.7f);
+    PaintFigure(canvas, paper, Filled(W, H, Round(shoe)).Shake(1, 30, seed), Trousers * 0.7f, DarkInk,
+                seed + 1);
+    InkContours(canvas, paper, {{Round(shoe), 3.4f}}, 0.1f, seed + 2);
+    Mask light(W, H); // on the leather
+    Pen pen(light, paper, {.width = 2.6f, .wobble = 0.5f, .skip = 0.3f, .dry = 0.5f}, seed + 3);
+    pen.Stroke(Through(gleam), {.start = 0.1f, .middle = 0.9f, .end = 0});
+    canvas.Cover(light, palette::Ochre, 0.7f);
 }
 
-void PaintHerFoot(Canvas& canvas, const Paper& paper, LinearColour light, LinearColour dark)
+static void PaintFolds(Canvas& canvas, const std::vector<std::vector<Vector2>>& folds, uint32_t seed)
 {
-    CastShadow(canvas, paper, {318, 724}, {400, 724}, 84);
-    PaintFigure(canvas, paper, Filled(W, H, HerFoot()).Shake(0.8f, 24, 88), light, dark, 89);
-    const Line leg = Limb(Through(HerStep), 19, 14, 10);
-    InkContours(
-        canvas, paper,
-        {{Part(leg, 0.1f, 0.44f), 3},
-         {Part(leg, 0.58f, 0.85f), 3},
-         {Through({{398, 698}, {401, 708}, {399, 720}, {386, 724}, {364, 721}, {338, 726}, {317, 725}}), 3},
-         {Through({{368, 688}, {354, 700}, {334, 709}, {315, 718}, {317, 725}}), 3},
-         {Through({{384, 698}, {389, 703}, {386, 709}}), 2}, // the ankle
-         {Through({{326, 716}, {323, 721}}), 2},             // toes
-         {Through({{334, 713}, {331, 719}}), 2},
-         {Through({{341, 711}, {339, 716}}), 2}},
-        0.15f, 90);
+    Mask ink(W, H), lit(W, H);
+    Pen pen(ink, SketchPaper(), {.width = 3.4f, .wobble = 1, .skip = 0.15f}, seed),
+        light(lit, SketchPaper(), {.width = 2.6f, .wobble = 1, .skip = 0.25f, .dry = 0.5f}, seed + 1);
+    for (const std::vector<Vector2>& fold : folds) {
+        pen.Stroke(Through(fold), {0.1f, 1, 0});
+        light.Stroke(Moved(Through(fold), {-2, -5}), {0, 0.8f, 0});
+    }
+    canvas.Cover(ink, DarkInk, 0.8f);
+    canvas.Cover(lit, Clay, 0.55f);
+}
+
+void PaintHisPushingLeg(Canvas& canvas, const Paper& paper)
+{
+    CastShadow(canvas, paper, {150, 728}, {222, 729}, 70);
+    PaintShoe(canvas, paper, PushingShoe, {{178, 704}, {194, 714}, {212, 720}}, 78);
+    PaintLimb(canvas, HisPush, {56, 45, 31, 28, 16}, Trousers, palette::Ink, 170);
+    PaintFolds(canvas,
+               {{{296, 586}, {274, 604}, {262, 626}},
+                {{304, 602}, {284, 616}, {276, 640}},
+                {{196, 664}, {192, 680}, {200, 694}}},
+               172);
+}
+
+void PaintHisStandingLeg(Canvas& canvas, const Paper& paper)
+{
+    CastShadow(canvas, paper, {532, 727}, {630, 729}, 74);
+    PaintShoe(canvas, paper, StandingShoe, {{578, 700}, {598, 708}, {618, 714}}, 79);
+    // The shin first, then the thigh, that comes towards us.
+    PaintLimb(canvas, {{598, 584}, {596, 624}, {582, 656}, {560, 694}}, {33, 32, 27, 18}, Trousers,
+              palette::Ink, 171);
+    PaintLimb(canvas, {HisStand[0], HisStand[1], HisStand[2] + Vector2{4, 4}}, {62, 51, 37}, Trousers,
+              palette::Ink, 174);
+    PaintFolds(canvas,
+               {{{566, 604}, {590, 612}, {616, 606}},
+                {{562, 590}, {582, 600}, {600, 598}},
+                {{470, 560}, {510, 576}, {556, 590}},
+                {{556, 678}, {566, 684}, {580, 684}}},
+               176);
+}
+
+void PaintHerLeg(Canvas& canvas, const Paper& paper)
+{
+    const LinearColour shade = Mix(palette::Rust, palette::Ochre, 0.45f);
+    CastShadow(canvas, paper, {296, 724}, {378, 724}, 84);
+    // Knee, calf and ankle; the foot is bare, its heel on the ground.
+    Around(canvas, BareFoot, 60, [&](Canvas& part, Vector2 origin) {
+        std::vector<Vector2> foot = BareFoot;
+        for (Vector2& p : foot)
+            p = p - origin;
+        PaintBody(part, Melted(part.Width(), part.Height(), Round(foot), 1.5f),
+                  {.light = HerSkin,
+                   .shade = shade,
+                   .depth = 0.9f,
+                   .hatch = 0.3f,
+                   .contour = 1.15f,
+                   .back = Clay,
+                   .rim = 0.3f},
+                  0.6f, 88);
+    });
+    PaintLimb(canvas, HerStep, {30, 27, 24, 11}, HerSkin, shade, 90);
+    InkContours(canvas, paper,
+                {{Through({{362, 694}, {369, 700}, {365, 707}}), 2}, // the ankle
+                 {Through({{304, 716}, {301, 721}}), 2},             // toes
+                 {Through({{312, 713}, {309, 719}}), 2},
+                 {Through({{319, 711}, {317, 716}}), 2},
+                 {Through({{420, 664}, {404, 682}, {386, 694}}), 2}}, // the calf
+                0.15f, 91);
 }
 
 } // namespace atelier

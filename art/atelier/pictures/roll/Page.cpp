@@ -8,16 +8,18 @@ namespace atelier
 
 void Page::Words(const std::string& text, float y, float size, float weight)
 {
-    pen.nib.width = weight > 0 ? weight : 2 + size * 0.058f;
-    Write(pen, text, {PageMiddle, y}, {.size = size, .slant = 0.08f, .spacing = 1.15f, .lively = 0.8f},
+    pen.nib.width = weight > 0 ? weight : 2.4f + size * 0.066f;
+    Write(pen, text, {PageMiddle, y},
+          {.size = size, .slant = 0.08f, .narrow = SeenNarrow, .spacing = 1.5f, .lively = 0.7f},
           Anchor::Middle, ++letterSeed);
 }
 
 void Page::Aside(const std::string& text, float y, float size)
 {
-    amber.nib.width = 2 + size * 0.05f;
-    Write(amber, text, {PageMiddle, y}, {.size = size, .slant = 0.16f, .spacing = 1.2f}, Anchor::Middle,
-          ++letterSeed);
+    amber.nib.width = 2.4f + size * 0.058f;
+    Write(amber, text, {PageMiddle, y},
+          {.size = size, .slant = 0.14f, .narrow = SeenNarrow, .spacing = 1.4f, .lively = 0.7f},
+          Anchor::Middle, ++letterSeed);
 }
 
 void Page::Draw(const Line& line, float width, Press press)
@@ -52,12 +54,12 @@ Canvas Page::Finished()
     Canvas canvas(PageWidth, PageHeight);
     Mask all = lines;
     all.Unite(accents).Unite(washes);
-    // The sky behind may be as light as amber: ink close to each stroke, and a breath
-    // of night far round it.
-    Mask shade = all.Blurred(6);
-    shade.Scale(2.6f).Curve(0, 1.2f).Unite(all.Blurred(26).Scale(2)).FadeToBorder(30);
+    // The sky behind may be as light as the moon: ink close to each stroke, a bank of it along each line, and a
+    // breath of night far round it.
+    Mask shade = all.Blurred(8);
+    shade.Scale(3).Curve(0, 1).Unite(all.Blurred(28).Scale(3)).FadeToBorder(30);
     canvas.Cover(all.Blurred(64).Scale(3.2f).FadeToBorder(30), palette::Ink, 0.45f);
-    canvas.Cover(shade, palette::Ink, 0.78f);
+    canvas.Cover(shade, palette::Ink, 0.86f);
     const Mask body = WashDensity(
         paper, washes,
         {.pool = 0.9f, .poolWidth = 6, .granulation = 0.9f, .bloom = 0.8f, .bloomSize = 90, .stray = 2}, 7);

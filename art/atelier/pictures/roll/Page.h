@@ -9,6 +9,8 @@ namespace atelier
 // The pages of the closing roll. Twice the size in which a page is seen on the largest window.
 constexpr int PageWidth = 1024, PageHeight = 2148;
 constexpr float PageMiddle = PageWidth / 2.0f;
+// The screen shows a page higher than it is painted; letters are written so much wider.
+constexpr float SeenNarrow = 1.14f;
 
 // One page: what is written and drawn on it, by kind of ink.
 class Page
