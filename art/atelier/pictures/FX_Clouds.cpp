@@ -86,14 +86,14 @@ static Canvas Sky(const Tones& tones)
         const float far = Length(Vector2{x, y} - Moon);
         return c + tones.halo * (0.42f * Bell(far / 240) + 0.2f * Bell(far / 560));
     });
-    // The wash did not dry evenly, and left its shores.
+    // The wash did not dry quite evenly.
     canvas.Glaze(WashDensity(paper, Mask(W, H, 1),
-                             {.pool = 0, .granulation = 0.7f, .bloom = 1.1f, .bloomSize = 300, .stray = 0},
+                             {.pool = 0, .granulation = 0.7f, .bloom = 0.35f, .bloomSize = 300, .stray = 0},
                              38)
                      .By([](float x, float y) {
                          return Smooth(130, 520, Length(Vector2{x, y} - Moon));
                      }),
-                 Mix(tones.middle, tones.horizon, 0.5f), 0.42f);
+                 Mix(tones.middle, tones.horizon, 0.5f), 0.3f);
     // Stars, fewer towards the light.
     Mask stars(W, H);
     Pen pen(stars, paper, {.width = 2}, 34);

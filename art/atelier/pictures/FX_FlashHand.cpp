@@ -45,32 +45,75 @@ static Person WhoeverItIs()
     return {figure.Blurred(26), Filled(W, H, Ellipse({668, 430}, 138, 186)).Blurred(22), hat.Blurred(10)};
 }
 
-// What can be seen between the fingers: a brow, an eye that looks at us.
-struct Eye {
-    Mask lines, white;
-};
+// What can be seen between the fingers: an eye that looks at us, and its brow.
+constexpr Vector2 EyePlace = {744, 410};
+constexpr float EyeHalf = 48; // from the middle to a corner
 
-static Eye EyeBetweenFingers(const Paper& paper)
+// The hairs of brow and lashes.
+static Mask EyeHairs(const Paper& paper)
 {
-    Mask eye(W, H), ball(W, H);
-    Pen look(eye, paper, {.width = 6, .wobble = 0.8f, .skip = 0, .pool = 0.2f}, 21);
-    const Vector2 at = {742, 412};
-    ball.Fill(
-        Round({at + Vector2{-34, 2}, at + Vector2{-4, -15}, at + Vector2{32, -2}, at + Vector2{2, 13}}));
-    look.Stroke(Through({at + Vector2{-40, 4}, at + Vector2{-6, -19}, at + Vector2{38, -2}}),
-                {.start = 0.5f, .middle = 1, .end = 0.4f});
-    look.Stroke(Through({at + Vector2{-32, 6}, at + Vector2{2, 16}, at + Vector2{32, 2}}),
-                {.start = 0.2f, .middle = 0.5f, .end = 0.2f});
-    look.Stroke(Through({at + Vector2{-44, -24}, at + Vector2{-4, -38}, at + Vector2{46, -22}}),
-                {.start = 0.5f, .middle = 0.5f, .end = 0.2f});
-    for (int i = 0; i < 16; i++) {
-        const float k = float(i) * 5.6f;
-        look.Stroke(Through({at + Vector2{-44 + k, -46 - 6 * Hill(7, 9, float(i))},
-                             at + Vector2{-34 + k, -56 - 5 * Hill(7, 9, float(i))}}),
-                    {.start = 0.9f, .middle = 0.9f, .end = 0.3f});
+    Mask hairs(W, H);
+    Pen pen(hairs, paper, {.width = 3.6f, .wobble = 0.6f, .skip = 0.05f, .pool = 0}, 21);
+    Dice dice(23);
+    const Vector2 at = EyePlace;
+    for (int i = 0; i < 44; i++) { // the brow: hairs that lie over each other, up and outward
+        const float t = float(i) / 43, x = Mix(-50, 54, t), arch = -47 - 15 * Hill(0.58f, 0.62f, t);
+        const float lift = dice.Range(6, 12) * (1 - 0.5f * t);
+        pen.nib.width = dice.Range(2.6f, 4.4f);
+        pen.Stroke(Through({at + Vector2{x, arch + dice.Range(0, 9)}, at + Vector2{x + 7, arch - lift * 0.6f},
+                            at + Vector2{x + dice.Range(12, 19), arch - lift}}),
+                   {.start = 0.8f, .middle = 0.9f, .end = 0.1f});
     }
-    look.Dot(at + Vector2{1, -1}, 11);
-    return {eye.Blur(1.6f), ball.Blurred(2)};
+    for (int i = 0; i < 15; i++) { // lashes
+        const float t = float(i) / 14, x = Mix(-0.86f, 0.95f, t);
+        const Vector2 root = at + Vector2{x * EyeHalf, -23 * (1 - x * x)};
+        pen.nib.width = 2.2f;
+        pen.Stroke(
+            Through({root, root + Vector2{9 * x - 1, -6}, root + Vector2{17 * x + 1, -11 - 3 * (1 - x * x)}}),
+            {.start = 1, .middle = 0.7f, .end = 0.1f});
+        if (i % 2 == 0) {
+            const Vector2 below = at + Vector2{x * EyeHalf * 0.9f, 15 * (1 - 0.81f * x * x)};
+            pen.nib.width = 1.5f;
+            pen.Stroke(Through({below, below + Vector2{5 * x, 7}}),
+                       {.start = 0.6f, .middle = 0.5f, .end = 0});
+        }
+    }
+    return hairs.Blur(0.9f);
+}
+
+// The light that comes back from the eye and from what is round it, where the skin's would be `skin`.
+static float EyeLight(Vector2 place, float skin, const Noise& fibres)
+{
+    const Vector2 d = place - EyePlace;
+    const float x = d.x / EyeHalf, bow = Max(0, 1 - x * x);
+    const float upper = -23 * bow, lower = 15 * bow; // the lids
+    // The socket is in shade, deepest at the inner corner and below the brow; the lid has a crease and the lower one a bag.
+    float v = skin * (1 - 0.34f * Bell(Length({(d.x + 8) / 62, (d.y + 16) / 34})) -
+                      0.22f * Bell(Length({(d.x + 50) / 20, d.y / 26})));
+    v *= 1 - 0.55f * Hill(upper - 11 - 2 * x, 5, d.y) * Smooth(1.25f, 0.7f, Abs(x));
+    v *= 1 - 0.28f * Hill(lower + 15, 8, d.y) * Smooth(1.1f, 0.5f, Abs(x));
+    v += 0.10f * Hill(upper - 5, 5, d.y) * Smooth(1, 0.6f, Abs(x)) +
+         0.08f * Hill(lower + 5, 4, d.y) * Smooth(1, 0.6f, Abs(x));
+    const float open =
+        Smooth(-1.2f, 1.2f, d.y - upper) * Smooth(1.2f, -1.2f, d.y - lower) * (bow > 0 ? 1.0f : 0.0f);
+    if (open > 0) {
+        // The ball is round: darker to its corners, and below the lid.
+        float ball = 0.86f * (1 - 0.42f * x * x) * (1 - 0.55f * Smooth(12, 0, d.y - upper));
+        const Vector2 c = d - Vector2{2, -4};
+        const float r = Length(c) / 18;
+        const float ray = fibres.Fbm(Angle(c) * 6, r * 1.4f, 3);
+        const float iris = (0.30f + 0.20f * ray + 0.16f * Smooth(0.25f, 0.8f, c.y / 18)) *
+                           (1 - 0.75f * Smooth(0.78f, 0.97f, r)) * (1 - 0.5f * Smooth(14, 0, d.y - upper));
+        ball = Mix(ball, iris, Smooth(1.04f, 0.96f, r));
+        ball = Mix(ball, 0.015f, Smooth(0.50f, 0.42f, r));
+        ball = Mix(ball, 1.25f, Smooth(4.8f, 3.2f, Length(c - Vector2{-5, -6}))); // the flash
+        ball += 0.20f * Bell(Length(c - Vector2{6, 8}) / 5) * Smooth(0.5f, 0.6f, r) * Smooth(1, 0.9f, r);
+        v = Mix(v, ball, open);
+    }
+    // The edges of the lids: the upper one heavy with lashes.
+    v *= 1 - 0.92f * Hill(upper, 3.6f + 1.6f * Smooth(-0.6f, 0.8f, x), d.y) * Smooth(1.08f, 0.98f, Abs(x));
+    v *= 1 - 0.40f * Hill(lower, 2.4f, d.y) * Smooth(1.04f, 0.9f, Abs(x));
+    return v;
 }
 
 // Value of the negative: 0 no light came back, 1 the paper's white, above it burnt.
@@ -92,8 +135,8 @@ static Mask Exposed(const Paper& paper)
                                })
                                .Blur(5);
     const Person person = WhoeverItIs();
-    const Eye eye = EyeBetweenFingers(paper);
-    const Noise plaster(11), cloth(12);
+    const Mask hairs = EyeHairs(paper);
+    const Noise plaster(11), cloth(12), fibres(24);
     return Mask(W, H).Each([&](float x, float y) {
         const int px = Floor(x), py = Floor(y);
         const float flash = Bell(Length(Vector2{(x - 600) * 0.8f, y - 470}) / 560);
@@ -104,10 +147,7 @@ static Mask Exposed(const Paper& paper)
         const float cheek =
             0.72f * (0.25f + 0.75f * Smooth(1.05f, 0.3f, Length({(x - 710) / 150, (y - 450) / 210}))) *
             (1 - 0.5f * Smooth(380, 330, y));
-        v = Mix(v,
-                cheek * (1 - 0.9f * eye.lines.At(px, py)) +
-                    0.3f * eye.white.At(px, py) * (1 - eye.lines.At(px, py)),
-                person.face.At(px, py));
+        v = Mix(v, EyeLight({x, y}, cheek, fibres) * (1 - 0.9f * hairs.At(px, py)), person.face.At(px, py));
         v = Mix(v, 0.05f + weave * 0.8f + 0.05f * Hill(318, 26, y), person.hat.At(px, py));
         v *= 1 - 0.8f * handShade.At(px, py);
         v = Mix(v, lit.At(px, py) + 0.03f * plaster.Fbm(x / 60, y / 60, 3), hand.At(px, py));

@@ -40,8 +40,17 @@ static Mask Root(const Canvas& canvas, Vector2 at, float inner, float outer)
 
 Line Forearm(const Sight& sight, const Arm& arm)
 {
-    return Through({sight({8, 262}), sight({14, 330}), sight({6, 430}), Vector2{496 - arm.bend * 0.6f, 790},
-                    Vector2{400 - arm.bend, 1100}});
+    // It bends at the wrist only: from there it is straight.
+    const Vector2 wrist = sight({6, 322}), end = {410 - arm.bend, 1100};
+    return Through({sight({4, 256}), sight({5, 290}), Mix(wrist, end, 0.02f), Mix(wrist, end, 0.1f),
+                    Mix(wrist, end, 0.5f), end});
+}
+
+float ForearmHalf(const Arm& arm, float t)
+{
+    // Narrow at the wrist, broad where the muscles are.
+    const float from = Mix(66, 55, Smooth(0, 0.13f, t));
+    return arm.girth * (from + 54 * Smooth(0.1f, 0.75f, t) + 10 * Smooth(0.6f, 1, t));
 }
 
 // The points of a hand of common width, as the arm's girth has them.
@@ -71,89 +80,167 @@ static void PaintHollow(Canvas& canvas, const Sight& sight, const Arm& arm,
     });
 }
 
+// The body of the forearm, as far as it is seen.
+static Shape ForearmBody(const Sight& sight, const Arm& arm)
+{
+    const Line along = Forearm(sight, arm);
+    std::vector<Vector2> points;
+    std::vector<float> halves;
+    for (int i = 0; i <= 10; i++) {
+        points.push_back(PointAt(along, float(i) / 10));
+        halves.push_back(ForearmHalf(arm, float(i) / 10));
+    }
+    return Sausage(points, halves);
+}
+
 static void PaintPalm(Canvas& canvas, const Sight& sight, const Arm& arm)
 {
     const float g = arm.girth;
-    const Line along = Forearm(sight, arm);
-    Shape palm = Limb(along, 66 * g, 76 * g, 122 * g);
-    palm.Add(Round(sight(Widened(arm, {{-80, 74},
-                                       {-44, 58},
-                                       {4, 52},
-                                       {54, 58},
-                                       {96, 84},
-                                       {112, 136},
-                                       {109, 196},
-                                       {95, 256},
-                                       {74, 318},
-                                       {8, 334},
-                                       {-60, 322},
-                                       {-92, 276},
-                                       {-118, 218},
-                                       {-124, 166},
-                                       {-104, 118}}))));
-    const Mask hand = Melted(canvas.Width(), canvas.Height(), palm, 7);
+    Shape palm = ForearmBody(sight, arm);
+    palm.Add(Round(
+        sight(Widened(arm, {{-84, 96},  {-60, 74},  {-36, 78},  {-14, 64},   {10, 72},   {34, 74},  {56, 88},
+                            {78, 104},  {99, 122},  {105, 170}, {100, 226},  {84, 282},  {61, 322}, {0, 336},
+                            {-52, 322}, {-78, 288}, {-98, 246}, {-104, 206}, {-92, 160}, {-90, 126}}))));
+    // The bone of the wrist on the little finger's side.
+    palm.Add(Ellipse(sight({51 * g, 352}), 11 * g, 24 * g, sight.turn + 0.15f));
+    const Mask hand = Melted(canvas.Width(), canvas.Height(), palm, 4);
     PaintBody(canvas, hand, Skin(arm), 1, arm.seed);
-    // The heel of the hand and the ball of the thumb stand out; the hollow between them is dark.
-    PaintHollow(canvas, sight, arm, {{-38, 112}, {6, 176}, {6, 262}}, 30, 0.5f, arm.seed + 60);
-    PaintHollow(canvas, sight, arm, {{-52, 300}, {6, 312}, {66, 300}}, 12, 0.55f, arm.seed + 61);
-    PaintHollow(canvas, sight, arm, {{20, 340}, {24, 420}, {4, 520}}, 13, 0.35f, arm.seed + 62);
-    Flush(canvas, sight, {-92 * g, 210}, 66, 0.2f);
-    Flush(canvas, sight, {84 * g, 232}, 56, 0.18f);
-    Flush(canvas, sight, {20 * g, 80}, 60, 0.14f);
+    // The ball of the thumb and the heel of the hand stand out, and so do the pads below the fingers; between them it is
+    // dark.
+    PaintHollow(canvas, sight, arm, {{-44, 118}, {-6, 178}, {2, 268}}, 26, 0.55f, arm.seed + 60);
+    PaintHollow(canvas, sight, arm, {{-34, 124}, {20, 136}, {76, 150}}, 13, 0.4f, arm.seed + 63);
+    PaintHollow(canvas, sight, arm, {{-46, 306}, {6, 318}, {58, 306}}, 12, 0.6f, arm.seed + 61);
+    PaintHollow(canvas, sight, arm, {{12, 344}, {14, 420}, {-4, 520}}, 12, 0.4f, arm.seed + 62);
+    PaintHollow(canvas, sight, arm, {{44, 356}, {50, 380}, {40, 430}}, 9, 0.45f, arm.seed + 64);
+    Flush(canvas, sight, {-72 * g, 232}, 56, 0.22f);
+    Flush(canvas, sight, {78 * g, 222}, 50, 0.2f);
+    for (const Vector2 pad : {Vector2{-58, 104}, Vector2{-12, 94}, Vector2{34, 102}, Vector2{76, 132}})
+        Flush(canvas, sight, {pad.x * g, pad.y}, 24, 0.2f);
 }
 
-// A finger of a hand of common width: the line from the palm to the tip, and its half width at each point.
+// A finger of a hand of common width: its root in the palm, its two joints and its tip, and half its width at the root.
 struct HandFinger {
-    std::vector<Vector2> points;
-    std::vector<float> radii;
+    Vector2 root, middle, end, tip;
+    float half;
+    bool folded =
+        false; // in the palm: what is seen of it begins at the middle joint, and its nail looks at us
 };
 
-// The four fingers: little finger, ring finger, middle finger, forefinger.
-static std::vector<HandFinger> FingersOf(const Arm& arm)
+// The way along a finger and half its width there. It bends at its joints, is a little thicker in them, and tapers.
+struct FingerBody {
+    std::vector<Vector2> way;
+    std::vector<float> halves;
+};
+
+static FingerBody BodyOf(const HandFinger& finger)
 {
-    const float off = 66 * arm.spread;
-    HandFinger little = {{{78, 118},
-                          {104 + off * 0.25f, 66},
-                          {140 + off * 0.5f, 22},
-                          {158 + off * 0.7f, -22},
-                          {156 + off * 0.8f, -56}},
-                         {23, 21, 21, 18.5f, 15}};
-    HandFinger ring = {{{44, 96}, {54, 40}, {64, -20}, {62, -80}}, {24, 22.5f, 22, 18}};
-    if (arm.gesture == Gesture::Together) {
-        little = {{{80, 122}, {92, 76}, {102, 20}, {104, -34}}, {22, 21, 20.5f, 17}};
-    } else if (arm.gesture == Gesture::Curled) {
-        little = {{{92, 104}, {116, 92}, {118, 124}, {92, 152}, {66, 156}}, {20, 23, 22, 19, 15}};
-        ring = {{{46, 92}, {66, 62}, {72, 92}, {56, 128}, {34, 142}}, {22, 24, 23, 21, 17}};
-    } else if (arm.gesture == Gesture::Fan) {
-        little = {{{84, 140}, {124, 104}, {176, 80}, {220, 72}, {246, 56}}, {22, 20, 19, 17, 13}};
-        ring = {{{52, 100}, {92, 48}, {134, 10}, {164, -34}, {170, -70}}, {24, 22, 21, 19, 15}};
-    }
-    return {
-        little,
-        ring,
-        {{{0, 90}, {2, 30}, {4, -30}, {2, -90}}, {25, 23.5f, 23, 18}},
-        {{{-48, 100}, {-56, 40}, {-58, -20}, {-50, -80}}, {25, 23, 22, 18}},
+    FingerBody body;
+    const auto add = [&](Vector2 a, Vector2 b, float t, float half) {
+        body.way.push_back(Mix(a, b, t));
+        body.halves.push_back(half * finger.half);
     };
+    if (!finger.folded) {
+        add(finger.root, finger.middle, 0, 1.06f);
+        add(finger.root, finger.middle, 0.45f, 0.95f);
+        add(finger.root, finger.middle, 0.88f, 0.97f);
+    }
+    add(finger.middle, finger.end, finger.folded ? 0 : 0.14f, 0.97f);
+    add(finger.middle, finger.end, 0.5f, 0.87f);
+    add(finger.middle, finger.end, 0.88f, 0.87f);
+    add(finger.end, finger.tip, 0.14f, 0.86f);
+    add(finger.end, finger.tip, 0.55f, 0.82f);
+    add(finger.end, finger.tip, 1, 0.58f);
+    return body;
 }
 
-static void PaintFingers(Canvas& canvas, const Sight& sight, const Arm& arm,
-                         const std::vector<HandFinger>& fingers)
+// Forefinger, middle finger, ring finger, little finger.
+static std::vector<HandFinger> FingersOf(const Arm& arm)
 {
-    for (size_t i = 0; i < fingers.size(); i++) {
-        std::vector<float> radii = fingers[i].radii;
-        for (float& r : radii)
-            r *= arm.girth;
-        Around(canvas, sight(Widened(arm, fingers[i].points)), 60, [&](Canvas& part, Vector2 origin) {
-            const Sight here = sight.From(origin);
-            const std::vector<Vector2> points = here(Widened(arm, fingers[i].points));
-            const Mask finger = Melted(part.Width(), part.Height(), Sausage(points, radii), 2.5f);
-            Mask root =
-                Root(part, points[0] + (points[1] - points[0]) * 0.12f, radii[0] * 1.3f, radii[0] * 2.1f);
-            root.Multiply(part.Alpha());
-            PaintBody(part, finger, Skin(arm), 1, arm.seed + 10 + 10 * uint32_t(i), &root);
-        });
-        Flush(canvas, sight, Widened(arm, {fingers[i].points.back()})[0], 26, 0.35f);
+    HandFinger fore = {{-60, 100}, {-70, 8}, {-66, -50}, {-56, -98}, 25};
+    HandFinger middle = {{-13, 92}, {-12, -10}, {-8, -74}, {-2, -122}, 26};
+    HandFinger ring = {{34, 98}, {50, 6}, {60, -54}, {64, -100}, 24.5f};
+    HandFinger little = {{78, 126}, {104, 56}, {116, 14}, {120, -26}, 21.5f};
+    switch (arm.gesture) {
+    case Gesture::Loose:
+        little = {{78, 128}, {132 + 10 * arm.spread, 60}, {154, 2}, {114, -34}, 21.5f};
+        break;
+    case Gesture::Together:
+        ring = {{34, 98}, {40, 4}, {44, -54}, {46, -100}, 25};
+        little = {{79, 124}, {92, 52}, {98, 8}, {98, -30}, 22};
+        break;
+    case Gesture::Curled:
+        ring = {{34, 98}, {42, 72}, {38, 122}, {22, 156}, 29, true};
+        little = {{80, 126}, {88, 98}, {84, 142}, {68, 172}, 26, true};
+        break;
+    case Gesture::Fan:
+        ring = {{36, 98}, {86, 20}, {120, -26}, {148, -62}, 24};
+        little = {{80, 128}, {140, 88}, {176, 72}, {206, 46}, 21};
+        break;
     }
+    return {fore, middle, ring, little};
+}
+
+// A nail: the middle of its bed, the way to its end and the way to its side, in pixels of the canvas.
+static void DrawNail(Canvas& canvas, Mask& lines, Vector2 bed, Vector2 up, Vector2 side, float scale,
+                     uint32_t seed)
+{
+    std::vector<Vector2> nail;
+    for (const Vector2 p :
+         {Vector2{-0.92f, -0.5f}, Vector2{-0.98f, 0.3f}, Vector2{-0.6f, 0.95f}, Vector2{0, 1.12f},
+          Vector2{0.6f, 0.95f}, Vector2{0.98f, 0.3f}, Vector2{0.92f, -0.5f}, Vector2{0.5f, -0.8f},
+          Vector2{0, -0.88f}, Vector2{-0.5f, -0.8f}})
+        nail.push_back(bed + side * p.x + up * p.y);
+    const Mask plate = Filled(canvas.Width(), canvas.Height(), Round(nail)).Blur(0.6f * scale);
+    canvas.Cover(plate, Mix(palette::Bone, palette::Parchment, 0.2f), 0.7f);
+    Pen pen(lines, SketchPaper(), {.width = 2.6f * scale, .wobble = 0.6f * scale, .skip = 0.2f, .pool = 0.1f},
+            seed);
+    pen.Stroke(Round(nail), {0.5f, 0.9f, 0.3f});
+    pen.nib.width = 1.6f * scale;
+    pen.Stroke(Through({nail[2] - up * 0.12f, nail[3] - up * 0.1f, nail[4] - up * 0.12f}),
+               {0.3f, 0.8f, 0.2f});
+}
+
+static void PaintFinger(Canvas& canvas, const Sight& sight, const Arm& arm, const HandFinger& finger,
+                        uint32_t seed)
+{
+    FingerBody body = BodyOf(finger);
+    for (float& half : body.halves)
+        half *= arm.girth;
+    Around(canvas, sight(Widened(arm, body.way)), 60, [&](Canvas& part, Vector2 origin) {
+        const Sight here = sight.From(origin);
+        const std::vector<Vector2> points = here(Widened(arm, body.way));
+        const Mask shape = Melted(part.Width(), part.Height(), Sausage(points, body.halves), 1.6f);
+        if (finger.folded) { // it lies on the palm, and throws a shadow there
+            Mask shadow(part.Width(), part.Height());
+            shadow.Each([&](float x, float y) { return shape.Sample(x - 8, y - 10); })
+                .Blur(5)
+                .Subtract(shape)
+                .Multiply(part.Alpha());
+            part.Glaze(shadow, Mix(palette::Slate, palette::Rust, 0.3f), 0.8f);
+            PaintBody(part, shape, Skin(arm), 1, seed);
+            Mask lines(part.Width(), part.Height());
+            const Vector2 tip = points.back(), way = Normalised(tip - points[points.size() - 2]),
+                          across = Vector2{-way.y, way.x};
+            DrawNail(part, lines, tip - way * (finger.half * 0.14f), way * (finger.half * 0.55f),
+                     across * (finger.half * 0.42f), 1, seed + 3);
+            Pen pen(lines, SketchPaper(), {.width = 3, .wobble = 0.8f, .skip = 0.15f, .pool = 0.1f},
+                    seed + 4);
+            for (const float down : {0.5f, 0.8f}) { // on the knuckle
+                const Vector2 a =
+                    points[0] + Normalised(points[1] - points[0]) * (finger.half * (down - 0.4f));
+                pen.Stroke(Through({a + Vector2{-13, 1}, a + Vector2{0, 5}, a + Vector2{13, 0}}),
+                           {0.1f, 0.8f, 0.1f});
+            }
+            part.Cover(lines.Multiply(shape), palette::Ink, 0.8f);
+            return;
+        }
+        Mask root = Root(part, points[0] + (points[1] - points[0]) * 0.1f, body.halves[0] * 1.15f,
+                         body.halves[0] * 1.75f);
+        root.Multiply(part.Alpha());
+        PaintBody(part, shape, Skin(arm), 1, seed, &root);
+    });
+    Flush(canvas, sight, Widened(arm, {finger.tip})[0], 22, 0.35f);
+    Flush(canvas, sight, Widened(arm, {finger.middle})[0], 16, 0.2f);
 }
 
 // The lines of the palm, the creases of joints and wrist, the sinews.
@@ -165,99 +252,146 @@ static void DrawCreases(Canvas& canvas, const Sight& sight, const Arm& arm,
     const auto draw = [&](const std::vector<Vector2>& points, Press press = {0.25f, 1, 0.1f}) {
         pen.Stroke(Through(sight(Widened(arm, points))), press);
     };
-    draw({{-66, 104}, {-26, 138}, {4, 200}, {-4, 276}}, {0.7f, 1, 0.1f});
-    draw({{-70, 112}, {-20, 128}, {40, 158}, {82, 204}}, {0.6f, 0.9f, 0});
-    draw({{104, 138}, {62, 130}, {14, 106}, {-6, 84}}, {0.7f, 1, 0.1f});
-    draw({{22, 270}, {18, 210}, {8, 150}}, {0.1f, 0.6f, 0});
+    draw({{-80, 122}, {-40, 148}, {-10, 204}, {-16, 286}}, {0.7f, 1, 0.1f});
+    draw({{-82, 130}, {-30, 140}, {30, 166}, {76, 208}}, {0.6f, 0.9f, 0});
+    if (arm.gesture != Gesture::Curled)
+        draw({{98, 150}, {56, 144}, {14, 124}, {-16, 98}}, {0.7f, 1, 0.1f});
+    draw({{16, 274}, {12, 214}, {2, 160}}, {0.1f, 0.6f, 0});
     pen.nib.width = 2.6f;
-    draw({{-54, 318}, {-10, 328}, {64, 316}}, {0.2f, 1, 0.1f});
-    draw({{-50, 330}, {0, 338}, {44, 332}}, {0.1f, 0.8f, 0});
-    draw({{-6, 350}, {-2, 390}, {-14, 450}}, {0.1f, 0.7f, 0});
-    draw({{16, 348}, {20, 400}, {6, 470}}, {0.1f, 0.6f, 0});
-    for (const float y : {66.0f, 72.0f}) { // where the fingers begin
-        draw({{-76, y + 8}, {-54, y - 2}, {-34, y}});
-        draw({{-22, y - 6}, {0, y - 12}, {22, y - 6}});
-        draw({{32, y}, {52, y - 4}, {74, y + 8}});
+    draw({{-46, 316}, {-4, 327}, {54, 315}}, {0.2f, 1, 0.1f});
+    draw({{-42, 329}, {2, 338}, {42, 331}}, {0.1f, 0.8f, 0});
+    draw({{-12, 352}, {-12, 394}, {-26, 452}}, {0.1f, 0.8f, 0}); // two sinews
+    draw({{10, 350}, {12, 400}, {-4, 470}}, {0.1f, 0.8f, 0});
+    draw({{47, 334}, {56, 348}, {54, 366}}, {0.1f, 0.8f, 0}); // round the bone of the wrist
+    for (const HandFinger& finger : fingers) {
+        if (finger.folded)
+            continue;
+        const Vector2 way = Normalised(finger.middle - finger.root),
+                      side = Vector2{-way.y, way.x} * (finger.half * 0.86f);
+        const Vector2 at = finger.root + way * (finger.half * 0.95f); // where the finger begins
+        for (const float step : {-3.0f, 4.0f})
+            draw({at - side + way * step, at + way * (step - 4), at + side + way * step});
+        for (const Vector2 joint : {finger.middle, finger.end}) {
+            const bool last = joint.x == finger.end.x && joint.y == finger.end.y;
+            const Vector2 on = Normalised((last ? finger.tip : finger.end) -
+                                          (last ? finger.middle : finger.root)),
+                          across = Vector2{-on.y, on.x} * (finger.half * 0.74f);
+            for (const float step : {-3.0f, 3.0f})
+                draw({joint - across + on * step, joint + on * (step + 2.5f), joint + across + on * step},
+                     {0.1f, 0.8f, 0.1f});
+        }
     }
-    // Joints of the fingers that are seen beside the card or in the palm, and the sinews of the wrist.
-    const auto joint = [&](const HandFinger& finger, size_t knuckle) {
-        const Vector2 at = finger.points[knuckle],
-                      way = Normalised(finger.points[knuckle + 1] - finger.points[knuckle - 1]);
-        const Vector2 across = Vector2{-way.y, way.x} * (finger.radii[knuckle] * 0.82f);
-        for (const float step : {-3.5f, 3.0f})
-            draw({at - across + way * step, at + way * (step + 2.5f), at + across + way * step});
-    };
-    const HandFinger &little = fingers[0], &ring = fingers[1];
-    if (arm.gesture != Gesture::Together) {
-        joint(little, 2);
-        joint(little, 3);
-    }
-    if (arm.gesture == Gesture::Curled || arm.gesture == Gesture::Fan) {
-        joint(ring, 2);
-        joint(ring, 3);
-    }
-    pen.nib.width = 3;
-    draw({{-22, 344}, {-20, 382}, {-34, 436}}, {0, 0.8f, 0});
-    draw({{34, 340}, {40, 386}, {30, 440}}, {0, 0.7f, 0});
-    canvas.Cover(creases, Mix(palette::Ink, palette::Rust, 0.15f), 0.8f);
+    canvas.Cover(creases.Multiply(canvas.Alpha()), Mix(palette::Ink, palette::Rust, 0.15f), 0.8f);
 }
 
 void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm)
 {
     const std::vector<HandFinger> fingers = FingersOf(arm);
     PaintPalm(canvas, sight, arm);
-    PaintFingers(canvas, sight, arm, fingers);
+    for (size_t i = 0; i < fingers.size(); i++)
+        PaintFinger(canvas, sight, arm, fingers[i], arm.seed + 10 + 10 * uint32_t(i));
     DrawCreases(canvas, sight, arm, fingers);
+    // The card's shadow on what is behind it.
+    const float a = sight.cardHalf;
+    const Mask shadow =
+        Filled(canvas.Width(), canvas.Height(),
+               Straight(
+                   sight({{-a + 8, -2 * a}, {a + 10, -2 * a}, {a + 10, 13}, {-a + 8, 13}, {-a + 8, -2 * a}})))
+            .Blur(6)
+            .Multiply(canvas.Alpha());
+    canvas.Glaze(shadow, Mix(palette::Slate, palette::Rust, 0.3f), 0.9f);
 }
 
-void PaintThumb(Canvas& whole, const Sight& far, const Arm& arm)
+// What lies before the card: a body that grows out of what is painted about `root`, its shadow on the card, and its nail.
+struct Digit {
+    std::vector<Vector2> way;
+    std::vector<float> halves;
+    Vector2 root;
+    float rootInner, rootOuter;
+    Vector2 bed, up, side;      // of the nail
+    std::vector<Vector2> joint; // a crease over it, drawn three times
+};
+
+static void PaintDigit(Canvas& whole, const Sight& far, const Arm& arm, const Digit& digit, uint32_t seed)
 {
-    const float s = far.scale, g = arm.girth;
-    const Stuff skin = Skin(arm);
-    const std::vector<Vector2> way = {{-72, 214}, {-106, 150}, {-114, 84}, {-98, 24}, {-78, -12}};
-    std::vector<float> radii = {44, 34, 27, 26, 19};
-    for (float& r : radii)
-        r *= g * s;
-    Around(whole, far(way), 84 * s, [&](Canvas& canvas, Vector2 origin) {
+    const float s = far.scale;
+    std::vector<float> halves = digit.halves;
+    for (float& half : halves)
+        half *= arm.girth * s;
+    Around(whole, far(digit.way), 84 * s, [&](Canvas& canvas, Vector2 origin) {
         const Sight sight = far.From(origin);
-        const Mask thumb = Melted(canvas.Width(), canvas.Height(), Sausage(sight(way), radii), 2.5f * s);
-        Mask root = Root(canvas, sight({-68, 208}), 56 * g * s, 110 * g * s);
+        const Mask body =
+            Melted(canvas.Width(), canvas.Height(), Sausage(sight(digit.way), halves), 2.2f * s);
+        Mask root = Root(canvas, sight(digit.root), digit.rootInner * s, digit.rootOuter * s);
         root.Multiply(canvas.Alpha());
-        // Its shadow on the card.
         const Vector2 cast = sight({9, 7}) - sight({0, 0});
         Mask shadow(canvas.Width(), canvas.Height());
-        shadow.Each([&](float x, float y) { return thumb.Sample(x - cast.x, y - cast.y); })
+        shadow.Each([&](float x, float y) { return body.Sample(x - cast.x, y - cast.y); })
             .Blur(4 * s)
-            .Subtract(thumb);
-        shadow.Multiply(canvas.Alpha()).Subtract(Root(canvas, sight({-76, 190}), 100 * s, 150 * s));
+            .Subtract(body);
+        shadow.Multiply(canvas.Alpha())
+            .Subtract(
+                Root(canvas, sight(digit.root), 1.4f * digit.rootInner * s, 1.5f * digit.rootOuter * s));
         canvas.Glaze(shadow, Mix(palette::Slate, palette::Rust, 0.3f), 0.75f);
 
-        PaintBody(canvas, thumb, skin, s, arm.seed + 90, &root);
-        Flush(canvas, sight, way.back(), 34, 0.5f);
-        Flush(canvas, sight, way[2], 30, 0.25f);
-
+        PaintBody(canvas, body, Skin(arm), s, seed, &root);
+        Flush(canvas, sight, digit.way.back(), 30, 0.45f);
         Mask lines(canvas.Width(), canvas.Height());
         Pen pen(lines, SketchPaper(), {.width = 2.6f * s, .wobble = 0.6f * s, .skip = 0.2f, .pool = 0.1f},
-                arm.seed + 95);
-        // The joint, and the nail.
-        for (const float y : {0.0f, 6.0f, 13.0f})
-            pen.Stroke(Through(sight({{-128 + y * 0.3f, 70 + y}, {-112, 65 + y}, {-98, 69 + y}})),
-                       {0.1f, 0.8f, 0.1f});
-        const Vector2 bed = sight({-83, -5}), up = sight({-73, -23}) - bed, side = sight({-70, 2}) - bed;
-        std::vector<Vector2> nail;
-        for (const Vector2 p :
-             {Vector2{-0.92f, -0.5f}, Vector2{-0.98f, 0.3f}, Vector2{-0.6f, 0.95f}, Vector2{0, 1.12f},
-              Vector2{0.6f, 0.95f}, Vector2{0.98f, 0.3f}, Vector2{0.92f, -0.5f}, Vector2{0.5f, -0.8f},
-              Vector2{0, -0.88f}, Vector2{-0.5f, -0.8f}})
-            nail.push_back(bed + side * p.x + up * p.y);
-        const Mask plate = Filled(canvas.Width(), canvas.Height(), Round(nail)).Blur(0.6f * s);
-        canvas.Cover(plate, Mix(palette::Bone, palette::Parchment, 0.2f), 0.7f);
-        pen.Stroke(Round(nail), {0.5f, 0.9f, 0.3f});
-        pen.nib.width = 1.6f * s;
-        pen.Stroke(Through({nail[2] - up * 0.12f, nail[3] - up * 0.1f, nail[4] - up * 0.12f}),
-                   {0.3f, 0.8f, 0.2f});
-        canvas.Cover(lines.Multiply(thumb), palette::Ink, 0.85f);
+                seed + 5);
+        for (int i = 0; i < 3 && !digit.joint.empty(); i++) {
+            std::vector<Vector2> crease = digit.joint;
+            for (Vector2& p : crease)
+                p.y += 6.5f * float(i);
+            pen.Stroke(Through(sight(crease)), {0.1f, 0.8f, 0.1f});
+        }
+        const Vector2 bed = sight(digit.bed);
+        DrawNail(canvas, lines, bed, sight(digit.bed + digit.up) - bed, sight(digit.bed + digit.side) - bed,
+                 s, seed + 6);
+        canvas.Cover(lines.Multiply(body), palette::Ink, 0.85f);
     });
+}
+
+void PaintGrip(Canvas& canvas, const Sight& sight, const Arm& arm)
+{
+    if (arm.gesture == Gesture::Loose) {
+        const HandFinger little = FingersOf(arm)[3];
+        const std::vector<Vector2> ends = Widened(arm, {little.middle, little.end, little.tip});
+        const Vector2 way = Normalised(ends[2] - ends[1]), side = {-way.y, way.x};
+        PaintDigit(
+            canvas, sight, arm,
+            {.way = {Mix(ends[0], ends[1], 0.86f), Mix(ends[1], ends[2], 0.16f), Mix(ends[1], ends[2], 0.6f),
+                     ends[2]},
+             .halves = {0.87f * little.half, 0.87f * little.half, 0.83f * little.half, 0.6f * little.half},
+             .root = Mix(ends[0], ends[1], 0.8f),
+             .rootInner = 13,
+             .rootOuter = 24,
+             .bed = ends[2] - way * 3,
+             .up = way * 12,
+             .side = side * 8.5f,
+             .joint = {}},
+            arm.seed + 70);
+    }
+    // The bone in the ball of the thumb, the joint, the last joint, the tip.
+    PaintDigit(canvas, sight, arm,
+               {.way = {{-46, 286},
+                        {-76, 246},
+                        {-106, 196},
+                        {-117, 156},
+                        {-119, 112},
+                        {-116, 76},
+                        {-106, 36},
+                        {-93, 8},
+                        {-80, -12}},
+                .halves = {44, 45, 36, 28.5f, 26, 28.5f, 27, 24.5f, 17.5f},
+                .root = {-48, 276},
+                .rootInner = 54 * arm.girth,
+                .rootOuter = 104 * arm.girth,
+                .bed = {-85, -4},
+                .up = {11, -18},
+                .side = {12.5f, 7.5f},
+                .joint = {{-134, 78}, {-116, 72}, {-102, 78}}},
+               arm.seed + 90);
 }
 
 } // namespace atelier

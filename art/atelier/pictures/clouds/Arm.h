@@ -12,7 +12,7 @@ enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 
 // What the fingers do that are not needed for the card.
 enum class Gesture {
-    Loose,    // the little finger stands off, as far as it likes
+    Loose,    // the little finger goes round the card's edge and holds it from the front
     Together, // all four are pressed together behind the card
     Curled,   // ring and little finger lie in the palm
     Fan       // ring and little finger are spread like a fan
@@ -28,13 +28,16 @@ struct Arm {
     Gesture gesture;
 };
 
-// All but the thumb: forearm, palm, fingers. The card goes over the fingers.
+// All but what lies before the card: forearm, palm, fingers. The card goes over the fingers.
 void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm);
-void PaintThumb(Canvas& canvas, const Sight& sight, const Arm& arm);
+// What holds the card from the front: the thumb, and the tip of a finger that comes round the edge.
+void PaintGrip(Canvas& canvas, const Sight& sight, const Arm& arm);
 // What the arm wears, over the forearm.
 void PaintWear(Canvas& canvas, const Sight& sight, const Arm& arm);
 
-// The middle of the forearm, from the palm to beyond the picture's border.
+// The middle of the forearm, from the palm over the wrist to beyond the picture's border, and half its width at a part t of
+// the way.
 Line Forearm(const Sight& sight, const Arm& arm);
+float ForearmHalf(const Arm& arm, float t);
 
 } // namespace atelier

@@ -70,40 +70,44 @@ static void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
     canvas.Lay(sheet.CutOut(card), 0, 0);
 }
 
-// The cloud that the arm comes out of: banks of it before the elbow, lit from above, torn at their upper rim.
-static void PaintCloudBank(Canvas& canvas, const Arm& arm)
+// The cloud that the arm comes out of: banks of it before the elbow, without an edge, of the colour of the sea behind it.
+// The sky turns to rust before the third hand comes.
+static void PaintCloudBank(Canvas& canvas, const Arm& arm, bool rust)
 {
+    const LinearColour low =
+        rust ? Mix(palette::Rust, palette::Ink, 0.42f) : Mix(palette::Night, palette::Slate, 0.75f);
+    const LinearColour high = rust ? Mix(Mix(palette::Ochre, palette::Rust, 0.28f), palette::Parchment, 0.14f)
+                                   : Mix(palette::Slate, palette::Mist, 0.72f);
     const Line along = Forearm(InPicture, arm);
-    const Vector2 elbow = PointAt(along, 0.70f);
+    const Vector2 elbow = PointAt(along, 0.68f);
     const Noise curl(arm.seed + 99), shade(arm.seed + 98);
     Dice dice(arm.seed + 97);
     Mask bank(Size, Size);
-    for (int i = 0; i < 26; i++) {
+    for (int i = 0; i < 34; i++) {
         const float aside = 0.9f * dice.Bell();
-        const Vector2 at = elbow + Vector2{aside * 135, 30 + 24 * aside * aside + dice.Range(-34, 40)};
-        const float radius = dice.Range(62, 118) / (1 + 0.3f * aside * aside);
-        bank.Screen(Filled(Size, Size, Ellipse(at, radius * 1.25f, radius * 0.8f)).Scale(0.55f));
+        const Vector2 at = elbow + Vector2{aside * 150, 44 + 26 * aside * aside + dice.Range(-40, 50)};
+        const float radius = dice.Range(54, 112) / (1 + 0.3f * aside * aside);
+        bank.Screen(Filled(Size, Size, Ellipse(at, radius * 1.35f, radius * 0.9f)).Scale(0.5f));
     }
-    bank.Blur(13);
+    bank.Blur(20);
     Mask torn(Size, Size), light(Size, Size);
     torn.Each([&](float x, float y) {
         const Vector2 q = curl.Warp(x / 110, y / 90, 0.30f, 4);
-        const float body = 0.6f * bank.Sample(q.x * 110, q.y * 90) + 0.4f * bank.Sample(x, y);
-        return Smooth(0.05f, 0.50f, body * (0.9f + 0.5f * curl.Fbm(x / 80, y / 56, 4)));
+        const float body = 0.5f * bank.Sample(q.x * 110, q.y * 90) + 0.5f * bank.Sample(x, y);
+        return Smooth(0.05f, 0.62f, body * (0.95f + 0.5f * curl.Fbm(x / 80, y / 56, 4)));
     });
+    const Mask form = torn.Blurred(12);
     light.Each([&](float x, float y) {
-        return Clamp(0.50f + 1.1f * (torn.Sample(x, y) - torn.Sample(x - 16, y - 26)) +
-                     0.22f * shade.Fbm(x / 70, y / 46, 3) - 0.12f * Smooth(elbow.y, elbow.y + 120, y));
+        return Clamp(0.42f + 0.75f * (form.Sample(x, y) - form.Sample(x - 14, y - 30)) +
+                     0.30f * shade.Fbm(x / 70, y / 46, 4) - 0.3f * Smooth(elbow.y, elbow.y + 150, y));
     });
-    torn.Blur(2.5f).By([](float, float y) { return Smooth(985, 880, y); }).FadeToBorder(40);
+    torn.Blur(5).By([](float, float y) { return Smooth(995, 900, y); }).FadeToBorder(60);
+    // A breath of it lies far round.
+    Mask haze = bank.Blurred(34);
+    haze.Scale(0.8f).By([](float, float y) { return Smooth(985, 860, y); }).FadeToBorder(60);
+    canvas.Cover(haze, Mix(low, high, 0.6f), 0.55f);
     canvas.Cover(
-        torn,
-        [&](float x, float y) {
-            const LinearColour low = Mix(Mix(palette::Slate, palette::Rust, 0.25f), palette::Mist, 0.35f),
-                               high = Mix(palette::Mist, palette::Bone, 0.55f);
-            return Mix(low, high, light.Sample(x, y));
-        },
-        0.96f);
+        torn, [&](float x, float y) { return Mix(low, high, light.Sample(x, y)); }, 0.94f);
 }
 
 Canvas GreetingHand(int greeting)
@@ -113,10 +117,10 @@ Canvas GreetingHand(int greeting)
     PaintHand(canvas, InPicture, arm);
     PaintWear(canvas, InPicture, arm);
     PaintBlankCard(canvas, InPicture, arm.seed + 1000);
-    PaintThumb(canvas, InPicture, arm);
+    PaintGrip(canvas, InPicture, arm);
     SketchPaper().Show(canvas, 0.6f);
     canvas.CutOut(Mask(Size, Size).Each([](float, float y) { return Smooth(1000, 900, y); }, 2));
-    PaintCloudBank(canvas, arm);
+    PaintCloudBank(canvas, arm, greeting >= 2);
     return Squeezed(canvas, Size / 2, Size / 2);
 }
 
@@ -183,7 +187,7 @@ Canvas GreetingCard(int greeting)
     }
     canvas.Cover(lines, palette::Ink, 0.94f);
     canvas.Lay(Placed(text, middle, level, 1, Size, Size, place), 0, 0);
-    PaintThumb(canvas, OnCard, words.arm);
+    PaintGrip(canvas, OnCard, words.arm);
     canvas.CutOut(card);
     return Squeezed(canvas, Size / 2, Size / 2);
 }

@@ -10,12 +10,9 @@ namespace atelier
 // A place on the forearm: `t` along it, `u` across it, -1 to 1 from the left outline to the right one.
 struct RoundArm {
     Line along;
-    float girth;
+    const Arm& arm;
 
-    float Half(float t) const
-    {
-        return girth * (66 * (1 - t) * (1 - 2 * t) + 76 * 4 * t * (1 - t) + 122 * t * (2 * t - 1));
-    }
+    float Half(float t) const { return ForearmHalf(arm, t); }
     Vector2 Across(float t) const
     {
         const Vector2 d = DirectionAt(along, t);
@@ -311,7 +308,7 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 
 void PaintWear(Canvas& canvas, const Sight& sight, const Arm& arm)
 {
-    const RoundArm limb = {Forearm(sight, arm), arm.girth};
+    const RoundArm limb = {Forearm(sight, arm), arm};
     const uint32_t seed = arm.seed + 200;
     switch (arm.wear) {
     case Wear::Wool:

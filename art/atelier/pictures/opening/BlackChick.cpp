@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "art/atelier/pictures/opening/Opening.h"
 
+#include "art/atelier/DryBrush.h"
 #include "art/atelier/Pen.h"
 #include "art/atelier/Wash.h"
 
@@ -238,11 +239,40 @@ static void PaintEye(Canvas& canvas, const Paper& paper)
          34);
     Wash(ball, paper, iris,
          {.pigment = palette::Amber, .density = 1.2f, .pool = 1, .poolWidth = 6, .stray = 1}, 35);
+    // Brushed as the feathers are: round the ball, and out from the pupil.
+    Mask turned(W, H), rays(W, H);
+    DryBrush brush(turned, paper,
+                   {.width = 15, .count = 12, .thickness = 1.8f, .load = 0.5f, .ragged = 0.3f, .wave = 40},
+                   37),
+        ray(rays, paper,
+            {.width = 9, .count = 6, .thickness = 1.6f, .load = 0.6f, .ragged = 0.4f, .wave = 30}, 38);
+    for (int i = 0; i < 7; i++) {
+        const float r = 44 + 3.6f * float(i), from = 0.3f + 0.5f * float(i % 3);
+        brush.Stroke(Arc(eye, r * 0.95f, r, from, from + 3.2f));
+    }
+    for (int i = 0; i < 16; i++) {
+        const float a = 0.3927f * float(i);
+        const Vector2 d = {Cos(a), Sin(a)};
+        ray.Stroke(Straight({eye + Vector2{15, 9} + d * 22, eye + Vector2{14, 8} + d * 37}));
+    }
+    ball.Glaze(turned.Multiply(white), Mix(palette::Mist, palette::Slate, 0.45f), 0.75f);
+    ball.Glaze(rays.Multiply(iris), palette::Rust, 0.8f);
     ball.Cover(pupil, palette::Ink);
     ball.Cover(Filled(W, H, Ellipse(eye + Vector2{4, -6}, 7, 8)).Blur(1.2f), palette::Bone);
     canvas.Lay(ball.CutOut(white), 0, 0);
     Pen lidPen(lid, paper, {.width = 8, .wobble = 1}, 36);
     lidPen.Stroke(Ellipse(eye, 67, 71, 0.4f), {.start = 0.6f, .middle = 0.8f, .end = 0.5f});
+    // Down lies over its border.
+    Dice tuft(39);
+    for (int i = 0; i < 110; i++) {
+        const float a = tuft.Range(0, 2 * Pi), lean = a + tuft.Range(-0.16f, 0.16f);
+        const float in = tuft.Range(50, 66) + (Sin(a) < -0.2f ? -5.0f : 3.0f);
+        lidPen.nib.width = tuft.Range(3, 5.5f);
+        lidPen.Stroke(
+            Through({eye + Vector2{Cos(lean), Sin(lean)} * 84, eye + Vector2{Cos(a), Sin(a) * 1.05f} * 70,
+                     eye + Vector2{Cos(a), Sin(a) * 1.05f} * in}),
+            {.start = 0.9f, .middle = 0.8f, .end = 0});
+    }
     lidPen.nib.width = 4;
     for (int i = 0; i < 9; i++) {
         const float a = -2.7f + 0.27f * float(i);

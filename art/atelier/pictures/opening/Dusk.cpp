@@ -89,7 +89,7 @@ void DrawField(Canvas& canvas, const Paper& paper, const Ridge& ridge)
     Pen crows(field, paper, {.width = 2, .wobble = 0.2f, .skip = 0, .pool = 0}, 221);
     for (const Vector2 at : {Vector2{540, 236}, Vector2{560, 226}, Vector2{588, 242}})
         DrawCrow(crows, at, 6);
-    canvas.Cover(field, palette::Ink, 0.95f);
+    canvas.Cover(field, palette::Ink);
 }
 
 void DrawWood(Canvas& canvas, const Paper& paper)
