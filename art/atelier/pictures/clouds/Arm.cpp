@@ -162,7 +162,7 @@ static std::vector<HandFinger> FingersOf(const Arm& arm)
     HandFinger little = {{78, 126}, {104, 56}, {116, 14}, {120, -26}, 21.5f};
     switch (arm.gesture) {
     case Gesture::Loose:
-        little = {{78, 128}, {132 + 10 * arm.spread, 60}, {154, 2}, {114, -34}, 21.5f};
+        little = {{60, 146}, {122 + 8 * arm.spread, 54}, {150, -4}, {112, -38}, 22.5f};
         break;
     case Gesture::Together:
         ring = {{34, 98}, {40, 4}, {44, -54}, {46, -100}, 25};
@@ -173,8 +173,8 @@ static std::vector<HandFinger> FingersOf(const Arm& arm)
         little = {{80, 126}, {88, 98}, {84, 142}, {68, 172}, 26, true};
         break;
     case Gesture::Fan:
-        ring = {{36, 98}, {86, 20}, {120, -26}, {148, -62}, 24};
-        little = {{80, 128}, {140, 88}, {176, 72}, {206, 46}, 21};
+        ring = {{36, 98}, {84, 18}, {108, -34}, {114, -80}, 24};
+        little = {{58, 140}, {138, 86}, {174, 66}, {204, 38}, 22};
         break;
     }
     return {fore, middle, ring, little};

@@ -53,9 +53,13 @@ Canvas GlowMask()
     TraceLight(order, Round(HerFace), 4.5f, 0.48f, 0.54f);
     TraceLight(order, Through(HerArm), 7, 0.46f, 0.62f);
     TraceLight(order, Through(HerStep), 4, 0.50f, 0.54f);
+    Shape him = Between(HisBack, HisFront);
+    him.Add(Limb(Through(HisPush), 56, 31, 15));
+    him.Add(Limb(Through(HisStand), 60, 40, 18));
+    him.Add(Limb(Through(HisHold), 40, 29, 16));
+    order.Subtract(Filled(W, H, him).Blur(2));
     TraceLight(order, Through(HisPush), 6, 0.50f, 0.56f);
     TraceLight(order, Through(HisStand), 6, 0.51f, 0.56f);
-    order.Subtract(Filled(W, H, Between(HisBack, HisFront)).Blur(2));
     // He, and the arms that hold.
     Line arm = Through(HisArm);
     std::reverse(arm.begin(), arm.end());
