@@ -126,7 +126,7 @@ static void DrawLamp(Page& page, Vector2 at)
                             at + Vector2{0, 40}, at + Vector2{-11, 26}, at + Vector2{-12, -6}}));
     // The beam is low, as the name says.
     for (int i = 0; i < 14; i++) {
-        const float a = 0.16f + 0.055f * float(i), r0 = 96, r1 = 200 + page.dice.Range(0, 90);
+        const float a = 0.16f + 0.042f * float(i), r0 = 96, r1 = 166 + page.dice.Range(0, 66);
         for (float side = -1; side < 2; side += 2) {
             page.amber.nib.width = 3;
             page.amber.Stroke(
