@@ -147,17 +147,6 @@ Canvas& Canvas::Lay(const Canvas& over, int left, int top, float opacity)
     return *this;
 }
 
-Canvas& Canvas::Add(const Canvas& light, int left, int top, float strength)
-{
-    for (int y = std::max(0, -top); y < std::min(light.height, height - top); y++)
-        for (int x = std::max(0, -left); x < std::min(light.width, width - left); x++) {
-            Pixel& p = At(left + x, top + y);
-            const Pixel& q = light.At(x, y);
-            p = {p.r + q.r * strength, p.g + q.g * strength, p.b + q.b * strength, p.a};
-        }
-    return *this;
-}
-
 Canvas& Canvas::CutOut(const Mask& mask)
 {
     for (int y = 0; y < height; y++)

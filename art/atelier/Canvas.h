@@ -48,8 +48,6 @@ public:
 
     // Another canvas laid over this one, its top left corner at (x, y).
     Canvas& Lay(const Canvas& over, int x, int y, float opacity = 1);
-    // Another canvas's light added.
-    Canvas& Add(const Canvas& light, int x, int y, float strength = 1);
     Canvas& CutOut(const Mask& mask); // alpha and light times the mask
 
     Canvas Crop(int left, int top, int cropWidth, int cropHeight) const; // what lies outside is clear

@@ -164,15 +164,6 @@ Line Turned(Line line, float radians, Vector2 about)
     return line;
 }
 
-Line Mirrored(Line line, float axisX)
-{
-    for (Vector2& p : line)
-        p.x = 2 * axisX - p.x;
-    // A mirrored outline would run the other way round.
-    std::reverse(line.begin(), line.end());
-    return line;
-}
-
 Line Beside(const Line& line, float by)
 {
     Line result = line;

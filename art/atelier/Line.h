@@ -32,7 +32,6 @@ Line Part(const Line& line, float t0, float t1);
 Line Moved(Line line, Vector2 by);
 Line Scaled(Line line, float by, Vector2 about = {});
 Line Turned(Line line, float radians, Vector2 about = {});
-Line Mirrored(Line line, float axisX); // left and right change places about the line x = axisX
 // Each point moved along its normal (to the right-hand side of the way, y down) by `by`.
 Line Beside(const Line& line, float by);
 // The line shaken by a smooth noise: up to about `by` pixels, in waves about `wave` pixels long.

@@ -306,13 +306,6 @@ Mask& Mask::Scale(float factor)
     return *this;
 }
 
-Mask& Mask::Invert()
-{
-    for (float& value : values)
-        value = 1 - value;
-    return *this;
-}
-
 Mask& Mask::Multiply(const Mask& other)
 {
     for (size_t i = 0; i < values.size(); i++)

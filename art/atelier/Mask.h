@@ -45,7 +45,6 @@ public:
                 uint32_t seed);      // edges pushed about by up to `by` pixels in waves of `wave`
     Mask& Curve(float lo, float hi); // Smooth(lo, hi, value)
     Mask& Scale(float factor);
-    Mask& Invert(); // 1 - value
     Mask& Multiply(const Mask& other);
     Mask& Unite(const Mask& other);    // the greater of the two
     Mask& Screen(const Mask& other);   // 1 - (1 - a)(1 - b): layers of ink

@@ -55,26 +55,6 @@ void Biquad::Peak(double hz, double q, double decibel)
         (1 - w.alpha / a) / n);
 }
 
-void Biquad::LowShelf(double hz, double decibel)
-{
-    const Warp w(hz, 0.7071);
-    const double a = std::pow(10.0, decibel / 40), r = 2 * std::sqrt(a) * w.alpha, c = w.cosine;
-    const double n = (a + 1) + (a - 1) * c + r;
-    Set(a * ((a + 1) - (a - 1) * c + r) / n, 2 * a * ((a - 1) - (a + 1) * c) / n,
-        a * ((a + 1) - (a - 1) * c - r) / n, -2 * ((a - 1) + (a + 1) * c) / n,
-        ((a + 1) + (a - 1) * c - r) / n);
-}
-
-void Biquad::HighShelf(double hz, double decibel)
-{
-    const Warp w(hz, 0.7071);
-    const double a = std::pow(10.0, decibel / 40), r = 2 * std::sqrt(a) * w.alpha, c = w.cosine;
-    const double n = (a + 1) - (a - 1) * c + r;
-    Set(a * ((a + 1) + (a - 1) * c + r) / n, -2 * a * ((a - 1) + (a + 1) * c) / n,
-        a * ((a + 1) + (a - 1) * c - r) / n, 2 * ((a - 1) - (a + 1) * c) / n,
-        ((a + 1) - (a - 1) * c - r) / n);
-}
-
 void Biquad::Run(Samples& sound)
 {
     for (float& x : sound)

@@ -16,8 +16,6 @@ public:
     void HighPass(double hz, double q = 0.7071);
     void BandPass(double hz, double q); // 0 dB at its middle
     void Peak(double hz, double q, double decibel);
-    void LowShelf(double hz, double decibel);
-    void HighShelf(double hz, double decibel);
     void Set(double c0, double c1, double c2, double d1, double d2); // numerator c, denominator 1, d1, d2
 
     float Next(float x)

@@ -19,7 +19,6 @@ public:
     void Ring(Samples& sound, size_t begin, size_t end);
     // From now on everything decays at least so quickly: a damper.
     void Damp(double decay);
-    bool Silent() const { return groups.empty(); }
 
 private:
     using Lanes = float __attribute__((vector_size(16)));

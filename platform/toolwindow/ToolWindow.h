@@ -64,7 +64,6 @@ public:
 
     void SetTitle(const std::string& text); // costs nothing if it is the one that is shown
     void SetFullScreen(bool full);
-    bool IsFullScreen() const { return fullScreen; }
 
     // Pixels of ImGui's coordinates per pixel of the design: every size is multiplied by it. 1 to 4.
     float Scale() const { return scale; }

@@ -152,13 +152,6 @@ bool MusicTransport::IsPlaying() const
     return work->playing;
 }
 
-void MusicTransport::Prepare(double seconds)
-{
-    work->TakeFile();
-    if (!work->playing && work->hasMusic)
-        work->deck->Stop(Milliseconds(seconds));
-}
-
 double MusicTransport::Work::SilentPosition() const
 {
     const double passed = double(platform::ReadCounter() - startCount) / double(platform::CounterFrequency());

@@ -40,9 +40,6 @@ public:
     void Stop();
     bool IsPlaying() const;
 
-    // Gets the place ready while the play head rests there, so that Play sounds at once. Never needed.
-    void Prepare(double seconds);
-
     // What is heard now; where it started, until the first sample is heard; where it stopped, after Stop. Never goes
     // back while it plays on. Behind the music it runs on in silence.
     double PositionSeconds();

@@ -30,7 +30,7 @@ static void AddMessages(const Outline& outline, lint::Show* show, TimelineConten
         ids[b] =
             registry.GetMessageTable()->FindMessage(block.message.c_str(), registry.FindEffect(block.effect));
         const size_t first = order.size();
-        for (size_t i = 0; i < block.times.size() && order.size() < MostMessages; i++) {
+        for (size_t i = 0; i < block.times.size() && order.size() < MaxMessages; i++) {
             const ItemId item = {b, int(i)};
             const auto place =
                 contents->messagesOf.emplace_hint(contents->messagesOf.end(), item, std::vector<size_t>());

@@ -7,7 +7,6 @@ namespace edit
 {
 
 static const double roomBehind = 0.03; // of the extent, right of its end, when all of it is shown
-static const double roomBeside = 0.08; // of what ZoomTo shows, on either side
 static const double pageTurn = 0.9;    // of the width: where the play head turns the page
 static const double pageStart = 0.08;  // of the width: where it goes on
 static const double revealGap = 24;    // pixels between what is revealed and the edge
@@ -68,16 +67,6 @@ void TimelineView::ZoomAt(double x, double factor)
 void TimelineView::ZoomToExtent()
 {
     whole = true;
-    Confine();
-}
-
-void TimelineView::ZoomTo(double from, double to)
-{
-    whole = false;
-    const double room = std::max(to - from, 0.1) * roomBeside;
-    perSecond = width / (to - from + 2 * room);
-    Confine();
-    start = (from + to) / 2 - width / perSecond / 2;
     Confine();
 }
 

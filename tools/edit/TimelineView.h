@@ -38,8 +38,7 @@ public:
 
     void ZoomAt(double x, double factor); // what stands at x stays there; above 1 is closer
     void ZoomToExtent();
-    void ZoomTo(double from, double to); // with a little room beside it
-    void Scroll(double pixels);          // to later times
+    void Scroll(double pixels); // to later times
     void MoveTo(double newStart);
 
     // Scrolls by as little as it takes to have it in sight; the beginning, if all of it finds no room.

@@ -34,8 +34,8 @@ void UserSettings::Remember(const ScriptMemory& memory)
 {
     std::erase_if(scripts, [&](const ScriptMemory& other) { return other.path == memory.path; });
     scripts.insert(scripts.begin(), memory);
-    if (scripts.size() > MostScripts)
-        scripts.resize(MostScripts);
+    if (scripts.size() > MaxScripts)
+        scripts.resize(MaxScripts);
 }
 
 // Writing
@@ -166,7 +166,7 @@ bool UserSettings::FromJson(const std::string& text)
         return true;
     scripts.clear();
     for (const Json& object : list->GetArray()) {
-        if (!object.IsObject() || scripts.size() == MostScripts)
+        if (!object.IsObject() || scripts.size() == MaxScripts)
             continue;
         const ScriptMemory memory = ReadMemory(object);
         if (!memory.path.empty())

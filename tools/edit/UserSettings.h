@@ -21,7 +21,7 @@ struct ScriptMemory {
 };
 
 struct UserSettings {
-    static constexpr size_t MostScripts = 20;
+    static constexpr size_t MaxScripts = 20;
 
     int width = 1280; // of the window, pixels of the design
     int height = 800;
@@ -35,13 +35,13 @@ struct UserSettings {
     SnapSetting snap;
     std::vector<ScriptMemory> scripts; // the one that was open last comes first
 
-    // What is remembered of the script; if that is nothing, all as at the start, but the tempo used last.
+    // What is remembered of the script; if that is nothing, the default values with the tempo used last.
     ScriptMemory MemoryOf(const std::string& path) const;
-    // Puts it in front, in place of what was remembered.
+    // Puts the script first in the list, in place of what was remembered of it.
     void Remember(const ScriptMemory& memory);
 
     std::string ToJson() const;
-    // Takes what the text has and can be used; all else stays as it is. False: it is not JSON.
+    // Takes over the usable values that the text holds; all others stay as they are. False: it is not JSON.
     bool FromJson(const std::string& text);
 
     // $XDG_CONFIG_HOME/marlinex/edit.json, ~/.config if that is not set. Empty: there is no home.

@@ -183,26 +183,4 @@ Layout LayOut(const TimelineModel& model, const LayoutOptions& options)
     return layout;
 }
 
-std::vector<PlacedText> AllTexts(const Layout& layout)
-{
-    std::vector<PlacedText> all;
-    const auto add = [&](const std::vector<PlacedText>& texts) {
-        all.insert(all.end(), texts.begin(), texts.end());
-    };
-    add(layout.headTexts);
-    add(layout.gutterTexts);
-    add(layout.rulerTexts);
-    add(layout.loadingTexts);
-    for (const PlacedFlag& flag : layout.flags)
-        all.push_back(flag.number);
-    for (const PlacedBar& bar : layout.bars) {
-        add(bar.texts);
-        add(bar.tickTexts);
-    }
-    add(layout.lostTexts);
-    add(layout.musicTexts);
-    add(layout.footTexts);
-    return all;
-}
-
 } // namespace timeline

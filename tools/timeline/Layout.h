@@ -192,7 +192,4 @@ std::vector<FlagGroup> GroupFlags(const TimelineModel& model, const Scale& scale
 // "3" or, of several, "3-7" with an en dash: the numbers of the remarks, from 1.
 std::string FlagNumber(const FlagGroup& group);
 
-// All texts of the picture, copied out of the layout's lists.
-std::vector<PlacedText> AllTexts(const Layout& layout);
-
 } // namespace timeline

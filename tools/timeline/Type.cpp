@@ -47,16 +47,6 @@ static const double descender = 0.24;
 static const char* const ellipsis = "\xe2\x80\xa6";
 static const char* const replacement = "\xef\xbf\xbd";
 
-bool CanvasRect::Overlaps(const CanvasRect& other) const
-{
-    return x < other.Right() && other.x < Right() && y < other.Bottom() && other.y < Bottom();
-}
-
-bool CanvasRect::Contains(const CanvasRect& other) const
-{
-    return other.x >= x && other.y >= y && other.Right() <= Right() && other.Bottom() <= Bottom();
-}
-
 const TextShape& ShapeOf(TextStyle style)
 {
     return shapes[style];

@@ -18,8 +18,6 @@ struct CanvasRect {
 
     double Right() const { return x + width; }
     double Bottom() const { return y + height; }
-    bool Overlaps(const CanvasRect& other) const; // sharing an edge is no overlap
-    bool Contains(const CanvasRect& other) const; // edges included
 };
 
 enum TextStyle {

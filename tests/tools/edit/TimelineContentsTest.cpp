@@ -105,5 +105,5 @@ TEST(TimelineContents, BoundTheMessagesOfAGroupWithoutEnd)
 {
     const EditedScript script(
         EditedScript::Message("FX_Clouds", "hand", "0", "Steps=2000000000;\nTimeDelta=1;\n"));
-    EXPECT_LE(Read(script).model.messages.size(), MostMessages);
+    EXPECT_LE(Read(script).model.messages.size(), MaxMessages);
 }

@@ -107,14 +107,6 @@ TEST(TimelineView, DoesNotFollowWhileAllIsInSight)
     EXPECT_TRUE(view.ShowsExtent());
 }
 
-TEST(TimelineView, ShowsAStretchWithRoomBesideIt)
-{
-    TimelineView view = Hundred();
-    view.ZoomTo(20, 30);
-    EXPECT_NEAR(19.2, view.Start(), 1e-9); // 8 % on either side
-    EXPECT_NEAR(30.8, view.End(), 1e-9);
-}
-
 TEST(TimelineView, GivesTheScaleOfWhatIsShownAndThatOfAllThereIs)
 {
     TimelineView view = Hundred();

@@ -124,11 +124,11 @@ TEST(UserSettings, RememberTheLatestScriptsFirstAndEachOnce)
     UserSettings settings;
     for (int i = 0; i < 30; i++)
         settings.Remember({"/s" + std::to_string(i), double(i), {}, {}, 0, 0});
-    ASSERT_EQ(UserSettings::MostScripts, settings.scripts.size());
+    ASSERT_EQ(UserSettings::MaxScripts, settings.scripts.size());
     EXPECT_EQ("/s29", settings.scripts.front().path);
     EXPECT_EQ("/s10", settings.scripts.back().path);
     settings.Remember({"/s15", 99, {}, {}, 0, 0});
-    ASSERT_EQ(UserSettings::MostScripts, settings.scripts.size());
+    ASSERT_EQ(UserSettings::MaxScripts, settings.scripts.size());
     EXPECT_EQ("/s15", settings.scripts.front().path);
     EXPECT_EQ(99, settings.MemoryOf("/s15").playhead);
 }
