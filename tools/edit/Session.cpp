@@ -271,7 +271,7 @@ void Session::TakeChanges(double seconds)
             wantedFrame = -1;
         }
     }
-    if (dataChanged) // a file may be missing, or no longer
+    if (dataChanged) // a file may be missing now, or be there again
         analysis.Request(document->Text(), document->Revision(), Name(), lintOptions);
 }
 
@@ -321,6 +321,12 @@ bool Session::Tick(double seconds)
         isNew = true;
     }
     document->Tick(seconds);
+    if (document->RecoveryFailure() != recoveryFailure) {
+        recoveryFailure = document->RecoveryFailure();
+        isNew = true;
+        if (!recoveryFailure.empty())
+            state.notice = "Unsaved work is not safe from a crash: " + recoveryFailure;
+    }
     return isNew || remarks.size() != count;
 }
 

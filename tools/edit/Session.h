@@ -48,7 +48,7 @@ public:
     bool Open(const std::string& path, std::string* reason);
     void New();
 
-    // The same without waiting. What was edited meanwhile is not thrown away.
+    // Opens without waiting. If the script is edited meanwhile it stays open, and the other is not opened.
     struct Opening {
         bool opened = false;
         bool editedMeanwhile = false; // and so not opened
@@ -57,14 +57,14 @@ public:
     };
     void BeginOpen(const std::string& path, std::function<void(const Opening& opening)> done);
 
-    // As the document's; a new name is watched then. `done` may be told that the file was written by another program:
-    // that has then been taken over, or HasConflict is true.
+    // Saves as Document::BeginSave does, and watches the file of a new name from then on. `done` may be told that the
+    // file was written by another program: its text has then been taken over, or HasConflict is true.
     void BeginSave(const std::string& path, Document::SaveDone done);
 
-    // Unsaved work on the script that a process left behind is thrown away.
+    // Throws away unsaved work that a process left behind.
     void Discard(const Recovery& recovery);
 
-    // What a disk shall do besides, in order with all else that has to do with files.
+    // For further work on files, which is done in order with that of the session.
     DiskThread& Disk() { return disks.script; }
     void FinishDisks(); // waits
 
@@ -76,7 +76,7 @@ public:
     // Does what the panels asked for.
     void DoRequests(bool mouseIsDown);
 
-    // The newest frame, once.
+    // Gives the newest frame. False: it was given already, or there is none.
     bool TakeFrame(ShownFrame* frame);
 
     // True if the file and the text have both been changed: one of the two is to be chosen.
@@ -134,6 +134,7 @@ private:
     bool watches;   // the system tells what changes
     double lookedAt;
     bool poolRuns;
+    std::string recoveryFailure; // that the user has been told
 };
 
 } // namespace edit

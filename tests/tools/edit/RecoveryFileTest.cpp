@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/RecoveryFile.h"
 #include "tools/edit/Document.h"
+#include "tools/edit/Session.h"
 
 #include "tests/support/ReadFile.h"
 
@@ -214,6 +215,27 @@ TEST_F(Recovering, TellsWhereItCantWrite)
     fs::remove(folder + "state");
     document.Tick(3);
     EXPECT_EQ("", document.RecoveryFailure());
+}
+
+TEST_F(Recovering, TheUserIsToldOnceWhereItCantWrite)
+{
+    std::ofstream(folder + "state") << "a file where the folder should be";
+    edit::Session session({}, [] {});
+    ASSERT_TRUE(session.Open(path, &reason));
+    session.state.notice.clear();
+    session.GetDocument().Move({{0, -1}}, 1, 0);
+    session.Tick(1);
+    session.FinishDisks();
+    EXPECT_TRUE(session.Tick(1.5)) << "there is something to draw";
+    EXPECT_EQ(0u, session.state.notice.find("Unsaved work is not safe from a crash: "));
+    EXPECT_NE(std::string::npos, session.state.notice.find("state/marlinex: Not a directory"));
+    session.state.notice.clear();
+    session.GetDocument().Move({{0, -1}}, 1, 0);
+    for (const double seconds : {4, 5, 6}) {
+        session.Tick(seconds);
+        session.FinishDisks();
+    }
+    EXPECT_EQ("", session.state.notice);
 }
 
 TEST_F(Recovering, TwoDocumentsOfOneScriptKeepApart)
