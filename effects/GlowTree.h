@@ -20,8 +20,8 @@ struct GlowNode {
 class GlowTree
 {
 public:
-    // length: steps of the trunk, one unit each; branches: how many leave each fork. (0x23456789, 20, 3) has
-    // 1864 nodes. A length of 1 or less has none.
+    // length: steps of the trunk, one unit each; branches: how many leave each fork. A tree of the seed 0x23456789 with
+    // a length of 20 and 3 branches has 1864 nodes; one with a length of 1 or less has none.
     GlowTree(unsigned seed, int length, int branches);
     virtual ~GlowTree(); // the nodes stay until the process ends
 

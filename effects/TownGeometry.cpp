@@ -356,7 +356,7 @@ void ApplyShadowMatrix(const float* light, bool pointLight)
     glTranslatef(0, shadowHeight, 0);
     // clang-format off
     if (pointLight) {
-        // The plus of x and the minus of z belong together: the shadows of the ring lean as they do by them.
+        // x with its sign and z with the opposite one are meant: the lean of the ring's shadows comes from them.
         const Matrix16 flatten = { y, 0,  0,  0,
                                    x, 0, -z, -1,
                                    0, 0,  y,  0,

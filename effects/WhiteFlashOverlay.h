@@ -7,7 +7,7 @@
 //            for later flashes
 //
 // Leaves behind: the projection of SetPerspective(45), texturing and blending disabled, the blend function
-// (GL_ONE, GL_ONE), its grey as the colour. The depth state is used and left as it stands.
+// (GL_ONE, GL_ONE), the grey of the flash as the colour. The depth state is used and left as it stands.
 #pragma once
 
 #include "effects/ScreenFlash.h"

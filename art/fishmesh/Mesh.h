@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The clay that the fish is made of: points with texture coordinates, and faces over them.
+// A polygon mesh while it is modelled: points with texture coordinates, and faces over them.
 //
 // CONVENTIONS
 //   x to the right of the fish, y up, the head towards -z. Lengths are those of the finished model.

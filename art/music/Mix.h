@@ -9,9 +9,9 @@
 namespace waltz
 {
 
-// Plays the score from sample `from` to before sample `end` and mixes it in the room; no mastering yet. A
-// window comes out as the same piece of the whole night would, but for what the room still remembered from
-// before a silence of its own making: less than -60 dB of what sounds.
+// Plays the score from sample `from` to before sample `end` and mixes it in the room, without mastering. The window sounds
+// as the same piece of the whole night does, except for the reverberation of what was played more than nine seconds
+// before it, which is below -60 dB.
 //
 // With a folder each part is also written there as PART.wav, without the room, and the room as room.wav.
 // False if one of them cannot be written.

@@ -43,7 +43,7 @@ protected:
 
     const float scale;    // see ScreenScale
     const bool managed;   // whether there is a window manager, which draws the title frame
-    const PixelRect area; // what there is room on: the show's window if it fills the screen, or the screen
+    const PixelRect area; // where there is room: the show's window if it fills the screen, else the screen
 
 private:
     const Decoration decoration;

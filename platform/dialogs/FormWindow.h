@@ -7,7 +7,7 @@
 namespace platform
 {
 
-// ShowStartForm with a real window. There must be a display.
+// Does what ShowStartForm says, with a real window. There must be a display.
 int RunFormWindow(StartForm& form);
 
 } // namespace platform

@@ -7,7 +7,7 @@
 namespace platform
 {
 
-// ShowMessageBox with a real window. There must be a display.
+// Does what ShowMessageBox says, with a real window. There must be a display.
 void RunMessageBoxWindow(const MessageBox& box);
 
 } // namespace platform

@@ -24,7 +24,7 @@ void StrokeRoundRect(float x, float y, float width, float height, float radius, 
 // A polyline of `count` points, x and y in turn, with round ends and joints.
 void StrokeLine(const float* points, int count, float thickness, uint32_t rgb);
 
-// The text's capitals stand in the middle of the height. In the current font.
+// Draws a text in the current font so that its capitals stand in the middle of the height.
 void DrawTextLine(const std::string& text, int x, int y, int height, uint32_t rgb);
 
 } // namespace platform

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <random>
 
-// Not a distribution of the library's: those differ from one to the next.
+// No distribution of the standard library is used: its numbers differ from one library to the next.
 static int Pick(std::mt19937* random, int count)
 {
     return int((*random)() % unsigned(count));

@@ -28,8 +28,8 @@ std::string MakeCommaLocale(const std::string& folder)
     const std::string complaints = folder + "/complaints.txt";
     std::ofstream(folder + "/comma.map") << characters;
     std::ofstream(folder + "/comma.src") << numbers;
-    // --force, because it complains of all that a locale should have and this one has not; its status says so
-    // too, and the file alone counts.
+    // --force: localedef complains, in its exit status too, of everything that this locale lacks. Only the file that it
+    // writes counts.
     const int status = system(("LC_ALL=C localedef --force --no-archive -f '" + folder + "/comma.map' -i '" +
                                folder + "/comma.src' '" + locale + "' >'" + complaints + "' 2>&1")
                                   .c_str());

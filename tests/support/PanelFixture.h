@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Panels of the editor without a window: ImGui draws into its lists, and the mouse is set by hand.
 //
-//     panel.Frame([&] { timeline.Draw(&state); });  what is drawn in a window of 1000 x 500 pixels
-//     panel.Move(300, 200); panel.Press(); panel.Move(340, 200); panel.Release();
+//     panel.Show([&] { timeline.Draw(&state); }); // in a window of 1000 x 500 pixels
+//     panel.Move(300, 200);
+//     panel.Press();
+//     panel.Move(340, 200);
+//     panel.Release();
 #pragma once
 
 #include <imgui.h>
@@ -15,13 +18,14 @@ public:
     PanelFixture();
     ~PanelFixture();
 
-    // Draws frames with this, from now on one for each step of the mouse.
+    // Draws a frame with this, and from now on one for each step of the mouse.
     void Show(const std::function<void()>& draw);
-    void Frame(); // a further one
+    void Frame(); // draws a further frame
 
     void Move(double x, double y);
     void Press(int button = 0); // with a frame before it, in which the pointer is there
-    // The next frame is that of a press there, wherever the pointer is by then, as a tool's window tells it.
+    // Makes the next frame one in which a button was pressed there, although the pointer may have moved on since, as
+    // a tool's window reports it.
     void PressedAt(double x, double y);
     void Release(int button = 0);
     void Click(double x, double y, int button = 0);

@@ -19,5 +19,5 @@ struct PlayedScript {
 // Without music. Scripts that ask for messages by the million are not for this.
 PlayedScript Play(const std::string& script);
 
-// Its lines, for a message of a test.
+// All lines as one text, for the message of a failing test.
 std::string Told(const PlayedScript& played);

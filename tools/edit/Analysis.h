@@ -22,11 +22,11 @@ class Analysis
 public:
     // `ready` is called on one of the threads when there is something to take.
     explicit Analysis(std::function<void()> ready);
-    ~Analysis(); // waits for what is being looked at
+    ~Analysis(); // waits until the text that is being checked is done
     Analysis(const Analysis&) = delete;
     Analysis& operator=(const Analysis&) = delete;
 
-    // Asks for a text; in place of one that has not had its turn. `name` stands in the findings and as the title.
+    // Asks for a text to be checked. It replaces one that still waits. `name` stands in the findings and as the title.
     void Request(const std::string& text, uint64_t revision, const std::string& name,
                  const lint::CheckOptions& options);
 
@@ -37,7 +37,7 @@ public:
     // waveform, if its music is not known yet.
     std::shared_ptr<const AnalysisResult> Take();
 
-    // True while a text waits or is looked at.
+    // True while a text waits or is being checked.
     bool IsBusy();
 
 private:
@@ -70,7 +70,7 @@ private:
     timeline::Waveform wave;
     std::atomic<bool> stopDecoding;
 
-    std::thread checker, decoder; // the last: they use all of the above
+    std::thread checker, decoder; // come last, since they use all fields above
 };
 
 } // namespace edit

@@ -3,8 +3,8 @@
 // that shows it. What happens while the window is busy with the round before waits for that as well, and is counted as
 // if it had happened at once when that began.
 //
-// Order of calls in each round of the window's loop: Wait before it waits for events, Begin when it does so no more,
-// Draw ahead of a frame, if there is one.
+// Order of calls in each round of the window's loop: Wait before it waits for events, Begin when that wait is over, Draw
+// ahead of a frame, if there is one.
 #pragma once
 
 #include <vector>
@@ -17,13 +17,13 @@ class AnswerTimes
 public:
     // All times are seconds of one clock.
     void Wait(double now);
-    void Begin(double now, bool happened); // true: there was an event
+    void Begin(double now, bool happened); // happened: there was an event
     void Draw(double now);
 
-    // Of the rounds in which there was an event, seconds, in the order of time.
+    // The answer times of the rounds in which there was an event, in seconds, in the order of time.
     const std::vector<float>& Answers() const { return answers; }
 
-    // The longest time that the window took no events, of all rounds, and what it took up to the frame.
+    // The longest time in all rounds for which the window took no events, and its part before the frame.
     double LongestBusy() const { return longestBusy; }
     double LongestBusyAhead() const { return longestAhead; }
 

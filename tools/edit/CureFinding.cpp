@@ -30,7 +30,7 @@ static std::vector<TextChange> ChangesOf(const std::string& text, const std::vec
     std::vector<TextChange> changes;
     for (const lint::Fix& fix : fixes) {
         const Place place = {fix.begin, fix.end};
-        // A block goes with the comments in it, and a # by itself is none to be kept.
+        // A block that is removed takes its comments along, and a lone # is no comment to be kept.
         const bool isWhole = fix.begin < text.size() && (text[fix.begin] == '[' || text[fix.begin] == '#');
         if (fix.text.empty() && isWhole) {
             const Place lines = WithItsLines(text, place, true);

@@ -8,8 +8,8 @@
 namespace edit
 {
 
-// As Document::ApplyCure. False: refused, because the finding is no longer there, has no cure that a program can
-// apply, or would still be there afterwards.
+// Does what Document::ApplyCure says. False: refused, because the finding is no longer there, has no cure that a program
+// can apply, or would still be there afterwards.
 bool CureFinding(ScriptEdit* script, const lint::Finding& finding, const lint::CheckOptions& options);
 
 } // namespace edit

@@ -83,7 +83,7 @@ bool DataWatch::LookAt(Folder* folder)
     struct stat status;
     if (stat(folder->path.c_str(), &status) != 0) {
         const bool was = folder->watch >= 0;
-        folder->watch = -1; // an old watch is never ours again, and ends with its folder
+        folder->watch = -1; // the old watch is not used again; it ends with its folder
         return was;
     }
     if (folder->watch >= 0 && folder->device == status.st_dev && folder->inode == status.st_ino)
@@ -106,7 +106,7 @@ void DataWatch::LookAtFolders(double seconds)
     }
 }
 
-// A file that begins is told when it is closed; a link is whole at once.
+// A file that is created is complete when it is closed; a link is complete at once.
 static bool IsLink(const std::string& path)
 {
     struct stat status;

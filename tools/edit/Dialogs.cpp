@@ -106,7 +106,8 @@ void Dialogs::SaveUnder(Session* session, const std::string& path)
         then = Decision();
         leavesAfterSave = false;
         session->state.notice = session->Name() + " is not saved.";
-        if (outcome.disk != DiskChanged && outcome.disk != DiskConflict) // these are told or asked about
+        if (outcome.disk != DiskChanged &&
+            outcome.disk != DiskConflict) // the session tells of these two, or Draw asks about them
             Tell("Not saved", outcome.reason);
     });
 }

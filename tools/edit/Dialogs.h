@@ -13,7 +13,7 @@ namespace edit
 class Dialogs
 {
 public:
-    // What the user decided that is the editor's to do, after unsaved work has been taken care of.
+    // What the user has decided and the editor has to do, once unsaved work has been taken care of.
     struct Decision {
         enum Kind { None, Quit, New, Open } kind = None;
         std::string path; // to open
@@ -29,8 +29,8 @@ public:
     // Waits for a save that is under way, and asks about unsaved work, if there is any.
     void Leave(const Session& session, const Decision& then);
 
-    // Begins to save under its name, or asks for one. What became of it is told at the foot of the window, or in a box.
-    // The session is borrowed until then.
+    // Begins to save the script under its name, or asks for a name. Whether it was saved is told at the foot of the window,
+    // or in a box. The session is borrowed until then.
     void Save(Session* session);
 
     bool IsOpen() const { return question != NoQuestion; }

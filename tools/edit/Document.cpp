@@ -21,7 +21,7 @@ Document::~Document()
         return;
     threads->script.Forget(this);
     threads->recovery.Forget(this);
-    // The file goes with the last one who holds the place: that shall be a thread.
+    // Whoever holds the place last removes the file, which a thread shall do.
     std::shared_ptr<SafePlace> last = std::move(safe);
     threads->recovery.Do(this, [last = std::move(last)] { last->file.Remove(); }, {});
 }
@@ -107,7 +107,7 @@ void Document::BeginSave(std::string path, SaveDone done)
                 job->outcome.reason = "Another program has written " + job->path + " since it was read.";
                 return;
             }
-            // The place is held while a file is written over: older work shall not come into it meanwhile.
+            // The place is locked while a file is written over, so that no older work is put into it meanwhile.
             std::unique_lock<std::mutex> lock(place->mutex, std::defer_lock);
             const auto backup = [&](const std::string& kept, std::string* reason) {
                 lock.lock();
@@ -305,12 +305,12 @@ void Document::BeginRecovery(const std::optional<Recovery>& replaced)
         });
 }
 
-// Nothing is unsaved, or it is so under another name.
+// Call it when nothing is unsaved any more, or when the script has got another name.
 void Document::ClearRecovery(bool givesPlaceBack)
 {
     recoveredRevision = 0;
     if (givesPlaceBack)
-        recoveredAt = -recoveryInterval; // what is unsaved all the same goes to the new place at once
+        recoveredAt = -recoveryInterval; // what is still unsaved is written to the new place at once
     OnRecoveryThread([place = safe, givesPlaceBack] {
         const std::lock_guard<std::mutex> lock(place->mutex);
         if (givesPlaceBack)

@@ -46,7 +46,7 @@ void DragGesture::Update(Document* document, DragPoint now, bool constrain, cons
     if (timeHeld)
         seconds = 0;
 
-    // Of all anchors the one that is nearest to something decides.
+    // The anchor that is nearest to a moment of the grid decides.
     snapped = false;
     double best = reach, correction = 0;
     if (grid && !timeHeld)

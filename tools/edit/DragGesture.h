@@ -40,7 +40,7 @@ class DragGesture
 public:
     DragGesture();
 
-    // anchors: the moments, in seconds, that may come to rest on something: the edges of what was grabbed.
+    // anchors: the edges of what was grabbed, in seconds, which may snap to moments of the grid.
     void Begin(DragKind newKind, const Selection& newItems, const std::vector<double>& newAnchors,
                DragPoint at);
 
@@ -48,13 +48,13 @@ public:
     DragKind Kind() const { return kind; }
     const Selection& Items() const { return items; }
 
-    // Shift constrains to time or layer, whichever way the pointer went farther. grid: null holds snapping off;
-    // reach: seconds from which a moment attracts.
+    // constrain: only the time or only the layer changes, whichever way the pointer went farther. grid: null switches
+    // snapping off. reach: how close in seconds an anchor must be to a moment of the grid to snap to it.
     void Update(Document* document, DragPoint now, bool constrain, const SnapGrid* grid, double reach);
 
-    // The end of it. After a CopyDrag the selection is that of the copies.
+    // Ends the drag. After a CopyDrag the copies are selected.
     void Drop(Document* document, Selection* selection);
-    void Cancel(Document* document); // the script is again as it was
+    void Cancel(Document* document); // ends the drag; the script is again as it was
 
     int64_t Milliseconds() const { return milliseconds; } // that it has gone so far
     int64_t Layers() const { return layers; }

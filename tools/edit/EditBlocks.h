@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Copies, removes and adds blocks. The functions write what is to change into the edit; false: refused. Each does as
-// Document's operation of the like name.
+// Copies, removes and adds blocks. The functions write what is to change into the edit; false: refused. Each does
+// what the operation of Document with a similar name says.
 #pragma once
 
 #include "tools/edit/ItemId.h"

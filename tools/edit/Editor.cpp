@@ -2,8 +2,6 @@
 #include "tools/edit/Editor.h"
 
 #include "platform/Paths.h"
-#include "platform/toolwindow/ToolFonts.h"
-#include "platform/toolwindow/ToolStyle.h"
 #include "tools/cli/CommandLine.h"
 #include "tools/cli/MonotonicSeconds.h"
 #include "tools/edit/KeySheet.h"
@@ -19,15 +17,12 @@
 namespace edit
 {
 
-using namespace showcolours;
-using platform::ToolColour;
-
 // Seconds.
 static const double frameTime = 1 / 60.0; // while something moves
 static const double waitingTime = 0.008;  // while a frame is on its way
 static const double waitingLongest = 0.1; // between two frames of what moves
 static const double cursorTime = 0.1;     // while a text is typed, for its cursor
-static const double idleTime = 0.1;       // else
+static const double idleTime = 0.1;       // otherwise
 static const double settleTime = 0.6;     // until what waits for a resting pointer shows
 static const int framesAfterEvent = 3;
 
@@ -75,7 +70,7 @@ bool Editor::Open(const std::string& program, std::string* reason)
     return true;
 }
 
-// The script of the command line, the one that was open last, or the show's own.
+// Opens the script of the command line, or the one that was open last, or the show's own.
 bool Editor::OpenFirst(std::string* reason)
 {
     if (!options.script.empty()) {
@@ -114,7 +109,7 @@ void Editor::BeginOpen(const std::string& path)
     });
 }
 
-// Where the script was left.
+// Takes over where the script was left.
 void Editor::TakeMemory()
 {
     const ScriptMemory memory = settings.MemoryOf(session.AbsolutePath());
@@ -140,7 +135,7 @@ void Editor::OfferRecovery()
         dialogs.OfferRecovery(found);
 }
 
-// What the next start shall find.
+// Stores what the next start shall find.
 void Editor::Remember()
 {
     const EditorState& state = session.state;

@@ -43,7 +43,7 @@ void FileDialog::Begin(Purpose newPurpose, const std::string& path)
         });
 }
 
-// On the thread. A file's folder is listed in its place.
+// Runs on the thread. For a file, the folder that it is in is listed.
 FileDialog::PathContent FileDialog::LookAt(const std::string& path, bool lists)
 {
     PathContent content;

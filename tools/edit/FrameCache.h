@@ -23,7 +23,7 @@ public:
 
     FramePixels Find(int64_t frame, uint64_t revision); // null if it isn't there
 
-    // Frames of the old revision ahead of `end` are the same by the new one.
+    // Says that frames 0 to end - 1 look the same in the new revision, so that they are found under it too.
     void Carry(uint64_t oldRevision, uint64_t newRevision, int64_t end);
 
     void Clear();

@@ -152,7 +152,7 @@ void InspectorPanel::DrawEntry(EditorState* state, size_t index)
     ImGui::EndTable();
 }
 
-// The numbers of a parameter list as they are typed, one at least for each of `least`.
+// The numbers of a parameter list as a user would type them, with empty items up to `least`.
 static std::vector<std::string> ParameterItems(const OutlineBlock& block, size_t least)
 {
     std::vector<std::string> items;
@@ -245,7 +245,7 @@ void InspectorPanel::DrawMessage(EditorState* state, ItemId item)
     } else {
         if (block.times.size() > 1)
             ValueField(state, item.block, "all times", key::ActivationTime);
-        // Both are needed for a group, and one time.
+        // A group needs both keys, and a single time.
         std::string steps;
         if (block.times.size() == 1 && fields.Text("steps", &steps, "a single message") &&
             document->SetValue(item.block, key::TimeDelta,
@@ -277,7 +277,7 @@ void InspectorPanel::DrawSeveral(EditorState* state)
     Heading(words);
     if (first > last || !BeginRows(*state))
         return;
-    // All of them go as far as the first.
+    // The selected items all move as far as the first one.
     uint32_t start = first;
     if (MomentField(state, "from", &start))
         Tell(state->document->Move(state->selection, int64_t(start) - int64_t(first), 0), state);
@@ -290,7 +290,7 @@ void InspectorPanel::DrawSeveral(EditorState* state)
 
 void InspectorPanel::DrawColours(EditorState* state)
 {
-    // As it is being changed, until the mouse lets go.
+    // The colour as it is being changed, until the mouse lets go.
     static const struct {
         const char* label;
         const char* key;

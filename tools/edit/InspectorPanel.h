@@ -28,7 +28,7 @@ private:
 
     // A field for one value of a block.
     void ValueField(EditorState* state, size_t block, const char* label, const char* key);
-    // A field for a moment in milliseconds, which may be typed as all that "go to" takes. True when it was changed.
+    // A field for a moment in milliseconds, which may be typed in each form that ReadMoment takes. True when it changed.
     bool MomentField(EditorState* state, const char* label, uint32_t* milliseconds);
     // A choice out of a list. True when one was made.
     static bool Choice(const char* label, const std::vector<std::string>& names, std::string* chosen);

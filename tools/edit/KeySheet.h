@@ -5,7 +5,7 @@
 namespace edit
 {
 
-// Opens it, or does nothing if it is open. Draws it while *shown; a click outside, Escape and F1 close it.
+// Draws the sheet while *shown is true. A click outside, Escape and F1 close it and set *shown to false.
 void DrawKeySheet(bool* shown, float scale);
 
 } // namespace edit

@@ -103,14 +103,15 @@ ItemHit FindHit(const TimelineContents& contents, const TimelineView& view, cons
     if (HitTicks(contents, view, sizes, places.ticks, left, x, y, &hit) ||
         HitTicks(contents, view, sizes, places.lost, left, x, y, &hit))
         return hit;
-    // Where two meet, the edge of the one that the pointer is in. Beside an entry its edge is near enough too.
+    // Where two entries meet, the edge of the one that the pointer is in is hit. A pointer just beside an entry hits its
+    // edge too.
     for (const PlacedEntry& each : places.entries) {
         if (y < each.top || y > each.bottom || x < each.left - sizes.grip || x > each.right + sizes.grip)
             continue;
         const bool inside = x >= each.left && x < each.right;
         if (!inside && hit.part != HitNothing)
             continue;
-        // Of a narrow bar two thirds are left to move it by.
+        // The edges of a narrow bar take a sixth each, so that the rest is left to move it by.
         const double grip = inside ? std::min(sizes.grip, (each.right - each.left) / 6) : sizes.grip;
         const double toStart = std::fabs(x - each.left), toStop = std::fabs(x - each.right);
         const HitPart part = std::min(toStart, toStop) > grip ? HitBar

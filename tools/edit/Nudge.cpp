@@ -74,7 +74,7 @@ static bool NudgeTime(TimelineAction action, EditorState* state)
     return state->document->Move(items, NudgeDistance(first, seconds), 0);
 }
 
-// The edges of the selected entries by one distance, which brings the nearest of them to the play head.
+// Moves the edges of the selected entries by one distance, which brings the nearest of them to the play head.
 static bool StretchToPlayHead(bool stopEdge, EditorState* state)
 {
     const Outline& outline = state->document->GetOutline();

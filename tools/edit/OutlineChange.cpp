@@ -13,7 +13,7 @@ static const size_t maxBlocks = 40; // beyond these reading the whole is as quic
 static const size_t maxMessages = 10000;
 static const size_t maxParameters = 1 << 20;
 
-// Neither a comment nor a block begins or ends with it, no line either, and each byte is a character.
+// True if the text begins and ends no comment, no block and no line, and each of its bytes is a character.
 static bool IsPlain(const std::string& text)
 {
     return std::all_of(text.begin(), text.end(),
@@ -38,9 +38,9 @@ static bool IsWithinLimits(const Outline& outline)
 namespace
 {
 
-// How far what stands behind the changes so far has moved.
+// How far the text behind the changes made so far has moved.
 struct Shift {
-    size_t bytes = 0;           // modulo 2^64, so that a step back is one ahead as well
+    size_t bytes = 0;           // modulo 2^64: adding a negative distance moves back
     std::map<int, int> columns; // by line
 
     int ColumnsOf(int line) const

@@ -20,7 +20,8 @@ std::vector<int64_t> ParkingPlaces(int64_t frames, int count)
     return places;
 }
 
-// Who keeps which place: a process keeps the next place behind it, if it is the furthest that could.
+// Which process keeps which place. A process belongs to the next place that it has not passed; of several that belong to
+// one place the furthest keeps it.
 struct Assignment {
     size_t fresh = nobody;       // the process at -1
     std::vector<size_t> keepers; // of each place, or nobody

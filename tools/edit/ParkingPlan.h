@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the processes of the show that make no frames wait, so that one is always near ahead of what may be wanted.
+// Where the idle processes of the show wait, so that one of them is always shortly before a frame that may be wanted.
 #pragma once
 
 #include <cstddef>

@@ -31,7 +31,7 @@ public:
     // $XDG_STATE_HOME/marlinex or ~/.local/state/marlinex.
     static std::string Folder();
 
-    // Takes a place for the script of this path, "" for one without a name yet. Work of other processes is never
+    // Takes a place for the script at this path; "" is for one without a name yet. Work of other processes is never
     // overwritten. False: there is no place, *reason says why, and Write fails.
     bool Open(const std::string& scriptPath, std::string* reason);
 

@@ -159,7 +159,7 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
             continue;
         items.erase(items.begin() + std::ptrdiff_t(i));
         const Place place = target.times[i].place;
-        // With the comma behind it, or for the last ones with all that stands behind the last that is left.
+        // A time goes with the comma behind it. Times at the end go with all that follows the last one that is left.
         if (i < lastKept)
             Change(Replace(text, {place.begin, target.times[i + 1].place.begin}, ""));
         else
@@ -282,14 +282,14 @@ bool ScriptEdit::Merge()
         if (merged.empty() || change.at > end || (change.at == end && !merged.back().removed.empty()) ||
             (change.at == end && change.removed.empty())) {
             merged.push_back(change);
-        } else if (change.at == end) { // behind something that is put in at the same place
+        } else if (change.at == end) { // follows an insertion at the same place
             merged.back().removed = change.removed;
             merged.back().inserted += change.inserted;
         } else if (merged.back().inserted.empty() && change.inserted.empty()) {
             const size_t farther = std::max(end, change.at + change.removed.size());
             merged.back().removed = text.substr(merged.back().at, farther - merged.back().at);
         } else if (change.removed.empty() && merged.back().inserted.empty()) {
-            merged.back().inserted = change.inserted; // into what is removed
+            merged.back().inserted = change.inserted; // inside of what is removed
         } else {
             return false;
         }

@@ -36,8 +36,8 @@ public:
     bool SetValue(size_t block, const std::string& key, const std::string& value);
     bool RemoveKey(size_t block, const std::string& key);
 
-    // Times of an ActivationTime by their number. Not all of them may be removed. A Steps group that would come to
-    // life when a single time is left goes.
+    // Times of an ActivationTime by their number. Not all of them may be removed. The reader passes Steps over beside
+    // several times; where a single time is left, it is removed as well, since it would count from then on.
     bool SetTime(size_t block, size_t index, uint32_t milliseconds);
     bool RemoveTimes(size_t block, std::vector<size_t> indices);
 
@@ -55,7 +55,7 @@ public:
     size_t NumberOfNew(size_t handle) const;
     size_t NumberOfOld(size_t block) const;
 
-    // Any change at all. What the show is to read afterwards is for the caller to say: Finish no longer does.
+    // Any change at all. Finish then no longer checks that the show reads what was meant: the caller has to.
     void ChangeFreely(const std::vector<TextChange>& freeChanges);
 
     // Applies all changes and reads the result.

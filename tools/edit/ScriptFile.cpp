@@ -77,7 +77,7 @@ bool ScriptFile::Open(const std::string& newPath, std::string* reason)
     return true;
 }
 
-// A sentence why the file can't be replaced; empty: nothing speaks against it.
+// Says in a sentence why the file can't be replaced; empty: it can.
 static std::string ComplaintAbout(const std::string& target)
 {
     struct stat there = {};
@@ -85,7 +85,7 @@ static std::string ComplaintAbout(const std::string& target)
         return "";
     if (!S_ISREG(there.st_mode))
         return target + " is not a regular file.";
-    // Replacing it would go past its mode, and root may write to it all the same.
+    // Replacing the file needs no right to write to it, and root has that right whatever the mode says.
     if ((there.st_mode & 0222) == 0 || access(target.c_str(), W_OK) != 0)
         return target + " is read-only.";
     return "";

@@ -48,7 +48,7 @@ public:
     // text is what the editor holds.
     DiskState Look(const std::string& text);
 
-    // What the file holds now is taken notice of. False: it can't be read; *reason says why.
+    // Reads what the file holds now into Content. False: it can't be read; *reason says why.
     bool Accept(std::string* reason);
 
 private:

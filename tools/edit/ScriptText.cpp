@@ -117,7 +117,7 @@ Place WithItsLines(const std::string& text, Place place, bool apart)
     return lines;
 }
 
-// The bytes between two places if they are nothing but white space; else what it is otherwise.
+// Returns the bytes between two places if they are all white space, else `otherwise`.
 static std::string Between(const std::string& text, size_t begin, size_t end, const std::string& otherwise)
 {
     const std::string bytes = begin <= end ? text.substr(begin, end - begin) : "#";

@@ -83,7 +83,7 @@ Selection NextItem(const Outline& outline, const Selection& selection, int direc
                std::make_tuple(StartOf(outline, b), b.block, b.time);
     };
     std::sort(order.begin(), order.end(), isEarlier);
-    // Of several the last one leads on, and the first one back.
+    // With several selected, the step on starts at the last of them and the step back at the first.
     Selection marked;
     for (const ItemId item : selection)
         if (outline.Has(item) && (item.time >= 0 || IsEntry(outline, item)))

@@ -31,7 +31,7 @@ bool ResolveItems(ScriptEdit* script, const std::vector<ItemId>& items, std::vec
     return !resolved->empty() || script->Refuse("Nothing is selected.");
 }
 
-// A number of the script that moves along. The reader makes very large ones of those below 0.
+// A number of the script that is shifted. The reader takes one below 0 for a very large one.
 struct Moved {
     size_t block;
     const char* key;
@@ -68,7 +68,7 @@ static bool AddTimes(ScriptEdit* script, ItemId item, std::vector<Moved>* number
     }
 }
 
-// Adds the same to all of them, cut so that each stays a number of a script.
+// Adds the same to all of them, cut so that each stays a number that a script can hold.
 static bool AddToAll(ScriptEdit* script, const std::vector<Moved>& numbers, int64_t amount)
 {
     if (numbers.empty())

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Changes values of what is selected: moves and stretches it, sets what a key says. The functions write what is to change into the edit; false: refused.
+// Changes values of what is selected: moves and stretches it, sets the values of keys. The functions write what is to
+// change into the edit; false: refused.
 #pragma once
 
 #include "tools/edit/ItemId.h"
@@ -12,11 +13,11 @@
 namespace edit
 {
 
-// In order, each once, and instead of a whole message block all its times. False if there is none, or one that the
-// outline does not have.
+// Sorts the items, drops repeated ones, and replaces a whole message block by all its times. False if there are none, or
+// one that the outline does not have.
 bool ResolveItems(ScriptEdit* script, const std::vector<ItemId>& items, std::vector<ItemId>* resolved);
 
-// Each as Document's operation of the like name.
+// Each does what the operation of Document with a similar name says.
 bool MoveItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_t milliseconds, int64_t layers);
 bool StretchItems(ScriptEdit* script, const std::vector<ItemId>& items, bool stopEdge, int64_t milliseconds);
 bool SetItemTime(ScriptEdit* script, ItemId item, uint32_t milliseconds);

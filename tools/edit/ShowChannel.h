@@ -43,9 +43,9 @@ struct ShowReply {
         Frame,       // frame is done and lies in a slot
         Passed,      // the goal can't be reached: its target or its first frames are behind
         ScriptTaken, // all frames ahead of `frame` are the same by the new script. frames: the length of the show
-        ScriptRefused, // the same, but it has gone further; -1: what loads differs. The process keeps what it has
+        ScriptRefused, // frame: the first that differs, which has been played; -1: what loads differs. Keeps its script
         Box,           // text: the words of message boxes
-        Ended          // the show ended itself; text: why
+        Ended // the show ended itself; text: why
     } kind = Loaded;
     int64_t frame = 0;
     int64_t frames = 0;
@@ -60,10 +60,11 @@ struct ShowReply {
 
 // The beginning of the shared memory; the slots for frames follow it.
 struct SharedState {
-    std::atomic<uint64_t> beats;     // grows as long as the process is alive and well
-    std::atomic<int64_t> position;   // the last frame that is done
-    std::atomic<int64_t> drawnSince; // frames from here up to position were drawn; above position: it was not
-    std::atomic<uint32_t> loading;   // thousandths
+    std::atomic<uint64_t> beats;   // grows as long as the process is alive and well
+    std::atomic<int64_t> position; // the last frame that is done
+    std::atomic<int64_t>
+        drawnSince;                // frames from here to position were drawn; above position if that was not
+    std::atomic<uint32_t> loading; // thousandths
     std::atomic<uint32_t>
         takenSlots; // how many frames ShowProcess has taken out; the other side of Frame replies
 };
@@ -84,7 +85,7 @@ inline size_t SharedBytes(int width, int height)
     return FrameSlotsBegin + FrameSlots * FrameBytes(width, height);
 }
 
-// Sends one packet: a structure, a text and up to two descriptors. False if it did not go: errno says why, EAGAIN if
+// Sends one packet: a structure, a text and up to two descriptors. False if it was not sent: errno says why, EAGAIN if
 // the other side does not take its packets. Never waits and raises no signal.
 bool SendPacket(int socket, const void* structure, size_t size, const std::string& text = "",
                 const int* descriptors = nullptr, int descriptorCount = 0);
@@ -92,7 +93,7 @@ bool SendPacket(int socket, const void* structure, size_t size, const std::strin
 enum PacketResult { PacketTaken, PacketNone, PacketClosed };
 
 // Takes one packet, without waiting. *text and the descriptors are set with PacketTaken; a descriptor that the packet
-// has not is -1. The caller closes them.
+// does not have is -1. The caller closes them.
 PacketResult TakePacket(int socket, void* structure, size_t size, std::string* text,
                         int descriptors[2] = nullptr);
 

@@ -28,7 +28,7 @@ ShowCrew::ShowCrew()
 
 ShowCrew::~ShowCrew()
 {
-    EndAll(); // all of them first, so that they end side by side
+    EndAll(); // signals all of them first, so that they end at the same time
 }
 
 void ShowCrew::Begin(const ShowSettings& newSettings, const std::string& newProgram)
@@ -81,7 +81,7 @@ void ShowCrew::Poll(double seconds, const NewsTaker& take, const LossTaker& lose
         process->Poll(seconds, &news);
     std::erase_if(dying, [](const auto& process) { return process->IsGone(); });
 
-    // What is taken may end processes.
+    // Taking the news may end processes.
     std::vector<ShowProcess*> all;
     for (const auto& process : processes)
         all.push_back(process.get());

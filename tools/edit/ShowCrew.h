@@ -23,10 +23,10 @@ public:
     // As ShowPool::Start. No process is started yet.
     void Begin(const ShowSettings& newSettings, const std::string& newProgram);
 
-    // What processes that start from now on play. Those that are there keep what they have until they are asked.
+    // Sets the script for processes that start from now on. Those that run keep theirs until Update.
     void SetScript(const std::string& text, uint64_t newRevision);
 
-    void EndAll();  // in silence
+    void EndAll();  // without events
     void Forgive(); // forgets what went wrong: script or data have changed
 
     typedef std::function<void(ShowProcess*, ShowNews&)> NewsTaker;
@@ -35,21 +35,21 @@ public:
     // Takes the news of all processes. A process that is gone is handed to `lose`, and is deleted then.
     void Poll(double seconds, const NewsTaker& take, const LossTaker& lose);
 
-    // A new process, or null: it is too early after a failure, or nothing can be started. If there is no room, another
-    // one than `keep` goes for it.
+    // Starts a process. Null: it is too early after a failure, or none can be started. If there is no room, a process
+    // other than `keep` is ended for it.
     ShowProcess* Start(double seconds, const ShowProcess* keep);
 
-    // Ends a process in silence. It is not in `processes` any more.
+    // Ends a process without an event and takes it out of `processes`.
     void End(ShowProcess* process);
 
-    // Asks for the current script, unless the process has it or was asked for it already.
+    // Asks the process to take the current script over, unless it has it or was asked already.
     void Update(ShowProcess* process);
 
-    // One step of what the others than `live` have to do. Call it while nothing is wanted.
+    // Does one step of moving all processes but `live` to their places. Call it while nothing is wanted.
     void WorkInBackground(double seconds, const ShowProcess* live, int64_t wanted);
     void HoldOthers(const ShowProcess* live);
 
-    // True if a frame can't be had: *reason says why.
+    // True if a frame can't be made: *reason says why.
     bool IsBarred(int64_t frame, std::string* reason) const;
 
     uint64_t Memory() const { return memory; }

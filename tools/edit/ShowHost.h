@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The far side of ShowProcess: a process that plays the show in an off-screen window on the counted clock, up to the
+// The other end of ShowProcess: a process that plays the show in an off-screen window on the counted clock, up to the
 // frame that it is told and no further, and hands drawn frames over in shared memory.
 #pragma once
 
@@ -10,7 +10,7 @@ namespace edit
 // socket of ShowChannel.h.
 extern const char* const ShowHostArgument;
 
-// True if the program was started so: nothing but RunShowHost is to be done then.
+// True if the program was started with it: call RunShowHost then, and nothing else.
 bool IsShowHost(int argumentCount, const char* const* arguments);
 
 // Plays until the other side closes the socket. Does not return.

@@ -86,7 +86,7 @@ ShowPool::~ShowPool() {}
 
 bool ShowPool::Start(const ShowSettings& settings, std::string program, std::string* reason)
 {
-    // A process can be looked at only when it is needed; what can be wrong with the program is told here.
+    // Processes are started only when they are needed; whether the program can be run is found out here.
     platform::ChildProcess trial;
     if (!trial.Start({program, "--version"})) {
         *reason = trial.error;
@@ -106,8 +106,7 @@ void ShowPool::SetScript(const std::string& text, uint64_t revision)
     work->crew.SetScript(text, revision);
     work->fulfilled = false;
     work->NoteChange();
-    // The frames that were made ahead are not shown any more unless the change leaves them as they are: simpler to make
-    // them anew.
+    // Some of the frames that were made ahead may be the same in the new script, but it is simpler to make them anew.
     work->ahead.clear();
     work->liveGoal = 0;
     if (work->live)
@@ -152,7 +151,7 @@ void ShowPool::Seek(int64_t frame)
     frame = std::max<int64_t>(frame, 0);
     if (frame == work->wish && !work->playing)
         return;
-    // Who steps back goes on stepping back, as a rule.
+    // A user who steps back usually goes on stepping back.
     const bool stepsBack = !work->playing && frame < work->wish && frame + 2 >= work->wish;
     if (!stepsBack)
         work->backRun = 0;
@@ -325,8 +324,8 @@ void ShowPool::Work::TakeMadeFrame(ShowProcess* process, ShowNews& news)
     }
 }
 
-// A process whose past is another by the new script can't go on. Others that have the same script and are as far won't
-// do either.
+// A process can't go on if the new script changes what it has played already. Nor can others that play the same script
+// and are as far.
 void ShowPool::Work::Refused(ShowProcess* process, const ShowReply& reply)
 {
     if (reply.revision != revision)
@@ -365,7 +364,7 @@ ShowProcess* ShowPool::Work::BestFor(int64_t drawFrom, int64_t target, bool* sca
         if (better)
             best = process.get();
     }
-    // Staying with the one that is there keeps the others where they are.
+    // Staying with the live process keeps the others at their places.
     if (best && live && live != best && live->IsLoaded() && CanMake(*live, drawFrom, target) &&
         best->Position() - live->Position() < nearFrames)
         best = live;

@@ -43,8 +43,8 @@ static bool Fail(const char* what, std::string* reason)
     return false;
 }
 
-// Memory that goes to another process by its descriptor. It can't be cut behind our back, which would end this process
-// when it looks at what is missing. -1 on failure.
+// Memory that goes to another process by its descriptor. It is sealed against shrinking, since this process would be
+// ended by a signal when it reads beyond the end. -1 on failure.
 static int MakeMemory(const char* name, size_t size)
 {
     const int memory = memfd_create(name, MFD_CLOEXEC | MFD_ALLOW_SEALING);
@@ -167,7 +167,7 @@ void ShowProcess::SetScript(const std::string& text, uint64_t newRevision)
     Flush();
 }
 
-// A process that is stopped takes no packets; what it was to get goes when it does. The script goes first, since the
+// A stopped process takes no packets; what it has not taken is sent once it does. The script goes first, since the
 // goal is meant for it.
 void ShowProcess::Flush()
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One process that plays the show, seen from the window's: it is started, told how far to play, asked for what it has
-// done, and ended. ShowHost is its far side. No call waits, but for the destructor.
+// One process that plays the show, as the window's process handles it: it is started, told how far to play, asked for
+// what it has done, and ended. ShowHost is what runs in it. No call waits, but for the destructor.
 //
 // Order of calls: Start once; then the others, with Poll once per frame of the window. IsGone tells when the process
 // has ended, for whatever reason.
@@ -30,19 +30,19 @@ public:
     ShowProcess(const ShowProcess&) = delete;
     ShowProcess& operator=(const ShowProcess&) = delete;
 
-    // `limit` is what the process may take of memory, bytes. False, and a reason, if it can't be started.
+    // `limit` is how much memory the process may take, in bytes. False, and a reason, if it can't be started.
     bool Start(const std::string& program, const ShowSettings& settings, uint64_t limit,
                const std::string& script, uint64_t revision, std::string* reason);
 
     // Sets the goal in place of the one before: frames from drawFrom on are drawn, those from showFrom to target come
-    // as news. Exact: not if one of them has been played without being drawn. Park plays without drawing.
+    // as news. exact: the goal counts as passed if one of them was played without being drawn. Park draws none.
     void Play(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact);
     void Park(int64_t target);
 
-    // Stays where it is, also while loading, until the next Play or Park.
+    // Lets the process stay where it is, also while loading, until the next Play or Park.
     void Hold();
 
-    // Asks it to take a script over; ScriptTaken or ScriptRefused tells.
+    // Asks the process to take a script over. It answers by ScriptTaken or ScriptRefused.
     void SetScript(const std::string& text, uint64_t newRevision);
 
     // Takes what has come and looks after the process. `seconds` is a clock that only moves forwards.
@@ -106,7 +106,7 @@ private:
     uint64_t lastBeat;    // that LookAfter has seen
     double beatProcessor; // processor seconds that the process had used then
     double lastProcessor; // and at the last look
-    double growthSeconds; // when there last was a beat or any use of the processor
+    double growthSeconds; // when there last was a beat, or some use of the processor
     double lookedSeconds; // when LookAfter looked; below 0 before
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Writes the blocks of which a script has one, [MUSIC] and [COLORSCHEME]. Of several the last complete one counts, and is
-// changed. False: refused. Both do as Document's operation of the like name.
+// changed. False: refused. Each does what the operation of Document with a similar name says.
 #pragma once
 
 #include "kernel/ColorScheme.h"

@@ -58,7 +58,7 @@ bool SnapGrid::Nearest(double seconds, double reach, double* snapped) const
         offer(*(next - 1));
     if (next != moments.end())
         offer(*next);
-    if (step > 0) // last: of two that are equally near the grid's is the one that is meant
+    if (step > 0) // comes last, since a line of the grid wins over a moment that is equally near
         offer(NearestBeat(seconds));
     return found;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The moments at which what is dragged, tapped or put down comes to rest.
+// The moments to which what is dragged, tapped or put down snaps.
 #pragma once
 
 #include "tools/edit/EditorState.h"
@@ -14,7 +14,7 @@ namespace edit
 class SnapGrid
 {
 public:
-    SnapGrid() : step(0), toMessages(false), toEdges(false) {} // on which nothing comes to rest
+    SnapGrid() : step(0), toMessages(false), toEdges(false) {} // has no moments
     SnapGrid(const SnapSetting& setting, const timeline::Tempo& tempo);
 
     // Messages and edges of entries, as far as the setting asks for them; not those of the items that are moved.

@@ -16,9 +16,11 @@ static const int channelCount = 8; // several, since a stream that was taken off
 static const int bufferMilliseconds = 10000; // decoded ahead
 static const int startFrames = 4410;         // decoded before a start: more than any device asks for at once
 static const double smoothing = 0.05;        // of a difference from one buffer to the next
-static const double jumpSeconds = 0.1;       // a difference that is none of those
-static const double apartSeconds = 0.012;    // nor is this one, if several buffers in a row say the same:
-static const int apartBuffers = 4;           // the device has stood still, or dropped something
+// A difference is not smoothed but followed at once if it is larger than jumpSeconds, or if so many buffers in a row
+// are apart by more than apartSeconds to the same side: the device has stood still then, or dropped something.
+static const double jumpSeconds = 0.1;
+static const double apartSeconds = 0.012;
+static const int apartBuffers = 4;
 
 SoundDeck::SoundDeck()
     : mixer(Rate, channelCount), decodeThread(&mixer, &wakeUp), loaded(nullptr), assigned(false),

@@ -20,14 +20,14 @@ class SoundDeck
 public:
     static constexpr int Rate = 44100; // frames per second
 
-    // The one of the process; opens the sound output at the first call, which can take as long as the device likes. Null:
-    // there is none. Lives to the end of the process. Any thread.
+    // The only object, made by the first call, which opens the sound output; that can take as long as the device likes.
+    // Null: there is no sound output. Lives to the end of the process. Any thread.
     static SoundDeck* GetInstance();
 
-    // Puts a file on, in place of the one before; null for none. It is stopped, at time 0.
+    // Loads a file in place of the one before, stopped at time 0; null: none.
     void Load(std::unique_ptr<Decoder> decoder);
 
-    // Plays from this time on as soon as the frames are there; stops, and gets the time ready.
+    // Play plays from this time on as soon as its frames are decoded. Stop stops, and gets the time ready for Play.
     void Play(int milliseconds);
     void Stop(int milliseconds);
 

@@ -23,12 +23,12 @@ public:
     const std::string& Message() const { return message; }
     const std::string& Parameters() const { return parameters; }
 
-    // The moment of a tap, in milliseconds: that of the play head, which is what is heard, on the nearest beat (or bar)
-    // if the setting asks for it.
+    // The moment of a tap, in milliseconds: where the play head is, as that is what is heard; moved to the nearest beat (or
+    // bar) if the setting asks for it.
     static uint32_t Moment(const EditorState& state);
 
-    // Sets it, as one step of undo, and selects it. Where nothing is chosen yet, the message that is selected is what is
-    // tapped. False: there is none, or it was refused; the notice says why.
+    // Sets the chosen message, as one step of undo, and selects it. Where none is chosen yet, the selected one is chosen.
+    // False: there is none, or it was refused; the notice says why.
     bool Tap(EditorState* state);
 
 private:

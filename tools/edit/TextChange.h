@@ -19,7 +19,7 @@ struct TextChange {
 // The changes are in order and don't overlap; their places are those of the text before any of them.
 std::string Apply(const std::string& text, const std::vector<TextChange>& changes);
 
-// The text before them.
+// Takes the changes back: gives the text before them.
 std::string Revert(const std::string& text, const std::vector<TextChange>& changes);
 
 // The changes that lead from one text to another: by line where both have the same number of lines between

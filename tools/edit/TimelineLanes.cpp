@@ -280,7 +280,7 @@ void PaintLaneNames(const LanesToPaint& what, TimelinePaint* paint)
                                   : i == 0                            ? "in front"
                                   : i + 1 == what.places.lanes.size() ? "at the back"
                                                                       : "";
-        // Of a lane that is partly out of sight the name stays in it.
+        // The name of a lane that is partly out of sight stands in the part that is seen.
         const double top = std::max(lane.top, double(lanes.top)) + 2 * s;
         const bool twoLines = *place && lane.bottom - top >= line + smallLine;
         const double height = std::min(lane.bottom - top, 56 * s);

@@ -15,8 +15,8 @@ using namespace timeline;
 
 // clang-format off
 static const double dragThreshold = 4;    // pixels of the design: less is a click
-static const double snapReach     = 8;    // and as far a moment attracts
-static const double loopGrip      = 6;    // and as near to its ends the loop is taken hold of
+static const double snapReach     = 8;    // how far away a moment attracts
+static const double loopGrip      = 6;    // how near to an end of the loop a press takes hold of it
 static const double wheelZoom     = 1.25; // by a notch of the wheel
 static const double wheelScroll   = 80;   // pixels of the design by a notch
 static const double scrollMargin  = 20;   // a drag that comes this near to the edge scrolls
@@ -123,7 +123,7 @@ void TimelinePanel::Press(EditorState* state, const ItemHit& hit)
     if (areas.overview.Has(pressX, pressY)) {
         mode = OverviewMode;
         const Scale scale = OverviewScale(contents, view, areas);
-        // Outside of what is shown a press brings its middle there.
+        // A press outside of what is shown brings the middle of the view there.
         const double at = scale.Seconds(pressX);
         if (at < view.Start() || at > view.End())
             view.MoveTo(at - view.Width() / view.PerSecond() / 2);
@@ -170,7 +170,7 @@ void TimelinePanel::PressLanes(EditorState* state, const ItemHit& hit)
             state->selection.clear();
         Select(&state->selection, hit.item);
     }
-    // What may come to rest on something.
+    // The edges that may snap.
     dragAnchors.clear();
     if (hit.part == HitMessage) {
         dragAnchors = {contents.model.messages[hit.index].time};

@@ -22,10 +22,10 @@ public:
     void Stop();
     void SetSpeed(double speed);
 
-    // Also while it plays.
+    // Moves the play head, also while it plays.
     void GoTo(double seconds);
 
-    // The same again and again, while the mouse drags the play head: what plays is silent until EndScrub.
+    // As GoTo, for each step of a drag of the play head: the music is silent until EndScrub.
     void Scrub(double seconds);
     void EndScrub();
     bool IsScrubbing() const { return scrubbing; }
@@ -37,7 +37,7 @@ public:
     bool SetLoop(double from, double to);
     void SetLooping(bool loop);
 
-    // Once per frame of the window: the play head is where the music is heard. True if it has moved.
+    // Moves the play head to what is heard of the music. Call it once per frame of the window. True if it has moved.
     bool Update();
 
 private:

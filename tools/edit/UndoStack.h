@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps that undo and redo go, each as what it changed in the text.
+// The steps of undo and redo, each stored as the changes that it made to the text.
 #pragma once
 
 #include "tools/edit/TextChange.h"
@@ -16,9 +16,9 @@ class UndoStack
 public:
     UndoStack();
 
-    // Adds a step that leads from one text to another, and drops what could be redone. With the nonzero gesture of the
-    // newest step it replaces that one, and `before` is the text ahead of the gesture. Nothing is added for texts that
-    // are equal.
+    // Adds a step that leads from one text to another, and drops what could be redone. A step with the same nonzero
+    // gesture as the newest one replaces that; `before` is then the text from before the gesture. Nothing is added for
+    // texts that are equal.
     void Add(const std::string& name, const std::string& before, const std::string& after, uint64_t gesture);
 
     // True if a call with this gesture number refines the newest step.
@@ -42,7 +42,7 @@ private:
     };
 
     std::vector<Step> steps;
-    size_t done; // the first of them are in the text, the others can be redone
+    size_t done; // so many from the first on are in the text, the others can be redone
 };
 
 } // namespace edit

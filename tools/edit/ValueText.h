@@ -15,8 +15,8 @@ const uint32_t MaxNumber = 2147483647;
 // The most messages that a Steps group may ask for: the show makes them all before it starts.
 const uint32_t MaxSteps = 20000;
 
-// A list of parameters of which the reader, losing the last character, misses nothing: "12" becomes "12.00",
-// "1.50,2.5" becomes "1.50,2.50". As it is where nothing is missed.
+// Writes a list of parameters so that the reader, which drops its last character, still reads every number: "12" becomes
+// "12.00", "1.50,2.5" becomes "1.50,2.50". A list that loses nothing stays as it is.
 std::string WithoutLoss(const std::string& parameters);
 
 // Makes what a person typed into the value of a key: blanks around it and around commas go, parameters get

@@ -17,7 +17,7 @@ static const float minPicture = 240;
 static const float minColumn = 220;
 static const float minPanel = 60;
 
-// The part of a length that a share asks for, on whole pixels; each side keeps its least where there is room.
+// The part of a length that a share asks for, on whole pixels; each side keeps its minimum where there is room.
 static float Share(float length, float share, float least, float minOfOther)
 {
     const float most = std::max(length - minOfOther, 0.0f);

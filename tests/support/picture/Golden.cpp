@@ -93,7 +93,7 @@ AssertionResult MatchesGoldenIn(std::string goldenFolder, std::string failureFol
         SavePng(golden, actual);
         return AssertionSuccess();
     }
-    // What an earlier failure left would be taken for this one's.
+    // Pictures that an earlier failure left would be taken for this one's.
     for (const char* kind : {"-actual.png", "-expected.png", "-difference.png"})
         std::filesystem::remove(failure + kind);
     std::filesystem::create_directories(failureFolder);

@@ -267,7 +267,7 @@ void glDrawElements(GLenum mode, GLsizei count, GLenum type, const void* indices
 
 } // extern "C"
 
-// GLEW's share.
+// What the program calls through GLEW's pointers.
 
 static void GLAPIENTRY ClientActiveTexture(GLenum unit)
 {

@@ -13,7 +13,7 @@ using testing::AssertionFailure;
 using testing::AssertionResult;
 using testing::AssertionSuccess;
 
-// Not-a-number is near to nothing.
+// A NaN is near to no number, itself included.
 static bool Near(double actual, double expected, double tolerance)
 {
     return actual == expected || std::fabs(actual - expected) <= tolerance;

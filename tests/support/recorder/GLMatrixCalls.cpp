@@ -187,7 +187,7 @@ void glDepthRange(GLclampd nearValue, GLclampd farValue)
 
 } // extern "C"
 
-// GLEW's share.
+// What the program calls through GLEW's pointers.
 
 static void GLAPIENTRY LoadTransposeMatrixf(const GLfloat m[16])
 {

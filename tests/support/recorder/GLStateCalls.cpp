@@ -346,7 +346,7 @@ void glFinish()
 
 } // extern "C"
 
-// GLEW's share.
+// What the program calls through GLEW's pointers.
 
 static void GLAPIENTRY BlendEquation(GLenum mode)
 {

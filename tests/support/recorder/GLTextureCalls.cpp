@@ -322,7 +322,7 @@ void glTexGenfv(GLenum coordinate, GLenum name, const GLfloat* values)
 
 } // extern "C"
 
-// GLEW's share.
+// What the program calls through GLEW's pointers.
 
 static void GLAPIENTRY ActiveTexture(GLenum unit)
 {

@@ -138,7 +138,7 @@ void glEdgeFlag(GLboolean on)                                  { DoAnywhere("glE
 
 } // extern "C"
 
-// GLEW's share.
+// What the program calls through GLEW's pointers.
 
 static void GLAPIENTRY MultiTexCoord1f(GLenum u, GLfloat s)                                  { DoAnywhere("glMultiTexCoord1f", {Enum(u), Arg(s)}, MultiTexCoord4(u, s, 0, 0, 1)); }
 static void GLAPIENTRY MultiTexCoord2f(GLenum u, GLfloat s, GLfloat t)                       { DoAnywhere("glMultiTexCoord2f", {Enum(u), Arg(s), Arg(t)}, MultiTexCoord4(u, s, t, 0, 1)); }

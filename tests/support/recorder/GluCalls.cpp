@@ -11,7 +11,7 @@
 
 using namespace gl;
 
-// The next definition of a function behind this executable's own.
+// Finds the library's definition of a function, which this executable's own one hides.
 static void* Real(const char* name)
 {
     void* const function = dlsym(RTLD_NEXT, name);
