@@ -16,7 +16,12 @@
 //
 // The night is for a scene that fills the screen, not for a picture that is blended over another one, which
 // comes with an alpha of the vertices of one half at most. Where the scene's own alpha says that nothing was
-// drawn, a sky rises from a line of mist over the land to ink; black that was drawn is lifted to ink on paper.
+// drawn, a sky rises from a line of mist over the land.
+//
+// Of the scene of the names all that the light does not reach is black alike: a tree's shaded sides, its shadow
+// and the land before the light comes up. They are told apart by what lies about them. Warm bark or sky make it
+// the tree, and it becomes ink with a warm bounce; all else is shadow, a blue wash through which some of the land
+// about it is seen. Once the land has no light, all that is black is night as the sky is.
 
 uniform sampler2D picture; // nobody sets it: unit 0
 uniform float blur_intensity;
@@ -28,22 +33,48 @@ const float reach = 0.022;       // radius of the disc at strength 1, in texture
 const float falloff = 1.8;       // exponent of the bell at the rim
 const float border = 0.00048828; // half a texel at 1024: taps stay inside, as the wrap may repeat
 
-const vec2 goldenTurn = vec2(0.8253408, 0.5646349); // cosine and sine, of a quarter's golden section
+const vec2 goldenTurn = vec2(0.8253408, 0.5646349);       // cosine and sine, of a quarter's golden section,
+const vec2 wholeGoldenTurn = vec2(-0.7373688, 0.6754902); // and of the whole turn's
 
-const vec3 ink = vec3(0.051, 0.063, 0.125);
-const vec3 night = vec3(0.106, 0.129, 0.251);
-const vec3 mist = vec3(0.210, 0.260, 0.360); // of the land's far border, as it is drawn
+const vec3 night = vec3(0.112, 0.142, 0.272);
+const vec3 nightAbove = vec3(0.075, 0.095, 0.184);
 const float nightFoot = 0.35;                // the sky is night here, in heights of the picture,
-const float nightTop = 1.05;                 // and would be ink here
+const float nightTop = 1.05;                 // and would be the night above here
+const vec3 mist = vec3(0.240, 0.288, 0.400); // a little lighter than the land's far border, as it is drawn
 const float mistHeight = 0.16;               // to which the mist rises over the land
 const float mistWidth = 0.10;                // to either side of what it rises from
 const float mistTaps = 10.0;
-const float toe = 0.85;                        // of the ink that lies under drawn black
-const vec3 rimLight = vec3(0.26, 0.34, 0.44);  // on dark things before the sky
-const vec2 rimStep = vec2(0.0026, 0.0010);     // towards the light; the rim is as thick
-const float grain = 0.06;                      // of the paper, in parts of the light
+const float mistLight = 0.25;             // blue of land from which mist rises in full
+const float landTaps = 4.0;               // along the picture's foot:
+const vec2 landLight = vec2(0.12, 0.32);  // blue there if the land has no light, and if it has all its light
 
-float Hashed(vec2 cell) { return fract(52.9829189 * fract(dot(cell, vec2(0.06711056, 0.00583715)))); }
+const vec2 blackEnd = vec2(0.15, 0.45);        // light at which shade begins to give way to the scene, and has
+const vec3 shadow = vec3(0.105, 0.130, 0.225); // on the land
+const float seenThrough = 0.35;                // of the land's light
+const float wash = 0.13;                       // by which the shadow's pigment gathers
+const vec3 bark = vec3(0.045, 0.050, 0.085);   // in the shade
+const vec3 bounce = vec3(0.075, 0.035, 0.010); // added to it beside lit bark
+const float barkHue = 0.62;                    // blue is a lesser part of red than this in bark, a greater in land
+const float barkEdge = 12.0;                   // how sharply they are told apart
+const float shadeTaps = 8.0;
+const vec2 shadeReach = vec2(0.075, 0.10); // of what lies about a black place: a circle on the screen
+const vec2 shadeUp = vec2(0.0, 0.03);      // its middle: trees stand over their shadows
+const float standing = 0.96;               // how much more a place is the tree's that lies in the upper half,
+const vec2 upperHalf = vec2(0.45, 0.62);   // which begins between these heights
+const float isTree = 0.21;                 // part of bark and sky about it that makes a black place the tree's
+const float isWarm = 0.33;                 // part of lit bark about it that gives it the whole bounce
+
+const float grain = 0.07; // of the paper, in parts of the light
+
+// Even: neighbours differ as much as they can.
+float Spread(vec2 cell) { return fract(52.9829189 * fract(dot(cell, vec2(0.06711056, 0.00583715)))); }
+
+// Without any pattern.
+float Hashed(vec2 cell)
+{
+    vec2 mixed = 50.0 * fract(cell * 0.3183099 + vec2(0.71, 0.113));
+    return fract(mixed.x * mixed.y * (mixed.x + mixed.y));
+}
 
 // A soft noise with features of about one unit.
 float Tooth(vec2 place)
@@ -55,41 +86,83 @@ float Tooth(vec2 place)
                mix(Hashed(cell + vec2(0.0, 1.0)), Hashed(cell + vec2(1.0, 1.0)), part.x), part.y);
 }
 
-float Drawn(vec2 place) { return texture2D(picture, clamp(place, border, 1.0 - border)).a; }
+vec4 Drawn(vec2 place) { return texture2D(picture, clamp(place, border, 1.0 - border)); }
 
-// The colour is already multiplied by the share of the pixel that is drawn.
-vec3 Lifted(vec3 colour, float drawn) { return colour + toe * ink * (drawn - colour); }
-
-// Mist lies where there is land close below. A pixel that the scene fills takes no taps.
-vec3 Sky(vec2 place, float filled)
+// 0 while the land lies in the dark, 1 when its light is up. The foot of the picture is land all along, and never
+// all of it is shadow.
+float LandLight(bool wanted)
 {
-    float spread = Hashed(gl_FragCoord.xy);
-    float taps = filled < 1.0 ? mistTaps : 0.0;
+    float light = 0.0;
+    float taps = wanted ? landTaps : 0.0;
+    for (float i = 0.0; i < taps; i += 1.0)
+        light = max(light, Drawn(vec2((i + 0.5) / landTaps, 0.02)).b);
+    return smoothstep(landLight.x, landLight.y, light);
+}
+
+vec3 Night(vec2 place) { return mix(night, nightAbove, smoothstep(nightFoot, nightTop, place.t)); }
+
+// Mist lies where there is lit land close below. A tree there counts neither way.
+vec3 Sky(vec2 place, float tooth, float day, bool wanted)
+{
+    float spread = fract(0.5 * Spread(gl_FragCoord.xy) + tooth);
     float land = 0.0;
+    float known = 0.01;
+    float taps = wanted ? mistTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
         float below = (i + spread) * (mistHeight / mistTaps);
         float aside = fract(0.618034 * i + spread) * (2.0 * mistWidth) - mistWidth;
-        land += Drawn(place - vec2(aside, below));
+        vec4 other = Drawn(place - vec2(aside, below));
+        float lit = min(other.b / mistLight, 1.0);
+        land += lit;
+        known += max(lit, 1.0 - other.a);
     }
-    land /= mistTaps;
-    vec3 colour = mix(night, ink, smoothstep(nightFoot, nightTop, place.t));
-    return mix(colour, Lifted(mist, 1.0), land * land);
+    land /= known;
+    return mix(Night(place), mist, day * land * land);
+}
+
+// What is black in the scene.
+vec3 Shade(vec2 place, float tooth, float coarse, float day, bool wanted)
+{
+    vec2 direction = normalize(vec2(tooth - 0.51, coarse - 0.49));
+    vec2 middle = place + shadeUp;
+    float sky = 0.0;
+    float warm = 0.0;
+    vec3 land = vec3(0.0);
+    float taps = wanted ? shadeTaps : 0.0;
+    for (float i = 0.0; i < taps; i += 1.0) {
+        vec4 other = Drawn(middle + direction * shadeReach * sqrt((i + 0.5) / shadeTaps));
+        float lit = clamp((barkHue * other.r - other.b) * barkEdge, 0.0, 1.0);
+        sky += 1.0 - other.a;
+        warm += lit;
+        land += other.rgb * (1.0 - lit);
+        direction = vec2(direction.x * wholeGoldenTurn.x - direction.y * wholeGoldenTurn.y,
+                         direction.x * wholeGoldenTurn.y + direction.y * wholeGoldenTurn.x);
+    }
+    float above = standing * smoothstep(upperHalf.x, upperHalf.y, place.t);
+    float tree = min((warm + 1.2 * sky + above) / (isTree * shadeTaps), 1.0);
+    float pigment = 2.0 * coarse + tooth - 1.5;
+    vec3 onLand = shadow * (1.0 + wash * pigment) + seenThrough * land / shadeTaps;
+    vec3 onTree = bark + bounce * min(warm / (isWarm * shadeTaps), 1.0);
+    return mix(Night(place), mix(onLand, onTree, tree), day);
 }
 
 // The scene as it is seen: with its night, or as it is under a lesser alpha.
 vec4 Shown(vec4 scene, vec2 place)
 {
     float own = smoothstep(0.5, 1.0, gl_Color.a);
-    vec3 colour = Lifted(scene.rgb, scene.a);
-    colour += (1.0 - scene.a) * Sky(place, own > 0.0 ? scene.a : 1.0);
-    float dark = 1.0 - smoothstep(0.0, 0.2, max(scene.r, scene.b) / max(scene.a, 0.01));
-    colour += dark * scene.a * (1.0 - Drawn(place + rimStep)) * rimLight;
-    float tooth = Tooth(gl_FragCoord.xy * 0.9) + Tooth(gl_FragCoord.xy * 0.31) - 1.0;
-    colour *= 1.0 + grain * tooth;
+    // The colour is already multiplied by the share of the pixel that is drawn.
+    float light = max(max(scene.r, scene.g), scene.b) / max(scene.a, 0.01);
+    float black = 1.0 - smoothstep(blackEnd.x, blackEnd.y, light);
+    float tooth = Tooth(gl_FragCoord.xy * 0.9);
+    float coarse = Tooth(gl_FragCoord.xy * 0.31);
+    bool isBlack = own * black * scene.a > 0.0;
+    bool isSky = own * (1.0 - scene.a) > 0.0;
+    float day = LandLight(isBlack || isSky);
+    vec3 colour = scene.rgb + black * max(Shade(place, tooth, coarse, day, isBlack) * scene.a - scene.rgb, 0.0) +
+                  (1.0 - scene.a) * Sky(place, tooth, day, isSky);
+    colour *= 1.0 + grain * (tooth + coarse - 1.0);
     return vec4(mix(scene.rgb, colour, own), mix(scene.a, 1.0, own)) * gl_Color;
 }
-
-vec4 Tap(vec2 place) { return texture2D(picture, clamp(place, border, 1.0 - border)); }
 
 void main()
 {
@@ -101,7 +174,7 @@ void main()
     float radius = strength * reach * inversesqrt(least);
 
     // a pattern in which neighbours differ as much as they can, as an angle of the first quarter
-    float turn = Hashed(gl_FragCoord.xy);
+    float turn = Spread(gl_FragCoord.xy);
     vec2 direction = normalize(vec2(1.0 - turn, turn));
     float weight = 1.0;
     vec4 sum = vec4(0.0);
@@ -110,7 +183,7 @@ void main()
         float share = weight * min(rounds - i, 1.0); // below 1 for a last round that is just coming in
         vec2 away = direction * (radius * sqrt(i + 0.5));
         vec2 across = vec2(-away.y, away.x);
-        sum += (Tap(place + away) + Tap(place - away) + Tap(place + across) + Tap(place - across)) * share;
+        sum += (Drawn(place + away) + Drawn(place - away) + Drawn(place + across) + Drawn(place - across)) * share;
         weights += 4.0 * share;
         weight *= weightStep;
         direction = vec2(direction.x * goldenTurn.x - direction.y * goldenTurn.y,

@@ -214,62 +214,96 @@ TEST_F(BlurFile, LetsNothingInFromTheOtherSide)
     EXPECT_EQ(255, *blurred.At(255, 255));
 }
 
-TEST_F(BlurFile, LiftsDrawnBlackToInkAndLeavesBoneAsItIs)
+TEST_F(BlurFile, ShowsALandWithoutLightAsNightAndLeavesBoneAsItIs)
 {
     Start(64);
     Texture black, bone;
     Make(&black, PlainPicture(8, 8, 4, 0, 0, 0, 255));
     Make(&bone, PlainPicture(8, 8, 4, 239, 230, 210, 255));
     for (float strength : {0.0f, 0.25f, 1.0f}) {
-        const Picture ink = DrawScene(&black, strength);
-        const double lifted[3] = {11, 14, 27}, kept[3] = {239, 230, 212};
+        const Picture night = DrawScene(&black, strength);
+        const double lifted[3] = {29, 36, 69}, kept[3] = {239, 230, 210};
         const Picture paper = DrawScene(&bone, strength);
         for (int channel = 0; channel < 3; channel++) {
-            EXPECT_NEAR(lifted[channel], MeanOfRow(ink, 20, channel), 1.5) << strength;
-            EXPECT_NEAR(kept[channel], MeanOfRow(paper, 20, channel), 6) << strength; // the paper's grain
+            EXPECT_NEAR(lifted[channel], MeanOfRow(night, 20, channel), 3) << strength;
+            EXPECT_NEAR(kept[channel], MeanOfRow(paper, 20, channel), 8) << strength; // the paper's grain
         }
         EXPECT_EQ(0, MeanOf(DrawBlurred(&black, strength))) << "a picture that is laid over a scene";
     }
 }
 
+// Land in the lower rows and nothing above it. Texture coordinate t is the height: row 0 has t = 0.
+static Picture LandBelowTheSky(int side, int horizon, unsigned char light)
+{
+    Picture land = PlainPicture(side, side, 4, 0, 0, 0, 0);
+    for (int i = 0; i < side * horizon; i++) {
+        unsigned char* const pixel = &land.pixels[size_t(i) * 4];
+        pixel[0] = pixel[1] = pixel[2] = light;
+        pixel[3] = 255;
+    }
+    return land;
+}
+
 TEST_F(BlurFile, LetsANightSkyRiseFromALineOfMistWhereNothingWasDrawn)
 {
     Start(128);
-    // Texture coordinate t is the height: the window's row 0 has t = 0, so the sky is below here.
-    Picture land = PlainPicture(128, 128, 4, 0, 0, 0, 0);
-    for (size_t i = 0; i < size_t(128 * 40); i++)
-        land.pixels[i * 4 + 3] = 255;
     Texture texture;
-    Make(&texture, land);
+    Make(&texture, LandBelowTheSky(128, 40, 140));
     for (float strength : {0.0f, 0.25f}) {
         const Picture scene = DrawScene(&texture, strength);
         const double drawn = MeanOfRow(scene, 20, 2), mist = MeanOfRow(scene, 46, 2),
                      night = MeanOfRow(scene, 75, 2), top = MeanOfRow(scene, 124, 2);
-        EXPECT_NEAR(27, drawn, 2);
-        EXPECT_GT(mist, night + 20) << "close over the land";
+        EXPECT_NEAR(140, drawn, 6);
+        EXPECT_GT(mist, night + 10) << "close over the land";
         EXPECT_GT(night, top + 8) << "and then ever darker";
         EXPECT_GT(top, 30) << "but never black";
         EXPECT_LT(mist, 0.45 * 255);
         const Picture laid = DrawBlurred(&texture, strength);
-        EXPECT_EQ(0, MeanOf(laid)) << "not behind a picture that is laid over another";
+        EXPECT_EQ(0, MeanOfRow(laid, 75, 2)) << "not behind a picture that is laid over another";
     }
 }
 
-TEST_F(BlurFile, LightsTheRimOfWhatStandsDarkBeforeTheSky)
+TEST_F(BlurFile, HidesTheBorderOfALandThatHasNoLight)
 {
-    Start(512);
-    Picture trunk = PlainPicture(512, 512, 4, 0, 0, 0, 0);
-    for (int y = 0; y < 512; y++)
-        for (int x = 200; x < 300; x++)
-            trunk.pixels[size_t(y * 512 + x) * 4 + 3] = 255;
+    Start(128);
     Texture texture;
-    Make(&texture, trunk);
+    Make(&texture, LandBelowTheSky(128, 40, 0));
+    const Picture scene = DrawScene(&texture, 0.25f);
+    for (int channel = 0; channel < 3; channel++)
+        EXPECT_NEAR(MeanOfRow(scene, 36, channel), MeanOfRow(scene, 44, channel), 3);
+}
+
+TEST_F(BlurFile, TellsATreesOwnShadeFromItsShadowOnTheLand)
+{
+    Start(256);
+    Picture wood = LandBelowTheSky(256, 150, 140);
+    const auto paint = [&](int left, int right, int low, int high, unsigned char red, unsigned char green,
+                           unsigned char blue) {
+        for (int y = low; y < high; y++)
+            for (int x = left; x < right; x++) {
+                unsigned char* const pixel = &wood.pixels[size_t(y * 256 + x) * 4];
+                pixel[0] = red;
+                pixel[1] = green;
+                pixel[2] = blue;
+                pixel[3] = 255;
+            }
+    };
+    paint(40, 90, 40, 70, 0, 0, 0);         // a shadow
+    paint(150, 180, 80, 220, 0, 0, 0);      // a trunk that rises before the sky,
+    paint(140, 150, 80, 150, 200, 120, 40); // with bark in the light at its foot
+    Texture texture;
+    Make(&texture, wood);
     const Picture scene = DrawScene(&texture, 0);
-    const auto blue = [&](int x) { return int(scene.At(x, 300)[2]); };
-    EXPECT_LT(blue(250), 32) << "the trunk";
-    EXPECT_GT(blue(299), 80) << "its rim, on the right";
-    EXPECT_LT(blue(296), 32) << "which is thin";
-    EXPECT_LT(blue(201), 32) << "and not on the left";
+    const auto mean = [&](int x, int y, int channel) {
+        double sum = 0;
+        for (int i = 0; i < 36; i++)
+            sum += scene.At(x + i % 6, y + i / 6)[channel];
+        return sum / 36;
+    };
+    EXPECT_GT(mean(62, 52, 2), mean(62, 52, 0) + 15) << "a shadow is blue,";
+    EXPECT_GT(mean(62, 52, 2), mean(162, 200, 2) + 30) << "lighter than the trunk before the sky,";
+    EXPECT_GT(mean(62, 52, 2), mean(154, 110, 2) + 30) << "and than the trunk before the land";
+    EXPECT_GT(mean(154, 110, 0), mean(162, 200, 0) + 6) << "beside lit bark the shade is warm";
 }
 
 // ---- The two pictures of a ShaderProgram

@@ -30,14 +30,14 @@ static void AddPitsAndLichen(Canvas& canvas, Mask& ink, const Paper& paper)
             return Smooth(1, 0.86f, r) * Mix(0.35f, 1, Smooth(0.3f, 0.85f, r));
         });
         canvas.Cover(rosette,
-                     Mix(Mix(palette::Parchment, palette::Moss, 0.35f), palette::Amber, 0.3f * dice.Unit()),
+                     Mix(Mix(palette::Parchment, palette::Amber, 0.6f), palette::Amber, 0.3f * dice.Unit()),
                      0.7f);
     }
 }
 
-// The stone that the trees are of. Every side of every block shows the whole tile, mostly no larger than a
-// thumbnail: one stone, pale enough to be seen in the shade, with a few cracks, moss in large patches, lichen, and worn
-// edges where block meets block.
+// What the trees are of. Every side of every block shows the whole tile, mostly no larger than a thumbnail: one stone
+// the colour of rust and ochre, by which postprocessing_blur.fp knows a tree from the land, with a few cracks, moss in
+// large patches, lichen, and worn edges where block meets block.
 static Canvas MossyStone()
 {
     constexpr int Side = 512;
@@ -53,15 +53,15 @@ static Canvas MossyStone()
     canvas.Ground([&](float x, float y) {
         const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 4, y / Size * 4, 5);
         const float bulge = Smooth(0, 70, border(x, y));
-        const LinearColour stone =
-            Mix(Mix(palette::Mist, palette::Parchment, 0.35f), palette::Bone, Clamp(t));
+        const LinearColour stone = Mix(Mix(palette::Rust, palette::Ochre, 0.55f),
+                                       Mix(palette::Ochre, palette::Amber, 0.8f), Clamp(t));
         return stone * (0.74f + 0.26f * bulge) * (0.92f + 0.22f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
     });
     const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         return Smooth(0.02f, 0.22f, rock.Fbm(x / Size * 4 + 2, y / Size * 4 + 1, 3));
     });
     Wash(canvas, paper, stains,
-         {.pigment = Mix(palette::Slate, palette::Ochre, 0.35f),
+         {.pigment = Mix(palette::Rust, palette::Ochre, 0.35f),
           .density = 0.32f,
           .pool = 1,
           .poolWidth = 7,
@@ -73,7 +73,7 @@ static Canvas MossyStone()
             moss.Fbm(x / Size * 3 + w, y / Size * 3, 3) + 0.10f * leaf.Gradient(x / Size * 64, y / Size * 64);
         return Smooth(0.10f, 0.20f, patch + 0.10f * Smooth(80, 10, border(x, y)));
     });
-    canvas.Glaze(Mask(green).Blur(7), palette::Slate, 0.5f);
+    canvas.Glaze(Mask(green).Blur(7), palette::Rust, 0.5f);
     canvas.Cover(
         green,
         [&](float x, float y) {
@@ -95,7 +95,13 @@ static Canvas MossyStone()
         return 0.85f * Smooth(4, 1, off) * Smooth(-0.25f, 0.15f, rock.Fbm(u * 8, v * 8, 2));
     }));
     AddPitsAndLichen(canvas, ink, paper);
-    canvas.Cover(ink, palette::Ink, 0.8f);
+    canvas.Cover(ink, Mix(palette::Ink, palette::Slate, 0.5f), 0.8f);
+    // As on a pebble, light from the upper left and a shaded lower right, on every side of every block.
+    canvas.Tone(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return (0.5f + 0.5f * Cos(2 * Pi * (x / Size - 0.36f))) *
+               (0.5f + 0.5f * Cos(2 * Pi * (y / Size - 0.32f)));
+    }),
+                0.45f, 1.5f);
     paper.Show(canvas, 0.7f);
     return canvas;
 }
