@@ -146,16 +146,16 @@ static Canvas FootprintWhite()
     });
     const LinearColour ember = Mix(palette::Ochre, palette::Rust, 0.35f);
     Canvas canvas(W, H, palette::Black);
-    canvas.Light(ridges, ember, 0.95f);
-    canvas.Light(ridges.Blurred(4), ember, 0.25f);
-    canvas.Light(pressed.Blurred(14), palette::Rust, 0.30f);
+    canvas.Light(ridges, ember, 0.58f);
+    canvas.Light(ridges.Blurred(4), ember, 0.15f);
+    canvas.Light(pressed.Blurred(14), palette::Rust, 0.20f);
     DarkenBorder(canvas, 70);
     return canvas;
 }
 
 // Wind-ribbed sand, a tile. In the scene a tile is 30 units across the walk and 15 along it, so ribs are
-// drawn twice as steep as they will lie. Its corner is what the far band to the horizon is made of, so a
-// rib's middle tone lies there.
+// drawn twice as steep as they will lie. It lies once across the walk, and its corner is what the far band to the
+// horizon is made of: towards both sides the sand is lost in the mist that this band is.
 static Canvas Sand()
 {
     constexpr int Size = 512, Ribs = 21;
@@ -240,6 +240,12 @@ static Canvas Sand()
     });
     canvas.Cover(specks, Mix(palette::Rust, palette::Ink, 0.3f), 0.3f);
     paper.Show(canvas, 0.5f);
+    canvas.Cover(Mask(Size, Size, 0, true).Each([&](float x, float y) {
+        const float side = Min(x, Size - x) + 34 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) *
+                                                  Smooth(0, 30, Min(x, Size - x));
+        return Smooth(120, 6, side);
+    }),
+                 Mix(palette::Slate, palette::Mist, 0.25f) * 0.8f);
     return canvas;
 }
 

@@ -89,7 +89,7 @@ static Canvas Window(bool lit)
     Canvas shine(Side, Side);
     const Mask near = Mask(frame).Blur(20), wide = Mask(frame).Blur(58);
     shine.Cover(Mask(Side, Side).Each([&](float x, float y) {
-        const float grain = 1 + 0.35f * wall.Fbm(x / 18, y / 18, 4);
+        const float grain = 1 + 0.20f * wall.Fbm(x / 70, y / 70, 2);
         const float light = 0.7f * near.Sample(x, y) + 1.0f * wide.Sample(x, y);
         return Min(0.92f, light * grain) * Smooth(2, 80, Min(Min(x, Size - x), Min(y, Size - y)));
     }),

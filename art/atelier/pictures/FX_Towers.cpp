@@ -169,16 +169,17 @@ static Canvas Beam()
                 const float rays =
                     0.65f + 0.6f * ray.Fbm(in * 4 + (x < W / 2.0f ? 0.0f : 9.0f), along * 1.5f, 4);
                 const float smoke = 0.85f + 0.5f * haze.Fbm(x / 60, y / 22, 4);
-                const float thinned = Pow(1 - along, 1.3f) * 0.9f / (0.55f + 1.4f * along);
-                const float core = Bell(in / 0.46f) * Pow(1 - along, 0.7f);
-                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.62f * core) *
+                const float thinned = Pow(1 - along, 1.6f) * 0.75f / (0.55f + 1.4f * along);
+                const float core = Bell(in / 0.26f) * Pow(1 - along, 1.5f);
+                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.34f * core * smoke) *
                              (1 + 0.8f * motes.At(Floor(x), Floor(y))));
             })
             .FadeToBorder(7);
     Canvas canvas(W, H);
     canvas.Cover(shape, [](float x, float y) {
         const float along = Abs(x - W / 2.0f) / (W / 2.0f), across = Abs(y - H / 2.0f) / (H / 2.0f);
-        return Mix(palette::Bone, palette::ColdLight, Clamp(0.7f * across + 0.5f * along));
+        return Mix(Mix(palette::Bone, palette::Amber, 0.75f), Mix(palette::Amber, palette::Rust, 0.4f),
+                   Clamp(0.9f * across + 0.7f * along));
     });
     return canvas;
 }

@@ -8,8 +8,8 @@
 namespace atelier
 {
 
-// The drawing is twice as large as the cards: 512 pixels to a unit of the scene, the hinge at x = 1024, the
-// spine in the middle.
+// 512 pixels to a unit of the scene, the hinge at x = 1024, the spine in the middle. The cards keep the size of the
+// drawing: the scene begins on a few pixels of them.
 constexpr int W = 1536, H = 1024;
 constexpr float Hinge = 1024, Spine = 512;
 // The first frame of the scene looks at a few pixels round this place; there must be nothing but bone.
@@ -256,19 +256,19 @@ static const Canvas& WholeSkeleton()
 
 static Canvas HeadCard()
 {
-    return Squeezed(WholeSkeleton().Crop(0, 0, 1024, H), 512, 512);
+    return WholeSkeleton().Crop(0, 0, 1024, H);
 }
 static Canvas TailCard()
 {
-    return Squeezed(WholeSkeleton().Crop(1024, 0, 512, H), 256, 512);
+    return WholeSkeleton().Crop(1024, 0, 512, H);
 }
 
 // clang-format off
 PictureGroup Transition_FishPictures()
 {
     return {"Transition_Fish", {
-        {"Data/fischgraeten_1.png",          512, 512, Format::PngRgba, HeadCard},
-        {"Data/fischgraeten_2.png",          256, 512, Format::PngRgba, TailCard},
+        {"Data/fischgraeten_1.png",         1024, 1024, Format::PngRgba, HeadCard},
+        {"Data/fischgraeten_2.png",          512, 1024, Format::PngRgba, TailCard},
     }};
 }
 // clang-format on

@@ -9,8 +9,10 @@ namespace atelier
 {
 
 constexpr float BoxHeight = 0.55f; // of the box's width, above its middle
-// The box has no face at +z: towards it the others fade to the black that is there.
-constexpr float FadeBegins = 0.17f, FadeEnds = 0.49f;
+// The box has no face at +z: towards it the others fade to the black that is there, as a front of cloud would darken
+// them, slowly and nowhere along a straight line.
+constexpr float FadeBegins = -0.30f, FadeEnds = 0.48f;
+constexpr float FrontRagged = 0.42f; // by which the front strays, in widths of the box; nothing at its end
 
 struct Direction {
     float x, y, z; // y up, unit length
@@ -161,7 +163,7 @@ static LinearColour SkyTowards(const Direction& d)
                                   Smooth(-0.1f, 0.45f, maria.Fbm(p.x * 22 + 5, p.y * 22 + 2, 4)));
     sky = Mix(sky, face * (0.95f - 0.30f * tooth), disc * (1 - 0.30f * veil));
     sky = sky * (1 + 0.64f * tooth);
-    // Two ranges of land stand before it, mist between them; the foot is all dark.
+    // Two ranges of land stand before it, mist between them; ground mist at the foot.
     const float level = Sqrt(d.x * d.x + d.z * d.z);
     const float rise = d.y / level;
     const Vector2 round = {d.x / level, d.z / level};
@@ -170,8 +172,10 @@ static LinearColour SkyTowards(const Direction& d)
                                      Smooth(0.02f, 0.10f, rise)) *
                                  (1 + 0.16f * tooth + 0.2f * brushed);
     sky = Mix(sky, farLand, 0.92f * Smooth(0.0016f, -0.0016f, rise - farHill));
-    const LinearColour land =
-        Mix(LinearColour{0, 0, 0}, Mix(palette::Ink, palette::Night, 0.25f) * 0.8f, Smooth(0, 0.05f, rise));
+    // Mist lies at their foot, on the plain.
+    const LinearColour land = Mix(Mix(palette::Slate, palette::Night, 0.45f) * 0.75f,
+                                  Mix(palette::Ink, palette::Night, 0.45f), Smooth(0, 0.030f, rise)) *
+                              (1 + 0.16f * tooth);
     return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top));
 }
 
@@ -240,8 +244,14 @@ static Canvas Paint(const PaintedFace& face)
         GlowAt(canvas, {uv.x * w, uv.y * h}, 1.1f, 11,
                {.core = palette::Amber, .halo = palette::Ochre, .strength = light.bright, .haloPart = 0.35f});
     }
+    const Noise front(422);
     return canvas.Tone(Mask(face.width, face.height).Each([&](float x, float y) {
-        return Smooth(FadeEnds, FadeBegins, face.depth(x / w, y / h));
+        const Direction d = face.at(x / w, y / h);
+        const Vector2 p = Flat(d);
+        const float depth = face.depth(x / w, y / h);
+        const float ragged = FrontRagged * front.Fbm(p.x * 2.6f + 5, p.y * 2.6f + 0.8f * d.y, 5);
+        const float dark = Smooth(FadeBegins, FadeEnds, depth + ragged * Smooth(FadeEnds, 0.2f, depth));
+        return (1 - dark) * (1 - dark) * Smooth(FadeEnds + 0.01f, FadeEnds - 0.12f, depth);
     }),
                        0, 1);
 }

@@ -256,6 +256,19 @@ static void PaintCorners(Canvas& canvas, const Paper& paper)
     canvas.Cover(rubbed, Mix(palette::Mist, palette::Parchment, 0.4f), 0.55f);
 }
 
+// Nothing lights the towers in the scene. Of two walls that meet one lies in the shade of the night, so that a tower is
+// seen to have sides, and two towers side by side don't show the same sheet twice.
+static void ShadeEveryOtherWall(Canvas& canvas)
+{
+    const Noise drift(533, 8, 8);
+    canvas.Glaze(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const bool shaded = Floor(x / WallWidth) % 2 == 1;
+        const float uneven = 0.8f + 0.5f * drift.Fbm(x / Size * 8, y / Size * 8, 3);
+        return shaded ? uneven * Smooth(WallTop - 40, WallTop, y) : 0.0f;
+    }),
+                 Mix(palette::Slate, palette::Mist, 0.25f), 0.75f);
+}
+
 // The roof: slabs of slate with moss between them.
 static void PaintSlates(Canvas& canvas, const TowerNoise& noise)
 {
@@ -289,6 +302,7 @@ Canvas TowerWalls()
     Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
     plumage.Draw(pen);
     canvas.Cover(ink, palette::Ink, 0.85f);
+    ShadeEveryOtherWall(canvas);
     LightWindows(canvas, paper);
     PaintCorners(canvas, paper);
     PaintSlates(canvas, noise);

@@ -8,7 +8,7 @@ constexpr float FurrowUnits = 0.64f;
 
 float SideLight(float beside)
 {
-    return Smooth(19.5f, 8, Abs(beside));
+    return Smooth(19.7f, 13, Abs(beside));
 }
 
 float VillageFurrow(float X, float Z)
@@ -32,7 +32,7 @@ LinearColour VillageEarth(float X, float Z)
     const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
     const float ridge = Smooth(0.12f, 0.48f, f + 0.10f * lump) * Smooth(1.0f, 0.66f, f + 0.10f * lump);
     const float grain = 1 + 0.62f * grit.Gradient(u * 512, Z / 0.08f) + 0.35f * lump;
-    LinearColour c = earth * (0.42f + 0.75f * ridge) * grain;
+    LinearColour c = earth * (0.60f + 0.45f * ridge) * grain;
     c = Mix(c, palette::Mist, 0.20f * Hill(0.62f, 0.16f, f + 0.12f * lump) * Smooth(-0.2f, 0.5f, lump));
     // Water stands in some furrows.
     const float pool =
