@@ -12,8 +12,6 @@
 
 using namespace waltz;
 
-static const double pi = 3.14159265358979323846;
-
 static Samples Sine(double hz, double amplitude, double seconds, double phase = 0)
 {
     Samples sound(size_t(seconds * sampleRate));
