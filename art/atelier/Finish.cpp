@@ -76,14 +76,13 @@ Raster Finished(const Canvas& canvas, int channels)
     return raster;
 }
 
-Canvas Grey(const Mask& mask)
+Canvas Channels(const Mask& red, const Mask& green, const Mask& blue)
 {
-    Canvas canvas(mask.Width(), mask.Height());
-    for (int y = 0; y < mask.Height(); y++)
-        for (int x = 0; x < mask.Width(); x++) {
-            const float level = FromScreen(Clamp(mask.At(x, y)));
-            canvas.At(x, y) = {level, level, level, 1};
-        }
+    Canvas canvas(red.Width(), red.Height());
+    for (int y = 0; y < red.Height(); y++)
+        for (int x = 0; x < red.Width(); x++)
+            canvas.At(x, y) = {FromScreen(Clamp(red.At(x, y))), FromScreen(Clamp(green.At(x, y))),
+                               FromScreen(Clamp(blue.At(x, y))), 1};
     return canvas;
 }
 

@@ -22,7 +22,8 @@ struct Raster {
 // alpha 1 stay exact.
 Raster Finished(const Canvas& canvas, int channels);
 
-// The same as bytes of one grey: a mask spread over three channels.
-Canvas Grey(const Mask& mask);
+// Three masks of one size whose amounts are to be the levels of the picture's red, green and blue as they stand.
+// For a picture that a shader reads numbers from.
+Canvas Channels(const Mask& red, const Mask& green, const Mask& blue);
 
 } // namespace atelier

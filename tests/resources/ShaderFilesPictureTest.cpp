@@ -389,7 +389,8 @@ TEST_F(TwoPictures, CrossFadeWithTheirAlphaAndThatOfTheVertices)
     EXPECT_NEAR(75, *Draw(0.25f, 1, 1, 1, 0.5f).At(30, 30), 1);
 }
 
-// ---- The painting and its light: bands of the mask from black on the left to white on the right
+// ---- The painting and its light: bands of the mask from black on the left to white on the right. A grey mask is
+// all way.
 
 class GlowFile : public TwoPictures
 {
@@ -488,6 +489,28 @@ TEST_F(GlowFile, MovesWithoutAJumpFromFrameToFrame)
     }
 }
 
+// Masks of one colour over a plain painting. The light comes by at 0.4 and is brightest at 0.56: there it is at
+// 1.125, at 0.59 of what it will be once the painting has sunk into its dusk, 0.55 parts of it from the way and 0.75
+// from the halo. The painting's red of 100 is then 92 unlit.
+TEST_F(GlowFile, TakesTheWaysFromRedTheirHaloFromGreenAndTheTimeFromBlue)
+{
+    const struct {
+        int red, green, blue;
+        int more; // red than unlit
+    } masks[] = {
+        {51, 51, 51, 127}, {0, 51, 51, 84}, {51, 0, 51, 65}, {0, 25, 51, 45}, {0, 0, 51, 0}, {51, 51, 0, 0},
+    };
+    Start("data/glowmask.fp", PlainPicture(4, 4, 3, 100, 80, 60), PlainPicture(4, 4, 3, 0, 0, 0));
+    const int unlitBefore = *Draw(0.35f).At(30, 30), unlit = *Draw(0.56f).At(30, 30);
+    EXPECT_NEAR(92, unlit, 1);
+    for (const auto& mask : masks) {
+        Make(&secondTexture, PlainPicture(4, 4, 3, mask.red, mask.green, mask.blue));
+        EXPECT_EQ(unlitBefore, *Draw(0.35f).At(30, 30)) << "not before its time";
+        EXPECT_NEAR(mask.more, *Draw(0.56f).At(30, 30) - unlit, 2)
+            << mask.red << " " << mask.green << " " << mask.blue;
+    }
+}
+
 TEST_F(GlowFile, KeepsTheAlphaOfPaintingAndVertices)
 {
     Start("data/glowmask.fp", PlainPicture(4, 4, 4, 100, 100, 100, 128), PlainPicture(4, 4, 3, 0, 0, 0));
@@ -501,17 +524,37 @@ TEST_F(GlowFile, KeepsTheAlphaOfPaintingAndVertices)
 
 // Golden images: a ring that the light runs round, and a line and a dot out of focus.
 
-static float Ring(float x, float y)
+static float FromRing(float x, float y)
 {
     const float dx = x - 0.5f, dy = y - 0.5f;
-    const float distance = std::fabs(std::sqrt(dx * dx + dy * dy) - 0.33f) / 0.011f;
-    const float time = 0.2f + 0.8f * (std::atan2(dy, dx) + 3.1415927f) / 6.2831853f;
-    return time * std::max(0.0f, 1 - distance);
+    return std::fabs(std::sqrt(dx * dx + dy * dy) - 0.33f) / 0.011f;
+}
+
+static float RingTime(float x, float y)
+{
+    const float time = 0.2f + 0.8f * (std::atan2(y - 0.5f, x - 0.5f) + 3.1415927f) / 6.2831853f;
+    return FromRing(x, y) < 3 ? time : 0;
+}
+
+static float Ring(float x, float y)
+{
+    return RingTime(x, y) * std::max(0.0f, 1 - FromRing(x, y));
+}
+
+static float RingHalo(float x, float y)
+{
+    return RingTime(x, y) * 0.5f * std::max(0.0f, 1 - FromRing(x, y) / 2);
 }
 
 TEST_F(GlowFile, RunsRoundARing)
 {
-    Start("data/glowmask.fp", SlopePicture(60, 40), Paint(256, Ring), 192);
+    Picture ring = Paint(256, Ring);
+    const Picture halo = Paint(256, RingHalo), time = Paint(256, RingTime);
+    for (size_t i = 0; i < ring.pixels.size(); i += 3) {
+        ring.pixels[i + 1] = halo.pixels[i];
+        ring.pixels[i + 2] = time.pixels[i];
+    }
+    Start("data/glowmask.fp", SlopePicture(60, 40), ring, 192);
     const char* const names[] = {"GlowShader-arriving", "GlowShader-halfway", "GlowShader-late"};
     const float deltas[] = {0.7f, 1.3f, 9.1f};
     for (int i = 0; i < 3; i++)

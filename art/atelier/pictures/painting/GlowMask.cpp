@@ -34,7 +34,41 @@ static void TraceLight(Mask& order, const Line& line, float halfWidth, float fro
     }
 }
 
-// The order in which light travels through the painting. It starts in his far hand, runs over his shoulders,
+// What the light of a way does to its surroundings, measured here once instead of by the shader for each pixel
+// of each frame. `around` becomes the mean of the order within the reach of the halo. `moment` becomes the moment
+// at which light comes by: the ways are soft at their edges, which must not be taken for earlier moments, so it is
+// a mean in which the brightest count for nearly all. The taps lie like the seeds of a sunflower.
+static void MeasureSurroundings(const Mask& order, Mask& around, Mask& moment)
+{
+    constexpr float Reach = 13.3f; // pixels; ways may be twice as wide
+    constexpr int Taps = 48;
+    Vector2 taps[Taps];
+    Vector2 direction = {1, 0};
+    for (int i = 0; i < Taps; i++) {
+        direction = {-0.7373688f * direction.x - 0.6754902f * direction.y,
+                     0.6754902f * direction.x - 0.7373688f * direction.y};
+        taps[i] = direction * (Reach * Sqrt((float(i) + 0.5f) / Taps));
+    }
+    for (int y = 0; y < H; y++)
+        for (int x = 0; x < W; x++) {
+            const float centre = order.At(x, y);
+            float power = centre * centre * centre * centre, sum = 0;
+            // The centre counts as much as a sixteenth of the surroundings.
+            float powers = power * (Taps / 16.0f) + 0.000003f, moments = power * (Taps / 16.0f) * centre;
+            for (const Vector2& tap : taps) {
+                const float value = order.Sample(float(x) + 0.5f + tap.x, float(y) + 0.5f + tap.y);
+                power = value * value * value * value;
+                sum += value;
+                powers += power;
+                moments += power * value;
+            }
+            around.At(x, y) = sum / Taps;
+            moment.At(x, y) = moments / powers;
+        }
+}
+
+// The order in which light travels through the painting: the ways in red, and in green and blue what lies around
+// them. It starts in his far hand, runs over his shoulders,
 // down him and along his arm to her, up her body and out to her far hand, through her hair, and at last out
 // over the fields.
 Canvas GlowMask()
@@ -77,7 +111,9 @@ Canvas GlowMask()
     DrawHandTree(pen, HisArm, 8, 51);
     DrawHandTree(other, HerArm, 6, 52);
     order.Unite(his.Blur(0.8f).Scale(GreyOf(0))).Unite(hers.Blur(0.8f).Scale(GreyOf(0.64f)));
-    return Grey(order);
+    Mask around(W, H), moment(W, H);
+    MeasureSurroundings(order, around, moment);
+    return Channels(order, around, moment);
 }
 
 } // namespace atelier
