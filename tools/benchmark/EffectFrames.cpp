@@ -10,13 +10,13 @@
 #include "platform/SteppedClock.h"
 #include "platform/WindowSystem.h"
 #include "platform/dialogs/MessageBoxHooks.h"
+#include "tools/benchmark/ProcessorTime.h"
 #include "tools/cli/MonotonicSeconds.h"
 
 #include <GL/glew.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <ctime>
 
 static const char* const showFolder = "tests/shows";
 static const int displayModeBits = 32;
@@ -25,13 +25,6 @@ static const float showBand = 0.85f; // the letterbox that most of the show play
 static double Milliseconds()
 {
     return 1000 * cli::MonotonicSeconds();
-}
-
-static double ProcessorMilliseconds()
-{
-    timespec time = {};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) * 1e-6;
 }
 
 static void StartFrame(GLWindow* window)
