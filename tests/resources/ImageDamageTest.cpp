@@ -228,6 +228,11 @@ TEST_F(ImageDamage, AFileThatIsTooShortForItsPictureIsRefusedUnseen)
     jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, "\x1F\xFF\x1F\xFF");
     AddFile("large.jpg", jpeg);
     ExpectFailure(loader->LoadImage("large.jpg"), Complaint("large.jpg", tooShort));
+
+    // One that is cut behind its sides is told as cut, however large they are.
+    jpeg.replace(jpeg.find("\xFF\xC0") + 5, 4, "\x7F\xFF\x7F\xFF");
+    AddFile("cut.jpg", jpeg.substr(0, jpeg.find("\xFF\xC0") + 12));
+    ExpectFailure(loader->LoadImage("cut.jpg"), Complaint("cut.jpg", tooShort));
 }
 
 TEST_F(ImageDamage, ASideOf16384IsSane)
