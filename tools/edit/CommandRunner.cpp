@@ -312,24 +312,10 @@ void CommandRunner::Paste()
     state->revealSelection = true;
 }
 
-// From the earliest start to the latest stop. Of an empty selection the stop is below the start.
-static lint::Span SpanOf(const Outline& outline, const Selection& selection)
-{
-    lint::Span span = {UINT32_MAX, 0};
-    for (const ItemId item : selection) {
-        span.start = std::min(span.start, StartOf(outline, item));
-        span.stop = std::max(span.stop, StopOf(outline, item));
-    }
-    return span;
-}
-
-// The copies begin where the selection ends; copies of single messages, which take no time, a beat later.
 void CommandRunner::Duplicate()
 {
-    const auto [start, stop] = SpanOf(state->document->GetOutline(), state->selection);
-    const int64_t beat = std::llround(state->tempo.BeatSeconds() * 1000);
-    const std::vector<ItemId> items =
-        state->document->Duplicate(state->selection, stop > start ? int64_t(stop) - start : beat);
+    const int64_t shift = CopyShift(state->document->GetOutline(), state->selection, state->tempo);
+    const std::vector<ItemId> items = state->document->Duplicate(state->selection, shift);
     if (items.empty())
         return Refused();
     state->selection = items;

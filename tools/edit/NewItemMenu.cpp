@@ -9,7 +9,6 @@
 
 #include <imgui.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace edit
@@ -55,13 +54,7 @@ void NewItemMenu::DrawItemCommands(EditorState* state)
         if (ImGui::MenuItem("Go there"))
             state->goTo = StartOf(outline, selection[0]) / 1000.0;
         if (ImGui::MenuItem("Duplicate")) {
-            uint32_t from = UINT32_MAX, to = 0;
-            for (const ItemId item : selection) {
-                from = std::min(from, StartOf(outline, item));
-                to = std::max(to, StopOf(outline, item));
-            }
-            const int64_t beat = std::llround(state->tempo.BeatSeconds() * 1000);
-            TakeNew(document->Duplicate(selection, to > from ? int64_t(to) - from : beat), state);
+            TakeNew(document->Duplicate(selection, CopyShift(outline, selection, state->tempo)), state);
             ImGui::CloseCurrentPopup();
             return;
         }
@@ -74,8 +67,9 @@ void NewItemMenu::DrawItemCommands(EditorState* state)
         if (ImGui::MenuItem("Copy"))
             ImGui::SetClipboardText(document->Copy(selection).c_str());
     }
-    const char* const clipboard = ImGui::GetClipboardText();
-    if (ImGui::MenuItem("Paste here", nullptr, false, clipboard && *clipboard)) {
+    const char* const copied = ImGui::GetClipboardText();
+    const std::string clipboard = copied ? copied : "";
+    if (ImGui::MenuItem("Paste here", nullptr, false, !clipboard.empty())) {
         TakeNew(document->Paste(clipboard, time), state);
         return;
     }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace edit
 {
@@ -42,16 +43,12 @@ static Assignment Assign(const std::vector<int64_t>& positions, const std::vecto
         }
         const size_t place =
             size_t(std::lower_bound(places.begin(), places.end(), positions[i]) - places.begin());
-        if (place == places.size()) {
-            result.surplus.push_back(i);
-        } else if (result.keepers[place] == nobody) {
-            result.keepers[place] = i;
-        } else if (positions[i] > positions[result.keepers[place]]) {
-            result.surplus.push_back(result.keepers[place]);
-            result.keepers[place] = i;
-        } else {
-            result.surplus.push_back(i);
-        }
+        size_t rest = i; // who keeps no place
+        if (place < places.size() &&
+            (result.keepers[place] == nobody || positions[i] > positions[result.keepers[place]]))
+            rest = std::exchange(result.keepers[place], i);
+        if (rest != nobody)
+            result.surplus.push_back(rest);
     }
     return result;
 }

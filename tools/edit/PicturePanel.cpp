@@ -9,6 +9,7 @@
 #include <imgui.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace edit
@@ -58,7 +59,7 @@ void PicturePanel::DrawLoading(const ShowPool::Status& status, float scale) cons
                         ToolColour(Amber));
     if (!texture.Empty())
         return;
-    const std::string words = "loading the show, " + std::to_string(int(progress * 100 + 0.5f)) + " %";
+    const std::string words = "loading the show, " + std::to_string(std::lround(progress * 100)) + " %";
     ImGui::PushFont(platform::FontOf(platform::NoteFont));
     const ImVec2 extent = ImGui::CalcTextSize(words.c_str());
     list->AddText(ImVec2(from.x + (size.x - extent.x) / 2, from.y + (size.y - extent.y) / 2),

@@ -2,6 +2,7 @@
 #include "tools/edit/Selection.h"
 
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 
 namespace edit
@@ -57,6 +58,22 @@ uint32_t StopOf(const Outline& outline, ItemId item)
 bool IsEntry(const Outline& outline, ItemId item)
 {
     return item.time < 0 && outline.blocks[item.block].type == BlockEffect;
+}
+
+lint::Span SpanOf(const Outline& outline, const Selection& selection)
+{
+    lint::Span span = {UINT32_MAX, 0};
+    for (const ItemId item : selection) {
+        span.start = std::min(span.start, StartOf(outline, item));
+        span.stop = std::max(span.stop, StopOf(outline, item));
+    }
+    return span;
+}
+
+int64_t CopyShift(const Outline& outline, const Selection& selection, const timeline::Tempo& tempo)
+{
+    const auto [start, stop] = SpanOf(outline, selection);
+    return stop > start ? int64_t(stop) - start : std::llround(tempo.BeatSeconds() * 1000);
 }
 
 Selection AllItems(const Outline& outline)

@@ -4,6 +4,8 @@
 
 #include "tools/edit/ItemId.h"
 #include "tools/edit/Outline.h"
+#include "tools/lint/Lint.h"
+#include "tools/timeline/Times.h"
 
 #include <vector>
 
@@ -25,6 +27,13 @@ uint32_t StartOf(const Outline& outline, ItemId item);
 // When it ends: the stop of an entry, the last of a Steps group, else its start.
 uint32_t StopOf(const Outline& outline, ItemId item);
 bool IsEntry(const Outline& outline, ItemId item);
+
+// From the earliest start to the latest stop. Of an empty selection the stop is below the start.
+lint::Span SpanOf(const Outline& outline, const Selection& selection);
+
+// How far copies of the selection are shifted, in milliseconds, so that they begin where it ends. Copies of messages
+// that all have one time, and so take none, begin a beat later.
+int64_t CopyShift(const Outline& outline, const Selection& selection, const timeline::Tempo& tempo);
 
 // Every entry and message, of blocks that say enough to be shown; in order.
 Selection AllItems(const Outline& outline);

@@ -49,6 +49,19 @@ TEST(Selection, TellsWhenAnItemBeginsAndEnds)
     EXPECT_FALSE(IsEntry(outline, {hand, 0}));
 }
 
+TEST(Selection, HasItsCopiesBeginWhereItEnds)
+{
+    const EditedScript script(EditedScript::Night());
+    const Outline& outline = script.document.GetOutline();
+    const timeline::Tempo& tempo = script.state.tempo; // a beat is 600 ms
+    const size_t clouds = script.Block("20000"), towers = script.Block("40000"), hand = script.Block("hand");
+    EXPECT_EQ(20000, CopyShift(outline, {{towers, -1}}, tempo));
+    EXPECT_EQ(40000, CopyShift(outline, {{clouds, -1}, {towers, -1}}, tempo));
+    EXPECT_EQ(3000, CopyShift(outline, {{hand, 0}, {hand, 1}}, tempo)) << "at 6 and 9 s";
+    EXPECT_EQ(600, CopyShift(outline, {{hand, 1}}, tempo)) << "takes no time";
+    EXPECT_EQ(600, CopyShift(outline, {}, tempo));
+}
+
 TEST(Selection, OfAllHasEntriesAndEachTimeOfAMessage)
 {
     const EditedScript script("[MUSIC]\nFileName=a.ogg;\n" + EditedScript::Night());
