@@ -29,6 +29,12 @@ protected:
                (message.effect == "WhiteFlashOverlay" || message.effect == "BlackFlashOverlay");
     }
 
+    // The second look at a card, a bar after the first: it keeps the card bright under whatever is played there.
+    static bool IsSecondLook(const NightScript::Message& message)
+    {
+        return message.name == "handFrakt" && message.time / bar % 3 == 2;
+    }
+
     // When a message comes to an effect, in bars.
     std::vector<double> Bars(const std::string& effect, const std::string& name) const
     {
@@ -188,7 +194,8 @@ TEST_F(TheNight, TheBeatIsOnTimeAtEveryCutAndEveryMessage)
     for (const NightScript::Entry& entry : night.entries)
         times.insert({entry.start, entry.stop});
     for (const NightScript::Message& message : night.messages)
-        times.insert(message.time);
+        if (!IsSecondLook(message))
+            times.insert(message.time);
     EXPECT_GT(times.size(), 90u);
     for (const uint32_t time : times)
         EXPECT_EQ(0, score.rubato.LateAt(time / 600.0)) << time;
@@ -252,7 +259,7 @@ TEST_F(TheNight, EachCardIsStruckAndTheSparksOfTheSkyHaveNotesOfTheirOwn)
 {
     int cards = 0;
     for (const NightScript::Message& message : night.messages) {
-        if (message.name != "handFrakt" || message.time / bar % 3 != 1) // the second look is not struck
+        if (message.name != "handFrakt" || IsSecondLook(message))
             continue;
         cards++;
         for (const char* part : {"drum", "pizz", "celesta"})
