@@ -114,7 +114,9 @@ TEST_F(NightScore, HasNineSectionsThatBeginWhereTheScenesBegin)
     const NightScript script;
     for (const auto& [section, effect] : scenes)
         EXPECT_EQ(Find(section).firstBar * 1800u, script.StartOf(effect)) << section;
-    EXPECT_EQ(Find("home").firstBar * 1800u, script.StopOf("FX_RopeThing"));
+    // The roll has an overlay of its own from there on, and the fish swims a bar into it.
+    EXPECT_EQ(Find("home").firstBar * 1800u, script.StopOf("BlackFlashOverlay"));
+    EXPECT_EQ((Find("home").firstBar + 1) * 1800u, script.StopOf("FX_RopeThing"));
     EXPECT_EQ(207 * 1800u, script.end);
 }
 
