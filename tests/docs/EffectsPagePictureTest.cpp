@@ -4,15 +4,16 @@
 
 #include "math/Vector3.h"
 #include "resources/Material.h"
+#include "resources/VertexArray.h"
 #include "tests/support/picture/PictureFixture.h"
 
 #include <GL/glew.h>
 
 #include <cmath>
+#include <memory>
 
 // The functions of the page's blocks.
 class Texture;
-class VertexArray;
 void FrameThePicture(GLWindow* window);
 Texture* LoadWall();
 void DrawWall(Texture* wall);
@@ -107,7 +108,8 @@ TEST_F(EffectsPagePicture, ItsFishAndItsTriangleAreDrawn)
     EXPECT_GT(fish, 100);
     Clear();
     PlaceScene(Vector3(0, 0, -3), 180);
-    DrawTriangle(MakeTriangle());
+    const std::unique_ptr<VertexArray> triangle(MakeTriangle());
+    DrawTriangle(triangle.get());
     const Picture picture = Grab();
     EXPECT_GT(CountLit(picture), 1000);
     EXPECT_GT(picture.At(160, 150)[2], 100) << "upside down: the blue corner is below";
