@@ -155,6 +155,7 @@ bool KeptFrame::Draw(ImDrawData* data)
         glClear(GL_COLOR_BUFFER_BIT);
         ImGui_ImplOpenGL2_RenderDrawData(data);
         drawnShare = 1;
+        lost = true; // what the framebuffer object holds is not what the window shows now
         return true;
     }
 

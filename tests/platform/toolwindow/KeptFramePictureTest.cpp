@@ -142,6 +142,19 @@ TEST_F(KeptWindow, WithPixelsOfAPartIsAlwaysDrawnAsAWhole)
     }
 }
 
+TEST_F(KeptWindow, IsShownAnewBehindFramesThatWereNotKept)
+{
+    const auto paint = [](ImDrawList* list) { Words(list, 1); };
+    Draw(paint);
+    ImGui::GetIO().DisplayFramebufferScale = {1.5f, 1.5f};
+    Draw(paint);
+    ImGui::GetIO().DisplayFramebufferScale = {1, 1};
+    EXPECT_TRUE(Draw(paint));
+    const Picture seen = Grab();
+    EXPECT_EQ(Whole().pixels, seen.pixels);
+    EXPECT_FALSE(Draw(paint));
+}
+
 TEST_F(KeptWindow, LeavesTheFrameAsItWas)
 {
     Draw([](ImDrawList* list) { Words(list, 1); });
