@@ -48,6 +48,7 @@ void NewItemMenu::DrawItemCommands(EditorState* state)
     const auto told = [&](bool done) {
         if (!done)
             state->notice = document->LastRefusal();
+        return done;
     };
     const bool any = !selection.empty();
     if (any) {
@@ -60,8 +61,8 @@ void NewItemMenu::DrawItemCommands(EditorState* state)
         }
         if (ImGui::MenuItem("Cut")) {
             ImGui::SetClipboardText(document->Copy(selection).c_str());
-            told(document->Delete(selection));
-            state->selection.clear();
+            if (told(document->Delete(selection)))
+                state->selection.clear();
             return;
         }
         if (ImGui::MenuItem("Copy"))
@@ -75,8 +76,8 @@ void NewItemMenu::DrawItemCommands(EditorState* state)
     }
     if (any) {
         if (ImGui::MenuItem("Delete")) {
-            told(document->Delete(selection));
-            state->selection.clear();
+            if (told(document->Delete(selection)))
+                state->selection.clear();
             return;
         }
         const OutlineBlock& block = outline.blocks[selection[0].block];

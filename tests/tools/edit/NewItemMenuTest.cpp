@@ -18,7 +18,8 @@ using namespace edit;
 class ItemMenu : public testing::Test
 {
 protected:
-    ItemMenu() : script(EditedScript::Night()), before(script.document.Text()), state(script.state)
+    explicit ItemMenu(const std::string& text = EditedScript::Night())
+        : script(text), before(script.document.Text()), state(script.state)
     {
         panel.Show([this] { menu.Draw(&state, &tapping); });
     }
@@ -91,4 +92,25 @@ TEST_F(ItemMenu, DeletesWhatIsSelected)
     ClickUp(0, [&] { return script.document.GetOutline().blocks.size() < blocks || Popups() == 0; });
     EXPECT_EQ(blocks - 1, script.document.GetOutline().blocks.size());
     EXPECT_TRUE(state.selection.empty());
+}
+
+// Its list of times has no end, so that none of them can be taken out.
+class UnendedItemMenu : public ItemMenu
+{
+protected:
+    UnendedItemMenu()
+        : ItemMenu(
+              "[MESSAGE]\nMessageText=flash;\nActivationTime=1000,2000\nTargetEffect=WhiteFlashOverlay;\n")
+    {
+    }
+};
+
+TEST_F(UnendedItemMenu, KeepsTheSelectionWhereDeletionIsRefused)
+{
+    state.selection = {{0, 0}};
+    Open(0, 1, "");
+    ClickUp(0, [&] { return !state.notice.empty() || Popups() == 0; });
+    EXPECT_EQ("A ; is missing behind ActivationTime in the block of line 1.", state.notice);
+    EXPECT_EQ(before, script.document.Text());
+    EXPECT_EQ((Selection{{0, 0}}), state.selection);
 }
