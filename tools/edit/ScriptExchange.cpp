@@ -5,6 +5,8 @@
 #include "kernel/Effect.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstring>
 
 namespace edit
@@ -57,11 +59,16 @@ static std::vector<const Effect*> LoadingOrder(const DemoPlayer& player)
     return order;
 }
 
+// The bits of the colours, so that one that is no number equals itself.
+static std::array<uint32_t, 9> ColorBits(const DemoPlayer& player)
+{
+    return std::bit_cast<std::array<uint32_t, 9>>(player.GetColorScheme());
+}
+
 bool ScriptExchange::LoadsAlike() const
 {
-    const ColorScheme a = before.player->GetColorScheme();
-    const ColorScheme b = after.player->GetColorScheme();
-    return memcmp(&a, &b, sizeof a) == 0 && LoadingOrder(*before.player) == LoadingOrder(*after.player);
+    return ColorBits(*before.player) == ColorBits(*after.player) &&
+           LoadingOrder(*before.player) == LoadingOrder(*after.player);
 }
 
 // Parameters are compared as bytes, so that one that is no number equals itself.
