@@ -10,12 +10,21 @@ namespace edit
 
 static const int niceness = 10; // behind the window's process, which shall answer at once
 
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// The shadow memory of a sanitizer counts as data: terabytes, so that under any limit nothing more could be had.
+static void LimitMemory(uint64_t) {}
+#else
+static void LimitMemory(uint64_t bytes)
+{
+    const rlimit memory = {rlim_t(bytes), rlim_t(bytes)};
+    setrlimit(RLIMIT_DATA, &memory);
+}
+#endif
+
 void LimitProcess(uint64_t memoryLimit)
 {
-    if (memoryLimit > 0) {
-        const rlimit memory = {rlim_t(memoryLimit), rlim_t(memoryLimit)};
-        setrlimit(RLIMIT_DATA, &memory);
-    }
+    if (memoryLimit > 0)
+        LimitMemory(memoryLimit);
     const rlimit noCore = {0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
     setpriority(PRIO_PROCESS, 0, niceness);
