@@ -129,53 +129,90 @@ static std::vector<char*> Pointers(const std::vector<std::string>& texts)
     return pointers;
 }
 
+namespace
+{
+
+// What the program begins with.
+struct Beginning {
+    const char* directory; // null: the present one
+    char* const* arguments;
+    char* const* environment;
+    int input, output, errors, secondInput; // descriptors; the last may be -1
+    bool endsWithParent;
+    sigset_t blocked; // signals
+    int why;          // errno, if it can't be run
+};
+
+} // namespace
+
+// Runs in the new process, on the memory of the thread that waits for it: it changes nothing there but `why`, and
+// neither allocates nor returns. Handlers of signals are not for it.
+[[noreturn]] static void Become(Beginning* how)
+{
+    struct sigaction usual = {}, present;
+    usual.sa_handler = SIG_DFL;
+    for (int number = 1; number < NSIG; number++)
+        if (number == SIGPIPE || (sigaction(number, nullptr, &present) == 0 && present.sa_handler != SIG_IGN))
+            sigaction(number, &usual, nullptr);
+    sigprocmask(SIG_SETMASK, &how->blocked, nullptr);
+    setpgid(0, 0);
+    if (how->endsWithParent)
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+    dup2(how->input, STDIN_FILENO);
+    dup2(how->output, STDOUT_FILENO);
+    dup2(how->errors, STDERR_FILENO);
+    if (how->secondInput >= 0)
+        dup2(how->secondInput, secondInput);
+    if (!how->directory || chdir(how->directory) == 0)
+        execvpe(how->arguments[0], how->arguments, how->environment);
+    how->why = errno;
+    _exit(exitStatusCannotRun);
+}
+
+// Waits until the program runs or can't. fork would copy the tables of this process's memory, and have each page
+// that is written to afterwards copied: with a window's memory that takes as long as a frame.
+[[gnu::noinline]] static pid_t StartApart(Beginning* how)
+{
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &how->blocked);
+    const pid_t pid = vfork(); // NOLINT(clang-analyzer-security.insecureAPI.vfork)
+    if (pid == 0)
+        Become(how);
+    const int why = errno;
+    pthread_sigmask(SIG_SETMASK, &how->blocked, nullptr);
+    if (pid < 0)
+        how->why = why;
+    return pid;
+}
+
 bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSettings& settings)
 {
     assert(pid == 0 && !command.empty());
     name = command[0];
-    int report[2]; // carries errno if exec fails; a successful exec closes it
-    if (!MakePipes(settings.pipes) || !MakeFiles() || pipe2(report, O_CLOEXEC) != 0)
+    if (!MakePipes(settings.pipes) || !MakeFiles())
         return Fail(errno);
-    // Allocate before fork: the child of a process with several threads must not allocate.
     const std::vector<std::string> rows = ChangedEnvironment(settings.environment);
     const std::vector<char*> arguments = Pointers(command);
     const std::vector<char*> environment = Pointers(rows);
-    const int output = settings.outputTo >= 0 ? settings.outputTo : outputFile;
-    const int input = farEnds[0] >= 0 ? farEnds[0] : open("/dev/null", O_RDONLY | O_CLOEXEC);
+    Beginning how = {};
+    how.directory = settings.directory.empty() ? nullptr : settings.directory.c_str();
+    how.arguments = arguments.data();
+    how.environment = environment.data();
+    how.input = farEnds[0] >= 0 ? farEnds[0] : open("/dev/null", O_RDONLY | O_CLOEXEC);
+    how.output = settings.outputTo >= 0 ? settings.outputTo : outputFile;
+    how.errors = errorFile;
+    how.secondInput = farEnds[1];
+    how.endsWithParent = settings.endsWithParent;
 
-    pid = fork();
-    if (pid == 0) {
-        setpgid(0, 0);
-        signal(SIGPIPE, SIG_DFL);
-        if (settings.endsWithParent)
-            prctl(PR_SET_PDEATHSIG, SIGTERM);
-        dup2(input, STDIN_FILENO);
-        dup2(output, STDOUT_FILENO);
-        dup2(errorFile, STDERR_FILENO);
-        if (farEnds[1] >= 0)
-            dup2(farEnds[1], secondInput);
-        if (settings.directory.empty() || chdir(settings.directory.c_str()) == 0)
-            execvpe(arguments[0], arguments.data(), environment.data());
-        const int why = errno;
-        if (!settings.waitsForProgram)
-            _exit(exitStatusCannotRun);
-        _exit(write(report[1], &why, sizeof why) < 0 ? exitStatusCannotRun - 1 : exitStatusCannotRun);
-    }
-    int why = pid < 0 ? errno : 0;
-    close(report[1]);
+    pid = StartApart(&how);
     if (farEnds[0] < 0)
-        close(input);
-    ssize_t told = -1;
-    while (pid > 0 && settings.waitsForProgram && (told = read(report[0], &why, sizeof why)) < 0 &&
-           errno == EINTR) {
-    }
-    if (told == ssize_t(sizeof why))
-        while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+        close(how.input);
+    if (how.why) {
+        while (pid > 0 && waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
         }
-    close(report[0]);
-    if (why) {
         pid = 0;
-        return Fail(why);
+        return Fail(how.why);
     }
     Close(&farEnds[0]);
     Close(&farEnds[1]);

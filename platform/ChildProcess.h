@@ -22,9 +22,6 @@ struct ChildSettings {
     int pipes = 0;         // 0: its standard input is /dev/null; 1: a pipe; 2: another one as descriptor 3
     int outputTo = -1;     // a descriptor for its standard output, borrowed until Start returns; -1: kept
     bool endsWithParent = false; // SIGTERM ends the program with the thread that started it
-    // Whether Start waits until the program runs, which takes as long as a busy machine likes. Without that a program that
-    // can't be run ends with exit status 127, as in a shell.
-    bool waitsForProgram = true;
 };
 
 class ChildProcess

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <csignal>
+#include <string>
 
 using platform::ChildProcess;
 using platform::ChildSettings;
@@ -17,23 +19,67 @@ TEST(AChildProcess, ThatCantBeRunIsToldAtTheStart)
     EXPECT_EQ(0, child.Id());
 }
 
-TEST(AChildProcess, ThatCantBeRunEndsAsInAShellIfNobodyWaitedForItsProgram)
+TEST(AChildProcess, WithoutItsFolderIsToldAtTheStart)
 {
     ChildSettings settings;
-    settings.waitsForProgram = false;
+    settings.directory = "/nowhere";
     ChildProcess child;
-    EXPECT_TRUE(child.Start({"/nowhere/program"}, settings));
-    EXPECT_FALSE(child.Finish());
-    EXPECT_EQ(127, child.ExitStatus());
-    EXPECT_EQ("/nowhere/program failed with exit status 127", child.error);
+    EXPECT_FALSE(child.Start({"true"}, settings));
+    EXPECT_EQ(ENOENT, child.cause);
+    EXPECT_EQ(0, child.Id());
 }
 
-TEST(AChildProcess, RunsAllTheSameIfNobodyWaitedForItsProgram)
+// The signals are those of the test's process, which handles one, ignores one and blocks one.
+class ChildWithSignals : public testing::Test
 {
-    ChildSettings settings;
-    settings.waitsForProgram = false;
-    ChildProcess child;
-    ASSERT_TRUE(child.Start({"sh", "-c", "echo here"}, settings));
-    EXPECT_TRUE(child.Finish()) << child.error;
-    EXPECT_EQ("here\n", child.Output());
+protected:
+    ChildWithSignals()
+    {
+        handled = 0;
+        signal(SIGTERM, [](int) { handled = handled + 1; });
+        signal(SIGPIPE, SIG_IGN);
+        sigset_t usr;
+        sigemptyset(&usr);
+        sigaddset(&usr, SIGUSR1);
+        pthread_sigmask(SIG_BLOCK, &usr, &before);
+    }
+    ~ChildWithSignals() override
+    {
+        signal(SIGTERM, SIG_DFL);
+        signal(SIGPIPE, SIG_DFL);
+        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    }
+
+    // How a shell ends that runs this.
+    static int StatusOf(const std::string& command)
+    {
+        ChildProcess child;
+        EXPECT_TRUE(child.Start({"sh", "-c", command})) << child.error;
+        child.Finish();
+        return child.ExitStatus();
+    }
+
+    static volatile sig_atomic_t handled;
+    sigset_t before;
+};
+
+volatile sig_atomic_t ChildWithSignals::handled = 0;
+
+TEST_F(ChildWithSignals, EndsByThoseThatAreHandledOrIgnoredHere)
+{
+    EXPECT_EQ(-SIGTERM, StatusOf("kill -TERM $$; exit 3"));
+    EXPECT_EQ(-SIGPIPE, StatusOf("kill -PIPE $$; exit 3"));
+    EXPECT_EQ(0, handled);
+}
+
+TEST_F(ChildWithSignals, LeavesThoseOfThisProcessAsTheyWere)
+{
+    EXPECT_EQ(0, StatusOf("true"));
+    sigset_t now;
+    pthread_sigmask(SIG_SETMASK, nullptr, &now);
+    EXPECT_EQ(1, sigismember(&now, SIGUSR1));
+    EXPECT_EQ(0, sigismember(&now, SIGUSR2));
+    raise(SIGTERM);
+    raise(SIGPIPE);
+    EXPECT_EQ(1, handled);
 }

@@ -104,7 +104,6 @@ bool ShowProcess::Start(const std::string& program, const ShowSettings& settings
         how.environment = settings.environment;
         how.outputTo = farSocket;
         how.endsWithParent = true;
-        how.waitsForProgram = false; // ShowPool::Start has tried it
         started = child.Start({program, ShowHostArgument}, how);
         *reason = child.error;
     }
