@@ -13,6 +13,8 @@
 namespace platform
 {
 
+static const int framesAfterLoss = 4;
+
 // What OpenGL's library need not have of its own.
 static PFNGLGENFRAMEBUFFERSPROC genFramebuffers;
 static PFNGLDELETEFRAMEBUFFERSPROC deleteFramebuffers;
@@ -54,8 +56,8 @@ void KeptFrame::Open(const ImVec4& newGround)
     lost = true;
     changed.Forget();
     // A card draws the whole faster than the difference would be found.
-    keeps = IsSoftware() && HasFramebufferObjects();
-    if (!keeps)
+    keeping = IsSoftware() && HasFramebufferObjects() ? InTexture : InNothing;
+    if (keeping == InNothing)
         return;
     genFramebuffers(1, &framebuffer);
     glGenTextures(1, &texture);
@@ -71,10 +73,30 @@ void KeptFrame::Close()
     width = height = 0;
 }
 
+void KeptFrame::KeepInBackBuffer()
+{
+    Close(); // the framebuffer object has no use any more
+    keeping = InBackBuffer;
+    Forget();
+}
+
+void KeptFrame::Forget()
+{
+    changed.Forget();
+    lost = true;
+    wholeFrames = keeping == InBackBuffer ? framesAfterLoss : 0;
+}
+
 bool KeptFrame::Resize(int newWidth, int newHeight)
 {
     if (newWidth == width && newHeight == height)
         return true;
+    if (keeping == InBackBuffer) {
+        changed.Forget();
+        width = newWidth;
+        height = newHeight;
+        return true;
+    }
     glBindTexture(GL_TEXTURE_2D, texture);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
@@ -151,23 +173,32 @@ bool KeptFrame::Draw(ImDrawData* data)
     glViewport(0, 0, frameWidth, frameHeight);
     // Where a pixel of ImGui isn't a whole number of the screen's, the backend would cut rectangles anew in other places.
     const bool whole = scale.x == std::floor(scale.x) && scale.y == std::floor(scale.y);
-    if (!keeps || !whole || !Resize(frameWidth, frameHeight)) {
+    if (keeping == InNothing || !whole || !Resize(frameWidth, frameHeight)) {
         glClear(GL_COLOR_BUFFER_BIT);
         ImGui_ImplOpenGL2_RenderDrawData(data);
         drawnShare = 1;
         lost = true; // what the framebuffer object holds is not what the window shows now
+        if (keeping == InBackBuffer)
+            changed.Forget();
         return true;
     }
 
+    if (wholeFrames > 0) {
+        wholeFrames--;
+        changed.Forget();
+    }
     const std::vector<FrameRect> rects = changed.Find(*data);
     drawnShare = 0;
     if (!std::exchange(lost, false) && rects.empty())
         return false;
-    bindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    if (keeping == InTexture)
+        bindFramebuffer(GL_FRAMEBUFFER, framebuffer);
     for (const FrameRect& rect : rects) {
         DrawInside(data, rect);
         drawnShare += float(AreaOf(rect)) / (float(width) * float(height));
     }
+    if (keeping == InBackBuffer)
+        return true;
     bindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
     blitFramebuffer(0, 0, width, height, 0, 0, width, height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
     bindFramebuffer(GL_FRAMEBUFFER, 0);

@@ -2,6 +2,7 @@
 #include "platform/toolwindow/ToolWindow.h"
 
 #include "platform/Screen.h"
+#include "platform/toolwindow/PictureTexture.h"
 #include "platform/toolwindow/ToolFonts.h"
 #include "platform/toolwindow/ToolStyle.h"
 
@@ -119,6 +120,23 @@ static void ReadGlyphsWithoutFilter()
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
 }
 
+// OpenGL says nothing of the back buffer behind a swap. A software rasteriser copies it to the window, and one that
+// exchanges buffers has at most four: so many swaps tell. The colours are next to black.
+static bool SwapLeavesBackBuffer(SDL_Window* window)
+{
+    static const int mostBuffers = 4;
+    for (int blue = 1; blue <= mostBuffers; blue++) {
+        glClearColor(0, 0, float(blue) / 255, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+        SDL_GL_SwapWindow(window);
+        unsigned char pixel[4] = {};
+        glReadPixels(0, 0, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel);
+        if (pixel[0] != 0 || pixel[1] != 0 || pixel[2] != blue)
+            return false;
+    }
+    return true;
+}
+
 bool ToolWindow::OpenGL(std::string* reason)
 {
     context = SDL_GL_CreateContext(Sdl(window));
@@ -146,7 +164,32 @@ bool ToolWindow::OpenGL(std::string* reason)
     if (density == std::floor(density))
         ReadGlyphsWithoutFilter();
     keptFrame.Open(ToolTint(showcolours::Ink));
+    if (keptFrame.Keeps() && SwapLeavesBackBuffer(Sdl(window)))
+        keptFrame.KeepInBackBuffer();
+    DrawUnseen();
     return true;
+}
+
+// A software rasteriser compiles machine code for each combination of states when it is drawn with for the first time, and
+// takes about a tenth of a second for those of a window. That shall be over before anybody waits for an answer: what
+// frames consist of is drawn here, as a whole and in a part of the window, and not shown.
+void ToolWindow::DrawUnseen()
+{
+    const unsigned char pixels[16] = {};
+    PictureTexture picture;
+    picture.Upload(2, 2, pixels);
+    for (int i = 0; i < 10 && (i < 2 || keptFrame.DrawnShare() == 1); i++) {
+        BeginFrame();
+        ImDrawList* const list = ImGui::GetBackgroundDrawList();
+        list->AddRectFilled(ImVec2(8, 8), ImVec2(40, 40), ToolColour(showcolours::Amber), 4);
+        list->AddLine(ImVec2(8, 8), ImVec2(40, 30), ToolColour(showcolours::Amber));
+        list->AddText(ImVec2(8, 8), ToolColour(showcolours::Bone), std::to_string(i).c_str());
+        picture.Draw(list, ImVec2(48, 8), ImVec2(58, 18));
+        ImGui::Render();
+        keptFrame.Draw(ImGui::GetDrawData());
+    }
+    glFinish();
+    keptFrame.Forget();
 }
 
 void ToolWindow::Close()
@@ -247,9 +290,11 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
         break;
     case SDL_WINDOWEVENT:
         switch (event.window.event) {
+        case SDL_WINDOWEVENT_SIZE_CHANGED:
+            keptFrame.Forget();
+            break;
         case SDL_WINDOWEVENT_SHOWN:
         case SDL_WINDOWEVENT_EXPOSED:
-        case SDL_WINDOWEVENT_SIZE_CHANGED:
         case SDL_WINDOWEVENT_RESTORED:
             keptFrame.Expose();
             break;

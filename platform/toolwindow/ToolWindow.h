@@ -75,6 +75,7 @@ public:
 
 private:
     bool OpenGL(std::string* reason);
+    void DrawUnseen();
     void TakeEvent(const void* event); // an SDL_Event
 
     void* window = nullptr;  // SDL_Window

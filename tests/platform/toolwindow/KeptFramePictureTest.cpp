@@ -42,7 +42,8 @@ protected:
         ImGui::NewFrame();
         paint(ImGui::GetBackgroundDrawList());
         ImGui::Render();
-        Soil();
+        if (swapSoils)
+            Soil();
         return kept.Draw(ImGui::GetDrawData());
     }
 
@@ -63,6 +64,7 @@ protected:
     }
 
     platform::KeptFrame kept;
+    bool swapSoils = true;
 };
 
 static void Words(ImDrawList* list, int step)
@@ -181,4 +183,84 @@ TEST_F(KeptWindow, OfNoSizeDrawsNothing)
 {
     ImGui::GetIO().DisplaySize = {0, 0};
     EXPECT_FALSE(Draw([](ImDrawList*) {}));
+}
+
+// The back buffer stays as it is behind a swap.
+class WindowKeptInItself : public KeptWindow
+{
+protected:
+    void SetUp() override
+    {
+        KeptWindow::SetUp();
+        kept.KeepInBackBuffer();
+        swapSoils = false;
+        Soil();
+        DrawToRest();
+        ExpectWhole();
+    }
+    // Until no more frames are drawn as a whole.
+    void DrawToRest()
+    {
+        int frames = 0;
+        while (Draw([](ImDrawList* list) { Words(list, 0); }) && frames < 100)
+            frames++;
+        EXPECT_LT(frames, 10);
+    }
+    // The window looks like a frame that is drawn as a whole, and stays as it is.
+    void ExpectWhole()
+    {
+        const Picture seen = Grab();
+        EXPECT_EQ(Whole().pixels, seen.pixels);
+    }
+};
+
+TEST_F(WindowKeptInItself, IsThatOfAWholeDrawing)
+{
+    for (int step = 1; step < 40; step++) {
+        ASSERT_TRUE(Draw([step](ImDrawList* list) { Words(list, step); }));
+        EXPECT_GT(1, kept.DrawnShare());
+        const Picture seen = Grab();
+        // Only now, since it would soil or mend the buffer, is the whole drawn over it.
+        ASSERT_EQ(Whole().pixels, seen.pixels) << "frame " << step;
+    }
+    EXPECT_FALSE(Draw([](ImDrawList* list) { Words(list, 39); }));
+}
+
+TEST_F(WindowKeptInItself, LeavesThePixelsThatDoNotChangeAlone)
+{
+    const Picture before = Grab();
+    Soil();
+    ASSERT_TRUE(Draw([](ImDrawList* list) {
+        Words(list, 0);
+        list->AddRectFilled({2, 2}, {3, 3}, IM_COL32_WHITE);
+    }));
+    Picture seen = Grab();
+    EXPECT_NE(before.pixels, seen.pixels) << "what was soiled elsewhere stays so";
+    kept.Forget();
+    Draw([](ImDrawList* list) { Words(list, 0); });
+    EXPECT_EQ(1, kept.DrawnShare());
+    ExpectWhole();
+}
+
+TEST_F(WindowKeptInItself, IsDrawnAsAWholeAgainWhenItsSizeMayHaveChanged)
+{
+    Soil();
+    kept.Forget();
+    DrawToRest();
+    ExpectWhole();
+    ImGui::GetIO().DisplaySize = {200, 100};
+    DrawToRest();
+    ImGui::GetIO().DisplaySize = {float(pictureWidth), float(pictureHeight)};
+    Soil();
+    DrawToRest();
+    ExpectWhole();
+}
+
+TEST_F(WindowKeptInItself, IsDrawnAsAWholeBehindFramesThatWereNotKept)
+{
+    ImGui::GetIO().DisplayFramebufferScale = {1.5f, 1.5f};
+    Draw([](ImDrawList* list) { Words(list, 3); });
+    ImGui::GetIO().DisplayFramebufferScale = {1, 1};
+    DrawToRest();
+    ExpectWhole();
 }
