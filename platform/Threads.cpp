@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <pthread.h>
+#include <sys/resource.h>
 
 namespace platform
 {
@@ -32,6 +33,13 @@ bool StartThread(ThreadBody body, void* context)
     }
     pthread_detach(thread);
     return true;
+}
+
+// Linux keeps the niceness for each thread by itself, and 0 stands for the calling one.
+void GiveWay()
+{
+    static const int steps = 10;
+    setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + steps);
 }
 
 // Waits until CanStartThreads has started the last one, so that all of them exist at the same time.

@@ -16,4 +16,8 @@ bool StartThread(ThreadBody body, void* context);
 // millisecond. What other processes of the same user start afterwards can take the room away.
 bool CanStartThreads(int count);
 
+// Lets the calling thread, and the threads and processes that it starts from then on, wait for the processor where others
+// of the program want it: by ten steps of niceness. For good, since a user may not take it back.
+void GiveWay();
+
 } // namespace platform

@@ -5,8 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <semaphore>
+#include <thread>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 static std::binary_semaphore done(0);
@@ -42,6 +45,24 @@ TEST(Threads, OneThatTheSystemRefusesIsToldAndItsBodyNeverRuns)
         EXPECT_FALSE(platform::CanStartThreads(1));
         EXPECT_TRUE(platform::CanStartThreads(0));
     });
+}
+
+static int NicenessOf(bool givesWay)
+{
+    int niceness = 0;
+    std::thread([&] {
+        if (givesWay)
+            platform::GiveWay();
+        std::thread([&] { niceness = getpriority(PRIO_PROCESS, 0); }).join();
+    }).join();
+    return niceness;
+}
+
+TEST(Threads, GiveWayWithThoseThatTheyStartAndNoOthers)
+{
+    const int usual = NicenessOf(false);
+    EXPECT_EQ(std::min(usual + 10, 19), NicenessOf(true));
+    EXPECT_EQ(usual, NicenessOf(false));
 }
 
 // Threads that have ended by the time that the next one starts would need hardly any room.

@@ -2,6 +2,7 @@
 #include "tools/edit/Analysis.h"
 
 #include "platform/Paths.h"
+#include "platform/Threads.h"
 
 #include <utility>
 
@@ -85,6 +86,7 @@ std::shared_ptr<AnalysisResult> Analysis::Check(const CheckRequest& request) con
 
 void Analysis::CheckTexts()
 {
+    platform::GiveWay(); // to the window
     std::unique_lock<std::mutex> lock(mutex);
     for (;;) {
         changed.wait(lock, [this] { return waiting || ending; });
@@ -128,6 +130,7 @@ void Analysis::GiveWave(AnalysisResult* result) const
 
 void Analysis::DecodeMusic()
 {
+    platform::GiveWay();
     std::unique_lock<std::mutex> lock(mutex);
     for (;;) {
         changed.wait(lock, [this] { return wantedMusic != decodedMusic || musicIsOld || ending; });

@@ -8,8 +8,6 @@
 namespace edit
 {
 
-static const int niceness = 10; // behind the window's process, which shall answer at once
-
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 // The shadow memory of a sanitizer counts as data: terabytes, so that under any limit nothing more could be had.
 static void LimitMemory(uint64_t) {}
@@ -27,7 +25,6 @@ void LimitProcess(uint64_t memoryLimit)
         LimitMemory(memoryLimit);
     const rlimit noCore = {0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
-    setpriority(PRIO_PROCESS, 0, niceness);
     if (FILE* const file = fopen("/proc/self/oom_score_adj", "w")) {
         fputs("1000", file);
         fclose(file);

@@ -5,6 +5,7 @@
 #include "kernel/FrameTimer.h"
 #include "kernel/LoadingScreen.h"
 #include "platform/Paths.h"
+#include "platform/Threads.h"
 #include "tools/capture/SteppedShow.h"
 #include "tools/cli/MonotonicSeconds.h"
 #include "tools/edit/ProcessLimits.h"
@@ -382,6 +383,7 @@ void ShowHost::Send(const ShowReply& reply, const std::string& text)
 
 void RunShowHost()
 {
+    platform::GiveWay(); // to the window's process, which shall answer at once
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     signal(SIGPIPE, SIG_IGN);
     // What effects and libraries print must not get into the socket.
