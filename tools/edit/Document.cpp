@@ -21,6 +21,7 @@ Document::~Document()
         return;
     threads->script.Forget(this);
     threads->recovery.Forget(this);
+    threads->cures.Forget(this);
     // Whoever holds the place last removes the file, which a thread shall do.
     std::shared_ptr<SafePlace> last = std::move(safe);
     threads->recovery.Do(this, [last = std::move(last)] { last->file.Remove(); }, {});
@@ -41,10 +42,10 @@ void Document::SetText(std::string newText, Outline newOutline)
 
 // ---- The file
 
-void Document::OnScriptThread(DiskThread::Work work, DiskThread::Work then)
+void Document::OnThread(DiskThread DiskThreads::*thread, DiskThread::Work work, DiskThread::Work then)
 {
     if (threads)
-        return threads->script.Do(this, std::move(work), std::move(then));
+        return (threads->*thread).Do(this, std::move(work), std::move(then));
     work();
     if (then)
         then();
@@ -73,7 +74,7 @@ void Document::KnowFile(const ScriptFile& known)
     file = known;
     fileDecisions++;
     found.reset();
-    OnScriptThread([disk = onDisk, known] { *disk = known; });
+    OnThread(&DiskThreads::script, [disk = onDisk, known] { *disk = known; });
 }
 
 bool Document::IsModified() const
@@ -98,7 +99,8 @@ void Document::BeginSave(std::string path, SaveDone done)
     job->looks = path == Path();
     job->decisions = fileDecisions;
     saves++;
-    OnScriptThread(
+    OnThread(
+        &DiskThreads::script,
         [job, disk = onDisk, place = safe] {
             if (job->looks)
                 job->look = LookAt(disk.get(), job->text);
@@ -193,12 +195,13 @@ void Document::BeginLook(LookDone done)
     const auto job = std::make_shared<LookJob>();
     job->text = text;
     job->decisions = fileDecisions;
-    OnScriptThread([job, disk = onDisk] { job->look = LookAt(disk.get(), job->text); },
-                   [this, job, done] {
-                       if (job->decisions == fileDecisions)
-                           return done(TakeLook(job->look));
-                       BeginLook(done); // the file has been saved or decided about meanwhile
-                   });
+    OnThread(
+        &DiskThreads::script, [job, disk = onDisk] { job->look = LookAt(disk.get(), job->text); },
+        [this, job, done] {
+            if (job->decisions == fileDecisions)
+                return done(TakeLook(job->look));
+            BeginLook(done); // the file has been saved or decided about meanwhile
+        });
 }
 
 DiskState Document::LookAtDisk()
@@ -255,15 +258,6 @@ bool Document::SafePlace::Keep(const std::string& path, const std::string& kept,
     return (file.IsOpen() || file.Open(path, reason)) && file.Write(kept, reason);
 }
 
-void Document::OnRecoveryThread(DiskThread::Work work, DiskThread::Work then)
-{
-    if (threads)
-        return threads->recovery.Do(this, std::move(work), std::move(then));
-    work();
-    if (then)
-        then();
-}
-
 void Document::Tick(double seconds)
 {
     if (seconds - recoveredAt < recoveryInterval)
@@ -290,7 +284,8 @@ void Document::BeginRecovery(const std::optional<Recovery>& replaced)
     job->replaced = replaced;
     recovers = true;
     const uint64_t before = std::exchange(recoveredRevision, revision);
-    OnRecoveryThread(
+    OnThread(
+        &DiskThreads::recovery,
         [job, place = safe] {
             const std::lock_guard<std::mutex> lock(place->mutex);
             job->kept = place->Keep(job->path, job->text, &job->failure);
@@ -311,7 +306,7 @@ void Document::ClearRecovery(bool givesPlaceBack)
     recoveredRevision = 0;
     if (givesPlaceBack)
         recoveredAt = -recoveryInterval; // what is still unsaved is written to the new place at once
-    OnRecoveryThread([place = safe, givesPlaceBack] {
+    OnThread(&DiskThreads::recovery, [place = safe, givesPlaceBack] {
         const std::lock_guard<std::mutex> lock(place->mutex);
         if (givesPlaceBack)
             place->file.Remove();

@@ -14,8 +14,8 @@
 // they were. A call with another number, or without one, ends the gesture.
 //
 // DISKS. A call that begins with Begin, Tick and Recover give what they have to do with files to threads (DiskThreads)
-// and return at once; what has become of it is told when those are polled. Open, Save, SaveAs, LookAtDisk and WriteRecovery
-// wait for the disk, and for all that was begun. Without threads everything is done before the call returns.
+// and return at once; what has become of it is told when those are polled. Open, Save, SaveAs, LookAtDisk, WriteRecovery
+// and ApplyCure wait for their thread, and for all that was begun there. Without threads everything is done before the call returns.
 //
 // All of it on one thread.
 #pragma once
@@ -40,13 +40,16 @@
 namespace edit
 {
 
-// Unsaved work has a thread of its own: it shall be safe even while the script's disk makes a save wait.
+// Unsaved work has a thread of its own: it shall be safe even while the script's disk makes a save wait. So have cures,
+// for which the linter reads the script twice.
 struct DiskThreads {
-    explicit DiskThreads(const std::function<void()>& wake = {}) : script(wake), recovery(wake) {}
+    explicit DiskThreads(const std::function<void()>& wake = {}) : script(wake), recovery(wake), cures(wake)
+    {
+    }
 
-    DiskThread script, recovery;
+    DiskThread script, recovery, cures;
 
-    bool Poll() { return script.Poll() | recovery.Poll(); }
+    bool Poll() { return script.Poll() | recovery.Poll() | cures.Poll(); }
 };
 
 // What became of a save.
@@ -184,7 +187,10 @@ public:
     static bool CanCure(const lint::Finding& finding);
 
     // The finding may be of an older revision: it is looked for in the present text, with the options that it was
-    // found with, and refused if it is no longer there.
+    // found with, and refused if it is no longer there. What is edited while a cure is worked out stays: the cure is then
+    // worked out anew.
+    typedef std::function<void(bool cured)> CureDone; // false: see LastRefusal
+    void BeginCure(const lint::Finding& finding, lint::CheckOptions options, CureDone done);
     bool ApplyCure(const lint::Finding& finding, const lint::CheckOptions& options = {});
 
 private:
@@ -192,6 +198,8 @@ private:
     typedef std::function<bool(ScriptEdit*)> Operation;
     bool Change(const std::string& name, uint64_t gesture, const Operation& operation,
                 const Additions* additions = nullptr, std::vector<ItemId>* items = nullptr);
+    void TakeEdit(const std::string& name, const std::string& before, std::string after, Outline read,
+                  uint64_t gesture);
     std::optional<ItemId> Insert(const std::string& name, const Operation& operation, const Additions* added);
 
     void SetText(std::string newText);
@@ -215,8 +223,8 @@ private:
 
     static Look LookAt(ScriptFile* disk, const std::string& text);
     DiskState TakeLook(Look look);
-    void OnScriptThread(DiskThread::Work work, DiskThread::Work then = {});
-    void OnRecoveryThread(DiskThread::Work work, DiskThread::Work then = {});
+    // On one of the threads, or at once if there are none.
+    void OnThread(DiskThread DiskThreads::*thread, DiskThread::Work work, DiskThread::Work then = {});
     void KnowFile(const ScriptFile& known);
     void BeginRecovery(const std::optional<Recovery>& replaced = {}); // which goes when the text is safe
     void ClearRecovery(bool givesPlaceBack);

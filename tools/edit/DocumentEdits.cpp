@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The edits of Document: each is a function on ScriptEdit, made a step of undo.
+#include "platform/Paths.h"
 #include "tools/edit/CureFinding.h"
 #include "tools/edit/Document.h"
 #include "tools/edit/EditBlocks.h"
@@ -29,10 +30,16 @@ bool Document::Change(const std::string& name, uint64_t gesture, const Operation
     }
     if (additions)
         *items = additions->Items(script);
+    TakeEdit(name, before, std::move(after), std::move(read), gesture);
+    return true;
+}
+
+void Document::TakeEdit(const std::string& name, const std::string& before, std::string after, Outline read,
+                        uint64_t gesture)
+{
     undo.Add(name, before, after, gesture);
     if (after != text)
         SetText(std::move(after), std::move(read));
-    return true;
 }
 
 bool Document::Move(std::vector<ItemId> items, int64_t milliseconds, int64_t layers, uint64_t gesture)
@@ -149,9 +156,47 @@ bool Document::CanCure(const lint::Finding& finding)
     return !finding.fixes.empty();
 }
 
+void Document::BeginCure(const lint::Finding& finding, lint::CheckOptions options, CureDone done)
+{
+    struct CureJob {
+        lint::Finding finding;
+        lint::CheckOptions options;
+        std::string before, after, refusal;
+        Outline read;
+        bool cured = false;
+    };
+    const auto job = std::make_shared<CureJob>();
+    job->finding = finding;
+    job->options = std::move(options);
+    if (job->options.data.empty())
+        job->options.data = platform::GetDataDirectory(); // asked for here, on the thread that sets it
+    job->before = text;
+    OnThread(
+        &DiskThreads::cures,
+        [job] {
+            const Outline present = ReadOutline(job->before);
+            ScriptEdit script(job->before, present);
+            job->cured =
+                CureFinding(&script, job->finding, job->options) && script.Finish(&job->after, &job->read);
+            job->refusal = script.Refusal();
+        },
+        [this, job, done] {
+            if (job->before != text)
+                return BeginCure(job->finding, job->options, done);
+            refusal = job->refusal;
+            if (job->cured)
+                TakeEdit("Cure", job->before, std::move(job->after), std::move(job->read), 0);
+            done(job->cured);
+        });
+}
+
 bool Document::ApplyCure(const lint::Finding& finding, const lint::CheckOptions& options)
 {
-    return Change("Cure", 0, [&](ScriptEdit* script) { return CureFinding(script, finding, options); });
+    bool applied = false;
+    BeginCure(finding, options, [&applied](bool cured) { applied = cured; });
+    if (threads)
+        threads->cures.Finish();
+    return applied;
 }
 
 } // namespace edit

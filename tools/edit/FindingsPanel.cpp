@@ -137,9 +137,10 @@ void FindingsPanel::DrawFinding(Session* session, const lint::Finding& finding, 
     bool overButton = false;
     if (curable) {
         ImGui::SetCursorScreenPos(ImVec2(from.x + width - buttonWidth + 4 * scale, from.y + 7 * scale));
-        if (ImGui::Button("Mend", ImVec2(buttonWidth - 6 * scale, (rowHeight - 14) * scale)) &&
-            !session->GetDocument().ApplyCure(finding, session->LintOptions()))
-            session->state.notice = session->GetDocument().LastRefusal();
+        ImGui::BeginDisabled(session->IsCuring());
+        if (ImGui::Button("Mend", ImVec2(buttonWidth - 6 * scale, (rowHeight - 14) * scale)))
+            session->BeginCure(finding);
+        ImGui::EndDisabled();
         overButton = ImGui::IsItemHovered();
         ImGui::SetCursorScreenPos(after);
     }

@@ -17,7 +17,7 @@ Session::Session(const Options& wanted, std::function<void()> wake)
     : transport(&state, &music), options(wanted), disks(wake), document(std::make_unique<Document>(&disks)),
       analysis(std::move(wake)), sentRevision(0), sentAny(false), wantedFrame(-1), frameCame(-1),
       wasPlaying(false), conflict(false), looks(false), looksOnce(false), watches(false), lookedAt(0),
-      poolRuns(false)
+      poolRuns(false), cures(false)
 {
     lintOptions.data = platform::GetDataDirectory();
     lintOptions.frameRate =
@@ -93,6 +93,18 @@ void Session::BeginOpen(const std::string& path, std::function<void(const Openin
         });
 }
 
+void Session::BeginCure(const lint::Finding& finding)
+{
+    if (cures)
+        return;
+    cures = true;
+    document->BeginCure(finding, lintOptions, [this](bool cured) {
+        cures = false;
+        if (!cured)
+            state.notice = document->LastRefusal();
+    });
+}
+
 void Session::Discard(const Recovery& recovery)
 {
     disks.recovery.Do(this, [recovery] { Document::DiscardRecovery(recovery); }, {});
@@ -108,7 +120,7 @@ void Session::New()
 void Session::Begin()
 {
     transport.Stop();
-    conflict = looks = looksOnce = false;
+    conflict = looks = looksOnce = cures = false;
     remarks.clear();
     state.selection.clear();
     state.markers.clear();

@@ -61,6 +61,10 @@ public:
     // file was written by another program: its text has then been taken over, or HasConflict is true.
     void BeginSave(const std::string& path, Document::SaveDone done);
 
+    // Applies a finding's cure to the script, one at a time. A refusal becomes a notice.
+    void BeginCure(const lint::Finding& finding);
+    bool IsCuring() const { return cures; }
+
     // Throws away unsaved work that a process left behind.
     void Discard(const Recovery& recovery);
 
@@ -134,6 +138,7 @@ private:
     bool watches;   // the system tells what changes
     double lookedAt;
     bool poolRuns;
+    bool cures;                  // a cure is being worked out
     std::string recoveryFailure; // that the user has been told
 };
 

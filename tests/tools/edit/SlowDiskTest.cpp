@@ -266,3 +266,62 @@ TEST_F(SlowDisk, AKillDuringASlowSaveLosesNothing)
     ASSERT_TRUE(edit::Document::FindRecovery(path, &found));
     EXPECT_NE(std::string::npos, found.text.find("StartTime=77;"));
 }
+
+// The linter is as slow as the gate makes it.
+class SlowCure : public SlowDisk
+{
+protected:
+    SlowCure()
+    {
+        Write(path, std::string(clouds) + "[MUSIC]\nFileName==a.ogg;\n");
+        EXPECT_TRUE(document->Open(path, &reason)) << reason;
+        options.checkFiles = false;
+        for (const lint::Finding& finding : lint::CheckText(document->Text(), "", options).findings)
+            if (finding.code == "extra-equals")
+                extraEquals = finding;
+        Stop(&disks.cures, &gate);
+        document->BeginCure(extraEquals, options, [this](bool cured) { told.push_back(cured); });
+    }
+
+    lint::CheckOptions options;
+    lint::Finding extraEquals;
+    std::promise<void> gate;
+    std::vector<bool> told;
+};
+
+TEST_F(SlowCure, KeepsWhatIsEditedMeanwhile)
+{
+    Change();
+    disks.Poll();
+    EXPECT_TRUE(told.empty());
+    const std::string edited = document->Text();
+    EXPECT_NE(std::string::npos, edited.find("StartTime=5;"));
+    EXPECT_NE(std::string::npos, edited.find("FileName==a.ogg;"));
+    gate.set_value();
+    disks.cures.Finish();
+    EXPECT_EQ(std::vector<bool>{true}, told);
+    EXPECT_NE(std::string::npos, document->Text().find("StartTime=5;"));
+    EXPECT_NE(std::string::npos, document->Text().find("FileName=a.ogg;"));
+    EXPECT_EQ("Cure", document->UndoName());
+    EXPECT_TRUE(document->Undo());
+    EXPECT_EQ(edited, document->Text());
+}
+
+TEST_F(SlowCure, IsRefusedWhereTheFindingHasGoneMeanwhile)
+{
+    ASSERT_TRUE(document->SetMusic(""));
+    const std::string edited = document->Text();
+    gate.set_value();
+    disks.cures.Finish();
+    EXPECT_EQ(std::vector<bool>{false}, told);
+    EXPECT_EQ("The script has changed: this is no longer in it.", document->LastRefusal());
+    EXPECT_EQ(edited, document->Text());
+}
+
+TEST_F(SlowCure, OfADocumentThatEndsIsToldNobody)
+{
+    document.reset();
+    gate.set_value();
+    disks.cures.Finish();
+    EXPECT_TRUE(told.empty());
+}
