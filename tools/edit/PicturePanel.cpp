@@ -85,13 +85,29 @@ void PicturePanel::DrawFailure(const ShowPool::Status& status, float scale) cons
     ImGui::PopFont();
 }
 
+// The room that the picture leaves. Nothing of it is drawn below the picture: without a graphics card each pixel counts.
+static void DrawSurround(ImDrawList* list, Rect room, Rect picture)
+{
+    const ImU32 colour = ToolColour(Mix(Ink, 0, 0.35f));
+    const auto fill = [list, colour](float left, float top, float right, float bottom) {
+        if (left < right && top < bottom)
+            list->AddRectFilled(ImVec2(left, top), ImVec2(right, bottom), colour);
+    };
+    if (picture.Empty())
+        return fill(room.x, room.y, room.Right(), room.Bottom());
+    fill(room.x, room.y, room.Right(), picture.y);
+    fill(room.x, picture.Bottom(), room.Right(), room.Bottom());
+    fill(room.x, picture.y, picture.x, picture.Bottom());
+    fill(picture.Right(), picture.y, room.Right(), picture.Bottom());
+}
+
 void PicturePanel::Draw(const Session& session, bool alone)
 {
     const float scale = session.state.scale;
     const ImVec2 from = ImGui::GetWindowPos(), size = ImGui::GetWindowSize();
     ImDrawList* const list = ImGui::GetWindowDrawList();
-    list->AddRectFilled(from, ImVec2(from.x + size.x, from.y + size.y), ToolColour(Mix(Ink, 0, 0.35f)));
     const Rect fit = FitPicture({from.x, from.y, size.x, size.y}, texture.Width(), texture.Height());
+    DrawSurround(list, {from.x, from.y, size.x, size.y}, fit);
     texture.Draw(list, ImVec2(fit.x, fit.y), ImVec2(fit.Right(), fit.Bottom()));
 
     const ShowPool::Status status = session.ShowStatus();
