@@ -35,7 +35,8 @@ std::string WriteFuzzInput(const std::string& name, const void* data, size_t siz
     static const FuzzFolder folder;
     const std::string path = folder.path + "/" + name;
     FILE* file = fopen(path.c_str(), "wb");
-    if (!file || fwrite(data, 1, size, file) != size || fclose(file) != 0) {
+    // An empty input may come as a null pointer, which fwrite must not be given.
+    if (!file || (size > 0 && fwrite(data, 1, size, file) != size) || fclose(file) != 0) {
         perror(path.c_str());
         abort();
     }
