@@ -3,35 +3,48 @@
 
 #include "art/atelier/pictures/clouds/Body.h"
 
-// A left hand that holds a card between its thumb and its fingers, and the sleeve that it comes out of.
+// A hand that holds a card, and the sleeve that it comes out of.
 
 namespace atelier
 {
 
 enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 
-// What the fingers do that are not needed for the card.
 enum class Gesture {
-    Loose,    // the little finger goes round the card's edge and holds it from the front
-    Together, // all four are pressed together behind the card
-    Curled,   // ring and little finger lie in the palm
-    Fan       // ring and little finger are spread like a fan
+    TwoBehind,  // thumb before the card, two fingers behind it, two in the palm
+    AllBehind,  // thumb before the card, all fingers behind it
+    AllInFront, // seen from the back of the hand: the fingers before the card, the thumb behind it
+    Fan,        // thumb and forefinger hold it, the others are spread like a fan
+    Scissors,   // between fore and middle finger, the others are in the palm
+    OneBehind   // thumb before the card, the forefinger behind it, three in the palm
 };
 
 struct Arm {
     uint32_t seed;
-    float bend;   // pixels by which the elbow is out to the left
-    float spread; // how far the little finger stands off
+    float bend; // pixels by which the elbow is out to the left
     float girth;
     float tan; // of the skin: 0 moonlit to 1 weathered
     Wear wear;
     Gesture gesture;
 };
 
-// All but what lies before the card: forearm, palm, fingers. The card goes over the fingers.
-void PaintHand(Canvas& canvas, const Sight& sight, const Arm& arm);
-// What holds the card from the front: the thumb, and the tip of a finger that comes round the edge.
-void PaintGrip(Canvas& canvas, const Sight& sight, const Arm& arm);
+// The hand of an arm as it is drawn on a canvas of this size.
+class DrawnHand
+{
+public:
+    DrawnHand(const Arm& arm, const Sight& sight, int width, int height);
+
+    // The whole hand, and its forearm as far as it is bare. The card goes over it.
+    void Paint(Canvas& canvas) const;
+    // What holds the card from in front, and its shadow on the card.
+    void PaintGrip(Canvas& canvas) const;
+
+private:
+    Canvas drawn, before;
+    Mask shadow;
+    int left, top; // where they lie
+};
+
 // What the arm wears, over the forearm.
 void PaintWear(Canvas& canvas, const Sight& sight, const Arm& arm);
 

@@ -39,13 +39,13 @@ struct Greeting {
 
 // clang-format off
 static const Greeting Greetings[] = {
-    // to                tail                        emblem         roll  place          large   small   above  seed bend spread girth  tan   wear, gesture
-    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.35f, 0.385f}, 0.108f, 0.062f, false, {100,  60, 0.4f, 1.00f, 0.45f, Wear::Wool, Gesture::Curled}},
-    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.37f, 0.360f}, 0.116f, 0.060f, false, {200, -30, 0.1f, 1.10f, 0.85f, Wear::Rope, Gesture::Together}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.485f}, 0.090f, 0.056f, true,  {300,  20, 0.7f, 1.08f, 0.35f, Wear::Flour, Gesture::Loose}},
-    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.46f, 0.375f}, 0.100f, 0.062f, false, {400,  90, 1.0f, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
-    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f}, 0.096f, 0.062f, true,  {500, -50, 0.2f, 1.06f, 0.60f, Wear::Leather, Gesture::Curled}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.46f, 0.385f}, 0.112f, 0.064f, false, {600,  40, 0.8f, 0.96f, 0.25f, Wear::Wire, Gesture::Loose}},
+    // to                tail                        emblem         roll  place          large   small   above  seed bend girth  tan    wear, gesture
+    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.35f, 0.385f}, 0.108f, 0.062f, false, {100,  60, 1.00f, 0.45f, Wear::Wool, Gesture::TwoBehind}},
+    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.37f, 0.360f}, 0.116f, 0.060f, false, {200, -30, 1.10f, 0.85f, Wear::Rope, Gesture::AllBehind}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.485f}, 0.090f, 0.056f, true,  {300,  20, 1.08f, 0.35f, Wear::Flour, Gesture::AllInFront}},
+    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.46f, 0.375f}, 0.100f, 0.062f, false, {400,  90, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
+    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f}, 0.096f, 0.062f, true,  {500, -50, 1.06f, 0.60f, Wear::Leather, Gesture::Scissors}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.46f, 0.385f}, 0.112f, 0.064f, false, {600,  40, 0.96f, 0.25f, Wear::Wire, Gesture::OneBehind}},
 };
 // clang-format on
 
@@ -114,10 +114,11 @@ Canvas GreetingHand(int greeting)
 {
     const Arm& arm = Greetings[greeting].arm;
     Canvas canvas(Size, Size);
-    PaintHand(canvas, InPicture, arm);
+    const DrawnHand hand(arm, InPicture, Size, Size);
+    hand.Paint(canvas);
     PaintWear(canvas, InPicture, arm);
     PaintBlankCard(canvas, InPicture, arm.seed + 1000);
-    PaintGrip(canvas, InPicture, arm);
+    hand.PaintGrip(canvas);
     SketchPaper().Show(canvas, 0.6f);
     canvas.CutOut(Mask(Size, Size).Each([](float, float y) { return Smooth(1000, 900, y); }, 2));
     PaintCloudBank(canvas, arm, greeting >= 2);
@@ -187,7 +188,7 @@ Canvas GreetingCard(int greeting)
     }
     canvas.Cover(lines, palette::Ink, 0.94f);
     canvas.Lay(Placed(text, middle, level, 1, Size, Size, place), 0, 0);
-    PaintGrip(canvas, OnCard, words.arm);
+    DrawnHand(words.arm, OnCard, Size, Size).PaintGrip(canvas);
     canvas.CutOut(card);
     return Squeezed(canvas, Size / 2, Size / 2);
 }
