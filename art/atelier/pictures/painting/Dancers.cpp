@@ -26,7 +26,7 @@ const std::vector<Vector2> HerStep   = {{476, 560}, {436, 622}, {404, 654}, {364
 const std::vector<Vector2> HisArm    = {{440, 300}, {362, 304}, {284, 290}, {238, 236}, {180, 164}};
 const std::vector<Vector2> HerArm    = {{706, 372}, {750, 312}, {800, 272}, {866, 246}, {934, 182}};
 const std::vector<Vector2> HisHold   = {{484, 316}, {518, 372}, {556, 424}, {612, 442}, {664, 446}};
-const std::vector<Vector2> HerHold   = {{700, 380}, {646, 352}, {586, 328}, {536, 300}, {490, 274}};
+const std::vector<Vector2> HerHold   = {{700, 374}, {646, 360}, {596, 344}, {548, 312}, {500, 276}};
 const std::vector<Vector2> Hair      = {{846, 384}, {868, 446}, {842, 520}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};
 
 // His profile, upright and facing right, and hers, facing left, 100 from crown to chin.

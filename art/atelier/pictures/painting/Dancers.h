@@ -55,16 +55,13 @@ void InkContours(Canvas& canvas, const Paper& paper, const std::vector<Contour>&
 // what is painted there: no outline, and no paint of its own, about its first point.
 void PaintLimb(Canvas& canvas, const std::vector<Vector2>& way, const std::vector<float>& halves,
                LinearColour light, LinearColour shade, uint32_t seed, bool open = false);
-// A hand that lies on something: the back of it, from the wrist, towards `reach` radians; fingers that spread by `spread`
-// radians from one to the next, the thumb on the side of `thumb`, 1 or -1. `size` is its length in pixels.
-void PaintLaidHand(Canvas& canvas, Vector2 wrist, float reach, float spread, float thumb, float size,
-                   LinearColour light, LinearColour shade, uint32_t seed);
 
 // His legs, and her leg. The arms that hold, with their hands, and those that are stretched out behind the bodies. The
 // heads, over which no arm goes.
 void PaintHisPushingLeg(Canvas& canvas, const Paper& paper);
 void PaintHisStandingLeg(Canvas& canvas, const Paper& paper);
 void PaintHerLeg(Canvas& canvas, const Paper& paper);
+void PaintHerCalfAndFoot(Canvas& canvas);
 void PaintHisFarArm(Canvas& canvas);
 void PaintHerFarArm(Canvas& canvas);
 void PaintHisHold(Canvas& canvas);

@@ -15,11 +15,6 @@ static const std::vector<Vector2> PushingShoe = {{184, 678}, {160, 672}, {147, 6
 static const std::vector<Vector2> StandingShoe = {{538, 684}, {532, 704}, {531, 726}, {552, 727},
                                                   {558, 721}, {580, 726}, {622, 727}, {630, 719},
                                                   {618, 708}, {592, 700}, {576, 684}};
-// Her foot from the inner ankle over the heel, along the sole to the toes, and back over the instep.
-static const std::vector<Vector2> BareFoot = {{372, 684}, {380, 704}, {377, 719}, {364, 724},
-                                              {342, 721}, {316, 726}, {295, 725}, {293, 718},
-                                              {312, 708}, {332, 698}, {350, 680}};
-
 // Where a foot touches the ground: darkest right below it, and longer on the side away from the sun.
 static void CastShadow(Canvas& canvas, const Paper& paper, Vector2 from, Vector2 to, uint32_t seed)
 {
@@ -101,31 +96,8 @@ void PaintHisStandingLeg(Canvas& canvas, const Paper& paper)
 
 void PaintHerLeg(Canvas& canvas, const Paper& paper)
 {
-    const LinearColour shade = Mix(palette::Rust, palette::Ochre, 0.45f);
-    CastShadow(canvas, paper, {296, 724}, {378, 724}, 84);
-    // Knee, calf and ankle; the foot is bare, its heel on the ground.
-    Around(canvas, BareFoot, 60, [&](Canvas& part, Vector2 origin) {
-        std::vector<Vector2> foot = BareFoot;
-        for (Vector2& p : foot)
-            p = p - origin;
-        PaintBody(part, Melted(part.Width(), part.Height(), Round(foot), 1.5f),
-                  {.light = HerSkin,
-                   .shade = shade,
-                   .depth = 0.9f,
-                   .hatch = 0.3f,
-                   .contour = 1.15f,
-                   .back = Clay,
-                   .rim = 0.3f},
-                  0.6f, 88);
-    });
-    PaintLimb(canvas, HerStep, {30, 27, 24, 11}, HerSkin, shade, 90);
-    InkContours(canvas, paper,
-                {{Through({{362, 694}, {369, 700}, {365, 707}}), 2}, // the ankle
-                 {Through({{304, 716}, {301, 721}}), 2},             // toes
-                 {Through({{312, 713}, {309, 719}}), 2},
-                 {Through({{319, 711}, {317, 716}}), 2},
-                 {Through({{420, 664}, {404, 682}, {386, 694}}), 2}}, // the calf
-                0.15f, 91);
+    CastShadow(canvas, paper, {292, 726}, {382, 726}, 84);
+    PaintHerCalfAndFoot(canvas);
 }
 
 } // namespace atelier
