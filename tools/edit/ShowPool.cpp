@@ -380,8 +380,7 @@ bool ShowPool::Work::IsOnItsWay() const
 void ShowPool::Work::Choose(double now)
 {
     int64_t target = Wanted();
-    int64_t showFrom = target;
-    int64_t drawFrom = target;
+    int64_t showFrom, drawFrom;
     if (playing) {
         target = showFrom = drawFrom = PlayTarget();
         // A machine that draws quickly draws all of them.
