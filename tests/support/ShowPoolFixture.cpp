@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <thread>
 
@@ -92,10 +93,13 @@ std::map<int64_t, std::vector<uint8_t>> ShowPoolFixture::Captured(const std::str
 
 std::vector<int> ShowPoolFixture::Children()
 {
-    const std::string self = std::to_string(getpid());
-    std::ifstream list("/proc/" + self + "/task/" + self + "/children");
+    // The system lists them by the thread that has started them.
     std::vector<int> children;
-    for (int id; list >> id;)
-        children.push_back(id);
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::ifstream list(thread.path() / "children");
+        for (int id; list >> id;)
+            children.push_back(id);
+    }
+    std::sort(children.begin(), children.end());
     return children;
 }

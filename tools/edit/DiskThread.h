@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Does work on files on a thread of its own, in the order in which it was given, so that a slow disk holds up nobody but
-// the thread. What is to follow a piece of work is called on the thread that gives the work, in Poll.
+// Does work that may take its time, on files above all, on a thread of its own, in the order in which it was given, so that
+// a slow disk holds up nobody but the thread. What is to follow a piece of work is called on the thread that gives the work, in Poll.
 //
 // Do, Forget, Poll, IsBusy and Finish belong to one thread. An owner is any address, and stands for the object whose
 // work it is.

@@ -76,6 +76,7 @@ void ShowCrew::EndAll()
 
 void ShowCrew::Poll(double seconds, const NewsTaker& take, const LossTaker& lose)
 {
+    starter.Poll();
     std::vector<ShowNews> news;
     for (const auto& process : dying)
         process->Poll(seconds, &news);
@@ -243,7 +244,7 @@ ShowProcess* ShowCrew::Start(double seconds, const ShowProcess* keep)
         return nullptr;
     if (!processes.empty() && !HasRoom())
         GiveWay(keep);
-    std::unique_ptr<ShowProcess> process = std::make_unique<ShowProcess>();
+    std::unique_ptr<ShowProcess> process = std::make_unique<ShowProcess>(&starter);
     std::string reason;
     if (!process->Start(program, settings, settings.memoryLimit, script, revision, &reason)) {
         failures++;

@@ -16,6 +16,8 @@ namespace edit
 
 class ShowCrew
 {
+    DiskThread starter; // of the processes, which end with it: the last to go
+
 public:
     ShowCrew();
     ~ShowCrew(); // ends all processes and waits for their ends

@@ -20,17 +20,20 @@ namespace edit
 static const double lookSeconds = 0.25;  // between two looks at a silent process
 static const size_t maxLastWords = 2000; // characters
 
-ShowProcess::ShowProcess()
-    : socket(-1), shared(nullptr), frameBytes(0), gone(false), killed(false), hung(false), loaded(false),
-      length(0), goalSent(true), revision(0), askedRevision(0), asked(false), scriptSent(true),
-      hangSeconds(0), lastBeat(0), beatProcessor(0), lastProcessor(0), growthSeconds(0), lookedSeconds(-1)
+ShowProcess::ShowProcess(DiskThread* startingThread)
+    : starter(startingThread), starting(false), child(std::make_shared<platform::ChildProcess>()), socket(-1),
+      shared(nullptr), frameBytes(0), gone(false), killed(false), hung(false), loaded(false), length(0),
+      goalSent(true), revision(0), askedRevision(0), asked(false), scriptSent(true), hangSeconds(0),
+      lastBeat(0), beatProcessor(0), lastProcessor(0), growthSeconds(0), lookedSeconds(-1)
 {
 }
 
 ShowProcess::~ShowProcess()
 {
+    if (starting)
+        starter->Finish();
     Kill();
-    child.Finish();
+    child->Finish();
     if (socket >= 0)
         close(socket);
     if (shared)
@@ -97,17 +100,9 @@ bool ShowProcess::Start(const std::string& program, const ShowSettings& settings
 {
     int farSocket = -1;
     int descriptors[2] = {-1, MakeScriptMemory(text)}; // in the order of ShowCommand::Begin
-    bool started = descriptors[1] >= 0 ? MakeChannel(settings, &farSocket, &descriptors[0], reason)
-                                       : Fail("no memory for the script", reason);
-    if (started) {
-        platform::ChildSettings how;
-        how.environment = settings.environment;
-        how.outputTo = farSocket;
-        how.endsWithParent = true;
-        started = child.Start({program, ShowHostArgument}, how);
-        *reason = child.error;
-    }
-    if (started) {
+    bool ready = descriptors[1] >= 0 ? MakeChannel(settings, &farSocket, &descriptors[0], reason)
+                                     : Fail("no memory for the script", reason);
+    if (ready) {
         ShowCommand begin;
         begin.kind = ShowCommand::Begin;
         begin.width = settings.width;
@@ -117,14 +112,49 @@ bool ShowProcess::Start(const std::string& program, const ShowSettings& settings
         begin.memoryLimit = limit;
         begin.revision = revision = firstRevision;
         hangSeconds = settings.hangSeconds;
-        started = SendPacket(socket, &begin, sizeof begin, settings.data, descriptors, 2) ||
-                  Fail("a process of the show can't be reached", reason);
+        ready = SendPacket(socket, &begin, sizeof begin, settings.data, descriptors, 2) ||
+                Fail("a process of the show can't be reached", reason);
     }
-    for (int descriptor : {farSocket, descriptors[0], descriptors[1]})
+    for (int descriptor : descriptors)
         if (descriptor >= 0)
             close(descriptor);
-    gone = !started;
-    return started;
+    gone = !ready;
+    if (!ready) {
+        if (farSocket >= 0)
+            close(farSocket);
+        return false;
+    }
+    platform::ChildSettings how;
+    how.environment = settings.environment;
+    how.outputTo = farSocket;
+    how.endsWithParent = true;
+    starting = true;
+    const auto started = std::make_shared<bool>(false);
+    starter->Do(
+        this,
+        [process = child, started, program, how] {
+            *started = process->Start({program, ShowHostArgument}, how);
+            close(how.outputTo);
+        },
+        [this, started] { NoteStart(*started); });
+    return true;
+}
+
+void ShowProcess::NoteStart(bool started)
+{
+    starting = false;
+    if (!started) {
+        ending = child->error;
+        gone = true;
+    } else if (killed) {
+        child->Signal(SIGKILL);
+    }
+}
+
+int ShowProcess::ExitStatus()
+{
+    static const int cantRun = 127; // as a shell has it
+    return starting ? platform::ChildProcess::StillRunning : child->Id() == 0 ? cantRun : child->ExitStatus();
 }
 
 void ShowProcess::SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact, bool held)
@@ -191,7 +221,7 @@ void ShowProcess::TakeNews(std::vector<ShowNews>* news)
         ShowNews piece;
         const PacketResult result = TakePacket(socket, &piece.reply, sizeof piece.reply, &piece.text);
         if (result == PacketClosed)
-            child.Signal(SIGKILL); // if it has not ended already, nobody reaches it any more
+            child->Signal(SIGKILL); // if it has not ended already, nobody reaches it any more
         if (result != PacketTaken)
             return;
         const ShowReply& reply = piece.reply;
@@ -227,10 +257,10 @@ void ShowProcess::TakeNews(std::vector<ShowNews>* news)
 
 void ShowProcess::Poll(double seconds, std::vector<ShowNews>* news)
 {
-    if (gone)
+    if (gone || starting)
         return;
     // A process that is gone has sent all that it ever will, so ask first and take then.
-    const bool running = child.IsRunning();
+    const bool running = child->IsRunning();
     TakeNews(news);
     gone = !running;
     if (gone)
@@ -257,7 +287,7 @@ void ShowProcess::LookAfter(double seconds)
     lookedSeconds = seconds;
     if (processor - beatProcessor >= hangSeconds || seconds - growthSeconds >= hangSeconds) {
         hung = true;
-        child.Signal(SIGKILL);
+        child->Signal(SIGKILL);
     }
 }
 
@@ -305,7 +335,8 @@ void ShowProcess::Kill()
     if (gone)
         return;
     killed = true;
-    child.Signal(SIGKILL);
+    if (!starting)
+        child->Signal(SIGKILL);
 }
 
 double ShowProcess::LoadProgress() const
@@ -327,7 +358,7 @@ std::string ShowProcess::LastWords() const
 {
     if (!ending.empty())
         return ending;
-    std::string words = child.Errors();
+    std::string words = child->Errors();
     while (!words.empty() && (words.back() == '\n' || words.back() == '\r'))
         words.pop_back();
     return words.size() > maxLastWords ? words.substr(words.size() - maxLastWords) : words;

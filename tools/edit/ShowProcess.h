@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // One process that plays the show, as the window's process handles it: it is started, told how far to play, asked for
-// what it has done, and ended. ShowHost is what runs in it. No call waits, but for the destructor.
+// what it has done, and ended. ShowHost is what runs in it. No call waits, but for the destructor: a thread starts it, since
+// on a busy machine it may be long until a new process gets its turn.
 //
-// Order of calls: Start once; then the others, with Poll once per frame of the window. IsGone tells when the process
-// has ended, for whatever reason.
+// Order of calls: Start once; then the others, with Poll once per frame of the window, and that of the thread. IsGone
+// tells when the process has ended, for whatever reason.
 #pragma once
 
 #include "platform/ChildProcess.h"
+#include "tools/edit/DiskThread.h"
 #include "tools/edit/ShowChannel.h"
 #include "tools/edit/ShowPool.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,12 +28,13 @@ struct ShowNews {
 class ShowProcess
 {
 public:
-    ShowProcess();
-    ~ShowProcess(); // ends the process and waits for its end
+    explicit ShowProcess(DiskThread* startingThread); // borrowed; the process ends with it
+    ~ShowProcess();                                   // ends the process and waits for its end
     ShowProcess(const ShowProcess&) = delete;
     ShowProcess& operator=(const ShowProcess&) = delete;
 
-    // `limit` is how much memory the process may take, in bytes. False, and a reason, if it can't be started.
+    // `limit` is how much memory the process may take, in bytes. False, and a reason, if it can't be started. A program
+    // that can't be run shows later, as a process that has ended with status 127.
     bool Start(const std::string& program, const ShowSettings& settings, uint64_t limit,
                const std::string& script, uint64_t revision, std::string* reason);
 
@@ -50,9 +54,9 @@ public:
 
     void Kill();
 
-    pid_t Id() const { return child.Id(); }
+    pid_t Id() const { return starting ? 0 : child->Id(); }
     bool IsGone() const { return gone; }
-    int ExitStatus() { return child.ExitStatus(); }
+    int ExitStatus();
     bool WasKilled() const { return killed; } // by Kill
     bool HasHung() const { return hung; }
     std::string LastWords() const; // the end of its standard error, and why its show ended
@@ -77,13 +81,16 @@ public:
 
 private:
     bool MakeChannel(const ShowSettings& settings, int* farSocket, int* memory, std::string* reason);
+    void NoteStart(bool started);
     void Flush();
     void TakeNews(std::vector<ShowNews>* news);
     void LookAfter(double seconds);
     double ProcessorSeconds() const;
     void SetGoal(int64_t target, int64_t drawFrom, int64_t showFrom, bool exact, bool held);
 
-    platform::ChildProcess child;
+    DiskThread* starter;
+    bool starting;                                 // the thread has the child
+    std::shared_ptr<platform::ChildProcess> child; // not to be touched while it starts
     int socket;
     SharedState* shared;
     size_t frameBytes;

@@ -175,8 +175,9 @@ TEST_F(ShowFaults, AProcessWithoutMemoryIsToldAndNotTriedAtOnceAgain)
     pool.Seek(10);
     ASSERT_TRUE(PollUntil([this] { return CountEvents(ShowEvent::OutOfMemory) > 0; }));
     EXPECT_EQ("The show had no memory left while the show was loading.", events[0].text);
-    PollFor(3);
     // At once, after a quarter of a second: the same happened twice, so that it is over.
+    ASSERT_TRUE(PollUntil([this] { return CountEvents(ShowEvent::OutOfMemory) > 1; }));
+    PollFor(3);
     EXPECT_EQ(2, CountEvents(ShowEvent::OutOfMemory));
     EXPECT_TRUE(pool.GetStatus().failed);
     pool.SetScript(script, 2);

