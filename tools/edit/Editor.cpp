@@ -197,7 +197,8 @@ int Editor::Run(bool* interrupted)
         const bool happened = window.WaitEvents(Patience());
         const double now = cli::MonotonicSeconds();
         answers.Begin(now, happened);
-        bool isNew = session.Tick(now);
+        // The first frame is there before the show's processes are started, which would take the processors from it.
+        bool isNew = drawn > 0 && session.Tick(now);
         isNew = picture.TakeFrame(&session) || isNew;
         if (happened || isNew)
             framesOwed = framesAfterEvent;
