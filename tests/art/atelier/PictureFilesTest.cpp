@@ -263,7 +263,7 @@ TEST(PictureFiles, TheCardsInTheHandsLieWhereTheShowLaysTheirFaces)
                 EXPECT_EQ(0, At(hand, x, y, 3)) << pair[0] << ' ' << v;
             }
         }
-        // The thumb is on both, in the lower left corner.
+        // What is in the lower left corner, a thumb for most, is on both.
         for (double v = 0.86; v < 0.96; v += 0.02)
             for (double u = -0.7; u < -0.5; u += 0.02) {
                 int x, y;
