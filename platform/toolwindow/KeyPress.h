@@ -7,7 +7,7 @@ namespace platform
 
 // Keys with a character are that character as it stands on the key without Shift, a lower-case letter: 's', ','. What
 // has two places on a keyboard is one key: the signs of the number block are '+', '-' and '0' to '9', its Enter is
-// KeyEnter, and '=', which shares its key with '+' on many keyboards, is '+'.
+// KeyEnter, and '=', which shares its key with '+' on many keyboards, is '+', also with Shift, of which nothing is told.
 enum SpecialKey {
     KeyNone = 0,
     KeySpace = ' ',

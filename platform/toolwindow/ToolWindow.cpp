@@ -271,8 +271,10 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
         break;
     case SDL_KEYDOWN: {
         const SDL_Keysym& sym = event.key.keysym;
-        const KeyPress press = {KeyOf(sym.sym), (sym.mod & KMOD_CTRL) != 0, (sym.mod & KMOD_SHIFT) != 0,
-                                (sym.mod & KMOD_ALT) != 0, event.key.repeat != 0};
+        // On the key that + shares with = it takes Shift.
+        const bool shift = (sym.mod & KMOD_SHIFT) != 0 && sym.sym != SDLK_EQUALS;
+        const KeyPress press = {KeyOf(sym.sym), (sym.mod & KMOD_CTRL) != 0, shift, (sym.mod & KMOD_ALT) != 0,
+                                event.key.repeat != 0};
         if (press.key != KeyNone)
             keys.push_back(press);
         break;

@@ -379,6 +379,57 @@ TEST_F(EditorDesktop, MovesThePlayHeadWithAClickInTheRuler)
     EXPECT_LT(playhead, 110);
 }
 
+TEST_F(EditorDesktop, ShowsThePictureWhereThePlayHeadIsBeingDragged)
+{
+    // A flash at the middle, which never fades.
+    std::string white = script;
+    white.replace(white.find("1000"), 4, "60000");
+    white.replace(white.find("2.00"), 4, "0.00");
+    folder.Write("night.txt", white);
+    Open();
+    const auto isWhite = [this](bool wanted) {
+        return WaitUntil(
+            [&] { return (desktop.Capture(window).Brightness(320, 120, 150, 150) > 0.8) == wanted; });
+    };
+    EXPECT_TRUE(isWhite(false));
+    desktop.MoveMouse(window, 300, 475); // in the ruler
+    desktop.MouseDown();
+    for (int i = 0; i < 10; i++)
+        desktop.MoveMouseBy(80, 0);
+    EXPECT_TRUE(isWhite(true)) << "while the button is held";
+    for (int i = 0; i < 10; i++)
+        desktop.MoveMouseBy(-80, 0);
+    EXPECT_TRUE(isWhite(false));
+    desktop.MouseUp();
+    const double playhead = PlayheadAtEnd();
+    EXPECT_GT(playhead, 5);
+    EXPECT_LT(playhead, 40);
+    EXPECT_EQ(white, Script());
+}
+
+// On the keyboard of the test + is the = with Shift.
+TEST_F(EditorDesktop, ZoomsByPlusMinusAndZero)
+{
+    Open();
+    const auto ruler = [this] {
+        const Screenshot shot = desktop.Capture(window);
+        std::vector<int> pixels;
+        for (int x = 200; x < 1200; x++)
+            pixels.push_back(shot.At(x, 482).red);
+        return pixels;
+    };
+    const std::vector<int> whole = ruler();
+    for (const char* const key : {"plus", "equal", "KP_Add"}) {
+        desktop.Key(key);
+        EXPECT_TRUE(WaitUntil([&] { return ruler() != whole; })) << key;
+        desktop.Key(key);
+        desktop.Key("minus");
+        EXPECT_TRUE(WaitUntil([&] { return ruler() != whole; })) << key;
+        desktop.Key("0");
+        EXPECT_TRUE(WaitUntil([&] { return ruler() == whole; })) << key;
+    }
+}
+
 TEST_F(EditorDesktop, OpensAFileByItsName)
 {
     folder.Write("day.txt", script);
