@@ -79,8 +79,9 @@ void DrawKeySheet(bool* shown, float scale)
         return;
     const ImVec2 room = ImGui::GetIO().DisplaySize;
     ImGui::SetNextWindowPos(ImVec2(room.x / 2, room.y / 2), ImGuiCond_Always, ImVec2(0.5f, 0.5f));
-    ImGui::SetNextWindowSize(
-        ImVec2(std::min(960 * scale, room.x * 0.96f), std::min(560 * scale, room.y * 0.96f)));
+    const float width = std::min(960 * scale, room.x * 0.96f);
+    ImGui::SetNextWindowSize(ImVec2(width, 0)); // as high as what stands on it
+    ImGui::SetNextWindowSizeConstraints(ImVec2(width, 0), ImVec2(width, room.y * 0.96f));
     ImGui::PushStyleColor(ImGuiCol_WindowBg, ToolColour(Bone));
     ImGui::PushStyleColor(ImGuiCol_Text, ToolColour(Ink));
     ImGui::PushStyleColor(ImGuiCol_ScrollbarBg, ToolColour(Bone));

@@ -86,9 +86,9 @@ void PicturePanel::DrawFailure(const ShowPool::Status& status, float scale) cons
 }
 
 // The room that the picture leaves. Nothing of it is drawn below the picture: without a graphics card each pixel counts.
-static void DrawSurround(ImDrawList* list, Rect room, Rect picture)
+static void DrawSurround(ImDrawList* list, Rect room, Rect picture, uint32_t rgb)
 {
-    const ImU32 colour = ToolColour(Mix(Ink, 0, 0.35f));
+    const ImU32 colour = ToolColour(rgb);
     const auto fill = [list, colour](float left, float top, float right, float bottom) {
         if (left < right && top < bottom)
             list->AddRectFilled(ImVec2(left, top), ImVec2(right, bottom), colour);
@@ -107,7 +107,7 @@ void PicturePanel::Draw(const Session& session, bool alone)
     const ImVec2 from = ImGui::GetWindowPos(), size = ImGui::GetWindowSize();
     ImDrawList* const list = ImGui::GetWindowDrawList();
     const Rect fit = FitPicture({from.x, from.y, size.x, size.y}, texture.Width(), texture.Height());
-    DrawSurround(list, {from.x, from.y, size.x, size.y}, fit);
+    DrawSurround(list, {from.x, from.y, size.x, size.y}, fit, Mix(Ink, 0, alone ? 1 : 0.35f));
     texture.Draw(list, ImVec2(fit.x, fit.y), ImVec2(fit.Right(), fit.Bottom()));
 
     const ShowPool::Status status = session.ShowStatus();
