@@ -21,7 +21,13 @@
 // Of the scene of the names all that the light does not reach is black alike: a tree's shaded sides, its shadow
 // and the land before the light comes up. They are told apart by what lies about them. Warm bark or sky make it
 // the tree, and it becomes ink with a warm bounce; all else is shadow, a blue wash through which some of the land
-// about it is seen. Once the land has no light, all that is black is night as the sky is.
+// about it is seen. Once the land has no light, all that is black is night as the sky is, and so is the bark.
+//
+// A young tree is a few cubes. The effect lets blur_intensity grow with the tree, from -0.75, and rest at 0.25 or
+// above, so that a scene can be told to be young: up to -0.1 it lies under banks of night mist, of which a moon lights
+// the edges. They thin out from there, 0.25 keeps a little of them, and the crown of a tree stands before them. From
+// 0.25 on they close again, lower, about the foot of a tree that has outgrown its picture. What is drawn is displaced
+// by a noise besides, since the trees' cubes and their shadows have straight edges, and no brush does.
 
 uniform sampler2D picture; // nobody sets it: unit 0
 uniform float blur_intensity;
@@ -66,6 +72,32 @@ const float isWarm = 0.33;                 // part of lit bark about it that giv
 
 const float grain = 0.07; // of the paper, in parts of the light
 
+const vec2 lifting = vec2(-0.1, 0.5);    // intensities at which the mist of a young scene begins to lift, and is gone
+const vec2 closing = vec2(0.25, 0.7);    // at which it begins to close about an old one, and has closed
+const float closed = 0.8;                // how thick it is then
+const float banks = 5.0;                 // one behind the other
+const float nearest = -0.02;             // height of the nearest one's edge, in heights of the picture,
+const vec2 farthest = vec2(0.80, 0.60);  // and of the farthest one's over a young scene and an old one
+const vec2 swell = vec2(0.19, 0.07);     // of the edges, near and far, in heights of the picture
+const vec2 swells = vec2(3.2, 9.0);      // in its width
+const vec2 bankDepth = vec2(0.55, 0.26); // over which a bank thins out below its edge
+const float bankSoftness = 0.02;         // of the edges
+const float thickest = 0.92;             // density of a bank
+const float thin = 0.5;                  // density of a bank between its wisps,
+const float haze = 0.55;                 // and of the air between the banks
+const vec2 wisps = vec2(8.0, 21.0);      // in width and height of the picture
+const float wispSwell = 0.045;           // of the edges
+const float bankDrift = 0.5;             // in widths each intensity, of the banks,
+const vec2 wispDrift = vec2(5.0, -1.5);  // in wisps, and of these
+const vec3 bankBody = vec3(0.150, 0.188, 0.300);
+const vec3 bankEdge = vec3(0.500, 0.555, 0.660); // in the moonlight,
+const vec2 edgeLight = vec2(0.35, 0.95);         // of which so much falls on near and far ones
+const vec2 crownHeights = vec2(0.50, 0.62);      // between these a tree comes before the banks
+
+const float coarse = 0.016;            // by which what is drawn is displaced, in sides of the picture,
+const vec2 fine = vec2(0.007, 0.004);  // with a little of a finer noise
+const vec2 wobbles = vec2(34.0, 95.0); // features of either in the picture's width
+
 // Even: neighbours differ as much as they can.
 float Spread(vec2 cell) { return fract(52.9829189 * fract(dot(cell, vec2(0.06711056, 0.00583715)))); }
 
@@ -86,6 +118,36 @@ float Tooth(vec2 place)
                mix(Hashed(cell + vec2(0.0, 1.0)), Hashed(cell + vec2(1.0, 1.0)), part.x), part.y);
 }
 
+// The same along a line.
+float Wave(float place)
+{
+    float cell = floor(place);
+    float part = place - cell;
+    part = part * part * (3.0 - 2.0 * part);
+    return mix(Hashed(vec2(cell, 3.7)), Hashed(vec2(cell + 1.0, 3.7)), part);
+}
+
+// Two of them, the second made of the first's last digits.
+vec2 HashedPair(vec2 cell)
+{
+    float first = Hashed(cell);
+    return vec2(first, fract(first * 61.7));
+}
+
+// From where what is seen at a place is taken.
+vec2 Wobbled(vec2 place)
+{
+    vec2 cell = floor(place * wobbles.x);
+    vec2 part = place * wobbles.x - cell;
+    part = part * part * (3.0 - 2.0 * part);
+    vec2 low = mix(HashedPair(cell), HashedPair(cell + vec2(1.0, 0.0)), part.x);
+    vec2 high = mix(HashedPair(cell + vec2(0.0, 1.0)), HashedPair(cell + vec2(1.0, 1.0)), part.x);
+    return place + coarse * (mix(low, high, part.y) - 0.5) + fine * (Tooth(place * wobbles.y) - 0.5);
+}
+
+// 1 for a scene that fills the screen, 0 for a picture that is laid over one.
+float Own() { return smoothstep(0.5, 1.0, gl_Color.a); }
+
 vec4 Drawn(vec2 place) { return texture2D(picture, clamp(place, border, 1.0 - border)); }
 
 // 0 while the land lies in the dark, 1 when its light is up. The foot of the picture is land all along, and never
@@ -101,15 +163,14 @@ float LandLight(bool wanted)
 
 vec3 Night(vec2 place) { return mix(night, nightAbove, smoothstep(nightFoot, nightTop, place.t)); }
 
-// Mist lies where there is lit land close below. A tree there counts neither way.
-vec3 Sky(vec2 place, float tooth, float day, bool wanted)
+// The line of mist lies where there is lit land close below. A tree there counts neither way.
+vec3 Sky(vec2 place, float tooth, float day, float taps)
 {
     float spread = fract(0.5 * Spread(gl_FragCoord.xy) + tooth);
     float land = 0.0;
     float known = 0.01;
-    float taps = wanted ? mistTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
-        float below = (i + spread) * (mistHeight / mistTaps);
+        float below = (i + spread) * (mistHeight / max(taps, 1.0));
         float aside = fract(0.618034 * i + spread) * (2.0 * mistWidth) - mistWidth;
         vec4 other = Drawn(place - vec2(aside, below));
         float lit = min(other.b / mistLight, 1.0);
@@ -121,16 +182,15 @@ vec3 Sky(vec2 place, float tooth, float day, bool wanted)
 }
 
 // What is black in the scene.
-vec3 Shade(vec2 place, float tooth, float coarse, float day, bool wanted)
+vec3 Shade(vec2 place, float tooth, float rough, float day, float taps)
 {
-    vec2 direction = normalize(vec2(tooth - 0.51, coarse - 0.49));
+    vec2 direction = normalize(vec2(tooth - 0.51, rough - 0.49));
     vec2 middle = place + shadeUp;
     float sky = 0.0;
     float warm = 0.0;
     vec3 land = vec3(0.0);
-    float taps = wanted ? shadeTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
-        vec4 other = Drawn(middle + direction * shadeReach * sqrt((i + 0.5) / shadeTaps));
+        vec4 other = Drawn(middle + direction * shadeReach * sqrt((i + 0.5) / max(taps, 1.0)));
         float lit = clamp((barkHue * other.r - other.b) * barkEdge, 0.0, 1.0);
         sky += 1.0 - other.a;
         warm += lit;
@@ -139,34 +199,69 @@ vec3 Shade(vec2 place, float tooth, float coarse, float day, bool wanted)
                          direction.x * wholeGoldenTurn.y + direction.y * wholeGoldenTurn.x);
     }
     float above = standing * smoothstep(upperHalf.x, upperHalf.y, place.t);
-    float tree = min((warm + 1.2 * sky + above) / (isTree * shadeTaps), 1.0);
-    float pigment = 2.0 * coarse + tooth - 1.5;
-    vec3 onLand = shadow * (1.0 + wash * pigment) + seenThrough * land / shadeTaps;
-    vec3 onTree = bark + bounce * min(warm / (isWarm * shadeTaps), 1.0);
+    float tree = min((warm + 1.2 * sky + above) / (isTree * max(taps, 1.0)), 1.0);
+    float pigment = 2.0 * rough + tooth - 1.5;
+    vec3 onLand = shadow * (1.0 + wash * pigment) + seenThrough * land / max(taps, 1.0);
+    vec3 onTree = bark + bounce * min(warm / (isWarm * max(taps, 1.0)), 1.0);
     return mix(Night(place), mix(onLand, onTree, tree), day);
+}
+
+// The banks from the nearest to the farthest: their colour, and how much of the scene is seen through them.
+vec4 Banks(vec2 place, float tree, float wanted)
+{
+    float lifted = smoothstep(lifting.x, lifting.y, blur_intensity);
+    float old = smoothstep(closing.x, closing.y, blur_intensity);
+    float thick = wanted * max(1.0 - lifted, closed * old);
+    float crown = tree * lifted * (1.0 - old) * smoothstep(crownHeights.x, crownHeights.y, place.t);
+    float wisp = Tooth(place * wisps + blur_intensity * wispDrift);
+    float density = thick * (1.0 - crown);
+    float top = mix(farthest.x, farthest.y, old);
+    float rise = (top - nearest) / banks;
+    float over = nearest + 0.5 * rise + wispSwell * (wisp - 0.5) - place.t; // from here to a bank's level edge
+    float along = place.s + bankDrift * blur_intensity;
+    vec3 colour = vec3(0.0);
+    float through = 1.0;
+    float count = thick > 0.0 ? banks : 0.0;
+    for (float i = 0.0; i < count; i += 1.0) {
+        float far = i / (banks - 1.0);
+        float edge = over + mix(swell.x, swell.y, far) * (Wave(along * mix(swells.x, swells.y, far) + 17.3 * i) - 0.5);
+        float depth = max(1.0 - max(edge, 0.0) / mix(bankDepth.x, bankDepth.y, far), 0.0);
+        float bank = min(density * (thin + wisp) * depth, thickest) * smoothstep(-bankSoftness, bankSoftness, edge);
+        float light = depth * depth * depth * mix(edgeLight.x, edgeLight.y, far) * (0.5 + wisp);
+        colour += through * bank * mix(bankBody, bankEdge, light);
+        through *= 1.0 - bank;
+        over += rise;
+    }
+    float between = density * haze * smoothstep(top + 0.02, top - 0.12, place.t);
+    return vec4(colour + through * between * bankBody, through * (1.0 - between));
 }
 
 // The scene as it is seen: with its night, or as it is under a lesser alpha.
 vec4 Shown(vec4 scene, vec2 place)
 {
-    float own = smoothstep(0.5, 1.0, gl_Color.a);
+    float own = Own();
     // The colour is already multiplied by the share of the pixel that is drawn.
     float light = max(max(scene.r, scene.g), scene.b) / max(scene.a, 0.01);
     float black = 1.0 - smoothstep(blackEnd.x, blackEnd.y, light);
     float tooth = Tooth(gl_FragCoord.xy * 0.9);
-    float coarse = Tooth(gl_FragCoord.xy * 0.31);
+    float rough = Tooth(gl_FragCoord.xy * 0.31);
     bool isBlack = own * black * scene.a > 0.0;
     bool isSky = own * (1.0 - scene.a) > 0.0;
-    float day = LandLight(isBlack || isSky);
-    vec3 colour = scene.rgb + black * max(Shade(place, tooth, coarse, day, isBlack) * scene.a - scene.rgb, 0.0) +
-                  (1.0 - scene.a) * Sky(place, tooth, day, isSky);
-    colour *= 1.0 + grain * (tooth + coarse - 1.0);
+    float lit = clamp((barkHue * scene.r - scene.b) * barkEdge, 0.0, 1.0);
+    float day = LandLight(isBlack || isSky || own * lit > 0.0);
+    vec4 before = Banks(place, max(black, lit) * scene.a, own);
+    float reads = before.a < 0.5 ? 0.5 : 1.0; // behind the banks half of the taps do
+    vec3 drawn = mix(scene.rgb, Night(place) * scene.a, lit * (1.0 - day));
+    vec3 colour = drawn + black * max(Shade(place, tooth, rough, day, isBlack ? reads * shadeTaps : 0.0) * scene.a - drawn, 0.0) +
+                  (1.0 - scene.a) * Sky(place, tooth, day, isSky ? reads * mistTaps : 0.0);
+    colour = colour * before.a + before.rgb;
+    colour *= 1.0 + grain * (tooth + rough - 1.0);
     return vec4(mix(scene.rgb, colour, own), mix(scene.a, 1.0, own)) * gl_Color;
 }
 
 void main()
 {
-    vec2 place = gl_TexCoord[0].st;
+    vec2 place = mix(gl_TexCoord[0].st, Wobbled(gl_TexCoord[0].st), Own());
     float strength = max(blur_intensity, 0.0);
     float rounds = strength > 0.0 ? min(fewestRounds + roundsGained * strength, mostRounds) : 0.0;
     float least = max(rounds, fewestRounds);
