@@ -140,14 +140,14 @@ struct Beginning {
     int input, output, errors, secondInput; // descriptors; the last may be -1
     bool endsWithParent;
     sigset_t blocked; // signals
-    int why;          // errno, if it can't be run
+    int report;       // takes errno, if it can't be run; a program that runs closes it
 };
 
 } // namespace
 
-// Runs in the new process, on the memory of the thread that waits for it: it changes nothing there but `why`, and
-// neither allocates nor returns. Handlers of signals are not for it.
-[[noreturn]] static void Become(Beginning* how)
+// Runs in the new process, on the memory of the thread that waits for it: it changes nothing there, and neither
+// allocates nor returns. Handlers of signals are not for it.
+[[noreturn]] static void Become(const Beginning* how)
 {
     struct sigaction usual = {}, present;
     usual.sa_handler = SIG_DFL;
@@ -165,12 +165,12 @@ struct Beginning {
         dup2(how->secondInput, secondInput);
     if (!how->directory || chdir(how->directory) == 0)
         execvpe(how->arguments[0], how->arguments, how->environment);
-    how->why = errno;
-    _exit(exitStatusCannotRun);
+    const int why = errno;
+    _exit(write(how->report, &why, sizeof why) < 0 ? exitStatusCannotRun - 1 : exitStatusCannotRun);
 }
 
-// Waits until the program runs or can't. fork would copy the tables of this process's memory, and have each page
-// that is written to afterwards copied: with a window's memory that takes as long as a frame.
+// Returns when the program runs or can't. fork would copy the tables of this process's memory, and have each page
+// that is written to afterwards copied: with a window's memory that takes as long as a frame. Sanitizers make it a fork.
 [[gnu::noinline]] static pid_t StartApart(Beginning* how)
 {
     sigset_t all;
@@ -178,11 +178,10 @@ struct Beginning {
     pthread_sigmask(SIG_SETMASK, &all, &how->blocked);
     const pid_t pid = vfork(); // NOLINT(clang-analyzer-security.insecureAPI.vfork)
     if (pid == 0)
-        Become(how);
+        Become(how); // NOLINT(clang-analyzer-unix.Vfork): it does what posix_spawn does
     const int why = errno;
     pthread_sigmask(SIG_SETMASK, &how->blocked, nullptr);
-    if (pid < 0)
-        how->why = why;
+    errno = why;
     return pid;
 }
 
@@ -190,7 +189,8 @@ bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSet
 {
     assert(pid == 0 && !command.empty());
     name = command[0];
-    if (!MakePipes(settings.pipes) || !MakeFiles())
+    int report[2];
+    if (!MakePipes(settings.pipes) || !MakeFiles() || pipe2(report, O_CLOEXEC) != 0)
         return Fail(errno);
     const std::vector<std::string> rows = ChangedEnvironment(settings.environment);
     const std::vector<char*> arguments = Pointers(command);
@@ -204,15 +204,21 @@ bool ChildProcess::Start(const std::vector<std::string>& command, const ChildSet
     how.errors = errorFile;
     how.secondInput = farEnds[1];
     how.endsWithParent = settings.endsWithParent;
+    how.report = report[1];
 
     pid = StartApart(&how);
+    int why = pid < 0 ? errno : 0;
+    close(report[1]);
     if (farEnds[0] < 0)
         close(how.input);
-    if (how.why) {
+    while (pid > 0 && read(report[0], &why, sizeof why) < 0 && errno == EINTR) {
+    }
+    close(report[0]);
+    if (why) {
         while (pid > 0 && waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
         }
         pid = 0;
-        return Fail(how.why);
+        return Fail(why);
     }
     Close(&farEnds[0]);
     Close(&farEnds[1]);
