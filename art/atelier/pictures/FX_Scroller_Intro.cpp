@@ -39,14 +39,14 @@ static Canvas Spark()
         const float far = Length(off);
         const Vector2 way = Normalised(off);
         const float d = far / (1 + 0.1f * ragged.Fbm(way.x * 2.2f + 3, way.y * 2.2f, 3));
-        const float core = Bell(d / 0.07f), ember = Bell(d / 0.112f), halo = Bell(d / 0.22f),
+        const float core = Bell(d / 0.10f), ember = Bell(d / 0.16f), halo = Bell(d / 0.22f),
                     glow = Bell(d / 0.44f);
         const float fade = Smooth(0.96f, 0.5f, far);
         const auto light = [&](float ofCore, float ofEmber, float ofHalo, float ofGlow) {
             return FromScreen(fade * Min(1, ofCore * core + ofEmber * ember + ofHalo * halo + ofGlow * glow));
         };
-        return LinearColour{light(0.48f, 0.42f, 0.210f, 0.034f), light(0.52f, 0.25f, 0.085f, 0.010f),
-                            light(0.52f, 0.07f, 0.010f, 0)};
+        return LinearColour{light(0.34f, 0.29f, 0.210f, 0.034f), light(0.33f, 0.14f, 0.085f, 0.010f),
+                            light(0.25f, 0.045f, 0.010f, 0)};
     });
     return canvas;
 }
