@@ -15,8 +15,8 @@ enum class Gesture {
     AllBehind,  // thumb before the card, all fingers behind it
     AllInFront, // seen from the back of the hand: the fingers before the card, the thumb behind it
     Fan,        // thumb and forefinger hold it, the others are spread like a fan
-    Scissors,   // between fore and middle finger, the others are in the palm
-    OneBehind   // thumb before the card, the forefinger behind it, three in the palm
+    TwoInFront, // seen from the back of the hand: two fingers before the card, the thumb behind it, two in the palm
+    OneBehind // thumb before the card, the forefinger behind it, three in the palm
 };
 
 struct Arm {

@@ -44,7 +44,7 @@ static const Greeting Greetings[] = {
     {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.37f, 0.360f}, 0.116f, 0.060f, false, {200, -30, 1.10f, 0.85f, Wear::Rope, Gesture::AllBehind}},
     {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.485f}, 0.090f, 0.056f, true,  {300,  20, 1.08f, 0.35f, Wear::Flour, Gesture::AllInFront}},
     {"moth collectors", "who let them go again",     MothEmblem,    36, {0.46f, 0.375f}, 0.100f, 0.062f, false, {400,  90, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
-    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f}, 0.096f, 0.062f, true,  {500, -50, 1.06f, 0.60f, Wear::Leather, Gesture::Scissors}},
+    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f}, 0.096f, 0.062f, true,  {500, -50, 1.06f, 0.60f, Wear::Leather, Gesture::TwoInFront}},
     {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.46f, 0.385f}, 0.112f, 0.064f, false, {600,  40, 0.96f, 0.25f, Wear::Wire, Gesture::OneBehind}},
 };
 // clang-format on
