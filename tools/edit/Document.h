@@ -49,7 +49,11 @@ struct DiskThreads {
 
     DiskThread script, recovery, cures;
 
-    bool Poll() { return script.Poll() | recovery.Poll() | cures.Poll(); }
+    bool Poll() // all of them
+    {
+        const bool saved = script.Poll(), kept = recovery.Poll(), cured = cures.Poll();
+        return saved || kept || cured;
+    }
 };
 
 // What became of a save.
