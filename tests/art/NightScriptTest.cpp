@@ -197,8 +197,7 @@ TEST_F(TheNight, TheBeatIsOnTimeAtEveryCutAndEveryMessage)
     for (const NightScript::Entry& entry : night.entries)
         times.insert({entry.start, entry.stop});
     for (const NightScript::Message& message : night.messages)
-        // A name comes in over a fifth of a second, and the first tree's light over as much.
-        if (!IsSecondLook(message) && message.effect != "FX_Credits")
+        if (!IsSecondLook(message))
             times.insert(message.time);
     EXPECT_GT(times.size(), 90u);
     for (const uint32_t time : times)
