@@ -74,10 +74,10 @@ const float grain = 0.07; // of the paper, in parts of the light
 
 const vec2 lifting = vec2(-0.1, 0.5);    // intensities at which the mist of a young scene begins to lift, and is gone
 const vec2 closing = vec2(0.25, 0.7);    // at which it begins to close about an old one, and has closed
-const float closed = 0.8;                // how thick it is then
+const float closed = 0.95;               // how thick it is then
 const float banks = 5.0;                 // one behind the other
 const float nearest = -0.02;             // height of the nearest one's edge, in heights of the picture,
-const vec2 farthest = vec2(0.80, 0.60);  // and of the farthest one's over a young scene and an old one
+const vec2 farthest = vec2(0.80, 0.70);  // and of the farthest one's over a young scene and an old one
 const vec2 swell = vec2(0.19, 0.07);     // of the edges, near and far, in heights of the picture
 const vec2 swells = vec2(3.2, 9.0);      // in its width
 const vec2 bankDepth = vec2(0.55, 0.26); // over which a bank thins out below its edge

@@ -362,7 +362,7 @@ TEST_F(MistOfAYoungScene, ClosesAboutTheFootOfAnOldSceneOnly)
     Start(128);
     Stand(10, 50);
     EXPECT_LT(Contrast(0.9f), 0.4 * Contrast(clearest)) << "at its foot";
-    Stand(78, 102);
+    Stand(86, 100);
     EXPECT_NEAR(Contrast(clearest), Contrast(0.9f), 15) << "above the banks";
     EXPECT_LT(Contrast(-0.75f), 0.6 * Contrast(0.9f)) << "which reach higher over a young one";
 }

@@ -12,6 +12,7 @@ constexpr float BoxHeight = 0.55f; // of the box's width, above its middle
 // The box has no face at +z: towards it the others fade to the black that is there, as a front of cloud would darken
 // them, slowly and nowhere along a straight line.
 constexpr float FadeBegins = -0.30f, FadeEnds = 0.48f;
+constexpr float PlainRises = 0.034f; // the slope up to which the plain gets lighter
 constexpr float FrontRagged = 0.42f; // by which the front strays, in widths of the box; nothing at its end
 
 struct Direction {
@@ -172,11 +173,13 @@ static LinearColour SkyTowards(const Direction& d)
                                      Smooth(0.02f, 0.10f, rise)) *
                                  (1 + 0.16f * tooth + 0.2f * brushed);
     sky = Mix(sky, farLand, 0.92f * Smooth(0.0016f, -0.0016f, rise - farHill));
-    // Mist lies at their foot, on the plain.
+    // Mist lies at their foot, on the plain. The plain itself lies in the dark: below the box there is nothing, and its
+    // edge, which is seen from above, must not be one.
+    const float plain = Smooth(0.002f, PlainRises, rise + 0.006f * shore.Fbm(round.x * 9, round.y * 9, 3));
     const LinearColour land = Mix(Mix(palette::Slate, palette::Night, 0.45f) * 0.75f,
                                   Mix(palette::Ink, palette::Night, 0.45f), Smooth(0, 0.030f, rise)) *
                               (1 + 0.16f * tooth);
-    return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top));
+    return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top)) * plain;
 }
 
 struct Star {
