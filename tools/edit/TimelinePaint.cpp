@@ -19,7 +19,7 @@ static float Pixel(double x)
 ImU32 TimelinePaint::Of(timeline::ScreenColour colour)
 {
     return IM_COL32(showcolours::RedOf(colour.rgb), showcolours::GreenOf(colour.rgb),
-                    showcolours::BlueOf(colour.rgb), int(colour.alpha * 255 + 0.5f));
+                    showcolours::BlueOf(colour.rgb), int(std::lround(colour.alpha * 255)));
 }
 
 bool TimelinePaint::HasRoom() const

@@ -4,6 +4,7 @@
 #include "tools/edit/Moments.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace edit
 {
@@ -23,7 +24,7 @@ void Transport::SetEnd(double seconds)
 
 double Transport::LastMoment() const
 {
-    const int64_t frames = state->rate.FramesBefore(int64_t(end * 1e6 + 0.5));
+    const int64_t frames = state->rate.FramesBefore(std::llround(end * 1e6));
     return frames > 0 ? SecondsOf(frames - 1, state->rate) : 0;
 }
 
