@@ -213,6 +213,9 @@ TEST(SoundOutputFromDevice, TheMusicArrivesAtTheDeviceAndASeekIsExact)
 // A device that hangs in its driver: nobody reads the pipe that it writes to.
 TEST(SoundOutputFromDevice, ADeviceThatHangsKeepsNobodyWaiting)
 {
+#ifdef __SANITIZE_THREAD__
+    GTEST_SKIP() << "under the thread sanitizer the process does not end while the device hangs";
+#endif
     const std::string pipe = UseDiskDevice();
     ASSERT_EQ(0, mkfifo(pipe.c_str(), 0600));
     const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
