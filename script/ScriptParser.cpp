@@ -166,23 +166,19 @@ bool ScriptParser::GetValue(std::string body, std::string key, std::string* valu
 {
     std::string word;
     bool found = false;
-    for (char c : body) {
-        if (c != '=' && c != ';') {
+    for (auto place = body.cbegin();; ++place) {
+        const auto mark = std::find_if(place, body.cend(), [](char c) { return c == '=' || c == ';'; });
+        (found ? *value : word).append(place, mark);
+        if (mark == body.cend())
+            return false;
+        // For an entry of another key the word goes on behind the =, and at the ; it holds key and value
+        // joined. It is compared there too, so that Start=Time; is found under the key StartTime.
+        found = found || word == key;
+        if (*mark == ';') {
             if (found)
-                *value += c;
-            else
-                word += c;
-        } else {
-            // For an entry of another key the word goes on behind the =, and at the ; it holds key and value
-            // joined. It is compared there too, so that Start=Time; is found under the key StartTime.
-            if (word == key)
-                found = true;
-            if (c == ';') {
-                if (found)
-                    return true;
-                word.clear();
-            }
+                return true;
+            word.clear();
         }
+        place = mark;
     }
-    return false;
 }

@@ -37,9 +37,7 @@ static std::vector<TextChange> ChangesOf(const std::string& text, const std::vec
             changes.push_back({lines.begin, text.substr(lines.begin, lines.end - lines.begin), ""});
             continue;
         }
-        const std::vector<TextChange> more =
-            Replace(text, fix.text.empty() ? WithItsLines(text, place, false) : place, fix.text);
-        changes.insert(changes.end(), more.begin(), more.end());
+        Replace(text, fix.text.empty() ? WithItsLines(text, place, false) : place, fix.text, &changes);
     }
     return changes;
 }

@@ -67,6 +67,7 @@ static void AddTimes(const lint::Reading& script, const lint::KeyValue& entry, O
 {
     const std::vector<lint::ListItem> items = lint::SplitItems(entry);
     const size_t count = lint::CountTimes(entry);
+    block->times.reserve(count);
     for (size_t i = 0; i < count; i++) {
         const Place place =
             PlaceOf(script, items[i].place, items[i].text.empty() ? items[i].place : items[i].last + 1);
@@ -102,21 +103,18 @@ static OutlineBlock ReadBlock(const lint::Reading& script, const lint::Block& re
     const lint::TextPosition position = script.PositionInStream(read.header);
     block.line = position.line;
     block.column = position.column;
-    for (const lint::KeyValue& entry : lint::SplitKeyValues(read)) {
+    for (lint::KeyValue& entry : lint::SplitKeyValues(read)) {
         if (entry.key.empty())
             continue;
         const bool used = Counts(read, entry) && !block.FindValue(entry.key);
         const std::vector<uint32_t>& places = entry.valuePlaces;
         const size_t valueEnd = entry.value.empty() ? places[0] : places[entry.value.size() - 1] + 1;
-        const OutlineValue value = {entry.key,
-                                    entry.value,
-                                    PlaceOf(script, places[0], valueEnd),
-                                    PlaceOf(script, entry.begin, entry.begin + entry.text.size()),
-                                    entry.ended,
-                                    entry.IsBroken()};
-        (used ? block.values : block.unused).push_back(value);
         if (used && entry.key == key::ActivationTime)
             AddTimes(script, entry, &block);
+        (used ? block.values : block.unused)
+            .push_back({std::move(entry.key), std::move(entry.value), PlaceOf(script, places[0], valueEnd),
+                        PlaceOf(script, entry.begin, entry.begin + entry.text.size()), entry.ended,
+                        entry.IsBroken()});
     }
     switch (read.type) {
     case BlockMusic:
@@ -158,6 +156,7 @@ Outline ReadOutline(const std::string& text)
     if (text.size() > lint::Reading::contentLimit)
         return outline;
     const lint::Reading script(text, lint::ProductionRegistry(), 0);
+    outline.blocks.reserve(script.blocks.size());
     int messageBlocks = 0;
     for (const lint::Block& block : script.blocks) {
         if (block.type == BlockNone)

@@ -16,7 +16,8 @@ static const char* const unsafe =
     "The show would not read this as it is meant: something around it is written in an odd way.";
 
 ScriptEdit::ScriptEdit(const std::string& scriptText, const Outline& scriptOutline)
-    : text(scriptText), outline(scriptOutline), isFree(false), removed(scriptOutline.blocks.size(), false)
+    : text(scriptText), outline(scriptOutline), expected(scriptOutline.blocks.size()), isFree(false),
+      removed(scriptOutline.blocks.size(), false)
 {
 }
 
@@ -32,33 +33,38 @@ std::string LineOf(const OutlineBlock& block)
     return "line " + std::to_string(block.line);
 }
 
-void ScriptEdit::Change(const std::vector<TextChange>& more)
+const std::string* ScriptEdit::Expected::Find(const std::string& key) const
 {
-    changes.insert(changes.end(), more.begin(), more.end());
+    for (const auto& [name, value] : values)
+        if (name == key)
+            return &value;
+    return nullptr;
+}
+
+void ScriptEdit::Expected::Set(const std::string& key, const std::string& value)
+{
+    std::erase_if(values, [&](const auto& each) { return each.first == key; });
+    values.emplace_back(key, value);
+    if (key == key::ActivationTime)
+        times.clear();
 }
 
 std::string ScriptEdit::ExpectedValue(size_t block, const std::string& key) const
 {
-    const auto list = expectedTimes.find(block);
-    if (list != expectedTimes.end() && key == key::ActivationTime)
-        return JoinList(list->second);
-    const auto values = expected.find(block);
-    if (values != expected.end()) {
-        const auto value = values->second.find(key);
-        if (value != values->second.end())
-            return value->second;
-    }
+    if (key == key::ActivationTime && !expected[block].times.empty())
+        return JoinList(expected[block].times);
+    if (const std::string* const changed = expected[block].Find(key))
+        return *changed;
     const OutlineValue* const value = Block(block).FindValue(key);
     return value ? value->text : "";
 }
 
 std::vector<std::string>& ScriptEdit::ExpectedTimes(size_t block)
 {
-    const auto list = expectedTimes.find(block);
-    if (list != expectedTimes.end())
-        return list->second;
-    expected[block]; // something of it changes
-    return expectedTimes[block] = SplitList(ExpectedValue(block, key::ActivationTime));
+    std::vector<std::string>& times = expected[block].times;
+    if (times.empty())
+        times = SplitList(ExpectedValue(block, key::ActivationTime));
+    return times;
 }
 
 // ---- Values
@@ -90,9 +96,7 @@ static size_t EndOfEntries(const OutlineBlock& block)
 bool ScriptEdit::SetValue(size_t block, const std::string& key, const std::string& value)
 {
     const OutlineBlock& target = Block(block);
-    expected[block][key] = value;
-    if (key == key::ActivationTime)
-        expectedTimes.erase(block);
+    expected[block].Set(key, value);
     const OutlineValue* entry = target.FindValue(key);
     for (const OutlineValue& unused : target.unused)
         if (!entry && !unused.ended && unused.key == key)
@@ -102,31 +106,29 @@ bool ScriptEdit::SetValue(size_t block, const std::string& key, const std::strin
         const size_t end = EndOfEntries(target);
         const bool isFirst = end == target.header.end;
         // A comment behind the entry, on its line, belongs to that entry.
-        Change({{BehindOnLine(text, end), "",
-                 (isFirst ? style.behindHeader : style.betweenEntries) + key + "=" + value + ";"}});
+        changes.push_back({BehindOnLine(text, end), "",
+                           (isFirst ? style.behindHeader : style.betweenEntries) + key + "=" + value + ";"});
         return true;
     }
     if (entry->broken)
         return Refuse("A ; is missing behind " + key + " in the block of " + LineOf(target) + ".");
-    Change(Replace(text, entry->place, (FollowsEquals(text, *entry) ? "" : "=") + value));
+    Replace(text, entry->place, (FollowsEquals(text, *entry) ? "" : "=") + value, &changes);
     if (!entry->ended && target.type != BlockMusic)
-        Change({{entry->entry.end, "", ";"}});
+        changes.push_back({entry->entry.end, "", ";"});
     return true;
 }
 
 bool ScriptEdit::RemoveKey(size_t block, const std::string& key)
 {
     const OutlineBlock& target = Block(block);
-    expected[block][key] = "";
-    if (key == key::ActivationTime)
-        expectedTimes.erase(block);
+    expected[block].Set(key, "");
     for (const std::vector<OutlineValue>* entries : {&target.values, &target.unused})
         for (const OutlineValue& entry : *entries) {
             if (entry.key != key)
                 continue;
             if (entry.broken)
                 return Refuse("A ; is missing behind " + key + " in the block of " + LineOf(target) + ".");
-            Change(Replace(text, WithItsLines(text, entry.entry, false), ""));
+            Replace(text, WithItsLines(text, entry.entry, false), "", &changes);
         }
     return true;
 }
@@ -140,7 +142,7 @@ bool ScriptEdit::SetTime(size_t block, size_t index, uint32_t milliseconds)
         return Refuse("A ; is missing behind ActivationTime in the block of " + LineOf(Block(block)) + ".");
     std::string& item = ExpectedTimes(block)[index];
     item = std::to_string(milliseconds);
-    Change(Replace(text, Block(block).times[index].place, item));
+    Replace(text, Block(block).times[index].place, item, &changes);
     return true;
 }
 
@@ -161,9 +163,9 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
         const Place place = target.times[i].place;
         // A time goes with the comma behind it. Times at the end go with all that follows the last one that is left.
         if (i < lastKept)
-            Change(Replace(text, {place.begin, target.times[i + 1].place.begin}, ""));
+            Replace(text, {place.begin, target.times[i + 1].place.begin}, "", &changes);
         else
-            Change(Replace(text, {target.times[i - 1].place.end, place.end}, ""));
+            Replace(text, {target.times[i - 1].place.end, place.end}, "", &changes);
     }
     // With a list the reader passes Steps over; with the one time that is left it would not.
     if (target.times.size() - indices.size() == 1 && target.FindValue(key::Steps) &&
@@ -208,9 +210,9 @@ bool ScriptEdit::AddTimes(size_t block, std::vector<uint32_t> times, std::vector
         indices->push_back(before + indices->size());
         items.insert(items.begin() + std::ptrdiff_t(indices->back()), number);
         if (before == 0)
-            Change({{old[0].place.begin, "", number + separator}});
+            changes.push_back({old[0].place.begin, "", number + separator});
         else
-            Change({{old[before - 1].place.end, "", separator + number}});
+            changes.push_back({old[before - 1].place.end, "", separator + number});
     }
     return true;
 }
@@ -268,12 +270,23 @@ size_t ScriptEdit::NumberOfNew(size_t handle) const
 void ScriptEdit::ChangeFreely(const std::vector<TextChange>& freeChanges)
 {
     isFree = true;
-    Change(freeChanges);
+    changes.insert(changes.end(), freeChanges.begin(), freeChanges.end());
+}
+
+// True if each change begins behind the end of the one before.
+static bool StandApart(const std::vector<TextChange>& changes)
+{
+    for (size_t i = 1; i < changes.size(); i++)
+        if (changes[i].at <= changes[i - 1].at + changes[i - 1].removed.size())
+            return false;
+    return true;
 }
 
 // Puts the changes in order. What is removed twice is removed once; any other overlap can't be done.
 bool ScriptEdit::Merge()
 {
+    if (StandApart(changes)) // as they do when thousands of times are moved
+        return true;
     std::stable_sort(changes.begin(), changes.end(),
                      [](const TextChange& a, const TextChange& b) { return a.at < b.at; });
     std::vector<TextChange> merged;
@@ -294,7 +307,7 @@ bool ScriptEdit::Merge()
             return false;
         }
     }
-    changes = merged;
+    changes = std::move(merged);
     return true;
 }
 
@@ -311,14 +324,12 @@ bool ScriptEdit::IsAsExpected(size_t block, const OutlineBlock& read) const
     const OutlineBlock& before = Block(block);
     if (read.type != before.type)
         return false;
-    const auto changed = expected.find(block);
-    if (changed == expected.end())
+    if (!expected[block].Changes())
         return SayTheSame(before, read);
     for (const std::string& key : SyntaxOf(read.type).keys) {
         const OutlineValue* const value = read.FindValue(key);
-        const bool isThere = before.FindValue(key) != nullptr;
-        const auto now = changed->second.find(key);
-        const bool shallBe = now == changed->second.end() ? isThere : !now->second.empty();
+        const std::string* const changed = expected[block].Find(key);
+        const bool shallBe = changed ? !changed->empty() : before.FindValue(key) != nullptr;
         if ((value != nullptr) != shallBe || (value && value->text != ExpectedValue(block, key)))
             return false;
     }

@@ -8,8 +8,8 @@
 #include "tools/edit/TextChange.h"
 
 #include <cstdint>
-#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace edit
@@ -66,8 +66,16 @@ private:
         size_t behind;
         Outline content; // one block
     };
+    // What a block is to say where it changes.
+    struct Expected {
+        std::vector<std::pair<std::string, std::string>> values; // by key; "": none
+        std::vector<std::string> times;                          // where they changed one by one, else empty
 
-    void Change(const std::vector<TextChange>& more);
+        const std::string* Find(const std::string& key) const; // null: this key stays as it is
+        void Set(const std::string& key, const std::string& value);
+        bool Changes() const { return !values.empty() || !times.empty(); }
+    };
+
     bool Merge();
     std::string ExpectedValue(size_t block, const std::string& key) const;
     std::vector<std::string>& ExpectedTimes(size_t block);
@@ -78,10 +86,9 @@ private:
     const Outline& outline;
     std::string refusal;
     std::vector<TextChange> changes;
-    std::map<size_t, std::map<std::string, std::string>> expected; // values by block and key; "": none
-    std::map<size_t, std::vector<std::string>> expectedTimes;      // by block, where times changed one by one
-    bool isFree;                                                   // Finish expects nothing
-    std::vector<bool> removed;                                     // blocks
+    std::vector<Expected> expected; // by block
+    bool isFree;                    // Finish expects nothing
+    std::vector<bool> removed;      // blocks
     std::vector<Inserted> inserted;
 };
 

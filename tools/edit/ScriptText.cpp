@@ -40,22 +40,20 @@ bool IsBlank(const std::string& text)
     return std::all_of(text.begin(), text.end(), IsSpace);
 }
 
-std::vector<TextChange> Replace(const std::string& text, Place place, const std::string& with)
+void Replace(const std::string& text, Place place, const std::string& with, std::vector<TextChange>* changes)
 {
-    std::vector<TextChange> changes;
     bool written = false;
     for (size_t begin = place.begin; begin < place.end || !written;) {
         const auto end = text.begin() + std::ptrdiff_t(place.end);
         const auto mark = size_t(std::find(text.begin() + std::ptrdiff_t(begin), end, '#') - text.begin());
-        const std::string removed = text.substr(begin, mark - begin);
-        const std::string inserted = written ? "" : with;
+        std::string removed = text.substr(begin, mark - begin);
+        std::string inserted = written ? "" : with;
         if (removed != inserted)
-            changes.push_back({begin, removed, inserted});
+            changes->push_back({begin, std::move(removed), std::move(inserted)});
         written = true;
         const size_t close = mark < place.end ? text.find('#', mark + 1) : none;
         begin = close < place.end ? close + 1 : place.end;
     }
-    return changes;
 }
 
 size_t BehindOnLine(const std::string& text, size_t place)

@@ -20,8 +20,8 @@ std::string WithLineEnds(const std::string& text, const std::string& lineEnd);
 
 bool IsBlank(const std::string& text); // nothing but white space
 
-// The changes that put other text in the place of these bytes. Comments among them survive.
-std::vector<TextChange> Replace(const std::string& text, Place place, const std::string& with);
+// Adds the changes that put other text in the place of these bytes. Comments among them survive.
+void Replace(const std::string& text, Place place, const std::string& with, std::vector<TextChange>* changes);
 
 // Where something new can follow what ends there: behind blanks and whole comments, at the end of the line. Where
 // something else follows on the line, or a comment goes on over its end, the place itself.

@@ -14,7 +14,6 @@ namespace edit
 struct TimedItem {
     uint32_t time;
     ItemId item;
-    std::vector<size_t>* messages; // of the item
 };
 
 static void AddMessages(const Outline& outline, lint::Show* show, TimelineContents* contents)
@@ -30,26 +29,22 @@ static void AddMessages(const Outline& outline, lint::Show* show, TimelineConten
         ids[b] =
             registry.GetMessageTable()->FindMessage(block.message.c_str(), registry.FindEffect(block.effect));
         const size_t first = order.size();
-        for (size_t i = 0; i < block.times.size() && order.size() < MaxMessages; i++) {
-            const ItemId item = {b, int(i)};
-            const auto place =
-                contents->messagesOf.emplace_hint(contents->messagesOf.end(), item, std::vector<size_t>());
-            order.push_back({block.times[i].milliseconds, item, &place->second});
-        }
+        for (size_t i = 0; i < block.times.size() && order.size() < MaxMessages; i++)
+            order.push_back({block.times[i].milliseconds, {b, int(i)}});
         if (!block.IsGroup() || first == order.size())
             continue;
         uint32_t time = block.times[0].milliseconds;
         for (uint32_t i = 1; i < block.steps && stepsLeft > 0; i++, stepsLeft--)
-            order.push_back({time += block.delta, {b, 0}, order[first].messages});
+            order.push_back({time += block.delta, {b, 0}});
     }
     std::stable_sort(order.begin(), order.end(),
                      [](const TimedItem& a, const TimedItem& b) { return a.time < b.time; });
     show->messages.reserve(order.size());
+    contents->messageItems.reserve(order.size());
     for (const TimedItem& each : order) {
         const OutlineBlock& block = outline.blocks[each.item.block];
         show->messages.push_back({block.effect, block.message, ids[each.item.block], each.time,
                                   block.parameters, true, false, 0, 0, 0, 0});
-        each.messages->push_back(contents->messageItems.size());
         contents->messageItems.push_back(each.item);
     }
 }
@@ -99,7 +94,7 @@ TimelineContents ReadContents(const Outline& outline)
     AddMessages(outline, &show, &contents);
     const lint::CheckOptions options;
     lint::PlaySchedule(options, &show);
-    contents.model = timeline::ModelOfShow(show, options);
+    contents.model = timeline::ModelOfShow(std::move(show), options);
     contents.unknown.resize(contents.entryItems.size());
     for (const size_t b : unknown) {
         const OutlineBlock& block = outline.blocks[b];

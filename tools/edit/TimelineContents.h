@@ -38,9 +38,7 @@ struct TimelineContents {
     // The entries of a row in order of their start.
     std::map<std::pair<uint32_t, int>, std::vector<size_t>> inRow; // by layer and row
 
-    // The messages of each item; the entry of each block.
-    std::map<ItemId, std::vector<size_t>> messagesOf;
-    std::map<size_t, size_t> entryOf; // by block
+    std::map<size_t, size_t> entryOf; // the entry of each block
 };
 
 // The most messages that are shown; a short script can ask for more than memory holds.

@@ -200,13 +200,11 @@ void TimelinePanel::PaintDrag(const EditorState& state)
                 paint.Frame(entry.left + shift, entry.top + fall, entry.right + shift, entry.bottom + fall,
                             Ink, 1);
             }
-        for (const ItemId item : drag.Items())
-            if (const auto found = contents.messagesOf.find(item); found != contents.messagesOf.end())
-                for (const size_t message : found->second) {
-                    const double x = TickX(contents, view, left, message) + shift;
-                    if (x >= left && x <= double(body.right))
-                        paint.Down(x, double(areas.lanes.top), double(areas.music.top), Faded(Ochre, 0.9f));
-                }
+        for (size_t i = 0; i < contents.messageItems.size(); i++) {
+            const double x = TickX(contents, view, left, i) + shift;
+            if (x >= left && x <= double(body.right) && IsSelected(drag.Items(), contents.messageItems[i]))
+                paint.Down(x, double(areas.lanes.top), double(areas.music.top), Faded(Ochre, 0.9f));
+        }
     }
     paint.list->PopClipRect();
 

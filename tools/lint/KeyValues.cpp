@@ -22,6 +22,7 @@ static void FindValuePlaces(KeyValue* entry)
             word += text[i];
         i++;
     }
+    entry->valuePlaces.reserve(end - i + 1);
     for (; i < end; i++)
         if (text[i] != '=')
             entry->valuePlaces.push_back(uint32_t(entry->begin + i));

@@ -26,6 +26,7 @@ Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t 
     : bytes(content), lineStarts{0}, stepsGranted(0), messagesTaken(0), parametersTaken(0)
 {
     fates.reserve(bytes.size());
+    stream.reserve(bytes.size());
     offsets.reserve(bytes.size());
     uint32_t characters = 0;
     for (size_t i = 0; i < bytes.size(); i++) {
@@ -35,6 +36,8 @@ Reading::Reading(const std::string& content, EffectRegistry* registry, uint32_t 
         if (bytes[i] == '\n')
             lineStarts.push_back(uint32_t(i + 1));
     }
+    if (characters == bytes.size())
+        charactersBefore.clear();
 
     player.SetStartOffset(startOffset);
     player.registry = registry; // DemoPlayer::Init would do more, and needs a window
@@ -65,8 +68,8 @@ Reading::~Reading()
 // can be as long as the file.
 size_t Reading::CharactersBefore(size_t byte) const
 {
-    if (bytes.empty())
-        return 0;
+    if (charactersBefore.empty()) // each byte is one
+        return byte;
     const size_t mark = std::min(byte / countStep, charactersBefore.size() - 1);
     const auto begin = bytes.begin() + std::ptrdiff_t(mark * countStep);
     return charactersBefore[mark] +

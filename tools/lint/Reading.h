@@ -67,7 +67,7 @@ private:
     size_t CharactersBefore(size_t byte) const;
 
     std::vector<uint32_t> lineStarts;
-    std::vector<uint32_t> charactersBefore; // of every countStep-th byte
+    std::vector<uint32_t> charactersBefore; // of every countStep-th byte; empty: all characters are one byte
     size_t stepsGranted;
     size_t messagesTaken;
     size_t parametersTaken;

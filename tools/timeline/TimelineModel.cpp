@@ -64,7 +64,7 @@ static void FindListeners(std::map<std::string, std::vector<Delivery>> deliverie
     }
 }
 
-TimelineModel ModelOfShow(const lint::Show& show, const lint::CheckOptions& options)
+TimelineModel ModelOfShow(lint::Show show, const lint::CheckOptions& options)
 {
     TimelineModel made;
     made.start = Seconds(options.startOffset);
@@ -81,21 +81,21 @@ TimelineModel ModelOfShow(const lint::Show& show, const lint::CheckOptions& opti
                                 record ? record->wash : SlateWash});
     }
     std::map<std::string, std::vector<Delivery>> deliveries; // by effect
-    for (const lint::SentMessage& message : show.messages) {
+    made.messages.reserve(show.messages.size());
+    for (lint::SentMessage& message : show.messages) {
         if (!message.kept)
             continue;
-        Message told = {Seconds(message.time),
-                        message.delay / 1000,
-                        message.name,
-                        message.id != 0,
-                        message.effect,
-                        message.params,
-                        {}};
         if (message.heard)
             deliveries[message.effect].push_back({made.messages.size(), LeavingTime(message, options)});
-        made.messages.push_back(std::move(told));
+        made.messages.push_back({Seconds(message.time),
+                                 message.delay / 1000,
+                                 std::move(message.name),
+                                 message.id != 0,
+                                 std::move(message.effect),
+                                 std::move(message.params),
+                                 {}});
     }
-    made.music.file = show.music;
+    made.music.file = std::move(show.music);
     FindListeners(std::move(deliveries), &made);
     return made;
 }

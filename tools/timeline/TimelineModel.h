@@ -65,7 +65,7 @@ struct ReadOptions {
 
 // What becomes of a show: its times, entries, messages and loads. The title, the music's waveform and remarks are
 // left to the caller. options are those that the show was made with.
-TimelineModel ModelOfShow(const lint::Show& show, const lint::CheckOptions& options);
+TimelineModel ModelOfShow(lint::Show show, const lint::CheckOptions& options);
 
 // The remarks of findings, in order of time; those without a time come last. Notes make none.
 std::vector<Remark> RemarksOf(const std::vector<lint::Finding>& findings);

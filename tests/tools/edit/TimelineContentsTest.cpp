@@ -61,8 +61,6 @@ TEST(TimelineContents, NameTheItemOfEachEntryAndMessage)
     const std::vector<ItemId> wanted = {{flash, 0}, {flash, 0}, {flash, 0},
                                         {hand, 0},  {hand, 1},  {script.Block("flash_line"), 0}};
     EXPECT_EQ(wanted, contents.messageItems);
-    EXPECT_EQ((std::vector<size_t>{0, 1, 2}), contents.messagesOf.at({flash, 0}));
-    EXPECT_EQ((std::vector<size_t>{4}), contents.messagesOf.at({hand, 1}));
     const size_t clouds = contents.entryOf.at(script.Block("20000")); // the stop of the clouds
     EXPECT_EQ("FX_Clouds", contents.model.entries[clouds].effect);
     EXPECT_EQ((ItemId{script.Block("20000"), -1}), contents.entryItems[clouds]);

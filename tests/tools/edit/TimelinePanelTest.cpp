@@ -284,7 +284,8 @@ TEST_F(TimelinePanelMouse, KeysMoveStretchTapAndZoom)
     panel.Frame();
     ASSERT_EQ(1u, state.selection.size());
     EXPECT_EQ(30020u, StartOf(script.document.GetOutline(), state.selection[0]));
-    EXPECT_EQ(1u, seen.Contents().messagesOf.count(state.selection[0])) << "it shows at once";
+    const std::vector<ItemId>& shown = seen.Contents().messageItems;
+    EXPECT_EQ(1, std::count(shown.begin(), shown.end(), state.selection[0])) << "it shows at once";
 }
 
 TEST_F(TimelinePanelMouse, ASelectionFromElsewhereIsBroughtIntoSight)
