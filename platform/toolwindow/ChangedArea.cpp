@@ -2,7 +2,6 @@
 #include "platform/toolwindow/ChangedArea.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 namespace platform
@@ -40,14 +39,31 @@ FrameRect ClipOf(const ImDrawCmd& command, const ImDrawData& data)
     return {int(left), lowest - int(bottom - top), int(left) + int(right - left), lowest};
 }
 
-FrameRect BoundsOf(const ImDrawVert& a, const ImDrawVert& b, const ImDrawVert& c, const ImDrawData& data)
+unsigned ShapeSize(const ImDrawIdx* indices, unsigned left)
 {
+    return left >= 6 && indices[3] == indices[0] && indices[4] == indices[2] ? 6 : 3;
+}
+
+// Without the library's calls, which take longer than all else here. No number is far to the left.
+static int FloorOf(float place)
+{
+    const float pixel = place > -1e6f ? std::min(place, 1e6f) : -1e6f;
+    const int whole = int(pixel);
+    return float(whole) > pixel ? whole - 1 : whole;
+}
+
+FrameRect BoundsOf(const ImDrawIdx* indices, unsigned count, const ImDrawVert* corners,
+                   const ImDrawData& data)
+{
+    ImVec2 first = corners[indices[0]].pos, last = first;
+    for (unsigned i = 1; i < count; i++) {
+        const ImVec2 place = corners[indices[i]].pos;
+        first = {std::min(first.x, place.x), std::min(first.y, place.y)};
+        last = {std::max(last.x, place.x), std::max(last.y, place.y)};
+    }
     const ImVec2 scale = data.FramebufferScale, origin = data.DisplayPos;
-    const auto pixel = [](float place) { return int(std::clamp(place, -1e6f, 1e6f)); };
-    return {pixel(std::floor((std::min({a.pos.x, b.pos.x, c.pos.x}) - origin.x) * scale.x)),
-            pixel(std::floor((std::min({a.pos.y, b.pos.y, c.pos.y}) - origin.y) * scale.y)),
-            pixel(std::ceil((std::max({a.pos.x, b.pos.x, c.pos.x}) - origin.x) * scale.x)),
-            pixel(std::ceil((std::max({a.pos.y, b.pos.y, c.pos.y}) - origin.y) * scale.y))};
+    return {FloorOf((first.x - origin.x) * scale.x), FloorOf((first.y - origin.y) * scale.y),
+            -FloorOf((origin.x - last.x) * scale.x), -FloorOf((origin.y - last.y) * scale.y)};
 }
 
 // Hashing: the mixing step of a 64-bit multiplicative hash (the odd number is 2^64 divided by the golden ratio), with a
@@ -67,11 +83,8 @@ static uint64_t HashOf(const ImDrawVert& corner, uint64_t hash)
     return Mix(Mix(Mix(hash, place), texel), corner.col);
 }
 
-void ChangedArea::HashTriangle(const FrameRect& bounds, const FrameRect& clip, uint64_t hash)
+void ChangedArea::AddToTiles(const FrameRect& seen, const FrameRect& clip, uint64_t hash)
 {
-    const FrameRect seen = Intersect(Intersect(bounds, clip), {0, 0, width, height});
-    if (seen.Empty())
-        return;
     for (int row = seen.top / tileSize; row <= (seen.bottom - 1) / tileSize; row++) {
         for (int column = seen.left / tileSize; column <= (seen.right - 1) / tileSize; column++) {
             const FrameRect tile = {column * tileSize, row * tileSize, (column + 1) * tileSize,
@@ -91,15 +104,21 @@ void ChangedArea::HashTriangles(const ImDrawData& data)
     for (int i = 0; i < data.CmdListsCount; i++) {
         const ImDrawList& list = *data.CmdLists[i];
         for (const ImDrawCmd& command : list.CmdBuffer) {
-            const FrameRect clip = ClipOf(command, data);
+            const FrameRect clip = Intersect(ClipOf(command, data), {0, 0, width, height});
             const uint64_t texture = uint64_t(uintptr_t(command.GetTexID()));
             const ImDrawIdx* const indices = list.IdxBuffer.Data + command.IdxOffset;
             const ImDrawVert* const corners = list.VtxBuffer.Data + command.VtxOffset;
-            for (unsigned k = 0; k + 2 < command.ElemCount; k += 3) {
-                const ImDrawVert& a = corners[indices[k]];
-                const ImDrawVert& b = corners[indices[k + 1]];
-                const ImDrawVert& c = corners[indices[k + 2]];
-                HashTriangle(BoundsOf(a, b, c, data), clip, HashOf(c, HashOf(b, HashOf(a, texture))));
+            for (unsigned k = 0, size = 3; k + 2 < command.ElemCount; k += size) {
+                size = ShapeSize(indices + k, command.ElemCount - k);
+                const FrameRect seen = Intersect(BoundsOf(indices + k, size, corners, data), clip);
+                if (seen.Empty())
+                    continue;
+                uint64_t hash = Mix(texture, size);
+                for (unsigned corner = 0; corner < 3; corner++)
+                    hash = HashOf(corners[indices[k + corner]], hash);
+                if (size == 6)
+                    hash = HashOf(corners[indices[k + 5]], hash);
+                AddToTiles(seen, clip, hash);
             }
         }
     }

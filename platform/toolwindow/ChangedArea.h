@@ -27,8 +27,13 @@ FrameRect Intersect(const FrameRect& a, const FrameRect& b);
 // The pixels that ImGui's OpenGL backend lets through for the clip rectangle of a command.
 FrameRect ClipOf(const ImDrawCmd& command, const ImDrawData& data);
 
-// The pixels that a triangle may reach.
-FrameRect BoundsOf(const ImDrawVert& a, const ImDrawVert& b, const ImDrawVert& c, const ImDrawData& data);
+// How many of a command's indices are one shape: 6 for two triangles with a common edge, as ImGui makes rectangles and
+// lines, else 3. `left` is the number of indices from here on, at least 3.
+unsigned ShapeSize(const ImDrawIdx* indices, unsigned left);
+
+// The pixels that the triangles of these indices may reach.
+FrameRect BoundsOf(const ImDrawIdx* indices, unsigned count, const ImDrawVert* corners,
+                   const ImDrawData& data);
 
 class ChangedArea
 {
@@ -45,7 +50,7 @@ public:
 
 private:
     void HashTriangles(const ImDrawData& data);
-    void HashTriangle(const FrameRect& bounds, const FrameRect& clip, uint64_t hash);
+    void AddToTiles(const FrameRect& seen, const FrameRect& clip, uint64_t hash);
     std::vector<FrameRect> ChangedRects() const;
 
     int width = 0, height = 0; // pixels

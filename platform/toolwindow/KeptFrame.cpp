@@ -124,12 +124,11 @@ static void KeepInside(const ImDrawData& data, const FrameRect& rect, ImDrawList
         const ImDrawVert* const corners = list->VtxBuffer.Data + command.VtxOffset;
         const unsigned count = clip.Empty() ? 0 : command.ElemCount;
         command.IdxOffset = unsigned(kept.Size);
-        for (unsigned k = 0; k + 2 < count; k += 3) {
-            const FrameRect bounds =
-                BoundsOf(corners[indices[k]], corners[indices[k + 1]], corners[indices[k + 2]], data);
-            if (Intersect(bounds, clip).Empty())
+        for (unsigned k = 0, size = 3; k + 2 < count; k += size) {
+            size = ShapeSize(indices + k, count - k);
+            if (Intersect(BoundsOf(indices + k, size, corners, data), clip).Empty())
                 continue;
-            for (unsigned corner = k; corner < k + 3; corner++)
+            for (unsigned corner = k; corner < k + size; corner++)
                 kept.push_back(indices[corner]);
         }
         command.ElemCount = unsigned(kept.Size) - command.IdxOffset;

@@ -24,9 +24,10 @@ void Additions::AddTimes(size_t block, const std::vector<size_t>& indices)
 
 std::vector<ItemId> Additions::Items(const ScriptEdit& script) const
 {
+    const ScriptEdit::Numbers numbers = script.NumberBlocks();
     std::vector<ItemId> items;
     for (const NewBlock& block : blocks) {
-        const size_t number = script.NumberOfNew(block.handle);
+        const size_t number = numbers.ofNew[block.handle];
         if (block.times == 0)
             items.push_back({number, -1});
         for (size_t i = 0; i < block.times; i++)
@@ -34,58 +35,63 @@ std::vector<ItemId> Additions::Items(const ScriptEdit& script) const
     }
     for (const NewTimes& list : lists)
         for (const size_t index : list.indices)
-            items.push_back({script.NumberOfOld(list.block), int(index)});
+            items.push_back({numbers.ofOld[list.block], int(index)});
     std::sort(items.begin(), items.end());
     return items;
 }
 
 // ---- Blocks by themselves
 
-static std::string TextOf(const std::string& text, const OutlineBlock& block)
+namespace
 {
-    return text.substr(block.place.begin, block.place.end - block.place.begin);
-}
 
-// The block's text with all its times shifted, and the layer of an entry. False: *reason says why.
-static bool ShiftedText(const std::string& block, int64_t milliseconds, int64_t layers, std::string* shifted,
-                        std::string* reason)
+struct LoneBlock {
+    std::string text;
+    Outline outline; // of the text; one block
+};
+
+} // namespace
+
+// The bytes of the block alone. False: it can't be read by itself.
+static bool ReadAlone(const std::string& text, const OutlineBlock& block, LoneBlock* alone)
 {
-    const Outline outline = ReadOutline(block);
-    ScriptEdit script(block, outline);
-    Outline read;
-    if (outline.blocks.size() == 1 && MoveItems(&script, {{0, -1}}, milliseconds, layers) &&
-        script.Finish(shifted, &read))
-        return true;
-    *reason = script.Refusal().empty() ? "A block can't be read by itself." : script.Refusal();
-    return false;
+    alone->text = text.substr(block.place.begin, block.place.end - block.place.begin);
+    alone->outline = ReadOutline(alone->text);
+    return alone->outline.blocks.size() == 1;
 }
 
 // The block with those of its times that are asked for, or all of it if it has none. False: it can't be read by
 // itself.
-static bool SelectedText(const std::string& text, const OutlineBlock& block,
-                         const std::vector<size_t>& indices, std::string* selected)
+static bool ReadSelected(const std::string& text, const OutlineBlock& block,
+                         const std::vector<size_t>& indices, LoneBlock* selected)
 {
-    const std::string whole = TextOf(text, block);
-    const Outline alone = ReadOutline(whole);
-    ScriptEdit script(whole, alone);
+    LoneBlock alone;
+    if (!ReadAlone(text, block, &alone))
+        return false;
     std::vector<size_t> others;
     for (size_t i = 0; i < block.times.size(); i++)
         if (std::find(indices.begin(), indices.end(), i) == indices.end())
             others.push_back(i);
-    Outline read;
-    return alone.blocks.size() == 1 && (others.empty() || script.RemoveTimes(0, others)) &&
-           script.Finish(selected, &read);
+    if (others.empty()) {
+        *selected = std::move(alone);
+        return true;
+    }
+    ScriptEdit script(alone.text, alone.outline);
+    return script.RemoveTimes(0, others) && script.Finish(&selected->text, &selected->outline);
 }
 
-static bool InsertShifted(ScriptEdit* script, size_t behind, const std::string& block, int64_t milliseconds,
+// Inserts the block with all its times shifted, and the layer of an entry.
+static bool InsertShifted(ScriptEdit* script, size_t behind, const LoneBlock& block, int64_t milliseconds,
                           int64_t layers, Additions* added)
 {
-    std::string shifted, reason;
-    if (!ShiftedText(block, milliseconds, layers, &shifted, &reason))
-        return script->Refuse(reason);
-    const Outline outline = ReadOutline(shifted);
-    added->AddBlock(script->InsertBlock(behind, shifted), outline.blocks[0].type == BlockMessage,
-                    outline.blocks[0].times.size());
+    ScriptEdit alone(block.text, block.outline);
+    LoneBlock shifted;
+    if (!MoveItems(&alone, {{0, -1}}, milliseconds, layers) || !alone.Finish(&shifted.text, &shifted.outline))
+        return script->Refuse(alone.Refusal());
+    const OutlineBlock& content = shifted.outline.blocks[0];
+    const bool isMessage = content.type == BlockMessage;
+    const size_t times = content.times.size();
+    added->AddBlock(script->InsertBlock(behind, shifted.text, std::move(shifted.outline)), isMessage, times);
     return true;
 }
 
@@ -123,8 +129,8 @@ bool DuplicateItems(ScriptEdit* script, const std::vector<ItemId>& items, int64_
             return script->Refuse("A script has a single " + SyntaxOf(block.type).name + " only.");
         // A list that Steps stands beside can't have a further time.
         if (indices.empty() || block.FindValue(key::Steps) || block.FindValue(key::TimeDelta)) {
-            std::string selected;
-            if (!SelectedText(script->Text(), block, indices, &selected))
+            LoneBlock selected;
+            if (!ReadSelected(script->Text(), block, indices, &selected))
                 return script->Refuse("The block of " + LineOf(block) + " can't be read by itself.");
             if (!InsertShifted(script, number, selected, milliseconds, layers, added))
                 return false;
@@ -165,14 +171,15 @@ bool CopyItems(const std::string& text, const Outline& outline, const std::vecto
     if (!ResolveItems(&whole, items, &resolved))
         return false;
     copy->clear();
+    const std::string lineEnd = LineEndOf(text);
     for (const auto& [number, indices] : ByBlock(resolved)) {
-        std::string block;
-        if (!SelectedText(text, outline.blocks[number], indices, &block))
+        LoneBlock block;
+        if (!ReadSelected(text, outline.blocks[number], indices, &block))
             return false;
-        const BlockStyle style = StyleOf(text, outline, number);
-        *copy += (copy->empty() ? "" : style.betweenBlocks) + block;
+        const BlockStyle style = StyleOf(text, outline, number, lineEnd);
+        *copy += (copy->empty() ? "" : style.betweenBlocks) + block.text;
     }
-    *copy += LineEndOf(text);
+    *copy += lineEnd;
     return true;
 }
 
@@ -261,7 +268,10 @@ bool PasteBlocks(ScriptEdit* script, const std::string& blocks, uint32_t atMilli
             return script->Refuse("Times go from 0 to " + std::to_string(MaxNumber) + " ms.");
         const size_t behind =
             hasEntries ? together : PlaceForMessage(there, block.effect, uint32_t(first + shift));
-        if (!InsertShifted(script, behind, TextOf(pasted, block), shift, 0, added))
+        LoneBlock alone;
+        if (!ReadAlone(pasted, block, &alone))
+            return script->Refuse("A block can't be read by itself.");
+        if (!InsertShifted(script, behind, alone, shift, 0, added))
             return false;
     }
     return true;
@@ -284,8 +294,7 @@ bool InsertEntry(ScriptEdit* script, const std::string& effect, uint32_t start, 
         return script->Refuse("An entry stops behind its start, and its numbers go up to " +
                               std::to_string(MaxNumber) + ".");
     const size_t behind = PlaceForEntry(script->GetOutline().blocks, start);
-    const BlockStyle style = StyleOf(script->Text(), script->GetOutline(), behind);
-    const std::string block = WriteBlock(style, BlockEffect,
+    const std::string block = WriteBlock(script->StyleAt(behind), BlockEffect,
                                          {{key::EffectName, effect},
                                           {key::StartTime, std::to_string(start)},
                                           {key::StopTime, std::to_string(stop)},
@@ -314,8 +323,8 @@ bool InsertMessage(ScriptEdit* script, const std::string& effect, const std::str
         entries.push_back({key::Parameter, value});
     }
     const size_t behind = PlaceForMessage(script->GetOutline().blocks, effect, time);
-    const BlockStyle style = StyleOf(script->Text(), script->GetOutline(), behind);
-    added->AddBlock(script->InsertBlock(behind, WriteBlock(style, BlockMessage, entries)), true, 1);
+    added->AddBlock(script->InsertBlock(behind, WriteBlock(script->StyleAt(behind), BlockMessage, entries)),
+                    true, 1);
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "tools/edit/ValueText.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace edit
 {
@@ -102,7 +103,7 @@ bool ScriptEdit::SetValue(size_t block, const std::string& key, const std::strin
         if (!entry && !unused.ended && unused.key == key)
             entry = &unused;
     if (!entry) {
-        const BlockStyle style = StyleOf(text, outline, block);
+        const BlockStyle style = StyleAt(block);
         const size_t end = EndOfEntries(target);
         const bool isFirst = end == target.header.end;
         // A comment behind the entry, on its line, belongs to that entry.
@@ -227,11 +228,23 @@ bool ScriptEdit::RemoveBlock(size_t block)
     return true;
 }
 
+BlockStyle ScriptEdit::StyleAt(size_t block)
+{
+    if (lineEnd.empty())
+        lineEnd = LineEndOf(text); // all of the text is gone through
+    return StyleOf(text, outline, block, lineEnd);
+}
+
 size_t ScriptEdit::InsertBlock(size_t behind, const std::string& blockText)
 {
+    return InsertBlock(behind, blockText, ReadOutline(blockText));
+}
+
+size_t ScriptEdit::InsertBlock(size_t behind, const std::string& blockText, Outline content)
+{
     const std::vector<OutlineBlock>& blocks = outline.blocks;
-    const BlockStyle style = StyleOf(text, outline, behind == NoBlock ? 0 : behind);
-    inserted.push_back({behind, ReadOutline(blockText)});
+    const BlockStyle style = StyleAt(behind == NoBlock ? 0 : behind);
+    inserted.push_back({behind, std::move(content)});
     if (behind != NoBlock) {
         changes.push_back(
             {BehindOnLine(text, blocks[behind].place.end), "", style.betweenBlocks + blockText});
@@ -246,23 +259,26 @@ size_t ScriptEdit::InsertBlock(size_t behind, const std::string& blockText)
     return inserted.size() - 1;
 }
 
-size_t ScriptEdit::NumberOfOld(size_t block) const
+ScriptEdit::Numbers ScriptEdit::NumberBlocks() const
 {
+    std::vector<size_t> handles(inserted.size()); // in the order in which they will stand
+    std::iota(handles.begin(), handles.end(), 0);
+    std::stable_sort(handles.begin(), handles.end(), [&](size_t a, size_t b) {
+        return inserted[a].behind + 1 < inserted[b].behind + 1; // NoBlock is the largest number
+    });
+    Numbers numbers = {{}, std::vector<size_t>(inserted.size())};
+    numbers.ofOld.reserve(removed.size());
     size_t number = 0;
-    for (size_t i = 0; i < block; i++)
-        number += removed[i] ? 0 : 1;
-    for (const Inserted& other : inserted)
-        number += other.behind == NoBlock || other.behind < block ? 1 : 0;
-    return number;
-}
-
-size_t ScriptEdit::NumberOfNew(size_t handle) const
-{
-    const size_t behind = inserted[handle].behind;
-    size_t number = behind == NoBlock ? 0 : NumberOfOld(behind) + (removed[behind] ? 0 : 1);
-    for (size_t i = 0; i < handle; i++)
-        number += inserted[i].behind == behind ? 1 : 0;
-    return number;
+    auto next = handles.begin();
+    for (; next != handles.end() && inserted[*next].behind == NoBlock; ++next)
+        numbers.ofNew[*next] = number++;
+    for (size_t block = 0; block < removed.size(); block++) {
+        numbers.ofOld.push_back(number);
+        number += removed[block] ? 0 : 1;
+        for (; next != handles.end() && inserted[*next].behind == block; ++next)
+            numbers.ofNew[*next] = number++;
+    }
+    return numbers;
 }
 
 // ---- Together
@@ -338,28 +354,18 @@ bool ScriptEdit::IsAsExpected(size_t block, const OutlineBlock& read) const
 
 bool ScriptEdit::IsAsExpected(const Outline& read) const
 {
-    size_t count = inserted.size();
-    for (size_t i = 0; i < outline.blocks.size(); i++)
-        count += removed[i] ? 0 : 1;
-    if (read.blocks.size() != count)
+    const size_t kept = size_t(std::count(removed.begin(), removed.end(), false));
+    if (read.blocks.size() != kept + inserted.size())
         return false;
-    std::vector<bool> isNew(count, false);
+    const Numbers numbers = NumberBlocks();
     for (size_t i = 0; i < inserted.size(); i++) {
         const std::vector<OutlineBlock>& content = inserted[i].content.blocks;
-        const size_t number = NumberOfNew(i);
-        if (content.size() != 1 || !SayTheSame(content[0], read.blocks[number]))
-            return false;
-        isNew[number] = true;
-    }
-    size_t next = 0;
-    for (size_t i = 0; i < outline.blocks.size(); i++) {
-        if (removed[i])
-            continue;
-        while (isNew[next])
-            next++;
-        if (!IsAsExpected(i, read.blocks[next++]))
+        if (content.size() != 1 || !SayTheSame(content[0], read.blocks[numbers.ofNew[i]]))
             return false;
     }
+    for (size_t i = 0; i < outline.blocks.size(); i++)
+        if (!removed[i] && !IsAsExpected(i, read.blocks[numbers.ofOld[i]]))
+            return false;
     return true;
 }
 

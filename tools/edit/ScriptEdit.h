@@ -50,10 +50,18 @@ public:
     // The text of one block, whose layout is its own, goes behind a block of the outline, or ahead of the first one,
     // NoBlock. Several at one place come in the order of the calls. Returns its handle for NumberOf.
     size_t InsertBlock(size_t behind, const std::string& blockText);
+    size_t InsertBlock(size_t behind, const std::string& blockText,
+                       Outline content); // which is that of the text
 
-    // Numbers in the outline that Finish makes: of an inserted block by its handle, and of one that was there.
-    size_t NumberOfNew(size_t handle) const;
-    size_t NumberOfOld(size_t block) const;
+    // How blocks are written there. NoBlock, or the number of none: as elsewhere in the script.
+    BlockStyle StyleAt(size_t block);
+
+    // Numbers in the outline that Finish makes: of the blocks that were there, and of the inserted ones by their handles.
+    // Where a block is removed, that of what follows it.
+    struct Numbers {
+        std::vector<size_t> ofOld, ofNew;
+    };
+    Numbers NumberBlocks() const;
 
     // Any change at all. Finish then no longer checks that the show reads what was meant: the caller has to.
     void ChangeFreely(const std::vector<TextChange>& freeChanges);
@@ -84,6 +92,7 @@ private:
 
     const std::string& text;
     const Outline& outline;
+    std::string lineEnd; // of the text; empty: not yet looked for
     std::string refusal;
     std::vector<TextChange> changes;
     std::vector<Expected> expected; // by block

@@ -141,9 +141,8 @@ static std::string GapBetween(const std::string& text, const std::vector<Outline
     return otherwise;
 }
 
-BlockStyle StyleOf(const std::string& text, const Outline& outline, size_t block)
+BlockStyle StyleOf(const std::string& text, const Outline& outline, size_t block, const std::string& lineEnd)
 {
-    const std::string lineEnd = LineEndOf(text);
     BlockStyle style = {lineEnd, lineEnd, lineEnd, lineEnd + lineEnd};
     const std::vector<OutlineBlock>& blocks = outline.blocks;
     style.betweenBlocks = GapBetween(text, blocks, block, style.betweenBlocks);

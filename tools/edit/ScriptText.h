@@ -39,8 +39,8 @@ struct BlockStyle {
     std::string betweenBlocks;  // white space
 };
 
-// That of a block and of the script that it stands in; block can be the number of none.
-BlockStyle StyleOf(const std::string& text, const Outline& outline, size_t block);
+// That of a block and of the script that it stands in, whose LineEndOf the caller gives; block can be the number of none.
+BlockStyle StyleOf(const std::string& text, const Outline& outline, size_t block, const std::string& lineEnd);
 
 struct KeyAndValue {
     std::string key;

@@ -40,8 +40,8 @@ bool SetMusicFile(ScriptEdit* script, const std::string& fileName)
     const size_t block = LastOf(blocks, BlockMusic);
     if (block != ScriptEdit::NoBlock)
         return blocks[block].fileName == value || script->SetValue(block, key::FileName, value);
-    const BlockStyle style = StyleOf(script->Text(), script->GetOutline(), 0);
-    script->InsertBlock(ScriptEdit::NoBlock, WriteBlock(style, BlockMusic, {{key::FileName, value}}));
+    script->InsertBlock(ScriptEdit::NoBlock,
+                        WriteBlock(script->StyleAt(0), BlockMusic, {{key::FileName, value}}));
     return true;
 }
 
@@ -88,8 +88,7 @@ bool SetColors(ScriptEdit* script, const ColorScheme& scheme)
     if (block != ScriptEdit::NoBlock)
         return true;
     const size_t behind = LastOf(blocks, BlockMusic);
-    const BlockStyle style = StyleOf(script->Text(), script->GetOutline(), behind);
-    script->InsertBlock(behind, WriteBlock(style, BlockColorScheme, entries));
+    script->InsertBlock(behind, WriteBlock(script->StyleAt(behind), BlockColorScheme, entries));
     return true;
 }
 

@@ -106,6 +106,45 @@ TEST_F(ChangedTiles, WhatComesAndGoesIsInTheTilesThatItReaches)
     EXPECT_EQ("0,0-128,128", Find({{63.5f, 63.5f, 64.5f, 64.5f}}));
 }
 
+TEST_F(ChangedTiles, EachCornerOfABoxCounts)
+{
+    Find({{10, 10, 90, 20}});
+    for (int corner = 0; corner < 4; corner++) {
+        list.VtxBuffer[corner].col = 0xff0000ff;
+        EXPECT_EQ(1u, area.Find(data).size()) << corner;
+        EXPECT_EQ(0u, area.Find(data).size());
+    }
+    list.VtxBuffer[3].pos = {10, 70}; // the lower left one reaches into the next row
+    rects = area.Find(data);
+    ASSERT_EQ(1u, rects.size());
+    EXPECT_EQ(128, rects[0].bottom);
+}
+
+// Two triangles, the one in the first tile and the other in the third of the second row, with these indices.
+TEST_F(ChangedTiles, TrianglesThatShareNoEdgeAreTwo)
+{
+    const ImVec2 places[] = {{10, 10}, {20, 10}, {10, 20}, {140, 70}, {150, 70}, {140, 80}};
+    Find({{10, 10, 20, 20}});
+    list.VtxBuffer.clear();
+    for (const ImVec2 place : places)
+        list.VtxBuffer.push_back({place, {0, 0}, 0xff000000});
+    for (int i = 0; i < 6; i++)
+        list.IdxBuffer[i] = ImDrawIdx(i);
+    area.Find(data);
+    list.VtxBuffer[4].col = 0xff0000ff;
+    rects = area.Find(data);
+    ASSERT_EQ(1u, rects.size());
+    EXPECT_EQ(128, rects[0].left);
+    EXPECT_EQ(64, rects[0].top);
+
+    list.IdxBuffer[3] = 0; // a corner in common is no edge
+    area.Find(data);
+    for (const int corner : {4, 5}) {
+        list.VtxBuffer[corner].col = 0xff00ff00;
+        EXPECT_EQ(1u, area.Find(data).size()) << corner;
+    }
+}
+
 TEST_F(ChangedTiles, WhatMovesIsWhereItWasAndWhereItIs)
 {
     Find({{10, 10, 20, 20}});
