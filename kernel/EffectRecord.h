@@ -35,7 +35,8 @@ struct EffectFile {
 // All files of the list: textures, lights, models, programs, shaders.
 std::vector<EffectFile> ListFiles(const EffectFiles& files);
 
-// The washes with which the timeline paints an effect's entries (tools/timeline/TimelineColours.h).
+// The washes with which the timeline paints an effect's entries (tools/timeline/TimelineColours.h). The rows take turns:
+// each has the wash that none of the six rows ahead of it has.
 enum EffectWash { SlateWash, OchreWash, MossWash, RustWash, MistWash, NightWash, AmberWash, WashCount };
 
 // Messages whose names begin with `begin` come to nothing ahead of the message `after`.

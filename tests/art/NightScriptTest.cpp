@@ -66,7 +66,9 @@ TEST_F(TheNight, SendsEveryMessageThatDoesSomething)
     for (const NightScript::Message& message : night.messages)
         sent.emplace(message.effect, message.name);
     for (const auto& [effect, name] : night.declared)
-        EXPECT_EQ(!isIdle(effect, name), sent.count({effect, name}) == 1) << effect << " " << name;
+        EXPECT_EQ(!isIdle(effect, name), sent.count({effect, name}) == 1)
+            << "Data/script.txt " << (isIdle(effect, name) ? "sends " : "never sends ") << effect
+            << " the message " << name << (isIdle(effect, name) ? ", which changes nothing" : "");
     for (const auto& [effect, name] : sent)
         EXPECT_NE("?", name) << "a message that " << effect << " never declared";
 }
@@ -193,15 +195,18 @@ TEST_F(TheNight, SomethingIsOnAtEveryMoment)
 
 TEST_F(TheNight, TheBeatIsOnTimeAtEveryCutAndEveryMessage)
 {
-    std::set<uint32_t> times;
-    for (const NightScript::Entry& entry : night.entries)
-        times.insert({entry.start, entry.stop});
+    std::map<uint32_t, std::string> times; // of the script, and what is there
+    for (const NightScript::Entry& entry : night.entries) {
+        times[entry.start] = entry.effect + " begins";
+        times[entry.stop] = entry.effect + " ends";
+    }
     for (const NightScript::Message& message : night.messages)
         if (!IsSecondLook(message))
-            times.insert(message.time);
+            times[message.time] = message.effect + " " + message.name;
     EXPECT_GT(times.size(), 90u);
-    for (const uint32_t time : times)
-        EXPECT_EQ(0, score.rubato.LateAt(time / 600.0)) << time;
+    for (const auto& [time, what] : times)
+        EXPECT_EQ(0, score.rubato.LateAt(time / 600.0))
+            << what << " at " << time << ", where the music leaves its beat (the rubato of art/music/score)";
 }
 
 TEST_F(TheNight, EndsWithTheMusic)

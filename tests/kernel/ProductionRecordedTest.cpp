@@ -8,6 +8,7 @@
 #include "math/Random.h"
 #include "tests/support/recorder/EffectFixture.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <ostream>
@@ -122,8 +123,26 @@ TEST_P(EffectRecords, ATextureThatIsMissingEndsTheShow)
 TEST_P(EffectRecords, NameOnlyMessagesThatTheEffectDeclares)
 {
     Declare(effect);
+    const auto expectDeclared = [&](const std::string& name, const char* field) {
+        EXPECT_NE(0, messages.FindMessage(name.c_str(), effect))
+            << "kernel/Production.cpp has '" << name << "' in the " << field << " of " << GetParam().key
+            << ", which declares no such message";
+    };
     for (const std::string& name : GetParam().idleMessages)
-        EXPECT_NE(0, messages.FindMessage(name.c_str(), effect)) << name;
+        expectDeclared(name, "idleMessages");
+    for (const MessageOrder& order : GetParam().orders) {
+        expectDeclared(order.after, "orders");
+        const std::string begin = order.begin;
+        EXPECT_TRUE(std::any_of(
+            messages.entries.begin(), messages.entries.end(),
+            [&](const SynchMessageDeclaration& message) { return message.name.starts_with(begin); }))
+            << "kernel/Production.cpp has '" << begin << "' in the orders of " << GetParam().key
+            << ", which declares no message that begins so";
+    }
+    for (const MessageLimit& limit : GetParam().limits) {
+        expectDeclared(limit.message, "limits");
+        expectDeclared(limit.harmless, "limits");
+    }
 }
 
 // A frame's calls, but for the names of programs and lists, of which each effect has its own.

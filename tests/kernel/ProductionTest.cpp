@@ -85,6 +85,20 @@ TEST_P(CompleteEffect, HasTheFilesThatItLoads)
             << "Data/" << file.name << " is missing, which " << key << "::Init loads";
 }
 
+// So that no picture of a timeline shows two colours alike before all have been seen.
+TEST_P(CompleteEffect, HasAWashThatTheRowsAheadOfItHaveNot)
+{
+    const std::vector<EffectRecord>& rows = ProductionEffects();
+    const auto row = size_t(
+        std::find_if(rows.begin(), rows.end(), [&](const EffectRecord& each) { return each.key == key; }) -
+        rows.begin());
+    for (size_t ahead = 1; ahead < WashCount && ahead <= row; ahead++)
+        EXPECT_NE(rows[row - ahead].wash, rows[row].wash)
+            << "kernel/Production.cpp paints " << key << " like " << rows[row - ahead].key << ", " << ahead
+            << " rows ahead of it: a row has a wash that the " << WashCount - 1 << " before it have not"
+            << (row < WashCount ? "" : ", that of ") << (row < WashCount ? "" : rows[row - WashCount].key);
+}
+
 TEST_P(CompleteEffect, HasAShowOfItsOwnWithAllItsMessages)
 {
     const std::string path = "tests/shows/" + key + ".txt";

@@ -42,7 +42,7 @@ constexpr Pigment pigments[] = {
     /* NightWash */ {Night,                  0x4a5498},
     /* AmberWash */ {Ochre,                  Amber},
 };
-static_assert(sizeof pigments / sizeof pigments[0] == WashCount);
+static_assert(sizeof pigments / sizeof pigments[0] == WashCount, "each wash of kernel/EffectRecord.h has its pigment");
 
 // A wash: from one colour at the top to another at the bottom.
 struct Wash {

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <set>
@@ -128,7 +129,27 @@ TEST(PictureFiles, EveryPictureOfTheShowHasAPainterAndNoOtherIsPainted)
         }
     }
     for (const std::string& name : WantedPictures())
-        EXPECT_EQ(1u, painted.count(name)) << name << " stands in no table under art/atelier/pictures";
+        EXPECT_EQ(1u, painted.count(name))
+            << name << " has no painter: it stands in no table under art/atelier/pictures whose group "
+            << "art/atelier/Pictures.cpp lists";
+}
+
+TEST(PictureFiles, EachGroupHasTheKeyOfTheEffectThatLoadsItsPictures)
+{
+    for (const PictureGroup& group : AllGroups()) {
+        const std::string key = group.effect;
+        if (key == "Frame" || key == "Icon" || key == "Template")
+            continue; // of the program, the desktop, and another production
+        const EffectRecord* const record = FindRecord(key);
+        ASSERT_NE(nullptr, record) << key << ", for which " << group.pictures.at(0).file
+                                   << " is painted, is no effect of kernel/Production.cpp";
+        for (const Picture& picture : group.pictures) {
+            const std::vector<EffectFile> files = ListFiles(record->files);
+            EXPECT_TRUE(std::any_of(files.begin(), files.end(),
+                                    [&](const EffectFile& file) { return file.name == NameOf(picture); }))
+                << key << ", for which " << picture.file << " is painted, does not load it";
+        }
+    }
 }
 
 TEST(PictureFiles, EachFileHasTheSizeAndTheChannelsOfItsRow)
@@ -146,16 +167,21 @@ TEST(PictureFiles, EachFileHasTheSizeAndTheChannelsOfItsRow)
 
 TEST(PictureFiles, PicturesThatAreAddedAreBlackAtTheirBorder)
 {
-    const std::map<std::string, std::string> sides = {
-        {"partikel_2.jpg", "lrtb"},      {"footprint_white.jpg", "lrtb"}, {"ring.jpg", "lrtb"},
-        {"spirograph.jpg", "lrtb"},      {"skybox_tower_left.jpg", "t"},  {"skybox_tower_back.jpg", "t"},
-        {"skybox_tower_right.jpg", "t"}, {"skybox_tower_front.jpg", "t"}, {"loading.jpg", "lrtb"},
-    };
+    std::map<std::string, std::string> sides = {{"loading.jpg", "lrtb"}};
+    for (const EffectRecord& row : ProductionEffects())
+        for (const char* light : row.files.lights)
+            sides[light] = "lrtb";
+    // Where the faces of the box meet, and where it stands on the ground, there may be light.
+    for (const char* face : {"left", "back", "right", "front"})
+        sides.at(std::string("skybox_tower_") + face + ".jpg") = "t";
+    sides.erase("glowmask.jpg"); // covers the painting, and is read by a shader
+    EXPECT_GE(sides.size(), 9u);
     for (const auto& [name, which] : sides) {
         const Raster raster = Load(name);
         ASSERT_FALSE(raster.bytes.empty()) << name;
         for (int c = 0; c < 3; c++)
-            EXPECT_LE(LargestOnBorder(raster, c, which), 3) << name;
+            EXPECT_LE(LargestOnBorder(raster, c, which), 3)
+                << name << ", a light, is not black at its border";
     }
 }
 
