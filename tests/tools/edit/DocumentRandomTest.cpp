@@ -12,6 +12,7 @@
 #include "tests/support/PlayedScript.h"
 #include "tests/support/RandomScript.h"
 #include "tests/support/ReadFile.h"
+#include "tests/support/ScriptRecords.h"
 
 #include <gtest/gtest.h>
 
@@ -28,79 +29,6 @@ using edit::ItemId;
 using edit::OutlineBlock;
 
 static const uint32_t maxSteps = 3000; // of a group that is played here
-static const int64_t greatest = 2147483647;
-
-// ---- What a script says, as plain records
-
-struct Record {
-    size_t block = 0; // of the script that it was made from
-    bool isEntry = false;
-    std::string effect, message, parameters;
-    bool hasParameters = false;
-    int64_t start = 0, stop = 0, layer = 0;
-    std::vector<int64_t> times;
-    bool hasSteps = false, hasDelta = false;
-    std::string steps, delta;
-};
-
-static std::vector<Record> RecordsOf(const edit::Outline& outline)
-{
-    std::vector<Record> records;
-    for (size_t i = 0; i < outline.blocks.size(); i++) {
-        const OutlineBlock& block = outline.blocks[i];
-        Record record;
-        record.block = i;
-        record.effect = block.effect;
-        if (block.type == BlockEffect && block.FindValue("EffectName") && block.FindValue("StartTime") &&
-            block.FindValue("StopTime") && block.FindValue("LayerID")) {
-            record.isEntry = true;
-            record.start = block.start;
-            record.stop = block.stop;
-            record.layer = block.layer;
-            records.push_back(record);
-        } else if (block.type == BlockMessage && block.FindValue("MessageText") &&
-                   block.FindValue("ActivationTime") && block.FindValue("TargetEffect")) {
-            record.message = block.message;
-            record.hasParameters = block.ValueOf("Parameter", &record.parameters);
-            record.hasSteps = block.ValueOf("Steps", &record.steps);
-            record.hasDelta = block.ValueOf("TimeDelta", &record.delta);
-            for (const edit::OutlineTime& time : block.times)
-                record.times.push_back(time.milliseconds);
-            records.push_back(record);
-        }
-    }
-    return records;
-}
-
-// Large numbers are what the reader made of those below 0.
-static std::string Number(int64_t value)
-{
-    return std::to_string(value > 2147483647 ? value - 4294967296 : value);
-}
-
-static std::string WriteScript(const std::vector<Record>& records)
-{
-    std::string script;
-    for (const Record& record : records) {
-        if (record.isEntry) {
-            script += "[EFFECT]EffectName=" + record.effect + ";StartTime=" + Number(record.start) +
-                      ";StopTime=" + Number(record.stop) + ";LayerID=" + Number(record.layer) + ";";
-            continue;
-        }
-        script += "[MESSAGE]MessageText=" + record.message + ";TargetEffect=" + record.effect + ";";
-        script += "ActivationTime=";
-        for (size_t i = 0; i < record.times.size(); i++)
-            script += (i > 0 ? "," : "") + Number(record.times[i]);
-        script += ";";
-        if (record.hasParameters)
-            script += "Parameter=" + record.parameters + ";";
-        if (record.hasSteps)
-            script += "Steps=" + record.steps + ";";
-        if (record.hasDelta)
-            script += "TimeDelta=" + record.delta + ";";
-    }
-    return script;
-}
 
 static std::vector<std::string> Sorted(std::vector<std::string> lines)
 {
@@ -198,30 +126,13 @@ protected:
         return items;
     }
 
-    void ExpectPlayed(const std::vector<Record>& meant, const std::string& what)
+    void ExpectPlayed(const ScriptRecords& meant, const std::string& what)
     {
-        const PlayedScript got = Play(document->Text()), wanted = Play(WriteScript(meant));
+        const PlayedScript got = Play(document->Text()), wanted = Play(meant.Write());
         EXPECT_EQ(Sorted(wanted.entries), Sorted(got.entries)) << what;
         EXPECT_EQ(Sorted(wanted.messages), Sorted(got.messages)) << what;
     }
 
-    static Record* RecordOf(std::vector<Record>* records, size_t block)
-    {
-        for (Record& record : *records)
-            if (record.block == block)
-                return &record;
-        return nullptr;
-    }
-    // The numbers of an item: start and stop, or the time.
-    static std::vector<int64_t*> NumbersOf(std::vector<Record>* records, ItemId item)
-    {
-        Record* const record = RecordOf(records, item.block);
-        if (!record)
-            return {};
-        if (record->isEntry)
-            return {&record->start, &record->stop};
-        return {&record->times[size_t(item.time)]};
-    }
     static std::set<size_t> BlocksOf(const std::vector<ItemId>& items)
     {
         std::set<size_t> blocks;
@@ -267,29 +178,16 @@ void RandomEdits::TryMove()
 {
     const std::string before = document->Text();
     const edit::Outline outline = document->GetOutline();
-    std::vector<Record> records = RecordsOf(outline);
+    ScriptRecords records(outline);
     const std::vector<ItemId> items = SomeItems(6);
-    int64_t amount = Between(-3000, 3000), layers = Between(0, 3) ? 0 : Between(-2, 2);
+    const int64_t amount = Between(-3000, 3000), layers = Between(0, 3) ? 0 : Between(-2, 2);
     if (!Check(document->Move(items, amount, layers), before))
         return;
-    for (const ItemId& item : items)
-        for (const int64_t* number : NumbersOf(&records, item)) {
-            amount = std::clamp(amount, -*number, greatest - *number);
-            if (const Record* const record = RecordOf(&records, item.block); record->isEntry)
-                layers = std::max(layers, -record->layer);
-        }
-    for (const ItemId& item : items) {
-        for (int64_t* number : NumbersOf(&records, item))
-            *number += amount;
-        if (Record* const record = RecordOf(&records, item.block); record && record->isEntry)
-            record->layer += layers;
-    }
     // Blocks that lack a key are moved as well, and can hold the others back.
-    const bool allPlain = std::all_of(items.begin(), items.end(), [&](const ItemId& item) {
-        return RecordOf(&records, item.block) != nullptr;
-    });
-    if (allPlain)
+    if (records.HaveAll(items)) {
+        records.Move(items, amount, layers);
         ExpectPlayed(records, "moved");
+    }
     const std::vector<std::string> keys = {"StartTime", "StopTime", "LayerID", "ActivationTime"};
     const std::set<size_t> blocks = BlocksOf(items);
     EXPECT_EQ(Frame(before, outline, blocks, keys),
@@ -300,20 +198,16 @@ void RandomEdits::TryStretch()
 {
     const std::string before = document->Text();
     const edit::Outline outline = document->GetOutline();
-    std::vector<Record> records = RecordsOf(outline);
-    std::vector<ItemId> items = SomeItems(1);
+    ScriptRecords records(outline);
+    const std::vector<ItemId> items = SomeItems(1);
     if (items.empty() || outline.blocks[items[0].block].type != BlockEffect)
         return;
     const bool stop = Between(0, 1) == 1;
     const int64_t amount = Between(-5000, 5000);
     if (!Check(document->Stretch(items, stop, amount), before))
         return;
-    if (Record* const record = RecordOf(&records, items[0].block)) {
-        const int64_t room = std::max<int64_t>(record->stop - record->start - 1, 0);
-        if (stop)
-            record->stop += std::min(std::max({amount, -room, -record->stop}), greatest - record->stop);
-        else
-            record->start += std::max(std::min(amount, room), -record->start);
+    if (ScriptRecord* const record = records.Find(items[0].block)) {
+        ScriptRecords::Stretch(record, stop, amount);
         ExpectPlayed(records, "stretched");
     }
     EXPECT_EQ(Frame(before, outline, BlocksOf(items), {"StartTime", "StopTime"}),
@@ -326,14 +220,14 @@ void RandomEdits::TrySetValue()
     const edit::Outline outline = document->GetOutline();
     if (outline.blocks.empty())
         return;
-    std::vector<Record> records = RecordsOf(outline);
+    ScriptRecords records(outline);
     const auto block = size_t(Between(0, int64_t(outline.blocks.size()) - 1));
     if (outline.blocks[block].type == BlockEffect) {
         const char* const key = Between(0, 1) ? "StopTime" : "LayerID";
         const int64_t number = Between(0, 90000);
         if (!Check(document->SetValue(block, key, std::to_string(number)), before))
             return;
-        if (Record* const record = RecordOf(&records, block)) {
+        if (ScriptRecord* const record = records.Find(block)) {
             (std::string(key) == "LayerID" ? record->layer : record->stop) = number;
             ExpectPlayed(records, std::string("set ") + key);
             EXPECT_EQ(Frame(before, outline, {block}, {key}),
@@ -342,7 +236,7 @@ void RandomEdits::TrySetValue()
     } else if (outline.blocks[block].type == BlockMessage) {
         if (!Check(document->SetValue(block, "Parameter", "1.5,7"), before))
             return;
-        if (Record* const record = RecordOf(&records, block)) {
+        if (ScriptRecord* const record = records.Find(block)) {
             record->hasParameters = true;
             record->parameters = "1.5,7.0";
             ExpectPlayed(records, "parameters");
@@ -359,76 +253,37 @@ void RandomEdits::TrySetValue()
 void RandomEdits::TryDuplicate()
 {
     const std::string before = document->Text();
-    std::vector<Record> records = RecordsOf(document->GetOutline());
+    ScriptRecords records(document->GetOutline());
     const std::vector<ItemId> items = SomeItems(4);
-    int64_t amount = Between(-1000, 4000);
+    const int64_t amount = Between(-1000, 4000);
     const std::vector<ItemId> copies = document->Duplicate(items, amount);
     if (!Check(!copies.empty(), before))
         return;
     EXPECT_EQ(items.size(), copies.size());
     EXPECT_TRUE(IsPartOf(before, document->Text()));
-    std::vector<Record> more;
-    for (const ItemId& item : items) {
-        const Record* const record = RecordOf(&records, item.block);
-        if (!record)
-            return; // of a block that lacks a key
-        amount = std::max(amount, record->isEntry ? -std::min(record->start, record->stop)
-                                                  : -record->times[size_t(item.time)]);
-        if (std::max(record->start, record->stop) > greatest - 10000 ||
-            std::any_of(record->times.begin(), record->times.end(),
-                        [](int64_t time) { return time > greatest - 10000; }))
-            return; // too near to where numbers end to be worked out here
-    }
-    for (const ItemId& item : items) {
-        Record copy = *RecordOf(&records, item.block);
-        const bool wasList = copy.times.size() > 1;
-        copy.start += amount;
-        copy.stop += amount;
-        if (!copy.isEntry)
-            copy.times = {copy.times[size_t(item.time)] + amount};
-        if (wasList)
-            copy.hasSteps = false; // beside a list it counts for nothing
-        more.push_back(copy);
-    }
-    records.insert(records.end(), more.begin(), more.end());
-    ExpectPlayed(records, "duplicated");
+    if (records.Duplicate(items, amount))
+        ExpectPlayed(records, "duplicated");
 }
 
 void RandomEdits::TryDelete()
 {
     const std::string before = document->Text();
-    std::vector<Record> records = RecordsOf(document->GetOutline());
+    ScriptRecords records(document->GetOutline());
     const std::vector<ItemId> items = SomeItems(3);
     if (!Check(document->Delete(items), before))
         return;
     EXPECT_TRUE(IsPartOf(document->Text(), before));
     EXPECT_EQ(std::count(before.begin(), before.end(), '#') % 2,
               std::count(document->Text().begin(), document->Text().end(), '#') % 2);
-    std::vector<Record> left;
-    for (Record& record : records) {
-        std::vector<int64_t> times;
-        bool gone = false, touched = false;
-        for (size_t i = 0; i < record.times.size(); i++)
-            if (std::find(items.begin(), items.end(), ItemId{record.block, int(i)}) == items.end())
-                times.push_back(record.times[i]);
-            else
-                touched = true;
-        gone = record.isEntry ? std::find(items.begin(), items.end(), ItemId{record.block, -1}) != items.end()
-                              : touched && times.empty();
-        if (touched && record.times.size() > 1 && record.hasSteps && record.hasDelta)
-            record.hasSteps = false; // a list has none
-        record.times = times;
-        if (!gone)
-            left.push_back(record);
-    }
-    ExpectPlayed(left, "deleted");
+    records.Delete(items);
+    ExpectPlayed(records, "deleted");
 }
 
 void RandomEdits::TryInsert()
 {
     const std::string before = document->Text();
-    std::vector<Record> records = RecordsOf(document->GetOutline());
-    Record added;
+    ScriptRecords records(document->GetOutline());
+    ScriptRecord added;
     const int64_t time = Between(0, 30000);
     if (Between(0, 1)) {
         added.isEntry = true;
@@ -455,7 +310,7 @@ void RandomEdits::TryInsert()
         EXPECT_EQ(uint32_t(time),
                   document->GetOutline().blocks[item->block].times[size_t(item->time)].milliseconds);
     }
-    records.push_back(added);
+    records.Add(added);
     ExpectPlayed(records, "inserted");
     EXPECT_TRUE(IsPartOf(before, document->Text()));
 }
@@ -477,7 +332,7 @@ void RandomEdits::TryTakeApart()
 void RandomEdits::TryPaste()
 {
     const std::string before = document->Text();
-    std::vector<Record> records = RecordsOf(document->GetOutline());
+    ScriptRecords records(document->GetOutline());
     const std::vector<ItemId> items = SomeItems(1);
     const std::string copy = document->Copy(items);
     if (copy.empty())
@@ -486,20 +341,8 @@ void RandomEdits::TryPaste()
     if (!Check(!document->Paste(copy, uint32_t(at)).empty(), before))
         return;
     EXPECT_TRUE(IsPartOf(before, document->Text()));
-    if (const Record* const found = RecordOf(&records, items[0].block)) {
-        Record pasted = *found;
-        const int64_t shift = at - std::min(pasted.start, pasted.stop);
-        pasted.start += shift;
-        pasted.stop += shift;
-        if (std::max(pasted.start, pasted.stop) > greatest)
-            return;
-        const bool wasList = pasted.times.size() > 1;
-        pasted.times = {at};
-        if (wasList)
-            pasted.hasSteps = false;
-        records.push_back(pasted);
+    if (records.Paste(items[0], at))
         ExpectPlayed(records, "pasted");
-    }
 }
 
 void RandomEdits::Work(const std::string& script, int edits)

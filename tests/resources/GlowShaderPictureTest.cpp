@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+// The painting and the light that runs along its ways.
+#include "tests/resources/TwoPicturesFixture.h"
+
+#include <algorithm>
+#include <cmath>
+
+// Bands of the mask from black on the left to white on the right. A grey mask is all way.
+class GlowShader : public TwoPicturesFixture
+{
+protected:
+    static const int side = 120;
+
+    static float Bands(float x, float) { return std::floor(x * 6) / 5; }
+
+    void StartBands()
+    {
+        Start("data/glowmask.fp", PlainPicture(8, 8, 3, 100, 80, 60), Paint(side, Bands), side);
+    }
+
+    // The red of band 0 (black) to 5 (white), in its middle.
+    static int Red(const Picture& picture, int band)
+    {
+        return *picture.At(band * side / 6 + side / 12, side / 2);
+    }
+};
+
+TEST_F(GlowShader, ShowsThePlainPaintingAtZeroAndBelow)
+{
+    Start("data/glowmask.fp", SlopePicture(64, 64), SlopePicture(64, 64));
+    const Picture plain = DrawPlain(&firstTexture, 1, 0.5f, 0.25f);
+    for (float delta : {0.0f, -1.0f, -1e6f})
+        EXPECT_EQ(plain.pixels, Draw(delta, 1, 0.5f, 0.25f).pixels) << delta;
+    EXPECT_NE(plain.pixels, Draw(1, 1, 0.5f, 0.25f).pixels);
+}
+
+TEST_F(GlowShader, StartsWithoutAJump)
+{
+    StartBands();
+    const Picture plain = Draw(0);
+    const Picture first = Draw(0.5f / 60); // a frame later
+    for (size_t i = 0; i < plain.pixels.size(); i++)
+        ASSERT_NEAR(plain.pixels[i], first.pixels[i], 1);
+}
+
+TEST_F(GlowShader, LetsTheLightReachTheDarkerBandsFirst)
+{
+    StartBands();
+    // The light comes by a band of the mask's value m at delta = 2 m, and 0.16 later it is at its brightest.
+    for (int band = 1; band <= 5; band++) {
+        const float arrival = 2 * float(band) / 5;
+        const int early = Red(Draw(arrival - 0.05f), band);
+        const Picture peak = Draw(arrival + 0.16f);
+        EXPECT_GT(Red(peak, band), early + 30) << band;
+        for (int later = band + 1; later <= 5; later++)
+            EXPECT_LT(Red(peak, later), Red(peak, band) - 30) << band << " " << later;
+    }
+}
+
+TEST_F(GlowShader, NeverLightsWhatIsBlackInTheMask)
+{
+    StartBands();
+    for (float delta = 0.1f; delta <= 10; delta += 0.3f)
+        EXPECT_LE(Red(Draw(delta), 0), 100) << delta;
+}
+
+TEST_F(GlowShader, SendsWaveAfterWaveForAsLongAsDeltaGrows)
+{
+    StartBands();
+    const float again = 2 * 1.35f; // delta from one wave to the next
+    for (int band = 1; band <= 5; band++) {
+        const float peak = 2 * float(band) / 5 + 0.16f + again;
+        for (int wave = 1; peak + again * float(wave) <= 10; wave++)
+            EXPECT_NEAR(Red(Draw(peak), band), Red(Draw(peak + again * float(wave)), band), 2);
+        EXPECT_GT(Red(Draw(peak), band), Red(Draw(peak + again * 0.9f), band) + 20);
+    }
+}
+
+TEST_F(GlowShader, IsWarmAndNeverBurnsOut)
+{
+    StartBands();
+    for (float delta = 0.5f; delta <= 10; delta += 0.5f) {
+        const Picture picture = Draw(delta);
+        for (int i = 0; i < picture.width * picture.height; i++) {
+            const unsigned char* const pixel = &picture.pixels[size_t(i) * 3];
+            ASSERT_GT(pixel[0], pixel[1]) << delta;
+            ASSERT_GT(pixel[1], pixel[2]) << delta;
+            ASSERT_LT(pixel[0], 255) << delta;
+            ASSERT_LT(pixel[2], 210) << delta;
+        }
+    }
+}
+
+TEST_F(GlowShader, MovesWithoutAJumpFromFrameToFrame)
+{
+    StartBands();
+    Picture last = Draw(0.5f);
+    for (float delta = 0.5f; delta <= 10; delta += 0.5f / 60) {
+        const Picture next = Draw(delta);
+        for (int band = 0; band < 6; band++)
+            ASSERT_NEAR(Red(last, band), Red(next, band), 22) << band << " " << delta;
+        last = next;
+    }
+}
+
+// Masks of one colour over a plain painting. The light comes by at 0.4 and is brightest at 0.56: there it is at
+// 1.125, at 0.59 of what it will be once the painting has sunk into its dusk, 0.55 parts of it from the way and 0.75
+// from the halo. The painting's red of 100 is then 92 unlit.
+TEST_F(GlowShader, TakesTheWaysFromRedTheirHaloFromGreenAndTheTimeFromBlue)
+{
+    const struct {
+        int red, green, blue;
+        int more; // red than unlit
+    } masks[] = {
+        {51, 51, 51, 127}, {0, 51, 51, 84}, {51, 0, 51, 65}, {0, 25, 51, 45}, {0, 0, 51, 0}, {51, 51, 0, 0},
+    };
+    Start("data/glowmask.fp", PlainPicture(4, 4, 3, 100, 80, 60), PlainPicture(4, 4, 3, 0, 0, 0));
+    const int unlitBefore = *Draw(0.35f).At(30, 30), unlit = *Draw(0.56f).At(30, 30);
+    EXPECT_NEAR(92, unlit, 1);
+    for (const auto& mask : masks) {
+        MakeTexture(&secondTexture, PlainPicture(4, 4, 3, mask.red, mask.green, mask.blue));
+        EXPECT_EQ(unlitBefore, *Draw(0.35f).At(30, 30)) << "not before its time";
+        EXPECT_NEAR(mask.more, *Draw(0.56f).At(30, 30) - unlit, 2)
+            << mask.red << " " << mask.green << " " << mask.blue;
+    }
+}
+
+TEST_F(GlowShader, KeepsTheAlphaOfPaintingAndVertices)
+{
+    Start("data/glowmask.fp", PlainPicture(4, 4, 4, 100, 100, 100, 128), PlainPicture(4, 4, 3, 0, 0, 0));
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    const int whole = *Draw(5).At(30, 30);
+    const int half = *Draw(5, 1, 1, 1, 0.5f).At(30, 30);
+    EXPECT_NEAR(100 * 0.86 * 0.5, whole, 2);
+    EXPECT_NEAR(whole * 0.5, half, 1);
+}
+
+// The golden images: a ring that the light runs round.
+
+static float FromRing(float x, float y)
+{
+    const float dx = x - 0.5f, dy = y - 0.5f;
+    return std::fabs(std::sqrt(dx * dx + dy * dy) - 0.33f) / 0.011f;
+}
+
+static float RingTime(float x, float y)
+{
+    const float time = 0.2f + 0.8f * (std::atan2(y - 0.5f, x - 0.5f) + 3.1415927f) / 6.2831853f;
+    return FromRing(x, y) < 3 ? time : 0;
+}
+
+static float Ring(float x, float y)
+{
+    return RingTime(x, y) * std::max(0.0f, 1 - FromRing(x, y));
+}
+
+static float RingHalo(float x, float y)
+{
+    return RingTime(x, y) * 0.5f * std::max(0.0f, 1 - FromRing(x, y) / 2);
+}
+
+TEST_F(GlowShader, RunsRoundARing)
+{
+    Picture ring = Paint(256, Ring);
+    const Picture halo = Paint(256, RingHalo), time = Paint(256, RingTime);
+    for (size_t i = 0; i < ring.pixels.size(); i += 3) {
+        ring.pixels[i + 1] = halo.pixels[i];
+        ring.pixels[i + 2] = time.pixels[i];
+    }
+    Start("data/glowmask.fp", SlopePicture(60, 40), ring, 192);
+    const char* const names[] = {"GlowShader-arriving", "GlowShader-halfway", "GlowShader-late"};
+    const float deltas[] = {0.7f, 1.3f, 9.1f};
+    for (int i = 0; i < 3; i++)
+        EXPECT_TRUE(MatchesGolden(Draw(deltas[i]), names[i],
+                                  Tolerance("exp and smoothstep are approximated").Maximum(3)));
+}
