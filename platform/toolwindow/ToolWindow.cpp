@@ -5,6 +5,7 @@
 #include "platform/toolwindow/PictureTexture.h"
 #include "platform/toolwindow/ToolFonts.h"
 #include "platform/toolwindow/ToolStyle.h"
+#include "platform/toolwindow/XErrors.h"
 
 #include <SDL.h>
 #include <SDL_opengl.h>
@@ -62,6 +63,7 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
         *reason = std::string("the display can't be used: ") + SDL_GetError();
         return false;
     }
+    IgnoreXErrors();
     SDL_EnableScreenSaver();
     SDL_EventState(SDL_DROPFILE, SDL_ENABLE);
     WakeEvent();
