@@ -15,19 +15,19 @@ constexpr int W = 1024, H = 512;
 
 // clang-format off
 static const std::vector<Vector2> Sole = {
-    {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 118}, {350, 106}, {292, 136},
-    {264, 200}, {264, 272}, {292, 342}, {352, 392}, {450, 404}, {560, 392}, {680, 374}, {800, 368}, {890, 346}, {938, 308},
+    {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 120}, {352, 104}, {286, 130},
+    {262, 196}, {276, 270}, {310, 336}, {366, 384}, {452, 402}, {560, 398}, {680, 384}, {800, 374}, {890, 350}, {938, 308},
 };
 struct Toe {
     Vector2 middle;
     float length, breadth, turn; // half, half, radians
 };
 static const Toe Toes[] = {
-    {{184, 126}, 68, 48, -0.08f}, // the big one
-    {{166, 210}, 43, 30,  0.04f},
-    {{178, 268}, 38, 27,  0.14f},
-    {{204, 322}, 35, 25,  0.26f},
-    {{244, 372}, 34, 25,  0.42f},
+    {{150, 126}, 72, 50, -0.06f}, // the big one, ahead of the others
+    {{178, 214}, 40, 27,  0.10f},
+    {{204, 272}, 34, 24,  0.22f},
+    {{240, 324}, 31, 22,  0.38f},
+    {{286, 372}, 27, 22,  0.60f},
 };
 // clang-format on
 
@@ -35,8 +35,17 @@ static const Toe Toes[] = {
 static Mask Pressed()
 {
     Mask foot = Filled(W, H, Round(Sole));
-    for (const Toe& toe : Toes)
-        foot.Fill(Ellipse(toe.middle, toe.length, toe.breadth, toe.turn));
+    // The pad of a toe is broadest at its tip. The sand keeps a trace of what joins it to the ball.
+    for (const Toe& toe : Toes) {
+        const auto back = [&](float part) {
+            return toe.middle + Vector2{Cos(toe.turn), Sin(toe.turn)} * (toe.length * part);
+        };
+        foot.Fill(Limb(Straight({back(0.3f), back(1.7f)}), toe.breadth * 0.75f, toe.breadth * 0.55f,
+                       toe.breadth * 0.3f),
+                  0.22f);
+        foot.Fill(Ellipse(back(-0.16f), toe.length * 0.84f, toe.breadth, toe.turn));
+        foot.Fill(Ellipse(back(0.42f), toe.length * 0.62f, toe.breadth * 0.74f, toe.turn));
+    }
     foot.Shake(5, 46, 11).Shake(2, 9, 12);
     const auto under = [](float x, float y, float cx, float cy, float rx, float ry) {
         return Bell(Length({(x - cx) / rx, (y - cy) / ry}));
@@ -106,8 +115,15 @@ static Canvas Footprint()
     canvas.Cover(lee, Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f, 0.55f);
     canvas.Cover(damp, Mix(Mix(palette::Rust, palette::Slate, 0.42f), palette::Ochre, 0.16f) * 0.85f);
     canvas.Cover(shadow, Mix(palette::Ink, palette::Night, 0.5f), 0.8f);
-    canvas.Cover(wall, Mix(palette::Bone, palette::Amber, 0.2f), 0.8f);
-    canvas.Cover(rim, palette::Bone, 0.9f);
+    canvas.Cover(wall, Mix(palette::Parchment, palette::Ochre, 0.45f), 0.7f);
+    // The lip is sand in moonlight, in grains: the print is also seen where there is no sand about it.
+    const Noise loose(30);
+    rim.By([&](float x, float y) {
+        return 0.25f +
+               0.75f * Smooth(-0.15f, 0.25f,
+                              loose.Fbm(x / 5.5f, y / 5.5f, 3) + 0.4f * rim.At(Floor(x), Floor(y)) - 0.1f);
+    });
+    canvas.Cover(rim, Mix(palette::Parchment, palette::Ochre, 0.38f), 0.72f);
     // The ridges of the skin, where the sand was damp enough to keep them.
     Mask skin = ridges;
     skin.Multiply(pressed).By([&](float x, float y) {
@@ -127,6 +143,18 @@ static Canvas Footprint()
     for (const Toe& toe : Toes)
         line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.0f, 4.7f), toe.turn, toe.middle),
                     {.start = 0.1f, .middle = 1, .end = 0});
+    Mask grains(W, H);
+    Pen sand(grains, paper, {.width = 2}, 31);
+    Dice dice(32);
+    for (int i = 0; i < 90; i++) {
+        const Vector2 at = PointAt(Round(Sole), dice.Unit());
+        sand.Splatter(at, 34, 3, 4.2f);
+    }
+    for (const Toe& toe : Toes)
+        sand.Splatter(toe.middle, toe.length * 1.6f, 22, 4);
+    grains.By([&](float x, float y) { return 1 - Clamp(1.4f * floor.At(Floor(x), Floor(y))); })
+        .Multiply(window);
+    canvas.Cover(grains, Mix(palette::Parchment, palette::Ochre, 0.3f), 0.8f);
     canvas.Cover(drops.Multiply(window), palette::Ink, 0.6f);
     canvas.Cover(strokes, palette::Ink, 0.75f);
     return Squeezed(canvas, 512, 256);
@@ -158,9 +186,9 @@ static Canvas FootprintWhite()
 // horizon is made of: towards both sides the sand is lost in the mist that this band is.
 static Canvas Sand()
 {
-    constexpr int Size = 512, Ribs = 21;
-    const Paper& paper = SketchPaper(512);
-    const Noise warp(21, 7, 5), swell(23, 5, 3), grain(24, 128, 128);
+    constexpr int Size = 1024, Ribs = 21;
+    const Paper& paper = SketchPaper(1024);
+    const Noise warp(21, 7, 5), swell(23, 5, 3), grain(24, 256, 256);
     Dice dice(28);
     // Ribs fork where two places of opposite sense lie near each other: going round the one a rib is gained,
     // round the other it is lost again.
@@ -169,7 +197,7 @@ static Canvas Sand()
     };
     std::vector<Fork> forks;
     for (int i = 0; i < 6; i++) {
-        const Vector2 way = {dice.Range(30, 75), dice.Range(-24, 24)};
+        const Vector2 way = {dice.Range(60, 150), dice.Range(-48, 48)};
         // By twos of opposite sense, or the ribs would climb from tile to tile.
         for (float sense = -1; sense < 2; sense += 2) {
             const Vector2 at = {dice.Range(0, Size), dice.Range(0, Size)};
@@ -203,29 +231,29 @@ static Canvas Sand()
 
     Canvas canvas(Size, Size);
     paper.Sheet(canvas, Mix(palette::Parchment, palette::Bone, 0.4f), 0.8f);
-    const WashStyle flat = {.pool = 0, .granulation = 0.6f, .bloom = 0.5f, .bloomSize = 128, .stray = 0};
+    const WashStyle flat = {.pool = 0, .granulation = 0.6f, .bloom = 0.5f, .bloomSize = 256, .stray = 0};
     canvas.Glaze(WashDensity(paper, tone, flat, 25), palette::Ochre, 0.30f);
     Wash(canvas, paper, lee,
          {.pigment = Mix(palette::Rust, palette::Slate, 0.5f),
           .density = 0.34f,
           .pool = 0.35f,
-          .poolWidth = 3,
+          .poolWidth = 6,
           .granulation = 0.9f,
           .bloom = 0.7f,
-          .bloomSize = 100,
-          .stray = 2},
+          .bloomSize = 200,
+          .stray = 4},
          26);
-    canvas.Cover(crest.Blur(0.8f), palette::Bone, 0.5f);
+    canvas.Cover(crest.Blur(1.4f), palette::Bone, 0.5f);
     // Wind in the sand: a dry brush along the ribs.
     Mask wind(Size, Size, 0, true);
     DryBrush brush(wind, paper,
-                   {.width = 13, .count = 8, .thickness = 1.2f, .load = 0.46f, .ragged = 0.5f, .wave = 40},
+                   {.width = 24, .count = 15, .thickness = 1.3f, .load = 0.46f, .ragged = 0.5f, .wave = 80},
                    27);
-    for (int i = 0; i < 120; i++) {
+    for (int i = 0; i < 150; i++) {
         Vector2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const float level = phaseAt(p.x, p.y);
         Line line;
-        for (int step = 0; step < 26; step++) {
+        for (int step = 0; step < 50; step++) {
             line.push_back(p);
             p.x += 3;
             // Stay on the rib.
@@ -241,11 +269,13 @@ static Canvas Sand()
     canvas.Cover(specks, Mix(palette::Rust, palette::Ink, 0.3f), 0.3f);
     paper.Show(canvas, 0.5f);
     canvas.Cover(Mask(Size, Size, 0, true).Each([&](float x, float y) {
-        const float side = Min(x, Size - x) + 34 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) *
-                                                  Smooth(0, 30, Min(x, Size - x));
-        return Smooth(120, 6, side);
+        const float border = Min(x, Size - x);
+        const float side = border + (68 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) +
+                                     30 * grain.Fbm(x / 4, y / 4, 2)) *
+                                        Smooth(0, 60, border);
+        return Smooth(240, 12, side);
     }),
-                 Mix(palette::Slate, palette::Mist, 0.25f) * 0.8f);
+                 Mix(palette::Slate, palette::Ink, 0.5f));
     return canvas;
 }
 
@@ -255,7 +285,7 @@ PictureGroup FX_FootprintPictures()
     return {"FX_Footprint", {
         {"Data/footprint.png",               512, 256, Format::PngRgba, Footprint},
         {"Data/footprint_white.jpg",        1024, 512, Format::Jpeg,    FootprintWhite},
-        {"Data/sandbau.jpg",                 512, 512, Format::Jpeg,    Sand},
+        {"Data/sandbau.jpg",                1024, 1024, Format::Jpeg,   Sand},
     }};
 }
 // clang-format on
