@@ -72,8 +72,10 @@ static Canvas SpirographOfLight()
                 seed);
         pen.Stroke(drawing.line, {.start = 0.5f, .middle = 0.9f, .end = 0.2f});
         // The light does not reach all round: it is seen turning.
+        // Near the middle it is thin: the heads of the towers stand before that.
         lines.By([&](float x, float y) {
-            return 0.2f + 0.95f * Smooth(-0.35f, 0.45f, lift.Fbm(x / 260 + float(seed), y / 260, 3));
+            return (0.2f + 0.95f * Smooth(-0.35f, 0.45f, lift.Fbm(x / 260 + float(seed), y / 260, 3))) *
+                   Mix(0.25f, 1, Smooth(70, 210, Length(Vector2{x, y} - Middle)));
         });
         seed++;
         GlowAlong(canvas, lines, 12,
@@ -94,7 +96,8 @@ static const Canvas& TowerPanorama()
         constexpr int W = 2048, H = 512;
         const Noise warp(611, 8, 4), veil(612, 8, 4), thin(613, 16, 8), rent(615, 6, 4);
         Canvas canvas(W, H, palette::Black);
-        const auto fade = [](float y) { return Smooth(14, 230, y) * Mix(1, 0.45f, Smooth(330, 512, y)); };
+        // Dark where the towers end.
+        const auto fade = [](float y) { return Smooth(80, 380, y) * Mix(1, 0.45f, Smooth(360, 512, y)); };
         // Veils hang in folds, bright at one edge and thinning away from it.
         canvas.Light(Mask(W, H, 0, true).Each([&](float x, float y) {
             const float u = x / W, v = y / H;

@@ -35,66 +35,96 @@ static float FeatherEdge(float u)
     return 1 - 0.34f * u * u - 0.12f * Pow(Abs(u), 6);
 }
 
-// Somebody is up there: arched windows with light in them, each with its stones, its bars and its sill. The towers are
-// seen from near: what is drawn here is drawn large.
+// Somebody is up there, in some of the rooms. Each wall has windows of its own, one of them dark: of the four towers
+// one sees the same walls side by side. The walls are drawn out to more than three times their height.
+enum WindowKind { Lancet, Twin, Slits, Shuttered };
+struct TowerWindow {
+    float x, y, high; // pixels, the foot's middle
+    WindowKind kind;
+};
+// clang-format off
+constexpr TowerWindow TowerWindows[] = {
+    { 112, 452, 48, Lancet},    { 160, 598, 34, Shuttered}, {  98, 356, 24, Slits},
+    { 396, 398, 40, Shuttered}, { 372, 530, 44, Twin},
+    { 628, 566, 40, Lancet},    { 668, 420, 46, Shuttered}, { 612, 664, 22, Slits},
+    { 886, 480, 48, Twin},      { 924, 620, 34, Lancet},
+};
+// clang-format on
+
+// A pointed arch over the middle of its foot.
+static Line LancetOutline(Vector2 foot, float half, float high)
+{
+    return Through({{foot.x - half, foot.y},
+                    {foot.x - half, foot.y - high * 0.6f},
+                    {foot.x - half * 0.72f, foot.y - high * 0.85f},
+                    {foot.x, foot.y - high},
+                    {foot.x + half * 0.72f, foot.y - high * 0.85f},
+                    {foot.x + half, foot.y - high * 0.6f},
+                    {foot.x + half, foot.y}},
+                   1);
+}
+
+struct Opening {
+    Vector2 foot;
+    float half, high;
+    bool lit;
+};
+
+static std::vector<Opening> OpeningsOf(const TowerWindow& w)
+{
+    if (w.kind == Twin)
+        return {{{w.x - 12, w.y}, 8.5f, w.high * 0.92f, true}, {{w.x + 11, w.y}, 8.5f, w.high, true}};
+    if (w.kind == Slits)
+        return {{{w.x - 17, w.y + 5}, 3.6f, w.high, true},
+                {{w.x, w.y - 4}, 3.6f, w.high, false},
+                {{w.x + 18, w.y + 2}, 3.6f, w.high, true}};
+    return {{{w.x, w.y}, w.high * 0.32f, w.high, w.kind == Lancet}};
+}
+
 static void LightWindows(Canvas& canvas, const Paper& paper)
 {
-    struct Window {
-        float x, y, high; // pixels, the foot's middle
-    };
-    // clang-format off
-    constexpr Window Windows[] = {
-        {  92, 436, 44}, { 176, 580, 34},
-        { 352, 380, 46}, { 424, 500, 40}, { 322, 640, 30},
-        { 606, 466, 44}, { 676, 566, 34},
-        { 884, 398, 46}, { 834, 520, 38}, { 938, 618, 30},
-    };
-    // clang-format on
-    Mask reveal(Side, Side), light(Side, Side), stones(Side, Side), bars(Side, Side);
-    Pen mason(stones, paper, {.width = 4, .wobble = 0.7f, .wave = 14, .skip = 0.15f}, 525),
+    Mask reveal(Side, Side), light(Side, Side), shutters(Side, Side), stones(Side, Side), bars(Side, Side);
+    Pen mason(stones, paper, {.width = 4, .wobble = 0.9f, .wave = 14, .skip = 0.2f}, 525),
         smith(bars, paper, {.width = 2.4f, .wobble = 0.4f, .skip = 0}, 531);
-    for (const Window& w : Windows) {
-        const float half = w.high * 0.34f;
-        const auto arch = [&](float grown) {
-            const float h = half + grown, top = w.high + grown;
-            return Through({{w.x - h, w.y},
-                            {w.x - h, w.y - top * 0.6f},
-                            {w.x - h * 0.72f, w.y - top * 0.87f},
-                            {w.x, w.y - top},
-                            {w.x + h * 0.72f, w.y - top * 0.87f},
-                            {w.x + h, w.y - top * 0.6f},
-                            {w.x + h, w.y}},
-                           1);
-        };
-        reveal.Fill(arch(5));
-        light.Fill(arch(0));
-        const Line outer = arch(7);
-        mason.Stroke(outer, {.start = 0.8f, .middle = 1, .end = 0.7f});
-        for (float t = 0.04f; t < 1; t += 0.115f) { // the joints of the arch
-            const Vector2 p = PointAt(outer, t), d = DirectionAt(outer, t);
-            mason.Stroke(Straight({p, p + Vector2{d.y, -d.x} * 7}, 1),
-                         {.start = 0.7f, .middle = 0.6f, .end = 0.2f});
+    for (const TowerWindow& w : TowerWindows) {
+        for (const Opening& o : OpeningsOf(w)) {
+            const Line inner = LancetOutline(o.foot, o.half, o.high);
+            const float wall = w.kind == Slits ? 2 : 4;
+            reveal.Fill(LancetOutline(o.foot, o.half + wall, o.high + wall));
+            (o.lit ? light : shutters).Fill(inner);
+            if (w.kind == Slits)
+                continue;
+            mason.nib.width = 3.4f;
+            mason.Stroke(Part(LancetOutline(o.foot, o.half + 6, o.high + 5), 0.1f, 0.9f),
+                         {.start = 0.4f, .middle = 1, .end = 0.3f});
+            smith.Stroke(Straight({o.foot, {o.foot.x + 0.6f, o.foot.y - o.high}}, 1),
+                         {.start = 1, .middle = 0.9f, .end = 0.9f});
+            for (const float k : {0.3f, 0.62f})
+                smith.Stroke(Straight({{o.foot.x - o.half, o.foot.y - o.high * k},
+                                       {o.foot.x + o.half, o.foot.y - o.high * k - 0.6f}},
+                                      1),
+                             {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
         }
-        mason.nib.width = 6;
-        mason.Stroke(Straight({{w.x - half - 11, w.y + 3}, {w.x + half + 11, w.y + 3}}),
-                     {.start = 1, .middle = 1, .end = 0.8f});
-        mason.nib.width = 4;
-        smith.Stroke(Straight({{w.x, w.y}, {w.x + 0.6f, w.y - w.high}}, 1),
-                     {.start = 1, .middle = 0.9f, .end = 0.9f});
-        for (const float k : {0.3f, 0.62f})
-            smith.Stroke(Straight({{w.x - half, w.y - w.high * k}, {w.x + half, w.y - w.high * k - 0.6f}}, 1),
-                         {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
+        if (w.kind == Slits)
+            continue;
+        mason.nib.width = 4.5f;
+        const float reach = w.kind == Twin ? 25 : w.high * 0.32f + 9;
+        mason.Stroke(Straight({{w.x - reach, w.y + 3}, {w.x + reach, w.y + 3}}),
+                     {.start = 0.7f, .middle = 1, .end = 0.5f});
     }
-    canvas.Light(light.Blurred(30), palette::Ochre, 0.55f);
+    // It falls on the feathers below more than on those above.
+    canvas.Light(light.Blurred(13), palette::Amber, 0.30f);
+    canvas.Light(light.Blurred(34), palette::Ochre, 0.75f);
     canvas.Cover(reveal, palette::Ink, 0.92f);
-    canvas.Cover(stones, Mix(palette::Mist, palette::Slate, 0.3f), 0.85f);
+    canvas.Cover(stones, Mix(palette::Slate, palette::Mist, 0.35f), 0.75f);
+    canvas.Cover(shutters, Mix(palette::Night, palette::Slate, 0.4f), 0.9f);
     const Noise curtain(532);
     canvas.Cover(Mask(light).Blur(0.4f), [&](float x, float y) {
         const float fold = 0.5f + 0.6f * curtain.Fbm(x / 5, y / 26, 2);
         return Mix(Mix(palette::Ochre, palette::Amber, 0.55f), Mix(palette::Amber, palette::Bone, 0.35f),
                    Clamp(fold));
     });
-    canvas.Cover(bars.Multiply(light), palette::Ink, 0.9f);
+    canvas.Cover(bars.Multiply(light.Unite(shutters)), palette::Ink, 0.9f);
 }
 
 // The feathers that cover a tower: which one lies at a place of the wall.
@@ -180,10 +210,13 @@ struct TowerNoise {
           zone = Noise(527, 8, 4);
 };
 
-// 0 at the head of a tower, 1 at its foot. The borders between its zones are not level.
+// 0 at the head of a tower, 1 at its foot. The borders between its zones are not level, and lie elsewhere on each wall.
 static float TowerHeight(float x, float y, const Noise& zone)
 {
-    return (y - WallTop) / (WallFoot - WallTop) + 0.05f * zone.Fbm(x / Size * 8, y / Size * 4, 3);
+    constexpr float Lower[4] = {0.02f, -0.10f, 0.05f, -0.05f}; // the zones of the breast, in heights
+    const float h = (y - WallTop) / (WallFoot - WallTop);
+    const float own = Lower[Wrap(Floor(x / WallWidth), 4)] * Smooth(0.2f, 0.35f, h);
+    return h + own + 0.07f * zone.Fbm(x / Size * 8, y / Size * 4, 3);
 }
 
 // The colour of a feather at height h. `own` is a random number of the feather's, `tip` the distance to its edge in
@@ -211,7 +244,7 @@ static LinearColour FeatherColour(const Plumage::FeatherPlace& f, float h, float
             0.75f * isTail * Smooth(0.55f, 0.62f, bar) * Smooth(1, 0.9f, bar));
     // The shaft.
     c = Mix(c, palette::Parchment,
-            0.5f * Smooth(0.08f, 0.03f, Abs(f.u)) * Smooth(0.72f, 0.5f, f.v) * (1 - isRing));
+            0.3f * Smooth(0.08f, 0.03f, Abs(f.u)) * Smooth(0.72f, 0.5f, f.v) * (1 - isRing));
     return c;
 }
 
@@ -238,22 +271,106 @@ static LinearColour TowerColour(float x, float y, const Plumage& plumage, const 
                0.6f * Smooth(0.50f, 0.66f, noise.chip.Gradient(x / Size * 96, y / Size * 96)));
 }
 
-// The corners: an edge that the weather rubbed pale, with a dark joint beside it here and there.
-static void PaintCorners(Canvas& canvas, const Paper& paper)
+// The sky behind the heads of the towers, between the threads of light, at a third more: the show draws the walls at
+// three quarters of their brightness.
+constexpr LinearColour SkyBehind = palette::Rust * 0.015f + palette::Slate * 0.065f;
+
+// Walls are round, and go into the dark towards their corners: of one that is seen edge-on a few pixels have to show
+// all of it, and where bright and dark lay side by side the strip would crawl.
+static void DarkenCorners(Canvas& canvas, const Paper& paper)
 {
-    Mask rubbed(Side, Side, 0, true), joint(Side, Side, 0, true);
-    DryBrush edge(rubbed, paper, {.width = 9, .count = 7, .thickness = 1.5f, .load = 0.55f, .wave = 26}, 526);
-    Pen crack(joint, paper, {.width = 2.6f, .wobble = 1.5f, .wave = 18, .skip = 0.6f}, 530);
-    for (int wall = 0; wall < 4; wall++) {
-        const float x = WallWidth * float(wall);
-        edge.Stroke(Straight({{x, WallTop - 8}, {x, WallFoot + 8}}), 0.9f);
-        crack.Stroke(Straight({{x - 5, WallTop}, {x - 5, WallFoot}}),
-                     {.start = 0.6f, .middle = 0.8f, .end = 0.6f});
-        crack.Stroke(Straight({{x + 6, WallTop}, {x + 6, WallFoot}}),
-                     {.start = 0.6f, .middle = 0.7f, .end = 0.6f});
+    const Noise uneven(526, 8, 16);
+    canvas.Cover(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float across = Fraction(x / WallWidth), corner = Min(across, 1 - across) * WallWidth;
+        const float strayed = corner + 14 * uneven.Fbm(x / Size * 8, y / Size * 16, 3);
+        return 0.96f * Smooth(112, 14, Mix(corner, strayed, Smooth(8, 40, corner))) *
+               Smooth(WallTop + 26, WallTop + 76, y);
+    }),
+                 Mix(palette::Ink, palette::Night, 0.35f) * 0.8f);
+    Mask tone(Side, Side, 0, true), ink(Side, Side, 0, true);
+    tone.Each([](float x, float y) {
+        const float across = Fraction(x / WallWidth), corner = Min(across, 1 - across) * WallWidth;
+        return 0.8f * Hill(62, 34, corner) * Smooth(WallTop + 80, WallTop + 130, y);
+    });
+    Pen pen(ink, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 20, .skip = 0.3f}, 530);
+    Hatch(pen, tone, {.angle = 0.35f, .spacing = 9, .length = 46}, 534);
+    canvas.Cover(ink, palette::Ink, 0.6f);
+}
+
+// One feather of the crest: upright, broadest below its middle, pointed.
+struct CrestFeather {
+    Vector2 foot, tip;
+    float half;
+};
+
+static void DrawCrestFeather(Canvas& canvas, Pen& outline, Pen& shine, const CrestFeather& f,
+                             LinearColour low, float bright)
+{
+    const Vector2 lean = f.tip - f.foot;
+    const Vector2 belly = f.foot + lean * 0.45f + Vector2{-lean.x * 0.25f, 0};
+    const auto side = [&](float s) {
+        return Through({f.foot + Vector2{s * f.half * 0.7f, 0}, belly + Vector2{s * f.half, 0},
+                        f.foot + lean * 0.8f + Vector2{s * f.half * 0.55f, 0}, f.tip},
+                       1);
+    };
+    Line body = side(-1);
+    const Line right = side(1);
+    body.insert(body.end(), right.rbegin(), right.rend());
+    const float length = -lean.y;
+    canvas.Cover(Filled(Side, Side, body, true), [&](float x, float y) {
+        const float up = Clamp((f.foot.y - y) / length);
+        const float across = Clamp(Abs(x - Mix(f.foot.x, f.tip.x, up)) / f.half);
+        const float barb = 0.88f + 0.24f * Fraction((y + 1.2f * Abs(x - f.foot.x)) / 5);
+        return Mix(low * (1.1f - 0.5f * across) * barb, SkyBehind, Smooth(0.4f, 1.25f, up));
+    });
+    outline.Stroke(side(-1), {.start = 0.6f, .middle = 1, .end = 0.5f});
+    outline.Stroke(side(1), {.start = 0.6f, .middle = 1, .end = 0.5f});
+    shine.nib.ink = bright;
+    shine.Stroke(Beside(Part(side(1), 0.25f, 0.97f), -1.5f), {.start = 0.1f, .middle = 0.8f, .end = 0.35f});
+    shine.Stroke(Straight({f.foot + lean * 0.1f, f.foot + lean * 0.82f}),
+                 {.start = 0.5f, .middle = 0.4f, .end = 0});
+}
+
+// The box ends in a straight cut. Where the sky is dark the wall's last rows are the same dark, and what is seen of the
+// tower's end is a crest of feathers against it, no two alike, each going out into the night.
+static void PaintCrest(Canvas& canvas, const Paper& paper)
+{
+    constexpr float Foot = WallTop + 86;
+    const Noise edge(551, 32, 4);
+    const Noise veil(557, 16, 8);
+    const Mask above = Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return Smooth(Foot - 2, Foot - 12, y + 8 * edge.Fbm(x / Size * 32, 0.5f, 3)) *
+               Smooth(WallTop - 140, WallTop - 120, y);
+    });
+    canvas.Cover(above, [&](float x, float y) {
+        const float cloud = veil.Fbm(x / Size * 16, y / Size * 24, 4);
+        return SkyBehind * (1 + 0.8f * cloud);
+    });
+    const auto middle = [](float x) {
+        const float across = Fraction(x / WallWidth);
+        return Smooth(16, 96, Min(across, 1 - across) * WallWidth);
+    };
+    Dice dice(552);
+    for (int row = 0; row < 3; row++) {
+        Mask ink(Side, Side, 0, true), rim(Side, Side, 0, true);
+        Pen outline(ink, paper, {.width = 2.2f, .wobble = 0.5f, .wave = 16, .skip = 0.1f},
+                    553 + uint32_t(row));
+        Pen shine(rim, paper, {.width = 1.8f, .wobble = 0.4f, .wave = 16, .skip = 0.15f},
+                  556 + uint32_t(row));
+        for (float x = dice.Range(0, 20); x < Size; x += dice.Range(15, 30)) {
+            const float tall = Mix(88, 44, float(row) / 2) * dice.Range(0.5f, 1.0f);
+            const float foot = Foot + 4 * float(row) + dice.Range(-3, 5);
+            const CrestFeather feather = {
+                {x, foot}, {x + dice.Range(-13, 13), Max(foot - tall, WallTop + 1)}, dice.Range(9, 14)};
+            const LinearColour low = Mix(Mix(palette::Night, palette::Slate, dice.Range(0.3f, 1.0f)),
+                                         palette::Moss, dice.Range(0, 0.5f)) *
+                                     Mix(1.1f, 1.8f, float(row) / 2) * Mix(0.22f, 1, middle(x));
+            DrawCrestFeather(canvas, outline, shine, feather, low, 1);
+        }
+        canvas.Cover(ink, palette::Ink, 0.9f);
+        rim.Blur(0.7f).By([&](float x, float) { return Mix(0.06f, 1, middle(x)); });
+        canvas.Cover(rim, Mix(palette::Mist, palette::ColdLight, 0.25f), 0.26f + 0.10f * float(row));
     }
-    canvas.Cover(joint, palette::Ink, 0.8f);
-    canvas.Cover(rubbed, Mix(palette::Mist, palette::Parchment, 0.4f), 0.55f);
 }
 
 // Nothing lights the towers in the scene. Of two walls that meet one lies in the shade of the night, so that a tower is
@@ -297,14 +414,15 @@ Canvas TowerWalls()
         return Smooth(0.10f, 0.42f, noise.age.Fbm(x / Size * 32 + 3, y / Size * 8, 4));
     });
     Wash(canvas, paper, stains,
-         {.pigment = Mix(palette::Slate, palette::Ink, 0.3f), .density = 0.55f, .stray = 3}, 529);
+         {.pigment = Mix(palette::Slate, palette::Ink, 0.3f), .density = 0.35f, .stray = 3}, 529);
     Mask ink(Side, Side, 0, true);
     Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
     plumage.Draw(pen);
     canvas.Cover(ink, palette::Ink, 0.85f);
     ShadeEveryOtherWall(canvas);
     LightWindows(canvas, paper);
-    PaintCorners(canvas, paper);
+    PaintCrest(canvas, paper);
+    DarkenCorners(canvas, paper);
     PaintSlates(canvas, noise);
     // The foot stands in the dark, the head against the sky.
     canvas.Tone(
