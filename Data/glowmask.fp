@@ -5,7 +5,8 @@
 // time on them and around them, its green the mean of the ways around, which is their halo. A grey mask has no
 // halo. Measuring the surroundings here would take seventeen reads a pixel. delta is the time, two seconds each 1:
 // at 0 and below the painting is plain. Wave follows wave for as long as delta grows; what they have touched
-// goes on glimmering, and the rest of the painting sinks a little into the dusk.
+// goes on glimmering, and the rest of the painting sinks a little into the dusk. Then it is night: one colour, that
+// of the mist behind the village, whose ground and sky have borders and fade into it there.
 
 uniform sampler2D sampler0; // the painting
 uniform sampler2D sampler1; // the mask
@@ -13,11 +14,14 @@ uniform float delta;
 
 const vec3 amber = vec3(0.94, 0.69, 0.31);
 const vec3 bone = vec3(0.94, 0.90, 0.84);
+const vec3 night = vec3(0.077, 0.095, 0.187);
 const vec3 dusk = vec3(0.86, 0.68, 0.46); // what the unlit painting is seen through: a sun that goes down
 
 const float speed = 0.5;       // of the light, masks each delta
 const float spacing = 1.35;    // from wave to wave, in masks
 const float glimmer = 0.18;    // what stays where light has been
+const float nightFalls = 5.4;  // delta, from which the night
+const float fallen = 5.5;      // is all there is
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
 
 // How bright the light is on a way that it reaches at this time of the mask, 0 to about 1.
@@ -32,8 +36,34 @@ float LightAt(float time)
     return touched * (1.3 * rise * fall * end + glimmer);
 }
 
+// A number for every point of a grid, 0 to 1.
+float Grain(vec2 point)
+{
+    return fract(sin(dot(point, vec2(12.9898, 78.233))) * 43758.5453);
+}
+
+// Grain, drawn out softly between the points.
+float Cloud(vec2 place)
+{
+    vec2 point = floor(place);
+    vec2 part = smoothstep(0.0, 1.0, place - point);
+    return mix(mix(Grain(point), Grain(point + vec2(1.0, 0.0)), part.x),
+               mix(Grain(point + vec2(0.0, 1.0)), Grain(point + vec2(1.0, 1.0)), part.x), part.y);
+}
+
+// The paper under the night, and the bristles of the brush that laid it on: about 1.
+float Tooth(vec2 place)
+{
+    vec2 along = vec2(place.x * 0.77 + place.y * 0.64, place.y * 0.77 - place.x * 0.64);
+    return 0.86 + 0.13 * Cloud(place * 0.45) + 0.15 * Cloud(along * vec2(0.03, 0.3));
+}
+
 void main()
 {
+    if (delta >= fallen) {
+        gl_FragColor = vec4(night * Tooth(gl_FragCoord.xy), 1.0) * gl_Color;
+        return;
+    }
     vec2 place = gl_TexCoord[0].st;
     vec4 painting = texture2D(sampler0, place);
     vec3 mask = texture2D(sampler1, clamp(place, border, 1.0 - border)).rgb;
@@ -48,5 +78,6 @@ void main()
     colour *= 1.0 + 1.25 * light * amber; // pigment that the light shines through
     vec3 glow = mix(amber, bone, 0.5 * min(light, 1.0) * core) * light * 0.6;
     colour += glow * (1.0 - clamp(colour, 0.0, 1.0)); // never to flat white
+    colour = mix(colour, night, smoothstep(nightFalls, fallen, delta));
     gl_FragColor = (delta > 0.0 ? vec4(colour, painting.a) : painting) * gl_Color;
 }

@@ -15,5 +15,6 @@ TEST_F(FS_ImagePicture, LightTravelsThroughThePainting)
     Look(&image, 0.5, "FS_Image-plain");
     Send(&image, "fade");
     Look(&image, 1.5, "FS_Image-glow");
-    Look(&image, 14, "FS_Image-late");
+    Look(&image, 8.5, "FS_Image-late");
+    Look(&image, 14, "FS_Image-night");
 }

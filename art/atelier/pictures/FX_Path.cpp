@@ -164,7 +164,7 @@ PictureGroup FX_PathPictures()
         {"Data/licht-aus.png",           512,  512, Format::PngRgba, DarkWindow},
         {"Data/teststreifen.png",       4096, 1024, Format::PngRgba, ScoreStrip},
         {"Data/ackerbau_tiled3.jpg",    1024, 1024, Format::Jpeg,    FieldTile},
-        {"Data/ackerbau_tiled2.jpg",    1024, 1024, Format::Jpeg,    Plaza},
+        {"Data/ackerbau_tiled2.jpg",    2048, 2048, Format::Jpeg,    Plaza},
         {"Data/skybox_left.jpg",        1024,  512, Format::Jpeg,    NightLeft},
         {"Data/skybox_back.jpg",        1024,  512, Format::Jpeg,    NightBack},
         {"Data/skybox_right.jpg",       1024,  512, Format::Jpeg,    NightRight},

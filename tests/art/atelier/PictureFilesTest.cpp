@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <map>
 #include <set>
 
@@ -379,6 +380,89 @@ TEST(PictureFiles, TheNightSkyGoesOnAcrossTheEdgesOfItsBox)
     EXPECT_LE(seam, inner);
     EXPECT_LE(seamLeft, inner);
     EXPECT_LE(seamRight, inner);
+}
+
+// The greatest difference of a channel, over the columns and rows given, from a colour.
+static int FarthestFrom(const int colour[3], const Raster& raster, int x0, int y0, int x1, int y1)
+{
+    int farthest = 0;
+    for (int y = y0; y <= y1; y++)
+        for (int x = x0; x <= x1; x++)
+            for (int c = 0; c < 3; c++)
+                farthest = std::max(farthest, std::abs(At(raster, x, y, c) - colour[c]));
+    return farthest;
+}
+
+TEST(PictureFiles, TheVillageEndsInTheNightThatIsDrawnBehindIt)
+{
+    std::string shader;
+    ASSERT_TRUE(ReadFile(std::string(SOURCE_DIR) + "/Data/glowmask.fp", shader));
+    const size_t at = shader.find("const vec3 night = vec3(");
+    ASSERT_NE(std::string::npos, at);
+    double parts[3];
+    ASSERT_EQ(3, sscanf(shader.c_str() + at, "const vec3 night = vec3(%lf, %lf, %lf)", &parts[0], &parts[1],
+                        &parts[2]));
+    int night[3];
+    for (int c = 0; c < 3; c++)
+        night[c] = int(std::lround(parts[c] * 255));
+    constexpr int Compressed = 10;
+    const Raster left = Load("skybox_left.jpg"), back = Load("skybox_back.jpg"),
+                 right = Load("skybox_right.jpg"), top = Load("skybox_top.jpg"),
+                 plaza = Load("ackerbau_tiled2.jpg"), field = Load("ackerbau_tiled3.jpg");
+    // Under the hills, and where the box is open.
+    for (const Raster* face : {&left, &back, &right})
+        EXPECT_LE(FarthestFrom(night, *face, 0, 511, 1023, 511), Compressed);
+    EXPECT_LE(FarthestFrom(night, left, 0, 0, 0, 511), Compressed);
+    EXPECT_LE(FarthestFrom(night, right, 1023, 0, 1023, 511), Compressed);
+    EXPECT_LE(FarthestFrom(night, top, 0, 1023, 1023, 1023), Compressed);
+    // The ground on both sides, and ahead.
+    EXPECT_LE(FarthestFrom(night, field, 0, 0, 0, 1023), Compressed);
+    EXPECT_LE(FarthestFrom(night, field, 1023, 0, 1023, 1023), Compressed);
+    const int end = plaza.width - 1;
+    EXPECT_LE(FarthestFrom(night, plaza, 0, 0, end, 0), Compressed);
+    EXPECT_LE(FarthestFrom(night, plaza, 0, end, end, end), Compressed);
+    EXPECT_LE(FarthestFrom(night, plaza, end, 0, end, end), Compressed);
+}
+
+// The show lays opaque black on the ground there, with edges like a ruler's.
+TEST(PictureFiles, ThePlazaIsDarkAboutThePillarsShadows)
+{
+    const Raster plaza = Load("ackerbau_tiled2.jpg");
+    ASSERT_EQ(2048, plaza.width);
+    const auto brightness = [&](double degrees) {
+        const double across = 12.0 * 2048 / 60, a = degrees * 3.14159265 / 180;
+        const int x = int(1024 + across * std::cos(a)), y = int(1024 + across * std::sin(a));
+        double sum = 0;
+        for (int dy = -12; dy <= 12; dy++)
+            for (int dx = -12; dx <= 12; dx++)
+                sum += At(plaza, x + dx, y + dy, 0) + At(plaza, x + dx, y + dy, 1) +
+                       At(plaza, x + dx, y + dy, 2);
+        return sum / (3 * 25 * 25);
+    };
+    for (int i = 0; i < 6; i++) {
+        EXPECT_LE(brightness(35 + 60 * i), 12) << i;
+        EXPECT_GE(brightness(65 + 60 * i), 30) << i;
+    }
+}
+
+// A tower is a box that is cut straight, and its walls are seen edge-on without mipmaps.
+TEST(PictureFiles, TheTowersWallsGoIntoTheDarkAtTheirHeadsAndCorners)
+{
+    const Raster walls = Load("fasanenbude.jpg");
+    ASSERT_EQ(1024, walls.width);
+    const auto mean = [&](int x0, int y0, int x1, int y1) {
+        double sum = 0;
+        for (int y = y0; y <= y1; y++)
+            for (int x = x0; x <= x1; x++)
+                for (int c = 0; c < 3; c++)
+                    sum += At(walls, x, y, c);
+        return sum / (3.0 * (x1 - x0 + 1) * (y1 - y0 + 1));
+    };
+    EXPECT_LE(mean(0, 256, 1023, 258), 24);
+    for (const int corner : {256, 512, 768}) {
+        EXPECT_LE(mean(corner - 12, 360, corner + 12, 700), 24) << corner;
+        EXPECT_GE(mean(corner - 148, 380, corner - 108, 480), 48) << "the middle of the wall before it";
+    }
 }
 
 TEST(PictureFiles, TheBonesOfTheFishMeetAtTheHinge)

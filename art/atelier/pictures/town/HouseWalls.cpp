@@ -6,6 +6,7 @@
 #include "art/atelier/pictures/town/Town.h"
 #include "art/atelier/pictures/town/WallAtlas.h"
 
+#include <functional>
 #include <vector>
 
 namespace atelier
@@ -68,6 +69,13 @@ static float Whitewash(float x)
     return Max(Smooth(1.02f, 0.98f, w), Smooth(2.98f, 3.02f, w));
 }
 
+// The second wall is seen from the plaza, when the way lies behind: by then the moon is on it.
+constexpr float BackLeft = WallWidth, BackMiddle = 1.5f * WallWidth;
+static float IsBack(float x)
+{
+    return x >= BackLeft && x < BackLeft + WallWidth ? 1.0f : 0.0f;
+}
+
 // The plaster, and the damp in it.
 static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
 {
@@ -80,7 +88,9 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
         const LinearColour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
         // Brick dust in the lime: the lamp of the plaza has no blue, and makes of plain ochre a green.
         constexpr LinearColour Reddened = {1.06f, 0.53f, 0.38f};
-        const LinearColour plaster = Mix(clay, white, Whitewash(x)) * Reddened * (1 + 0.14f * strokes);
+        const LinearColour plaster = Mix(Mix(clay, white, Whitewash(x)) * Reddened,
+                                         Mix(palette::Slate, palette::Mist, 0.55f + 0.4f * t), IsBack(x)) *
+                                     (1 + 0.14f * strokes);
         return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), 0.5f * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
@@ -214,6 +224,96 @@ static void PaintRoof(Canvas& canvas, Dice& dice)
     canvas.Cover(seams.Multiply(Roof()), palette::Ink, 0.9f);
 }
 
+// Tiles in rows, the lower over the upper's joints: dark, each its own way, the moon on some of their rims. `foot` is
+// the lower edge of the last row at x; the rows lie parallel to it.
+static void LayTiles(Canvas& canvas, const Mask& where, const std::function<float(float x)>& foot, float row)
+{
+    const Noise own(541), worn(542, 24, 24);
+    canvas.Cover(where, [&](float x, float y) {
+        const float up = (foot(x) - y) / row;
+        const float line = float(Floor(up)), v = 1 - (up - line);
+        const float u = x / (row * 0.8f) + 0.5f * line;
+        const float across = Fraction(u) * 2 - 1;
+        const LinearColour tile = Mix(Mix(palette::Slate, palette::Rust,
+                                          0.25f + 0.25f * own.Value(Floor(u) * 1.0f + 0.5f, line + 0.5f)),
+                                      palette::Ink, 0.35f) *
+                                  (0.85f + 0.35f * worn.Fbm(x / Size * 24, y / Size * 24, 4));
+        const float edge = 0.86f - 0.16f * across * across;
+        const LinearColour rim = Mix(tile, palette::Mist, 0.45f * Hill(edge - 0.06f, 0.08f, v));
+        return Mix(rim, palette::Ink * 0.7f,
+                   Max(Smooth(edge, edge + 0.06f, v), Smooth(0.86f, 0.97f, Abs(across))));
+    });
+}
+
+// Eaves hang over the three walls along the way. The fourth is a gable: the roof falls off on both sides of it, its
+// boards are pale with moonlight, and somebody has left a lamp on.
+static void PaintRoofLines(Canvas& canvas, const Paper& paper)
+{
+    constexpr float Apex = WallTop + 6, GableFoot = WallTop + 172;
+    const auto gable = [](float x) {
+        return Mix(Apex, GableFoot, Min(1, Abs(x - BackMiddle) / (WallWidth / 2)));
+    };
+    const Noise sag(543, 16, 4);
+    const auto eaves = [&](float x) {
+        const float tile = Fraction(x / Size * 48) * 2 - 1;
+        return WallTop + 50 - 5 * tile * tile + 5 * sag.Fbm(x / Size * 16, 0.3f, 2);
+    };
+    const auto isRoof = [&](float x, float y, float lower) {
+        const float foot = IsBack(x) > 0 ? gable(x) : eaves(x);
+        return Smooth(WallTop - 60, WallTop - 56, y) * Smooth(foot + lower + 1, foot + lower - 1, y);
+    };
+    Mask roof = Mask(Side, Side, 0, true).Each([&](float x, float y) { return isRoof(x, y, 0); });
+    Mask shade = Mask(Side, Side, 0, true).Each([&](float x, float y) { return isRoof(x, y, 20); });
+    canvas.Glaze(shade.Blur(6).Subtract(roof), Mix(palette::Slate, palette::Ink, 0.5f), 0.85f);
+    LayTiles(
+        canvas, roof, [&](float x) { return IsBack(x) > 0 ? gable(x) : WallTop + 50.0f; }, 26);
+    Mask boards(Side, Side), joints(Side, Side);
+    Pen board(boards, paper, {.width = 15, .least = 0.7f, .wobble = 1, .wave = 60, .skip = 0, .dry = 0.1f},
+              544);
+    Pen ink(joints, paper, {.width = 3.5f, .wobble = 1, .wave = 50, .skip = 0.1f}, 545);
+    for (const float side : {-1.0f, 1.0f}) {
+        const Line verge =
+            Straight({{BackMiddle, Apex + 8}, {BackMiddle + side * (WallWidth / 2 - 5), GableFoot - 2}});
+        board.Stroke(verge, {.start = 1, .middle = 1, .end = 1});
+        ink.Stroke(Beside(verge, 9), {.start = 1, .middle = 0.9f, .end = 0.8f});
+        ink.Stroke(Beside(verge, -9), {.start = 1, .middle = 0.9f, .end = 0.8f});
+    }
+    canvas.Cover(boards, Mix(palette::Mist, palette::Bone, 0.45f));
+    canvas.Cover(joints, palette::Ink, 0.9f);
+}
+
+// The windows of the back, lit.
+static void LightBack(Canvas& canvas, const Paper& paper)
+{
+    struct Pane {
+        float x, y, half, high;
+    };
+    constexpr Pane Panes[] = {{406, 634, 34, 92}, {314, 470, 27, 66}, {384, 376, 18, 44}};
+    Mask light(Side, Side), frame(Side, Side);
+    Pen joiner(frame, paper, {.width = 6, .least = 0.8f, .wobble = 0.8f, .skip = 0}, 546);
+    for (const Pane& p : Panes) {
+        const Line outline = Straight({{p.x - p.half, p.y},
+                                       {p.x - p.half + 1, p.y - p.high},
+                                       {p.x + p.half, p.y - p.high - 1},
+                                       {p.x + p.half, p.y},
+                                       {p.x - p.half, p.y}});
+        light.Fill(outline);
+        joiner.Stroke(outline, {.start = 1, .middle = 1, .end = 1});
+        joiner.Stroke(Straight({{p.x, p.y}, {p.x, p.y - p.high}}),
+                      {.start = 0.8f, .middle = 0.8f, .end = 0.8f});
+        joiner.Stroke(Straight({{p.x - p.half, p.y - p.high * 0.6f}, {p.x + p.half, p.y - p.high * 0.6f}}),
+                      {.start = 0.8f, .middle = 0.8f, .end = 0.8f});
+    }
+    Mask spill = light.Blurred(26);
+    spill.By([](float x, float) { return IsBack(x); });
+    canvas.Light(spill, palette::Ochre, 0.8f);
+    const Noise curtain(547);
+    canvas.Cover(light, [&](float x, float y) {
+        return Mix(palette::Amber * 1.15f, palette::Bone, 0.35f + 0.5f * curtain.Fbm(x / 9, y / 30, 2));
+    });
+    canvas.Cover(frame, Mix(palette::Rust, palette::Ink, 0.75f));
+}
+
 // The wall at s above 0.75 looks at whoever comes along the way and is lit by the sky alone, as is the first
 // one: a fifth of what is painted reaches the eye. They are whitewashed, their timber is nearly black.
 Canvas HouseWalls()
@@ -255,6 +355,8 @@ Canvas HouseWalls()
                (0.50f + 0.25f * noise.trowel.Fbm(x / 4, y / 40, 3));
     });
     canvas.Cover(doors, palette::Ink, 0.92f);
+    LightBack(canvas, paper);
+    PaintRoofLines(canvas, paper);
     PaintRoof(canvas, dice);
     paper.Show(canvas, 0.6f);
     return canvas;

@@ -4,12 +4,13 @@
 #include "art/atelier/Glow.h"
 #include "art/atelier/Noise.h"
 #include "art/atelier/pictures/town/Town.h"
+#include "art/atelier/pictures/town/VillageEarth.h"
 
 namespace atelier
 {
 
 constexpr float BoxHeight = 0.55f; // of the box's width, above its middle
-// The box has no face at +z: towards it the others fade to the black that is there, as a front of cloud would darken
+// The box has no face at +z: towards it the others fade to the night that is there, as a front of cloud would darken
 // them, slowly and nowhere along a straight line.
 constexpr float FadeBegins = -0.30f, FadeEnds = 0.48f;
 constexpr float PlainRises = 0.034f; // the slope up to which the plain gets lighter
@@ -173,13 +174,13 @@ static LinearColour SkyTowards(const Direction& d)
                                      Smooth(0.02f, 0.10f, rise)) *
                                  (1 + 0.16f * tooth + 0.2f * brushed);
     sky = Mix(sky, farLand, 0.92f * Smooth(0.0016f, -0.0016f, rise - farHill));
-    // Mist lies at their foot, on the plain. The plain itself lies in the dark: below the box there is nothing, and its
-    // edge, which is seen from above, must not be one.
+    // Mist lies at their foot, on the plain. Below the box the night behind everything is seen from above: the plain
+    // goes over into it.
     const float plain = Smooth(0.002f, PlainRises, rise + 0.006f * shore.Fbm(round.x * 9, round.y * 9, 3));
     const LinearColour land = Mix(Mix(palette::Slate, palette::Night, 0.45f) * 0.75f,
                                   Mix(palette::Ink, palette::Night, 0.45f), Smooth(0, 0.030f, rise)) *
                               (1 + 0.16f * tooth);
-    return Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top)) * plain;
+    return Mix(NightBehind, Mix(sky, land, Smooth(0.0012f, -0.0012f, rise - top)), plain);
 }
 
 struct Star {
@@ -241,22 +242,23 @@ static Canvas Paint(const PaintedFace& face)
     for (const FarLight& light : FarLights) {
         const Vector2 round = {Sin(light.round), -Cos(light.round)};
         Vector2 uv;
-        if (!face.seen(Towards(round.x, HillsAt(round) + light.above, round.y), uv) || uv.x < 0 || uv.x > 1 ||
-            uv.y < 0 || uv.y > 1)
+        // None so low that its halo is cut off where the face ends.
+        const float high = Max(HillsAt(round) + light.above, 0.032f);
+        if (!face.seen(Towards(round.x, high, round.y), uv) || uv.x < 0 || uv.x > 1 || uv.y < 0 || uv.y > 1)
             continue;
         GlowAt(canvas, {uv.x * w, uv.y * h}, 1.1f, 11,
                {.core = palette::Amber, .halo = palette::Ochre, .strength = light.bright, .haloPart = 0.35f});
     }
     const Noise front(422);
-    return canvas.Tone(Mask(face.width, face.height).Each([&](float x, float y) {
+    return canvas.Cover(Mask(face.width, face.height).Each([&](float x, float y) {
         const Direction d = face.at(x / w, y / h);
         const Vector2 p = Flat(d);
         const float depth = face.depth(x / w, y / h);
         const float ragged = FrontRagged * front.Fbm(p.x * 2.6f + 5, p.y * 2.6f + 0.8f * d.y, 5);
         const float dark = Smooth(FadeBegins, FadeEnds, depth + ragged * Smooth(FadeEnds, 0.2f, depth));
-        return (1 - dark) * (1 - dark) * Smooth(FadeEnds + 0.01f, FadeEnds - 0.12f, depth);
+        return 1 - (1 - dark) * (1 - dark) * Smooth(FadeEnds + 0.01f, FadeEnds - 0.12f, depth);
     }),
-                       0, 1);
+                        NightBehind);
 }
 
 // clang-format off

@@ -5,11 +5,32 @@
 namespace atelier
 {
 
-constexpr float Size = 1024;
-constexpr int Side = 1024;
+constexpr float Size = 2048;
+constexpr int Side = 2048;
 constexpr float Units = 60, PerUnit = Size / Units, Middle = Size / 2;
 constexpr float PlazaX = 64; // where it lies on the way
 constexpr uint32_t SoilSeed = 327, AshSeed = 328;
+
+// What the pillars keep from the fire's light: the bars of black that the show lays on the ground, outwards from the
+// ring. Each begins at a pillar's foot, in the ring's radius, and widens; the further side bends away as the pillar
+// does. They are opaque and their edges ruled: it is the ground that is painted darker towards them, so that they lie
+// in soft, hatched shadows.
+struct PillarShadow {
+    float round;  // its direction, radians from the way's towards the right
+    float length; // units
+    float spread; // of its further side at the end, units
+};
+constexpr float RingRadius = 7, ShadowHalf = 1;
+// clang-format off
+constexpr PillarShadow Shadows[] = {
+    {-0.611f, 27.3f, 2.5f},
+    {-1.658f, 16.6f, 1.5f},
+    {-2.705f, 16.6f, 1.5f},
+    {-3.752f, 27.3f, 2.5f},
+    {-4.800f, 21.6f, 1.9f},
+    {-5.847f, 27.6f, 2.5f},
+};
+// clang-format on
 
 // Units from the plaza's middle. The picture's top is the right-hand side of the way.
 static Vector2 FromMiddle(float x, float y)
@@ -136,26 +157,93 @@ static LinearColour GroundAt(Vector2 g)
                hearth);
 }
 
+// 1 in the pillars' shadows, falling off beside them: hardly at their feet, over two units at their ends.
+static float ShadowAt(Vector2 g)
+{
+    static const Noise frayed(335), torn(336);
+    const float fray =
+        0.8f * frayed.Fbm(g.x / 1.3f, g.y / 1.3f, 3) + 0.3f * torn.Gradient(g.x / 0.3f, g.y / 0.3f);
+    float dark = 0;
+    for (const PillarShadow& shadow : Shadows) {
+        const float along = g.x * Cos(shadow.round) + g.y * Sin(shadow.round) - RingRadius;
+        const float aside = g.y * Cos(shadow.round) - g.x * Sin(shadow.round);
+        const float t = Clamp(along / shadow.length);
+        const float near = -ShadowHalf + 0.6f * t * t, far = ShadowHalf + shadow.spread * t * Sqrt(t);
+        const float beside = Max(near - aside, aside - far);
+        const float beyond = Max(along - shadow.length, -1 - along);
+        const float outside = Length({Max(beside, 0), Max(beyond, 0)});
+        const float soft = (0.7f + 1.7f * t) * (1 + fray);
+        dark = Max(dark, Smooth(soft, 0.12f * soft, outside));
+    }
+    return dark;
+}
+
 static void DrawFurrowsAround(Canvas& canvas, Dice& dice)
 {
     Mask lines(Side, Side);
-    Pen plough(lines, SketchPaper(), {.width = 2.0f, .wobble = 0.8f, .wave = 30, .skip = 0.5f, .dry = 0.5f},
+    Pen plough(lines, SketchPaper(), {.width = 2.8f, .wobble = 1.2f, .wave = 50, .skip = 0.45f, .dry = 0.4f},
                331);
     const auto toSheet = [](Vector2 g) {
         return Vector2{Middle + (g.x - PlazaX) * PerUnit, Middle - g.y * PerUnit};
     };
-    HatchFurrows(plough, dice, 2600, {PlazaX - 30, -29}, {PlazaX + 30, 29}, toSheet, [](Vector2 g) {
+    const auto field = [](Vector2 g) {
         const Vector2 m = {g.x - PlazaX, g.y};
         return Length(m) + Raggedness(m) > 14.4f;
-    });
+    };
+    HatchFurrows(plough, dice, 6500, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
     canvas.Cover(lines, palette::Ink, 0.7f);
+    // The camera comes as near as its own height: clods and stubble are drawn one by one.
+    Mask stubble(Side, Side);
+    Pen straw(stubble, SketchPaper(), {.width = 1.9f, .wobble = 0.5f, .skip = 0.25f}, 337);
+    for (int i = 0; i < 9000; i++) {
+        const Vector2 g = {dice.Range(-30, 30), dice.Range(-30, 30)};
+        const Vector2 p = toSheet({g.x + PlazaX, g.y});
+        const float across = Abs(Fraction(VillageFurrow(g.x + PlazaX, g.y)) - 0.5f);
+        const Vector2 blade = {dice.Range(4, 17), dice.Range(-4, 4)};
+        if (across < 0.22f && field({g.x + PlazaX, g.y}))
+            straw.Stroke(Straight({p, p + blade}), {.start = 0.9f, .middle = 0.7f, .end = 0});
+    }
+    canvas.Cover(stubble, Mix(palette::Parchment, palette::Slate, 0.45f), 0.34f);
+}
+
+// The fire lights the ground, less with distance, and the pillars stand in its light.
+static void DarkenGround(Canvas& canvas)
+{
+    canvas.Tone(Mask(Side, Side)
+                    .Each(
+                        [](float x, float y) {
+                            const Vector2 g = FromMiddle(x, y);
+                            return Max(Smooth(34, 6, Length(g)), Smooth(-16, -30, g.x));
+                        },
+                        4),
+                0.34f, 1);
+    // What lies on the far side of the camera's round, whose middle is ten units to the right, is seen through mist.
+    canvas.Cover(Mask(Side, Side)
+                     .Each(
+                         [](float x, float y) {
+                             const Vector2 g = FromMiddle(x, y);
+                             return 0.8f * Smooth(18, 37, Length({g.x, g.y - 10})) * Smooth(-30, -14, g.x);
+                         },
+                         4),
+                 NightBehind);
+    const Mask shadow = Mask(Side, Side).Each([](float x, float y) { return ShadowAt(FromMiddle(x, y)); }, 2);
+    Mask ink(Side, Side);
+    Pen pen(ink, SketchPaper(), {.width = 3.6f, .wobble = 1, .wave = 30, .skip = 0.2f}, 338);
+    Hatch(pen, Mask(shadow).Each([&](float x, float y) {
+        const float s = shadow.At(Floor(x), Floor(y));
+        return s < 0.97f ? Smooth(0.02f, 0.45f, s) : 0;
+    }),
+          {.angle = 0.62f, .spacing = 8, .length = 70}, 339);
+    canvas.Cover(ink, palette::Ink * 0.35f, 0.9f);
+    canvas.Tone(Mask(shadow).Each([&](float x, float y) { return 1 - shadow.At(Floor(x), Floor(y)); }), 0.02f,
+                1);
 }
 
 // The slabs are drawn round with the pen, and shaded a little each its own way.
 static void DrawSlabs(Canvas& canvas, Dice& dice)
 {
     Mask ink(Side, Side);
-    Pen pen(ink, SketchPaper(), {.width = 2.4f, .wobble = 0.8f, .wave = 20, .skip = 0.45f}, 333);
+    Pen pen(ink, SketchPaper(), {.width = 4.8f, .wobble = 1.4f, .wave = 40, .skip = 0.45f}, 333);
     for (const PavingRing& ring : Paving)
         for (const float r : {ring.inner, ring.outer})
             if (ring.slab)
@@ -163,7 +251,7 @@ static void DrawSlabs(Canvas& canvas, Dice& dice)
                     const float a = 2 * Pi * (float(i) + dice.Range(0, 0.5f)) / float(ring.count);
                     pen.Stroke(Shaken(Arc({Middle, Middle}, r * PerUnit, r * PerUnit, a,
                                           a + dice.Range(0.6f, 1.3f) * 2 * Pi / float(ring.count)),
-                                      1.2f, 16, dice.Next()),
+                                      2.4f, 32, dice.Next()),
                                {.start = 0.3f, .middle = 1, .end = 0.1f});
                 }
     const Mask shade = Mask(Side, Side).Each([](float x, float y) {
@@ -173,8 +261,8 @@ static void DrawSlabs(Canvas& canvas, Dice& dice)
         return stone.is && stone.slab ? 0.7f * Smooth(0.45f, 0.95f, own) * Smooth(0.02f, 0.15f, stone.edge)
                                       : 0.0f;
     });
-    pen.nib.width = 1.8f;
-    Hatch(pen, shade, {.angle = 0.7f, .spacing = 6, .length = 22}, 334);
+    pen.nib.width = 2.8f;
+    Hatch(pen, shade, {.angle = 0.7f, .spacing = 8, .length = 36}, 334);
     canvas.Cover(ink, palette::Ink, 0.85f);
 }
 
@@ -190,7 +278,7 @@ static void LightEmbers(Canvas& canvas)
         return joint * Bell(r / 3.2f) * Smooth(-0.3f, 0.4f, ash.Fbm(g.x / 0.7f, g.y / 0.7f, 4));
     });
     canvas.Light(embers, palette::Amber, 0.85f);
-    canvas.Light(embers.Blurred(9), palette::Ochre, 0.8f);
+    canvas.Light(embers.Blurred(18), palette::Ochre, 0.8f);
 }
 
 Canvas Plaza()
@@ -202,16 +290,26 @@ Canvas Plaza()
         const Vector2 g = FromMiddle(x, y);
         return Smooth(0.05f, 0.2f, soil.Fbm(g.x / 5 + 7, g.y / 5, 4)) * Smooth(14.5f, 13, Length(g));
     }),
-         {.pigment = palette::Slate, .density = 0.3f, .pool = 1, .poolWidth = 5}, 330);
+         {.pigment = palette::Slate,
+          .density = 0.3f,
+          .pool = 1,
+          .poolWidth = 10,
+          .bloomSize = 260,
+          .stray = 8},
+         330);
     Dice dice(332);
     DrawFurrowsAround(canvas, dice);
     DrawSlabs(canvas, dice);
     LightEmbers(canvas);
-    FinishGround(canvas, Mask(Side, Side).Each([](float x, float y) {
+    DarkenGround(canvas);
+    // On its left the field's picture goes on, which is narrower.
+    const Noise rim(340);
+    FinishGround(canvas, Mask(Side, Side).Each([&](float x, float y) {
         const Vector2 g = FromMiddle(x, y);
-        const float beside = SideLight(g.y);
-        const float round = Smooth(29, 14, Length(g));
-        return Max(round, beside * Smooth(0.55f, 0.2f, x / Size));
+        const float own = Smooth(-30, -14, g.x);
+        const float ragged = 5 * own * rim.Fbm(g.x / 7, g.y / 7, 4);
+        const float beside = SideLight(Max(0, Abs(g.y) - 10 * own + ragged * Smooth(30, 24, Abs(g.y))));
+        return beside * Smooth(29.6f, 22.5f, g.x + ragged * Smooth(30, 24, g.x));
     }));
     return canvas;
 }

@@ -37,7 +37,7 @@ LinearColour VillageEarth(float X, float Z)
     // Water stands in some furrows.
     const float pool =
         Smooth(0.20f, 0.34f, wet.Fbm(u * 7, Z / 2.4f, 3)) * Hill(0.02f, 0.17f, Fraction(f + 0.5f) - 0.5f);
-    return Mix(c, Mix(palette::Mist, palette::Slate, 0.3f), 0.5f * pool);
+    return Mix(c, Mix(palette::Mist, palette::Slate, 0.3f), 0.22f * pool);
 }
 
 void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vector2 low, Vector2 high,
@@ -66,7 +66,8 @@ void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vector2 low, Vector2 high,
 void FinishGround(Canvas& canvas, const Mask& light)
 {
     SketchPaper().Show(canvas, 0.6f);
-    canvas.Tone(light, 0, 1);
+    canvas.Cover(Mask(light).Each([&](float x, float y) { return 1 - light.At(Floor(x), Floor(y)); }),
+                 NightBehind);
 }
 
 } // namespace atelier

@@ -13,6 +13,10 @@ namespace atelier
 
 constexpr float Repeat = 100.0f / 7;
 
+// What is seen beyond the ground's edge, under the hills and where the sky's box is open: glowmask.fp draws it as the
+// last of the painting, behind the village. Ground and sky fade into it.
+constexpr LinearColour NightBehind = Mix(palette::Ink, palette::Night, 0.4f);
+
 // How much light falls on the ground: it ends 20 units beside the way and is lost in the night before.
 float SideLight(float beside);
 
@@ -28,7 +32,7 @@ LinearColour VillageEarth(float X, float Z);
 void HatchFurrows(Pen& pen, Dice& dice, int strokes, Vector2 low, Vector2 high,
                   const std::function<Vector2(Vector2)>& place, const std::function<bool(Vector2)>& open);
 
-// The last layer: the paper shows, and the light dims what it does not reach.
+// The last layer: the paper shows, and what the light does not reach goes over into the night.
 void FinishGround(Canvas& canvas, const Mask& light);
 
 } // namespace atelier
