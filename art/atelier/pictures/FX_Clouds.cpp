@@ -73,6 +73,11 @@ static void Billow(Canvas& canvas, const Noise& noise, Vector2 centre, float rx,
         }
 }
 
+// A cloud far away that stands above the others: the middle of its foot, its height above the horizon, its width.
+struct Head {
+    float foot, height, wide;
+};
+
 static Canvas Sky(const Tones& tones)
 {
     const Paper& paper = SketchPaper();
@@ -135,6 +140,23 @@ static Canvas Sky(const Tones& tones)
     canvas.Cover(Filled(W, H, Rectangle(0, Horizon - 6, W, H)).Blur(3), [&](float, float y) {
         return Mix(tones.body, tones.horizon, 0.5f * Smooth(680, Horizon, y));
     });
+    // Far heads tower above the level of the sea, away from the moon.
+    Dice pile(36);
+    for (const auto& [foot, height, wide] : {Head{330, 84, 120},
+                                             {455, 44, 80},
+                                             {1405, 104, 130},
+                                             {1530, 62, 90},
+                                             {1690, 92, 110},
+                                             {752, 34, 84},
+                                             {60, 40, 90}})
+        for (int i = 0; i < 11; i++) {
+            const float up = 1 - float(i) / 10; // from its top down
+            const float r = wide * Mix(0.42f, 0.24f, up) * pile.Range(0.8f, 1.15f);
+            const float aside = wide * (1 - 0.75f * up) * pile.Range(-0.55f, 0.55f);
+            const Vector2 c = {foot + aside, Horizon + 14 - (height - 0.4f * r) * up};
+            Billow(canvas, curls, c, r, r * 0.8f, tones, 0.3f + 0.5f * Bell((foot - Moon.x) / 420), 0.5f,
+                   1.2f);
+        }
     // The sea: rows from the horizon to below our feet, each larger and nearer than the last.
     constexpr int Rows = 10;
     for (int row = 0; row < Rows; row++) {
@@ -255,7 +277,8 @@ static Canvas Smoke()
     amount.Each([&](float x, float y) {
         const Vector2 q = curl.Warp(x / 120, y / 120, 0.28f, 5);
         const float rise = balls.Sample(q.x * 120, q.y * 120) * 0.6f + balls.Sample(x, y) * 0.4f;
-        return Clamp(1.6f * rise * (0.25f + 0.9f * thread.Ridges(q.x * 1.5f, q.y * 1.5f, 5)));
+        const float thick = 1.9f * rise * (0.2f + 0.95f * thread.Ridges(q.x * 1.5f, q.y * 1.5f, 5));
+        return thick / (1 + 0.75f * thick); // nowhere so thick that it is a flat patch
     });
     light.Each([&](float x, float y) {
         return 0.35f + 0.9f * (amount.Sample(x, y) - amount.Sample(x + 10, y - 16)) +

@@ -9,30 +9,30 @@ namespace atelier
 // How the six hold their cards, by gesture.
 // clang-format off
 static const Pose Poses[] = {
-    {.right = false, .turn = -12, .lean = 4, .roll = 4,
-     .fingers = {{5, 20, 46, 30, 1}, {1, 20, 44, 30, 1}, {-3, 72, 82, 45}, {-7, 74, 80, 48}},
-     .thumb = {{0.62f, 0.66f, 0.42f}, {0.22f, 0.93f, 0.30f}, {-0.12f, 0.98f, 0.10f}}, .nail = {-0.35f, 0, 0.94f},
-     .pad = {-72, -24}, .lift = 0, .size = 2.7f},
-    {.right = false, .turn = 16, .lean = 0, .roll = 6,
-     .fingers = {{6, 20, 28, 16, 1}, {1, 20, 34, 20, 1}, {-4, 20, 40, 20, 1}, {-8, 12, 30, 16}},
-     .thumb = {{0.70f, 0.62f, 0.36f}, {0.20f, 0.92f, 0.32f}, {-0.35f, 0.93f, 0.10f}}, .nail = {-0.35f, -0.2f, 0.9f},
-     .pad = {-44, -34}, .lift = 0, .size = 2.75f, .bony = 1.06f},
-    {.right = true, .turn = 158, .lean = 0, .roll = 8,
-     .fingers = {{5, 20, 42, 22, -1}, {0, 20, 42, 22, -1}, {-5, 20, 46, 22, -1}, {-12, 26, 46, 20}},
-     .thumb = {{0.50f, 0.72f, 0.48f}, {0.05f, 0.95f, 0.30f}, {-0.25f, 0.95f, 0.10f}}, .nail = {0.3f, 0, -0.95f},
-     .pad = {-30, 110}, .lift = -42, .size = 2.35f},
-    {.right = false, .turn = 0, .lean = 0, .roll = 28,
-     .fingers = {{5, 20, 38, 22, 1}, {-4, 12, 20, 10, 1}, {-20, 8, 18, 10, 1}, {-38, -2, 14, 8}},
-     .thumb = {{0.62f, 0.66f, 0.42f}, {0.22f, 0.93f, 0.30f}, {-0.12f, 0.98f, 0.10f}}, .nail = {-0.3f, 0, 0.95f},
-     .pad = {-104, -24}, .lift = 0, .size = 2.5f},
-    {.right = true, .turn = 165, .lean = 0, .roll = 4,
-     .fingers = {{8, 10, 22, 12, -1}, {-7, 0, 20, 10, -1}, {-3, 62, 75, 40}, {-6, 66, 75, 45}},
-     .thumb = {{0.62f, 0.66f, 0.42f}, {0.22f, 0.93f, 0.30f}, {-0.12f, 0.98f, 0.10f}}, .nail = {0.3f, 0, -0.95f},
-     .pad = {-40, 114}, .lift = -42, .size = 2.45f},
-    {.right = false, .turn = 14, .lean = 2, .roll = 12,
-     .fingers = {{8, 20, 46, 28, 1}, {1, 74, 84, 44}, {-3, 76, 86, 46}, {-8, 78, 84, 48}},
-     .thumb = {{0.70f, 0.62f, 0.38f}, {0.26f, 0.91f, 0.30f}, {-0.30f, 0.92f, 0.10f}}, .nail = {-0.4f, -0.1f, 0.92f},
-     .pad = {-84, -12}, .lift = 0, .size = 2.5f},
+    {.right = false, .turn = 8, .lean = 0, .roll = 58,
+     .fingers = {{5, 72, 96, 50}, {1, 74, 98, 50}, {-3, 76, 98, 50}, {-7, 78, 96, 50}},
+     .thumb = {{0.60f, 0.60f, 0.55f}, {0.05f, 0.72f, 0.70f}, {-0.65f, 0.70f, 0.25f}}, .nail = {-0.2f, -0.5f, 0.84f},
+     .pad = {10, 66}, .lift = 0, .size = 2.6f},
+    {.right = false, .turn = 16, .lean = 0, .roll = 8,
+     .fingers = {{6, 20, 28, 16, true}, {1, 20, 34, 20, true}, {-4, 20, 40, 20, true}, {-8, 12, 30, 16}},
+     .thumb = {{0.80f, 0.55f, 0.26f}, {0.55f, 0.82f, 0.10f}, {0.28f, 0.95f, 0.05f}}, .nail = {-0.75f, -0.1f, 0.62f},
+     .pad = {-158, -40}, .lift = -20, .size = 2.75f, .bony = 1.06f},
+    {.right = true, .turn = -58, .lean = 0, .roll = 86,
+     .fingers = {{6, 4, 10, 6}, {1, 2, 10, 6}, {-3, 2, 12, 8}, {-8, 2, 14, 8}},
+     .thumb = {{0.80f, 0.55f, 0.20f}, {0.45f, 0.88f, 0.10f}, {0.20f, 0.97f, 0.02f}}, .nail = {0.0f, 0.6f, 0.8f},
+     .pad = {-6, 78}, .lift = 60, .size = 2.6f},
+    {.right = false, .turn = 24, .lean = 0, .roll = 24,
+     .fingers = {{24, 60, 54, 26}, {-4, 26, 34, 18}, {-18, 14, 26, 14}, {-34, 4, 18, 12}},
+     .thumb = {{0.55f, 0.70f, 0.42f}, {0.05f, 0.86f, 0.50f}, {-0.15f, 0.93f, 0.30f}}, .nail = {-0.6f, 0, 0.8f},
+     .pad = {4, 62}, .lift = -10, .size = 2.45f},
+    {.right = true, .turn = 196, .lean = 0, .roll = 60,
+     .fingers = {{5, 66, 92, 50}, {1, 66, 92, 50}, {-3, 68, 90, 50}, {-7, 70, 88, 50}},
+     .thumb = {{0.62f, 0.55f, 0.56f}, {0.10f, 0.60f, 0.80f}, {-0.45f, 0.50f, 0.75f}}, .nail = {0.3f, 0, -0.95f},
+     .pad = {-4, 74}, .lift = -80, .size = 2.55f},
+    {.right = false, .turn = 6, .lean = 0, .roll = 4,
+     .fingers = {{-5, 12, 26, 14}, {1, 86, 100, 55}, {-3, 88, 100, 55}, {-8, 90, 98, 55}},
+     .thumb = {{0.85f, 0.40f, 0.25f}, {0.98f, 0.08f, 0.10f}, {0.99f, -0.06f, 0.0f}}, .nail = {0, -0.9f, 0.4f},
+     .pad = {-36, 19}, .lift = 0, .size = 2.25f},
 };
 // clang-format on
 
@@ -55,8 +55,8 @@ static Skin SkinOf(const Arm& arm)
 // The middle of the forearm in the hand's frame. It bends at the wrist only.
 static std::vector<Vector2> ForearmWay(const Arm& arm, Point3 wrist)
 {
-    const Vector2 from = {wrist.x, wrist.y}, end = {-92 - 0.98f * arm.bend, 898 + 0.2f * arm.bend};
-    return {from, Mix(from, end, 0.1f), Mix(from, end, 0.5f), end};
+    const Vector2 from = {wrist.x, wrist.y};
+    return {from, Mix(from, arm.elbow, 0.1f), Mix(from, arm.elbow, 0.5f), arm.elbow};
 }
 
 Line Forearm(const Sight& sight, const Arm& arm)
@@ -87,28 +87,19 @@ static Skeleton HandOf(const Arm& arm)
     return hand;
 }
 
-DrawnHand::DrawnHand(const Arm& arm, const Sight& whole, int width, int height)
-    : drawn(1, 1), before(1, 1), shadow(1, 1), left(0), top(0)
+DrawnHand::DrawnHand(const Arm& arm, const Sight& whole, int newWidth, int newHeight)
+    : drawn(1, 1), depth(1, 1), left(0), top(0), width(newWidth), height(newHeight)
 {
     const Skeleton hand = HandOf(arm);
-    constexpr float ShadowsRoom = 46;
-    const Frame frame = FrameOf(hand.flesh, whole, ShadowsRoom, width, height);
+    constexpr float OutlinesRoom = 12;
+    const Frame frame = FrameOf(hand.flesh, whole, OutlinesRoom, width, height);
     left = frame.left;
     top = frame.top;
     const Sight sight = whole.From({float(left), float(top)});
     const Study study = Studied(hand, sight, frame.width, frame.height);
     drawn = Canvas(frame.width, frame.height);
     DrawHand(drawn, hand, study, sight, SkinOf(arm), arm.seed);
-    const float a = sight.cardHalf;
-    const Mask card = Filled(frame.width, frame.height,
-                             Straight(sight({{-a, -2 * a}, {a, -2 * a}, {a, 2}, {-a, 2}, {-a, -2 * a}})));
-    Mask front(frame.width, frame.height);
-    for (int y = 0; y < frame.height; y++)
-        for (int x = 0; x < frame.width; x++)
-            front.At(x, y) = study.depth.At(x, y) > 0 ? 1.0f : 0.0f;
-    before = Canvas(drawn).CutOut(front.Blur(0.6f).Multiply(card));
-    shadow = study.onCard;
-    shadow.Blur(2.5f * sight.scale).Multiply(card);
+    depth = study.depth;
 }
 
 void DrawnHand::Paint(Canvas& canvas) const
@@ -116,14 +107,13 @@ void DrawnHand::Paint(Canvas& canvas) const
     canvas.Lay(drawn, left, top);
 }
 
-void DrawnHand::PaintGrip(Canvas& canvas) const
+Mask DrawnHand::InFrontOf(float z) const
 {
-    Mask whole(canvas.Width(), canvas.Height());
-    for (int y = 0; y < shadow.Height(); y++)
-        for (int x = 0; x < shadow.Width(); x++)
-            whole.At(left + x, top + y) = shadow.At(x, y);
-    canvas.Glaze(whole.Multiply(canvas.Alpha()), Mix(palette::Slate, palette::Rust, 0.3f), 0.75f);
-    canvas.Lay(before, left, top);
+    Mask front(width, height);
+    for (int y = 0; y < depth.Height(); y++)
+        for (int x = 0; x < depth.Width(); x++)
+            front.At(left + x, top + y) = depth.At(x, y) > z ? 1.0f : 0.0f;
+    return front.Blur(0.6f);
 }
 
 } // namespace atelier

@@ -10,18 +10,20 @@ namespace atelier
 
 enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 
+// The card is before the hand everywhere: the show fades the hand and not the card, and a finger that lay on the card
+// would be cut in two by its edge.
 enum class Gesture {
-    TwoBehind,  // thumb before the card, two fingers behind it, two in the palm
-    AllBehind,  // thumb before the card, all fingers behind it
-    AllInFront, // seen from the back of the hand: the fingers before the card, the thumb behind it
-    Fan,        // thumb and forefinger hold it, the others are spread like a fan
-    TwoInFront, // seen from the back of the hand: two fingers before the card, the thumb behind it, two in the palm
-    OneBehind // thumb before the card, the forefinger behind it, three in the palm
+    Fist,  // round a pole that the card is nailed to, seen from the palm
+    Lean,  // the card leans on the open hand, between the thumb and the fingertips
+    Tray,  // the card stands on the flat hand
+    Pinch, // thumb and forefinger hold a pin that goes through the card, the others are spread like a fan
+    FistFromBack, // round a shaft that the card is sealed to, seen from the back of the hand
+    Corner        // the card stands on the thumb and leans on the forefinger, the others are in the palm
 };
 
 struct Arm {
     uint32_t seed;
-    float bend; // pixels by which the elbow is out to the left
+    Vector2 elbow; // where the forearm leads to, in the hand's frame
     float girth;
     float tan; // of the skin: 0 moonlit to 1 weathered
     Wear wear;
@@ -36,13 +38,14 @@ public:
 
     // The whole hand, and its forearm as far as it is bare. The card goes over it.
     void Paint(Canvas& canvas) const;
-    // What holds the card from in front, and its shadow on the card.
-    void PaintGrip(Canvas& canvas) const;
+    // Where it is nearer than a plane of that z in the hand's frame, on the whole canvas.
+    Mask InFrontOf(float z) const;
 
 private:
-    Canvas drawn, before;
-    Mask shadow;
+    Canvas drawn;
+    Mask depth;
     int left, top; // where they lie
+    int width, height;
 };
 
 // What the arm wears, over the forearm.

@@ -143,16 +143,36 @@ void FerryEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
     v.Ink({{{-196, 36}, {-90, 66}, {60, 68}, {190, 28}}, {{-196, 36}, {-152, 98}, {-60, 122}, {64, 122}, {146, 96}, {190, 28}}, {{-166, 74}, {-60, 96}, {64, 96}, {156, 66}}}, 8);
 }
 
+// A round loaf on the sill of the oven, before its arch and what is left of the fire.
 void LoafEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
     Vignette v(canvas, at, seed);
-    v.Lamp({0, 40}, 40, 260, palette::Amber, 0.5f);
-    v.Paint({{-168, 106}, {-184, 50}, {-116, -12}, {0, -32}, {116, -12}, {184, 50}, {166, 106}, {0, 124}}, Mix(palette::Ochre, palette::Amber, 0.35f));
-    for (const float x : {-88.0f, 0.0f, 84.0f})
-        v.Paint({{x - 20, 6}, {x + 6, 0}, {x + 26, 50}, {x + 20, 84}, {x + 2, 60}}, Mix(palette::Bone, palette::Amber, 0.3f), 0.9f);
-    v.Ink({{{-168, 106}, {-186, 50}, {-116, -12}, {0, -32}, {116, -12}, {186, 50}, {166, 106}, {0, 126}, {-168, 106}}}, 9);
-    v.Ink({{{-108, 6}, {-86, 48}, {-72, 88}}, {{-20, -6}, {2, 40}, {18, 88}}, {{66, 0}, {88, 40}, {104, 84}}, {{-150, 88}, {-80, 104}, {0, 108}}, {{120, 90}, {142, 78}, {152, 60}}, {{100, 98}, {124, 90}}}, 6);
-    v.Bright({{{-70, -58}, {-92, -90}, {-56, -118}, {-76, -156}}, {{0, -68}, {-22, -104}, {16, -132}, {-6, -172}}, {{70, -58}, {50, -90}, {86, -118}, {64, -156}}}, Mix(palette::Bone, palette::Mist, 0.3f), 7);
+    v.Lamp({0, 20}, 90, 320, palette::Amber, 0.55f);
+    v.Paint({{-180, 122}, {-184, 20}, {-150, -86}, {-70, -140}, {0, -150}, {70, -140}, {150, -86}, {184, 20}, {180, 122}}, Mix(palette::Ink, palette::Rust, 0.3f));
+    // The arch, stone by stone.
+    for (int i = 0; i < 13; i++) {
+        const float from = Pi - 0.2f + (Pi + 0.4f) / 13 * float(i), to = from + (Pi + 0.4f) / 13 - 0.025f;
+        const auto p = [](float a, float r) { return Vector2{Cos(a) * r * 1.06f, 30 + Sin(a) * r}; };
+        const LinearColour stone = Mix(Mix(palette::Rust, palette::Ochre, i % 3 == 0 ? 0.45f : 0.2f), palette::Slate, i % 2 == 0 ? 0.3f : 0.1f) * 0.9f;
+        v.Paint({p(from, 160), p(to, 160), p(to, 196 + 6 * float(i % 2)), p(from, 196 + 6 * float(i % 2))}, stone, 0.95f, true);
+        v.Ink({{p(from - 0.012f, 158), p(from - 0.012f, 180), p(from - 0.012f, 200)}}, 4);
+    }
+    // Embers beside the loaf, and the glow that they throw on the vault.
+    v.Lamp({-122, 78}, 30, 120, palette::Amber, 0.8f);
+    v.Lamp({126, 80}, 28, 120, palette::Amber, 0.75f);
+    for (const Vector2 p : {Vector2{-158, 98}, {-142, 104}, {-124, 100}, {-148, 84}, {-128, 84}, {126, 100}, {144, 104}, {158, 98}, {150, 84}, {130, 84}})
+        v.Paint({p + Vector2{-11, 3}, p + Vector2{-4, -9}, p + Vector2{9, -6}, p + Vector2{11, 6}, p + Vector2{-2, 10}}, p.y < 90 ? Mix(palette::Amber, palette::Bone, 0.3f) : Mix(palette::Rust, palette::Amber, 0.5f));
+    v.Paint({{-236, 112}, {0, 106}, {236, 112}, {232, 138}, {0, 146}, {-232, 138}}, Mix(palette::Ochre, palette::Rust, 0.6f) * 0.7f);
+    // The loaf: a dark foot, the crust, where the light falls on it, and three cuts that have opened.
+    v.Paint({{-106, 106}, {-120, 66}, {-98, 8}, {-50, -34}, {6, -44}, {60, -30}, {100, 10}, {120, 64}, {106, 108}, {0, 120}}, Mix(palette::Rust, palette::Ochre, 0.35f));
+    v.Paint({{-100, 66}, {-86, 16}, {-44, -22}, {6, -34}, {54, -20}, {86, 12}, {92, 46}, {40, 64}, {-50, 76}}, Mix(palette::Ochre, palette::Amber, 0.45f), 0.92f);
+    v.Paint({{-80, 30}, {-50, -8}, {-8, -26}, {30, -24}, {-10, 2}, {-54, 36}}, Mix(palette::Amber, palette::Bone, 0.4f), 0.7f);
+    for (const Vector2 p : {Vector2{-42, 34}, {8, 24}, {56, 32}}) {
+        v.Paint({p + Vector2{-36, 38}, p + Vector2{-16, 4}, p + Vector2{20, -38}, p + Vector2{10, 2}, p + Vector2{-14, 32}}, Mix(palette::Rust, palette::Ink, 0.25f), 0.85f);
+        v.Paint({p + Vector2{-32, 32}, p + Vector2{-16, 2}, p + Vector2{16, -34}, p + Vector2{4, 0}, p + Vector2{-16, 26}}, Mix(palette::Bone, palette::Amber, 0.2f), 0.95f);
+    }
+    v.Ink({{{-106, 106}, {-120, 66}, {-98, 8}, {-50, -34}, {6, -44}, {60, -30}, {100, 10}, {120, 64}, {106, 108}}}, 8);
+    v.Ink({{{-100, 88}, {-50, 102}, {20, 106}}, {{-88, 96}, {-56, 106}}, {{70, 96}, {94, 84}, {104, 62}}, {{62, 106}, {92, 98}}, {{-236, 113}, {0, 107}, {236, 113}}, {{-130, 126}, {-40, 130}}, {{60, 128}, {160, 124}}}, 4.5f);
 }
 
 void MothEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
@@ -179,20 +199,53 @@ void MothEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
     v.Ink({{{0, -78}, {-16, -36}, {-14, 50}, {0, 124}, {14, 50}, {16, -36}, {0, -78}}, {{-13, -4}, {13, -2}}, {{-13, 26}, {13, 28}}, {{-10, 58}, {10, 60}}, {{-7, 88}, {7, 90}}}, 6);
 }
 
+// A tower of rough stone over sleeping roofs, and the one who is awake on it: cloak, hat, spear, lantern.
 void TowerEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
-    Vignette v(canvas, at, seed);
+    Vignette v(canvas, at + Vector2{0, 12}, seed);
     v.Stars(18);
-    v.Paint({{-230, 178}, {-140, 150}, {0, 142}, {150, 152}, {230, 178}, {150, 206}, {0, 214}, {-140, 206}}, Mix(palette::Moss, palette::Night, 0.45f));
-    v.Paint({{-68, 176}, {-50, -70}, {50, -70}, {68, 176}}, Mix(palette::Parchment, palette::Mist, 0.45f), 1, true);
-    v.Paint({{6, 172}, {8, -66}, {50, -70}, {68, 176}}, Mix(palette::Mist, palette::Slate, 0.6f), 0.8f, true);
-    v.Paint({{-76, -70}, {-76, -120}, {-42, -120}, {-42, -96}, {-16, -96}, {-16, -120}, {18, -120}, {18, -96}, {44, -96}, {44, -120}, {76, -120}, {76, -70}}, Mix(palette::Parchment, palette::Mist, 0.35f), 1, true);
-    v.Paint({{-14, 14}, {-14, -22}, {0, -36}, {14, -22}, {14, 14}}, palette::Amber, 1, true);
-    v.Lamp({0, -8}, 12, 90);
-    v.Paint({{2, -168}, {60, -160}, {34, -146}, {56, -128}, {2, -138}}, palette::Rust, 1, true);
-    v.Ink({{{-68, 176}, {-54, 40}, {-50, -70}}, {{-76, -70}, {0, -64}, {76, -70}}, {{-16, 174}, {-16, 124}, {0, 102}, {16, 124}, {16, 174}}, {{2, -118}, {2, -172}}, {{-44, 60}, {-18, 62}}, {{-40, -20}, {-26, -20}}, {{24, 44}, {46, 42}}, {{-46, 112}, {-30, 112}}, {{28, 110}, {54, 108}}, {{26, -30}, {42, -32}}}, 6);
-    v.Ink({{{68, 176}, {54, 40}, {50, -70}}}, 9);
-    v.Outline({{-76, -70}, {-76, -120}, {-42, -120}, {-42, -96}, {-16, -96}, {-16, -120}, {18, -120}, {18, -96}, {44, -96}, {44, -120}, {76, -120}, {76, -70}}, true);
+    v.Lamp({44, -134}, 14, 150, palette::Amber, 0.6f);
+    // The roofs.
+    v.Paint({{-290, 206}, {-280, 150}, {-240, 112}, {-196, 148}, {-170, 118}, {-120, 160}, {-110, 206}}, Mix(palette::Night, palette::Slate, 0.55f), 1, true);
+    v.Paint({{120, 206}, {116, 164}, {160, 124}, {204, 160}, {236, 136}, {286, 174}, {280, 206}}, Mix(palette::Night, palette::Slate, 0.5f), 1, true);
+    v.Paint({{-244, 164}, {-244, 148}, {-230, 148}, {-230, 164}}, palette::Amber, 1, true);
+    v.Paint({{196, 186}, {196, 172}, {208, 172}, {208, 186}}, Mix(palette::Amber, palette::Rust, 0.3f), 1, true);
+    v.Ink({{{-284, 152}, {-240, 112}, {-196, 148}, {-170, 118}, {-120, 160}}, {{114, 166}, {160, 124}, {204, 160}, {236, 136}, {288, 176}}}, 6);
+    // The shaft, course by course: the light comes from the left.
+    v.Paint({{-92, 210}, {-70, 80}, {-62, -40}, {62, -40}, {70, 80}, {92, 210}}, Mix(palette::Slate, palette::Night, 0.35f), 1, true);
+    Dice dice(seed + 40);
+    for (int row = 0; row < 9; row++) {
+        const float top = -38 + 27 * float(row), bottom = top + 24;
+        const float half = 60 + 30 * Pow(float(row) / 9, 2);
+        float x = -half + (row % 2 == 0 ? 0 : 6);
+        while (x < half - 10) {
+            const float wide = Min(dice.Range(22, 40), half - x);
+            const float side = (x + 0.5f * wide) / half;
+            const LinearColour stone = Mix(Mix(palette::Parchment, palette::Mist, dice.Range(0.25f, 0.6f)), palette::Night, Clamp(0.16f + 0.46f * Smooth(-0.4f, 1, side) + dice.Range(-0.06f, 0.08f)));
+            v.Paint({{x, top + dice.Range(0, 3)}, {x + wide - 4, top + dice.Range(0, 3)}, {x + wide - 4, bottom}, {x, bottom - dice.Range(0, 3)}}, stone, 0.95f, true);
+            x += wide;
+        }
+    }
+    v.Paint({{-9, 72}, {-9, 34}, {0, 22}, {9, 34}, {9, 72}}, palette::Amber, 1, true);
+    v.Lamp({0, 50}, 10, 70, palette::Amber, 0.7f);
+    v.Paint({{-22, 210}, {-22, 172}, {0, 152}, {22, 172}, {22, 210}}, Mix(palette::Ink, palette::Rust, 0.2f), 1, true);
+    // The battlement leans out on corbels; one merlon is broken.
+    v.Paint({{-62, -36}, {-90, -62}, {90, -62}, {62, -36}}, Mix(palette::Slate, palette::Ink, 0.35f), 1, true);
+    v.Paint({{-92, -60}, {-92, -108}, {-62, -108}, {-62, -86}, {-34, -86}, {-34, -100}, {-8, -108}, {-8, -86}, {20, -86}, {64, -86}, {64, -108}, {92, -108}, {92, -60}}, Mix(Mix(palette::Parchment, palette::Mist, 0.4f), palette::Slate, 0.25f), 1, true);
+    v.Paint({{30, -60}, {30, -86}, {64, -86}, {64, -108}, {92, -108}, {92, -60}}, Mix(palette::Slate, palette::Night, 0.2f), 0.8f, true);
+    v.Ink({{{-92, -60}, {-92, -108}, {-62, -108}}, {{-62, -86}, {-34, -86}, {-34, -100}, {-8, -108}, {-8, -86}, {30, -86}}, {{92, -60}, {92, -108}, {64, -108}, {64, -86}}, {{-92, -61}, {0, -57}, {92, -61}}, {{-50, -60}, {-50, -40}}, {{-18, -60}, {-18, -40}}, {{16, -60}, {16, -40}}, {{48, -60}, {48, -40}}, {{-56, -74}, {-30, -74}}, {{-6, -72}, {22, -72}}}, 4.5f);
+    v.Ink({{{-92, 210}, {-70, 80}, {-62, -40}}}, 6);
+    v.Ink({{{92, 210}, {70, 80}, {62, -40}}}, 9);
+    // The guard.
+    v.Ink({{{-30, -196}, {-25, -140}, {-22, -88}}}, 5);
+    v.Bright({{{-35, -178}, {-31, -202}, {-26, -178}}}, Mix(palette::Mist, palette::Bone, 0.5f), 7);
+    v.Paint({{-24, -84}, {-14, -132}, {2, -152}, {18, -134}, {28, -84}}, Mix(palette::Rust, palette::Ochre, 0.12f));
+    v.Paint({{14, -132}, {40, -136}, {44, -128}, {16, -118}}, Mix(palette::Rust, palette::Ink, 0.2f));
+    v.Paint({{-10, -154}, {-8, -172}, {10, -174}, {14, -158}, {4, -146}}, Mix(palette::Parchment, palette::Ochre, 0.25f));
+    v.Paint({{-22, -166}, {-6, -176}, {2, -192}, {14, -176}, {26, -166}, {2, -168}}, Mix(palette::Night, palette::Slate, 0.6f));
+    v.Ink({{{-24, -86}, {-14, -132}, {2, -150}}, {{18, -134}, {28, -86}}, {{4, -140}, {6, -112}, {2, -90}}, {{44, -132}, {44, -124}}}, 4);
+    v.Paint({{37, -124}, {51, -124}, {49, -104}, {39, -104}}, Mix(palette::Amber, palette::Bone, 0.4f), 1, true);
+    v.Lamp({44, -114}, 8, 60, palette::Amber, 0.8f);
 }
 
 void MastEmblem(Canvas& canvas, Vector2 at, uint32_t seed)

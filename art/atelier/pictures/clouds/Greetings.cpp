@@ -5,6 +5,7 @@
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/clouds/Arm.h"
 #include "art/atelier/pictures/clouds/Emblems.h"
+#include "art/atelier/pictures/clouds/Tools.h"
 
 namespace atelier
 {
@@ -23,7 +24,7 @@ static const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
 
 // The show rolls each card its own way, dives to it twice, and shows a part of it only. The words stand level half-way
 // between the two rolls, in what is seen of the card for as long as it is near. The emblem lies where there is room: below
-// them, where it may leave the picture, or above them on a card that is held upright, whose upper part is out of the
+// them, small enough for what is left, or above them on a card that is held upright, whose upper part is out of the
 // picture while the hand is seen.
 struct Greeting {
     const char* to;
@@ -33,19 +34,23 @@ struct Greeting {
     Vector2 place; // of the words' middle, in sides of the card
     float large;   // capital letters of the name, likewise
     float small;   // capital letters of the lines above and below
+    float
+        aside; // by which the first line is to the right of the others, likewise: the card's corner is above it
+    float above, below; // room between the lines, in small capitals
+    float emblemSize;
     bool emblemAbove;
     Arm arm;
 };
 
 // clang-format off
 static const Greeting Greetings[] = {
-    // to                tail                        emblem         roll  place          large   small   above  seed bend girth  tan    wear, gesture
-    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.35f, 0.385f}, 0.108f, 0.062f, false, {100,  60, 1.00f, 0.45f, Wear::Wool, Gesture::TwoBehind}},
-    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.37f, 0.360f}, 0.116f, 0.060f, false, {200, -30, 1.10f, 0.85f, Wear::Rope, Gesture::AllBehind}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.485f}, 0.090f, 0.056f, true,  {300,  20, 1.08f, 0.35f, Wear::Flour, Gesture::AllInFront}},
-    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.46f, 0.375f}, 0.100f, 0.062f, false, {400,  90, 0.90f, 0.10f, Wear::Lace, Gesture::Fan}},
-    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f}, 0.096f, 0.062f, true,  {500, -50, 1.06f, 0.60f, Wear::Leather, Gesture::TwoInFront}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.46f, 0.385f}, 0.112f, 0.064f, false, {600,  40, 0.96f, 0.25f, Wear::Wire, Gesture::OneBehind}},
+    // to                tail                        emblem         roll  place            large   small   aside   above  below  emblem       seed  elbow        girth  tan    wear, gesture
+    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.327f, 0.380f}, 0.108f, 0.062f,  0.010f, 0.12f, 1.00f, 0.48f, false, {100, {-380, 860}, 1.00f, 0.45f, Wear::Wool, Gesture::Fist}},
+    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.326f, 0.320f}, 0.116f, 0.060f, -0.026f, 0.30f, 1.10f, 0.50f, false, {200, {-70, 806},  1.10f, 0.72f, Wear::Rope, Gesture::Lean}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  {300, {-330, 880}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
+    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.410f, 0.312f}, 0.100f, 0.062f, -0.042f, 0.12f, 0.90f, 0.54f, false, {400, {-190, 815}, 0.90f, 0.10f, Wear::Lace, Gesture::Pinch}},
+    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f},  0.096f, 0.062f,  0,      0.12f, 1.45f, 0.58f, true,  {500, {-400, 850}, 1.06f, 0.60f, Wear::Leather, Gesture::FistFromBack}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, {600, {-140, 806}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
 };
 // clang-format on
 
@@ -117,10 +122,18 @@ Canvas GreetingHand(int greeting)
     const DrawnHand hand(arm, InPicture, Size, Size);
     hand.Paint(canvas);
     PaintWear(canvas, InPicture, arm);
+    // Behind the elbow it is all cloud.
+    const Line along = Forearm(InPicture, arm);
+    const Vector2 elbow = PointAt(along, 0.68f), on = DirectionAt(along, 0.68f);
+    canvas.CutOut(Mask(Size, Size)
+                      .Each(
+                          [&](float x, float y) {
+                              return Smooth(115, 30, Dot(Vector2{x, y} - elbow, on));
+                          },
+                          2));
+    PaintTool(canvas, InPicture, arm, hand);
     PaintBlankCard(canvas, InPicture, arm.seed + 1000);
-    hand.PaintGrip(canvas);
     SketchPaper().Show(canvas, 0.6f);
-    canvas.CutOut(Mask(Size, Size).Each([](float, float y) { return Smooth(1000, 900, y); }, 2));
     PaintCloudBank(canvas, arm, greeting >= 2);
     return Squeezed(canvas, Size / 2, Size / 2);
 }
@@ -143,12 +156,13 @@ Canvas GreetingCard(int greeting)
     const LetterStyle large{.size = words.large * Size, .spacing = 1.1f},
         small{.size = words.small * Size, .spacing = 1.2f};
     // Ascenders and descenders keep clear of the lines above and below.
-    const float base = Half + 0.34f * large.size, above = base - 1.22f * large.size - 0.12f * small.size,
-                below = base + 0.46f * large.size + 1.15f * small.size;
+    const float base = Half + 0.34f * large.size,
+                above = base - 1.22f * large.size - words.above * small.size,
+                below = base + 0.46f * large.size + words.below * small.size;
     Mask written(Size, Size);
     Pen quill(written, paper, {.width = small.size / 5.6f, .least = 0.4f, .wobble = 0.6f, .skip = 0},
               seed + 4);
-    Write(quill, "greetings to the", {Half, above}, small, Anchor::Middle, seed + 5);
+    Write(quill, "greetings to the", {Half + words.aside * Size, above}, small, Anchor::Middle, seed + 5);
     Write(quill, words.tail, {Half, below}, small, Anchor::Middle, seed + 7);
     quill.nib.width = large.size / 6.6f;
     Write(quill, words.to, {Half, base}, large, Anchor::Middle, seed + 6);
@@ -156,7 +170,7 @@ Canvas GreetingCard(int greeting)
     text.Cover(written, palette::Ink, 0.95f);
 
     // A patch of night with something kind in it, below or above them.
-    const float patchScale = words.emblemAbove ? 0.58f : 0.70f;
+    const float patchScale = words.emblemSize;
     const float apart = words.emblemAbove ? above - Half - 1.4f * small.size - 206 * patchScale
                                           : below - Half + 0.4f * small.size + 206 * patchScale;
     Canvas night(Size, Size, palette::Bone);
@@ -188,7 +202,7 @@ Canvas GreetingCard(int greeting)
     }
     canvas.Cover(lines, palette::Ink, 0.94f);
     canvas.Lay(Placed(text, middle, level, 1, Size, Size, place), 0, 0);
-    DrawnHand(words.arm, OnCard, Size, Size).PaintGrip(canvas);
+    PaintFastening(canvas, OnCard, words.arm);
     canvas.CutOut(card);
     return Squeezed(canvas, Size / 2, Size / 2);
 }

@@ -132,7 +132,7 @@ static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     canvas.Cover(tattoo.Blur(0.8f), Mix(palette::Slate, palette::Night, 0.5f), 0.8f);
 }
 
-static void Flour(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.46f, 1.5f, 1.5f, 9, seed);
     PaintBody(canvas, cloth,
@@ -145,14 +145,38 @@ static void Flour(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     pen.Stroke(limb.Ring(0.55f, 1.46f, 26), {0.4f, 0.9f, 0.2f});
     Folds(pen, limb, 0.55f, 14, seed + 2);
     InkLines(canvas, lines, &cloth);
-    // Flour to the elbows.
+    // A few long strokes on the shadow's side of the forearm.
+    Mask shade(canvas.Width(), canvas.Height());
+    Pen stroke(shade, SketchPaper(), {.width = 4.2f, .wobble = 1, .skip = 0.1f}, seed + 3);
+    for (int i = 0; i < 6; i++) {
+        const float u = 0.46f + 0.085f * float(i), from = 0.13f - 0.012f * float(i);
+        stroke.Stroke(Through({limb.At(from, u), limb.At(0.26f, u + 0.03f), limb.At(0.42f, u + 0.01f)}),
+                      {0.15f, 0.8f, 0.3f});
+    }
+    InkLines(canvas, shade.Multiply(canvas.Alpha()).Subtract(cloth), nullptr, 0.6f);
+    // Flour lies on hand and arm as a soft dust, most of it on the knuckles.
+    struct Heap {
+        Vector2 place;
+        float radius, amount;
+    };
+    const Heap heaps[] = {{sight({-168, 46}), 46, 0.8f},     {sight({-96, 66}), 40, 0.9f},
+                          {sight({-20, 74}), 34, 1},         {sight({66, 46}), 46, 0.8f},
+                          {sight({158, 42}), 44, 0.9f},      {sight({236, 24}), 36, 0.8f},
+                          {limb.At(0.16f, -0.2f), 56, 0.6f}, {limb.At(0.36f, -0.1f), 70, 0.5f}};
+    const Noise drift(seed + 6);
     Mask dust(canvas.Width(), canvas.Height());
-    DryBrush brush(dust, SketchPaper(), {.width = 70, .count = 40, .thickness = 2, .load = 0.3f}, seed + 3);
-    for (const float u : {-0.5f, 0.1f, 0.6f})
-        brush.Stroke(Through({limb.At(0, u), limb.At(0.15f, u), limb.At(0.4f, u)}), 0.8f);
-    Pen drops(dust, SketchPaper(), {.width = 3}, seed + 4);
-    drops.Splatter(limb.At(0.1f, -0.4f), 240, 170, 5);
-    canvas.Cover(dust.Multiply(canvas.Alpha()), palette::Bone, 0.75f);
+    dust.Each([&](float x, float y) {
+        float amount = 0;
+        for (const Heap& heap : heaps)
+            amount = Max(amount, heap.amount * Bell(Length(Vector2{x, y} - heap.place) / heap.radius));
+        const float tooth = SketchPaper().Height(Floor(x), Floor(y));
+        return amount * Clamp(0.5f + 0.8f * drift.Fbm(x / 30, y / 30, 3) + 0.7f * (tooth - 0.5f));
+    });
+    Pen drops(dust, SketchPaper(), {.width = 2}, seed + 4);
+    drops.Splatter(sight({40, 56}), 190, 60, 2.2f);
+    const Mask inside = canvas.Alpha().Inside(20);
+    dust.By([&](float x, float y) { return Smooth(3, 15, inside.Sample(x, y)); });
+    canvas.Cover(dust.Subtract(cloth), Mix(palette::Bone, palette::Mist, 0.08f), 0.62f);
 }
 
 static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
@@ -281,8 +305,8 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     }
     const Vector2 start = limb.At(0.14f, -1.06f);
     const Line aerial =
-        Through({start, start + Vector2{-46, 6}, start + Vector2{-84, -40}, start + Vector2{-70, -110},
-                 start + Vector2{-110, -168}, start + Vector2{-112, -214}});
+        Through({start, start + Vector2{-52, 22}, start + Vector2{-112, 6}, start + Vector2{-136, -58},
+                 start + Vector2{-196, -66}, start + Vector2{-226, -126}});
     copper.Stroke(aerial, {0.8f, 0.9f, 0.7f});
     canvas.Cover(Mask(wire).Blur(1.4f).Curve(0.1f, 0.4f), palette::Ink, 0.95f);
     canvas.Cover(wire.Blur(0.5f).Curve(0.75f, 1), Mix(palette::Amber, palette::Rust, 0.25f));
@@ -316,7 +340,7 @@ void PaintWear(Canvas& canvas, const Sight& sight, const Arm& arm)
     case Wear::Rope:
         return Rope(canvas, limb, seed);
     case Wear::Flour:
-        return Flour(canvas, limb, seed);
+        return Flour(canvas, sight, limb, seed);
     case Wear::Lace:
         return Lace(canvas, limb, seed);
     case Wear::Leather:

@@ -191,17 +191,17 @@ Skeleton Posed(const Pose& pose)
     for (int i = 0; i < 4; i++) {
         Flex flex = pose.fingers[i];
         BendFinger(digits[i], Measures[i], flex, pose);
-        if (flex.onCard == 0)
+        if (!flex.onCard)
             continue;
         // From away from the card towards it.
-        const float side = float(flex.onCard), step = side * view.z.z > 0 ? 0.5f : -0.5f;
+        const float step = view.z.z > 0 ? 0.5f : -0.5f;
         flex.knuckle -= 120 * step;
         for (int tries = 0; tries < 260; tries++, flex.knuckle += step) {
             BendFinger(digits[i], Measures[i], flex, pose);
             float through = -1;
             for (const Phalanx& part : digits[i])
                 if (hand(part.b).y < 0)
-                    through = Max(through, side * hand(part.b).z + 1.25f * part.halfB * pose.size);
+                    through = Max(through, hand(part.b).z + 1.25f * part.halfB * pose.size);
             if (through > 0)
                 break;
         }

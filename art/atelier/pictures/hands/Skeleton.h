@@ -19,9 +19,9 @@ struct Flex {
     float spread;  // towards the thumb
     float knuckle; // towards the palm; the joints follow it
     float middle, end;
-    // 1: bends in its knuckle, whatever that says, as far as the card lets it, which it touches from behind; -1: from in
-    // front. The card is at z = 0 where y is below 0.
-    int onCard = 0;
+    // Bends in its knuckle, whatever that says, as far as the card lets it, which it touches from behind. The card is at
+    // z = 0 where y is below 0.
+    bool onCard = false;
 };
 
 struct Pose {

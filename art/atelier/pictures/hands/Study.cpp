@@ -10,7 +10,7 @@ constexpr float Nothing = -1e5f;
 
 Study::Study(int width, int height)
     : body(width, height), palm(width, height), depth(width, height, Nothing), dark(width, height),
-      cast(width, height), edges(width, height), folds(width, height), onCard(width, height)
+      cast(width, height), edges(width, height), folds(width, height)
 {
 }
 
@@ -77,12 +77,15 @@ static float Hidden(const Solid& solid, Point3 p, Point3 normal)
     return Clamp(hidden * 0.75f);
 }
 
-static bool InCardsShadow(Point3 p, float cardHalf)
+// How much of the light the card keeps off: 0 to 1. The farther behind it, the softer is its shadow's edge.
+static float CardsShadow(Point3 p, float cardHalf)
 {
-    if (p.z >= 0)
-        return false;
+    if (p.z >= 0 || cardHalf <= 0)
+        return 0;
     const Point3 at = p + HandLight * (-p.z / HandLight.z);
-    return Abs(at.x) < cardHalf && at.y < 0 && at.y > -2 * cardHalf;
+    const float soft = 5 - 0.3f * p.z;
+    const auto within = [&](float distance) { return Smooth(-soft, soft, distance); };
+    return within(cardHalf - Abs(at.x)) * within(-at.y) * within(at.y + 2 * cardHalf);
 }
 
 constexpr int Tile = 24;
@@ -147,26 +150,17 @@ static void Shade(Study& study, const Skeleton& hand, const Sight& sight)
             const Point3 p = place(x, y);
             if (p.z <= Nothing)
                 return 0.0f;
-            if (InCardsShadow(p, sight.cardHalf))
-                return 1.0f;
+            const float card = CardsShadow(p, sight.cardHalf);
             const Point3 normal = hand.flesh.Normal(p, 0.8f);
             if (Dot(normal, HandLight) <= 0)
-                return 0.0f;
-            return Shadow(hand.flesh, p + normal * 3, 3);
+                return card;
+            return Max(card, Shadow(hand.flesh, p + normal * 3, 3));
         },
         step);
     hidden.Each(
         [&](float x, float y) {
             const Point3 p = place(x, y);
             return p.z <= Nothing ? 0.0f : Hidden(hand.flesh, p, hand.flesh.Normal(p, 0.8f));
-        },
-        step);
-    study.onCard.Each(
-        [&](float x, float y) {
-            const Vector2 at = InHand(sight, {x, y});
-            if (Abs(at.x) > sight.cardHalf + 4 || at.y > 4 || at.y < -2 * sight.cardHalf)
-                return 0.0f;
-            return Shadow(hand.flesh, {at.x, at.y, 0.5f}, 0.5f);
         },
         step);
     for (int y = 0; y < study.body.Height(); y++)

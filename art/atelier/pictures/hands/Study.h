@@ -16,14 +16,13 @@ constexpr Point3 HandLight = {-0.52f, -0.42f, 0.74f};
 struct Study {
     Study(int width, int height);
 
-    Mask body;   // 1 where there is flesh
-    Mask palm;   // 1 where that is no digit
-    Mask depth;  // its z, in the hand's frame
-    Mask dark;   // 0 faces the light, 1 is in shadow
-    Mask cast;   // how much of that is thrown by other parts
-    Mask edges;  // 1 on pixels where a nearer part ends before a farther one, or before nothing
-    Mask folds;  // 0 to 1 where flesh meets flesh
-    Mask onCard; // the shadow that the hand throws onto the plane z = 0
+    Mask body;  // 1 where there is flesh
+    Mask palm;  // 1 where that is no digit
+    Mask depth; // its z, in the hand's frame
+    Mask dark;  // 0 faces the light, 1 is in shadow
+    Mask cast;  // how much of that is thrown by other parts
+    Mask edges; // 1 on pixels where a nearer part ends before a farther one, or before nothing
+    Mask folds; // 0 to 1 where flesh meets flesh
     bool Sees(Vector2 place, float z, float slack) const;
 };
 
@@ -33,7 +32,7 @@ struct Frame {
 };
 Frame FrameOf(const Solid& solid, const Sight& sight, float room, int width, int height);
 
-// The hand on a canvas of this size. `cardHalf` as in Sight; its card lies at z = 0 and throws a shadow behind it.
+// The hand on a canvas of this size. `cardHalf` as in Sight; its card lies at z = 0 and throws a soft shadow behind it.
 Study Studied(const Skeleton& hand, const Sight& sight, int width, int height);
 
 } // namespace atelier

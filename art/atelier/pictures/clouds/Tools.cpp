@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/clouds/Tools.h"
+
+#include "art/atelier/Glow.h"
+#include "art/atelier/Wash.h"
+
+namespace atelier
+{
+
+// Where pole, pin and shaft run upright in the hand's frame.
+constexpr float PoleX = 44, PinX = 24, ShaftX = 30;
+// The planes in which they lie: what of the hand is nearer hides them.
+constexpr float PoleZ = -70, PinZ = 34, ShaftZ = -10;
+
+// clang-format off
+static const Stuff Wood   = {Mix(palette::Ochre, palette::Rust, 0.45f) * 0.8f, Mix(palette::Ink, palette::Rust, 0.3f), 1.1f, 0.5f, 0.9f};
+static const Stuff Oak    = {Mix(palette::Rust, palette::Slate, 0.45f) * 0.8f, Mix(palette::Ink, palette::Night, 0.3f), 1.1f, 0.5f, 0.9f};
+static const Stuff Iron   = {Mix(palette::Slate, palette::Mist, 0.25f), palette::Ink, 1.1f, 0.4f, 1};
+static const Stuff Steel  = {Mix(palette::Mist, palette::Bone, 0.3f), Mix(palette::Night, palette::Slate, 0.4f), 1.1f, 0.4f, 1};
+static const Stuff Brass  = {Mix(palette::Amber, palette::Parchment, 0.25f), Mix(palette::Rust, palette::Ink, 0.2f), 1.1f, 0.3f, 0.9f};
+static const Stuff Wax    = {Mix(palette::Rust, palette::Amber, 0.08f), Mix(palette::Rust, palette::Ink, 0.6f), 1.2f, 0.3f, 1};
+// clang-format on
+
+// Paints bodies in the hand's frame.
+class Bench
+{
+public:
+    Bench(Canvas& newCanvas, const Sight& newSight, uint32_t newSeed)
+        : canvas(newCanvas), sight(newSight), seed(newSeed)
+    {
+    }
+
+    // A round bar through these points.
+    void Bar(const std::vector<Vector2>& way, float halfFrom, float halfTo, const Stuff& stuff)
+    {
+        const float s = sight.scale;
+        const Line limb = Limb(Through(sight(way)), halfFrom * s, 0.5f * (halfFrom + halfTo) * s, halfTo * s);
+        Body(Shape(Shaken(limb, 0.8f * s, 40 * s, ++seed)), stuff);
+    }
+    void Plate(const std::vector<Vector2>& outline, const Stuff& stuff, bool round)
+    {
+        std::vector<Vector2> points = outline;
+        if (!round)
+            points.push_back(points.front());
+        Body(Shape(round ? Round(sight(points)) : Straight(sight(points))), stuff);
+    }
+    void Knob(Vector2 place, float radius, const Stuff& stuff)
+    {
+        Body(Shape(Shaken(Ellipse(sight(place), radius * sight.scale, radius * sight.scale),
+                          0.04f * radius * sight.scale, 20 * sight.scale, ++seed)),
+             stuff);
+    }
+    void Lines(const std::vector<std::vector<Vector2>>& strokes, float width, LinearColour colour,
+               float opacity)
+    {
+        Mask lines(canvas.Width(), canvas.Height());
+        Pen pen(lines, SketchPaper(),
+                {.width = width * sight.scale, .wobble = 0.5f * sight.scale, .skip = 0.15f}, ++seed);
+        for (const std::vector<Vector2>& stroke : strokes)
+            pen.Stroke(Through(sight(stroke)), {0.5f, 1, 0.3f});
+        canvas.Cover(lines.Multiply(canvas.Alpha()), colour, opacity);
+    }
+    // The shadow of a shape that stands off the card, to the lower right of it.
+    void ShadowOf(const Shape& shape, float away)
+    {
+        Mask mask = Filled(canvas.Width(), canvas.Height(), shape);
+        const Vector2 off = Vector2{0.7f, 0.6f} * (away * sight.scale);
+        Mask moved(canvas.Width(), canvas.Height());
+        moved.Each([&](float x, float y) { return mask.Sample(x - off.x, y - off.y); });
+        canvas.Glaze(moved.Blur(0.5f * away * sight.scale).Multiply(canvas.Alpha()),
+                     Mix(palette::Slate, palette::Rust, 0.4f), 0.7f);
+    }
+
+    Canvas& canvas;
+    const Sight& sight;
+    uint32_t seed;
+
+private:
+    void Body(const Shape& shape, const Stuff& stuff)
+    {
+        PaintBody(canvas, Filled(canvas.Width(), canvas.Height(), shape), stuff, 0.55f * sight.scale, ++seed);
+    }
+};
+
+// A lamplighter's pole: a brass head with a burning wick on a side arm that looks out from behind the card.
+static void Pole(Bench& bench)
+{
+    bench.Bar({{PoleX, -60}, {PoleX, 260}, {PoleX + 6, 690}}, 10, 10, Wood);
+    bench.Bar({{PoleX + 5, 620}, {PoleX + 6, 676}}, 12, 12, Brass);
+    bench.Knob({PoleX + 6, 694}, 19, Brass);
+    bench.Lines({{{PoleX - 4, 280}, {PoleX - 2, 360}, {PoleX - 3, 450}},
+                 {{PoleX + 4, 330}, {PoleX + 5, 420}, {PoleX + 7, 560}}},
+                2.2f, palette::Ink, 0.6f);
+    bench.Bar({{PoleX, -30}, {PoleX, 44}}, 14, 14, Brass);
+    bench.Knob({PoleX + 2, 26}, 19, Brass);
+    bench.Bar({{PoleX + 10, 26}, {104, 30}, {150, 18}, {168, -20}, {170, -58}}, 8, 7, Brass);
+    bench.Bar({{170, -48}, {170, -74}}, 12, 9, Brass);
+    // The flame brings a little of its own light along, where the picture is clear.
+    const Vector2 wick = bench.sight({171, -92});
+    const float s = bench.sight.scale;
+    Mask halo(bench.canvas.Width(), bench.canvas.Height());
+    halo.Each([&](float x, float y) {
+        const float far = Length(Vector2{x, y} - wick) / s;
+        return 0.55f * Bell(far / 34) + 0.25f * Bell(far / 64);
+    });
+    bench.canvas.Cover(halo, Mix(palette::Amber, palette::Ochre, 0.3f), 0.9f);
+    Mask flame = Filled(bench.canvas.Width(), bench.canvas.Height(),
+                        Shape(Round(bench.sight(
+                            {{170, -74}, {160, -88}, {164, -106}, {175, -132}, {180, -104}, {181, -86}}))));
+    bench.canvas.Cover(flame.Blur(1.2f * s), Mix(palette::Amber, palette::Bone, 0.35f), 1);
+    Mask core = Filled(bench.canvas.Width(), bench.canvas.Height(),
+                       Shape(Round(bench.sight({{170, -76}, {166, -88}, {172, -106}, {176, -88}}))));
+    bench.canvas.Cover(core.Blur(1.5f * s), palette::Bone, 0.95f);
+}
+
+// A long pin with a head of amber, whose point is in the card.
+static void Pin(Bench& bench)
+{
+    bench.Bar({{PinX + 3, -20}, {PinX, 50}, {PinX - 4, 146}}, 4.4f, 4.8f, Steel);
+    bench.Knob({PinX - 4, 152}, 15, Brass);
+}
+
+// A halberd, whose blade looks out from behind the card on both sides.
+static void Shaft(Bench& bench)
+{
+    bench.Bar({{ShaftX, -60}, {ShaftX, 240}, {ShaftX + 6, 650}}, 12, 12, Oak);
+    bench.Bar({{ShaftX + 5, 590}, {ShaftX + 6, 640}}, 15, 15, Iron);
+    bench.Knob({ShaftX + 6, 656}, 21, Iron);
+    bench.Lines({{{ShaftX - 5, 340}, {ShaftX - 3, 420}, {ShaftX - 4, 510}},
+                 {{ShaftX + 6, 380}, {ShaftX + 7, 440}, {ShaftX + 8, 560}}},
+                2.2f, palette::Ink, 0.6f);
+    bench.Bar({{ShaftX, -40}, {ShaftX, 52}}, 16, 16, Iron);
+    bench.Plate({{-60, -118}, {-150, -132}, {-204, -158}, {-224, -84}, {-206, -6}, {-150, -40}, {-60, -60}},
+                Steel, false);
+    bench.Lines({{{-198, -146}, {-211, -84}, {-199, -20}}}, 3.5f, palette::Ink, 0.5f);
+    bench.Plate({{90, -132}, {226, -96}, {90, -70}}, Steel, false);
+    bench.Lines({{{136, -104}, {206, -96}}}, 3, palette::Ink, 0.5f);
+}
+
+void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHand& hand)
+{
+    Canvas layer(canvas.Width(), canvas.Height());
+    Bench bench(layer, sight, arm.seed + 400);
+    float z;
+    switch (arm.gesture) {
+    case Gesture::Fist:
+        Pole(bench);
+        z = PoleZ;
+        break;
+    case Gesture::Pinch:
+        Pin(bench);
+        z = PinZ;
+        break;
+    case Gesture::FistFromBack:
+        Shaft(bench);
+        z = ShaftZ;
+        break;
+    default:
+        return;
+    }
+    const Mask hidden = hand.InFrontOf(z);
+    layer.CutOut(Mask(canvas.Width(), canvas.Height(), 1).Subtract(hidden));
+    // It throws a shadow on the palm behind it, and the fingers before it throw one on it.
+    Mask shadow(canvas.Width(), canvas.Height());
+    const Mask alpha = layer.Alpha();
+    const float s = sight.scale;
+    shadow.Each([&](float x, float y) { return alpha.Sample(x - 9 * s, y - 7 * s); });
+    canvas.Glaze(shadow.Blur(5 * s).Subtract(hidden).Multiply(canvas.Alpha()),
+                 Mix(palette::Slate, palette::Rust, 0.4f), 0.55f);
+    Mask under(canvas.Width(), canvas.Height());
+    under.Each([&](float x, float y) { return hidden.Sample(x - 7 * s, y - 8 * s); });
+    layer.Glaze(under.Blur(4 * s).Multiply(layer.Alpha()), palette::Ink, 0.8f);
+    canvas.Lay(layer, 0, 0);
+}
+
+static void Nails(Bench& bench)
+{
+    const float s = bench.sight.scale;
+    for (const float y : {-22.0f, -50.0f}) {
+        const Vector2 place = bench.sight({PoleX, y});
+        bench.ShadowOf(Ellipse(place, 7 * s, 7 * s), 5);
+        bench.Knob({PoleX, y}, 7.5f, Brass);
+        const int width = bench.canvas.Width(), height = bench.canvas.Height();
+        const Vector2 away = Vector2{2.4f, 2.2f} * s;
+        bench.canvas.Glaze(
+            Filled(width, height, Ellipse(place, 7 * s, 7 * s))
+                .Subtract(Filled(width, height, Ellipse(place - away, 7 * s, 7 * s)).Blur(1.2f * s)),
+            Mix(palette::Rust, palette::Ink, 0.3f), 1.1f);
+        bench.canvas.Cover(
+            Filled(width, height, Ellipse(place - away * 0.9f, 1.7f * s, 1.4f * s)).Blur(0.5f * s),
+            palette::Bone, 0.9f);
+    }
+}
+
+static void PinsPoint(Bench& bench)
+{
+    const float s = bench.sight.scale;
+    const std::vector<Vector2> way = {{PinX + 4, -18}, {PinX + 7, -40}, {PinX + 10, -60}};
+    bench.ShadowOf(
+        Shape(Limb(Through(bench.sight({way[0], {way[2].x + 6, way[2].y + 8}})), 2 * s, 2 * s, 0.5f * s)), 3);
+    bench.canvas.Cover(
+        Filled(bench.canvas.Width(), bench.canvas.Height(), Ellipse(bench.sight(way[0]), 4.6f * s, 3 * s))
+            .Blur(0.6f * s),
+        palette::Ink, 0.85f);
+    bench.Bar(way, 4.2f, 0.8f, Steel);
+}
+
+// Wax over two ends of a ribbon, with a tower pressed into it.
+static void Seal(Bench& bench)
+{
+    const float s = bench.sight.scale, y = -42;
+    const Stuff ribbon = {Mix(palette::Night, palette::Slate, 0.5f), palette::Ink, 1, 0.4f, 0.8f};
+    bench.Plate({{ShaftX - 14, y},
+                 {ShaftX - 32, y + 29},
+                 {ShaftX - 21, y + 27},
+                 {ShaftX - 16, y + 34},
+                 {ShaftX + 1, y + 6}},
+                ribbon, false);
+    bench.Plate({{ShaftX + 14, y},
+                 {ShaftX + 28, y + 30},
+                 {ShaftX + 18, y + 27},
+                 {ShaftX + 12, y + 33},
+                 {ShaftX - 2, y + 6}},
+                ribbon, false);
+    bench.ShadowOf(Ellipse(bench.sight({ShaftX, y}), 23 * s, 23 * s), 6);
+    bench.Plate({{ShaftX - 24, y - 4},
+                 {ShaftX - 15, y - 20},
+                 {ShaftX + 4, y - 25},
+                 {ShaftX + 21, y - 16},
+                 {ShaftX + 25, y + 3},
+                 {ShaftX + 15, y + 21},
+                 {ShaftX - 5, y + 23},
+                 {ShaftX - 20, y + 15}},
+                Wax, true);
+    bench.Lines({{{ShaftX - 15, y + 1},
+                  {ShaftX - 9, y - 12},
+                  {ShaftX + 4, y - 16},
+                  {ShaftX + 15, y - 7},
+                  {ShaftX + 15, y + 7},
+                  {ShaftX + 4, y + 15},
+                  {ShaftX - 10, y + 12},
+                  {ShaftX - 15, y + 1}}},
+                1.6f, palette::Ink, 0.6f);
+    bench.Lines({{{ShaftX - 5, y + 8}, {ShaftX - 4, y - 5}},
+                 {{ShaftX + 5, y + 8}, {ShaftX + 4, y - 5}},
+                 {{ShaftX - 7, y - 9}, {ShaftX - 7, y - 4}, {ShaftX + 7, y - 4}, {ShaftX + 7, y - 9}},
+                 {{ShaftX, y - 9}, {ShaftX, y - 5}}},
+                1.8f, palette::Ink, 0.7f);
+}
+
+void PaintFastening(Canvas& canvas, const Sight& sight, const Arm& arm)
+{
+    Bench bench(canvas, sight, arm.seed + 500);
+    switch (arm.gesture) {
+    case Gesture::Fist:
+        return Nails(bench);
+    case Gesture::Pinch:
+        return PinsPoint(bench);
+    case Gesture::FistFromBack:
+        return Seal(bench);
+    default:
+        return;
+    }
+}
+
+} // namespace atelier
