@@ -176,18 +176,36 @@ static void PaintTicks(const LanesToPaint& what, const PlacedTicks& ticks, Timel
     const bool hovered = what.hovered.ticks == &ticks;
     paint->Fill(middle - width / 2, ticks.top + headHeight * s, middle + width / 2, ticks.bottom - s,
                 hovered ? Faded(Night, 0.5f) : groupColour);
-    double last = -1e9;
+    // The glow of selected ones that stand close together is one, of even strength.
+    const double reach = 2 * s;
+    double glowStart = 0, glowEnd = -1e9;
+    const auto paintGlow = [&] {
+        if (glowEnd > glowStart && paint->HasRoom())
+            paint->Fill(glowStart, ticks.top, glowEnd, ticks.bottom, selectedGlow);
+    };
+    double last = -1e9, lastSelected = -1e9;
+    std::vector<double> lines;
     for (size_t i = 0; i < ticks.group.count; i++) {
         const size_t message = messageAt(i);
         const double x = TickX(what.contents, what.view, left, message);
         const bool selected = isSelected(message);
-        if ((x - last < closestLines * s && !selected) || !paint->HasRoom())
-            continue;
+        if (selected && x - reach > glowEnd) {
+            paintGlow();
+            glowStart = x - reach;
+        }
         if (selected)
-            paint->Fill(x - 2 * s, ticks.top, x + 2 * s, ticks.bottom, selectedGlow);
-        paint->Down(x, ticks.top + headHeight * s, ticks.bottom - s, Ink, 1);
+            glowEnd = x + reach;
+        if (x - (selected ? lastSelected : last) < closestLines * s)
+            continue;
+        lines.push_back(x);
         last = x;
+        if (selected)
+            lastSelected = x;
     }
+    paintGlow();
+    for (const double x : lines)
+        if (paint->HasRoom())
+            paint->Down(x, ticks.top + headHeight * s, ticks.bottom - s, Ink, 1);
     paint->Fill(middle - width / 2, ticks.top, middle + width / 2, ticks.top + headHeight * s, head);
 }
 

@@ -361,3 +361,45 @@ TEST_F(TimelinePanelEmpty, TakesAllThatTheMouseDoesOnAnEmptyScript)
     EXPECT_EQ("", script.document.Text());
     EXPECT_TRUE(state.selection.empty());
 }
+
+// 60 flashes in 1.8 s, which are one group of half a pixel from each to the next.
+class CrowdedTimelinePanel : public TimelinePanelMouse
+{
+protected:
+    CrowdedTimelinePanel() : TimelinePanelMouse(Flashes()) {}
+
+    static std::string Flashes()
+    {
+        std::string times = "10000";
+        for (int i = 1; i < 60; i++)
+            times += "," + std::to_string(10000 + 30 * i);
+        return EditedScript::Entry("WhiteFlashOverlay", 0, 60000, 1) +
+               EditedScript::Message("WhiteFlashOverlay", "flash", times);
+    }
+
+    // How many vertices it takes to show that these are selected.
+    int Cost(const std::vector<int>& selected)
+    {
+        state.selection.clear();
+        panel.Frame();
+        panel.Frame();
+        const int without = panel.Vertices();
+        for (const int time : selected)
+            state.selection.push_back({Block("flash"), time});
+        panel.Frame();
+        panel.Frame();
+        return panel.Vertices() - without;
+    }
+};
+
+TEST_F(CrowdedTimelinePanel, LaysOneGlowUnderSelectedMessagesThatTouch)
+{
+    ASSERT_EQ(1u, seen.Places().ticks.size());
+    std::vector<int> all;
+    for (int i = 0; i < 60; i++)
+        all.push_back(i);
+    EXPECT_EQ(4, Cost({0, 1}));
+    EXPECT_EQ(4, Cost(all));
+    // Two glows, 24 pixels apart, and the line of message 51, which as one of many stood too near to another's.
+    EXPECT_EQ(12, Cost({0, 3, 51, 54}));
+}
