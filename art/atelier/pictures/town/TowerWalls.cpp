@@ -225,7 +225,7 @@ static LinearColour FeatherColour(const Plumage::FeatherPlace& f, float h, float
 {
     const LinearColour head =
         Mix(Mix(palette::Night, palette::Slate, 0.6f), palette::Moss, 0.25f + 0.4f * own);
-    const LinearColour ring = Mix(palette::Bone, palette::Parchment, own) * 0.9f;
+    const LinearColour ring = Mix(palette::Bone, palette::Parchment, own) * 0.45f;
     const LinearColour copper = Mix(palette::Rust, palette::Ochre, 0.15f + 0.45f * own) * 1.15f;
     const LinearColour tail =
         Mix(Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Slate, 0.3f * own) * 0.8f;
@@ -237,8 +237,8 @@ static LinearColour FeatherColour(const Plumage::FeatherPlace& f, float h, float
     const float hem = Hill(0.13f, 0.085f, tip);
     c = Mix(c, Mix(palette::Mist, palette::ColdLight, 0.35f), 0.35f * hem * (1 - isCopper) * (1 - isRing));
     c = Mix(c, palette::Amber,
-            0.75f * Hill(0.24f, 0.12f, tip) * isCopper * (1 - isTail) * (0.35f + 0.65f * own));
-    c = Mix(c, palette::Ink, 0.85f * Hill(0.09f, 0.08f, tip) * isCopper * (1 - 0.6f * isTail));
+            0.55f * Hill(0.24f, 0.12f, tip) * isCopper * (1 - isTail) * (0.35f + 0.65f * own));
+    c = Mix(c, palette::Ink, 0.7f * Hill(0.09f, 0.08f, tip) * isCopper * (1 - 0.6f * isTail));
     const float bar = Fraction(f.v * 3.4f + 0.25f * Abs(f.u));
     c = Mix(c, Mix(palette::Ink, palette::Rust, 0.3f),
             0.75f * isTail * Smooth(0.55f, 0.62f, bar) * Smooth(1, 0.9f, bar));
@@ -273,7 +273,7 @@ static LinearColour TowerColour(float x, float y, const Plumage& plumage, const 
 
 // The sky behind the heads of the towers, between the threads of light, at a third more: the show draws the walls at
 // three quarters of their brightness.
-constexpr LinearColour SkyBehind = palette::Rust * 0.015f + palette::Slate * 0.065f;
+constexpr LinearColour SkyBehind = palette::Rust * 0.009f + palette::Slate * 0.075f;
 
 // Walls are round, and go into the dark towards their corners: of one that is seen edge-on a few pixels have to show
 // all of it, and where bright and dark lay side by side the strip would crawl.
@@ -335,7 +335,7 @@ static void DrawCrestFeather(Canvas& canvas, Pen& outline, Pen& shine, const Cre
 // tower's end is a crest of feathers against it, no two alike, each going out into the night.
 static void PaintCrest(Canvas& canvas, const Paper& paper)
 {
-    constexpr float Foot = WallTop + 86;
+    constexpr float Foot = WallTop + 76;
     const Noise edge(551, 32, 4);
     const Noise veil(557, 16, 8);
     const Mask above = Mask(Side, Side, 0, true).Each([&](float x, float y) {
@@ -357,11 +357,11 @@ static void PaintCrest(Canvas& canvas, const Paper& paper)
                     553 + uint32_t(row));
         Pen shine(rim, paper, {.width = 1.8f, .wobble = 0.4f, .wave = 16, .skip = 0.15f},
                   556 + uint32_t(row));
-        for (float x = dice.Range(0, 20); x < Size; x += dice.Range(15, 30)) {
-            const float tall = Mix(88, 44, float(row) / 2) * dice.Range(0.5f, 1.0f);
+        for (float x = dice.Range(0, 20); x < Size; x += dice.Range(17, 31)) {
+            const float tall = Mix(92, 46, float(row) / 2) * dice.Range(0.5f, 1.0f);
             const float foot = Foot + 4 * float(row) + dice.Range(-3, 5);
             const CrestFeather feather = {
-                {x, foot}, {x + dice.Range(-13, 13), Max(foot - tall, WallTop + 1)}, dice.Range(9, 14)};
+                {x, foot}, {x + dice.Range(-13, 13), Max(foot - tall, WallTop + 1)}, dice.Range(8.5f, 13)};
             const LinearColour low = Mix(Mix(palette::Night, palette::Slate, dice.Range(0.3f, 1.0f)),
                                          palette::Moss, dice.Range(0, 0.5f)) *
                                      Mix(1.1f, 1.8f, float(row) / 2) * Mix(0.22f, 1, middle(x));
@@ -369,7 +369,7 @@ static void PaintCrest(Canvas& canvas, const Paper& paper)
         }
         canvas.Cover(ink, palette::Ink, 0.9f);
         rim.Blur(0.7f).By([&](float x, float) { return Mix(0.06f, 1, middle(x)); });
-        canvas.Cover(rim, Mix(palette::Mist, palette::ColdLight, 0.25f), 0.26f + 0.10f * float(row));
+        canvas.Cover(rim, Mix(palette::Mist, palette::ColdLight, 0.25f), 0.28f + 0.10f * float(row));
     }
 }
 
@@ -418,7 +418,7 @@ Canvas TowerWalls()
     Mask ink(Side, Side, 0, true);
     Pen pen(ink, paper, {.width = 3.2f, .wobble = 1, .wave = 22, .skip = 0.3f}, 524);
     plumage.Draw(pen);
-    canvas.Cover(ink, palette::Ink, 0.85f);
+    canvas.Cover(ink, palette::Ink, 0.72f);
     ShadeEveryOtherWall(canvas);
     LightWindows(canvas, paper);
     PaintCrest(canvas, paper);
