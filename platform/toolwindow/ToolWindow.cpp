@@ -16,6 +16,7 @@
 #include <backends/imgui_impl_sdl.h>
 #endif
 #include <imgui.h>
+#include <imgui_internal.h> // for the darkness behind dialogs
 
 #include <algorithm>
 #include <cmath>
@@ -368,6 +369,9 @@ void ToolWindow::BeginFrame()
         ImGui::GetIO().MousePos = ImVec2(float(x), float(y));
     }
     ImGui::NewFrame();
+    // Behind a dialog the window is dark at once: each step of a transition would draw all of it anew.
+    ImGuiContext& gui = *ImGui::GetCurrentContext();
+    gui.DimBgRatio = ImGui::GetTopMostPopupModal() || gui.NavWindowingTarget ? 1.0f : 0.0f;
     for (int i = 0; i < 3; i++) {
         if (presses[i].isNew)
             ImGui::GetIO().MouseClickedPos[i] = ImVec2(presses[i].x, presses[i].y);

@@ -4,23 +4,49 @@
 #include "tests/support/desktop/Desktop.h"
 
 #include <gtest/gtest.h>
+#include <imgui.h>
 
 #include <cstdlib>
+#include <functional>
+#include <string>
+#include <vector>
 
 #include <X11/Xlib.h> // last: its macros have common names
 
-// An event for a window that is no more, as a thread sends it that wakes a window just then. Xlib would end the process.
-TEST(ToolWindowDesktop, OutlivesAnErrorOfTheXServer)
+class ToolWindowDesktop : public testing::Test
 {
-    Desktop desktop;
-    ASSERT_TRUE(desktop.Start(800, 600));
-    for (const std::string& row : desktop.Environment())
-        setenv(row.substr(0, row.find('=')).c_str(), row.substr(row.find('=') + 1).c_str(), 1);
-    XSetErrorHandler(nullptr); // Xlib's own, and not that of the desktop
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(desktop.Start(800, 600));
+        for (const std::string& row : desktop.Environment())
+            setenv(row.substr(0, row.find('=')).c_str(), row.substr(row.find('=') + 1).c_str(), 1);
+        XSetErrorHandler(nullptr); // Xlib's own, and not that of the desktop
+        std::string reason;
+        ASSERT_TRUE(window.Open({"tool", "tool"}, &reason)) << reason;
+    }
 
+    // Draws a frame and returns the colours of all that is in it.
+    std::vector<ImU32> Draw(const std::function<void()>& content)
+    {
+        window.BeginFrame();
+        content();
+        window.EndFrame();
+        std::vector<ImU32> colours;
+        const ImDrawData& data = *ImGui::GetDrawData();
+        for (int i = 0; i < data.CmdListsCount; i++)
+            for (const ImDrawVert& corner : data.CmdLists[i]->VtxBuffer)
+                colours.push_back(corner.col);
+        return colours;
+    }
+
+    Desktop desktop;
     platform::ToolWindow window;
-    std::string reason;
-    ASSERT_TRUE(window.Open({"tool", "tool"}, &reason)) << reason;
+};
+
+// An event for a window that is no more, as a thread sends it that wakes a window just then. Xlib would end the process.
+TEST_F(ToolWindowDesktop, OutlivesAnErrorOfTheXServer)
+{
     Display* const other = XOpenDisplay(nullptr);
     ASSERT_TRUE(other);
     XEvent event = {};
@@ -31,8 +57,22 @@ TEST(ToolWindowDesktop, OutlivesAnErrorOfTheXServer)
     XSendEvent(other, gone, False, NoEventMask, &event);
     XSync(other, False); // the error has come
     XCloseDisplay(other);
-
-    window.BeginFrame();
-    window.EndFrame();
+    Draw([] {});
     EXPECT_TRUE(desktop.WaitForWindow("tool"));
+}
+
+TEST_F(ToolWindowDesktop, IsDarkBehindADialogAtOnceAndNotStepByStep)
+{
+    const auto ask = [] {
+        ImGui::OpenPopup("Question");
+        ImGui::SetNextWindowPos({10, 10});
+        if (ImGui::BeginPopupModal("Question"))
+            ImGui::EndPopup();
+    };
+    const std::vector<ImU32> without = Draw([] {});
+    for (int i = 0; i < 3; i++)
+        Draw(ask); // ImGui lays the dialog out
+    const std::vector<ImU32> dark = Draw(ask);
+    EXPECT_NE(without, dark);
+    EXPECT_EQ(dark, Draw(ask));
 }
