@@ -71,13 +71,8 @@ Canvas& Canvas::Ground(const std::function<LinearColour(float x, float y)>& f)
 
 Canvas& Canvas::Cover(const Mask& mask, LinearColour colour, float opacity)
 {
-    for (int y = 0; y < height; y++)
-        for (int x = 0; x < width; x++) {
-            const float a = Clamp(mask.At(x, y) * opacity);
-            if (a > 0)
-                At(x, y) = Over(At(x, y), colour.r * a, colour.g * a, colour.b * a, a);
-        }
-    return *this;
+    return Cover(
+        mask, [colour](float, float) { return colour; }, opacity);
 }
 
 Canvas& Canvas::Cover(const Mask& mask, const std::function<LinearColour(float x, float y)>& colour,

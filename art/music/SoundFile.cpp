@@ -83,13 +83,18 @@ static bool SetSerialNumber(const std::string& path)
     return std::fclose(file) == 0 && whole;
 }
 
-bool WriteWave(const std::string& path, const Stereo& sound)
+static SNDFILE* OpenToWrite(const std::string& path, int format)
 {
     SF_INFO info = {};
     info.samplerate = sampleRate;
     info.channels = 2;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
-    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+    info.format = format;
+    return sf_open(path.c_str(), SFM_WRITE, &info);
+}
+
+bool WriteWave(const std::string& path, const Stereo& sound)
+{
+    SNDFILE* file = OpenToWrite(path, SF_FORMAT_WAV | SF_FORMAT_FLOAT);
     if (file == nullptr)
         return false;
     // Without it the header holds the time of writing.
@@ -100,11 +105,7 @@ bool WriteWave(const std::string& path, const Stereo& sound)
 
 bool WriteVorbis(const std::string& path, const Stereo& sound)
 {
-    SF_INFO info = {};
-    info.samplerate = sampleRate;
-    info.channels = 2;
-    info.format = SF_FORMAT_OGG | SF_FORMAT_VORBIS;
-    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+    SNDFILE* file = OpenToWrite(path, SF_FORMAT_OGG | SF_FORMAT_VORBIS);
     if (file == nullptr)
         return false;
     double amount = quality;

@@ -192,16 +192,6 @@ static Canvas Sky(const Tones& tones)
     return Squeezed(canvas, 1024, 1024);
 }
 
-static Canvas BlueSky()
-{
-    return Sky(Blue);
-}
-
-static Canvas AmberSky()
-{
-    return Sky(Amber);
-}
-
 // The clouds that come towards us. Hundreds of them lie over one another, so each is thin.
 constexpr int Size = 512;
 constexpr float Thickest = 0.33f;
@@ -292,8 +282,8 @@ PictureGroup FX_CloudsPictures()
 {
     // clang-format off
     PictureGroup group = {"FX_Clouds", {
-        {"Data/himmelarsch.jpg",    1024, 1024, Format::Jpeg,    BlueSky},
-        {"Data/himmelarschling.jpg", 1024, 1024, Format::Jpeg,   AmberSky},
+        {"Data/himmelarsch.jpg",    1024, 1024, Format::Jpeg,    [] { return Sky(Blue); }},
+        {"Data/himmelarschling.jpg", 1024, 1024, Format::Jpeg,   [] { return Sky(Amber); }},
         {"Data/cloud_5.png",         512,  512, Format::PngRgba, Cloud},
         {"Data/cloud_6.png",         512,  512, Format::PngRgba, Smoke},
         {"Data/greetings_01.png",    512,  512, Format::PngRgba, [] { return GreetingHand(0); }},

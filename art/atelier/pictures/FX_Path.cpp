@@ -97,15 +97,6 @@ static Canvas Window(bool lit)
     return shine.Lay(canvas, 0, 0);
 }
 
-static Canvas LitWindow()
-{
-    return Window(true);
-}
-static Canvas DarkWindow()
-{
-    return Window(false);
-}
-
 // It is laid twice over the whole view, once so large that only what lies within two thirds of the way to the
 // border is seen: one ring round the fire, one that opens and closes. Drawn in three goes of a brush that
 // does not come back to where it began; embers fly off it.
@@ -160,15 +151,15 @@ PictureGroup FX_PathPictures()
 {
     return {"FX_Path", {
         {"Data/budentextur.jpg",        1024, 1024, Format::Jpeg,    HouseWalls},
-        {"Data/licht-an.png",            512,  512, Format::PngRgba, LitWindow},
-        {"Data/licht-aus.png",           512,  512, Format::PngRgba, DarkWindow},
+        {"Data/licht-an.png",            512,  512, Format::PngRgba, [] { return Window(true); }},
+        {"Data/licht-aus.png",           512,  512, Format::PngRgba, [] { return Window(false); }},
         {"Data/teststreifen.png",       4096, 1024, Format::PngRgba, ScoreStrip},
         {"Data/ackerbau_tiled3.jpg",    1024, 1024, Format::Jpeg,    FieldTile},
         {"Data/ackerbau_tiled2.jpg",    2048, 2048, Format::Jpeg,    Plaza},
-        {"Data/skybox_left.jpg",        1024,  512, Format::Jpeg,    NightLeft},
-        {"Data/skybox_back.jpg",        1024,  512, Format::Jpeg,    NightBack},
-        {"Data/skybox_right.jpg",       1024,  512, Format::Jpeg,    NightRight},
-        {"Data/skybox_top.jpg",         1024, 1024, Format::Jpeg,    NightTop},
+        {"Data/skybox_left.jpg",        1024,  512, Format::Jpeg,    [] { return NightSky(SkyFace::Left); }},
+        {"Data/skybox_back.jpg",        1024,  512, Format::Jpeg,    [] { return NightSky(SkyFace::Back); }},
+        {"Data/skybox_right.jpg",       1024,  512, Format::Jpeg,    [] { return NightSky(SkyFace::Right); }},
+        {"Data/skybox_top.jpg",         1024, 1024, Format::Jpeg,    [] { return NightSky(SkyFace::Top); }},
         {"Data/ring.jpg",                512,  512, Format::Jpeg,    RingOfLight},
     }};
 }

@@ -6,23 +6,6 @@
 namespace atelier
 {
 
-static Canvas Sky1()
-{
-    return SkyPart(0);
-}
-static Canvas Sky2()
-{
-    return SkyPart(1);
-}
-static Canvas Sky3()
-{
-    return SkyPart(2);
-}
-static Canvas Sky4()
-{
-    return SkyPart(3);
-}
-
 // A spark: a small bright core in a soft dot, on black. It is also the tail of the fish and the fire of the
 // tree, where dozens of them lie over each other and are added up, so it falls off steeply and has hardly any
 // blue: the sum burns through rust and ochre to amber, and only where cores lie on cores to bone. The core is
@@ -55,10 +38,10 @@ static Canvas Spark()
 PictureGroup FX_Scroller_IntroPictures()
 {
     return {"FX_Scroller_Intro", {
-        {"Data/sky-background_01.jpg",      1024, 540, Format::Jpeg,    Sky1},
-        {"Data/sky-background_02.jpg",      1024, 540, Format::Jpeg,    Sky2},
-        {"Data/sky-background_03.jpg",      1024, 540, Format::Jpeg,    Sky3},
-        {"Data/sky-background_04.jpg",      1024, 540, Format::Jpeg,    Sky4},
+        {"Data/sky-background_01.jpg",      1024, 540, Format::Jpeg,    [] { return SkyPart(0); }},
+        {"Data/sky-background_02.jpg",      1024, 540, Format::Jpeg,    [] { return SkyPart(1); }},
+        {"Data/sky-background_03.jpg",      1024, 540, Format::Jpeg,    [] { return SkyPart(2); }},
+        {"Data/sky-background_04.jpg",      1024, 540, Format::Jpeg,    [] { return SkyPart(3); }},
         {"Data/partikel_2.jpg",              128, 128, Format::Jpeg,    Spark},
         {"Data/tessel-logo.png",            1024, 512, Format::PngRgba, TesselLogo},
         {"Data/black-chick.png",             512, 512, Format::PngRgba, BlackChick},

@@ -134,23 +134,6 @@ static const Canvas& TowerPanorama()
     return panorama;
 }
 
-static Canvas TowerLeft()
-{
-    return TowerPanorama().Crop(0, 0, 512, 512);
-}
-static Canvas TowerBack()
-{
-    return TowerPanorama().Crop(512, 0, 512, 512);
-}
-static Canvas TowerRight()
-{
-    return TowerPanorama().Crop(1024, 0, 512, 512);
-}
-static Canvas TowerFront()
-{
-    return TowerPanorama().Crop(1536, 0, 512, 512);
-}
-
 // A lamp in the middle, among the towers, throws its light both ways: a narrow waist, and rays that spread
 // and thin out in the haze.
 static Canvas Beam()
@@ -191,12 +174,12 @@ static Canvas Beam()
 PictureGroup FX_TowersPictures()
 {
     return {"FX_Towers", {
-        {"Data/fasanenbude.jpg",         1024, 1024, Format::Jpeg,    TowerWalls},
-        {"Data/spirograph.jpg",          1024, 1024, Format::Jpeg,    SpirographOfLight},
-        {"Data/skybox_tower_left.jpg",    512,  512, Format::Jpeg,    TowerLeft},
-        {"Data/skybox_tower_back.jpg",    512,  512, Format::Jpeg,    TowerBack},
-        {"Data/skybox_tower_right.jpg",   512,  512, Format::Jpeg,    TowerRight},
-        {"Data/skybox_tower_front.jpg",   512,  512, Format::Jpeg,    TowerFront},
+        {"Data/fasanenbude.jpg",         1024, 1024, Format::Jpeg, TowerWalls},
+        {"Data/spirograph.jpg",          1024, 1024, Format::Jpeg, SpirographOfLight},
+        {"Data/skybox_tower_left.jpg",    512,  512, Format::Jpeg, [] { return TowerPanorama().Crop(0, 0, 512, 512); }},
+        {"Data/skybox_tower_back.jpg",    512,  512, Format::Jpeg, [] { return TowerPanorama().Crop(512, 0, 512, 512); }},
+        {"Data/skybox_tower_right.jpg",   512,  512, Format::Jpeg, [] { return TowerPanorama().Crop(1024, 0, 512, 512); }},
+        {"Data/skybox_tower_front.jpg",   512,  512, Format::Jpeg, [] { return TowerPanorama().Crop(1536, 0, 512, 512); }},
         {"Data/beam_1.png",               512,   64, Format::PngRgba, Beam},
     }};
 }

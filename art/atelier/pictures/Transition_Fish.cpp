@@ -254,21 +254,12 @@ static const Canvas& WholeSkeleton()
     return skeleton;
 }
 
-static Canvas HeadCard()
-{
-    return WholeSkeleton().Crop(0, 0, 1024, H);
-}
-static Canvas TailCard()
-{
-    return WholeSkeleton().Crop(1024, 0, 512, H);
-}
-
 // clang-format off
 PictureGroup Transition_FishPictures()
 {
     return {"Transition_Fish", {
-        {"Data/fischgraeten_1.png",         1024, 1024, Format::PngRgba, HeadCard},
-        {"Data/fischgraeten_2.png",          512, 1024, Format::PngRgba, TailCard},
+        {"Data/fischgraeten_1.png", 1024, 1024, Format::PngRgba, [] { return WholeSkeleton().Crop(0, 0, 1024, H); }},
+        {"Data/fischgraeten_2.png",  512, 1024, Format::PngRgba, [] { return WholeSkeleton().Crop(1024, 0, 512, H); }},
     }};
 }
 // clang-format on

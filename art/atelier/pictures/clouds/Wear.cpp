@@ -297,7 +297,6 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     // A wire wound round the wrist, whose end looks for somebody.
     Mask wire(canvas.Width(), canvas.Height());
     Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 1, .skip = 0}, seed + 4);
-    std::vector<Vector2> coil;
     for (int turn = 0; turn < 5; turn++) {
         const float t = 0.14f + 0.036f * float(turn);
         const Line ring = limb.Ring(t, 1.06f, 14);

@@ -262,59 +262,49 @@ static Canvas Paint(const PaintedFace& face)
 }
 
 // clang-format off
-constexpr PaintedFace Left = {1024, 512,
-    [](float u, float v) { return Towards(-0.5f, (1 - v) * BoxHeight, 0.5f - u); },
-    [](const Direction& d, Vector2& uv) {
-        if (d.x > -0.01f)
-            return false;
-        uv = {0.5f - d.z / -d.x * 0.5f, 1 - d.y / -d.x * 0.5f / BoxHeight};
-        return true;
-    },
-    [](float u, float) { return 0.5f - u; }};
-constexpr PaintedFace Back = {1024, 512,
-    [](float u, float v) { return Towards(u - 0.5f, (1 - v) * BoxHeight, -0.5f); },
-    [](const Direction& d, Vector2& uv) {
-        if (d.z > -0.01f)
-            return false;
-        uv = {0.5f + d.x / -d.z * 0.5f, 1 - d.y / -d.z * 0.5f / BoxHeight};
-        return true;
-    },
-    [](float, float) { return -0.5f; }};
-constexpr PaintedFace Right = {1024, 512,
-    [](float u, float v) { return Towards(0.5f, (1 - v) * BoxHeight, u - 0.5f); },
-    [](const Direction& d, Vector2& uv) {
-        if (d.x < 0.01f)
-            return false;
-        uv = {0.5f + d.z / d.x * 0.5f, 1 - d.y / d.x * 0.5f / BoxHeight};
-        return true;
-    },
-    [](float u, float) { return u - 0.5f; }};
-constexpr PaintedFace Top = {1024, 1024,
-    [](float u, float v) { return Towards(u - 0.5f, BoxHeight, v - 0.5f); },
-    [](const Direction& d, Vector2& uv) {
-        if (d.y < 0.01f)
-            return false;
-        uv = {0.5f + d.x / d.y * BoxHeight, 0.5f + d.z / d.y * BoxHeight};
-        return true;
-    },
-    [](float, float v) { return v - 0.5f; }};
+constexpr PaintedFace Faces[] = { // in the order of SkyFace
+    {1024, 512,
+        [](float u, float v) { return Towards(-0.5f, (1 - v) * BoxHeight, 0.5f - u); },
+        [](const Direction& d, Vector2& uv) {
+            if (d.x > -0.01f)
+                return false;
+            uv = {0.5f - d.z / -d.x * 0.5f, 1 - d.y / -d.x * 0.5f / BoxHeight};
+            return true;
+        },
+        [](float u, float) { return 0.5f - u; }},
+    {1024, 512,
+        [](float u, float v) { return Towards(u - 0.5f, (1 - v) * BoxHeight, -0.5f); },
+        [](const Direction& d, Vector2& uv) {
+            if (d.z > -0.01f)
+                return false;
+            uv = {0.5f + d.x / -d.z * 0.5f, 1 - d.y / -d.z * 0.5f / BoxHeight};
+            return true;
+        },
+        [](float, float) { return -0.5f; }},
+    {1024, 512,
+        [](float u, float v) { return Towards(0.5f, (1 - v) * BoxHeight, u - 0.5f); },
+        [](const Direction& d, Vector2& uv) {
+            if (d.x < 0.01f)
+                return false;
+            uv = {0.5f + d.z / d.x * 0.5f, 1 - d.y / d.x * 0.5f / BoxHeight};
+            return true;
+        },
+        [](float u, float) { return u - 0.5f; }},
+    {1024, 1024,
+        [](float u, float v) { return Towards(u - 0.5f, BoxHeight, v - 0.5f); },
+        [](const Direction& d, Vector2& uv) {
+            if (d.y < 0.01f)
+                return false;
+            uv = {0.5f + d.x / d.y * BoxHeight, 0.5f + d.z / d.y * BoxHeight};
+            return true;
+        },
+        [](float, float v) { return v - 0.5f; }},
+};
 // clang-format on
 
-Canvas NightLeft()
+Canvas NightSky(SkyFace face)
 {
-    return Paint(Left);
-}
-Canvas NightBack()
-{
-    return Paint(Back);
-}
-Canvas NightRight()
-{
-    return Paint(Right);
-}
-Canvas NightTop()
-{
-    return Paint(Top);
+    return Paint(Faces[int(face)]);
 }
 
 } // namespace atelier

@@ -17,10 +17,8 @@ Canvas HouseWalls();
 Canvas TowerWalls();
 
 // The faces of the box of the night sky: from the box's middle, -x, -z, +x and up.
-Canvas NightLeft();
-Canvas NightBack();
-Canvas NightRight();
-Canvas NightTop();
+enum class SkyFace { Left, Back, Right, Top };
+Canvas NightSky(SkyFace face);
 
 // The score of the theme, eight bars on five staves, on a strip of paper.
 Canvas ScoreStrip();
