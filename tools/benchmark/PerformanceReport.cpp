@@ -244,8 +244,7 @@ static std::string Json(const std::string& driver, const std::vector<Row>& rows)
     json.Member("driver", driver);
     json.Member("width", width);
     json.Member("height", height);
-    json.Key("rows");
-    json.StartArray();
+    json.Key("rows").StartArray();
     for (const Row& row : rows) {
         json.StartObject();
         json.Member("name", row.name);

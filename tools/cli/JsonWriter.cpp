@@ -9,106 +9,31 @@
 namespace cli
 {
 
-JsonWriter::JsonWriter() : writer(text)
+JsonWriter::JsonWriter()
 {
-    writer.SetIndent(' ', 2);
+    Reset(text);
+    SetIndent(' ', 2);
 }
 
-void JsonWriter::StartObject()
-{
-    writer.StartObject();
-}
-
-void JsonWriter::EndObject()
-{
-    writer.EndObject();
-}
-
-void JsonWriter::StartArray()
-{
-    writer.StartArray();
-}
-
-void JsonWriter::EndArray()
-{
-    writer.EndArray();
-}
-
-void JsonWriter::Key(const std::string& name)
+JsonWriter& JsonWriter::Key(const std::string& name)
 {
     String(name);
+    return *this;
 }
 
 void JsonWriter::String(const std::string& value)
 {
     std::string valid; // RapidJSON would pass other bytes on as they are
     utf8::replace_invalid(value.begin(), value.end(), std::back_inserter(valid));
-    writer.String(valid.data(), rapidjson::SizeType(valid.size()));
-}
-
-void JsonWriter::Int64(int64_t value)
-{
-    writer.Int64(value);
+    Writer::String(valid.data(), rapidjson::SizeType(valid.size()));
 }
 
 void JsonWriter::Double(double value)
 {
     if (std::isfinite(value))
-        writer.Double(value);
+        Writer::Double(value);
     else
-        writer.Null();
-}
-
-void JsonWriter::Bool(bool value)
-{
-    writer.Bool(value);
-}
-
-void JsonWriter::Null()
-{
-    writer.Null();
-}
-
-void JsonWriter::Member(const std::string& name, const std::string& value)
-{
-    Key(name);
-    String(value);
-}
-
-void JsonWriter::Member(const std::string& name, const char* value)
-{
-    Key(name);
-    String(value);
-}
-
-void JsonWriter::Member(const std::string& name, int64_t value)
-{
-    Key(name);
-    Int64(value);
-}
-
-void JsonWriter::Member(const std::string& name, int value)
-{
-    Key(name);
-    Int64(value);
-}
-
-void JsonWriter::Member(const std::string& name, uint32_t value)
-{
-    Key(name);
-    Int64(value);
-}
-
-void JsonWriter::Member(const std::string& name, double value)
-{
-    Key(name);
-    Double(value);
-}
-
-void JsonWriter::Member(const std::string& name, bool value)
-{
-    Key(name);
-    Bool(value);
+        Null();
 }
 
 std::string JsonWriter::Finish() const

@@ -4,8 +4,7 @@
 //
 //     cli::JsonWriter json;
 //     json.StartObject();
-//     json.Key("effects");
-//     json.StartArray();
+//     json.Key("effects").StartArray();
 //     json.String("FX_Clouds");
 //     json.EndArray();
 //     json.Member("layer", 3);
@@ -22,38 +21,39 @@
 namespace cli
 {
 
-class JsonWriter
+class JsonWriter : rapidjson::PrettyWriter<rapidjson::StringBuffer>
 {
+    using Writer = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
+
 public:
     JsonWriter();
 
-    void StartObject();
-    void EndObject();
-    void StartArray();
-    void EndArray();
-    void Key(const std::string& name); // ahead of each value inside an object
+    using Writer::EndArray;
+    using Writer::EndObject;
+    using Writer::StartArray;
+    using Writer::StartObject;
+    JsonWriter& Key(const std::string& name); // ahead of each value inside an object
 
     void String(const std::string& value); // what is not UTF-8 in it becomes U+FFFD
-    void Int64(int64_t value);
+    using Writer::Int64;
     void Double(double value); // the shortest form that reads back the same; null for infinities and NaN
-    void Bool(bool value);
-    void Null();
+    using Writer::Bool;
+    using Writer::Null;
 
     // Key and value in one.
-    void Member(const std::string& name, const std::string& value);
-    void Member(const std::string& name, const char* value); // else a literal would become a bool
-    void Member(const std::string& name, int64_t value);
-    void Member(const std::string& name, int value);
-    void Member(const std::string& name, uint32_t value);
-    void Member(const std::string& name, double value);
-    void Member(const std::string& name, bool value);
+    void Member(const std::string& name, const std::string& value) { Key(name).String(value); }
+    void Member(const std::string& name, const char* value) { Key(name).String(value); } // and no bool
+    void Member(const std::string& name, int64_t value) { Key(name).Int64(value); }
+    void Member(const std::string& name, int value) { Key(name).Int64(value); }
+    void Member(const std::string& name, uint32_t value) { Key(name).Int64(value); }
+    void Member(const std::string& name, double value) { Key(name).Double(value); }
+    void Member(const std::string& name, bool value) { Key(name).Bool(value); }
 
     // The whole text with a line end. Everything that was started has been ended.
     std::string Finish() const;
 
 private:
     rapidjson::StringBuffer text;
-    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer;
 };
 
 } // namespace cli

@@ -58,8 +58,7 @@ std::string UserSettings::ToJson() const
     json.Member("snapToBars", snap.toBars);
     json.Member("snapToMessages", snap.toMessages);
     json.Member("snapToEdges", snap.toEdges);
-    json.Key("scripts");
-    json.StartArray();
+    json.Key("scripts").StartArray();
     for (const ScriptMemory& memory : scripts) {
         json.StartObject();
         json.Member("path", memory.path);
@@ -68,8 +67,7 @@ std::string UserSettings::ToJson() const
         json.Member("beatsPerBar", memory.tempo.beatsPerBar);
         json.Member("loopStart", memory.loopStart);
         json.Member("loopEnd", memory.loopEnd);
-        json.Key("markers");
-        json.StartArray();
+        json.Key("markers").StartArray();
         for (const double marker : memory.markers)
             json.Double(marker);
         json.EndArray();

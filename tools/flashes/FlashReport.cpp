@@ -39,8 +39,7 @@ std::string TextOf(const FlashMeter& meter)
 
 static void AddPeak(cli::JsonWriter* json, const char* name, const Peak& peak)
 {
-    json->Key(name);
-    json->StartObject();
+    json->Key(name).StartObject();
     json->Member("flashes", peak.flashes);
     json->Member("time", peak.flashes > 0 ? peak.time : std::nan("")); // null
     json->EndObject();
@@ -53,8 +52,7 @@ std::string JsonOf(const FlashMeter& meter)
     json.Member("limit", Limit);
     AddPeak(&json, "field", meter.field);
     AddPeak(&json, "picture", meter.picture);
-    json.Key("above");
-    json.StartArray();
+    json.Key("above").StartArray();
     for (const Stretch& stretch : meter.above) {
         json.StartObject();
         json.Member("from", stretch.from);

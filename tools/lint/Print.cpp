@@ -4,6 +4,7 @@
 #include "tools/cli/JsonWriter.h"
 #include "tools/cli/Terminal.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace lint
@@ -29,18 +30,14 @@ static std::string Minutes(uint32_t time)
 
 static long KeptEntries(const Show& show)
 {
-    long count = 0;
-    for (const ShownEntry& entry : show.entries)
-        count += entry.kept ? 1 : 0;
-    return count;
+    return std::count_if(show.entries.begin(), show.entries.end(),
+                         [](const ShownEntry& entry) { return entry.kept; });
 }
 
 static long KeptMessages(const Show& show)
 {
-    long count = 0;
-    for (const SentMessage& message : show.messages)
-        count += message.kept ? 1 : 0;
-    return count;
+    return std::count_if(show.messages.begin(), show.messages.end(),
+                         [](const SentMessage& message) { return message.kept; });
 }
 
 // A short summary of the show: how many entries and messages, how long, how long to load.
@@ -91,8 +88,7 @@ std::string PrintText(const std::string& file, const Report& report, bool colour
 
 static void PrintFixes(const std::vector<Fix>& fixes, cli::JsonWriter* json)
 {
-    json->Key("fixes");
-    json->StartArray();
+    json->Key("fixes").StartArray();
     for (const Fix& fix : fixes) {
         json->StartObject();
         json->Member("begin", int64_t(fix.begin));
@@ -111,8 +107,7 @@ std::string PrintJson(const std::string& file, const Report& report, const Check
     json.Member("errors", report.Count(Error));
     json.Member("warnings", report.Count(Warning));
     json.Member("notes", report.Count(Note));
-    json.Key("findings");
-    json.StartArray();
+    json.Key("findings").StartArray();
     for (const Finding& finding : report.findings) {
         json.StartObject();
         json.Member("severity", NameOf(finding.severity));
@@ -136,8 +131,7 @@ std::string PrintJson(const std::string& file, const Report& report, const Check
     }
     json.EndArray();
     json.Member("findingsLeftOut", int64_t(report.findingsLeftOut));
-    json.Key("show");
-    json.StartObject();
+    json.Key("show").StartObject();
     json.Member("offset", options.startOffset);
     json.Member("entries", int64_t(KeptEntries(report.show)));
     json.Member("messages", int64_t(KeptMessages(report.show)));

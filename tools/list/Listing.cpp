@@ -22,14 +22,12 @@ std::string JsonOfProduction()
     RegisterEffects(&registry);
     cli::JsonWriter json;
     json.StartObject();
-    json.Key("effects");
-    json.StartArray();
+    json.Key("effects").StartArray();
     for (const RegisteredEffect& row : registry.effects) {
         json.StartObject();
         json.Member("name", row.name);
         json.Member("description", row.description);
-        json.Key("messages");
-        json.StartArray();
+        json.Key("messages").StartArray();
         for (const SynchMessageDeclaration& message : registry.GetMessageTable()->entries) {
             if (message.owner != row.effect)
                 continue;
