@@ -17,25 +17,19 @@ CurvePoint& CurvePoint::operator=(const CurvePoint& p)
 
 bool CurvePoint::operator+=(const CurvePoint& p)
 {
-    x += p.x;
-    y += p.y;
-    z += p.z;
+    *this = *this + p;
     return true;
 }
 
 bool CurvePoint::operator-=(const CurvePoint& p)
 {
-    x -= p.x;
-    y -= p.y;
-    z -= p.z;
+    *this = *this - p;
     return true;
 }
 
 bool CurvePoint::operator*=(float s)
 {
-    x *= s;
-    y *= s;
-    z *= s;
+    *this = *this * s;
     return true;
 }
 

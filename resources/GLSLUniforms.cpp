@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "resources/GLSLUniforms.h"
 
-static bool IsComponentCount(int size)
-{
-    return size >= 1 && size <= 4;
-}
-
 static bool CanAsk(const GLSLShader* shader)
 {
     return shader && glGetUniformLocationARB;
@@ -16,91 +11,47 @@ static GLint LocationOf(const GLSLShader* shader, const std::string& name)
     return glGetUniformLocationARB(shader->program, name.c_str());
 }
 
-void GLSLUniformFloat::Init(GLSLShader* shader, std::string name, int componentCount)
+void GLSLUniform::Init(GLSLShader* shader, std::string name, int newSize)
 {
-    if (!IsComponentCount(componentCount) || !CanAsk(shader))
+    if (newSize < 1 || newSize > 4 || !CanAsk(shader))
         return;
     valid = 1;
     location = LocationOf(shader, name);
-    size = componentCount;
+    size = newSize;
+}
+
+bool GLSLUniform::CanSet(const void* values, int largest) const
+{
+    return valid && values && size >= 1 && size <= largest;
 }
 
 bool GLSLUniformFloat::Set(const float* values)
 {
-    if (!valid || !values)
+    if (!CanSet(values, 4))
         return false;
-    switch (size) {
-    case 1:
-        glUniform1fvARB(location, 1, values);
-        return true;
-    case 2:
-        glUniform2fvARB(location, 1, values);
-        return true;
-    case 3:
-        glUniform3fvARB(location, 1, values);
-        return true;
-    case 4:
-        glUniform4fvARB(location, 1, values);
-        return true;
-    }
-    return false;
-}
-
-void GLSLUniformInt::Init(GLSLShader* shader, std::string name, int componentCount)
-{
-    if (!IsComponentCount(componentCount) || !CanAsk(shader))
-        return;
-    valid = 1;
-    location = LocationOf(shader, name);
-    size = componentCount;
+    const PFNGLUNIFORM1FVARBPROC set[] = {glUniform1fvARB, glUniform2fvARB, glUniform3fvARB, glUniform4fvARB};
+    set[size - 1](location, 1, values);
+    return true;
 }
 
 bool GLSLUniformInt::Set(const int* values)
 {
-    if (!valid || !values)
+    if (!CanSet(values, 4))
         return false;
-    switch (size) {
-    case 1:
-        glUniform1ivARB(location, 1, values);
-        return true;
-    case 2:
-        glUniform2ivARB(location, 1, values);
-        return true;
-    case 3:
-        glUniform3ivARB(location, 1, values);
-        return true;
-    case 4:
-        glUniform4ivARB(location, 1, values);
-        return true;
-    }
-    return false;
-}
-
-void GLSLUniformMatrix::Init(GLSLShader* shader, std::string name, int matrixSize)
-{
-    if (!IsComponentCount(matrixSize) || !CanAsk(shader))
-        return;
-    valid = 1;
-    location = LocationOf(shader, name);
-    size = matrixSize;
+    const PFNGLUNIFORM1IVARBPROC set[] = {glUniform1ivARB, glUniform2ivARB, glUniform3ivARB, glUniform4ivARB};
+    set[size - 1](location, 1, values);
+    return true;
 }
 
 bool GLSLUniformMatrix::Set(const float* values)
 {
-    if (!valid || !values)
+    if (!CanSet(values, 3))
         return false;
-    switch (size) { // one below the dimension: that is how effects count here
-    case 1:
-        glUniformMatrix2fvARB(location, 1, GL_FALSE, values);
-        return true;
-    case 2:
-        glUniformMatrix3fvARB(location, 1, GL_FALSE, values);
-        return true;
-    case 3:
-        glUniformMatrix4fvARB(location, 1, GL_FALSE, values);
-        return true;
-    }
-    return false;
+    // One below the dimension: that is how effects count here.
+    const PFNGLUNIFORMMATRIX2FVARBPROC set[] = {glUniformMatrix2fvARB, glUniformMatrix3fvARB,
+                                                glUniformMatrix4fvARB};
+    set[size - 1](location, 1, GL_FALSE, values);
+    return true;
 }
 
 void GLSLUniformSampler::Init(GLSLShader* shader, std::string name)

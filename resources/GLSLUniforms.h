@@ -9,39 +9,39 @@
 
 #include <string>
 
-class GLSLUniformFloat
+class GLSLUniform
 {
 public:
-    void Init(GLSLShader* shader, std::string name, int size); // size: components, 1 to 4
-    bool Set(const float* values);                             // size floats; false if nothing was set
+    // size: components, 1 to 4; what it is of a matrix stands there.
+    void Init(GLSLShader* shader, std::string name, int size);
 
     int valid = 0;
     int size = 0;
     GLint location = -1;
+
+protected:
+    bool CanSet(const void* values, int largestSize) const;
 };
 
-class GLSLUniformInt
+// Set takes as many numbers as components; false if nothing was set.
+class GLSLUniformFloat : public GLSLUniform
 {
 public:
-    void Init(GLSLShader* shader, std::string name, int size); // size: components, 1 to 4
-    bool Set(const int* values);                               // size ints; false if nothing was set
+    bool Set(const float* values);
+};
 
-    int valid = 0;
-    int size = 0;
-    GLint location = -1;
+class GLSLUniformInt : public GLSLUniform
+{
+public:
+    bool Set(const int* values);
 };
 
 // Square matrices, column-major. size is one below the dimension: 1 for 2x2, 2 for 3x3, 3 for 4x4. Init takes
 // 4, too, but nothing is set then.
-class GLSLUniformMatrix
+class GLSLUniformMatrix : public GLSLUniform
 {
 public:
-    void Init(GLSLShader* shader, std::string name, int size);
-    bool Set(const float* values); // false if nothing was set
-
-    int valid = 0;
-    int size = 0;
-    GLint location = -1;
+    bool Set(const float* values);
 };
 
 class GLSLUniformSampler

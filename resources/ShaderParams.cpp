@@ -24,22 +24,9 @@ void ShaderFloatParam::Set(const float* values, int count)
     if (!values)
         return;
     size = count;
-    if (!CanSet())
-        return;
-    switch (count) { // the count goes to GL as it is, where 1 might be expected: see the header
-    case 1:
-        glUniform1fvARB(location, count, values);
-        break;
-    case 2:
-        glUniform2fvARB(location, count, values);
-        break;
-    case 3:
-        glUniform3fvARB(location, count, values);
-        break;
-    case 4:
-        glUniform4fvARB(location, count, values);
-        break;
-    }
+    const PFNGLUNIFORM1FVARBPROC set[] = {glUniform1fvARB, glUniform2fvARB, glUniform3fvARB, glUniform4fvARB};
+    if (CanSet() && count >= 1 && count <= 4)
+        set[count - 1](location, count, values); // as it is, where 1 might be expected: see the header
 }
 
 ShaderIntParam::ShaderIntParam(ShaderProgram* program, const char* name) : location(LocationOf(program, name))
@@ -51,22 +38,9 @@ void ShaderIntParam::Set(const int* values, int count)
     if (!values)
         return;
     size = count;
-    if (!CanSet())
-        return;
-    switch (count) {
-    case 1:
-        glUniform1ivARB(location, count, values);
-        break;
-    case 2:
-        glUniform2ivARB(location, count, values);
-        break;
-    case 3:
-        glUniform3ivARB(location, count, values);
-        break;
-    case 4:
-        glUniform4ivARB(location, count, values);
-        break;
-    }
+    const PFNGLUNIFORM1IVARBPROC set[] = {glUniform1ivARB, glUniform2ivARB, glUniform3ivARB, glUniform4ivARB};
+    if (CanSet() && count >= 1 && count <= 4)
+        set[count - 1](location, count, values);
 }
 
 ShaderMatrixParam::ShaderMatrixParam(ShaderProgram* program, const char* name)
@@ -80,19 +54,10 @@ void ShaderMatrixParam::Set(const float* values, int size)
         return;
     rows = size;
     columns = size;
-    if (!CanSet())
-        return;
-    switch (size) {
-    case 2:
-        glUniformMatrix2fvARB(location, size, GL_FALSE, values);
-        break;
-    case 3:
-        glUniformMatrix3fvARB(location, size, GL_FALSE, values);
-        break;
-    case 4:
-        glUniformMatrix4fvARB(location, size, GL_FALSE, values);
-        break;
-    }
+    const PFNGLUNIFORMMATRIX2FVARBPROC set[] = {glUniformMatrix2fvARB, glUniformMatrix3fvARB,
+                                                glUniformMatrix4fvARB};
+    if (CanSet() && size >= 2 && size <= 4)
+        set[size - 2](location, size, GL_FALSE, values);
 }
 
 ShaderSampler::ShaderSampler(ShaderProgram* program, const char* name) : location(LocationOf(program, name))

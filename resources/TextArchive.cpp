@@ -16,16 +16,6 @@ TextArchiveReader::TextArchiveReader(std::string path)
         file.open(resolved);
 }
 
-bool TextArchiveReader::IsGood() const
-{
-    return file.is_open() && !file.fail();
-}
-
-void TextArchiveReader::Close()
-{
-    file.close();
-}
-
 // The stream itself stores a zero or a limit when it fails. Going by way of a local keeps the value, and
 // above all keeps a count of 99999999999 from turning into the largest int.
 void TextArchiveReader::ReadInt(int* value)
@@ -102,9 +92,8 @@ void TextArchiveReader::ReadInts(std::vector<int>* list)
 {
     const int count = ReadCount();
     for (int i = 0; HasItem(i, count); ++i) {
-        int item = 0;
-        ReadInt(&item);
-        list->push_back(item);
+        list->push_back(0);
+        ReadInt(&list->back());
     }
 }
 
@@ -112,9 +101,8 @@ void TextArchiveReader::ReadFloats(std::vector<float>* list)
 {
     const int count = ReadCount();
     for (int i = 0; HasItem(i, count); ++i) {
-        float item = 0.0f;
-        ReadFloat(&item);
-        list->push_back(item);
+        list->push_back(0.0f);
+        ReadFloat(&list->back());
     }
 }
 
@@ -136,23 +124,20 @@ void TextArchiveReader::ReadModel(Model* model)
 
     const int vertexCount = ReadCount();
     for (int i = 0; HasItem(i, vertexCount); ++i) {
-        Vector3 vertex;
-        ReadVector3(&vertex);
-        model->vertices.push_back(vertex);
+        model->vertices.emplace_back();
+        ReadVector3(&model->vertices.back());
     }
 
     const int normalCount = ReadCount();
     for (int i = 0; HasItem(i, normalCount); ++i) {
-        Vector3 normal;
-        ReadVector3(&normal);
-        model->normals.push_back(normal);
+        model->normals.emplace_back();
+        ReadVector3(&model->normals.back());
     }
 
     const int texCoordCount = ReadCount();
     for (int i = 0; HasItem(i, texCoordCount); ++i) {
-        Vec2 texCoord;
-        ReadVec2(&texCoord);
-        model->texCoords.push_back(texCoord);
+        model->texCoords.emplace_back();
+        ReadVec2(&model->texCoords.back());
     }
 
     const int faceCount = ReadCount();
@@ -191,16 +176,6 @@ TextArchiveWriter::TextArchiveWriter(std::string path)
 {
     file.imbue(std::locale::classic());
     file.open(platform::ResolvePath(path));
-}
-
-bool TextArchiveWriter::IsGood() const
-{
-    return file.is_open() && !file.fail();
-}
-
-void TextArchiveWriter::Close()
-{
-    file.close();
 }
 
 void TextArchiveWriter::WriteInt(int value)

@@ -62,8 +62,8 @@ public:
     // The path may carry the data directory in any spelling (platform/Paths.h). Only a regular file opens.
     explicit TextArchiveReader(std::string path);
 
-    bool IsGood() const; // open, and no read has failed
-    void Close();        // all further reads do nothing
+    bool IsGood() const { return file.is_open() && !file.fail(); } // open, and no read has failed
+    void Close() { file.close(); }                                 // all further reads do nothing
 
     void ReadInt(int* value);
     void ReadFloat(float* value);
@@ -107,8 +107,9 @@ public:
     // The path may carry the data directory in any spelling (platform/Paths.h).
     explicit TextArchiveWriter(std::string path);
 
-    bool IsGood() const; // open, and all that was written so far was taken
-    void Close();
+    // Open, and all that was written so far was taken.
+    bool IsGood() const { return file.is_open() && !file.fail(); }
+    void Close() { file.close(); }
 
     void WriteInt(int value);
     void WriteFloat(float value);

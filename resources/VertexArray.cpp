@@ -3,6 +3,7 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 
@@ -12,6 +13,8 @@ static const int NormalBuffer = 1;
 static const int ColourBuffer = 2;
 static const int TextureBuffer = 3;
 static const int BufferCount = 7;
+
+static const unsigned unitAttributes[] = {VertexTexture0, VertexTexture1, VertexTexture2, VertexTexture3};
 
 // Set by the first upload in the process. From then on a buffer may be left bound, in whichever context, and
 // GL would take a pointer into memory for an offset into that buffer.
@@ -37,38 +40,20 @@ VertexArray::~VertexArray()
 bool VertexArray::LayOut()
 {
     size_t floats = 0;
-    if (Has(VertexPosition)) {
-        positionOffset = static_cast<unsigned>(floats);
-        floats += size_t(3) * vertexCapacity;
-    }
-    if (Has(VertexNormal)) {
-        normalOffset = static_cast<unsigned>(floats);
-        floats += size_t(3) * vertexCapacity;
-    }
-    if (Has(VertexColourRGB)) {
-        colourOffset = static_cast<unsigned>(floats);
-        floats += size_t(3) * vertexCapacity;
-    }
-    if (Has(VertexColourRGBA)) {
-        colourOffset = static_cast<unsigned>(floats); // one field for both: the RGB block stays unused
-        floats += size_t(4) * vertexCapacity;
-    }
-    if (Has(VertexTexture0)) {
-        texCoordOffset[0] = static_cast<unsigned>(floats);
-        floats += size_t(2) * vertexCapacity;
-    }
-    if (Has(VertexTexture1)) {
-        texCoordOffset[1] = static_cast<unsigned>(floats);
-        floats += size_t(2) * vertexCapacity;
-    }
-    if (Has(VertexTexture2)) {
-        texCoordOffset[2] = static_cast<unsigned>(floats);
-        floats += size_t(3) * vertexCapacity; // one more than AddVertex stores
-    }
-    if (Has(VertexTexture3)) {
-        texCoordOffset[3] = static_cast<unsigned>(floats);
-        floats += size_t(2) * vertexCapacity;
-    }
+    const auto addBlock = [&](unsigned attribute, unsigned* offset, unsigned floatsPerVertex) {
+        if (!Has(attribute))
+            return;
+        *offset = static_cast<unsigned>(floats);
+        floats += size_t(floatsPerVertex) * vertexCapacity;
+    };
+    addBlock(VertexPosition, &positionOffset, 3);
+    addBlock(VertexNormal, &normalOffset, 3);
+    addBlock(VertexColourRGB, &colourOffset, 3);
+    addBlock(VertexColourRGBA, &colourOffset, 4); // one field for both: the RGB block stays unused
+    addBlock(VertexTexture0, &texCoordOffset[0], 2);
+    addBlock(VertexTexture1, &texCoordOffset[1], 2);
+    addBlock(VertexTexture2, &texCoordOffset[2], 3); // one more than AddVertex stores
+    addBlock(VertexTexture3, &texCoordOffset[3], 2);
     if (floats > UINT_MAX)
         return false;
     data = static_cast<float*>(calloc(floats + 1, sizeof(float))); // + 1: null means that there is none
@@ -173,10 +158,14 @@ void VertexArray::Draw(int mode)
 bool VertexArray::IndicesAreInside() const
 {
     const unsigned limit = bufferIds ? uploadedCount : vertexCapacity;
-    for (unsigned i = 0; i < indexCount; ++i)
-        if (indices[i] >= limit)
-            return false;
-    return true;
+    return std::all_of(indices, indices + indexCount, [limit](unsigned index) { return index < limit; });
+}
+
+static void EnableUnit(unsigned unit)
+{
+    glClientActiveTexture(GL_TEXTURE0 + unit);
+    glEnable(GL_TEXTURE_2D);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
 }
 
 void VertexArray::BindFromMemory()
@@ -207,32 +196,17 @@ void VertexArray::BindFromMemory()
         glEnableClientState(GL_TEXTURE_COORD_ARRAY);
         glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[0]);
     }
-    if (Has(VertexTexture1)) {
-        glClientActiveTexture(GL_TEXTURE1);
-        glEnable(GL_TEXTURE_2D);
-        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]);
-    }
-    // The last two units share the block of unit 1.
-    if (Has(VertexTexture2)) {
-        glClientActiveTexture(GL_TEXTURE2);
-        glEnable(GL_TEXTURE_2D);
-        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]);
-    }
-    if (Has(VertexTexture3)) {
-        glClientActiveTexture(GL_TEXTURE3);
-        glEnable(GL_TEXTURE_2D);
-        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]);
+    for (unsigned unit = 1; unit < 4; ++unit) {
+        if (!Has(unitAttributes[unit]))
+            continue;
+        EnableUnit(unit);
+        glTexCoordPointer(2, GL_FLOAT, 0, data + texCoordOffset[1]); // the last two share the block of unit 1
     }
 }
 
-static void PointUnitAtBuffer(GLenum unit, unsigned buffer, int floatsPerVertex)
+static void PointUnitAtBuffer(unsigned unit, unsigned buffer, int floatsPerVertex)
 {
-    glClientActiveTexture(unit);
-    glEnable(GL_TEXTURE_2D);
-    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    EnableUnit(unit);
     glBindBufferARB(GL_ARRAY_BUFFER_ARB, buffer);
     glTexCoordPointer(floatsPerVertex, GL_FLOAT, 0, nullptr);
 }
@@ -260,15 +234,15 @@ void VertexArray::BindFromBuffers()
         glColorPointer(4, GL_FLOAT, 0, nullptr);
     }
     if (Has(VertexTexture0))
-        PointUnitAtBuffer(GL_TEXTURE0, bufferIds[TextureBuffer + 0], 2);
+        PointUnitAtBuffer(0, bufferIds[TextureBuffer + 0], 2);
     if (Has(VertexTexture1))
-        PointUnitAtBuffer(GL_TEXTURE1, bufferIds[TextureBuffer + 1], 2);
+        PointUnitAtBuffer(1, bufferIds[TextureBuffer + 1], 2);
     if (Has(VertexTexture2))
-        PointUnitAtBuffer(GL_TEXTURE2, bufferIds[TextureBuffer + 2], 3);
+        PointUnitAtBuffer(2, bufferIds[TextureBuffer + 2], 3);
     if (Has(VertexTexture3)) {
         // The name is 0, so the pointer is the address 0, and a draw would read there. Switching the array
         // off again leaves every other call as it is and the unit with one constant coordinate.
-        PointUnitAtBuffer(GL_TEXTURE3, bufferIds[TextureBuffer + 3], 2);
+        PointUnitAtBuffer(3, bufferIds[TextureBuffer + 3], 2);
         glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     }
 }
@@ -282,9 +256,8 @@ void VertexArray::Unbind()
     if (Has(VertexColourRGB | VertexColourRGBA))
         glDisableClientState(GL_COLOR_ARRAY);
 
-    static const unsigned units[] = {VertexTexture0, VertexTexture1, VertexTexture2, VertexTexture3};
     for (unsigned unit = 0; unit < 4; ++unit) {
-        if (!Has(units[unit]))
+        if (!Has(unitAttributes[unit]))
             continue;
         glClientActiveTexture(GL_TEXTURE0 + unit);
         glDisable(GL_TEXTURE_2D);
