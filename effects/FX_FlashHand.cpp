@@ -10,6 +10,8 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
+
 static const float fallSpeed = 0.2f; // of flash, 1/s: linear, not a decay
 static const float darkest = 0.001f; // below it nothing is drawn
 
@@ -93,9 +95,6 @@ void FX_FlashHand::Render()
 
 void FX_FlashHand::DrawPhoto() const
 {
-    float o = firstOverhang - shrinkSpeed * (1 - flash);
-    if (o < 0)
-        o = 0;
-    o -= restInside;
+    const float o = std::max(firstOverhang - shrinkSpeed * (1 - flash), 0.0f) - restInside;
     DrawRectangle(frameLeft - o, frameBottom - o, frameRight + o, frameTop + o);
 }

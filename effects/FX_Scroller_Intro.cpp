@@ -14,6 +14,7 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
 #include <cstdio>
 
 // This effect's own figure of pi. It is not to be made more exact.
@@ -174,10 +175,7 @@ void FX_Scroller_Intro::SamplePath(float t, float* outX, float* outY, const std:
     const int n = int(path.size() / 2);
     if (n < 2)
         return;
-    if (t < 0)
-        t = 0;
-    if (t > 1)
-        t = 1;
+    t = std::clamp(t, 0.0f, 1.0f);
     // There are n steps for n - 1 segments. On the last step the spark rests a third of the way along.
     int index = int(n * t);
     int next = index + 1;
@@ -185,11 +183,7 @@ void FX_Scroller_Intro::SamplePath(float t, float* outX, float* outY, const std:
         index = n - 2;
         next = index / 3;
     }
-    float f = (t - index / float(n)) / (1 / float(n));
-    if (f < 0)
-        f = 0;
-    if (f > 1)
-        f = 1;
+    const float f = std::clamp((t - index / float(n)) / (1 / float(n)), 0.0f, 1.0f);
     *outX = (1 - f) * path[2 * index] + f * path[2 * next];
     *outY = (1 - f) * path[2 * index + 1] + f * path[2 * next + 1];
 }
@@ -236,9 +230,7 @@ void FX_Scroller_Intro::AdvanceScroll()
 
 void FX_Scroller_Intro::RenderSky()
 {
-    float v = localTime * localTime * localTime * skyRise;
-    if (v > 1)
-        v = 1;
+    const float v = std::min(localTime * localTime * localTime * skyRise, 1.0f);
     const float c = CosF((1 - v) * scrollerPi / 2);
     for (int i = 0; i < 4; i++) {
         char trace[64];
@@ -332,9 +324,7 @@ void FX_Scroller_Intro::RenderClosingLogo()
         if (logoFadingIn)
             logoHidden -= FrameTimer::GetDelta() * logoHidden;
         glEnable(GL_BLEND);
-        float m = fade * logoFadeFactor;
-        if (m > 1)
-            m = 1;
+        const float m = std::min(fade * logoFadeFactor, 1.0f);
         glColor4f(1, 1, 1, (1 - logoHidden) * m);
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
         DrawRectangle(closingLogoLeft, closingLogoBottom, closingLogoRight, closingLogoTop);

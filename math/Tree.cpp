@@ -6,6 +6,7 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
 #include <cmath>
 
 // The quotient without its fraction. 0 for one that is negative, not a number or too large for an int: that comes
@@ -131,10 +132,8 @@ void Tree::AddNode(const TreeNode* node, float level)
         k = int(grown);
 
     for (int i = 0; i < k; i++) {
-        float s = float(grown - float(i + 1) + 0.2 * level);
-        if (s > 1.0f)
-            s = 1.0f;
-        AddCube(node->segments[size_t(i)], s);
+        const float s = float(grown - float(i + 1) + 0.2 * level);
+        AddCube(node->segments[size_t(i)], std::min(s, 1.0f));
     }
     if (k == n)
         for (const TreeNode* child : node->children)

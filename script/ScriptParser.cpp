@@ -6,23 +6,6 @@
 
 #include <algorithm>
 
-ScriptParser::ScriptParser() : player(nullptr), observer(nullptr) {}
-
-ScriptParser::~ScriptParser()
-{
-    player = nullptr;
-}
-
-void ScriptParser::SetPlayer(DemoPlayer* newPlayer)
-{
-    player = newPlayer;
-}
-
-void ScriptParser::SetObserver(ScriptObserver* newObserver)
-{
-    observer = newObserver;
-}
-
 bool ReadScript(DemoPlayer* player, std::string fileName)
 {
     ScriptParser parser;

@@ -24,11 +24,9 @@ class DemoPlayer;
 class ScriptParser
 {
 public:
-    ScriptParser();
-    ~ScriptParser();
-
-    void SetPlayer(DemoPlayer* newPlayer);         // borrowed
-    void SetObserver(ScriptObserver* newObserver); // borrowed; null, as at first, for none
+    // Both are borrowed; null, as at first, for none.
+    void SetPlayer(DemoPlayer* newPlayer) { player = newPlayer; }
+    void SetObserver(ScriptObserver* newObserver) { observer = newObserver; }
 
     // Reads a script of the data directory. True if the file could be opened, whatever was in it; if it could
     // not, that was reported and a quit posted.
@@ -64,6 +62,6 @@ public:
 private:
     void ParseParameters(std::string text, float* params, int count);
 
-    DemoPlayer* player;
-    ScriptObserver* observer;
+    DemoPlayer* player = nullptr;
+    ScriptObserver* observer = nullptr;
 };

@@ -22,10 +22,7 @@
 
 static bool IsAsked(const std::string& effect, int count, char** names)
 {
-    for (int i = 0; i < count; i++)
-        if (effect == names[i])
-            return true;
-    return count == 0;
+    return count == 0 || std::find(names, names + count, effect) != names + count;
 }
 
 int main(int count, char** arguments)

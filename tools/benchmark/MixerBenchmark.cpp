@@ -16,6 +16,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+
 static const int mixRate = 44100;
 static const int seconds = 10;
 static const int piece = 1024; // frames
@@ -38,9 +40,7 @@ static double SecondsOfDecoding(const std::string& path)
                 break;
             left -= read;
         }
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
     }
     return shortest;
 }
@@ -65,9 +65,7 @@ static void PlayMusic(benchmark::State& state)
         const double start = cli::MonotonicSeconds();
         for (int frame = 0; frame < seconds * mixRate; frame += piece)
             platform::PullSound(frames, piece);
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
         SoundSystem::CloseStream(stream);
         platform::PullSound(frames, piece); // the mixer releases the channel of the closed stream
     }

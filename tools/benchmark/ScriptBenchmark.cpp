@@ -15,6 +15,7 @@
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -60,9 +61,7 @@ static double SecondsOfGetting(const char* path)
             sum += c;
         benchmark::DoNotOptimize(sum);
         fclose(file);
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
     }
     return shortest;
 }
@@ -87,9 +86,7 @@ static void ReadScript(benchmark::State& state)
         player.Init(&window, &registry, nullptr, false);
         const double start = cli::MonotonicSeconds();
         const bool loaded = player.LoadScript("script.txt");
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
         if (!loaded || int(player.timeline.size() + player.messages.size()) != entries)
             state.SkipWithError("the script was not read as it should be");
     }

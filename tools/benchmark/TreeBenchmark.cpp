@@ -11,6 +11,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+
 static const int creditsSeed = 352362122;
 
 // Returns the shortest of several runs, since other programs can only make a run longer.
@@ -26,9 +28,7 @@ static double SecondsOfProducts(int cubes)
         const double start = cli::MonotonicSeconds();
         for (int i = 0; i < cubes; i++)
             benchmark::DoNotOptimize(t * b * c * b * s);
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
     }
     return shortest;
 }
@@ -48,9 +48,7 @@ static void GenerateAgain(benchmark::State& state)
     while (state.KeepRunning()) {
         const double start = cli::MonotonicSeconds();
         tree.Generate(creditsSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), 1.2f, 1.2f, int(state.range(0)));
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
     }
     Compare(state, shortest, tree.segmentCount);
 }
@@ -65,9 +63,7 @@ static void ConstructAndGenerate(benchmark::State& state)
         const double start = cli::MonotonicSeconds();
         Tree tree(creditsSeed);
         tree.Generate(creditsSeed, Vector3(0, 0, 0), Vector3(0, 1, 0), 1.2f, 1.2f, int(state.range(0)));
-        const double taken = cli::MonotonicSeconds() - start;
-        if (taken < shortest)
-            shortest = taken;
+        shortest = std::min(shortest, cli::MonotonicSeconds() - start);
         cubes = tree.segmentCount;
     }
     Compare(state, shortest, cubes);

@@ -158,11 +158,6 @@ static bool ReadSegment(cli::CommandLine& line, CaptureOptions* options)
     return true;
 }
 
-static bool EndsWith(const std::string& text, const std::string& end)
-{
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 static bool ReadOutput(cli::CommandLine& line, CaptureOptions* options)
 {
     const std::string path = line.Value("output");
@@ -172,7 +167,7 @@ static bool ReadOutput(cli::CommandLine& line, CaptureOptions* options)
     std::error_code error;
     if (line.Has("sheet")) {
         options->kind = OutputSheet;
-        if (!EndsWith(path, ".png") && !OutputFile::IsStream(path))
+        if (!path.ends_with(".png") && !OutputFile::IsStream(path))
             return Refuse(line,
                           "a sheet is a PNG file: -o needs a name that ends in .png, not \"" + path + "\"");
     } else if (IsPattern(path) || path.back() == '/' || std::filesystem::is_directory(path, error)) {
@@ -181,7 +176,7 @@ static bool ReadOutput(cli::CommandLine& line, CaptureOptions* options)
             return Refuse(
                 line, "a pattern has one number such as %05d in its name, and %% for a per cent sign: \"" +
                           path + "\" has not");
-    } else if (EndsWith(path, ".png")) {
+    } else if (path.ends_with(".png")) {
         return Refuse(line,
                       "one PNG file can't hold a show: -o frames/ makes numbered ones, --sheet an overview");
     }

@@ -11,11 +11,6 @@ namespace capture
 static const char* const nameInFolder = "%06d.png";
 static const size_t maxWidthDigits = 2; // digits of the width in %05d
 
-static bool EndsWith(const std::string& text, const std::string& end)
-{
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 // Where the name of the file begins in a path.
 static size_t NameBegin(const std::string& path)
 {
@@ -49,7 +44,7 @@ static bool FindNumber(const std::string& pattern, size_t* begin, size_t* length
 
 bool IsPattern(const std::string& output)
 {
-    return EndsWith(output, ".png") && output.find('%', NameBegin(output)) != std::string::npos;
+    return output.ends_with(".png") && output.find('%', NameBegin(output)) != std::string::npos;
 }
 
 bool PatternOf(const std::string& output, std::string* pattern)

@@ -183,26 +183,20 @@ void CommandRunner::RunEdit(CommandId id)
         Delete();
         break;
     case CommandCopy:
-        clipboard.set(state->document->Copy(state->selection));
-        break;
+        return clipboard.set(state->document->Copy(state->selection));
     case CommandPaste:
-        Paste();
-        break;
+        return Paste();
     case CommandDuplicate:
-        Duplicate();
-        break;
+        return Duplicate();
     case CommandDelete:
-        Delete();
-        break;
+        return Delete();
     case CommandSelectAll:
         state->selection = AllItems(state->document->GetOutline());
         break;
     case CommandSelectNone:
-        Escape();
-        break;
+        return Escape();
     case CommandTakeApart:
-        TakeApart();
-        break;
+        return TakeApart();
     case CommandSnap:
         state->snap.on = !state->snap.on;
         break;
@@ -223,60 +217,43 @@ void CommandRunner::RunPlay(CommandId id)
             transport.Play();
         break;
     case CommandBackFrame:
-        transport.StepFrames(-1);
-        break;
+        return transport.StepFrames(-1);
     case CommandOnFrame:
-        transport.StepFrames(1);
-        break;
+        return transport.StepFrames(1);
     case CommandBackBeat:
-        transport.GoTo(NextBeat(now, state->tempo, -1));
-        break;
+        return transport.GoTo(NextBeat(now, state->tempo, -1));
     case CommandOnBeat:
-        transport.GoTo(NextBeat(now, state->tempo, 1));
-        break;
+        return transport.GoTo(NextBeat(now, state->tempo, 1));
     case CommandBackBar:
-        transport.GoTo(NextBar(now, state->tempo, -1));
-        break;
+        return transport.GoTo(NextBar(now, state->tempo, -1));
     case CommandOnBar:
-        transport.GoTo(NextBar(now, state->tempo, 1));
-        break;
+        return transport.GoTo(NextBar(now, state->tempo, 1));
     case CommandHome:
-        transport.GoTo(0);
-        break;
+        return transport.GoTo(0);
     case CommandEnd:
         transport.Stop();
         transport.GoTo(transport.LastMoment());
         break;
     case CommandGoTo:
-        dialogs->AskGoTo(*session);
-        break;
+        return dialogs->AskGoTo(*session);
     case CommandMarker:
-        ToggleMarker(&state->markers, Milliseconds(now) / 1000.0);
-        break;
+        return ToggleMarker(&state->markers, Milliseconds(now) / 1000.0);
     case CommandBackMark:
-        GoToMark(-1);
-        break;
+        return GoToMark(-1);
     case CommandOnMark:
-        GoToMark(1);
-        break;
+        return GoToMark(1);
     case CommandLoop:
-        Loop();
-        break;
+        return Loop();
     case CommandLoopFrom:
-        LoopTo(now, state->loopEnd > now ? state->loopEnd : session->End());
-        break;
+        return LoopTo(now, state->loopEnd > now ? state->loopEnd : session->End());
     case CommandLoopTo:
-        LoopTo(state->loopStart < now ? state->loopStart : 0, now);
-        break;
+        return LoopTo(state->loopStart < now ? state->loopStart : 0, now);
     case CommandFullSpeed:
-        transport.SetSpeed(1);
-        break;
+        return transport.SetSpeed(1);
     case CommandHalfSpeed:
-        transport.SetSpeed(0.5);
-        break;
+        return transport.SetSpeed(0.5);
     case CommandQuarterSpeed:
-        transport.SetSpeed(0.25);
-        break;
+        return transport.SetSpeed(0.25);
     default:
         break;
     }

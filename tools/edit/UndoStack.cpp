@@ -30,16 +30,6 @@ void UndoStack::EndGesture()
         steps.back().gesture = 0;
 }
 
-std::string UndoStack::UndoName() const
-{
-    return CanUndo() ? steps[done - 1].name : "";
-}
-
-std::string UndoStack::RedoName() const
-{
-    return CanRedo() ? steps[done].name : "";
-}
-
 std::string UndoStack::Undo(const std::string& text)
 {
     EndGesture();

@@ -27,8 +27,8 @@ public:
 
     bool CanUndo() const { return done > 0; }
     bool CanRedo() const { return done < steps.size(); }
-    std::string UndoName() const;
-    std::string RedoName() const;
+    std::string UndoName() const { return CanUndo() ? steps[done - 1].name : ""; }
+    std::string RedoName() const { return CanRedo() ? steps[done].name : ""; }
 
     std::string Undo(const std::string& text); // the text before the step; unchanged if there is none
     std::string Redo(const std::string& text);

@@ -37,11 +37,6 @@ static void DrawHead(const Layout& layout, Painter* painter)
     painter->FillShape(LevelStroke(24, layout.width - 24, layout.head.Bottom() - 5, 1.6, 7), Ink);
 }
 
-static void DrawGutter(const Layout& layout, Painter* painter)
-{
-    WriteAll(layout.gutterTexts, painter);
-}
-
 // Lines at 45 degrees, clipped to the box by hand.
 static std::vector<Segment> Hatching(const CanvasRect& box, double step)
 {
@@ -328,7 +323,7 @@ void DrawPicture(const TimelineModel& model, const Layout& layout, int parts, Pa
     if (parts & HeadPart)
         DrawHead(layout, painter);
     if (parts & GutterPart)
-        DrawGutter(layout, painter);
+        WriteAll(layout.gutterTexts, painter);
     if (parts & PlotPart)
         DrawPlot(model, layout, painter);
     if (parts & FootPart)
