@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -137,4 +139,31 @@ TEST_F(TimelineDesktop, MessagesAreTappedAndSaved)
     EXPECT_NE(std::string::npos, tapped.find("MessageText=flash;")) << Script();
     EXPECT_NE(std::string::npos, tapped.find("ActivationTime=1800,3600,5400;")) << Script();
     EXPECT_NE(std::string::npos, tapped.find("Parameter=2.00;")) << Script();
+}
+
+TEST_F(TimelineDesktop, MessagesAreTappedWhileItPlays)
+{
+    desktop.Key("Tab");
+    desktop.Key("Tab"); // the message
+    desktop.Key("s");   // anywhere, not on beats alone
+    desktop.Key("space");
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < 3; i++) {
+        const Screenshot before = desktop.Capture(window);
+        ASSERT_TRUE(WaitUntil([&] { return !(desktop.Capture(window) == before); })); // the play head goes on
+        desktop.Key("t");
+    }
+    ASSERT_TRUE(HasTitle("* night.txt - marlinex-edit"));
+    desktop.Key("space");
+    Save();
+    const std::chrono::duration<double, std::milli> played = std::chrono::steady_clock::now() - begin;
+    const std::string saved = Script();
+    const size_t list = saved.find("ActivationTime="); // of the new block, which is the earlier one
+    ASSERT_NE(std::string::npos, list);
+    int first = -1, second = -1, third = -1;
+    ASSERT_EQ(3, sscanf(saved.c_str() + list, "ActivationTime=%d,%d,%d;", &first, &second, &third)) << saved;
+    EXPECT_LT(0, first);
+    EXPECT_LT(first, second);
+    EXPECT_LT(second, third);
+    EXPECT_GT(played.count(), third);
 }
