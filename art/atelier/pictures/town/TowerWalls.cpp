@@ -321,7 +321,7 @@ static void DrawCrestFeather(Canvas& canvas, Pen& outline, Pen& shine, const Cre
         const float up = Clamp((f.foot.y - y) / length);
         const float across = Clamp(Abs(x - Mix(f.foot.x, f.tip.x, up)) / f.half);
         const float barb = 0.88f + 0.24f * Fraction((y + 1.2f * Abs(x - f.foot.x)) / 5);
-        return Mix(low * (1.1f - 0.5f * across) * barb, SkyBehind, Smooth(0.4f, 1.25f, up));
+        return Mix(low * (1.1f - 0.5f * across) * barb, SkyBehind, Smooth(0.55f, 1.4f, up));
     });
     outline.Stroke(side(-1), {.start = 0.6f, .middle = 1, .end = 0.5f});
     outline.Stroke(side(1), {.start = 0.6f, .middle = 1, .end = 0.5f});
@@ -348,7 +348,7 @@ static void PaintCrest(Canvas& canvas, const Paper& paper)
     });
     const auto middle = [](float x) {
         const float across = Fraction(x / WallWidth);
-        return Smooth(16, 96, Min(across, 1 - across) * WallWidth);
+        return Smooth(4, 66, Min(across, 1 - across) * WallWidth);
     };
     Dice dice(552);
     for (int row = 0; row < 3; row++) {
@@ -358,18 +358,18 @@ static void PaintCrest(Canvas& canvas, const Paper& paper)
         Pen shine(rim, paper, {.width = 1.8f, .wobble = 0.4f, .wave = 16, .skip = 0.15f},
                   556 + uint32_t(row));
         for (float x = dice.Range(0, 20); x < Size; x += dice.Range(17, 31)) {
-            const float tall = Mix(92, 46, float(row) / 2) * dice.Range(0.5f, 1.0f);
+            const float tall = Mix(92, 50, float(row) / 2) * dice.Range(0.55f, 1.0f);
             const float foot = Foot + 4 * float(row) + dice.Range(-3, 5);
             const CrestFeather feather = {
                 {x, foot}, {x + dice.Range(-13, 13), Max(foot - tall, WallTop + 1)}, dice.Range(8.5f, 13)};
             const LinearColour low = Mix(Mix(palette::Night, palette::Slate, dice.Range(0.3f, 1.0f)),
                                          palette::Moss, dice.Range(0, 0.5f)) *
-                                     Mix(1.1f, 1.8f, float(row) / 2) * Mix(0.22f, 1, middle(x));
+                                     Mix(1.1f, 1.8f, float(row) / 2) * Mix(0.5f, 1, middle(x));
             DrawCrestFeather(canvas, outline, shine, feather, low, 1);
         }
         canvas.Cover(ink, palette::Ink, 0.9f);
-        rim.Blur(0.7f).By([&](float x, float) { return Mix(0.06f, 1, middle(x)); });
-        canvas.Cover(rim, Mix(palette::Mist, palette::ColdLight, 0.25f), 0.28f + 0.10f * float(row));
+        rim.Blur(0.7f).By([&](float x, float) { return Mix(0.3f, 1, middle(x)); });
+        canvas.Cover(rim, Mix(palette::Mist, palette::ColdLight, 0.25f), 0.36f + 0.12f * float(row));
     }
 }
 
