@@ -105,17 +105,17 @@ static void Envelope(const std::vector<float>& f, std::vector<float>& d, int n, 
         }
         if (s <= z[size_t(k)]) {
             v[size_t(k)] = q;
-            z[size_t(k + 1)] = 1e20f;
+            z[size_t(k) + 1] = 1e20f;
             continue;
         }
         k++;
         v[size_t(k)] = q;
         z[size_t(k)] = s;
-        z[size_t(k + 1)] = 1e20f;
+        z[size_t(k) + 1] = 1e20f;
     }
     k = 0;
     for (int q = 0; q < n; q++) {
-        while (z[size_t(k + 1)] < float(q))
+        while (z[size_t(k) + 1] < float(q))
             k++;
         const float way = float(q - v[size_t(k)]);
         d[size_t(q)] = way * way + f[size_t(v[size_t(k)])];
@@ -361,7 +361,7 @@ Mask Mask::Distance(bool inside, float reach) const
             f[size_t(i)] = result.At(x, Wrap(i - margin, height));
         Envelope(f, d, count, v, z);
         for (int y = 0; y < height; y++)
-            result.At(x, y) = Min(d[size_t(y + margin)], far);
+            result.At(x, y) = Min(d[size_t(y) + size_t(margin)], far);
     }
     for (int y = 0; y < height; y++) {
         const int count = width + 2 * margin;
@@ -369,7 +369,7 @@ Mask Mask::Distance(bool inside, float reach) const
             f[size_t(i)] = result.At(Wrap(i - margin, width), y);
         Envelope(f, d, count, v, z);
         for (int x = 0; x < width; x++)
-            result.At(x, y) = Sqrt(Min(d[size_t(x + margin)], far));
+            result.At(x, y) = Sqrt(Min(d[size_t(x) + size_t(margin)], far));
     }
     return result;
 }

@@ -145,8 +145,9 @@ Noise::WorleyCell Noise::Worley(float x, float y) const
 Vector2 Noise::Warp(float x, float y, float by, int octaves) const
 {
     // The second field is the first one seen half a period away, which keeps the period.
-    const float sx = periodX > 0 ? float(periodX / 2) : 31.7f;
-    const float sy = periodY > 0 ? float((periodY + 1) / 2) : -17.9f;
+    const int halfX = periodX / 2, halfY = (periodY + 1) / 2; // whole cells
+    const float sx = periodX > 0 ? float(halfX) : 31.7f;
+    const float sy = periodY > 0 ? float(halfY) : -17.9f;
     return {x + by * Fbm(x, y, octaves), y + by * Fbm(x + sx, y + sy, octaves)};
 }
 
