@@ -276,9 +276,9 @@ TEST(PictureFiles, TheCardsLieBeforeTheHandsWhereTheShowLaysTheirFaces)
         const auto place = [&](double u, double v, int& x, int& y) {
             const double dx = half * (u * std::cos(turn) - v * std::sin(turn)),
                          dy = half * (u * std::sin(turn) + v * std::cos(turn));
-            x = int(std::floor((1 + centreX + dx) * 256));
-            y = int(std::floor((1 - centreY + dy) * 256));
-            return x >= 0 && x < 512 && y >= 0 && y < 512;
+            x = int(std::floor((1 + centreX + dx) * hand.width / 2));
+            y = int(std::floor((1 - centreY + dy) * hand.height / 2));
+            return x >= 0 && x < hand.width && y >= 0 && y < hand.height;
         };
         for (double v = -0.95; v < 1; v += 0.05)
             for (double u = -0.95; u < 1; u += 0.05) {

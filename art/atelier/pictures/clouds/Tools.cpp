@@ -17,7 +17,7 @@ static const Stuff Wood   = {Mix(palette::Ochre, palette::Rust, 0.45f) * 0.8f, M
 static const Stuff Oak    = {Mix(palette::Rust, palette::Slate, 0.45f) * 0.8f, Mix(palette::Ink, palette::Night, 0.3f), 1.1f, 0.5f, 0.9f};
 static const Stuff Iron   = {Mix(palette::Slate, palette::Mist, 0.25f), palette::Ink, 1.1f, 0.4f, 1};
 static const Stuff Steel  = {Mix(palette::Mist, palette::Bone, 0.3f), Mix(palette::Night, palette::Slate, 0.4f), 1.1f, 0.4f, 1};
-static const Stuff Brass  = {Mix(palette::Amber, palette::Parchment, 0.25f), Mix(palette::Rust, palette::Ink, 0.2f), 1.1f, 0.3f, 0.9f};
+static const Stuff Brass  = {Mix(palette::Ochre, palette::Amber, 0.45f), Mix(palette::Rust, palette::Ink, 0.4f), 1.1f, 0.3f, 0.9f};
 static const Stuff Wax    = {Mix(palette::Rust, palette::Amber, 0.08f), Mix(palette::Rust, palette::Ink, 0.6f), 1.2f, 0.3f, 1};
 // clang-format on
 
@@ -59,6 +59,20 @@ public:
         for (const std::vector<Vector2>& stroke : strokes)
             pen.Stroke(Through(sight(stroke)), {0.5f, 1, 0.3f});
         canvas.Cover(lines.Multiply(canvas.Alpha()), colour, opacity);
+    }
+    // A bar so thin that it has no shade: steel between two lines of ink.
+    void Needle(const std::vector<Vector2>& way, float halfFrom, float halfTo)
+    {
+        const Line middle = Through(sight(way));
+        const auto cover = [&](float part, Vector2 off, LinearColour colour) {
+            const float from = halfFrom * part * sight.scale, to = halfTo * part * sight.scale;
+            canvas.Cover(Filled(canvas.Width(), canvas.Height(),
+                                Shape(Limb(Moved(middle, off * sight.scale), from, 0.5f * (from + to), to))),
+                         colour);
+        };
+        cover(1.0f, {}, palette::Ink);
+        cover(0.66f, {-0.3f, -0.1f}, Mix(palette::Slate, palette::Mist, 0.55f));
+        cover(0.26f, {-1.0f, -0.3f}, Mix(palette::Mist, palette::Bone, 0.8f));
     }
     // The shadow of a shape that stands off the card, to the lower right of it.
     void ShadowOf(const Shape& shape, float away)
@@ -116,7 +130,7 @@ static void Pole(Bench& bench)
 // A long pin with a head of amber, whose point is in the card.
 static void Pin(Bench& bench)
 {
-    bench.Bar({{PinX + 3, -20}, {PinX, 50}, {PinX - 4, 146}}, 4.4f, 4.8f, Steel);
+    bench.Needle({{PinX + 3, -20}, {PinX, 50}, {PinX - 4, 146}}, 5.2f, 5.6f);
     bench.Knob({PinX - 4, 152}, 15, Brass);
 }
 
@@ -202,7 +216,7 @@ static void PinsPoint(Bench& bench)
         Filled(bench.canvas.Width(), bench.canvas.Height(), Ellipse(bench.sight(way[0]), 4.6f * s, 3 * s))
             .Blur(0.6f * s),
         palette::Ink, 0.85f);
-    bench.Bar(way, 4.2f, 0.8f, Steel);
+    bench.Needle(way, 5, 0.8f);
 }
 
 // Wax over two ends of a ribbon, with a tower pressed into it.
