@@ -12,6 +12,7 @@ namespace cli
 JsonWriter::JsonWriter()
 {
     Reset(text);
+    SetFormatOptions(rapidjson::kFormatDefault); // which the constructor without a stream leaves unset
     SetIndent(' ', 2);
 }
 

@@ -6,8 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <new>
 #include <random>
 #include <unistd.h>
 
@@ -42,6 +44,21 @@ TEST(JsonWriter, IsIndentedByTwoWithOneMemberALine)
               "  \"last\": false\n"
               "}\n",
               json.Finish());
+}
+
+// RapidJSON sets the form of arrays in one of its constructors only.
+TEST(JsonWriter, IsIndentedWhateverLayInItsMemory)
+{
+    for (const int byte : {0x00, 0xFF}) {
+        alignas(cli::JsonWriter) unsigned char memory[sizeof(cli::JsonWriter)];
+        memset(memory, byte, sizeof memory);
+        cli::JsonWriter* const json = new (memory) cli::JsonWriter;
+        json->StartArray();
+        json->Int64(1);
+        json->EndArray();
+        EXPECT_EQ("[\n  1\n]\n", json->Finish()) << byte;
+        json->~JsonWriter();
+    }
 }
 
 TEST(JsonWriter, KnowsEachKindOfMember)
