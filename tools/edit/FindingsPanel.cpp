@@ -141,7 +141,7 @@ void FindingsPanel::DrawFinding(Session* session, const lint::Finding& finding, 
         if (ImGui::Button("Mend", ImVec2(buttonWidth - 6 * scale, (rowHeight - 14) * scale)))
             session->BeginCure(finding);
         ImGui::EndDisabled();
-        overButton = ImGui::IsItemHovered();
+        overButton = ImGui::IsItemHovered(ImGuiHoveredFlags_AllowWhenDisabled);
         ImGui::SetCursorScreenPos(after);
     }
     if (hovered || overButton)

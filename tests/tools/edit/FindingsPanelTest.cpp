@@ -107,6 +107,19 @@ TEST_F(Findings, AreMendedByTheirButton)
     EXPECT_EQ(script, Text());
 }
 
+TEST_F(Findings, AreNotGoneToByAClickOnTheButtonWhileACureIsWorkedOut)
+{
+    double y = top;
+    for (; y < double(PanelFixture::Height) && !session.IsCuring(); y += step)
+        panel.Click(buttonX, y);
+    ASSERT_TRUE(session.IsCuring()); // and stays so, since nobody asks what has become of it
+    state.selection.clear();
+    panel.Click(buttonX, y - step);
+    EXPECT_TRUE(state.selection.empty());
+    panel.Click(left, y - step);
+    EXPECT_FALSE(state.selection.empty());
+}
+
 TEST_F(Findings, ThatHaveGoneMeanwhileAreToldInsteadOfMended)
 {
     ASSERT_TRUE(state.document->SetMusic("")); // the list is still that of the text before
