@@ -44,7 +44,7 @@ struct TowerWindow {
 };
 // clang-format off
 constexpr TowerWindow TowerWindows[] = {
-    { 112, 452, 48, Lancet},    { 160, 598, 34, Shuttered}, {  98, 356, 24, Slits},
+    { 112, 452, 48, Lancet},    { 160, 598, 34, Shuttered}, { 100, 546, 26, Slits},
     { 396, 398, 40, Shuttered}, { 372, 530, 44, Twin},
     { 628, 566, 40, Lancet},    { 668, 420, 46, Shuttered}, { 612, 664, 22, Slits},
     { 886, 480, 48, Twin},      { 924, 620, 34, Lancet},
