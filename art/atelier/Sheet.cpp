@@ -122,7 +122,8 @@ int DrawScenes(const std::vector<std::string>& frames, const std::string& path)
         sheet.Lay(Squeezed(FromRaster(raster), SceneWidth, SceneHeight), left, top);
         std::string name = frames[i].substr(frames[i].find_last_of('/') + 1);
         name = name.substr(0, name.find_last_of('.'));
-        Write(pen, name, {float(left + SceneWidth / 2), float(top + SceneHeight + 23)},
+        const int middle = left + SceneWidth / 2;
+        Write(pen, name, {float(middle), float(top + SceneHeight + 23)},
               {.size = 17, .spacing = 1.1f, .lively = 0.7f}, Anchor::Middle, ++seed);
     }
     return Written(sheet, ink, frames.size(), path);
