@@ -122,6 +122,8 @@ Canvas GreetingHand(int greeting)
     Canvas canvas(Size, Size);
     const DrawnHand hand(arm, InPicture, Size, Size);
     hand.Paint(canvas);
+    // The border of flesh is found pixel by pixel, without smooth edges; half a pixel aside, each pixel is the mean of four.
+    canvas = Placed(canvas, {0, 0}, 0, 1, Size, Size, {0.5f, 0.5f});
     PaintWear(canvas, InPicture, arm);
     // Behind the elbow it is all cloud.
     const Line along = Forearm(InPicture, arm);

@@ -155,7 +155,7 @@ void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHa
 {
     Canvas layer(canvas.Width(), canvas.Height());
     Bench bench(layer, sight, arm.seed + 400);
-    float z;
+    float z = 0;
     switch (arm.gesture) {
     case Gesture::Fist:
         Pole(bench);
