@@ -1,33 +1,32 @@
 // SPDX-License-Identifier: CC-BY-4.0
 #version 110
-// A soft blur in one pass, and the night that lies behind a scene. blur_intensity is the blur's strength: at 1
-// the picture runs together over a fiftieth of its side in every direction, at 0.25 it is as if seen without
-// one's glasses, at 0 and below there is none.
+// A soft blur in one pass for a photograph, and a brush for the scene of the names.
 //
-// The taps lie in rounds of four on a disc, the corners of a square, each round farther out than the one before
-// and turned on from it by the golden section of a quarter. That puts them evenly over the disc, and since two
-// of them always lie opposite each other, slopes come out without noise. Their weight falls off like a bell from
-// the middle outward. So that thin lines don't come out as bundles of thinner ones, every pixel starts its rounds
-// at an angle of its own.
+// The photograph is blended over another picture, with an alpha of the vertices of one half at most. blur_intensity is
+// the blur's strength: at 1 the picture runs together over a fiftieth of its side in every direction, at 0.25 it is as
+// if seen without one's glasses, at 0 and below there is none. The taps lie in rounds of four on a disc, the corners
+// of a square, each round farther out than the one before and turned on from it by the golden section of a quarter.
+// That puts them evenly over the disc, and since two of them always lie opposite each other, slopes come out without
+// noise. Their weight falls off like a bell from the middle outward. So that thin lines don't come out as bundles of
+// thinner ones, every pixel starts its rounds at an angle of its own.
 //
-// What this costs without a graphics card is the number of texture reads. The software rasteriser computes both
-// sides of an if and throws one away; only a loop that is over for all pixels at hand is really left. So what few
-// pixels need stands in loops.
+// The scene of the names fills the screen, with an alpha of 1. Its trees are chains of cubes, lit on the sides that
+// the light reaches and black on the others, and their shadow on the land is black too. Here they are drawn anew: the
+// share of dark or lit bark in a disc about each place is compared with a bar, which joins the cubes into limbs with
+// round edges. The slope of that share is the limb's outward direction, by which the moon gives it a rim. Bark is told
+// from land by its hue. What is black is the tree's near bark and in the upper part of the picture; elsewhere it is
+// shadow, a wash over the land that thins out towards the picture's foot. Where nothing was drawn there is night.
 //
-// The night is for a scene that fills the screen, not for a picture that is blended over another one, which
-// comes with an alpha of the vertices of one half at most. Where the scene's own alpha says that nothing was
-// drawn, a sky rises from a line of mist over the land.
+// The effect lets blur_intensity grow with the tree, from -0.75. It approaches 0.45, for the first tree 0.95, as
+// exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. Mist hides a tree that is
+// but a few cubes and lifts as it grows; it stays about the foot and before the highest limbs, which the upper border
+// of the picture cuts. The last camera has a constant intensity of 0.25 and rises with its tree: there the height of
+// the land's far border tells how far the tree has grown. The first tree is the smallest and the nearest. Beyond an
+// intensity of 0.45, which no other tree reaches, it gets its leaves.
 //
-// Of the scene of the names all that the light does not reach is black alike: a tree's shaded sides, its shadow
-// and the land before the light comes up. They are told apart by what lies about them. Warm bark or sky make it
-// the tree, and it becomes ink with a warm bounce; all else is shadow, a blue wash through which some of the land
-// about it is seen. Once the land has no light, all that is black is night as the sky is, and so is the bark.
-//
-// A young tree is a few cubes. The effect lets blur_intensity grow with the tree, from -0.75, and rest at 0.25 or
-// above, so that a scene can be told to be young: up to -0.1 it lies under banks of night mist, of which a moon lights
-// the edges. They thin out from there, 0.25 keeps a little of them, and the crown of a tree stands before them. From
-// 0.25 on they close again, lower, about the foot of a tree that has outgrown its picture. What is drawn is displaced
-// by a noise besides, since the trees' cubes and their shadows have straight edges, and no brush does.
+// What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
+// computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left. So
+// what few pixels need stands in loops.
 
 uniform sampler2D picture; // nobody sets it: unit 0
 uniform float blur_intensity;
@@ -42,80 +41,126 @@ const float border = 0.00048828; // half a texel at 1024: taps stay inside, as t
 const vec2 goldenTurn = vec2(0.8253408, 0.5646349);       // cosine and sine, of a quarter's golden section,
 const vec2 wholeGoldenTurn = vec2(-0.7373688, 0.6754902); // and of the whole turn's
 
-const vec3 night = vec3(0.112, 0.142, 0.272);
-const vec3 nightAbove = vec3(0.075, 0.095, 0.184);
-const float nightFoot = 0.35;                // the sky is night here, in heights of the picture,
-const float nightTop = 1.05;                 // and would be the night above here
-const vec3 mist = vec3(0.240, 0.288, 0.400); // a little lighter than the land's far border, as it is drawn
-const float mistHeight = 0.16;               // to which the mist rises over the land
-const float mistWidth = 0.10;                // to either side of what it rises from
-const float mistTaps = 10.0;
-const float mistLight = 0.25;             // blue of land from which mist rises in full
-const float landTaps = 4.0;               // along the picture's foot:
-const vec2 landLight = vec2(0.12, 0.32);  // blue there if the land has no light, and if it has all its light
+const float barkHue = 0.62;             // blue is a lesser part of red than this in bark, a greater in land
+const float barkEdge = 12.0;            // how sharply they are told apart
+const vec2 blackEnd = vec2(0.02, 0.12); // light at which black begins to give way to the scene, and has
+const float landTaps = 3.0;             // along the picture's foot:
+const vec2 landLight = vec2(0.12, 0.32); // blue there if the land has no light, and if it has all its light
 
-const vec2 blackEnd = vec2(0.15, 0.45);        // light at which shade begins to give way to the scene, and has
-const vec3 shadow = vec3(0.105, 0.130, 0.225); // on the land
-const float seenThrough = 0.35;                // of the land's light
-const float wash = 0.13;                       // by which the shadow's pigment gathers
-const vec3 bark = vec3(0.045, 0.050, 0.085);   // in the shade
-const vec3 bounce = vec3(0.075, 0.035, 0.010); // added to it beside lit bark
-const float barkHue = 0.62;                    // blue is a lesser part of red than this in bark, a greater in land
-const float barkEdge = 12.0;                   // how sharply they are told apart
-const float shadeTaps = 8.0;
-const vec2 shadeReach = vec2(0.075, 0.10); // of what lies about a black place: a circle on the screen
-const vec2 shadeUp = vec2(0.0, 0.03);      // its middle: trees stand over their shadows
-const float standing = 0.96;               // how much more a place is the tree's that lies in the upper half,
-const vec2 upperHalf = vec2(0.45, 0.62);   // which begins between these heights
-const float isTree = 0.21;                 // part of bark and sky about it that makes a black place the tree's
-const float isWarm = 0.33;                 // part of lit bark about it that gives it the whole bounce
+// Limbs. Shares are of the disc in which a limb is looked for, heights are of the picture.
+const float firstTaps = 6.0;  // that say whether
+const float moreTaps = 16.0;  // more are needed: not where all is alike
+const float aspect = 1.33;    // of the disc, a circle on the screen
+const float discRadius = 0.022;             // before the land,
+const float skyDiscRadius = 0.016;          // before the sky, where limbs are thinner,
+const float firstDiscRadius = 0.030;        // and of the first tree, whose cubes are the largest
+const float limbBar = 0.42;                 // share that makes a limb,
+const float firstLimbBar = 0.32;
+const float strandBar = 0.13;               // and of a string of beads
+const vec2 strandShape = vec2(0.75, 1.9);   // in a disc that is drawn out upwards,
+const vec2 strandHeights = vec2(0.55, 0.8); // here
+const vec2 skyTap = vec2(0.97, 0.75);       // in trees that stand before the sky, which is there then
+const float taper = 0.30;                   // gained by the first tree's bar, so that its boughs
+const vec2 taperHeights = vec2(0.62, 0.98); // end in points,
+const float taperGain = 0.7;                // while its disc grows by this part
+const vec2 limbEdge = vec2(0.10, 0.20);      // softness of limbs and strings
+const float dryEdge = 0.08;                 // by which the bar differs from place to place
+const vec2 dryGrain = vec2(60.0, 45.0);     // features of that in the picture's width and height
+
+const float nearTaps = 4.0;                // for bark
+const vec2 nearReach = vec2(0.05, 0.07);   // about a black place
+const vec4 treeSigns = vec4(4.0, 1.5, 0.5, 1.1); // how far bark, bark and sky near by, and height make it the tree's
+const vec2 treeHeights = vec2(0.40, 0.54);
+
+const vec3 ink = vec3(0.030, 0.036, 0.070); // of a limb's shaded side
+const vec3 ochre = vec3(0.42, 0.27, 0.12);  // and of its lit one
+const vec2 litShare = vec2(0.25, 1.0);
+const vec2 barkStrokes = vec2(150.0, 20.0); // in the picture's width and height
+const vec3 bounce = vec3(0.075, 0.055, 0.045);
+const vec2 bounceShare = vec2(0.08, 0.5);
+const vec3 moonlight = vec3(0.50, 0.58, 0.72);
+const vec2 moonward = vec2(0.5, 0.86);
+const vec2 rimLight = vec2(0.50, 0.22);  // before the land and before the sky
+const vec2 rimShare = vec2(0.34, 0.14);  // above the bar, at which it is gone and at which it is full
+
+const float leavesOut = 0.70;                        // intensity by which all leaves are out
+const vec4 leftCrown = vec4(0.10, 0.80, 0.14, 0.15); // middle and radii of the first tree's crowns,
+const vec4 rightCrown = vec4(0.42, 0.85, 0.18, 0.18);
+const vec4 topCrown = vec4(0.26, 0.93, 0.17, 0.14);
+const vec2 crownSize = vec2(-1.45, -0.13);           // gained as it comes out, and when it has
+const float crownEdge = 0.9;                         // by which clumps stand out from it
+const vec3 clumpSizes = vec3(14.0, 37.0, 92.0);      // boughs, twigs and leaves in the picture's width
+const float crownMoon = 0.42;                        // part of the moonlight that leaves take
+const mat2 boughGrain = mat2(0.79, 0.61, -0.46, 0.59); // turned, so that no grain lies level, and on the screen
+const mat2 twigGrain = mat2(0.39, 0.92, -0.69, 0.29);  // as high as wide
+const vec2 towardsMoon = vec2(0.006, 0.019);         // from a leaf to what may shade it
+
+const vec3 plainLand = vec3(0.36, 0.35, 0.34); // under a shadow of which no border is near
+const vec2 landSeen = vec2(0.00, 0.50);        // share of black near by at which the land's drawing is lost
+const vec2 farLand = vec2(0.40, 0.60);         // heights between which it is softened: it has no smaller levels
+const float softened = 0.6;
+const vec3 wash = vec3(0.30, 0.36, 0.52);      // the land's colours in the shadow,
+const vec3 washBlue = vec3(0.0, 0.008, 0.03);  // with a little added
+const float pigment = 0.02;
+const vec2 washEdge = vec2(0.10, 0.90);        // shares,
+const float washRagged = 0.22;
+const vec2 washHeights = vec2(-0.15, 0.40);    // and heights between which the shadow feathers out
+
+const vec3 night = vec3(0.112, 0.142, 0.272);
+const vec3 nightAbove = vec3(0.060, 0.078, 0.160);
+const vec2 nightHeights = vec2(0.35, 1.05);
+const vec3 haze = vec3(0.228, 0.275, 0.385); // over the land's far border, which is drawn in the same colour
+const float hazeHeight = 0.17;
+const float hazeWidth = 0.10;           // to either side of what it rises from
+const float hazeTaps = 6.0;
+const vec2 hazeLand = vec2(0.08, 0.20); // blue of lit land and not of anything else
+
+// Mist.
+const float drift = 0.06;              // each second
+const float nextTarget = 0.45, firstTarget = 0.95;
+const float targetMargin = 0.004;      // which ends the clock after five seconds
+const vec2 lifting = vec2(-0.1, 0.3);  // intensities at which the mist begins to lift, and has
+const float lastIntensity = 0.25;      // of the last camera,
+const float borderTaps = 6.0;          // and what it takes to find the land's far border
+const vec2 borderHeights = vec2(0.474, 0.532); // at which the mist begins to lift, and has
+const float horizon = 1.25;            // to which the mist's plane goes,
+const float bentUp = 0.78;             // and the height from which on it doesn't
+const vec2 mistFeatures = vec2(4.6, 6.0);
+const vec2 mistShade = vec2(0.14, 0.30); // from a place to what may shade it, in features
+const float youngCover = 0.95;
+const vec2 youngHeights = vec2(1.0, 0.75);
+const float footCover = 0.74;
+const vec2 footHeight = vec2(0.32, 0.26);  // of its lowest border before land and before the sky,
+const float footSway = 0.27, footFeatures = 3.1;
+const float footDepth = 0.085;
+const float topCover = 0.75;
+const vec2 topHeights = vec2(0.78, 1.02);
+const float leastCover = 0.02;
+const float cloudLevel = 0.78;             // what clouds and cover have to be together,
+const float cloudEdge = 0.42;              // and beyond it from thinnest to thickest
+const vec3 mistBody = vec3(0.175, 0.215, 0.335);
+const vec3 mistEdge = vec3(0.56, 0.61, 0.70); // in the moonlight
+const float unlit = 0.45;                  // part of its light while the land has none
 
 const float grain = 0.07; // of the paper, in parts of the light
-
-const vec2 lifting = vec2(-0.1, 0.5);    // intensities at which the mist of a young scene begins to lift, and is gone
-const vec2 closing = vec2(0.25, 0.7);    // at which it begins to close about an old one, and has closed
-const float closed = 0.95;               // how thick it is then
-const float banks = 5.0;                 // one behind the other
-const float nearest = -0.02;             // height of the nearest one's edge, in heights of the picture,
-const vec2 farthest = vec2(0.80, 0.70);  // and of the farthest one's over a young scene and an old one
-const vec2 swell = vec2(0.19, 0.07);     // of the edges, near and far, in heights of the picture
-const vec2 swells = vec2(3.2, 9.0);      // in its width
-const vec2 bankDepth = vec2(0.55, 0.26); // over which a bank thins out below its edge
-const float bankSoftness = 0.02;         // of the edges
-const float thickest = 0.92;             // density of a bank
-const float thin = 0.5;                  // density of a bank between its wisps,
-const float haze = 0.55;                 // and of the air between the banks
-const vec2 wisps = vec2(8.0, 21.0);      // in width and height of the picture
-const float wispSwell = 0.045;           // of the edges
-const float bankDrift = 0.5;             // in widths each intensity, of the banks,
-const vec2 wispDrift = vec2(5.0, -1.5);  // in wisps, and of these
-const vec3 bankBody = vec3(0.150, 0.188, 0.300);
-const vec3 bankEdge = vec3(0.500, 0.555, 0.660); // in the moonlight,
-const vec2 edgeLight = vec2(0.35, 0.95);         // of which so much falls on near and far ones
-const vec2 crownHeights = vec2(0.50, 0.62);      // between these a tree comes before the banks
-
-const float coarse = 0.016;            // by which what is drawn is displaced, in sides of the picture,
-const vec2 fine = vec2(0.007, 0.004);  // with a little of a finer noise
-const vec2 wobbles = vec2(34.0, 95.0); // features of either in the picture's width
 
 // Even: neighbours differ as much as they can.
 float Spread(vec2 cell) { return fract(52.9829189 * fract(dot(cell, vec2(0.06711056, 0.00583715)))); }
 
-// Without any pattern.
-float Hashed(vec2 cell)
-{
-    vec2 mixed = 50.0 * fract(cell * 0.3183099 + vec2(0.71, 0.113));
-    return fract(mixed.x * mixed.y * (mixed.x + mixed.y));
-}
+// Without any pattern: made of a place's column and row, which neighbours share.
+vec2 Mixed(vec2 cell) { return 50.0 * fract(cell * 0.3183099 + vec2(0.71, 0.113)); }
+float Hashed(float column, float row) { return fract(column * row * (column + row)); }
 
 // A soft noise with features of about one unit.
 float Tooth(vec2 place)
 {
     vec2 cell = floor(place);
-    vec2 part = fract(place);
+    vec2 part = place - cell;
     part = part * part * (3.0 - 2.0 * part);
-    return mix(mix(Hashed(cell), Hashed(cell + vec2(1.0, 0.0)), part.x),
-               mix(Hashed(cell + vec2(0.0, 1.0)), Hashed(cell + vec2(1.0, 1.0)), part.x), part.y);
+    vec2 low = Mixed(cell);
+    vec2 high = Mixed(cell + 1.0);
+    return mix(mix(Hashed(low.x, low.y), Hashed(high.x, low.y), part.x),
+               mix(Hashed(low.x, high.y), Hashed(high.x, high.y), part.x), part.y);
 }
 
 // The same along a line.
@@ -124,31 +169,33 @@ float Wave(float place)
     float cell = floor(place);
     float part = place - cell;
     part = part * part * (3.0 - 2.0 * part);
-    return mix(Hashed(vec2(cell, 3.7)), Hashed(vec2(cell + 1.0, 3.7)), part);
+    vec2 here = Mixed(vec2(cell, 3.7));
+    return mix(Hashed(here.x, here.y), Hashed(Mixed(vec2(cell + 1.0, 3.7)).x, here.y), part);
 }
 
-// Two of them, the second made of the first's last digits.
-vec2 HashedPair(vec2 cell)
+// Two octaves of it, the second displaced by the first: heads that curl.
+float Heads(vec2 place)
 {
-    float first = Hashed(cell);
-    return vec2(first, fract(first * 61.7));
-}
-
-// From where what is seen at a place is taken.
-vec2 Wobbled(vec2 place)
-{
-    vec2 cell = floor(place * wobbles.x);
-    vec2 part = place * wobbles.x - cell;
-    part = part * part * (3.0 - 2.0 * part);
-    vec2 low = mix(HashedPair(cell), HashedPair(cell + vec2(1.0, 0.0)), part.x);
-    vec2 high = mix(HashedPair(cell + vec2(0.0, 1.0)), HashedPair(cell + vec2(1.0, 1.0)), part.x);
-    return place + coarse * (mix(low, high, part.y) - 0.5) + fine * (Tooth(place * wobbles.y) - 0.5);
+    float heads = 0.48 * Tooth(place);
+    return heads + 0.29 * Tooth(place * 2.13 + vec2(3.7, 1.9) + heads);
 }
 
 // 1 for a scene that fills the screen, 0 for a picture that is laid over one.
 float Own() { return smoothstep(0.5, 1.0, gl_Color.a); }
 
 vec4 Drawn(vec2 place) { return texture2D(picture, clamp(place, border, 1.0 - border)); }
+
+float Bark(vec4 drawn) { return clamp((barkHue * drawn.r - drawn.b) * barkEdge, 0.0, 1.0); }
+float Black(vec4 drawn)
+{
+    return drawn.a * clamp((blackEnd.y - max(drawn.r, drawn.b)) / (blackEnd.y - blackEnd.x), 0.0, 1.0);
+}
+
+vec2 TurnedOn(vec2 direction)
+{
+    return vec2(direction.x * wholeGoldenTurn.x - direction.y * wholeGoldenTurn.y,
+                direction.x * wholeGoldenTurn.y + direction.y * wholeGoldenTurn.x);
+}
 
 // 0 while the land lies in the dark, 1 when its light is up. The foot of the picture is land all along, and never
 // all of it is shadow.
@@ -161,112 +208,206 @@ float LandLight(bool wanted)
     return smoothstep(landLight.x, landLight.y, light);
 }
 
-vec3 Night(vec2 place) { return mix(night, nightAbove, smoothstep(nightFoot, nightTop, place.t)); }
+vec3 Night(vec2 place) { return mix(night, nightAbove, smoothstep(nightHeights.x, nightHeights.y, place.t)); }
 
-// The line of mist lies where there is lit land close below. A tree there counts neither way.
-vec3 Sky(vec2 place, float tooth, float day, float taps)
+// The night with a haze where there is lit land close below. A tree there counts neither way.
+vec3 Sky(vec2 place, float sky, float tooth)
 {
     float spread = fract(0.5 * Spread(gl_FragCoord.xy) + tooth);
     float land = 0.0;
     float known = 0.01;
+    float taps = sky > 0.0 ? hazeTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
-        float below = (i + spread) * (mistHeight / max(taps, 1.0));
-        float aside = fract(0.618034 * i + spread) * (2.0 * mistWidth) - mistWidth;
+        float below = (i + spread) * (hazeHeight / hazeTaps);
+        float aside = fract(0.618034 * i + spread) * (2.0 * hazeWidth) - hazeWidth;
         vec4 other = Drawn(place - vec2(aside, below));
-        float lit = min(other.b / mistLight, 1.0);
+        float lit = smoothstep(hazeLand.x, hazeLand.y, other.b);
         land += lit;
         known += max(lit, 1.0 - other.a);
     }
     land /= known;
-    return mix(Night(place), mist, day * land * land);
+    return mix(Night(place), haze, land * land);
 }
 
-// What is black in the scene.
-vec3 Shade(vec2 place, float tooth, float rough, float day, float taps)
+// How far the tree of the last camera has grown: 1 when the mist has lifted from it. At the left the land's far border
+// is free. It is halved upon, but not after it has passed that height.
+float BorderRisen(bool wanted)
 {
-    vec2 direction = normalize(vec2(tooth - 0.51, rough - 0.49));
-    vec2 middle = place + shadeUp;
-    float sky = 0.0;
-    float warm = 0.0;
-    vec3 land = vec3(0.0);
+    float height = borderHeights.y - borderHeights.x;
+    float step = wanted && Drawn(vec2(0.02, borderHeights.y)).a < 0.5 ? height : 0.0;
+    float risen = height - step;
+    float taps = step > 0.0 ? borderTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
-        vec4 other = Drawn(middle + direction * shadeReach * sqrt((i + 0.5) / max(taps, 1.0)));
-        float lit = clamp((barkHue * other.r - other.b) * barkEdge, 0.0, 1.0);
+        step *= 0.5;
+        risen += Drawn(vec2(0.02, borderHeights.x + risen + step)).a > 0.5 ? step : 0.0;
+    }
+    return risen / height;
+}
+
+float Blob(vec2 place, vec4 shape) { return 1.0 - length((place - shape.xy) / shape.zw); }
+
+// The first tree's leaves, in clumps whose upper sides the moon lights: colour and share.
+vec4 Leaves(vec2 place, float comeOut)
+{
+    float size = max(max(Blob(place, leftCrown), Blob(place, rightCrown)), Blob(place, topCrown)) +
+                 mix(crownSize.x, crownSize.y, sqrt(comeOut));
+    vec4 leaves = vec4(0.0);
+    float layers = comeOut > 0.0 && size > -0.5 * crownEdge ? 1.0 : 0.0;
+    for (float i = 0.0; i < layers; i += 1.0) {
+        vec2 shading = place + towardsMoon;
+        float bough = Tooth(boughGrain * place * clumpSizes.x);
+        float shadingBough = Tooth(boughGrain * shading * clumpSizes.x);
+        float twig = Tooth(twigGrain * place * clumpSizes.y + bough);
+        float shadingTwig = Tooth(twigGrain * shading * clumpSizes.y + shadingBough);
+        float leaf = Tooth(boughGrain * place * clumpSizes.z + 2.0 * twig);
+        float clump = 0.46 * bough + 0.30 * twig + 0.24 * leaf - 0.42;
+        float lit = 0.5 * (bough - shadingBough) + 0.35 * (twig - shadingTwig) + 0.14 * (leaf - 0.5);
+        lit = smoothstep(-0.02, 0.20, lit) * (0.4 + 0.6 * bough);
+        leaves = vec4(mix(1.2 * ink, crownMoon * moonlight, lit), smoothstep(0.0, 0.07, size + crownEdge * clump));
+    }
+    return leaves;
+}
+
+// Its colour, and how thick it is.
+vec4 Mist(vec2 place, float overSky, float wanted)
+{
+    bool last = abs(blur_intensity - lastIntensity) < 0.00001;
+    float lifted = last ? smoothstep(0.0, 1.0, BorderRisen(last && wanted > 0.0))
+                        : smoothstep(lifting.x, lifting.y, blur_intensity);
+    // The second clock goes on where the first one ends.
+    float left = nextTarget + targetMargin - blur_intensity;
+    float then = (firstTarget + targetMargin - blur_intensity) / (firstTarget + targetMargin - nextTarget);
+    float moved = -drift * (blur_intensity < nextTarget ? log(left) : log(targetMargin) + log(max(then, 0.001)));
+
+    float one = 4.0 * overSky + (last ? 7.0 : 0.0); // so that no two trees have the same
+    float sway = footSway * Wave(place.s * footFeatures + 0.4 * moved + one);
+    float aboveFoot = (place.t - mix(footHeight.x, footHeight.y, overSky) - sway) / footDepth;
+    float foot = max(1.0 - 0.4 * aboveFoot * aboveFoot, 0.0);
+    float cover = max(youngCover * (1.0 - lifted) * smoothstep(youngHeights.x, youngHeights.y, place.t),
+                      max(footCover * (foot * foot), topCover * smoothstep(topHeights.x, topHeights.y, place.t)));
+    // It lies in a plane like the land.
+    float away = 1.0 / (horizon - min(place.t, bentUp));
+    away += away * away * max(place.t - bentUp, 0.0);
+    vec2 here = vec2((place.s - 0.5) * away * mistFeatures.x + 2.0 * moved, away * mistFeatures.y + 0.6 * moved);
+    vec4 mist = vec4(0.0);
+    float layers = wanted * cover > leastCover ? 1.0 : 0.0;
+    for (float i = 0.0; i < layers; i += 1.0) {
+        float heads = Heads(here);
+        float clouds = heads + 0.18 * Tooth(here * 4.41 + vec2(8.1, 5.3) + heads); // with torn borders
+        float lit = clamp(0.20 + 2.1 * (clouds - Heads(here + mistShade)), 0.0, 1.0);
+        mist = vec4(mix(mistBody, mistEdge, lit * lit * (0.42 + 0.6 * clouds)),
+                    smoothstep(0.0, cloudEdge, clouds + 0.045 + cover - cloudLevel) * min(1.5 * cover, 1.0));
+    }
+    return mist;
+}
+
+// The scene of the names, of which this is drawn in the middle.
+vec3 Painted(vec4 middle, vec2 place, float own)
+{
+    float first = smoothstep(nextTarget, leavesOut, blur_intensity);
+    float overSky = 1.0 - Drawn(skyTap).a;
+    float strands = overSky * smoothstep(strandHeights.x, strandHeights.y, place.t);
+    float tapered = first * smoothstep(taperHeights.x, taperHeights.y, place.t);
+    float radius = mix(mix(discRadius, skyDiscRadius, overSky), firstDiscRadius, first);
+    vec2 disc = radius * (1.0 + taperGain * tapered) * vec2(1.0, aspect) * mix(vec2(1.0), strandShape, strands);
+    float bar = mix(mix(limbBar, strandBar, strands), firstLimbBar, first) + taper * tapered;
+
+    vec4 mist = Mist(place, overSky, own);
+    float clear = own * (1.0 - mist.a);
+
+    float bark = 0.0;
+    float dark = 0.0; // bark and black
+    float sky = 0.0;
+    vec4 land = vec4(0.0);
+    vec2 slope = vec2(0.0);
+    vec2 direction = vec2(1.0, 0.0);
+    float taps = clear > 0.02 ? firstTaps : 0.0;
+    for (float i = 0.0; i < taps; i += 1.0) {
+        vec2 away = direction * sqrt((i + 0.5) / firstTaps);
+        vec4 other = Drawn(place + away * disc);
+        float lit = Bark(other);
+        float either = max(lit, Black(other));
+        bark += lit * min(2.0 * other.r, 1.0);
+        dark += either;
         sky += 1.0 - other.a;
-        warm += lit;
-        land += other.rgb * (1.0 - lit);
-        direction = vec2(direction.x * wholeGoldenTurn.x - direction.y * wholeGoldenTurn.y,
-                         direction.x * wholeGoldenTurn.y + direction.y * wholeGoldenTurn.x);
+        land += vec4(other.rgb, 1.0) * other.a * (1.0 - either);
+        slope += away * either;
+        direction = TurnedOn(direction);
     }
-    float above = standing * smoothstep(upperHalf.x, upperHalf.y, place.t);
-    float tree = min((warm + 1.2 * sky + above) / (isTree * max(taps, 1.0)), 1.0);
-    float pigment = 2.0 * rough + tooth - 1.5;
-    vec3 onLand = shadow * (1.0 + wash * pigment) + seenThrough * land / max(taps, 1.0);
-    vec3 onTree = bark + bounce * min(warm / (isWarm * max(taps, 1.0)), 1.0);
-    return mix(Night(place), mix(onLand, onTree, tree), day);
-}
-
-// The banks from the nearest to the farthest: their colour, and how much of the scene is seen through them.
-vec4 Banks(vec2 place, float tree, float wanted)
-{
-    float lifted = smoothstep(lifting.x, lifting.y, blur_intensity);
-    float old = smoothstep(closing.x, closing.y, blur_intensity);
-    float thick = wanted * max(1.0 - lifted, closed * old);
-    float crown = tree * lifted * (1.0 - old) * smoothstep(crownHeights.x, crownHeights.y, place.t);
-    float wisp = Tooth(place * wisps + blur_intensity * wispDrift);
-    float density = thick * (1.0 - crown);
-    float top = mix(farthest.x, farthest.y, old);
-    float rise = (top - nearest) / banks;
-    float over = nearest + 0.5 * rise + wispSwell * (wisp - 0.5) - place.t; // from here to a bank's level edge
-    float along = place.s + bankDrift * blur_intensity;
-    vec3 colour = vec3(0.0);
-    float through = 1.0;
-    float count = thick > 0.0 ? banks : 0.0;
-    for (float i = 0.0; i < count; i += 1.0) {
-        float far = i / (banks - 1.0);
-        float edge = over + mix(swell.x, swell.y, far) * (Wave(along * mix(swells.x, swells.y, far) + 17.3 * i) - 0.5);
-        float depth = max(1.0 - max(edge, 0.0) / mix(bankDepth.x, bankDepth.y, far), 0.0);
-        float bank = min(density * (thin + wisp) * depth, thickest) * smoothstep(-bankSoftness, bankSoftness, edge);
-        float light = depth * depth * depth * mix(edgeLight.x, edgeLight.y, far) * (0.5 + wisp);
-        colour += through * bank * mix(bankBody, bankEdge, light);
-        through *= 1.0 - bank;
-        over += rise;
+    float count = max(taps, 1.0);
+    taps = dark > 0.02 * firstTaps && dark < 0.98 * firstTaps ? moreTaps : 0.0;
+    for (float i = 0.0; i < taps; i += 1.0) {
+        vec2 away = direction * sqrt((i + 0.5) / moreTaps);
+        vec4 other = Drawn(place + away * disc);
+        float lit = Bark(other);
+        float either = max(lit, Black(other));
+        bark += lit * min(2.0 * other.r, 1.0);
+        dark += either;
+        sky += 1.0 - other.a;
+        slope += away * either;
+        direction = TurnedOn(direction);
     }
-    float between = density * haze * smoothstep(top + 0.02, top - 0.12, place.t);
-    return vec4(colour + through * between * bankBody, through * (1.0 - between));
-}
+    count += taps;
+    bark /= count;
+    sky /= count;
 
-// The scene as it is seen: with its night, or as it is under a lesser alpha.
-vec4 Shown(vec4 scene, vec2 place)
-{
-    float own = Own();
-    // The colour is already multiplied by the share of the pixel that is drawn.
-    float light = max(max(scene.r, scene.g), scene.b) / max(scene.a, 0.01);
-    float black = 1.0 - smoothstep(blackEnd.x, blackEnd.y, light);
+    float barkNear = 0.0;
+    float skyNear = 0.0;
+    float dry = 0.0;
+    float stroke = 0.0;
+    taps = dark > 0.0 ? nearTaps : 0.0;
+    for (float i = 0.0; i < taps; i += nearTaps) {
+        dry = Tooth(place * dryGrain) - 0.5;
+        stroke = 0.55 + 0.6 * Tooth(place * barkStrokes);
+    }
+    for (float i = 0.0; i < taps; i += 1.0) {
+        vec4 other = Drawn(place + direction * nearReach * sqrt((i + 0.5) / nearTaps));
+        barkNear += Bark(other) / nearTaps;
+        skyNear += (1.0 - other.a) / nearTaps;
+        direction = TurnedOn(direction);
+    }
+    dark /= count;
+
     float tooth = Tooth(gl_FragCoord.xy * 0.9);
     float rough = Tooth(gl_FragCoord.xy * 0.31);
-    bool isBlack = own * black * scene.a > 0.0;
-    bool isSky = own * (1.0 - scene.a) > 0.0;
-    float lit = clamp((barkHue * scene.r - scene.b) * barkEdge, 0.0, 1.0);
-    float day = LandLight(isBlack || isSky || own * lit > 0.0);
-    vec4 before = Banks(place, max(black, lit) * scene.a, own);
-    float reads = before.a < 0.5 ? 0.5 : 1.0; // behind the banks half of the taps do
-    vec3 drawn = mix(scene.rgb, Night(place) * scene.a, lit * (1.0 - day));
-    vec3 colour = drawn + black * max(Shade(place, tooth, rough, day, isBlack ? reads * shadeTaps : 0.0) * scene.a - drawn, 0.0) +
-                  (1.0 - scene.a) * Sky(place, tooth, day, isSky ? reads * mistTaps : 0.0);
-    colour = colour * before.a + before.rgb;
-    colour *= 1.0 + grain * (tooth + rough - 1.0);
-    return vec4(mix(scene.rgb, colour, own), mix(scene.a, 1.0, own)) * gl_Color;
+    float day = LandLight(own > 0.0);
+
+    float high = smoothstep(treeHeights.x, treeHeights.y, place.t + 0.06 * dry);
+    float isTree = clamp(dot(treeSigns, vec4(bark, barkNear, skyNear, high)), 0.0, 1.0);
+    float limb = smoothstep(bar, bar + mix(limbEdge.x, limbEdge.y, strands), dark + dryEdge * dry) * isTree;
+    float outward = dot(-slope / max(length(slope), 0.5), moonward);
+    float rim = max(outward, 0.0) * smoothstep(bar + rimShare.x, bar + rimShare.y, dark);
+
+    vec3 around = mix(plainLand, land.rgb / max(land.a, 0.01), min(2.0 * land.a / firstTaps, 1.0));
+    float seen = middle.a * (1.0 - Black(middle)) * (1.0 - smoothstep(landSeen.x, landSeen.y, dark)) *
+                 (1.0 - softened * smoothstep(farLand.x, farLand.y, place.t));
+    vec3 field = mix(around, middle.rgb, seen);
+    float shaded = smoothstep(washEdge.x, washEdge.y, dark + washRagged * dry) * (1.0 - isTree) *
+                   smoothstep(washHeights.x, washHeights.y, place.t);
+    field = mix(field, field * wash + washBlue + pigment * (2.0 * rough + tooth - 1.5), shaded);
+
+    vec3 dusk = Night(place);
+    vec3 colour = mix(Sky(place, sky, tooth), field, day * (1.0 - smoothstep(0.3, 0.7, sky)));
+    vec3 limbColour = mix(ink, ochre, smoothstep(litShare.x, litShare.y, bark) * stroke) +
+                      bounce * smoothstep(bounceShare.x, bounceShare.y, bark) +
+                      moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
+    colour = mix(colour, mix(dusk, limbColour, day), limb);
+    vec4 leaves = Leaves(place, clear * first);
+    colour = mix(colour, mix(dusk, leaves.rgb, day), leaves.a);
+    colour = mix(colour, mist.rgb * mix(unlit, 1.0, day), mist.a);
+    return colour * (1.0 + grain * (tooth + rough - 1.0));
 }
 
 void main()
 {
-    vec2 place = mix(gl_TexCoord[0].st, Wobbled(gl_TexCoord[0].st), Own());
+    float own = Own();
+    vec2 place = gl_TexCoord[0].st;
     float strength = max(blur_intensity, 0.0);
     float rounds = strength > 0.0 ? min(fewestRounds + roundsGained * strength, mostRounds) : 0.0;
     float least = max(rounds, fewestRounds);
     float weightStep = exp(-falloff / least);
     float radius = strength * reach * inversesqrt(least);
+    rounds = own < 1.0 ? rounds : 0.0;
 
     // a pattern in which neighbours differ as much as they can, as an angle of the first quarter
     float turn = Spread(gl_FragCoord.xy);
@@ -284,6 +425,6 @@ void main()
         direction = vec2(direction.x * goldenTurn.x - direction.y * goldenTurn.y,
                          direction.x * goldenTurn.y + direction.y * goldenTurn.x);
     }
-    vec4 scene = strength > 0.0 ? sum / weights : texture2D(picture, place);
-    gl_FragColor = Shown(scene, place);
+    vec4 drawn = texture2D(picture, place);
+    gl_FragColor = mix(rounds > 0.0 ? sum / weights : drawn, vec4(Painted(drawn, place, own), 1.0), own) * gl_Color;
 }

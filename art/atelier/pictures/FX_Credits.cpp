@@ -31,13 +31,13 @@ static void AddPitsAndLichen(Canvas& canvas, Mask& ink, const Paper& paper)
         });
         canvas.Cover(rosette,
                      Mix(Mix(palette::Parchment, palette::Amber, 0.6f), palette::Amber, 0.3f * dice.Unit()),
-                     0.7f);
+                     0.25f);
     }
 }
 
-// What the trees are of. Every side of every block shows the whole tile, mostly no larger than a thumbnail: one stone
-// the colour of rust and ochre, by which postprocessing_blur.fp knows a tree from the land, with a few cracks, moss in
-// large patches, lichen, and worn edges where block meets block.
+// What the trees are of. Every side of every block shows the whole tile, mostly no larger than a thumbnail, and
+// postprocessing_blur.fp takes no more from it than the light: one even stone of ochre, by whose hue a tree is known
+// from the land, with moss and lichen that are but a breath darker and lighter, since a dark patch would be a hole.
 static Canvas MossyStone()
 {
     constexpr int Side = 512;
@@ -45,24 +45,18 @@ static Canvas MossyStone()
     const Paper& paper = SketchPaper(512);
     const Noise rock(701, 4, 4), crack(702, 3, 3), moss(703, 3, 3), leaf(704, 64, 64), warp(705, 6, 6),
         pit(709, 24, 24);
-    const auto border = [&](float x,
-                            float y) { // pixels to the next border of the block, which is not straight
-        return Min(Min(x, Size - x), Min(y, Size - y)) + 6 * warp.Fbm(x / Size * 6, y / Size * 6, 3);
-    };
     Canvas canvas(Side, Side);
     canvas.Ground([&](float x, float y) {
         const float t = 0.5f + 0.7f * rock.Fbm(x / Size * 4, y / Size * 4, 5);
-        const float bulge = Smooth(0, 70, border(x, y));
-        const LinearColour stone = Mix(Mix(palette::Rust, palette::Ochre, 0.55f),
-                                       Mix(palette::Ochre, palette::Amber, 0.8f), Clamp(t));
-        return stone * (0.74f + 0.26f * bulge) * (0.92f + 0.22f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
+        const LinearColour stone = Mix(Mix(palette::Ochre, palette::Amber, 0.6f), palette::Amber, Clamp(t));
+        return stone * (0.98f + 0.10f * pit.Fbm(x / Size * 24, y / Size * 24, 3));
     });
     const Mask stains = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         return Smooth(0.02f, 0.22f, rock.Fbm(x / Size * 4 + 2, y / Size * 4 + 1, 3));
     });
     Wash(canvas, paper, stains,
          {.pigment = Mix(palette::Rust, palette::Ochre, 0.35f),
-          .density = 0.32f,
+          .density = 0.10f,
           .pool = 1,
           .poolWidth = 7,
           .bloomSize = 128},
@@ -71,16 +65,16 @@ static Canvas MossyStone()
         const float w = 0.35f * warp.Fbm(x / Size * 6, y / Size * 6, 3);
         const float patch =
             moss.Fbm(x / Size * 3 + w, y / Size * 3, 3) + 0.10f * leaf.Gradient(x / Size * 64, y / Size * 64);
-        return Smooth(0.10f, 0.20f, patch + 0.10f * Smooth(80, 10, border(x, y)));
+        return Smooth(0.10f, 0.20f, patch);
     });
-    canvas.Glaze(Mask(green).Blur(7), palette::Rust, 0.5f);
+    canvas.Glaze(Mask(green).Blur(7), palette::Rust, 0.12f);
     canvas.Cover(
         green,
         [&](float x, float y) {
             const float t = 0.45f + 0.7f * leaf.Fbm(x / Size * 64, y / Size * 64, 3);
             return Mix(palette::Moss * 0.75f, Mix(palette::Moss, palette::Amber, 0.35f), Clamp(t));
         },
-        0.9f);
+        0.22f);
     Mask ink(Side, Side, 0, true);
     ink.Each([&](float x, float y) {
         const float w = 0.4f * warp.Fbm(x / Size * 6 + 1, y / Size * 6, 3);
@@ -88,36 +82,51 @@ static Canvas MossyStone()
         const float thin = Smooth(-0.2f, 0.4f, rock.Fbm(x / Size * 4 + 3, y / Size * 4, 2));
         return Smooth(0.965f - 0.012f * thin, 0.99f, ridge) * thin;
     });
-    // Where block meets block, on both sides of the borders, a dark joint that is worn away here and there.
-    ink.Unite(Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        const float u = x / Size, v = y / Size;
-        const float off = Min(Min(x, Size - x), Min(y, Size - y)) + 2.5f * warp.Fbm(u * 12, v * 12, 3);
-        return 0.85f * Smooth(4, 1, off) * Smooth(-0.25f, 0.15f, rock.Fbm(u * 8, v * 8, 2));
-    }));
     AddPitsAndLichen(canvas, ink, paper);
-    canvas.Cover(ink, Mix(palette::Ink, palette::Slate, 0.5f), 0.8f);
-    // As on a pebble, light from the upper left and a shaded lower right, on every side of every block.
+    canvas.Cover(ink, Mix(palette::Ink, palette::Slate, 0.5f), 0.2f);
+    // As on a pebble, light from the upper left, on every side of every block.
     canvas.Tone(Mask(Side, Side, 0, true).Each([&](float x, float y) {
         return (0.5f + 0.5f * Cos(2 * Pi * (x / Size - 0.36f))) *
                (0.5f + 0.5f * Cos(2 * Pi * (y / Size - 0.32f)));
     }),
-                0.45f, 1.5f);
-    paper.Show(canvas, 0.7f);
+                0.9f, 1.1f);
+    paper.Show(canvas, 0.3f);
     return canvas;
 }
 
-// The hand that draws a mark: in pixels of a strip 128 high.
+// The hand that draws a mark: bone lines, bodies of slate, and amber for what sounds, runs or glows. In pixels of a
+// strip 128 high.
 struct MarkPen {
-    Pen& pen;
+    Mask& lines;
+    Mask& bodies;
+    Mask& accents;
+    Pen pen, amber;
     float scale;
 
-    void Stroke(const Line& line, Press press = {}) { pen.Stroke(Scaled(line, scale), press); }
-    void Dot(Vector2 place, float radius) { pen.Dot(place * scale, radius * scale); }
-    void Splatter(Vector2 place, float reach, int count, float largest)
+    void Stroke(const Line& line, float width, Press press = {.start = 0.8f, .middle = 1, .end = 0.7f})
     {
-        pen.Splatter(place * scale, reach * scale, count, largest * scale);
+        pen.nib.width = width * scale;
+        pen.Stroke(Scaled(line, scale), press);
     }
-    void Width(float width) { pen.nib.width = width * scale; }
+    void Body(const Line& outline, float width = 4)
+    {
+        bodies.Fill(Scaled(outline, scale));
+        Stroke(outline, width, {.start = 0.9f, .middle = 1, .end = 0.9f});
+    }
+    // Where a body is open, and where a line goes on behind it.
+    void Open(const Line& outline) { bodies.Erase(Scaled(outline, scale)); }
+    void Clear(const Line& outline)
+    {
+        Open(outline);
+        lines.Erase(Scaled(outline, scale));
+    }
+    void Solid(const Line& outline) { lines.Fill(Scaled(outline, scale)); }
+    void Glow(const Line& line, float width, Press press)
+    {
+        amber.nib.width = width * scale;
+        amber.Stroke(Scaled(line, scale), press);
+    }
+    void GlowSolid(const Line& outline) { accents.Fill(Scaled(outline, scale)); }
 };
 
 using Mark = void (*)(MarkPen& pen);
@@ -126,9 +135,10 @@ using Mark = void (*)(MarkPen& pen);
 constexpr int NameWidth = 1024, NameHeight = 128;
 constexpr float FirstSeen = 15.28f, OthersSeen = 6.67f;
 
-// A name in pen, bone on a soft shade of night, with a mark of its owner's craft at its left. It is painted in the
-// proportion in which it is seen.
-static Canvas Name(const char* text, float seen, Mark mark, uint32_t seed)
+// A name in pen, bone on a soft shade of night, with a mark of its owner's craft at its left, which the closing roll
+// shows again. It is painted in the proportion in which it is seen. The name begins at `left`, in pixels of a strip
+// 128 high.
+static Canvas Name(const char* text, float seen, Mark mark, float left, uint32_t seed)
 {
     const Paper& paper = SketchPaper();
     const float wide = seen * NameHeight > NameWidth ? seen * NameHeight : NameWidth, high = wide / seen;
@@ -144,48 +154,72 @@ static Canvas Name(const char* text, float seen, Mark mark, uint32_t seed)
              .dry = 0.2f,
              .pool = 0.5f},
             seed);
-    const Vector2 place = {164 * scale, 88 * scale};
+    const Vector2 place = {left * scale, 88 * scale};
     const LetterStyle style{
         .size = 74 * scale, .slant = 0.10f, .narrow = 1.1f, .spacing = 1.4f, .lively = 1.1f};
     Write(pen, text, place, style, Anchor::Left, seed + 1);
-    MarkPen hand{pen, scale};
-    hand.Width(6);
-    mark(hand);
-    hand.Width(4);
+    pen.nib.width = 4 * scale;
     const float end = place.x + WidthOf(text, style), line = 115 * scale;
     pen.Stroke(Shaken(Through({{place.x, line}, {Mix(place.x, end, 0.5f), line - 3}, {end, line + 1}}), 1.5f,
                       120, seed + 2),
                {.start = 0.1f, .middle = 0.8f, .end = 0});
+    Mask bodies(width, height), accents(width, height);
+    const Nib nib{.least = 0.4f, .wobble = 0.8f, .skip = 0, .dry = 0.1f, .pool = 0.3f};
+    MarkPen hand{ink,  bodies, accents, Pen(ink, paper, nib, seed + 3), Pen(accents, paper, nib, seed + 4),
+                 scale};
+    mark(hand);
     // Behind it lies what the tree stands on, bright or black: ink that has run out of the letters.
-    Mask shade = ink.Blurred(6 * scale).Scale(2.4f);
-    shade.Unite(ink.Blurred(17 * scale).Scale(3.4f)).Curve(0, 1.1f).FadeToBorder(16);
+    Mask all = ink;
+    all.Unite(accents).Unite(bodies);
+    Mask shade = all.Blurred(6 * scale).Scale(2.4f);
+    shade.Unite(all.Blurred(17 * scale).Scale(3.4f)).Curve(0, 1.1f).FadeToBorder(16);
     Canvas canvas(width, height);
     canvas.Cover(shade, palette::Ink, 0.84f);
+    canvas.Cover(bodies.FadeToBorder(4), palette::Slate, 0.9f);
     canvas.Cover(Mask(ink).FadeToBorder(4), palette::Bone);
+    canvas.Cover(accents.FadeToBorder(4), Mix(palette::Amber, palette::Bone, 0.22f));
     return Squeezed(canvas, NameWidth, NameHeight);
 }
 
-// A reed's mouthpiece and the conical pipe with its holes.
+// A tarogato from its beak to its bell, with keys and rings, and three notes that have come out of it.
 static void Reed(MarkPen& pen)
 {
-    pen.Stroke(Through({{22, 96}, {70, 66}, {112, 34}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
-    pen.Stroke(Through({{34, 116}, {82, 80}, {118, 42}}), {.start = 1, .middle = 0.9f, .end = 0.7f});
-    pen.Stroke(Through({{20, 92}, {18, 106}, {36, 120}}), {.start = 0.8f, .middle = 1, .end = 0.8f});
-    pen.Stroke(Through({{112, 34}, {130, 20}, {140, 16}, {134, 28}, {118, 42}}),
-               {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
-    for (int i = 0; i < 5; i++)
-        pen.Dot(Vector2{42, 92} + Vector2{14, -10.5f} * float(i), 3.2f);
+    const Line axis = Through({{54, 34}, {140, 60}, {222, 82}});
+    pen.Body(Limb(axis, 7, 12, 19), 5);
+    pen.Body(Limb(Through({{220, 82}, {240, 87}}), 22, 26, 36), 5);
+    pen.Solid(Limb(Through({{14, 20}, {34, 28}, {54, 34}}), 3, 6, 8));
+    for (int i = 0; i < 6; i++) {
+        const float t = 0.16f + 0.125f * float(i);
+        pen.Solid(Ellipse(PointAt(axis, t), 4.5f + 2 * t, 4 + 2 * t));
+    }
+    for (const float t : {0.08f, 0.53f, 0.90f}) {
+        const Vector2 p = PointAt(axis, t), d = DirectionAt(axis, t), n = {-d.y, d.x};
+        pen.Stroke(Straight({p - n * (9 + 10 * t), p + n * (9 + 10 * t)}), 5);
+    }
+    for (int i = 0; i < 3; i++) {
+        const Vector2 head = Vector2{268, 78} + Vector2{17, -13} * float(i) + Vector2{0, 8} * float(i % 2);
+        pen.GlowSolid(Ellipse(head, 8.5f, 6, -0.4f));
+        pen.Glow(Straight({head + Vector2{7, -2}, head + Vector2{8, -34}}), 4.5f,
+                 {.start = 1, .middle = 1, .end = 1});
+        pen.Glow(Through({head + Vector2{8, -34}, head + Vector2{15, -26}, head + Vector2{16, -15}}), 5,
+                 {.start = 1, .middle = 0.8f, .end = 0.2f});
+    }
 }
 
+// A brush, and the ochre that it has laid.
 static void Brush(MarkPen& pen)
 {
-    pen.Stroke(Through({{136, 16}, {104, 42}, {76, 66}}), {.start = 0.5f, .middle = 1, .end = 1});
-    pen.Stroke(Straight({{82, 54}, {90, 68}}), {.start = 1, .middle = 1, .end = 1});
-    pen.Width(9);
-    pen.Stroke(Through({{80, 64}, {58, 78}, {46, 98}, {28, 108}}), {.start = 0.8f, .middle = 1, .end = 0});
-    pen.Width(5);
-    pen.Stroke(Through({{78, 58}, {52, 72}, {40, 96}}), {.start = 0.8f, .middle = 0.7f, .end = 0.2f});
-    pen.Splatter({32, 104}, 18, 8, 3);
+    pen.Glow(Shaken(Through({{34, 104}, {74, 118}, {140, 106}, {206, 114}}), 2, 30, 735), 13,
+             {.start = 0.9f, .middle = 1, .end = 0});
+    pen.Glow(Through({{60, 106}, {120, 100}, {178, 102}}), 5, {.start = 0.3f, .middle = 0.8f, .end = 0});
+    pen.Clear(Limb(Through({{94, 66}, {64, 78}, {24, 106}}), 18, 17, 4));
+    pen.Body(Limb(Through({{230, 16}, {170, 36}, {122, 56}}), 4, 10, 10));
+    pen.Body(Limb(Through({{122, 56}, {96, 67}}), 11, 13, 15), 5);
+    for (const float t : {0.3f, 0.65f}) {
+        const Vector2 p = Vector2{122, 56} + Vector2{-26, 11} * t;
+        pen.Stroke(Straight({p + Vector2{-5, -12}, p + Vector2{5, 12}}), 3.5f);
+    }
+    pen.Solid(Limb(Through({{94, 68}, {64, 80}, {26, 104}}), 14, 15, 1));
 }
 
 static void Gear(MarkPen& pen, Vector2 at, float radius, int teeth, float turned)
@@ -193,48 +227,64 @@ static void Gear(MarkPen& pen, Vector2 at, float radius, int teeth, float turned
     Line rim;
     for (int i = 0; i <= teeth * 4; i++) {
         const float a = turned + 2 * Pi * float(i) / float(teeth * 4);
-        rim.push_back(at + Vector2{Cos(a), Sin(a)} * (i % 4 < 2 ? radius : radius * 0.78f));
+        rim.push_back(at + Vector2{Cos(a), Sin(a)} * (i % 4 < 2 ? radius : radius * 0.79f));
     }
-    pen.Stroke(Straight(rim), {.start = 0.8f, .middle = 1, .end = 0.8f});
-    pen.Stroke(Ellipse(at, radius * 0.3f, radius * 0.3f), {.start = 0.8f, .middle = 0.9f, .end = 0.7f});
+    pen.Body(Straight(rim), 4.5f);
+    const Line inside = Ellipse(at, radius * 0.52f, radius * 0.52f);
+    pen.Open(inside);
+    pen.Stroke(inside, 4.5f, {.start = 0.9f, .middle = 1, .end = 0.9f});
+    pen.Solid(Ellipse(at, radius * 0.14f, radius * 0.14f));
+    for (int i = 0; i < 5; i++) {
+        const float a = turned + 0.3f + float(i) * 2 * Pi / 5;
+        pen.Stroke(Straight({at, at + Vector2{Cos(a), Sin(a)} * (radius * 0.52f)}), 4.5f);
+    }
 }
 static void Gears(MarkPen& pen)
 {
-    Gear(pen, {58, 76}, 36, 10, 0.1f);
-    Gear(pen, {112, 42}, 25, 8, 0.4f);
+    Gear(pen, {62, 72}, 50, 12, 0.1f);
+    Gear(pen, {138, 46}, 34, 8, 0.28f);
 }
 
+// A lantern with its bow, and the light that goes out from it to all sides.
 static void Lamp(MarkPen& pen)
 {
-    pen.Stroke(Through({{44, 108}, {58, 112}, {86, 112}, {100, 108}}),
-               {.start = 0.8f, .middle = 1, .end = 0.8f});
-    pen.Stroke(Through({{56, 104}, {46, 76}, {58, 46}}), {.start = 0.8f, .middle = 1, .end = 0.7f});
-    pen.Stroke(Through({{88, 104}, {98, 76}, {86, 46}}), {.start = 0.8f, .middle = 1, .end = 0.7f});
-    pen.Stroke(Through({{50, 46}, {72, 40}, {94, 46}}), {.start = 0.9f, .middle = 1, .end = 0.8f});
-    pen.Stroke(Ellipse({72, 26}, 15, 13), {.start = 0.7f, .middle = 0.8f, .end = 0.4f});
-    pen.Stroke(Round({{72, 58}, {80, 78}, {72, 90}, {64, 78}}), {.start = 0.9f, .middle = 1, .end = 0.8f});
+    const Vector2 at = {84, 74};
+    pen.Stroke(Arc(at + Vector2{0, -40}, 20, 26, -2.9f, -0.24f), 5, {.start = 1, .middle = 1, .end = 1});
+    pen.Body(Through({at + Vector2{-26, -32}, at + Vector2{-10, -46}, at + Vector2{10, -46},
+                      at + Vector2{26, -32}, at + Vector2{-26, -32}}),
+             5);
     for (const float side : {-1.0f, 1.0f})
-        for (int i = -1; i <= 1; i++)
-            pen.Stroke(Straight({Vector2{72 + side * 38, 76 + 16 * float(i)},
-                                 Vector2{72 + side * 58, 76 + 24 * float(i)}}),
-                       {.start = 0.9f, .middle = 0.6f, .end = 0});
+        pen.Stroke(
+            Through({at + Vector2{side * 24, -30}, at + Vector2{side * 31, 0}, at + Vector2{side * 24, 30}}),
+            5.5f);
+    pen.Body(Straight({at + Vector2{-28, 30}, at + Vector2{-34, 46}, at + Vector2{34, 46},
+                       at + Vector2{28, 30}, at + Vector2{-28, 30}}),
+             5);
+    pen.GlowSolid(Round({at + Vector2{0, -24}, at + Vector2{11, 4}, at + Vector2{8, 20}, at + Vector2{0, 24},
+                         at + Vector2{-8, 20}, at + Vector2{-11, 4}}));
+    for (const float side : {-1.0f, 1.0f})
+        for (int i = 0; i < 4; i++) {
+            const float a = 0.58f - 0.38f * float(i), from = 45, to = i % 2 == 0 ? 72 : 80;
+            const Vector2 d = {side * Cos(a), Sin(a)};
+            pen.Glow(Straight({at + d * from, at + d * to}), 6, {.start = 1, .middle = 0.7f, .end = 0.1f});
+        }
 }
 
 static Canvas NameFen()
 {
-    return Name("fen tarogato", FirstSeen, Reed, 721);
+    return Name("fen tarogato", FirstSeen, Reed, 338, 721);
 }
 static Canvas NameOchre()
 {
-    return Name("ochre", OthersSeen, Brush, 731);
+    return Name("ochre", OthersSeen, Brush, 258, 731);
 }
 static Canvas NameDunmarrow()
 {
-    return Name("dunmarrow", OthersSeen, Gears, 741);
+    return Name("dunmarrow", OthersSeen, Gears, 190, 741);
 }
 static Canvas NameLowbeam()
 {
-    return Name("lowbeam", OthersSeen, Lamp, 751);
+    return Name("lowbeam", OthersSeen, Lamp, 182, 751);
 }
 
 // clang-format off

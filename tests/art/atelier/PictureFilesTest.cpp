@@ -329,6 +329,20 @@ TEST(PictureFiles, TheBarkOfTheNamesTreesIsWarmerThanTheirLand)
     EXPECT_LT(WarmPart(Load("ackerbau_tiled2_2.jpg"), 0.30), 0.001);
 }
 
+TEST(PictureFiles, TheBarkOfTheNamesTreesHasNoDarkPatchThatWouldPassForShade)
+{
+    const Raster bark = Load("stoned.jpg");
+    double red = 0;
+    int dark = 0;
+    for (int y = 0; y < bark.height; y++)
+        for (int x = 0; x < bark.width; x++) {
+            red += At(bark, x, y, 0);
+            dark += At(bark, x, y, 0) < 150 ? 1 : 0;
+        }
+    EXPECT_GT(red / (bark.width * bark.height), 190);
+    EXPECT_LT(double(dark) / (bark.width * bark.height), 0.01);
+}
+
 TEST(PictureFiles, TheScoreTilesAlongItsLength)
 {
     const Raster score = Load("teststreifen.png");

@@ -12,7 +12,7 @@ namespace atelier
 constexpr float Size = 1024;
 constexpr int Side = 1024;
 
-// The line of mist of postprocessing_blur.fp.
+// The haze of postprocessing_blur.fp, which covers the far border.
 constexpr LinearColour NightMist = {FromScreen(0.21f), FromScreen(0.26f), FromScreen(0.36f)};
 
 // A phase that grows by one from furrow to furrow; the strokes of the pen follow it.
