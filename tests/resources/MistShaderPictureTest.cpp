@@ -66,8 +66,8 @@ TEST_F(MistShader, ShowsALandWithoutLightAsNightAndLeavesBoneAsItIs)
 {
     Start(64);
     Texture black, bone;
-    Make(&black, PlainPicture(8, 8, 4, 0, 0, 0, 255));
-    Make(&bone, PlainPicture(8, 8, 4, 239, 230, 210, 255));
+    MakeTexture(&black, PlainPicture(8, 8, 4, 0, 0, 0, 255));
+    MakeTexture(&bone, PlainPicture(8, 8, 4, 239, 230, 210, 255));
     for (float strength : {0.35f, clearest}) {
         const Picture night = DrawScene(&black, strength);
         // Half way between the two colours of the night.
@@ -85,7 +85,7 @@ TEST_F(MistShader, LetsANightSkyStandOverAHazeWhereNothingWasDrawn)
 {
     Start(128);
     Texture texture;
-    Make(&texture, LandBelowTheSky(128, 72, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 72, 140));
     const Picture scene = DrawScene(&texture, clearest);
     EXPECT_NEAR(140, MeanOfRow(scene, 12, 2), 10);
     const double night[3] = {20, 26, 51};
@@ -102,8 +102,8 @@ TEST_F(MistShader, HidesTheBorderOfALandThatHasNoLight)
 {
     Start(128);
     Texture land, nothing;
-    Make(&land, LandBelowTheSky(128, 40, 0));
-    Make(&nothing, PlainPicture(8, 8, 4, 0, 0, 0, 0));
+    MakeTexture(&land, LandBelowTheSky(128, 40, 0));
+    MakeTexture(&nothing, PlainPicture(8, 8, 4, 0, 0, 0, 0));
     for (float strength : {-0.75f, 0.25f, clearest}) {
         const Picture scene = DrawScene(&land, strength), night = DrawScene(&nothing, strength);
         for (int row = 4; row < 128; row += 8)
@@ -119,7 +119,7 @@ TEST_F(MistShader, DarkensBarkWithTheLand)
         Picture land = LandBelowTheSky(128, 128, light);
         Fill(&land, 40, 80, 82, 102, 200, 120, 40);
         Texture texture;
-        Make(&texture, land);
+        MakeTexture(&texture, land);
         const Picture scene = DrawScene(&texture, clearest);
         const double red = MeanOf(scene, 50, 70, 87, 97, 0), blue = MeanOf(scene, 50, 70, 87, 97, 2);
         if (light == 0) {
@@ -140,7 +140,7 @@ protected:
     {
         Picture land = LandBelowTheSky(128, 128, 140);
         Fill(&land, 52, 90, 84, 102, 0, 0, 0);
-        Make(&texture, land);
+        MakeTexture(&texture, land);
         const Picture scene = DrawScene(&texture, strength);
         return MeanOf(scene, 98, 122, 88, 98, 0) - MeanOf(scene, 58, 84, 88, 98, 0);
     }
@@ -163,7 +163,7 @@ TEST_F(MistOfAYoungScene, HidesWhatStandsOnTheLandAndLiftsAsTheIntensityGrows)
 TEST_F(MistOfAYoungScene, StaysAboutTheFootAndBeforeTheHighestLimbs)
 {
     Start(128);
-    Make(&texture, LandBelowTheSky(128, 128, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     const Picture scene = DrawScene(&texture, clearest);
     EXPECT_NEAR(140, MeanOf(scene, 0, 128, 8, 20, 0), 6);
     EXPECT_NEAR(140, MeanOf(scene, 0, 128, 93, 98, 0), 6);
@@ -174,7 +174,7 @@ TEST_F(MistOfAYoungScene, StaysAboutTheFootAndBeforeTheHighestLimbs)
 TEST_F(MistOfAYoungScene, HasMoonlitHeads)
 {
     Start(128);
-    Make(&texture, LandBelowTheSky(128, 128, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     const Picture mist = DrawScene(&texture, -0.75f);
     double darkest = 255, lightest = 0;
     for (int y = 10; y < 105; y += 5)
@@ -192,7 +192,7 @@ TEST_F(MistOfAYoungScene, HasMoonlitHeads)
 TEST_F(MistOfAYoungScene, DriftsOnAsTheIntensityComesToRest)
 {
     Start(128);
-    Make(&texture, LandBelowTheSky(128, 128, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     Picture last = DrawScene(&texture, 0.45f - 0.22f);
     for (float left : {0.081f, 0.030f, 0.011f, 0.004f}) {
         const Picture next = DrawScene(&texture, 0.45f - left);
@@ -204,7 +204,7 @@ TEST_F(MistOfAYoungScene, DriftsOnAsTheIntensityComesToRest)
 TEST_F(MistOfAYoungScene, DoesNotJumpWhereTheFirstTreeOutgrowsTheOthers)
 {
     Start(128);
-    Make(&texture, LandBelowTheSky(128, 128, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     EXPECT_LE(Compare(DrawScene(&texture, 0.449999f), DrawScene(&texture, 0.450001f), 0).maximum, 3);
 }
 
@@ -213,7 +213,7 @@ TEST_F(MistOfAYoungScene, LiftsFromTheLastTreeAsItsCameraRises)
     Start(128);
     // In the sky beside the tree, where the night has a red of 20.
     const auto mist = [&](int horizon, float strength) {
-        Make(&texture, LandBelowTheSky(128, horizon, 140));
+        MakeTexture(&texture, LandBelowTheSky(128, horizon, 140));
         return MeanOf(DrawScene(&texture, strength), 0, 128, 95, 99, 0) - 20;
     };
     EXPECT_GT(mist(56, 0.25f), 15);
@@ -228,7 +228,7 @@ TEST_F(MistShader, JoinsCubesIntoLimbs)
     for (int low = 150; low < 210; low += 11)
         Fill(&chain, 120, 128, low, low + 8, 0, 0, 0);
     Texture texture;
-    Make(&texture, chain);
+    MakeTexture(&texture, chain);
     const Picture plain = DrawPlain(&texture), scene = DrawScene(&texture, clearest);
     for (int gap = 169; gap < 200; gap += 11) { // between the second and the third cube, and further up
         EXPECT_EQ(140, plain.At(124, gap + 1)[0]) << gap;
@@ -244,7 +244,7 @@ TEST_F(MistShader, GivesLimbsARimTowardsTheMoon)
     Picture wood = LandBelowTheSky(256, 256, 140);
     Fill(&wood, 100, 160, 150, 196, 0, 0, 0);
     Texture texture;
-    Make(&texture, wood);
+    MakeTexture(&texture, wood);
     const Picture scene = DrawScene(&texture, clearest);
     const double left = MeanOf(scene, 101, 103, 172, 182, 2), right = MeanOf(scene, 157, 159, 172, 182, 2),
                  core = MeanOf(scene, 120, 140, 172, 182, 2);
@@ -260,7 +260,7 @@ TEST_F(MistShader, TellsATreesOwnShadeFromItsShadowOnTheLand)
     Fill(&wood, 150, 180, 80, 220, 0, 0, 0);       // a trunk that rises before the sky,
     Fill(&wood, 126, 150, 100, 220, 200, 120, 40); // whose other side lies in the light
     Texture texture;
-    Make(&texture, wood);
+    MakeTexture(&texture, wood);
     const Picture scene = DrawScene(&texture, clearest);
     const double shadow[3] = {MeanOf(scene, 55, 75, 28, 38, 0), 0, MeanOf(scene, 55, 75, 28, 38, 2)};
     EXPECT_LT(shadow[0], 90);
@@ -275,7 +275,7 @@ TEST_F(MistShader, GivesLeavesToTheFirstTreeAlone)
 {
     Start(128);
     Texture texture;
-    Make(&texture, LandBelowTheSky(128, 128, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     const auto crown = [&](float strength) {
         return MeanOf(DrawScene(&texture, strength), 49, 59, 103, 112, 0);
     };
