@@ -44,12 +44,12 @@ const vec2 wholeGoldenTurn = vec2(-0.7373688, 0.6754902); // and of the whole tu
 const float barkHue = 0.62;             // blue is a lesser part of red than this in bark, a greater in land
 const float barkEdge = 12.0;            // how sharply they are told apart
 const vec2 blackEnd = vec2(0.02, 0.12); // light at which black begins to give way to the scene, and has
-const float landTaps = 3.0;             // along the picture's foot:
+const float landTaps = 4.0;             // along the picture's foot:
 const vec2 landLight = vec2(0.12, 0.32); // blue there if the land has no light, and if it has all its light
 
 // Limbs. Shares are of the disc in which a limb is looked for, heights are of the picture.
 const float firstTaps = 6.0;  // that say whether
-const float moreTaps = 16.0;  // more are needed: not where all is alike
+const float moreTaps = 15.0;  // more are needed: not where all is alike
 const float aspect = 1.33;    // of the disc, a circle on the screen
 const float discRadius = 0.022;             // before the land,
 const float skyDiscRadius = 0.016;          // before the sky, where limbs are thinner,
@@ -112,7 +112,7 @@ const vec2 nightHeights = vec2(0.35, 1.05);
 const vec3 haze = vec3(0.228, 0.275, 0.385); // over the land's far border, which is drawn in the same colour
 const float hazeHeight = 0.17;
 const float hazeWidth = 0.10;           // to either side of what it rises from
-const float hazeTaps = 6.0;
+const float hazeTaps = 5.0;
 const vec2 hazeLand = vec2(0.08, 0.20); // blue of lit land and not of anything else
 
 // Mist.
@@ -142,7 +142,8 @@ const vec3 mistBody = vec3(0.175, 0.215, 0.335);
 const vec3 mistEdge = vec3(0.56, 0.61, 0.70); // in the moonlight
 const float unlit = 0.45;                  // part of its light while the land has none
 
-const float grain = 0.07; // of the paper, in parts of the light
+const float grain = 0.06;      // of the paper, in parts of the light
+const float toothGrain = 0.52; // features in a pixel
 
 // Even: neighbours differ as much as they can.
 float Spread(vec2 cell) { return fract(52.9829189 * fract(dot(cell, vec2(0.06711056, 0.00583715)))); }
@@ -368,8 +369,7 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     }
     dark /= count;
 
-    float tooth = Tooth(gl_FragCoord.xy * 0.9);
-    float rough = Tooth(gl_FragCoord.xy * 0.31);
+    float tooth = Tooth(gl_FragCoord.xy * toothGrain);
     float day = LandLight(own > 0.0);
 
     float high = smoothstep(treeHeights.x, treeHeights.y, place.t + 0.06 * dry);
@@ -384,7 +384,7 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     vec3 field = mix(around, middle.rgb, seen);
     float shaded = smoothstep(washEdge.x, washEdge.y, dark + washRagged * dry) * (1.0 - isTree) *
                    smoothstep(washHeights.x, washHeights.y, place.t);
-    field = mix(field, field * wash + washBlue + pigment * (2.0 * rough + tooth - 1.5), shaded);
+    field = mix(field, field * wash + washBlue + pigment * (3.0 * tooth - 1.5), shaded);
 
     vec3 dusk = Night(place);
     vec3 colour = mix(Sky(place, sky, tooth), field, day * (1.0 - smoothstep(0.3, 0.7, sky)));
@@ -395,7 +395,7 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     vec4 leaves = Leaves(place, clear * first);
     colour = mix(colour, mix(dusk, leaves.rgb, day), leaves.a);
     colour = mix(colour, mist.rgb * mix(unlit, 1.0, day), mist.a);
-    return colour * (1.0 + grain * (tooth + rough - 1.0));
+    return colour * (1.0 + grain * (2.0 * tooth - 1.0));
 }
 
 void main()
