@@ -182,6 +182,24 @@ TEST_F(TheNight, OverlaysLieOverItAllUntilTheBlackOneGoesDownBehindTheRoll)
             }
 }
 
+// They leave the projection and the borders of their wide picture behind, into which whatever is drawn over them falls: the
+// black flash too. In the frame in which they end, the painting begins, and it would be seen in those borders from below.
+TEST_F(TheNight, NothingIsDrawnBeneathTheNames)
+{
+    int found = 0;
+    for (const NightScript::Entry& names : night.entries) {
+        if (names.effect != "FX_Credits")
+            continue;
+        found++;
+        for (const NightScript::Entry& entry : night.entries) {
+            if (entry.start <= names.stop && entry.stop >= names.start) {
+                EXPECT_GE(entry.layer, names.layer) << entry.effect;
+            }
+        }
+    }
+    EXPECT_EQ(1, found);
+}
+
 TEST_F(TheNight, SomethingIsOnAtEveryMoment)
 {
     for (uint32_t time = 0; time <= night.end; time += beat) {
