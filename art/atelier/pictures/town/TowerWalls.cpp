@@ -124,7 +124,7 @@ static void LightWindows(Canvas& canvas, const Paper& paper)
         return Mix(Mix(palette::Ochre, palette::Amber, 0.55f), Mix(palette::Amber, palette::Bone, 0.35f),
                    Clamp(fold));
     });
-    canvas.Cover(bars.Multiply(light.Unite(shutters)), palette::Ink, 0.9f);
+    canvas.Cover(bars.Multiply(light.Unite(shutters)), palette::Ink, 0.75f);
 }
 
 // The feathers that cover a tower: which one lies at a place of the wall.
@@ -232,7 +232,7 @@ static LinearColour FeatherColour(const Plumage::FeatherPlace& f, float h, float
     const float isRing = Smooth(0.10f, 0.12f, h) * Smooth(0.19f, 0.17f, h);
     const float isCopper = Smooth(0.17f, 0.19f, h), isTail = Smooth(0.52f, 0.68f, h);
     LinearColour c = Mix(Mix(Mix(head, copper, isCopper), tail, isTail), ring, isRing);
-    c = c * (0.70f + 0.42f * comb);
+    c = c * (0.80f + 0.22f * comb);
     // The head's scales shine cold, the breast's glow before their dark hem, the tail is barred.
     const float hem = Hill(0.13f, 0.085f, tip);
     c = Mix(c, Mix(palette::Mist, palette::ColdLight, 0.35f), 0.35f * hem * (1 - isCopper) * (1 - isRing));
@@ -266,14 +266,10 @@ static LinearColour TowerColour(float x, float y, const Plumage& plumage, const 
     c = c * (1 - 0.72f * Smooth(0.60f, 0.36f, f.v));
     // Weather: bare stone comes through, more of it towards the foot.
     const float worn = noise.age.Fbm(x / Size * 8, y / Size * 8, 5) + 0.45f * h - 0.2f;
-    c = Mix(c, stone * (0.75f + 0.3f * comb), 0.8f * Smooth(0.05f, 0.32f, worn));
+    c = Mix(c, stone * (0.80f + 0.2f * comb), 0.8f * Smooth(0.05f, 0.32f, worn));
     return Mix(c, palette::Ink,
                0.6f * Smooth(0.50f, 0.66f, noise.chip.Gradient(x / Size * 96, y / Size * 96)));
 }
-
-// The sky behind the heads of the towers, between the threads of light, at a third more: the show draws the walls at
-// three quarters of their brightness.
-constexpr LinearColour SkyBehind = palette::Rust * 0.009f + palette::Slate * 0.075f;
 
 // Walls are round, and go into the dark towards their corners: of one that is seen edge-on a few pixels have to show
 // all of it, and where bright and dark lay side by side the strip would crawl.
@@ -297,80 +293,116 @@ static void DarkenCorners(Canvas& canvas, const Paper& paper)
     canvas.Cover(ink, palette::Ink, 0.6f);
 }
 
-// One feather of the crest: upright, broadest below its middle, pointed.
-struct CrestFeather {
-    Vector2 foot, tip;
-    float half;
-};
+// The box ends in a straight cut, which is seen against a sky that is now light and now black. So each wall ends in what
+// is straight by nature: a parapet on corbels with little arches between them, which goes all round the tower up to the
+// last row. Rows, in pixels below the head; at the head a pixel is 2.5 times as high as wide.
+constexpr float ArrisFoot = 4, CopingFoot = 18, FriezeFoot = 29, ArchSpring = 42, CorbelFoot = 60;
+constexpr int ArchesOfWall = 5;
+constexpr float ArchPitch = 44, ArchHalf = 14;
 
-static void DrawCrestFeather(Canvas& canvas, Pen& outline, Pen& shine, const CrestFeather& f,
-                             LinearColour low, float bright)
+// The middle of an arch. They stand away from the corners, which have double corbels.
+static float ArchMiddle(int wall, int arch)
 {
-    const Vector2 lean = f.tip - f.foot;
-    const Vector2 belly = f.foot + lean * 0.45f + Vector2{-lean.x * 0.25f, 0};
-    const auto side = [&](float s) {
-        return Through({f.foot + Vector2{s * f.half * 0.7f, 0}, belly + Vector2{s * f.half, 0},
-                        f.foot + lean * 0.8f + Vector2{s * f.half * 0.55f, 0}, f.tip},
-                       1);
-    };
-    Line body = side(-1);
-    const Line right = side(1);
-    body.insert(body.end(), right.rbegin(), right.rend());
-    const float length = -lean.y;
-    canvas.Cover(Filled(Side, Side, body, true), [&](float x, float y) {
-        const float up = Clamp((f.foot.y - y) / length);
-        const float across = Clamp(Abs(x - Mix(f.foot.x, f.tip.x, up)) / f.half);
-        const float barb = 0.88f + 0.24f * Fraction((y + 1.2f * Abs(x - f.foot.x)) / 5);
-        return Mix(low * (1.1f - 0.5f * across) * barb, SkyBehind, Smooth(0.55f, 1.4f, up));
-    });
-    outline.Stroke(side(-1), {.start = 0.6f, .middle = 1, .end = 0.5f});
-    outline.Stroke(side(1), {.start = 0.6f, .middle = 1, .end = 0.5f});
-    shine.nib.ink = bright;
-    shine.Stroke(Beside(Part(side(1), 0.25f, 0.97f), -1.5f), {.start = 0.1f, .middle = 0.8f, .end = 0.35f});
-    shine.Stroke(Straight({f.foot + lean * 0.1f, f.foot + lean * 0.82f}),
-                 {.start = 0.5f, .middle = 0.4f, .end = 0});
+    return (float(wall) + 0.5f) * WallWidth + (float(arch) - (ArchesOfWall - 1) / 2.0f) * ArchPitch;
 }
 
-// The box ends in a straight cut. Where the sky is dark the wall's last rows are the same dark, and what is seen of the
-// tower's end is a crest of feathers against it, no two alike, each going out into the night.
-static void PaintCrest(Canvas& canvas, const Paper& paper)
+// The side of an arch's opening from its apex down along the corbel, which is stepped; `side` is -1 or 1.
+static Line ArchSide(float middle, float side)
 {
-    constexpr float Foot = WallTop + 76;
-    const Noise edge(551, 32, 4);
-    const Noise veil(557, 16, 8);
-    const Mask above = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        return Smooth(Foot - 2, Foot - 12, y + 8 * edge.Fbm(x / Size * 32, 0.5f, 3)) *
-               Smooth(WallTop - 140, WallTop - 120, y);
-    });
-    canvas.Cover(above, [&](float x, float y) {
-        const float cloud = veil.Fbm(x / Size * 16, y / Size * 24, 4);
-        return SkyBehind * (1 + 0.8f * cloud);
-    });
-    const auto middle = [](float x) {
-        const float across = Fraction(x / WallWidth);
-        return Smooth(4, 66, Min(across, 1 - across) * WallWidth);
-    };
-    Dice dice(552);
-    for (int row = 0; row < 3; row++) {
-        Mask ink(Side, Side, 0, true), rim(Side, Side, 0, true);
-        Pen outline(ink, paper, {.width = 2.2f, .wobble = 0.5f, .wave = 16, .skip = 0.1f},
-                    553 + uint32_t(row));
-        Pen shine(rim, paper, {.width = 1.8f, .wobble = 0.4f, .wave = 16, .skip = 0.15f},
-                  556 + uint32_t(row));
-        for (float x = dice.Range(0, 20); x < Size; x += dice.Range(17, 31)) {
-            const float tall = Mix(92, 50, float(row) / 2) * dice.Range(0.55f, 1.0f);
-            const float foot = Foot + 4 * float(row) + dice.Range(-3, 5);
-            const CrestFeather feather = {
-                {x, foot}, {x + dice.Range(-13, 13), Max(foot - tall, WallTop + 1)}, dice.Range(8.5f, 13)};
-            const LinearColour low = Mix(Mix(palette::Night, palette::Slate, dice.Range(0.3f, 1.0f)),
-                                         palette::Moss, dice.Range(0, 0.5f)) *
-                                     Mix(1.1f, 1.8f, float(row) / 2) * Mix(0.5f, 1, middle(x));
-            DrawCrestFeather(canvas, outline, shine, feather, low, 1);
-        }
-        canvas.Cover(ink, palette::Ink, 0.9f);
-        rim.Blur(0.7f).By([&](float x, float) { return Mix(0.3f, 1, middle(x)); });
-        canvas.Cover(rim, Mix(palette::Mist, palette::ColdLight, 0.25f), 0.36f + 0.12f * float(row));
+    const auto at = [&](float across, float down) { return Vector2{middle + side * across, WallTop + down}; };
+    Line line = Through({at(0, FriezeFoot + 1), at(ArchHalf * 0.62f, FriezeFoot + 4),
+                         at(ArchHalf, ArchSpring - 2), at(ArchHalf, ArchSpring + 3)},
+                        1);
+    for (int step = 0; step < 3; step++) {
+        const float across = ArchHalf + 2.2f * float(step),
+                    foot = Mix(ArchSpring, CorbelFoot, float(step + 1) / 3);
+        line.push_back(at(across, foot - 2));
+        line.push_back(at(across + 1.4f, foot));
     }
+    return line;
+}
+
+static Line ArchOpening(float middle)
+{
+    Line outline = ArchSide(middle, -1);
+    outline.push_back({middle - ArchPitch / 2, WallTop + CorbelFoot});
+    outline.push_back({middle + ArchPitch / 2, WallTop + CorbelFoot});
+    const Line right = ArchSide(middle, 1);
+    outline.insert(outline.end(), right.rbegin(), right.rend());
+    return outline;
+}
+
+// The colour of the parapet's stone.
+static LinearColour ParapetColour(float x, float y, const Noise& age)
+{
+    const float down = y - WallTop;
+    const bool coping = down < CopingFoot;
+    // Slabs of the coping lie across two stones of the course below them.
+    const float stone = coping ? (x - WallWidth / 2) / 64 + 0.5f : x / 32;
+    const uint32_t name = (uint32_t(Floor(stone)) * 2 + (coping ? 1U : 0U) + 77U) * 2654435761u;
+    const float own = down < ArchSpring - 6 ? float(name >> 12 & 255) / 255 : 0.5f;
+    // Below, the light of the windows reaches it.
+    const LinearColour moonlit = Mix(Mix(palette::Slate, palette::Mist, 0.30f + 0.38f * own), palette::Ochre,
+                                     0.30f * Smooth(FriezeFoot, CorbelFoot, down));
+    float light = Mix(0.86f, 0.68f, Smooth(ArrisFoot, CopingFoot, down));
+    light = Mix(light, Mix(0.52f, 0.44f, Smooth(CopingFoot, ArchSpring, down)),
+                Smooth(CopingFoot - 1, CopingFoot + 1, down));
+    if (down > ArchSpring) { // each step of a corbel catches the light and has a shade below it
+        const float step = Fraction((down - ArchSpring) / (CorbelFoot - ArchSpring) * 3);
+        light = Mix(0.56f, 0.22f, Smooth(0.3f, 1, step));
+    }
+    // At the corners what is below the coping lies back: only the coping reaches out to the tower's outline.
+    const float across = Fraction(x / WallWidth), corner = Min(across, 1 - across) * WallWidth;
+    light *= Mix(1, Mix(0.28f, 1, Smooth(2, 22, corner)), Smooth(CopingFoot, CopingFoot + 3, down));
+    // Of two walls that meet one lies in the shade, up to the edge of the head.
+    if (Floor(x / WallWidth) % 2 == 1)
+        light *= 0.74f;
+    light *= 0.9f + 0.3f * age.Fbm(x / Size * 64, y / Size * 64 + 7, 4);
+    return Mix(moonlit * light, Mix(palette::Mist, palette::Bone, 0.5f) * 0.95f,
+               0.75f * Smooth(ArrisFoot + 1, ArrisFoot - 2, down + 1.2f * age.Fbm(x / Size * 96, 0.5f, 3)));
+}
+
+static void PaintParapet(Canvas& canvas, const Paper& paper, const TowerNoise& noise)
+{
+    // It stands out over the wall: the scales below it lie in its shade.
+    canvas.Cover(Mask(Side, Side, 0, true).Each([](float, float y) {
+        const float down = y - WallTop;
+        return down < 0 ? 0.0f : 0.95f * Smooth(CorbelFoot + 38, CorbelFoot - 6, down);
+    }),
+                 Mix(palette::Ink, palette::Night, 0.35f) * 0.8f);
+    Mask stone = Filled(Side, Side, Rectangle(0, WallTop - 12, Size, WallTop + CorbelFoot), true);
+    Mask ink(Side, Side, 0, true), rim(Side, Side, 0, true);
+    Pen outline(ink, paper, {.width = 2.4f, .wobble = 0.5f, .wave = 16, .skip = 0.1f}, 553);
+    Pen joint(ink, paper, {.width = 2, .wobble = 0.6f, .wave = 12, .skip = 0.15f}, 554);
+    Pen shine(rim, paper, {.width = 2.2f, .wobble = 0.4f, .wave = 16, .skip = 0.2f}, 555);
+    for (int wall = 0; wall < 4; wall++)
+        for (int arch = 0; arch < ArchesOfWall; arch++) {
+            const float middle = ArchMiddle(wall, arch);
+            stone.Erase(ArchOpening(middle));
+            for (const float side : {-1.0f, 1.0f})
+                outline.Stroke(ArchSide(middle, side), {.start = 0.7f, .middle = 1, .end = 0.6f});
+            // The moon stands on the left: the right jamb of each opening is lit.
+            shine.Stroke(Beside(Part(ArchSide(middle, 1), 0.1f, 0.7f), -2),
+                         {.start = 0.2f, .middle = 0.8f, .end = 0.3f});
+        }
+    canvas.Cover(stone, [&](float x, float y) { return ParapetColour(x, y, noise.age); });
+    for (float x = 32; x < Size; x += 64)
+        joint.Stroke(Straight({{x, WallTop + ArrisFoot}, {x + 1, WallTop + CopingFoot}}),
+                     {.start = 0.5f, .middle = 0.8f, .end = 0.8f});
+    for (float x = 32; x < Size; x += 32)
+        if (Fraction(x / WallWidth) > 0)
+            joint.Stroke(Straight({{x, WallTop + CopingFoot}, {x, WallTop + FriezeFoot}}),
+                         {.start = 0.8f, .middle = 0.6f, .end = 0.3f});
+    canvas.Cover(ink, palette::Ink, 0.8f);
+    canvas.Cover(rim.Blur(0.5f), palette::Mist, 0.4f);
+    // The shade below the coping.
+    const Noise uneven(556, 64, 4);
+    canvas.Cover(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float down = y - WallTop - 0.8f * uneven.Fbm(x / Size * 64, 0.5f, 2);
+        return 0.85f * Smooth(CopingFoot - 1.5f, CopingFoot, down) *
+               Smooth(CopingFoot + 6, CopingFoot + 1, down);
+    }),
+                 palette::Ink);
 }
 
 // Nothing lights the towers in the scene. Of two walls that meet one lies in the shade of the night, so that a tower is
@@ -421,9 +453,9 @@ Canvas TowerWalls()
     canvas.Cover(ink, palette::Ink, 0.72f);
     ShadeEveryOtherWall(canvas);
     LightWindows(canvas, paper);
-    PaintCrest(canvas, paper);
     DarkenCorners(canvas, paper);
     PaintSlates(canvas, noise);
+    PaintParapet(canvas, paper, noise);
     // The foot stands in the dark, the head against the sky.
     canvas.Tone(
         Mask(Side, Side).Each([](float, float y) { return Smooth(WallFoot + 20, WallTop + 150, y); }, 4),
