@@ -52,7 +52,8 @@ static std::array<std::array<float, taps>, phases> MakeInterpolator()
     for (int phase = 0; phase < phases; phase++) {
         double sum = 0;
         for (int i = 0; i < taps; i++) {
-            const double x = i - taps / 2 + 1 - double(phase) / phases;
+            const int place = i - taps / 2 + 1;
+            const double x = place - double(phase) / phases;
             const double sinc = std::fabs(x) < 1e-9 ? 1 : std::sin(pi * x) / (pi * x);
             const double window = 0.5 + 0.5 * std::cos(pi * x / (taps / 2.0));
             filter[phase][i] = float(sinc * window);

@@ -210,7 +210,8 @@ static Canvas Sand()
         float phase = v * Ribs + 0.7f * warp.Fbm(u * 7, v * 5, 3) + 0.62f;
         for (const Fork& f : forks)
             for (int k = 0; k < 9; k++) {
-                const Vector2 p = {x - Size * float(k % 3 - 1), y - Size * float(k / 3 - 1)};
+                const int column = k % 3 - 1, row = k / 3 - 1;
+                const Vector2 p = {x - Size * float(column), y - Size * float(row)};
                 phase += (Angle(p - f.gain) - Angle(p - f.loss)) / (2 * Pi);
             }
         return phase;

@@ -86,7 +86,7 @@ void PaintSun(Canvas& canvas)
 void PaintMoon(Canvas& canvas, const Paper& paper)
 {
     constexpr int Size = 520;
-    constexpr Vector2 Middle = {Size / 2, Size / 2};
+    constexpr Vector2 Middle = {Size / 2.0f, Size / 2.0f};
     const Line round = Shaken(Ellipse(Middle, MoonRadius, MoonRadius), 1.2f, 80, 140);
     Canvas face(Size, Size);
     paper.Sheet(face, palette::Bone, 1.2f);

@@ -15,7 +15,8 @@ namespace panorama
 // Path `k` in pixels of the panorama.
 Line Thread(int k)
 {
-    return Moved(SparkPath(k, PartWidth, H), {float(PartWidth * (1 + k / 3)), 0});
+    const int part = 1 + k / 3;
+    return Moved(SparkPath(k, PartWidth, H), {float(PartWidth * part), 0});
 }
 
 float Night(float x)
