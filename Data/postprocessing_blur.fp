@@ -22,10 +22,10 @@
 // The effect lets blur_intensity grow with the tree, from -0.75. It approaches 0.45, for the first tree 0.95, as
 // exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. The mist is a sea of
 // clouds seen from above: banks one before the other, each with lit heads at its upper border. It hides a tree that is
-// but a few cubes and lifts as it grows; pieces of it stay about the foot and before the highest limbs, which the upper
-// border of the picture cuts. The last camera has a constant intensity of 0.25 and rises with its tree: there the
-// height of the land's far border tells how far the tree has grown. The first tree is the smallest and the nearest.
-// Beyond an intensity of 0.45, which no other tree reaches, it gets its leaves.
+// but a few cubes and lifts as it grows; some of it stays before the highest limbs, which the upper border of the
+// picture cuts. The last camera has a constant intensity of 0.25 and rises with its tree: there the height of the
+// land's far border tells how far the tree has grown. The first tree is the smallest and the nearest. Beyond an
+// intensity of 0.45, which no other tree reaches, it gets its leaves.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -79,7 +79,7 @@ const vec4 treeSigns = vec4(4.0, 1.5, 0.5, 1.1); // how far bark, bark and sky n
 const vec2 treeHeights = vec2(0.40, 0.54);
 
 const vec3 ink = vec3(0.030, 0.036, 0.070); // of a limb's shaded side
-const vec3 ochre = vec3(0.40, 0.28, 0.165); // and of its lit one
+const vec3 ochre = vec3(0.255, 0.185, 0.110); // and of its lit one
 const vec2 litShare = vec2(0.03, 0.45);     // of bark in what is dark
 const vec2 barkStrokes = vec2(70.0, 26.0);  // in the picture's width and height
 const float lightSide = 0.03;               // gained by that for each tap towards the moon
@@ -140,12 +140,6 @@ const float flatness = 0.85;           // of heads
 const vec2 bankMoon = vec2(0.10, 0.16); // from a place to what may shade it, in features
 const float youngCover = 1.15;
 const vec2 youngHeights = vec2(1.30, 1.05);
-const float footCover = 0.70;
-const vec2 footHeight = vec2(0.32, 0.26);  // of its lowest border before land and before the sky,
-const float footSway = 0.27, footFeatures = 3.1;
-const float footDepth = 0.085;
-const float footMiddle = 0.45;
-const vec2 footGap = vec2(0.0, 0.22); // swaying about the middle at which it is torn, and whole
 const float topCover = 0.66;
 const vec2 topHeights = vec2(0.82, 1.02);
 const float leastCover = 0.02;
@@ -299,12 +293,8 @@ vec4 Mist(vec2 place, float overSky, float wanted)
     float moved = -drift * (blur_intensity < nextTarget ? log(left) : log(targetMargin) + log(max(then, 0.001)));
 
     float one = 4.0 * overSky + (last ? 7.0 : 0.0); // so that no two trees before the sky have the same
-    float sway = Wave(place.s * footFeatures + 0.4 * moved + one);
-    float aboveFoot = (place.t - mix(footHeight.x, footHeight.y, overSky) - footSway * sway) / footDepth;
-    float foot = max(1.0 - 0.4 * aboveFoot * aboveFoot, 0.0);
-    foot *= smoothstep(footGap.x, footGap.y, abs(sway - footMiddle)); // in pieces that lie high and low
     float cover = max(youngCover * (1.0 - lifted) * smoothstep(youngHeights.x, youngHeights.y, place.t),
-                      max(footCover * (foot * foot), topCover * smoothstep(topHeights.x, topHeights.y, place.t)));
+                      topCover * smoothstep(topHeights.x, topHeights.y, place.t));
     // The banks' upper borders stay within half a step of their middle height: one bank may begin here, and the one
     // behind it is there in any case. Each is looked at twice, first where it may be shaded from.
     float down = (firstBank - place.t) / bankStep;
@@ -329,8 +319,7 @@ vec4 Mist(vec2 place, float overSky, float wanted)
         shading = billows;
     }
     thickness -= cloudLevel;
-    light += bankRim * clamp(0.4 + 0.6 * aboveFoot, 0.0, 1.0) *
-             (1.0 - smoothstep(0.1, 0.4, thickness + min(cover, rimCover)));
+    light += bankRim * (1.0 - smoothstep(0.1, 0.4, thickness + min(cover, rimCover)));
     thickness += cover;
     return vec4(mix(mistBody, mistEdge, min(light, 1.0)),
                 wanted * smoothstep(0.0, cloudEdge, thickness) * min(1.5 * cover, 1.0));

@@ -127,8 +127,9 @@ TEST_F(MistShader, DarkensBarkWithTheLand)
             EXPECT_NEAR(22, red, 4);
             EXPECT_NEAR(55, blue, 6);
         } else {
-            EXPECT_GT(red, 80);
-            EXPECT_LT(blue, 0.5 * red);
+            // 0.255 and 0.110 of 255, in strokes that take a twentieth of it on average
+            EXPECT_NEAR(62, red, 4);
+            EXPECT_NEAR(27, blue, 4);
         }
     }
 }
@@ -161,21 +162,14 @@ TEST_F(MistOfAYoungScene, HidesWhatStandsOnTheLandAndLiftsAsTheIntensityGrows)
     EXPECT_GT(clear, 100);
 }
 
-TEST_F(MistOfAYoungScene, StaysAboutTheFootAndBeforeTheHighestLimbs)
+TEST_F(MistOfAYoungScene, StaysBeforeTheHighestLimbsAndNowhereElse)
 {
     Start(128);
     MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     const Picture scene = DrawScene(&texture, clearest);
-    EXPECT_NEAR(140, MeanOf(scene, 0, 128, 8, 20, 0), 6);
-    EXPECT_NEAR(140, MeanOf(scene, 0, 128, 93, 98, 0), 6);
-    double least = 255, most = 0;
-    for (int x = 0; x < 128; x += 16)
-        for (int y = 40; y < 76; y += 6) {
-            least = std::min(least, MeanOf(scene, x, x + 16, y, y + 6, 0));
-            most = std::max(most, MeanOf(scene, x, x + 16, y, y + 6, 0));
-        }
-    EXPECT_LT(least, 115) << "about the foot it lies";
-    EXPECT_NEAR(140, most, 6) << "in pieces";
+    for (int y = 8; y < 98; y += 6)
+        for (int x = 0; x < 128; x += 16)
+            EXPECT_NEAR(140, MeanOf(scene, x, x + 16, y, y + 6, 0), 8) << x << " " << y;
     EXPECT_LT(MeanOf(scene, 0, 128, 122, 128, 0), 128) << "top";
 }
 
