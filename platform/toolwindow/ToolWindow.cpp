@@ -60,11 +60,11 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"); // SDL_QUIT is then a signal, and nothing else
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+    IgnoreXErrors(); // SDL has a handler of its own, and puts this one back when it ends
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         *reason = std::string("the display can't be used: ") + SDL_GetError();
         return false;
     }
-    IgnoreXErrors();
     SDL_EnableScreenSaver();
     SDL_EventState(SDL_DROPFILE, SDL_ENABLE);
     WakeEvent();

@@ -45,7 +45,7 @@ protected:
 };
 
 // An event for a window that is no more, as a thread sends it that wakes a window just then. Xlib would end the process.
-TEST_F(ToolWindowDesktop, OutlivesAnErrorOfTheXServer)
+static void SendToGoneWindow()
 {
     Display* const other = XOpenDisplay(nullptr);
     ASSERT_TRUE(other);
@@ -57,8 +57,20 @@ TEST_F(ToolWindowDesktop, OutlivesAnErrorOfTheXServer)
     XSendEvent(other, gone, False, NoEventMask, &event);
     XSync(other, False); // the error has come
     XCloseDisplay(other);
+}
+
+TEST_F(ToolWindowDesktop, OutlivesAnErrorOfTheXServer)
+{
+    SendToGoneWindow();
     Draw([] {});
     EXPECT_TRUE(desktop.WaitForWindow("tool"));
+}
+
+TEST_F(ToolWindowDesktop, OutlivesAnErrorThatComesWhenItIsClosed)
+{
+    window.Close();
+    SendToGoneWindow();
+    EXPECT_TRUE(desktop.FindWindows("tool").empty());
 }
 
 TEST_F(ToolWindowDesktop, IsDarkBehindADialogAtOnceAndNotStepByStep)
