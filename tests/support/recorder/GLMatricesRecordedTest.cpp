@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The recorder's matrices, and the place in the window to which they and the viewport take a point.
-#include "tests/support/recorder/GLRecorder.h"
+#include "tests/support/recorder/GLRecorderFixture.h"
 
 #include "tests/support/recorder/GLExpect.h"
 
 #include <GL/glu.h>
 
-class GLMatrices : public testing::Test
+class GLMatrices : public GLRecorderFixture
 {
-protected:
-    GLMatrices() { gl::Reset(800, 600); }
-
-    static void DrawPoint(float x, float y, float z)
-    {
-        glBegin(GL_POINTS);
-        glVertex3f(x, y, z);
-        glEnd();
-    }
 };
 
 TEST_F(GLMatrices, TheLastMatrixCallActsFirst)

@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Records, errors and contexts of the recorder. What the files of calls simulate is tested in files of their own
 // beside this one, the expectations in GLExpectRecordedTest.cpp.
-#include "tests/support/recorder/GLRecorder.h"
+#include "tests/support/recorder/GLRecorderFixture.h"
 
 #include "tests/support/recorder/GLExpect.h"
 
-class GLRecorder : public testing::Test
+class GLRecorder : public GLRecorderFixture
 {
-protected:
-    GLRecorder() { gl::Reset(800, 600); }
-
-    static void DrawPoint(float x, float y, float z)
-    {
-        glBegin(GL_POINTS);
-        glVertex3f(x, y, z);
-        glEnd();
-    }
 };
 
 // ---- Records
