@@ -19,11 +19,9 @@ static const float wholeWindow = 1.0f;
 static const float fadeSpeed = 0.5f; // of "delta", 1/s
 
 // What Init loads.
-static const char* const textureNames[] = {"ochre_painting1.jpg"};
-static const char* const lightNames[] = {"glowmask.jpg"};
+static const char* const textureNames[] = {"ochre_painting1.jpg", "glowmask.jpg"};
 static const char* const programPaths[] = {"data/glowmask.vp", "data/glowmask.fp"};
-const EffectFiles FS_Image::files = {
-    .textures = textureNames, .lights = lightNames, .programs = programPaths};
+const EffectFiles FS_Image::files = {.textures = textureNames, .programs = programPaths};
 
 FS_Image::FS_Image(std::string newImageName)
     : imageTexture(nullptr), imageName(newImageName), flashId(0), fadeId(0), flashValue(0), flashSpeed(0),
@@ -34,7 +32,7 @@ FS_Image::FS_Image(std::string newImageName)
 
 void FS_Image::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
 {
-    const auto& [glowMask] = lightNames;
+    const auto& [painting, glowMask] = textureNames; // the painting is the caller's imageName
     const auto& [vertex, fragment] = programPaths;
     if (TextureLoader* textures = TextureLoader::GetInstance()) {
         imageTexture = textures->GetTexture(imageName, false, false, true);

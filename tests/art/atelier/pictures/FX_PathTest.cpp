@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// The village's land and its sky.
+#include "tests/art/atelier/PaintedPicture.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+using namespace atelier;
+
+static double RowsNear(const Raster& a, bool last)
+{
+    double sum = 0;
+    for (int i = 0; i < 15; i++) {
+        const int y = last ? a.height - 2 - i : i;
+        sum += BetweenRows(a, y, y + 1);
+    }
+    return sum / 15;
+}
+
+TEST(FX_PathPictures, TheNightSkyGoesOnAcrossTheEdgesOfItsBox)
+{
+    // Seen from inside, the left face's right border is the back face's left one, and so on round.
+    const Raster left = LoadPicture("skybox_left.jpg"), back = LoadPicture("skybox_back.jpg"),
+                 right = LoadPicture("skybox_right.jpg"), top = LoadPicture("skybox_top.jpg");
+    ASSERT_EQ(3, left.channels);
+    ASSERT_EQ(3, back.channels);
+    ASSERT_EQ(3, right.channels);
+    ASSERT_EQ(3, top.channels);
+    EXPECT_LE(BetweenColumns(left, 1023, back, 0),
+              1.2 * (ColumnsNear(left, true) + ColumnsNear(back, false)) / 2);
+    EXPECT_LE(BetweenColumns(back, 1023, right, 0),
+              1.2 * (ColumnsNear(back, true) + ColumnsNear(right, false)) / 2);
+    // The top's upper border lies on the back face's upper one, its left on the left face's, its right on the
+    // right's.
+    double seam = 0, seamLeft = 0, seamRight = 0;
+    for (int i = 0; i < 1024; i++)
+        for (int c = 0; c < 3; c++) {
+            seam += std::abs(At(top, i, 0, c) - At(back, i, 0, c)) / (3.0 * 1024);
+            seamLeft += std::abs(At(top, 0, i, c) - At(left, 1023 - i, 0, c)) / (3.0 * 1024);
+            seamRight += std::abs(At(top, 1023, i, c) - At(right, i, 0, c)) / (3.0 * 1024);
+        }
+    const double inner = 1.2 * std::max(InnerRows(top), RowsNear(back, false));
+    EXPECT_LE(seam, inner);
+    EXPECT_LE(seamLeft, inner);
+    EXPECT_LE(seamRight, inner);
+}
+
+// The greatest difference of a channel, over the columns and rows given, from a colour.
+static int FarthestFrom(const int colour[3], const Raster& raster, int x0, int y0, int x1, int y1)
+{
+    int farthest = 0;
+    for (int y = y0; y <= y1; y++)
+        for (int x = x0; x <= x1; x++)
+            for (int c = 0; c < 3; c++)
+                farthest = std::max(farthest, std::abs(At(raster, x, y, c) - colour[c]));
+    return farthest;
+}
+
+TEST(FX_PathPictures, TheVillageEndsInTheNightThatIsDrawnBehindIt)
+{
+    std::string shader;
+    ASSERT_TRUE(ReadFile(std::string(SOURCE_DIR) + "/Data/glowmask.fp", shader));
+    const size_t at = shader.find("const vec3 night = vec3(");
+    ASSERT_NE(std::string::npos, at);
+    double parts[3];
+    ASSERT_EQ(3, sscanf(shader.c_str() + at, "const vec3 night = vec3(%lf, %lf, %lf)", &parts[0], &parts[1],
+                        &parts[2]));
+    int night[3];
+    for (int c = 0; c < 3; c++)
+        night[c] = int(std::lround(parts[c] * 255));
+    constexpr int Compressed = 10;
+    const Raster left = LoadPicture("skybox_left.jpg"), back = LoadPicture("skybox_back.jpg"),
+                 right = LoadPicture("skybox_right.jpg"), top = LoadPicture("skybox_top.jpg"),
+                 plaza = LoadPicture("ackerbau_tiled2.jpg"), field = LoadPicture("ackerbau_tiled3.jpg");
+    // Under the hills, and where the box is open.
+    for (const Raster* face : {&left, &back, &right})
+        EXPECT_LE(FarthestFrom(night, *face, 0, 511, 1023, 511), Compressed);
+    EXPECT_LE(FarthestFrom(night, left, 0, 0, 0, 511), Compressed);
+    EXPECT_LE(FarthestFrom(night, right, 1023, 0, 1023, 511), Compressed);
+    EXPECT_LE(FarthestFrom(night, top, 0, 1023, 1023, 1023), Compressed);
+    // The ground on both sides, and ahead.
+    EXPECT_LE(FarthestFrom(night, field, 0, 0, 0, 1023), Compressed);
+    EXPECT_LE(FarthestFrom(night, field, 1023, 0, 1023, 1023), Compressed);
+    const int end = plaza.width - 1;
+    EXPECT_LE(FarthestFrom(night, plaza, 0, 0, end, 0), Compressed);
+    EXPECT_LE(FarthestFrom(night, plaza, 0, end, end, end), Compressed);
+    EXPECT_LE(FarthestFrom(night, plaza, end, 0, end, end), Compressed);
+}
+
+// The show lays opaque black on the ground there, with edges like a ruler's.
+TEST(FX_PathPictures, ThePlazaIsDarkAboutThePillarsShadows)
+{
+    const Raster plaza = LoadPicture("ackerbau_tiled2.jpg");
+    ASSERT_EQ(2048, plaza.width);
+    const auto brightness = [&](double degrees) {
+        const double across = 12.0 * 2048 / 60, a = degrees * 3.14159265 / 180;
+        const int x = int(1024 + across * std::cos(a)), y = int(1024 + across * std::sin(a));
+        double sum = 0;
+        for (int dy = -12; dy <= 12; dy++)
+            for (int dx = -12; dx <= 12; dx++)
+                sum += At(plaza, x + dx, y + dy, 0) + At(plaza, x + dx, y + dy, 1) +
+                       At(plaza, x + dx, y + dy, 2);
+        return sum / (3 * 25 * 25);
+    };
+    for (int i = 0; i < 6; i++) {
+        EXPECT_LE(brightness(35 + 60 * i), 12) << i;
+        EXPECT_GE(brightness(65 + 60 * i), 30) << i;
+    }
+}
