@@ -119,10 +119,7 @@ void FX_Clouds::Init(GLWindow* newWindow, DemoPlayer* newPlayer)
     handAlpha = 0;
     cameraBlend = 0;
     greetingIndex = -2;
-    targetStart = Vector3(0, 0, 0);
-    eyeStart = Vector3(0, 0, 3);
-    targetEnd = target = targetStart;
-    eyeEnd = eye = eyeStart;
+    ResetCamera();
     rollFrom = rollTo = 0;
     fadeOutActive = false;
     blendActive = false;
@@ -222,6 +219,12 @@ void FX_Clouds::AddGreetingPair(Vector3 position, float scale)
         {cardRotation, s * halfSizeOfScale, position + Vector3(cardX, cardY, 0) * s, false});
 }
 
+void FX_Clouds::ResetCamera()
+{
+    targetStart = targetEnd = target = Vector3(0, 0, 0);
+    eyeStart = eyeEnd = eye = Vector3(0, 0, 3);
+}
+
 void FX_Clouds::ShowNextHand()
 {
     handState = HandRising;
@@ -239,10 +242,7 @@ void FX_Clouds::ShowNextHand()
         unsigned(greetingIndex) + 1 >= greetingQuads.size())
         greetingIndex = -2;
 
-    targetStart = Vector3(0, 0, 0);
-    eyeStart = Vector3(0, 0, 3);
-    targetEnd = target = targetStart;
-    eyeEnd = eye = eyeStart;
+    ResetCamera();
     rollFrom = NextRandom(&seed, rollSteps) - rollCentre;
     rollTo = NextRandom(&seed, rollChangeSteps) + rollFrom - rollChangeCentre;
 }

@@ -74,6 +74,7 @@ public:
 private:
     void PlaceClouds();
     void AddGreetingPair(Vector3 position, float scale);
+    void ResetCamera();
     void ShowNextHand();
     void Dive();
     void UpdateGreetingCamera();

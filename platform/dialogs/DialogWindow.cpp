@@ -134,6 +134,55 @@ int DialogWindow::Scaled(float length) const
 
 // Showing
 
+// An X window for the dialog, in its place and of its size.
+static Window CreateWindowFor(const Fl_Window& dialog)
+{
+    XSetWindowAttributes attributes;
+    attributes.colormap = fl_colormap;
+    attributes.border_pixel = 0;
+    attributes.background_pixel = fl_xpixel(ToolkitColour(Ink));
+    attributes.event_mask = ExposureMask | StructureNotifyMask | KeyPressMask | KeyReleaseMask |
+                            KeymapStateMask | FocusChangeMask | ButtonPressMask | ButtonReleaseMask |
+                            EnterWindowMask | LeaveWindowMask | PropertyChangeMask | PointerMotionMask;
+    return XCreateWindow(fl_display, RootWindow(fl_display, fl_screen), dialog.x(), dialog.y(),
+                         unsigned(dialog.w()), unsigned(dialog.h()), 0, fl_visual->depth, InputOutput,
+                         fl_visual->visual, CWColormap | CWBorderPixel | CWBackPixel | CWEventMask,
+                         &attributes);
+}
+
+static void SetHints(Window window, const Fl_Window& dialog)
+{
+    XSizeHints size = {};
+    size.flags = USPosition | PPosition | USSize | PSize | PMinSize | PMaxSize;
+    size.x = dialog.x();
+    size.y = dialog.y();
+    size.width = size.min_width = size.max_width = dialog.w();
+    size.height = size.min_height = size.max_height = dialog.h();
+    XWMHints hints = {};
+    hints.flags = InputHint | StateHint;
+    hints.input = True;
+    hints.initial_state = NormalState;
+    char name[] = "marlinex";
+    XClassHint classHint = {name, name};
+    XSetWMProperties(fl_display, window, nullptr, nullptr, nullptr, 0, &size, &hints, &classHint);
+    Atom protocols[] = {Named("WM_DELETE_WINDOW")};
+    XSetWMProtocols(fl_display, window, protocols, 1);
+    SetAtoms(window, "_NET_WM_WINDOW_TYPE", {Named("_NET_WM_WINDOW_TYPE_DIALOG")});
+}
+
+// Asks the window manager for the keyboard focus.
+static void RequestFocus(Window window)
+{
+    XEvent request = {};
+    request.xclient.type = ClientMessage;
+    request.xclient.window = window;
+    request.xclient.message_type = Named("_NET_ACTIVE_WINDOW");
+    request.xclient.format = 32;
+    request.xclient.data.l[0] = 2; // the request comes from the user
+    XSendEvent(fl_display, RootWindow(fl_display, fl_screen), False,
+               SubstructureRedirectMask | SubstructureNotifyMask, &request);
+}
+
 void DialogWindow::show()
 {
     if (shown()) {
@@ -142,39 +191,11 @@ void DialogWindow::show()
     }
 
     const Window owner = XWindowOf(ShowWindow());
-    const Window root = RootWindow(fl_display, fl_screen);
     resize(area.x + (area.width - w()) / 2, area.y + (area.height - h()) / 2, w(), h());
-
-    XSetWindowAttributes attributes;
-    attributes.colormap = fl_colormap;
-    attributes.border_pixel = 0;
-    attributes.background_pixel = fl_xpixel(ToolkitColour(Ink));
-    attributes.event_mask = ExposureMask | StructureNotifyMask | KeyPressMask | KeyReleaseMask |
-                            KeymapStateMask | FocusChangeMask | ButtonPressMask | ButtonReleaseMask |
-                            EnterWindowMask | LeaveWindowMask | PropertyChangeMask | PointerMotionMask;
-    const Window window = XCreateWindow(fl_display, root, x(), y(), unsigned(w()), unsigned(h()), 0,
-                                        fl_visual->depth, InputOutput, fl_visual->visual,
-                                        CWColormap | CWBorderPixel | CWBackPixel | CWEventMask, &attributes);
+    const Window window = CreateWindowFor(*this);
     Fl_X::set_xid(this, window);
     copy_label(title.c_str());
-
-    XSizeHints size = {};
-    size.flags = USPosition | PPosition | USSize | PSize | PMinSize | PMaxSize;
-    size.x = x();
-    size.y = y();
-    size.width = size.min_width = size.max_width = w();
-    size.height = size.min_height = size.max_height = h();
-    XWMHints hints = {};
-    hints.flags = InputHint | StateHint;
-    hints.input = True;
-    hints.initial_state = NormalState;
-    char name[] = "marlinex";
-    XClassHint classHint = {name, name};
-    XSetWMProperties(fl_display, window, nullptr, nullptr, nullptr, 0, &size, &hints, &classHint);
-
-    Atom protocols[] = {Named("WM_DELETE_WINDOW")};
-    XSetWMProtocols(fl_display, window, protocols, 1);
-    SetAtoms(window, "_NET_WM_WINDOW_TYPE", {Named("_NET_WM_WINDOW_TYPE_DIALOG")});
+    SetHints(window, *this);
     std::vector<Atom> states = {Named("_NET_WM_STATE_ABOVE")};
     if (decoration == Undecorated)
         states.push_back(Named("_NET_WM_STATE_SKIP_TASKBAR"));
@@ -194,18 +215,10 @@ void DialogWindow::show()
     XMapRaised(fl_display, window);
     XSync(fl_display, False);
 
-    // Ask the window manager for the keyboard focus, or take it where there is none.
-    if (!managed) {
+    if (managed)
+        RequestFocus(window);
+    else
         XSetInputFocus(fl_display, window, RevertToParent, CurrentTime);
-        return;
-    }
-    XEvent ask = {};
-    ask.xclient.type = ClientMessage;
-    ask.xclient.window = window;
-    ask.xclient.message_type = Named("_NET_ACTIVE_WINDOW");
-    ask.xclient.format = 32;
-    ask.xclient.data.l[0] = 2; // the request comes from the user
-    XSendEvent(fl_display, root, False, SubstructureRedirectMask | SubstructureNotifyMask, &ask);
 }
 
 void DialogWindow::Run()

@@ -46,7 +46,7 @@ ToolWindow::~ToolWindow()
     Close();
 }
 
-bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
+static bool StartVideo(const std::string& program, std::string* reason)
 {
     // Without a display SDL would open its offscreen driver in silence.
     const char* const wayland = getenv("WAYLAND_DISPLAY");
@@ -54,9 +54,9 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
         *reason = "there is no display to open a window on";
         return false;
     }
-    SDL_SetHint(SDL_HINT_APP_NAME, settings.program.c_str());
-    setenv("SDL_VIDEO_X11_WMCLASS", settings.program.c_str(), 0);
-    setenv("SDL_VIDEO_WAYLAND_WMCLASS", settings.program.c_str(), 0);
+    SDL_SetHint(SDL_HINT_APP_NAME, program.c_str());
+    setenv("SDL_VIDEO_X11_WMCLASS", program.c_str(), 0);
+    setenv("SDL_VIDEO_WAYLAND_WMCLASS", program.c_str(), 0);
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0"); // SDL_QUIT is then a signal, and nothing else
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
@@ -68,7 +68,13 @@ bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
     SDL_EnableScreenSaver();
     SDL_EventState(SDL_DROPFILE, SDL_ENABLE);
     WakeEvent();
+    return true;
+}
 
+bool ToolWindow::Open(const ToolWindowSettings& settings, std::string* reason)
+{
+    if (!StartVideo(settings.program, reason))
+        return false;
     scale = ScreenScale();
     SDL_Rect usable = {0, 0, 1024, 768};
     SDL_GetDisplayUsableBounds(0, &usable);

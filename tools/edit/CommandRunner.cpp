@@ -280,23 +280,24 @@ void CommandRunner::Refused()
 
 // Editing
 
-void CommandRunner::Paste()
+// What an operation has added; nothing: it was refused.
+void CommandRunner::SelectAdded(const std::vector<ItemId>& items)
 {
-    const std::vector<ItemId> items = state->document->Paste(clipboard.get(), Milliseconds(state->playhead));
     if (items.empty())
         return Refused();
     state->selection = items;
     state->revealSelection = true;
 }
 
+void CommandRunner::Paste()
+{
+    SelectAdded(state->document->Paste(clipboard.get(), Milliseconds(state->playhead)));
+}
+
 void CommandRunner::Duplicate()
 {
     const int64_t shift = CopyShift(state->document->GetOutline(), state->selection, state->tempo);
-    const std::vector<ItemId> items = state->document->Duplicate(state->selection, shift);
-    if (items.empty())
-        return Refused();
-    state->selection = items;
-    state->revealSelection = true;
+    SelectAdded(state->document->Duplicate(state->selection, shift));
 }
 
 void CommandRunner::Delete()

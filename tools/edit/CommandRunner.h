@@ -51,6 +51,7 @@ private:
     void LoopTo(double from, double to);
     void GoToMark(int direction);
     void Refused();
+    void SelectAdded(const std::vector<ItemId>& items);
 
     Session* session;
     EditorState* state;

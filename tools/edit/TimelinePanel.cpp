@@ -159,68 +159,76 @@ void TimelinePanel::PlaceAreas(const EditorState& state, float x, float y, float
     view.SetWidth(double(right - left));
 }
 
-void TimelinePanel::PaintDrag(const EditorState& state)
+void TimelinePanel::PaintBand(TimelinePaint* paint) const
 {
-    TimelinePaint paint(ImGui::GetWindowDrawList(), state.scale);
-    const double s = double(state.scale), left = double(areas.PlotLeft());
     const ImVec2 mouse = ImGui::GetIO().MousePos;
-    if (mode == BandMode) {
-        const double x = left + view.X(pressSeconds);
-        const double fromX = std::min(x, double(mouse.x)), toX = std::max(x, double(mouse.x));
-        const double fromY = std::min(pressY, double(mouse.y)), toY = std::max(pressY, double(mouse.y));
-        paint.list->PushClipRect({areas.lanes.left, areas.lanes.top}, {areas.lanes.right, areas.music.top},
-                                 true);
-        paint.Fill(fromX, fromY, toX, toY, Faded(Slate, 0.15f));
-        paint.Frame(fromX, fromY, toX, toY, Slate, 1);
-        paint.list->PopClipRect();
-    }
-    if (mode != DragMode)
-        return;
-    const Area body = areas.Body();
-    paint.list->PushClipRect({body.left, areas.ruler.top}, {body.right, body.bottom}, true);
-    if (drag.HasSnapped()) {
-        const double x = left + view.X(drag.SnappedAt());
-        paint.Down(x, double(areas.ruler.top), double(body.bottom), Faded(Rust, 0.9f));
-        paint.Diamond(x, double(body.top), 4, Rust);
-    }
-    if (drag.Kind() == CopyDrag) {
-        const double shift = double(drag.Milliseconds()) / 1000 * view.PerSecond();
-        const auto topOf = [&](int64_t layer) {
-            for (const PlacedLaneBox& lane : places.lanes)
-                if (lane.layer == layer)
-                    return lane.top;
-            return places.lanes.empty() ? 0 : places.lanes.front().top;
-        };
-        for (const PlacedEntry& entry : places.entries)
-            if (IsSelected(drag.Items(), contents.entryItems[entry.entry])) {
-                const int64_t layer = contents.model.entries[entry.entry].layer;
-                const double fall = topOf(layer + drag.Layers()) - topOf(layer);
-                paint.Fill(entry.left + shift, entry.top + fall, entry.right + shift, entry.bottom + fall,
-                           Faded(Amber, 0.35f));
-                paint.Frame(entry.left + shift, entry.top + fall, entry.right + shift, entry.bottom + fall,
-                            Ink, 1);
-            }
-        for (size_t i = 0; i < contents.messageItems.size(); i++) {
-            const double x = TickX(contents, view, left, i) + shift;
-            if (x >= left && x <= double(body.right) && IsSelected(drag.Items(), contents.messageItems[i]))
-                paint.Down(x, double(areas.lanes.top), double(areas.music.top), Faded(Ochre, 0.9f));
-        }
-    }
-    paint.list->PopClipRect();
+    const double x = double(areas.PlotLeft()) + view.X(pressSeconds);
+    const double fromX = std::min(x, double(mouse.x)), toX = std::max(x, double(mouse.x));
+    const double fromY = std::min(pressY, double(mouse.y)), toY = std::max(pressY, double(mouse.y));
+    paint->list->PushClipRect({areas.lanes.left, areas.lanes.top}, {areas.lanes.right, areas.music.top},
+                              true);
+    paint->Fill(fromX, fromY, toX, toY, Faded(Slate, 0.15f));
+    paint->Frame(fromX, fromY, toX, toY, Slate, 1);
+    paint->list->PopClipRect();
+}
 
-    // Beside the pointer: how far, and where to.
+// The copies of a CopyDrag where they would come to lie.
+void TimelinePanel::PaintCopies(TimelinePaint* paint) const
+{
+    const double left = double(areas.PlotLeft());
+    const double shift = double(drag.Milliseconds()) / 1000 * view.PerSecond();
+    const auto topOf = [&](int64_t layer) {
+        for (const PlacedLaneBox& lane : places.lanes)
+            if (lane.layer == layer)
+                return lane.top;
+        return places.lanes.empty() ? 0 : places.lanes.front().top;
+    };
+    for (const PlacedEntry& entry : places.entries)
+        if (IsSelected(drag.Items(), contents.entryItems[entry.entry])) {
+            const int64_t layer = contents.model.entries[entry.entry].layer;
+            const double fall = topOf(layer + drag.Layers()) - topOf(layer);
+            paint->Fill(entry.left + shift, entry.top + fall, entry.right + shift, entry.bottom + fall,
+                        Faded(Amber, 0.35f));
+            paint->Frame(entry.left + shift, entry.top + fall, entry.right + shift, entry.bottom + fall, Ink,
+                         1);
+        }
+    for (size_t i = 0; i < contents.messageItems.size(); i++) {
+        const double x = TickX(contents, view, left, i) + shift;
+        if (x >= left && x <= double(areas.Body().right) &&
+            IsSelected(drag.Items(), contents.messageItems[i]))
+            paint->Down(x, double(areas.lanes.top), double(areas.music.top), Faded(Ochre, 0.9f));
+    }
+}
+
+void TimelinePanel::PaintDrag(TimelinePaint* paint) const
+{
+    const Area body = areas.Body();
+    paint->list->PushClipRect({body.left, areas.ruler.top}, {body.right, body.bottom}, true);
+    if (drag.HasSnapped()) {
+        const double x = double(areas.PlotLeft()) + view.X(drag.SnappedAt());
+        paint->Down(x, double(areas.ruler.top), double(body.bottom), Faded(Rust, 0.9f));
+        paint->Diamond(x, double(body.top), 4, Rust);
+    }
+    if (drag.Kind() == CopyDrag)
+        PaintCopies(paint);
+    paint->list->PopClipRect();
+}
+
+// Beside the pointer: how far a drag has gone, and where to.
+void TimelinePanel::ShowDragTooltip(const EditorState& state) const
+{
     std::string words = (drag.Milliseconds() > 0 ? "+" : "") + std::to_string(drag.Milliseconds()) + " ms";
     if (drag.Layers() != 0)
         words += std::string(drag.Layers() > 0 ? ", +" : ", ") + std::to_string(drag.Layers()) +
                  (std::llabs(drag.Layers()) == 1 ? " layer" : " layers");
     if (!dragAnchors.empty()) {
-        const double moment = dragAnchors[0] + double(drag.Milliseconds()) / 1000;
-        words += "\n" + ClockText(std::max(moment, 0.0)) + "  \xc2\xb7  " +
-                 MusicalText(std::max(moment, 0.0), state.tempo);
+        const double moment = std::max(dragAnchors[0] + double(drag.Milliseconds()) / 1000, 0.0);
+        words += "\n" + ClockText(moment) + "  \xc2\xb7  " + MusicalText(moment, state.tempo);
     }
     if (drag.Kind() == CopyDrag)
         words = "copy " + words;
-    ImGui::SetNextWindowPos({mouse.x + float(14 * s), mouse.y + float(18 * s)});
+    const ImVec2 mouse = ImGui::GetIO().MousePos;
+    ImGui::SetNextWindowPos({mouse.x + 14 * state.scale, mouse.y + 18 * state.scale});
     ImGui::BeginTooltip();
     ImGui::TextUnformatted(words.c_str());
     ImGui::EndTooltip();
@@ -302,7 +310,13 @@ void TimelinePanel::Draw(EditorState* state)
     }
     Paint(*state, shown);
     ImGui::PopClipRect();
-    PaintDrag(*state);
+    TimelinePaint paint(ImGui::GetWindowDrawList(), state->scale);
+    if (mode == BandMode)
+        PaintBand(&paint);
+    if (mode == DragMode) {
+        PaintDrag(&paint);
+        ShowDragTooltip(*state);
+    }
     ShowTooltip(*state, shown);
     menu.Draw(state, &tapping);
 }

@@ -61,7 +61,10 @@ private:
     void DrawTapChoice(EditorState* state);
     void PlaceAreas(const EditorState& state, float x, float y, float width, float height);
     void Paint(const EditorState& state, const ItemHit& hovered);
-    void PaintDrag(const EditorState& state);
+    void PaintBand(TimelinePaint* paint) const;
+    void PaintCopies(TimelinePaint* paint) const;
+    void PaintDrag(TimelinePaint* paint) const;
+    void ShowDragTooltip(const EditorState& state) const;
 
     // TimelineMouse.cpp
     ItemHit HandleMouse(EditorState* state); // what lies under the pointer, of the places as they are

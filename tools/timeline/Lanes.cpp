@@ -119,6 +119,23 @@ static Size ChooseSize(int rows)
     return size;
 }
 
+// The bar of an entry in a row that begins at y. heard: the messages that it gets.
+static PlacedBar PlaceBar(const TimelineModel& model, size_t number, double y,
+                          const std::vector<size_t>& heard, const Layout& layout)
+{
+    const Entry& entry = model.entries[number];
+    PlacedBar bar = {};
+    bar.entry = number;
+    bar.never = entry.stop < entry.start;
+    bar.cutLeft = entry.start < layout.start;
+    bar.cutRight = entry.stop > layout.end;
+    const double from = std::clamp(entry.start, layout.start, layout.end);
+    const double to = std::clamp(std::max(entry.stop, entry.start), layout.start, layout.end);
+    bar.box = {layout.X(from), y, std::max(layout.X(to) - layout.X(from), minBarWidth), layout.barHeight};
+    bar.title = Clean(EntryTitle(model, number, heard, layout.tempo));
+    return bar;
+}
+
 double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
 {
     const std::vector<int> rows = RowsOf(model);
@@ -153,20 +170,9 @@ double PlaceLanes(const TimelineModel& model, double y, Layout* layout)
         for (const size_t entry : model.messages[i].entries)
             heard[entry].push_back(i);
 
-    for (size_t i = 0; i < model.entries.size(); i++) {
-        const Entry& entry = model.entries[i];
-        PlacedBar bar = {};
-        bar.entry = i;
-        bar.never = entry.stop < entry.start;
-        bar.cutLeft = entry.start < layout->start;
-        bar.cutRight = entry.stop > layout->end;
-        const double from = std::clamp(entry.start, layout->start, layout->end);
-        const double to = std::clamp(std::max(entry.stop, entry.start), layout->start, layout->end);
-        bar.box = {layout->X(from), tops[entry.layer] + rows[i] * size.rowHeight,
-                   std::max(layout->X(to) - layout->X(from), minBarWidth), size.barHeight};
-        bar.title = Clean(EntryTitle(model, i, heard[i], layout->tempo));
-        layout->bars.push_back(bar);
-    }
+    for (size_t i = 0; i < model.entries.size(); i++)
+        layout->bars.push_back(
+            PlaceBar(model, i, tops[model.entries[i].layer] + rows[i] * size.rowHeight, heard[i], *layout));
 
     // Place the names on the bars, each up to the next bar in its row, and the ticks of their messages.
     std::map<std::pair<uint32_t, int>, std::vector<size_t>> inRow;
