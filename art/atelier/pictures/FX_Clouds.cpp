@@ -78,11 +78,9 @@ struct Head {
     float foot, height, wide;
 };
 
-static Canvas Sky(const Tones& tones)
+static void PaintAir(Canvas& canvas, const Paper& paper, const Tones& tones, Dice& dice)
 {
-    const Paper& paper = SketchPaper();
-    Canvas canvas(W, H, tones.zenith);
-    const Noise veil(31), wash(32), curls(33);
+    const Noise wash(32);
     canvas.Ground([&](float x, float y) {
         const float bloom = 0.09f * wash.Fbm(x / 330, y / 210, 5);
         const float t = Clamp(y / Horizon + bloom);
@@ -102,7 +100,6 @@ static Canvas Sky(const Tones& tones)
     // Stars, fewer towards the light.
     Mask stars(W, H);
     Pen pen(stars, paper, {.width = 2}, 34);
-    Dice dice(35);
     for (int i = 0; i < 260; i++) {
         const Vector2 p = {dice.Range(0, W), dice.Range(0, Horizon * 0.8f)};
         const float radius = 0.5f + 1.1f * Pow(dice.Unit(), 5);
@@ -110,8 +107,12 @@ static Canvas Sky(const Tones& tones)
             pen.Dot(p, radius);
     }
     canvas.Light(stars, Mix(tones.moon, tones.halo, 0.4f), 0.55f);
+}
 
-    // The moon and its seas.
+// The moon and its seas, and thin bands that are drawn across the sky, some before the moon.
+static void PaintMoon(Canvas& canvas, const Tones& tones)
+{
+    const Noise veil(31), wash(32);
     const Mask disc = Filled(W, H, Ellipse(Moon, MoonRadius, MoonRadius)).Blur(0.9f);
     canvas.Cover(disc, [&](float x, float y) {
         const float sea = Smooth(-0.05f, 0.32f, wash.Fbm(x / 74 + 3, y / 74, 5));
@@ -120,7 +121,6 @@ static Canvas Sky(const Tones& tones)
     });
     canvas.Light(disc.Blurred(16), tones.halo, 0.14f);
     canvas.Light(disc.Blurred(46), tones.halo, 0.3f);
-    // Thin bands that are drawn across the sky, some before the moon.
     Mask bands(W, H);
     bands.Each(
         [&](float x, float y) {
@@ -135,12 +135,16 @@ static Canvas Sky(const Tones& tones)
             return Mix(tones.body, tones.lit, 0.1f + 0.5f * near);
         },
         0.5f);
+}
 
+// Far heads tower above the level of the sea, away from the moon.
+static void PaintHeads(Canvas& canvas, const Tones& tones)
+{
+    const Noise curls(33);
     // What shows between the rows is more cloud.
     canvas.Cover(Filled(W, H, Rectangle(0, Horizon - 6, W, H)).Blur(3), [&](float, float y) {
         return Mix(tones.body, tones.horizon, 0.5f * Smooth(680, Horizon, y));
     });
-    // Far heads tower above the level of the sea, away from the moon.
     Dice pile(36);
     for (const auto& [foot, height, wide] : {Head{330, 84, 120},
                                              {455, 44, 80},
@@ -157,7 +161,12 @@ static Canvas Sky(const Tones& tones)
             Billow(canvas, curls, c, r, r * 0.8f, tones, 0.3f + 0.5f * Bell((foot - Moon.x) / 420), 0.5f,
                    1.2f);
         }
-    // The sea: rows from the horizon to below our feet, each larger and nearer than the last.
+}
+
+// The sea: rows from the horizon to below our feet, each larger and nearer than the last.
+static void PaintSea(Canvas& canvas, const Tones& tones, Dice& dice)
+{
+    const Noise veil(31), curls(33);
     constexpr int Rows = 10;
     for (int row = 0; row < Rows; row++) {
         const float t = float(row) / (Rows - 1);
@@ -182,6 +191,17 @@ static Canvas Sky(const Tones& tones)
             2);
         canvas.Cover(mist, Mix(tones.body, tones.horizon, 0.6f * (1 - t)), 0.3f * (1 - t));
     }
+}
+
+static Canvas Sky(const Tones& tones)
+{
+    const Paper& paper = SketchPaper();
+    Canvas canvas(W, H, tones.zenith);
+    Dice dice(35);
+    PaintAir(canvas, paper, tones, dice);
+    PaintMoon(canvas, tones);
+    PaintHeads(canvas, tones);
+    PaintSea(canvas, tones, dice);
     const Mask corner = Mask(W, H).Each(
         [](float x, float y) {
             return Smooth(0.42f, 0.85f, Length({(x - Moon.x * 0.85f) / W, (y - Moon.y) / H}));

@@ -181,6 +181,26 @@ static Canvas FootprintWhite()
     return canvas;
 }
 
+// Ribs of sand fork where two places of opposite sense lie near each other: going round the one a rib is gained,
+// round the other it is lost again.
+struct Fork {
+    Vector2 gain, loss;
+};
+
+static std::vector<Fork> MakeForks(float size, Dice& dice)
+{
+    std::vector<Fork> forks;
+    for (int i = 0; i < 6; i++) {
+        const Vector2 way = {dice.Range(60, 150), dice.Range(-48, 48)};
+        // By twos of opposite sense, or the ribs would climb from tile to tile.
+        for (float sense = -1; sense < 2; sense += 2) {
+            const Vector2 at = {dice.Range(0, size), dice.Range(0, size)};
+            forks.push_back({at, at + way * sense});
+        }
+    }
+    return forks;
+}
+
 // Wind-ribbed sand, a tile. In the scene a tile is 30 units across the walk and 15 along it, so ribs are
 // drawn twice as steep as they will lie. It lies once across the walk, and its corner is what the far band to the
 // horizon is made of: towards both sides the sand is lost in the mist that this band is.
@@ -190,20 +210,7 @@ static Canvas Sand()
     const Paper& paper = SketchPaper(1024);
     const Noise warp(21, 7, 5), swell(23, 5, 3), grain(24, 256, 256);
     Dice dice(28);
-    // Ribs fork where two places of opposite sense lie near each other: going round the one a rib is gained,
-    // round the other it is lost again.
-    struct Fork {
-        Vector2 gain, loss;
-    };
-    std::vector<Fork> forks;
-    for (int i = 0; i < 6; i++) {
-        const Vector2 way = {dice.Range(60, 150), dice.Range(-48, 48)};
-        // By twos of opposite sense, or the ribs would climb from tile to tile.
-        for (float sense = -1; sense < 2; sense += 2) {
-            const Vector2 at = {dice.Range(0, Size), dice.Range(0, Size)};
-            forks.push_back({at, at + way * sense});
-        }
-    }
+    const std::vector<Fork> forks = MakeForks(Size, dice);
     // Where a place stands between one crest (a whole number) and the next.
     const auto phaseAt = [&](float x, float y) {
         const float u = x / Size, v = y / Size;

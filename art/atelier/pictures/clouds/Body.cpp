@@ -92,6 +92,52 @@ static Mask Cut(const Mask& mask, int left, int top, int width, int height)
     return part;
 }
 
+// Two layers of hatching where the body has turned away.
+static void HatchShade(Canvas& canvas, const Mask& turned, const Mask& paint, const Stuff& stuff, float scale,
+                       uint32_t seed)
+{
+    Mask lines(canvas.Width(), canvas.Height());
+    Pen pen(lines, SketchPaper(),
+            {.width = 2.3f * scale, .wobble = 0.6f * scale, .skip = 0.35f, .pool = 0.1f}, seed + 4);
+    Mask tone = turned;
+    tone.Curve(0.5f, 0.95f).Multiply(paint);
+    Hatch(
+        pen, tone,
+        {.angle = 0.5f, .spacing = 6.5f * scale, .length = 44 * scale, .bend = 7 * scale, .faintest = 0.12f},
+        seed + 5);
+    tone.Curve(0.55f, 1);
+    Hatch(pen, tone,
+          {.angle = 1.5f, .spacing = 8 * scale, .length = 30 * scale, .bend = 5 * scale, .faintest = 0.2f},
+          seed + 6);
+    lines.Multiply(paint);
+    canvas.Cover(lines, palette::Ink, stuff.hatch);
+}
+
+// The outline: a hair where the light falls, broken here and there, heavy in the shadow. depth: how far inside the
+// body a place lies, in pixels.
+static void DrawContour(Canvas& canvas, const Mask& turned, const Mask& paint, const Mask& depth,
+                        const Stuff& stuff, float scale, uint32_t seed)
+{
+    const Noise noise(seed);
+    Mask contour(canvas.Width(), canvas.Height());
+    for (int y = 0; y < canvas.Height(); y++)
+        for (int x = 0; x < canvas.Width(); x++) {
+            if (paint.At(x, y) <= 0.01f)
+                continue;
+            const float fx = float(x), fy = float(y);
+            const float in = depth.At(x, y);
+            if (in > 9 * scale)
+                continue;
+            const float wander = noise.Gradient(fx / (34 * scale), fy / (34 * scale));
+            const float t = Smooth(0.15f, 0.85f, turned.At(x, y));
+            const float weight = stuff.contour * scale * (Mix(2.0f, 5.0f, t) + (1 + t) * wander) *
+                                 Smooth(-0.62f, -0.4f, wander + 0.3f * t);
+            contour.At(x, y) = paint.At(x, y) * Smooth(weight + 0.6f * scale, weight - 0.6f * scale, in) *
+                               Smooth(0.3f, 0.8f, weight);
+        }
+    canvas.Cover(contour, palette::Ink, 0.94f);
+}
+
 static void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale, uint32_t seed,
                        const Mask* open)
 {
@@ -147,41 +193,8 @@ static void PaintWhole(Canvas& canvas, const Mask& body, const Stuff& stuff, flo
         }
     canvas.Cover(back, stuff.back, 0.2f);
     canvas.Cover(rim, Mix(stuff.light, palette::Bone, 0.4f), stuff.rim);
-
-    Mask lines(width, height);
-    Pen pen(lines, paper, {.width = 2.3f * scale, .wobble = 0.6f * scale, .skip = 0.35f, .pool = 0.1f},
-            seed + 4);
-    Mask tone = turned;
-    tone.Curve(0.5f, 0.95f).Multiply(paint);
-    Hatch(
-        pen, tone,
-        {.angle = 0.5f, .spacing = 6.5f * scale, .length = 44 * scale, .bend = 7 * scale, .faintest = 0.12f},
-        seed + 5);
-    tone.Curve(0.55f, 1);
-    Hatch(pen, tone,
-          {.angle = 1.5f, .spacing = 8 * scale, .length = 30 * scale, .bend = 5 * scale, .faintest = 0.2f},
-          seed + 6);
-    lines.Multiply(paint);
-    canvas.Cover(lines, palette::Ink, stuff.hatch);
-
-    // The outline: a hair where the light falls, broken here and there, heavy in the shadow.
-    Mask contour(width, height);
-    for (int y = 0; y < height; y++)
-        for (int x = 0; x < width; x++) {
-            if (paint.At(x, y) <= 0.01f)
-                continue;
-            const float fx = float(x), fy = float(y);
-            const float in = depth.At(x, y);
-            if (in > 9 * scale)
-                continue;
-            const float wander = noise.Gradient(fx / (34 * scale), fy / (34 * scale));
-            const float t = Smooth(0.15f, 0.85f, turned.At(x, y));
-            const float weight = stuff.contour * scale * (Mix(2.0f, 5.0f, t) + (1 + t) * wander) *
-                                 Smooth(-0.62f, -0.4f, wander + 0.3f * t);
-            contour.At(x, y) = paint.At(x, y) * Smooth(weight + 0.6f * scale, weight - 0.6f * scale, in) *
-                               Smooth(0.3f, 0.8f, weight);
-        }
-    canvas.Cover(contour, palette::Ink, 0.94f);
+    HatchShade(canvas, turned, paint, stuff, scale, seed);
+    DrawContour(canvas, turned, paint, depth, stuff, scale, seed);
 }
 
 void PaintBody(Canvas& canvas, const Mask& body, const Stuff& stuff, float scale, uint32_t seed,

@@ -16,61 +16,53 @@ static void DrawShoe(Mask& ink, Vector2 ankle, float angle)
               1));
 }
 
-// The title, in ink with some of the moon's light about it: it stands on the moon's face, over the tip of the
-// bough. The two o's dance. The moon's middle is 41 pixels to the right of the picture's.
-Canvas MoonwaltzLogo()
+constexpr int W = 1024, H = 512;
+constexpr float Base = 300; // of the line, y
+
+// The corners of the box round a letter.
+struct LetterBox {
+    Vector2 lo = {W, H}, hi = {};
+};
+
+// Writes the word, its two o's off the line: he leans to her, she leans away. Their boxes go to `dancers`.
+static void WriteTitle(Pen& pen, LetterBox (&dancers)[2])
 {
-    constexpr int W = 1024, H = 512;
-    const Paper& paper = SketchPaper();
-    Mask ink(W, H);
-    Pen pen(ink, paper,
-            {.width = 22,
-             .least = 0.16f,
-             .wobble = 1.2f,
-             .wave = 60,
-             .wander = 0.25f,
-             .skip = 0.06f,
-             .dry = 0.3f,
-             .pool = 0.25f},
-            41);
     const LetterStyle style = {.size = 160, .slant = 0.08f, .spacing = 1.35f, .lively = 0.5f};
-    constexpr float Base = 300;
-    const std::vector<WrittenStroke> strokes = Writing("moonwaltz", {553, Base}, style, Anchor::Middle, 7);
-    Vector2 lo[2] = {{W, H}, {W, H}}, hi[2] = {};
-    for (const WrittenStroke& stroke : strokes) {
-        const bool o = stroke.letter == 1 || stroke.letter == 2;
-        Line line = stroke.line;
-        if (o) {
-            // He leans to her, she leans away, and both have left the line.
-            const size_t k = stroke.letter - 1;
-            const Vector2 middle = PointAt(line, 0.5f);
-            line = Moved(Turned(line, k == 0 ? 0.16f : 0.34f, middle),
-                         {k == 0 ? -3.0f : 7.0f, k == 0 ? -30.0f : -36.0f});
-            for (const Vector2& p : line) {
-                lo[k] = {Min(lo[k].x, p.x), Min(lo[k].y, p.y)};
-                hi[k] = {Max(hi[k].x, p.x), Max(hi[k].y, p.y)};
-            }
+    for (const WrittenStroke& stroke : Writing("moonwaltz", {553, Base}, style, Anchor::Middle, 7)) {
+        if (stroke.letter != 1 && stroke.letter != 2) {
+            pen.Broad(stroke.line, -0.62f, {.start = 1, .middle = 1.15f, .end = 0.75f});
+            continue;
+        }
+        const bool he = stroke.letter == 1;
+        const Line line = Moved(Turned(stroke.line, he ? 0.16f : 0.34f, PointAt(stroke.line, 0.5f)),
+                                {he ? -3.0f : 7.0f, he ? -30.0f : -36.0f});
+        LetterBox& box = dancers[stroke.letter - 1];
+        for (const Vector2& p : line) {
+            box.lo = {Min(box.lo.x, p.x), Min(box.lo.y, p.y)};
+            box.hi = {Max(box.hi.x, p.x), Max(box.hi.y, p.y)};
         }
         // The two who dance are drawn, the others written with a broad nib.
-        if (o)
-            pen.Stroke(line, {.start = 0.48f, .middle = 0.8f, .end = 0.15f});
-        else
-            pen.Broad(line, -0.62f, {.start = 1, .middle = 1.15f, .end = 0.75f});
+        pen.Stroke(line, {.start = 0.48f, .middle = 0.8f, .end = 0.15f});
     }
+}
+
+static void DrawLimbs(Pen& pen, Mask& ink, const LetterBox& him, const LetterBox& her)
+{
     // Arms: two hands held high between them, his other arm round her.
     pen.nib.width = 9;
-    const Vector2 his = Mix(lo[0], hi[0], 0.5f), hers = Mix(lo[1], hi[1], 0.5f);
-    const Vector2 hands = {(hi[0].x + lo[1].x) / 2 + 2, lo[0].y - 34};
+    const Vector2 his = Mix(him.lo, him.hi, 0.5f), hers = Mix(her.lo, her.hi, 0.5f);
+    const Vector2 hands = {(him.hi.x + her.lo.x) / 2 + 2, him.lo.y - 34};
     pen.Stroke(
-        Through({{his.x + 14, lo[0].y + 3}, {hi[0].x - 4, lo[0].y - 8}, {hands.x - 8, hands.y + 8}, hands}),
+        Through(
+            {{his.x + 14, him.lo.y + 3}, {him.hi.x - 4, him.lo.y - 8}, {hands.x - 8, hands.y + 8}, hands}),
         {.start = 0.9f, .middle = 0.6f, .end = 0.5f});
-    pen.Stroke(Through({{hers.x - 2, lo[1].y + 4},
-                        {hers.x - 18, lo[1].y - 12},
+    pen.Stroke(Through({{hers.x - 2, her.lo.y + 4},
+                        {hers.x - 18, her.lo.y - 12},
                         {hands.x + 6, hands.y + 5},
                         hands + Vector2{-2, -4}}),
                {.start = 0.8f, .middle = 0.55f, .end = 0.5f});
     // Legs: he steps forward, she is on the tip of one foot and the other swings out.
-    const Vector2 hip = {his.x - 4, hi[0].y}, waist = {hers.x + 2, hi[1].y};
+    const Vector2 hip = {his.x - 4, him.hi.y}, waist = {hers.x + 2, her.hi.y};
     const Vector2 feet[] = {hip + Vector2{-44, 96}, hip + Vector2{34, 100}, waist + Vector2{-2, 104},
                             waist + Vector2{92, 62}};
     pen.nib.width = 11;
@@ -94,6 +86,27 @@ Canvas MoonwaltzLogo()
         pen.Stroke(Arc({his.x + 62, Base + 78}, 120 + 34 * k, 15 + 7 * k, 0.25f + 0.5f * k, 2.2f + 0.4f * k),
                    {.start = 0, .middle = 0.5f - 0.1f * k, .end = 0});
     }
+}
+
+// The title, in ink with some of the moon's light about it: it stands on the moon's face, over the tip of the
+// bough. The two o's dance. The moon's middle is 41 pixels to the right of the picture's.
+Canvas MoonwaltzLogo()
+{
+    const Paper& paper = SketchPaper();
+    Mask ink(W, H);
+    Pen pen(ink, paper,
+            {.width = 22,
+             .least = 0.16f,
+             .wobble = 1.2f,
+             .wave = 60,
+             .wander = 0.25f,
+             .skip = 0.06f,
+             .dry = 0.3f,
+             .pool = 0.25f},
+            41);
+    LetterBox dancers[2];
+    WriteTitle(pen, dancers);
+    DrawLimbs(pen, ink, dancers[0], dancers[1]);
     pen.Splatter({905, 340}, 60, 18, 4);
 
     Canvas canvas(W, H);

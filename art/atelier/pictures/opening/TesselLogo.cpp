@@ -6,22 +6,26 @@
 namespace atelier
 {
 
-// "tessel" laid in mosaic, two rows of stones along the pen's way; towards the end the stones come loose and
-// fall out of the word. Shown 717 wide and 376 high, nearly its own proportion.
-Canvas TesselLogo()
+constexpr int W = 1024, H = 512;
+constexpr float Stone = 17.5f, Row = 9.6f;
+constexpr LinearColour Tones[] = {palette::Bone,  palette::Parchment, palette::Bone,
+                                  palette::Ochre, palette::Parchment, palette::Rust,
+                                  palette::Amber, palette::Bone,      palette::Slate};
+
+struct Tessera {
+    Vector2 centre;
+    float turn, size;
+    int tone;
+    bool loose;
+};
+
+// Two rows of stones along each stroke of the pen's way.
+static std::vector<Tessera> LayStones(Dice& dice)
 {
-    constexpr int W = 1024, H = 512;
-    constexpr float Stone = 17.5f, Row = 9.6f;
-    const Paper& paper = SketchPaper();
-    struct Tessera {
-        Vector2 centre;
-        float turn, size;
-        int tone;
-        bool loose;
-    };
-    Dice dice(13);
     std::vector<Tessera> stones;
-    const auto lay = [&](const Line& way) {
+    const LetterStyle style = {.size = 300, .slant = 0.05f, .spacing = 2.0f, .lively = 0.5f};
+    for (const WrittenStroke& stroke : Writing("tessel", {W / 2.0f - 18, 372}, style, Anchor::Middle, 5)) {
+        const Line& way = stroke.line;
         const float length = LengthOf(way);
         for (float s = Stone * 0.4f; s < length; s += Stone * 1.06f)
             for (float side = -Row; side <= Row; side += 2 * Row) {
@@ -32,7 +36,7 @@ Canvas TesselLogo()
                 for (const Tessera& other : stones)
                     taken = taken || Length(other.centre - at) < Stone * 0.78f;
                 Tessera t = {at, Angle(d) + 0.07f * dice.Bell(), Stone * dice.Range(0.9f, 1.04f),
-                             dice.Below(9), false};
+                             dice.Below(int(std::size(Tones))), false};
                 // From the second s on more and more of them have let go; enough of the l stays to be read.
                 const float hold = dice.Unit() + 0.43f + 0.5f * Smooth(1010, 560, at.x);
                 if (hold < 0.62f) {
@@ -45,15 +49,18 @@ Canvas TesselLogo()
                 if (!taken)
                     stones.push_back(t);
             }
-    };
-    const LetterStyle style = {.size = 300, .slant = 0.05f, .spacing = 2.0f, .lively = 0.5f};
-    for (const WrittenStroke& stroke : Writing("tessel", {W / 2.0f - 18, 372}, style, Anchor::Middle, 5))
-        lay(stroke.line);
+    }
+    return stones;
+}
 
-    const LinearColour tones[9] = {palette::Bone,  palette::Parchment, palette::Bone,
-                                   palette::Ochre, palette::Parchment, palette::Rust,
-                                   palette::Amber, palette::Bone,      palette::Slate};
-    std::vector<Mask> faces(9, Mask(W, H));
+// "tessel" laid in mosaic; towards the end the stones come loose and fall out of the word. Shown 717 wide and
+// 376 high, nearly its own proportion.
+Canvas TesselLogo()
+{
+    const Paper& paper = SketchPaper();
+    Dice dice(13);
+    const std::vector<Tessera> stones = LayStones(dice);
+    std::vector<Mask> faces(std::size(Tones), Mask(W, H));
     Mask mortar(W, H), edges(W, H), cracks(W, H);
     Pen edge(edges, paper, {.width = 2, .wobble = 0.3f, .wave = 12, .skip = 0.1f, .pool = 0.2f}, 15),
         crack(cracks, paper, {.width = 1.3f, .pool = 0}, 16);
@@ -89,7 +96,7 @@ Canvas TesselLogo()
     const Noise uneven(17);
     for (size_t i = 0; i < faces.size(); i++)
         canvas.Cover(faces[i], [&](float x, float y) {
-            return tones[i] * (0.78f + 0.34f * uneven.Value(x / 13 + float(i) * 7, y / 13) +
+            return Tones[i] * (0.78f + 0.34f * uneven.Value(x / 13 + float(i) * 7, y / 13) +
                                0.1f * uneven.Gradient(x / 3, y / 3));
         });
     // Each stone is a little darker below.
