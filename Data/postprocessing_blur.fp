@@ -10,22 +10,22 @@
 // noise. Their weight falls off like a bell from the middle outward. So that thin lines don't come out as bundles of
 // thinner ones, every pixel starts its rounds at an angle of its own.
 //
-// The scene of the names fills the screen, with an alpha of 1. Its trees are chains of cubes, lit on the sides that
-// the light reaches and black on the others, and their shadow on the land is black too. Here they are drawn anew: the
-// share of dark or lit bark in a disc about each place is compared with a bar, which joins the cubes into limbs with
-// round edges. The bar sinks where most is dark farther about, and holes close. The slope of that share is the limb's
-// outward direction, by which the moon gives it a rim; the slope in a wider disc gives thick limbs a light side, too.
-// Bark is told from land by its hue, and the part of it in the disc says how far a limb is lit. What is black is the
-// tree's near bark and in the upper part of the picture; elsewhere it is shadow, a wash over the land that thins out
-// towards the picture's foot. Where nothing was drawn there is night.
+// The scene of the names fills the screen, with an alpha of 1. Its trees are chains of cubes, lit on the sides that the
+// light reaches and black on the others, and their shadow on the land is black too. Here they are drawn anew, as ink in
+// a mist: the share of black and bark in a disc about each place is compared with a bar, which joins the cubes into
+// limbs with round edges. The slope of that share is the limb's outward direction, by which the moon gives it a rim,
+// and the slope in a wider disc a side that is a little lighter. Bark is told from land by its hue. What is black is
+// the tree's near bark and in the upper part of the picture; elsewhere it is shadow, a wash over the land that thins
+// out towards the picture's foot. Where nothing was drawn there is night.
 //
 // The effect lets blur_intensity grow with the tree, from -0.75. It approaches 0.45, for the first tree 0.95, as
-// exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. The mist is a sea of
-// clouds seen from above: banks one before the other, each with lit heads at its upper border. It hides a tree that is
-// but a few cubes and lifts as it grows; some of it stays before the highest limbs, which the upper border of the
-// picture cuts. The last camera has a constant intensity of 0.25 and rises with its tree: there the height of the
-// land's far border tells how far the tree has grown. The first tree is the smallest and the nearest. Beyond an
-// intensity of 0.45, which no other tree reaches, it gets its leaves.
+// exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. The mist lies in banks one
+// before the other, each with a light upper border that fades downwards, as washes do. It hides a tree that is but a
+// few cubes and lifts as it grows; some of it stays on the land. The last camera has a constant intensity of 0.25 and
+// rises with its tree: there the height of the land's far border tells how far the tree has grown.
+//
+// The first tree is the smallest and the nearest, two stumps on a log. Its mist stays up to the stumps, they carry on
+// in boughs, and a wood stands behind it.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -52,56 +52,32 @@ const vec2 landLight = vec2(0.12, 0.32); // blue there if the land has no light,
 
 // Limbs. Shares are of the disc in which a limb is looked for, heights are of the picture.
 const float firstTaps = 6.0;  // that say whether
-const float moreTaps = 21.0;  // more are needed: not where all is alike
+const float moreTaps = 27.0;  // more are needed: not where all is alike
 const float aspect = 1.33;    // of the disc, a circle on the screen
-const float discRadius = 0.022;             // before the land,
-const float skyDiscRadius = 0.0125;         // before the sky, where limbs are thinner,
-const float firstDiscRadius = 0.030;        // and of the first tree, whose cubes are the largest
-const float limbBar = 0.42;                 // share that makes a limb,
-const float firstLimbBar = 0.32;
-const float strandBar = 0.13;               // and of a string of beads
+const float discRadius = 0.022;            // before the land,
+const float skyDiscRadius = 0.0145;        // and before the sky, where limbs are thinner
+const float limbBar = 0.34;                // share that makes a limb,
+const float strandBar = 0.13;              // and of a string of beads
 const vec2 strandShape = vec2(0.75, 1.35);  // in a disc that is drawn out upwards,
 const vec2 strandHeights = vec2(0.55, 0.8); // here
-const vec2 skyTap = vec2(0.97, 0.75);       // in trees that stand before the sky, which is there then
-const float taper = 0.30;                   // gained by the first tree's bar, so that its boughs
-const vec2 taperHeights = vec2(0.62, 0.98); // end in points,
-const float taperGain = 0.7;                // while its disc grows by this part
-const vec2 limbEdge = vec2(0.16, 0.24);      // softness of limbs and strings
-const vec2 filledShare = vec2(0.45, 0.85);  // of black and bark near by, between which holes in a limb close,
-const float filling = 0.20;                 // as the bar sinks by this
-const float bell = 0.8;                     // by which a tap at the disc's rim counts less than one in the middle
-const float dryEdge = 0.08;                 // by which the bar differs from place to place
-const vec2 dryGrain = vec2(60.0, 45.0);     // features of that in the picture's width and height
+const vec2 skyTap = vec2(0.97, 0.75);      // in trees that stand before the sky, which is there then
+const vec2 limbEdge = vec2(0.24, 0.24);    // softness of limbs and strings
+const float bell = 0.8;                    // by which a tap at the disc's rim counts less than one in the middle
+const float dryEdge = 0.08;                // by which the bar differs from place to place
+const vec2 dryGrain = vec2(60.0, 45.0);    // features of that in the picture's width and height
 
-const float nearTaps = 8.0;                // for bark
+const float nearTaps = 10.0;               // for bark
 const vec2 nearReach = vec2(0.05, 0.07);   // about a black place
-const vec4 treeSigns = vec4(4.0, 1.5, 0.5, 1.1); // how far bark, bark and sky near by, and height make it the tree's
+const vec4 treeSigns = vec4(4.0, 3.5, 0.5, 1.1); // how far bark, bark and sky near by, and height make it the tree's
 const vec2 treeHeights = vec2(0.40, 0.54);
 
-const vec3 ink = vec3(0.030, 0.036, 0.070); // of a limb's shaded side
-const vec3 ochre = vec3(0.255, 0.185, 0.110); // and of its lit one
-const vec2 litShare = vec2(0.03, 0.45);     // of bark in what is dark
-const vec2 barkStrokes = vec2(70.0, 26.0);  // in the picture's width and height
-const float lightSide = 0.03;               // gained by that for each tap towards the moon
-const vec3 shine = vec3(0.150, 0.180, 0.255); // of the moon on what the light doesn't reach,
-const vec2 shineSlope = vec2(-0.02, 0.26);    // and the slope of the wider share for it
+const vec3 ink = vec3(0.030, 0.036, 0.070);   // of a limb,
+const vec3 shine = vec3(0.090, 0.100, 0.140); // and on the side that the moon reaches
+const vec2 shineSlope = vec2(-0.02, 0.26);    // slope of the wider share between them
 const vec3 moonlight = vec3(0.50, 0.58, 0.72);
 const vec2 moonward = vec2(0.5, 0.86);
-const vec2 rimLight = vec2(0.50, 0.22);  // before the land and before the sky
-const vec2 rimShare = vec2(0.34, 0.14);  // above the bar, at which it is gone and at which it is full
-
-const float leavesOut = 0.70;                        // intensity by which all leaves are out
-const vec4 leftCrown = vec4(0.10, 0.80, 0.14, 0.15); // middle and radii of the first tree's crowns,
-const vec4 rightCrown = vec4(0.42, 0.85, 0.18, 0.18);
-const vec4 topCrown = vec4(0.26, 0.93, 0.17, 0.14);
-const vec2 crownCorner = vec2(0.66, 0.60);           // left of and above which they are
-const vec2 crownSize = vec2(-1.45, -0.13);           // gained as it comes out, and when it has
-const float crownEdge = 0.9;                         // by which clumps stand out from it
-const vec3 clumpSizes = vec3(14.0, 37.0, 92.0);      // boughs, twigs and leaves in the picture's width
-const float crownMoon = 0.62;                        // part of the moonlight that leaves take
-const mat2 boughGrain = mat2(0.79, 0.61, -0.46, 0.59); // turned, so that no grain lies level, and on the screen
-const mat2 twigGrain = mat2(0.39, 0.92, -0.69, 0.29);  // as high as wide
-const vec2 towardsMoon = vec2(0.006, 0.019);         // from a leaf to what may shade it
+const vec2 rimLight = vec2(0.50, 0.22); // before the land and before the sky
+const vec2 rimShare = vec2(0.34, 0.14); // above the bar, at which it is gone and at which it is full
 
 const vec3 plainLand = vec3(0.36, 0.35, 0.34); // under a shadow of which no border is near
 const vec2 landSeen = vec2(0.00, 0.50);        // share of black near by at which the land's drawing is lost
@@ -120,37 +96,63 @@ const vec2 nightHeights = vec2(0.35, 1.05);
 const vec3 haze = vec3(0.228, 0.275, 0.385); // over the land's far border, which is drawn in the same colour
 const float hazeHeight = 0.17;
 const float hazeWidth = 0.03;           // to either side of what it rises from
-const float hazeTaps = 12.0;
+const float hazeTaps = 28.0;
 const vec2 hazeLand = vec2(0.08, 0.20); // blue of lit land and not of anything else
 
 // Mist.
 const float drift = 0.06;              // each second
 const float nextTarget = 0.45, firstTarget = 0.95;
 const float targetMargin = 0.004;      // which ends the clock after five seconds
-const vec2 lifting = vec2(-0.1, 0.26); // intensities at which the mist begins to lift, and has
+const vec2 lifting = vec2(0.02, 0.36); // intensities at which the mist begins to lift, and has
 const float lastIntensity = 0.25;      // of the last camera,
 const float borderTaps = 6.0;          // and what it takes to find the land's far border
 const vec2 borderHeights = vec2(0.474, 0.532); // at which the mist begins to lift, and has
 const float firstBank = 1.02;          // height of the farthest bank,
 const float bankStep = 0.21;           // and from one to the next
-const float bankEdge = 0.05;           // in steps
-const vec2 bankSizes = vec2(9.0, 0.83); // features in the picture's width at the farthest, and part of that at the next
-const mat2 bankGrain = mat2(0.83, 0.55, -0.55, 0.83); // turned, so that no head has level sides
-const float flatness = 0.85;           // of heads
-const vec2 bankMoon = vec2(0.10, 0.16); // from a place to what may shade it, in features
-const float youngCover = 1.15;
-const vec2 youngHeights = vec2(1.30, 1.05);
-const float topCover = 0.66;
-const vec2 topHeights = vec2(0.82, 1.02);
+const float bankEdge = 0.22;           // softness of its upper border, in steps,
+const vec3 bankShape = vec3(0.70, 1.00, 0.40); // and what swell and vapour raise it by, and all of it is raised by
+const vec2 bankSizes = vec2(5.0, 0.83); // features in the picture's width at the farthest, and part of that at the next
+const mat2 bankGrain = mat2(0.83, 0.55, -0.55, 0.83); // turned, so that no border is level
+const float flatness = 2.2;            // of features, which are so much wider than high
+const float bankDepth = 2.6;           // by which light is lost below the border
+const vec2 bankLight = vec2(0.55, 0.70); // least, and gained by vapour
+const float youngCover = 1.15;           // before young trees,
+const float firstCover = 1.10;           // before the first tree for good,
+const vec2 firstHeights = vec2(0.74, 0.50);
+const float restCover = 0.50;            // and on the land for good
+const vec2 restHeights = vec2(0.62, 0.40);
+const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
 const float leastCover = 0.02;
-const float cloudLevel = 0.86;             // what clouds and cover have to be together,
-const vec2 bankLight = vec2(0.30, 2.3);     // where a bank is level, and gained by its slope
-const float bankRim = 0.45;                // light gained where a bank is thin
-const float rimCover = 0.95;               // beyond which cover takes no more of that
+const float cloudLevel = 0.86;             // what that and cover have to be together,
 const float cloudEdge = 0.24;              // and beyond it from thinnest to thickest
 const vec3 mistBody = vec3(0.145, 0.180, 0.295);
 const vec3 mistEdge = vec3(0.62, 0.67, 0.75); // in the moonlight
 const float unlit = 0.45;                  // part of its light while the land has none
+
+// The wood about the first tree.
+const vec2 firstTap = vec2(0.02, 0.835);      // sky, while for the third tree it is land when the mist lifts
+const float woodTrunks = 11.0;
+const vec2 woodWidths = vec2(0.0045, 0.017);  // half of them, of the farthest trunk and of the nearest,
+const vec2 woodInk = vec2(0.22, 0.62);        // and parts of ink
+const vec2 woodForks = vec2(0.06, 0.20);      // lowest height above half of the picture's, and gained by the highest
+const float woodLean = 0.12;
+const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03); // on the stumps: middle, half width, fork and lean
+const vec4 rightTrunk = vec4(0.405, 0.046, 0.17, 0.02);
+const vec2 trunkTops = vec2(0.62, 1.03);      // heights that they reach
+const vec2 trunksGrow = vec2(0.30, 0.92);     // between these intensities
+const float trunkTip = 0.03;
+const vec2 stumpsGo = vec2(0.30, 0.60);       // intensities,
+const vec2 stumpHeights = vec2(0.62, 0.70);   // and heights, between which they replace the stumps
+const vec2 stumpShare = vec2(0.02, 0.30);
+const vec2 farHaze = vec2(0.70, 0.82);        // heights between which the land behind those turns to haze,
+const vec2 farNight = vec2(0.80, 0.90);       // and that to night
+const float sway = 0.05, swayPeriods = 7.0;   // of a trunk, in the picture's width and height
+const vec2 boughSlope = vec2(0.42, 0.16);     // and by how much the two sides differ
+const float boughWave = 0.03;
+const vec2 twigFork = vec2(0.07, 0.03);       // above the boughs', and by how much the two sides differ
+const float twigSlope = 0.30;
+const vec2 thinner = vec2(0.35, 0.45);        // part by which boughs are thinner than the trunk, and twigs than boughs
+const float inkEdge = 0.0015;
 
 const float grain = 0.06;      // of the paper, in parts of the light
 const float toothGrain = 0.52; // features in a pixel
@@ -219,7 +221,7 @@ vec3 Sky(vec2 place, float sky)
 {
     float land = 0.0;
     float known = 0.01;
-    float taps = sky > 0.0 ? hazeTaps : 0.0;
+    float taps = sky > 0.0 && Drawn(place - vec2(0.0, hazeHeight)).a > 0.5 ? hazeTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
         float below = (i + 0.5) * (hazeHeight / hazeTaps);
         float aside = fract(0.618034 * i + 0.5) * (2.0 * hazeWidth) - hazeWidth;
@@ -248,41 +250,60 @@ float BorderRisen(bool wanted)
     return risen / height;
 }
 
-float Blob(vec2 place, vec4 shape) { return 1.0 - length((place - shape.xy) / shape.zw); }
-
-// The first tree's leaves, in clumps whose upper sides the moon lights: colour and share.
-vec4 Leaves(vec2 place, float comeOut)
+// Three sizes of a soft noise, drawn out sideways as vapour is.
+float Vapour(vec2 place)
 {
-    vec4 leaves = vec4(0.0);
-    float layers = comeOut > 0.0 && place.s < crownCorner.x && place.t > crownCorner.y ? 1.0 : 0.0;
-    for (float i = 0.0; i < layers; i += 1.0) {
-        float size = max(max(Blob(place, leftCrown), Blob(place, rightCrown)), Blob(place, topCrown)) +
-                     mix(crownSize.x, crownSize.y, sqrt(comeOut));
-        vec2 shading = place + towardsMoon;
-        float bough = Tooth(boughGrain * place * clumpSizes.x);
-        float shadingBough = Tooth(boughGrain * shading * clumpSizes.x);
-        float twig = Tooth(twigGrain * place * clumpSizes.y + bough);
-        float shadingTwig = Tooth(twigGrain * shading * clumpSizes.y + shadingBough);
-        float leaf = Tooth(boughGrain * place * clumpSizes.z + 2.0 * twig);
-        float clump = 0.46 * bough + 0.30 * twig + 0.24 * leaf - 0.42;
-        float lit = 0.5 * (bough - shadingBough) + 0.35 * (twig - shadingTwig) + 0.14 * (leaf - 0.5);
-        lit = smoothstep(-0.06, 0.17, lit) * (0.4 + 0.6 * bough);
-        leaves = vec4(mix(1.2 * ink, crownMoon * moonlight, lit), smoothstep(0.0, 0.07, size + crownEdge * clump));
+    float large = Tooth(bankGrain * place);
+    float middle = Tooth(place * bankGrain * 2.13 + large);
+    return 0.55 * large + 0.30 * middle + 0.15 * Tooth(bankGrain * place * 4.7 + middle);
+}
+
+// 1 for the first camera, from when the mist lifts.
+float First(float overSky) { return step(overSky + Drawn(firstTap).a, 0.5); }
+
+// How much of a place a trunk covers, of which shape is middle, half width, fork and lean. It forks twice, unevenly.
+float Trunk(vec2 place, vec4 shape, float kind)
+{
+    float up = place.t - 0.5;
+    float aside = place.s - shape.x - sway * (Wave(swayPeriods * up + kind) - 0.5) - shape.w * up;
+    float side = sign(aside);
+    float bough = max(up - shape.z, 0.0);
+    float twig = max(bough - twigFork.x - twigFork.y * side, 0.0);
+    float spread = (boughSlope.x + boughSlope.y * side * sin(kind)) * bough +
+                   boughWave * (Wave(11.0 * up + kind + 4.0 * side) - 0.5) * min(20.0 * bough, 1.0);
+    float away = abs(abs(abs(aside) - spread) - twigSlope * twig);
+    float width = shape.y * (1.0 - up) * (1.0 - thinner.x * min(12.0 * bough, 1.0)) *
+                  (1.0 - thinner.y * min(14.0 * twig, 1.0));
+    return 1.0 - smoothstep(width - inkEdge, width + inkEdge, away);
+}
+
+// How dark the wood behind the first tree is: the farther its trunks, the paler.
+float Wood(vec2 place, float wanted)
+{
+    float dark = 0.0;
+    float trunks = wanted > 0.0 ? woodTrunks : 0.0;
+    for (float i = 0.0; i < trunks; i += 1.0) {
+        float near = fract(0.755 * i + 0.3);
+        vec4 shape = vec4(fract(0.618 * i + 0.13), mix(woodWidths.x, woodWidths.y, near),
+                          woodForks.x + woodForks.y * fract(0.37 * i), woodLean * (near - 0.5));
+        dark = max(dark, mix(woodInk.x, woodInk.y, near) * Trunk(place, shape, 9.0 * i));
     }
-    return leaves;
+    return dark;
 }
 
-// Heads with creases between them, of three sizes.
-float Billows(vec2 place)
+// How much of a place is covered by what grows from the first tree's stumps.
+float Boughs(vec2 place, float wanted)
 {
-    place += 0.2 * Tooth(bankGrain * place.ts * 1.3);
-    float large = abs(2.0 * Tooth(bankGrain * place) - 1.0);
-    float middle = abs(2.0 * Tooth(place * bankGrain * 2.13 + 0.35 * large) - 1.0);
-    return 0.52 * large + 0.34 * middle + 0.14 * abs(2.0 * Tooth(bankGrain * place * 4.9 + large) - 1.0);
+    float covered = 0.0;
+    float trunks = wanted > 0.0 ? 2.0 : 0.0;
+    for (float i = 0.0; i < trunks; i += 1.0)
+        covered = max(covered, Trunk(place, i < 1.0 ? leftTrunk : rightTrunk, 3.0 + 14.0 * i));
+    float top = mix(trunkTops.x, trunkTops.y, smoothstep(trunksGrow.x, trunksGrow.y, blur_intensity));
+    return covered * (1.0 - smoothstep(top - trunkTip, top, place.t));
 }
 
-// Its colour, and how thick it is.
-vec4 Mist(vec2 place, float overSky, float wanted)
+// The mist's colour, and how thick it is.
+vec4 Mist(vec2 place, float overSky, float first, float wanted)
 {
     bool last = abs(blur_intensity - lastIntensity) < 0.00001;
     float lifted = last ? smoothstep(0.0, 1.0, BorderRisen(last && wanted > 0.0))
@@ -293,50 +314,45 @@ vec4 Mist(vec2 place, float overSky, float wanted)
     float moved = -drift * (blur_intensity < nextTarget ? log(left) : log(targetMargin) + log(max(then, 0.001)));
 
     float one = 4.0 * overSky + (last ? 7.0 : 0.0); // so that no two trees before the sky have the same
-    float cover = max(youngCover * (1.0 - lifted) * smoothstep(youngHeights.x, youngHeights.y, place.t),
-                      topCover * smoothstep(topHeights.x, topHeights.y, place.t));
-    // The banks' upper borders stay within half a step of their middle height: one bank may begin here, and the one
-    // behind it is there in any case. Each is looked at twice, first where it may be shaded from.
+    float cover = max(youngCover * (1.0 - lifted),
+                      max(firstCover * first * smoothstep(firstHeights.x, firstHeights.y, place.t),
+                          restCover * smoothstep(restHeights.x, restHeights.y, place.t)));
+    // A bank's upper border stays between half a step below its middle height and one and a half above it: two banks
+    // may begin here, and the one behind them is there in any case.
     float down = (firstBank - place.t) / bankStep;
     float nearest = floor(down + 0.5);
     float thickness = 0.0;
     float light = 0.0;
-    float shading = 0.0;
-    float looks = wanted * cover > leastCover ? 4.0 : 0.0;
+    float looks = wanted * cover > leastCover ? 3.0 : 0.0;
     for (float i = 0.0; i < looks; i += 1.0) {
-        float here = mod(i, 2.0);
-        float number = nearest - (i < 2.0 ? 1.0 : 0.0);
+        float number = nearest - 1.0 + i;
         vec2 features = bankSizes.x * pow(bankSizes.y, number) * vec2(place.s, flatness * place.t) +
                         vec2(moved + 5.3 * one, 0.3 * moved) + 7.7 * number;
-        float billows = Billows(features + (1.0 - here) * bankMoon);
+        float vapour = Vapour(features);
         float swell = Wave(features.x * 0.43 + 3.1 * number);
-        float inside = down - number + clamp(0.5 * (swell - 0.5) + 0.7 * (billows - 0.45), -0.5, 0.5);
-        float lit = clamp(bankLight.x + bankLight.y * (billows - shading), 0.0, 1.2) *
-                    (0.30 + 0.85 * exp(-1.7 * max(inside, 0.0)));
-        float part = here * (i < 2.0 ? 1.0 : smoothstep(0.0, bankEdge, inside));
-        thickness = mix(thickness, 0.06 + 0.55 * billows + 0.30 * swell, part);
+        float raised = bankShape.x * (swell - 0.5) + bankShape.y * (vapour - 0.5) + bankShape.z;
+        float inside = down - number + clamp(raised, bankEdge - 0.5, 1.5);
+        float lit = exp(-bankDepth * max(inside, 0.0)) * (bankLight.x + bankLight.y * vapour);
+        float part = i < 1.0 ? 1.0 : smoothstep(0.0, bankEdge, inside);
+        thickness = mix(thickness, dot(thicknesses, vec3(1.0, vapour, swell)), part);
         light = mix(light, lit, part);
-        shading = billows;
     }
-    thickness -= cloudLevel;
-    light += bankRim * (1.0 - smoothstep(0.1, 0.4, thickness + min(cover, rimCover)));
-    thickness += cover;
+    thickness += cover - cloudLevel;
     return vec4(mix(mistBody, mistEdge, min(light, 1.0)),
-                wanted * smoothstep(0.0, cloudEdge, thickness) * min(1.5 * cover, 1.0));
+                wanted * smoothstep(0.0, cloudEdge, thickness) * min(2.0 * cover, 1.0));
 }
 
 // The scene of the names, of which this is drawn in the middle.
 vec3 Painted(vec4 middle, vec2 place, float own)
 {
-    float first = smoothstep(nextTarget, leavesOut, blur_intensity);
     float overSky = 1.0 - Drawn(skyTap).a;
+    float first = own > 0.0 ? First(overSky) : 0.0;
     float strands = overSky * smoothstep(strandHeights.x, strandHeights.y, place.t);
-    float tapered = first * smoothstep(taperHeights.x, taperHeights.y, place.t);
-    float radius = mix(mix(discRadius, skyDiscRadius, overSky), firstDiscRadius, first);
-    vec2 disc = radius * (1.0 + taperGain * tapered) * vec2(1.0, aspect) * mix(vec2(1.0), strandShape, strands);
-    float bar = mix(mix(limbBar, strandBar, strands), firstLimbBar, first) + taper * tapered;
+    vec2 disc = mix(discRadius, skyDiscRadius, overSky) * vec2(1.0, aspect) * mix(vec2(1.0), strandShape, strands);
+    float last = abs(blur_intensity - lastIntensity) < 0.00001 ? 1.0 : 0.0;
+    float bar = mix(limbBar, strandBar, strands);
 
-    vec4 mist = Mist(place, overSky, own);
+    vec4 mist = Mist(place, overSky, first, own);
     float clear = own * (1.0 - mist.a);
 
     float bark = 0.0;
@@ -381,15 +397,11 @@ vec3 Painted(vec4 middle, vec2 place, float own)
 
     float barkNear = 0.0;
     float skyNear = 0.0;
-    float darkNear = 0.0;
     vec2 form = vec2(0.0); // outward, in the wider disc
     float dry = 0.0;
-    float stroke = 0.0;
     taps = dark > 0.0 ? nearTaps : 0.0;
-    for (float i = 0.0; i < taps; i += nearTaps) {
+    for (float i = 0.0; i < taps; i += nearTaps)
         dry = Tooth(place * dryGrain) - 0.5;
-        stroke = Tooth(place * barkStrokes + 2.0 * dry);
-    }
     for (float i = 0.0; i < taps; i += 1.0) {
         vec2 away = direction * sqrt((i + 0.5) / nearTaps);
         vec4 other = Drawn(place + away * nearReach);
@@ -397,7 +409,6 @@ vec3 Painted(vec4 middle, vec2 place, float own)
         float either = max(lit, Black(other));
         barkNear += lit / nearTaps;
         skyNear += (1.0 - other.a) / nearTaps;
-        darkNear += either / nearTaps;
         form -= away * (either / nearTaps);
         direction = TurnedOn(direction);
     }
@@ -406,11 +417,13 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     float tooth = Tooth(gl_FragCoord.xy * toothGrain);
     float day = LandLight(own > 0.0);
 
-    vec4 leaves = Leaves(place, clear * first);
     float high = smoothstep(treeHeights.x, treeHeights.y, place.t + 0.06 * dry);
     float isTree = clamp(dot(treeSigns, vec4(bark, barkNear, skyNear, high)), 0.0, 1.0);
-    bar -= filling * smoothstep(filledShare.x, filledShare.y, darkNear) * (1.0 - strands);
-    float limb = smoothstep(bar, bar + mix(limbEdge.x, limbEdge.y, strands), dark + dryEdge * dry) * isTree;
+    float limb = isTree * smoothstep(bar, bar + mix(limbEdge.x, limbEdge.y, strands),
+                                     dark + (1.0 - last) * dryEdge * dry);
+    float noStump = first * smoothstep(stumpHeights.x, stumpHeights.y, place.t) *
+                    smoothstep(stumpsGo.x, stumpsGo.y, blur_intensity);
+    limb *= 1.0 - noStump;
     float outward = dot(-slope / max(length(slope), 0.5), moonward);
     float rim = max(outward, 0.0) * smoothstep(bar + rimShare.x, bar + rimShare.y, dark);
 
@@ -424,13 +437,14 @@ vec3 Painted(vec4 middle, vec2 place, float own)
 
     vec3 dusk = Night(place);
     vec3 colour = mix(Sky(place, sky), field, day * (1.0 - smoothstep(0.3, 0.7, sky)));
-    float lit = smoothstep(litShare.x, litShare.y, bark / max(dark, 0.2) + 0.35 * (stroke - 0.5) +
-                                                lightSide * dot(-slope, moonward));
-    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward) + 0.25 * (stroke - 0.5));
-    vec3 limbColour = mix(ink + shine * (shone * (1.0 - 0.7 * overSky)), ochre * (0.55 + 0.8 * stroke), lit) +
-                      moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
+    vec3 far = mix(mix(plainLand, haze, smoothstep(farHaze.x, farHaze.y, place.t)), dusk,
+                   smoothstep(farNight.x, farNight.y, place.t));
+    colour = mix(colour, far, noStump * smoothstep(stumpShare.x, stumpShare.y, dark));
+    colour = mix(colour, ink, Wood(place, clear * first));
+    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward));
+    vec3 limbColour = mix(ink, shine, shone) + moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
     colour = mix(colour, mix(dusk, limbColour, day), limb);
-    colour = mix(colour, mix(dusk, leaves.rgb, day), leaves.a);
+    colour = mix(colour, mix(dusk, ink, day), Boughs(place, clear * first));
     colour = mix(colour, mist.rgb * mix(unlit, 1.0, day), mist.a);
     return colour * (1.0 + grain * (2.0 * tooth - 1.0));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the blur's shader makes of the scene of the names: night and haze where nothing was drawn, limbs out of cubes,
-// shade told apart from shadow, leaves, and mist that hides a young tree, lifts and drifts.
+// What the blur's shader makes of the scene of the names: night and haze where nothing was drawn, limbs of ink out of
+// cubes, shade told apart from shadow, a wood about the first tree, and mist that hides a young tree, lifts and drifts.
 #include "tests/resources/BlurFixture.h"
 
 #include <algorithm>
@@ -55,12 +55,11 @@ protected:
         return sum / picture.width;
     }
 
-    // At which the mist of a young scene is gone and no leaves have come.
+    // At which the mist of a young scene is gone but for what stays on the land.
     static constexpr float clearest = 0.4f;
 };
 
-// What is looked at lies at heights where there is no mist, unless it is the mist: between 0.05 and 0.18 and between 0.67
-// and 0.77 of the picture.
+// What is looked at lies at heights where no mist stays, above 0.62 of the picture, unless it is the mist.
 
 TEST_F(MistShader, ShowsALandWithoutLightAsNightAndLeavesBoneAsItIs)
 {
@@ -85,18 +84,28 @@ TEST_F(MistShader, LetsANightSkyStandOverAHazeWhereNothingWasDrawn)
 {
     Start(128);
     Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(128, 72, 140));
+    MakeTexture(&texture, LandBelowTheSky(128, 86, 140));
     const Picture scene = DrawScene(&texture, clearest);
-    EXPECT_NEAR(140, MeanOfRow(scene, 12, 2), 10);
-    const double night[3] = {20, 26, 51};
+    // Three quarters of the way from 0.35 to 1.05 of the height, eased: 85 % of the way up the night.
+    const double night[3] = {17, 22, 45};
     for (int channel = 0; channel < 3; channel++)
-        EXPECT_NEAR(night[channel], MeanOfRow(scene, 97, channel), 3);
-    // The nearest of twelve looks down misses the land and weighs 1 of 6.5: (1 - 0.15)^2 of the way to 98.
-    EXPECT_NEAR(85, MeanOfRow(scene, 74, 2), 6) << "haze close over the land,";
-    EXPECT_GT(MeanOfRow(scene, 79, 2), MeanOfRow(scene, 84, 2) + 5) << "thinning out";
-    EXPECT_GT(MeanOfRow(scene, 84, 2), night[2] + 5);
-    EXPECT_EQ(0, MeanOfRow(DrawBlurred(&texture, clearest), 97, 2))
+        EXPECT_NEAR(night[channel], MeanOfRow(scene, 112, channel), 3);
+    // Three of 28 looks down miss the land and weigh 2.9 of 14.5: (1 - 0.2)^2 of the way from 51 to 98.
+    EXPECT_NEAR(81, MeanOfRow(scene, 88, 2), 6) << "haze close over the land,";
+    EXPECT_GT(MeanOfRow(scene, 92, 2), MeanOfRow(scene, 98, 2) + 5) << "thinning out";
+    EXPECT_GT(MeanOfRow(scene, 98, 2), night[2] + 5);
+    EXPECT_EQ(0, MeanOfRow(DrawBlurred(&texture, clearest), 112, 2))
         << "not behind a picture that is laid over another";
+}
+
+TEST_F(MistShader, HasNoStepsInTheHaze)
+{
+    Start(512);
+    Texture texture;
+    MakeTexture(&texture, LandBelowTheSky(512, 344, 140));
+    const Picture scene = DrawScene(&texture, clearest);
+    for (int row = 352; row < 440; row++)
+        EXPECT_LT(MeanOfRow(scene, row, 2) - MeanOfRow(scene, row + 1, 2), 5) << row;
 }
 
 TEST_F(MistShader, HidesTheBorderOfALandThatHasNoLight)
@@ -113,7 +122,7 @@ TEST_F(MistShader, HidesTheBorderOfALandThatHasNoLight)
     }
 }
 
-TEST_F(MistShader, DarkensBarkWithTheLand)
+TEST_F(MistShader, DrawsBarkInInkAndLeavesItToTheNightWhileTheLandHasNoLight)
 {
     Start(128);
     for (unsigned char light : {0, 140}) {
@@ -123,14 +132,8 @@ TEST_F(MistShader, DarkensBarkWithTheLand)
         MakeTexture(&texture, land);
         const Picture scene = DrawScene(&texture, clearest);
         const double red = MeanOf(scene, 50, 70, 87, 97, 0), blue = MeanOf(scene, 50, 70, 87, 97, 2);
-        if (light == 0) {
-            EXPECT_NEAR(22, red, 4);
-            EXPECT_NEAR(55, blue, 6);
-        } else {
-            // 0.255 and 0.110 of 255, in strokes that take a twentieth of it on average
-            EXPECT_NEAR(62, red, 4);
-            EXPECT_NEAR(27, blue, 4);
-        }
+        EXPECT_NEAR(light == 0 ? 22 : 8, red, 4);
+        EXPECT_NEAR(light == 0 ? 55 : 18, blue, 6);
     }
 }
 
@@ -153,27 +156,33 @@ protected:
 TEST_F(MistOfAYoungScene, HidesWhatStandsOnTheLandAndLiftsAsTheIntensityGrows)
 {
     Start(128);
-    const double newest = Contrast(-0.75f), young = Contrast(-0.4f), growing = Contrast(0.1f),
+    const double newest = Contrast(-0.75f), young = Contrast(-0.4f), growing = Contrast(0.24f),
                  clear = Contrast(clearest);
     EXPECT_LT(newest, 30);
-    EXPECT_LT(young, 30) << "it does not lift below -0.1";
+    EXPECT_LT(young, 30) << "it does not lift below 0";
     EXPECT_LT(newest + 20, growing);
-    EXPECT_LT(growing + 20, clear);
     EXPECT_GT(clear, 100);
 }
 
-TEST_F(MistOfAYoungScene, StaysBeforeTheHighestLimbsAndNowhereElse)
+TEST_F(MistOfAYoungScene, LeavesSomeOfItselfOnTheLandAndNoneAboveIt)
 {
     Start(128);
     MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
     const Picture scene = DrawScene(&texture, clearest);
-    for (int y = 8; y < 98; y += 6)
+    for (int y = 80; y < 128; y += 6)
         for (int x = 0; x < 128; x += 16)
             EXPECT_NEAR(140, MeanOf(scene, x, x + 16, y, y + 6, 0), 8) << x << " " << y;
-    EXPECT_LT(MeanOf(scene, 0, 128, 122, 128, 0), 128) << "top";
+    double least = 140, most = 0;
+    for (int y = 0; y < 48; y += 6)
+        for (int x = 0; x < 128; x += 16) {
+            least = std::min(least, MeanOf(scene, x, x + 16, y, y + 6, 0));
+            most = std::max(most, MeanOf(scene, x, x + 16, y, y + 6, 0));
+        }
+    EXPECT_LT(least, 100);
+    EXPECT_GT(most, 108) << "it has gaps";
 }
 
-TEST_F(MistOfAYoungScene, HasMoonlitHeads)
+TEST_F(MistOfAYoungScene, LiesInBanksWithMoonlitBorders)
 {
     Start(128);
     MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
@@ -234,7 +243,7 @@ TEST_F(MistShader, JoinsCubesIntoLimbs)
     const Picture plain = DrawPlain(&texture), scene = DrawScene(&texture, clearest);
     for (int gap = 169; gap < 200; gap += 11) { // between the second and the third cube, and further up
         EXPECT_EQ(140, plain.At(124, gap + 1)[0]) << gap;
-        EXPECT_LT(scene.At(124, gap + 1)[0], 60) << gap;
+        EXPECT_LT(scene.At(124, gap + 1)[0], 70) << gap;
         EXPECT_GT(scene.At(108, gap + 1)[0], 110) << gap;
         EXPECT_GT(scene.At(140, gap + 1)[0], 110) << gap;
     }
@@ -249,27 +258,28 @@ TEST_F(MistShader, GivesLimbsARimTowardsTheMoon)
     MakeTexture(&texture, wood);
     const Picture scene = DrawScene(&texture, clearest);
     const double left = MeanOf(scene, 101, 103, 172, 182, 2), right = MeanOf(scene, 157, 159, 172, 182, 2),
-                 core = MeanOf(scene, 120, 140, 172, 182, 2);
-    EXPECT_GT(core, 18) << "ink with strokes of moonlight";
-    EXPECT_LT(core, 45);
+                 core = MeanOf(scene, 120, 140, 170, 178, 2);
+    EXPECT_NEAR(18, core, 5) << "ink";
     EXPECT_GT(right, left + 10);
     EXPECT_GT(MeanOf(scene, 115, 145, 184, 190, 2), MeanOf(scene, 115, 145, 156, 162, 2) + 10)
         << "inside its borders, too, the upper side is the lighter one";
 }
 
-TEST_F(MistShader, ShowsBarkOnALimbOfWhichAQuarterIsLit)
+TEST_F(MistShader, DrawsALimbThatTheLightReachesLikeOneInTheShade)
 {
     Start(256);
-    Picture wood = LandBelowTheSky(256, 256, 140);
-    Fill(&wood, 100, 160, 150, 196, 0, 0, 0);
-    for (int left = 100; left < 160; left += 8)
-        Fill(&wood, left, left + 2, 150, 196, 200, 120, 40);
     Texture texture;
-    MakeTexture(&texture, wood);
-    const Picture scene = DrawScene(&texture, clearest);
-    const double red = MeanOf(scene, 116, 144, 165, 181, 0);
-    EXPECT_GT(red, 45);
-    EXPECT_GT(red, MeanOf(scene, 116, 144, 165, 181, 2) + 8) << "bark is warm";
+    const auto limb = [&](bool lit) {
+        Picture wood = LandBelowTheSky(256, 256, 140);
+        Fill(&wood, 100, 160, 150, 196, 0, 0, 0);
+        for (int left = 100; lit && left < 160; left += 8)
+            Fill(&wood, left, left + 4, 150, 196, 200, 120, 40);
+        MakeTexture(&texture, wood);
+        return DrawScene(&texture, clearest);
+    };
+    const Picture shaded = limb(false), lit = limb(true);
+    for (int channel = 0; channel < 3; channel++)
+        EXPECT_NEAR(MeanOf(shaded, 116, 144, 165, 181, channel), MeanOf(lit, 116, 144, 165, 181, channel), 3);
 }
 
 TEST_F(MistShader, TellsATreesOwnShadeFromItsShadowOnTheLand)
@@ -287,19 +297,72 @@ TEST_F(MistShader, TellsATreesOwnShadeFromItsShadowOnTheLand)
     EXPECT_GT(shadow[2], shadow[0] + 4) << "a shadow is blue,";
     EXPECT_GT(shadow[2], MeanOf(scene, 162, 170, 176, 188, 2) + 25) << "lighter than the trunk,";
     EXPECT_GT(MeanOf(scene, 55, 75, 3, 10, 0), shadow[0] + 5) << "and feathers out towards the foot";
-    EXPECT_GT(MeanOf(scene, 134, 140, 176, 188, 0), MeanOf(scene, 134, 140, 176, 188, 2) + 30)
-        << "bark is warm";
 }
 
-TEST_F(MistShader, GivesLeavesToTheFirstTreeAlone)
+// The first camera's land ends at the left between 0.75, where land at the right tells of a camera that looks down, and
+// 0.835 of the picture's height.
+class MistOfTheFirstTree : public MistShader
+{
+protected:
+    Picture DrawFirst(float strength)
+    {
+        MakeTexture(&texture, LandBelowTheSky(128, 104, 140));
+        return DrawScene(&texture, strength);
+    }
+
+    Texture texture;
+};
+
+TEST_F(MistOfTheFirstTree, StaysUpToTheStumps)
 {
     Start(128);
-    Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    const auto crown = [&](float strength) {
-        return MeanOf(DrawScene(&texture, strength), 49, 59, 103, 112, 0);
-    };
-    EXPECT_GT(crown(0.44f), 90);
-    EXPECT_LT(crown(0.94f), 50);
-    EXPECT_NEAR(140, MeanOf(DrawScene(&texture, 0.94f), 96, 120, 88, 98, 0), 6) << "and to nothing else";
+    const Picture scene = DrawFirst(0.94f);
+    MakeTexture(&texture, LandBelowTheSky(128, 104, 240));
+    const Picture bright = DrawScene(&texture, 0.94f);
+    for (int y = 0; y < 56; y += 8)
+        for (int x = 0; x < 128; x += 16)
+            EXPECT_NEAR(MeanOf(scene, x, x + 16, y, y + 8, 0), MeanOf(bright, x, x + 16, y, y + 8, 0), 2)
+                << "nothing is seen of the land; " << x << " " << y;
+    EXPECT_NEAR(140, scene.At(30, 86)[0], 12) << "a gap of the wood";
+}
+
+TEST_F(MistOfTheFirstTree, HasAWoodBehindItAndBoughsThatGrow)
+{
+    Start(128);
+    const Picture young = DrawFirst(0.3f), grown = DrawFirst(0.94f);
+    // The trunks of the stumps stand on 0.085 and 0.405 of the width and lean a little.
+    for (int x : {11, 53}) {
+        EXPECT_GT(MeanOf(young, x - 1, x + 2, 84, 88, 0), 60) << x;
+        EXPECT_LT(MeanOf(grown, x - 1, x + 2, 84, 88, 0), 20) << x;
+    }
+    // Between and beside them trunks of the wood, which do not grow.
+    int dark = 0;
+    for (int x = 64; x < 128; x++) {
+        EXPECT_NEAR(young.At(x, 88)[0], grown.At(x, 88)[0], 30) << x;
+        dark += grown.At(x, 88)[0] < 110;
+        EXPECT_GT(grown.At(x, 88)[0], 30) << "paler than ink; " << x;
+    }
+    EXPECT_GE(dark, 4);
+    EXPECT_LE(dark, 40);
+}
+
+TEST_F(MistOfTheFirstTree, TakesTheStumpsAwayAboveTheForksOfItsBoughs)
+{
+    Start(128);
+    Picture land = LandBelowTheSky(128, 104, 140);
+    Fill(&land, 72, 84, 60, 104, 0, 0, 0);
+    MakeTexture(&texture, land);
+    EXPECT_LT(MeanOf(DrawScene(&texture, 0.25f), 76, 80, 92, 98, 2), 40) << "it grows as it is drawn";
+    EXPECT_GT(MeanOf(DrawScene(&texture, 0.94f), 76, 80, 92, 98, 2), 60);
+}
+
+TEST_F(MistOfTheFirstTree, LeavesTheOtherScenesWithoutAWood)
+{
+    Start(128);
+    for (int horizon : {90, 128}) { // the land ends lower at the right, too, or higher at the left
+        MakeTexture(&texture, LandBelowTheSky(128, horizon, 140));
+        const Picture scene = DrawScene(&texture, 0.94f);
+        for (int x = 0; x < 128; x++)
+            EXPECT_NEAR(140, scene.At(x, 84)[0], 12) << horizon << " " << x;
+    }
 }

@@ -36,7 +36,7 @@ static void AddPitsAndLichen(Canvas& canvas, Mask& ink, const Paper& paper)
 }
 
 // What the trees are of. Every side of every block shows the whole tile, mostly no larger than a thumbnail, and
-// postprocessing_blur.fp takes no more from it than the light: one even stone of ochre, by whose hue a tree is known
+// postprocessing_blur.fp draws ink in its place: one even stone of ochre, by whose hue a tree is known
 // from the land, with moss and lichen that are but a breath darker and lighter, since a dark patch would be a hole.
 static Canvas MossyStone()
 {
