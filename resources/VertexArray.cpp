@@ -14,6 +14,26 @@ static const int ColourBuffer = 2;
 static const int TextureBuffer = 3;
 static const int BufferCount = 7;
 
+struct VertexAttribute {
+    unsigned flag;
+    int buffer;
+    unsigned storedFloats; // of a vertex, by AddVertex
+    unsigned floats;       // of a vertex, in the layout and in a buffer
+};
+
+// clang-format off
+static const VertexAttribute attributes[] = {
+    {VertexPosition,   PositionBuffer,    3, 3},
+    {VertexNormal,     NormalBuffer,      3, 3},
+    {VertexColourRGB,  ColourBuffer,      3, 3},
+    {VertexColourRGBA, ColourBuffer,      4, 4}, // one field for both offsets: the RGB block stays unused
+    {VertexTexture0,   TextureBuffer + 0, 2, 2},
+    {VertexTexture1,   TextureBuffer + 1, 2, 2},
+    {VertexTexture2,   TextureBuffer + 2, 2, 3},
+    {VertexTexture3,   TextureBuffer + 3, 2, 2},
+};
+// clang-format on
+
 static const unsigned unitAttributes[] = {VertexTexture0, VertexTexture1, VertexTexture2, VertexTexture3};
 
 // Set by the first upload in the process. From then on a buffer may be left bound, in whichever context, and
@@ -35,25 +55,24 @@ VertexArray::~VertexArray()
     Release();
 }
 
+// Of the block whose buffer this is.
+unsigned& VertexArray::OffsetOf(int buffer)
+{
+    unsigned* const offsets[] = {&positionOffset, &normalOffset, &colourOffset};
+    return buffer < TextureBuffer ? *offsets[buffer] : texCoordOffset[buffer - TextureBuffer];
+}
+
 // Sums up the blocks, and takes the memory for all of them. False if it can't be had, or if an offset would
 // not fit into its field.
 bool VertexArray::LayOut()
 {
     size_t floats = 0;
-    const auto addBlock = [&](unsigned attribute, unsigned* offset, unsigned floatsPerVertex) {
-        if (!Has(attribute))
-            return;
-        *offset = static_cast<unsigned>(floats);
-        floats += size_t(floatsPerVertex) * vertexCapacity;
-    };
-    addBlock(VertexPosition, &positionOffset, 3);
-    addBlock(VertexNormal, &normalOffset, 3);
-    addBlock(VertexColourRGB, &colourOffset, 3);
-    addBlock(VertexColourRGBA, &colourOffset, 4); // one field for both: the RGB block stays unused
-    addBlock(VertexTexture0, &texCoordOffset[0], 2);
-    addBlock(VertexTexture1, &texCoordOffset[1], 2);
-    addBlock(VertexTexture2, &texCoordOffset[2], 3); // one more than AddVertex stores
-    addBlock(VertexTexture3, &texCoordOffset[3], 2);
+    for (const VertexAttribute& attribute : attributes) {
+        if (!Has(attribute.flag))
+            continue;
+        OffsetOf(attribute.buffer) = static_cast<unsigned>(floats);
+        floats += size_t(attribute.floats) * vertexCapacity;
+    }
     if (floats > UINT_MAX)
         return false;
     data = static_cast<float*>(calloc(floats + 1, sizeof(float))); // + 1: null means that there is none
@@ -74,22 +93,9 @@ bool VertexArray::AddVertex(const float* values, bool addIndex)
     if (addIndex && !AddIndex(vertexCount))
         return false;
 
-    if (Has(VertexPosition))
-        values = Store(data + positionOffset, vertexCount, 3, values);
-    if (Has(VertexNormal))
-        values = Store(data + normalOffset, vertexCount, 3, values);
-    if (Has(VertexColourRGB))
-        values = Store(data + colourOffset, vertexCount, 3, values);
-    if (Has(VertexColourRGBA))
-        values = Store(data + colourOffset, vertexCount, 4, values);
-    if (Has(VertexTexture0))
-        values = Store(data + texCoordOffset[0], vertexCount, 2, values);
-    if (Has(VertexTexture1))
-        values = Store(data + texCoordOffset[1], vertexCount, 2, values);
-    if (Has(VertexTexture2))
-        values = Store(data + texCoordOffset[2], vertexCount, 2, values);
-    if (Has(VertexTexture3))
-        Store(data + texCoordOffset[3], vertexCount, 2, values);
+    for (const VertexAttribute& attribute : attributes)
+        if (Has(attribute.flag))
+            values = Store(data + OffsetOf(attribute.buffer), vertexCount, attribute.storedFloats, values);
     ++vertexCount;
     return true;
 }
@@ -110,21 +116,9 @@ void VertexArray::Upload(bool keepData)
     if (!bufferIds)
         return;
 
-    if (Has(VertexPosition))
-        UploadBlock(PositionBuffer, positionOffset, 3);
-    if (Has(VertexNormal))
-        UploadBlock(NormalBuffer, normalOffset, 3);
-    if (Has(VertexColourRGB))
-        UploadBlock(ColourBuffer, colourOffset, 3);
-    if (Has(VertexColourRGBA))
-        UploadBlock(ColourBuffer, colourOffset, 4);
-    if (Has(VertexTexture0))
-        UploadBlock(TextureBuffer + 0, texCoordOffset[0], 2);
-    if (Has(VertexTexture1))
-        UploadBlock(TextureBuffer + 1, texCoordOffset[1], 2);
-    if (Has(VertexTexture2))
-        UploadBlock(TextureBuffer + 2, texCoordOffset[2], 3);
-    // The fourth texture unit is not uploaded: its name stays 0.
+    for (const VertexAttribute& attribute : attributes)
+        if (Has(attribute.flag) && attribute.flag != VertexTexture3) // whose name stays 0
+            UploadBlock(attribute.buffer, OffsetOf(attribute.buffer), attribute.floats);
 
     uploadedCount = vertexCount;
     buffersInUse = true;

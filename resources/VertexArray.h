@@ -72,6 +72,7 @@ private:
     VertexArray& operator=(const VertexArray&) = delete;
 
     bool Has(unsigned attribute) const { return (flags & attribute) != 0; }
+    unsigned& OffsetOf(int buffer);
     bool LayOut();
     void UploadBlock(int buffer, unsigned offset, unsigned floatsPerVertex);
     void BindFromMemory();
