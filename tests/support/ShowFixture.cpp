@@ -10,6 +10,7 @@
 #include "platform/dialogs/MessageBoxHooks.h"
 #include "tests/Folders.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -105,7 +106,7 @@ void ShowFixture::StartTimer(float startSeconds)
 
 void ShowFixture::PassTime(double seconds)
 {
-    platform::StepClock(int64_t(seconds * double(platform::CounterFrequency()) + 0.5));
+    platform::StepClock(std::llround(seconds * double(platform::CounterFrequency())));
     FrameTimer::Update();
 }
 
