@@ -24,8 +24,8 @@ enum SpecialKey {
     KeyBackspace,
     KeyTab,
     KeyEnter,
-    KeyLeave, // Escape
-    KeyF1     // to KeyF1 + 11
+    KeyEscape,
+    KeyF1 // to KeyF1 + 11
 };
 
 struct KeyPress {

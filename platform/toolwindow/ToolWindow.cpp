@@ -133,8 +133,8 @@ static void ReadGlyphsWithoutFilter()
 // exchanges buffers has at most four: so many swaps tell. The colours are next to black.
 static bool SwapLeavesBackBuffer(SDL_Window* window)
 {
-    static const int mostBuffers = 4;
-    for (int blue = 1; blue <= mostBuffers; blue++) {
+    static const int maxBuffers = 4;
+    for (int blue = 1; blue <= maxBuffers; blue++) {
         glClearColor(0, 0, float(blue) / 255, 1);
         glClear(GL_COLOR_BUFFER_BIT);
         SDL_GL_SwapWindow(window);
@@ -264,7 +264,7 @@ static int KeyOf(SDL_Keycode code)
     case SDLK_KP_ENTER:
         return KeyEnter;
     case SDLK_ESCAPE:
-        return KeyLeave;
+        return KeyEscape;
     default:
         return code >= ' ' && code < 0x7f ? int(code) : KeyNone;
     }

@@ -49,7 +49,7 @@ static const std::vector<Command> table = {
     {CommandDuplicate, EditMenu, false, "Duplicate",  {Ctrl('d'), None},           "Copies what is selected to right behind itself."},
     {CommandDelete,    EditMenu, false, "Delete",     {Plain(platform::KeyDelete), Plain(platform::KeyBackspace)}, "Takes what is selected out of the script."},
     {CommandSelectAll, EditMenu, true,  "Select all", {Ctrl('a'), None},           "Selects every entry and message."},
-    {CommandSelectNone, EditMenu, false, "Select nothing", {Plain(platform::KeyLeave), None}, "Selects nothing. Leaves the whole screen first."},
+    {CommandSelectNone, EditMenu, false, "Select nothing", {Plain(platform::KeyEscape), None}, "Selects nothing. Leaves the whole screen first."},
     {CommandSelectNext,     EditMenu, false, "Select the next",     {Plain(platform::KeyTab), None}, "Selects the entry or message that follows in time."},
     {CommandSelectPrevious, EditMenu, false, "Select the previous", {Shift(platform::KeyTab), None}, "The same, the other way."},
     {CommandNewItem,   EditMenu, true,  "New...",     {Plain('n'), Plain(platform::KeyInsert)}, "Offers the effects and messages that can be put in at the play head."},

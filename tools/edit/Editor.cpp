@@ -90,27 +90,27 @@ bool Editor::OpenScript(const std::string& path, std::string* reason)
 {
     if (!session.Open(path, reason))
         return false;
-    TakeMemory();
+    RestoreScriptState();
     return true;
 }
 
 // A script that is open already stays until the other one has been read.
 void Editor::BeginOpen(const std::string& path)
 {
-    Remember();
+    StoreSettings();
     session.BeginOpen(path, [this, path](const Session::Opening& opening) {
         if (opening.editedMeanwhile)
             return dialogs.Leave(session, {Dialogs::Decision::Open, path});
         if (!opening.opened)
             return dialogs.Tell("Not opened", path + ": " + opening.reason);
-        TakeMemory();
+        RestoreScriptState();
         if (opening.lost)
             dialogs.OfferRecovery(*opening.lost);
     });
 }
 
 // Takes over where the script was left.
-void Editor::TakeMemory()
+void Editor::RestoreScriptState()
 {
     const ScriptMemory memory = settings.MemoryOf(session.AbsolutePath());
     EditorState& state = session.state;
@@ -136,7 +136,7 @@ void Editor::OfferRecovery()
 }
 
 // Stores what the next start shall find.
-void Editor::Remember()
+void Editor::StoreSettings()
 {
     const EditorState& state = session.state;
     const std::string path = session.AbsolutePath();
@@ -175,7 +175,7 @@ void Editor::DoDecision()
         quits = true;
         break;
     case Dialogs::Decision::New:
-        Remember();
+        StoreSettings();
         NewScript();
         break;
     case Dialogs::Decision::Open:
@@ -194,7 +194,7 @@ int Editor::Run(bool* interrupted)
     bool settles = false;
     while (!quits && !window.EndRequested()) {
         answers.Wait(cli::MonotonicSeconds());
-        const bool happened = window.WaitEvents(Patience());
+        const bool happened = window.WaitEvents(WaitTimeout());
         const double now = cli::MonotonicSeconds();
         answers.Begin(now, happened);
         // The first frame is there before the show's processes are started, which would take the processors from it.
@@ -223,7 +223,7 @@ int Editor::Run(bool* interrupted)
     }
     answers.Wait(cli::MonotonicSeconds());
     *interrupted = window.EndRequested() && !quits;
-    Remember();
+    StoreSettings();
     if (*interrupted) {
         session.GetDocument().WriteRecovery();
         session.FinishDisks();
@@ -234,7 +234,7 @@ int Editor::Run(bool* interrupted)
     return *interrupted ? 128 + SIGTERM : cli::ExitClean;
 }
 
-double Editor::Patience() const
+double Editor::WaitTimeout() const
 {
     // Without a graphics card the frames take the processor away from the show that they are to follow.
     if (framesOwed > 0 || session.state.playing || timeline.WantsFrame())

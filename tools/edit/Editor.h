@@ -38,9 +38,9 @@ private:
     bool OpenFirst(std::string* reason);
     bool OpenScript(const std::string& path, std::string* reason);
     void BeginOpen(const std::string& path);
-    void TakeMemory();
+    void RestoreScriptState();
     void NewScript();
-    void Remember();
+    void StoreSettings();
     void OfferRecovery();
     void DoDecision();
 
@@ -51,7 +51,7 @@ private:
     void DrawPanels(Rect room);
     void DrawSplits(const WindowLayout& layout, Rect room);
     void DrawAlone();
-    double Patience() const; // seconds until the next look at what runs beside the window
+    double WaitTimeout() const; // seconds until the next look at what runs beside the window
 
     Options options;
     UserSettings settings;

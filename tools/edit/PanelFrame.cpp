@@ -40,12 +40,12 @@ void DragSplit(const char* name, Rect place, bool upright, Rect room, float* sha
     const bool active = ImGui::IsItemActive();
     const float x = std::floor(place.x + place.width / 2), y = std::floor(place.y + place.height / 2);
     if (!active && !ImGui::IsItemHovered()) {
-        const ImU32 hair = ToolColour(Slate, 0.45f);
+        const ImU32 line = ToolColour(Slate, 0.45f);
         if (upright)
             ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(x, place.y), ImVec2(x + 1, place.Bottom()),
-                                                      hair);
+                                                      line);
         else
-            ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(place.x, y), ImVec2(place.Right(), y + 1), hair);
+            ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(place.x, y), ImVec2(place.Right(), y + 1), line);
     } else {
         ImGui::SetMouseCursor(upright ? ImGuiMouseCursor_ResizeEW : ImGuiMouseCursor_ResizeNS);
         ImGui::GetWindowDrawList()->AddRectFilled(ImVec2(place.x, place.y),

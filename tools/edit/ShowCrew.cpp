@@ -44,10 +44,10 @@ void ShowCrew::SetScript(const std::string& text, uint64_t newRevision)
     script = text;
     revision = newRevision;
     toldBoxes.clear();
-    Forgive();
+    ForgetFailures();
 }
 
-void ShowCrew::Forgive()
+void ShowCrew::ForgetFailures()
 {
     failures = 0;
     retrySeconds = 0;
@@ -216,7 +216,7 @@ bool ShowCrew::HasRoom() const
 }
 
 // Of the processes that wait, the one whose loss is felt least: it has another one close ahead of it.
-void ShowCrew::GiveWay(const ShowProcess* keep)
+void ShowCrew::MakeRoom(const ShowProcess* keep)
 {
     std::vector<ShowProcess*> others;
     for (const auto& process : processes)
@@ -243,7 +243,7 @@ ShowProcess* ShowCrew::Start(double seconds, const ShowProcess* keep)
     if (seconds < retrySeconds || barrier < 0)
         return nullptr;
     if (!processes.empty() && !HasRoom())
-        GiveWay(keep);
+        MakeRoom(keep);
     std::unique_ptr<ShowProcess> process = std::make_unique<ShowProcess>(&starter);
     std::string reason;
     if (!process->Start(program, settings, settings.memoryLimit, script, revision, &reason)) {
@@ -287,7 +287,7 @@ std::vector<int64_t> ShowCrew::Places() const
 void ShowCrew::WorkInBackground(double seconds, const ShowProcess* live, int64_t wanted)
 {
     if (memory > settings.memoryLimit && processes.size() > 1) {
-        GiveWay(live);
+        MakeRoom(live);
         countedSeconds = -countSeconds; // count again before the next one goes
         memory = 0;
         return;

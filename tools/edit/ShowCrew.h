@@ -28,8 +28,8 @@ public:
     // Sets the script for processes that start from now on. Those that run keep theirs until Update.
     void SetScript(const std::string& text, uint64_t newRevision);
 
-    void EndAll();  // without events
-    void Forgive(); // forgets what went wrong: script or data have changed
+    void EndAll();         // without events
+    void ForgetFailures(); // script or data have changed
 
     typedef std::function<void(ShowProcess*, ShowNews&)> NewsTaker;
     typedef std::function<void(ShowProcess*)> LossTaker;
@@ -72,7 +72,7 @@ private:
     void NoteLoss(ShowProcess* process, double seconds);
     void CountMemory(double seconds);
     uint64_t ExpectedMemory() const;
-    void GiveWay(const ShowProcess* keep);
+    void MakeRoom(const ShowProcess* keep);
     int Capacity() const;
     std::vector<int64_t> Places() const;
 

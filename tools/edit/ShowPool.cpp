@@ -137,7 +137,7 @@ void ShowPool::DataChanged(const std::string& fileName)
     if (!IsOfTheShow(fileName))
         return;
     work->crew.EndAll();
-    work->crew.Forgive();
+    work->crew.ForgetFailures();
     work->live = nullptr;
     work->liveGoal = 0;
     work->cache.Clear();

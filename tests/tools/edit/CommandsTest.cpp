@@ -109,7 +109,7 @@ TEST(Commands, NameTheirKeysAsTheyStandOnAKeyboard)
     EXPECT_EQ("F1", KeyText(Press(platform::KeyF1)));
     EXPECT_EQ("F11", KeyText(Press(platform::KeyF1 + 10)));
     EXPECT_EQ("Space", KeyText(Press(' ')));
-    EXPECT_EQ("Escape", KeyText(Press(platform::KeyLeave)));
+    EXPECT_EQ("Escape", KeyText(Press(platform::KeyEscape)));
     EXPECT_EQ("Left", KeyText(Press(platform::KeyLeft)));
     EXPECT_EQ("+", KeyText(Press('+')));
     EXPECT_EQ("", KeyText(Press(platform::KeyNone)));
