@@ -154,5 +154,5 @@ TEST_F(TheNightPlayed, FlashesAndTheMusicsStrokesFallTogetherWithinOneFrame)
             << arrivals[i].effect << " " << name << " " << time;
         flashes += name == "flash" ? 1 : 0;
     }
-    EXPECT_EQ(16, flashes);
+    EXPECT_EQ(17, flashes);
 }

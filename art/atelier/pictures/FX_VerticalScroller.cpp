@@ -185,69 +185,105 @@ static void DrawMoth(Page& page, Vector2 at, float size, float turn)
               {.start = 0.9f, .middle = 1, .end = 0.2f});
 }
 
-// The chick on its way, looking back once.
+// A leg from the body to the ankle, and three toes spread on the ground as seen from a little above, with a spur behind.
+static void DrawChickLeg(Page& page, Vector2 hip, Vector2 ankle, float side)
+{
+    const auto limb = [&](const Line& line, float start, float middle, float end) {
+        page.accents.Fill(Shaken(Limb(line, start, middle, end), 1.2f, 18, page.dice.Next()));
+        for (float t = 0.3f; t < 0.95f; t += 14 / LengthOf(line)) { // scales
+            const Vector2 at = PointAt(line, t), d = DirectionAt(line, t), n = {-d.y, d.x};
+            page.accents.Erase(Limb(Through({at - n * 9, at + d * 3, at + n * 9}), 0.6f, 1.3f, 0.6f), 0.6f);
+        }
+    };
+    limb(Through({hip, Mix(hip, ankle, 0.55f) + Vector2{side * 3, 0}, ankle}), 8, 6, 8);
+    limb(Through({ankle, ankle + Vector2{-side * 14, 8}, ankle + Vector2{-side * 30, 9}}), 6, 5, 2);
+    for (const Vector2 toe : {Vector2{side * 62, 10}, Vector2{side * 46, 32}, Vector2{side * 6, 38}})
+        limb(Through({ankle, ankle + toe * 0.55f + Vector2{0, -4}, ankle + toe}), 8, 8, 2.5f);
+}
+
+// The chick on its way, looking back once: the ball of down of the evening, now with the moon at its back. Its down grows
+// out from the middle in long strokes; those on the right catch the light.
 static void DrawChickLeaving(Page& page, Vector2 at)
 {
-    // Legs first: it is all feet.
-    for (float side = -1; side < 2; side += 2) {
-        const Vector2 ankle = at + Vector2{side * 50, side < 0 ? 172.0f : 150.0f};
-        page.amber.nib.width = 13;
-        page.amber.Stroke(Through({at + Vector2{side * 28, 84}, at + Vector2{side * 36, 124}, ankle}),
-                          {.start = 0.9f, .middle = 0.8f, .end = 0.9f});
-        for (float toe = -1.5f; toe < 2; toe += 1.5f) {
-            page.amber.nib.width = 15;
-            // Spread on the ground, as seen from a little above.
-            page.amber.Stroke(Through({ankle, ankle + Vector2{toe * 16 + side * 6, 18},
-                                       ankle + Vector2{toe * 36 + side * 16, 44 - 9 * Abs(toe)}}),
-                              {.start = 1, .middle = 0.8f, .end = 0.25f});
-        }
+    DrawChickLeg(page, at + Vector2{-26, 96}, at + Vector2{-40, 172}, -1);
+    DrawChickLeg(page, at + Vector2{30, 94}, at + Vector2{46, 160}, 1);
+
+    const Line ball =
+        Round({at + Vector2{30, -122}, at + Vector2{84, -94}, at + Vector2{98, -40}, at + Vector2{104, 26},
+               at + Vector2{74, 88}, at + Vector2{8, 112}, at + Vector2{-66, 96}, at + Vector2{-106, 46},
+               at + Vector2{-98, -14}, at + Vector2{-56, -56}, at + Vector2{-34, -104}});
+    page.dark.Fill(ball);
+    const Mask inside = Filled(W, H, ball);
+    const Noise ruffle(44);
+    Mask down(W, H), sheen(W, H), lit(W, H);
+    Pen dark(down, SketchPaper(), {.width = 11, .wobble = 1, .wave = 30, .skip = 0, .dry = 0, .pool = 0}, 41),
+        grey(sheen, SketchPaper(), {.width = 6, .wobble = 1, .wave = 30, .skip = 0, .dry = 0.2f, .pool = 0},
+             42),
+        light(lit, SketchPaper(), {.width = 7, .wobble = 1, .wave = 30, .skip = 0, .dry = 0.15f, .pool = 0},
+              45);
+    // A feather from a place outwards, away from the middle of the body or, higher up, of the head.
+    const auto feather = [&](Pen& pen, Vector2 p, float length) {
+        const Vector2 middle = at + Mix(Vector2{-8, 10}, Vector2{20, -50}, Smooth(20, -90, p.y - at.y));
+        const float a = Angle(p - middle) + 0.25f + 0.7f * ruffle.Fbm(p.x / 70, p.y / 70, 2);
+        const Vector2 d = {Cos(a), Sin(a) + 0.18f}, n = {-d.y, d.x};
+        pen.Stroke(Through({p, p + d * (length * 0.5f) + n * (length * 0.05f),
+                            p + d * length + n * (length * 0.2f)}),
+                   {.start = 0.5f, .middle = 0.9f, .end = 0});
+    };
+    for (int i = 0; i < 120; i++) { // the rim, evenly round
+        const Vector2 p = PointAt(ball, (float(i) + 0.5f * page.dice.Unit()) / 120);
+        feather(dark, Mix(p, at, 0.22f), page.dice.Range(44, 70));
     }
-    // It is black: a body, a head without a neck, two stubs that are no wings yet.
-    Shape body(
-        Round({at + Vector2{-84, 40}, at + Vector2{-92, -8}, at + Vector2{-72, -62}, at + Vector2{-60, -108},
-               at + Vector2{0, -136}, at + Vector2{60, -108}, at + Vector2{72, -62}, at + Vector2{92, -8},
-               at + Vector2{84, 40}, at + Vector2{46, 92}, at + Vector2{0, 104}, at + Vector2{-46, 92}}));
-    body.Add(
-        Limb(Through({at + Vector2{-80, -20}, at + Vector2{-112, 26}, at + Vector2{-122, 62}}), 22, 17, 3));
-    body.Add(Limb(Through({at + Vector2{80, -20}, at + Vector2{108, 20}, at + Vector2{128, 50}}), 22, 17, 3));
-    page.dark.Fill(body);
-    const Mask inside = Mask(page.dark).Blur(9);
-    // Only the feathers at its rim catch the moon, those on the right more of it.
-    Mask down(W, H), deep(W, H);
-    Pen feather(down, SketchPaper(), {.width = 4, .wobble = 1.2f, .dry = 0.4f, .pool = 0}, 41),
-        shadow(deep, SketchPaper(), {.width = 4, .wobble = 1.2f, .pool = 0}, 42);
-    for (int i = 0; i < 2600; i++) {
-        const Vector2 p = at + Vector2{page.dice.Range(-140, 140), page.dice.Range(-145, 115)};
-        const float in = inside.Sample(p.x, p.y);
-        const Vector2 fall = Normalised(Vector2{(p.x - at.x) * 1.1f, 60 + 0.5f * (p.y - at.y)});
-        const float turn = 0.5f * page.dice.Bell(), length = page.dice.Range(14, 32);
-        const Vector2 d = {fall.x * Cos(turn) - fall.y * Sin(turn), fall.x * Sin(turn) + fall.y * Cos(turn)};
-        if (in > 0.22f && in < 0.72f) {
-            const Line line = Through({p, p + d * (length * 0.5f), p + d * length + Vector2{d.y, -d.x} * 4});
-            const bool moon = page.dice.Chance(0.16f + 0.42f * Smooth(-60, 120, p.x - at.x));
-            (moon ? feather : shadow).Stroke(line, {.start = 0.9f, .middle = 0.7f, .end = 0});
-        } else if (in >= 0.72f && page.dice.Chance(0.10f)) {
-            feather.nib.ink = 0.28f;
-            feather.Stroke(Through({p, p + d * (length * 0.3f), p + d * (length * 0.6f)}),
-                           {.start = 0.6f, .middle = 0.5f, .end = 0});
-            feather.nib.ink = 1;
-        }
+    for (int i = 0; i < 420; i++) {
+        const Vector2 p = at + Vector2{page.dice.Range(-96, 92), page.dice.Range(-112, 96)};
+        if (inside.Sample(p.x, p.y) > 0.5f && page.dice.Chance(0.26f))
+            feather(grey, p, page.dice.Range(30, 48));
     }
-    for (int i = -3; i <= 3; i++) { // what stands up on its head
+    for (int i = 0; i < 64; i++) { // the moon is behind it on the right: from the crown down to the breast
+        const float t = (float(i) + 0.6f * page.dice.Unit()) / 64;
+        const Vector2 p = PointAt(ball, t), q = p - at;
+        const float moon = Smooth(-70, 40, q.x - 0.35f * q.y);
+        light.nib.ink = 0.35f + 0.65f * moon;
+        light.nib.width = 4.5f + 3 * moon;
+        feather(light, Mix(p, at, 0.10f), page.dice.Range(30, 44));
+    }
+    for (int i = -2; i <= 2; i++) { // what stands up on its head
         const float k = float(i);
-        (i % 2 == 0 ? feather : shadow)
-            .Stroke(Through({at + Vector2{4 * k, -128}, at + Vector2{9 * k, -152},
-                             at + Vector2{16 * k + 6, -178 + 5 * Abs(k)}}),
-                    {.start = 0.9f, .middle = 0.6f, .end = 0});
+        dark.Stroke(Through({at + Vector2{26 + 5 * k, -108}, at + Vector2{24 + 9 * k, -140},
+                             at + Vector2{14 + 17 * k, -166 + 7 * Abs(k)}}),
+                    {.start = 0.7f, .middle = 0.8f, .end = 0});
+        light.nib.width = 5;
+        light.nib.ink = 0.9f;
+        light.Stroke(Through({at + Vector2{29 + 5 * k, -116}, at + Vector2{27 + 9 * k, -142},
+                              at + Vector2{17 + 17 * k, -166 + 7 * Abs(k)}}),
+                     {.start = 0.4f, .middle = 0.8f, .end = 0});
     }
-    page.dark.Unite(deep);
-    page.lines.Screen(down.Scale(0.85f));
-    // Its beak and the one eye that is on this side.
-    page.accents.Fill(Shaken(Straight({at + Vector2{52, -110}, at + Vector2{112, -92}, at + Vector2{56, -76},
-                                       at + Vector2{52, -110}}),
-                             1.5f, 20, 43));
-    page.lights.Fill(Ellipse(at + Vector2{24, -100}, 19, 17, 0.2f));
-    page.lights.Erase(Ellipse(at + Vector2{29, -98}, 9, 9));
+    page.dark.Unite(down);
+    page.washes.Unite(sheen.Scale(0.46f));
+    // The stub of a wing: five quills over each other.
+    for (int i = 0; i < 5; i++) {
+        const float k = float(i);
+        light.nib.width = 5;
+        light.nib.ink = 0.55f;
+        light.Stroke(Through({at + Vector2{-34 + 5 * k, 6 + 5 * k}, at + Vector2{-56 + 5 * k, 36 + 6 * k},
+                              at + Vector2{-92 + 13 * k, 58 + 9 * k - 1.2f * k * k}}),
+                     {.start = 0.2f, .middle = 0.8f, .end = 0});
+    }
+    page.lines.Screen(lit);
+
+    // Its beak, and the one eye that sees you.
+    page.accents.Fill(Round(
+        {at + Vector2{88, -76}, at + Vector2{106, -82}, at + Vector2{140, -58}, at + Vector2{92, -58}}));
+    page.accents.Fill(Round(
+        {at + Vector2{92, -53}, at + Vector2{128, -52}, at + Vector2{108, -40}, at + Vector2{90, -44}}));
+    const Vector2 eye = at + Vector2{44, -70};
+    page.lines.Erase(Ellipse(eye, 42, 43)).Fill(Shaken(Ellipse(eye, 35, 36), 1, 20, 43));
+    page.washes.Erase(Ellipse(eye, 42, 43));
+    page.lines.Erase(Ellipse(eye + Vector2{7, 4}, 22, 23));
+    page.accents.Fill(Ellipse(eye + Vector2{7, 4}, 22, 23));
+    page.accents.Erase(Ellipse(eye + Vector2{9, 5}, 13, 14));
+    page.dark.Fill(Ellipse(eye + Vector2{9, 5}, 15, 16));
+    page.lines.Fill(Ellipse(eye + Vector2{4, -1}, 4.5f, 5));
 }
 
 // A house that leans, and the tree that has taken it as its pot: they stand on the greater wheel.
@@ -320,42 +356,42 @@ static Canvas Page2()
 static Canvas Page3()
 {
     Page page(3);
-    DrawMoth(page, {Middle - 96, 170}, 1.3f, -0.5f);
-    DrawMoth(page, {Middle + 120, 110}, 0.8f, 0.6f);
-    page.Aside("thanks", 342, 60);
-    page.Words("to Ida Weißgerber for the kitchen table", 430, Small);
-    page.Words("to old Jörn, who lent the moon", 494, Small);
-    page.Words("to the ferryman for waiting", 558, Small);
-    page.Words("to Malou and the geese", 622, Small);
-    page.Words("to everyone who was up at four", 686, Small);
-    page.Rule(758, 200);
-    page.Words("no chick was told where to go", 840, Small);
+    DrawMoth(page, {Middle - 250, 170}, 1.15f, -0.5f);
+    DrawMoth(page, {Middle + 256, 132}, 0.8f, 0.6f);
+    page.Aside("thanks", 190, 60);
+    page.Words("to Ida Weißgerber for the kitchen table", 296, Small);
+    page.Words("to old Jörn, who lent the moon", 358, Small);
+    page.Words("to the ferryman for waiting", 420, Small);
+    page.Words("to Malou and the geese", 482, Small);
+    page.Words("to everyone who was up at four", 544, Small);
+    page.Rule(606, 200);
+    page.Words("no chick was told where to go", 676, Small);
 
-    // So high that its feet have left the picture when the roll comes to rest.
-    DrawChickLeaving(page, {Middle, 1052});
-    // Its steps, from the border of the page.
-    for (int i = 0; i < 5; i++) {
-        const Vector2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 9 * float(i), 1372 + 52.0f * float(i)};
-        const float small = 1 - 0.1f * float(4 - i) * 0.5f;
+    // So high that its feet leave the picture before the sky goes.
+    DrawChickLeaving(page, {Middle, 858});
+    // Its steps, on to the border of the land.
+    for (int i = 0; i < 9; i++) {
+        const Vector2 foot = {Middle + (i % 2 == 0 ? -30.0f : 34.0f) + 4 * float(i), 1150 + 65.0f * float(i)};
+        const float small = 1 - 0.025f * float(8 - i);
         for (float toe = -1; toe < 2; toe += 1)
             page.Draw(Through({foot, foot + Vector2{toe * 10, -12} * small,
                                foot + Vector2{toe * 19, -22 + 5 * Abs(toe)} * small}),
                       3.4f, {.start = 0.8f, .middle = 0.6f, .end = 0.1f});
     }
     // The horizon, and what is left of the moon.
-    page.lights.Fill(Arc({Middle, 1756}, 86, 86, -Pi + 0.42f, -0.42f));
-    page.Draw(Through({{170, 1726}, {380, 1720}, {600, 1726}, {860, 1718}}), 5,
+    page.lights.Fill(Arc({Middle, 1832}, 86, 86, -Pi + 0.42f, -0.42f));
+    page.Draw(Through({{170, 1802}, {380, 1796}, {600, 1802}, {860, 1794}}), 5,
               {.start = 0, .middle = 1, .end = 0});
     for (int i = 0; i < 4; i++) {
         const float k = float(i);
         page.amber.nib.width = 4;
-        page.amber.Stroke(Through({{Middle - 70 + 14 * k, 1748 + 20 * k},
-                                   {Middle, 1744 + 20 * k},
-                                   {Middle + 64 - 12 * k, 1749 + 20 * k}}),
+        page.amber.Stroke(Through({{Middle - 70 + 14 * k, 1824 + 20 * k},
+                                   {Middle, 1820 + 20 * k},
+                                   {Middle + 64 - 12 * k, 1825 + 20 * k}}),
                           {.start = 0, .middle = 0.9f - 0.2f * k, .end = 0});
     }
-    page.Words("the moon is gone.", 1930, 62);
-    page.Words("home now, quietly.", 2018, 62);
+    page.Words("the moon is gone.", 2006, 62);
+    page.Words("home now, quietly.", 2094, 62);
     return page.Finished();
 }
 
