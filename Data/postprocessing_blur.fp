@@ -102,7 +102,7 @@ const vec2 hazeLand = vec2(0.08, 0.20); // blue of lit land and not of anything 
 // Mist.
 const float drift = 0.06;              // each second
 const float nextTarget = 0.45, firstTarget = 0.95;
-const float targetMargin = 0.004;      // which ends the clock after five seconds
+const float targetMargin = 0.00002;    // which ends the clock after ten seconds
 const vec2 lifting = vec2(0.02, 0.36); // intensities at which the mist begins to lift, and has
 const float lastIntensity = 0.25;      // of the last camera,
 const float borderTaps = 6.0;          // and what it takes to find the land's far border
@@ -120,7 +120,7 @@ const float youngCover = 1.15;           // before young trees,
 const float firstCover = 1.10;           // before the first tree for good,
 const vec2 firstHeights = vec2(0.74, 0.50);
 const float restCover = 0.50;            // and on the land for good
-const vec2 restHeights = vec2(0.62, 0.40);
+const vec2 restHeights = vec2(0.65, 0.46);
 const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
 const float leastCover = 0.02;
 const float cloudLevel = 0.86;             // what that and cover have to be together,
@@ -139,10 +139,9 @@ const float woodLean = 0.12;
 const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03); // on the stumps: middle, half width, fork and lean
 const vec4 rightTrunk = vec4(0.405, 0.046, 0.17, 0.02);
 const vec2 trunkTops = vec2(0.62, 1.03);      // heights that they reach
-const vec2 trunksGrow = vec2(0.30, 0.92);     // between these intensities
-const float trunkTip = 0.03;
-const vec2 stumpsGo = vec2(0.30, 0.60);       // intensities,
-const vec2 stumpHeights = vec2(0.62, 0.70);   // and heights, between which they replace the stumps
+const vec2 trunksGrow = vec2(0.05, 0.92);     // between these intensities
+const float trunkTip = 0.10;
+const vec2 stumpHeights = vec2(0.62, 0.70);   // between which they replace the stumps
 const vec2 stumpShare = vec2(0.02, 0.30);
 const vec2 farHaze = vec2(0.70, 0.82);        // heights between which the land behind those turns to haze,
 const vec2 farNight = vec2(0.80, 0.90);       // and that to night
@@ -308,10 +307,10 @@ vec4 Mist(vec2 place, float overSky, float first, float wanted)
     bool last = abs(blur_intensity - lastIntensity) < 0.00001;
     float lifted = last ? smoothstep(0.0, 1.0, BorderRisen(last && wanted > 0.0))
                         : smoothstep(lifting.x, lifting.y, blur_intensity);
-    // The second clock goes on where the first one ends.
-    float left = nextTarget + targetMargin - blur_intensity;
-    float then = (firstTarget + targetMargin - blur_intensity) / (firstTarget + targetMargin - nextTarget);
-    float moved = -drift * (blur_intensity < nextTarget ? log(left) : log(targetMargin) + log(max(then, 0.001)));
+    // The first tree's clock goes on from where it is told from the others.
+    float left = max(nextTarget - blur_intensity, 0.0) + targetMargin;
+    float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - lifting.x) / (firstTarget - lifting.x);
+    float moved = -drift * log(mix(left, firstLeft + targetMargin, first));
 
     float one = 4.0 * overSky + (last ? 7.0 : 0.0); // so that no two trees before the sky have the same
     float cover = max(youngCover * (1.0 - lifted),
@@ -421,8 +420,7 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     float isTree = clamp(dot(treeSigns, vec4(bark, barkNear, skyNear, high)), 0.0, 1.0);
     float limb = isTree * smoothstep(bar, bar + mix(limbEdge.x, limbEdge.y, strands),
                                      dark + (1.0 - last) * dryEdge * dry);
-    float noStump = first * smoothstep(stumpHeights.x, stumpHeights.y, place.t) *
-                    smoothstep(stumpsGo.x, stumpsGo.y, blur_intensity);
+    float noStump = first * smoothstep(stumpHeights.x, stumpHeights.y, place.t);
     limb *= 1.0 - noStump;
     float outward = dot(-slope / max(length(slope), 0.5), moonward);
     float rim = max(outward, 0.0) * smoothstep(bar + rimShare.x, bar + rimShare.y, dark);
