@@ -17,20 +17,21 @@ static const int BufferCount = 7;
 struct VertexAttribute {
     unsigned flag;
     int buffer;
+    GLenum array;          // for glEnableClientState
     unsigned storedFloats; // of a vertex, by AddVertex
     unsigned floats;       // of a vertex, in the layout and in a buffer
 };
 
 // clang-format off
 static const VertexAttribute attributes[] = {
-    {VertexPosition,   PositionBuffer,    3, 3},
-    {VertexNormal,     NormalBuffer,      3, 3},
-    {VertexColourRGB,  ColourBuffer,      3, 3},
-    {VertexColourRGBA, ColourBuffer,      4, 4}, // one field for both offsets: the RGB block stays unused
-    {VertexTexture0,   TextureBuffer + 0, 2, 2},
-    {VertexTexture1,   TextureBuffer + 1, 2, 2},
-    {VertexTexture2,   TextureBuffer + 2, 2, 3},
-    {VertexTexture3,   TextureBuffer + 3, 2, 2},
+    {VertexPosition,   PositionBuffer,    GL_VERTEX_ARRAY,        3, 3},
+    {VertexNormal,     NormalBuffer,      GL_NORMAL_ARRAY,        3, 3},
+    {VertexColourRGB,  ColourBuffer,      GL_COLOR_ARRAY,         3, 3},
+    {VertexColourRGBA, ColourBuffer,      GL_COLOR_ARRAY,         4, 4}, // one field for both offsets: the RGB block stays unused
+    {VertexTexture0,   TextureBuffer + 0, GL_TEXTURE_COORD_ARRAY, 2, 2},
+    {VertexTexture1,   TextureBuffer + 1, GL_TEXTURE_COORD_ARRAY, 2, 2},
+    {VertexTexture2,   TextureBuffer + 2, GL_TEXTURE_COORD_ARRAY, 2, 3},
+    {VertexTexture3,   TextureBuffer + 3, GL_TEXTURE_COORD_ARRAY, 2, 2},
 };
 // clang-format on
 
@@ -162,26 +163,29 @@ static void EnableUnit(unsigned unit)
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
 }
 
+static void SetPointer(const VertexAttribute& attribute, const float* pointer)
+{
+    const GLint floats = GLint(attribute.floats);
+    if (attribute.array == GL_VERTEX_ARRAY)
+        glVertexPointer(floats, GL_FLOAT, 0, pointer);
+    else if (attribute.array == GL_NORMAL_ARRAY)
+        glNormalPointer(GL_FLOAT, 0, pointer);
+    else if (attribute.array == GL_COLOR_ARRAY)
+        glColorPointer(floats, GL_FLOAT, 0, pointer);
+    else
+        glTexCoordPointer(floats, GL_FLOAT, 0, pointer);
+}
+
 void VertexArray::BindFromMemory()
 {
     if (buffersInUse)
         glBindBufferARB(GL_ARRAY_BUFFER_ARB, 0);
 
-    if (Has(VertexPosition)) {
-        glEnableClientState(GL_VERTEX_ARRAY);
-        glVertexPointer(3, GL_FLOAT, 0, data + positionOffset);
-    }
-    if (Has(VertexNormal)) {
-        glEnableClientState(GL_NORMAL_ARRAY);
-        glNormalPointer(GL_FLOAT, 0, data + normalOffset);
-    }
-    if (Has(VertexColourRGB)) {
-        glEnableClientState(GL_COLOR_ARRAY);
-        glColorPointer(3, GL_FLOAT, 0, data + colourOffset);
-    }
-    if (Has(VertexColourRGBA)) {
-        glEnableClientState(GL_COLOR_ARRAY);
-        glColorPointer(4, GL_FLOAT, 0, data + colourOffset);
+    for (const VertexAttribute& attribute : attributes) {
+        if (!Has(attribute.flag) || attribute.array == GL_TEXTURE_COORD_ARRAY)
+            continue;
+        glEnableClientState(attribute.array);
+        SetPointer(attribute, data + OffsetOf(attribute.buffer));
     }
     if (Has(VertexTexture0)) {
         // Here the enable comes first, unlike with the other units and with buffers.
@@ -198,47 +202,22 @@ void VertexArray::BindFromMemory()
     }
 }
 
-static void PointUnitAtBuffer(unsigned unit, unsigned buffer, int floatsPerVertex)
-{
-    EnableUnit(unit);
-    glBindBufferARB(GL_ARRAY_BUFFER_ARB, buffer);
-    glTexCoordPointer(floatsPerVertex, GL_FLOAT, 0, nullptr);
-}
-
 void VertexArray::BindFromBuffers()
 {
-    if (Has(VertexPosition)) {
-        glEnableClientState(GL_VERTEX_ARRAY);
-        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[PositionBuffer]);
-        glVertexPointer(3, GL_FLOAT, 0, nullptr);
+    for (const VertexAttribute& attribute : attributes) {
+        if (!Has(attribute.flag))
+            continue;
+        if (attribute.array == GL_TEXTURE_COORD_ARRAY)
+            EnableUnit(unsigned(attribute.buffer - TextureBuffer));
+        else
+            glEnableClientState(attribute.array);
+        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[attribute.buffer]);
+        SetPointer(attribute, nullptr);
     }
-    if (Has(VertexNormal)) {
-        glEnableClientState(GL_NORMAL_ARRAY);
-        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[NormalBuffer]);
-        glNormalPointer(GL_FLOAT, 0, nullptr);
-    }
-    if (Has(VertexColourRGB)) {
-        glEnableClientState(GL_COLOR_ARRAY);
-        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[ColourBuffer]);
-        glColorPointer(3, GL_FLOAT, 0, nullptr);
-    }
-    if (Has(VertexColourRGBA)) {
-        glEnableClientState(GL_COLOR_ARRAY);
-        glBindBufferARB(GL_ARRAY_BUFFER_ARB, bufferIds[ColourBuffer]);
-        glColorPointer(4, GL_FLOAT, 0, nullptr);
-    }
-    if (Has(VertexTexture0))
-        PointUnitAtBuffer(0, bufferIds[TextureBuffer + 0], 2);
-    if (Has(VertexTexture1))
-        PointUnitAtBuffer(1, bufferIds[TextureBuffer + 1], 2);
-    if (Has(VertexTexture2))
-        PointUnitAtBuffer(2, bufferIds[TextureBuffer + 2], 3);
-    if (Has(VertexTexture3)) {
-        // The name is 0, so the pointer is the address 0, and a draw would read there. Switching the array
-        // off again leaves every other call as it is and the unit with one constant coordinate.
-        PointUnitAtBuffer(3, bufferIds[TextureBuffer + 3], 2);
+    // The name of the last unit's buffer is 0, so the pointer is the address 0, and a draw would read there. Switching
+    // the array off again leaves every other call as it is and the unit with one constant coordinate.
+    if (Has(VertexTexture3))
         glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-    }
 }
 
 void VertexArray::Unbind()

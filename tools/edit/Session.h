@@ -95,7 +95,6 @@ public:
     // The name of a file of the script as it is remembered: absolute. Empty: it has none yet.
     std::string AbsolutePath() const;
 
-    const lint::CheckOptions& LintOptions() const { return lintOptions; }
     ShowPool::Status ShowStatus() const { return pool.GetStatus(); }
     const std::vector<ShowRemark>& Remarks() const { return remarks; }
     // True if a frame is on its way, so that Tick should be called soon again.
