@@ -62,7 +62,7 @@ public:
     // The effect must not be null.
     void AddEffectInstance(uint32_t startMs, uint32_t stopMs, Effect* effect, uint32_t layer);
 
-    // Copies count floats; params may be null if there are none. An unknown effect is reported; an unknown message name is kept with id 0.
+    // Copies count floats; null params for none. An unknown effect is reported, an unknown message kept with id 0.
     void AddMessage(uint32_t timeMs, std::string messageName, const float* params, int count,
                     std::string effectName);
 

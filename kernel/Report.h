@@ -20,8 +20,8 @@ void ReportInfo(std::string title, std::string text);
 // The constant paragraph under every error, 449 characters, its two line ends in front included.
 extern const char* const ErrorTail;
 
-// Opens a regular file with a mode of fopen's; neither argument may be null. A path in the data directory, in whatever spelling (see
-// platform/Paths.h), is opened and reported where the data really lies; other paths are relative to the
+// Opens a regular file with a mode of fopen's; neither argument may be null. A path in the data directory, in whatever
+// spelling (see platform/Paths.h), is opened and reported where the data really lies; other paths are relative to the
 // working directory. On failure, whatever the cause: ReportError("File Not Found!", path), PostQuit(0), null.
 // A folder, a FIFO or a device counts as a failure (see platform/RegularFile.h).
 FILE* OpenFile(const char* path, const char* mode);

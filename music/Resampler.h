@@ -42,6 +42,6 @@ private:
     double step;               // along the kernel's table, per input frame
     std::vector<float> kernel; // one side, from its middle outwards
     int phases;                // different fractions that places have
-    std::vector<float>
-        rows; // the weights for each phase, 2 * reach of them; or one row, if there are too many
+    // The weights for each phase, 2 * reach of them; or one row, if there are too many.
+    std::vector<float> rows;
 };

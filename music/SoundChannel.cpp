@@ -94,8 +94,8 @@ void SoundChannel::MixStream(StereoFrame* mix, int count, bool patient)
 // Where there is less than a ramp's length the last frame stands still while it falls.
 void SoundChannel::CatchTail(int most)
 {
-    const auto left =
-        std::copy(tail.begin() + tailStart, tail.end(), tail.begin()); // of a tail before this one
+    // What is left of a tail before this one comes first.
+    const auto left = std::copy(tail.begin() + tailStart, tail.end(), tail.begin());
     std::fill(left, tail.end(), silence);
     tailStart = 0;
     if (lateFrames > 0)

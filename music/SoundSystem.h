@@ -26,8 +26,8 @@ public:
     // Mode bits of OpenStream.
     static constexpr unsigned LoopOff = 0x1;
     static constexpr unsigned Stereo = 0x40;
-    static constexpr unsigned AccurateTime =
-        0x20000; // a seek lands on the exact frame in compressed files too
+    // A seek lands on the exact frame in compressed files too.
+    static constexpr unsigned AccurateTime = 0x20000;
 
     static float GetVersion();
 

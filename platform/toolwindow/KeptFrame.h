@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Draws ImGui's frames for the window of a tool. On a software rasteriser each pixel costs the user time: there the frame is kept
-// in a framebuffer object, or in the window's back buffer if that stays as it is, and only what has changed since the frame
-// before is drawn. Everywhere else each frame is drawn as a whole.
+// Draws ImGui's frames for the window of a tool. On a software rasteriser each pixel costs the user time: there the
+// frame is kept in a framebuffer object, or in the window's back buffer if that stays as it is, and only what has changed
+// since the frame before is drawn. Everywhere else each frame is drawn as a whole.
 //
 // Belongs to the GL context that is current at Open, with ImGui's OpenGL backend running on it.
 #pragma once

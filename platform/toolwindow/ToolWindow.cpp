@@ -129,7 +129,7 @@ static void ReadGlyphsWithoutFilter()
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
 }
 
-// OpenGL says nothing of the back buffer behind a swap. A software rasteriser copies it to the window, and one that
+// OpenGL leaves it open what the back buffer holds after a swap. A software rasteriser copies it to the window, and one that
 // exchanges buffers has at most four: so many swaps tell. The colours are next to black.
 static bool SwapLeavesBackBuffer(SDL_Window* window)
 {

@@ -129,8 +129,8 @@ TEST(PictureClaims, TellOfAJpegThatIsCutInsideASegment)
 {
     const std::string start = "\xFF\xD8";
     const std::string comment = "\xFF\xFE" + Big(5, 2) + "abc";
-    const std::string coded =
-        std::string("\xFF\0 \xFF\xD3 \xFF\xFF", 8); // a stuffed byte, a restart, padding
+    // A stuffed byte, a restart, padding.
+    const std::string coded = std::string("\xFF\0 \xFF\xD3 \xFF\xFF", 8);
     EXPECT_FALSE(JpegEndsInSegment(start));
     EXPECT_FALSE(JpegEndsInSegment(start + comment));
     EXPECT_FALSE(JpegEndsInSegment(start + comment + "\xFF\xDA" + Big(2, 2) + coded + comment));

@@ -8,8 +8,8 @@
 
 struct PlayedScript {
     std::vector<std::string> entries; // "FX_Clouds 0..10 on 1", seconds and layer, in the order of the script
-    std::vector<std::string>
-        messages; // "FX_Clouds hand at 1.5", with parameters " (2 0.5)", in the order of the script
+    // "FX_Clouds hand at 1.5", with parameters " (2 0.5)", in the order of the script.
+    std::vector<std::string> messages;
     std::vector<std::string> colours; // the three of the player, "1 0.5 0"
     int boxes;                        // that the show would bring up
 

@@ -8,8 +8,8 @@ namespace capture
 
 static const int64_t microsecondsPerSecond = 1000000;
 static const int decimals = 6;
-static const int64_t maxTime =
-    int64_t(5000000) * microsecondsPerSecond; // above every time that a script can have
+// Above every time that a script can have.
+static const int64_t maxTime = int64_t(5000000) * microsecondsPerSecond;
 static const int maxColons = 2;
 
 int64_t FrameRate::FramesBefore(int64_t microseconds) const

@@ -4,8 +4,8 @@
 namespace edit
 {
 
-static const double atOnce =
-    0.001; // seconds: an event that was waited for longer came while the window was idle
+// An event that was waited for longer than this, in seconds, came while the window was idle.
+static const double atOnce = 0.001;
 
 void AnswerTimes::Wait(double now)
 {

@@ -58,8 +58,8 @@ private:
     Folder scriptFolder; // with an empty path if there is no script
     Folder dataFolder;
     std::string scriptName;
-    std::string
-        realScript; // the same if the script is a symbolic link: the folder and name of the file itself
+    // The same if the script is a symbolic link: the folder and name of the file itself.
+    std::string realScript;
     Folder realFolder;
     double lookedSeconds;
     std::map<std::string, double> changed; // data files, and when something happened to them

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Does work that may take its time, on files above all, on a thread of its own, in the order in which it was given, so that
-// a slow disk holds up nobody but the thread. What is to follow a piece of work is called on the thread that gives the work, in Poll.
+// Does work that may take its time, on files above all, on a thread of its own and in the order in which it was given,
+// so that a slow disk holds up nobody but the thread. What is to follow a piece of work is called in Poll, on the thread
+// that gave the work.
 //
 // Do, Forget, Poll, IsBusy and Finish belong to one thread. An owner is any address, and stands for the object whose
 // work it is.
@@ -38,8 +39,8 @@ public:
 
     bool IsBusy(); // something was given whose `then` has not been called yet
 
-    void
-    Finish(); // waits until all work is done and has been followed, also that which follows gives in turn
+    // Waits until all work is done and followed, including the work that is given meanwhile by what follows.
+    void Finish();
 
 private:
     struct Task {

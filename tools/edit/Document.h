@@ -15,7 +15,8 @@
 //
 // DISKS. A call that begins with Begin, Tick and Recover give what they have to do with files to threads (DiskThreads)
 // and return at once; what has become of it is told when those are polled. Open, Save, SaveAs, LookAtDisk, WriteRecovery
-// and ApplyCure wait for their thread, and for all that was begun there. Without threads everything is done before the call returns.
+// and ApplyCure wait for their thread, and for all that was begun there. Without threads everything is done before the
+// call returns.
 //
 // All of it on one thread.
 #pragma once
@@ -59,8 +60,8 @@ struct DiskThreads {
 // What became of a save.
 struct SaveOutcome {
     bool saved = false;
-    DiskState disk =
-        DiskSame;       // DiskChanged and DiskConflict: not saved, since another program wrote the file
+    // DiskChanged and DiskConflict: another program wrote the file, so it was not saved.
+    DiskState disk = DiskSame;
     std::string reason; // why it was not saved, in a sentence
 };
 
@@ -135,8 +136,8 @@ public:
 
     // Work on the script that a process left behind, if it differs from the file. Offer it after Open.
     static bool FindRecovery(const std::string& path, Recovery* found);
-    bool
-    Recover(const Recovery& found); // takes it over as one step of undo; the found file goes when it is safe
+    // Takes it over as one step of undo; the found file goes when it is safe.
+    bool Recover(const Recovery& found);
     static void DiscardRecovery(const Recovery& found);
 
     // ---- Edits

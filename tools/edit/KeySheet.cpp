@@ -26,7 +26,7 @@ static int Lines(Menu menu)
                                  [menu](const Command& command) { return command.menu == menu; }));
 }
 
-// A menu stays in one column. The longest ones come first, each to where least is, so that the sheet is low.
+// A menu stays in one column. The longest are placed first, each into the shortest column, so that the sheet is low.
 static std::array<std::vector<Menu>, columns> MenusInColumns()
 {
     std::vector<Menu> menus;

@@ -9,9 +9,9 @@
 namespace edit
 {
 
-static const double frameSlack =
-    1e-6; // of a frame: a time that is a frame's own, but for rounding, is that frame
-static const double beatSlack = 1e-4;         // of a beat
+// A time that misses a frame or a beat by less than this part of it counts as that of the frame or the beat.
+static const double frameSlack = 1e-6;
+static const double beatSlack = 1e-4;
 static const double maxSeconds = 4294967.295; // the longest time that a script can hold
 
 int64_t FrameAt(double seconds, const capture::FrameRate& rate)

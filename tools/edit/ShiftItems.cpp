@@ -146,8 +146,8 @@ static bool StretchGroup(ScriptEdit* script, size_t group, bool stopEdge, int64_
     const int64_t length = gaps * int64_t(block.delta), end = start + length;
     amount = std::clamp(amount, -2 * most, 2 * most);
     const int64_t wished = stopEdge ? length + amount : length - amount;
-    const int64_t widest =
-        stopEdge ? most : std::max<int64_t>(1, end / gaps); // so that the first is not below 0
+    // The start edge goes only so far that the first time is not below 0.
+    const int64_t widest = stopEdge ? most : std::max<int64_t>(1, end / gaps);
     const int64_t delta = std::clamp<int64_t>((wished + gaps / 2) / gaps, 1, widest);
     const int64_t newStart = stopEdge ? start : end - gaps * delta;
     if ((wished <= 0 && block.delta <= 1) || newStart < 0 || newStart > most)

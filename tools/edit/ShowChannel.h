@@ -62,11 +62,11 @@ struct ShowReply {
 struct SharedState {
     std::atomic<uint64_t> beats;   // grows as long as the process is alive and well
     std::atomic<int64_t> position; // the last frame that is done
-    std::atomic<int64_t>
-        drawnSince;                // frames from here to position were drawn; above position if that was not
+    // All frames from here to position were drawn; above position if that one was not.
+    std::atomic<int64_t> drawnSince;
     std::atomic<uint32_t> loading; // thousandths
-    std::atomic<uint32_t>
-        takenSlots; // how many frames ShowProcess has taken out; the other side of Frame replies
+    // How many frames ShowProcess has taken out; the other side of Frame replies.
+    std::atomic<uint32_t> takenSlots;
 };
 
 const int ShowHostOutOfMemory = 77; // exit status of a process that got no more memory

@@ -106,8 +106,8 @@ private:
     ShowCommand goal;
     uint64_t lookedAtGoal; // its number, once it is known whether it can be reached
     int64_t position;
-    int64_t
-        drawnSince; // the first of the frames drawn in a row up to the latest one; INT64_MAX if that is not drawn
+    // The first of the frames drawn in a row up to the latest one; INT64_MAX if that is not drawn.
+    int64_t drawnSince;
     double frameStart; // when the latest frame began, cli::MonotonicSeconds
     double runStart;   // the same of drawnSince
 };
@@ -322,8 +322,8 @@ void ShowHost::TakeScript()
     Send(reply);
 }
 
-// True if the show plays the new script from here on. *difference is the first frame that may be another, -1 if what
-// has loaded is.
+// True if the show plays the new script from here on. *difference is the first frame that may differ, -1 if
+// the colours or the effects to be loaded differ.
 bool ShowHost::Exchange(int64_t* newLength, int64_t* difference)
 {
     std::unique_ptr<DemoPlayer> before = LoadLists(script);

@@ -18,14 +18,14 @@ namespace edit
 
 static const size_t cacheBytes = size_t(96) << 20;
 static const double idleSeconds = 0.15; // without a new wish, before the others work on their places
-static const double restSeconds =
-    0.15; // the same, before one of the last two processes ahead of a wish is used up
-static const double burstSeconds = 0.4;  // between two wishes that belong together, as those of a drag
-static const size_t scarceProcesses = 2; // so many are the last ones
-static const double smoothSeconds = 2;   // of playing without a late frame, before the others work
-static const double leadShare = 0.25;    // of a second, the furthest that frames are made ahead while playing
-static const double quickShare = 0.5;  // of the time of a frame, that drawing it may take on a quick machine
-static const int64_t nearFrames = 600; // a process that is that close is not exchanged for one closer
+// The last processes ahead of a wish are used up only when there was no new wish for so long.
+static const size_t scarceProcesses = 2;
+static const double restSeconds = 0.15;
+static const double burstSeconds = 0.4; // between two wishes that belong together, as those of a drag
+static const double smoothSeconds = 2;  // of playing without a late frame, before the others work
+static const double leadShare = 0.25;   // of a second, the furthest that frames are made ahead while playing
+static const double quickShare = 0.5;   // of the time of a frame, that drawing it may take on a quick machine
+static const int64_t nearFrames = 600;  // a process that is that close is not exchanged for one closer
 static const int64_t longestBackRun = 32; // frames that are kept on the way to one that was stepped back to
 static const double backRunSeconds = 0.3; // of drawing for them, at most
 

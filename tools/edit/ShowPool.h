@@ -94,10 +94,10 @@ public:
         int processes = 0;
         uint64_t memory = 0;   // bytes that all processes take together
         int64_t position = -1; // the frame at which the process is that makes the frames
-        std::vector<int64_t>
-            parked; // the frames that the others make next, ascending; -1 for one that is loading
-        double drawSeconds =
-            0;               // what drawing the latest frame took, with those drawn ahead of it for its sake
+        // The frames that the others make next, ascending; -1 for one that is loading.
+        std::vector<int64_t> parked;
+        // What drawing the latest frame took, with those drawn ahead of it for its sake.
+        double drawSeconds = 0;
         int64_t skipped = 0; // frames that were not drawn since playing began
         bool failed = false; // the wanted frame can't be made: the next change of script or data tries again
         std::string failure;

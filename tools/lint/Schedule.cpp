@@ -98,8 +98,8 @@ static void AddMessages(const Reading& whole, const Reading& kept, const EffectR
 static void PlayMessages(const CheckOptions& options, Show* show)
 {
     const double frame = 1000.0 / options.frameRate;
-    const double epsilon =
-        1e-6;        // of a frame: a message that is due at the time of a frame leaves in that frame
+    // In frames: a message that is due at the time of a frame leaves in that frame in spite of rounding.
+    const double epsilon = 1e-6;
     double free = 0; // the first frame that has not handed out a message yet
     for (SentMessage& message : show->messages) {
         if (!message.kept)

@@ -263,8 +263,8 @@ void CheckParameters(const KeyValue& entry, const SynchMessageDeclaration* decla
         return;
     }
     const std::vector<ListItem> items = SplitItems(entry);
-    const bool closed =
-        entry.value.back() == ','; // keeps the last character, and opens no item that is meant
+    // A comma at the end is what the reader drops then, and opens no further item.
+    const bool closed = entry.value.back() == ',';
     const size_t count = closed ? items.size() - 1 : items.size();
     float first = 0;
     for (size_t i = 0; i < count; i++) {

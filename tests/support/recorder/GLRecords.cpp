@@ -202,8 +202,8 @@ void RunList(Context& context, GLuint id)
     if (!outer)
         Shared().runningList = id;
     BeginNested();
-    const std::shared_ptr<const std::vector<Command>> commands =
-        found->second; // it may be replaced meanwhile
+    // Kept here, since a call in the list may replace the list.
+    const std::shared_ptr<const std::vector<Command>> commands = found->second;
     for (const Command& command : *commands) {
         underWay = command.event;
         underWay.nested = true;

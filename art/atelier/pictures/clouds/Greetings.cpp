@@ -35,8 +35,8 @@ struct Greeting {
     Vector2 place; // of the words' middle, in sides of the card
     float large;   // capital letters of the name, likewise
     float small;   // capital letters of the lines above and below
-    float
-        aside; // by which the first line is to the right of the others, likewise: the card's corner is above it
+    // How far the first line is to the right of the others, in sides of the card: the card's corner is above it.
+    float aside;
     float above, below; // room between the lines, in small capitals
     float emblemSize;
     bool emblemAbove;

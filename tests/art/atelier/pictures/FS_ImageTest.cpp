@@ -12,8 +12,8 @@ TEST(FS_ImagePictures, TheGlowMaskHoldsWhatLiesAroundItsWays)
     const Raster mask = LoadPicture("glowmask.jpg");
     ASSERT_EQ(1024, mask.width);
     const int reach = 13;
-    const int noise =
-        24; // of the compression, at the few worst places; an unmeasured mask is off by 100 and more
+    // What compression adds at the few worst places; an unmeasured mask is off by 100 and more.
+    const int noise = 24;
     int ways = 0, beside = 0, far = 0;
     for (int y = 16; y < mask.height - 16; y += 7)
         for (int x = 16; x < mask.width - 16; x += 7) {
