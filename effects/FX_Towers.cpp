@@ -91,7 +91,7 @@ static const QuadCorner skyRightSide[4] = {
 };
 
 static const int discCount = 7;
-static const float discGrowth = 1.2f; // from each to the next; the rotors come behind the last
+static const float discGrowth = 1.2f; // from each to the next; the rotors come after the last
 static const float discGrey = 0.4f;   // at full fade
 
 // s, t     x   y    z

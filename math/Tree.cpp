@@ -58,7 +58,7 @@ TreeNode* Tree::Grow(Vector3 start, Vector3 end, float startRadius, float endRad
                                float(std::sin(double(angle)) * radius));
         TreeNode* child = Grow(position, childEnd, endRadius, endRadius / 2.0f, generations - 1, false);
         if (!child) {
-            // The pool is used up and stays so: of the children behind this one, two draws each remain.
+            // The pool is used up and stays so: of the children after this one, two draws each remain.
             SkipRandom(&seed, 2u * unsigned(generations - b - 1));
             break;
         }

@@ -19,7 +19,7 @@ public:
 
     virtual ~Decoder();
 
-    // Up to BlockFrames frames, interleaved; fewer near the end of the music, 0 only behind it.
+    // Up to BlockFrames frames, interleaved; fewer near the end of the music, 0 only after it.
     virtual int Read(float* samples) = 0;
 
     // Goes to a frame, or some way ahead of it: returns where the next Read begins, at most the frame asked

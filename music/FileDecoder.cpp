@@ -8,11 +8,11 @@
 #include <fcntl.h>
 
 // The frames that a seek leaves to be decoded ahead of the place asked for. A compressed frame leans on those
-// before it: measured right behind a seek, Vorbis was wrong for a part of a block and Opus in its last bit.
+// before it: measured right after a seek, Vorbis was wrong for a part of a block and Opus in its last bit.
 // Two of Vorbis' longest blocks are enough for both.
 static const int64_t runUpFrames = 16384;
 
-// The least distance between the places that are tried behind damage: a usual frame of FLAC.
+// The least distance between the places that are tried after damage: a usual frame of FLAC.
 static const int64_t minLeap = 4096;
 
 // They reach over almost three hours of damage. A file with a broken header may have no length to end at.
@@ -107,7 +107,7 @@ int FileDecoder::Read(float* samples)
             position += got;
             return int(got);
         }
-        // The end is no error. An Ogg is never found to be damaged here, and must not be sought in: behind
+        // The end is no error. An Ogg is never found to be damaged here, and must not be sought in: after
         // damage that it has stepped over its position runs late, and its last seconds would come twice.
         const int64_t broken = position;
         if (!damaged || SeekBehindDamage(broken) < 0)

@@ -2,7 +2,7 @@
 // Recorded music through libsndfile.
 //
 // Where a damaged file can't be decoded there is silence up to the next place that can be, so that what comes
-// behind the damage is heard at its own time. The one exception is damage that an Ogg decoder steps over
+// after the damage is heard at its own time. The one exception is damage that an Ogg decoder steps over
 // while it reads on from the place before: libsndfile says nothing of it, and the music goes on early.
 #pragma once
 

@@ -8,7 +8,7 @@
 
 // The frames that a seek leaves to be decoded ahead of the place asked for. A frame of MP3 takes bits from up to 255
 // bytes before it, at the low sampling rates, where the lowest bit rate leaves it 3 bytes of its own: that is 85 frames
-// of 576 samples. At 22050 Hz and 8 kbit/s 24600 samples were measured to be wrong right behind a seek.
+// of 576 samples. At 22050 Hz and 8 kbit/s 24600 samples were measured to be wrong right after a seek.
 static const int64_t runUpFrames = 65536;
 
 // An ID3 tag: 10 bytes of header, the last 4 of them the length of what follows, 7 bits a byte.

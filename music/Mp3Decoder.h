@@ -2,7 +2,7 @@
 // MPEG audio (MP3) through libmpg123. libsndfile would read it through the same library, but lets it write
 // its notes about odd files to the standard error stream and gives up at the first damage.
 //
-// In mono and below 32000 Hz libmpg123 sums in an order that depends on what it decoded before, so that behind a seek
+// In mono and below 32000 Hz libmpg123 sums in an order that depends on what it decoded before, so that after a seek
 // the last bit of a sample may be another than in playing up to the place.
 #pragma once
 
@@ -13,7 +13,7 @@ struct mpg123_handle_struct;
 class Mp3Decoder : public Decoder
 {
 public:
-    // True for a file that begins with an MPEG audio frame, or with one behind ID3 tags.
+    // True for a file that begins with an MPEG audio frame, or with one after ID3 tags.
     static bool Recognises(const std::string& path);
     static bool HasExtension(const std::string& path); // .mp3, in any case
 

@@ -24,7 +24,7 @@ bool MusicPlayer::Init()
     SoundSystem::SetDriver(SoundSystem::DefaultDriver);
     if (!SoundSystem::Init(mixRate, channelCount, initFlags))
         return false;
-    // Behind the start, and it is to stay there.
+    // After the start, and it is to stay there.
     SoundSystem::SetBufferSize(bufferSize);
     return true;
 }

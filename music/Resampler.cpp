@@ -63,7 +63,7 @@ void Resampler::TabulateKernel(double scale)
     }
 }
 
-// The weights of the input frames around a place that lies the fraction of a frame behind the frame before
+// The weights of the input frames around a place that lies the fraction of a frame after the frame before
 // it.
 void Resampler::Weigh(double fraction, float* weights) const
 {

@@ -22,7 +22,7 @@ public:
     Resampler(int fromRate, int toRate); // Hz, both above 0; equal rates copy
 
     // The input frames that output frame n is made of. Some of them may lie ahead of the first frame (below
-    // 0) or behind the last: there the input is silent.
+    // 0) or after the last: there the input is silent.
     int64_t FirstInput(int64_t n) const;
     int64_t LastInput(int64_t n) const;
 

@@ -56,7 +56,7 @@ public:
     int GetTime() const;          // where the device is; or will be, when it knows the last order
     bool HasRunOut() const;       // everything was played, and nothing was ordered since
 
-    // Device thread. Frames at a position are there if Holds says so for it; behind the music there are none.
+    // Device thread. Frames at a position are there if Holds says so for it; after the music there are none.
     StreamOrder AppliedOrder() const;
     int64_t Reported() const;
     bool Holds(int64_t position) const;
@@ -87,7 +87,7 @@ private:
     std::atomic<int64_t> floor;
     std::atomic<uint64_t> served; // decode thread writes, as the rest
     std::atomic<int64_t> ready;
-    std::atomic<bool> ended; // no frame will come behind ready
+    std::atomic<bool> ended; // no frame will come after ready
 
     EventCount* const work;
     EventCount progress; // wakes a patient device thread

@@ -58,7 +58,7 @@ public:
 
     // Moves the stream to a time, playing or not. Below 0 counts as 0. The samples that the device asks for
     // from then on are those from frame milliseconds * rate / 1000 on, rounded to the nearest, halves up.
-    // Behind the end there is silence, and the time stays as it was set.
+    // After the end there is silence, and the time stays as it was set.
     static bool SetStreamTime(SoundStream* stream, int milliseconds);
 
     // The time of the next sample that the device will ask for, in milliseconds, rounded to the nearest. It

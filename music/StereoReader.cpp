@@ -37,7 +37,7 @@ void StereoReader::DecodeBlock()
     }
     if (got == 0) {
         inputLength = inputStart + int64_t(input.size());
-        // Behind the music as well, as far as the last frame of the mix reaches.
+        // After the music as well, as far as the last frame of the mix reaches.
         const int64_t last = resampler.OutputLength(inputLength) - 1;
         const int64_t missing = resampler.LastInput(last) + 1 - inputLength;
         input.resize(input.size() + size_t(std::max<int64_t>(missing, 0)), {0.0f, 0.0f});

@@ -15,11 +15,11 @@ public:
     // bits, wherever reading began.
     void Seek(int64_t frame);
 
-    // Gives up to count frames and goes on behind them. It decodes one block of the file at most: 0 frames
+    // Gives up to count frames and goes on after them. It decodes one block of the file at most: 0 frames
     // mean that a place isn't reached yet, and that one has to ask again, unless IsAtEnd.
     int Read(StereoFrame* stereo, int count);
 
-    // Behind the last frame, or at a place that can't be reached.
+    // Past the last frame, or at a place that can't be reached.
     bool IsAtEnd() const { return atEnd; }
 
 private:

@@ -109,7 +109,7 @@ bool ReadDib(const unsigned char* bytes, size_t size, ImageData* image)
         for (uint32_t x = 0; x < dib.width; ++x, in += dib.bytesPerPixel, out += 3) {
             static const unsigned char black[3] = {};
             const unsigned char* bgr = in;
-            if (dib.palette) // an index behind a short palette is black
+            if (dib.palette) // an index past a short palette is black
                 bgr = *in < dib.colours ? dib.palette + *in * 4 : black;
             out[0] = bgr[2];
             out[1] = bgr[1];

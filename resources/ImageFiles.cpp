@@ -30,7 +30,7 @@ std::string ReadPictureFile(const std::string& path)
 
 struct OpenPicture {
     std::string bytes;
-    size_t position; // may lie behind the end, as in a file
+    size_t position; // may lie past the end, as in a file
 };
 
 static ILHANDLE ILAPIENTRY OpenForLibrary(ILconst_string path)

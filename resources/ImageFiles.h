@@ -8,7 +8,7 @@
 // pipe, a device) or is larger than 256 MiB.
 std::string ReadPictureFile(const std::string& path);
 
-// Installs read callbacks in the image library that use ReadPictureFile and deliver zeros behind a file's end. The
+// Installs read callbacks in the image library that use ReadPictureFile and deliver zeros after a file's end. The
 // library's own callbacks leave the old content of its buffer there, and on a PNG that was cut off between two chunks
 // the library then never returns. Zeros are not a valid chunk, so that the decoder fails. Call once, after ilInit.
 void GuardImageFiles();

@@ -132,7 +132,7 @@ bool JpegEndsInSegment(const std::string& bytes)
     return false;
 }
 
-// The next number of a PNM header, behind blanks and comments. 0 if there is none.
+// The next number of a PNM header, after blanks and comments. 0 if there is none.
 static uint64_t NextNumber(const std::string& bytes, size_t* at)
 {
     while (*at < bytes.size() && (Byte(bytes, *at) <= ' ' || bytes[*at] == '#')) {

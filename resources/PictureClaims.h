@@ -19,7 +19,7 @@ struct PictureClaim {
 // image library's, as IL_PNG. Other types give an empty claim.
 PictureClaim ReadPictureClaim(unsigned type, const std::string& bytes);
 
-// True if a JPEG file is cut inside one of its segments, behind the two bytes of its length. The library's reader
+// True if a JPEG file is cut inside one of its segments, after the two bytes of its length. The library's reader
 // never returns from such a file: it waits for the bytes that the length promises.
 bool JpegEndsInSegment(const std::string& bytes);
 

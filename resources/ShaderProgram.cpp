@@ -15,7 +15,7 @@ static void ReportLog(GLhandleARB object)
     ReportError("Error", log);
 }
 
-// The whole file with a zero behind it, or null. Never freed.
+// The whole file with a zero after it, or null. Never freed.
 static const char* ReadSource(const std::string& path)
 {
     if (path.empty())

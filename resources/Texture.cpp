@@ -22,7 +22,7 @@ static void SendMipmapChain(const ImageData& image)
                       GL_UNSIGNED_BYTE, image.data);
 }
 
-// Our rows follow one another without padding. Where GL would look for the second row behind padding it
+// Our rows follow one another without padding. Where GL would look for the second row after padding it
 // would shear the picture and read past its end. GLU does the same to its own smallest levels: two rows of
 // two RGB pixels take 12 bytes there, and GL would read 14.
 static bool RowsNeedCare(const ImageData& image, bool mipmapped)

@@ -44,7 +44,7 @@ public:
     Texture* CreateTexture(std::string name, bool mipmap, bool repeat, bool linear);
 
     // Enters an all-zero RGBA texture under a name, linear and repeating. The cache is not searched first:
-    // where the name is taken, the new entry stands behind the old one and is never found. Always true.
+    // where the name is taken, the new entry stands after the old one and is never found. Always true.
     bool CreateBlankTexture(int width, int height, std::string name);
 
     // The end of the run: shuts the image library down and deletes the GL textures, harmless without a

@@ -47,8 +47,8 @@ public:
     // objects.
     void Upload(bool keepData);
 
-    // Draws all indices with a primitive mode of the GL. Draws nothing if one of them points behind the
-    // memory, or behind what was uploaded.
+    // Draws all indices with a primitive mode of the GL. Draws nothing if one of them points past the
+    // memory, or past what was uploaded.
     void Draw(int mode);
 
     // Frees the memory and makes the object empty, for good.

@@ -22,7 +22,7 @@ const int ParameterTextSize = 4096;
 // The file consists of tokens divided by white space: key, value, key, value. Two properties of the format
 // are surprising and must stay:
 //   - A text entry is written without a line end, so the key of the next entry is appended to its value.
-//   - The search compares every token: a value that equals the key is taken for the key, and the token behind
+//   - The search compares every token: a value that equals the key is taken for the key, and the token after
 //     it for the value. The first match wins.
 // Numbers look the same under any locale. No effect of this production uses the class.
 class ParameterFile

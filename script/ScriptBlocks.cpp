@@ -85,7 +85,7 @@ void ScriptParser::ParseColor(std::string text, float* rgb) const
 }
 
 // The last character of the text is not appended to the token, so the last number loses it. Scripts are
-// written for this: they have 2.50 for 2.5, or a comma behind the last number.
+// written for this: they have 2.50 for 2.5, or a comma after the last number.
 void ScriptParser::ParseParameters(std::string text, float* params, int count)
 {
     std::string token;

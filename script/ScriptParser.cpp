@@ -23,7 +23,7 @@ bool ScriptParser::Load(std::string fileName)
     return true;
 }
 
-// The type of the next block. The search for its header starts at *place, which is moved behind the header,
+// The type of the next block. The search for its header starts at *place, which is moved past the header,
 // or to the end of the stream if there is none.
 static BlockType FindBlock(const std::string& stream, size_t* place)
 {
@@ -154,7 +154,7 @@ bool ScriptParser::GetValue(std::string body, std::string key, std::string* valu
         (found ? *value : word).append(place, mark);
         if (mark == body.cend())
             return false;
-        // For an entry of another key the word goes on behind the =, and at the ; it holds key and value
+        // For an entry of another key the word goes on after the =, and at the ; it holds key and value
         // joined. It is compared there too, so that Start=Time; is found under the key StartTime.
         found = found || word == key;
         if (*mark == ';') {

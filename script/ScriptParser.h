@@ -41,7 +41,7 @@ public:
     // The lexical layer. NextBlock, ReadBlockBody and PopChar remove from the front of the stream what they
     // read.
     std::string ReadFiltered(FILE* file);
-    BlockType NextBlock(std::string& stream);       // to behind the next header; BlockNone: none was left
+    BlockType NextBlock(std::string& stream);       // past the next header; BlockNone: none was left
     std::string ReadBlockBody(std::string& stream); // up to the next [, which stays
     char PopChar(std::string& stream);              // 0 if it is empty
     char PeekChar(const std::string& stream) const; // 0 if it is empty

@@ -7,7 +7,7 @@
 namespace waltz
 {
 
-// A chord by its symbol: root, kind and, behind a slash, another bass: "Dm", "Bbmaj7", "Eb/G", "A7b9".
+// A chord by its symbol: root, kind and, after a slash, another bass: "Dm", "Bbmaj7", "Eb/G", "A7b9".
 struct Chord {
     std::string symbol;
     int root = 0;             // pitch class, 0 for C

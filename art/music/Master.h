@@ -10,7 +10,7 @@ namespace waltz
 // about -16 LUFS by a fixed gain, a limiter that sees peaks coming keeps them, between the samples too, below
 // the ceiling, and the night's two ends fade in and out.
 //
-// `nightEnd` is the sample behind the night's last.
+// `nightEnd` is the sample after the night's last.
 void Master(Stereo& mix, int64_t nightEnd);
 
 // dBFS; what Vorbis adds to peaks still stays below -1.

@@ -16,7 +16,7 @@ namespace waltz
 //   one     bass and chord together on one, held
 //   after   the chord on two and three, no bass
 //   arp     bass and chord in eighths, up and down
-//   pulse   bass on one, the chord on every eighth behind it
+//   pulse   bass on one, the chord on every eighth after it
 //   pad     the chord in three lines, held; what stays in the chord is tied
 //   trem    the chord in three lines, in repeated half beats
 //

@@ -8,7 +8,7 @@ namespace waltz
 
 // Pitches are MIDI numbers: 60 is middle C, "C4", a step is a half tone; 69, "A4", is 440 Hz.
 
-// Reads a name like "A4", "Bb3", "C#5" at `at` and moves `at` behind it. -1, and `at` as it was, if there is
+// Reads a name like "A4", "Bb3", "C#5" at `at` and moves `at` past it. -1, and `at` as it was, if there is
 // none.
 int ReadPitch(const std::string& text, size_t& at);
 

@@ -74,7 +74,7 @@ private:
 struct Section {
     std::string name;
     int firstBar = 0;
-    int endBar = 0; // the first bar behind it
+    int endBar = 0; // the first bar after it
 };
 
 struct Score {

@@ -53,7 +53,7 @@ static std::vector<std::string> Words(const std::string& text)
     return words;
 }
 
-// "1.5" of "A4:1.5"; the rest of a token behind its colon.
+// "1.5" of "A4:1.5"; the rest of a token after its colon.
 static bool ReadBeats(const std::string& text, size_t& at, double& beats)
 {
     const char* begin = text.c_str() + at;

@@ -89,7 +89,7 @@ static void FlowLine(std::string line, double width, const TextMeasure& measure,
             lines.push_back(line);
             return;
         }
-        // Break at the last blank of the part that fits, or at the one right behind that part, unless only blanks
+        // Break at the last blank of the part that fits, or at the one right after that part, unless only blanks
         // stand in front of it.
         const size_t blank = line.rfind(' ', fits);
         if (blank != std::string::npos && blank > line.find_first_not_of(' ')) {

@@ -25,8 +25,8 @@ std::string ShowableLine(const std::string& text);
 
 // Lines of a showable text, each at most `width` wide, without their line ends. A line breaks at a blank,
 // which belongs to neither side then; blanks in front of a text line stay. A word that is wider than the
-// width breaks behind the last '/', '\', ',', ';', ':', '=' or '-' that fits if that leaves the line at
-// least half full, otherwise behind the last character that fits, and never inside a character; one
+// width breaks after the last '/', '\', ',', ';', ':', '=' or '-' that fits if that leaves the line at
+// least half full, otherwise after the last character that fits, and never inside a character; one
 // character stands on each line at least. An empty text is one empty line.
 std::vector<std::string> FlowText(const std::string& text, double width, const TextMeasure& measure);
 

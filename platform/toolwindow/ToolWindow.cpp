@@ -327,7 +327,7 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
 }
 
 // ImGui looks at keys once a frame. A key that goes down and up between two frames would be lost, so its going up
-// waits for the next frame, and all that came behind it.
+// waits for the next frame, and all that came after it.
 static bool EndsPress(const SDL_Event& event, const std::vector<SDL_Scancode>& pressed)
 {
     return event.type == SDL_KEYUP &&

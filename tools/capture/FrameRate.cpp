@@ -38,7 +38,7 @@ static bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-// Reads digits of the text from *place on and moves *place behind them. False if there are none or the number
+// Reads digits of the text from *place on and moves *place past them. False if there are none or the number
 // is above `most`.
 static bool TakeNumber(const std::string& text, size_t* place, int64_t most, int64_t* number)
 {

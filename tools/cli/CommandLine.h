@@ -19,7 +19,7 @@
 // GNU conventions hold: --data DIR, --data=DIR, -o FILE and -oFILE; short options without values can be
 // bundled; a long option can be shortened as long as one option alone begins so; "--" ends the options; "-"
 // is an operand; options and operands can be mixed. If an option is repeated, the last one counts. --help and
-// --version are added to every table, and what stands behind them is not read. --completion=bash and
+// --version are added to every table, and what stands after them is not read. --completion=bash and
 // --completion=zsh, which --help does not list and which have to be the only word, give the shell's completion of the
 // table: the build installs them.
 #pragma once

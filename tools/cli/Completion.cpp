@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What bash and zsh offer when the Tab key is pressed behind a program's name, from the table that --help is made of.
+// What bash and zsh offer when the Tab key is pressed after a program's name, from the table that --help is made of.
 #include "tools/cli/CommandLine.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ static std::string ValuesOf(const std::vector<Option>& options, ValueKind kind)
     return names;
 }
 
-// Bash divides words at "=" too, so that behind "--data=" the word before is "=".
+// Bash divides words at "=" too, so that after "--data=" the word before is "=".
 std::string CommandLine::BashCompletion() const
 {
     const std::string function = "_" + Replaced(name, "-", "_");

@@ -161,7 +161,7 @@ public:
     bool SetValue(size_t block, std::string key, std::string value, uint64_t gesture = 0);
 
     // Copies of the items, shifted as Move does it, which are returned. A time of a list gets a further time in the
-    // list; all else becomes a block behind the original.
+    // list; all else becomes a block after the original.
     std::vector<ItemId> Duplicate(std::vector<ItemId> items, int64_t milliseconds, int64_t layers = 0);
 
     // A block goes with the last of its times. An item with time -1 is a whole block, of any type.
@@ -174,8 +174,8 @@ public:
     // that time. Returns them.
     std::vector<ItemId> Paste(std::string blocks, uint32_t atMilliseconds);
 
-    // Each returns the new item; none: refused. An entry goes behind the entry that starts before it and that
-    // one's messages, a message behind the last earlier block of its effect. parameters may be empty.
+    // Each returns the new item; none: refused. An entry goes after the entry that starts before it and that
+    // one's messages, a message after the last earlier block of its effect. parameters may be empty.
     std::optional<ItemId> InsertEntry(std::string effect, uint32_t start, uint32_t stop, uint32_t layer);
     std::optional<ItemId> InsertMessage(std::string effect, std::string message, uint32_t time,
                                         std::string parameters);

@@ -185,7 +185,7 @@ bool CopyItems(const std::string& text, const Outline& outline, const std::vecto
 
 // ---- Where new blocks belong
 
-// Behind the entry that starts last before it, and behind the messages that follow that entry in the script.
+// After the entry that starts last before it, and after the messages that follow that entry in the script.
 static size_t PlaceForEntry(const std::vector<OutlineBlock>& blocks, uint32_t start)
 {
     size_t behind = ScriptEdit::NoBlock;
@@ -205,7 +205,7 @@ static size_t PlaceForEntry(const std::vector<OutlineBlock>& blocks, uint32_t st
     return behind;
 }
 
-// Behind the last block of its effect that is not later, or else behind the last block of the effect.
+// After the last block of its effect that is not later, or else after the last block of the effect.
 static size_t PlaceForMessage(const std::vector<OutlineBlock>& blocks, const std::string& effect,
                               uint32_t time)
 {

@@ -21,7 +21,7 @@ std::string ClockFace(double seconds);
 // "46:2": the bar, counted from 0 at the start of the show, and its beat, counted from 1.
 std::string BarFace(double seconds, const timeline::Tempo& tempo);
 
-// The beat (or with beatsPerBar the bar) before or behind a time: the nearest that is not the time itself.
+// The beat (or with beatsPerBar the bar) before or after a time: the nearest that is not the time itself.
 // direction is 1 or -1; never below 0.
 double NextBeat(double seconds, const timeline::Tempo& tempo, int direction);
 double NextBar(double seconds, const timeline::Tempo& tempo, int direction);

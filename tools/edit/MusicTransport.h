@@ -41,7 +41,7 @@ public:
     bool IsPlaying() const;
 
     // What is heard now; where it started, until the first sample is heard; where it stopped, after Stop. Never goes
-    // back while it plays on. Behind the music it runs on in silence.
+    // back while it plays on. After the music it runs on in silence.
     double PositionSeconds();
 
 private:

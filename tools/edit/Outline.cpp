@@ -55,7 +55,7 @@ bool Outline::FindItem(int line, int column, ItemId* item) const
     return true;
 }
 
-// From the first of some characters of the stream to behind the last. Empty for none: ahead of the first.
+// From the first of some characters of the stream to past the last. Empty for none: ahead of the first.
 static Place PlaceOf(const lint::Reading& script, size_t first, size_t end)
 {
     const size_t behind = script.offsets.empty() ? 0 : script.offsets.back() + 1;

@@ -38,7 +38,7 @@ static bool IsWithinLimits(const Outline& outline)
 namespace
 {
 
-// How far the text behind the changes made so far has moved.
+// How far the text after the changes made so far has moved.
 struct Shift {
     size_t bytes = 0;           // modulo 2^64: adding a negative distance moves back
     std::map<int, int> columns; // by line

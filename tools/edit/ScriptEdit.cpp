@@ -70,7 +70,7 @@ std::vector<std::string>& ScriptEdit::ExpectedTimes(size_t block)
 
 // ---- Values
 
-// True if the value stands behind a =. The reader takes "Key;" for an entry without a value.
+// True if the value stands after a =. The reader takes "Key;" for an entry without a value.
 static bool FollowsEquals(const std::string& text, const OutlineValue& value)
 {
     char last = 0;
@@ -83,7 +83,7 @@ static bool FollowsEquals(const std::string& text, const OutlineValue& value)
     return last == '=';
 }
 
-// Where a further entry can stand: behind the last one that is ended, or behind the header.
+// Where a further entry can stand: after the last one that is ended, or after the header.
 static size_t EndOfEntries(const OutlineBlock& block)
 {
     size_t end = block.header.end;
@@ -106,7 +106,7 @@ bool ScriptEdit::SetValue(size_t block, const std::string& key, const std::strin
         const BlockStyle style = StyleAt(block);
         const size_t end = EndOfEntries(target);
         const bool isFirst = end == target.header.end;
-        // A comment behind the entry, on its line, belongs to that entry.
+        // A comment after the entry, on its line, belongs to that entry.
         changes.push_back({BehindOnLine(text, end), "",
                            (isFirst ? style.behindHeader : style.betweenEntries) + key + "=" + value + ";"});
         return true;
@@ -162,7 +162,7 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
             continue;
         items.erase(items.begin() + std::ptrdiff_t(i));
         const Place place = target.times[i].place;
-        // A time goes with the comma behind it. Times at the end go with all that follows the last one that is left.
+        // A time goes with the comma after it. Times at the end go with all that follows the last one that is left.
         if (i < lastKept)
             Replace(text, {place.begin, target.times[i + 1].place.begin}, "", &changes);
         else
@@ -175,7 +175,7 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
     return true;
 }
 
-// The comma of a list and the blanks behind it.
+// The comma of a list and the blanks after it.
 static std::string Separator(const std::string& text, const OutlineBlock& block)
 {
     if (block.times.size() > 1) {
@@ -289,7 +289,7 @@ void ScriptEdit::ChangeFreely(const std::vector<TextChange>& freeChanges)
     changes.insert(changes.end(), freeChanges.begin(), freeChanges.end());
 }
 
-// True if each change begins behind the end of the one before.
+// True if each change begins after the end of the one before.
 static bool StandApart(const std::vector<TextChange>& changes)
 {
     for (size_t i = 1; i < changes.size(); i++)

@@ -47,7 +47,7 @@ public:
 
     bool RemoveBlock(size_t block);
 
-    // The text of one block, whose layout is its own, goes behind a block of the outline, or ahead of the first one,
+    // The text of one block, whose layout is its own, goes after a block of the outline, or ahead of the first one,
     // NoBlock. Several at one place come in the order of the calls. Returns its handle for NumberOf.
     size_t InsertBlock(size_t behind, const std::string& blockText);
     size_t InsertBlock(size_t behind, const std::string& blockText,

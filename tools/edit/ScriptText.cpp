@@ -99,7 +99,7 @@ Place WithItsLines(const std::string& text, Place place, bool apart)
     const bool setApart = start == 0 || BlankLineStart(text, start - 1) != none;
     if (!apart || !setApart)
         return lines;
-    size_t next = lines.end; // the first line behind that is not blank
+    size_t next = lines.end; // the first line after that is not blank
     for (size_t i = SkipBlanksOnLine(text, next); i < text.size() && text[i] == '\n';
          i = SkipBlanksOnLine(text, next))
         next = i + 1;
@@ -124,7 +124,7 @@ static std::string Between(const std::string& text, size_t begin, size_t end, co
 
 static const std::string unknown = "#"; // no white space
 
-// The white space between a block and the next one: that of the nearest block before it, or else behind it,
+// The white space between a block and the next one: that of the nearest block before it, or else after it,
 // that is not followed by a comment.
 static std::string GapBetween(const std::string& text, const std::vector<OutlineBlock>& blocks, size_t block,
                               const std::string& otherwise)

@@ -23,7 +23,7 @@ bool IsBlank(const std::string& text); // nothing but white space
 // Adds the changes that put other text in the place of these bytes. Comments among them survive.
 void Replace(const std::string& text, Place place, const std::string& with, std::vector<TextChange>* changes);
 
-// Where something new can follow what ends there: behind blanks and whole comments, at the end of the line. Where
+// Where something new can follow what ends there: after blanks and whole comments, at the end of the line. Where
 // something else follows on the line, or a comment goes on over its end, the place itself.
 size_t BehindOnLine(const std::string& text, size_t place);
 
@@ -47,7 +47,7 @@ struct KeyAndValue {
     std::string value;
 };
 
-// A block without a line end behind it.
+// A block without a line end after it.
 std::string WriteBlock(const BlockStyle& style, BlockType type, const std::vector<KeyAndValue>& entries);
 
 } // namespace edit

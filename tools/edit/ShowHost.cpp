@@ -366,7 +366,7 @@ void ShowHost::TellBoxes(uint64_t scriptRevision)
     reply.kind = ShowReply::Box;
     reply.frame = position;
     reply.revision = scriptRevision;
-    Send(reply, show.error.substr(toldWords > 0 ? toldWords + 1 : 0)); // from behind the line end
+    Send(reply, show.error.substr(toldWords > 0 ? toldWords + 1 : 0)); // without the line end
     toldWords = show.error.size();
 }
 

@@ -305,7 +305,7 @@ static std::string ReadProcFile(pid_t process, const char* name)
 
 double ShowProcess::ProcessorSeconds() const
 {
-    // The fields behind the name, which may have blanks and brackets in it: state is the third of the file, the times
+    // The fields after the name, which may have blanks and brackets in it: state is the third of the file, the times
     // in user and system mode are the 14th and 15th.
     const std::string stat = ReadProcFile(Id(), "stat");
     const size_t name = stat.rfind(')');

@@ -141,7 +141,7 @@ void SoundDeck::NoteTime(SoundStream* stream, int64_t count, int frames)
 {
     const StreamOrder order = stream->AppliedOrder();
     const int64_t end = stream->Reported();
-    // Behind the music the stream stands still, and the time runs on from the last note.
+    // After the music the stream stands still, and the time runs on from the last note.
     if (!order.playing || (order.serial == noteSerial && stream->EndsAt(end)))
         return;
     version++;

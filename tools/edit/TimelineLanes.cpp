@@ -73,7 +73,7 @@ void PaintLaneGrounds(const LanesToPaint& what, TimelinePaint* paint)
         paint->Fill(what.areas.lost, lostColour);
 }
 
-// Behind a bar that is too narrow for it, as far as the next bar in the row.
+// After a bar that is too narrow for it, as far as the next bar in the row.
 static void NameBehind(const LanesToPaint& what, const PlacedEntry& placed, double free,
                        const std::string& whole, TimelinePaint* paint)
 {

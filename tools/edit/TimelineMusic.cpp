@@ -59,7 +59,7 @@ void PaintMusic(const Music* music, bool isKnown, const TimelineView& view, cons
     if (music->plays && !music->wave.Empty()) {
         PaintWave(music->wave, view, areas, paint);
     } else if (!music->plays) {
-        const double start = std::max(double(lane.left), double(lane.left) + view.X(0)); // behind the loading
+        const double start = std::max(double(lane.left), double(lane.left) + view.X(0)); // after the loading
         paint->Text(note, start + 12 * s, double(lane.top) + (double(lane.Height()) - noteLine) / 2,
                     music->file.empty() ? Slate : Rust, MusicNote(*music));
     }

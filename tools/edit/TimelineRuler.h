@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Time itself: the ruler with bars and minutes, the lines through all lanes, the loop, markers, the loading ahead of the
-// show and what lies behind its end, the play head, and the strip that shows which part of the night is in sight.
+// show and what lies after its end, the play head, and the strip that shows which part of the night is in sight.
 #pragma once
 
 #include "tools/edit/EditorState.h"

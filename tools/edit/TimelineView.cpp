@@ -48,7 +48,7 @@ void TimelineView::Confine()
         perSecond = width / length;
         return;
     }
-    // Twice the extent may be shown, so that there is room to put something behind the end.
+    // Twice the extent may be shown, so that there is room to put something after the end.
     perSecond = std::clamp(perSecond, width / (2 * length), std::max(closest, width / (2 * length)));
     const double shown = width / perSecond;
     start = std::clamp(start, extentStart - shown / 2, std::max(extentStart, extentEnd - shown / 10));

@@ -119,7 +119,7 @@ bool Transport::Update()
         return false;
     const double before = state->playhead;
     const double heard = music->PositionSeconds();
-    // A loop counts for what plays into its end; whoever starts behind it plays on.
+    // A loop counts for what plays into its end; whoever starts after it plays on.
     if (state->looping && before < state->loopEnd && heard >= state->loopEnd) {
         state->playhead = state->loopStart;
         music->Play(state->playhead, state->speed);

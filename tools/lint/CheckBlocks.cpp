@@ -123,7 +123,7 @@ static void CheckEntry(const Reading& script, const Block& block, const KeyValue
     CheckBlanks(script, entry, findings);
 }
 
-// True if another finding says already why the reader does not find a key: the ; ahead of it or behind it is
+// True if another finding says already why the reader does not find a key: the ; ahead of it or after it is
 // missing.
 static bool IsToldElsewhere(const std::vector<KeyValue>& entries, const std::string& key)
 {

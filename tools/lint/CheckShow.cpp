@@ -28,7 +28,7 @@ static bool Overlap(const ShownEntry& a, const ShownEntry& b)
     return std::max(a.start, b.start) < std::min(a.stop, b.stop);
 }
 
-// Where the value of a key stands in the block; false: nowhere, or a ; is missing behind it.
+// Where the value of a key stands in the block; false: nowhere, or a ; is missing after it.
 static bool FindValuePlace(const Block& block, const char* key, size_t* first, size_t* end)
 {
     const std::vector<KeyValue> entries = SplitKeyValues(block);

@@ -28,7 +28,7 @@ public:
                    const std::string& consequence, const std::string& cure);
 
     // Adds to the fixes of a finding that the characters of the stream from `first` to before `end`, at least one,
-    // with what the file has between them, become the text; and that the text goes behind a character.
+    // with what the file has between them, become the text; and that the text goes after a character.
     void AddFix(Finding* finding, size_t first, size_t end, const std::string& text) const;
     void AddFixBehind(Finding* finding, size_t character, const std::string& text) const;
 

@@ -9,7 +9,7 @@ namespace lint
 {
 
 // Stores where in the stream each character of the value stands, and last the character that ends it. As in
-// ScriptParser::GetValue, the value begins behind the = up to which the text without = signs is the key, and
+// ScriptParser::GetValue, the value begins after the = up to which the text without = signs is the key, and
 // leaves out any further =.
 static void FindValuePlaces(KeyValue* entry)
 {

@@ -65,7 +65,7 @@ Report CheckText(const std::string& bytes, const std::string& name, const CheckO
     return report;
 }
 
-// Stops soon behind the size that a script can have: the file may be a device without an end.
+// Stops soon after the size that a script can have: the file may be a device without an end.
 static bool ReadBytes(const std::string& path, std::string* bytes)
 {
     const bool standard = path == "-";

@@ -198,7 +198,7 @@ std::string WithoutLoss(const std::string& last)
     return missesNothing ? last : last + (last.find('.') == std::string::npos ? ".00" : "0");
 }
 
-// True for "-12" and "2.50". Behind these a 0 says nothing new.
+// True for "-12" and "2.50". A 0 after these says nothing new.
 static bool IsDecimal(const std::string& text)
 {
     const size_t sign = text.find('-') == 0 ? 1 : 0;
@@ -207,7 +207,7 @@ static bool IsDecimal(const std::string& text)
            std::count(text.begin(), text.end(), '.') <= 1;
 }
 
-// What a number is read from, with the characters behind it left out; "": it is none.
+// What a number is read from, with the characters after it left out; "": it is none.
 static std::string NumberAhead(const std::string& text)
 {
     char* end = nullptr;

@@ -75,7 +75,7 @@ static void NameLane(const PlacedLane& lane, bool front, bool back, Layout* layo
         AddGutterText(place, CaptionText, Slate, middle + 13, layout);
 }
 
-// Places the name inside the bar if it fits; otherwise behind the bar, up to x `free`, if it fits there; otherwise in
+// Places the name inside the bar if it fits; otherwise after the bar, up to x `free`, if it fits there; otherwise in
 // the place that shows more of it.
 static void NameBar(const Entry& entry, const Size& size, double free, const Layout& layout, PlacedBar* bar)
 {

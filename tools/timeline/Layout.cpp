@@ -33,7 +33,7 @@ void AddGutterText(const std::string& text, TextStyle style, ScreenColour colour
         layout->gutterTexts.push_back(PlaceText(shown, style, colour, margin, baseline));
 }
 
-// Sets the axis: the whole show, and a little of what lies behind its end.
+// Sets the axis: the whole show, and a little of what lies after its end.
 static void ChooseAxis(const TimelineModel& model, Layout* layout)
 {
     const double limit = model.start + LongestAxis;

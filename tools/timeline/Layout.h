@@ -129,7 +129,7 @@ struct Layout : Scale {
 
     CanvasRect head, gutter, plot, foot; // they tile the canvas; the plot holds the margin to its right too
     double plotEnd;                      // x of the axis' end
-    double showEnd;                      // x of the show's end; what lies behind it is never seen
+    double showEnd;                      // x of the show's end; what lies after it is never seen
 
     std::vector<PlacedText> headTexts, gutterTexts, footTexts;
 

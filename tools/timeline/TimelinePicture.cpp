@@ -169,7 +169,7 @@ static void DrawBar(const TimelineModel& model, const Layout& layout, const Plac
         if (box.width > 4)
             painter->FillShape(LevelStroke(box.x, box.Right(), box.Bottom() - 0.7, 1.5, uint32_t(bar.entry)),
                                dark);
-        // The entry goes on behind the axis: three strokes that become fainter.
+        // The entry goes on past the axis: three strokes that become fainter.
         if (bar.cutRight)
             for (int i = 0; i < 3; i++)
                 painter->FillShape(
