@@ -25,7 +25,7 @@
 // rises with its tree: there the height of the land's far border tells how far the tree has grown.
 //
 // The first tree is the smallest and the nearest, two stumps on a log. Its mist stays up to the stumps, they carry on
-// in boughs, and a wood stands behind it.
+// in boughs, and a wood stands behind it. The limbs of the second end in points, and the wood is far behind it.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -55,13 +55,16 @@ const float firstTaps = 6.0;  // that say whether
 const float moreTaps = 27.0;  // more are needed: not where all is alike
 const float aspect = 1.33;    // of the disc, a circle on the screen
 const float discRadius = 0.022;            // before the land,
-const float skyDiscRadius = 0.0145;        // and before the sky, where limbs are thinner
+const float skyDiscRadius = 0.0145;        // before the sky, where limbs are thinner,
+const float lastDiscRadius = 0.0105;       // and of the last tree, the most delicate one
 const float limbBar = 0.34;                // share that makes a limb,
 const float strandBar = 0.13;              // and of a string of beads
-const vec2 strandShape = vec2(0.75, 1.35);  // in a disc that is drawn out upwards,
+const vec2 strandShape = vec2(0.75, 2.40);  // in a disc that is drawn out upwards,
 const vec2 strandHeights = vec2(0.55, 0.8); // here
 const vec2 skyTap = vec2(0.97, 0.75);      // in trees that stand before the sky, which is there then
-const vec2 limbEdge = vec2(0.24, 0.24);    // softness of limbs and strings
+const float taper = 0.38;                  // gained by the bar, so that the second tree's limbs
+const vec2 taperHeights = vec2(0.55, 0.76); // end in points
+const vec2 limbEdge = vec2(0.30, 0.24);    // softness of limbs and strings
 const float bell = 0.8;                    // by which a tap at the disc's rim counts less than one in the middle
 const float dryEdge = 0.08;                // by which the bar differs from place to place
 const vec2 dryGrain = vec2(60.0, 45.0);    // features of that in the picture's width and height
@@ -99,6 +102,13 @@ const float hazeWidth = 0.03;           // to either side of what it rises from
 const float hazeTaps = 28.0;
 const vec2 hazeLand = vec2(0.08, 0.20); // blue of lit land and not of anything else
 
+const vec3 moon = vec3(0.84, 0.79, 0.042); // place, and radius in the picture's height
+const float shownAspect = 1.6667;          // of the picture between its black borders
+const vec3 moonPaper = vec3(0.86, 0.84, 0.76), moonSeas = vec3(0.66, 0.66, 0.64);
+const vec2 seaSizes = vec2(34.0, 80.0);    // features in the picture's height
+const vec2 seaShare = vec2(0.40, 0.65);
+const vec2 moonGlow = vec2(0.30, 9.0);     // part of the moonlight, and how fast it is lost
+
 // Mist.
 const float drift = 0.06;              // each second
 const float nextTarget = 0.45, firstTarget = 0.95;
@@ -134,6 +144,8 @@ const vec2 firstTap = vec2(0.02, 0.835);      // sky, while for the third tree i
 const float woodTrunks = 11.0;
 const vec2 woodWidths = vec2(0.0045, 0.017);  // half of them, of the farthest trunk and of the nearest,
 const vec2 woodInk = vec2(0.22, 0.62);        // and parts of ink
+const float farInk = 0.9;                     // part of that behind the second tree, where the wood begins higher
+const vec2 farShift = vec2(0.30, -0.03);      // and elsewhere
 const vec2 woodForks = vec2(0.06, 0.20);      // lowest height above half of the picture's, and gained by the highest
 const float woodLean = 0.12;
 const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03); // on the stumps: middle, half width, fork and lean
@@ -151,8 +163,8 @@ const float boughWave = 0.03;
 const vec2 twigFork = vec2(0.07, 0.03);       // above the boughs', and by how much the two sides differ
 const float twigSlope = 0.30;
 const vec2 thinner = vec2(0.35, 0.45);        // part by which boughs are thinner than the trunk, and twigs than boughs
-const float inkEdge = 0.0015;
 
+const float inkEdge = 0.0015;  // softness of what is drawn
 const float grain = 0.06;      // of the paper, in parts of the light
 const float toothGrain = 0.52; // features in a pixel
 
@@ -215,7 +227,7 @@ float LandLight(bool wanted)
 
 vec3 Night(vec2 place) { return mix(night, nightAbove, smoothstep(nightHeights.x, nightHeights.y, place.t)); }
 
-// The night with a haze where there is lit land close below. A tree there counts neither way.
+// The night with its moon, and a haze where there is lit land close below. A tree there counts neither way.
 vec3 Sky(vec2 place, float sky)
 {
     float land = 0.0;
@@ -231,7 +243,13 @@ vec3 Sky(vec2 place, float sky)
         known += weight * max(lit, 1.0 - other.a);
     }
     land /= known;
-    return mix(Night(place), haze, land * land);
+    vec3 colour = mix(Night(place), haze, land * land);
+    vec2 away = (place - moon.xy) * vec2(shownAspect, 1.0);
+    float outside = length(away) - moon.z;
+    float seas = 0.6 * Tooth(away * seaSizes.x + 5.0) + 0.4 * Tooth(away * seaSizes.y);
+    vec3 disc = mix(moonPaper, moonSeas, smoothstep(seaShare.x, seaShare.y, seas));
+    colour += moonlight * (moonGlow.x * exp(-moonGlow.y * max(outside, 0.0)));
+    return mix(disc, colour, smoothstep(-inkEdge, inkEdge, outside));
 }
 
 // How far the tree of the last camera has grown: 1 when the mist has lifted from it. At the left the land's far border
@@ -347,9 +365,12 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     float overSky = 1.0 - Drawn(skyTap).a;
     float first = own > 0.0 ? First(overSky) : 0.0;
     float strands = overSky * smoothstep(strandHeights.x, strandHeights.y, place.t);
-    vec2 disc = mix(discRadius, skyDiscRadius, overSky) * vec2(1.0, aspect) * mix(vec2(1.0), strandShape, strands);
     float last = abs(blur_intensity - lastIntensity) < 0.00001 ? 1.0 : 0.0;
-    float bar = mix(limbBar, strandBar, strands);
+    vec2 disc = mix(mix(discRadius, skyDiscRadius, overSky), lastDiscRadius, last) * vec2(1.0, aspect) *
+                mix(vec2(1.0), strandShape, strands);
+    float second = overSky * (1.0 - last);
+    float tapered = second * smoothstep(taperHeights.x, taperHeights.y, place.t);
+    float bar = mix(limbBar + taper * tapered, strandBar, last * strands);
 
     vec4 mist = Mist(place, overSky, first, own);
     float clear = own * (1.0 - mist.a);
@@ -434,11 +455,13 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     field = mix(field, field * wash + washBlue + pigment * (3.0 * tooth - 1.5), shaded);
 
     vec3 dusk = Night(place);
-    vec3 colour = mix(Sky(place, sky), field, day * (1.0 - smoothstep(0.3, 0.7, sky)));
+    float wood = Wood(place + second * farShift, clear * max(first, second * sky));
+    vec3 above = mix(Sky(place, sky), ink, second * farInk * wood);
+    vec3 colour = mix(above, field, day * (1.0 - smoothstep(0.3, 0.7, sky / max(1.0 - dark, 0.1))));
     vec3 far = mix(mix(plainLand, haze, smoothstep(farHaze.x, farHaze.y, place.t)), dusk,
                    smoothstep(farNight.x, farNight.y, place.t));
     colour = mix(colour, far, noStump * smoothstep(stumpShare.x, stumpShare.y, dark));
-    colour = mix(colour, ink, Wood(place, clear * first));
+    colour = mix(colour, ink, first * wood);
     float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward));
     vec3 limbColour = mix(ink, shine, shone) + moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
     colour = mix(colour, mix(dusk, limbColour, day), limb);

@@ -47,12 +47,10 @@ protected:
 
     using ShaderFiles::MeanOf;
 
+    // Of its left half: the moon stands in the right one.
     static double MeanOfRow(const Picture& picture, int y, int channel)
     {
-        double sum = 0;
-        for (int x = 0; x < picture.width; x++)
-            sum += picture.At(x, y)[channel];
-        return sum / picture.width;
+        return MeanOf(picture, 0, picture.width / 2, y, y + 1, channel);
     }
 
     // At which the mist of a young scene is gone but for what stays on the land.
@@ -92,10 +90,32 @@ TEST_F(MistShader, LetsANightSkyStandOverAHazeWhereNothingWasDrawn)
         EXPECT_NEAR(night[channel], MeanOfRow(scene, 112, channel), 3);
     // Three of 28 looks down miss the land and weigh 2.9 of 14.5: (1 - 0.2)^2 of the way from 51 to 98.
     EXPECT_NEAR(81, MeanOfRow(scene, 88, 2), 6) << "haze close over the land,";
-    EXPECT_GT(MeanOfRow(scene, 92, 2), MeanOfRow(scene, 98, 2) + 5) << "thinning out";
-    EXPECT_GT(MeanOfRow(scene, 98, 2), night[2] + 5);
+    EXPECT_GT(MeanOfRow(scene, 90, 2), MeanOfRow(scene, 94, 2) + 5) << "thinning out";
+    EXPECT_GT(MeanOfRow(scene, 94, 2), night[2] + 5);
     EXPECT_EQ(0, MeanOfRow(DrawBlurred(&texture, clearest), 112, 2))
         << "not behind a picture that is laid over another";
+}
+
+TEST_F(MistShader, HangsAMoonIntoTheNightAboveTheLand)
+{
+    Start(256);
+    Texture sky, land;
+    MakeTexture(&sky, LandBelowTheSky(256, 150, 140));
+    MakeTexture(&land, LandBelowTheSky(256, 256, 140));
+    // The last camera has no wood before it. The disc's middle is at 0.84 and 0.79; between its black borders the picture
+    // is five thirds as wide as high, so that a radius of 0.042 of the height is 6.5 columns and 10.8 rows.
+    const Picture night = DrawScene(&sky, 0.25f);
+    EXPECT_GT(MeanOf(night, 212, 219, 198, 207, 0), 165);
+    EXPECT_GT(MeanOf(night, 212, 219, 198, 207, 0), MeanOf(night, 212, 219, 198, 207, 2)) << "it is warm,";
+    for (int side : {-1, 1}) {
+        EXPECT_GT(night.At(215 + side * 5, 202)[0], 140);
+        EXPECT_LT(night.At(215 + side * 7, 202)[0], 100);
+        EXPECT_GT(night.At(215, 202 + side * 9)[0], 140);
+        EXPECT_LT(night.At(215, 202 + side * 13)[0], 100);
+    }
+    EXPECT_GT(MeanOf(night, 224, 228, 198, 207, 2), MeanOf(night, 40, 44, 198, 207, 2) + 25) << "has a glow,";
+    EXPECT_NEAR(140, MeanOf(DrawScene(&land, clearest), 212, 219, 198, 207, 0), 6)
+        << "and is behind the land";
 }
 
 TEST_F(MistShader, HasNoStepsInTheHaze)
@@ -114,7 +134,7 @@ TEST_F(MistShader, HidesTheBorderOfALandThatHasNoLight)
     Texture land, nothing;
     MakeTexture(&land, LandBelowTheSky(128, 40, 0));
     MakeTexture(&nothing, PlainPicture(8, 8, 4, 0, 0, 0, 0));
-    for (float strength : {-0.75f, 0.25f, clearest}) {
+    for (float strength : {-0.75f, 0.25f}) {
         const Picture scene = DrawScene(&land, strength), night = DrawScene(&nothing, strength);
         for (int row = 4; row < 128; row += 8)
             for (int channel = 0; channel < 3; channel++)
@@ -225,7 +245,7 @@ TEST_F(MistOfAYoungScene, LiftsFromTheLastTreeAsItsCameraRises)
     // In the sky beside the tree, where the night has a red of 20.
     const auto mist = [&](int horizon, float strength) {
         MakeTexture(&texture, LandBelowTheSky(128, horizon, 140));
-        return MeanOf(DrawScene(&texture, strength), 0, 128, 95, 99, 0) - 20;
+        return MeanOf(DrawScene(&texture, strength), 0, 64, 95, 99, 0) - 20;
     };
     EXPECT_GT(mist(56, 0.25f), 15);
     EXPECT_NEAR(0, mist(72, 0.25f), 3);
@@ -319,7 +339,7 @@ TEST_F(MistOfTheFirstTree, StaysUpToTheStumps)
     const Picture scene = DrawFirst(0.94f);
     MakeTexture(&texture, LandBelowTheSky(128, 104, 240));
     const Picture bright = DrawScene(&texture, 0.94f);
-    for (int y = 0; y < 56; y += 8)
+    for (int y = 0; y < 64; y += 8)
         for (int x = 0; x < 128; x += 16)
             EXPECT_NEAR(MeanOf(scene, x, x + 16, y, y + 8, 0), MeanOf(bright, x, x + 16, y, y + 8, 0), 2)
                 << "nothing is seen of the land; " << x << " " << y;
@@ -377,4 +397,54 @@ TEST_F(MistOfTheFirstTree, LeavesTheOtherScenesWithoutAWood)
         for (int x = 0; x < 128; x++)
             EXPECT_NEAR(140, scene.At(x, 84)[0], 12) << horizon << " " << x;
     }
+}
+
+TEST_F(MistShader, SetsAWoodFarBehindTheSecondTree)
+{
+    Start(256);
+    Texture texture;
+    MakeTexture(&texture, LandBelowTheSky(256, 150, 140));
+    const Picture second = DrawScene(&texture, clearest);
+    // Nearest to the last tree's intensity, which has no wood.
+    const Picture last = DrawScene(&texture, 0.25f), beside = DrawScene(&texture, 0.2501f);
+    int dark = 0;
+    for (int x = 0; x < 180; x++)
+        for (int y = 170; y < 230; y += 10)
+            dark += second.At(x, y)[2] + 8 < last.At(x, y)[2];
+    EXPECT_GT(dark, 60);
+    EXPECT_LT(dark, 400);
+    EXPECT_GT(Compare(beside, last, 0).maximum, 15);
+}
+
+TEST_F(MistShader, LetsTheSecondTreesLimbsEndInPointsBeforeTheSky)
+{
+    Start(256);
+    Picture limb = LandBelowTheSky(256, 138, 140);
+    Fill(&limb, 32, 39, 120, 200, 0, 0, 0);
+    Texture texture;
+    MakeTexture(&texture, limb);
+    const auto thickness = [&](float strength, int y) {
+        const Picture scene = DrawScene(&texture, strength);
+        int dark = 0;
+        for (int x = 28; x < 44; x++)
+            dark += scene.At(x, y)[2] < 35;
+        return dark;
+    };
+    EXPECT_NEAR(thickness(0.25f, 150), thickness(clearest, 150), 2);
+    EXPECT_LT(thickness(clearest, 188) + 2, thickness(0.25f, 188))
+        << "the last tree's are as thick as they are";
+}
+
+TEST_F(MistShader, KeepsTheLastTreesLimbsApart)
+{
+    Start(256);
+    Picture limbs = LandBelowTheSky(256, 138, 140);
+    for (int left : {60, 72})
+        Fill(&limbs, left, left + 5, 120, 180, 0, 0, 0);
+    Texture texture;
+    MakeTexture(&texture, limbs);
+    const Picture scene = DrawScene(&texture, 0.25f);
+    EXPECT_LT(MeanOf(scene, 61, 64, 145, 150, 2), 30);
+    EXPECT_LT(MeanOf(scene, 73, 76, 145, 150, 2), 30);
+    EXPECT_GT(MeanOf(scene, 67, 70, 145, 150, 2), 45);
 }
