@@ -22,6 +22,8 @@ const vec3 warmLight = vec3(0.94, 0.62, 0.30);
 const vec3 fromAbove = vec3(-0.34, 0.66, 0.67);
 const vec3 fromBelow = vec3(0.50, -0.78, 0.37);
 
+const float dimming = 0.5; // the power of the brightness
+
 bool is(float kind) { return abs(material - kind) < 0.5; }
 
 float lit(vec3 n, vec3 toLight, float through)
@@ -48,13 +50,21 @@ void main()
         colour = vec3(0.94, 0.90, 0.82) * (0.5 + 0.5 * skinCoord.t);
         wet = 0.4;
     } else if (is(membrane)) {
-        // No scales here: the skin's colours spread wide, and a spine at every tenth of the tile.
+        // No scales here: the skin's colours spread wide. A spine stands at every tenth of the tile, bone-pale between
+        // two strokes of ink; finer rays fork in the gaps; the edge is drawn in ink, as a pen would end it.
+        float reach = skinCoord.t; // 0 at the body
         float between = abs(fract(10.0 * skinCoord.s + 0.5) - 0.5); // 0 on a spine, 0.5 in the middle of a gap
-        float spine = 1.0 - smoothstep(0.04, 0.20 - 0.10 * skinCoord.t, between);
-        colour = texture2D(sampler0, 0.15 * skinCoord).rgb;
-        colour = mix(mix(colour, vec3(0.62, 0.34, 0.13), 0.55), vec3(0.20, 0.12, 0.10), 0.8 * spine);
-        colour *= 1.15 - 0.7 * skinCoord.t;
-        through = 0.9 - 0.6 * spine;
+        float thin = 1.0 - 0.55 * reach;
+        float spine = 1.0 - smoothstep(0.05 * thin, 0.10 * thin, between);
+        float ink = (1.0 - smoothstep(0.12 * thin, 0.22 * thin, between)) * (1.0 - spine);
+        float fork = abs(between - 0.5 + 0.22 * smoothstep(0.35, 1.0, reach));
+        float ray = (1.0 - smoothstep(0.03, 0.07, fork)) * smoothstep(0.12, 0.5, reach);
+        float edge = smoothstep(0.85, 0.91, reach + 0.03 * sin(61.0 * skinCoord.s));
+        vec3 skin = texture2D(sampler0, 0.15 * skinCoord).rgb;
+        colour = mix(mix(skin, vec3(0.78, 0.46, 0.17), 0.65) * (1.25 - 0.55 * reach), vec3(0.09, 0.06, 0.07),
+                     max(max(0.8 * ink, 0.6 * ray), 0.85 * edge));
+        colour = mix(colour, vec3(0.86, 0.72, 0.50) * (1.0 - 0.5 * reach), 0.85 * spine * (1.0 - edge));
+        through = 0.9 * (1.0 - 0.5 * max(spine, max(ink, edge)));
         wet = 0.2;
     } else if (is(eyeball)) {
         gloss = 160.0;
@@ -70,5 +80,6 @@ void main()
 
     vec3 light = colour * (0.18 + 1.30 * cold * coldLight + 0.5 * warm * warmLight + 1.2 * glow * warmLight);
     light += wet * (shine * coldLight + rim * (0.55 * coldLight + 0.5 * glow * warmLight));
-    gl_FragColor = vec4(light * vtxColor, 1.0);
+    // In the dark it still glimmers: the fish that is in your face for half a second is seen while it goes.
+    gl_FragColor = vec4(light * pow(vtxColor, dimming), 1.0);
 }

@@ -48,7 +48,7 @@ static FishScale ScaleAt(float x, float y, const SkinNoise& noise)
 // The colours from the back down, v from 0 at the top of the sheet to 1.
 static const LinearColour backColour = Mix(palette::Ink, palette::Slate, 0.60f),
                           flankColour = Mix(palette::Ochre, palette::Amber, 0.25f),
-                          bellyColour = Mix(palette::Parchment, palette::Bone, 0.55f) * 0.95f;
+                          bellyColour = Mix(palette::Parchment, palette::Bone, 0.7f) * 1.05f;
 
 static LinearColour ScalyColour(float x, float y, float v, const SkinNoise& noise)
 {
@@ -208,6 +208,20 @@ static void HatchSkin(Pen& pen, const SkinNoise& noise)
           {.angle = 1.35f, .spacing = 14, .length = 80}, 649);
 }
 
+// Plates across the belly, each a curve of ink with light behind it; from below, where both halves of the sheet meet, they
+// are the ribs of a boat.
+static void DrawBelly(Mask& pale, Pen& pen, const Paper& paper, Dice& dice)
+{
+    Pen light(pale, paper, {.width = 8, .wobble = 1.4f, .wave = 40, .skip = 0.1f, .dry = 0.3f}, 656);
+    for (float x = 150; x < 505; x += 15) {
+        const float top = 404 + dice.Range(-14, 14), lean = dice.Range(-2, 2);
+        const Line plate = Through({{x - 8, top}, {x + 4 + lean, top + 44}, {x + 16, 514}});
+        pen.nib.width = 4.5f;
+        pen.Stroke(Enlarged(plate), {.start = 0, .middle = 0.8f, .end = 1});
+        light.Stroke(Enlarged(Moved(plate, {5, 0})), {.start = 0, .middle = 0.7f, .end = 1});
+    }
+}
+
 // The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
 // four times as long as it is drawn: scales are few, large and drawn narrow and tall, the back is barred, the
 // gill has a burning edge, the belly is pale. The head comes so near that it alone is half the screen, so it
@@ -226,6 +240,9 @@ static Canvas FishSkin()
     DrawCheek(pen, dice);
     DrawFurrows(pen, dice);
     HatchSkin(pen, noise);
+    Mask pale(skinSide, skinSide);
+    DrawBelly(pale, pen, paper, dice);
+    canvas.Light(pale, palette::Bone, 0.55f);
     canvas.Cover(ink, palette::Ink, 0.85f);
     paper.Show(canvas, 0.4f);
     return canvas;

@@ -6,6 +6,31 @@
 namespace atelier
 {
 
+// How much of a tongue of fire there is at a place, measured from the middle of the spark in halves of its side: nine of
+// them lick out of the core, each bent its own way, narrow to a point and as long as the dice say.
+static float TonguesAt(Vector2 off)
+{
+    static const std::vector<std::pair<Line, float>> tongues = [] {
+        std::vector<std::pair<Line, float>> lines;
+        Dice dice(92);
+        for (int i = 0; i < 9; i++) {
+            const float a = 2 * Pi * (float(i) + dice.Range(-0.3f, 0.3f)) / 9;
+            const float reach = dice.Range(0.34f, 0.62f),
+                        bend = dice.Range(0.25f, 0.6f) * (i % 3 ? 1.0f : -1.0f);
+            const Vector2 d = {Cos(a), Sin(a)}, tip = {Cos(a + bend), Sin(a + bend)};
+            lines.push_back({Through({d * 0.06f, d * (0.55f * reach), tip * reach}, 0.01f), reach});
+        }
+        return lines;
+    }();
+    float most = 0;
+    for (const auto& [line, reach] : tongues)
+        for (size_t k = 0; k < line.size(); k++) {
+            const float along = float(k) / float(line.size()), half = 0.042f * (1 - along) + 0.006f;
+            most = Max(most, (1 - along) * Bell(Length(off - line[k]) / half));
+        }
+    return most;
+}
+
 // A spark: a small bright core in a soft dot, on black. It is also the tail of the fish and the fire of the
 // tree, where dozens of them lie over each other and are added up, so it falls off steeply and has hardly any
 // blue: the sum burns through rust and ochre to amber, and only where cores lie on cores to bone. The core is
@@ -25,11 +50,14 @@ static Canvas Spark()
         const float core = Bell(d / 0.10f), ember = Bell(d / 0.16f), halo = Bell(d / 0.22f),
                     glow = Bell(d / 0.44f);
         const float fade = Smooth(0.96f, 0.5f, far);
-        const auto light = [&](float ofCore, float ofEmber, float ofHalo, float ofGlow) {
-            return FromScreen(fade * Min(1, ofCore * core + ofEmber * ember + ofHalo * halo + ofGlow * glow));
+        const float tongue = TonguesAt(off);
+        const auto light = [&](float ofCore, float ofEmber, float ofHalo, float ofGlow, float ofTongue) {
+            return FromScreen(fade * Min(1, ofCore * core + ofEmber * ember + ofHalo * halo + ofGlow * glow +
+                                                ofTongue * tongue));
         };
-        return LinearColour{light(0.34f, 0.29f, 0.210f, 0.034f), light(0.33f, 0.14f, 0.085f, 0.010f),
-                            light(0.25f, 0.045f, 0.010f, 0)};
+        return LinearColour{light(0.34f, 0.25f, 0.140f, 0.030f, 0.20f),
+                            light(0.33f, 0.11f, 0.055f, 0.008f, 0.09f),
+                            light(0.17f, 0.035f, 0.006f, 0, 0.012f)};
     });
     return canvas;
 }
