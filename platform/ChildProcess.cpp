@@ -30,6 +30,8 @@ bool WriteAll(int descriptor, const void* bytes, size_t count)
         const ssize_t written = write(descriptor, place, count);
         if (written < 0 && errno == EINTR)
             continue;
+        if (written == 0)
+            errno = EIO;
         if (written <= 0)
             return false;
         place += written;

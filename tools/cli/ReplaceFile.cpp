@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/cli/ReplaceFile.h"
 
+#include "platform/ChildProcess.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -44,17 +46,6 @@ static mode_t NewMode()
     const mode_t mask = umask(0);
     umask(mask);
     return 0666 & ~mask;
-}
-
-static bool WriteAll(int file, const std::string& text)
-{
-    for (size_t done = 0; done < text.size();) {
-        const ssize_t written = write(file, text.data() + done, text.size() - done);
-        if (written < 0 && errno != EINTR)
-            return false;
-        done += written > 0 ? size_t(written) : 0;
-    }
-    return true;
 }
 
 // Access control lists are among the attributes. The system lets a process set some of them only if it has the right
@@ -147,7 +138,7 @@ bool ReplaceFile(const std::string& path, const std::string& text, Durability du
     const int file = CreateBeside(folder, &beside);
     if (file < 0)
         return false;
-    bool done = WriteAll(file, text) &&
+    bool done = platform::WriteAll(file, text.data(), text.size()) &&
                 (replaces ? TakeAfter(path, file, old, ownership) : fchmod(file, NewMode()) == 0) &&
                 (durability == Buffered || fsync(file) == 0) && GiveName(file, folder, &beside);
     int cause = errno;
@@ -174,7 +165,8 @@ bool OverwriteFile(const std::string& path, const std::string& text)
     if (file < 0)
         return false;
     int cause = text.empty() ? 0 : posix_fallocate(file, 0, off_t(text.size()));
-    if (cause == 0 && !(WriteAll(file, text) && ftruncate(file, off_t(text.size())) == 0 && fsync(file) == 0))
+    if (cause == 0 && !(platform::WriteAll(file, text.data(), text.size()) &&
+                        ftruncate(file, off_t(text.size())) == 0 && fsync(file) == 0))
         cause = errno;
     if (close(file) != 0 && cause == 0)
         cause = errno;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/edit/Moments.h"
 
+#include "tools/edit/ScriptText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -70,12 +72,6 @@ static bool AllDigits(const std::string& text)
 {
     return !text.empty() &&
            std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
-static std::string Trimmed(const std::string& text)
-{
-    const size_t begin = text.find_first_not_of(" \t");
-    return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
 }
 
 // Digits, or digits with a point and decimals. std::from_chars knows no locale.

@@ -9,7 +9,7 @@ namespace edit
 
 static const size_t none = std::string::npos;
 
-static bool IsSpace(char c)
+bool IsSpace(char c)
 {
     return isspace(static_cast<unsigned char>(c)) != 0;
 }
@@ -38,6 +38,13 @@ std::string WithLineEnds(const std::string& text, const std::string& lineEnd)
 bool IsBlank(const std::string& text)
 {
     return std::all_of(text.begin(), text.end(), IsSpace);
+}
+
+std::string Trimmed(const std::string& text)
+{
+    const auto begin = std::find_if_not(text.begin(), text.end(), IsSpace);
+    const auto end = std::find_if_not(text.rbegin(), text.rend(), IsSpace).base();
+    return begin < end ? std::string(begin, end) : "";
 }
 
 void Replace(const std::string& text, Place place, const std::string& with, std::vector<TextChange>* changes)

@@ -18,7 +18,11 @@ std::string LineEndOf(const std::string& text);
 // The text with all line ends alike.
 std::string WithLineEnds(const std::string& text, const std::string& lineEnd);
 
+bool IsSpace(char c);
 bool IsBlank(const std::string& text); // nothing but white space
+
+// Without the white space at both ends.
+std::string Trimmed(const std::string& text);
 
 // Adds the changes that put other text in the place of these bytes. Comments among them survive.
 void Replace(const std::string& text, Place place, const std::string& with, std::vector<TextChange>* changes);

@@ -2,10 +2,10 @@
 #include "tools/edit/ValueText.h"
 
 #include "script/BlockSyntax.h"
+#include "tools/edit/ScriptText.h"
 #include "tools/lint/Values.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstdlib>
 
@@ -37,18 +37,6 @@ std::string WithoutLoss(const std::string& parameters)
     if (!items.back().empty()) // else it ends with a comma, which is the character that is lost
         items.back() = lint::WithoutLoss(items.back());
     return JoinList(items);
-}
-
-static bool IsSpace(char c)
-{
-    return isspace(static_cast<unsigned char>(c)) != 0;
-}
-
-static std::string Trimmed(const std::string& text)
-{
-    const auto begin = std::find_if_not(text.begin(), text.end(), IsSpace);
-    const auto end = std::find_if_not(text.rbegin(), text.rend(), IsSpace).base();
-    return begin < end ? std::string(begin, end) : "";
 }
 
 static bool IsWholeNumber(const std::string& text, uint32_t most)
