@@ -46,17 +46,20 @@ static void DrawSnapped(Mask& front, Pen& pen, Dice& dice)
                    {.gnarl = 0.3f}, dice);
 }
 
-// A raven that stayed, on the tip of a trunk.
+// A raven that stayed, on the tip of a trunk: it has drawn its head between its shoulders.
 static void DrawRaven(Mask& front, Vector2 feet)
 {
     const auto at = [&](float x, float y) { return feet + Vector2{x, y}; };
-    front.Fill(Round({at(-24, 19), at(-12, 5), at(-4, -5), at(4, -12), at(10, -16), at(17, -14), at(20, -9),
-                      at(14, -3), at(14, 4), at(9, 10), at(1, 13), at(-8, 13)},
+    front.Fill(Round({at(-18, 12), at(-11, -2), at(-4, -11), at(4, -15), at(11, -14), at(16, -15),
+                      at(22, -12), at(23, -7), at(18, -3), at(18, 4), at(13, 11), at(4, 15), at(-8, 15)},
                      1));
-    front.Fill(Straight({at(17, -13), at(31, -7), at(18, -7)}));              // the beak
-    front.Fill(Straight({at(-10, 8), at(-34, 25), at(-26, 27), at(-4, 14)})); // the tail
-    front.Fill(Straight({at(2, 11), at(1, 22), at(4, 22), at(5, 11)}));
-    front.Fill(Straight({at(8, 9), at(9, 22), at(12, 22), at(11, 9)}));
+    front.Fill(
+        Straight({at(20, -14), at(28, -11), at(36, -4), at(35, -2), at(28, -5), at(19, -4)})); // the beak
+    front.Fill(Straight({at(-10, -4), at(-22, 10), at(-33, 21), at(-20, 18), at(-4, 14)})); // the wing's tip
+    front.Fill(Straight({at(-8, 12), at(-38, 29), at(-37, 33), at(-28, 33), at(2, 15)}));   // the tail
+    front.Erase(Straight({at(-36, 21), at(-11, 15), at(-38, 27)})); // the sky between them
+    front.Fill(Straight({at(2, 12), at(1, 22), at(4, 22), at(5, 12)}));
+    front.Fill(Straight({at(6, 11), at(6, 22), at(9, 22), at(9, 11)}));
 }
 
 // Light from behind on the left of each stem: dry streaks down the bark, none on twigs.
@@ -225,7 +228,7 @@ static Canvas DeadFirs(const FirRow& row, bool fallen)
     if (fallen) {
         DrawFallen(front, pen, dice);
         DrawSnapped(front, pen, dice);
-        DrawRaven(front, {621, 30});
+        DrawRaven(front, {616, 30});
     }
     for (int i = 0; i < 9; i++) {
         rootPen.nib.width = 2.4f;

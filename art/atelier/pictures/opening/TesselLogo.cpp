@@ -8,6 +8,7 @@ namespace atelier
 
 constexpr int W = 1024, H = 512;
 constexpr float Stone = 17.5f, Row = 9.6f;
+constexpr Vector2 StemOfL = {866, 336}; // it is to the right of this place and above it
 constexpr LinearColour Tones[] = {palette::Bone,  palette::Parchment, palette::Bone,
                                   palette::Ochre, palette::Parchment, palette::Rust,
                                   palette::Amber, palette::Bone,      palette::Slate};
@@ -37,8 +38,10 @@ static std::vector<Tessera> LayStones(Dice& dice)
                     taken = taken || Length(other.centre - at) < Stone * 0.78f;
                 Tessera t = {at, Angle(d) + 0.07f * dice.Bell(), Stone * dice.Range(0.9f, 1.04f),
                              dice.Below(int(std::size(Tones))), false};
-                // From the second s on more and more of them have let go; enough of the l stays to be read.
-                const float hold = dice.Unit() + 0.43f + 0.5f * Smooth(1010, 560, at.x);
+                // From the second s on more and more of them have let go. Of the l only the foot does: with a gap in it
+                // its stem would be two letters.
+                const bool stem = at.x > StemOfL.x && at.y < StemOfL.y;
+                const float hold = dice.Unit() + 0.43f + (stem ? 1 : 0.5f * Smooth(1010, 560, at.x));
                 if (hold < 0.62f) {
                     const float far = (0.62f - hold) * 2 * Smooth(420, 900, at.x);
                     t.centre =
