@@ -5,6 +5,7 @@
 #include "art/atelier/Pen.h"
 #include "art/atelier/Pictures.h"
 #include "art/atelier/Wash.h"
+#include "art/atelier/pictures/clouds/Billow.h"
 #include "art/atelier/pictures/clouds/Greetings.h"
 
 #include <algorithm>
@@ -17,68 +18,12 @@ constexpr int W = 1707, H = 1024;
 constexpr Vector2 Moon = {1120, 395};
 constexpr float MoonRadius = 98, Horizon = 560;
 
-struct Tones {
-    LinearColour zenith, middle, horizon; // of the sky
-    LinearColour moon, halo;
-    LinearColour shade, body, lit; // of the clouds
-};
-
-// clang-format off
-static const Tones Blue = {
-    palette::Ink * 0.8f, palette::Night, Mix(palette::Slate, palette::Mist, 0.18f),
-    Mix(palette::Bone, palette::Mist, 0.12f), palette::Mist * 0.8f,
-    Mix(palette::Ink, palette::Night, 0.75f), Mix(palette::Night, palette::Slate, 0.75f), Mix(palette::Mist, palette::Bone, 0.35f)};
-static const Tones Amber = {
-    Mix(palette::Ink, palette::Rust, 0.12f) * 0.8f, palette::Rust * 0.42f, Mix(palette::Rust, palette::Ochre, 0.55f),
-    Mix(palette::Bone, palette::Amber, 0.4f), palette::Ochre * 0.9f,
-    Mix(palette::Ink, palette::Rust, 0.28f) * 0.9f, Mix(palette::Rust, palette::Ink, 0.25f), Mix(palette::Amber, palette::Bone, 0.2f)};
-// clang-format on
-
-// One billow of the sea: a ragged ball of wash, lit from where the moon is, that loses itself downwards. Its
-// pigment has dried darker along the edge, and a pen of `nib` pixels has gone round its head, lifting now and
-// then.
-static void Billow(Canvas& canvas, const Noise& noise, Vector2 centre, float rx, float ry, const Tones& tones,
-                   float light, float haze, float nib)
-{
-    const Paper& paper = SketchPaper();
-    const Vector2 toMoon = Normalised(Moon - centre);
-    const int left = std::max(0, Floor(centre.x - rx * 1.4f)),
-              right = std::min(W - 1, Floor(centre.x + rx * 1.4f));
-    const int top = std::max(0, Floor(centre.y - ry * 1.4f)),
-              bottom = std::min(H - 1, Floor(centre.y + ry * 1.4f));
-    for (int y = top; y <= bottom; y++)
-        for (int x = left; x <= right; x++) {
-            const float fx = float(x), fy = float(y);
-            const Vector2 n = {(fx - centre.x) / rx, (fy - centre.y) / ry};
-            const float curl = noise.Fbm(fx / rx * 1.9f, fy / ry * 1.9f, 4);
-            const float d = Length(n) + 0.3f * curl;
-            const float cover = Smooth(1.02f, 0.86f, d) * Smooth(1.0f, 0.1f, n.y);
-            if (cover <= 0)
-                continue;
-            const float facing = Dot(n, toMoon) + 0.35f * curl;
-            const float rim = Smooth(0.35f, 1.0f, facing);
-            LinearColour c = Mix(tones.shade, tones.body, Smooth(-0.6f, 0.6f, facing));
-            c = Mix(c, tones.lit, Clamp(rim * light));
-            c = Mix(c, tones.horizon, haze);
-            const float dried = Smooth(0.62f, 0.97f, d) * (1 - 0.8f * rim) +
-                                0.9f * noise.Fbm(fx / 46 + 31, fy / 30, 4) +
-                                0.9f * (0.5f - paper.Height(x, y));
-            c = c * (1 - 0.22f * dried);
-            const float lifted = noise.Fbm(fx / (rx * 0.55f) + 7, fy / (rx * 0.55f), 2);
-            const float line = Hill(0.95f, nib * (1 + 0.7f * lifted) / ry, d) * Smooth(0.35f, -0.25f, n.y) *
-                               Smooth(-0.12f, 0.12f, lifted + 0.25f * n.x);
-            c = Mix(c, tones.zenith, 0.85f * line * (1 - haze));
-            Pixel& p = canvas.At(x, y);
-            p = {Mix(p.r, c.r, cover), Mix(p.g, c.g, cover), Mix(p.b, c.b, cover), 1};
-        }
-}
-
 // A cloud far away that stands above the others: the middle of its foot, its height above the horizon, its width.
 struct Head {
     float foot, height, wide;
 };
 
-static void PaintAir(Canvas& canvas, const Paper& paper, const Tones& tones, Dice& dice)
+static void PaintAir(Canvas& canvas, const Paper& paper, const CloudTones& tones, Dice& dice)
 {
     const Noise wash(32);
     canvas.Ground([&](float x, float y) {
@@ -110,7 +55,7 @@ static void PaintAir(Canvas& canvas, const Paper& paper, const Tones& tones, Dic
 }
 
 // The moon and its seas, and thin bands that are drawn across the sky, some before the moon.
-static void PaintMoon(Canvas& canvas, const Tones& tones)
+static void PaintMoon(Canvas& canvas, const CloudTones& tones)
 {
     const Noise veil(31), wash(32);
     const Mask disc = Filled(W, H, Ellipse(Moon, MoonRadius, MoonRadius)).Blur(0.9f);
@@ -138,7 +83,7 @@ static void PaintMoon(Canvas& canvas, const Tones& tones)
 }
 
 // Far heads tower above the level of the sea, away from the moon.
-static void PaintHeads(Canvas& canvas, const Tones& tones)
+static void PaintHeads(Canvas& canvas, const CloudTones& tones)
 {
     const Noise curls(33);
     // What shows between the rows is more cloud.
@@ -158,13 +103,13 @@ static void PaintHeads(Canvas& canvas, const Tones& tones)
             const float r = wide * Mix(0.42f, 0.24f, up) * pile.Range(0.8f, 1.15f);
             const float aside = wide * (1 - 0.75f * up) * pile.Range(-0.55f, 0.55f);
             const Vector2 c = {foot + aside, Horizon + 14 - (height - 0.4f * r) * up};
-            Billow(canvas, curls, c, r, r * 0.8f, tones, 0.3f + 0.5f * Bell((foot - Moon.x) / 420), 0.5f,
-                   1.2f);
+            PaintBillow(canvas, curls,
+                        {c, r, r * 0.8f, 0.3f + 0.5f * Bell((foot - Moon.x) / 420), 0.5f, 1.2f}, Moon, tones);
         }
 }
 
 // The sea: rows from the horizon to below our feet, each larger and nearer than the last.
-static void PaintSea(Canvas& canvas, const Tones& tones, Dice& dice)
+static void PaintSea(Canvas& canvas, const CloudTones& tones, Dice& dice)
 {
     const Noise veil(31), curls(33);
     constexpr int Rows = 10;
@@ -178,8 +123,10 @@ static void PaintSea(Canvas& canvas, const Tones& tones, Dice& dice)
             const float rx = size * dice.Range(0.7f, 1.35f), ry = rx * dice.Range(0.5f, 0.68f);
             const Vector2 c = {x, y - size * (0.3f + 1.1f * swell) + dice.Range(-0.25f, 0.25f) * size};
             const float path = Bell((x - Moon.x) / (190 + 330 * t));
-            Billow(canvas, curls, c, rx, ry, tones, (0.26f + 0.95f * path) * (1 - 0.5f * t),
-                   0.55f * Pow(1 - t, 2), 1.1f + 2.0f * t);
+            PaintBillow(
+                canvas, curls,
+                {c, rx, ry, (0.26f + 0.95f * path) * (1 - 0.5f * t), 0.55f * Pow(1 - t, 2), 1.1f + 2.0f * t},
+                Moon, tones);
         }
         // Mist lies between the rows.
         Mask mist(W, H);
@@ -193,7 +140,7 @@ static void PaintSea(Canvas& canvas, const Tones& tones, Dice& dice)
     }
 }
 
-static Canvas Sky(const Tones& tones)
+static Canvas Sky(const CloudTones& tones)
 {
     const Paper& paper = SketchPaper();
     Canvas canvas(W, H, tones.zenith);
@@ -302,8 +249,8 @@ PictureGroup FX_CloudsPictures()
 {
     // clang-format off
     PictureGroup group = {"FX_Clouds", {
-        {"Data/himmelarsch.jpg",    1024, 1024, Format::Jpeg,    [] { return Sky(Blue); }},
-        {"Data/himmelarschling.jpg", 1024, 1024, Format::Jpeg,   [] { return Sky(Amber); }},
+        {"Data/himmelarsch.jpg",    1024, 1024, Format::Jpeg,    [] { return Sky(BlueNight); }},
+        {"Data/himmelarschling.jpg", 1024, 1024, Format::Jpeg,   [] { return Sky(AmberNight); }},
         {"Data/cloud_5.png",         512,  512, Format::PngRgba, Cloud},
         {"Data/cloud_6.png",         512,  512, Format::PngRgba, Smoke},
         {"Data/greetings_01.png",    1024, 1024, Format::PngRgba, [] { return GreetingHand(0); }},

@@ -119,6 +119,33 @@ TEST(AtelierHands, ALeftHandIsTheMirrorImageOfARightOne)
     }
 }
 
+TEST(AtelierHands, AThumbMayBeSlimmerThanItsHand)
+{
+    Pose pose = {.right = true,
+                 .turn = 0,
+                 .lean = 0,
+                 .roll = 0,
+                 .fingers = {{5, 20, 30, 20}, {0, 30, 30, 20}, {-5, 60, 60, 30}, {-9, 70, 70, 40}},
+                 .thumb = {{0.6f, 0.7f, 0.4f}, {0.2f, 0.9f, 0.3f}, {0, 1, 0}},
+                 .nail = {0, 0, 1},
+                 .pad = {0, 0},
+                 .lift = 0,
+                 .size = 2};
+    const Skeleton plain = Posed(pose);
+    pose.thumbGirth = 0.5f;
+    const Skeleton slim = Posed(pose);
+    // The thumb's pad lies on the card, so that a slim one brings the hand nearer.
+    const float nearer = slim.wrist.z - plain.wrist.z;
+    EXPECT_LT(nearer, -4);
+    for (int part = 0; part < 3; part++) {
+        const Phalanx &was = plain.digits[Thumb][part], &is = slim.digits[Thumb][part];
+        EXPECT_NEAR(was.halfA, 2 * is.halfA, 1e-3f) << part;
+        EXPECT_NEAR(was.b.x, is.b.x, 1e-3f) << part;
+        EXPECT_NEAR(was.b.z + nearer, is.b.z, 1e-3f) << part;
+        EXPECT_FLOAT_EQ(plain.digits[1][part].halfA, slim.digits[1][part].halfA) << part;
+    }
+}
+
 TEST(AtelierHands, WhatIsNearerHidesWhatIsBehindAndEndsWithAnEdge)
 {
     Skeleton two; // one finger before another

@@ -9,15 +9,15 @@ namespace atelier
 // How the six hold their cards, by gesture.
 // clang-format off
 static const Pose Poses[] = {
-    {.right = false, .turn = 8, .lean = 0, .roll = 58,
-     .fingers = {{5, 72, 96, 50}, {1, 74, 98, 50}, {-3, 76, 98, 50}, {-7, 78, 96, 50}},
-     .thumb = {{0.60f, 0.60f, 0.55f}, {0.05f, 0.72f, 0.70f}, {-0.65f, 0.70f, 0.25f}}, .nail = {-0.2f, -0.5f, 0.84f},
-     .pad = {10, 66}, .lift = 0, .size = 2.6f},
-    {.right = false, .turn = 16, .lean = 0, .roll = 8,
-     .fingers = {{6, 20, 28, 16, true}, {1, 20, 34, 20, true}, {-4, 20, 40, 20, true}, {-8, 12, 30, 16}},
-     .thumb = {{0.80f, 0.55f, 0.26f}, {0.55f, 0.82f, 0.10f}, {0.28f, 0.95f, 0.05f}}, .nail = {-0.75f, -0.1f, 0.62f},
-     .pad = {-158, -40}, .lift = -20, .size = 2.75f, .bony = 1.06f},
-    {.right = true, .turn = -58, .lean = 0, .roll = 86,
+    {.right = false, .turn = 14, .lean = 0, .roll = 64,
+     .fingers = {{2, 60, 96, 50}, {0, 70, 100, 48}, {-2, 78, 102, 48}, {-4, 86, 102, 46}},
+     .thumb = {{0.46f, 0.70f, 0.46f}, {0.30f, 0.92f, 0.10f}, {0.22f, 0.90f, -0.34f}}, .nail = {-0.15f, -0.45f, 0.88f},
+     .pad = {40, 118}, .lift = 0, .size = 2.6f, .girth = 1.18f},
+    {.right = false, .turn = 20, .lean = 0, .roll = 20,
+     .fingers = {{0, 20, 28, 16, true}, {-6, 18, 30, 18, true}, {-12, 14, 30, 16, true}, {-21, 8, 24, 12}},
+     .thumb = {{0.74f, 0.60f, 0.30f}, {0.60f, 0.80f, 0.10f}, {0.02f, 0.97f, 0.22f}}, .nail = {-0.75f, -0.1f, 0.62f},
+     .pad = {-153, -52}, .lift = -20, .size = 2.75f, .thumbGirth = 0.82f, .bony = 1.02f},
+    {.right = true, .turn = -58, .lean = 0, .roll = 80,
      .fingers = {{6, 4, 10, 6}, {1, 2, 10, 6}, {-3, 2, 12, 8}, {-8, 2, 14, 8}},
      .thumb = {{0.80f, 0.55f, 0.20f}, {0.45f, 0.88f, 0.10f}, {0.20f, 0.97f, 0.02f}}, .nail = {0.0f, 0.6f, 0.8f},
      .pad = {-6, 78}, .lift = 60, .size = 2.6f},
@@ -25,21 +25,21 @@ static const Pose Poses[] = {
      .fingers = {{24, 60, 54, 26}, {-4, 26, 34, 18}, {-18, 14, 26, 14}, {-34, 4, 18, 12}},
      .thumb = {{0.55f, 0.70f, 0.42f}, {0.05f, 0.86f, 0.50f}, {-0.15f, 0.93f, 0.30f}}, .nail = {-0.6f, 0, 0.8f},
      .pad = {4, 62}, .lift = -10, .size = 2.45f},
-    {.right = true, .turn = 196, .lean = 0, .roll = 60,
-     .fingers = {{5, 66, 92, 50}, {1, 66, 92, 50}, {-3, 68, 90, 50}, {-7, 70, 88, 50}},
-     .thumb = {{0.62f, 0.55f, 0.56f}, {0.10f, 0.60f, 0.80f}, {-0.45f, 0.50f, 0.75f}}, .nail = {0.3f, 0, -0.95f},
-     .pad = {-4, 74}, .lift = -80, .size = 2.55f},
-    {.right = false, .turn = 3, .lean = 4, .roll = 4,
-     .fingers = {{-5, 12, 26, 14}, {1, 86, 100, 55}, {-3, 88, 100, 55}, {-8, 90, 98, 55}},
+    {.right = false, .turn = 14, .lean = 0, .roll = 66,
+     .fingers = {{4, 82, 98, 56}, {1, 88, 104, 80}, {-2, 92, 106, 92}, {-5, 96, 106, 96}},
+     .thumb = {{0.42f, 0.55f, 0.72f}, {0.05f, 0.72f, 0.70f}, {-0.78f, 0.60f, 0.12f}}, .nail = {0, -0.3f, 0.95f},
+     .pad = {2, 150}, .lift = 0, .size = 2.7f, .girth = 1.15f},
+    {.right = false, .turn = 10, .lean = -6, .roll = 10,
+     .fingers = {{-9, 12, 26, 14}, {2, 62, 104, 40}, {1, 70, 108, 50}, {-1, 78, 108, 56}},
      .thumb = {{0.85f, 0.40f, 0.25f}, {0.98f, 0.08f, 0.10f}, {0.99f, -0.06f, 0.0f}}, .nail = {0, -0.9f, 0.4f},
-     .pad = {-36, 19}, .lift = 0, .size = 2.25f},
+     .pad = {-36, 19}, .lift = 0, .size = 2.25f, .girth = 1.2f, .thumbGirth = 0.84f},
 };
 // clang-format on
 
 static Pose PoseOf(const Arm& arm)
 {
     Pose pose = Poses[int(arm.gesture)];
-    pose.girth = arm.girth;
+    pose.girth *= arm.girth;
     return pose;
 }
 
@@ -47,21 +47,32 @@ static Skin SkinOf(const Arm& arm)
 {
     const LinearColour pale = Mix(palette::Bone, palette::Parchment, 0.35f);
     const LinearColour weathered = Mix(Mix(palette::Parchment, palette::Ochre, 0.3f), palette::Rust, 0.16f);
+    // Fingers that lie on each other throw light into the hollow between them.
+    const bool closed =
+        arm.gesture == Gesture::Fist || arm.gesture == Gesture::Clench || arm.gesture == Gesture::Corner;
     return {.light = Mix(pale, weathered, arm.tan),
             .shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f),
-            .age = arm.tan};
+            .age = arm.tan,
+            .deep = closed ? 0.6f : 1,
+            .inner = closed ? 0.7f : 1};
 }
 
-// The middle of the forearm in the hand's frame. It bends at the wrist only.
-static std::vector<Vector2> ForearmWay(const Arm& arm, Point3 wrist)
+// The middle of the forearm in the hand's frame. It leaves the hand as the hand lies, and the more the wrist is bent, the
+// longer is the way of its bend.
+static std::vector<Vector2> ForearmWay(const Arm& arm, const Skeleton& hand)
 {
-    const Vector2 from = {wrist.x, wrist.y};
-    return {from, Mix(from, arm.elbow, 0.1f), Mix(from, arm.elbow, 0.5f), arm.elbow};
+    constexpr float Bend = 120;
+    const Vector2 from = {hand.wrist.x, hand.wrist.y};
+    const Vector2 back = Normalised(Vector2{hand.toFingers.x, hand.toFingers.y}) * -1,
+                  on = Normalised(arm.elbow - from);
+    const float bend = Bend * (1 - Max(0, Dot(back, on)));
+    const Vector2 middle = from + back * (0.55f * bend) + on * (0.3f * bend);
+    return {from, Mix(middle, arm.elbow, 0.1f), Mix(middle, arm.elbow, 0.5f), arm.elbow};
 }
 
 Line Forearm(const Sight& sight, const Arm& arm)
 {
-    return Through(sight(ForearmWay(arm, Posed(PoseOf(arm)).wrist)));
+    return Through(sight(ForearmWay(arm, Posed(PoseOf(arm)))));
 }
 
 float ForearmHalf(const Arm& arm, float t)
@@ -73,7 +84,7 @@ float ForearmHalf(const Arm& arm, float t)
 static Skeleton HandOf(const Arm& arm)
 {
     Skeleton hand = Posed(PoseOf(arm));
-    const Line line = Through(ForearmWay(arm, hand.wrist));
+    const Line line = Through(ForearmWay(arm, hand));
     const auto add = [&](float t, float u) {
         const Vector2 a = PointAt(line, t), b = PointAt(line, u);
         hand.flesh.palm.push_back({{a.x, a.y, hand.wrist.z},

@@ -13,12 +13,12 @@ enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 // The card is before the hand everywhere: the show fades the hand and not the card, and a finger that lay on the card
 // would be cut in two by its edge.
 enum class Gesture {
-    Fist,  // round a pole that the card is nailed to, seen from the palm
-    Lean,  // the card leans on the open hand, between the thumb and the fingertips
-    Tray,  // the card stands on the flat hand
-    Pinch, // thumb and forefinger hold a pin that goes through the card, the others are spread like a fan
-    FistFromBack, // round a shaft that the card is sealed to, seen from the back of the hand
-    Corner        // the card stands on the thumb and leans on the forefinger, the others are in the palm
+    Fist,   // round a pole that the card is nailed to, the thumb along it
+    Lean,   // the card leans on the open hand, between the thumb and the fingertips
+    Tray,   // the card stands on the flat hand
+    Pinch,  // thumb and forefinger hold a pin that goes through the card, the others are spread like a fan
+    Clench, // round a shaft that the card is sealed to, the thumb across the fingers
+    Corner  // the card stands on the thumb and leans on the forefinger, the others are in the palm
 };
 
 struct Arm {

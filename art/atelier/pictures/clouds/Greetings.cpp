@@ -4,6 +4,7 @@
 #include "art/atelier/PenAlphabet.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/clouds/Arm.h"
+#include "art/atelier/pictures/clouds/CloudBank.h"
 #include "art/atelier/pictures/clouds/Emblems.h"
 #include "art/atelier/pictures/clouds/Tools.h"
 
@@ -27,6 +28,8 @@ static const Sight OnCard = {{Half, Half}, 0, Half / CardHalf, CardHalf};
 // between the two rolls, in what is seen of the card for as long as it is near. The emblem lies where there is room: below
 // them, small enough for what is left, or above them on a card that is held upright, whose upper part is out of the
 // picture while the hand is seen.
+constexpr float ElbowAt = 0.68f; // of the forearm
+
 struct Greeting {
     const char* to;
     const char* tail;
@@ -40,18 +43,19 @@ struct Greeting {
     float above, below; // room between the lines, in small capitals
     float emblemSize;
     bool emblemAbove;
+    float rises; // degrees, clockwise, by which the picture is rolled while the hand is seen whole
     Arm arm;
 };
 
 // clang-format off
 static const Greeting Greetings[] = {
-    // to                tail                        emblem         roll  place            large   small   aside   above  below  emblem       seed  elbow        girth  tan    wear, gesture
-    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.327f, 0.380f}, 0.108f, 0.062f,  0.010f, 0.12f, 1.00f, 0.48f, false, {100, {-380, 860}, 1.00f, 0.45f, Wear::Wool, Gesture::Fist}},
-    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.326f, 0.320f}, 0.116f, 0.060f, -0.026f, 0.30f, 1.10f, 0.50f, false, {200, {-70, 806},  1.10f, 0.72f, Wear::Rope, Gesture::Lean}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  {300, {-330, 880}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
-    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.410f, 0.312f}, 0.100f, 0.062f, -0.042f, 0.12f, 0.90f, 0.54f, false, {400, {-190, 815}, 0.90f, 0.10f, Wear::Lace, Gesture::Pinch}},
-    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f},  0.096f, 0.062f,  0,      0.12f, 1.45f, 0.58f, true,  {500, {-400, 850}, 1.06f, 0.60f, Wear::Leather, Gesture::FistFromBack}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, {600, {-140, 806}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
+    // to                tail                        emblem         roll  place            large   small   aside   above  below  emblem       rises  seed  elbow        girth  tan    wear, gesture
+    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.327f, 0.380f}, 0.108f, 0.062f,  0.010f, 0.12f, 1.00f, 0.48f, false, 38, {100, {-380, 860}, 1.00f, 0.45f, Wear::Wool, Gesture::Fist}},
+    {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.326f, 0.320f}, 0.116f, 0.060f, -0.026f, 0.30f, 1.10f, 0.50f, false, 21, {200, {-70, 806},  1.10f, 0.72f, Wear::Rope, Gesture::Lean}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  -2, {300, {-306, 880}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
+    {"moth collectors", "who let them go again",     MothEmblem,    36, {0.410f, 0.312f}, 0.100f, 0.062f, -0.042f, 0.12f, 0.90f, 0.54f, false, 15, {400, {-190, 815}, 0.90f, 0.10f, Wear::Lace, Gesture::Pinch}},
+    {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f},  0.096f, 0.062f,  0,      0.12f, 1.45f, 0.58f, true,  0, {500, {-400, 850}, 1.06f, 0.60f, Wear::Leather, Gesture::Clench}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, 15, {600, {-140, 806}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
 };
 // clang-format on
 
@@ -76,44 +80,26 @@ static void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
     canvas.Lay(sheet.CutOut(card), 0, 0);
 }
 
-// The cloud that the arm comes out of: banks of it before the elbow, without an edge, of the colour of the sea behind it.
-// The sky turns to rust before the third hand comes.
-static void PaintCloudBank(Canvas& canvas, const Arm& arm, bool rust)
+// The cloud that the arm comes out of. Its crest crosses the upper border of the sleeve, behind the elbow if the arm lies
+// level as the show holds it. The sky turns to rust before the third hand comes.
+constexpr float BankBehindElbow = 36, BankFarther = 70, BankAbove = 16;
+
+// Upwards as one sees it, on a canvas that is turned clockwise by `level` before.
+static Vector2 UpOn(float level)
 {
-    const LinearColour low =
-        rust ? Mix(palette::Rust, palette::Ink, 0.42f) : Mix(palette::Night, palette::Slate, 0.75f);
-    const LinearColour high = rust ? Mix(Mix(palette::Ochre, palette::Rust, 0.28f), palette::Parchment, 0.14f)
-                                   : Mix(palette::Slate, palette::Mist, 0.72f);
-    const Line along = Forearm(InPicture, arm);
-    const Vector2 elbow = PointAt(along, 0.68f);
-    const Noise curl(arm.seed + 99), shade(arm.seed + 98);
-    Dice dice(arm.seed + 97);
-    Mask bank(Size, Size);
-    for (int i = 0; i < 34; i++) {
-        const float aside = 0.9f * dice.Bell();
-        const Vector2 at = elbow + Vector2{aside * 150, 44 + 26 * aside * aside + dice.Range(-40, 50)};
-        const float radius = dice.Range(54, 112) / (1 + 0.3f * aside * aside);
-        bank.Screen(Filled(Size, Size, Ellipse(at, radius * 1.35f, radius * 0.9f)).Scale(0.5f));
-    }
-    bank.Blur(20);
-    Mask torn(Size, Size), light(Size, Size);
-    torn.Each([&](float x, float y) {
-        const Vector2 q = curl.Warp(x / 110, y / 90, 0.30f, 4);
-        const float body = 0.5f * bank.Sample(q.x * 110, q.y * 90) + 0.5f * bank.Sample(x, y);
-        return Smooth(0.05f, 0.62f, body * (0.95f + 0.5f * curl.Fbm(x / 80, y / 56, 4)));
-    });
-    const Mask form = torn.Blurred(12);
-    light.Each([&](float x, float y) {
-        return Clamp(0.42f + 0.75f * (form.Sample(x, y) - form.Sample(x - 14, y - 30)) +
-                     0.30f * shade.Fbm(x / 70, y / 46, 4) - 0.3f * Smooth(elbow.y, elbow.y + 150, y));
-    });
-    torn.Blur(5).By([](float, float y) { return Smooth(995, 900, y); }).FadeToBorder(60);
-    // A breath of it lies far round.
-    Mask haze = bank.Blurred(34);
-    haze.Scale(0.8f).By([](float, float y) { return Smooth(985, 860, y); }).FadeToBorder(60);
-    canvas.Cover(haze, Mix(low, high, 0.6f), 0.55f);
-    canvas.Cover(
-        torn, [&](float x, float y) { return Mix(low, high, light.Sample(x, y)); }, 0.94f);
+    return {-Sin(level), -Cos(level)};
+}
+
+static CloudBank BankOf(const Greeting& greeting, bool rust)
+{
+    const float level = greeting.rises * Pi / 180;
+    const Vector2 up = UpOn(level);
+    const Line along = Forearm(InPicture, greeting.arm);
+    const Vector2 on = DirectionAt(along, ElbowAt), side = {on.y, -on.x};
+    const float lies = Abs(Dot(side, up)), half = 1.3f * ForearmHalf(greeting.arm, ElbowAt);
+    return {PointAt(along, ElbowAt) + on * (BankBehindElbow + BankFarther * lies) +
+                up * ((half + BankAbove) * lies),
+            level, rust ? AmberNight : BlueNight, greeting.arm.seed + 97};
 }
 
 Canvas GreetingHand(int greeting)
@@ -125,20 +111,27 @@ Canvas GreetingHand(int greeting)
     // The border of flesh is found pixel by pixel, without smooth edges; half a pixel aside, each pixel is the mean of four.
     canvas = Placed(canvas, {0, 0}, 0, 1, Size, Size, {0.5f, 0.5f});
     PaintWear(canvas, InPicture, arm);
-    // Behind the elbow it is all cloud.
+    // Behind the elbow and below the crest of the bank it is all cloud, and at the borders that arms come from.
+    const CloudBank bank = BankOf(Greetings[greeting], greeting >= 2);
     const Line along = Forearm(InPicture, arm);
-    const Vector2 elbow = PointAt(along, 0.68f), on = DirectionAt(along, 0.68f);
+    const Vector2 elbow = PointAt(along, ElbowAt), on = DirectionAt(along, ElbowAt), up = UpOn(bank.level);
     canvas.CutOut(Mask(Size, Size)
                       .Each(
                           [&](float x, float y) {
-                              return Smooth(115, 30, Dot(Vector2{x, y} - elbow, on));
+                              const Vector2 p = {x, y};
+                              return Max(Smooth(-130, -85, Dot(p - bank.place, up)),
+                                         Smooth(-20, -80, Dot(p - elbow, on))) *
+                                     Smooth(50, 150, x) * Smooth(Size - 2, Size - 60, y);
                           },
                           2));
     PaintTool(canvas, InPicture, arm, hand);
     PaintBlankCard(canvas, InPicture, arm.seed + 1000);
     SketchPaper().Show(canvas, 0.6f);
-    PaintCloudBank(canvas, arm, greeting >= 2);
-    return canvas;
+    Canvas picture(Size, Size);
+    bank.PaintBehind(picture);
+    picture.Lay(canvas, 0, 0);
+    bank.PaintBefore(picture);
+    return picture;
 }
 
 Canvas GreetingCard(int greeting)

@@ -10,7 +10,7 @@ namespace atelier
 // Where pole, pin and shaft run upright in the hand's frame.
 constexpr float PoleX = 44, PinX = 24, ShaftX = 30;
 // The planes in which they lie: what of the hand is nearer hides them.
-constexpr float PoleZ = -70, PinZ = 34, ShaftZ = -10;
+constexpr float PoleZ = -40, PinZ = 34, ShaftZ = -84;
 
 // clang-format off
 static const Stuff Wood   = {Mix(palette::Ochre, palette::Rust, 0.45f) * 0.8f, Mix(palette::Ink, palette::Rust, 0.3f), 1.1f, 0.5f, 0.9f};
@@ -43,6 +43,15 @@ public:
         if (!round)
             points.push_back(points.front());
         Body(Shape(round ? Round(sight(points)) : Straight(sight(points))), stuff);
+    }
+    // A plane of a thing that is painted already.
+    void Facet(std::vector<Vector2> outline, LinearColour colour, float opacity)
+    {
+        outline.push_back(outline.front());
+        canvas.Cover(Filled(canvas.Width(), canvas.Height(), Shape(Straight(sight(outline))))
+                         .Blur(0.8f * sight.scale)
+                         .Multiply(canvas.Alpha()),
+                     colour, opacity);
     }
     void Knob(Vector2 place, float radius, const Stuff& stuff)
     {
@@ -99,14 +108,14 @@ private:
 // A lamplighter's pole: a brass head with a burning wick on a side arm that looks out from behind the card.
 static void Pole(Bench& bench)
 {
-    bench.Bar({{PoleX, -60}, {PoleX, 260}, {PoleX + 6, 690}}, 10, 10, Wood);
-    bench.Bar({{PoleX + 5, 620}, {PoleX + 6, 676}}, 12, 12, Brass);
-    bench.Knob({PoleX + 6, 694}, 19, Brass);
-    bench.Lines({{{PoleX - 4, 280}, {PoleX - 2, 360}, {PoleX - 3, 450}},
-                 {{PoleX + 4, 330}, {PoleX + 5, 420}, {PoleX + 7, 560}}},
+    bench.Bar({{PoleX, -60}, {PoleX, 690}}, 12, 12, Wood);
+    bench.Bar({{PoleX, 622}, {PoleX, 680}}, 15, 14, Brass);
+    bench.Knob({PoleX, 696}, 19, Brass);
+    bench.Lines({{{PoleX - 4, 350}, {PoleX - 3, 410}, {PoleX - 4, 480}},
+                 {{PoleX + 4, 380}, {PoleX + 5, 450}, {PoleX + 4, 560}}},
                 2.2f, palette::Ink, 0.6f);
-    bench.Bar({{PoleX, -30}, {PoleX, 44}}, 14, 14, Brass);
-    bench.Knob({PoleX + 2, 26}, 19, Brass);
+    bench.Bar({{PoleX, -30}, {PoleX, 52}}, 15, 15, Brass);
+    bench.Knob({PoleX, 26}, 20, Brass);
     bench.Bar({{PoleX + 10, 26}, {104, 30}, {150, 18}, {168, -20}, {170, -58}}, 8, 7, Brass);
     bench.Bar({{170, -48}, {170, -74}}, 12, 9, Brass);
     // The flame brings a little of its own light along, where the picture is clear.
@@ -137,18 +146,45 @@ static void Pin(Bench& bench)
 // A halberd, whose blade looks out from behind the card on both sides.
 static void Shaft(Bench& bench)
 {
-    bench.Bar({{ShaftX, -60}, {ShaftX, 240}, {ShaftX + 6, 650}}, 12, 12, Oak);
-    bench.Bar({{ShaftX + 5, 590}, {ShaftX + 6, 640}}, 15, 15, Iron);
-    bench.Knob({ShaftX + 6, 656}, 21, Iron);
-    bench.Lines({{{ShaftX - 5, 340}, {ShaftX - 3, 420}, {ShaftX - 4, 510}},
-                 {{ShaftX + 6, 380}, {ShaftX + 7, 440}, {ShaftX + 8, 560}}},
+    bench.Bar({{ShaftX, -60}, {ShaftX, 650}}, 14, 14, Oak);
+    bench.Bar({{ShaftX, 590}, {ShaftX, 640}}, 17, 16, Iron);
+    bench.Knob({ShaftX, 656}, 21, Iron);
+    bench.Lines({{{ShaftX - 5, 380}, {ShaftX - 4, 440}, {ShaftX - 5, 510}},
+                 {{ShaftX + 6, 400}, {ShaftX + 6, 460}, {ShaftX + 5, 560}}},
                 2.2f, palette::Ink, 0.6f);
-    bench.Bar({{ShaftX, -40}, {ShaftX, 52}}, 16, 16, Iron);
-    bench.Plate({{-60, -118}, {-150, -132}, {-204, -158}, {-224, -84}, {-206, -6}, {-150, -40}, {-60, -60}},
+    bench.Bar({{ShaftX, -40}, {ShaftX, 60}}, 18, 18, Iron);
+    const LinearColour ground = Mix(palette::Mist, palette::Bone, 0.55f),
+                       dull = Mix(palette::Slate, palette::Mist, 0.45f);
+    // The axe: its cutting edge is ground bright from a line that runs along it.
+    bench.Plate({{-60, -118},
+                 {-150, -132},
+                 {-204, -158},
+                 {-219, -122},
+                 {-224, -84},
+                 {-219, -44},
+                 {-206, -6},
+                 {-150, -40},
+                 {-60, -60}},
                 Steel, false);
-    bench.Lines({{{-198, -146}, {-211, -84}, {-199, -20}}}, 3.5f, palette::Ink, 0.5f);
+    bench.Facet({{-60, -76}, {-150, -62}, {-186, -40}, {-206, -6}, {-150, -40}, {-60, -60}}, dull, 0.7f);
+    bench.Facet({{-204, -158},
+                 {-219, -122},
+                 {-224, -84},
+                 {-219, -44},
+                 {-206, -6},
+                 {-190, -44},
+                 {-196, -84},
+                 {-192, -122}},
+                ground, 0.85f);
+    bench.Lines({{{-203, -152}, {-192, -122}, {-196, -84}, {-190, -44}, {-204, -12}}}, 2.4f, palette::Ink,
+                0.7f);
+    bench.Lines({{{-205, -150}, {-217, -118}, {-221, -84}, {-216, -46}}}, 3.4f, palette::Bone, 1);
+    bench.Lines({{{-150, -129}, {-110, -121}, {-64, -115}}}, 2.6f, palette::Bone, 0.8f);
+    // The spike has a ridge: its upper side is in the light, its lower one is not.
     bench.Plate({{90, -132}, {226, -96}, {90, -70}}, Steel, false);
-    bench.Lines({{{136, -104}, {206, -96}}}, 3, palette::Ink, 0.5f);
+    bench.Facet({{90, -101}, {226, -96}, {90, -70}}, dull, 0.8f);
+    bench.Lines({{{92, -102}, {150, -99}, {222, -96}}}, 2.2f, palette::Ink, 0.7f);
+    bench.Lines({{{92, -128}, {150, -113}, {210, -98}}}, 2.6f, palette::Bone, 0.9f);
 }
 
 void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHand& hand)
@@ -165,7 +201,7 @@ void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHa
         Pin(bench);
         z = PinZ;
         break;
-    case Gesture::FistFromBack:
+    case Gesture::Clench:
         Shaft(bench);
         z = ShaftZ;
         break;
@@ -270,7 +306,7 @@ void PaintFastening(Canvas& canvas, const Sight& sight, const Arm& arm)
         return Nails(bench);
     case Gesture::Pinch:
         return PinsPoint(bench);
-    case Gesture::FistFromBack:
+    case Gesture::Clench:
         return Seal(bench);
     default:
         return;

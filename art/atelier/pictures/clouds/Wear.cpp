@@ -29,6 +29,19 @@ struct RoundArm {
         }
         return Through(points);
     }
+    // The half that one sees of a turn of something wound round the arm, as an ellipse that goes on behind it at both ends;
+    // it climbs by `pitch` of the arm's length.
+    Line Turn(float t, float wider, float bend, float pitch) const
+    {
+        constexpr int Steps = 12;
+        std::vector<Vector2> points;
+        for (int i = 0; i <= Steps; i++) {
+            const float part = float(i) / Steps, a = Mix(-0.52f, 0.52f, part) * Pi;
+            const float at = t + pitch * (0.5f - part);
+            points.push_back(At(at, Sin(a) * wider) + DirectionAt(along, at) * (bend * Cos(a)));
+        }
+        return Through(points);
+    }
 };
 
 static Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float mouth, float end,
@@ -143,7 +156,7 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
     Pen pen(lines, SketchPaper(), {.width = 4.4f, .wobble = 1.5f, .skip = 0.25f}, seed + 1);
     pen.Stroke(limb.Ring(0.505f, 1.44f, 24), {0.6f, 1, 0.4f});
     pen.Stroke(limb.Ring(0.55f, 1.46f, 26), {0.4f, 0.9f, 0.2f});
-    Folds(pen, limb, 0.55f, 14, seed + 2);
+    Folds(pen, limb, 0.5f, 11, seed + 2);
     InkLines(canvas, lines, &cloth);
     // A few long strokes on the shadow's side of the forearm.
     Mask shade(canvas.Width(), canvas.Height());
@@ -296,13 +309,16 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     InkLines(canvas, lines, &cloth);
     // A wire wound round the wrist, whose end looks for somebody.
     Mask wire(canvas.Width(), canvas.Height());
-    Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 1, .skip = 0}, seed + 4);
-    for (int turn = 0; turn < 5; turn++) {
-        const float t = 0.14f + 0.036f * float(turn);
-        const Line ring = limb.Ring(t, 1.06f, 14);
-        copper.Stroke(ring, {0.8f, 1, 0.8f});
-    }
-    const Vector2 start = limb.At(0.14f, -1.06f);
+    Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 0.6f, .skip = 0}, seed + 4);
+    constexpr float FirstTurn = 0.17f, TurnApart = 0.032f;
+    for (int turn = 0; turn < 5; turn++)
+        copper.Stroke(limb.Turn(FirstTurn + TurnApart * float(turn), 1.03f, 24, 0.5f * TurnApart),
+                      {0.7f, 1, 0.7f});
+    // It throws a shadow on the skin.
+    Mask below(canvas.Width(), canvas.Height());
+    below.Each([&](float x, float y) { return wire.Sample(x - 3, y - 5); });
+    canvas.Glaze(below.Blur(2).Multiply(canvas.Alpha()), Mix(palette::Slate, palette::Rust, 0.4f), 0.6f);
+    const Vector2 start = limb.Turn(FirstTurn, 1.03f, 24, 0.5f * TurnApart).front();
     const Line aerial =
         Through({start, start + Vector2{-52, 22}, start + Vector2{-112, 6}, start + Vector2{-136, -58},
                  start + Vector2{-196, -66}, start + Vector2{-226, -126}});

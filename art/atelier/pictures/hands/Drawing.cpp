@@ -105,7 +105,7 @@ static void Paint(Canvas& canvas, const Study& study, const Skin& skin, float s,
                                   .stray = 0.6f * s},
                                  seed + 1 + uint32_t(layer))
                          .Multiply(body),
-                     skin.shade, Density[layer]);
+                     skin.shade, Density[layer] * (layer > 0 ? skin.deep : 1));
     }
     // Light thrown back by the clouds into the edge of the shadow, and the edge that the moon touches.
     const Mask in = study.body.Inside(16 * s);
@@ -165,11 +165,11 @@ static void DrawHatching(Canvas& canvas, const Skeleton* hand, const Study& stud
         pen.pen, tone,
         {.angle = 0.9f + sight.turn, .spacing = 7.0f * s, .length = 40 * s, .bend = 6 * s, .faintest = 0.15f},
         seed + 1);
-    canvas.Cover(lines.Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.08f), 0.62f);
+    canvas.Cover(lines.Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.08f), 0.62f * skin.deep);
 }
 
 // The outline: a hair where the light falls, heavy in the shadow; thinner inside than against the sky.
-static void DrawOutline(Canvas& canvas, const Study& study, float s, uint32_t seed)
+static void DrawOutline(Canvas& canvas, const Study& study, const Skin& skin, float s, uint32_t seed)
 {
     const int width = canvas.Width(), height = canvas.Height();
     const Noise noise(seed);
@@ -185,7 +185,8 @@ static void DrawOutline(Canvas& canvas, const Study& study, float s, uint32_t se
             const float t = Smooth(0.25f, 0.95f, dark.At(x, y));
             const float outer =
                 s * (Mix(1.9f, 5.2f, t) + (0.7f + t) * wander) * Smooth(-0.75f, -0.5f, wander + 0.4f * t);
-            const float inner = s * (Mix(1.5f, 3.2f, t) + (0.5f + 0.6f * t) * wander);
+            const float inner =
+                skin.inner * s * (Mix(1.5f, 3.2f, t) + skin.inner * (0.5f + 0.6f * t) * wander);
             const float line =
                 Max(Smooth(outer + 0.6f * s, outer - 0.6f * s, rim.At(x, y)) * Smooth(0.3f, 0.8f, outer),
                     Smooth(inner + 0.6f * s, inner - 0.6f * s, near.At(x, y)) * Smooth(0.3f, 0.8f, inner));
@@ -308,14 +309,14 @@ void DrawHand(Canvas& canvas, const Skeleton& hand, const Study& study, const Si
     Flush(canvas, hand, study, sight);
     DrawHatching(canvas, &hand, study, sight, skin, seed + 20);
     DrawMarks(canvas, hand, study, sight, skin, seed + 30);
-    DrawOutline(canvas, study, sight.scale * skin.pen, seed + 40);
+    DrawOutline(canvas, study, skin, sight.scale * skin.pen, seed + 40);
 }
 
 void DrawFlesh(Canvas& canvas, const Study& study, const Sight& sight, const Skin& skin, uint32_t seed)
 {
     Paint(canvas, study, skin, sight.scale, seed);
     DrawHatching(canvas, nullptr, study, sight, skin, seed + 20);
-    DrawOutline(canvas, study, sight.scale * skin.pen, seed + 40);
+    DrawOutline(canvas, study, skin, sight.scale * skin.pen, seed + 40);
 }
 
 } // namespace atelier

@@ -12,7 +12,9 @@ namespace atelier
 struct Skin {
     LinearColour light, shade;
     float age = 0.5f; // how deep its wrinkles and sinews are: 0 to 1
-    float pen = 1;    // width of the strokes, for a hand of 2.5 pixels a millimetre in its frame
+    float deep = 1; // strength of the darker washes and of the hatching: less where much light is thrown back
+    float inner = 1; // weight of the outlines within the hand
+    float pen = 1;   // width of the strokes, for a hand of 2.5 pixels a millimetre in its frame
 };
 
 // The shadows that parts throw and the colours of skin are washes, form is a pen's hatching round the bones, and the

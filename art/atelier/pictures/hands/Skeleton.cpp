@@ -94,8 +94,8 @@ static void BendThumb(Phalanx* parts, const Pose& pose, const View& view)
                     along,
                     Cross(along, palmar),
                     palmar,
-                    ThumbHalves[i] * pose.girth,
-                    ThumbHalves[i + 1] * pose.girth};
+                    ThumbHalves[i] * pose.girth * pose.thumbGirth,
+                    ThumbHalves[i + 1] * pose.girth * pose.thumbGirth};
         at = parts[i].b;
     }
 }

@@ -35,9 +35,10 @@ struct Pose {
     // (behind it when negative).
     Vector2 pad;
     float lift;
-    float size;      // pixels of a millimetre
-    float girth = 1; // thickness of the digits
-    float bony = 1;  // thickness of their joints
+    float size;           // pixels of a millimetre
+    float girth = 1;      // thickness of the digits
+    float thumbGirth = 1; // of the thumb beside the fingers
+    float bony = 1;       // thickness of their joints
 };
 
 // A part of a digit as it lies in the picture.
