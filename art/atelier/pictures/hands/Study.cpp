@@ -7,6 +7,7 @@ namespace atelier
 {
 
 constexpr float Nothing = -1e5f;
+constexpr float Reach = 330; // of rays, to both sides of the card, in pixels of the hand's frame
 
 Study::Study(int width, int height)
     : body(width, height), palm(width, height), depth(width, height, Nothing), dark(width, height),
@@ -56,7 +57,7 @@ static float Shadow(const Solid& solid, Point3 from, float start)
 {
     const Point3 light = Normalised(HandLight);
     float least = 1, t = start;
-    for (int step = 0; step < 40 && t < 330; step++) {
+    for (int step = 0; step < 40 && t < Reach; step++) {
         const float distance = solid.Distance(from + light * t);
         least = Min(least, 0.5f + 0.5f * distance / (0.07f * t));
         if (least <= 0)
@@ -66,8 +67,8 @@ static float Shadow(const Solid& solid, Point3 from, float start)
     return Smooth(0.9f, 0.1f, least);
 }
 
-// How much of the sky is hidden by flesh near by: 0 to 1.
-static float Hidden(const Solid& solid, Point3 p, Point3 normal)
+// How much of the sky is hidden by flesh near by, 0 to 1.
+static float AmbientOcclusion(const Solid& solid, Point3 p, Point3 normal)
 {
     float hidden = 0, weight = 0.5f;
     for (const float t : {6.0f, 13.0f, 24.0f, 40.0f}) {
@@ -88,9 +89,10 @@ static float CardsShadow(Point3 p, float cardHalf)
     return within(cardHalf - Abs(at.x)) * within(-at.y) * within(at.y + 2 * cardHalf);
 }
 
-constexpr int Tile = 24;
+constexpr int Tile = 24; // pixels
 
-static void Look(Study& study, std::vector<int>& parts, const Skeleton& hand, const Sight& sight)
+// Sphere tracing along -z, tile by tile, each with the bones alone that lie over it. `parts` gets Solid::PartAt.
+static void TraceSurface(Study& study, std::vector<int>& parts, const Skeleton& hand, const Sight& sight)
 {
     const int width = study.body.Width(), height = study.body.Height();
     const Point3 light = Normalised(HandLight);
@@ -113,9 +115,9 @@ static void Look(Study& study, std::vector<int>& parts, const Skeleton& hand, co
             for (int y = top; y < std::min(height, top + Tile); y++)
                 for (int x = left; x < std::min(width, left + Tile); x++) {
                     const Vector2 at = InHand(sight, {float(x) + 0.5f, float(y) + 0.5f});
-                    Point3 p = {at.x, at.y, 330};
+                    Point3 p = {at.x, at.y, Reach};
                     bool hit = false;
-                    for (int step = 0; step < 90 && p.z > -330 && !hit; step++) {
+                    for (int step = 0; step < 90 && p.z > -Reach && !hit; step++) {
                         const float distance = near.Distance(p);
                         hit = distance < 0.12f;
                         if (!hit)
@@ -160,7 +162,7 @@ static void Shade(Study& study, const Skeleton& hand, const Sight& sight)
     hidden.Each(
         [&](float x, float y) {
             const Point3 p = place(x, y);
-            return p.z <= Nothing ? 0.0f : Hidden(hand.flesh, p, hand.flesh.Normal(p, 0.8f));
+            return p.z <= Nothing ? 0.0f : AmbientOcclusion(hand.flesh, p, hand.flesh.Normal(p, 0.8f));
         },
         step);
     for (int y = 0; y < study.body.Height(); y++)
@@ -210,7 +212,7 @@ Study Studied(const Skeleton& hand, const Sight& sight, int width, int height)
 {
     Study study(width, height);
     std::vector<int> parts(size_t(width) * size_t(height), -1);
-    Look(study, parts, hand, sight);
+    TraceSurface(study, parts, hand, sight);
     Shade(study, hand, sight);
     FindEdges(study, parts, sight);
     return study;
