@@ -2,6 +2,8 @@
 // A key of the keyboard with those that are held beside it.
 #pragma once
 
+struct SDL_KeyboardEvent;
+
 namespace platform
 {
 
@@ -40,5 +42,8 @@ struct KeyPress {
         return key == other.key && control == other.control && shift == other.shift && alt == other.alt;
     }
 };
+
+// The key is KeyNone if no command can be bound to it.
+KeyPress PressOf(const SDL_KeyboardEvent& event);
 
 } // namespace platform

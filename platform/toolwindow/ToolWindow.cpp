@@ -221,55 +221,6 @@ void ToolWindow::Close()
 
 // Events
 
-// 0 for keys that no command is bound to.
-static int KeyOf(SDL_Keycode code)
-{
-    if (code >= SDLK_F1 && code <= SDLK_F12)
-        return KeyF1 + int(code - SDLK_F1);
-    if (code >= SDLK_KP_1 && code <= SDLK_KP_9)
-        return '1' + int(code - SDLK_KP_1);
-    switch (code) {
-    case SDLK_EQUALS:
-    case SDLK_KP_PLUS:
-        return '+';
-    case SDLK_KP_MINUS:
-        return '-';
-    case SDLK_KP_0:
-        return '0';
-    case SDLK_LEFT:
-        return KeyLeft;
-    case SDLK_RIGHT:
-        return KeyRight;
-    case SDLK_UP:
-        return KeyUp;
-    case SDLK_DOWN:
-        return KeyDown;
-    case SDLK_HOME:
-        return KeyHome;
-    case SDLK_END:
-        return KeyEnd;
-    case SDLK_PAGEUP:
-        return KeyPageUp;
-    case SDLK_PAGEDOWN:
-        return KeyPageDown;
-    case SDLK_INSERT:
-        return KeyInsert;
-    case SDLK_DELETE:
-        return KeyDelete;
-    case SDLK_BACKSPACE:
-        return KeyBackspace;
-    case SDLK_TAB:
-        return KeyTab;
-    case SDLK_RETURN:
-    case SDLK_KP_ENTER:
-        return KeyEnter;
-    case SDLK_ESCAPE:
-        return KeyEscape;
-    default:
-        return code >= ' ' && code < 0x7f ? int(code) : KeyNone;
-    }
-}
-
 void ToolWindow::TakeEvent(const void* sdlEvent)
 {
     const SDL_Event& event = *static_cast<const SDL_Event*>(sdlEvent);
@@ -278,16 +229,11 @@ void ToolWindow::TakeEvent(const void* sdlEvent)
     case SDL_QUIT:
         endRequested = true;
         break;
-    case SDL_KEYDOWN: {
-        const SDL_Keysym& sym = event.key.keysym;
-        // On the key that + shares with = it takes Shift.
-        const bool shift = (sym.mod & KMOD_SHIFT) != 0 && sym.sym != SDLK_EQUALS;
-        const KeyPress press = {KeyOf(sym.sym), (sym.mod & KMOD_CTRL) != 0, shift, (sym.mod & KMOD_ALT) != 0,
-                                event.key.repeat != 0};
-        if (press.key != KeyNone)
-            keys.push_back(press);
+    case SDL_KEYDOWN:
+        keys.push_back(PressOf(event.key));
+        if (keys.back().key == KeyNone)
+            keys.pop_back();
         break;
-    }
     case SDL_MOUSEBUTTONDOWN: {
         static const int numbers[] = {-1, ImGuiMouseButton_Left, ImGuiMouseButton_Middle,
                                       ImGuiMouseButton_Right};
