@@ -10,6 +10,7 @@ class FS_ImagePicture : public ScenePictureFixture
 TEST_F(FS_ImagePicture, LightTravelsThroughThePainting)
 {
     AddFiles(FS_Image::files);
+    AddLight("glowmask.jpg");
     FS_Image image(FS_Image::files.textures[0]);
     Prepare(&image);
     Look(&image, 0.5, "FS_Image-plain");

@@ -60,11 +60,16 @@ void ScenePictureFixture::AddFiles(const EffectFiles& files)
     for (const char* name : files.textures)
         AddPicture(name, Pattern(name));
     for (const char* name : files.lights)
-        AddPicture(name, Light());
+        AddLight(name);
     for (const EffectFile& file : ListFiles(files))
         if (file.kind != TextureFile)
             std::filesystem::copy_file(SOURCE_DIR "/Data/" + file.name, PathOf(file.name),
                                        std::filesystem::copy_options::overwrite_existing);
+}
+
+void ScenePictureFixture::AddLight(const std::string& name)
+{
+    AddPicture(name, Light());
 }
 
 void ScenePictureFixture::ExpectPicture(const std::string& name)

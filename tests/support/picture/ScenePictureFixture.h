@@ -30,6 +30,9 @@ protected:
     // border for each of its lights, and the production's own models and shaders.
     void AddFiles(const EffectFiles& files);
 
+    // Such a light in the place of a pattern: for a texture that a shader reads as a mask.
+    void AddLight(const std::string& name);
+
     void ExpectPicture(const std::string& name);
 
     // Goes to this second of the scene without drawing on the way, draws it, and holds it against the golden
