@@ -212,14 +212,24 @@ static void PaintHim(Canvas& canvas, const Paper& paper)
     PaintHisStandingLeg(canvas, paper);
     const Shape coat = Between(HisBack, HisFront);
     const Mask him = Filled(W, H, coat).Shake(2, 40, 31);
+    // The coat hangs before the leg that pushes and throws its shadow on it.
+    Mask cast = Filled(W, H, Shape(Moved(coat.outlines[0], {7, 15}))).Blur(5);
+    cast.Multiply(Filled(W, H, Limb(Through(HisPush), 62, 31, 16)).Blur(1));
+    canvas.Cover(cast, DarkInk, 0.8f);
     PaintFigure(canvas, paper, him, Coat, Earth, 34);
     DrawFurrows(canvas, paper, HisBack, HisFront, 10, 12, him, Clay, palette::Ink, 35);
     Mask side = him; // his back is turned from the sun
     side.Subtract(Filled(W, H, Shape(Moved(coat.outlines[0], {34, 4}))).Blur(14));
     canvas.Glaze(side.Multiply(him), Mix(palette::Rust, palette::Ink, 0.5f), 0.6f);
+    // Its hem catches the sun.
+    const Line front = Through(HisFront);
+    Mask hem(W, H);
+    Pen turned(hem, paper, {.width = 3.4f, .wobble = 1.6f, .wave = 60, .skip = 0.3f, .dry = 0.6f}, 96);
+    turned.Stroke(Moved(Part(front, 0.58f, 0.99f), {-1, -5}), {.start = 0, .middle = 1, .end = 0});
+    canvas.Cover(hem, Mix(Clay, palette::Amber, 0.3f), 0.75f);
     InkContours(canvas, paper,
                 {{Part(Through(HisBack), 0.03f, 1), 4.5f},
-                 {Part(Through(HisFront), 0.03f, 1), 4.5f},
+                 {Part(front, 0.03f, 1), 4.5f},
                  {Through({{512, 276}, {524, 300}, {552, 318}}), 3},  // lapel
                  {Through({{472, 256}, {490, 270}, {510, 276}}), 4}}, // collar
                 0.25f, 95);

@@ -201,10 +201,12 @@ static Canvas Border(const Paper& paper)
                        0.8f, 120, 18));
     const Noise plaster(11);
     const Mask wear = Mask(W, H).Each([&](float x, float y) {
-        const float corner = Min(Min(Length({x, y - 46}), Length({W - x, y - 46})),
-                                 Min(Length({x, H - 46 - y}), Length({W - x, H - 46 - y})));
-        return Smooth(90, 10, corner + 40 * plaster.Fbm(x / 30, y / 30, 3)) +
-               0.4f * Smooth(14, 0, Min(x, W - x));
+        // Each corner has been bent as often as it was: one not at all.
+        const float rub = 40 * plaster.Fbm(x / 30, y / 30, 3) + 26 * plaster.Fbm(x / 90 + 4, y / 90, 2);
+        float corner = Smooth(64, 6, Length({x, (y - 46) * 1.6f}) + rub);
+        corner = Max(corner, 0.5f * Smooth(50, 8, Length({W - x, y - 46}) + rub));
+        corner = Max(corner, Smooth(128, 20, Length({(W - x) * 1.3f, H - 46 - y}) + rub));
+        return corner + 0.4f * Smooth(14, 0, Min(x, W - x));
     });
     border.Glaze(wear, palette::Parchment, 1);
     border.Glaze(wear, palette::Ochre, 0.2f);

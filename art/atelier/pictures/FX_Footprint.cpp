@@ -16,18 +16,19 @@ constexpr int W = 1024, H = 512;
 // clang-format off
 static const std::vector<Vector2> Sole = {
     {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 120}, {352, 104}, {286, 130},
-    {262, 196}, {276, 270}, {310, 336}, {366, 384}, {452, 402}, {560, 398}, {680, 384}, {800, 374}, {890, 350}, {938, 308},
+    {260, 196}, {278, 262}, {306, 326}, {352, 386}, {424, 416}, {502, 408}, {570, 378}, {640, 362}, {716, 376}, {796, 390},
+    {884, 366}, {936, 314},
 };
 struct Toe {
     Vector2 middle;
     float length, breadth, turn; // half, half, radians
 };
 static const Toe Toes[] = {
-    {{150, 126}, 72, 50, -0.06f}, // the big one, ahead of the others
-    {{178, 214}, 40, 27,  0.10f},
-    {{204, 272}, 34, 24,  0.22f},
-    {{240, 324}, 31, 22,  0.38f},
-    {{286, 372}, 27, 22,  0.60f},
+    {{168, 128}, 80, 53, -0.08f}, // the big one, ahead of the others
+    {{194, 215}, 52, 27,  0.14f},
+    {{222, 273}, 42, 25,  0.26f},
+    {{254, 330}, 38, 24,  0.44f},
+    {{304, 386}, 34, 27,  0.72f},
 };
 // clang-format on
 
@@ -40,9 +41,9 @@ static Mask Pressed()
         const auto back = [&](float part) {
             return toe.middle + Vector2{Cos(toe.turn), Sin(toe.turn)} * (toe.length * part);
         };
-        foot.Fill(Limb(Straight({back(0.3f), back(1.7f)}), toe.breadth * 0.75f, toe.breadth * 0.55f,
-                       toe.breadth * 0.3f),
-                  0.22f);
+        foot.Fill(Limb(Straight({back(0.3f), back(1.7f)}), toe.breadth * 0.85f, toe.breadth * 0.72f,
+                       toe.breadth * 0.62f),
+                  0.7f);
         foot.Fill(Ellipse(back(-0.16f), toe.length * 0.84f, toe.breadth, toe.turn));
         foot.Fill(Ellipse(back(0.42f), toe.length * 0.62f, toe.breadth * 0.74f, toe.turn));
     }
@@ -83,7 +84,7 @@ static Canvas Footprint()
 {
     const Paper& paper = SketchPaper();
     const Mask pressed = Pressed(), ridges = Ridges();
-    const Mask floor = pressed.Blurred(4), wide = pressed.Blurred(24);
+    const Mask floor = pressed.Blurred(4), wide = pressed.Blurred(30);
     const Noise crumbs(13), lumps(14), crack(19);
     const Mask window = Mask(W, H, 1).FadeToBorder(40);
     // The light is low: the wall on its side throws a shadow across the floor, the wall opposite shines.
@@ -101,21 +102,21 @@ static Canvas Footprint()
             wall.At(x, y) =
                 deep * Smooth(0.25f, 0.9f, 1 - Clamp(1.3f * floor.Sample(fx + 14 + 6 * ragged, fy + 5)));
             // What was pushed up around it, broken into clods.
-            const float heap = Clamp(wide.At(x, y) * 2.3f - 0.12f) * (1 - deep) *
+            const float heap = Clamp(wide.At(x, y) * 3.0f - 0.14f) * (1 - deep) *
                                Smooth(-0.5f, 0.35f, crack.Fbm(fx / 20, fy / 20, 4));
             const float slope = wide.Sample(fx + 12, fy + 5) - wide.Sample(fx - 12, fy - 5);
             rim.At(x, y) = heap * Smooth(-0.05f, 0.4f, slope) * window.At(x, y);
             lee.At(x, y) = heap * Smooth(0.02f, -0.35f, slope) * window.At(x, y);
             const float grain = crumbs.Fbm(fx / 5, fy / 5, 2);
             damp.At(x, y) =
-                deep * (0.58f + 0.14f * ragged + 0.1f * grain) * (1 - 0.3f * (1 - ridges.At(x, y)) * deep);
+                deep * (0.68f + 0.14f * ragged + 0.1f * grain) * (1 - 0.16f * (1 - ridges.At(x, y)) * deep);
         }
     damp.By([&](float x, float y) { return 0.85f + 0.6f * (0.5f - paper.Height(Floor(x), Floor(y))); });
     Canvas canvas(W, H);
-    canvas.Cover(lee, Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f, 0.55f);
+    canvas.Cover(lee, Mix(palette::Rust, palette::Slate, 0.55f) * 0.7f, 0.9f);
     canvas.Cover(damp, Mix(Mix(palette::Rust, palette::Slate, 0.42f), palette::Ochre, 0.16f) * 0.85f);
     canvas.Cover(shadow, Mix(palette::Ink, palette::Night, 0.5f), 0.8f);
-    canvas.Cover(wall, Mix(palette::Parchment, palette::Ochre, 0.45f), 0.7f);
+    canvas.Cover(wall, Mix(palette::Parchment, palette::Ochre, 0.35f), 0.85f);
     // The lip is sand in moonlight, in grains: the print is also seen where there is no sand about it.
     const Noise loose(30);
     rim.By([&](float x, float y) {
@@ -123,13 +124,13 @@ static Canvas Footprint()
                0.75f * Smooth(-0.15f, 0.25f,
                               loose.Fbm(x / 5.5f, y / 5.5f, 3) + 0.4f * rim.At(Floor(x), Floor(y)) - 0.1f);
     });
-    canvas.Cover(rim, Mix(palette::Parchment, palette::Ochre, 0.38f), 0.72f);
+    canvas.Cover(rim, Mix(palette::Parchment, palette::Bone, 0.6f), 0.9f);
     // The ridges of the skin, where the sand was damp enough to keep them.
     Mask skin = ridges;
     skin.Multiply(pressed).By([&](float x, float y) {
         return Smooth(-0.25f, 0.3f, lumps.Fbm(x / 90 + 7, y / 90, 3)) * (1 - wall.At(Floor(x), Floor(y)));
     });
-    canvas.Cover(skin, Mix(palette::Ink, palette::Rust, 0.3f), 0.42f);
+    canvas.Cover(skin, Mix(palette::Ink, palette::Rust, 0.3f), 0.24f);
     // Crumbs thrown out in front of the toes and behind the heel, and pen strokes where the edge broke.
     Mask drops(W, H), strokes(W, H);
     Pen pen(drops, paper, {.width = 2}, 15),
@@ -138,7 +139,7 @@ static Canvas Footprint()
     pen.Splatter({930, 270}, 70, 50, 4.5f);
     pen.Splatter({560, 400}, 60, 24, 4);
     line.Stroke(Part(Round(Sole), 0.04f, 0.2f), {.start = 0.1f, .middle = 0.8f, .end = 0});
-    line.Stroke(Part(Round(Sole), 0.30f, 0.62f), {.start = 0.1f, .middle = 1, .end = 0});
+    line.Stroke(Part(Round(Sole), 0.30f, 0.46f), {.start = 0.1f, .middle = 0.8f, .end = 0});
     line.Stroke(Part(Round(Sole), 0.7f, 0.95f), {.start = 0, .middle = 0.6f, .end = 0});
     for (const Toe& toe : Toes)
         line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.0f, 4.7f), toe.turn, toe.middle),

@@ -12,8 +12,8 @@ namespace atelier
 const std::vector<Vector2> HisBack   = {{470, 252}, {424, 258}, {380, 284}, {352, 332}, {344, 388}, {346, 436}, {330, 486}, {310, 536}, {284, 590}, {238, 650}};
 const std::vector<Vector2> HisFront  = {{508, 272}, {542, 290}, {562, 330}, {556, 384}, {540, 440}, {536, 500}, {500, 538}, {430, 560}, {350, 596}, {246, 654}};
 // Her: the line from her lap over breast and throat, and the line of her back from his knee to her nape.
-const std::vector<Vector2> HerFront  = {{484, 540}, {520, 504}, {556, 466}, {590, 424}, {606, 390}, {622, 362}, {650, 346}, {690, 344}, {730, 350}, {762, 350}};
-const std::vector<Vector2> HerBack   = {{584, 604}, {604, 584}, {626, 550}, {652, 506}, {690, 462}, {722, 428}, {748, 404}, {772, 388}};
+const std::vector<Vector2> HerFront  = {{484, 540}, {524, 508}, {560, 474}, {582, 440}, {590, 408}, {606, 374}, {646, 348}, {690, 344}, {730, 350}, {762, 350}};
+const std::vector<Vector2> HerBack   = {{584, 604}, {622, 594}, {650, 566}, {660, 532}, {660, 498}, {678, 466}, {712, 438}, {746, 412}, {772, 388}};
 // Her skirt, from the waist: its upper border, that is the horizon of the fields, and its left one.
 const std::vector<Vector2> FieldTop  = {{560, 606}, {640, 638}, {760, 628}, {900, 622}, {1070, 596}, {2000, 470}};
 const std::vector<Vector2> FieldLeft = {{452, 552}, {426, 640}, {380, 722}, {270, 880}, { 110, 1060}, {-300, 1500}};
@@ -24,7 +24,7 @@ const std::vector<Vector2> HerStep   = {{476, 560}, {436, 622}, {404, 654}, {364
 // Their arms, from the shoulder over the elbow to the wrist: his to the left, hers to the right, his round her, hers round
 // his neck.
 const std::vector<Vector2> HisArm    = {{440, 300}, {362, 304}, {284, 290}, {238, 236}, {180, 164}};
-const std::vector<Vector2> HerArm    = {{706, 372}, {750, 312}, {800, 272}, {866, 246}, {934, 182}};
+const std::vector<Vector2> HerArm    = {{706, 372}, {752, 328}, {806, 296}, {874, 250}, {934, 182}};
 const std::vector<Vector2> HisHold   = {{484, 316}, {518, 372}, {556, 424}, {612, 442}, {664, 446}};
 const std::vector<Vector2> HerHold   = {{700, 374}, {646, 360}, {596, 344}, {548, 312}, {500, 276}};
 const std::vector<Vector2> Hair      = {{846, 384}, {868, 446}, {842, 520}, {858, 590}, {902, 650}, {930, 705}, {985, 760}, {1080, 815}};

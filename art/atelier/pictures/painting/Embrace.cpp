@@ -101,15 +101,16 @@ void PaintHisFarArm(Canvas& canvas)
 
 void PaintHerFarArm(Canvas& canvas)
 {
-    // Shoulder, upper arm, the elbow that is nearly straight, the forearm's muscles, the wrist.
+    // The round of the shoulder, the upper arm, the elbow that gives a little, the forearm's muscles, the wrist.
     Skeleton arm;
     AddFlesh(arm.flesh.palm,
-             {{{706, 372, 0}, {728, 342, 0}, 25, 23},
-              {{728, 342, 0}, {762, 306, 0}, 21, 19},
-              {{762, 306, 0}, {808, 270, 0}, 17.5f, 13},
-              {{808, 271, -3}, {813, 267, -3}, 13, 12.5f},
-              {{812, 266, 2}, {850, 248, 2}, 13.5f, 14},
-              {{846, 250, 0}, {934, 182, 0}, 13.5f, 7}},
+             {{{702, 368, 0}, {724, 350, 0}, 30, 29},
+              {{722, 348, 2}, {738, 336, 2}, 28, 24},
+              {{736, 338, 0}, {766, 318, 0}, 22, 18},
+              {{762, 320, 0}, {808, 296, 0}, 18, 13},
+              {{808, 298, -3}, {813, 292, -3}, 13, 12.5f},
+              {{812, 292, 2}, {856, 264, 2}, 13.5f, 14},
+              {{852, 266, 0}, {934, 182, 0}, 13.5f, 7}},
              7);
     PaintFlesh(canvas, arm, false, HerFlesh, {}, 0, 142);
     PaintBark(canvas, Through(HerArm), 0.78f, 8, 153);

@@ -14,11 +14,11 @@ struct Finger {
 
 // clang-format off
 static const std::vector<Finger> Fingers = {
-    {{{532, 556}, {508, 408}, {490, 318}, {484, 240}}, {40, 35.5f, 32, 27.5f}}, // index
-    {{{604, 536}, {596, 376}, {604, 272}, {614, 182}}, {41, 36.5f, 33, 28.5f}},
-    {{{674, 552}, {694, 406}, {704, 308}, {710, 226}}, {39, 34.5f, 31, 26.5f}},
-    {{{722, 614}, {790, 514}, {838, 452}, {868, 390}}, {36, 30.5f, 27, 23}}, // little finger
-    {{{560, 772}, {474, 684}, {398, 592}, {366, 500}}, {64, 47, 40, 32}}, // thumb
+    {{{532, 556}, {508, 408}, {490, 318}, {484, 240}}, {40, 36.5f, 31, 28.5f}}, // index
+    {{{604, 536}, {596, 376}, {604, 272}, {614, 182}}, {41, 37.5f, 32, 29.5f}},
+    {{{674, 552}, {694, 406}, {704, 308}, {710, 226}}, {39, 35.5f, 30, 27.5f}},
+    {{{722, 614}, {790, 513}, {837, 451}, {866, 389}}, {36, 31, 26, 24}}, // little finger
+    {{{560, 772}, {474, 684}, {398, 592}, {366, 500}}, {66, 48, 38, 33}}, // thumb
 };
 static const std::vector<Vector2> Palm = {{496, 566}, {560, 522}, {650, 518}, {726, 556}, {756, 640}, {746, 740}, {706, 830}, {692, 930}, {564, 934}, {548, 850}, {504, 786}, {478, 680}};
 // The lines of the palm, each with how deep it is.
@@ -40,14 +40,14 @@ struct Mount {
     float along, across, turn, height;
 };
 static const std::vector<Mount> Mounts = {
-    {{536, 720}, 128, 74, 1.05f,  44}, // the ball of the thumb
+    {{536, 720}, 128, 70, 1.05f,  52}, // the ball of the thumb
     {{706, 734}, 136, 54, 1.75f,  26}, // the heel of the hand
     {{540, 590},  40, 34, 0.0f,   13}, // below each finger
     {{606, 574},  40, 34, 0.0f,   13},
     {{670, 588},  40, 34, 0.0f,   12},
     {{722, 634},  40, 32, 0.0f,   11},
     {{628, 690},  84, 50, 1.4f,  -20}, // the hollow
-    {{588, 800},  70, 16, 1.75f, -10},
+    {{600, 768},  96, 20, 1.62f, -15}, // where it falls off to the middle of the hand
 };
 // clang-format on
 
@@ -135,9 +135,14 @@ static Mask Creases(const Paper& paper)
                 continue;
             const Vector2 joint = finger.joints[i] + way * (i == 0 ? 46.0f : 0.0f);
             const float half = finger.halves[i] * (i == 0 ? 0.95f : 1);
-            for (int k = 0; k < (i == 2 ? 1 : 2); k++) {
-                pen.nib.width = k == 0 ? 4.5f : 3;
-                across(joint + way * (float(k) * 8 - 3), way, half, dice.Range(-5, -1));
+            // One fold, none like the next; a second, shorter one where the finger bends most.
+            pen.nib.width = dice.Range(3.4f, 5);
+            across(joint + way * dice.Range(-4, 4), way + Vector2{way.y, -way.x} * dice.Range(-0.12f, 0.12f),
+                   half, dice.Range(-7, -1));
+            if (i == 1) {
+                pen.nib.width = 2.2f;
+                across(joint + way * dice.Range(7, 12), way, half * dice.Range(0.45f, 0.7f),
+                       dice.Range(-4, 3));
             }
             pen.nib.width = 1.6f;
             for (int k = 0; k < 3; k++)
@@ -176,8 +181,14 @@ Mask LitHand(const Mask& shape, const Paper& paper)
         for (size_t i = 0; i + 1 < finger.joints.size(); i++) {
             const Vector2 a = finger.joints[i], b = finger.joints[i + 1];
             const float half = (finger.halves[i] + finger.halves[i + 1]) / 2;
-            RaiseMount(relief, {Mix(a, b, i == 0 ? 0.66f : 0.52f), Length(b - a) * 0.36f, half * 0.75f,
-                                Angle(b - a), i == 2 ? 9.0f : 7.0f});
+            // The pad at the end lies towards the tip and is the fullest.
+            const bool end = i + 2 == finger.joints.size();
+            RaiseMount(relief, {Mix(a, b,
+                                    end      ? 0.78f
+                                    : i == 0 ? 0.66f
+                                             : 0.52f),
+                                Length(b - a) * (end ? 0.42f : 0.36f), half * 0.75f, Angle(b - a),
+                                end ? 11.0f : 8.0f});
         }
     RaiseMount(relief, {{612, 890}, 70, 9, 1.62f, 9});
     RaiseMount(relief, {{646, 890}, 70, 8, 1.55f, 7});
