@@ -168,12 +168,21 @@ static void DrawHatching(Canvas& canvas, const Skeleton* hand, const Study& stud
     canvas.Cover(lines.Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.08f), 0.62f * skin.deep);
 }
 
+// A line that comes and goes, with its gaps closed up to twice so many pixels.
+static Mask Joined(const Mask& line, float reach)
+{
+    Mask wide = line.Outside(2 * reach);
+    wide.Curve(reach + 0.5f, reach - 0.5f);
+    return wide.Inside(2 * reach).Curve(reach - 1, reach);
+}
+
 // The outline: a hair where the light falls, heavy in the shadow; thinner inside than against the sky.
 static void DrawOutline(Canvas& canvas, const Study& study, const Skin& skin, float s, uint32_t seed)
 {
     const int width = canvas.Width(), height = canvas.Height();
     const Noise noise(seed);
-    const Mask near = study.edges.Outside(9 * s), rim = study.body.Inside(9 * s);
+    const Mask whole = skin.inner < 1 ? Joined(study.edges, 2 * s) : study.edges;
+    const Mask near = whole.Outside(9 * s), rim = study.body.Inside(9 * s);
     const Mask dark = study.dark.Blurred(3 * s);
     Mask contour(width, height);
     for (int y = 0; y < height; y++)
