@@ -96,8 +96,8 @@ static const Canvas& TowerPanorama()
         constexpr int W = 2048, H = 512;
         const Noise warp(611, 8, 4), veil(612, 8, 4), thin(613, 16, 8), rent(615, 6, 4);
         Canvas canvas(W, H, palette::Black);
-        // Dark where the towers end.
-        const auto fade = [](float y) { return Smooth(80, 380, y) * Mix(1, 0.45f, Smooth(360, 512, y)); };
+        // Dark where the towers end, and down to the ground, below which there is nothing.
+        const auto fade = [](float y) { return Smooth(80, 380, y) * Smooth(511, 425, y); };
         // Veils hang in folds, bright at one edge and thinning away from it.
         canvas.Light(Mask(W, H, 0, true).Each([&](float x, float y) {
             const float u = x / W, v = y / H;
@@ -113,7 +113,7 @@ static const Canvas& TowerPanorama()
                    Smooth(0.1f, 0.7f, thin.Fbm(u * 16 + 0.5f * warp.Gradient(u * 8, v * 4), v * 2, 5));
         }),
                      palette::Rust, 0.028f);
-        canvas.Light(Mask(W, H).Each([&](float, float y) { return Bell((H - y) / 110); }),
+        canvas.Light(Mask(W, H).Each([&](float, float y) { return Bell((H - 60 - y) / 60) * fade(y); }),
                      Mix(palette::Rust, palette::Slate, 0.4f), 0.012f);
         Mask stars(W, H, 0, true);
         Dice dice(614);
@@ -174,7 +174,7 @@ static Canvas Beam()
 PictureGroup FX_TowersPictures()
 {
     return {"FX_Towers", {
-        {"Data/fasanenbude.jpg",         1024, 1024, Format::Jpeg, TowerWalls},
+        {"Data/fasanenbude.jpg",          512, 2048, Format::Jpeg, TowerWalls},
         {"Data/spirograph.jpg",          1024, 1024, Format::Jpeg, SpirographOfLight},
         {"Data/skybox_tower_left.jpg",    512,  512, Format::Jpeg, [] { return TowerPanorama().Crop(0, 0, 512, 512); }},
         {"Data/skybox_tower_back.jpg",    512,  512, Format::Jpeg, [] { return TowerPanorama().Crop(512, 0, 512, 512); }},

@@ -23,10 +23,11 @@ TEST(FX_TowersPictures, LightThatIsAddedUpManyTimesIsFaint)
 }
 
 // A tower is a box that is cut straight, and its walls are seen edge-on without mipmaps.
-TEST(FX_TowersPictures, TheTowersWallsEndInOneParapetAndGoIntoTheDarkAtTheirCorners)
+TEST(FX_TowersPictures, TheTowersWallsEndInBattlementsAndGoIntoTheDarkAtTheirCorners)
 {
     const Raster walls = LoadPicture("fasanenbude.jpg");
-    ASSERT_EQ(1024, walls.width);
+    ASSERT_EQ(512, walls.width);
+    ASSERT_EQ(2048, walls.height);
     const auto mean = [&](int x0, int y0, int x1, int y1) {
         double sum = 0;
         for (int y = y0; y <= y1; y++)
@@ -35,21 +36,45 @@ TEST(FX_TowersPictures, TheTowersWallsEndInOneParapetAndGoIntoTheDarkAtTheirCorn
                     sum += At(walls, x, y, c);
         return sum / (3.0 * (x1 - x0 + 1) * (y1 - y0 + 1));
     };
-    // The parapet's edge: of one tone all round and through the corners, in the last row of the picture that the
-    // walls show and in those that filtering adds above it.
-    const double edge = mean(0, 254, 1023, 257);
-    EXPECT_GE(edge, 120);
-    for (int x = 0; x < 1024; x += 16)
-        EXPECT_NEAR(edge, mean(x, 254, x + 15, 257), 26) << x;
-    for (const int wall : {0, 256, 512, 768}) {
-        const double coping = mean(wall, 262, wall + 255, 270);
-        EXPECT_GE(coping, 72) << wall;
-        EXPECT_LE(mean(wall + 20, 318, wall + 235, 326), 0.55 * coping)
-            << "the shade below the corbels " << wall;
-        EXPECT_NEAR(coping, mean(wall, 262, wall + 15, 270), 0.25 * coping) << "at the corner " << wall;
+    // Sixteen merlons all round, those at the corners whole, and as dark between them as the sky is, up to the row
+    // that filtering adds.
+    for (int i = 0; i < 16; i++) {
+        const int merlon = 32 * i, gap = merlon + 16;
+        EXPECT_GE(mean(merlon, 540, merlon + 3, 552), 45) << i;
+        EXPECT_LE(mean(gap - 3, 511, gap + 3, 530), 22) << i;
+        if (i % 4 == 0) {
+            EXPECT_GE(mean(merlon, 514, merlon + 3, 524), 55) << i;
+        }
     }
-    for (const int corner : {256, 512, 768}) {
-        EXPECT_LE(mean(corner - 12, 360, corner + 12, 700), 24) << corner;
-        EXPECT_GE(mean(corner - 148, 380, corner - 108, 480), 48) << "the middle of the wall before it";
+    for (const int wall : {0, 128, 256, 384}) {
+        const double coping = mean(wall, 560, wall + 127, 566);
+        EXPECT_GE(coping, 60) << wall;
+        EXPECT_LE(mean(wall + 10, 622, wall + 117, 630), 0.55 * coping)
+            << "the shade below the corbels " << wall;
+    }
+    for (const int corner : {128, 256, 384}) {
+        EXPECT_LE(mean(corner - 4, 720, corner + 4, 1400), 28) << corner;
+        EXPECT_GE(mean(corner - 80, 800, corner - 48, 1000), 40) << "the middle of the wall before it";
+    }
+}
+
+// What is lit on a wall is seen on two or three towers at once.
+TEST(FX_TowersPictures, NoWindowOfATowerIsSoLargeThatItWouldBeKnownAgain)
+{
+    const Raster walls = LoadPicture("fasanenbude.jpg");
+    ASSERT_EQ(512, walls.width);
+    for (const int wall : {0, 128, 256, 384}) {
+        int lit = 0, rows = 0, longest = 0;
+        for (int y = 620; y < 1400; y++) {
+            int inRow = 0;
+            for (int x = wall; x < wall + 128; x++)
+                inRow += At(walls, x, y, 0) > 200 && At(walls, x, y, 1) > 150 ? 1 : 0;
+            lit += inRow;
+            rows = inRow > 0 ? rows + 1 : 0;
+            longest = std::max(longest, rows);
+        }
+        EXPECT_GE(lit, 100) << wall;
+        EXPECT_LE(lit, 128 * 780 / 50) << wall;
+        EXPECT_LE(longest, 60) << wall;
     }
 }
