@@ -5,8 +5,9 @@
 // time on them and around them, its green the mean of the ways around, which is their halo. A grey mask has no
 // halo. Measuring the surroundings here would take seventeen reads a pixel. delta is the time, two seconds each 1:
 // at 0 and below the painting is plain. Wave follows wave for as long as delta grows; what they have touched
-// goes on glimmering, and the rest of the painting sinks a little into the dusk. Then it is night: one colour, that
-// of the mist behind the village, whose ground and sky have borders and fade into it there.
+// goes on glimmering, and the rest of the painting sinks a little into the dusk. Then it is night: a thin mist that
+// lies over the village, so that what no light reaches is ink on paper and not a hole. Nothing else is seen where the
+// village's ground and sky end, which fade into it.
 
 uniform sampler2D sampler0; // the painting
 uniform sampler2D sampler1; // the mask
@@ -14,14 +15,15 @@ uniform float delta;
 
 const vec3 amber = vec3(0.94, 0.69, 0.31);
 const vec3 bone = vec3(0.94, 0.90, 0.84);
-const vec3 night = vec3(0.077, 0.095, 0.187);
+const vec3 night = vec3(0.066, 0.080, 0.154); // the mist over black
+const float mist = 0.156; // of it that hides what lies under it: the brightest part of the night, and a little
 const vec3 dusk = vec3(0.86, 0.68, 0.46); // what the unlit painting is seen through: a sun that goes down
 
 const float speed = 0.5;       // of the light, masks each delta
 const float spacing = 1.35;    // from wave to wave, in masks
 const float glimmer = 0.18;    // what stays where light has been
 const float nightFalls = 5.4;  // delta, from which the night
-const float fallen = 5.5;      // is all there is
+const float fallen = 5.43;     // is all there is
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
 
 // How bright the light is on a way that it reaches at this time of the mask, 0 to about 1.
@@ -55,13 +57,13 @@ float Cloud(vec2 place)
 float Tooth(vec2 place)
 {
     vec2 along = vec2(place.x * 0.77 + place.y * 0.64, place.y * 0.77 - place.x * 0.64);
-    return 0.86 + 0.13 * Cloud(place * 0.45) + 0.15 * Cloud(along * vec2(0.03, 0.3));
+    return 0.83 + 0.16 * Cloud(place * 0.45) + 0.18 * Cloud(along * vec2(0.03, 0.3));
 }
 
 void main()
 {
     if (delta >= fallen) {
-        gl_FragColor = vec4(night * Tooth(gl_FragCoord.xy), 1.0) * gl_Color;
+        gl_FragColor = vec4(night / mist, mist * Tooth(gl_FragCoord.xy)) * gl_Color;
         return;
     }
     vec2 place = gl_TexCoord[0].st;

@@ -5,9 +5,26 @@
 #include "art/atelier/Pictures.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/town/Town.h"
+#include "art/atelier/pictures/town/VillageEarth.h"
 
 namespace atelier
 {
+
+// The beams that a window hangs between.
+static Mask WindowTimber(int side)
+{
+    const float size = float(side), beam = 0.055f * size;
+    Mask timber(side, side);
+    const auto lay = [&](Vector2 from, Vector2 to, uint32_t seed) {
+        const Line spine = Straight({from * size, to * size});
+        timber.Fill(Shaken(Limb(spine, beam / 2, beam / 2, beam / 2), 2.5f, 50, seed));
+    };
+    lay({0.125f, 0}, {0.12f, 1}, 567);
+    lay({0.88f, 0}, {0.885f, 1}, 568);
+    lay({0, 0.125f}, {1, 0.13f}, 569);
+    lay({0, 0.875f}, {1, 0.87f}, 570);
+    return timber;
+}
 
 // A window in its frame, which one passes at arm's length. The frame stands inside the
 // picture, so that its uneven edge shows, and a lit window has room for its light: the wall about it is black,
@@ -16,7 +33,7 @@ static Canvas Window(bool lit)
 {
     constexpr int Side = 512;
     constexpr float Size = Side, Middle = Size / 2;
-    const float room = lit ? 0.66f : 0.96f; // of the picture, for the frame
+    const float room = lit ? 0.58f : 0.96f; // of the picture, for the frame
     // Places below are those of a sheet 128 wide that the frame fills.
     const auto drawn = [&](const Line& line) {
         return Moved(Scaled(Moved(line, {-64, -64}), 4 * room), {Middle, Middle});
@@ -82,18 +99,26 @@ static Canvas Window(bool lit)
     if (lit)
         canvas.Light(inner.Blurred(28), palette::Amber, 0.10f);
     paper.Show(canvas, lit ? 0.25f : 0.5f);
+    AllowForMist(canvas);
     canvas.CutOut(frame);
     if (!lit)
         return canvas;
     // The light on the wall: brighter below the lamp's height than above, gone at the picture's border.
     Canvas shine(Side, Side);
-    const Mask near = Mask(frame).Blur(20), wide = Mask(frame).Blur(58);
-    shine.Cover(Mask(Side, Side).Each([&](float x, float y) {
-        const float grain = 1 + 0.20f * wall.Fbm(x / 70, y / 70, 2);
-        const float light = 0.7f * near.Sample(x, y) + 1.0f * wide.Sample(x, y);
-        return Min(0.92f, light * grain) * Smooth(2, 80, Min(Min(x, Size - x), Min(y, Size - y)));
-    }),
-                Mix(palette::Ochre, palette::Rust, 0.25f));
+    const Mask near = Mask(frame).Blur(24), wide = Mask(frame).Blur(70);
+    const Mask timber = WindowTimber(Side);
+    Mask light(Side, Side);
+    light.Each([&](float x, float y) {
+        const float grain = 1 + 0.20f * wall.Fbm(x / 70, y / 70, 2) + 0.15f * wall.Fbm(x / 40, y / 9, 3);
+        const float shone = 0.7f * near.Sample(x, y) + 1.05f * wide.Sample(x, y);
+        return Min(0.92f, shone * grain) * Smooth(2, 64, Min(Min(x, Size - x), Min(y, Size - y)));
+    });
+    shine.Cover(light, [&](float x, float y) {
+        const LinearColour plaster = Mix(palette::Ochre, palette::Rust, 0.25f);
+        const LinearColour beam =
+            Mix(palette::Rust, palette::Ink, 0.35f) * (0.8f + 0.5f * wall.Fbm(x / 60, y / 60, 3));
+        return Mix(plaster, beam, timber.Sample(x, y));
+    });
     return shine.Lay(canvas, 0, 0);
 }
 

@@ -24,7 +24,10 @@ Canvas FieldTile()
     Pen pen(lines, SketchPaper(), {.width = 3.4f, .wobble = 1.2f, .wave = 40, .skip = 0.5f, .dry = 0.5f},
             310);
     Dice dice(311);
-    HatchFurrows(pen, dice, 900, {0, -19}, {Repeat, 19}, toSheet, [](Vector2) { return true; });
+    const auto everywhere = [](Vector2) { return true; };
+    HatchFurrows(pen, dice, 900, ShadedSide, {0, -19}, {Repeat, 19}, toSheet, everywhere);
+    pen.nib.width = 1.6f;
+    HatchFurrows(pen, dice, 1500, WholeFurrow, {0, -19}, {Repeat, 19}, toSheet, everywhere);
     canvas.Cover(lines, palette::Ink, 0.7f);
     // Stubble, drawn long: the picture is laid out nearly three times as wide as it is deep.
     Mask stubble(Side, Side, 0, true);

@@ -4,13 +4,24 @@
 #include "art/atelier/Pen.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/town/Town.h"
-#include "art/atelier/pictures/town/WallAtlas.h"
+#include "art/atelier/pictures/town/VillageEarth.h"
 
 #include <functional>
 #include <vector>
 
 namespace atelier
 {
+
+// Four walls side by side, joining at their edges, and a roof in the top right corner.
+constexpr float Size = 1024;
+constexpr int Side = 1024;
+constexpr float WallWidth = 256, WallTop = 256, WallFoot = 768;
+constexpr float RoofLeft = 768, RoofFoot = 256;
+
+static Mask Roof()
+{
+    return Filled(Side, Side, Rectangle(RoofLeft, 0, Size, RoofFoot));
+}
 
 // Timber: one beam from place to place.
 struct Beam {
@@ -69,6 +80,25 @@ static float Whitewash(float x)
     return Max(Smooth(1.02f, 0.98f, w), Smooth(2.98f, 3.02f, w));
 }
 
+// The third wall, the front, is always lit, by up to so much.
+constexpr float FrontLight = 0.85f;
+
+// Of the other walls a twenty-fifth of what is painted reaches the eye wherever no light does, so that their drawing goes
+// from black to the brightest white there is.
+static float IsUnlit(float x)
+{
+    const float w = x / WallWidth;
+    return w < 2 || w >= 3 ? 1.0f : 0.0f;
+}
+
+// The moon on an edge that no other light reaches, as bright as it can be painted. The lamp of the plaza has no blue, and
+// makes of plain white and ochre a green: on the last wall, where it shines on the pillars, everything is reddened.
+static LinearColour RimAt(float x)
+{
+    return x < 3 * WallWidth ? Mix(palette::Mist, palette::Bone, 0.9f) * 1.12f
+                             : LinearColour{0.98f, 0.47f, 0.30f};
+}
+
 // The second wall is seen from the plaza, when the way lies behind: by then the moon is on it.
 constexpr float BackLeft = WallWidth, BackMiddle = 1.5f * WallWidth;
 static float IsBack(float x)
@@ -85,16 +115,18 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
         const float wet = Smooth(520, 740, y + 130 * noise.damp.Fbm(x / Size * 6, y / Size * 6, 3));
         const LinearColour clay =
             Mix(Mix(palette::Parchment, palette::Ochre, 0.22f), palette::Bone, 0.6f * Clamp(t)) * 0.66f;
-        const LinearColour white = Mix(palette::Mist, palette::Bone, 0.45f + 0.5f * Clamp(t)) * 1.02f;
-        // Brick dust in the lime: the lamp of the plaza has no blue, and makes of plain ochre a green.
-        constexpr LinearColour Reddened = {1.06f, 0.53f, 0.38f};
-        const LinearColour plaster = Mix(Mix(clay, white, Whitewash(x)) * Reddened,
-                                         Mix(palette::Slate, palette::Mist, 0.55f + 0.4f * t), IsBack(x)) *
-                                     (1 + 0.14f * strokes);
-        return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), 0.5f * wet);
+        const LinearColour white = Mix(palette::Mist, palette::Bone, 0.8f + 0.3f * Clamp(t)) * 1.12f;
+        // Brick dust in the lime, most of it where the lamp shines.
+        constexpr LinearColour Reddened = {1.06f, 0.53f, 0.38f}, Limed = {1.06f, 0.62f, 0.46f};
+        const float first = Smooth(1.02f, 0.98f, x / WallWidth);
+        const LinearColour lime = white * Mix(Limed, LinearColour{1, 1, 1}, first);
+        const LinearColour plaster =
+            Mix(Mix(clay * Reddened, lime, Whitewash(x)), white * 0.86f, IsBack(x)) * (1 + 0.14f * strokes);
+        return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), Mix(0.5f, 0.2f, IsUnlit(x)) * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        return Smooth(0.08f, 0.3f, noise.damp.Fbm(x / Size * 6 + 2, y / Size * 6, 4));
+        return Mix(1, 0.25f, IsUnlit(x)) *
+               Smooth(0.08f, 0.3f, noise.damp.Fbm(x / Size * 6 + 2, y / Size * 6, 4));
     });
     Wash(canvas, SketchPaper(), blots,
          {.pigment = Mix(palette::Ochre, palette::Mist, 0.45f), .density = 0.35f, .pool = 0.9f, .stray = 6},
@@ -119,7 +151,8 @@ static void PaintRubble(Canvas& canvas, const HouseNoise& noise)
     const Mask bare = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         const float fell =
             noise.damp.Fbm(x / Size * 12 + 3, y / Size * 12 + 1, 4) + 0.22f * Smooth(560, 740, y) - 0.10f;
-        return Smooth(0.30f, 0.325f, fell);
+        return Smooth(0.30f, 0.325f,
+                      fell - 0.12f * IsUnlit(x)); // in the dark a stain would be taken for a hole
     });
     canvas.Cover(bare, [&](float x, float y) { return RubbleAt(x, y, noise); });
     canvas.Glaze(Mask(bare).Blur(5).Subtract(bare), Mix(palette::Slate, palette::Rust, 0.3f), 0.9f);
@@ -153,20 +186,24 @@ constexpr HouseFrame Frames[4] = {
 };
 // clang-format on
 
-static void DrawTimber(Mask& timber, Pen& outline, DryBrush& brush, Dice& dice)
+static void DrawTimber(Mask& timber, Mask& posts, Pen& outline, DryBrush& brush, Dice& dice)
 {
     for (int wall = 0; wall < 4; wall++) {
         const float left = WallWidth * float(wall);
         const Vector2 at = {left, 0};
         const HouseFrame& frame = Frames[wall];
+        // In the dark only what is broad is seen.
+        const float broad = Mix(1, 1.5f, IsUnlit(left));
         for (const float y : {268.0f, 394.0f, 508.0f})
-            DrawBeam(timber, outline, brush, {{left - 6, y}, {left + WallWidth + 6, y}, 20}, dice.Next());
-        DrawBeam(timber, outline, brush, {at + frame.braceFrom, at + frame.braceTo, 15}, dice.Next());
-        DrawBeam(timber, outline, brush, {at + frame.otherFrom, at + frame.otherTo, 15}, dice.Next());
+            DrawBeam(timber, outline, brush, {{left - 6, y}, {left + WallWidth + 6, y}, 20 * broad},
+                     dice.Next());
+        DrawBeam(timber, outline, brush, {at + frame.braceFrom, at + frame.braceTo, 15 * broad}, dice.Next());
+        DrawBeam(timber, outline, brush, {at + frame.otherFrom, at + frame.otherTo, 15 * broad}, dice.Next());
         for (const float x : frame.studs)
-            DrawBeam(timber, outline, brush, {{left + x, 514}, {left + x + 2, 744}, 15}, dice.Next());
-        DrawBeam(timber, outline, brush, {{left, WallTop - 30}, {left, WallFoot + 30}, 30}, dice.Next());
+            DrawBeam(timber, outline, brush, {{left + x, 514}, {left + x + 2, 744}, 15 * broad}, dice.Next());
+        DrawBeam(posts, outline, brush, {{left, WallTop - 30}, {left, WallFoot + 30}, 30}, dice.Next());
     }
+    timber.Unite(posts);
 }
 
 static void DrawDoors(Mask& wood, Mask& doors)
@@ -207,7 +244,7 @@ static Mask Plinth(const HouseNoise& noise)
 // The roof: shingles in rows, a little crooked.
 static void PaintRoof(Canvas& canvas, Dice& dice)
 {
-    canvas.Cover(Roof(), Mix(palette::Rust, palette::Slate, 0.55f) * 0.8f);
+    canvas.Cover(Roof(), RimAt(RoofLeft)); // no other light reaches it than the lamp
     Mask shade(Side, Side), seams(Side, Side, 0, true);
     Pen slater(seams, SketchPaper(), {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 520);
     for (int row = 0; row < 8; row++)
@@ -220,7 +257,7 @@ static void PaintRoof(Canvas& canvas, Dice& dice)
             shade.Fill(shingle, dice.Range(0, 0.8f));
             slater.Stroke(shingle, {.start = 0.4f, .middle = 1, .end = 0.3f});
         }
-    canvas.Glaze(shade.Multiply(Roof()), palette::Ochre, 0.4f);
+    canvas.Glaze(shade.Multiply(Roof()), palette::Rust, 0.7f);
     canvas.Cover(seams.Multiply(Roof()), palette::Ink, 0.9f);
 }
 
@@ -239,9 +276,14 @@ static void LayTiles(Canvas& canvas, const Mask& where, const std::function<floa
                                       palette::Ink, 0.35f) *
                                   (0.85f + 0.35f * worn.Fbm(x / Size * 24, y / Size * 24, 4));
         const float edge = 0.86f - 0.16f * across * across;
-        const LinearColour rim = Mix(tile, palette::Mist, 0.45f * Hill(edge - 0.06f, 0.08f, v));
-        return Mix(rim, palette::Ink * 0.7f,
-                   Max(Smooth(edge, edge + 0.06f, v), Smooth(0.86f, 0.97f, Abs(across))));
+        const float unlit = IsUnlit(x);
+        LinearColour rim = Mix(tile, Mix(palette::Mist, RimAt(x), unlit),
+                               Mix(0.45f, 0.9f, unlit) * Hill(edge - 0.07f, Mix(0.08f, 0.15f, unlit), v));
+        rim = Mix(rim, palette::Ink * 0.7f,
+                  Max(Smooth(edge, edge + 0.06f, v), Smooth(0.86f, 0.97f, Abs(across))));
+        // The moon on the ridge.
+        return Mix(rim, RimAt(x),
+                   unlit * Smooth(WallTop + 13, WallTop + 9, y + 3 * worn.Fbm(x / Size * 24, 0.5f, 2)));
     });
 }
 
@@ -278,7 +320,7 @@ static void PaintRoofLines(Canvas& canvas, const Paper& paper)
         ink.Stroke(Beside(verge, 9), {.start = 1, .middle = 0.9f, .end = 0.8f});
         ink.Stroke(Beside(verge, -9), {.start = 1, .middle = 0.9f, .end = 0.8f});
     }
-    canvas.Cover(boards, Mix(palette::Mist, palette::Bone, 0.45f));
+    canvas.Cover(boards, Mix(palette::Mist, palette::Bone, 0.9f) * 1.1f);
     canvas.Cover(joints, palette::Ink, 0.9f);
 }
 
@@ -314,23 +356,23 @@ static void LightBack(Canvas& canvas, const Paper& paper)
     canvas.Cover(frame, Mix(palette::Rust, palette::Ink, 0.75f));
 }
 
-// The wall at s above 0.75 looks at whoever comes along the way and is lit by the sky alone, as is the first
-// one: a fifth of what is painted reaches the eye. They are whitewashed, their timber is nearly black.
+// The wall at s above 0.75 looks at whoever comes along the way and no light reaches it, nor the first one. They are
+// whitewashed, their corner posts too; their beams are black.
 Canvas HouseWalls()
 {
     const Paper& paper = SketchPaper();
     const HouseNoise noise;
     Canvas canvas(Side, Side);
     PaintPlaster(canvas, noise);
-    Mask timber(Side, Side, 0, true), ink(Side, Side, 0, true), grain(Side, Side, 0, true), wood(Side, Side),
-        edges(Side, Side, 0, true), doors(Side, Side);
+    Mask timber(Side, Side, 0, true), posts(Side, Side, 0, true), ink(Side, Side, 0, true),
+        grain(Side, Side, 0, true), wood(Side, Side), edges(Side, Side, 0, true), doors(Side, Side);
     Pen pen(ink, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 505);
     Pen outline(edges, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.25f}, 516);
     DryBrush brush(grain, paper, {.width = 18, .count = 9, .thickness = 1.3f, .load = 0.5f}, 506);
     Dice dice(507);
     PaintRubble(canvas, noise);
     DrawCracks(pen, dice);
-    DrawTimber(timber, outline, brush, dice);
+    DrawTimber(timber, posts, outline, brush, dice);
     DrawDoors(wood, doors);
     timber.Subtract(Roof());
     // Under beams and eaves lies a shadow.
@@ -344,9 +386,17 @@ Canvas HouseWalls()
     // The doors reach down through the plinth.
     const Mask plinth = Plinth(noise);
     canvas.Cover(plinth, [&](float x, float y) { return RubbleAt(x, y, noise) * 0.85f; });
-    canvas.Cover(timber.Subtract(plinth), Mix(palette::Rust, palette::Ink, 0.78f), 0.95f);
-    grain.Multiply(timber);
+    canvas.Cover(
+        timber.Subtract(plinth),
+        [](float x, float) {
+            return Mix(Mix(palette::Rust, palette::Ink, 0.78f), palette::Ink * 0.4f, IsUnlit(x));
+        },
+        0.97f);
+    grain.Multiply(timber).By([](float x, float) { return Mix(1, 0.3f, IsUnlit(x)); });
     canvas.Cover(grain, Mix(palette::Ochre, palette::Slate, 0.4f), 0.42f);
+    posts.By([](float x, float) { return IsUnlit(x); }).Subtract(plinth).Subtract(Roof());
+    canvas.Cover(
+        posts, [](float x, float) { return RimAt(x); }, 0.96f);
     edges.Subtract(wood).Subtract(plinth);
     canvas.Cover(edges, palette::Ink, 0.9f);
     canvas.Cover(wood, [&](float x, float y) {
@@ -359,7 +409,9 @@ Canvas HouseWalls()
     PaintRoofLines(canvas, paper);
     PaintRoof(canvas, dice);
     paper.Show(canvas, 0.6f);
-    return canvas;
+    Canvas front = canvas.Crop(2 * int(WallWidth), 0, int(WallWidth), Side);
+    AllowForMist(front, FrontLight);
+    return canvas.Lay(front, 2 * int(WallWidth), 0);
 }
 
 } // namespace atelier

@@ -250,7 +250,7 @@ static Canvas Paint(const PaintedFace& face)
                {.core = palette::Amber, .halo = palette::Ochre, .strength = light.bright, .haloPart = 0.35f});
     }
     const Noise front(422);
-    return canvas.Cover(Mask(face.width, face.height).Each([&](float x, float y) {
+    canvas.Cover(Mask(face.width, face.height).Each([&](float x, float y) {
         const Direction d = face.at(x / w, y / h);
         const Vector2 p = Flat(d);
         const float depth = face.depth(x / w, y / h);
@@ -258,7 +258,9 @@ static Canvas Paint(const PaintedFace& face)
         const float dark = Smooth(FadeBegins, FadeEnds, depth + ragged * Smooth(FadeEnds, 0.2f, depth));
         return 1 - (1 - dark) * (1 - dark) * Smooth(FadeEnds + 0.01f, FadeEnds - 0.12f, depth);
     }),
-                        NightBehind);
+                 NightBehind);
+    AllowForMist(canvas);
+    return canvas;
 }
 
 // clang-format off

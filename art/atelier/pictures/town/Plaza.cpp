@@ -117,8 +117,13 @@ static LinearColour EarthAt(Vector2 g)
         Mix(VillageEarth(g.x + PlazaX, g.y) * (1 + 0.55f * lie), Mix(palette::Moss, palette::Slate, 0.35f),
             0.22f * Smooth(0.05f, 0.5f, lie));
     const float t = 0.5f + 0.7f * soil.Fbm(g.x / 2.2f, g.y / 2.2f, 5);
+    const Noise::WorleyCell pebble =
+        soil.Worley(g.x / 0.17f + 0.3f * soil.Gradient(g.x / 0.4f, g.y / 0.4f), g.y / 0.17f);
+    const float gravel = Smooth(0.02f, 0.22f, pebble.second - pebble.nearest) *
+                         (0.55f + 0.45f * float(pebble.name & 255) / 255);
     const LinearColour trodden =
-        Mix(Mix(palette::Slate, palette::Moss, 0.55f), palette::Parchment, 0.16f * t) * (0.55f + 0.35f * t);
+        Mix(Mix(palette::Slate, palette::Moss, 0.35f), palette::Parchment, 0.16f * t) *
+        (0.30f + 0.30f * t + 0.34f * gravel);
     return Mix(trodden, field, Smooth(12.6f, 14.6f, Length(g) + Raggedness(g)));
 }
 
@@ -190,7 +195,9 @@ static void DrawFurrowsAround(Canvas& canvas, Dice& dice)
         const Vector2 m = {g.x - PlazaX, g.y};
         return Length(m) + Raggedness(m) > 14.4f;
     };
-    HatchFurrows(plough, dice, 6500, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
+    HatchFurrows(plough, dice, 6500, ShadedSide, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
+    plough.nib.width = 1.4f;
+    HatchFurrows(plough, dice, 9000, WholeFurrow, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
     canvas.Cover(lines, palette::Ink, 0.7f);
     // The camera comes as near as its own height: clods and stubble are drawn one by one.
     Mask stubble(Side, Side);
@@ -227,14 +234,33 @@ static void DarkenGround(Canvas& canvas)
                          4),
                  NightBehind);
     const Mask shadow = Mask(Side, Side).Each([](float x, float y) { return ShadowAt(FromMiddle(x, y)); }, 2);
+    // Drawn in strokes that end anywhere: long ones along the furrows, and short ones across them nearer the dark.
+    struct Layer {
+        float width, angle, spacing, length, faintest, fullest; // the last two of the shadow
+    };
+    constexpr Layer Layers[] = {{1.9f, 0.04f, 5, 110, 0.02f, 0.7f},
+                                {1.6f, 0.50f, 6, 40, 0.12f, 0.8f},
+                                {1.8f, -0.35f, 7, 24, 0.30f, 0.9f},
+                                {2.6f, 0.12f, 6, 60, 0.45f, 0.9f}};
+    const Noise ends(341);
+    uint32_t seed = 342;
     Mask ink(Side, Side);
-    Pen pen(ink, SketchPaper(), {.width = 3.6f, .wobble = 1, .wave = 30, .skip = 0.2f}, 338);
-    Hatch(pen, Mask(shadow).Each([&](float x, float y) {
-        const float s = shadow.At(Floor(x), Floor(y));
-        return s < 0.97f ? Smooth(0.02f, 0.45f, s) : 0;
-    }),
-          {.angle = 0.62f, .spacing = 8, .length = 70}, 339);
-    canvas.Cover(ink, palette::Ink * 0.35f, 0.9f);
+    for (const Layer& layer : Layers) {
+        Pen pen(ink, SketchPaper(), {.width = layer.width, .wobble = 1, .wave = 30, .skip = 0.35f}, seed);
+        Hatch(pen, Mask(shadow).Each([&](float x, float y) {
+            const float s = shadow.At(Floor(x), Floor(y));
+            const float stray = 0.25f * ends.Fbm(x / 26 + float(seed), y / 26, 3);
+            return s < 0.97f ? Smooth(layer.faintest, layer.fullest, s + stray) : 0;
+        }),
+              {.angle = layer.angle,
+               .spacing = layer.spacing,
+               .length = layer.length,
+               .uneven = 0.6f,
+               .bend = 10},
+              seed + 1);
+        seed += 2;
+    }
+    canvas.Cover(ink, palette::Ink * 0.35f, 0.8f);
     canvas.Tone(Mask(shadow).Each([&](float x, float y) { return 1 - shadow.At(Floor(x), Floor(y)); }), 0.02f,
                 1);
 }

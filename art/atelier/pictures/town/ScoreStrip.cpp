@@ -2,9 +2,11 @@
 #include "art/atelier/Pen.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/town/Town.h"
+#include "art/atelier/pictures/town/VillageEarth.h"
 #include "art/music/Theme.h"
 
 #include <span>
+#include <vector>
 
 namespace atelier
 {
@@ -15,14 +17,15 @@ constexpr int Width = 4096, Height = 1024;
 constexpr float W = Width / Fine, H = Height / Fine;
 constexpr float Bar = 128, Gap = 7; // pixels from bar line to bar line and from line to line
 constexpr float FirstBeat = 49, Beat = 28.5f;
-constexpr float SignBefore = 12, QuaverEarly = 5; // pixels ahead of the head, and of the place in time
+constexpr float SignBefore = 11, QuaverEarly = 7; // pixels ahead of the head, and of the place in time
 // The strip is seen from one end, along the staves, so that everything on it is drawn wide along them, as
-// signs on a road are.
-constexpr float HeadX = 6.2f, HeadY = 3.7f;
+// signs on a road are; heads are tilted, so that they stay heads where one stands over them.
+constexpr float HeadX = 5.4f, HeadY = 3.1f, HeadTilt = -0.42f;
+constexpr float StemWidth = 1.8f, StemLength = 21, BeamWidth = 4.4f;
 
-// The lowest lines of the five staves: theme, counter-melody, two for the chords of the second and third
-// beats, bass.
+// The lowest lines of the five staves: theme, counter-melody, chords, the same chords broken, bass.
 constexpr float Foot[5] = {58, 104, 150, 196, 240};
+constexpr int ChordStaff = 2, BrokenStaff = 3; // the upper three have treble clefs
 
 // Steps of the white keys above the C four octaves below middle C's.
 static int Step(char letter, int octave)
@@ -56,11 +59,11 @@ static Triad TriadOf(const char* name)
     return triad;
 }
 
-// The place of a letter in the staff that begins at E.
-static int StepInStaff(char letter)
+// The lowest place of a letter from a step on.
+static int StepFrom(int low, char letter)
 {
-    int step = Step(letter, 4);
-    while (step < TrebleFoot)
+    int step = Step(letter, 0);
+    while (step < low)
         step += 7;
     return step;
 }
@@ -91,15 +94,20 @@ private:
     Mask& ink;
 };
 
+// Where a stem leaves its head; `up` is -1 for a stem that goes up, on the right, and 1 for one that goes down.
+static Vector2 StemRoot(Vector2 at, float up)
+{
+    return at + Vector2{-up * (HeadX - 0.9f), up * 1.4f};
+}
+
 static void DrawHead(Quill& pen, Vector2 at, bool hollow)
 {
     if (!hollow) {
-        pen.Fill(Ellipse(at, HeadX, HeadY, -0.22f));
+        pen.Fill(Ellipse(at, HeadX, HeadY, HeadTilt));
         return;
     }
     pen.Width(2.2f);
-    pen.Stroke(Ellipse(at, HeadX - 0.9f, HeadY - 0.8f, -0.3f), {.start = 1, .middle = 0.75f, .end = 1});
-    pen.Stroke(Arc(at, HeadX - 0.9f, HeadY - 0.6f, 0.3f, 2.0f), {.start = 0.4f, .middle = 1, .end = 0.4f});
+    pen.Stroke(Ellipse(at, HeadX - 0.7f, HeadY - 0.6f, HeadTilt), {.start = 1, .middle = 0.75f, .end = 1});
 }
 
 // A rest of a quarter, about the staff's middle line.
@@ -128,15 +136,51 @@ static void DrawTime(Quill& pen, Vector2 middle)
     pen.Stroke(Straight({in(2.4f, 4.6f), in(2, 13.6f)}), {.start = 0.8f, .middle = 1, .end = 0.9f});
 }
 
+static void DrawLedgerLines(Quill& pen, Vector2 at, float foot)
+{
+    pen.Width(1.4f);
+    for (float y = foot + Gap; y <= at.y + 1; y += Gap)
+        pen.Stroke(Straight({{at.x - 10, y}, {at.x + 10, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
+    for (float y = foot - 5 * Gap; y >= at.y - 1; y -= Gap)
+        pen.Stroke(Straight({{at.x - 10, y}, {at.x + 10, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
+}
+
+// Quavers under one beam, which leans as far as its first and its last note do, but not much.
+static void DrawBeamed(Quill& pen, std::span<const Vector2> heads, float foot)
+{
+    float sum = 0, highest = heads[0].y, lowest = heads[0].y;
+    for (const Vector2& at : heads) {
+        sum += at.y;
+        highest = Min(highest, at.y);
+        lowest = Max(lowest, at.y);
+    }
+    const float up = sum / float(heads.size()) > foot - 2 * Gap ? -1.0f : 1.0f;
+    const float level = up < 0 ? highest - StemLength + 3 : lowest + StemLength - 3;
+    const float lean = Max(-3, Min(3, (heads.back().y - heads.front().y) / 3));
+    const float from = heads.front().x, to = heads.back().x;
+    const auto tipOver = [&](Vector2 at) {
+        return Vector2{StemRoot(at, up).x, level + lean * ((at.x - from) / (to - from) - 0.5f)};
+    };
+    for (const Vector2& at : heads) {
+        DrawHead(pen, at, false);
+        DrawLedgerLines(pen, at, foot);
+        pen.Width(StemWidth);
+        pen.Stroke(Straight({StemRoot(at, up), tipOver(at)}), {.start = 1, .middle = 1, .end = 1});
+    }
+    const Vector2 half = {0, BeamWidth / 2}, first = tipOver(heads.front()) - Vector2{0.8f, 0},
+                  last = tipOver(heads.back()) + Vector2{0.8f, 0};
+    pen.Fill({first - half, last - half, last + half, first + half, first - half});
+}
+
 static void DrawNote(Quill& pen, Vector2 at, float length, float foot)
 {
     const bool hollow = length >= 2;
     DrawHead(pen, at, hollow);
     if (length < 3) {
         const float up = at.y > foot - 2 * Gap ? -1.0f : 1.0f;
-        const Vector2 root = at + Vector2{-up * (HeadX - 0.7f), 0}, tip = root + Vector2{0.6f, up * 23};
-        pen.Width(2.4f);
-        pen.Stroke(Straight({root, tip}), {.start = 1, .middle = 0.9f, .end = 0.8f});
+        const Vector2 root = StemRoot(at, up), tip = root + Vector2{0.4f, up * StemLength};
+        pen.Width(StemWidth);
+        pen.Stroke(Straight({root, tip}), {.start = 1, .middle = 1, .end = 0.9f});
         if (length < 1) {
             pen.Width(4);
             pen.Stroke(Through({tip, tip + Vector2{6, -up * 4}, tip + Vector2{11, -up * 10},
@@ -146,11 +190,7 @@ static void DrawNote(Quill& pen, Vector2 at, float length, float foot)
     }
     if (length == 1.5f || length == 3)
         pen.Dot(at + Vector2{12, -1.5f}, 2.0f);
-    pen.Width(1.6f);
-    for (float y = foot + Gap; y <= at.y + 1; y += Gap)
-        pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
-    for (float y = foot - 5 * Gap; y >= at.y - 1; y -= Gap)
-        pen.Stroke(Straight({{at.x - 11, y}, {at.x + 11, y}}), {.start = 0.8f, .middle = 0.9f, .end = 0.6f});
+    DrawLedgerLines(pen, at, foot);
 }
 
 static void DrawSign(Quill& pen, Vector2 at, int accidental)
@@ -232,11 +272,17 @@ static void PaintPaper(Canvas& canvas)
 // The lines of the staves and the bar lines.
 static void DrawStaves(Quill& lines)
 {
+    // They stray from their heights in waves that fit the strip, so that they go on where it joins itself.
+    Dice dice(545);
     for (const float foot : Foot)
-        for (int i = 0; i < 5; i++)
-            // Overlapping itself where the strip joins.
-            lines.Stroke(Straight({{-4, foot - Gap * float(i)}, {W + 4, foot - Gap * float(i)}}),
-                         {.start = 0.9f, .middle = 0.9f, .end = 0.9f});
+        for (int i = 0; i < 5; i++) {
+            const float turned = dice.Range(0, 2 * Pi), other = dice.Range(0, 2 * Pi);
+            Line line;
+            for (float x = -16; x <= W + 16; x += 2)
+                line.push_back({x, foot - Gap * float(i) + 0.32f * Sin(2 * Pi * 5 * x / W + turned) +
+                                       0.22f * Sin(2 * Pi * 13 * x / W + other)});
+            lines.Stroke(line, {.start = 0.9f, .middle = 0.9f, .end = 0.9f});
+        }
     for (int bar = 0; bar < waltz::themeBars; bar++) {
         const float x = Bar * float(bar) + 3;
         lines.Width(2.2f);
@@ -257,11 +303,12 @@ static void DrawStaves(Quill& lines)
 static void DrawClefs(Quill& pen)
 {
     for (int staff = 0; staff < 5; staff++) {
-        if (staff < 4)
+        const bool treble = staff < BrokenStaff;
+        if (treble)
             DrawTrebleClef(pen, {12, Foot[staff] - Gap});
         else
             DrawBassClef(pen, {11.5f, Foot[staff] - 3 * Gap});
-        DrawSign(pen, {24.5f, Foot[staff] - (staff < 4 ? 2.0f : 1.0f) * Gap}, -1);
+        DrawSign(pen, {24.5f, Foot[staff] - (treble ? 2.0f : 1.0f) * Gap}, -1);
         DrawTime(pen, {35, Foot[staff] - 2 * Gap});
     }
 }
@@ -300,31 +347,56 @@ static void DrawTune(Quill& pen, std::span<const waltz::ThemeNote> notes, float 
     slur();
 }
 
-// The chord of a bar on its second and third beat, in the two staves for it.
+// The chord of a bar after a rest, root and fifth on one stem: so far apart that the two stay two heads. Held in every
+// other bar.
 static void DrawChord(Quill& pen, int bar)
 {
+    const float foot = Foot[ChordStaff];
     const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
-    for (const int staff : {2, 3})
-        DrawRest(pen, PlaceOf(bar, 0, TrebleFoot + 4, TrebleFoot, Foot[staff]));
-    for (int beat = 1; beat <= 2; beat++) {
-        // Third and fifth together on one stem, the root below them.
-        const auto at = [&](int i, float foot) {
-            return PlaceOf(bar, float(beat), StepInStaff(triad.letter[i]), TrebleFoot, foot);
-        };
-        const Vector2 third = at(1, Foot[2]), fifth = at(2, Foot[2]);
-        const bool down = third.y + fifth.y < 2 * (Foot[2] - 2 * Gap);
-        DrawHead(pen, third, false);
-        DrawHead(pen, fifth, false);
-        const float side = down ? -1.0f : 1.0f, high = Min(third.y, fifth.y), low = Max(third.y, fifth.y);
-        const Vector2 root = {third.x + side * (HeadX - 0.7f), down ? high : low};
-        pen.Width(2.4f);
-        pen.Stroke(Straight({root, {root.x + 0.6f, down ? low + 20 : high - 20}}),
-                   {.start = 1, .middle = 0.9f, .end = 0.8f});
-        DrawNote(pen, at(0, Foot[3]), 1, Foot[3]);
-        for (int i = 0; beat == 1 && i < 3; i++)
-            if (triad.sign[i] != 0)
-                DrawSign(pen, at(i, Foot[i == 0 ? 3 : 2]) - Vector2{SignBefore, 0}, triad.sign[i]);
+    const int root = StepFrom(TrebleFoot - 1, triad.letter[0]);
+    const bool held = bar % 2 == 0;
+    DrawRest(pen, PlaceOf(bar, 0, TrebleFoot + 4, TrebleFoot, foot));
+    for (int beat = 1; beat <= (held ? 1 : 2); beat++) {
+        const Vector2 low = PlaceOf(bar, float(beat), root, TrebleFoot, foot),
+                      high = PlaceOf(bar, float(beat), root + 4, TrebleFoot, foot);
+        const float up = low.y + high.y > 2 * (foot - 2 * Gap) ? -1.0f : 1.0f;
+        for (const Vector2& at : {low, high}) {
+            DrawHead(pen, at, held);
+            DrawLedgerLines(pen, at, foot);
+        }
+        const Vector2 from = StemRoot(up < 0 ? low : high, up);
+        pen.Width(StemWidth);
+        pen.Stroke(
+            Straight({from, {from.x + 0.4f, up < 0 ? high.y - StemLength + 3 : low.y + StemLength - 3}}),
+            {.start = 1, .middle = 1, .end = 0.9f});
+        if (beat == 1 && triad.sign[0] != 0)
+            DrawSign(pen, low - Vector2{SignBefore, 0}, triad.sign[0]);
     }
+}
+
+// The same chord broken, in six quavers, or in its root and four.
+static void DrawBrokenChord(Quill& pen, int bar)
+{
+    constexpr int Up[6] = {0, 2, 4, 2, 4, 2}; // steps over the root
+    constexpr float BrokenBeat = 0.47f;
+    const float foot = Foot[BrokenStaff];
+    const Triad triad = TriadOf(waltz::themeHarmony[bar - 1]);
+    const int root = StepFrom(BassFoot - 1, triad.letter[0]);
+    const bool six = bar % 2 == 0 && triad.sign[1] == 0; // a sign needs room
+    std::vector<Vector2> heads;
+    for (int i = six ? 0 : 2; i < 6; i++)
+        // The next bar line is near.
+        heads.push_back(PlaceOf(bar, BrokenBeat * float(i), root + Up[six ? i : i - 1], BassFoot, foot));
+    DrawBeamed(pen, heads, foot);
+    if (!six)
+        DrawNote(pen, PlaceOf(bar, 0, root, BassFoot, foot), 1, foot);
+    // A sign holds to the bar line, and stands before the first of its notes.
+    const Vector2 first = PlaceOf(bar, 0, root, BassFoot, foot);
+    if (triad.sign[0] != 0)
+        DrawSign(pen, first - Vector2{SignBefore, 0}, triad.sign[0]);
+    if (triad.sign[1] != 0)
+        DrawSign(pen, PlaceOf(bar, 2 * BrokenBeat, root + 2, BassFoot, foot) - Vector2{SignBefore - 1, 0},
+                 triad.sign[1]);
 }
 
 Canvas ScoreStrip()
@@ -334,9 +406,9 @@ Canvas ScoreStrip()
     PaintPaper(canvas);
     Mask ruled(Width, Height, 0, true), ink(Width, Height, 0, true);
     Quill lines(ruled, paper,
-                {.width = 1.5f,
-                 .least = 0.5f,
-                 .wobble = 0.6f,
+                {.width = 1.25f,
+                 .least = 0.6f,
+                 .wobble = 0,
                  .wave = 90,
                  .wander = 0.35f,
                  .skip = 0.02f,
@@ -352,10 +424,12 @@ Canvas ScoreStrip()
     for (int bar = 1; bar <= waltz::themeBars; bar++) {
         DrawNote(pen, PlaceOf(bar, 0, StepOfKey(waltz::themeBass[bar - 1]), BassFoot, Foot[4]), 3, Foot[4]);
         DrawChord(pen, bar);
+        DrawBrokenChord(pen, bar);
     }
-    canvas.Cover(ruled, palette::Ink, 0.72f);
+    canvas.Cover(ruled, palette::Ink, 0.82f);
     canvas.Cover(ink, palette::Ink, 0.96f);
     paper.Show(canvas, 0.4f);
+    AllowForMist(canvas);
     canvas.CutOut(SheetMask());
     return canvas;
 }

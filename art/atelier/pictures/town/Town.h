@@ -12,7 +12,7 @@ Canvas FieldOfTheNames(); // fields from above, under the tree of the names
 Canvas FieldTile();       // across the picture 40 units of ground, down it 14.3: furrows run down it
 Canvas Plaza();           // 60 units of ground both ways, the ring of stones in its middle
 
-// Atlases: four walls side by side in the rows 256 to 768, a roof in the top right quarter of a quarter.
+// Atlases: four walls side by side in the middle half of the rows, a roof above the last of them.
 Canvas HouseWalls();
 Canvas TowerWalls();
 
