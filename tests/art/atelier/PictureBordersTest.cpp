@@ -15,10 +15,10 @@ using namespace atelier;
 // The sides at which a picture does not end, and what goes on there.
 static const std::map<std::string, std::string> sidesThatGoOn = {
     // the next face of the box, and below the ground
-    {"skybox_tower_left.jpg", "lrb"},
-    {"skybox_tower_back.jpg", "lrb"},
-    {"skybox_tower_right.jpg", "lrb"},
-    {"skybox_tower_front.jpg", "lrb"},
+    {"skybox_tower_left.jpg", "lr"},
+    {"skybox_tower_back.jpg", "lr"},
+    {"skybox_tower_right.jpg", "lr"},
+    {"skybox_tower_front.jpg", "lr"},
     // the lower edge of the screen
     {"waldsterben.png", "b"},
     {"waldsterben2.png", "b"},
