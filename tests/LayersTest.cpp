@@ -3,12 +3,12 @@
 // docs/ARCHITECTURE.md: its first lines that are indented by four blanks, from the top floor down. A line
 // begins with its entries, which are folders ("effects/") or single pairs of files ("kernel/Report").
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -22,10 +22,10 @@ typedef std::vector<std::string> Floor;
 
 static Floor EntriesOf(const std::string& line)
 {
-    static const std::regex entry("[a-z][a-z/]*/([A-Z][A-Za-z]*)?");
+    static const std::string entry = "[a-z][a-z/]*/([A-Z][A-Za-z]*)?";
     Floor floor;
     std::istringstream words(line);
-    for (std::string word; words >> word && std::regex_match(word, entry);)
+    for (std::string word; words >> word && !MatchWhole(word, entry).empty();)
         floor.push_back(word);
     return floor;
 }
@@ -89,14 +89,14 @@ TEST(Layers, EachSourceIncludesOnlyItsOwnFloorAndThoseBelow)
     const std::vector<Floor> floors = ReadDrawing();
     ASSERT_GT(floors.size(), 10u);
     // What has no folder is generated, like the examples of docs/EFFECTS.md.
-    const std::regex include("^ *# *include \"([^\"]+/[^\"]+)\"");
+    const std::string include = "^ *# *include \"([^\"]+/[^\"]+)\"";
     for (const std::string& file : Sources()) {
         const Place user = PlaceOf(file, floors);
         EXPECT_NE("", user.entry) << file << " has no place in the drawing";
         std::ifstream source(fs::path(SOURCE_DIR) / file);
         for (std::string line; std::getline(source, line);) {
-            std::smatch match;
-            if (!std::regex_search(line, match, include))
+            const PatternMatch match = FindFirst(line, include);
+            if (match.empty())
                 continue;
             const std::string included = match[1];
             const Place used = PlaceOf(included, floors);
@@ -122,19 +122,19 @@ TEST(Layers, EveryEntryOfTheDrawingHasSources)
 
 TEST(Layers, OnlyThePlatformKnowsWindowToolkits)
 {
-    const std::regex toolkit("#include <(SDL|FL/|X11/)");
+    const std::string toolkit = "#include <(SDL|FL/|X11/)";
     for (const std::string& file : Sources()) {
         if (file.rfind("platform/", 0) == 0 || file.rfind("tests/", 0) == 0)
             continue;
         std::ifstream source(fs::path(SOURCE_DIR) / file);
         for (std::string line; std::getline(source, line);)
-            EXPECT_FALSE(std::regex_search(line, toolkit)) << file << ": " << line;
+            EXPECT_TRUE(FindFirst(line, toolkit).empty()) << file << ": " << line;
     }
 }
 
 TEST(Layers, OnlyTestsAndToolsAndTheSourcesBesideThemIncludeHooks)
 {
-    const std::regex hooks("^ *# *include \"([a-z/]+)/[A-Za-z]+Hooks.h\"");
+    const std::string hooks = "^ *# *include \"([a-z/]+)/[A-Za-z]+Hooks.h\"";
     int included = 0;
     for (const std::string& file : Sources()) {
         if (file.rfind("tests/", 0) == 0 || file.rfind("tools/", 0) == 0)
@@ -142,12 +142,11 @@ TEST(Layers, OnlyTestsAndToolsAndTheSourcesBesideThemIncludeHooks)
         const fs::path path(file);
         std::ifstream source(fs::path(SOURCE_DIR) / path);
         for (std::string line; std::getline(source, line);) {
-            std::smatch match;
-            if (!std::regex_search(line, match, hooks))
+            const PatternMatch match = FindFirst(line, hooks);
+            if (match.empty())
                 continue;
             included++;
-            EXPECT_TRUE(path.extension() == ".cpp" && path.parent_path() == match[1].str())
-                << file << ": " << line;
+            EXPECT_TRUE(path.extension() == ".cpp" && path.parent_path() == match[1]) << file << ": " << line;
         }
     }
     EXPECT_GT(included, 0);

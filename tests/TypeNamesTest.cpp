@@ -2,13 +2,13 @@
 // Sources keep their functions to themselves by `static`, which types can't have. Two sources of a program that
 // define types of one name break the one-definition rule, and no compiler says so.
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -19,18 +19,19 @@ namespace fs = std::filesystem;
 // namespaces are not indented.
 static std::vector<std::string> TypesOf(std::istream& source)
 {
-    static const std::regex opens("namespace ([A-Za-z0-9_:]+)( \\{)?"), closes("\\} // namespace .*"),
-        type("(struct|class|union|enum|enum class) ([A-Za-z0-9_]+)( final)?( :.*)?( \\{.*)?");
+    static const std::string opens = "namespace ([A-Za-z0-9_:]+)( \\{)?";
+    static const std::string closes = "\\} // namespace .*";
+    static const std::string type =
+        "(struct|class|union|enum|enum class) ([A-Za-z0-9_]+)( final)?( :.*)?( \\{.*)?";
     std::vector<std::string> spaces = {""}, types;
     std::string line;
-    std::smatch found;
     while (std::getline(source, line)) {
-        if (std::regex_match(line, found, opens))
-            spaces.push_back(spaces.back() + found.str(1) + "::");
-        else if (std::regex_match(line, closes) && spaces.size() > 1)
+        if (const PatternMatch space = MatchWhole(line, opens); !space.empty())
+            spaces.push_back(spaces.back() + space[1] + "::");
+        else if (!MatchWhole(line, closes).empty() && spaces.size() > 1)
             spaces.pop_back();
-        else if (std::regex_match(line, found, type))
-            types.push_back(spaces.back() + found.str(2));
+        else if (const PatternMatch found = MatchWhole(line, type); !found.empty())
+            types.push_back(spaces.back() + found[2]);
     }
     return types;
 }

@@ -4,6 +4,7 @@
 #include "kernel/Production.h"
 #include "platform/WindowSystem.h"
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
@@ -11,7 +12,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -83,11 +83,10 @@ TEST(DesktopFiles, ShowNoScreenshotsWhereThereIsNoSite)
 TEST(DesktopFiles, NameScreenshotsThatAreThere)
 {
     const std::string text = ReadFile(SOURCE_DIR "/desktop/screenshots.xml.in");
-    const std::regex image("/screenshots/([a-z]+\\.jpg)</image>");
-    int count = 0;
-    for (std::sregex_iterator each(text.begin(), text.end(), image), none; each != none; ++each, count++)
-        EXPECT_TRUE(fs::exists(SOURCE_DIR "/docs/pictures/screenshots/" + (*each)[1].str())) << (*each)[1];
-    EXPECT_EQ(4, count);
+    const std::vector<PatternMatch> images = FindAll(text, "/screenshots/([a-z]+\\.jpg)</image>");
+    EXPECT_EQ(4u, images.size());
+    for (const PatternMatch& image : images)
+        EXPECT_TRUE(fs::exists(SOURCE_DIR "/docs/pictures/screenshots/" + image[1])) << image[1];
 }
 
 TEST(Packages, AgreeWithTheListsOfPackagesAndThePublisher)

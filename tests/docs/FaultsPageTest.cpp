@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // docs/FAULTS.md held against the tree: every promise names a test, and every test that it names is there.
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -24,14 +24,12 @@ static std::vector<std::string> Promises()
 
 TEST(FaultsPage, NamesATestForEachPromiseAndItIsThere)
 {
-    const std::regex path("`(tests/[^`]*)`");
     ASSERT_GE(Promises().size(), 25u);
     for (const std::string& row : Promises()) {
         const std::string last = row.substr(row.rfind('|', row.size() - 2));
-        const std::sregex_iterator none;
-        std::sregex_iterator test(last.begin(), last.end(), path);
-        EXPECT_NE(none, test) << row;
-        for (; test != none; ++test)
-            EXPECT_TRUE(std::filesystem::exists(SOURCE_DIR "/" + (*test)[1].str())) << (*test)[1];
+        const std::vector<PatternMatch> tests = FindAll(last, "`(tests/[^`]*)`");
+        EXPECT_FALSE(tests.empty()) << row;
+        for (const PatternMatch& test : tests)
+            EXPECT_TRUE(std::filesystem::exists(SOURCE_DIR "/" + test[1])) << test[1];
     }
 }

@@ -7,11 +7,11 @@
 #include "kernel/Production.h"
 #include "kernel/SynchMessageTable.h"
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 #include "tests/support/ShowFixture.h"
 
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -56,7 +56,7 @@ protected:
             rows.emplace_back();
             std::istringstream row(lines[i].substr(1));
             for (std::string cell; std::getline(row, cell, '|');)
-                rows.back().push_back(std::regex_replace(cell, std::regex("^[ `]+|[ `]+$"), ""));
+                rows.back().push_back(ReplaceAll(cell, "^[ `]+|[ `]+$", ""));
         }
         return rows;
     }
@@ -196,7 +196,6 @@ TEST_F(ScriptPage, EveryToolThatItNamesHasAPage)
     std::string page;
     for (const std::string& line : lines)
         page += line + "\n";
-    const std::regex tool("marlinex-[a-z]+");
-    for (auto i = std::sregex_iterator(page.begin(), page.end(), tool); i != std::sregex_iterator(); ++i)
-        EXPECT_TRUE(std::ifstream(SOURCE_DIR "/docs/man/" + i->str() + ".h2m").good()) << i->str();
+    for (const PatternMatch& tool : FindAll(page, "marlinex-[a-z]+"))
+        EXPECT_TRUE(std::ifstream(SOURCE_DIR "/docs/man/" + tool[0] + ".h2m").good()) << tool[0];
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The manual pages of the companion programs say what the programs say.
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -18,11 +18,11 @@ namespace fs = std::filesystem;
 static std::set<std::string> OptionsOfHelp(const std::string& help)
 {
     std::set<std::string> found;
-    const std::regex option("(?:^|\n)  (?:(-[A-Za-z]), |    )(--[a-z-]+)(=[A-Z:x/]+)?");
-    for (std::sregex_iterator each(help.begin(), help.end(), option), none; each != none; ++each) {
-        if ((*each)[1].matched)
-            found.insert((*each)[1]);
-        found.insert((*each)[2].str() + (*each)[3].str());
+    for (const PatternMatch& option :
+         FindAll(help, "(?:^|\n)  (?:(-[A-Za-z]), |    )(--[a-z-]+)(=[A-Z:x/]+)?")) {
+        if (!option[1].empty())
+            found.insert(option[1]);
+        found.insert(option[2] + option[3]);
     }
     return found;
 }
@@ -35,16 +35,12 @@ static fs::path ManualOf(const std::string& program)
 // Options as the heads of the manual's paragraphs have them.
 static std::set<std::string> OptionsOfManual(std::string manual)
 {
-    manual = std::regex_replace(manual, std::regex("\\\\f[BIPR]|\\\\[,/]"), "");
-    manual = std::regex_replace(manual, std::regex("\\\\-"), "-");
+    manual = ReplaceAll(manual, "\\\\f[BIPR]|\\\\[,/]", "");
+    manual = ReplaceAll(manual, "\\\\-", "-");
     std::set<std::string> found;
-    const std::regex head("\n\\.TP\n(-.*)");
-    const std::regex option("(^|, )(-[A-Za-z]|--[a-z-]+(=[A-Z:x/]+)?)(?=,|$)");
-    for (std::sregex_iterator each(manual.begin(), manual.end(), head), none; each != none; ++each) {
-        const std::string line = (*each)[1];
-        for (std::sregex_iterator word(line.begin(), line.end(), option); word != none; ++word)
-            found.insert((*word)[2]);
-    }
+    for (const PatternMatch& head : FindAll(manual, "\n\\.TP\n(-.*)"))
+        for (const PatternMatch& option : FindAll(head[1], "(^|, )(-[A-Za-z]|--[a-z-]+(=[A-Z:x/]+)?)(?=,|$)"))
+            found.insert(option[2]);
     return found;
 }
 
@@ -63,8 +59,9 @@ TEST(Manuals, NameTheVersionAndNoDateThatTwoBuildsWouldDifferIn)
 {
     for (const std::string& program : Programs()) {
         const std::string manual = ReadFile(ManualOf(program));
-        EXPECT_TRUE(std::regex_search(
-            manual, std::regex("\n\\.TH MARLINEX\\\\-[A-Z]+ \"1\" \"\" \"Marlinex [0-9.]+\" \"Marlinex\"\n")))
+        EXPECT_EQ(
+            1u, FindAll(manual, "\n\\.TH MARLINEX\\\\-[A-Z]+ \"1\" \"\" \"Marlinex [0-9.]+\" \"Marlinex\"\n")
+                    .size())
             << program;
     }
 }
@@ -88,9 +85,8 @@ TEST(Manuals, NameTheProgramAndItsVersionOnTopAndSayWhatItIsFor)
     for (const std::string& name : Programs()) {
         SCOPED_TRACE(name);
         const ProgramRun version = RunProgram(name, {"--version"});
-        EXPECT_TRUE(std::regex_match(version.output, std::regex(name + " [0-9]+\\.[0-9]+\n")))
-            << version.output;
-        std::string dashed = std::regex_replace(name, std::regex("-"), "\\-");
+        EXPECT_FALSE(MatchWhole(version.output, name + " [0-9]+\\.[0-9]+\n").empty()) << version.output;
+        std::string dashed = ReplaceAll(name, "-", "\\-");
         std::string upper = dashed;
         for (char& c : upper)
             c = char(toupper(c));
@@ -114,10 +110,10 @@ TEST(Manuals, AreCleanRoffOfLinesThatFit)
             EXPECT_LE(line.size(), 120u) << name << " line " << number;
             EXPECT_FALSE(!line.empty() && line.back() == ' ') << name << " line " << number;
             // The requests of an ordinary page; a misspelt one would vanish without a word.
-            static const std::regex request(
-                "^\\.(\\\\\"|TH|SH|SS|TP|B|I|BR|BI|IR|IB|RI|RB|PP|nf|fi|EX|EE|RS|RE|IP|br)( |$)");
+            static const std::string request =
+                "^\\.(\\\\\"|TH|SH|SS|TP|B|I|BR|BI|IR|IB|RI|RB|PP|nf|fi|EX|EE|RS|RE|IP|br)( |$)";
             const bool isRequest = !line.empty() && (line[0] == '.' || line[0] == '\'');
-            EXPECT_TRUE(!isRequest || std::regex_search(line, request))
+            EXPECT_TRUE(!isRequest || !FindFirst(line, request).empty())
                 << name << " line " << number << ": " << line;
         }
     }

@@ -5,9 +5,9 @@
 #include "resources/TextureLoader.h"
 #include "tests/Folders.h"
 #include "tests/support/NullWindowSystem.h"
+#include "tests/support/Patterns.h"
 
 #include <filesystem>
-#include <regex>
 
 static const int windowWidth = 800, windowHeight = 600;
 
@@ -79,11 +79,10 @@ std::vector<std::string> EffectFixture::ToldMissing(Effect* effect)
     boxes.clear();
     Init(effect);
 
-    const std::regex fileName("[^/\\\\ \"]+\\.(jpg|png|txt|vp|fp)");
     std::vector<std::string> names;
     for (const auto& box : boxes) {
-        std::smatch match;
-        names.push_back(std::regex_search(box.body, match, fileName) ? match.str() : box.caption);
+        const PatternMatch fileName = FindFirst(box.body, "[^/\\\\ \"]+\\.(jpg|png|txt|vp|fp)");
+        names.push_back(fileName.empty() ? box.caption : fileName[0]);
     }
     return names;
 }

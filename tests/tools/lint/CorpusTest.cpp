@@ -5,6 +5,7 @@
 // production's effects stands in them as EFFECTS.
 #include "kernel/Production.h"
 #include "tests/Folders.h"
+#include "tests/support/Patterns.h"
 #include "tests/support/ReadFile.h"
 #include "tests/support/RunProgram.h"
 
@@ -14,7 +15,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -35,12 +35,10 @@ static std::vector<std::string> ScriptNames()
 static std::set<std::string> Codes()
 {
     std::set<std::string> codes;
-    const std::regex code("(?:Error|Warning|Note),\\s+\"([a-z-]+)\"");
-    for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / "tools/lint")) {
-        const std::string source = ReadFile(entry.path());
-        for (std::sregex_iterator each(source.begin(), source.end(), code), none; each != none; ++each)
-            codes.insert((*each)[1]);
-    }
+    for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / "tools/lint"))
+        for (const PatternMatch& found :
+             FindAll(ReadFile(entry.path()), "(?:Error|Warning|Note),\\s+\"([a-z-]+)\""))
+            codes.insert(found[1]);
     return codes;
 }
 
@@ -81,7 +79,7 @@ TEST_P(LintCorpus, GivesExactlyWhatLiesBesideIt)
 
 INSTANTIATE_TEST_SUITE_P(Script, LintCorpus, testing::ValuesIn(ScriptNames()),
                          [](const testing::TestParamInfo<std::string>& script) {
-                             return std::regex_replace(script.param, std::regex("-"), "_");
+                             return ReplaceAll(script.param, "-", "_");
                          });
 
 TEST(LintCodes, HaveAScriptOfTheirNameEach)
@@ -99,9 +97,7 @@ TEST(LintCodes, AreExplainedInTheManualAndInTheDocuments)
     const std::string manual = ReadFile(fs::path(BINARY_DIR) / "man/marlinex-lint.1");
     const std::string document = ReadFile(fs::path(SOURCE_DIR) / "docs/TOOLS.md");
     for (const std::string& code : Codes()) {
-        EXPECT_NE(std::string::npos,
-                  manual.find("\n.B " + std::regex_replace(code, std::regex("-"), "\\-") + "\n"))
-            << code;
+        EXPECT_NE(std::string::npos, manual.find("\n.B " + ReplaceAll(code, "-", "\\-") + "\n")) << code;
         EXPECT_NE(std::string::npos, document.find("| `" + code + "` |")) << code;
     }
 }

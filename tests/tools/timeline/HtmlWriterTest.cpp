@@ -2,13 +2,13 @@
 #include "tools/timeline/HtmlWriter.h"
 
 #include "tests/support/BusyShow.h"
+#include "tests/support/Patterns.h"
 #include "tests/support/Xml.h"
 #include "tools/timeline/HtmlPage.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -51,11 +51,10 @@ TEST(TimelineHtml, HasTheColoursThatItsStyleUses)
     const std::string style = PageStyle();
     EXPECT_NE(std::string::npos, style.find("--ink: #0d1020;"));
     EXPECT_NE(std::string::npos, style.find("--amber-parts: 240 176 80;"));
-    const std::regex use("var\\((--[a-z-]+)\\)");
-    int uses = 0;
-    for (std::sregex_iterator each(style.begin(), style.end(), use), none; each != none; ++each, uses++)
-        EXPECT_NE(std::string::npos, style.find(" " + (*each)[1].str() + ": ")) << (*each)[1];
-    EXPECT_GT(uses, 10);
+    const std::vector<PatternMatch> uses = FindAll(style, "var\\((--[a-z-]+)\\)");
+    EXPECT_GT(uses.size(), 10u);
+    for (const PatternMatch& use : uses)
+        EXPECT_NE(std::string::npos, style.find(" " + use[1] + ": ")) << use[1];
 }
 
 TEST(TimelineHtml, WithoutScriptsItIsHeadGutterPlotAndFoot)
