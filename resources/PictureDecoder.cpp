@@ -196,8 +196,10 @@ static DecodedPicture DecodeInChild(const std::string& path, const std::string& 
     if (pipe(ends) != 0)
         return failed;
     const pid_t child = fork();
-    if (child == 0)
+    if (child == 0) {
+        close(ends[0]); // a pipe with no other reader ends the child when the picture is refused halfway
         DecodeAndSend(path, bytes, ends[1]);
+    }
     close(ends[1]);
     DecodedPicture picture;
     const bool received = child > 0 && ReceivePicture(ends[0], bytes.size(), &picture);

@@ -23,6 +23,9 @@ void SetChildFate(ChildFate fate);
 // The process in which a foreign picture was decoded last; 0 if none was.
 pid_t LastForeignDecoder();
 
+// How the child that was waited for last has ended, as waitpid tells it.
+int LastChildStatus();
+
 // The seconds that the child asked to be ended after; 0 if it did not. The second: it went on in spite of the signal.
 unsigned LastAlarm();
 bool OutlivedAlarm();

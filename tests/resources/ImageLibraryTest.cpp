@@ -28,6 +28,7 @@ static int readsToFail = 0;
 static int waitsToFail = 0;
 static int failure = 0;
 static int shutdowns = 0;
+static thread_local int childStatus = 0; // other threads wait for programs of their own
 static FileFunctions fileFunctions = {};
 
 // What the child tells of itself, in memory that it shares with the test.
@@ -87,6 +88,11 @@ void SetChildFate(ChildFate fate)
 pid_t LastForeignDecoder()
 {
     return SharedNotes()->process;
+}
+
+int LastChildStatus()
+{
+    return childStatus;
 }
 
 unsigned LastAlarm()
@@ -173,7 +179,12 @@ ssize_t read(int file, void* to, size_t size)
 
 pid_t waitpid(pid_t child, int* status, int options)
 {
-    return Fails(&waitsToFail) ? -1 : pid_t(syscall(SYS_wait4, child, status, options, nullptr));
+    if (Fails(&waitsToFail))
+        return -1;
+    const pid_t ended = pid_t(syscall(SYS_wait4, child, &childStatus, options, nullptr));
+    if (status)
+        *status = childStatus;
+    return ended;
 }
 
 unsigned alarm(unsigned seconds) noexcept
