@@ -14,7 +14,7 @@ using namespace atelier;
 
 // The sides at which a picture does not end, and what goes on there.
 static const std::map<std::string, std::string> sidesThatGoOn = {
-    // the next face of the box, and below the ground
+    // the next face of the box
     {"skybox_tower_left.jpg", "lr"},
     {"skybox_tower_back.jpg", "lr"},
     {"skybox_tower_right.jpg", "lr"},
