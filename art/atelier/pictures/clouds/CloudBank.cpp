@@ -35,13 +35,16 @@ constexpr Vector2 ToMoon = {620, -560};
 constexpr Vector2 Middle = {512, 512};
 constexpr int Size = 1024;
 constexpr float Veil = 0.12f;
+constexpr int Stride =
+    5; // from a billow to the next one painted; shares no factor with the counts of the rows
 
 static void PaintRow(Canvas& sheet, const BankRow& row, const CloudTones& tones, Dice& dice,
                      const Noise& curls)
 {
     for (int i = 0; i < row.count; i++) {
         // Not from one side to the other, so that neighbours overlap now this way and now that.
-        const float t = (float((i * 4) % row.count) + dice.Range(0.15f, 0.85f)) / float(row.count) * 2 - 1;
+        const float t =
+            (float((i * Stride) % row.count) + dice.Range(0.15f, 0.85f)) / float(row.count) * 2 - 1;
         const float rx = Mix(row.smallest, row.largest, dice.Unit()) * (1.1f - 0.35f * t * t);
         const Vector2 at = Middle + Vector2{row.reach * t, row.y + row.sinks * t * t + dice.Range(-14, 14)};
         PaintBillow(sheet, curls, {at, rx, rx * dice.Range(0.58f, 0.76f), row.light, row.haze, row.nib},
