@@ -197,7 +197,7 @@ TEST_F(Transport, OverTheWholeNightPictureAndSoundAreLessThanAFrameApart)
             // The window looks at its own times in between.
             while (now < until) {
                 const double step = std::min(1 / 144.0, until - now);
-                platform::StepClock(int64_t(step * 1e9 + 0.5));
+                platform::StepClock(std::llround(step * 1e9));
                 now += step;
                 player.Update();
                 const double heard = now * deviceRate / 44100;
