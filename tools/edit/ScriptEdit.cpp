@@ -157,6 +157,12 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
     for (size_t i = 0; i < target.times.size(); i++)
         if (std::find(indices.begin(), indices.end(), i) == indices.end())
             lastKept = i;
+    // An empty item is read as 0, but at the end of a list only if a comma stands after it. That comma stays then.
+    const Place last = target.times[lastKept].place;
+    const bool keepsComma =
+        last.begin == last.end && target.FindValue(key::ActivationTime)->text.back() != ',';
+    if (keepsComma)
+        items.emplace_back();
     for (size_t i = target.times.size(); i-- > 0;) {
         if (std::find(indices.begin(), indices.end(), i) == indices.end())
             continue;
@@ -165,6 +171,8 @@ bool ScriptEdit::RemoveTimes(size_t block, std::vector<size_t> indices)
         // A time goes with the comma after it. Times at the end go with all that follows the last one that is left.
         if (i < lastKept)
             Replace(text, {place.begin, target.times[i + 1].place.begin}, "", &changes);
+        else if (keepsComma && i == lastKept + 1)
+            Replace(text, {last.end + 1, place.end}, "", &changes);
         else
             Replace(text, {target.times[i - 1].place.end, place.end}, "", &changes);
     }

@@ -128,6 +128,49 @@ TEST_F(DocumentCopy, DeleteTakesTimesOutOfAList)
                                ""));
 }
 
+static std::string ListOf(const std::string& times)
+{
+    return "[MESSAGE]\nMessageText=hand;\nActivationTime=" + times + ";\nTargetEffect=FX_Clouds;\n";
+}
+
+TEST_F(DocumentCopy, DeleteLeavesAnEmptyItemThatIsReadAs0)
+{
+    const std::string at0 = "FX_Clouds hand at 0", at5 = "FX_Clouds hand at 5";
+    const struct {
+        const char* before;
+        std::vector<ItemId> deleted;
+        const char* after;
+        std::vector<std::string> messages;
+    } cases[] = {
+        {"5000,,6000", {{0, 0}, {0, 2}}, ",", {at0}},
+        {"5000,,6000", {{0, 2}}, "5000,,", {at5, at0}},
+        {"5000, # none # ,6000", {{0, 2}}, "5000, # none # ,", {at5, at0}},
+        {"5000,,,6000", {{0, 2}, {0, 3}}, "5000,,", {at5, at0}},
+        {",5000,6000", {{0, 1}, {0, 2}}, ",", {at0}},
+        {"5000,,6000,", {{0, 2}}, "5000,,", {at5, at0}},
+        {"5000,,", {{0, 0}}, ",", {at0}},
+        {"5000,,6000", {{0, 1}, {0, 2}}, "5000", {at5}},
+        {"6000,,5000", {{0, 0}, {0, 1}}, "5000", {at5}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(std::string(each.before) + " to " + each.after);
+        Open(ListOf(each.before));
+        EXPECT_TRUE(document.Delete(each.deleted));
+        ExpectNow(ListOf(each.before), ListOf(each.after));
+        EXPECT_EQ(each.messages, Play(document.Text()).messages);
+    }
+}
+
+TEST_F(DocumentCopy, CopyOfAnEmptyItemIsAMessageAt0)
+{
+    Open(ListOf("5000,,6000"));
+    EXPECT_EQ(ListOf(","), document.Copy({{0, 1}}));
+    document.Paste(document.Copy({{0, 1}}), 7000);
+    EXPECT_EQ(std::vector<std::string>({"FX_Clouds hand at 5", "FX_Clouds hand at 0", "FX_Clouds hand at 6",
+                                        "FX_Clouds hand at 7"}),
+              Play(document.Text()).messages);
+}
+
 TEST_F(DocumentCopy, DeleteOfAllBlocksLeavesTheComments)
 {
     Open(night);
