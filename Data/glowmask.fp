@@ -22,8 +22,8 @@ const vec3 dusk = vec3(0.86, 0.68, 0.46); // what the unlit painting is seen thr
 const float speed = 0.5;       // of the light, masks each delta
 const float spacing = 1.35;    // from wave to wave, in masks
 const float glimmer = 0.18;    // what stays where light has been
-const float nightFalls = 5.4;  // delta, from which the night
-const float fallen = 5.43;     // is all there is
+const float nightFalls = 5.4;  // delta, from which the painting gives way to the night
+const float fallen = 5.43;     // delta, from which that is all there is: a white flash hides so quick a change
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
 
 // How bright the light is on a way that it reaches at this time of the mask, 0 to about 1.
@@ -80,6 +80,12 @@ void main()
     colour *= 1.0 + 1.25 * light * amber; // pigment that the light shines through
     vec3 glow = mix(amber, bone, 0.5 * min(light, 1.0) * core) * light * 0.6;
     colour += glow * (1.0 - clamp(colour, 0.0, 1.0)); // never to flat white
-    colour = mix(colour, night, smoothstep(nightFalls, fallen, delta));
-    gl_FragColor = (delta > 0.0 ? vec4(colour, painting.a) : painting) * gl_Color;
+    vec4 lit = vec4(colour, painting.a);
+    float fall = smoothstep(nightFalls, fallen, delta);
+    if (fall > 0.0) { // the village is seen more and more: an opaque night between them would be a dark frame
+        float thin = mist * Tooth(gl_FragCoord.xy);
+        float alpha = mix(painting.a, thin, fall);
+        lit = vec4(mix(colour * painting.a, night / mist * thin, fall) / alpha, alpha);
+    }
+    gl_FragColor = (delta > 0.0 ? lit : painting) * gl_Color;
 }
