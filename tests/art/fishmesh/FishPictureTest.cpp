@@ -207,12 +207,25 @@ TEST_F(SwimmingFish, ComesBackToTheSamePictureAfterTwoBeats)
     EXPECT_GT(Compare(first, one, 8).pixelsBeyond, Compare(first, two, 8).pixelsBeyond);
 }
 
-TEST_F(SwimmingFish, IsAsBrightAsItsParameterSays)
+// The light goes with the square root of the parameter: a quarter leaves half of it, a twenty-fifth a fifth.
+TEST_F(SwimmingFish, DimsMoreSlowlyThanItsParameterAndGoesOutWithIt)
 {
     Aside();
-    const double full = Sum(Draw(0.3f, 1.0f));
-    EXPECT_GT(full, 1e6);
-    EXPECT_NEAR(0.5, Sum(Draw(0.3f, 0.5f)) / full, 0.03) << "a little more, where the full light is clipped";
+    const Picture full = Draw(0.3f, 1.0f);
+    EXPECT_GT(Sum(full), 1e6);
+    const struct {
+        float brightness;
+        int divisor; // of the light
+    } rows[] = {{0.25f, 2}, {0.04f, 5}};
+    for (const auto& row : rows) {
+        const Picture dimmed = Draw(0.3f, row.brightness);
+        for (size_t i = 0; i < full.pixels.size(); i++) {
+            if (full.pixels[i] < 255)
+                ASSERT_NEAR(double(full.pixels[i]) / row.divisor, dimmed.pixels[i], 1.01) << i;
+            else // the full light is clipped
+                ASSERT_GE(dimmed.pixels[i], 255 / row.divisor) << i;
+        }
+    }
     EXPECT_EQ(0.0, Sum(Draw(0.3f, 0.0f)));
 }
 
