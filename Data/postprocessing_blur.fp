@@ -14,18 +14,20 @@
 // light reaches and black on the others, and their shadow on the land is black too. Here they are drawn anew, as ink in
 // a mist: the share of black and bark in a disc about each place is compared with a bar, which joins the cubes into
 // limbs with round edges. The slope of that share is the limb's outward direction, by which the moon gives it a rim,
-// and the slope in a wider disc a side that is a little lighter. Bark is told from land by its hue. What is black is
+// and the slope in a wider disc says how densely it is hatched. Bark is told from land by its hue. What is black is
 // the tree's near bark and in the upper part of the picture; elsewhere it is shadow, a wash over the land that thins
 // out towards the picture's foot. Where nothing was drawn there is night.
 //
 // The effect lets blur_intensity grow with the tree, from -0.75. It approaches 0.45, for the first tree 0.95, as
 // exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. The mist lies in banks one
-// before the other, each with a light upper border that fades downwards, as washes do. It hides a tree that is but a
-// few cubes and lifts as it grows; some of it stays on the land. The last camera has a constant intensity of 0.25 and
-// rises with its tree: there the height of the land's far border tells how far the tree has grown.
+// before the other, each with a light upper border, lost here and found there, that fades downwards, as washes do. It
+// hides a tree that is but a few cubes and lifts as it grows; some of it stays on the land. The last camera has a
+// constant intensity of 0.25 and rises with its tree: there the height of the land's far border tells how far the tree
+// has grown.
 //
 // The first tree is the smallest and the nearest, two stumps on a log. Its mist stays up to the stumps, they carry on
-// in boughs, and a wood stands behind it. The limbs of the second end in points, and the wood is far behind it.
+// in boughs, and a wood stands behind it. The limbs of the second end in points, and the wood is far behind it. The
+// third is a giant behind the wood, in a veil.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -69,14 +71,20 @@ const float bell = 0.8;                    // by which a tap at the disc's rim c
 const float dryEdge = 0.08;                // by which the bar differs from place to place
 const vec2 dryGrain = vec2(60.0, 45.0);    // features of that in the picture's width and height
 
-const float nearTaps = 10.0;               // for bark
+const float nearTaps = 12.0;               // for bark
 const vec2 nearReach = vec2(0.05, 0.07);   // about a black place
 const vec4 treeSigns = vec4(4.0, 3.5, 0.5, 1.1); // how far bark, bark and sky near by, and height make it the tree's
 const vec2 treeHeights = vec2(0.40, 0.54);
 
 const vec3 ink = vec3(0.030, 0.036, 0.070);   // of a limb,
-const vec3 shine = vec3(0.090, 0.100, 0.140); // and on the side that the moon reaches
-const vec2 shineSlope = vec2(-0.02, 0.26);    // slope of the wider share between them
+const vec3 shine = vec3(0.13, 0.155, 0.225); // and on the side that the moon reaches
+const vec2 hatching = vec2(128.0, 61.0);      // lines in the picture's width and height, with which the shade is drawn
+const float hatchWaver = 1.5, hatchDry = 0.1, hatchEdge = 0.3;
+const vec3 veil = vec3(0.190, 0.230, 0.335);  // the third tree, which is a giant, is seen through
+const vec2 veiled = vec2(0.55, 0.95);         // by these parts, at these heights,
+const vec2 veiledHeights = vec2(0.5, 1.0);
+const vec2 veiledShade = vec2(0.50, 0.35);    // with so much left of light and hatching
+const vec2 shineSlope = vec2(0.02, 0.34);    // slope of the wider share between them
 const vec3 moonlight = vec3(0.50, 0.58, 0.72);
 const vec2 moonward = vec2(0.5, 0.86);
 const vec2 rimLight = vec2(0.50, 0.22); // before the land and before the sky
@@ -118,18 +126,23 @@ const float lastIntensity = 0.25;      // of the last camera,
 const float borderTaps = 6.0;          // and what it takes to find the land's far border
 const vec2 borderHeights = vec2(0.474, 0.532); // at which the mist begins to lift, and has
 const float firstBank = 1.02;          // height of the farthest bank,
-const float bankStep = 0.21;           // and from one to the next
+const vec2 bankCurve = vec2(8.6, 0.80);  // by which the banks are the closer together, the farther they are
 const float bankEdge = 0.22;           // softness of its upper border, in steps,
 const vec3 bankShape = vec3(0.70, 1.00, 0.40); // and what swell and vapour raise it by, and all of it is raised by
-const vec2 bankSizes = vec2(5.0, 0.83); // features in the picture's width at the farthest, and part of that at the next
+const vec2 bankSizes = vec2(6.0, 0.74); // features in the picture's width at the farthest, and part of that at the next
 const mat2 bankGrain = mat2(0.83, 0.55, -0.55, 0.83); // turned, so that no border is level
 const float flatness = 2.2;            // of features, which are so much wider than high
 const float bankDepth = 2.6;           // by which light is lost below the border
+const vec2 lipLight = vec2(0.45, 1.15);  // of the border, where it is lost and where it is found,
+const vec2 lipEdge = vec2(0.5, 1.3);     // and parts of its softness
+const vec2 lipGrain = vec2(0.9, 0.5);    // in features
 const vec2 bankLight = vec2(0.55, 0.70); // least, and gained by vapour
 const float youngCover = 1.15;           // before young trees,
 const float firstCover = 1.10;           // before the first tree for good,
 const vec2 firstHeights = vec2(0.74, 0.50);
-const float restCover = 0.50;            // and on the land for good
+const float restCover = 0.64;            // on the land for good,
+const float lastCover = 0.50;            // of the last camera,
+const float secondRest = 0.05;           // and by how much it is higher for the second tree
 const vec2 restHeights = vec2(0.65, 0.46);
 const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
 const float leastCover = 0.02;
@@ -140,12 +153,14 @@ const vec3 mistEdge = vec3(0.62, 0.67, 0.75); // in the moonlight
 const float unlit = 0.45;                  // part of its light while the land has none
 
 // The wood about the first tree.
-const vec2 firstTap = vec2(0.02, 0.835);      // sky, while for the third tree it is land when the mist lifts
+const vec2 firstTap = vec2(0.50, 0.866);      // sky, while it is land for the third tree
 const float woodTrunks = 11.0;
 const vec2 woodWidths = vec2(0.0045, 0.017);  // half of them, of the farthest trunk and of the nearest,
 const vec2 woodInk = vec2(0.22, 0.62);        // and parts of ink
 const float farInk = 0.9;                     // part of that behind the second tree, where the wood begins higher
+const vec2 nearShift = vec2(0.55, 0.03);      // before the third tree
 const vec2 farShift = vec2(0.30, -0.03);      // and elsewhere
+const vec2 woodFeet = vec2(0.42, 0.50);       // heights, and in the mist
 const vec2 woodForks = vec2(0.06, 0.20);      // lowest height above half of the picture's, and gained by the highest
 const float woodLean = 0.12;
 const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03); // on the stumps: middle, half width, fork and lean
@@ -158,11 +173,14 @@ const vec2 stumpShare = vec2(0.02, 0.30);
 const vec2 farHaze = vec2(0.70, 0.82);        // heights between which the land behind those turns to haze,
 const vec2 farNight = vec2(0.80, 0.90);       // and that to night
 const float sway = 0.05, swayPeriods = 7.0;   // of a trunk, in the picture's width and height
-const vec2 boughSlope = vec2(0.42, 0.16);     // and by how much the two sides differ
+const vec2 boughSlope = vec2(0.62, 0.20);     // and by how much the two sides differ
+const float boughBend = 1.3;
 const float boughWave = 0.03;
-const vec2 twigFork = vec2(0.07, 0.03);       // above the boughs', and by how much the two sides differ
-const float twigSlope = 0.30;
-const vec2 thinner = vec2(0.35, 0.45);        // part by which boughs are thinner than the trunk, and twigs than boughs
+const vec3 forks = vec3(0.045, 0.040, 0.035); // of boughs, twigs and twiglets, each above the one before
+const float uneven = 0.45;                    // part by which two sides differ
+const vec3 twigSlopes = vec3(0.45, 0.34, 0.30);
+const vec3 taperings = vec3(0.35, 0.45, 5.0);
+const float rootFlare = 0.7;
 
 const float inkEdge = 0.0015;  // softness of what is drawn
 const float grain = 0.06;      // of the paper, in parts of the light
@@ -278,45 +296,46 @@ float Vapour(vec2 place)
 // 1 for the first camera, from when the mist lifts.
 float First(float overSky) { return step(overSky + Drawn(firstTap).a, 0.5); }
 
-// How much of a place a trunk covers, of which shape is middle, half width, fork and lean. It forks twice, unevenly.
+// How much of a place a trunk covers, of which shape is middle, half width, fork and lean. It forks four times,
+// unevenly, and each bough bends upwards.
 float Trunk(vec2 place, vec4 shape, float kind)
 {
     float up = place.t - 0.5;
     float aside = place.s - shape.x - sway * (Wave(swayPeriods * up + kind) - 0.5) - shape.w * up;
     float side = sign(aside);
     float bough = max(up - shape.z, 0.0);
-    float twig = max(bough - twigFork.x - twigFork.y * side, 0.0);
-    float spread = (boughSlope.x + boughSlope.y * side * sin(kind)) * bough +
-                   boughWave * (Wave(11.0 * up + kind + 4.0 * side) - 0.5) * min(20.0 * bough, 1.0);
-    float away = abs(abs(abs(aside) - spread) - twigSlope * twig);
-    float width = shape.y * (1.0 - up) * (1.0 - thinner.x * min(12.0 * bough, 1.0)) *
-                  (1.0 - thinner.y * min(14.0 * twig, 1.0));
+    float twig = max(bough - forks.x * (1.0 + uneven * side), 0.0);
+    float spread = (boughSlope.x + boughSlope.y * side * sin(kind)) * bough * (1.0 - boughBend * bough) +
+                   boughWave * (Wave(13.0 * up + kind + 4.0 * side) - 0.5) * min(20.0 * bough, 1.0);
+    float away = abs(aside) - spread;
+    float other = sign(away);
+    away = abs(away) - twigSlopes.x * twig * (1.0 - boughBend * twig);
+    float twiglet = max(twig - forks.y * (1.0 + uneven * other * side), 0.0);
+    away = abs(away) - twigSlopes.y * twiglet;
+    float tip = max(twiglet - forks.z * (1.0 - uneven * other), 0.0);
+    away = abs(abs(away) - twigSlopes.z * tip);
+    float flare = 1.0 + rootFlare * smoothstep(0.20, 0.08, up);
+    float width = shape.y * (1.0 - up) * flare * (1.0 - taperings.x * min(14.0 * bough, 1.0)) *
+                  (1.0 - taperings.y * min(16.0 * twig, 1.0)) * exp(-taperings.z * bough);
     return 1.0 - smoothstep(width - inkEdge, width + inkEdge, away);
 }
 
-// How dark the wood behind the first tree is: the farther its trunks, the paler.
-float Wood(vec2 place, float wanted)
+// How dark the wood is, the paler the farther its trunks, and how much of a place is covered by what grows from the
+// first tree's stumps. Both in one loop, as the first round of each is made for every pixel of everything.
+vec2 Wood(vec2 place, float first, float wanted)
 {
-    float dark = 0.0;
-    float trunks = wanted > 0.0 ? woodTrunks : 0.0;
-    for (float i = 0.0; i < trunks; i += 1.0) {
+    vec2 dark = vec2(0.0);
+    float last = wanted > 0.0 ? woodTrunks : 0.0;
+    for (float i = first > 0.0 ? -2.0 : 0.0; i < last; i += 1.0) {
         float near = fract(0.755 * i + 0.3);
         vec4 shape = vec4(fract(0.618 * i + 0.13), mix(woodWidths.x, woodWidths.y, near),
                           woodForks.x + woodForks.y * fract(0.37 * i), woodLean * (near - 0.5));
-        dark = max(dark, mix(woodInk.x, woodInk.y, near) * Trunk(place, shape, 9.0 * i));
+        shape = i < -1.0 ? leftTrunk : i < 0.0 ? rightTrunk : shape;
+        float trunk = Trunk(place, shape, 9.0 * i);
+        dark = max(dark, trunk * (i < 0.0 ? vec2(0.0, 1.0) : vec2(mix(woodInk.x, woodInk.y, near), 0.0)));
     }
-    return dark;
-}
-
-// How much of a place is covered by what grows from the first tree's stumps.
-float Boughs(vec2 place, float wanted)
-{
-    float covered = 0.0;
-    float trunks = wanted > 0.0 ? 2.0 : 0.0;
-    for (float i = 0.0; i < trunks; i += 1.0)
-        covered = max(covered, Trunk(place, i < 1.0 ? leftTrunk : rightTrunk, 3.0 + 14.0 * i));
     float top = mix(trunkTops.x, trunkTops.y, smoothstep(trunksGrow.x, trunksGrow.y, blur_intensity));
-    return covered * (1.0 - smoothstep(top - trunkTip, top, place.t));
+    return dark * vec2(smoothstep(woodFeet.x, woodFeet.y, place.t), 1.0 - smoothstep(top - trunkTip, top, place.t));
 }
 
 // The mist's colour, and how thick it is.
@@ -330,13 +349,15 @@ vec4 Mist(vec2 place, float overSky, float first, float wanted)
     float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - lifting.x) / (firstTarget - lifting.x);
     float moved = -drift * log(mix(left, firstLeft + targetMargin, first));
 
-    float one = 4.0 * overSky + (last ? 7.0 : 0.0); // so that no two trees before the sky have the same
+    float one = 4.0 * overSky + 2.3 * first + (last ? 7.0 : 0.0); // so that no two trees have the same
     float cover = max(youngCover * (1.0 - lifted),
                       max(firstCover * first * smoothstep(firstHeights.x, firstHeights.y, place.t),
-                          restCover * smoothstep(restHeights.x, restHeights.y, place.t)));
+                          (last ? lastCover : restCover) *
+                              smoothstep(restHeights.x, restHeights.y,
+                                         place.t - (last ? 0.0 : secondRest * overSky))));
     // A bank's upper border stays between half a step below its middle height and one and a half above it: two banks
     // may begin here, and the one behind them is there in any case.
-    float down = (firstBank - place.t) / bankStep;
+    float down = bankCurve.x * (firstBank - place.t) / (firstBank - place.t + bankCurve.y);
     float nearest = floor(down + 0.5);
     float thickness = 0.0;
     float light = 0.0;
@@ -350,7 +371,9 @@ vec4 Mist(vec2 place, float overSky, float first, float wanted)
         float raised = bankShape.x * (swell - 0.5) + bankShape.y * (vapour - 0.5) + bankShape.z;
         float inside = down - number + clamp(raised, bankEdge - 0.5, 1.5);
         float lit = exp(-bankDepth * max(inside, 0.0)) * (bankLight.x + bankLight.y * vapour);
-        float part = i < 1.0 ? 1.0 : smoothstep(0.0, bankEdge, inside);
+        float found = Tooth(features * lipGrain + 3.3);
+        lit *= mix(lipLight.x, lipLight.y, smoothstep(0.25, 0.75, found));
+        float part = i < 1.0 ? 1.0 : smoothstep(0.0, bankEdge * mix(lipEdge.x, lipEdge.y, found), inside);
         thickness = mix(thickness, dot(thicknesses, vec3(1.0, vapour, swell)), part);
         light = mix(light, lit, part);
     }
@@ -455,17 +478,26 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     field = mix(field, field * wash + washBlue + pigment * (3.0 * tooth - 1.5), shaded);
 
     vec3 dusk = Night(place);
-    float wood = Wood(place + second * farShift, clear * max(first, second * sky));
-    vec3 above = mix(Sky(place, sky), ink, second * farInk * wood);
+    float third = (1.0 - overSky) * (1.0 - first) * (1.0 - last);
+    vec2 wood = Wood(place + second * farShift + third * nearShift, first,
+                     clear * max(max(first, third), second * sky));
+    vec3 above = mix(Sky(place, sky), ink, second * farInk * wood.x);
     vec3 colour = mix(above, field, day * (1.0 - smoothstep(0.3, 0.7, sky / max(1.0 - dark, 0.1))));
     vec3 far = mix(mix(plainLand, haze, smoothstep(farHaze.x, farHaze.y, place.t)), dusk,
                    smoothstep(farNight.x, farNight.y, place.t));
     colour = mix(colour, far, noStump * smoothstep(stumpShare.x, stumpShare.y, dark));
-    colour = mix(colour, ink, first * wood);
-    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward));
-    vec3 limbColour = mix(ink, shine, shone) + moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
+    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward) + hatchDry * dry);
+    float line = 2.0 * abs(fract(dot(place, hatching) + hatchWaver * dry) - 0.5);
+    float hatch = smoothstep(shone - hatchEdge, shone + hatchEdge, line);
+    vec3 limbColour = mix(shine, ink, max(hatch, overSky)); // limbs before the sky are too thin for hatching
+    vec3 ghost = veil * (1.0 + veiledShade.x * (shone - 0.4) - veiledShade.y * (hatch - 0.5));
+    limbColour = mix(limbColour, ghost, third * mix(veiled.x, veiled.y,
+                                                    smoothstep(veiledHeights.x, veiledHeights.y, place.t)));
+    limbColour += moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
+    colour = mix(colour, ink, first * wood.x);
     colour = mix(colour, mix(dusk, limbColour, day), limb);
-    colour = mix(colour, mix(dusk, ink, day), Boughs(place, clear * first));
+    colour = mix(colour, mix(dusk, ink, day), third * wood.x);
+    colour = mix(colour, mix(dusk, ink, day), wood.y);
     colour = mix(colour, mist.rgb * mix(unlit, 1.0, day), mist.a);
     return colour * (1.0 + grain * (2.0 * tooth - 1.0));
 }

@@ -55,6 +55,8 @@ protected:
 
     // At which the mist of a young scene is gone but for what stays on the land.
     static constexpr float clearest = 0.4f;
+    // The last camera's: there the mist is gone when the land's border has risen, and no wood stands before it.
+    static constexpr float plainest = 0.25f;
 };
 
 // What is looked at lies at heights where no mist stays, above 0.62 of the picture, unless it is the mist.
@@ -65,7 +67,7 @@ TEST_F(MistShader, ShowsALandWithoutLightAsNightAndLeavesBoneAsItIs)
     Texture black, bone;
     MakeTexture(&black, PlainPicture(8, 8, 4, 0, 0, 0, 255));
     MakeTexture(&bone, PlainPicture(8, 8, 4, 239, 230, 210, 255));
-    for (float strength : {0.35f, clearest}) {
+    for (float strength : {plainest}) {
         const Picture night = DrawScene(&black, strength);
         // Half way between the two colours of the night.
         const double lifted[3] = {22, 28, 55}, kept[3] = {239, 230, 210};
@@ -150,7 +152,7 @@ TEST_F(MistShader, DrawsBarkInInkAndLeavesItToTheNightWhileTheLandHasNoLight)
         Fill(&land, 40, 80, 82, 102, 200, 120, 40);
         Texture texture;
         MakeTexture(&texture, land);
-        const Picture scene = DrawScene(&texture, clearest);
+        const Picture scene = DrawScene(&texture, plainest);
         const double red = MeanOf(scene, 50, 70, 87, 97, 0), blue = MeanOf(scene, 50, 70, 87, 97, 2);
         EXPECT_NEAR(light == 0 ? 22 : 8, red, 4);
         EXPECT_NEAR(light == 0 ? 55 : 18, blue, 6);
@@ -188,7 +190,7 @@ TEST_F(MistOfAYoungScene, LeavesSomeOfItselfOnTheLandAndNoneAboveIt)
 {
     Start(128);
     MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    const Picture scene = DrawScene(&texture, clearest);
+    const Picture scene = DrawScene(&texture, plainest);
     for (int y = 80; y < 128; y += 6)
         for (int x = 0; x < 128; x += 16)
             EXPECT_NEAR(140, MeanOf(scene, x, x + 16, y, y + 6, 0), 8) << x << " " << y;
@@ -279,7 +281,7 @@ TEST_F(MistShader, GivesLimbsARimTowardsTheMoon)
     const Picture scene = DrawScene(&texture, clearest);
     const double left = MeanOf(scene, 101, 103, 172, 182, 2), right = MeanOf(scene, 157, 159, 172, 182, 2),
                  core = MeanOf(scene, 120, 140, 170, 178, 2);
-    EXPECT_NEAR(18, core, 5) << "ink";
+    EXPECT_NEAR(42, core, 8) << "ink in a veil";
     EXPECT_GT(right, left + 10);
     EXPECT_GT(MeanOf(scene, 115, 145, 184, 190, 2), MeanOf(scene, 115, 145, 156, 162, 2) + 10)
         << "inside its borders, too, the upper side is the lighter one";
@@ -365,7 +367,7 @@ TEST_F(MistOfTheFirstTree, HasAWoodBehindItAndBoughsThatGrow)
     // The trunks of the stumps stand on 0.085 and 0.405 of the width and lean a little.
     for (int x : {11, 53}) {
         EXPECT_GT(MeanOf(young, x - 1, x + 2, 84, 88, 0), 60) << x;
-        EXPECT_LT(MeanOf(grown, x - 1, x + 2, 84, 88, 0), 20) << x;
+        EXPECT_LT(MeanOf(grown, x - 1, x + 2, 84, 88, 0), 40) << x;
     }
     // Between and beside them trunks of the wood, which do not grow.
     int dark = 0;
@@ -388,15 +390,35 @@ TEST_F(MistOfTheFirstTree, TakesTheStumpsAwayAboveTheForksOfItsBoughs)
         EXPECT_GT(MeanOf(DrawScene(&texture, strength), 76, 80, 92, 98, 2), 60) << strength;
 }
 
-TEST_F(MistOfTheFirstTree, LeavesTheOtherScenesWithoutAWood)
+TEST_F(MistOfTheFirstTree, LeavesTheLastTreeWithoutAWood)
 {
     Start(128);
-    for (int horizon : {90, 128}) { // the land ends lower at the right, too, or higher at the left
+    for (int horizon : {90, 128}) {
         MakeTexture(&texture, LandBelowTheSky(128, horizon, 140));
-        const Picture scene = DrawScene(&texture, 0.94f);
+        const Picture scene = DrawScene(&texture, plainest);
         for (int x = 0; x < 128; x++)
             EXPECT_NEAR(140, scene.At(x, 84)[0], 12) << horizon << " " << x;
     }
+}
+
+TEST_F(MistShader, ShowsTheThirdTreeInAVeilBehindAWood)
+{
+    Start(256);
+    Picture land = LandBelowTheSky(256, 256, 140);
+    Fill(&land, 100, 160, 150, 226, 0, 0, 0);
+    Texture texture;
+    MakeTexture(&texture, land);
+    const Picture third = DrawScene(&texture, clearest), last = DrawScene(&texture, plainest);
+    // Veil of 0.335, 55 to 95 % of it from half the height to the top: some 70 % here, over ink of
+    // 0.07, with the wood before it.
+    EXPECT_NEAR(18, MeanOf(last, 120, 140, 185, 200, 2), 6);
+    EXPECT_NEAR(54, MeanOf(third, 120, 140, 185, 200, 2), 12);
+    int dark = 0;
+    for (int x = 0; x < 90; x++)
+        for (int y = 160; y < 220; y += 10)
+            dark += third.At(x, y)[0] + 20 < last.At(x, y)[0];
+    EXPECT_GT(dark, 40);
+    EXPECT_LT(dark, 300);
 }
 
 TEST_F(MistShader, SetsAWoodFarBehindTheSecondTree)
@@ -430,7 +452,6 @@ TEST_F(MistShader, LetsTheSecondTreesLimbsEndInPointsBeforeTheSky)
             dark += scene.At(x, y)[2] < 35;
         return dark;
     };
-    EXPECT_NEAR(thickness(0.25f, 150), thickness(clearest, 150), 2);
     EXPECT_LT(thickness(clearest, 188) + 2, thickness(0.25f, 188))
         << "the last tree's are as thick as they are";
 }
