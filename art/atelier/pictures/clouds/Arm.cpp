@@ -65,7 +65,9 @@ static std::vector<Vector2> ForearmWay(const Arm& arm, const Skeleton& hand)
     const Vector2 from = {hand.wrist.x, hand.wrist.y};
     const Vector2 back = Normalised(Vector2{hand.toFingers.x, hand.toFingers.y}) * -1,
                   on = Normalised(arm.elbow - from);
-    const float bend = Bend * (1 - Max(0, Dot(back, on)));
+    // A hand bent back as far as it goes has its corner at the wrist.
+    const float limp = arm.gesture == Gesture::Tray ? 0.42f : 1.0f;
+    const float bend = limp * Bend * (1 - Max(0, Dot(back, on)));
     const Vector2 middle = from + back * (0.55f * bend) + on * (0.3f * bend);
     return {from, Mix(middle, arm.elbow, 0.1f), Mix(middle, arm.elbow, 0.5f), arm.elbow};
 }
@@ -78,6 +80,29 @@ Line Forearm(const Sight& sight, const Arm& arm)
 float ForearmHalf(const Arm& arm, float t)
 {
     return arm.girth * (52 + 40 * Smooth(0.03f, 0.75f, t) + 10 * Smooth(0.6f, 1, t));
+}
+
+// What stands out at a wrist that is bent back, which one sees from the thumb's side: the heel of the hand, the end of the
+// radius below it, the sinews that are taut from there into the arm, and the flesh that swells towards the elbow.
+static void AddWrist(Skeleton& hand, const Arm& arm, const Line& line)
+{
+    const auto add = [&](float t, float u, float out, float t2, float u2, float out2, float half, float half2,
+                         float melt) {
+        const auto at = [&](float s, float aside, float above) {
+            const float r = ForearmHalf(arm, s) + above;
+            const Vector2 d = DirectionAt(line, s), across = {d.y, -d.x};
+            const Vector2 p = PointAt(line, s) + across * (aside * r);
+            return Point3{p.x, p.y, hand.wrist.z + Sqrt(1 - aside * aside) * r};
+        };
+        hand.flesh.palm.push_back({at(t, u, out), at(t2, u2, out2), half, half2, melt});
+    };
+    add(0.10f, 0.42f, -14, 0.15f, 0.46f, -18, 22, 18, 12); // the radius
+    add(0.02f, -0.30f, -1, 0.30f, -0.42f, -5, 5.5f, 4, 9); // two sinews of the palm's side
+    add(0.02f, -0.66f, 0, 0.24f, -0.72f, -5, 5, 3.5f, 8);
+    add(0.00f, 0.12f, 0, 0.26f, 0.30f, -6, 6, 4, 9);       // the thumb's
+    add(0.34f, 0.62f, -44, 0.52f, 0.60f, -48, 52, 56, 26); // the flesh at the back
+    const Point3 heel = hand({4, -5, 9});
+    hand.flesh.palm.push_back({heel, hand({-10, -5, 8}), 30, 30, 16});
 }
 
 // The hand with as much of the forearm as no sleeve hides.
@@ -95,6 +120,8 @@ static Skeleton HandOf(const Arm& arm)
     };
     for (float t = 0.03f; t < 0.7f; t += 0.09f)
         add(t, t + 0.09f);
+    if (arm.gesture == Gesture::Tray)
+        AddWrist(hand, arm, line);
     return hand;
 }
 

@@ -52,8 +52,30 @@ static void PaintRow(Canvas& sheet, const BankRow& row, const CloudTones& tones,
     }
 }
 
+// The billows that lie before both ends of what comes out of the bank, from within it to beyond its outlines: heads, and
+// others below them, where the heads thin out.
+static void PaintFoot(Canvas& sheet, const CloudBank& bank, Dice& dice, const Noise& curls)
+{
+    constexpr float Below = 16, RowsApart = 38, Apart = 44, Inwards = 30;
+    const Vector2 right = {Cos(bank.level), -Sin(bank.level)}, down = {Sin(bank.level), Cos(bank.level)};
+    for (const float row : {0.0f, 1.0f})
+        for (int end = 0; end < 2; end++)
+            for (const float out : {2.0f, 0.0f, 1.0f}) {
+                const Vector2 d = bank.foot[end] - bank.place;
+                const float aside = (out * Apart - Inwards) * (end == 0 ? -1.0f : 1.0f);
+                const float rx = dice.Range(46, 58) * (1 + 0.25f * row);
+                const Vector2 at =
+                    Middle + Vector2{Dot(d, right) + aside,
+                                     Dot(d, down) + Below + RowsApart * row + 12 * out + dice.Range(-6, 6)};
+                PaintBillow(sheet, curls,
+                            {at, rx, rx * dice.Range(0.66f, 0.8f), 0.9f - 0.12f * row, 0.3f, 1.6f},
+                            Middle + ToMoon, bank.tones);
+            }
+}
+
 // The bank as one sees it, upright. It has no border: it thins out to the sides and downwards, in shreds.
-static void Paint(Canvas& canvas, const CloudBank& bank, std::span<const BankRow> rows, uint32_t seed)
+static void Paint(Canvas& canvas, const CloudBank& bank, std::span<const BankRow> rows, bool foot,
+                  uint32_t seed)
 {
     const Noise curls(seed), shreds(seed + 1);
     Dice dice(seed + 2);
@@ -68,6 +90,10 @@ static void Paint(Canvas& canvas, const CloudBank& bank, std::span<const BankRow
         },
         2);
     sheet.Cover(core, Mix(bank.tones.body, bank.tones.horizon, rows[0].haze));
+    if (foot) {
+        Dice own(seed + 3);
+        PaintFoot(sheet, bank, own, curls);
+    }
     for (const BankRow& row : rows)
         PaintRow(sheet, row, bank.tones, dice, curls);
     sheet.CutOut(Mask(Size, Size)
@@ -94,12 +120,12 @@ static void Paint(Canvas& canvas, const CloudBank& bank, std::span<const BankRow
 
 void CloudBank::PaintBehind(Canvas& canvas) const
 {
-    Paint(canvas, *this, RowsBehind, seed);
+    Paint(canvas, *this, RowsBehind, false, seed);
 }
 
 void CloudBank::PaintBefore(Canvas& canvas) const
 {
-    Paint(canvas, *this, RowsBefore, seed + 10);
+    Paint(canvas, *this, RowsBefore, true, seed + 10);
 }
 
 } // namespace atelier

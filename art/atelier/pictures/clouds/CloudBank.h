@@ -13,6 +13,7 @@ struct CloudBank {
     float level;   // radians, clockwise: how far the canvas is turned before the bank is seen upright
     const CloudTones& tones;
     uint32_t seed;
+    Vector2 foot[2]; // where the outlines of what comes out of it, left and right, go down into it
 
     void PaintBehind(Canvas& canvas) const;
     void PaintBefore(Canvas& canvas) const;

@@ -90,6 +90,23 @@ static Vector2 UpOn(float level)
     return {-Sin(level), -Cos(level)};
 }
 
+// Where an outline of the sleeve goes down into the cloud, on the left (-1) or on the right (1). One that stands upright goes
+// in by its whole width above the crest.
+static Vector2 FootOf(const Arm& arm, const Line& along, float side, Vector2 crest, Vector2 up)
+{
+    constexpr float AboveUpright = 38, BelowLevel = 14, Wide = 1.4f;
+    const Vector2 d = DirectionAt(along, ElbowAt);
+    const float below = Mix(-AboveUpright, BelowLevel, Abs(Dot({d.y, -d.x}, up)));
+    float t = 0.4f;
+    Vector2 p;
+    do {
+        const Vector2 on = DirectionAt(along, t);
+        p = PointAt(along, t) + Vector2{on.y, -on.x} * (side * Wide * ForearmHalf(arm, t));
+        t += 0.01f;
+    } while (t < 1 && Dot(p - crest, up) > -below);
+    return p;
+}
+
 static CloudBank BankOf(const Greeting& greeting, bool rust)
 {
     const float level = greeting.rises * Pi / 180;
@@ -97,9 +114,13 @@ static CloudBank BankOf(const Greeting& greeting, bool rust)
     const Line along = Forearm(InPicture, greeting.arm);
     const Vector2 on = DirectionAt(along, ElbowAt), side = {on.y, -on.x};
     const float lies = Abs(Dot(side, up)), half = 1.3f * ForearmHalf(greeting.arm, ElbowAt);
-    return {PointAt(along, ElbowAt) + on * (BankBehindElbow + BankFarther * lies) +
-                up * ((half + BankAbove) * lies),
-            level, rust ? AmberNight : BlueNight, greeting.arm.seed + 97};
+    const Vector2 crest = PointAt(along, ElbowAt) + on * (BankBehindElbow + BankFarther * lies) +
+                          up * ((half + BankAbove) * lies);
+    return {crest,
+            level,
+            rust ? AmberNight : BlueNight,
+            greeting.arm.seed + 97,
+            {FootOf(greeting.arm, along, -1, crest, up), FootOf(greeting.arm, along, 1, crest, up)}};
 }
 
 Canvas GreetingHand(int greeting)

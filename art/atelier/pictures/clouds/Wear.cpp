@@ -2,47 +2,10 @@
 #include "art/atelier/DryBrush.h"
 #include "art/atelier/Glow.h"
 #include "art/atelier/Wash.h"
-#include "art/atelier/pictures/clouds/Arm.h"
+#include "art/atelier/pictures/clouds/RoundArm.h"
 
 namespace atelier
 {
-
-// A place on the forearm: `t` along it, `u` across it, -1 to 1 from the left outline to the right one.
-struct RoundArm {
-    Line along;
-    const Arm& arm;
-
-    float Half(float t) const { return ForearmHalf(arm, t); }
-    Vector2 Across(float t) const
-    {
-        const Vector2 d = DirectionAt(along, t);
-        return {d.y, -d.x};
-    }
-    Vector2 At(float t, float u) const { return PointAt(along, t) + Across(t) * (Half(t) * u); }
-    // Round the arm, bent as a ring is that is seen a little from above.
-    Line Ring(float t, float wider, float bend) const
-    {
-        std::vector<Vector2> points;
-        for (int i = -4; i <= 4; i++) {
-            const float u = float(i) / 4;
-            points.push_back(At(t, u * wider) + DirectionAt(along, t) * (bend * (1 - u * u)));
-        }
-        return Through(points);
-    }
-    // The half that one sees of a turn of something wound round the arm, as an ellipse that goes on behind it at both ends;
-    // it climbs by `pitch` of the arm's length.
-    Line Turn(float t, float wider, float bend, float pitch) const
-    {
-        constexpr int Steps = 12;
-        std::vector<Vector2> points;
-        for (int i = 0; i <= Steps; i++) {
-            const float part = float(i) / Steps, a = Mix(-0.52f, 0.52f, part) * Pi;
-            const float at = t + pitch * (0.5f - part);
-            points.push_back(At(at, Sin(a) * wider) + DirectionAt(along, at) * (bend * Cos(a)));
-        }
-        return Through(points);
-    }
-};
 
 static Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float mouth, float end,
                    float shake, uint32_t seed)
@@ -53,6 +16,18 @@ static Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float
     const Vector2 d = DirectionAt(part, 0);
     shape.Add(Ellipse(part.front(), half * 0.2f, half * mouth, Angle(d)));
     return Melted(canvas.Width(), canvas.Height(), shape, 4).Shake(shake, 70, seed);
+}
+
+// The same for one that one looks into: its edge goes round the opening.
+static Mask OpenSleeve(const Canvas& canvas, const RoundArm& limb, float from, float mouth, float end,
+                       float depth, float shake, uint32_t seed)
+{
+    const Line part = Part(limb.along, from, 1);
+    const float half = limb.Half(from);
+    const Shape shape = Limb(part, half * mouth, half * (mouth + end) * 0.5f + 8, limb.Half(1) * end);
+    return Melted(canvas.Width(), canvas.Height(), shape, 3)
+        .Shake(shake, 70, seed)
+        .Erase(Opening(limb, from, mouth, depth));
 }
 
 static void InkLines(Canvas& canvas, Mask& lines, const Mask* within, float strength = 0.85f)
@@ -147,26 +122,65 @@ static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 
 static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint32_t seed)
 {
-    const Mask cloth = Sleeve(canvas, limb, 0.46f, 1.5f, 1.5f, 9, seed);
-    PaintBody(canvas, cloth,
-              {Mix(palette::Bone, palette::Mist, 0.22f), Mix(palette::Slate, palette::Night, 0.2f), 1.0f,
-               0.6f, 1.1f},
-              1, seed);
-    Mask lines(canvas.Width(), canvas.Height());
-    Pen pen(lines, SketchPaper(), {.width = 4.4f, .wobble = 1.5f, .skip = 0.25f}, seed + 1);
-    pen.Stroke(limb.Ring(0.505f, 1.44f, 24), {0.6f, 1, 0.4f});
-    pen.Stroke(limb.Ring(0.55f, 1.46f, 26), {0.4f, 0.9f, 0.2f});
-    Folds(pen, limb, 0.5f, 11, seed + 2);
-    InkLines(canvas, lines, &cloth);
+    const Stuff linen = {Mix(palette::Bone, palette::Mist, 0.1f), Mix(palette::Slate, palette::Night, 0.2f),
+                         0.4f, 0.4f, 1.1f};
+    const LinearColour shade = Mix(Mix(palette::Slate, palette::Rust, 0.3f), palette::Mist, 0.1f);
+    constexpr float Mouth = 0.44f, Roll = 0.55f, Depth = 34, Wide = 1.42f;
+    const int width = canvas.Width(), height = canvas.Height();
+    // The forearm is round, and the sinews of a wrist that is bent back are taut.
+    Mask bare(width, height);
+    const Vector2 wrist = limb.At(0.08f, 0), down = DirectionAt(limb.along, 0.2f);
+    bare.Each(
+            [&](float x, float y) {
+                return Smooth(-50, 60, Dot(Vector2{x, y} - wrist, down));
+            },
+            2)
+        .Multiply(canvas.Alpha());
+    ShadeRound(canvas, limb, bare, 1, shade, 0.3f, seed + 36);
+    PaintSinews(canvas, limb,
+                {{{0.0f, -0.30f}, {0.10f, -0.30f}, {0.20f, -0.33f}, {0.33f, -0.36f}},
+                 {{0.03f, -0.62f}, {0.12f, -0.60f}, {0.26f, -0.62f}},
+                 {{0.05f, 0.22f}, {0.11f, 0.10f}, {0.20f, 0.10f}, {0.30f, 0.20f}}},
+                shade, seed + 37);
     // A few long strokes on the shadow's side of the forearm.
-    Mask shade(canvas.Width(), canvas.Height());
-    Pen stroke(shade, SketchPaper(), {.width = 4.2f, .wobble = 1, .skip = 0.1f}, seed + 3);
+    Mask strokes(width, height);
+    Pen stroke(strokes, SketchPaper(), {.width = 4.0f, .wobble = 1, .skip = 0.1f}, seed + 3);
     for (int i = 0; i < 6; i++) {
-        const float u = 0.46f + 0.085f * float(i), from = 0.13f - 0.012f * float(i);
-        stroke.Stroke(Through({limb.At(from, u), limb.At(0.26f, u + 0.03f), limb.At(0.42f, u + 0.01f)}),
-                      {0.15f, 0.8f, 0.3f});
+        const float u = 0.5f + 0.08f * float(i), from = 0.2f - 0.012f * float(i);
+        stroke.Stroke(Through({limb.At(from, u), limb.At(0.3f, u + 0.03f), limb.At(0.46f, u + 0.01f)}),
+                      {0.1f, 0.7f, 0.3f});
     }
-    InkLines(canvas, shade.Multiply(canvas.Alpha()).Subtract(cloth), nullptr, 0.6f);
+    InkLines(canvas, strokes.Multiply(canvas.Alpha()), nullptr, 0.5f);
+    PaintOpening(canvas, limb, Mouth, Wide, Depth,
+                 Mix(Mix(palette::Slate, palette::Rust, 0.35f), palette::Ink, 0.5f), seed + 30);
+    const Mask cloth = OpenSleeve(canvas, limb, Mouth, Wide, 1.5f, Depth, 5, seed);
+    // The sleeve comes out below the roll of its own end, which is a little wider.
+    Mask roll =
+        Melted(width, height,
+               Limb(Part(limb.along, Mouth, Roll), limb.Half(Mouth) * Wide,
+                    limb.Half(0.5f * (Mouth + Roll)) * (Wide + 0.08f), limb.Half(Roll) * (Wide + 0.04f)),
+               3);
+    roll.Fill(Opening(limb, Roll, Wide + 0.04f, Depth)).Shake(4, 60, seed + 31);
+    roll.Erase(Opening(limb, Mouth, Wide, Depth));
+    PaintBody(canvas, cloth, linen, 1, seed);
+    ShadeRound(canvas, limb, cloth, Wide, shade, 0.8f, seed + 32);
+    Mask below = Mask(roll).Blur(3);
+    const Vector2 on = DirectionAt(limb.along, Roll);
+    Mask cast(width, height);
+    cast.Each([&](float x, float y) { return below.Sample(x - 16 * on.x - 6, y - 16 * on.y); });
+    canvas.Glaze(cast.Blur(2).Multiply(cloth), shade, 0.8f);
+    PaintFolds(canvas, limb,
+               {{0.59f, -1.0f, 0.625f, -0.5f, 0.45f},
+                {0.585f, -0.1f, 0.66f, -0.3f, 0.4f},
+                {0.60f, 1.0f, 0.655f, 0.2f, 0.75f},
+                {0.66f, -1.0f, 0.69f, -0.45f, 0.5f},
+                {0.665f, 1.0f, 0.67f, 0.45f, 0.55f},
+                {0.70f, 1.0f, 0.73f, -0.3f, 0.7f}},
+               Wide, Depth, cloth, shade, palette::Bone, seed + 2);
+    PaintBody(canvas, roll, linen, 1, seed + 33);
+    ShadeRound(canvas, limb, roll, Wide + 0.04f, shade, 0.75f, seed + 34);
+    PaintFolds(canvas, limb, {{0.48f, -1.0f, 0.505f, -0.5f, 0.35f}, {0.505f, 1.0f, 0.48f, 0.2f, 0.55f}}, Wide,
+               Depth, roll, shade, palette::Bone, seed + 35);
     // Flour lies on hand and arm as a soft dust, most of it on the knuckles.
     struct Heap {
         Vector2 place;
@@ -189,7 +203,7 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
     drops.Splatter(sight({40, 56}), 190, 60, 2.2f);
     const Mask inside = canvas.Alpha().Inside(20);
     dust.By([&](float x, float y) { return Smooth(3, 15, inside.Sample(x, y)); });
-    canvas.Cover(dust.Subtract(cloth), Mix(palette::Bone, palette::Mist, 0.08f), 0.62f);
+    canvas.Cover(dust.Subtract(cloth).Subtract(roll), Mix(palette::Bone, palette::Mist, 0.08f), 0.62f);
 }
 
 static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
@@ -197,27 +211,37 @@ static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     const Mask cloth = Sleeve(canvas, limb, 0.34f, 1.2f, 1.4f, 5, seed);
     PaintBody(canvas, cloth, {Mix(palette::Moss, palette::Slate, 0.35f), palette::Ink, 1.2f, 0.8f, 1.2f}, 1,
               seed);
-    Mask folds(canvas.Width(), canvas.Height());
-    Pen fold(folds, SketchPaper(), {.width = 5, .wobble = 2, .skip = 0.25f}, seed + 1);
-    Folds(fold, limb, 0.38f, 13, seed + 2);
-    InkLines(canvas, folds, &cloth);
+    const LinearColour dark = Mix(palette::Moss * 0.5f, palette::Ink, 0.5f);
+    ShadeRound(canvas, limb, cloth, 1.3f, dark, 0.9f, seed + 30);
+    PaintFolds(canvas, limb,
+               {{0.40f, -1.0f, 0.47f, 0.1f, 0.6f},
+                {0.43f, 1.0f, 0.50f, 0.2f, 0.8f},
+                {0.50f, -1.0f, 0.55f, -0.1f, 0.7f},
+                {0.56f, 1.0f, 0.60f, 0.0f, 0.8f},
+                {0.60f, -1.0f, 0.63f, -0.2f, 0.6f}},
+               1.3f, 22, cloth, dark, Mix(palette::Moss, palette::Mist, 0.2f), seed + 2);
     // A cuff of lace: scallops, each with its own eyes.
     Shape scallops;
     Mask threads(canvas.Width(), canvas.Height());
     Pen pen(threads, SketchPaper(), {.width = 2.6f, .wobble = 0.6f, .skip = 0.1f}, seed + 3);
     for (int i = -3; i <= 3; i++) {
-        const float u = float(i) * 0.38f;
-        const Vector2 p = limb.At(0.285f, u) + DirectionAt(limb.along, 0.285f) * (16 * (1 - u * u * 0.5f));
-        scallops.Add(Ellipse(p, 19, 24));
-        pen.Stroke(Ellipse(p, 11, 15), {0.6f, 0.8f, 0.5f});
+        // They lie round the wrist: closer to each other and narrower towards its outlines.
+        const float angle = float(i) * 0.43f, u = Sin(angle) * 1.2f, narrow = 0.35f + 0.65f * Cos(angle);
+        const Vector2 p = limb.At(0.285f, u) + DirectionAt(limb.along, 0.285f) * (18 * Cos(angle) - 12);
+        const float turn = Angle(limb.Across(0.285f));
+        scallops.Add(Ellipse(p, 19 * narrow, 24, turn));
+        pen.Stroke(Ellipse(p, 11 * narrow, 15, turn), {0.6f, 0.8f, 0.5f});
         for (int k = 0; k < 5; k++)
-            pen.Dot(p + Vector2{Cos(1.2566f * float(k)), Sin(1.2566f * float(k))} * 6, 1.6f);
+            pen.Dot(p + limb.Across(0.285f) * (6 * narrow * Cos(1.2566f * float(k))) +
+                        DirectionAt(limb.along, 0.285f) * (6 * Sin(1.2566f * float(k))),
+                    1.6f);
         pen.Stroke(Through({limb.At(0.31f, u * 0.96f), limb.At(0.37f, u * 0.94f)}), {0.5f, 0.8f, 0.4f});
     }
     const Line band = limb.Ring(0.335f, 1.26f, 14);
     scallops.Add(Limb(band, 26, 30, 26));
     const Mask lace = Melted(canvas.Width(), canvas.Height(), scallops, 2);
     PaintBody(canvas, lace, {palette::Bone, palette::Slate, 0.8f, 0.3f, 0.9f}, 0.7f, seed + 4);
+    ShadeRound(canvas, limb, lace, 1.25f, Mix(palette::Slate, palette::Moss, 0.3f), 0.45f, seed + 31);
     pen.Stroke(limb.Ring(0.355f, 1.2f, 14), {0.7f, 0.9f, 0.6f});
     InkLines(canvas, threads, &lace, 0.8f);
 
@@ -252,25 +276,51 @@ static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const LinearColour hide = Mix(palette::Rust, palette::Ochre, 0.12f) * 0.85f;
-    const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.15f, 1.3f, 6, seed);
-    PaintBody(canvas, cloth, {Mix(palette::Night, palette::Slate, 0.4f), palette::Ink, 1.1f, 0.8f, 1.2f}, 1,
-              seed);
-    // A gauntlet's wide cuff.
-    Shape shape = Limb(Part(limb.along, 0.13f, 0.56f), limb.Half(0.13f) * 1.1f, limb.Half(0.35f) * 1.28f,
-                       limb.Half(0.56f) * 1.62f);
-    const Mask cuff = Melted(canvas.Width(), canvas.Height(), shape, 5).Shake(4, 60, seed + 1);
-    PaintBody(canvas, cuff, {hide, Mix(palette::Ink, palette::Rust, 0.25f), 1.2f, 0.8f, 1.25f}, 1, seed + 2);
-    Mask lines(canvas.Width(), canvas.Height());
+    const LinearColour deep = Mix(palette::Ink, palette::Rust, 0.25f);
+    const int width = canvas.Width(), height = canvas.Height();
+    // A gauntlet's wide cuff, into whose end one looks: its inside first, then the sleeve that goes in there.
+    constexpr float Top = 0.13f, End = 0.53f, Wide = 1.55f, Depth = 52;
+    const Line opening = Opening(limb, End, Wide, Depth);
+    const Mask hole = Filled(width, height, Shaken(opening, 3, 60, seed + 1));
+    PaintBody(canvas, hole, {Mix(hide, palette::Ink, 0.72f), palette::Ink, 0.6f, 0, 1.2f, palette::Rust, 0},
+              1, seed + 30);
+    const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.12f, 1.3f, 6, seed);
+    const LinearColour night = Mix(palette::Night, palette::Slate, 0.4f);
+    PaintBody(canvas, cloth, {night, palette::Ink, 0.7f, 0.8f, 1.2f}, 1, seed);
+    ShadeRound(canvas, limb, cloth, 1.2f, palette::Ink, 0.7f, seed + 31);
+    PaintFolds(canvas, limb,
+               {{0.59f, -1.0f, 0.63f, -0.1f, 0.7f},
+                {0.60f, 1.0f, 0.66f, 0.2f, 0.8f},
+                {0.67f, -1.0f, 0.70f, 0.0f, 0.7f}},
+               1.15f, 20, cloth, palette::Ink, Mix(night, palette::Mist, 0.2f), seed + 32);
+    const Vector2 on = DirectionAt(limb.along, End), middle = PointAt(limb.along, End);
+    Mask cast(width, height);
+    cast.Each(
+            [&](float x, float y) {
+                return Smooth(0.9f * Depth, -0.5f * Depth, Dot(Vector2{x, y} - middle, on));
+            },
+            2)
+        .Multiply(cloth)
+        .Multiply(hole);
+    canvas.Cover(cast, palette::Ink, 0.8f);
+    const Shape shape = Limb(Part(limb.along, Top, End), limb.Half(Top) * 1.1f, limb.Half(0.33f) * 1.26f,
+                             limb.Half(End) * Wide);
+    Mask cuff = Melted(width, height, shape, 4);
+    cuff.Fill(Opening(limb, Top, 1.1f, 13)).Shake(3, 60, seed + 1);
+    cuff.Erase(opening);
+    PaintBody(canvas, cuff, {hide, deep, 0.9f, 0.6f, 1.25f}, 1, seed + 2);
+    ShadeRound(canvas, limb, cuff, 1.3f, deep, 0.85f, seed + 33);
+    Mask lines(width, height);
     Pen pen(lines, SketchPaper(), {.width = 4, .wobble = 1, .skip = 0.15f}, seed + 3);
-    pen.Stroke(limb.Ring(0.165f, 1.2f, 12), {0.7f, 1, 0.5f});
-    pen.Stroke(limb.Ring(0.185f, 1.2f, 12), {0.5f, 0.9f, 0.4f});
-    pen.Stroke(limb.Ring(0.51f, 1.6f, 30), {0.7f, 1, 0.5f});
+    pen.Stroke(limb.Ring(0.165f, 1.2f, -12), {0.7f, 1, 0.5f});
+    pen.Stroke(limb.Ring(0.185f, 1.2f, -12), {0.5f, 0.9f, 0.4f});
+    pen.Stroke(limb.Ring(End - 0.022f, 1.55f, -Depth), {0.7f, 1, 0.5f});
     Folds(pen, limb, 0.2f, 7, seed + 4);
     InkLines(canvas, lines, &cuff);
     // Its seam is laced, its border studded.
     Mask bright(canvas.Width(), canvas.Height());
     Pen thread(bright, SketchPaper(), {.width = 5, .skip = 0.1f}, seed + 5);
-    for (float t = 0.22f; t < 0.5f; t += 0.04f) {
+    for (float t = 0.22f; t < 0.36f; t += 0.04f) {
         thread.Stroke(Through({limb.At(t, 0.22f), limb.At(t + 0.035f, 0.42f)}), {0.7f, 1, 0.6f});
         thread.Stroke(Through({limb.At(t, 0.42f), limb.At(t + 0.035f, 0.22f)}), {0.7f, 1, 0.6f});
     }
@@ -279,8 +329,8 @@ static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Pen stud(studs, SketchPaper(), {.width = 3}, seed + 6),
         shine(spark, SketchPaper(), {.width = 2}, seed + 7);
     for (int i = -3; i <= 3; i++) {
-        const float u = float(i) * 0.42f;
-        const Vector2 p = limb.At(0.475f, u) + DirectionAt(limb.along, 0.475f) * (24 * (1 - u * u * 0.4f));
+        const float angle = float(i) * 0.44f, u = Sin(angle) * 1.42f;
+        const Vector2 p = limb.At(0.475f, u) - DirectionAt(limb.along, 0.475f) * (Depth * Cos(angle));
         stud.Dot(p, 9);
         shine.Dot(p - Vector2{2, 2}, 4.6f);
     }
@@ -290,23 +340,59 @@ static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 
 static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
-    const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.26f, 1.3f, 6, seed);
-    PaintBody(canvas, cloth,
-              {Mix(palette::Ochre, palette::Parchment, 0.15f), palette::Rust, 1.1f, 0.7f, 1.2f}, 1, seed);
-    // Checks, woven askew.
-    Mask checks(canvas.Width(), canvas.Height());
-    DryBrush brush(checks, SketchPaper(), {.width = 13, .count = 14, .thickness = 1.6f, .load = 0.8f},
+    const int width = canvas.Width(), height = canvas.Height();
+    const LinearColour shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f);
+    const LinearColour woven = Mix(palette::Ochre, palette::Parchment, 0.15f);
+    constexpr float Mouth = 0.43f, Wide = 1.3f, Depth = 30;
+    Mask bare(width, height);
+    const Vector2 wrist = limb.At(0.08f, 0), down = DirectionAt(limb.along, 0.2f);
+    bare.Each(
+            [&](float x, float y) {
+                return Smooth(-50, 90, Dot(Vector2{x, y} - wrist, down));
+            },
+            2)
+        .Multiply(canvas.Alpha());
+    canvas.Glaze(bare, Mix(palette::Parchment, palette::Rust, 0.25f), 0.3f);
+    ShadeRound(canvas, limb, bare, 1, shade, 0.75f, seed + 30);
+    PaintOpening(canvas, limb, Mouth, Wide, Depth, Mix(palette::Rust, palette::Ink, 0.65f), seed + 31);
+    const Mask cloth = OpenSleeve(canvas, limb, Mouth, Wide, 1.35f, Depth, 4, seed);
+    PaintBody(canvas, cloth, {woven, palette::Rust, 0.5f, 0.5f, 1.2f}, 1, seed);
+    // Checks that go round the arm as the cloth does: closer to each other towards its outlines.
+    Mask checks(width, height), threads(width, height);
+    DryBrush brush(checks, SketchPaper(), {.width = 15, .count = 18, .thickness = 1.7f, .load = 0.9f},
                    seed + 1);
-    for (float t = 0.54f; t < 0.98f; t += 0.065f)
-        brush.Stroke(limb.Ring(t, 1.4f, 26));
-    for (float u = -1.1f; u <= 1.2f; u += 0.36f)
-        brush.Stroke(Through({limb.At(0.49f, u), limb.At(0.7f, u), limb.At(0.97f, u)}));
+    Pen thread(threads, SketchPaper(), {.width = 3, .wobble = 0.8f, .skip = 0.1f}, seed + 32);
+    for (float t = Mouth + 0.035f; t < 0.98f; t += 0.06f) {
+        brush.Stroke(limb.Turn(t, Wide, Depth, 0));
+        thread.Stroke(limb.Turn(t + 0.03f, Wide, Depth, 0), {0.8f, 0.9f, 0.8f});
+    }
+    constexpr float CheckApart = 0.36f; // radians round the arm
+    for (int i = -4; i <= 4; i++) {
+        const auto lengthwise = [&](float angle) {
+            std::vector<Vector2> points;
+            for (const float t : {Mouth - 0.01f, 0.5f, 0.6f, 0.7f, 0.85f, 0.97f})
+                points.push_back(limb.At(t, Sin(angle) * Wide) +
+                                 DirectionAt(limb.along, t) * (Depth * Cos(angle)));
+            return Through(points);
+        };
+        const float angle = CheckApart * float(i);
+        brush.bristles.width = 3 + 13 * Cos(angle);
+        brush.Stroke(lengthwise(angle));
+        thread.Stroke(lengthwise(angle + 0.5f * CheckApart), {0.8f, 0.9f, 0.8f});
+    }
     canvas.Glaze(checks.Multiply(cloth), Mix(palette::Rust, palette::Ink, 0.25f), 0.8f);
-    Mask lines(canvas.Width(), canvas.Height());
-    Pen pen(lines, SketchPaper(), {.width = 4.4f, .wobble = 1.5f, .skip = 0.25f}, seed + 2);
-    pen.Stroke(limb.Ring(0.53f, 1.26f, 24), {0.6f, 1, 0.4f});
-    Folds(pen, limb, 0.55f, 10, seed + 3);
-    InkLines(canvas, lines, &cloth);
+    canvas.Cover(threads.Multiply(cloth), Mix(palette::Bone, palette::Ochre, 0.2f), 0.5f);
+    const LinearColour dark = Mix(palette::Rust, palette::Ink, 0.55f);
+    ShadeRound(canvas, limb, cloth, Wide, dark, 0.8f, seed + 33);
+    PaintFolds(canvas, limb,
+               {{0.50f, -1.0f, 0.56f, -0.2f, 0.6f},
+                {0.53f, 1.0f, 0.60f, 0.2f, 0.7f},
+                {0.60f, -1.0f, 0.64f, 0.0f, 0.7f}},
+               Wide, Depth, cloth, dark, Mix(woven, palette::Bone, 0.4f), seed + 3);
+    Mask hem(width, height);
+    Pen pen(hem, SketchPaper(), {.width = 4, .wobble = 1, .skip = 0.15f}, seed + 2);
+    pen.Stroke(limb.Turn(Mouth + 0.022f, Wide, Depth, 0), {0.6f, 0.9f, 0.5f});
+    InkLines(canvas, hem, &cloth);
     // A wire wound round the wrist, whose end looks for somebody.
     Mask wire(canvas.Width(), canvas.Height());
     Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 0.6f, .skip = 0}, seed + 4);
