@@ -40,6 +40,17 @@ TEST(AtelierClouds, ABankIsClearAtTheBordersOfItsPicture)
     EXPECT_GT(most, 0.9f) << "and there is a bank";
 }
 
+TEST(AtelierClouds, BillowsLieBeforeWhereSomethingGoesIntoABank)
+{
+    Canvas alone(512, 512), worn(512, 512);
+    CloudBank{{256, 256}, 0, AmberNight, 7}.PaintBefore(alone);
+    CloudBank{{256, 256}, 0, AmberNight, 7, {{116, 240}, {396, 240}}}.PaintBefore(worn);
+    for (const int x : {116, 396}) {
+        EXPECT_LT(alone.At(x, 250).a, 0.1f) << "the crest sinks to its ends";
+        EXPECT_GT(worn.At(x, 250).a, 0.9f);
+    }
+}
+
 TEST(AtelierClouds, ABankLiesLevelWhenItsPictureIsTurned)
 {
     // The crest's middle is at the place; what is before it lies on its lower side.

@@ -59,9 +59,9 @@ static void PaintFoot(Canvas& sheet, const CloudBank& bank, Dice& dice, const No
     constexpr float Below = 16, RowsApart = 38, Apart = 44, Inwards = 30;
     const Vector2 right = {Cos(bank.level), -Sin(bank.level)}, down = {Sin(bank.level), Cos(bank.level)};
     for (const float row : {0.0f, 1.0f})
-        for (int end = 0; end < 2; end++)
+        for (size_t end = 0; end < bank.feet.size(); end++)
             for (const float out : {2.0f, 0.0f, 1.0f}) {
-                const Vector2 d = bank.foot[end] - bank.place;
+                const Vector2 d = bank.feet[end] - bank.place;
                 const float aside = (out * Apart - Inwards) * (end == 0 ? -1.0f : 1.0f);
                 const float rx = dice.Range(46, 58) * (1 + 0.25f * row);
                 const Vector2 at =

@@ -3,6 +3,8 @@
 
 #include "art/atelier/pictures/clouds/Billow.h"
 
+#include <vector>
+
 namespace atelier
 {
 
@@ -13,7 +15,8 @@ struct CloudBank {
     float level;   // radians, clockwise: how far the canvas is turned before the bank is seen upright
     const CloudTones& tones;
     uint32_t seed;
-    Vector2 foot[2]; // where the outlines of what comes out of it, left and right, go down into it
+    // Where the outlines of what comes out of it go down into it, the left one and the right one; billows lie before them.
+    std::vector<Vector2> feet = {};
 
     void PaintBehind(Canvas& canvas) const;
     void PaintBefore(Canvas& canvas) const;
