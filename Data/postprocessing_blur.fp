@@ -26,8 +26,8 @@
 // has grown.
 //
 // The first tree is the smallest and the nearest, two stumps on a log. Its mist stays up to the stumps, they carry on
-// in boughs, and a wood stands behind it. The limbs of the second end in points, and the wood is far behind it. The
-// third is a giant behind the wood, in a veil.
+// in boughs, and a wood stands about it. The third is a giant behind that wood, in a veil. The second and the last
+// stand in a denser veil behind two drawn trees, which grow with them, and the wood is far behind.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -64,8 +64,6 @@ const float strandBar = 0.13;              // and of a string of beads
 const vec2 strandShape = vec2(0.75, 2.40);  // in a disc that is drawn out upwards,
 const vec2 strandHeights = vec2(0.55, 0.8); // here
 const vec2 skyTap = vec2(0.97, 0.75);      // in trees that stand before the sky, which is there then
-const float taper = 0.38;                  // gained by the bar, so that the second tree's limbs
-const vec2 taperHeights = vec2(0.55, 0.76); // end in points
 const vec2 limbEdge = vec2(0.30, 0.24);    // softness of limbs and strings
 const float bell = 0.8;                    // by which a tap at the disc's rim counts less than one in the middle
 const float dryEdge = 0.08;                // by which the bar differs from place to place
@@ -80,14 +78,15 @@ const vec3 ink = vec3(0.030, 0.036, 0.070);   // of a limb,
 const vec3 shine = vec3(0.13, 0.155, 0.225); // and on the side that the moon reaches
 const vec2 hatching = vec2(128.0, 61.0);      // lines in the picture's width and height, with which the shade is drawn
 const float hatchWaver = 1.5, hatchDry = 0.1, hatchEdge = 0.3;
-const vec3 veil = vec3(0.190, 0.230, 0.335);  // the third tree, which is a giant, is seen through
+const vec3 veil = vec3(0.190, 0.230, 0.335);  // the third tree is seen through, the others through the sky,
 const vec2 veiled = vec2(0.55, 0.95);         // by these parts, at these heights,
-const vec2 veiledHeights = vec2(0.5, 1.0);
+const vec2 veiledHeights = vec2(0.5, 1.0);    // between which it is denser, and how dense it is before the sky,
+const vec2 veiledSky = vec2(0.35, 0.85);      // the last tree's and the second's
 const vec2 veiledShade = vec2(0.50, 0.35);    // with so much left of light and hatching
 const vec2 shineSlope = vec2(0.02, 0.34);    // slope of the wider share between them
 const vec3 moonlight = vec3(0.50, 0.58, 0.72);
 const vec2 moonward = vec2(0.5, 0.86);
-const vec2 rimLight = vec2(0.50, 0.22); // before the land and before the sky
+const vec2 rimLight = vec2(0.50, 0.05); // before the land and before the sky
 const vec2 rimShare = vec2(0.34, 0.14); // above the bar, at which it is gone and at which it is full
 
 const vec3 plainLand = vec3(0.36, 0.35, 0.34); // under a shadow of which no border is near
@@ -145,6 +144,8 @@ const float lastCover = 0.50;            // of the last camera,
 const float secondRest = 0.05;           // and by how much it is higher for the second tree
 const vec2 restHeights = vec2(0.65, 0.46);
 const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
+const float guessed = 0.22;              // part of what stands in the mist that is seen through it,
+const vec2 guessedHeights = vec2(0.55, 0.75);
 const float leastCover = 0.02;
 const float cloudLevel = 0.86;             // what that and cover have to be together,
 const float cloudEdge = 0.24;              // and beyond it from thinnest to thickest
@@ -163,10 +164,13 @@ const vec2 farShift = vec2(0.30, -0.03);      // and elsewhere
 const vec2 woodFeet = vec2(0.42, 0.50);       // heights, and in the mist
 const vec2 woodForks = vec2(0.06, 0.20);      // lowest height above half of the picture's, and gained by the highest
 const float woodLean = 0.12;
-const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03); // on the stumps: middle, half width, fork and lean
-const vec4 rightTrunk = vec4(0.405, 0.046, 0.17, 0.02);
+// What grows before each tree but the third: middle, half width, fork and lean of two trunks.
+const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03), rightTrunk = vec4(0.405, 0.046, 0.17, 0.02);
+const vec4 secondOak = vec4(0.140, 0.040, 0.11, 0.03), secondAsh = vec4(0.290, 0.017, 0.10, -0.04);
+const vec4 lastOak = vec4(0.440, 0.046, 0.08, 0.02), lastAsh = vec4(0.610, 0.022, 0.10, 0.05);
 const vec2 trunkTops = vec2(0.62, 1.03);      // heights that they reach
-const vec2 trunksGrow = vec2(0.05, 0.92);     // between these intensities
+const vec2 trunksGrow = vec2(0.05, 0.92);     // between these intensities, the first's,
+const vec2 othersGrow = vec2(-0.05, 0.40);    // and the second's
 const float trunkTip = 0.10;
 const vec2 stumpHeights = vec2(0.62, 0.70);   // between which they replace the stumps
 const vec2 stumpShare = vec2(0.02, 0.30);
@@ -320,30 +324,28 @@ float Trunk(vec2 place, vec4 shape, float kind)
     return 1.0 - smoothstep(width - inkEdge, width + inkEdge, away);
 }
 
-// How dark the wood is, the paler the farther its trunks, and how much of a place is covered by what grows from the
-// first tree's stumps. Both in one loop, as the first round of each is made for every pixel of everything.
-vec2 Wood(vec2 place, float first, float wanted)
+// How dark the wood is, the paler the farther its trunks, and how much of a place is covered by the two trunks before
+// the tree: with these it begins at number -2. All in one loop, as its first round is made for every pixel there is.
+vec2 Wood(vec2 place, vec4 oak, vec4 ash, float from, float wanted)
 {
     vec2 dark = vec2(0.0);
-    float last = wanted > 0.0 ? woodTrunks : 0.0;
-    for (float i = first > 0.0 ? -2.0 : 0.0; i < last; i += 1.0) {
+    float end = wanted > 0.0 ? woodTrunks : from;
+    for (float i = from; i < end; i += 1.0) {
         float near = fract(0.755 * i + 0.3);
         vec4 shape = vec4(fract(0.618 * i + 0.13), mix(woodWidths.x, woodWidths.y, near),
                           woodForks.x + woodForks.y * fract(0.37 * i), woodLean * (near - 0.5));
-        shape = i < -1.0 ? leftTrunk : i < 0.0 ? rightTrunk : shape;
+        shape = i < -1.0 ? oak : i < 0.0 ? ash : shape;
         float trunk = Trunk(place, shape, 9.0 * i);
         dark = max(dark, trunk * (i < 0.0 ? vec2(0.0, 1.0) : vec2(mix(woodInk.x, woodInk.y, near), 0.0)));
     }
-    float top = mix(trunkTops.x, trunkTops.y, smoothstep(trunksGrow.x, trunksGrow.y, blur_intensity));
-    return dark * vec2(smoothstep(woodFeet.x, woodFeet.y, place.t), 1.0 - smoothstep(top - trunkTip, top, place.t));
+    return dark * smoothstep(woodFeet.x, woodFeet.y, place.t);
 }
 
 // The mist's colour, and how thick it is.
-vec4 Mist(vec2 place, float overSky, float first, float wanted)
+vec4 Mist(vec2 place, float overSky, float first, float risen, float wanted)
 {
     bool last = abs(blur_intensity - lastIntensity) < 0.00001;
-    float lifted = last ? smoothstep(0.0, 1.0, BorderRisen(last && wanted > 0.0))
-                        : smoothstep(lifting.x, lifting.y, blur_intensity);
+    float lifted = last ? smoothstep(0.0, 1.0, risen) : smoothstep(lifting.x, lifting.y, blur_intensity);
     // The first tree's clock goes on from where it is told from the others.
     float left = max(nextTarget - blur_intensity, 0.0) + targetMargin;
     float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - lifting.x) / (firstTarget - lifting.x);
@@ -379,7 +381,8 @@ vec4 Mist(vec2 place, float overSky, float first, float wanted)
     }
     thickness += cover - cloudLevel;
     return vec4(mix(mistBody, mistEdge, min(light, 1.0)),
-                wanted * smoothstep(0.0, cloudEdge, thickness) * min(2.0 * cover, 1.0));
+                wanted * smoothstep(0.0, cloudEdge, thickness) * min(2.0 * cover, 1.0) *
+                    (1.0 - guessed * smoothstep(guessedHeights.x, guessedHeights.y, place.t)));
 }
 
 // The scene of the names, of which this is drawn in the middle.
@@ -392,10 +395,10 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     vec2 disc = mix(mix(discRadius, skyDiscRadius, overSky), lastDiscRadius, last) * vec2(1.0, aspect) *
                 mix(vec2(1.0), strandShape, strands);
     float second = overSky * (1.0 - last);
-    float tapered = second * smoothstep(taperHeights.x, taperHeights.y, place.t);
-    float bar = mix(limbBar + taper * tapered, strandBar, last * strands);
+    float bar = mix(limbBar, strandBar, last * strands);
 
-    vec4 mist = Mist(place, overSky, first, own);
+    float risen = BorderRisen(last > 0.0 && own > 0.0);
+    vec4 mist = Mist(place, overSky, first, risen, own);
     float clear = own * (1.0 - mist.a);
 
     float bark = 0.0;
@@ -479,9 +482,15 @@ vec3 Painted(vec4 middle, vec2 place, float own)
 
     vec3 dusk = Night(place);
     float third = (1.0 - overSky) * (1.0 - first) * (1.0 - last);
-    vec2 wood = Wood(place + second * farShift + third * nearShift, first,
-                     clear * max(max(first, third), second * sky));
-    vec3 above = mix(Sky(place, sky), ink, second * farInk * wood.x);
+    vec2 wood = Wood(place + second * farShift + third * nearShift,
+                     mix(mix(secondOak, lastOak, last), leftTrunk, first) + vec4(second * farShift.x, 0.0, 0.0, 0.0),
+                     mix(mix(secondAsh, lastAsh, last), rightTrunk, first) + vec4(second * farShift.x, 0.0, 0.0, 0.0),
+                     third > 0.0 ? 0.0 : -2.0, clear * max(first + third, overSky));
+    float grown = mix(mix(smoothstep(othersGrow.x, othersGrow.y, blur_intensity), risen, last),
+                      smoothstep(trunksGrow.x, trunksGrow.y, blur_intensity), first);
+    float top = mix(trunkTops.x, trunkTops.y, grown);
+    wood.y *= 1.0 - smoothstep(top - trunkTip, top, place.t);
+    vec3 above = mix(Sky(place, sky), ink, (1.0 - first) * overSky * farInk * wood.x);
     vec3 colour = mix(above, field, day * (1.0 - smoothstep(0.3, 0.7, sky / max(1.0 - dark, 0.1))));
     vec3 far = mix(mix(plainLand, haze, smoothstep(farHaze.x, farHaze.y, place.t)), dusk,
                    smoothstep(farNight.x, farNight.y, place.t));
@@ -491,8 +500,10 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     float hatch = smoothstep(shone - hatchEdge, shone + hatchEdge, line);
     vec3 limbColour = mix(shine, ink, max(hatch, overSky)); // limbs before the sky are too thin for hatching
     vec3 ghost = veil * (1.0 + veiledShade.x * (shone - 0.4) - veiledShade.y * (hatch - 0.5));
-    limbColour = mix(limbColour, ghost, third * mix(veiled.x, veiled.y,
-                                                    smoothstep(veiledHeights.x, veiledHeights.y, place.t)));
+    float hidden = mix(smoothstep(veiledHeights.x, veiledHeights.y, place.t),
+                       mix(veiledSky.x, veiledSky.y, second), overSky);
+    hidden = mix(veiled.x, veiled.y, hidden);
+    limbColour = mix(limbColour, mix(ghost, above, overSky), (1.0 - first) * hidden);
     limbColour += moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
     colour = mix(colour, ink, first * wood.x);
     colour = mix(colour, mix(dusk, limbColour, day), limb);

@@ -4,6 +4,7 @@
 #include "tests/resources/BlurFixture.h"
 
 #include <algorithm>
+#include <vector>
 
 // Land in the lower rows and nothing above it. Texture coordinate t is the height: row 0 has t = 0.
 static Picture LandBelowTheSky(int side, int horizon, unsigned char light)
@@ -47,6 +48,19 @@ protected:
 
     using ShaderFiles::MeanOf;
 
+    // Of the lighter half of a row's left half: the sky between the trees, without the moon.
+    static double OpenSky(const Picture& picture, int y, int channel)
+    {
+        std::vector<int> row;
+        for (int x = 0; x < picture.width / 2; x++)
+            row.push_back(picture.At(x, y)[channel]);
+        std::sort(row.begin(), row.end());
+        double sum = 0;
+        for (size_t i = row.size() / 2; i < row.size(); i++)
+            sum += row[i];
+        return sum / double(row.size() - row.size() / 2);
+    }
+
     // Of its left half: the moon stands in the right one.
     static double MeanOfRow(const Picture& picture, int y, int channel)
     {
@@ -89,11 +103,11 @@ TEST_F(MistShader, LetsANightSkyStandOverAHazeWhereNothingWasDrawn)
     // Three quarters of the way from 0.35 to 1.05 of the height, eased: 85 % of the way up the night.
     const double night[3] = {17, 22, 45};
     for (int channel = 0; channel < 3; channel++)
-        EXPECT_NEAR(night[channel], MeanOfRow(scene, 112, channel), 3);
+        EXPECT_NEAR(night[channel], OpenSky(scene, 112, channel), 4);
     // Three of 28 looks down miss the land and weigh 2.9 of 14.5: (1 - 0.2)^2 of the way from 51 to 98.
-    EXPECT_NEAR(81, MeanOfRow(scene, 88, 2), 6) << "haze close over the land,";
-    EXPECT_GT(MeanOfRow(scene, 90, 2), MeanOfRow(scene, 94, 2) + 5) << "thinning out";
-    EXPECT_GT(MeanOfRow(scene, 94, 2), night[2] + 5);
+    EXPECT_NEAR(81, OpenSky(scene, 88, 2), 6) << "haze close over the land,";
+    EXPECT_GT(OpenSky(scene, 90, 2), OpenSky(scene, 94, 2) + 5) << "thinning out";
+    EXPECT_GT(OpenSky(scene, 94, 2), night[2] + 5);
     EXPECT_EQ(0, MeanOfRow(DrawBlurred(&texture, clearest), 112, 2))
         << "not behind a picture that is laid over another";
 }
@@ -104,13 +118,13 @@ TEST_F(MistShader, HangsAMoonIntoTheNightAboveTheLand)
     Texture sky, land;
     MakeTexture(&sky, LandBelowTheSky(256, 150, 140));
     MakeTexture(&land, LandBelowTheSky(256, 256, 140));
-    // The last camera has no wood before it. The disc's middle is at 0.84 and 0.79; between its black borders the picture
+    // The disc's middle is at 0.84 and 0.79; between its black borders the picture
     // is five thirds as wide as high, so that a radius of 0.042 of the height is 6.5 columns and 10.8 rows.
     const Picture night = DrawScene(&sky, 0.25f);
     EXPECT_GT(MeanOf(night, 212, 219, 198, 207, 0), 165);
     EXPECT_GT(MeanOf(night, 212, 219, 198, 207, 0), MeanOf(night, 212, 219, 198, 207, 2)) << "it is warm,";
     for (int side : {-1, 1}) {
-        EXPECT_GT(night.At(215 + side * 5, 202)[0], 140);
+        EXPECT_GT(night.At(215 + side * 5, 202)[0], 105); // a bough may cross it
         EXPECT_LT(night.At(215 + side * 7, 202)[0], 100);
         EXPECT_GT(night.At(215, 202 + side * 9)[0], 140);
         EXPECT_LT(night.At(215, 202 + side * 13)[0], 100);
@@ -127,7 +141,7 @@ TEST_F(MistShader, HasNoStepsInTheHaze)
     MakeTexture(&texture, LandBelowTheSky(512, 344, 140));
     const Picture scene = DrawScene(&texture, clearest);
     for (int row = 352; row < 440; row++)
-        EXPECT_LT(MeanOfRow(scene, row, 2) - MeanOfRow(scene, row + 1, 2), 5) << row;
+        EXPECT_LT(OpenSky(scene, row, 2) - OpenSky(scene, row + 1, 2), 5) << row;
 }
 
 TEST_F(MistShader, HidesTheBorderOfALandThatHasNoLight)
@@ -154,8 +168,8 @@ TEST_F(MistShader, DrawsBarkInInkAndLeavesItToTheNightWhileTheLandHasNoLight)
         MakeTexture(&texture, land);
         const Picture scene = DrawScene(&texture, plainest);
         const double red = MeanOf(scene, 50, 70, 87, 97, 0), blue = MeanOf(scene, 50, 70, 87, 97, 2);
-        EXPECT_NEAR(light == 0 ? 22 : 8, red, 4);
-        EXPECT_NEAR(light == 0 ? 55 : 18, blue, 6);
+        EXPECT_NEAR(light == 0 ? 22 : 26, red, 4);
+        EXPECT_NEAR(light == 0 ? 55 : 48, blue, 6);
     }
 }
 
@@ -317,7 +331,6 @@ TEST_F(MistShader, TellsATreesOwnShadeFromItsShadowOnTheLand)
     const double shadow[3] = {MeanOf(scene, 55, 75, 28, 38, 0), 0, MeanOf(scene, 55, 75, 28, 38, 2)};
     EXPECT_LT(shadow[0], 90);
     EXPECT_GT(shadow[2], shadow[0] + 4) << "a shadow is blue,";
-    EXPECT_GT(shadow[2], MeanOf(scene, 162, 170, 176, 188, 2) + 25) << "lighter than the trunk,";
     EXPECT_GT(MeanOf(scene, 55, 75, 3, 10, 0), shadow[0] + 5) << "and feathers out towards the foot";
 }
 
@@ -390,15 +403,14 @@ TEST_F(MistOfTheFirstTree, TakesTheStumpsAwayAboveTheForksOfItsBoughs)
         EXPECT_GT(MeanOf(DrawScene(&texture, strength), 76, 80, 92, 98, 2), 60) << strength;
 }
 
-TEST_F(MistOfTheFirstTree, LeavesTheLastTreeWithoutAWood)
+TEST_F(MistShader, PutsNoWoodBeforeTheLastTree)
 {
     Start(128);
-    for (int horizon : {90, 128}) {
-        MakeTexture(&texture, LandBelowTheSky(128, horizon, 140));
-        const Picture scene = DrawScene(&texture, plainest);
-        for (int x = 0; x < 128; x++)
-            EXPECT_NEAR(140, scene.At(x, 84)[0], 12) << horizon << " " << x;
-    }
+    Texture texture;
+    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
+    const Picture scene = DrawScene(&texture, plainest);
+    for (int x = 0; x < 128; x++)
+        EXPECT_NEAR(140, scene.At(x, 84)[0], 12) << x;
 }
 
 TEST_F(MistShader, ShowsTheThirdTreeInAVeilBehindAWood)
@@ -411,7 +423,6 @@ TEST_F(MistShader, ShowsTheThirdTreeInAVeilBehindAWood)
     const Picture third = DrawScene(&texture, clearest), last = DrawScene(&texture, plainest);
     // Veil of 0.335, 55 to 95 % of it from half the height to the top: some 70 % here, over ink of
     // 0.07, with the wood before it.
-    EXPECT_NEAR(18, MeanOf(last, 120, 140, 185, 200, 2), 6);
     EXPECT_NEAR(54, MeanOf(third, 120, 140, 185, 200, 2), 12);
     int dark = 0;
     for (int x = 0; x < 90; x++)
@@ -421,51 +432,29 @@ TEST_F(MistShader, ShowsTheThirdTreeInAVeilBehindAWood)
     EXPECT_LT(dark, 300);
 }
 
-TEST_F(MistShader, SetsAWoodFarBehindTheSecondTree)
+TEST_F(MistShader, SetsAWoodFarBehindTheSecondTreeAndTheLast)
 {
     Start(256);
     Texture texture;
     MakeTexture(&texture, LandBelowTheSky(256, 150, 140));
-    const Picture second = DrawScene(&texture, clearest);
-    // Nearest to the last tree's intensity, which has no wood.
-    const Picture last = DrawScene(&texture, 0.25f), beside = DrawScene(&texture, 0.2501f);
-    int dark = 0;
-    for (int x = 0; x < 180; x++)
-        for (int y = 170; y < 230; y += 10)
-            dark += second.At(x, y)[2] + 8 < last.At(x, y)[2];
-    EXPECT_GT(dark, 60);
-    EXPECT_LT(dark, 400);
-    EXPECT_GT(Compare(beside, last, 0).maximum, 15);
-}
-
-TEST_F(MistShader, LetsTheSecondTreesLimbsEndInPointsBeforeTheSky)
-{
-    Start(256);
-    Picture limb = LandBelowTheSky(256, 138, 140);
-    Fill(&limb, 32, 39, 120, 200, 0, 0, 0);
-    Texture texture;
-    MakeTexture(&texture, limb);
-    const auto thickness = [&](float strength, int y) {
+    for (float strength : {clearest, plainest}) {
         const Picture scene = DrawScene(&texture, strength);
         int dark = 0;
-        for (int x = 28; x < 44; x++)
-            dark += scene.At(x, y)[2] < 35;
-        return dark;
-    };
-    EXPECT_LT(thickness(clearest, 188) + 2, thickness(0.25f, 188))
-        << "the last tree's are as thick as they are";
+        for (int y = 170; y < 230; y += 10)
+            for (int x = 0; x < 128; x++)
+                dark += scene.At(x, y)[2] + 8 < OpenSky(scene, y, 2);
+        EXPECT_GT(dark, 60) << strength;
+        EXPECT_LT(dark, 450) << strength;
+    }
 }
 
-TEST_F(MistShader, KeepsTheLastTreesLimbsApart)
+TEST_F(MistShader, LetsTwoTreesGrowBeforeTheSecond)
 {
     Start(256);
-    Picture limbs = LandBelowTheSky(256, 138, 140);
-    for (int left : {60, 72})
-        Fill(&limbs, left, left + 5, 120, 180, 0, 0, 0);
     Texture texture;
-    MakeTexture(&texture, limbs);
-    const Picture scene = DrawScene(&texture, 0.25f);
-    EXPECT_LT(MeanOf(scene, 61, 64, 145, 150, 2), 30);
-    EXPECT_LT(MeanOf(scene, 73, 76, 145, 150, 2), 30);
-    EXPECT_GT(MeanOf(scene, 67, 70, 145, 150, 2), 45);
+    MakeTexture(&texture, LandBelowTheSky(256, 150, 140));
+    const Picture young = DrawScene(&texture, 0.0f), grown = DrawScene(&texture, clearest);
+    // The stem of the larger one, below its fork at 0.61 and above the land.
+    EXPECT_LT(MeanOf(grown, 33, 38, 170, 174, 2), 40);
+    EXPECT_GT(MeanOf(young, 33, 38, 170, 174, 2), MeanOf(grown, 33, 38, 170, 174, 2) + 10);
 }

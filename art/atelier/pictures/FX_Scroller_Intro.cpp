@@ -55,9 +55,9 @@ static Canvas Spark()
             return FromScreen(fade * Min(1, ofCore * core + ofEmber * ember + ofHalo * halo + ofGlow * glow +
                                                 ofTongue * tongue));
         };
-        return LinearColour{light(0.34f, 0.25f, 0.140f, 0.030f, 0.20f),
-                            light(0.33f, 0.11f, 0.055f, 0.008f, 0.09f),
-                            light(0.17f, 0.035f, 0.006f, 0, 0.012f)};
+        return LinearColour{light(0.34f, 0.28f, 0.190f, 0.033f, 0.06f),
+                            light(0.33f, 0.13f, 0.077f, 0.0095f, 0.026f),
+                            light(0.17f, 0.04f, 0.008f, 0, 0.004f)};
     });
     return canvas;
 }
