@@ -14,7 +14,7 @@
 // light reaches and black on the others, and their shadow on the land is black too. Here they are drawn anew, as ink in
 // a mist: the share of black and bark in a disc about each place is compared with a bar, which joins the cubes into
 // limbs with round edges. The slope of that share is the limb's outward direction, by which the moon gives it a rim,
-// and the slope in a wider disc says how densely it is hatched. Bark is told from land by its hue. What is black is
+// and the slope in a wider disc a side that is a little lighter. Bark is told from land by its hue. What is black is
 // the tree's near bark and in the upper part of the picture; elsewhere it is shadow, a wash over the land that thins
 // out towards the picture's foot. Where nothing was drawn there is night.
 //
@@ -76,13 +76,12 @@ const vec2 treeHeights = vec2(0.40, 0.54);
 
 const vec3 ink = vec3(0.030, 0.036, 0.070);   // of a limb,
 const vec3 shine = vec3(0.13, 0.155, 0.225); // and on the side that the moon reaches
-const vec2 hatching = vec2(128.0, 61.0);      // lines in the picture's width and height, with which the shade is drawn
-const float hatchWaver = 1.5, hatchDry = 0.1, hatchEdge = 0.3;
-const vec3 veil = vec3(0.190, 0.230, 0.335);  // the third tree is seen through, the others through the sky,
-const vec2 veiled = vec2(0.55, 0.95);         // by these parts, at these heights,
+const vec3 veil = vec3(0.220, 0.250, 0.345);  // the third tree is seen through, the others through the sky,
+const vec2 veiled = vec2(0.80, 0.97);         // by these parts, at these heights,
 const vec2 veiledHeights = vec2(0.5, 1.0);    // between which it is denser, and how dense it is before the sky,
 const vec2 veiledSky = vec2(0.35, 0.85);      // the last tree's and the second's
-const vec2 veiledShade = vec2(0.50, 0.35);    // with so much left of light and hatching
+const float veiledShade = 0.40;               // with so much left of the light
+const float barkDry = 0.1;
 const vec2 shineSlope = vec2(0.02, 0.34);    // slope of the wider share between them
 const vec3 moonlight = vec3(0.50, 0.58, 0.72);
 const vec2 moonward = vec2(0.5, 0.86);
@@ -134,13 +133,14 @@ const float flatness = 2.2;            // of features, which are so much wider t
 const float bankDepth = 2.6;           // by which light is lost below the border
 const vec2 lipLight = vec2(0.45, 1.15);  // of the border, where it is lost and where it is found,
 const vec2 lipEdge = vec2(0.5, 1.3);     // and parts of its softness
+const vec3 dryRim = vec3(0.35, 700.0, 0.16); // light, narrowness and depth of the rim that dried
 const vec2 lipGrain = vec2(0.9, 0.5);    // in features
 const vec2 bankLight = vec2(0.55, 0.70); // least, and gained by vapour
 const float youngCover = 1.15;           // before young trees,
 const float firstCover = 1.10;           // before the first tree for good,
 const vec2 firstHeights = vec2(0.74, 0.50);
 const float restCover = 0.64;            // on the land for good,
-const float lastCover = 0.50;            // of the last camera,
+const float lastCover = 0.62;            // of the last camera,
 const float secondRest = 0.05;           // and by how much it is higher for the second tree
 const vec2 restHeights = vec2(0.65, 0.46);
 const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
@@ -164,9 +164,10 @@ const vec2 farShift = vec2(0.30, -0.03);      // and elsewhere
 const vec2 woodFeet = vec2(0.42, 0.50);       // heights, and in the mist
 const vec2 woodForks = vec2(0.06, 0.20);      // lowest height above half of the picture's, and gained by the highest
 const float woodLean = 0.12;
-// What grows before each tree but the third: middle, half width, fork and lean of two trunks.
+// What grows before each tree: middle, half width, fork and lean of two trunks.
 const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03), rightTrunk = vec4(0.405, 0.046, 0.17, 0.02);
 const vec4 secondOak = vec4(0.140, 0.040, 0.11, 0.03), secondAsh = vec4(0.290, 0.017, 0.10, -0.04);
+const vec4 thirdOak = vec4(0.740, 0.036, 0.06, 0.04), thirdAsh = vec4(0.270, 0.020, 0.08, -0.03);
 const vec4 lastOak = vec4(0.440, 0.046, 0.08, 0.02), lastAsh = vec4(0.610, 0.022, 0.10, 0.05);
 const vec2 trunkTops = vec2(0.62, 1.03);      // heights that they reach
 const vec2 trunksGrow = vec2(0.05, 0.92);     // between these intensities, the first's,
@@ -324,6 +325,9 @@ float Trunk(vec2 place, vec4 shape, float kind)
     return 1.0 - smoothstep(width - inkEdge, width + inkEdge, away);
 }
 
+// The same trunk in a place that has been shifted.
+vec4 Shifted(vec4 shape, vec2 shift) { return shape + vec4(shift.x - shape.w * shift.y, 0.0, shift.y, 0.0); }
+
 // How dark the wood is, the paler the farther its trunks, and how much of a place is covered by the two trunks before
 // the tree: with these it begins at number -2. All in one loop, as its first round is made for every pixel there is.
 vec2 Wood(vec2 place, vec4 oak, vec4 ash, float from, float wanted)
@@ -375,6 +379,7 @@ vec4 Mist(vec2 place, float overSky, float first, float risen, float wanted)
         float lit = exp(-bankDepth * max(inside, 0.0)) * (bankLight.x + bankLight.y * vapour);
         float found = Tooth(features * lipGrain + 3.3);
         lit *= mix(lipLight.x, lipLight.y, smoothstep(0.25, 0.75, found));
+        lit += dryRim.x * found * exp(-dryRim.y * (inside - dryRim.z) * (inside - dryRim.z));
         float part = i < 1.0 ? 1.0 : smoothstep(0.0, bankEdge * mix(lipEdge.x, lipEdge.y, found), inside);
         thickness = mix(thickness, dot(thicknesses, vec3(1.0, vapour, swell)), part);
         light = mix(light, lit, part);
@@ -482,24 +487,23 @@ vec3 Painted(vec4 middle, vec2 place, float own)
 
     vec3 dusk = Night(place);
     float third = (1.0 - overSky) * (1.0 - first) * (1.0 - last);
-    vec2 wood = Wood(place + second * farShift + third * nearShift,
-                     mix(mix(secondOak, lastOak, last), leftTrunk, first) + vec4(second * farShift.x, 0.0, 0.0, 0.0),
-                     mix(mix(secondAsh, lastAsh, last), rightTrunk, first) + vec4(second * farShift.x, 0.0, 0.0, 0.0),
-                     third > 0.0 ? 0.0 : -2.0, clear * max(first + third, overSky));
+    vec2 shift = second * farShift + third * nearShift;
+    vec2 wood = Wood(place + shift,
+                     Shifted(mix(mix(mix(secondOak, thirdOak, third), lastOak, last), leftTrunk, first), shift),
+                     Shifted(mix(mix(mix(secondAsh, thirdAsh, third), lastAsh, last), rightTrunk, first), shift),
+                     -2.0, clear * max(first + third, overSky));
     float grown = mix(mix(smoothstep(othersGrow.x, othersGrow.y, blur_intensity), risen, last),
                       smoothstep(trunksGrow.x, trunksGrow.y, blur_intensity), first);
     float top = mix(trunkTops.x, trunkTops.y, grown);
-    wood.y *= 1.0 - smoothstep(top - trunkTip, top, place.t);
+    wood *= clear * vec2(1.0, 1.0 - smoothstep(top - trunkTip, top, place.t));
     vec3 above = mix(Sky(place, sky), ink, (1.0 - first) * overSky * farInk * wood.x);
     vec3 colour = mix(above, field, day * (1.0 - smoothstep(0.3, 0.7, sky / max(1.0 - dark, 0.1))));
     vec3 far = mix(mix(plainLand, haze, smoothstep(farHaze.x, farHaze.y, place.t)), dusk,
                    smoothstep(farNight.x, farNight.y, place.t));
     colour = mix(colour, far, noStump * smoothstep(stumpShare.x, stumpShare.y, dark));
-    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward) + hatchDry * dry);
-    float line = 2.0 * abs(fract(dot(place, hatching) + hatchWaver * dry) - 0.5);
-    float hatch = smoothstep(shone - hatchEdge, shone + hatchEdge, line);
-    vec3 limbColour = mix(shine, ink, max(hatch, overSky)); // limbs before the sky are too thin for hatching
-    vec3 ghost = veil * (1.0 + veiledShade.x * (shone - 0.4) - veiledShade.y * (hatch - 0.5));
+    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward) + barkDry * dry);
+    vec3 limbColour = mix(ink, shine, shone * (1.0 - overSky));
+    vec3 ghost = veil * (1.0 + veiledShade * (shone - 0.4));
     float hidden = mix(smoothstep(veiledHeights.x, veiledHeights.y, place.t),
                        mix(veiledSky.x, veiledSky.y, second), overSky);
     hidden = mix(veiled.x, veiled.y, hidden);
