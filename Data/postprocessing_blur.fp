@@ -26,8 +26,9 @@
 // has grown.
 //
 // The first tree is the smallest and the nearest, two stumps on a log. Its mist stays up to the stumps, they carry on
-// in boughs, and a wood stands about it. The third is a giant behind that wood, in a veil. The second and the last
-// stand in a denser veil behind two drawn trees, which grow with them, and the wood is far behind.
+// in boughs, and a wood stands about it. Before each of the others stand two drawn trees, which grow with the second
+// and with the last. The third is a pale giant behind the wood; for the second and the last, which stand in a denser
+// veil, the wood is far behind.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -86,7 +87,7 @@ const vec2 shineSlope = vec2(0.02, 0.34);    // slope of the wider share between
 const vec3 moonlight = vec3(0.50, 0.58, 0.72);
 const vec2 moonward = vec2(0.5, 0.86);
 const vec2 rimLight = vec2(0.50, 0.05); // before the land and before the sky
-const vec2 rimShare = vec2(0.34, 0.14); // above the bar, at which it is gone and at which it is full
+const vec2 rimShare = vec2(0.14, 0.34); // above the bar, at which it is full and at which it is gone
 
 const vec3 plainLand = vec3(0.36, 0.35, 0.34); // under a shadow of which no border is near
 const vec2 landSeen = vec2(0.00, 0.50);        // share of black near by at which the land's drawing is lost
@@ -138,11 +139,11 @@ const vec2 lipGrain = vec2(0.9, 0.5);    // in features
 const vec2 bankLight = vec2(0.55, 0.70); // least, and gained by vapour
 const float youngCover = 1.15;           // before young trees,
 const float firstCover = 1.10;           // before the first tree for good,
-const vec2 firstHeights = vec2(0.74, 0.50);
+const vec2 firstHeights = vec2(0.50, 0.74);
 const float restCover = 0.64;            // on the land for good,
 const float lastCover = 0.62;            // of the last camera,
 const float secondRest = 0.05;           // and by how much it is higher for the second tree
-const vec2 restHeights = vec2(0.65, 0.46);
+const vec2 restHeights = vec2(0.46, 0.65);
 const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
 const float guessed = 0.22;              // part of what stands in the mist that is seen through it,
 const vec2 guessedHeights = vec2(0.55, 0.75);
@@ -319,7 +320,7 @@ float Trunk(vec2 place, vec4 shape, float kind)
     away = abs(away) - twigSlopes.y * twiglet;
     float tip = max(twiglet - forks.z * (1.0 - uneven * other), 0.0);
     away = abs(abs(away) - twigSlopes.z * tip);
-    float flare = 1.0 + rootFlare * smoothstep(0.20, 0.08, up);
+    float flare = 1.0 + rootFlare * (1.0 - smoothstep(0.08, 0.20, up));
     float width = shape.y * (1.0 - up) * flare * (1.0 - taperings.x * min(14.0 * bough, 1.0)) *
                   (1.0 - taperings.y * min(16.0 * twig, 1.0)) * exp(-taperings.z * bough);
     return 1.0 - smoothstep(width - inkEdge, width + inkEdge, away);
@@ -357,10 +358,10 @@ vec4 Mist(vec2 place, float overSky, float first, float risen, float wanted)
 
     float one = 4.0 * overSky + 2.3 * first + (last ? 7.0 : 0.0); // so that no two trees have the same
     float cover = max(youngCover * (1.0 - lifted),
-                      max(firstCover * first * smoothstep(firstHeights.x, firstHeights.y, place.t),
+                      max(firstCover * first * (1.0 - smoothstep(firstHeights.x, firstHeights.y, place.t)),
                           (last ? lastCover : restCover) *
-                              smoothstep(restHeights.x, restHeights.y,
-                                         place.t - (last ? 0.0 : secondRest * overSky))));
+                              (1.0 - smoothstep(restHeights.x, restHeights.y,
+                                         place.t - (last ? 0.0 : secondRest * overSky)))));
     // A bank's upper border stays between half a step below its middle height and one and a half above it: two banks
     // may begin here, and the one behind them is there in any case.
     float down = bankCurve.x * (firstBank - place.t) / (firstBank - place.t + bankCurve.y);
@@ -475,7 +476,7 @@ vec3 Painted(vec4 middle, vec2 place, float own)
     float noStump = first * smoothstep(stumpHeights.x, stumpHeights.y, place.t);
     limb *= 1.0 - noStump;
     float outward = dot(-slope / max(length(slope), 0.5), moonward);
-    float rim = max(outward, 0.0) * smoothstep(bar + rimShare.x, bar + rimShare.y, dark);
+    float rim = max(outward, 0.0) * (1.0 - smoothstep(bar + rimShare.x, bar + rimShare.y, dark));
 
     vec3 around = mix(plainLand, land.rgb / max(land.a, 0.01), min(2.0 * land.a / firstTaps, 1.0));
     float seen = middle.a * (1.0 - Black(middle)) * (1.0 - smoothstep(landSeen.x, landSeen.y, dark)) *

@@ -96,18 +96,24 @@ TEST(AtelierHands, TheThumbsPadLiesOnTheCardAndFingersStopBehindIt)
     }
 }
 
+static Pose HalfClosed()
+{
+    return {.right = true,
+            .turn = 0,
+            .lean = 0,
+            .roll = 0,
+            .fingers = {{5, 20, 30, 20}, {0, 30, 30, 20}, {-5, 60, 60, 30}, {-9, 70, 70, 40}},
+            .thumb = {{0.6f, 0.7f, 0.4f}, {0.2f, 0.9f, 0.3f}, {0, 1, 0}},
+            .nail = {0, 0, 1},
+            .pad = {0, 0},
+            .lift = 0,
+            .size = 2};
+}
+
 TEST(AtelierHands, ALeftHandIsTheMirrorImageOfARightOne)
 {
-    Pose pose = {.right = true,
-                 .turn = 0,
-                 .lean = 10,
-                 .roll = 0,
-                 .fingers = {{5, 20, 30, 20}, {0, 30, 30, 20}, {-5, 60, 60, 30}, {-9, 70, 70, 40}},
-                 .thumb = {{0.6f, 0.7f, 0.4f}, {0.2f, 0.9f, 0.3f}, {0, 1, 0}},
-                 .nail = {0, 0, 1},
-                 .pad = {0, 0},
-                 .lift = 0,
-                 .size = 2};
+    Pose pose = HalfClosed();
+    pose.lean = 10;
     const Skeleton right = Posed(pose);
     pose.right = false;
     const Skeleton left = Posed(pose);
@@ -121,16 +127,7 @@ TEST(AtelierHands, ALeftHandIsTheMirrorImageOfARightOne)
 
 TEST(AtelierHands, AThumbMayBeSlimmerThanItsHand)
 {
-    Pose pose = {.right = true,
-                 .turn = 0,
-                 .lean = 0,
-                 .roll = 0,
-                 .fingers = {{5, 20, 30, 20}, {0, 30, 30, 20}, {-5, 60, 60, 30}, {-9, 70, 70, 40}},
-                 .thumb = {{0.6f, 0.7f, 0.4f}, {0.2f, 0.9f, 0.3f}, {0, 1, 0}},
-                 .nail = {0, 0, 1},
-                 .pad = {0, 0},
-                 .lift = 0,
-                 .size = 2};
+    Pose pose = HalfClosed();
     const Skeleton plain = Posed(pose);
     pose.thumbGirth = 0.5f;
     const Skeleton slim = Posed(pose);
