@@ -14,21 +14,24 @@ namespace atelier
 constexpr int W = 1024, H = 512;
 
 // clang-format off
+// From the heel along the hollow of the arch to the ball, and back along the outer edge, on which a foot rolls: it is nearly
+// straight, and about half of the foot's breadth touches the ground all the way.
 static const std::vector<Vector2> Sole = {
-    {948, 262}, {924, 196}, {856, 172}, {772, 186}, {690, 226}, {612, 222}, {530, 164}, {444, 120}, {352, 104}, {286, 130},
-    {260, 196}, {278, 262}, {306, 326}, {352, 386}, {424, 416}, {502, 408}, {570, 378}, {640, 362}, {716, 376}, {796, 390},
-    {884, 366}, {936, 314},
+    {946, 268}, {928, 208}, {872, 178}, {802, 182}, {736, 206}, {672, 226}, {608, 216}, {540, 174}, {468, 130}, {388, 102},
+    {314, 104}, {268, 138}, {252, 196}, {258, 254}, {276, 308}, {304, 360}, {346, 408}, {408, 432}, {486, 434}, {570, 424},
+    {660, 414}, {744, 408}, {824, 396}, {892, 368}, {934, 320},
 };
 struct Toe {
     Vector2 middle;
     float length, breadth, turn; // half, half, radians
 };
+// The tips lie on an arc; each toe is as near to the ball as its neighbours.
 static const Toe Toes[] = {
-    {{168, 128}, 80, 53, -0.08f}, // the big one, ahead of the others
-    {{194, 215}, 52, 27,  0.14f},
-    {{222, 273}, 42, 25,  0.26f},
-    {{254, 330}, 38, 24,  0.44f},
-    {{304, 386}, 34, 27,  0.72f},
+    {{162, 140}, 78, 55, -0.10f},
+    {{154, 229}, 47, 31,  0.05f},
+    {{174, 289}, 42, 28,  0.10f},
+    {{206, 344}, 38, 26,  0.14f},
+    {{258, 396}, 36, 28,  0.16f},
 };
 // clang-format on
 
@@ -41,19 +44,20 @@ static Mask Pressed()
         const auto back = [&](float part) {
             return toe.middle + Vector2{Cos(toe.turn), Sin(toe.turn)} * (toe.length * part);
         };
-        foot.Fill(Limb(Straight({back(0.3f), back(1.7f)}), toe.breadth * 0.85f, toe.breadth * 0.72f,
-                       toe.breadth * 0.62f),
-                  0.7f);
+        foot.Fill(Limb(Straight({back(0.3f), back(2.1f)}), toe.breadth * 0.82f, toe.breadth * 0.7f,
+                       toe.breadth * 0.75f),
+                  0.55f);
         foot.Fill(Ellipse(back(-0.16f), toe.length * 0.84f, toe.breadth, toe.turn));
         foot.Fill(Ellipse(back(0.42f), toe.length * 0.62f, toe.breadth * 0.74f, toe.turn));
     }
-    foot.Shake(5, 46, 11).Shake(2, 9, 12);
+    foot.Shake(4, 46, 11).Shake(1.5f, 9, 12);
     const auto under = [](float x, float y, float cx, float cy, float rx, float ry) {
         return Bell(Length({(x - cx) / rx, (y - cy) / ry}));
     };
     return foot.By([&](float x, float y) {
-        return Clamp(0.62f + 0.4f * under(x, y, 846, 268, 120, 100) + 0.4f * under(x, y, 360, 250, 110, 150) +
-                     0.4f * Smooth(262, 230, x) - 0.34f * under(x, y, 620, 262, 110, 60));
+        return Clamp(0.66f + 0.36f * under(x, y, 848, 280, 120, 100) +
+                     0.36f * under(x, y, 360, 262, 110, 150) + 0.16f * under(x, y, 620, 370, 190, 60) +
+                     0.36f * Smooth(250, 220, x) - 0.3f * under(x, y, 636, 232, 110, 54));
     });
 }
 
@@ -69,8 +73,8 @@ static Mask Ridges()
         const auto from = [p](float cx, float cy, float stretch) {
             return Length({(p.x - cx) / stretch, p.y - cy});
         };
-        float way = -Melt * Log2(Exp(-from(356, 196, 1.1f) / Melt) + Exp(-from(356, 318, 1.25f) / Melt) +
-                                 Exp(-from(846, 268, 1.3f) / Melt));
+        float way = -Melt * Log2(Exp(-from(350, 194, 1.1f) / Melt) + Exp(-from(372, 330, 1.25f) / Melt) +
+                                 Exp(-from(848, 280, 1.3f) / Melt));
         for (const Toe& toe : Toes)
             if (Length(Vector2{x, y} - toe.middle) < toe.length + 8)
                 way = 1.5f * from(toe.middle.x, toe.middle.y, 1.5f) + 7 * toe.turn;
@@ -80,84 +84,74 @@ static Mask Ridges()
     });
 }
 
+// How high the sand stands: pressed down, with walls that have slid a little, and pushed up around it in clods.
+static Mask Relief(const Mask& pressed, const Mask& ridges)
+{
+    constexpr float Depth = 36, Heap = 34, Clod = 4, Grain = 1.1f, Ridge = 1.5f;
+    const Mask floor = pressed.Blurred(6.5f), wide = pressed.Blurred(24);
+    const Noise clods(19), grains(13);
+    return Mask(W, H).Each([&](float x, float y) {
+        const int column = Floor(x), row = Floor(y);
+        const float deep = Clamp(floor.At(column, row) * 1.1f), near = wide.At(column, row);
+        const float heap = Smooth(0, 0.42f, near) * (1 - deep) * (1 - deep);
+        return -Depth * deep + heap * (Heap * near + Clod * clods.Fbm(x / 30, y / 30, 3)) +
+               Smooth(0.02f, 0.3f, near) * Grain * grains.Fbm(x / 6, y / 6, 2) +
+               Ridge * ridges.At(column, row) * deep;
+    });
+}
+
 static Canvas Footprint()
 {
     const Paper& paper = SketchPaper();
     const Mask pressed = Pressed(), ridges = Ridges();
-    const Mask floor = pressed.Blurred(4), wide = pressed.Blurred(30);
-    const Noise crumbs(13), lumps(14), crack(19);
+    const Mask floor = pressed.Blurred(5), relief = Relief(pressed, ridges);
+    const Noise lumps(14), crumbs(13);
     const Mask window = Mask(W, H, 1).FadeToBorder(40);
-    // The light is low: the wall on its side throws a shadow across the floor, the wall opposite shines.
-    Mask shadow(W, H), wall(W, H), rim(W, H), lee(W, H), damp(W, H);
+    // The light is low: the wall on its side lies in its own shadow and throws another across the floor, the wall
+    // opposite shines, and so does the outer side of what was pushed up.
+    Mask shadow(W, H), lit(W, H), turned(W, H), damp(W, H);
     for (int y = 0; y < H; y++)
         for (int x = 0; x < W; x++) {
             const float fx = float(x) + 0.5f, fy = float(y) + 0.5f;
-            const float deep = Clamp(floor.At(x, y) * 1.25f), ragged = lumps.Fbm(fx / 24, fy / 24, 3);
+            const float deep = Clamp(floor.At(x, y) * 1.15f), ragged = lumps.Fbm(fx / 24, fy / 24, 3);
             float cast = 0;
-            for (const float reach : {14.0f, 32.0f, 54.0f}) {
-                const float far = reach * (1 + 0.5f * ragged);
-                cast += 0.4f * (1 - Clamp(1.25f * floor.Sample(fx - far, fy - 0.45f * far)));
+            for (const float reach : {12.0f, 24.0f, 38.0f, 54.0f}) {
+                const float far = reach * (1 + 0.3f * ragged);
+                cast += 0.3f * (1 - Clamp(1.2f * floor.Sample(fx - far, fy - 0.4f * far)));
             }
-            shadow.At(x, y) = deep * Clamp(cast);
-            wall.At(x, y) =
-                deep * Smooth(0.25f, 0.9f, 1 - Clamp(1.3f * floor.Sample(fx + 14 + 6 * ragged, fy + 5)));
-            // What was pushed up around it, broken into clods.
-            const float heap = Clamp(wide.At(x, y) * 3.0f - 0.14f) * (1 - deep) *
-                               Smooth(-0.5f, 0.35f, crack.Fbm(fx / 20, fy / 20, 4));
-            const float slope = wide.Sample(fx + 12, fy + 5) - wide.Sample(fx - 12, fy - 5);
-            rim.At(x, y) = heap * Smooth(-0.05f, 0.4f, slope) * window.At(x, y);
-            lee.At(x, y) = heap * Smooth(0.02f, -0.35f, slope) * window.At(x, y);
-            const float grain = crumbs.Fbm(fx / 5, fy / 5, 2);
-            damp.At(x, y) =
-                deep * (0.68f + 0.14f * ragged + 0.1f * grain) * (1 - 0.16f * (1 - ridges.At(x, y)) * deep);
+            shadow.At(x, y) = deep * Clamp(cast) * window.At(x, y);
+            const float slope = 0.36f * (relief.Sample(fx + 2, fy) - relief.Sample(fx - 2, fy)) +
+                                0.18f * (relief.Sample(fx, fy + 2) - relief.Sample(fx, fy - 2));
+            lit.At(x, y) = Smooth(0.15f, 2.8f, slope) * window.At(x, y);
+            turned.At(x, y) = Smooth(0.12f, 2.4f, -slope) * window.At(x, y);
+            damp.At(x, y) = deep * (0.62f + 0.14f * ragged + 0.1f * crumbs.Fbm(fx / 5, fy / 5, 2));
         }
     damp.By([&](float x, float y) { return 0.85f + 0.6f * (0.5f - paper.Height(Floor(x), Floor(y))); });
     Canvas canvas(W, H);
-    canvas.Cover(lee, Mix(palette::Rust, palette::Slate, 0.55f) * 0.7f, 0.9f);
-    canvas.Cover(damp, Mix(Mix(palette::Rust, palette::Slate, 0.42f), palette::Ochre, 0.16f) * 0.85f);
-    canvas.Cover(shadow, Mix(palette::Ink, palette::Night, 0.5f), 0.8f);
-    canvas.Cover(wall, Mix(palette::Parchment, palette::Ochre, 0.35f), 0.85f);
-    // The lip is sand in moonlight, in grains: the print is also seen where there is no sand about it.
-    const Noise loose(30);
-    rim.By([&](float x, float y) {
-        return 0.25f +
-               0.75f * Smooth(-0.15f, 0.25f,
-                              loose.Fbm(x / 5.5f, y / 5.5f, 3) + 0.4f * rim.At(Floor(x), Floor(y)) - 0.1f);
-    });
-    canvas.Cover(rim, Mix(palette::Parchment, palette::Bone, 0.6f), 0.9f);
+    canvas.Cover(damp, Mix(Mix(palette::Rust, palette::Slate, 0.42f), palette::Ochre, 0.3f) * 0.9f);
+    canvas.Cover(shadow, Mix(palette::Ink, palette::Rust, 0.22f), 0.84f);
+    canvas.Cover(turned, Mix(palette::Ink, palette::Rust, 0.3f), 0.9f);
+    canvas.Cover(lit.Blur(1.2f), Mix(palette::Parchment, palette::Bone, 0.4f), 0.74f);
     // The ridges of the skin, where the sand was damp enough to keep them.
     Mask skin = ridges;
     skin.Multiply(pressed).By([&](float x, float y) {
-        return Smooth(-0.25f, 0.3f, lumps.Fbm(x / 90 + 7, y / 90, 3)) * (1 - wall.At(Floor(x), Floor(y)));
+        return Smooth(-0.25f, 0.3f, lumps.Fbm(x / 90 + 7, y / 90, 3)) * (1 - lit.At(Floor(x), Floor(y)));
     });
-    canvas.Cover(skin, Mix(palette::Ink, palette::Rust, 0.3f), 0.24f);
-    // Crumbs thrown out in front of the toes and behind the heel, and pen strokes where the edge broke.
+    canvas.Cover(skin, Mix(palette::Ink, palette::Rust, 0.3f), 0.2f);
+    // Crumbs thrown out in front of the toes and behind the heel, and pen strokes in the shadow of the wall.
     Mask drops(W, H), strokes(W, H);
     Pen pen(drops, paper, {.width = 2}, 15),
-        line(strokes, paper, {.width = 4.6f, .wobble = 2, .wave = 20, .skip = 0.45f, .dry = 0.5f}, 16);
-    pen.Splatter({140, 220}, 130, 90, 5);
-    pen.Splatter({930, 270}, 70, 50, 4.5f);
-    pen.Splatter({560, 400}, 60, 24, 4);
-    line.Stroke(Part(Round(Sole), 0.04f, 0.2f), {.start = 0.1f, .middle = 0.8f, .end = 0});
-    line.Stroke(Part(Round(Sole), 0.30f, 0.46f), {.start = 0.1f, .middle = 0.8f, .end = 0});
-    line.Stroke(Part(Round(Sole), 0.7f, 0.95f), {.start = 0, .middle = 0.6f, .end = 0});
+        line(strokes, paper, {.width = 4, .wobble = 2, .wave = 20, .skip = 0.5f, .dry = 0.6f}, 16);
+    pen.Splatter({130, 230}, 100, 40, 4);
+    pen.Splatter({940, 280}, 60, 26, 4);
+    pen.Splatter({560, 430}, 50, 16, 3.5f);
+    line.Stroke(Part(Round(Sole), 0.36f, 0.52f), {.start = 0.1f, .middle = 0.7f, .end = 0});
+    line.Stroke(Part(Round(Sole), 0.06f, 0.14f), {.start = 0, .middle = 0.6f, .end = 0});
     for (const Toe& toe : Toes)
-        line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.0f, 4.7f), toe.turn, toe.middle),
-                    {.start = 0.1f, .middle = 1, .end = 0});
-    Mask grains(W, H);
-    Pen sand(grains, paper, {.width = 2}, 31);
-    Dice dice(32);
-    for (int i = 0; i < 90; i++) {
-        const Vector2 at = PointAt(Round(Sole), dice.Unit());
-        sand.Splatter(at, 34, 3, 4.2f);
-    }
-    for (const Toe& toe : Toes)
-        sand.Splatter(toe.middle, toe.length * 1.6f, 22, 4);
-    grains.By([&](float x, float y) { return 1 - Clamp(1.4f * floor.At(Floor(x), Floor(y))); })
-        .Multiply(window);
-    canvas.Cover(grains, Mix(palette::Parchment, palette::Ochre, 0.3f), 0.8f);
-    canvas.Cover(drops.Multiply(window), palette::Ink, 0.6f);
-    canvas.Cover(strokes, palette::Ink, 0.75f);
+        line.Stroke(Turned(Arc(toe.middle, toe.length, toe.breadth, 2.4f, 4.4f), toe.turn, toe.middle),
+                    {.start = 0.1f, .middle = 0.8f, .end = 0});
+    canvas.Cover(drops.Multiply(window), Mix(palette::Ink, palette::Rust, 0.3f), 0.55f);
+    canvas.Cover(strokes, palette::Ink, 0.5f);
     return Squeezed(canvas, 512, 256);
 }
 
@@ -175,9 +169,9 @@ static Canvas FootprintWhite()
     });
     const LinearColour ember = Mix(palette::Ochre, palette::Rust, 0.35f);
     Canvas canvas(W, H, palette::Black);
-    canvas.Light(ridges, ember, 0.58f);
-    canvas.Light(ridges.Blurred(4), ember, 0.15f);
-    canvas.Light(pressed.Blurred(14), palette::Rust, 0.20f);
+    canvas.Light(ridges, ember, 0.38f);
+    canvas.Light(ridges.Blurred(4), ember, 0.10f);
+    canvas.Light(pressed.Blurred(14), palette::Rust, 0.10f);
     DarkenBorder(canvas, 70);
     return canvas;
 }
