@@ -140,7 +140,7 @@ static void DrawVillage(Canvas& canvas, const Paper& paper, Vector2 at)
     canvas.Light(windows.Blurred(7), palette::Amber, 1.2f);
 }
 
-static void PaintSkirt(Canvas& canvas, const Paper& paper)
+static Mask Skirt()
 {
     Mask skirt(W, H);
     Line fields = Through(FieldTop);
@@ -148,12 +148,41 @@ static void PaintSkirt(Canvas& canvas, const Paper& paper)
     const Line left = Through(FieldLeft);
     fields.insert(fields.end(), left.rbegin(), left.rend());
     skirt.Fill(fields).Shake(3, 90, 33);
+    return skirt;
+}
+
+static void PaintSkirt(Canvas& canvas, const Paper& paper)
+{
+    const Mask skirt = Skirt();
     PaintFigure(canvas, paper, skirt, Straw, Clay, 36);
     DrawFurrows(canvas, paper, FieldTop, FieldLeft, 34, 17, skirt, palette::Parchment,
                 Mix(palette::Rust, palette::Ink, 0.6f), 37);
+    // Her hip and her thigh are round below the cloth, which falls from the knee.
+    Mask hollow(W, H), lines(W, H), lit(W, H);
+    hollow.Fill(Round({{566, 600},
+                       {520, 608},
+                       {474, 634},
+                       {436, 668},
+                       {416, 704},
+                       {410, 760},
+                       {430, 770},
+                       {452, 716},
+                       {492, 668},
+                       {548, 628}}));
+    hollow.Blur(5).Multiply(skirt);
+    canvas.Glaze(hollow, Mix(palette::Rust, palette::Ink, 0.3f), 0.26f);
+    Pen hatching(lines, paper, {.width = 2, .wobble = 0.8f, .skip = 0.3f}, 94);
+    Hatch(hatching, hollow.Scale(0.75f), {.angle = -0.35f, .spacing = 6.5f, .length = 46, .bend = 8}, 97);
+    canvas.Cover(lines.Multiply(skirt), Mix(palette::Rust, palette::Ink, 0.6f), 0.6f);
+    lit.Fill(Limb(Through({{470, 572}, {440, 596}, {416, 632}}), 6, 9, 5));
+    canvas.Cover(lit.Blur(5).Multiply(skirt), palette::Bone, 0.25f);
     InkContours(canvas, paper,
-                {{Part(Through(FieldTop), 0, 0.4f), 4}, {Part(Through(FieldLeft), 0.02f, 0.4f), 4}}, 0.4f,
-                92);
+                {{Part(Through(FieldTop), 0, 0.4f), 4},
+                 {Part(Through(FieldLeft), 0.02f, 0.4f), 4},
+                 {Through({{556, 604}, {506, 616}, {458, 646}, {424, 680}, {414, 720}}), 3},
+                 {Through({{500, 628}, {462, 660}, {440, 700}, {428, 752}}), 2.4f},
+                 {Through({{404, 640}, {414, 650}, {430, 652}}), 2.2f}},
+                0.4f, 92);
 }
 
 // Her body in its dress, which is cut low: shoulder and throat are bare.
@@ -163,21 +192,22 @@ static void PaintHer(Canvas& canvas, const Paper& paper)
     const Mask her = Filled(W, H, body).Shake(2, 40, 32);
     Mask dress = her;
     dress.Subtract(Filled(W, H,
-                          Round({{648, 336},
-                                 {664, 368},
-                                 {694, 396},
-                                 {724, 412},
-                                 {742, 440},
-                                 {840, 420},
+                          Round({{656, 322},
+                                 {670, 356},
+                                 {690, 396},
+                                 {716, 420},
+                                 {734, 446},
+                                 {840, 430},
                                  {820, 320},
                                  {700, 300}}))
                        .Blur(0.8f));
     Mask skin = her;
     skin.Subtract(dress);
-    // It grows out of her throat.
+    // It grows out of her throat, and the far shoulder out of it.
     const Mask throat = Mask(W, H).Each(
         [](float x, float y) {
-            return Smooth(30, 14, Length(Vector2{x, y} - Vector2{772, 366}));
+            return Max(Smooth(38, 20, Length(Vector2{x, y} - Vector2{764, 380})),
+                       Smooth(30, 14, Length(Vector2{x, y} - Vector2{736, 340})));
         },
         2);
     PaintBody(canvas, her,
@@ -199,10 +229,12 @@ static void PaintHer(Canvas& canvas, const Paper& paper)
     InkContours(canvas, paper,
                 {{Part(Through(HerFront), 0.05f, 0.72f), 4},
                  {Part(Through(HerBack), 0, 0.99f), 4},
-                 {Part(Through(HerFront), 0.74f, 0.98f), 2.6f},
-                 {Through({{648, 347}, {664, 370}, {694, 396}, {722, 412}, {732, 420}}), 3.2f}, // neckline
-                 {Through({{598, 412}, {618, 424}, {644, 420}}), 2.6f}, // below the breast
-                 {Through({{730, 354}, {744, 362}, {752, 372}}), 2}},   // collarbone
+                 {Through({{662, 331}, {672, 358}, {690, 394}, {712, 414}, {726, 424}}), 3.2f}, // neckline
+                 {Through({{700, 336}, {716, 340}, {730, 352}}), 2.2f}, // before the far arm
+                 {Through({{748, 368}, {738, 372}, {718, 366}}), 2.4f}, // the collarbones
+                 {Through({{752, 360}, {748, 350}, {736, 338}}), 2},
+                 {Through({{800, 366}, {776, 373}, {756, 366}}), 2}, // the sinew of the throat
+                 {Through({{797, 404}, {778, 401}, {758, 407}, {738, 422}}), 2.8f}}, // the nape
                 0.25f, 93);
 }
 
@@ -260,8 +292,12 @@ static Canvas Painting()
     paper.Sheet(canvas, palette::Bone, 1.3f);
     PaintSky(canvas, paper);
     PaintFar(canvas, paper);
-    PaintHerLeg(canvas, paper);
+    Mask ground(W, H, 1);
+    ground.Subtract(Skirt());
+    PaintGroundShadow(canvas, paper, ground);
+    PaintHerCalfAndFoot(canvas);
     PaintSkirt(canvas, paper);
+    PaintGroundShadow(canvas, paper, Skirt());
     DrawVillage(canvas, paper, {700, 632});
     PaintHisFarArm(canvas);
     PaintHerFarArm(canvas);

@@ -51,16 +51,22 @@ struct Contour {
 };
 void InkContours(Canvas& canvas, const Paper& paper, const std::vector<Contour>& contours, float lifts,
                  uint32_t seed);
+// A limb in cloth, with the swellings and hollows of its outline.
+void PaintClothed(Canvas& canvas, const std::vector<Vector2>& outline, LinearColour light, LinearColour shade,
+                  uint32_t seed);
 // A limb with its flesh: a round body in body colour, with its shadow and its outline. Where `open` is set it grows out of
 // what is painted there: no outline, and no paint of its own, about its first point.
 void PaintLimb(Canvas& canvas, const std::vector<Vector2>& way, const std::vector<float>& halves,
                LinearColour light, LinearColour shade, uint32_t seed, bool open = false);
 
-// His legs, and her leg. The arms that hold, with their hands, and those that are stretched out behind the bodies. The
+// The outlines of his legs, from the hip over the knee to the ankle and back, and of the shoe that stands flat.
+extern const std::vector<Vector2> PushingLeg, StandingLeg, StandingShoe;
+
+// The shadow in which both stand, within a mask. His legs, and her leg. The arms that hold, with their hands, and those that are stretched out behind the bodies. The
 // heads, over which no arm goes.
+void PaintGroundShadow(Canvas& canvas, const Paper& paper, const Mask& within);
 void PaintHisPushingLeg(Canvas& canvas, const Paper& paper);
 void PaintHisStandingLeg(Canvas& canvas, const Paper& paper);
-void PaintHerLeg(Canvas& canvas, const Paper& paper);
 void PaintHerCalfAndFoot(Canvas& canvas);
 void PaintHisFarArm(Canvas& canvas);
 void PaintHerFarArm(Canvas& canvas);

@@ -101,19 +101,23 @@ void PaintHisFarArm(Canvas& canvas)
 
 void PaintHerFarArm(Canvas& canvas)
 {
-    // The round of the shoulder, the upper arm, the elbow that gives a little, the forearm's muscles, the wrist.
+    // The round of the shoulder, that melts into breast and nape; the upper arm, the elbow, which is bent and points
+    // away from her, the forearm's muscles, the wrist.
     Skeleton arm;
     AddFlesh(arm.flesh.palm,
-             {{{702, 368, 0}, {724, 350, 0}, 30, 29},
-              {{722, 348, 2}, {738, 336, 2}, 28, 24},
-              {{736, 338, 0}, {766, 318, 0}, 22, 18},
-              {{762, 320, 0}, {808, 296, 0}, 18, 13},
-              {{808, 298, -3}, {813, 292, -3}, 13, 12.5f},
-              {{812, 292, 2}, {856, 264, 2}, 13.5f, 14},
-              {{852, 266, 0}, {934, 182, 0}, 13.5f, 7}},
-             7);
+             {{{722, 356, 0}, {746, 334, 0}, 31, 27},
+              {{764, 356, -4}, {752, 330, -4}, 19, 22}, // from the nape over the collarbone
+              {{744, 336, 0}, {768, 304, 0}, 25, 19},
+              {{764, 310, 0}, {798, 264, 0}, 20, 14},
+              {{782, 296, 2}, {794, 276, 2}, 17, 14}, // what stretches the arm, below
+              {{797, 262, 3}, {801, 257, 3}, 13.5f, 12.5f},
+              {{802, 262, 2}, {846, 238, 2}, 14, 15},
+              {{838, 240, 0}, {886, 213, 0}, 15, 10.5f},
+              {{884, 214, 0}, {908, 198, 0}, 10.5f, 8.5f},
+              {{906, 200, 0}, {936, 172, 0}, 9, 7}},
+             8);
     PaintFlesh(canvas, arm, false, HerFlesh, {}, 0, 142);
-    PaintBark(canvas, Through(HerArm), 0.78f, 8, 153);
+    PaintBark(canvas, Part(Through(HerArm), 0.62f, 1), 0.35f, 8, 153);
 }
 
 // His arm round her: a shoulder that stands out of the coat, the elbow below her breast, the hand on her shoulder blade.
@@ -126,13 +130,13 @@ void PaintHisHold(Canvas& canvas)
                        .turn = 172,
                        .lean = -6,
                        .roll = 62,
-                       .fingers = {{9, 10, 16, 8}, {2, 14, 18, 10}, {-5, 16, 20, 12}, {-13, 18, 22, 12}},
-                       .thumb = {{0.80f, 0.56f, 0.20f}, {0.55f, 0.82f, 0.15f}, {0.35f, 0.93f, 0.10f}},
+                       .fingers = {{-4, 10, 16, 10}, {-1, 12, 18, 10}, {3, 14, 20, 12}, {5, 20, 26, 16}},
+                       .thumb = {{0.72f, 0.62f, 0.24f}, {0.44f, 0.86f, 0.22f}, {0.26f, 0.94f, 0.20f}},
                        .nail = {0.1f, -0.3f, 0.95f},
                        .pad = {},
                        .lift = 0,
-                       .size = 2.3f,
-                       .bony = 1.05f},
+                       .size = 2.25f,
+                       .girth = 1.14f},
                       HisHold[4] + Vector2{6, -2}),
                true, HisFlesh, {}, 0, 150);
     PaintLimb(canvas, {HisHold[0], HisHold[1], HisHold[2], HisHold[3], HisHold[4] + Vector2{-22, 0}},
@@ -152,60 +156,64 @@ void PaintHisHold(Canvas& canvas)
     canvas.Cover(folds, DarkInk, 0.7f);
 }
 
-// Her arm round his neck: it grows out of her shoulder, and the fingers hang down his back.
+// Her arm round his neck: it grows out of her shoulder, and the fingers lie together on his back.
 void PaintHerHold(Canvas& canvas)
 {
-    Skeleton arm = HandAt({.right = true,
-                           .turn = 176,
+    Skeleton arm = HandAt({.right = false,
+                           .turn = 186,
                            .lean = -8,
-                           .roll = -112,
-                           .fingers = {{6, 14, 20, 12}, {1, 18, 24, 14}, {-4, 22, 26, 14}, {-11, 26, 28, 14}},
-                           .thumb = {{0.78f, 0.60f, 0.20f}, {0.45f, 0.88f, 0.15f}, {0.25f, 0.96f, 0.10f}},
+                           .roll = -106,
+                           .fingers = {{-5, 10, 16, 8}, {-1, 12, 18, 10}, {3, 14, 20, 10}, {6, 18, 26, 12}},
+                           .thumb = {{0.52f, 0.84f, 0.16f}, {0.24f, 0.96f, 0.12f}, {0.08f, 0.99f, 0.10f}},
                            .nail = {0.1f, -0.3f, 0.95f},
                            .pad = {},
                            .lift = 0,
-                           .size = 2.05f,
-                           .girth = 0.86f},
+                           .size = 2.15f,
+                           .girth = 1.0f},
                           HerHold[4]);
-    // From the shoulder over the elbow, which hangs a little, to the wrist.
+    // From the shoulder over the elbow, which hangs, to the wrist.
     AddFlesh(arm.flesh.palm,
-             {{{704, 374, 0}, {676, 366, 0}, 26, 24},
-              {{676, 366, 0}, {640, 358, 0}, 21, 19},
-              {{640, 358, 0}, {598, 346, 0}, 18, 14},
-              {{600, 348, -2}, {592, 344, -2}, 14.5f, 14.5f},
-              {{594, 340, 3}, {560, 320, 3}, 15, 14},
-              {{566, 324, 0}, {HerHold[4].x, HerHold[4].y, 0}, 14, 7.5f}},
+             {{{722, 386, 0}, {704, 386, 0}, 29, 28},
+              {{704, 386, 0}, {676, 383, 0}, 27, 22},
+              {{676, 382, 0}, {604, 364, 0}, 22, 15},
+              {{660, 384, 0}, {628, 378, 0}, 18, 16}, // what stretches the arm hangs a little
+              {{604, 366, -2}, {597, 362, -2}, 15, 14.5f},
+              {{600, 356, 3}, {572, 334, 3}, 15.5f, 15.5f},
+              {{580, 340, 0}, {534, 302, 0}, 15, 10.5f},
+              {{540, 306, 0}, {HerHold[4].x, HerHold[4].y, 0}, 10.5f, 8}},
              7);
-    PaintFlesh(canvas, arm, true, HerFlesh, HerHold[0] + Vector2{14, 2}, 40, 147);
+    PaintFlesh(canvas, arm, true, HerFlesh, HerHold[0] + Vector2{14, -4}, 46, 147);
     Mask lines(W, H);
     Pen pen(lines, SketchPaper(), {.width = 2.4f, .wobble = 0.5f, .skip = 0.1f}, 148);
-    pen.Stroke(Through({{668, 386}, {690, 402}, {714, 400}}), {0.1f, 0.9f, 0}); // below the shoulder
+    pen.Stroke(Through({{664, 405}, {684, 416}, {706, 416}, {720, 408}}), {0.1f, 0.9f, 0}); // the armpit
+    pen.Stroke(Through({{694, 362}, {712, 358}, {728, 364}}), {0.1f, 0.7f, 0}); // the round of the shoulder
     canvas.Cover(lines, DarkInk, 0.7f);
 }
 
-// Calf, ankle, heel and arch, and five toes.
+// The knee that comes out of the skirt, calf, ankle, heel and arch, and five toes.
 void PaintHerCalfAndFoot(Canvas& canvas)
 {
     Skeleton leg;
     AddFlesh(leg.flesh.palm,
-             {{{476, 560, 0}, {436, 622, 0}, 30, 27},
-              {{436, 622, 0}, {410, 650, 0}, 26, 22},
-              {{410, 650, 0}, {374, 686, 0}, 21, 11.5f},
-              {{428, 640, 4}, {412, 658, 4}, 20, 17},     // the calf
-              {{390, 688, 0}, {379, 706, 0}, 6, 7},       // the heel's sinew
-              {{368, 690, 7}, {368, 691, 7}, 6.5f, 6.5f}, // the ankle
-              {{376, 706, 0}, {372, 713, 0}, 11, 11},
-              {{370, 692, 0}, {340, 706, 0}, 11.5f, 10},
-              {{346, 703, 0}, {318, 716, 2}, 10, 8.5f},
-              {{368, 716, 2}, {340, 713, 0}, 8, 7.5f},
-              {{318, 718, 4}, {316, 716, -8}, 8.0f, 6.5f}},
+             {{{450, 606, 0}, {424, 630, 0}, 22, 22},
+              {{420, 632, 3}, {412, 640, 3}, 22, 20}, // the knee
+              {{414, 642, 0}, {388, 668, 0}, 21, 16},
+              {{414, 654, 4}, {392, 674, 4}, 19, 14}, // the calf
+              {{390, 668, 0}, {356, 696, 0}, 16, 11},
+              {{370, 694, 0}, {364, 708, 0}, 6, 8},       // the heel's sinew
+              {{352, 697, 8}, {352, 698, 8}, 7.5f, 7.5f}, // the ankle
+              {{362, 710, 0}, {356, 716, 0}, 13, 12.5f},  // the heel
+              {{354, 700, 0}, {320, 711, 0}, 13, 11.5f},  // the instep
+              {{326, 709, 0}, {297, 719, 2}, 11.5f, 9.5f},
+              {{352, 720, 2}, {320, 716, 0}, 9, 8.5f},
+              {{296, 721, 4}, {293, 719, -9}, 9, 7.5f}},
              5);
     // The big toe is nearest to us.
-    constexpr Flesh Toes[5] = {{{316, 718, 6}, {295, 721, 8}, 6.8f, 5.6f},
-                               {{314, 717, 0}, {289, 720, 1}, 4.8f, 4.2f},
-                               {{314, 717, -5}, {293, 721, -5}, 4.4f, 3.8f},
-                               {{315, 718, -9}, {297, 722, -10}, 4.2f, 3.6f},
-                               {{317, 718, -12}, {302, 722, -14}, 4.0f, 3.4f}};
+    constexpr Flesh Toes[5] = {{{296, 721, 7}, {269, 725, 9}, 8, 6.8f},
+                               {{294, 720, 0}, {263, 724, 1}, 5.8f, 5},
+                               {{294, 720, -6}, {267, 725, -6}, 5.2f, 4.5f},
+                               {{295, 721, -11}, {272, 726, -12}, 5, 4.2f},
+                               {{297, 721, -15}, {278, 726, -16}, 4.6f, 4}};
     for (int toe = 0; toe < 5; toe++)
         AddFlesh(leg.flesh.digits[toe][0], {Toes[toe]}, 3);
     leg.flesh.rootMelt = 4 / Unit;

@@ -53,6 +53,25 @@ void InkContours(Canvas& canvas, const Paper& paper, const std::vector<Contour>&
     canvas.Cover(ink, DarkInk, 0.92f);
 }
 
+void PaintClothed(Canvas& canvas, const std::vector<Vector2>& outline, LinearColour light, LinearColour shade,
+                  uint32_t seed)
+{
+    Around(canvas, outline, 60, [&](Canvas& part, Vector2 origin) {
+        std::vector<Vector2> here = outline;
+        for (Vector2& p : here)
+            p = p - origin;
+        PaintBody(part, Melted(part.Width(), part.Height(), Round(here), 1.5f),
+                  {.light = light,
+                   .shade = shade,
+                   .depth = 0.9f,
+                   .hatch = 0.35f,
+                   .contour = 1.15f,
+                   .back = Clay,
+                   .rim = 0.22f},
+                  0.62f, seed);
+    });
+}
+
 void PaintLimb(Canvas& canvas, const std::vector<Vector2>& way, const std::vector<float>& halves,
                LinearColour light, LinearColour shade, uint32_t seed, bool open)
 {

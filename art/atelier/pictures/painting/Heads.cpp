@@ -88,14 +88,13 @@ void PaintHerHead(Canvas& canvas, const Paper& paper)
     PaintSkull(canvas, HerFace, HerSkin, Mix(palette::Rust, palette::Ochre, 0.45f), 181);
     Blush(canvas, OnHerHead({{32, 66}})[0], 15, 0.32f);
     std::vector<Contour> contours = {
-        {Through(std::vector<Vector2>(HerFace.begin() + 1, HerFace.begin() + 16), 1.5f),
-         3},                                                                  // from the brow to the throat
+        {Through(std::vector<Vector2>(HerFace.begin() + 1, HerFace.begin() + 18), 1.5f),
+         3},                                                                  // from the brow down the throat
         {Through(OnHerHead({{15, 45}, {22, 50}, {31, 48}, {36, 44}})), 3.4f}, // her eye, closed
         {Through(OnHerHead({{13, 35}, {24, 30}, {38, 34}})), 2.8f},           // brow
         {Through(OnHerHead({{4, 73}, {11, 72}, {18, 74}})), 3},               // lips
         {Through(OnHerHead({{8, 61}, {12, 58}, {11, 63}})), 2},               // nostril
-        {Through(OnHerHead({{24, 99}, {42, 95}, {56, 84}, {61, 70}})), 2.2f}, // jaw
-        {Through(OnHerHead({{74, 92}, {62, 108}, {56, 124}})), 2},            // the sinew of the throat
+        {Through(OnHerHead({{36, 103}, {48, 96}, {60, 84}, {64, 72}})), 2.4f}, // jaw, up to the ear
     };
     for (const float x : {17.0f, 22.0f, 27.0f}) // lashes
         contours.push_back({Through(OnHerHead({{x, 48}, {x - 4, 54}})), 1.8f});
@@ -106,8 +105,8 @@ void PaintHerHead(Canvas& canvas, const Paper& paper)
 
 // Where her hair lies: out of the hairline, over crown and nape, and down. It hangs, since her head is thrown back.
 // clang-format off
-static const std::vector<Vector2> Crown = {{874, 361}, {888, 378}, {900, 424}, {888, 490}, {884, 560}, {908, 622}, {960, 690}};
-static const std::vector<Vector2> Nape  = {{864, 366}, {849, 375}, {834, 383}, {816, 387}, {801, 402}, {808, 446}, {808, 510}, {816, 580}, {846, 650}, {900, 726}};
+static const std::vector<Vector2> Crown = {{889, 362}, {903, 380}, {909, 410}, {901, 452}, {890, 496}, {886, 560}, {908, 622}, {960, 690}};
+static const std::vector<Vector2> Nape  = {{880, 367}, {866, 371}, {849, 378}, {834, 386}, {816, 392}, {798, 402}, {800, 416}, {811, 436}, {820, 468}, {820, 520}, {822, 580}, {848, 650}, {900, 726}};
 // clang-format on
 
 void PaintHair(Canvas& canvas, const Paper& paper)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the dancers stand on: his back leg pushes, his bent knee carries the two, one bare foot of hers is all of her that
 // is still on the ground.
+#include "art/atelier/DryBrush.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/clouds/Body.h"
 #include "art/atelier/pictures/painting/Dancers.h"
@@ -8,47 +9,90 @@
 namespace atelier
 {
 
-// The shoe that pushes: the heel is up, the ball of the foot is on the ground.
-static const std::vector<Vector2> PushingShoe = {{184, 678}, {160, 672}, {147, 684}, {152, 704}, {166, 718},
-                                                 {192, 727}, {218, 728}, {222, 718}, {206, 708}, {194, 696}};
+// clang-format off
+// He pushes: hollow of the knee, calf and heel behind, knee and shin before.
+const std::vector<Vector2> PushingLeg = {
+    {380, 500}, {316, 556}, {272, 590}, {250, 606}, {226, 616}, {202, 638}, {182, 662}, {168, 676}, {186, 700}, {206, 704},
+    {226, 696}, {252, 682}, {282, 672}, {304, 656}, {334, 638}, {390, 606}, {450, 566}, {440, 520}};
+// He stands: the thigh's front swells up to the knee, below the knee it steps back, the shin is straight, the calf round.
+const std::vector<Vector2> StandingLeg = {
+    {430, 500}, {490, 512}, {542, 524}, {584, 543}, {614, 560}, {627, 578}, {624, 596}, {613, 612}, {607, 634}, {597, 660},
+    {585, 694}, {566, 702}, {547, 696}, {546, 676}, {541, 656}, {544, 636}, {556, 620}, {548, 613}, {516, 606}, {470, 592},
+    {424, 570}};
+// The shoe that pushes: the heel is up, the ball of the foot is on the ground and bends.
+static const std::vector<Vector2> PushingShoe = {
+    {190, 672}, {164, 662}, {146, 666}, {137, 682}, {143, 700}, {162, 717}, {188, 731}, {220, 737}, {250, 736}, {254, 725},
+    {240, 713}, {220, 704}, {210, 690}};
 // The shoe that stands flat, its heel below the shin.
-static const std::vector<Vector2> StandingShoe = {{538, 684}, {532, 704}, {531, 726}, {552, 727},
-                                                  {558, 721}, {580, 726}, {622, 727}, {630, 719},
-                                                  {618, 708}, {592, 700}, {576, 684}};
-// Where a foot touches the ground: darkest right below it, and longer on the side away from the sun.
-static void CastShadow(Canvas& canvas, const Paper& paper, Vector2 from, Vector2 to, uint32_t seed)
+const std::vector<Vector2> StandingShoe = {
+    {544, 682}, {536, 698}, {529, 716}, {529, 737}, {553, 738}, {560, 731}, {590, 737}, {636, 738}, {658, 736}, {663, 727},
+    {648, 715}, {618, 705}, {590, 686}};
+// clang-format on
+
+// The sun stands low behind them: one shadow lies before all three feet, and comes towards us. It is darkest and has
+// its edge below the soles, and runs out into strokes.
+void PaintGroundShadow(Canvas& canvas, const Paper& paper, const Mask& within)
 {
-    const Vector2 middle = Mix(from, to, 0.5f);
-    const float half = Length(to - from) * 0.5f;
-    Shape shape(Shaken(Ellipse(middle + Vector2{-half * 0.35f, 3}, half * 1.5f, 10), 3, 26, seed));
-    Wash(canvas, paper, Filled(W, H, shape),
-         {.pigment = Mix(palette::Rust, palette::Ink, 0.5f),
-          .density = 0.75f,
-          .granulation = 0.6f,
-          .bleed = 10},
-         seed + 1);
-    Mask hatch(W, H);
-    Pen pen(hatch, paper, {.width = 2.6f, .wobble = 0.8f, .skip = 0.3f, .dry = 0.4f}, seed + 2);
-    Dice dice(seed + 3);
-    for (int i = 0; i < 9; i++) {
-        const float y = middle.y - 1 + 1.6f * float(i);
-        const float left = middle.x - half * dice.Range(1.1f, 2.0f),
-                    right = middle.x + half * dice.Range(0.7f, 1.1f);
-        pen.Stroke(Through({{left, y + 2}, {Mix(left, right, 0.5f), y}, {right, y + 1}}),
-                   {.start = 0, .middle = 0.8f, .end = 0.2f});
+    const LinearColour dusk = Mix(palette::Rust, palette::Ink, 0.55f);
+    Mask shadow(W, H);
+    shadow.Fill(Shaken(Round({{138, 728},
+                              {190, 733},
+                              {262, 728},
+                              {340, 730},
+                              {372, 726},
+                              {440, 736},
+                              {528, 734},
+                              {600, 738},
+                              {664, 734},
+                              {700, 742},
+                              {664, 754},
+                              {560, 762},
+                              {430, 764},
+                              {300, 757},
+                              {180, 756},
+                              {104, 746},
+                              {96, 738}}),
+                       3, 40, 70));
+    canvas.Glaze(WashDensity(paper, shadow,
+                             {.pool = 0.5f, .granulation = 0.6f, .bloom = 0.5f, .stray = 3, .bleed = 9}, 71)
+                     .Multiply(within),
+                 dusk, 0.62f);
+    // Where they touch the ground.
+    Mask touch(W, H);
+    for (const auto& sole :
+         {Ellipse({206, 738}, 54, 6), Ellipse({306, 729}, 52, 5), Ellipse({594, 740}, 68, 6)})
+        touch.Fill(sole);
+    canvas.Glaze(touch.Blur(3).Multiply(within), DarkInk, 0.8f);
+    Mask strokes(W, H);
+    DryBrush brush(strokes, paper,
+                   {.width = 14, .count = 12, .thickness = 1.5f, .load = 0.5f, .ragged = 0.5f}, 72);
+    Dice dice(73);
+    for (int i = 0; i < 16; i++) {
+        const float x = dice.Range(100, 560), y = dice.Range(738, 766);
+        brush.Stroke(Through({{x, y + 1}, {x + 60, y - 1}, {x + 130, y + 1}}), dice.Range(0.6f, 1));
     }
-    canvas.Cover(hatch, Mix(palette::Rust, palette::Ink, 0.7f), 0.7f);
+    canvas.Cover(strokes.Multiply(within), dusk, 0.5f);
 }
 
+// A shoe of soft leather; `welt` is the seam over its sole.
 static void PaintShoe(Canvas& canvas, const Paper& paper, const std::vector<Vector2>& shoe,
-                      const std::vector<Vector2>& gleam, uint32_t seed)
+                      const std::vector<Vector2>& welt, const std::vector<std::vector<Vector2>>& gleams,
+                      uint32_t seed)
 {
-    PaintFigure(canvas, paper, Filled(W, H, Round(shoe)).Shake(1, 30, seed), Trousers * 0.7f, DarkInk,
-                seed + 1);
-    InkContours(canvas, paper, {{Round(shoe), 3.4f}}, 0.1f, seed + 2);
+    const Mask leather = Filled(W, H, Round(shoe)).Shake(1, 30, seed);
+    PaintFigure(canvas, paper, leather, Trousers, DarkInk, seed + 1);
+    const Line seam = Through(welt);
+    Mask sole(W, H);
+    sole.Fill(
+        Between(welt, std::vector<Vector2>{welt.front() + Vector2{0, 24}, welt.back() + Vector2{0, 24}}));
+    canvas.Cover(sole.Multiply(leather), DarkInk, 0.85f);
+    InkContours(canvas, paper, {{Round(shoe), 3.4f}, {seam, 2.2f}}, 0.1f, seed + 2);
     Mask light(W, H); // on the leather
-    Pen pen(light, paper, {.width = 2.6f, .wobble = 0.5f, .skip = 0.3f, .dry = 0.5f}, seed + 3);
-    pen.Stroke(Through(gleam), {.start = 0.1f, .middle = 0.9f, .end = 0});
+    Pen pen(light, paper, {.width = 3.2f, .wobble = 0.5f, .skip = 0.3f, .dry = 0.5f}, seed + 3);
+    for (const std::vector<Vector2>& gleam : gleams)
+        pen.Stroke(Through(gleam), {.start = 0.1f, .middle = 0.9f, .end = 0});
+    pen.nib.width = 1.8f;
+    pen.Stroke(Moved(seam, {0, -2}), {0, 0.7f, 0});
     canvas.Cover(light, palette::Ochre, 0.7f);
 }
 
@@ -65,39 +109,53 @@ static void PaintFolds(Canvas& canvas, const std::vector<std::vector<Vector2>>& 
     canvas.Cover(lit, Clay, 0.55f);
 }
 
+// What the sun behind him leaves on the edge of a leg.
+static void PaintEdgeOfSun(Canvas& canvas, const std::vector<std::vector<Vector2>>& edges, uint32_t seed)
+{
+    Mask lit(W, H);
+    Pen pen(lit, SketchPaper(), {.width = 3, .wobble = 0.8f, .wave = 50, .skip = 0.3f, .dry = 0.6f}, seed);
+    for (const std::vector<Vector2>& edge : edges)
+        pen.Stroke(Through(edge), {0, 1, 0});
+    canvas.Cover(lit, Mix(Clay, palette::Amber, 0.3f), 0.7f);
+}
+
 void PaintHisPushingLeg(Canvas& canvas, const Paper& paper)
 {
-    CastShadow(canvas, paper, {150, 728}, {222, 729}, 70);
-    PaintShoe(canvas, paper, PushingShoe, {{178, 704}, {194, 714}, {212, 720}}, 78);
-    PaintLimb(canvas, HisPush, {56, 45, 31, 28, 16}, Trousers, palette::Ink, 170);
+    PaintShoe(canvas, paper, PushingShoe, {{146, 692}, {160, 709}, {188, 724}, {220, 730}, {252, 729}},
+              {{{196, 704}, {214, 715}, {238, 722}}, {{148, 676}, {162, 670}, {176, 674}}}, 78);
+    PaintClothed(canvas, PushingLeg, Trousers, palette::Ink, 170);
     PaintFolds(canvas,
-               {{{296, 586}, {274, 604}, {262, 626}},
-                {{304, 602}, {284, 616}, {276, 640}},
-                {{196, 664}, {192, 680}, {200, 694}}},
+               {{{292, 586}, {274, 604}, {268, 630}},
+                {{270, 596}, {272, 616}, {290, 640}},
+                {{258, 608}, {260, 622}, {272, 640}},
+                {{296, 660}, {280, 660}, {266, 650}},
+                {{186, 668}, {190, 684}, {204, 694}},
+                {{178, 676}, {186, 690}, {198, 698}}},
                172);
+    PaintEdgeOfSun(canvas, {{{246, 612}, {226, 621}, {204, 642}, {186, 664}}}, 173);
 }
 
 void PaintHisStandingLeg(Canvas& canvas, const Paper& paper)
 {
-    CastShadow(canvas, paper, {532, 727}, {630, 729}, 74);
-    PaintShoe(canvas, paper, StandingShoe, {{578, 700}, {598, 708}, {618, 714}}, 79);
-    // The shin first, then the thigh, that comes towards us.
-    PaintLimb(canvas, {{598, 584}, {596, 624}, {582, 656}, {560, 694}}, {33, 32, 27, 18}, Trousers,
-              palette::Ink, 171);
-    PaintLimb(canvas, {HisStand[0], HisStand[1], HisStand[2] + Vector2{4, 4}}, {62, 51, 37}, Trousers,
-              palette::Ink, 174);
+    PaintShoe(canvas, paper, StandingShoe, {{530, 727}, {560, 726}, {600, 730}, {660, 729}},
+              {{{596, 700}, {620, 709}, {646, 719}}, {{540, 700}, {536, 712}, {536, 720}}}, 79);
+    PaintClothed(canvas, StandingLeg, Trousers, palette::Ink, 171);
+    // Cloth is drawn over the knee, and is pressed together in its hollow.
     PaintFolds(canvas,
-               {{{566, 604}, {590, 612}, {616, 606}},
-                {{562, 590}, {582, 600}, {600, 598}},
-                {{470, 560}, {510, 576}, {556, 590}},
-                {{556, 678}, {566, 684}, {580, 684}}},
+               {{{560, 616}, {582, 612}, {606, 596}},
+                {{556, 612}, {574, 600}, {588, 580}},
+                {{552, 606}, {558, 592}, {560, 572}},
+                {{560, 622}, {580, 626}, {602, 620}},
+                {{602, 566}, {610, 580}, {606, 596}}, // the kneecap
+                {{470, 562}, {512, 578}, {546, 604}},
+                {{462, 540}, {500, 550}, {530, 566}},
+                {{552, 672}, {562, 682}, {582, 682}},
+                {{550, 684}, {564, 692}, {580, 690}}},
                176);
-}
-
-void PaintHerLeg(Canvas& canvas, const Paper& paper)
-{
-    CastShadow(canvas, paper, {292, 726}, {382, 726}, 84);
-    PaintHerCalfAndFoot(canvas);
+    PaintEdgeOfSun(canvas,
+                   {{{546, 529}, {584, 547}, {612, 563}, {623, 580}, {620, 594}},
+                    {{608, 616}, {603, 640}, {593, 666}, {584, 690}}},
+                   177);
 }
 
 } // namespace atelier
