@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// The atlas of the towers: four walls side by side, joining at their edges, and a roof in the top right corner. A tower is
+// 80 units high, 6 wide at its foot and 16 at its head: half-way up a pixel is as wide as it is high. Its parts are painted
+// by subject: TowerPlumage, TowerCourses, TowerWindows, TowerBattlements; TowerWalls.cpp brings them together.
+#pragma once
+
+#include "art/atelier/Canvas.h"
+#include "art/atelier/Paper.h"
+
+namespace atelier::towers
+{
+
+constexpr int Across = 512, Down = 2048;
+constexpr float Girth = Across, WallWidth = 128, Head = 512, Foot = 1536;
+
+inline Mask Sheet()
+{
+    return Mask(Across, Down, 0, true);
+}
+
+// 0 at the head, 1 at the foot.
+constexpr float HeightAt(float y)
+{
+    return (y - Head) / (Foot - Head);
+}
+
+struct TowerNoise {
+    Noise barb = Noise(521, 256, 256), age = Noise(522, 8, 32), chip = Noise(523, 96, 384),
+          zone = Noise(527, 16, 32), course = Noise(535, 64, 256);
+};
+
+// What the night leaves of a wall that lies in the dark.
+constexpr LinearColour Dark = Mix(palette::Ink, palette::Night, 0.35f) * 0.8f;
+
+} // namespace atelier::towers
