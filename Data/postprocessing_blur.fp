@@ -10,25 +10,19 @@
 // noise. Their weight falls off like a bell from the middle outward. So that thin lines don't come out as bundles of
 // thinner ones, every pixel starts its rounds at an angle of its own.
 //
-// The scene of the names fills the screen, with an alpha of 1. Its trees are chains of cubes, lit on the sides that the
-// light reaches and black on the others, and their shadow on the land is black too. Here they are drawn anew, as ink in
-// a mist: the share of black and bark in a disc about each place is compared with a bar, which joins the cubes into
-// limbs with round edges. The slope of that share is the limb's outward direction, by which the moon gives it a rim,
-// and the slope in a wider disc a side that is a little lighter. Bark is told from land by its hue. What is black is
-// the tree's near bark and in the upper part of the picture; elsewhere it is shadow, a wash over the land that thins
-// out towards the picture's foot. Where nothing was drawn there is night.
+// The scene of the names fills the screen, with an alpha of 1. What was drawn is a tree of cubes on a land of fields,
+// both of which throw hard black on each other. It is painted anew here as a landscape in ink: night and its moon, a
+// far land with a farm on it, a wood, a ploughed field on which two trees grow as the drawn one does, and a nearer
+// field with grass before it. The drawn tree is kept where it stands before the sky, which is where the second camera
+// and the last one look: the share of black and bark in a disc about each place is compared with a bar, which joins the
+// cubes into limbs with round edges. Bark is told from land by its hue. The first camera looks at stumps from near by
+// and the third into a tangle with its shadow, from above; there a slope covers them.
 //
 // The effect lets blur_intensity grow with the tree, from -0.75. It approaches 0.45, for the first tree 0.95, as
-// exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. The mist lies in banks one
-// before the other, each with a light upper border, lost here and found there, that fades downwards, as washes do. It
-// hides a tree that is but a few cubes and lifts as it grows; some of it stays on the land. The last camera has a
+// exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. It hides the wood and the
+// trees while they are but stumps, and lifts as they grow; some of it stays along the ridge. The last camera has a
 // constant intensity of 0.25 and rises with its tree: there the height of the land's far border tells how far the tree
 // has grown.
-//
-// The first tree is the smallest and the nearest, two stumps on a log. Its mist stays up to the stumps, they carry on
-// in boughs, and a wood stands about it. Before each of the others stand two drawn trees, which grow with the second
-// and with the last. The third is a pale giant behind the wood; for the second and the last, which stand in a denser
-// veil, the wood is far behind.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -47,150 +41,164 @@ const float border = 0.00048828; // half a texel at 1024: taps stay inside, as t
 const vec2 goldenTurn = vec2(0.8253408, 0.5646349);       // cosine and sine, of a quarter's golden section,
 const vec2 wholeGoldenTurn = vec2(-0.7373688, 0.6754902); // and of the whole turn's
 
-const float barkHue = 0.62;             // blue is a lesser part of red than this in bark, a greater in land
-const float barkEdge = 12.0;            // how sharply they are told apart
-const vec2 blackEnd = vec2(0.02, 0.12); // light at which black begins to give way to the scene, and has
-const float landTaps = 4.0;             // along the picture's foot:
+const float barkHue = 0.62;              // blue is a lesser part of red than this in bark, a greater in land
+const float barkEdge = 12.0;             // how sharply they are told apart
+const vec2 blackEnd = vec2(0.02, 0.12);  // light at which black begins to give way to the scene, and has
+const float landTaps = 4.0;              // along the picture's foot:
 const vec2 landLight = vec2(0.12, 0.32); // blue there if the land has no light, and if it has all its light
+const float unlit = 0.30;                // part of the light that is left while the land has none
+const vec2 skyTap = vec2(0.65, 0.72);    // sky for the second camera, land for the first and the third,
+const vec2 firstTap = vec2(0.50, 0.866); // and this is sky for the first
+const float lastIntensity = 0.25;        // of the last camera,
+const float borderTaps = 6.0;            // and what it takes to find the land's far border
+const vec2 borderHeights = vec2(0.474, 0.532); // while the tree grows
 
-// Limbs. Shares are of the disc in which a limb is looked for, heights are of the picture.
-const float firstTaps = 6.0;  // that say whether
-const float moreTaps = 27.0;  // more are needed: not where all is alike
-const float aspect = 1.33;    // of the disc, a circle on the screen
-const float discRadius = 0.022;            // before the land,
-const float skyDiscRadius = 0.0145;        // before the sky, where limbs are thinner,
-const float lastDiscRadius = 0.0105;       // and of the last tree, the most delicate one
-const float limbBar = 0.34;                // share that makes a limb,
-const float strandBar = 0.13;              // and of a string of beads
-const vec2 strandShape = vec2(0.75, 2.40);  // in a disc that is drawn out upwards,
-const vec2 strandHeights = vec2(0.55, 0.8); // here
-const vec2 skyTap = vec2(0.97, 0.75);      // in trees that stand before the sky, which is there then
-const vec2 limbEdge = vec2(0.30, 0.24);    // softness of limbs and strings
-const float bell = 0.8;                    // by which a tap at the disc's rim counts less than one in the middle
-const float dryEdge = 0.08;                // by which the bar differs from place to place
-const vec2 dryGrain = vec2(60.0, 45.0);    // features of that in the picture's width and height
+// Heights and widths are of the picture, places along it as well. What is told for each camera stands in the order of
+// the cameras, what is told for each land in the order far land, field, near field.
+const float shownAspect = 1.6667; // of the picture between its black borders
+const float inkEdge = 0.0015;     // softness of what is drawn
+const float grain = 0.06;         // of the paper, in parts of the light
+const float toothGrain = 0.52;    // features in a pixel
 
-const float nearTaps = 12.0;               // for bark
-const vec2 nearReach = vec2(0.05, 0.07);   // about a black place
-const vec4 treeSigns = vec4(4.0, 3.5, 0.5, 1.1); // how far bark, bark and sky near by, and height make it the tree's
-const vec2 treeHeights = vec2(0.40, 0.54);
-
-const vec3 ink = vec3(0.030, 0.036, 0.070);   // of a limb,
-const vec3 shine = vec3(0.13, 0.155, 0.225); // and on the side that the moon reaches
-const vec3 veil = vec3(0.220, 0.250, 0.345);  // the third tree is seen through, the others through the sky,
-const vec2 veiled = vec2(0.80, 0.97);         // by these parts, at these heights,
-const vec2 veiledHeights = vec2(0.5, 1.0);    // between which it is denser, and how dense it is before the sky,
-const vec2 veiledSky = vec2(0.35, 0.85);      // the last tree's and the second's
-const float veiledShade = 0.40;               // with so much left of the light
-const float barkDry = 0.1;
-const vec2 shineSlope = vec2(0.02, 0.34);    // slope of the wider share between them
+const vec3 ink = vec3(0.030, 0.036, 0.070);
 const vec3 moonlight = vec3(0.50, 0.58, 0.72);
-const vec2 moonward = vec2(0.5, 0.86);
-const vec2 rimLight = vec2(0.50, 0.05); // before the land and before the sky
-const vec2 rimShare = vec2(0.14, 0.34); // above the bar, at which it is full and at which it is gone
-
-const vec3 plainLand = vec3(0.36, 0.35, 0.34); // under a shadow of which no border is near
-const vec2 landSeen = vec2(0.00, 0.50);        // share of black near by at which the land's drawing is lost
-const vec2 farLand = vec2(0.40, 0.60);         // heights between which it is softened: it has no smaller levels
-const float softened = 0.6;
-const vec3 wash = vec3(0.30, 0.36, 0.52);      // the land's colours in the shadow,
-const vec3 washBlue = vec3(0.0, 0.008, 0.03);  // with a little added
-const float pigment = 0.02;
-const vec2 washEdge = vec2(0.10, 0.90);        // shares,
-const float washRagged = 0.22;
-const vec2 washHeights = vec2(-0.15, 0.40);    // and heights between which the shadow feathers out
-
 const vec3 night = vec3(0.112, 0.142, 0.272);
 const vec3 nightAbove = vec3(0.060, 0.078, 0.160);
 const vec2 nightHeights = vec2(0.35, 1.05);
-const vec3 haze = vec3(0.228, 0.275, 0.385); // over the land's far border, which is drawn in the same colour
-const float hazeHeight = 0.17;
-const float hazeWidth = 0.03;           // to either side of what it rises from
-const float hazeTaps = 28.0;
-const vec2 hazeLand = vec2(0.08, 0.20); // blue of lit land and not of anything else
-
-const vec3 moon = vec3(0.84, 0.79, 0.042); // place, and radius in the picture's height
-const float shownAspect = 1.6667;          // of the picture between its black borders
+const vec4 moonsAcross = vec4(0.84, 0.84, 0.50, 0.87);
+const vec4 moonsUp = vec4(0.755, 0.790, 0.815, 0.850);
+const float moonRadius = 0.042;
 const vec3 moonPaper = vec3(0.86, 0.84, 0.76), moonSeas = vec3(0.66, 0.66, 0.64);
-const vec2 seaSizes = vec2(34.0, 80.0);    // features in the picture's height
+const vec2 seaSizes = vec2(34.0, 80.0); // features in the picture's height
 const vec2 seaShare = vec2(0.40, 0.65);
-const vec2 moonGlow = vec2(0.30, 9.0);     // part of the moonlight, and how fast it is lost
+const vec2 moonGlow = vec2(0.30, 9.0); // part of the moonlight, and how fast it is lost
+const float starsEach = 26.0;          // cells in the picture's height, of which each has one or none
+const vec2 starShare = vec2(0.80, 1.00);
+const vec2 starSize = vec2(0.02, 0.06);    // in cells
+const vec2 starsFade = vec2(0.05, 0.30);   // about the moon
+const vec2 skyWash = vec2(0.86, 0.28);     // least light, and gained where the wash has run together
 
-// Mist.
-const float drift = 0.06;              // each second
-const float nextTarget = 0.45, firstTarget = 0.95;
-const float targetMargin = 0.00002;    // which ends the clock after ten seconds
-const vec2 lifting = vec2(0.02, 0.36); // intensities at which the mist begins to lift, and has
-const float lastIntensity = 0.25;      // of the last camera,
-const float borderTaps = 6.0;          // and what it takes to find the land's far border
-const vec2 borderHeights = vec2(0.474, 0.532); // at which the mist begins to lift, and has
-const float firstBank = 1.02;          // height of the farthest bank,
-const vec2 bankCurve = vec2(8.6, 0.80);  // by which the banks are the closer together, the farther they are
-const float bankEdge = 0.22;           // softness of its upper border, in steps,
-const vec3 bankShape = vec3(0.70, 1.00, 0.40); // and what swell and vapour raise it by, and all of it is raised by
-const vec2 bankSizes = vec2(6.0, 0.74); // features in the picture's width at the farthest, and part of that at the next
-const mat2 bankGrain = mat2(0.83, 0.55, -0.55, 0.83); // turned, so that no border is level
-const float flatness = 2.2;            // of features, which are so much wider than high
-const float bankDepth = 2.6;           // by which light is lost below the border
-const vec2 lipLight = vec2(0.45, 1.15);  // of the border, where it is lost and where it is found,
-const vec2 lipEdge = vec2(0.5, 1.3);     // and parts of its softness
-const vec3 dryRim = vec3(0.35, 700.0, 0.16); // light, narrowness and depth of the rim that dried
-const vec2 lipGrain = vec2(0.9, 0.5);    // in features
-const vec2 bankLight = vec2(0.55, 0.70); // least, and gained by vapour
-const float youngCover = 1.15;           // before young trees,
-const float firstCover = 1.10;           // before the first tree for good,
-const vec2 firstHeights = vec2(0.50, 0.74);
-const float restCover = 0.64;            // on the land for good,
-const float lastCover = 0.62;            // of the last camera,
-const float secondRest = 0.05;           // and by how much it is higher for the second tree
-const vec2 restHeights = vec2(0.46, 0.65);
-const vec3 thicknesses = vec3(0.10, 0.62, 0.30); // least, and gained by vapour and swell
-const float guessed = 0.22;              // part of what stands in the mist that is seen through it,
-const vec2 guessedHeights = vec2(0.55, 0.75);
-const float leastCover = 0.02;
-const float cloudLevel = 0.86;             // what that and cover have to be together,
-const float cloudEdge = 0.24;              // and beyond it from thinnest to thickest
-const vec3 mistBody = vec3(0.145, 0.180, 0.295);
-const vec3 mistEdge = vec3(0.62, 0.67, 0.75); // in the moonlight
-const float unlit = 0.45;                  // part of its light while the land has none
+// The lands. The border of each is a line with a slope and a swell; its furrows run to a point above it.
+const vec4 farBorders = vec4(0.84, 0.58, 0.80, 0.60), farSlopes = vec4(-0.16, 0.04, -0.12, -0.05);
+const vec4 fieldBorders = vec4(0.51, 0.49, 0.50, 0.50), fieldSlopes = vec4(-0.03, 0.05, 0.03, -0.03);
+const vec4 nearBorders = vec4(0.17, 0.32, 0.12, 0.34), nearSlopes = vec4(0.20, -0.18, 0.26, 0.10);
+const vec3 swells = vec3(0.10, 0.03, 0.05);
+const vec3 swellSizes = vec3(2.3, 2.9, 1.9); // features in the picture's width
+const vec3 borderSeeds = vec3(0.0, 2.0, 4.0), borderSteps = vec3(3.1, 5.7, 7.9); // and gained by each camera
+const vec4 farPoints = vec4(1.60, -0.60, -0.50, 1.50); // places along the picture
+const vec4 fieldPoints = vec4(0.62, 0.30, 0.35, 0.66);
+const vec4 nearPoints = vec4(-0.70, 1.60, -0.90, 1.90);
+const vec3 pointHeights = vec3(0.14, 0.06, 0.16); // above the border
+const vec3 furrowsEach = vec3(5.0, 3.4, 3.0);     // in the picture's height, where they are as far from the point
+const float drawnLines = 384.0;                   // that the picture's height can show,
+const vec2 tooFine = vec2(0.12, 0.45);            // and furrows to one of them, where they begin to fade and are gone
+const float wobble = 0.22, wobbles = 9.0;         // of furrows, in furrows and on the way to the point
+const float furrowWidth = 0.10, frostWidth = 0.07, frostAside = 0.22; // in furrows
+const float softest = 0.05;
+const vec2 dryGrain = vec2(1.3, 5.0); // features across a furrow and along it
+const vec2 inkDry = vec2(0.25, 0.60), frostDry = vec2(0.30, 0.65);
+const float parcelsEach = 0.09; // of furrows, on the far land, of which each has a tone of its own
+const vec2 parcelTone = vec2(0.80, 0.40), farWash = vec2(0.82, 0.36);
+const vec2 poolSizes = vec2(5.0, 11.0), speckSizes = vec2(23.0, 47.0); // features of the wash
+const float pools = 0.65;                                               // part of it that these are
+const vec3 parchment = vec3(0.50, 0.465, 0.395), parchmentLow = vec3(0.27, 0.275, 0.30);
+const vec2 parchmentHeights = vec2(0.45, 0.75);
+const vec3 farBlue = vec3(0.150, 0.185, 0.290);
+const vec3 earth = vec3(0.095, 0.120, 0.215), earthLit = vec3(0.285, 0.340, 0.475);
+const vec3 earthWash = vec3(0.27, 0.75, -0.90); // how lit it is, what the wash adds, and height below the border
+const float nearEarth = 0.12;                   // by which the near field is less lit
+const vec3 frost = vec3(0.52, 0.58, 0.68);
+const vec3 furrowShade = vec3(0.66, 0.45, 0.45); // part of the light that is left,
+const vec3 furrowFrost = vec3(0.07, 0.16, 0.16); // and parts of frost in furrows
+const vec3 borderFrost = vec3(0.18, 0.55, 0.55); // and on the border, where the wash lets it be found
+const vec2 borderFound = vec2(0.30, 0.70);
+const float borderWidth = 0.006;
+// Grass on the borders of the field and of the near one, and along the picture's foot.
+const float footRoots = -0.02;
+const vec3 grassHeights = vec3(0.022, 0.070, 0.200), grassEach = vec3(90.0, 40.0, 24.0); // blades in the width
+const vec3 grassLight = vec3(1.6, 1.6, 1.0);                                              // times ink's
+const float grassLayers = 4.0;
+const float tuftsEach = 0.22;             // to a blade
+const vec2 bladeHeights = vec2(0.3, 0.7); // least, and gained by the tallest
+const float bladeLean = 0.85, bladeWidth = 0.11;
 
-// The wood about the first tree.
-const vec2 firstTap = vec2(0.50, 0.866);      // sky, while it is land for the third tree
+// The farm, of which the house is two units wide.
+const vec4 farms = vec4(0.60, 0.78, 0.57, 0.19);
+const float farmSize = 0.020, farmFoot = 0.010; // and how far below the border it stands
+const vec2 barn = vec2(1.65, -0.10);
+const vec2 gables = vec2(1.9, 1.6); // height of the house's and the barn's, which is cut at 1
+const vec3 pane = vec3(-0.25, 0.55, 0.24);
+const vec3 lamp = vec3(0.96, 0.72, 0.36);
+const vec2 lampGlow = vec2(0.22, 1.1); // part of it, and how fast it is lost
+
+// The wood behind the field.
 const float woodTrunks = 11.0;
-const vec2 woodWidths = vec2(0.0045, 0.017);  // half of them, of the farthest trunk and of the nearest,
-const vec2 woodInk = vec2(0.22, 0.62);        // and parts of ink
-const float farInk = 0.9;                     // part of that behind the second tree, where the wood begins higher
-const vec2 nearShift = vec2(0.55, 0.03);      // before the third tree
-const vec2 farShift = vec2(0.30, -0.03);      // and elsewhere
-const vec2 woodFeet = vec2(0.42, 0.50);       // heights, and in the mist
-const vec2 woodForks = vec2(0.06, 0.20);      // lowest height above half of the picture's, and gained by the highest
+const vec2 woodWidths = vec2(0.0045, 0.017); // half of them, of the farthest trunk and of the nearest,
+const vec2 woodInk = vec2(0.22, 0.62);       // and parts of ink
+const vec2 woodForks = vec2(0.06, 0.20);     // lowest height above the foot, and gained by the highest
 const float woodLean = 0.12;
-// What grows before each tree: middle, half width, fork and lean of two trunks.
-const vec4 leftTrunk = vec4(0.085, 0.040, 0.19, 0.03), rightTrunk = vec4(0.405, 0.046, 0.17, 0.02);
+const float woodFoot = 0.02; // below the field's border
+// The trees on the field: middle, half width, fork and lean of both.
+const vec4 firstOak = vec4(0.085, 0.036, 0.20, 0.03), firstAsh = vec4(0.385, 0.026, 0.17, 0.02);
 const vec4 secondOak = vec4(0.140, 0.040, 0.11, 0.03), secondAsh = vec4(0.290, 0.017, 0.10, -0.04);
 const vec4 thirdOak = vec4(0.740, 0.036, 0.06, 0.04), thirdAsh = vec4(0.270, 0.020, 0.08, -0.03);
 const vec4 lastOak = vec4(0.440, 0.046, 0.08, 0.02), lastAsh = vec4(0.610, 0.022, 0.10, 0.05);
-const vec2 trunkTops = vec2(0.62, 1.03);      // heights that they reach
-const vec2 trunksGrow = vec2(0.05, 0.92);     // between these intensities, the first's,
-const vec2 othersGrow = vec2(-0.05, 0.40);    // and the second's
-const float trunkTip = 0.10;
-const vec2 stumpHeights = vec2(0.62, 0.70);   // between which they replace the stumps
-const vec2 stumpShare = vec2(0.02, 0.30);
-const vec2 farHaze = vec2(0.70, 0.82);        // heights between which the land behind those turns to haze,
-const vec2 farNight = vec2(0.80, 0.90);       // and that to night
-const float sway = 0.05, swayPeriods = 7.0;   // of a trunk, in the picture's width and height
-const vec2 boughSlope = vec2(0.62, 0.20);     // and by how much the two sides differ
+const vec2 feet = vec2(0.060, 0.035);       // of oak and ash, below the field's border
+const float youngest = 0.35;                // part of its size that a tree has when its mist begins to lift
+const vec2 firstGrow = vec2(0.05, 0.92);    // between these intensities, the first camera's,
+const vec2 othersGrow = vec2(-0.05, 0.40);  // and the second's and third's
+const float footWidth = 1.9, footDepth = 0.6; // of the round that a trunk stands on, in half widths
+const float sway = 0.05, swayPeriods = 7.0; // of a trunk, in the picture's width and height
+const vec2 boughSlope = vec2(0.62, 0.20);   // and by how much the two sides differ
 const float boughBend = 1.3;
 const float boughWave = 0.03;
 const vec3 forks = vec3(0.045, 0.040, 0.035); // of boughs, twigs and twiglets, each above the one before
 const float uneven = 0.45;                    // part by which two sides differ
 const vec3 twigSlopes = vec3(0.45, 0.34, 0.30);
 const vec3 taperings = vec3(0.35, 0.45, 5.0);
-const float rootFlare = 0.7;
+const float thinnest = 0.0011;          // that is drawn; what is thinner is paler
+const vec2 trunkFlare = vec2(0.35, 0.14); // part of the width, and height at which it is lost
+const vec2 roots = vec2(0.32, 0.27);    // parts of the width: of all, and gained by some
+const float rootHeight = 60.0, rootsEach = 120.0;
+const vec3 shadowShape = vec3(1.3, 1.4, 0.05); // length to height, away from the moon, and softness with distance
+const vec2 shadowDepth = vec2(0.60, 0.25);     // part of the light that it takes, and distance at which it thins out
+const vec2 barkLines = vec2(170.0, 15.0);      // features
+const vec2 barkShare = vec2(0.50, 0.80);
+const float barkLight = 1.3;                   // times ink's,
+const vec2 barkHeights = vec2(0.05, 0.30);     // above the border
+const float rimLight = 0.55;                   // of the side that the moon reaches
+const float rimWidth = 0.004;
+const vec2 rimmed = vec2(0.002, 0.007); // half widths from which there is one
 
-const float inkEdge = 0.0015;  // softness of what is drawn
-const float grain = 0.06;      // of the paper, in parts of the light
-const float toothGrain = 0.52; // features in a pixel
+// The drawn tree. Shares are of the disc in which a limb is looked for.
+const float firstTaps = 6.0;  // that say whether
+const float moreTaps = 27.0;  // more are needed: not where all is alike
+const float aspect = 1.33;    // of the disc, a circle on the screen
+const vec2 discRadius = vec2(0.0145, 0.0105); // the second tree's, and the last one's, which is the most delicate
+const float limbBar = 0.34;                   // share that makes a limb,
+const float strandBar = 0.13;                 // and the last one's string of beads
+const vec2 strandShape = vec2(0.75, 2.40);    // in a disc that is drawn out upwards,
+const vec2 strandHeights = vec2(0.55, 0.8);   // here
+const vec2 limbEdge = vec2(0.30, 0.24);       // softness of limbs and strings
+const float bell = 0.8;                       // by which a tap at the disc's rim counts less than one in the middle
+const vec2 limbInk = vec2(0.70, 0.55);        // of the second and the last
+
+
+// Mist.
+const float drift = 0.06;              // each second
+const float nextTarget = 0.45, firstTarget = 0.95;
+const float targetMargin = 0.00002;    // which ends the clock after ten seconds
+const vec2 lifting = vec2(0.02, 0.36); // intensities at which the mist begins to lift, and has
+const vec2 veilFeet = vec2(-0.10, 0.10); // above the field's border, from where until where it thickens,
+const vec2 veilShare = vec2(0.80, 0.20); // and what it covers at least, and where the vapour is thick
+const vec3 mistDark = vec3(0.150, 0.185, 0.295), mistLight = vec3(0.40, 0.45, 0.55);
+const vec2 vapourSizes = vec2(2.6, 6.5); // features in the picture's width and height
+const vec3 vapourParts = vec3(0.55, 0.30, 0.15);
+const vec2 vapourLight = vec2(0.25, 0.75);
+const vec2 lowMist = vec2(0.075, 0.030); // height above the border and below, by which it thins out
+const vec2 lowShare = vec2(0.20, 0.70);  // of vapour,
+const float lowCover = 0.75;             // and what it covers there
+const float before = 0.30;               // part of that which lies before the trees
 
 // Even: neighbours differ as much as they can.
 float Spread(vec2 cell) { return fract(52.9829189 * fract(dot(cell, vec2(0.06711056, 0.00583715)))); }
@@ -249,33 +257,6 @@ float LandLight(bool wanted)
     return smoothstep(landLight.x, landLight.y, light);
 }
 
-vec3 Night(vec2 place) { return mix(night, nightAbove, smoothstep(nightHeights.x, nightHeights.y, place.t)); }
-
-// The night with its moon, and a haze where there is lit land close below. A tree there counts neither way.
-vec3 Sky(vec2 place, float sky)
-{
-    float land = 0.0;
-    float known = 0.01;
-    float taps = sky > 0.0 && Drawn(place - vec2(0.0, hazeHeight)).a > 0.5 ? hazeTaps : 0.0;
-    for (float i = 0.0; i < taps; i += 1.0) {
-        float below = (i + 0.5) * (hazeHeight / hazeTaps);
-        float aside = fract(0.618034 * i + 0.5) * (2.0 * hazeWidth) - hazeWidth;
-        float weight = 1.0 - i / hazeTaps;
-        vec4 other = Drawn(place - vec2(aside, below));
-        float lit = smoothstep(hazeLand.x, hazeLand.y, other.b);
-        land += weight * lit;
-        known += weight * max(lit, 1.0 - other.a);
-    }
-    land /= known;
-    vec3 colour = mix(Night(place), haze, land * land);
-    vec2 away = (place - moon.xy) * vec2(shownAspect, 1.0);
-    float outside = length(away) - moon.z;
-    float seas = 0.6 * Tooth(away * seaSizes.x + 5.0) + 0.4 * Tooth(away * seaSizes.y);
-    vec3 disc = mix(moonPaper, moonSeas, smoothstep(seaShare.x, seaShare.y, seas));
-    colour += moonlight * (moonGlow.x * exp(-moonGlow.y * max(outside, 0.0)));
-    return mix(disc, colour, smoothstep(-inkEdge, inkEdge, outside));
-}
-
 // How far the tree of the last camera has grown: 1 when the mist has lifted from it. At the left the land's far border
 // is free. It is halved upon, but not after it has passed that height.
 float BorderRisen(bool wanted)
@@ -291,23 +272,93 @@ float BorderRisen(bool wanted)
     return risen / height;
 }
 
-// Three sizes of a soft noise, drawn out sideways as vapour is.
-float Vapour(vec2 place)
+// The night with its moon and stars.
+vec3 Sky(vec2 place, vec2 moon)
 {
-    float large = Tooth(bankGrain * place);
-    float middle = Tooth(place * bankGrain * 2.13 + large);
-    return 0.55 * large + 0.30 * middle + 0.15 * Tooth(bankGrain * place * 4.7 + middle);
+    vec3 colour = mix(night, nightAbove, smoothstep(nightHeights.x, nightHeights.y, place.t));
+    vec2 away = (place - moon) * vec2(shownAspect, 1.0);
+    float outside = length(away) - moonRadius;
+    float seas = 0.6 * Tooth(away * seaSizes.x + 5.0) + 0.4 * Tooth(away * seaSizes.y);
+    vec3 disc = mix(moonPaper, moonSeas, smoothstep(seaShare.x, seaShare.y, seas));
+    colour += moonlight * (moonGlow.x * exp(-moonGlow.y * max(outside, 0.0)));
+    vec2 star = Mixed(floor(away * starsEach));
+    vec2 middle = 0.25 + 0.5 * vec2(Hashed(star.y, star.x + 1.0), Hashed(star.x, star.y + 2.0));
+    float point = 1.0 - smoothstep(starSize.x, starSize.y, length(fract(away * starsEach) - middle));
+    colour += moonPaper * (smoothstep(starShare.x, starShare.y, Hashed(star.x, star.y)) * point *
+                           smoothstep(starsFade.x, starsFade.y, outside));
+    return mix(disc, colour, smoothstep(-inkEdge, inkEdge, outside));
 }
 
-// 1 for the first camera, from when the mist lifts.
-float First(float overSky) { return step(overSky + Drawn(firstTap).a, 0.5); }
-
-// How much of a place a trunk covers, of which shape is middle, half width, fork and lean. It forks four times,
-// unevenly, and each bough bends upwards.
-float Trunk(vec2 place, vec4 shape, float kind)
+// A house with a barn, of which only one window is lit, over what stands behind it.
+vec3 Farm(vec3 behind, vec2 place)
 {
-    float up = place.t - 0.5;
-    float aside = place.s - shape.x - sway * (Wave(swayPeriods * up + kind) - 0.5) - shape.w * up;
+    vec2 house = place * vec2(shownAspect, 1.0) / farmSize;
+    vec2 annex = house - barn;
+    float soft = inkEdge / farmSize;
+    float walls = min(1.0 - abs(house.x), gables.x - abs(house.x) - house.y);
+    walls = max(walls, min(1.0 - abs(annex.x), min(1.0, gables.y - abs(annex.x)) - annex.y));
+    walls = min(walls, house.y);
+    vec2 aside = house - pane.xy;
+    float lit = smoothstep(-soft, soft, pane.z - max(abs(aside.x), abs(aside.y)));
+    vec3 colour = mix(behind, 1.5 * ink, smoothstep(-soft, soft, walls));
+    return mix(colour + lamp * (lampGlow.x * exp(-lampGlow.y * length(aside))), lamp, lit);
+}
+
+// The heights of a land's border at a place along it.
+float Border(float along, float middle, float slope, float swell, float size, float seed)
+{
+    return middle + slope * (along - 0.5) + swell * (Wave(size * along + seed) - 0.5);
+}
+
+// Furrows at a place that is so far below a land's border: parts of ink and of frost, and the tone of their parcel.
+// They run to a point along the picture that stands so high above the border.
+vec3 Furrows(vec2 place, float below, float point, float height, float each)
+{
+    float depth = max(below, 0.0) + height;
+    float aside = shownAspect * (place.s - point) / depth;
+    float fine = each / (depth * drawnLines) * sqrt(1.0 + aside * aside);
+    float soft = softest + 0.5 * fine;
+    float across = each * aside + wobble * Wave(wobbles * log(depth) + point);
+    float dry = Tooth(dryGrain * vec2(across, log(depth)));
+    float width = furrowWidth * (0.5 + Hashed(Mixed(vec2(floor(across), 1.7)).x, 5.1));
+    float furrow = 1.0 - smoothstep(width - soft, width + soft, abs(fract(across) - 0.5));
+    float crest = 1.0 - smoothstep(frostWidth - soft, frostWidth + soft, abs(fract(across - frostAside) - 0.5));
+    float shown = 1.0 - smoothstep(tooFine.x, tooFine.y, fine);
+    return vec3(shown * furrow * smoothstep(inkDry.x, inkDry.y, dry),
+                shown * crest * smoothstep(frostDry.x, frostDry.y, 1.0 - dry),
+                Hashed(Mixed(vec2(floor(across * parcelsEach), 2.9)).y, 3.3));
+}
+
+// How much of a place that is so high above their roots is covered by blades of grass, in tufts.
+float Grass(float along, float above, float tallest, float each, float seed)
+{
+    float cover = 0.0;
+    float layers = above > -0.01 && above < tallest ? grassLayers : 0.0;
+    for (float i = 0.0; i < layers; i += 1.0) {
+        float tuft = Wave(tuftsEach * each * along + 17.0 * i + seed);
+        float root = each * along + 0.37 * i + seed;
+        vec2 blade = Mixed(vec2(floor(root), i + seed));
+        float high = tallest * (bladeHeights.x + bladeHeights.y * Hashed(blade.x, blade.y)) * tuft * tuft;
+        float up = max(above, 0.0) / (high + 0.0001);
+        float lean = bladeLean * (Hashed(blade.y, blade.x + 1.0) - 0.5);
+        float inside = bladeWidth * (1.0 - up) - abs(fract(root) - 0.5 - lean * up * up);
+        cover = max(cover, smoothstep(-inkEdge * each, inkEdge * each, inside) * step(up, 1.0));
+    }
+    return cover;
+}
+
+// How much of a place is covered by a trunk, by the side of it that the moon reaches, and by its shadow on the land
+// before it, which is the trunk itself turned down. Its shape is middle, half width, fork and lean. It forks four
+// times, unevenly, and each bough bends upwards.
+vec3 Trunk(vec2 place, float foot, vec4 shape, float kind, float size, float moonAcross)
+{
+    float round = (place.s - shape.x) / (footWidth * shape.y * size);
+    foot -= footDepth * shape.y * size * max(1.0 - round * round, 0.0);
+    float below = max(foot - place.t, 0.0);
+    float moonAside = moonAcross - shape.x;
+    float up = (max(place.t - foot, 0.0) + shadowShape.x * below) / size;
+    float aside = (place.s - shape.x + shadowShape.y * moonAside * below) / size -
+                  sway * (Wave(swayPeriods * up + kind) - Wave(kind)) - shape.w * up;
     float side = sign(aside);
     float bough = max(up - shape.z, 0.0);
     float twig = max(bough - forks.x * (1.0 + uneven * side), 0.0);
@@ -320,202 +371,154 @@ float Trunk(vec2 place, vec4 shape, float kind)
     away = abs(away) - twigSlopes.y * twiglet;
     float tip = max(twiglet - forks.z * (1.0 - uneven * other), 0.0);
     away = abs(abs(away) - twigSlopes.z * tip);
-    float flare = 1.0 + rootFlare * (1.0 - smoothstep(0.08, 0.20, up));
+
+    float flare = 1.0 + trunkFlare.x * (1.0 - smoothstep(0.0, trunkFlare.y, up)) +
+                  exp(-rootHeight * up) * (roots.x + roots.y * Wave(rootsEach * aside + kind));
     float width = shape.y * (1.0 - up) * flare * (1.0 - taperings.x * min(14.0 * bough, 1.0)) *
                   (1.0 - taperings.y * min(16.0 * twig, 1.0)) * exp(-taperings.z * bough);
-    return 1.0 - smoothstep(width - inkEdge, width + inkEdge, away);
+    float drawn = max(width, thinnest / size);
+    float soft = (inkEdge + shadowShape.z * below) / size;
+    float cover = (1.0 - smoothstep(drawn - soft, drawn + soft, away)) * clamp(2.0 * width / drawn - 0.2, 0.0, 1.0);
+    float stands = smoothstep(-inkEdge, inkEdge, place.t - foot);
+    float rim = smoothstep(0.0, 0.3 * width, aside * sign(moonAside)) *
+                (1.0 - smoothstep(0.0, rimWidth, width - away)) * smoothstep(rimmed.x, rimmed.y, width);
+    return cover * vec3(stands, stands * rim, exp(-below / shadowDepth.y));
 }
 
-// The same trunk in a place that has been shifted.
-vec4 Shifted(vec4 shape, vec2 shift) { return shape + vec4(shift.x - shape.w * shift.y, 0.0, shift.y, 0.0); }
-
-// How dark the wood is, the paler the farther its trunks, and how much of a place is covered by the two trunks before
-// the tree: with these it begins at number -2. All in one loop, as its first round is made for every pixel there is.
-vec2 Wood(vec2 place, vec4 oak, vec4 ash, float from, float wanted)
+// How dark the wood is, the paler the farther its trunks; and what Trunk says of the two trees. All in one loop, in
+// which these have the numbers -2 and -1, as its first round is made for every pixel there is.
+vec4 Trees(vec2 place, float border, vec4 oak, vec4 ash, float size, float moonAcross, float wanted)
 {
-    vec2 dark = vec2(0.0);
-    float end = wanted > 0.0 ? woodTrunks : from;
+    vec4 trees = vec4(0.0);
+    float from = wanted > 0.0 ? -2.0 : woodTrunks;
+    float end = place.t > border ? woodTrunks : 0.0;
     for (float i = from; i < end; i += 1.0) {
         float near = fract(0.755 * i + 0.3);
         vec4 shape = vec4(fract(0.618 * i + 0.13), mix(woodWidths.x, woodWidths.y, near),
                           woodForks.x + woodForks.y * fract(0.37 * i), woodLean * (near - 0.5));
         shape = i < -1.0 ? oak : i < 0.0 ? ash : shape;
-        float trunk = Trunk(place, shape, 9.0 * i);
-        dark = max(dark, trunk * (i < 0.0 ? vec2(0.0, 1.0) : vec2(mix(woodInk.x, woodInk.y, near), 0.0)));
+        float foot = border - (i < -1.0 ? feet.x : i < 0.0 ? feet.y : woodFoot);
+        vec3 trunk = Trunk(place, foot, shape, 9.0 * i, i < 0.0 ? size : 1.0, moonAcross);
+        trees = max(trees, i < 0.0 ? vec4(0.0, trunk) : vec4(trunk.x * mix(woodInk.x, woodInk.y, near), vec3(0.0)));
     }
-    return dark * smoothstep(woodFeet.x, woodFeet.y, place.t);
+    return trees;
 }
 
-// The mist's colour, and how thick it is.
-vec4 Mist(vec2 place, float overSky, float first, float risen, float wanted)
+// How much of a place the drawn tree covers.
+float Limb(vec2 place, float last, float wanted)
 {
-    bool last = abs(blur_intensity - lastIntensity) < 0.00001;
-    float lifted = last ? smoothstep(0.0, 1.0, risen) : smoothstep(lifting.x, lifting.y, blur_intensity);
-    // The first tree's clock goes on from where it is told from the others.
-    float left = max(nextTarget - blur_intensity, 0.0) + targetMargin;
-    float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - lifting.x) / (firstTarget - lifting.x);
-    float moved = -drift * log(mix(left, firstLeft + targetMargin, first));
-
-    float one = 4.0 * overSky + 2.3 * first + (last ? 7.0 : 0.0); // so that no two trees have the same
-    float cover = max(youngCover * (1.0 - lifted),
-                      max(firstCover * first * (1.0 - smoothstep(firstHeights.x, firstHeights.y, place.t)),
-                          (last ? lastCover : restCover) *
-                              (1.0 - smoothstep(restHeights.x, restHeights.y,
-                                         place.t - (last ? 0.0 : secondRest * overSky)))));
-    // A bank's upper border stays between half a step below its middle height and one and a half above it: two banks
-    // may begin here, and the one behind them is there in any case.
-    float down = bankCurve.x * (firstBank - place.t) / (firstBank - place.t + bankCurve.y);
-    float nearest = floor(down + 0.5);
-    float thickness = 0.0;
-    float light = 0.0;
-    float looks = wanted * cover > leastCover ? 3.0 : 0.0;
-    for (float i = 0.0; i < looks; i += 1.0) {
-        float number = nearest - 1.0 + i;
-        vec2 features = bankSizes.x * pow(bankSizes.y, number) * vec2(place.s, flatness * place.t) +
-                        vec2(moved + 5.3 * one, 0.3 * moved) + 7.7 * number;
-        float vapour = Vapour(features);
-        float swell = Wave(features.x * 0.43 + 3.1 * number);
-        float raised = bankShape.x * (swell - 0.5) + bankShape.y * (vapour - 0.5) + bankShape.z;
-        float inside = down - number + clamp(raised, bankEdge - 0.5, 1.5);
-        float lit = exp(-bankDepth * max(inside, 0.0)) * (bankLight.x + bankLight.y * vapour);
-        float found = Tooth(features * lipGrain + 3.3);
-        lit *= mix(lipLight.x, lipLight.y, smoothstep(0.25, 0.75, found));
-        lit += dryRim.x * found * exp(-dryRim.y * (inside - dryRim.z) * (inside - dryRim.z));
-        float part = i < 1.0 ? 1.0 : smoothstep(0.0, bankEdge * mix(lipEdge.x, lipEdge.y, found), inside);
-        thickness = mix(thickness, dot(thicknesses, vec3(1.0, vapour, swell)), part);
-        light = mix(light, lit, part);
-    }
-    thickness += cover - cloudLevel;
-    return vec4(mix(mistBody, mistEdge, min(light, 1.0)),
-                wanted * smoothstep(0.0, cloudEdge, thickness) * min(2.0 * cover, 1.0) *
-                    (1.0 - guessed * smoothstep(guessedHeights.x, guessedHeights.y, place.t)));
-}
-
-// The scene of the names, of which this is drawn in the middle.
-vec3 Painted(vec4 middle, vec2 place, float own)
-{
-    float overSky = 1.0 - Drawn(skyTap).a;
-    float first = own > 0.0 ? First(overSky) : 0.0;
-    float strands = overSky * smoothstep(strandHeights.x, strandHeights.y, place.t);
-    float last = abs(blur_intensity - lastIntensity) < 0.00001 ? 1.0 : 0.0;
-    vec2 disc = mix(mix(discRadius, skyDiscRadius, overSky), lastDiscRadius, last) * vec2(1.0, aspect) *
-                mix(vec2(1.0), strandShape, strands);
-    float second = overSky * (1.0 - last);
-    float bar = mix(limbBar, strandBar, last * strands);
-
-    float risen = BorderRisen(last > 0.0 && own > 0.0);
-    vec4 mist = Mist(place, overSky, first, risen, own);
-    float clear = own * (1.0 - mist.a);
-
-    float bark = 0.0;
-    float dark = 0.0; // bark and black
-    float sky = 0.0;
-    vec4 land = vec4(0.0);
-    vec2 slope = vec2(0.0);
+    float strands = last * smoothstep(strandHeights.x, strandHeights.y, place.t);
+    vec2 disc = mix(discRadius.x, discRadius.y, last) * vec2(1.0, aspect) * mix(vec2(1.0), strandShape, strands);
+    float dark = 0.0;
     vec2 direction = vec2(1.0, 0.0);
-    float taps = clear > 0.02 ? firstTaps : 0.0;
+    float taps = wanted > 0.0 ? firstTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
         vec2 away = direction * sqrt((i + 0.5) / firstTaps);
         vec4 other = Drawn(place + away * disc);
-        float lit = Bark(other);
-        float either = max(lit, Black(other));
-        float weight = 1.0 - bell * dot(away, away);
-        bark += weight * lit * min(2.0 * other.r, 1.0);
-        dark += weight * either;
-        sky += 1.0 - other.a;
-        land += vec4(other.rgb, 1.0) * other.a * (1.0 - either);
-        slope += away * either;
+        dark += (1.0 - bell * dot(away, away)) * max(Bark(other), Black(other));
         direction = TurnedOn(direction);
     }
     float count = max(taps, 1.0);
     float full = firstTaps * (1.0 - 0.5 * bell);
-    taps = dark > 0.02 * full && dark - bark < 0.98 * full ? moreTaps : 0.0;
+    taps = dark > 0.02 * full && dark < 0.98 * full ? moreTaps : 0.0;
     for (float i = 0.0; i < taps; i += 1.0) {
         vec2 away = direction * sqrt((i + 0.5) / moreTaps);
         vec4 other = Drawn(place + away * disc);
-        float lit = Bark(other);
-        float either = max(lit, Black(other));
-        float weight = 1.0 - bell * dot(away, away);
-        bark += weight * lit * min(2.0 * other.r, 1.0);
-        dark += weight * either;
-        sky += 1.0 - other.a;
-        slope += away * either;
+        dark += (1.0 - bell * dot(away, away)) * max(Bark(other), Black(other));
         direction = TurnedOn(direction);
     }
-    count += taps;
-    sky /= count;
-    count *= 1.0 - 0.5 * bell;
-    bark /= count;
+    float bar = mix(limbBar, strandBar, strands);
+    return smoothstep(bar, bar + mix(limbEdge.x, limbEdge.y, strands), dark / ((count + taps) * (1.0 - 0.5 * bell)));
+}
 
-    float barkNear = 0.0;
-    float skyNear = 0.0;
-    vec2 form = vec2(0.0); // outward, in the wider disc
-    float dry = 0.0;
-    taps = dark > 0.0 ? nearTaps : 0.0;
-    for (float i = 0.0; i < taps; i += nearTaps)
-        dry = Tooth(place * dryGrain) - 0.5;
-    for (float i = 0.0; i < taps; i += 1.0) {
-        vec2 away = direction * sqrt((i + 0.5) / nearTaps);
-        vec4 other = Drawn(place + away * nearReach);
-        float lit = Bark(other);
-        float either = max(lit, Black(other));
-        barkNear += lit / nearTaps;
-        skyNear += (1.0 - other.a) / nearTaps;
-        form -= away * (either / nearTaps);
-        direction = TurnedOn(direction);
-    }
-    dark /= count;
+// Three sizes of a soft noise.
+float Vapour(vec2 place)
+{
+    float large = Tooth(place);
+    float middle = Tooth(place * 2.13 + large);
+    return dot(vapourParts, vec3(large, middle, Tooth(place * 4.7 + middle)));
+}
 
-    float tooth = Tooth(gl_FragCoord.xy * toothGrain);
-    float day = LandLight(own > 0.0);
+// How far the mist has come. The first tree's clock goes on from where it is told from the others.
+float Drifted(float first)
+{
+    float left = max(nextTarget - blur_intensity, 0.0);
+    float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - lifting.x) / (firstTarget - lifting.x);
+    return -drift * log(mix(left, firstLeft, first) + targetMargin);
+}
 
-    float high = smoothstep(treeHeights.x, treeHeights.y, place.t + 0.06 * dry);
-    float isTree = clamp(dot(treeSigns, vec4(bark, barkNear, skyNear, high)), 0.0, 1.0);
-    float limb = isTree * smoothstep(bar, bar + mix(limbEdge.x, limbEdge.y, strands),
-                                     dark + (1.0 - last) * dryEdge * dry);
-    float noStump = first * smoothstep(stumpHeights.x, stumpHeights.y, place.t);
-    limb *= 1.0 - noStump;
-    float outward = dot(-slope / max(length(slope), 0.5), moonward);
-    float rim = max(outward, 0.0) * (1.0 - smoothstep(bar + rimShare.x, bar + rimShare.y, dark));
+// The scene of the names.
+vec3 Painted(vec2 place, float own)
+{
+    float overSky = 1.0 - Drawn(skyTap).a;
+    float last = abs(blur_intensity - lastIntensity) < 0.00001 ? 1.0 : 0.0;
+    float first = step(overSky + Drawn(firstTap).a + last, 0.5);
+    vec4 camera = vec4(first, overSky * (1.0 - last), (1.0 - overSky) * (1.0 - first) * (1.0 - last), last);
+    float number = dot(camera, vec4(0.0, 1.0, 2.0, 3.0));
+    float risen = BorderRisen(last > 0.0 && own > 0.0);
+    float inkTooth = Tooth(gl_FragCoord.xy * toothGrain);
+    vec2 moon = vec2(dot(camera, moonsAcross), dot(camera, moonsUp));
 
-    vec3 around = mix(plainLand, land.rgb / max(land.a, 0.01), min(2.0 * land.a / firstTaps, 1.0));
-    float seen = middle.a * (1.0 - Black(middle)) * (1.0 - smoothstep(landSeen.x, landSeen.y, dark)) *
-                 (1.0 - softened * smoothstep(farLand.x, farLand.y, place.t));
-    vec3 field = mix(around, middle.rgb, seen);
-    float shaded = smoothstep(washEdge.x, washEdge.y, dark + washRagged * dry) * (1.0 - isTree) *
-                   smoothstep(washHeights.x, washHeights.y, place.t);
-    field = mix(field, field * wash + washBlue + pigment * (3.0 * tooth - 1.5), shaded);
+    vec3 middles = vec3(dot(camera, farBorders), dot(camera, fieldBorders), dot(camera, nearBorders));
+    vec3 slopes = vec3(dot(camera, farSlopes), dot(camera, fieldSlopes), dot(camera, nearSlopes));
+    vec3 seeds = borderSeeds + number * borderSteps;
+    vec3 borders = vec3(Border(place.s, middles.x, slopes.x, swells.x, swellSizes.x, seeds.x),
+                        Border(place.s, middles.y, slopes.y, swells.y, swellSizes.y, seeds.y),
+                        Border(place.s, middles.z, slopes.z, swells.z, swellSizes.z, seeds.z));
+    vec3 here = place.t < borders.z   ? vec3(0.0, 0.0, 1.0)
+                : place.t < borders.y ? vec3(0.0, 1.0, 0.0)
+                                      : vec3(1.0, 0.0, 0.0);
+    float below = dot(here, borders) - place.t;
+    float over = place.t - borders.y;
+    float behind = smoothstep(-inkEdge, inkEdge, over);
 
-    vec3 dusk = Night(place);
-    float third = (1.0 - overSky) * (1.0 - first) * (1.0 - last);
-    vec2 shift = second * farShift + third * nearShift;
-    vec2 wood = Wood(place + shift,
-                     Shifted(mix(mix(mix(secondOak, thirdOak, third), lastOak, last), leftTrunk, first), shift),
-                     Shifted(mix(mix(mix(secondAsh, thirdAsh, third), lastAsh, last), rightTrunk, first), shift),
-                     -2.0, clear * max(first + third, overSky));
+    vec3 points = vec3(dot(camera, farPoints), dot(camera, fieldPoints), dot(camera, nearPoints));
+    vec3 furrows = Furrows(place, below, dot(here, points), dot(here, pointHeights), dot(here, furrowsEach));
+    float pool = Tooth(place * poolSizes + 3.3 * number + 7.0 * here.z);
+    float speck = Tooth(place * speckSizes + pool);
+    float washed = mix(speck, pool, pools);
+    vec3 slope = mix(parchmentLow, parchment, smoothstep(parchmentHeights.x, parchmentHeights.y, place.t));
+    vec3 farLand = mix(farBlue, slope, camera.x + camera.z);
+    farLand *= (farWash.x + farWash.y * washed) * (parcelTone.x + parcelTone.y * furrows.z);
+    float lit = clamp(dot(earthWash, vec3(1.0, washed, below)) - nearEarth * here.z, 0.0, 1.0);
+    vec3 land = mix(mix(earth, earthLit, lit), farLand, here.x);
+    land *= mix(1.0, dot(here, furrowShade), furrows.x);
+    land += frost * (dot(here, furrowFrost) * furrows.y +
+                     dot(here, borderFrost) * smoothstep(borderFound.x, borderFound.y, speck) *
+                         exp(-max(below, 0.0) / borderWidth));
+
+    float farm = dot(camera, farms);
+    vec2 home = vec2(farm, Border(farm, middles.x, slopes.x, swells.x, swellSizes.x, seeds.x) - farmFoot);
+    vec3 colour = mix(Sky(place, moon) * (skyWash.x + skyWash.y * washed), land,
+                      smoothstep(-inkEdge, inkEdge, borders.x - place.t));
+    colour = mix(land, Farm(colour, place - home), behind);
+
     float grown = mix(mix(smoothstep(othersGrow.x, othersGrow.y, blur_intensity), risen, last),
-                      smoothstep(trunksGrow.x, trunksGrow.y, blur_intensity), first);
-    float top = mix(trunkTops.x, trunkTops.y, grown);
-    wood *= clear * vec2(1.0, 1.0 - smoothstep(top - trunkTip, top, place.t));
-    vec3 above = mix(Sky(place, sky), ink, (1.0 - first) * overSky * farInk * wood.x);
-    vec3 colour = mix(above, field, day * (1.0 - smoothstep(0.3, 0.7, sky / max(1.0 - dark, 0.1))));
-    vec3 far = mix(mix(plainLand, haze, smoothstep(farHaze.x, farHaze.y, place.t)), dusk,
-                   smoothstep(farNight.x, farNight.y, place.t));
-    colour = mix(colour, far, noStump * smoothstep(stumpShare.x, stumpShare.y, dark));
-    float shone = smoothstep(shineSlope.x, shineSlope.y, dot(form, moonward) + barkDry * dry);
-    vec3 limbColour = mix(ink, shine, shone * (1.0 - overSky));
-    vec3 ghost = veil * (1.0 + veiledShade * (shone - 0.4));
-    float hidden = mix(smoothstep(veiledHeights.x, veiledHeights.y, place.t),
-                       mix(veiledSky.x, veiledSky.y, second), overSky);
-    hidden = mix(veiled.x, veiled.y, hidden);
-    limbColour = mix(limbColour, mix(ghost, above, overSky), (1.0 - first) * hidden);
-    limbColour += moonlight * (rim * mix(rimLight.x, rimLight.y, overSky));
-    colour = mix(colour, ink, first * wood.x);
-    colour = mix(colour, mix(dusk, limbColour, day), limb);
-    colour = mix(colour, mix(dusk, ink, day), third * wood.x);
-    colour = mix(colour, mix(dusk, ink, day), wood.y);
-    colour = mix(colour, mist.rgb * mix(unlit, 1.0, day), mist.a);
-    return colour * (1.0 + grain * (2.0 * tooth - 1.0));
+                      smoothstep(firstGrow.x, firstGrow.y, blur_intensity), first);
+    vec4 oak = camera.x * firstOak + camera.y * secondOak + camera.z * thirdOak + camera.w * lastOak;
+    vec4 ash = camera.x * firstAsh + camera.y * secondAsh + camera.z * thirdAsh + camera.w * lastAsh;
+    vec4 trees = Trees(place, borders.y, oak, ash, mix(youngest, 1.0, grown), moon.x, own * (1.0 - here.z));
+    float limb = Limb(place, last, own * behind * (camera.y + camera.w));
+    colour = mix(colour, ink, behind * max(trees.x, limb * dot(limbInk, camera.yw)));
+
+    float moved = Drifted(first);
+    float vapour = Vapour(vapourSizes * place + moved * vec2(1.0, 0.3) + 5.3 * number);
+    vec3 mist = mix(mistDark, mistLight, smoothstep(vapourLight.x, vapourLight.y, vapour));
+    float low = lowCover * exp(-max(over, 0.0) / lowMist.x - max(-over, 0.0) / lowMist.y) *
+                smoothstep(lowShare.x, lowShare.y, vapour);
+    colour = mix(colour, mist, low) * (1.0 - shadowDepth.x * trees.w);
+    float bark = Tooth(barkLines * vec2(place.s + sway * Wave(swayPeriods * over), place.t));
+    bark = smoothstep(barkShare.x, barkShare.y, bark) * (1.0 - smoothstep(barkHeights.x, barkHeights.y, over));
+    vec3 trunk = mix(ink * (1.0 + barkLight * bark), mist, before * low) + moonlight * (rimLight * trees.z);
+    colour = mix(colour, trunk, trees.y);
+
+    float lifted = last > 0.0 ? smoothstep(0.0, 1.0, risen) : smoothstep(lifting.x, lifting.y, blur_intensity);
+    colour = mix(colour, mist, (1.0 - lifted) * smoothstep(veilFeet.x, veilFeet.y, over) *
+                                   dot(veilShare, vec2(1.0, vapour)));
+    float grass = Grass(place.s, place.t - dot(here, vec3(borders.yz, footRoots)), dot(here, grassHeights),
+                        dot(here, grassEach), number + dot(here, vec3(0.0, 1.0, 3.0)));
+    colour = mix(colour, ink * dot(here, grassLight), grass * (1.0 - here.x * trees.y));
+    return colour * mix(unlit, 1.0, LandLight(own > 0.0)) * (1.0 + grain * (2.0 * inkTooth - 1.0));
 }
 
 void main()
@@ -546,5 +549,5 @@ void main()
                          direction.x * goldenTurn.y + direction.y * goldenTurn.x);
     }
     vec4 drawn = texture2D(picture, place);
-    gl_FragColor = mix(rounds > 0.0 ? sum / weights : drawn, vec4(Painted(drawn, place, own), 1.0), own) * gl_Color;
+    gl_FragColor = mix(rounds > 0.0 ? sum / weights : drawn, vec4(Painted(place, own), 1.0), own) * gl_Color;
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What the blur's shader makes of the scene of the names: night and haze where nothing was drawn, limbs of ink out of
-// cubes, shade told apart from shadow, a wood about the first tree, and mist that hides a young tree, lifts and drifts.
+// What the blur's shader makes of the scene of the names: a night landscape with furrows, trees that grow with the
+// drawn one, and mist that hides them while they are young, lifts and drifts.
 #include "tests/resources/BlurFixture.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 // Land in the lower rows and nothing above it. Texture coordinate t is the height: row 0 has t = 0.
@@ -34,8 +35,33 @@ static void Fill(Picture* picture, int left, int right, int low, int high, unsig
 class MistShader : public BlurFixture
 {
 protected:
-    // A scene over the whole screen, as the names have it.
-    Picture DrawScene(Texture* texture, float strength) { return DrawBlurred(texture, strength, 1, 1, 1, 1); }
+    static const int side = 256;
+
+    // How the effect's cameras see the land's far border: the first and the third look down on it.
+    enum Camera { firstCamera, secondCamera, thirdCamera, lastCamera };
+
+    static int Horizon(Camera camera)
+    {
+        const int horizons[] = {212, 120, 256, 144};
+        return horizons[camera];
+    }
+    static Picture Land(Camera camera, unsigned char light = 140)
+    {
+        return LandBelowTheSky(side, Horizon(camera), light);
+    }
+
+    // A scene over the whole screen, as the names have it, with the strength at which its mist has lifted.
+    Picture Draw(const Picture& drawn, float strength)
+    {
+        Texture texture;
+        MakeTexture(&texture, drawn);
+        return DrawBlurred(&texture, strength, 1, 1, 1, 1);
+    }
+    static float Clearest(Camera camera)
+    {
+        return camera == lastCamera ? 0.25f : camera == firstCamera ? 0.94f : 0.44f;
+    }
+    Picture DrawScene(Camera camera) { return Draw(Land(camera), Clearest(camera)); }
 
     static double MeanOf(const Picture& picture, int left, int right, int low, int high, int channel)
     {
@@ -48,413 +74,347 @@ protected:
 
     using ShaderFiles::MeanOf;
 
-    // Of the lighter half of a row's left half: the sky between the trees, without the moon.
-    static double OpenSky(const Picture& picture, int y, int channel)
+    // Of some rows' left half: the sky between the trees, which cover less than half of it, and the stars.
+    static double OpenSky(const Picture& picture, int low, int high, int channel)
     {
-        std::vector<int> row;
-        for (int x = 0; x < picture.width / 2; x++)
-            row.push_back(picture.At(x, y)[channel]);
-        std::sort(row.begin(), row.end());
-        double sum = 0;
-        for (size_t i = row.size() / 2; i < row.size(); i++)
-            sum += row[i];
-        return sum / double(row.size() - row.size() / 2);
+        std::vector<int> values;
+        for (int y = low; y < high; y++)
+            for (int x = 0; x < side / 2; x++)
+                values.push_back(picture.At(x, y)[channel]);
+        std::sort(values.begin(), values.end());
+        return values[values.size() * 7 / 10];
     }
 
-    // Of its left half: the moon stands in the right one.
-    static double MeanOfRow(const Picture& picture, int y, int channel)
+    // How many waves in the picture's width some rows have most of, right of the middle.
+    static double Waves(const Picture& picture, int low, int high)
     {
-        return MeanOf(picture, 0, picture.width / 2, y, y + 1, channel);
+        const int left = picture.width * 2 / 5, right = picture.width * 18 / 25;
+        double most = 0, found = 0;
+        for (double count = 12; count < 40; count += 0.25) {
+            const double turn = 6.283185307179586 * count / picture.width;
+            double sum = 0;
+            for (int y = low; y < high; y++) {
+                const double mean = MeanOf(picture, left, right, y, y + 1, 2);
+                double even = 0, odd = 0;
+                for (int x = left; x < right; x++) {
+                    even += (picture.At(x, y)[2] - mean) * std::cos(turn * x);
+                    odd += (picture.At(x, y)[2] - mean) * std::sin(turn * x);
+                }
+                sum += std::hypot(even, odd);
+            }
+            if (sum > most) {
+                most = sum;
+                found = count;
+            }
+        }
+        return found;
     }
 
-    // At which the mist of a young scene is gone but for what stays on the land.
-    static constexpr float clearest = 0.4f;
-    // The last camera's: there the mist is gone when the land's border has risen, and no wood stands before it.
-    static constexpr float plainest = 0.25f;
+    // The blue of the darkest three pixels side by side about a column.
+    static double Darkest(const Picture& picture, int column, int row)
+    {
+        double darkest = 255;
+        for (int x = column - 7; x <= column + 7; x++)
+            darkest = std::min(darkest, MeanOf(picture, x - 1, x + 2, row, row + 1, 2));
+        return darkest;
+    }
+
+    // The column and row at which red is most above blue.
+    static void FindWarmest(const Picture& picture, int* column, int* row)
+    {
+        int most = -256;
+        for (int y = 0; y < side; y++)
+            for (int x = 0; x < side; x++) {
+                const int warmth = picture.At(x, y)[0] - picture.At(x, y)[2];
+                if (warmth > most) {
+                    most = warmth;
+                    *column = x;
+                    *row = y;
+                }
+            }
+        EXPECT_GT(most, 50);
+    }
 };
 
-// What is looked at lies at heights where no mist stays, above 0.62 of the picture, unless it is the mist.
-
-TEST_F(MistShader, ShowsALandWithoutLightAsNightAndLeavesBoneAsItIs)
+TEST_F(MistShader, StandsInANightThatIsDarkerAbove)
 {
-    Start(64);
-    Texture black, bone;
-    MakeTexture(&black, PlainPicture(8, 8, 4, 0, 0, 0, 255));
-    MakeTexture(&bone, PlainPicture(8, 8, 4, 239, 230, 210, 255));
-    for (float strength : {plainest}) {
-        const Picture night = DrawScene(&black, strength);
-        // Half way between the two colours of the night.
-        const double lifted[3] = {22, 28, 55}, kept[3] = {239, 230, 210};
-        const Picture paper = DrawScene(&bone, strength);
-        for (int channel = 0; channel < 3; channel++) {
-            EXPECT_NEAR(lifted[channel], MeanOfRow(night, 45, channel), 3) << strength;
-            EXPECT_NEAR(kept[channel], MeanOfRow(paper, 45, channel), 8) << strength; // the paper's grain
-        }
-        EXPECT_EQ(0, MeanOf(DrawBlurred(&black, strength))) << "a picture that is laid over a scene";
+    Start(side);
+    const Picture scene = DrawScene(secondCamera);
+    // 51 % of the way from 0.35 to 1.05 of the height, which is as much of the way up the night when eased; and 95 %,
+    // which is 99. The wash makes a seventh more or less of it.
+    const double middle[3] = {22, 28, 55}, top[3] = {15, 20, 41};
+    for (int channel = 0; channel < 3; channel++) {
+        EXPECT_NEAR(middle[channel], OpenSky(scene, 176, 186, channel), 8) << channel;
+        EXPECT_NEAR(top[channel], OpenSky(scene, 254, 256, channel), 7) << channel;
     }
-}
-
-TEST_F(MistShader, LetsANightSkyStandOverAHazeWhereNothingWasDrawn)
-{
-    Start(128);
     Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(128, 86, 140));
-    const Picture scene = DrawScene(&texture, clearest);
-    // Three quarters of the way from 0.35 to 1.05 of the height, eased: 85 % of the way up the night.
-    const double night[3] = {17, 22, 45};
-    for (int channel = 0; channel < 3; channel++)
-        EXPECT_NEAR(night[channel], OpenSky(scene, 112, channel), 4);
-    // Three of 28 looks down miss the land and weigh 2.9 of 14.5: (1 - 0.2)^2 of the way from 51 to 98.
-    EXPECT_NEAR(81, OpenSky(scene, 88, 2), 6) << "haze close over the land,";
-    EXPECT_GT(OpenSky(scene, 90, 2), OpenSky(scene, 94, 2) + 5) << "thinning out";
-    EXPECT_GT(OpenSky(scene, 94, 2), night[2] + 5);
-    EXPECT_EQ(0, MeanOfRow(DrawBlurred(&texture, clearest), 112, 2))
+    MakeTexture(&texture, Land(secondCamera));
+    EXPECT_EQ(0, MeanOf(DrawBlurred(&texture, 0.44f), 0, side, 240, 250, 2))
         << "not behind a picture that is laid over another";
 }
 
-TEST_F(MistShader, HangsAMoonIntoTheNightAboveTheLand)
+TEST_F(MistShader, HangsAMoonIntoTheNightOfEachCamera)
 {
-    Start(256);
-    Texture sky, land;
-    MakeTexture(&sky, LandBelowTheSky(256, 150, 140));
-    MakeTexture(&land, LandBelowTheSky(256, 256, 140));
-    // The disc's middle is at 0.84 and 0.79; between its black borders the picture
-    // is five thirds as wide as high, so that a radius of 0.042 of the height is 6.5 columns and 10.8 rows.
-    const Picture night = DrawScene(&sky, 0.25f);
-    EXPECT_GT(MeanOf(night, 212, 219, 198, 207, 0), 165);
-    EXPECT_GT(MeanOf(night, 212, 219, 198, 207, 0), MeanOf(night, 212, 219, 198, 207, 2)) << "it is warm,";
-    for (int side : {-1, 1}) {
-        EXPECT_GT(night.At(215 + side * 5, 202)[0], 105); // a bough may cross it
-        EXPECT_LT(night.At(215 + side * 7, 202)[0], 100);
-        EXPECT_GT(night.At(215, 202 + side * 9)[0], 140);
-        EXPECT_LT(night.At(215, 202 + side * 13)[0], 100);
-    }
-    EXPECT_GT(MeanOf(night, 224, 228, 198, 207, 2), MeanOf(night, 40, 44, 198, 207, 2) + 25) << "has a glow,";
-    EXPECT_NEAR(140, MeanOf(DrawScene(&land, plainest), 212, 219, 198, 207, 0), 6)
-        << "and is behind the land";
-}
-
-TEST_F(MistShader, HasNoStepsInTheHaze)
-{
-    Start(512);
-    Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(512, 344, 140));
-    const Picture scene = DrawScene(&texture, clearest);
-    for (int row = 352; row < 440; row++)
-        EXPECT_LT(OpenSky(scene, row, 2) - OpenSky(scene, row + 1, 2), 5) << row;
-}
-
-TEST_F(MistShader, HidesTheBorderOfALandThatHasNoLight)
-{
-    Start(128);
-    Texture land, nothing;
-    MakeTexture(&land, LandBelowTheSky(128, 40, 0));
-    MakeTexture(&nothing, PlainPicture(8, 8, 4, 0, 0, 0, 0));
-    for (float strength : {-0.75f, 0.25f}) {
-        const Picture scene = DrawScene(&land, strength), night = DrawScene(&nothing, strength);
-        for (int row = 4; row < 128; row += 8)
-            for (int channel = 0; channel < 3; channel++)
-                EXPECT_NEAR(MeanOfRow(night, row, channel), MeanOfRow(scene, row, channel), 1.5) << row;
-    }
-}
-
-TEST_F(MistShader, DrawsBarkInInkAndLeavesItToTheNightWhileTheLandHasNoLight)
-{
-    Start(128);
-    for (unsigned char light : {0, 140}) {
-        Picture land = LandBelowTheSky(128, 128, light);
-        Fill(&land, 40, 80, 82, 102, 200, 120, 40);
-        Texture texture;
-        MakeTexture(&texture, land);
-        const Picture scene = DrawScene(&texture, plainest);
-        const double red = MeanOf(scene, 50, 70, 87, 97, 0), blue = MeanOf(scene, 50, 70, 87, 97, 2);
-        EXPECT_NEAR(light == 0 ? 22 : 43, red, 5);
-        EXPECT_NEAR(light == 0 ? 55 : 69, blue, 6);
-    }
-}
-
-// Lit land up to the top, and on it a tree's shaded side, 28 rows high: how much darker that is than the land beside it.
-class MistOfAYoungScene : public MistShader
-{
-protected:
-    double Contrast(float strength)
-    {
-        Picture land = LandBelowTheSky(128, 128, 140);
-        Fill(&land, 52, 90, 84, 102, 0, 0, 0);
-        MakeTexture(&texture, land);
-        const Picture scene = DrawScene(&texture, strength);
-        return MeanOf(scene, 98, 122, 88, 98, 0) - MeanOf(scene, 58, 84, 88, 98, 0);
-    }
-
-    Texture texture;
-};
-
-TEST_F(MistOfAYoungScene, HidesWhatStandsOnTheLandAndLiftsAsTheIntensityGrows)
-{
-    Start(128);
-    const double newest = Contrast(-0.75f), young = Contrast(-0.4f), growing = Contrast(0.24f),
-                 clear = Contrast(clearest);
-    EXPECT_LT(newest, 30);
-    EXPECT_LT(young, 30) << "it does not lift below 0";
-    EXPECT_LT(newest + 20, growing);
-    EXPECT_GT(clear, 55);
-}
-
-TEST_F(MistOfAYoungScene, LeavesSomeOfItselfOnTheLandAndNoneAboveIt)
-{
-    Start(128);
-    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    const Picture scene = DrawScene(&texture, plainest);
-    for (int y = 80; y < 128; y += 6)
-        for (int x = 0; x < 128; x += 16)
-            EXPECT_NEAR(140, MeanOf(scene, x, x + 16, y, y + 6, 0), 8) << x << " " << y;
-    double least = 140, most = 0;
-    for (int y = 0; y < 48; y += 6)
-        for (int x = 0; x < 128; x += 16) {
-            least = std::min(least, MeanOf(scene, x, x + 16, y, y + 6, 0));
-            most = std::max(most, MeanOf(scene, x, x + 16, y, y + 6, 0));
+    Start(side);
+    // Middles of the disc; between its black borders the picture is five thirds as wide as high, so that a radius of
+    // 0.042 of the height is 6.5 columns and 10.8 rows. The land hides the lower half of the first and the third.
+    const int middles[][2] = {{215, 193}, {215, 202}, {128, 209}, {223, 218}};
+    for (Camera camera : {firstCamera, secondCamera, thirdCamera, lastCamera}) {
+        const Picture scene = DrawScene(camera);
+        const int x = middles[camera][0], y = middles[camera][1];
+        EXPECT_GT(MeanOf(scene, x - 2, x + 3, y + 3, y + 8, 0), 160) << camera;
+        EXPECT_GT(MeanOf(scene, x - 2, x + 3, y + 3, y + 8, 0), MeanOf(scene, x - 2, x + 3, y + 3, y + 8, 2))
+            << "it is warm, " << camera;
+        EXPECT_LT(MeanOf(scene, x - 2, x + 3, y + 13, y + 16, 0), 100) << camera;
+        for (int aside : {-1, 1}) {
+            EXPECT_GT(scene.At(x + 4 * aside, y + 4)[0], 100) << "a bough may cross it; " << camera;
+            EXPECT_LT(scene.At(x + 9 * aside, y + 4)[0], 110) << camera;
         }
-    EXPECT_LT(least, 100);
-    EXPECT_GT(most, 95) << "it has gaps";
+        if (camera == secondCamera || camera == lastCamera)
+            EXPECT_GT(MeanOf(scene, x - 2, x + 3, y - 8, y - 3, 0), 160) << camera;
+        else
+            EXPECT_LT(MeanOf(scene, x - 2, x + 3, y - 9, y - 6, 0), 140) << camera;
+    }
+    const Picture second = DrawScene(secondCamera);
+    EXPECT_GT(MeanOf(second, 224, 228, 198, 207, 2), MeanOf(second, 150, 154, 198, 207, 2) + 15)
+        << "it has a glow";
 }
 
-TEST_F(MistOfAYoungScene, LiesInBanksWithMoonlitBorders)
+TEST_F(MistShader, HasItsLightFromTheLand)
 {
-    Start(128);
-    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    const Picture mist = DrawScene(&texture, -0.75f);
-    double darkest = 255, lightest = 0;
-    for (int y = 10; y < 105; y += 5)
-        for (int x = 0; x < 120; x += 8) {
-            const double blue = MeanOf(mist, x, x + 8, y, y + 5, 2);
-            darkest = std::min(darkest, blue);
-            lightest = std::max(lightest, blue);
+    Start(side);
+    const Picture lit = DrawScene(secondCamera);
+    // A blue of 0.22 is half way from 0.12 to 0.32.
+    const double parts[][2] = {{0, 0.30}, {30, 0.30}, {56, 0.65}, {82, 1.00}};
+    for (const double* part : parts) {
+        const Picture scene = Draw(Land(secondCamera, static_cast<unsigned char>(part[0])), 0.44f);
+        for (int y = 4; y < side; y += 12)
+            EXPECT_NEAR(part[1] * MeanOf(lit, 0, side, y, y + 4, 2), MeanOf(scene, 0, side, y, y + 4, 2), 2)
+                << part[0] << " " << y;
+    }
+}
+
+TEST_F(MistShader, CoversWhatTheFirstCameraAndTheThirdSee)
+{
+    Start(side);
+    for (Camera camera : {firstCamera, thirdCamera}) {
+        Picture drawn = Land(camera, 140);
+        const Picture bare = Draw(drawn, Clearest(camera));
+        Fill(&drawn, 40, 120, 10, 200, 0, 0, 0);
+        Fill(&drawn, 20, 90, 140, 210, 200, 120, 40);
+        EXPECT_EQ(0, Compare(bare, Draw(drawn, Clearest(camera)), 0).maximum) << camera;
+    }
+}
+
+TEST_F(MistShader, JoinsTheDrawnTreesCubesBeforeTheSky)
+{
+    Start(side);
+    for (Camera camera : {secondCamera, lastCamera}) {
+        Picture chain = Land(camera);
+        for (int low = 150; low < 190; low += 9)
+            Fill(&chain, 150, 157, low, low + 7, 0, 0, 0);
+        const Picture bare = DrawScene(camera), scene = Draw(chain, Clearest(camera));
+        double gap = 0, beside = 0, without = 0;
+        for (int y = 157; y < 190; y += 9) {
+            without += MeanOf(bare, 152, 155, y, y + 2, 2);
+            gap += MeanOf(scene, 152, 155, y, y + 2, 2);
+            beside = std::max(
+                beside, std::abs(MeanOf(scene, 140, 144, y, y + 2, 2) - MeanOf(bare, 140, 144, y, y + 2, 2)));
         }
-    EXPECT_GT(lightest, darkest + 35);
-    EXPECT_LT(lightest, 190) << "names stand on it in bone";
-    EXPECT_GT(MeanOf(mist, 0, 128, 0, 128, 2), MeanOf(mist, 0, 128, 0, 128, 0) + 20) << "it is cold";
-}
-
-// The intensity approaches 0.45 as exp(-t) approaches 0: these are a second apart.
-TEST_F(MistOfAYoungScene, DriftsOnAsTheIntensityComesToRest)
-{
-    Start(128);
-    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    Picture last = DrawScene(&texture, 0.45f - 0.22f);
-    for (float left : {0.081f, 0.030f, 0.011f, 0.004f}) {
-        const Picture next = DrawScene(&texture, 0.45f - left);
-        EXPECT_GT(Compare(next, last, 0).maximum, 15) << left;
-        last = next;
+        EXPECT_LT(gap, 0.85 * without) << camera;
+        EXPECT_LT(beside, 1) << camera;
     }
-}
-
-TEST_F(MistOfAYoungScene, DoesNotJumpWhereTheOthersComeToRest)
-{
-    Start(128);
-    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    EXPECT_LE(Compare(DrawScene(&texture, 0.449999f), DrawScene(&texture, 0.450001f), 0).maximum, 3);
-}
-
-TEST_F(MistOfAYoungScene, LiftsFromTheLastTreeAsItsCameraRises)
-{
-    Start(128);
-    // In the sky beside the tree, where the night has a red of 20.
-    const auto mist = [&](int horizon, float strength) {
-        MakeTexture(&texture, LandBelowTheSky(128, horizon, 140));
-        return MeanOf(DrawScene(&texture, strength), 0, 64, 95, 99, 0) - 20;
-    };
-    EXPECT_GT(mist(56, 0.25f), 15);
-    EXPECT_NEAR(0, mist(72, 0.25f), 3);
-    EXPECT_NEAR(mist(56, 0.26f), mist(72, 0.26f), 3) << "of another camera the land's border says nothing";
-}
-
-TEST_F(MistShader, JoinsCubesIntoLimbs)
-{
-    Start(256);
-    Picture chain = LandBelowTheSky(256, 256, 140);
-    for (int low = 150; low < 210; low += 11)
-        Fill(&chain, 120, 128, low, low + 8, 0, 0, 0);
-    Texture texture;
-    MakeTexture(&texture, chain);
-    const Picture plain = DrawPlain(&texture), scene = DrawScene(&texture, clearest);
-    for (int gap = 169; gap < 200; gap += 11) { // between the second and the third cube, and further up
-        EXPECT_EQ(140, plain.At(124, gap + 1)[0]) << gap;
-        EXPECT_LT(scene.At(124, gap + 1)[0], 70) << gap;
-        EXPECT_GT(scene.At(108, gap + 1)[0], 110) << gap;
-        EXPECT_GT(scene.At(140, gap + 1)[0], 110) << gap;
-    }
-}
-
-TEST_F(MistShader, GivesLimbsARimTowardsTheMoon)
-{
-    Start(256);
-    Picture wood = LandBelowTheSky(256, 256, 140);
-    Fill(&wood, 100, 160, 150, 196, 0, 0, 0);
-    Texture texture;
-    MakeTexture(&texture, wood);
-    const Picture scene = DrawScene(&texture, plainest);
-    const double left = MeanOf(scene, 100, 102, 172, 182, 2), right = MeanOf(scene, 158, 160, 172, 182, 2),
-                 core = MeanOf(scene, 120, 140, 170, 178, 2);
-    EXPECT_NEAR(66, core, 8) << "ink in a veil";
-    EXPECT_GT(right, left + 10);
-    EXPECT_GT(MeanOf(scene, 115, 145, 184, 190, 2), MeanOf(scene, 115, 145, 156, 162, 2) + 10)
-        << "inside its borders, too, the upper side is the lighter one";
 }
 
 TEST_F(MistShader, DrawsALimbThatTheLightReachesLikeOneInTheShade)
 {
-    Start(256);
-    Texture texture;
-    const auto limb = [&](bool lit) {
-        Picture wood = LandBelowTheSky(256, 256, 140);
-        Fill(&wood, 100, 160, 150, 196, 0, 0, 0);
-        for (int left = 100; lit && left < 160; left += 8)
-            Fill(&wood, left, left + 4, 150, 196, 200, 120, 40);
-        MakeTexture(&texture, wood);
-        return DrawScene(&texture, clearest);
-    };
-    const Picture shaded = limb(false), lit = limb(true);
+    Start(side);
+    Picture shaded = Land(secondCamera), lit = shaded;
+    Fill(&shaded, 130, 158, 150, 196, 0, 0, 0);
+    Fill(&lit, 130, 158, 150, 196, 200, 120, 40);
+    const Picture bare = DrawScene(secondCamera), first = Draw(shaded, 0.44f), second = Draw(lit, 0.44f);
     for (int channel = 0; channel < 3; channel++)
-        EXPECT_NEAR(MeanOf(shaded, 116, 144, 165, 181, channel), MeanOf(lit, 116, 144, 165, 181, channel), 3);
+        EXPECT_NEAR(MeanOf(first, 138, 150, 160, 186, channel), MeanOf(second, 138, 150, 160, 186, channel),
+                    3);
+    // 70 % of ink, of which the blue is 18, over the night, with a little mist before it.
+    const double night = MeanOf(bare, 138, 150, 160, 186, 2);
+    EXPECT_NEAR(0.3 * night + 0.7 * 18, MeanOf(first, 138, 150, 160, 186, 2), 6);
 }
 
-TEST_F(MistShader, TellsATreesOwnShadeFromItsShadowOnTheLand)
+TEST_F(MistShader, KeepsTheFieldBeforeTheDrawnTreeAndItsShadow)
 {
-    Start(256);
-    Picture wood = LandBelowTheSky(256, 150, 140);
-    Fill(&wood, 40, 90, 0, 46, 0, 0, 0);           // a shadow
-    Fill(&wood, 150, 180, 80, 220, 0, 0, 0);       // a trunk that rises before the sky,
-    Fill(&wood, 126, 150, 100, 220, 200, 120, 40); // whose other side lies in the light
-    Texture texture;
-    MakeTexture(&texture, wood);
-    const Picture scene = DrawScene(&texture, clearest);
-    const double shadow[3] = {MeanOf(scene, 55, 75, 28, 38, 0), 0, MeanOf(scene, 55, 75, 28, 38, 2)};
-    EXPECT_LT(shadow[0], 90);
-    EXPECT_GT(shadow[2], shadow[0] + 4) << "a shadow is blue,";
-    EXPECT_GT(MeanOf(scene, 55, 75, 3, 10, 0), shadow[0] + 5) << "and feathers out towards the foot";
-}
-
-// The first camera's land ends at the left between 0.75, where land at the right tells of a camera that looks down, and
-// 0.835 of the picture's height.
-class MistOfTheFirstTree : public MistShader
-{
-protected:
-    Picture DrawFirst(float strength)
-    {
-        MakeTexture(&texture, LandBelowTheSky(128, 104, 140));
-        return DrawScene(&texture, strength);
+    Start(side);
+    for (Camera camera : {secondCamera, lastCamera}) {
+        Picture drawn = Land(camera);
+        Fill(&drawn, 100, 200, 30, 110, 0, 0, 0);
+        EXPECT_EQ(0, Compare(DrawScene(camera), Draw(drawn, Clearest(camera)), 0).maximum) << camera;
     }
-
-    Texture texture;
-};
-
-TEST_F(MistOfTheFirstTree, StaysUpToTheStumps)
-{
-    Start(128);
-    const Picture scene = DrawFirst(0.94f);
-    MakeTexture(&texture, LandBelowTheSky(128, 104, 240));
-    const Picture bright = DrawScene(&texture, 0.94f);
-    for (int y = 0; y < 64; y += 8)
-        for (int x = 0; x < 128; x += 16)
-            EXPECT_NEAR(MeanOf(scene, x, x + 16, y, y + 8, 0), MeanOf(bright, x, x + 16, y, y + 8, 0), 2)
-                << "nothing is seen of the land; " << x << " " << y;
-    EXPECT_NEAR(140, scene.At(30, 86)[0], 12) << "a gap of the wood";
 }
 
-TEST_F(MistOfTheFirstTree, DriftsOnForTenSecondsWithoutAJump)
+TEST_F(MistShader, KnowsTheLastCameraWhateverItsTreeHides)
 {
-    Start(128);
-    Picture last = DrawFirst(0.95f - 0.5f);
-    EXPECT_LE(Compare(DrawFirst(0.95f - 0.4999f), last, 0).maximum, 6) << "the others come to rest here";
-    for (float left : {0.0677f, 0.00916f, 0.00124f, 0.000168f}) { // two seconds each
-        const Picture next = DrawFirst(0.95f - left);
-        EXPECT_GT(Compare(next, last, 0).maximum, 15) << left;
+    Start(side);
+    Picture drawn = Land(lastCamera);
+    Fill(&drawn, 160, 172, 120, 200, 0, 0, 0); // where the others look for the sky
+    const Picture bare = DrawScene(lastCamera), scene = Draw(drawn, 0.25f);
+    for (int x = 0; x < 150; x += 10)
+        for (int y = 0; y < side; y += 16)
+            EXPECT_NEAR(MeanOf(bare, x, x + 10, y, y + 16, 1), MeanOf(scene, x, x + 10, y, y + 16, 1), 0.5)
+                << x << " " << y;
+}
+
+TEST_F(MistShader, HasAParchmentSlopeWhereTheCameraLooksDownAndABlueLandElsewhere)
+{
+    Start(side);
+    for (Camera camera : {firstCamera, secondCamera, thirdCamera, lastCamera}) {
+        const Picture scene = DrawScene(camera);
+        const bool slope = camera == firstCamera || camera == thirdCamera;
+        const int low = slope ? 165 : 133, high = slope ? 180 : 138;
+        const double red = MeanOf(scene, 130, 160, low, high, 0),
+                     blue = MeanOf(scene, 130, 160, low, high, 2);
+        if (slope)
+            EXPECT_GT(red, blue + 10) << camera;
+        else
+            EXPECT_GT(blue, red + 15) << camera;
+    }
+}
+
+TEST_F(MistShader, LightsOneWindowOfAFarm)
+{
+    Start(side);
+    // The window is a quarter of 0.02 of the height, or 0.8 columns, to the left of the farm's place.
+    const int columns[] = {153, 199, 145, 48};
+    for (Camera camera : {firstCamera, secondCamera, thirdCamera, lastCamera}) {
+        int column = 0, row = 0;
+        FindWarmest(DrawScene(camera), &column, &row);
+        EXPECT_NEAR(columns[camera], column, 1) << camera;
+        EXPECT_GT(row, camera == firstCamera || camera == thirdCamera ? 185 : 138) << camera;
+        EXPECT_LT(row, camera == firstCamera || camera == thirdCamera ? 222 : 170) << camera;
+    }
+}
+
+TEST_F(MistShader, DrawsFurrowsThatRunTogetherFarOff)
+{
+    Start(512);
+    const Picture scene = DrawScene(thirdCamera);
+    // The field's furrows run to a point 0.06 above its border, which is near half of the height. Each is a 3.4th of
+    // the height apart where it is as far from the point as the picture is high: 0.31 below it, 18.3 go into the width,
+    // 0.26 below it 21.8, and 0.19 below it 29.8.
+    EXPECT_NEAR(18.3, Waves(scene, 125, 132), 1.5);
+    EXPECT_NEAR(21.8, Waves(scene, 150, 157), 1.5);
+    EXPECT_NEAR(29.8, Waves(scene, 186, 193), 2);
+}
+
+TEST_F(MistShader, LetsGrassStandAtItsFoot)
+{
+    Start(side);
+    for (Camera camera : {firstCamera, secondCamera, thirdCamera, lastCamera}) {
+        const Picture scene = DrawScene(camera);
+        int low = 0, high = 0, above = 0;
+        for (int x = 0; x < side; x++) {
+            low += scene.At(x, 1)[2] < 26;
+            high += scene.At(x, 14)[2] < 26;
+            above += scene.At(x, 50)[2] < 26;
+        }
+        EXPECT_GT(low, 20) << camera;
+        EXPECT_LT(low, 140) << camera;
+        EXPECT_LT(high, low) << camera;
+        EXPECT_EQ(0, above) << camera;
+    }
+}
+
+TEST_F(MistShader, LetsTwoTreesGrowOnTheField)
+{
+    Start(side);
+    // Both trees' trunks, below their forks.
+    const int trunks[][2] = {{28, 102}, {36, 77}, {192, 72}, {117, 159}};
+    for (Camera camera : {firstCamera, secondCamera, thirdCamera, lastCamera}) {
+        const Picture young =
+            camera == lastCamera ? Draw(LandBelowTheSky(side, 120, 140), 0.25f) : Draw(Land(camera), 0.0f);
+        const Picture grown = DrawScene(camera);
+        for (int x : trunks[camera]) {
+            EXPECT_LT(Darkest(grown, x, 134), 40) << camera << " " << x;
+            EXPECT_GT(Darkest(young, x, 150), Darkest(grown, x, 134) + 15) << camera << " " << x;
+        }
+    }
+}
+
+TEST_F(MistShader, LaysTheTreesShadowsAwayFromTheMoon)
+{
+    Start(side);
+    // The third camera's moon stands between its trees: of the light on the field before each, the side away from the
+    // moon has less.
+    const Picture scene = DrawScene(thirdCamera);
+    EXPECT_LT(MeanOf(scene, 192, 206, 84, 100, 2) + 8, MeanOf(scene, 160, 174, 84, 100, 2));
+    EXPECT_LT(MeanOf(scene, 58, 70, 88, 102, 2) + 4, MeanOf(scene, 78, 90, 88, 102, 2));
+}
+
+TEST_F(MistShader, SetsAWoodBehindTheField)
+{
+    Start(side);
+    for (Camera camera : {secondCamera, lastCamera}) {
+        const Picture scene = DrawScene(camera);
+        int dark = 0;
+        for (int y = 170; y < 230; y += 10) {
+            const double sky = OpenSky(scene, y, y + 1, 2);
+            for (int x = 130; x < 205; x++) // to the right of the trees
+                dark += scene.At(x, y)[2] + 6 < sky;
+        }
+        EXPECT_GT(dark, 20) << camera;
+        EXPECT_LT(dark, 250) << camera;
+    }
+}
+
+TEST_F(MistShader, HidesTheNightWhileTheTreesAreYoungAndLiftsAsTheyGrow)
+{
+    Start(side);
+    const auto moon = [&](float strength) {
+        return MeanOf(Draw(Land(secondCamera), strength), 212, 218, 198, 206, 0);
+    };
+    const double newest = moon(-0.75f), young = moon(0.01f), growing = moon(0.19f), grown = moon(0.36f);
+    EXPECT_LT(newest, 120);
+    EXPECT_LT(young, 120) << "it does not lift before 0.02";
+    EXPECT_GT(growing, young + 15);
+    EXPECT_GT(grown, growing + 15);
+    EXPECT_NEAR(grown, moon(0.40f), 3) << "it has lifted";
+}
+
+TEST_F(MistShader, LiftsFromTheLastTreeAsItsCameraRises)
+{
+    Start(side);
+    const auto moon = [&](int horizon, float strength) {
+        return MeanOf(Draw(LandBelowTheSky(side, horizon, 140), strength), 220, 226, 214, 222, 0);
+    };
+    const double low = moon(118, 0.25f), middle = moon(129, 0.25f), high = moon(140, 0.25f);
+    EXPECT_LT(low, 120);
+    EXPECT_GT(middle, low + 15);
+    EXPECT_GT(high, middle + 15);
+    EXPECT_NEAR(moon(118, 0.26f), moon(140, 0.26f), 3) << "of another camera the land's border says nothing";
+}
+
+// The intensity approaches 0.45 as exp(-t) approaches 0: these are a second apart.
+TEST_F(MistShader, DriftsOnAsTheIntensityComesToRest)
+{
+    Start(side);
+    Picture last = Draw(Land(thirdCamera), 0.45f - 0.22f);
+    for (float left : {0.081f, 0.030f, 0.011f, 0.004f}) {
+        const Picture next = Draw(Land(thirdCamera), 0.45f - left);
+        EXPECT_GT(Compare(next, last, 0).maximum, 6) << left;
         last = next;
     }
+    EXPECT_LE(Compare(Draw(Land(thirdCamera), 0.449999f), Draw(Land(thirdCamera), 0.450001f), 0).maximum, 3)
+        << "without a jump at the end";
 }
 
-TEST_F(MistOfTheFirstTree, HasAWoodBehindItAndBoughsThatGrow)
+TEST_F(MistShader, DriftsOnForTenSecondsBehindTheFirstTrees)
 {
-    Start(128);
-    const Picture young = DrawFirst(0.3f), grown = DrawFirst(0.94f);
-    // The trunks of the stumps stand on 0.085 and 0.405 of the width and lean a little.
-    for (int x : {11, 53}) {
-        EXPECT_LT(MeanOf(grown, x - 1, x + 2, 84, 88, 0), 60) << x;
-        EXPECT_GT(MeanOf(young, x - 1, x + 2, 84, 88, 0), MeanOf(grown, x - 1, x + 2, 84, 88, 0) + 20) << x;
+    Start(side);
+    Picture last = Draw(Land(firstCamera), 0.95f - 0.5f);
+    EXPECT_LE(Compare(Draw(Land(firstCamera), 0.95f - 0.4999f), last, 0).maximum, 6)
+        << "the others come to rest here";
+    for (float left : {0.0677f, 0.00916f, 0.00124f, 0.000168f}) { // two seconds each
+        const Picture next = Draw(Land(firstCamera), 0.95f - left);
+        EXPECT_GT(Compare(next, last, 0).maximum, 6) << left;
+        last = next;
     }
-    // Between and beside them trunks of the wood, which do not grow.
-    int dark = 0;
-    for (int x = 64; x < 128; x++) {
-        EXPECT_NEAR(young.At(x, 88)[0], grown.At(x, 88)[0], 30) << x;
-        dark += grown.At(x, 88)[0] < 110;
-        EXPECT_GT(grown.At(x, 88)[0], 30) << "paler than ink; " << x;
-    }
-    EXPECT_GE(dark, 4);
-    EXPECT_LE(dark, 40);
-}
-
-TEST_F(MistOfTheFirstTree, TakesTheStumpsAwayAboveTheForksOfItsBoughs)
-{
-    Start(128);
-    Picture land = LandBelowTheSky(128, 104, 140);
-    Fill(&land, 72, 84, 60, 104, 0, 0, 0);
-    MakeTexture(&texture, land);
-    for (float strength : {0.3f, 0.94f})
-        EXPECT_GT(MeanOf(DrawScene(&texture, strength), 76, 80, 92, 98, 2), 60) << strength;
-}
-
-TEST_F(MistShader, PutsNoWoodBeforeTheLastTree)
-{
-    Start(128);
-    Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(128, 128, 140));
-    const Picture scene = DrawScene(&texture, plainest);
-    for (int x = 0; x < 128; x++)
-        EXPECT_NEAR(140, scene.At(x, 84)[0], 12) << x;
-}
-
-TEST_F(MistShader, ShowsTheThirdTreeInAVeilBehindAWood)
-{
-    Start(256);
-    Picture land = LandBelowTheSky(256, 256, 140);
-    Fill(&land, 100, 160, 150, 226, 0, 0, 0);
-    Texture texture;
-    MakeTexture(&texture, land);
-    const Picture third = DrawScene(&texture, clearest), last = DrawScene(&texture, plainest);
-    // Veil of 0.335, 55 to 95 % of it from half the height to the top: some 70 % here, over ink of
-    // 0.07, with the wood before it.
-    EXPECT_NEAR(54, MeanOf(third, 120, 140, 185, 200, 2), 12);
-    int dark = 0;
-    for (int x = 0; x < 90; x++)
-        for (int y = 160; y < 220; y += 10)
-            dark += third.At(x, y)[0] + 20 < last.At(x, y)[0];
-    EXPECT_GT(dark, 40);
-    EXPECT_LT(dark, 300);
-}
-
-TEST_F(MistShader, SetsAWoodFarBehindTheSecondTreeAndTheLast)
-{
-    Start(256);
-    Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(256, 150, 140));
-    for (float strength : {clearest, plainest}) {
-        const Picture scene = DrawScene(&texture, strength);
-        int dark = 0;
-        for (int y = 170; y < 230; y += 10)
-            for (int x = 0; x < 128; x++)
-                dark += scene.At(x, y)[2] + 8 < OpenSky(scene, y, 2);
-        EXPECT_GT(dark, 60) << strength;
-        EXPECT_LT(dark, 450) << strength;
-    }
-}
-
-TEST_F(MistShader, LetsTwoTreesGrowBeforeTheSecond)
-{
-    Start(256);
-    Texture texture;
-    MakeTexture(&texture, LandBelowTheSky(256, 150, 140));
-    const Picture young = DrawScene(&texture, 0.0f), grown = DrawScene(&texture, clearest);
-    // The stem of the larger one, below its fork at 0.61 and above the land.
-    EXPECT_LT(MeanOf(grown, 33, 38, 170, 174, 2), 40);
-    EXPECT_GT(MeanOf(young, 33, 38, 170, 174, 2), MeanOf(grown, 33, 38, 170, 174, 2) + 10);
 }
