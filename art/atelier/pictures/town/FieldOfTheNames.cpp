@@ -75,7 +75,7 @@ float PatchedLand::Phase(float x, float y) const
 {
     const uint32_t name = NameAt(x, y);
     const float turn = float(name & 1023) / 1024 * Pi;
-    const float spacing = 8.5f + 4.5f * float(name >> 10 & 255) / 255;
+    const float spacing = 15 + 6 * float(name >> 10 & 255) / 255;
     return (x * Cos(turn) + y * Sin(turn)) / spacing + 0.8f * bend.Fbm(x / 150, y / 150, 2);
 }
 
@@ -86,16 +86,18 @@ static void PaintEarth(Canvas& canvas, const PatchedLand& land)
     canvas.Ground([&](float x, float y) {
         const uint32_t name = land.NameAt(x, y);
         const float kind = float(name >> 18 & 255) / 255, t = 0.5f + 0.65f * tint.Fbm(x / 95, y / 95, 5);
-        const LinearColour earth = Mix(palette::Mist, palette::Parchment, 0.40f + 0.35f * kind + 0.25f * t);
+        const LinearColour earth = Mix(palette::Mist, palette::Parchment, 0.10f + 0.22f * kind + 0.14f * t);
         const float grain = 1 + 0.18f * clod.Fbm(x / 7, y / 7, 3);
-        const float ridge = 0.5f + 0.5f * Sin(2 * Pi * land.Phase(x, y));
-        return earth * (0.24f + 0.08f * kind + 0.16f * t + 0.05f * ridge) * grain;
+        // A furrow is a steep dark side and a long slope up to the next ridge.
+        const float way = Fraction(land.Phase(x, y) + 0.25f);
+        const float ridge = Smooth(0, 0.55f, way) * Smooth(1, 0.85f, way);
+        return earth * (0.22f + 0.07f * kind + 0.10f * t + 0.17f * ridge) * grain;
     });
     // Where the wash was wet it pooled and dried in shores.
     Wash(canvas, SketchPaper(), Mask(Side, Side).Each([&](float x, float y) {
         return Smooth(-0.02f, 0.12f, lost.Fbm(x / 170, y / 170, 4));
     }),
-         {.pigment = palette::Slate, .density = 0.20f, .pool = 1.4f, .poolWidth = 6, .stray = 5}, 349);
+         {.pigment = palette::Slate, .density = 0.12f, .pool = 0.5f, .poolWidth = 12, .stray = 5}, 349);
 }
 
 // Every fourth stroke is chalk on the ridge, the others are ink in the furrow.
@@ -104,21 +106,21 @@ static void DrawFurrows(Canvas& canvas, const PatchedLand& land, Dice& dice)
     const Paper& paper = SketchPaper();
     const Field phase = [&](float x, float y) { return land.Phase(x, y); };
     Mask lines(Side, Side), light(Side, Side);
-    Pen pen(lines, paper, {.width = 2.5f, .wobble = 0.8f, .wave = 26, .skip = 0.55f, .dry = 0.6f}, 350);
-    Pen chalk(light, paper, {.width = 2.2f, .wobble = 0.8f, .wave = 26, .skip = 0.6f, .dry = 0.9f}, 351);
-    for (int i = 0; i < 5200; i++) {
+    Pen pen(lines, paper, {.width = 4, .wobble = 1, .wave = 34, .skip = 0.35f, .dry = 0.5f}, 350);
+    Pen chalk(light, paper, {.width = 3, .wobble = 1, .wave = 34, .skip = 0.5f, .dry = 0.8f}, 351);
+    for (int i = 0; i < 4200; i++) {
         Vector2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const bool bright = i % 4 == 0;
         // Onto the furrow, then along it to the border of the patch.
         const float wanted =
-            float(Floor(phase(p.x, p.y))) + (bright ? 0.27f : 0.75f) + dice.Range(-0.08f, 0.08f);
+            float(Floor(phase(p.x, p.y))) + (bright ? 0.45f : 0.73f) + dice.Range(-0.04f, 0.04f);
         const uint32_t name = land.NameAt(p.x, p.y);
         const Vector2 way = AlongFurrow(phase, p), over = {way.y, -way.x};
         const float slope = phase(p.x + over.x, p.y + over.y) - phase(p.x, p.y);
         if (Abs(slope) < 0.02f)
             continue;
         p = p + over * ((wanted - phase(p.x, p.y)) / slope);
-        const float length = dice.Range(20, 120);
+        const float length = dice.Range(40, 190);
         Line line;
         for (float d = 0; d < length; d += 3) {
             if (p.x < 1 || p.y < 1 || p.x > Size - 2 || p.y > Size - 2 || land.NameAt(p.x, p.y) != name ||
@@ -131,8 +133,8 @@ static void DrawFurrows(Canvas& canvas, const PatchedLand& land, Dice& dice)
         if (line.size() > 5)
             (bright ? chalk : pen).Stroke(line, {.start = 0.15f, .middle = dice.Range(0.4f, 1), .end = 0});
     }
-    canvas.Cover(light, palette::Parchment, 0.08f);
-    canvas.Cover(lines, palette::Night, 0.42f);
+    canvas.Cover(light, palette::Parchment, 0.16f);
+    canvas.Cover(lines, palette::Night, 0.55f);
 }
 
 // Trodden earth with its ruts, and the water with its bank, its sky and its reeds.

@@ -23,6 +23,42 @@ TEST(FX_CreditsPictures, TheBarkOfTheNamesTreesIsWarmerThanTheirLand)
     EXPECT_LT(WarmPart(LoadPicture("ackerbau_tiled2_2.jpg"), 0.30), 0.001);
 }
 
+TEST(FX_CreditsPictures, TheLandOfTheNamesIsAsColdAsItsNight)
+{
+    // Lit by half as much again, parchment would be a tan patch between banks of blue mist.
+    const Raster land = LoadPicture("ackerbau_tiled2_2.jpg");
+    ASSERT_EQ(3, land.channels);
+    EXPECT_LT(WarmPart(land, 0.15), 0.001);
+    EXPECT_GT(WarmPart(land, 0.0), 0.01) << "but it is land, and no mist";
+}
+
+TEST(FX_CreditsPictures, TheFurrowsOfTheNamesLandAreBroadAndDrawn)
+{
+    // Where the second camera looks between two banks of mist the furrows run down the picture. A screen's pixel is
+    // about a texel there: what is narrower than a dozen of them is a smear.
+    const Raster land = LoadPicture("ackerbau_tiled2_2.jpg");
+    ASSERT_EQ(3, land.channels);
+    const auto tone = [&](int x) {
+        double sum = 0;
+        for (int y = 655; y < 665; y++)
+            sum += At(land, x, y, 0) / 10.0;
+        return sum;
+    };
+    const int left = 565, right = 685;
+    double mean = 0;
+    for (int x = left; x < right; x++)
+        mean += tone(x) / (right - left);
+    int borders = 0;
+    bool ridge = tone(left) > mean;
+    for (int x = left; x < right; x++)
+        if (ridge ? tone(x) < mean - 8 : tone(x) > mean + 8) {
+            ridge = !ridge;
+            borders++;
+        }
+    EXPECT_GE(borders, 8) << "seen";
+    EXPECT_LE(borders, 20) << "broad";
+}
+
 TEST(FX_CreditsPictures, TheBarkOfTheNamesTreesHasNoDarkPatchThatWouldPassForShade)
 {
     const Raster bark = LoadPicture("stoned.jpg");
