@@ -88,8 +88,8 @@ static void DrawLimbs(Pen& pen, Mask& ink, const LetterBox& him, const LetterBox
     }
 }
 
-// The title, in ink with some of the moon's light about it: it stands on the moon's face, over the tip of the
-// bough. The two o's dance. The moon's middle is 41 pixels to the right of the picture's.
+// The title, in ink and nothing but ink: it stands on the moon's face, over the tip of the bough. The sky fades before
+// the title does, so any light about the letters would be left alone in the dark. The two o's dance. The moon's middle is 41 pixels to the right of the picture's.
 Canvas MoonwaltzLogo()
 {
     const Paper& paper = SketchPaper();
@@ -110,18 +110,11 @@ Canvas MoonwaltzLogo()
     pen.Splatter({905, 340}, 60, 18, 4);
 
     Canvas canvas(W, H);
-    // The moon's light clings to the strokes, unevenly, and covers no more of its face than that.
-    Mask halo = ink.Blurred(9);
-    const Noise uneven(42);
-    halo.Scale(1.5f).By(
-        [&](float x, float y) { return Clamp(0.75f + 0.6f * uneven.Fbm(x / 70, y / 70, 3)); });
-    halo.FadeToBorder(50);
-    canvas.Cover(halo, Mix(palette::Bone, palette::Parchment, 0.35f), 0.55f);
     canvas.Cover(
         ink,
         [&](float x, float y) {
             return Mix(palette::Ink, palette::Night,
-                       0.6f * Smooth(0.4f, 0.8f, paper.Height(Floor(x), Floor(y))));
+                       0.25f * Smooth(0.4f, 0.8f, paper.Height(Floor(x), Floor(y))));
         },
         0.98f);
     paper.Show(canvas, 0.4f);

@@ -36,3 +36,19 @@ TEST(FX_Scroller_IntroPictures, TheSparkOfWhichDozensAreAddedUpIsFaint)
 {
     EXPECT_LE(MeanOf(LoadPicture("partikel_2.jpg")), 12);
 }
+
+TEST(FX_Scroller_IntroPictures, NoLightLiesAboutTheTitle)
+{
+    // The sky is gone before the title is: what is not ink would shine in the dark.
+    const Raster title = LoadPicture("moonwaltz-logo.png");
+    ASSERT_EQ(4, title.channels);
+    int ink = 0, brightest = 0; // seen, or bled under what is clear
+    for (int y = 0; y < title.height; y++)
+        for (int x = 0; x < title.width; x++) {
+            for (int c = 0; c < 3; c++)
+                brightest = std::max(brightest, At(title, x, y, c));
+            ink += At(title, x, y, 3) > 200 ? 1 : 0;
+        }
+    EXPECT_LT(brightest, 80);
+    EXPECT_GT(ink, 8000);
+}
