@@ -207,6 +207,11 @@ static Canvas Skeleton()
     contour.Scale(2.6f).Curve(0.15f, 0.75f).Shake(1.6f, 22, 31);
 
     Canvas canvas(W, H);
+    // A breath of ink lies about the bones. The scene draws the fish a second time, in black, as their shadows on the
+    // clouds: by this these have a soft border.
+    Mask breath = contour.Blurred(20);
+    breath.Scale(1.3f).FadeToBorder(30);
+    canvas.Cover(breath, palette::Ink, 0.58f);
     canvas.Cover(contour, palette::Ink, 0.95f);
     Canvas body(W, H);
     paper.Sheet(body, palette::Bone, 1.5f);

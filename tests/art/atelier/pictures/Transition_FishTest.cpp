@@ -34,3 +34,23 @@ TEST(Transition_FishPictures, TheFirstSightOfTheFishIsNothingButBone)
         for (int x = 384 - 24; x <= 384 + 24; x++)
             EXPECT_EQ(255, At(head, x, y, 3)) << x << ' ' << y;
 }
+
+TEST(Transition_FishPictures, TheShadowsOfTheFishHaveASoftBorder)
+{
+    // A shadow is the picture itself in black. From the skull's crown upwards its alpha falls slowly to nothing.
+    const Raster head = LoadPicture("fischgraeten_1.png");
+    ASSERT_EQ(4, head.channels);
+    for (const int x : {240, 300, 420}) {
+        int crown = 0;
+        while (crown < 512 && At(head, x, crown, 3) < 250)
+            crown++;
+        ASSERT_GT(crown, 100);
+        int soft = 0;
+        for (int y = crown - 6; y > 0; y--) {
+            EXPECT_LE(At(head, x, y, 3), At(head, x, y + 1, 3) + 3) << x << ' ' << y;
+            soft += At(head, x, y, 3) > 8 ? 1 : 0;
+        }
+        EXPECT_GT(soft, 20) << x;
+        EXPECT_LT(soft, 60) << x;
+    }
+}
