@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The atlas of the towers: four walls side by side, joining at their edges, and a roof in the top right corner. A tower is
 // 80 units high, 6 wide at its foot and 16 at its head: half-way up a pixel is as wide as it is high. Its parts are painted
-// by subject: TowerPlumage, TowerCourses, TowerWindows, TowerBattlements; TowerWalls.cpp brings them together.
+// by subject: TowerPlumage, TowerCourses, TowerWindows, TowerBattlements, TowerFoot; TowerWalls.cpp brings them together.
 #pragma once
 
 #include "art/atelier/Canvas.h"

@@ -4,14 +4,17 @@
 namespace atelier::towers
 {
 
-// Rows in pixels below the head.
-constexpr float MerlonPitch = 32, MerlonHalf = 9.5f, MerlonFoot = 46, CopingFoot = 56, ArchSpring = 82,
-                CorbelFoot = 108;
-constexpr float ArchPitch = 16, ArchHalf = 5;
+// Rows in pixels below the head. Up here a pixel is 1.6 times as wide as it is high.
+constexpr float MerlonPitch = 32, MerlonHalf = 9.8f, SillBack = 27, MerlonFoot = 46, CopingFoot = 56;
+constexpr float ArchPitch = 16, ArchCrown = 63, ArchSpring = 70, ArchHalf = 4.4f, CorbelFoot = 88,
+                ShadeFoot = 150;
+constexpr float CapHigh = 6, CapOut = 1.4f; // the coping stone on a merlon
+constexpr float Reveal = 3.8f;              // what one sees of the thickness of a merlon beside it
 constexpr LinearColour SkyBetween = palette::Ink * 0.75f;
 
 struct Merlon {
     float left, right, top, slope; // from its middle; below the head; how much lower the right side is
+    bool capped;
 };
 
 // Weather has worn each in its own way; those at the corners are whole, since two walls share them.
@@ -20,90 +23,129 @@ static Merlon MerlonOf(int i)
     const uint32_t name = (uint32_t(i) + 5u) * 2654435761u;
     const auto random = [&](int shift) { return float(name >> shift & 255) / 255; };
     if (i % 4 == 0)
-        return {MerlonHalf + 1, MerlonHalf + 1, 0, 0};
-    const bool broken = random(8) < 0.3f;
-    return {MerlonHalf - 2 * random(4), MerlonHalf - 2 * random(12),
-            broken ? 8 + 12 * random(16) : 1 + 4 * random(20), (broken ? 14.0f : 3.0f) * (random(24) - 0.5f)};
+        return {MerlonHalf + 0.5f, MerlonHalf + 0.5f, 0, 0, true};
+    const bool broken = random(8) < 0.25f;
+    return {MerlonHalf - random(4), MerlonHalf - random(12), broken ? 9 + 7 * random(16) : 1 + 2 * random(20),
+            broken ? 10.0f * (random(24) - 0.5f) : 0.0f, !broken};
 }
 
-// 1 where a merlon stands.
-static float MerlonAt(float x, float down, const Noise& age)
+// What stands at a place of the battlements' rows, 0 to 1.
+struct MerlonParts {
+    float front, cap, reveal; // the reveal is that on its right
+};
+
+static MerlonParts MerlonAt(float x, float down, const Noise& age)
 {
     const int i = Wrap(Floor(x / MerlonPitch + 0.5f), int(Girth / MerlonPitch));
     const Merlon m = MerlonOf(i);
     const float aside = (Fraction(x / MerlonPitch + 0.5f) - 0.5f) * MerlonPitch +
-                        0.9f * age.Fbm(x / Girth * 128, down / Down * 512, 2);
+                        0.4f * age.Fbm(x / Girth * 32, down / Down * 160, 2);
+    const auto between = [&](float left, float right) {
+        return Smooth(left - 0.6f, left + 0.6f, aside) * Smooth(right + 0.6f, right - 0.6f, aside);
+    };
     const float top = m.top + m.slope * aside / MerlonHalf;
-    return Smooth(-m.left - 0.7f, -m.left + 0.7f, aside) * Smooth(m.right + 0.7f, m.right - 0.7f, aside) *
-           (top <= 0 ? 1.0f : Smooth(top - 1, top + 1, down));
+    const float under = top <= 0 ? 1.0f : Smooth(top - 1, top + 1, down);
+    const bool isCap = m.capped && down < m.top + CapHigh;
+    // Its right side runs back to the far edge of the sill.
+    const float back = Reveal * Clamp((MerlonFoot - down) / (MerlonFoot - SillBack));
+    return {between(-m.left, m.right) * under,
+            isCap ? between(-m.left - CapOut, m.right + CapOut) * under : 0,
+            between(m.right, m.right + Mix(Reveal, 0, 1 - Min(1, back / Reveal + 0.25f))) *
+                Smooth(m.top + 4, m.top + 6, down) * under};
 }
 
+// Squared stones; `inset` darkens the joints.
 static LinearColour StoneOfParapet(float x, float down, const TowerNoise& noise)
 {
-    const float course = Floor((down - MerlonFoot) / 11);
-    const uint32_t name =
-        (uint32_t(Floor(x / 13 + 0.5f * course)) * 37u + uint32_t(course + 9) * 101u) * 2654435761u;
+    const float course = float(Floor((down - MerlonFoot) / 11));
+    const float along = x / 13 + 0.5f * course;
+    const uint32_t name = (uint32_t(Floor(along)) * 37u + uint32_t(course + 9) * 101u) * 2654435761u;
     const float own = float(name >> 12 & 255) / 255;
     LinearColour stone = Mix(palette::Slate, palette::Mist, 0.22f + 0.35f * own) *
                          (0.62f + 0.3f * noise.age.Fbm(x / Girth * 64, down / Down * 256, 4));
-    const float inCourse = Fraction((down - MerlonFoot) / 11);
-    stone = Mix(stone, palette::Ink, 0.5f * Smooth(0.82f, 0.95f, inCourse));
+    const float inCourse = Fraction((down - MerlonFoot) / 11),
+                inStone = Min(Fraction(along), 1 - Fraction(along));
+    stone =
+        Mix(stone, palette::Ink, 0.5f * Max(Smooth(0.82f, 0.95f, inCourse), Smooth(0.10f, 0.03f, inStone)));
     if (down > MerlonFoot && down < CopingFoot) // the ledge catches the moon
         stone = Mix(palette::Slate, palette::Mist, 0.6f) * (0.75f + 0.2f * own);
-    if (down >= ArchSpring)
-        stone = stone * Mix(0.85f, 0.3f, Fraction((down - ArchSpring) / (CorbelFoot - ArchSpring) * 2.999f));
-    return stone * Mix(1, 0.85f, Smooth(CopingFoot, CorbelFoot, down));
+    return stone;
+}
+
+// The parapet stands out on a row of corbels, with a little arch from each to the next: 1 where there is stone.
+static float CorbelsAt(float x, float down)
+{
+    const float aside = Abs(Fraction(x / ArchPitch) - 0.5f) * ArchPitch; // from an arch's middle
+    if (down < ArchSpring) {
+        const float up = (ArchSpring - down) / (ArchSpring - ArchCrown);
+        const float half = up > 1 ? -2 : ArchHalf * Sqrt(Max(0, 1 - up * up));
+        return Smooth(half - 0.6f, half + 0.6f, aside);
+    }
+    // A corbel is cut round below, in two steps.
+    const float left = (CorbelFoot - down) / (CorbelFoot - ArchSpring);
+    const float half = ArchPitch / 2 - (ArchPitch / 2 - ArchHalf) * (left > 0.5f ? 1.0f : 0.72f);
+    return Smooth(half - 0.6f, half + 0.6f, aside) * Smooth(0, 0.08f, left);
+}
+
+static void BuildMerlons(Canvas& canvas, const TowerNoise& noise)
+{
+    canvas.Cover(Sheet().Each([](float, float y) { return y - Head < MerlonFoot ? 1.0f : 0.0f; }),
+                 SkyBetween);
+    // Between the merlons the sill slopes outwards.
+    canvas.Cover(Sheet().Each([](float, float y) {
+        return Smooth(SillBack - 1, SillBack + 1, y - Head) * (y - Head < MerlonFoot ? 1.0f : 0.0f);
+    }),
+                 [&](float x, float y) {
+                     const float out = (y - Head - SillBack) / (MerlonFoot - SillBack);
+                     return Mix(palette::Slate, palette::Mist, 0.25f) *
+                            ((0.20f + 0.45f * out) * (0.8f + 0.3f * noise.age.Fbm(x / Girth * 64, y / 8, 3)));
+                 });
+    const Mask reveal = Sheet().Each([&](float x, float y) {
+        return y - Head < MerlonFoot ? MerlonAt(x, Max(y - Head, 0), noise.age).reveal : 0.0f;
+    });
+    canvas.Cover(reveal, [&](float x, float y) { return StoneOfParapet(x, y - Head, noise) * 0.30f; });
+    const Mask front = Sheet().Each([&](float x, float y) {
+        return y - Head < MerlonFoot ? MerlonAt(x, Max(y - Head, 0), noise.age).front : 0.0f;
+    });
+    const Mask caps = Sheet().Each([&](float x, float y) {
+        return y - Head < MerlonFoot ? MerlonAt(x, Max(y - Head, 0), noise.age).cap : 0.0f;
+    });
+    canvas.Cover(front, [&](float x, float y) {
+        // In the shade of its coping, lit on its left edge.
+        const float shade = caps.Sample(x, y - 5) * (1 - caps.Sample(x, y));
+        const float edge = 1 - front.Sample(x - 1.5f, y);
+        const float other = Floor(x / WallWidth) % 2 == 1 ? 0.8f : 1.0f;
+        return Mix(StoneOfParapet(x, y - Head, noise) * (other * Mix(1, 0.4f, shade)),
+                   Mix(palette::Mist, palette::Bone, 0.3f), 0.6f * edge * (1 - shade));
+    });
+    canvas.Cover(caps, [&](float x, float y) {
+        const float lit = Smooth(CapHigh, 1, y - Head - 2);
+        return Mix(palette::Slate, Mix(palette::Mist, palette::Bone, 0.3f), 0.35f + 0.5f * lit) *
+               (0.85f + 0.3f * noise.age.Fbm(x / Girth * 128, y / 6, 2));
+    });
 }
 
 void BuildBattlements(Canvas& canvas, const TowerNoise& noise)
 {
     // They stand out over the wall, which lies in their shade.
-    canvas.Cover(Sheet().Each([](float, float y) {
-        return 0.95f * Smooth(CorbelFoot + 60, CorbelFoot - 8, y - Head);
-    }),
+    canvas.Cover(Sheet().Each([](float, float y) { return 0.95f * Smooth(ShadeFoot, CorbelFoot, y - Head); }),
                  Dark);
-    const auto isStone = [&](float x, float down) {
-        if (down < MerlonFoot)
-            return MerlonAt(x, Max(down, 0), noise.age);
-        if (down < CopingFoot + 8)
-            return 1.0f;
-        // Little arches on corbels, which grow thinner downwards.
-        const float aside = Abs(Fraction(x / ArchPitch) - 0.5f) * ArchPitch; // from an arch's middle
-        const float low = (down - ArchSpring) / (CorbelFoot - ArchSpring);
-        const float half =
-            down < ArchSpring
-                ? ArchHalf * Sqrt(Max(0, 1 - Pow((ArchSpring - down) / (ArchSpring - CopingFoot - 8), 2)))
-                : ArchHalf + 0.9f * float(Floor(low * 3));
-        return Smooth(half - 0.7f, half + 0.7f, aside) * Smooth(CorbelFoot + 1, CorbelFoot - 1, down);
-    };
-    canvas.Cover(Sheet().Each([](float, float y) { return y - Head < MerlonFoot ? 1.0f : 0.0f; }),
-                 [&](float x, float y) {
-                     // Of the far side's battlements one sees a little in the gaps.
-                     const float behind =
-                         MerlonAt(x + 13, Max(0, y - Head - 24), noise.age) * Smooth(22, 26, y - Head);
-                     return Mix(SkyBetween, Mix(palette::Ink, palette::Night, 0.8f), behind);
-                 });
-    Mask stone = Sheet().Each([&](float x, float y) { return isStone(x, y - Head); });
-    canvas.Cover(stone, [&](float x, float y) {
-        const float shaded = Floor(x / WallWidth) % 2 == 1 ? 0.72f : 1.0f;
-        return StoneOfParapet(x, y - Head, noise) * shaded;
+    const Mask stone = Sheet().Each([&](float x, float y) {
+        const float down = y - Head;
+        return down < MerlonFoot ? 0.0f : CorbelsAt(x, down);
     });
-    // The moon lies on the tops and the left sides of the merlons, their right sides have a shade.
-    canvas.Cover(Sheet().Each([&](float x, float y) {
-        const float down = y - Head;
-        if (down >= MerlonFoot)
-            return 0.0f;
-        const float here = stone.At(Floor(x), Floor(y));
-        const float above = down < 3 ? here : stone.Sample(x, y - 3), left = stone.Sample(x - 2, y);
-        return 0.75f * here * (1 - Min(above, left));
-    }),
-                 Mix(palette::Mist, palette::Bone, 0.3f));
-    canvas.Cover(Sheet().Each([&](float x, float y) {
-        const float down = y - Head;
-        return down >= MerlonFoot ? 0.0f
-                                  : 0.7f * stone.At(Floor(x), Floor(y)) * (1 - stone.Sample(x + 2.5f, y));
-    }),
+    canvas.Cover(stone, [&](float x, float y) {
+        const float down = y - Head, other = Floor(x / WallWidth) % 2 == 1 ? 0.8f : 1.0f;
+        // Corbels stand before the dark, each with a light side and a dark one.
+        const float side = Fraction(x / ArchPitch + 0.5f) - 0.5f; // from a corbel's middle
+        const float round = down > ArchSpring ? Mix(0.85f, 0.35f, Smooth(-0.12f, 0.2f, side)) : 1.0f;
+        const float low = Mix(1, 0.6f, Smooth(ArchSpring, CorbelFoot, down));
+        return StoneOfParapet(x, down, noise) * (other * round * low);
+    });
+    // A line of shade under the ledge.
+    canvas.Cover(Sheet().Each([](float, float y) { return 0.6f * Hill(CopingFoot + 1.5f, 3, y - Head); }),
                  Dark);
+    BuildMerlons(canvas, noise);
 }
 
 static Mask RoofPatch()

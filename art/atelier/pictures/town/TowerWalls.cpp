@@ -4,6 +4,7 @@
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/town/TowerBattlements.h"
 #include "art/atelier/pictures/town/TowerCourses.h"
+#include "art/atelier/pictures/town/TowerFoot.h"
 #include "art/atelier/pictures/town/TowerPlumage.h"
 #include "art/atelier/pictures/town/TowerWindows.h"
 #include "art/atelier/pictures/town/Town.h"
@@ -139,7 +140,8 @@ Canvas TowerWalls()
     PaintSlates(canvas, noise);
     // The foot stands in the dark, the head against the sky.
     canvas.Tone(Mask(Across, Down).Each([](float, float y) { return Smooth(Foot + 40, Head + 420, y); }, 4),
-                0.16f, 1);
+                0.22f, 1);
+    BuildFoot(canvas, paper, noise);
     paper.Show(canvas, 0.5f);
     return canvas;
 }

@@ -78,3 +78,31 @@ TEST(FX_TowersPictures, NoWindowOfATowerIsSoLargeThatItWouldBeKnownAgain)
         EXPECT_LE(longest, 60) << wall;
     }
 }
+
+// The camera comes from afar, and there is no ground but light.
+TEST(FX_TowersPictures, ATowerStandsOnAFootWithAGateOnEveryOtherWall)
+{
+    const Raster walls = LoadPicture("fasanenbude.jpg");
+    ASSERT_EQ(512, walls.width);
+    const auto mean = [&](int x0, int y0, int x1, int y1, int channel) {
+        double sum = 0;
+        for (int y = y0; y <= y1; y++)
+            for (int x = x0; x <= x1; x++)
+                sum += At(walls, x, y, channel);
+        return sum / ((x1 - x0 + 1) * (y1 - y0 + 1));
+    };
+    for (int wall = 0; wall < 4; wall++) {
+        const int middle = 128 * wall + 64;
+        const double red = mean(middle - 14, 1500, middle + 14, 1528, 0),
+                     blue = mean(middle - 14, 1500, middle + 14, 1528, 2);
+        if (wall % 2 == 0) {
+            EXPECT_GE(red, 100) << wall;
+            EXPECT_LE(blue, 0.7 * red) << "lamplight " << wall;
+        } else
+            EXPECT_LE(red, blue) << "stone " << wall;
+        // Beside a gate the plinth is paler than the wall that stands on it.
+        EXPECT_GE(mean(128 * wall + 6, 1470, 128 * wall + 30, 1528, 2),
+                  1.3 * mean(128 * wall + 6, 1390, 128 * wall + 30, 1450, 2))
+            << wall;
+    }
+}
