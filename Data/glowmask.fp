@@ -12,6 +12,7 @@
 uniform sampler2D sampler0; // the painting
 uniform sampler2D sampler1; // the mask
 uniform float delta;
+varying vec2 onScreen;
 
 const vec3 amber = vec3(0.94, 0.69, 0.31);
 const vec3 bone = vec3(0.94, 0.90, 0.84);
@@ -24,6 +25,12 @@ const float spacing = 1.35;    // from wave to wave, in masks
 const float glimmer = 0.18;    // what stays where light has been
 const float nightFalls = 5.4;  // delta, from which the painting gives way to the night
 const float fallen = 5.43;     // delta, from which that is all there is: a white flash hides so quick a change
+// Hazes: where on the screen, how much of what lies under them they hide, and their colours.
+const vec2 aspect = vec2(1.33, 1.0);
+const vec2 moonPlace = vec2(0.22, 0.62), firePlace = vec2(0.0, -0.10);
+const float moonHaze = 0.09, fireHaze = 0.15;
+const vec3 moonLight = vec3(0.62, 0.66, 0.80), fireLight = vec3(0.85, 0.47, 0.20);
+const float wayEnds = 12.6, fireBurns = 14.8; // delta
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
 
 // How bright the light is on a way that it reaches at this time of the mask, 0 to about 1.
@@ -53,17 +60,29 @@ float Cloud(vec2 place)
                mix(Grain(point + vec2(0.0, 1.0)), Grain(point + vec2(1.0, 1.0)), part.x), part.y);
 }
 
-// The paper under the night, and the bristles of the brush that laid it on: about 1.
+// The paper under the night, its wash and the bristles that laid it on: about 1.
 float Tooth(vec2 place)
 {
     vec2 along = vec2(place.x * 0.77 + place.y * 0.64, place.y * 0.77 - place.x * 0.64);
-    return 0.83 + 0.16 * Cloud(place * 0.45) + 0.18 * Cloud(along * vec2(0.03, 0.3));
+    return 0.86 + 0.18 * Cloud(place * 0.021) + 0.12 * Cloud(along * vec2(0.03, 0.3));
+}
+
+// The night before the village: a thin mist. In it stands the haze of the moon, which is ahead on the way, and, once the way
+// is done, that of the fire on the plaza, which the camera looks at then. What no light reaches is seen before these.
+vec4 Night()
+{
+    vec2 byMoon = (onScreen - moonPlace) * aspect, byFire = (onScreen - firePlace) * aspect;
+    float tooth = Tooth(gl_FragCoord.xy);
+    float moon = tooth * moonHaze * (1.0 - smoothstep(wayEnds, fireBurns, delta)) * exp(-1.3 * dot(byMoon, byMoon));
+    float fire = tooth * fireHaze * smoothstep(wayEnds, fireBurns, delta) * exp(-2.4 * dot(byFire, byFire));
+    float thin = mist * tooth + moon + fire;
+    return vec4((night * tooth + moonLight * moon + fireLight * fire) / thin, thin);
 }
 
 void main()
 {
     if (delta >= fallen) {
-        gl_FragColor = vec4(night / mist, mist * Tooth(gl_FragCoord.xy)) * gl_Color;
+        gl_FragColor = Night() * gl_Color;
         return;
     }
     vec2 place = gl_TexCoord[0].st;
@@ -83,9 +102,9 @@ void main()
     vec4 lit = vec4(colour, painting.a);
     float fall = smoothstep(nightFalls, fallen, delta);
     if (fall > 0.0) { // the village is seen more and more: an opaque night between them would be a dark frame
-        float thin = mist * Tooth(gl_FragCoord.xy);
-        float alpha = mix(painting.a, thin, fall);
-        lit = vec4(mix(colour * painting.a, night / mist * thin, fall) / alpha, alpha);
+        vec4 veil = Night();
+        float alpha = mix(painting.a, veil.a, fall);
+        lit = vec4(mix(colour * painting.a, veil.rgb * veil.a, fall) / alpha, alpha);
     }
     gl_FragColor = (delta > 0.0 ? lit : painting) * gl_Color;
 }

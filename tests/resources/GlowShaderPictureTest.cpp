@@ -83,17 +83,18 @@ TEST_F(GlowShader, SendsASecondWaveLikeTheFirst)
     }
 }
 
-// The mist over black is 0.066, 0.080 and 0.154 of 255, that is 17, 20 and 39, and by 17 parts in 100 thinner or thicker
-// where the paper has its tooth. It hides 0.156 of what lies under it, 0.129 to 0.183 with the tooth: of a white that is
-// 33 to 47 levels, for which the same tooth gives back 14 to 20, 17 to 24 and 33 to 46.
+// The mist over black is 0.066, 0.080 and 0.154 of 255, that is 17, 20 and 39, and by 14 parts in 100 thinner and by 16
+// thicker where the paper has its tooth: 14 to 20, 17 to 24 and 33 to 46. The haze of the moon adds nothing far from it, and
+// 0.09 times 0.62, 0.66 and 0.80 of 255 where it stands, as much thicker with the tooth: up to 17, 18 and 22. Together they
+// hide 0.134 to 0.285 of what lies under them: of a white 34 to 73 levels.
 TEST_F(GlowShader, IsAThinMistOverWhatLiesUnderItWhenAllHasBeenSeen)
 {
     const struct {
         float under;
         int darkest[3], brightest[3];
     } rows[] = {
-        {0, {13, 16, 32}, {20, 24, 46}},
-        {1, {227, 231, 253}, {237, 240, 255}},
+        {0, {13, 16, 32}, {37, 42, 68}},
+        {1, {219, 223, 249}, {237, 240, 255}},
     };
     StartBands();
     BlendAsTheEffectDoes();
@@ -110,6 +111,59 @@ TEST_F(GlowShader, IsAThinMistOverWhatLiesUnderItWhenAllHasBeenSeen)
         }
         EXPECT_GE(most - least, 2) << "the tooth of the paper is seen";
     }
+}
+
+// The camera looks at the fire of the plaza, which stands a little under the middle of the screen. On the way there is none.
+TEST_F(GlowShader, LaysAWarmHazeAboutTheFireOnceTheWayIsDone)
+{
+    StartBands();
+    BlendAsTheEffectDoes();
+    glClearColor(0, 0, 0, 1);
+    struct Tint {
+        int red = 0, blue = 0;
+    };
+    const auto mean = [](const Picture& picture, int x, int y) { // of 20 by 20 pixels
+        Tint tint;
+        for (int dy = 0; dy < 20; dy++)
+            for (int dx = 0; dx < 20; dx++) {
+                tint.red += picture.At(x + dx, y + dy)[0];
+                tint.blue += picture.At(x + dx, y + dy)[2];
+            }
+        return Tint{tint.red / 400, tint.blue / 400};
+    };
+    const int middle = side / 2 - 10, lowest = side - 20; // the top row comes first
+    const Picture way = Draw(8), plaza = Draw(20);
+    // 0.15 times 0.85 of 255 is 32 of red, 0.15 times 0.20 of it 8 of blue.
+    EXPECT_NEAR(17 + 32, mean(plaza, middle, middle).red, 5);
+    EXPECT_NEAR(39 + 8, mean(plaza, middle, middle).blue, 5);
+    EXPECT_LT(mean(way, middle, middle).red, mean(way, middle, middle).blue - 15);
+    // In the corners it is as cold as it was.
+    for (const int x : {0, side - 20}) {
+        EXPECT_NEAR(17, mean(plaza, x, lowest).red, 5) << x;
+        EXPECT_NEAR(39, mean(plaza, x, lowest).blue, 6) << x;
+    }
+    EXPECT_EQ(plaza.pixels, Draw(40).pixels);
+}
+
+// The moon is seen right above the middle, and stays behind when the camera turns.
+TEST_F(GlowShader, LaysAColdHazeAboutTheMoonAsLongAsOneIsOnTheWay)
+{
+    StartBands();
+    BlendAsTheEffectDoes();
+    glClearColor(0, 0, 0, 1);
+    const auto blueAt = [](const Picture& picture, int x, int y) { // of 10 by 10 pixels
+        int sum = 0;
+        for (int dy = -5; dy < 5; dy++)
+            for (int dx = -5; dx < 5; dx++)
+                sum += picture.At(x + dx, y + dy)[2];
+        return sum / 100;
+    };
+    // 0.61 of the width from the left, and 0.19 of the height from the top.
+    const int x = 73, y = 23;
+    const Picture way = Draw(8), plaza = Draw(20);
+    EXPECT_NEAR(39 + 18, blueAt(way, x, y), 6);
+    EXPECT_GE(blueAt(way, x, y), blueAt(way, 6, side - 6) + 9);
+    EXPECT_GE(blueAt(way, x, y), blueAt(plaza, x, y) + 9);
 }
 
 // The painting of the black band has a red of 100, and of 86 in its dusk. Halfway, at 5.415, half of it is left, and half

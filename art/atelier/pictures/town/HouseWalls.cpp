@@ -3,25 +3,16 @@
 #include "art/atelier/DryBrush.h"
 #include "art/atelier/Pen.h"
 #include "art/atelier/Wash.h"
+#include "art/atelier/pictures/town/HouseAtlas.h"
 #include "art/atelier/pictures/town/Town.h"
 #include "art/atelier/pictures/town/VillageEarth.h"
 
-#include <functional>
 #include <vector>
 
 namespace atelier
 {
 
-// Four walls side by side, joining at their edges, and a roof in the top right corner.
-constexpr float Size = 1024;
-constexpr int Side = 1024;
-constexpr float WallWidth = 256, WallTop = 256, WallFoot = 768;
-constexpr float RoofLeft = 768, RoofFoot = 256;
-
-static Mask Roof()
-{
-    return Filled(Side, Side, Rectangle(RoofLeft, 0, Size, RoofFoot));
-}
+using namespace houses;
 
 // Timber: one beam from place to place.
 struct Beam {
@@ -70,7 +61,7 @@ static void DrawDoor(Mask& wood, Pen& pen, float left, float right, float top)
 
 struct HouseNoise {
     Noise tint = Noise(501, 8, 8), stone = Noise(502, 28, 28), damp = Noise(503, 6, 6),
-          trowel = Noise(509, 24, 48), rubble = Noise(510, 26, 26);
+          trowel = Noise(509, 24, 48), rubble = Noise(510, 26, 26), grit = Noise(511, 256, 256);
 };
 
 // The whitewash: 1 on the first and the last wall.
@@ -78,32 +69,6 @@ static float Whitewash(float x)
 {
     const float w = x / WallWidth;
     return Max(Smooth(1.02f, 0.98f, w), Smooth(2.98f, 3.02f, w));
-}
-
-// The third wall, the front, is always lit, by up to so much.
-constexpr float FrontLight = 0.85f;
-
-// Of the other walls a twenty-fifth of what is painted reaches the eye wherever no light does, so that their drawing goes
-// from black to the brightest white there is.
-static float IsUnlit(float x)
-{
-    const float w = x / WallWidth;
-    return w < 2 || w >= 3 ? 1.0f : 0.0f;
-}
-
-// The moon on an edge that no other light reaches, as bright as it can be painted. The lamp of the plaza has no blue, and
-// makes of plain white and ochre a green: on the last wall, where it shines on the pillars, everything is reddened.
-static LinearColour RimAt(float x)
-{
-    return x < 3 * WallWidth ? Mix(palette::Mist, palette::Bone, 0.9f) * 1.12f
-                             : LinearColour{0.98f, 0.47f, 0.30f};
-}
-
-// The second wall is seen from the plaza, when the way lies behind: by then the moon is on it.
-constexpr float BackLeft = WallWidth, BackMiddle = 1.5f * WallWidth;
-static float IsBack(float x)
-{
-    return x >= BackLeft && x < BackLeft + WallWidth ? 1.0f : 0.0f;
 }
 
 // The plaster, and the damp in it.
@@ -120,8 +85,11 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
         constexpr LinearColour Reddened = {1.06f, 0.53f, 0.38f}, Limed = {1.06f, 0.62f, 0.46f};
         const float first = Smooth(1.02f, 0.98f, x / WallWidth);
         const LinearColour lime = white * Mix(Limed, LinearColour{1, 1, 1}, first);
+        // Under the moon's rims and the lamps the walls themselves are a value below white.
+        const LinearColour dim = Mix(palette::Slate, palette::Bone, 0.84f + 0.10f * Clamp(t));
         const LinearColour plaster =
-            Mix(Mix(clay * Reddened, lime, Whitewash(x)), white * 0.86f, IsBack(x)) * (1 + 0.14f * strokes);
+            Mix(Mix(clay * Reddened, lime, Whitewash(x)), dim, Max(first, IsBack(x))) *
+            (1 + 0.14f * strokes + Mix(0.20f, 0, IsUnlit(x)) * noise.grit.Fbm(x / 4, y / 4, 2));
         return Mix(plaster, Mix(palette::Slate, palette::Rust, 0.45f), Mix(0.5f, 0.2f, IsUnlit(x)) * wet);
     });
     const Mask blots = Mask(Side, Side, 0, true).Each([&](float x, float y) {
@@ -145,17 +113,53 @@ static LinearColour RubbleAt(float x, float y, const HouseNoise& noise)
     return Mix(palette::Ink, c, Smooth(0.03f, 0.13f, cell.second - cell.nearest));
 }
 
-// Where the plaster fell the rubble of the wall is seen.
-static void PaintRubble(Canvas& canvas, const HouseNoise& noise)
+// Bricks in courses, each of its own fire.
+static LinearColour BrickAt(float x, float y, const HouseNoise& noise)
+{
+    constexpr float Long = 23, High = 10.5f, Joint = 1.5f;
+    const float bent = y + 0.8f * noise.stone.Gradient(x / Size * 28, y / Size * 28);
+    const int course = Floor(bent / High);
+    const float along = x / Long + 0.5f * float(course & 1);
+    const uint32_t name = (uint32_t(Floor(along)) * 131u + uint32_t(course) * 71u) * 2654435761u;
+    const float own = float(name >> 12 & 255) / 255;
+    const float inX = Min(Fraction(along), 1 - Fraction(along)) * Long,
+                inY = Min(Fraction(bent / High), 1 - Fraction(bent / High)) * High;
+    const LinearColour brick = Mix(Mix(palette::Rust, palette::Slate, 0.5f * own),
+                                   Mix(palette::Rust, palette::Ochre, 0.4f), 0.5f * Fraction(own * 5)) *
+                               (0.55f + 0.25f * own + 0.25f * noise.grit.Fbm(x / 3, y / 3, 3));
+    const float lit = 1 + 0.25f * Smooth(0.45f, 0.1f, Fraction(bent / High)); // its upper edge
+    return Mix(Mix(palette::Parchment, palette::Slate, 0.55f) * 0.50f, brick * lit,
+               Smooth(0.3f * Joint, Joint, Min(inX, inY)));
+}
+
+// Where the plaster fell the bricks of the wall are seen, in the shade of its broken edge.
+static void PaintBricks(Canvas& canvas, const HouseNoise& noise)
 {
     const Mask bare = Mask(Side, Side, 0, true).Each([&](float x, float y) {
-        const float fell =
-            noise.damp.Fbm(x / Size * 12 + 3, y / Size * 12 + 1, 4) + 0.22f * Smooth(560, 740, y) - 0.10f;
-        return Smooth(0.30f, 0.325f,
+        const float fell = noise.damp.Fbm(x / Size * 12 + 3, y / Size * 12 + 1, 4) +
+                           0.07f * noise.grit.Fbm(x / 9, y / 9, 3) + 0.22f * Smooth(560, 740, y) - 0.10f;
+        return Smooth(0.295f, 0.33f,
                       fell - 0.12f * IsUnlit(x)); // in the dark a stain would be taken for a hole
     });
-    canvas.Cover(bare, [&](float x, float y) { return RubbleAt(x, y, noise); });
-    canvas.Glaze(Mask(bare).Blur(5).Subtract(bare), Mix(palette::Slate, palette::Rust, 0.3f), 0.9f);
+    const auto step = [&](float x, float y,
+                          Vector2 by) { // how much of the wall stands up there beside a bare place
+        return bare.Sample(x, y) * (1 - bare.Sample(x + by.x, y + by.y));
+    };
+    canvas.Cover(bare, [&](float x, float y) {
+        const float shade = Max(step(x, y, {-2, -4}), 0.6f * step(x, y, {-4, -8}));
+        return BrickAt(x, y, noise) * Mix(1, 0.25f, shade);
+    });
+    // The plaster's thickness is paler, and dirt has run from its lower edge.
+    canvas.Cover(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        return 0.7f * (1 - bare.Sample(x, y)) * bare.Sample(x - 1.2f, y - 1.8f);
+    }),
+                 Mix(palette::Parchment, palette::Ochre, 0.35f), 0.8f);
+    canvas.Glaze(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float run = Max(bare.Sample(x, y - 6), 0.5f * bare.Sample(x, y - 14));
+        return 0.5f * run * (1 - bare.Sample(x, y)) *
+               Smooth(-0.3f, 0.5f, noise.trowel.Fbm(x / 11, y / 60, 2));
+    }),
+                 Mix(palette::Slate, palette::Rust, 0.5f), 0.7f);
 }
 
 // Plaster cracks where nothing holds it.
@@ -163,9 +167,9 @@ static void DrawCracks(Pen& pen, Dice& dice)
 {
     for (int i = 0; i < 46; i++) {
         const Vector2 p = {dice.Range(0, Size), dice.Range(WallTop, WallFoot)};
-        pen.nib.width = 1.6f;
+        pen.nib.width = 1.3f;
         pen.Stroke(
-            Shaken(Through({p, p + Vector2{dice.Range(-16, 16), dice.Range(10, 34)}}), 4, 9, dice.Next()),
+            Shaken(Through({p, p + Vector2{dice.Range(-16, 16), dice.Range(10, 34)}}), 5, 7, dice.Next()),
             {.start = 0.7f, .middle = 0.6f, .end = 0});
     }
 }
@@ -217,18 +221,17 @@ static void DrawDoors(Mask& wood, Mask& doors)
         }
 }
 
-// The pen lays tone beside the posts and above the foot, never over wood.
-static void HatchWalls(Pen& pen, const Mask& timber, const Mask& wood)
+// The pen lays tone under the eaves and above the foot, here and there, never over wood.
+static void HatchWalls(Pen& pen, const Mask& timber, const Mask& wood, const HouseNoise& noise)
 {
-    Mask tone = Mask(Side, Side, 0, true).Each([](float x, float y) {
-        const float beside = Fraction(x / WallWidth), post = Min(beside, 1 - beside) * WallWidth;
+    Mask tone = Mask(Side, Side, 0, true).Each([&](float x, float y) {
         const float inside = Smooth(WallTop - 4, WallTop + 6, y) * Smooth(WallFoot + 30, WallFoot, y);
-        return inside *
-               Max(0.5f * Smooth(46, 12, post), Max(0.45f * Smooth(640, 752, y), 0.6f * Smooth(320, 276, y)));
+        const float patch = Smooth(-0.15f, 0.35f, noise.tint.Fbm(x / Size * 32, y / Size * 16, 2));
+        return inside * patch * Max(0.5f * Smooth(620, 752, y), 0.6f * Smooth(340, 280, y));
     });
     tone.Subtract(Mask(timber).Unite(wood).Blur(2).Scale(2));
-    pen.nib.width = 1.8f;
-    Hatch(pen, tone, {.angle = 1.15f, .spacing = 7, .length = 34}, 508);
+    pen.nib.width = 1.3f;
+    Hatch(pen, tone, {.angle = 0.95f, .spacing = 5, .length = 26, .uneven = 0.8f, .bend = 4}, 508);
 }
 
 // The foot of field stones.
@@ -241,98 +244,16 @@ static Mask Plinth(const HouseNoise& noise)
     });
 }
 
-// The roof: shingles in rows, a little crooked.
-static void PaintRoof(Canvas& canvas, Dice& dice)
-{
-    canvas.Cover(Roof(), RimAt(RoofLeft)); // no other light reaches it than the lamp
-    Mask shade(Side, Side), seams(Side, Side, 0, true);
-    Pen slater(seams, SketchPaper(), {.width = 3, .wobble = 1, .wave = 40, .skip = 0.3f}, 520);
-    for (int row = 0; row < 8; row++)
-        for (int i = 0; i < 9; i++) {
-            const float x = RoofLeft + (float(i) - (row % 2 == 0 ? 0.5f : 0.0f)) * 32, y = float(row) * 32;
-            const float foot = y + 32 + dice.Range(-4, 4);
-            const Line shingle = Shaken(
-                Through({{x + 2, y}, {x + 2, foot - 8}, {x + 16, foot}, {x + 30, foot - 8}, {x + 30, y}}),
-                1.5f, 14, dice.Next());
-            shade.Fill(shingle, dice.Range(0, 0.8f));
-            slater.Stroke(shingle, {.start = 0.4f, .middle = 1, .end = 0.3f});
-        }
-    canvas.Glaze(shade.Multiply(Roof()), palette::Rust, 0.7f);
-    canvas.Cover(seams.Multiply(Roof()), palette::Ink, 0.9f);
-}
-
-// Tiles in rows, the lower over the upper's joints: dark, each its own way, the moon on some of their rims. `foot` is
-// the lower edge of the last row at x; the rows lie parallel to it.
-static void LayTiles(Canvas& canvas, const Mask& where, const std::function<float(float x)>& foot, float row)
-{
-    const Noise own(541), worn(542, 24, 24);
-    canvas.Cover(where, [&](float x, float y) {
-        const float up = (foot(x) - y) / row;
-        const float line = float(Floor(up)), v = 1 - (up - line);
-        const float u = x / (row * 0.8f) + 0.5f * line;
-        const float across = Fraction(u) * 2 - 1;
-        const LinearColour tile = Mix(Mix(palette::Slate, palette::Rust,
-                                          0.25f + 0.25f * own.Value(Floor(u) * 1.0f + 0.5f, line + 0.5f)),
-                                      palette::Ink, 0.35f) *
-                                  (0.85f + 0.35f * worn.Fbm(x / Size * 24, y / Size * 24, 4));
-        const float edge = 0.86f - 0.16f * across * across;
-        const float unlit = IsUnlit(x);
-        LinearColour rim = Mix(tile, Mix(palette::Mist, RimAt(x), unlit),
-                               Mix(0.45f, 0.9f, unlit) * Hill(edge - 0.07f, Mix(0.08f, 0.15f, unlit), v));
-        rim = Mix(rim, palette::Ink * 0.7f,
-                  Max(Smooth(edge, edge + 0.06f, v), Smooth(0.86f, 0.97f, Abs(across))));
-        // The moon on the ridge.
-        return Mix(rim, RimAt(x),
-                   unlit * Smooth(WallTop + 13, WallTop + 9, y + 3 * worn.Fbm(x / Size * 24, 0.5f, 2)));
-    });
-}
-
-// Eaves hang over the three walls along the way. The fourth is a gable: the roof falls off on both sides of it, its
-// boards are pale with moonlight, and somebody has left a lamp on.
-static void PaintRoofLines(Canvas& canvas, const Paper& paper)
-{
-    constexpr float Apex = WallTop + 6, GableFoot = WallTop + 172;
-    const auto gable = [](float x) {
-        return Mix(Apex, GableFoot, Min(1, Abs(x - BackMiddle) / (WallWidth / 2)));
-    };
-    const Noise sag(543, 16, 4);
-    const auto eaves = [&](float x) {
-        const float tile = Fraction(x / Size * 48) * 2 - 1;
-        return WallTop + 50 - 5 * tile * tile + 5 * sag.Fbm(x / Size * 16, 0.3f, 2);
-    };
-    const auto isRoof = [&](float x, float y, float lower) {
-        const float foot = IsBack(x) > 0 ? gable(x) : eaves(x);
-        return Smooth(WallTop - 60, WallTop - 56, y) * Smooth(foot + lower + 1, foot + lower - 1, y);
-    };
-    Mask roof = Mask(Side, Side, 0, true).Each([&](float x, float y) { return isRoof(x, y, 0); });
-    Mask shade = Mask(Side, Side, 0, true).Each([&](float x, float y) { return isRoof(x, y, 20); });
-    canvas.Glaze(shade.Blur(6).Subtract(roof), Mix(palette::Slate, palette::Ink, 0.5f), 0.85f);
-    LayTiles(
-        canvas, roof, [&](float x) { return IsBack(x) > 0 ? gable(x) : WallTop + 50.0f; }, 26);
-    Mask boards(Side, Side), joints(Side, Side);
-    Pen board(boards, paper, {.width = 15, .least = 0.7f, .wobble = 1, .wave = 60, .skip = 0, .dry = 0.1f},
-              544);
-    Pen ink(joints, paper, {.width = 3.5f, .wobble = 1, .wave = 50, .skip = 0.1f}, 545);
-    for (const float side : {-1.0f, 1.0f}) {
-        const Line verge =
-            Straight({{BackMiddle, Apex + 8}, {BackMiddle + side * (WallWidth / 2 - 5), GableFoot - 2}});
-        board.Stroke(verge, {.start = 1, .middle = 1, .end = 1});
-        ink.Stroke(Beside(verge, 9), {.start = 1, .middle = 0.9f, .end = 0.8f});
-        ink.Stroke(Beside(verge, -9), {.start = 1, .middle = 0.9f, .end = 0.8f});
-    }
-    canvas.Cover(boards, Mix(palette::Mist, palette::Bone, 0.9f) * 1.1f);
-    canvas.Cover(joints, palette::Ink, 0.9f);
-}
-
-// The windows of the back, lit.
-static void LightBack(Canvas& canvas, const Paper& paper)
+// Somebody is up behind most walls. What no other light reaches shows these windows and the rims as its brightest.
+static void LightWindows(Canvas& canvas, const Paper& paper)
 {
     struct Pane {
-        float x, y, half, high;
+        float x, y, half, high; // the foot's middle
     };
-    constexpr Pane Panes[] = {{406, 634, 34, 92}, {314, 470, 27, 66}, {384, 376, 18, 44}};
-    Mask light(Side, Side), frame(Side, Side);
-    Pen joiner(frame, paper, {.width = 6, .least = 0.8f, .wobble = 0.8f, .skip = 0}, 546);
+    constexpr Pane Panes[] = {{406, 634, 34, 92}, {314, 470, 27, 66}, {384, 376, 18, 44}, {128, 484, 25, 66},
+                              {197, 590, 17, 44}, {176, 372, 15, 38}, {950, 640, 21, 58}};
+    Mask light(Side, Side), frame(Side, Side), shutters(Side, Side), slats(Side, Side);
+    Pen joiner(frame, paper, {.width = 7, .least = 0.8f, .wobble = 0.8f, .skip = 0}, 546);
     for (const Pane& p : Panes) {
         const Line outline = Straight({{p.x - p.half, p.y},
                                        {p.x - p.half + 1, p.y - p.high},
@@ -340,20 +261,32 @@ static void LightBack(Canvas& canvas, const Paper& paper)
                                        {p.x + p.half, p.y},
                                        {p.x - p.half, p.y}});
         light.Fill(outline);
+        for (const float side : {-1.0f, 1.0f}) {
+            const float hinge = p.x + side * (p.half + 3), edge = hinge + side * 0.62f * p.half;
+            shutters.Fill(Straight({{hinge, p.y + 3},
+                                    {hinge, p.y - p.high - 3},
+                                    {edge, p.y - p.high - 1},
+                                    {edge, p.y + 5},
+                                    {hinge, p.y + 3}}));
+            for (float y = p.y - p.high + 6; y < p.y; y += 9)
+                slats.Fill(
+                    Limb(Straight({{hinge + side * 3, y}, {edge - side * 3, y + side}}), 1.6f, 1.6f, 1.6f));
+        }
         joiner.Stroke(outline, {.start = 1, .middle = 1, .end = 1});
         joiner.Stroke(Straight({{p.x, p.y}, {p.x, p.y - p.high}}),
                       {.start = 0.8f, .middle = 0.8f, .end = 0.8f});
         joiner.Stroke(Straight({{p.x - p.half, p.y - p.high * 0.6f}, {p.x + p.half, p.y - p.high * 0.6f}}),
                       {.start = 0.8f, .middle = 0.8f, .end = 0.8f});
     }
+    canvas.Cover(shutters, palette::Ink * 0.5f, 0.96f);
+    canvas.Cover(slats, Mix(palette::Slate, palette::Mist, 0.35f), 0.8f);
     Mask spill = light.Blurred(26);
-    spill.By([](float x, float) { return IsBack(x); });
     canvas.Light(spill, palette::Ochre, 0.8f);
     const Noise curtain(547);
     canvas.Cover(light, [&](float x, float y) {
         return Mix(palette::Amber * 1.15f, palette::Bone, 0.35f + 0.5f * curtain.Fbm(x / 9, y / 30, 2));
     });
-    canvas.Cover(frame, Mix(palette::Rust, palette::Ink, 0.75f));
+    canvas.Cover(frame, palette::Ink * 0.5f);
 }
 
 // The wall at s above 0.75 looks at whoever comes along the way and no light reaches it, nor the first one. They are
@@ -370,33 +303,53 @@ Canvas HouseWalls()
     Pen outline(edges, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.25f}, 516);
     DryBrush brush(grain, paper, {.width = 18, .count = 9, .thickness = 1.3f, .load = 0.5f}, 506);
     Dice dice(507);
-    PaintRubble(canvas, noise);
+    PaintBricks(canvas, noise);
     DrawCracks(pen, dice);
     DrawTimber(timber, posts, outline, brush, dice);
     DrawDoors(wood, doors);
-    timber.Subtract(Roof());
+    timber.Subtract(RoofPatch());
     // Under beams and eaves lies a shadow.
     const Mask cast = Mask(Side, Side).Each([&](float x, float y) {
         const int from = Floor(y) - 9;
         return from < 0 ? 0.0f : timber.At(Floor(x), from);
     });
     canvas.Glaze(Mask(cast).Blur(3).Subtract(timber), palette::Slate, 0.55f);
-    HatchWalls(pen, timber, wood);
+    HatchWalls(pen, timber, wood, noise);
     canvas.Cover(Mask(ink).Subtract(Mask(timber).Unite(wood)), palette::Ink, 0.8f);
     // The doors reach down through the plinth.
     const Mask plinth = Plinth(noise);
     canvas.Cover(plinth, [&](float x, float y) { return RubbleAt(x, y, noise) * 0.85f; });
+    timber.Subtract(plinth);
     canvas.Cover(
-        timber.Subtract(plinth),
+        timber,
         [](float x, float) {
             return Mix(Mix(palette::Rust, palette::Ink, 0.78f), palette::Ink * 0.4f, IsUnlit(x));
         },
         0.97f);
-    grain.Multiply(timber).By([](float x, float) { return Mix(1, 0.3f, IsUnlit(x)); });
+    // Each beam has an edge towards the moon, and a face before its shade.
+    canvas.Cover(Mask(Side, Side, 0, true).Each([&](float x, float y) {
+        const float here = timber.Sample(x, y);
+        const float edge = here * (1 - timber.Sample(x - 1.5f, y - 3)),
+                    face = here * (1 - timber.Sample(x - 5, y - 9));
+        return Max(0.8f * edge, 0.34f * face);
+    }),
+                 [](float x, float) {
+                     return Mix(Mix(palette::Rust, palette::Ochre, 0.5f), RimAt(x) * 0.55f, IsUnlit(x));
+                 });
+    grain.Multiply(timber).By([](float x, float) { return Mix(1, 0.4f, IsUnlit(x)); });
     canvas.Cover(grain, Mix(palette::Ochre, palette::Slate, 0.4f), 0.42f);
-    posts.By([](float x, float) { return IsUnlit(x); }).Subtract(plinth).Subtract(Roof());
+    posts.Subtract(plinth).Subtract(RoofPatch()).By([](float x, float) {
+        return IsUnlit(x) * (1 - IsByLamp(x));
+    });
     canvas.Cover(
         posts, [](float x, float) { return RimAt(x); }, 0.96f);
+    // The wall that the lamp shines on goes into the dark at its corners: of one that is seen edge-on little is left, and
+    // light there would be a stair of bright steps.
+    canvas.Cover(Mask(Side, Side, 0, true).Each([](float x, float) {
+        const float corner = Min(x - 3 * WallWidth, Size - x);
+        return IsByLamp(x) * Smooth(44, 12, corner);
+    }),
+                 palette::Ink * 0.4f, 0.93f);
     edges.Subtract(wood).Subtract(plinth);
     canvas.Cover(edges, palette::Ink, 0.9f);
     canvas.Cover(wood, [&](float x, float y) {
@@ -405,9 +358,9 @@ Canvas HouseWalls()
                (0.50f + 0.25f * noise.trowel.Fbm(x / 4, y / 40, 3));
     });
     canvas.Cover(doors, palette::Ink, 0.92f);
-    LightBack(canvas, paper);
+    LightWindows(canvas, paper);
     PaintRoofLines(canvas, paper);
-    PaintRoof(canvas, dice);
+    PaintRoof(canvas);
     paper.Show(canvas, 0.6f);
     Canvas front = canvas.Crop(2 * int(WallWidth), 0, int(WallWidth), Side);
     AllowForMist(front, FrontLight);

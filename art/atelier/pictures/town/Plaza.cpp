@@ -162,12 +162,11 @@ static LinearColour GroundAt(Vector2 g)
                hearth);
 }
 
-// 1 in the pillars' shadows, falling off beside them: hardly at their feet, over two units at their ends.
+// 1 in the pillars' shadows, falling off beside them: sharply at their feet, over four units at their ends, as the shadow
+// of a fire that is as wide as a tree does.
 static float ShadowAt(Vector2 g)
 {
-    static const Noise frayed(335), torn(336);
-    const float fray =
-        0.8f * frayed.Fbm(g.x / 1.3f, g.y / 1.3f, 3) + 0.3f * torn.Gradient(g.x / 0.3f, g.y / 0.3f);
+    static const Noise uneven(335);
     float dark = 0;
     for (const PillarShadow& shadow : Shadows) {
         const float along = g.x * Cos(shadow.round) + g.y * Sin(shadow.round) - RingRadius;
@@ -177,8 +176,9 @@ static float ShadowAt(Vector2 g)
         const float beside = Max(near - aside, aside - far);
         const float beyond = Max(along - shadow.length, -1 - along);
         const float outside = Length({Max(beside, 0), Max(beyond, 0)});
-        const float soft = (0.7f + 1.7f * t) * (1 + fray);
-        dark = Max(dark, Smooth(soft, 0.12f * soft, outside));
+        const float soft = (0.8f + 3.4f * t) * (1 + 0.25f * uneven.Fbm(g.x / 2.4f, g.y / 2.4f, 2));
+        const float lit = Clamp((outside - 0.10f) / soft);
+        dark = Max(dark, 1 - lit * (2 - lit));
     }
     return dark;
 }
@@ -213,17 +213,21 @@ static void DrawFurrowsAround(Canvas& canvas, Dice& dice)
     canvas.Cover(stubble, Mix(palette::Parchment, palette::Slate, 0.45f), 0.34f);
 }
 
-// The fire lights the ground, less with distance, and the pillars stand in its light.
+// The fire lights the ground, warmly about it and less with distance, and the pillars stand in its light.
 static void DarkenGround(Canvas& canvas)
 {
-    canvas.Tone(Mask(Side, Side)
-                    .Each(
-                        [](float x, float y) {
-                            const Vector2 g = FromMiddle(x, y);
-                            return Max(Smooth(34, 6, Length(g)), Smooth(-16, -30, g.x));
-                        },
-                        4),
-                0.34f, 1);
+    const Mask shadow = Mask(Side, Side).Each([](float x, float y) { return ShadowAt(FromMiddle(x, y)); }, 2);
+    constexpr LinearColour FireLight = {1.45f, 1.05f, 0.66f}, MoonLight = {0.86f, 0.96f, 1.12f};
+    for (int y = 0; y < Side; y++)
+        for (int x = 0; x < Side; x++) {
+            const Vector2 g = FromMiddle(float(x) + 0.5f, float(y) + 0.5f);
+            const float field = Smooth(-16, -30, g.x); // where the field's picture goes on
+            const float far = Mix(1, Mix(0.32f, 1, Smooth(32, 9, Length(g))), 1 - field);
+            const LinearColour light =
+                Mix(Mix(MoonLight, FireLight, Smooth(15, 3, Length(g))), LinearColour{1, 1, 1}, field) * far;
+            Pixel& p = canvas.At(x, y);
+            p = {p.r * light.r, p.g * light.g, p.b * light.b, p.a};
+        }
     // What lies on the far side of the camera's round, whose middle is ten units to the right, is seen through mist.
     canvas.Cover(Mask(Side, Side)
                      .Each(
@@ -233,34 +237,30 @@ static void DarkenGround(Canvas& canvas)
                          },
                          4),
                  NightBehind);
-    const Mask shadow = Mask(Side, Side).Each([](float x, float y) { return ShadowAt(FromMiddle(x, y)); }, 2);
-    // Drawn in strokes that end anywhere: long ones along the furrows, and short ones across them nearer the dark.
-    struct Layer {
-        float width, angle, spacing, length, faintest, fullest; // the last two of the shadow
-    };
-    constexpr Layer Layers[] = {{1.9f, 0.04f, 5, 110, 0.02f, 0.7f},
-                                {1.6f, 0.50f, 6, 40, 0.12f, 0.8f},
-                                {1.8f, -0.35f, 7, 24, 0.30f, 0.9f},
-                                {2.6f, 0.12f, 6, 60, 0.45f, 0.9f}};
-    const Noise ends(341);
-    uint32_t seed = 342;
+    // The pen follows the light outwards, closer where it is darker.
     Mask ink(Side, Side);
-    for (const Layer& layer : Layers) {
-        Pen pen(ink, SketchPaper(), {.width = layer.width, .wobble = 1, .wave = 30, .skip = 0.35f}, seed);
-        Hatch(pen, Mask(shadow).Each([&](float x, float y) {
-            const float s = shadow.At(Floor(x), Floor(y));
-            const float stray = 0.25f * ends.Fbm(x / 26 + float(seed), y / 26, 3);
-            return s < 0.97f ? Smooth(layer.faintest, layer.fullest, s + stray) : 0;
-        }),
-              {.angle = layer.angle,
-               .spacing = layer.spacing,
-               .length = layer.length,
-               .uneven = 0.6f,
-               .bend = 10},
-              seed + 1);
-        seed += 2;
+    Pen pen(ink, SketchPaper(), {.width = 1.5f, .wobble = 0.8f, .wave = 60, .skip = 0.25f}, 342);
+    Dice dice(343);
+    for (const PillarShadow& bar : Shadows) {
+        const Vector2 out = {Cos(bar.round), Sin(bar.round)}, side = {-out.y, out.x};
+        for (int i = 0; i < 420; i++) {
+            const float from = RingRadius + bar.length * dice.Unit(), aside = dice.Range(-6.5f, 6.5f);
+            Line line;
+            for (float d = 0; d < 3.5f; d += 0.1f) {
+                const Vector2 g = out * (from + d) + side * aside;
+                const Vector2 at = {Middle + g.x * PerUnit, Middle - g.y * PerUnit};
+                if (at.x < 1 || at.y < 1 || at.x > Size - 2 || at.y > Size - 2)
+                    break;
+                const float s = shadow.Sample(at.x, at.y);
+                if (s < 0.12f + 0.5f * Abs(Fraction(float(i) * 0.618f) - 0.5f) || s > 0.97f)
+                    break;
+                line.push_back(at);
+            }
+            if (line.size() > 6)
+                pen.Stroke(line, {.start = 0.1f, .middle = 0.9f, .end = 0});
+        }
     }
-    canvas.Cover(ink, palette::Ink * 0.35f, 0.8f);
+    canvas.Cover(ink, palette::Ink * 0.35f, 0.5f);
     canvas.Tone(Mask(shadow).Each([&](float x, float y) { return 1 - shadow.At(Floor(x), Floor(y)); }), 0.02f,
                 1);
 }

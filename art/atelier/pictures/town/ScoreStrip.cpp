@@ -264,7 +264,7 @@ static void PaintPaper(Canvas& canvas)
         const float x = column / Fine, y = line / Fine;
         const float t = 0.5f + 0.7f * stain.Fbm(x / W * 8, y / H * 2, 5);
         const float rim = Smooth(34, 4, Min(y, H - y));
-        return Mix(Mix(palette::Bone, palette::Parchment, Clamp(t)) * 0.86f,
+        return Mix(Mix(palette::Bone, palette::Parchment, Clamp(t)) * 0.78f,
                    Mix(palette::Ochre, palette::Rust, 0.4f), 0.45f * rim);
     });
 }
@@ -399,6 +399,26 @@ static void DrawBrokenChord(Quill& pen, int bar)
                  triad.sign[1]);
 }
 
+// What is drawn, as a pen on soft paper leaves it: wider edges along the way than across it. The picture is not mipmapped,
+// and far off, where one pixel in ten of it is seen, a hard line is a row of dots that jump.
+static void Soften(Mask& drawn)
+{
+    constexpr int Along = 2; // pixels to each side
+    constexpr float Across = 1.1f;
+    drawn.Blur(Across);
+    const Mask sharp = drawn;
+    for (int y = 0; y < Height; y++) {
+        float sum = 0;
+        for (int x = -Along; x < Along; x++)
+            sum += sharp.At(Wrap(x, Width), y);
+        for (int x = 0; x < Width; x++) {
+            sum += sharp.At(Wrap(x + Along, Width), y);
+            drawn.At(x, y) = Max(0, sum) / float(2 * Along + 1);
+            sum -= sharp.At(Wrap(x - Along, Width), y);
+        }
+    }
+}
+
 Canvas ScoreStrip()
 {
     const Paper& paper = SketchPaper();
@@ -406,7 +426,7 @@ Canvas ScoreStrip()
     PaintPaper(canvas);
     Mask ruled(Width, Height, 0, true), ink(Width, Height, 0, true);
     Quill lines(ruled, paper,
-                {.width = 1.25f,
+                {.width = 1.6f,
                  .least = 0.6f,
                  .wobble = 0,
                  .wave = 90,
@@ -426,7 +446,9 @@ Canvas ScoreStrip()
         DrawChord(pen, bar);
         DrawBrokenChord(pen, bar);
     }
-    canvas.Cover(ruled, palette::Ink, 0.82f);
+    Soften(ruled);
+    Soften(ink);
+    canvas.Cover(ruled, Mix(palette::Slate, palette::Rust, 0.45f), 0.62f);
     canvas.Cover(ink, palette::Ink, 0.96f);
     paper.Show(canvas, 0.4f);
     AllowForMist(canvas);

@@ -133,11 +133,26 @@ TEST(FX_PathPictures, TheUnlitWallsOfTheHousesGoFromBlackToWhite)
             }
         EXPECT_GE(dark, 256 * 420 / 8) << left;
         EXPECT_GE(bright, 256 * 420 / 3) << left;
-        // The post at the corner, and the ridge.
-        const int x = left == 768 ? 772 : left + 4;
-        EXPECT_GE(At(walls, x, 450, 0), 210) << left;
-        EXPECT_GE(At(walls, left + 128, 258, 0), 200) << left;
+        EXPECT_GE(At(walls, left + 128, 258, 0), 200) << "the ridge " << left;
     }
+    for (const int left : {0, 256})
+        EXPECT_GE(At(walls, left + 4, 450, 0), 210) << "the post at the corner " << left;
+}
+
+// It is seen edge-on, one or two pixels wide, on walls that bend: what is bright there is a stair.
+TEST(FX_PathPictures, TheWallThatTheLampShinesOnGoesIntoTheDarkAtItsCorners)
+{
+    const Raster walls = LoadPicture("budentextur.jpg");
+    ASSERT_EQ(1024, walls.width);
+    for (int y = 320; y < 720; y++)
+        for (int from = 0; from < 10; from++)
+            for (const int x : {768 + 2 + from, 1023 - from})
+                ASSERT_LE(At(walls, x, y, 0), 100) << x << ' ' << y;
+    double middle = 0;
+    for (int y = 540; y < 720; y++)
+        for (int x = 820; x < 870; x++)
+            middle += At(walls, x, y, 0) / (180.0 * 50);
+    EXPECT_GE(middle, 200);
 }
 
 // The show lays opaque black on the ground there, with edges like a ruler's.
