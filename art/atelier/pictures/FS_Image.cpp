@@ -207,7 +207,7 @@ static void PaintHer(Canvas& canvas, const Paper& paper)
     const Mask throat = Mask(W, H).Each(
         [](float x, float y) {
             return Max(Smooth(38, 20, Length(Vector2{x, y} - Vector2{764, 380})),
-                       Smooth(30, 14, Length(Vector2{x, y} - Vector2{736, 340})));
+                       Smooth(34, 20, Length(Vector2{x, y} - Vector2{746, 338})));
         },
         2);
     PaintBody(canvas, her,
@@ -226,15 +226,18 @@ static void PaintHer(Canvas& canvas, const Paper& paper)
     Mask side = dress;
     side.Subtract(Filled(W, H, Shape(Moved(body.outlines[0], {-22, -20}))).Blur(9));
     canvas.Glaze(side.Multiply(dress), palette::Rust, 0.55f);
+    // Her nape is turned from the sun, too.
+    canvas.Glaze(Filled(W, H, Limb(Through({{802, 395}, {778, 391}, {750, 401}}), 3, 6, 6)).Blur(3.5f),
+                 Mix(palette::Rust, palette::Ochre, 0.45f), 0.6f);
     InkContours(canvas, paper,
                 {{Part(Through(HerFront), 0.05f, 0.72f), 4},
                  {Part(Through(HerBack), 0, 0.99f), 4},
                  {Through({{662, 331}, {672, 358}, {690, 394}, {712, 414}, {726, 424}}), 3.2f}, // neckline
-                 {Through({{700, 336}, {716, 340}, {730, 352}}), 2.2f}, // before the far arm
-                 {Through({{748, 368}, {738, 372}, {718, 366}}), 2.4f}, // the collarbones
-                 {Through({{752, 360}, {748, 350}, {736, 338}}), 2},
+                 {Through({{700, 336}, {716, 340}, {730, 352}}), 2.2f},             // before the far arm
+                 {Through({{756, 364}, {742, 370}, {726, 367}, {710, 373}}), 2.4f}, // the collarbones
+                 {Through({{758, 358}, {753, 349}, {744, 343}}), 1.8f},
                  {Through({{800, 366}, {776, 373}, {756, 366}}), 2}, // the sinew of the throat
-                 {Through({{797, 404}, {778, 401}, {758, 407}, {738, 422}}), 2.8f}}, // the nape
+                 {Through({{797, 402}, {777, 396}, {757, 400}, {737, 416}}), 2.8f}}, // the nape
                 0.25f, 93);
 }
 
@@ -246,7 +249,7 @@ static void PaintHim(Canvas& canvas, const Paper& paper)
     const Mask him = Filled(W, H, coat).Shake(2, 40, 31);
     // The coat hangs before the leg that pushes and throws its shadow on it.
     Mask cast = Filled(W, H, Shape(Moved(coat.outlines[0], {7, 15}))).Blur(5);
-    cast.Multiply(Filled(W, H, Limb(Through(HisPush), 62, 31, 16)).Blur(1));
+    cast.Multiply(Filled(W, H, Round(PushingLeg)).Blur(1));
     canvas.Cover(cast, DarkInk, 0.8f);
     PaintFigure(canvas, paper, him, Coat, Earth, 34);
     DrawFurrows(canvas, paper, HisBack, HisFront, 10, 12, him, Clay, palette::Ink, 35);

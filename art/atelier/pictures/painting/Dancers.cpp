@@ -13,7 +13,7 @@ const std::vector<Vector2> HisBack   = {{470, 252}, {424, 258}, {380, 284}, {352
 const std::vector<Vector2> HisFront  = {{508, 272}, {542, 290}, {562, 330}, {556, 384}, {540, 440}, {536, 500}, {500, 538}, {430, 560}, {350, 596}, {246, 654}};
 // Her: the line from her lap over breast and throat, and the line of her back from his knee to her nape.
 const std::vector<Vector2> HerFront  = {{484, 540}, {524, 508}, {560, 474}, {582, 440}, {590, 408}, {604, 370}, {636, 340}, {676, 330}, {714, 338}, {748, 352}};
-const std::vector<Vector2> HerBack   = {{584, 604}, {622, 594}, {650, 566}, {660, 532}, {660, 498}, {676, 468}, {704, 444}, {734, 422}, {758, 406}};
+const std::vector<Vector2> HerBack   = {{584, 604}, {622, 594}, {650, 566}, {660, 532}, {660, 498}, {676, 468}, {704, 443}, {732, 419}, {757, 399}};
 // Her skirt, from the waist: its upper border, that is the horizon of the fields, and its left one.
 const std::vector<Vector2> FieldTop  = {{560, 606}, {640, 638}, {760, 628}, {900, 622}, {1070, 596}, {2000, 470}};
 const std::vector<Vector2> FieldLeft = {{470, 548}, {430, 590}, {402, 630}, {396, 664}, {366, 744}, {270, 880}, { 110, 1060}, {-300, 1500}};
@@ -35,7 +35,7 @@ const std::vector<Vector2> HisFace = OnHisHead(
      {94, 85}, {97, 93},  {90, 102}, {74, 102}, {58, 98},  {56, 108}, {60, 126}, {20, 126}, {15, 98}, {4, 68}, {3, 36}, {20, 8}});
 const std::vector<Vector2> HerFace = OnHerHead(
     {{50, 0},  {26, 8},  {14, 22}, {9, 34},  {11, 42}, {2, 52},  {-7, 59}, {3, 64},  {0, 69},   {5, 73},  {1, 78},  {7, 84},
-     {4, 92},  {9, 99},  {24, 101}, {38, 104}, {48, 113}, {54, 128}, {58, 150}, {108, 150}, {96, 116}, {92, 92}, {97, 64}, {97, 36}, {80, 8}});
+     {4, 92},  {9, 99},  {24, 101}, {38, 104}, {48, 113}, {54, 128}, {64, 162}, {110, 162}, {96, 116}, {92, 92}, {97, 64}, {97, 36}, {80, 8}});
 // clang-format on
 
 // A head of a size, turned by `turned` radians about its neck, that is at a place.

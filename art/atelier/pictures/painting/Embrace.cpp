@@ -164,7 +164,7 @@ void PaintHerHold(Canvas& canvas)
                            .lean = -8,
                            .roll = -106,
                            .fingers = {{-5, 10, 16, 8}, {-1, 12, 18, 10}, {3, 14, 20, 10}, {6, 18, 26, 12}},
-                           .thumb = {{0.52f, 0.84f, 0.16f}, {0.24f, 0.96f, 0.12f}, {0.08f, 0.99f, 0.10f}},
+                           .thumb = {{0.74f, 0.66f, 0.12f}, {0.56f, 0.83f, 0.04f}, {0.40f, 0.92f, 0.02f}},
                            .nail = {0.1f, -0.3f, 0.95f},
                            .pad = {},
                            .lift = 0,
@@ -186,7 +186,6 @@ void PaintHerHold(Canvas& canvas)
     Mask lines(W, H);
     Pen pen(lines, SketchPaper(), {.width = 2.4f, .wobble = 0.5f, .skip = 0.1f}, 148);
     pen.Stroke(Through({{664, 405}, {684, 416}, {706, 416}, {720, 408}}), {0.1f, 0.9f, 0}); // the armpit
-    pen.Stroke(Through({{694, 362}, {712, 358}, {728, 364}}), {0.1f, 0.7f, 0}); // the round of the shoulder
     canvas.Cover(lines, DarkInk, 0.7f);
 }
 
