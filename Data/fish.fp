@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: CC-BY-4.0
-// A wet skin under a cold light from above and a faint warm one from below.
+// A wet skin under a cold light from above and a faint warm one from below, fins that the night is seen through, a fire
+// in the tail as dry strokes of a brush, and the night behind it all.
 #version 120
 
 uniform sampler2D sampler0;
-uniform float vtxColor; // brightness of the whole fish, 0 to 1
+uniform float vtxColor; // brightness of the whole picture, 0 to 1
+uniform float fTime0_X; // seconds
 
 varying vec3 normal;
 varying vec3 toEye;
 varying vec3 toTail;
 varying vec2 skinCoord;
+varying vec3 sight;
+varying vec3 hearth;
+varying float seen;
+varying vec4 stroke;
 
 // Which tile of the texture a face lies in says what it is made of.
 varying float material;
@@ -16,12 +22,15 @@ const float flesh = 1.0;
 const float bone = 2.0;
 const float membrane = 3.0;
 const float eyeball = 4.0;
+const float fire = 5.0;
+const float night = 6.0;
 
 const vec3 coldLight = vec3(0.74, 0.86, 1.0);
 const vec3 warmLight = vec3(0.94, 0.62, 0.30);
 const vec3 fromAbove = vec3(-0.34, 0.66, 0.67);
 const vec3 fromBelow = vec3(0.50, -0.78, 0.37);
 
+const float strokeSpeed = 8.5; // of the tail, radians a second; see fish.vp
 const float dimming = 0.5; // the power of the brightness
 
 bool is(float kind) { return abs(material - kind) < 0.5; }
@@ -30,6 +39,81 @@ float lit(vec3 n, vec3 toLight, float through)
 {
     float facing = dot(n, toLight);
     return max(facing, 0.0) + through * max(-facing, 0.0);
+}
+
+// Without any pattern: made of a place's column and row, which neighbours share.
+vec2 Mixed(vec2 cell) { return 50.0 * fract(cell * 0.3183099 + vec2(0.71, 0.113)); }
+float Hashed(float column, float row) { return fract(column * row * (column + row)); }
+
+// A soft noise with features of about one unit.
+float Tooth(vec2 place)
+{
+    vec2 cell = floor(place);
+    vec2 part = place - cell;
+    part = part * part * (3.0 - 2.0 * part);
+    vec2 low = Mixed(cell);
+    vec2 high = Mixed(cell + 1.0);
+    return mix(mix(Hashed(low.x, low.y), Hashed(high.x, low.y), part.x),
+               mix(Hashed(low.x, high.y), Hashed(high.x, high.y), part.x), part.y);
+}
+
+const vec3 zenith = vec3(0.020, 0.028, 0.070);
+const vec3 nightBlue = vec3(0.105, 0.130, 0.250);
+const vec3 mist = vec3(0.30, 0.34, 0.44);
+const vec3 water = vec3(0.030, 0.042, 0.090);
+const vec3 emberLight = vec3(0.62, 0.22, 0.05); // of the fire itself, where no tongue is drawn
+const float emberSize = 0.43;                    // units of the mesh
+const float skyline = -0.13; // height of the horizon, as a sine
+
+// A night over water, in washes: banks of cloud, a few stars, a skyline, and below it strokes of light on the waves. The
+// fire is seen in the vapour around it and in the water below.
+vec3 Night()
+{
+    vec3 way = normalize(sight);
+    float turn = atan(way.x, way.z);
+    vec3 ahead = -normalize(vec3(gl_ModelViewMatrix[0].z, 0.0, gl_ModelViewMatrix[2].z));
+    float height = way.y - skyline * dot(way, ahead);
+    float up = max(height, 0.0);
+    float down = max(-height, 0.0);
+
+    vec2 drift = vec2(2.6 * turn + 0.02 * fTime0_X, 11.0 * up / (0.35 + up));
+    float large = Tooth(drift + 3.7);
+    float vapour = 0.55 * large + 0.30 * Tooth(2.3 * drift + large) + 0.15 * Tooth(vec2(4.0, 7.0) * drift);
+    float bank = smoothstep(0.40, 0.72, vapour);
+    float rim = bank * (1.0 - smoothstep(0.55, 0.75, vapour)); // pigment pools at the edge of a wash
+    vec3 sky = mix(nightBlue, zenith, smoothstep(0.0, 0.62, up));
+    sky = mix(sky, 0.62 * mist, (0.55 * bank - 0.25 * rim) * (1.0 - 0.75 * smoothstep(0.0, 0.7, up)));
+
+    vec2 field = vec2(34.0 * turn, 34.0 * height);
+    vec2 cell = floor(field);
+    vec2 key = Mixed(cell);
+    float chance = Hashed(key.x, key.y);
+    vec2 spot = field - cell - 0.25 - 0.5 * vec2(fract(17.0 * chance), fract(59.0 * chance));
+    float star = step(0.90, chance) * smoothstep(0.085, 0.0, length(spot)) * fract(113.0 * chance);
+    sky += star * (1.0 - bank) * smoothstep(0.02, 0.25, up) * vec3(0.62, 0.66, 0.70);
+
+    // The waves: lines of a pen that lie level, broken, and too fine to be told apart towards the skyline. They pass away
+    // below, as the fish flies.
+    float aside = turn - atan(hearth.x, hearth.z);
+    float near = 0.55 / (down + 0.004);
+    vec2 swell = near * vec2(dot(way, vec3(ahead.z, 0.0, -ahead.x)), 1.0) + vec2(0.0, -4.0 * fTime0_X);
+    float wave = 0.66 * Tooth(vec2(0.20, 0.95) * swell) + 0.34 * Tooth(vec2(0.55, 2.4) * swell + 7.3);
+    float contour = abs(fract(3.0 * wave + 0.3) - 0.5);
+    float broken = Tooth(vec2(0.45, 1.7) * swell + 5.0);
+    float crest = smoothstep(0.02 + 0.20 * broken, 0.05 * broken, contour) * smoothstep(0.40, 0.68, broken);
+    float blended = smoothstep(10.0, 34.0, near);
+    crest = mix(crest, 0.20, blended) * smoothstep(0.0, 0.012, down);
+    float path = exp(-34.0 * aside * aside);
+    vec3 sea = mix(nightBlue * 0.85, water, smoothstep(0.0, 0.13, down)) * (0.8 + 0.4 * wave);
+    sea += crest * (0.26 * mist + 0.62 * warmLight * path * smoothstep(0.42, 0.05, down));
+    vec3 scene = mix(sky, sea, smoothstep(0.0015, -0.0015, height));
+    float away = length(hearth);
+    float off = acos(clamp(dot(way, hearth) / away, -1.0, 1.0));
+    float ember = off * away / emberSize;
+    scene += emberLight * exp(-ember * ember);
+    scene += vec3(0.16, 0.075, 0.022) * exp(-9.0 * off * off) * (0.55 + 0.75 * vapour);
+    scene *= 0.94 + 0.12 * Tooth(0.52 * gl_FragCoord.xy); // the paper's grain
+    return seen * scene;
 }
 
 void main()
@@ -43,6 +127,7 @@ void main()
     float gloss = 42.0;
     float wet = 0.25 + 0.7 * dot(colour, vec3(0.30, 0.59, 0.11)); // how much it mirrors: scales, not gaps
     float through = 0.0; // of the light from the other side
+    float cover = 1.0;   // of what lies behind
     if (is(flesh)) {
         colour = mix(vec3(0.34, 0.10, 0.07), vec3(0.05, 0.01, 0.02), skinCoord.s - flesh);
         wet = 0.12;
@@ -51,7 +136,8 @@ void main()
         wet = 0.4;
     } else if (is(membrane)) {
         // No scales here: the skin's colours spread wide. A spine stands at every tenth of the tile, bone-pale between
-        // two strokes of ink; finer rays fork in the gaps; the edge is drawn in ink, as a pen would end it.
+        // two strokes of ink; finer rays fork in the gaps. The membrane thins out to its edge, where the night shows
+        // through it, and at its root lies the body's shadow.
         float reach = skinCoord.t; // 0 at the body
         float between = abs(fract(10.0 * skinCoord.s + 0.5) - 0.5); // 0 on a spine, 0.5 in the middle of a gap
         float thin = 1.0 - 0.55 * reach;
@@ -59,13 +145,16 @@ void main()
         float ink = (1.0 - smoothstep(0.12 * thin, 0.22 * thin, between)) * (1.0 - spine);
         float fork = abs(between - 0.5 + 0.22 * smoothstep(0.35, 1.0, reach));
         float ray = (1.0 - smoothstep(0.03, 0.07, fork)) * smoothstep(0.12, 0.5, reach);
-        float edge = smoothstep(0.85, 0.91, reach + 0.03 * sin(61.0 * skinCoord.s));
+        float uneven = Tooth(vec2(60.0 * skinCoord.s, 5.0 * reach));
+        float edge = smoothstep(0.72, 0.93, reach + 0.10 * (uneven - 0.5));
         vec3 skin = texture2D(sampler0, 0.15 * skinCoord).rgb;
-        colour = mix(mix(skin, vec3(0.78, 0.46, 0.17), 0.65) * (1.25 - 0.55 * reach), vec3(0.09, 0.06, 0.07),
-                     max(max(0.8 * ink, 0.6 * ray), 0.85 * edge));
-        colour = mix(colour, vec3(0.86, 0.72, 0.50) * (1.0 - 0.5 * reach), 0.85 * spine * (1.0 - edge));
-        through = 0.9 * (1.0 - 0.5 * max(spine, max(ink, edge)));
+        colour = mix(mix(skin, vec3(0.78, 0.46, 0.17), 0.65) * (1.25 - 0.45 * reach), vec3(0.09, 0.06, 0.07),
+                     max(0.8 * ink, 0.6 * ray));
+        colour = mix(colour, vec3(0.86, 0.72, 0.50) * (1.0 - 0.4 * reach), 0.85 * spine);
+        colour *= 0.35 + 0.65 * smoothstep(0.04, 0.26, reach);
+        through = 0.9 * (1.0 - 0.5 * max(spine, ink));
         wet = 0.2;
+        cover = mix(1.0, 0.66 + 0.34 * max(spine, max(ink, ray)), smoothstep(0.15, 0.6, reach)) * (1.0 - edge);
     } else if (is(eyeball)) {
         gloss = 160.0;
         wet = 1.0;
@@ -80,6 +169,30 @@ void main()
 
     vec3 light = colour * (0.18 + 1.30 * cold * coldLight + 0.5 * warm * warmLight + 1.2 * glow * warmLight);
     light += wet * (shine * coldLight + rim * (0.55 * coldLight + 0.5 * glow * warmLight));
+
+    light += 0.35 * through * colour; // what shines through a fin from all sides
+
+    vec3 behind = Night();
+    if (is(fire)) {
+        // Bristles: each carries paint for its own way, and runs dry towards the tip and the sides.
+        float along = stroke.y;
+        float side = abs(stroke.x);
+        float hair = 8.0 * stroke.x + 29.0 * stroke.z;
+        float flow = 7.0 * along - 1.5 * strokeSpeed * fTime0_X + 9.0 * Tooth(vec2(0.6 * hair, 3.0 * along));
+        float bristle = 0.40 * Tooth(vec2(3.0 * stroke.x + 13.0 * stroke.z, 2.0 * along)) +
+                        0.40 * Tooth(vec2(hair, 0.8 * along)) + 0.20 * (0.5 + 0.5 * sin(flow));
+        float load = 1.25 - 1.0 * along - 0.5 * smoothstep(0.7, 0.95, along) - 0.75 * side * side;
+        cover = smoothstep(0.0, 0.45, load - bristle) * smoothstep(0.0, 0.16, along) * smoothstep(0.1, 0.6, stroke.w);
+        float heat = clamp(1.5 * (load - bristle) - 0.25 * along, 0.0, 1.0);
+        light = mix(vec3(0.86, 0.27, 0.04), vec3(1.10, 0.62, 0.15), smoothstep(0.0, 0.5, heat));
+        light = mix(light, vec3(1.25, 1.0, 0.52), smoothstep(0.45, 1.0, heat));
+        behind += vec3(0.50, 0.15, 0.03) * (1.0 - 0.6 * along);
+    }
+    if (is(night))
+        cover = 0.0;
+    else if (cover < (is(fire) ? 0.30 : 0.12))
+        discard;
+    light = mix(behind, light, cover);
     // In the dark it still glimmers: the fish that is in your face for half a second is seen while it goes.
     gl_FragColor = vec4(light * pow(vtxColor, dimming), 1.0);
 }

@@ -51,7 +51,7 @@ static const int columns = 4 * quarter; // round the body
 static const int headRows = 16;         // from the lips to where the rows stand upright
 static const float headEndZ = -0.54f;
 static const int trunkRows = 30; // from there to the root of the tail fin
-static const int mouthRows = 5;  // from the lips to the throat
+static const int mouthRows = 4;  // from the lips to the throat
 
 static const float lipThickness = 0.020f;
 

@@ -136,27 +136,27 @@ static const std::vector<Spine> pectoralSpines = {
     { {0.082f, -0.090f, -0.366f}, {0.150f, -0.165f, -0.100f} },
 };
 static const std::vector<Spine> pelvicSpines = {
-    { {0.030f, -0.090f, -0.080f}, {0.095f, -0.235f,  0.010f} },
-    { {0.028f, -0.090f, -0.060f}, {0.100f, -0.215f,  0.070f} },
-    { {0.026f, -0.088f, -0.040f}, {0.078f, -0.170f,  0.085f} },
-    { {0.024f, -0.086f, -0.020f}, {0.052f, -0.130f,  0.080f} },
+    { {0.030f, -0.090f, -0.080f}, {0.185f, -0.200f,  0.000f} },
+    { {0.028f, -0.090f, -0.060f}, {0.210f, -0.190f,  0.065f} },
+    { {0.026f, -0.088f, -0.040f}, {0.172f, -0.162f,  0.105f} },
+    { {0.024f, -0.086f, -0.020f}, {0.112f, -0.132f,  0.105f} },
 };
 // clang-format on
 
 void AddFins(Mesh* mesh)
 {
     const Vector3 sideways(1.0f, 0.0f, 0.0f);
-    AddFin(mesh, Upright(dorsalRays, true), 4, 0.22f, 0.10f, sideways, 10);
-    AddFin(mesh, Upright(secondDorsalRays, true), 3, 0.18f, 0.10f, sideways, 12);
-    AddFin(mesh, Upright(analRays, false), 3, 0.20f, 0.10f, sideways, 14);
-    AddFin(mesh, tailSpines, 6, 0.12f, 0.0f, sideways, 16);
+    AddFin(mesh, Upright(dorsalRays, true), 4, 0.14f, 0.10f, sideways, 10);
+    AddFin(mesh, Upright(secondDorsalRays, true), 3, 0.10f, 0.10f, sideways, 12);
+    AddFin(mesh, Upright(analRays, false), 3, 0.10f, 0.10f, sideways, 14);
+    AddFin(mesh, tailSpines, 4, 0.07f, 0.0f, sideways, 16);
 
     const Vector3 upRight = Normalized(Vector3(0.45f, 0.86f, -0.12f));
     const Vector3 upLeft(-upRight.x, upRight.y, upRight.z);
-    AddFin(mesh, pectoralSpines, 5, 0.14f, 0.06f, upRight, 18);
-    AddFin(mesh, Mirrored(pectoralSpines), 5, 0.14f, 0.06f, upLeft, 20);
-    AddFin(mesh, pelvicSpines, 3, 0.16f, 0.06f, Vector3(0.9f, 0.4f, 0.0f), 22);
-    AddFin(mesh, Mirrored(pelvicSpines), 3, 0.16f, 0.06f, Vector3(-0.9f, 0.4f, 0.0f), 24);
+    AddFin(mesh, pectoralSpines, 5, 0.05f, 0.06f, upRight, 18);
+    AddFin(mesh, Mirrored(pectoralSpines), 5, 0.05f, 0.06f, upLeft, 20);
+    AddFin(mesh, pelvicSpines, 3, 0.06f, 0.06f, Vector3(0.45f, 0.86f, 0.0f), 22);
+    AddFin(mesh, Mirrored(pelvicSpines), 3, 0.06f, 0.06f, Vector3(-0.45f, 0.86f, 0.0f), 24);
 }
 
 } // namespace fishmesh

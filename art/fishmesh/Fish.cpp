@@ -3,6 +3,7 @@
 
 #include "art/fishmesh/Body.h"
 #include "art/fishmesh/Fins.h"
+#include "art/fishmesh/Flame.h"
 #include "art/fishmesh/Lids.h"
 #include "art/fishmesh/Mesh.h"
 #include "art/fishmesh/Teeth.h"
@@ -26,6 +27,8 @@ Model MakeFish()
     AddLids(&mesh);
     AddFins(&mesh);
     AddTeeth(&mesh);
+    AddFlame(&mesh);
+    AddNight(&mesh);
     mesh.Enlarge(sizeInShow, ropeHold);
     return mesh.ToModel("fish");
 }

@@ -21,7 +21,9 @@ enum Surface {
     Flesh = 1, // lips and the inside of the mouth
     Bone = 2,  // teeth
     Membrane = 3,
-    Eyeball = 4
+    Eyeball = 4,
+    Fire = 5,
+    Night = 6
 };
 
 Vector3 Cross(const Vector3& a, const Vector3& b);

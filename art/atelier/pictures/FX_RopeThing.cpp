@@ -3,6 +3,8 @@
 #include "art/atelier/Pictures.h"
 #include "art/atelier/Wash.h"
 
+#include <iterator>
+
 namespace atelier
 {
 
@@ -29,19 +31,36 @@ static float GillAt(float y)
 struct FishScale {
     float u, v; // across -1 to 1, and 0 to 1 at the free edge, which looks to the tail
     float name; // a random number
+    float size; // 1 for the largest
 };
+
+// A net of scales, each so wide along the body, and so tall.
+struct ScaleNet {
+    float wide, tall;
+};
+// Large ones on the back and the flanks, small ones on the belly, and between them a band that leads over.
+static const ScaleNet nets[] = {{21, 62}, {14, 38}, {9.5f, 24}, {6.5f, 15}};
+static const int netCount = int(std::size(nets));
+static const float netEnds[] = {325, 392, 448}; // how far down all but the last one reach
 
 static FishScale ScaleAt(float x, float y, const SkinNoise& noise)
 {
-    const float wide = 21, tall = 62;
     const float bent = y + 12 * noise.bend.Fbm(x / 120, y / 120, 2);
-    // A scale nearer the head lies over the next.
-    for (int column = Floor(x / wide) - 1;; column++) {
-        const float row = bent / tall + (Wrap(column, 2) == 0 ? 0.0f : 0.5f);
-        const float u = (row - float(Floor(row))) * 2 - 1;
-        const float v = (x - float(column) * wide) / (2 * wide);
-        if (v <= 1 - 0.5f * u * u)
-            return {u, v, noise.own.Value(float(column) * 3.7f, float(Floor(row)) * 5.3f)};
+    for (int net = 0;; net++) {
+        const auto& [wide, tall] = nets[net];
+        // A scale nearer the head lies over the next.
+        for (int column = Floor(x / wide) - 1;; column++) {
+            const float shift = Wrap(column, 2) == 0 ? 0.0f : 0.5f, row = bent / tall + shift;
+            const float u = (row - float(Floor(row))) * 2 - 1;
+            const float v = (x - float(column) * wide) / (2 * wide);
+            if (v > 1 - 0.5f * u * u)
+                continue;
+            // A net ends with whole scales.
+            if (net < netCount - 1 && (float(Floor(row)) + 0.5f - shift) * tall > netEnds[net])
+                break;
+            return {u, v, noise.own.Value(float(column) * 3.7f + 50 * float(net), float(Floor(row)) * 5.3f),
+                    wide / nets[0].wide};
+        }
     }
 }
 
@@ -64,7 +83,8 @@ static LinearColour ScalyColour(float x, float y, float v, const SkinNoise& nois
     skin = skin * (0.92f + 0.16f * Smooth(0.7f, 0.15f, edge)); // domed
     skin = Mix(skin, Mix(c, palette::Bone, 0.55f), 0.42f * Hill(0.17f, 0.10f, edge) * Smooth(0.15f, 0.5f, v));
     skin = Mix(skin, palette::Mist, 0.18f * Hill(0.17f, 0.10f, edge) * Smooth(0.3f, 0.1f, v));
-    skin = skin * (1 - 0.80f * Smooth(0.12f, 0.015f, edge));
+    skin =
+        skin * (1 - (0.45f + 0.35f * s.size) * Smooth(0.12f, 0.015f, edge)); // small scales have thin edges
     return skin * (1 - 0.75f * Smooth(26, 0, x - GillAt(y))); // in the shadow of the gill cover
 }
 
@@ -189,7 +209,7 @@ static void DrawFurrows(Pen& pen, Dice& dice)
     }
 }
 
-// Pen strokes darken the skull and the belly.
+// Pen strokes darken the skull.
 static void HatchSkin(Pen& pen, const SkinNoise& noise)
 {
     pen.nib.width = 2.4f;
@@ -200,26 +220,26 @@ static void HatchSkin(Pen& pen, const SkinNoise& noise)
                    : 0.0f;
     }),
           {.angle = 1.25f, .spacing = 9, .length = 70, .bend = 10}, 650);
-    pen.nib.width = 2.6f;
-    Hatch(pen, Mask(skinSide, skinSide).Each([&](float column, float line) {
-        const float x = column / fine, y = line / fine;
-        return x > GillAt(y) ? 0.55f * Smooth(415, 505, y) : 0.0f;
-    }),
-          {.angle = 1.35f, .spacing = 14, .length = 80}, 649);
 }
 
-// Plates across the belly, each a curve of ink with light behind it; from below, where both halves of the sheet meet, they
-// are the ribs of a boat.
-static void DrawBelly(Mask& pale, Pen& pen, const Paper& paper, Dice& dice)
+// The throat is folded: fine rays run back from the chin and spread to the edge of the gill cover, a light line beside
+// each, and pores lie between them.
+static void DrawThroat(Mask& pale, Pen& pen, const Paper& paper, Dice& dice)
 {
-    Pen light(pale, paper, {.width = 8, .wobble = 1.4f, .wave = 40, .skip = 0.1f, .dry = 0.3f}, 656);
-    for (float x = 150; x < 505; x += 15) {
-        const float top = 404 + dice.Range(-14, 14), lean = dice.Range(-2, 2);
-        const Line plate = Through({{x - 8, top}, {x + 4 + lean, top + 44}, {x + 16, 514}});
-        pen.nib.width = 4.5f;
-        pen.Stroke(Enlarged(plate), {.start = 0, .middle = 0.8f, .end = 1});
-        light.Stroke(Enlarged(Moved(plate, {5, 0})), {.start = 0, .middle = 0.7f, .end = 1});
+    Pen light(pale, paper, {.width = 3, .wobble = 1, .wave = 40, .skip = 0.2f, .dry = 0.3f}, 656);
+    for (int i = 0; i < 11; i++) {
+        const float part = float(i) / 10;
+        const float to = Mix(398, 506, part), from = Mix(452, 509, part);
+        const float reach = GillAt(to) - 6 + dice.Range(-5, 3);
+        const Line fold = Through({{26 + 18 * dice.Unit(), from},
+                                   {0.5f * reach, Mix(from, to, 0.35f) + dice.Range(-3, 3)},
+                                   {reach, to + dice.Range(-3, 3)}});
+        pen.nib.width = 2.6f;
+        pen.Stroke(Enlarged(fold), {.start = 0.1f, .middle = 0.9f, .end = 0.25f});
+        light.Stroke(Enlarged(Moved(fold, {0, 2.6f})), {.start = 0, .middle = 0.8f, .end = 0.1f});
     }
+    for (int i = 0; i < 70; i++)
+        pen.Dot(Vector2{dice.Range(24, 122), dice.Range(436, 508)} * fine, dice.Range(0.8f, 1.9f));
 }
 
 // The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
@@ -241,7 +261,7 @@ static Canvas FishSkin()
     DrawFurrows(pen, dice);
     HatchSkin(pen, noise);
     Mask pale(skinSide, skinSide);
-    DrawBelly(pale, pen, paper, dice);
+    DrawThroat(pale, pen, paper, dice);
     canvas.Light(pale, palette::Bone, 0.55f);
     canvas.Cover(ink, palette::Ink, 0.85f);
     paper.Show(canvas, 0.4f);

@@ -207,11 +207,13 @@ TEST_F(FishInData, HasAllItsMaterialsEachInATileOfItsOwn)
     std::map<int, int> faces;
     for (const ModelFace& face : fish.faces)
         ++faces[TileOf(fish, face)];
-    EXPECT_EQ(4u, faces.size());
+    EXPECT_EQ(6u, faces.size());
     EXPECT_GT(faces[fishmesh::Skin], 1500);
     EXPECT_GT(faces[fishmesh::Flesh], 100);
     EXPECT_GT(faces[fishmesh::Bone], 200);
     EXPECT_GT(faces[fishmesh::Membrane], 400);
+    EXPECT_GT(faces[fishmesh::Fire], 100);
+    EXPECT_EQ(1, faces[fishmesh::Night]);
     for (const ModelFace& face : eyes.faces)
         EXPECT_EQ(fishmesh::Eyeball, TileOf(eyes, face));
     for (const Model* model : {&fish, &eyes})
