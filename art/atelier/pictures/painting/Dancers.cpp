@@ -20,7 +20,7 @@ const std::vector<Vector2> FieldLeft = {{470, 548}, {430, 590}, {402, 630}, {396
 // Their legs, from hip to ankle: his back one that pushes, his front one that carries, and hers.
 const std::vector<Vector2> HisPush   = {{400, 530}, {334, 588}, {272, 634}, {226, 662}, {184, 690}};
 const std::vector<Vector2> HisStand  = {{440, 512}, {520, 556}, {594, 584}, {582, 638}, {562, 692}};
-const std::vector<Vector2> HerStep   = {{476, 580}, {420, 630}, {388, 660}, {346, 698}};
+const std::vector<Vector2> HerStep   = {{476, 580}, {420, 630}, {390, 660}, {355, 698}};
 // Their arms, from the shoulder over the elbow to the wrist: his to the left, hers to the right, his round her, hers round
 // his neck.
 const std::vector<Vector2> HisArm    = {{440, 300}, {362, 304}, {284, 290}, {238, 236}, {180, 164}};

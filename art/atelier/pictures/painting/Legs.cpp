@@ -21,8 +21,8 @@ const std::vector<Vector2> StandingLeg = {
     {424, 570}};
 // The shoe that pushes: the heel is up, the ball of the foot is on the ground and bends.
 static const std::vector<Vector2> PushingShoe = {
-    {190, 672}, {164, 662}, {146, 666}, {137, 682}, {143, 700}, {162, 717}, {188, 731}, {220, 737}, {250, 736}, {254, 725},
-    {240, 713}, {220, 704}, {210, 690}};
+    {190, 672}, {164, 662}, {146, 666}, {137, 682}, {143, 700}, {162, 717}, {188, 731}, {220, 737}, {244, 736}, {248, 726},
+    {235, 713}, {220, 704}, {210, 690}};
 // The shoe that stands flat, its heel below the shin.
 const std::vector<Vector2> StandingShoe = {
     {544, 682}, {536, 698}, {529, 716}, {529, 737}, {553, 738}, {560, 731}, {590, 737}, {636, 738}, {658, 736}, {663, 727},
@@ -60,7 +60,7 @@ void PaintGroundShadow(Canvas& canvas, const Paper& paper, const Mask& within)
     // Where they touch the ground.
     Mask touch(W, H);
     for (const auto& sole :
-         {Ellipse({206, 738}, 54, 6), Ellipse({306, 729}, 52, 5), Ellipse({594, 740}, 68, 6)})
+         {Ellipse({206, 738}, 54, 6), Ellipse({315, 729}, 52, 5), Ellipse({594, 740}, 68, 6)})
         touch.Fill(sole);
     canvas.Glaze(touch.Blur(3).Multiply(within), DarkInk, 0.8f);
     Mask strokes(W, H);
@@ -121,7 +121,7 @@ static void PaintEdgeOfSun(Canvas& canvas, const std::vector<std::vector<Vector2
 
 void PaintHisPushingLeg(Canvas& canvas, const Paper& paper)
 {
-    PaintShoe(canvas, paper, PushingShoe, {{146, 692}, {160, 709}, {188, 724}, {220, 730}, {252, 729}},
+    PaintShoe(canvas, paper, PushingShoe, {{146, 692}, {160, 709}, {188, 724}, {220, 730}, {247, 729}},
               {{{196, 704}, {214, 715}, {238, 722}}, {{148, 676}, {162, 670}, {176, 674}}}, 78);
     PaintClothed(canvas, PushingLeg, Trousers, palette::Ink, 170);
     PaintFolds(canvas,
