@@ -202,15 +202,15 @@ void MothEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 // A tower of rough stone over sleeping roofs, and the one who is awake on it: cloak, hat, spear, lantern.
 void TowerEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
 {
-    Vignette v(canvas, at + Vector2{0, 12}, seed);
+    Vignette v(canvas, at + Vector2{0, 62}, seed);
     v.Stars(18);
-    v.Lamp({44, -134}, 14, 150, palette::Amber, 0.6f);
+    v.Lamp({74, -120}, 16, 190, palette::Amber, 0.6f);
     // The roofs.
-    v.Paint({{-290, 206}, {-280, 150}, {-240, 112}, {-196, 148}, {-170, 118}, {-120, 160}, {-110, 206}}, Mix(palette::Night, palette::Slate, 0.55f), 1, true);
-    v.Paint({{120, 206}, {116, 164}, {160, 124}, {204, 160}, {236, 136}, {286, 174}, {280, 206}}, Mix(palette::Night, palette::Slate, 0.5f), 1, true);
-    v.Paint({{-244, 164}, {-244, 148}, {-230, 148}, {-230, 164}}, palette::Amber, 1, true);
-    v.Paint({{196, 186}, {196, 172}, {208, 172}, {208, 186}}, Mix(palette::Amber, palette::Rust, 0.3f), 1, true);
-    v.Ink({{{-284, 152}, {-240, 112}, {-196, 148}, {-170, 118}, {-120, 160}}, {{114, 166}, {160, 124}, {204, 160}, {236, 136}, {288, 176}}}, 6);
+    v.Paint({{-290, 156}, {-280, 100}, {-240, 62}, {-196, 98}, {-170, 68}, {-120, 110}, {-110, 156}}, Mix(palette::Night, palette::Slate, 0.55f), 1, true);
+    v.Paint({{120, 156}, {116, 114}, {160, 74}, {204, 110}, {236, 86}, {286, 124}, {280, 156}}, Mix(palette::Night, palette::Slate, 0.5f), 1, true);
+    v.Paint({{-244, 114}, {-244, 98}, {-230, 98}, {-230, 114}}, palette::Amber, 1, true);
+    v.Paint({{196, 136}, {196, 122}, {208, 122}, {208, 136}}, Mix(palette::Amber, palette::Rust, 0.3f), 1, true);
+    v.Ink({{{-284, 102}, {-240, 62}, {-196, 98}, {-170, 68}, {-120, 110}}, {{114, 116}, {160, 74}, {204, 110}, {236, 86}, {288, 126}}}, 6);
     // The shaft, course by course: the light comes from the left.
     v.Paint({{-92, 210}, {-70, 80}, {-62, -40}, {62, -40}, {70, 80}, {92, 210}}, Mix(palette::Slate, palette::Night, 0.35f), 1, true);
     Dice dice(seed + 40);
@@ -229,6 +229,26 @@ void TowerEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
     v.Paint({{-9, 72}, {-9, 34}, {0, 22}, {9, 34}, {9, 72}}, palette::Amber, 1, true);
     v.Lamp({0, 50}, 10, 70, palette::Amber, 0.7f);
     v.Paint({{-22, 210}, {-22, 172}, {0, 152}, {22, 172}, {22, 210}}, Mix(palette::Ink, palette::Rust, 0.2f), 1, true);
+    // The guard stands behind the parapet, and the lantern in his hand lights that side of him.
+    const LinearColour cloth = Mix(palette::Ochre, palette::Parchment, 0.3f), steel = Mix(palette::Mist, palette::Slate, 0.35f);
+    const LinearColour dark = Mix(palette::Rust, palette::Ink, 0.45f), face = Mix(palette::Parchment, palette::Ochre, 0.25f);
+    v.Bright({{{-50, -60}, {-46, -150}, {-43, -240}}}, Mix(palette::Parchment, palette::Slate, 0.4f), 8);
+    v.Paint({{-43, -268}, {-33, -246}, {-42, -228}, {-52, -246}}, Mix(palette::Mist, palette::Bone, 0.5f), 1, true);
+    v.Paint({{-42, -66}, {-37, -128}, {-24, -166}, {0, -178}, {24, -166}, {37, -126}, {42, -66}}, cloth);
+    v.Paint({{-42, -66}, {-37, -128}, {-24, -166}, {-8, -172}, {-16, -128}, {-14, -66}}, dark);
+    v.Paint({{-30, -160}, {-56, -142}, {-56, -124}, {-40, -124}, {-22, -136}}, Mix(dark, cloth, 0.35f));
+    v.Paint({{18, -164}, {46, -152}, {68, -152}, {68, -136}, {44, -130}, {18, -136}}, cloth);
+    v.Paint({{66, -154}, {79, -152}, {79, -138}, {66, -136}}, face);
+    v.Paint({{-58, -142}, {-44, -144}, {-42, -128}, {-57, -126}}, face);
+    v.Paint({{-14, -210}, {-13, -192}, {0, -178}, {14, -190}, {17, -210}, {2, -216}}, face);
+    v.Paint({{-14, -200}, {-14, -186}, {0, -166}, {13, -184}, {14, -194}, {2, -188}}, Mix(palette::Mist, palette::Slate, 0.3f));
+    v.Paint({{-18, -212}, {-13, -232}, {1, -241}, {15, -232}, {20, -213}}, steel);
+    v.Paint({{-34, -206}, {-14, -216}, {2, -218}, {20, -217}, {38, -208}, {2, -206}}, Mix(steel, palette::Night, 0.3f));
+    v.Paint({{65, -134}, {83, -134}, {81, -106}, {67, -106}}, Mix(palette::Amber, palette::Bone, 0.45f), 1, true);
+    v.Ink({{{-42, -66}, {-37, -128}, {-24, -166}, {-6, -175}}, {{22, -168}, {46, -153}, {66, -153}}, {{68, -136}, {44, -130}, {28, -134}, {40, -100}, {42, -66}},
+           {{-14, -66}, {-16, -128}, {-8, -168}}, {{8, -164}, {12, -120}, {8, -70}}, {{22, -128}, {26, -96}, {24, -70}}, {{-34, -207}, {2, -204}, {38, -209}}, {{-18, -213}, {-12, -233}, {1, -241}, {15, -233}, {20, -214}},
+           {{62, -134}, {86, -134}}, {{64, -106}, {84, -106}}, {{67, -133}, {68, -107}}, {{81, -133}, {80, -107}}, {{4, -200}, {8, -200}}}, 4);
+    v.Bright({{{26, -163}, {46, -151}, {64, -151}}, {{32, -124}, {38, -92}, {38, -72}}, {{16, -206}, {15, -196}}, {{17, -229}, {20, -216}}}, Mix(palette::Amber, palette::Bone, 0.4f), 4);
     // The battlement leans out on corbels; one merlon is broken.
     v.Paint({{-62, -36}, {-90, -62}, {90, -62}, {62, -36}}, Mix(palette::Slate, palette::Ink, 0.35f), 1, true);
     v.Paint({{-92, -60}, {-92, -108}, {-62, -108}, {-62, -86}, {-34, -86}, {-34, -100}, {-8, -108}, {-8, -86}, {20, -86}, {64, -86}, {64, -108}, {92, -108}, {92, -60}}, Mix(Mix(palette::Parchment, palette::Mist, 0.4f), palette::Slate, 0.25f), 1, true);
@@ -236,16 +256,7 @@ void TowerEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
     v.Ink({{{-92, -60}, {-92, -108}, {-62, -108}}, {{-62, -86}, {-34, -86}, {-34, -100}, {-8, -108}, {-8, -86}, {30, -86}}, {{92, -60}, {92, -108}, {64, -108}, {64, -86}}, {{-92, -61}, {0, -57}, {92, -61}}, {{-50, -60}, {-50, -40}}, {{-18, -60}, {-18, -40}}, {{16, -60}, {16, -40}}, {{48, -60}, {48, -40}}, {{-56, -74}, {-30, -74}}, {{-6, -72}, {22, -72}}}, 4.5f);
     v.Ink({{{-92, 210}, {-70, 80}, {-62, -40}}}, 6);
     v.Ink({{{92, 210}, {70, 80}, {62, -40}}}, 9);
-    // The guard.
-    v.Ink({{{-30, -196}, {-25, -140}, {-22, -88}}}, 5);
-    v.Bright({{{-35, -178}, {-31, -202}, {-26, -178}}}, Mix(palette::Mist, palette::Bone, 0.5f), 7);
-    v.Paint({{-24, -84}, {-14, -132}, {2, -152}, {18, -134}, {28, -84}}, Mix(palette::Rust, palette::Ochre, 0.12f));
-    v.Paint({{14, -132}, {40, -136}, {44, -128}, {16, -118}}, Mix(palette::Rust, palette::Ink, 0.2f));
-    v.Paint({{-10, -154}, {-8, -172}, {10, -174}, {14, -158}, {4, -146}}, Mix(palette::Parchment, palette::Ochre, 0.25f));
-    v.Paint({{-22, -166}, {-6, -176}, {2, -192}, {14, -176}, {26, -166}, {2, -168}}, Mix(palette::Night, palette::Slate, 0.6f));
-    v.Ink({{{-24, -86}, {-14, -132}, {2, -150}}, {{18, -134}, {28, -86}}, {{4, -140}, {6, -112}, {2, -90}}, {{44, -132}, {44, -124}}}, 4);
-    v.Paint({{37, -124}, {51, -124}, {49, -104}, {39, -104}}, Mix(palette::Amber, palette::Bone, 0.4f), 1, true);
-    v.Lamp({44, -114}, 8, 60, palette::Amber, 0.8f);
+    v.Lamp({74, -118}, 9, 80, palette::Amber, 0.8f);
 }
 
 void MastEmblem(Canvas& canvas, Vector2 at, uint32_t seed)
