@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "art/atelier/pictures/clouds/Arm.h"
 #include "art/atelier/pictures/clouds/CloudBank.h"
 
 #include <gtest/gtest.h>
@@ -62,4 +63,52 @@ TEST(AtelierClouds, ABankLiesLevelWhenItsPictureIsTurned)
     EXPECT_EQ(0, upright.At(256, 156).a);
     EXPECT_GT(turned.At(356, 256).a, 0.9f) << "a turn to the right takes it below";
     EXPECT_EQ(0, turned.At(156, 256).a);
+}
+
+static Arm BareArm(Gesture gesture)
+{
+    return {.seed = 1, .elbow = {-100, 800}, .girth = 1, .tan = 0.5f, .wear = Wear::Rope, .gesture = gesture};
+}
+
+// The card is a square of 260 pixels, from 70 to 330 and from the upper border to 260.
+static const Sight CardOverMiddle = {{200, 130}, 0, 1, 130};
+
+TEST(AtelierClouds, OnlyTheThumbsOfHandsThatHoldACardLieBeforeIt)
+{
+    for (const Gesture gesture :
+         {Gesture::Fist, Gesture::Lean, Gesture::Tray, Gesture::Pinch, Gesture::Clench, Gesture::Corner}) {
+        const Mask thumb = ThumbOnCard(BareArm(gesture), CardOverMiddle, 400, 400);
+        float covered = 0;
+        for (int y = 0; y < 400; y++)
+            for (int x = 0; x < 400; x++) {
+                covered += thumb.At(x, y);
+                if (y > 270 || x < 60 || x > 340) {
+                    ASSERT_LT(thumb.At(x, y), 1e-3f) << int(gesture) << ": beside the card " << x << ' ' << y;
+                }
+            }
+        const bool holds = gesture == Gesture::Lean || gesture == Gesture::Tray || gesture == Gesture::Corner;
+        if (holds) {
+            EXPECT_GT(covered, 600) << int(gesture);
+            EXPECT_LT(covered, 8450) << int(gesture) << ": an eighth of the card";
+        } else {
+            EXPECT_EQ(0, covered) << int(gesture);
+        }
+    }
+}
+
+TEST(AtelierClouds, AHandIsInFrontOfAPlaneThatSlopesAway)
+{
+    const DrawnHand hand(BareArm(Gesture::Lean), CardOverMiddle, 400, 900);
+    const auto area = [](const Mask& mask, int from, int to) {
+        float sum = 0;
+        for (int y = from; y < to; y++)
+            for (int x = 0; x < mask.Width(); x++)
+                sum += mask.At(x, y);
+        return sum;
+    };
+    EXPECT_EQ(0, area(hand.InFrontOf(1000), 0, 900));
+    const Mask sloping = hand.InFrontOf(1000, 4); // from 1000 at y = 260 to -1000 at y = 760
+    EXPECT_EQ(0, area(sloping, 0, 310));
+    EXPECT_FLOAT_EQ(area(hand.InFrontOf(-1000), 780, 880), area(sloping, 780, 880));
+    EXPECT_GT(area(sloping, 780, 880), 100);
 }

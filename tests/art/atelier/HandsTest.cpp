@@ -175,3 +175,35 @@ TEST(AtelierHands, LightComesFromTheUpperLeftAndThrowsShadows)
     EXPECT_GT(shaded.cast.At(50, 50), 0.8f);
     EXPECT_GT(shaded.dark.At(50, 50), lit.dark.At(50, 50) + 0.3f);
 }
+
+TEST(AtelierHands, GapsThatRaysMissedBetweenPartsAreDarkFlesh)
+{
+    Study study(9, 9);
+    for (int y = 1; y < 8; y++)
+        for (int x = 1; x < 8; x++) {
+            study.body.At(x, y) = 1;
+            study.depth.At(x, y) = float(10 + y);
+        }
+    study.body.At(4, 4) = 0;
+    study.depth.At(4, 4) = -1e5f;
+    study.CloseGaps();
+    EXPECT_EQ(1, study.body.At(4, 4));
+    EXPECT_EQ(1, study.dark.At(4, 4));
+    EXPECT_EQ(1, study.edges.At(4, 4));
+    EXPECT_EQ(13, study.depth.At(4, 4)) << "it lies behind what is round it";
+    EXPECT_EQ(0, study.dark.At(4, 5)) << "flesh stays as it was";
+    EXPECT_EQ(0, study.body.At(0, 4)) << "and so does what is beside the hand";
+    EXPECT_EQ(0, study.body.At(8, 8));
+}
+
+TEST(AtelierHands, APlaceOnTheCanvasAndInTheHandsFrameAreEachOthersOpposite)
+{
+    // A quarter turn clockwise at twice the size, the card's middle 10 above its lower edge: the origin goes 20 to the left.
+    const Sight sight = {{100, 50}, Pi / 2, 2, 10};
+    const Vector2 origin = sight(Vector2{0, 0});
+    EXPECT_NEAR(80, origin.x, 1e-4f);
+    EXPECT_NEAR(50, origin.y, 1e-4f);
+    const Vector2 back = sight.Back({80, 56});
+    EXPECT_NEAR(3, back.x, 1e-4f);
+    EXPECT_NEAR(0, back.y, 1e-4f);
+}

@@ -9,18 +9,18 @@ namespace atelier
 // How the six hold their cards, by gesture.
 // clang-format off
 static const Pose Poses[] = {
-    {.right = false, .turn = 14, .lean = 0, .roll = 64,
-     .fingers = {{2, 60, 96, 50}, {0, 70, 100, 48}, {-2, 78, 102, 48}, {-4, 86, 102, 46}},
-     .thumb = {{0.46f, 0.70f, 0.46f}, {0.30f, 0.92f, 0.10f}, {0.22f, 0.90f, -0.34f}}, .nail = {-0.15f, -0.45f, 0.88f},
-     .pad = {40, 118}, .lift = 0, .size = 2.6f, .girth = 1.18f},
+    {.right = true, .turn = 208, .lean = 22, .roll = 72,
+     .fingers = {{2, 74, 98, 60}, {0, 80, 100, 60}, {-2, 86, 100, 60}, {-5, 92, 98, 58}},
+     .thumb = {{0.46f, 0.62f, 0.62f}, {0.04f, 0.86f, 0.50f}, {-0.66f, 0.74f, 0.14f}}, .nail = {0, -0.3f, 0.95f},
+     .pad = {77, 116}, .lift = -40, .size = 2.42f, .girth = 1.1f, .fleshy = 0.76f},
     {.right = false, .turn = 20, .lean = 0, .roll = 20,
      .fingers = {{0, 20, 28, 16, true}, {-6, 18, 30, 18, true}, {-12, 14, 30, 16, true}, {-21, 8, 24, 12}},
-     .thumb = {{0.74f, 0.60f, 0.30f}, {0.60f, 0.80f, 0.10f}, {0.02f, 0.97f, 0.22f}}, .nail = {-0.75f, -0.1f, 0.62f},
-     .pad = {-153, -52}, .lift = -20, .size = 2.75f, .thumbGirth = 0.82f, .bony = 1.02f},
-    {.right = true, .turn = -58, .lean = 0, .roll = 80,
+     .thumb = {{0.78f, 0.54f, 0.36f}, {0.55f, 0.72f, 0.42f}, {-0.20f, 0.94f, 0.24f}}, .nail = {-0.4f, -0.25f, 0.8f},
+     .pad = {-115, -50}, .lift = 0, .size = 2.75f, .thumbGirth = 0.86f, .bony = 1.02f},
+    {.right = true, .turn = -50, .lean = 0, .roll = 75,
      .fingers = {{6, 4, 10, 6}, {1, 2, 10, 6}, {-3, 2, 12, 8}, {-8, 2, 14, 8}},
-     .thumb = {{0.80f, 0.55f, 0.20f}, {0.45f, 0.88f, 0.10f}, {0.20f, 0.97f, 0.02f}}, .nail = {0.0f, 0.6f, 0.8f},
-     .pad = {-6, 78}, .lift = 60, .size = 2.6f},
+     .thumb = {{0.75f, 0.55f, 0.35f}, {0.42f, 0.76f, 0.50f}, {-0.02f, 0.87f, 0.46f}}, .nail = {-0.4f, 0.2f, 0.8f},
+     .pad = {-24, -26}, .lift = 0, .size = 2.6f},
     {.right = false, .turn = 24, .lean = 0, .roll = 24,
      .fingers = {{24, 60, 54, 26}, {-4, 26, 34, 18}, {-18, 14, 26, 14}, {-34, 4, 18, 12}},
      .thumb = {{0.55f, 0.70f, 0.42f}, {0.05f, 0.86f, 0.50f}, {-0.15f, 0.93f, 0.30f}}, .nail = {-0.6f, 0, 0.8f},
@@ -29,10 +29,10 @@ static const Pose Poses[] = {
      .fingers = {{4, 82, 98, 56}, {1, 88, 104, 80}, {-2, 92, 106, 92}, {-5, 96, 106, 96}},
      .thumb = {{0.42f, 0.55f, 0.72f}, {0.05f, 0.72f, 0.70f}, {-0.78f, 0.60f, 0.12f}}, .nail = {0, -0.3f, 0.95f},
      .pad = {2, 150}, .lift = 0, .size = 2.7f, .girth = 1.15f},
-    {.right = false, .turn = 10, .lean = -6, .roll = 10,
-     .fingers = {{-9, 12, 26, 14}, {2, 62, 104, 40}, {1, 70, 108, 50}, {-1, 78, 108, 56}},
-     .thumb = {{0.85f, 0.40f, 0.25f}, {0.98f, 0.08f, 0.10f}, {0.99f, -0.06f, 0.0f}}, .nail = {0, -0.9f, 0.4f},
-     .pad = {-36, 19}, .lift = 0, .size = 2.25f, .girth = 1.2f, .thumbGirth = 0.84f},
+    {.right = false, .turn = 20, .lean = -6, .roll = 16,
+     .fingers = {{-5, 20, 28, 18, true}, {2, 62, 98, 50}, {0, 70, 100, 52}, {-4, 78, 100, 56}},
+     .thumb = {{0.70f, 0.60f, 0.35f}, {0.45f, 0.80f, 0.45f}, {0.10f, 0.96f, 0.20f}}, .nail = {-0.3f, -0.1f, 0.95f},
+     .pad = {-8, -34}, .lift = 0, .size = 2.3f, .girth = 1.12f, .thumbGirth = 0.9f},
 };
 // clang-format on
 
@@ -54,7 +54,9 @@ static Skin SkinOf(const Arm& arm)
             .shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f),
             .age = arm.tan,
             .deep = closed ? 0.6f : 1,
-            .inner = closed ? 0.7f : 1};
+            .inner = closed ? 0.7f : 1,
+            .pen = 0.7f,
+            .closeUp = true};
 }
 
 // The middle of the forearm in the hand's frame. It leaves the hand as the hand lies, and the more the wrist is bent, the
@@ -79,7 +81,7 @@ Line Forearm(const Sight& sight, const Arm& arm)
 
 float ForearmHalf(const Arm& arm, float t)
 {
-    return arm.girth * (52 + 40 * Smooth(0.03f, 0.75f, t) + 10 * Smooth(0.6f, 1, t));
+    return arm.girth * (50 + 54 * Smooth(0.06f, 0.62f, t));
 }
 
 // What stands out at a wrist that is bent back, which one sees from the thumb's side: the heel of the hand, the end of the
@@ -126,17 +128,18 @@ static Skeleton HandOf(const Arm& arm)
 }
 
 DrawnHand::DrawnHand(const Arm& arm, const Sight& whole, int newWidth, int newHeight)
-    : drawn(1, 1), depth(1, 1), left(0), top(0), width(newWidth), height(newHeight)
+    : drawn(1, 1), depth(1, 1), sight(whole), left(0), top(0), width(newWidth), height(newHeight)
 {
     const Skeleton hand = HandOf(arm);
     constexpr float OutlinesRoom = 12;
     const Frame frame = FrameOf(hand.flesh, whole, OutlinesRoom, width, height);
     left = frame.left;
     top = frame.top;
-    const Sight sight = whole.From({float(left), float(top)});
-    const Study study = Studied(hand, sight, frame.width, frame.height);
+    const Sight part = whole.From({float(left), float(top)});
+    Study study = Studied(hand, part, frame.width, frame.height);
+    study.CloseGaps();
     drawn = Canvas(frame.width, frame.height);
-    DrawHand(drawn, hand, study, sight, SkinOf(arm), arm.seed);
+    DrawHand(drawn, hand, study, part, SkinOf(arm), arm.seed);
     depth = study.depth;
 }
 
@@ -145,13 +148,38 @@ void DrawnHand::Paint(Canvas& canvas) const
     canvas.Lay(drawn, left, top);
 }
 
-Mask DrawnHand::InFrontOf(float z) const
+Mask DrawnHand::InFrontOf(float z, float slope) const
 {
     Mask front(width, height);
     for (int y = 0; y < depth.Height(); y++)
-        for (int x = 0; x < depth.Width(); x++)
-            front.At(left + x, top + y) = depth.At(x, y) > z ? 1.0f : 0.0f;
+        for (int x = 0; x < depth.Width(); x++) {
+            const Vector2 at = sight.Back({float(left + x), float(top + y)});
+            front.At(left + x, top + y) = depth.At(x, y) > z - slope * at.y ? 1.0f : 0.0f;
+        }
     return front.Blur(0.6f);
+}
+
+Mask ThumbOnCard(const Arm& arm, const Sight& sight, int width, int height)
+{
+    Mask before(width, height);
+    if (arm.gesture != Gesture::Lean && arm.gesture != Gesture::Tray && arm.gesture != Gesture::Corner)
+        return before;
+    Skeleton thumb = Posed(PoseOf(arm));
+    thumb.flesh.palm.clear();
+    for (int finger = 0; finger < Thumb; finger++)
+        for (std::vector<Bone>& part : thumb.flesh.digits[finger])
+            part.clear();
+    const Mask depth = Studied(thumb, sight, width, height).depth;
+    constexpr float Margin = 5; // the card's border is not straight
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++)
+            if (depth.At(x, y) > 0) {
+                const Vector2 at = sight.Back({float(x), float(y)});
+                if (Abs(at.x) < sight.cardHalf + Margin && at.y < Margin &&
+                    at.y > -2 * sight.cardHalf - Margin)
+                    before.At(x, y) = 1;
+            }
+    return before.Blur(0.5f);
 }
 
 } // namespace atelier

@@ -10,15 +10,15 @@ namespace atelier
 
 enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 
-// The card is before the hand everywhere: the show fades the hand and not the card, and a finger that lay on the card
-// would be cut in two by its edge.
+// Of a hand only the thumb may lie before the card. The show fades the hand and not the card's face, so that the thumb
+// belongs to the hand's picture alone, and the face is open where the thumb lies on it.
 enum class Gesture {
-    Fist,   // round a pole that the card is nailed to, the thumb along it
-    Lean,   // the card leans on the open hand, between the thumb and the fingertips
-    Tray,   // the card stands on the flat hand
+    Fist,   // round a pole that the card is nailed to, seen from the back of the hand
+    Lean,   // the card leans on the open hand, held by the thumb
+    Tray,   // the card stands on the flat hand, held by the thumb
     Pinch,  // thumb and forefinger hold a pin that goes through the card, the others are spread like a fan
     Clench, // round a shaft that the card is sealed to, the thumb across the fingers
-    Corner  // the card stands on the thumb and leans on the forefinger, the others are in the palm
+    Corner  // between the thumb before the card and the forefinger behind it, the others are in the palm
 };
 
 struct Arm {
@@ -38,15 +38,20 @@ public:
 
     // The whole hand, and its forearm as far as it is bare. The card goes over it.
     void Paint(Canvas& canvas) const;
-    // Where it is nearer than a plane of that z in the hand's frame, on the whole canvas.
-    Mask InFrontOf(float z) const;
+    // Where it is nearer than a plane of the hand's frame, on the whole canvas. The plane has that z at the card's lower
+    // edge, and it falls away by `slope` with each pixel below that.
+    Mask InFrontOf(float z, float slope = 0) const;
 
 private:
     Canvas drawn;
     Mask depth;
+    Sight sight;   // of the whole canvas
     int left, top; // where they lie
     int width, height;
 };
+
+// Where the thumb lies before the card. Nothing for a gesture that holds its card from behind.
+Mask ThumbOnCard(const Arm& arm, const Sight& sight, int width, int height);
 
 // What the arm wears, over the forearm.
 void PaintWear(Canvas& canvas, const Sight& sight, const Arm& arm);

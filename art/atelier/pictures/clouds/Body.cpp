@@ -14,6 +14,12 @@ Vector2 Sight::operator()(Vector2 p) const
     return centre + Vector2{p.x * Cos(turn) - p.y * Sin(turn), p.x * Sin(turn) + p.y * Cos(turn)} * scale;
 }
 
+Vector2 Sight::Back(Vector2 place) const
+{
+    const Vector2 d = (place - centre) * (1 / scale);
+    return {d.x * Cos(turn) + d.y * Sin(turn), -d.x * Sin(turn) + d.y * Cos(turn) - cardHalf};
+}
+
 std::vector<Vector2> Sight::operator()(std::vector<Vector2> points) const
 {
     for (Vector2& p : points)
@@ -132,7 +138,9 @@ static void DrawContour(Canvas& canvas, const Mask& turned, const Mask& paint, c
             const float t = Smooth(0.15f, 0.85f, turned.At(x, y));
             const float weight = stuff.contour * scale * (Mix(2.0f, 5.0f, t) + (1 + t) * wander) *
                                  Smooth(-0.62f, -0.4f, wander + 0.3f * t);
-            contour.At(x, y) = paint.At(x, y) * Smooth(weight + 0.6f * scale, weight - 0.6f * scale, in) *
+            const float painted = paint.At(x, y);
+            contour.At(x, y) = (stuff.inkOver ? Smooth(0, 0.35f, painted) : painted) *
+                               Smooth(weight + 0.6f * scale, weight - 0.6f * scale, in) *
                                Smooth(0.3f, 0.8f, weight);
         }
     canvas.Cover(contour, palette::Ink, 0.94f);

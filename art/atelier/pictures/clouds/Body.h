@@ -18,6 +18,7 @@ struct Sight {
 
     Vector2 operator()(Vector2 p) const;
     std::vector<Vector2> operator()(std::vector<Vector2> points) const;
+    Vector2 Back(Vector2 place) const; // from the canvas to the hand's frame
     // On a part of the canvas that begins at `origin`.
     Sight From(Vector2 origin) const { return {centre - origin, turn, scale, cardHalf}; }
 };
@@ -35,6 +36,7 @@ struct Stuff {
     float contour = 1;                 // weight of the outline
     LinearColour back = palette::Mist; // of the light thrown back into the shadow
     float rim = 0.6f;                  // strength of the edge of light on the other side
+    bool inkOver = false; // the outline covers the soft edge of the paint, on light stuff before the dark
 };
 
 // Paints a body. Where `open` (optional) is 1 it grows out of what is there: no outline, no paint of its own.

@@ -50,12 +50,12 @@ struct Greeting {
 // clang-format off
 static const Greeting Greetings[] = {
     // to                tail                        emblem         roll  place            large   small   aside   above  below  emblem       rises  seed  elbow        girth  tan    wear, gesture
-    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.327f, 0.380f}, 0.108f, 0.062f,  0.010f, 0.12f, 1.00f, 0.48f, false, 38, {100, {-380, 860}, 1.00f, 0.45f, Wear::Wool, Gesture::Fist}},
+    {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.327f, 0.380f}, 0.108f, 0.062f,  0.010f, 0.12f, 1.00f, 0.48f, false, 38, {100, {-430, 830}, 0.95f, 0.45f, Wear::Wool, Gesture::Fist}},
     {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.326f, 0.320f}, 0.116f, 0.060f, -0.026f, 0.30f, 1.10f, 0.50f, false, 21, {200, {-70, 806},  1.10f, 0.72f, Wear::Rope, Gesture::Lean}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  -2, {300, {-244, 884}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  -2, {300, {-400, 860}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
     {"moth collectors", "who let them go again",     MothEmblem,    36, {0.410f, 0.312f}, 0.100f, 0.062f, -0.042f, 0.12f, 0.90f, 0.54f, false, 15, {400, {-190, 815}, 0.90f, 0.10f, Wear::Lace, Gesture::Pinch}},
     {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f},  0.096f, 0.062f,  0,      0.12f, 1.45f, 0.58f, true,  0, {500, {-400, 850}, 1.06f, 0.60f, Wear::Leather, Gesture::Clench}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, 15, {600, {-140, 806}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, 15, {600, {-200, 806}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
 };
 // clang-format on
 
@@ -78,6 +78,26 @@ static void PaintBlankCard(Canvas& canvas, const Sight& sight, uint32_t seed)
     Wash(sheet, SketchPaper(), Mask(card).Subtract(Mask(card).Blur(13 * s).Curve(0.55f, 1)),
          {.pigment = palette::Ochre, .density = 0.4f, .bloomSize = 34 * s}, seed + 1);
     canvas.Lay(sheet.CutOut(card), 0, 0);
+}
+
+// The thumb's shadow on the card, tight where it presses and wide where it stands off.
+static void ShadeUnderThumb(Canvas& canvas, const Mask& thumb, const Sight& sight)
+{
+    struct Layer {
+        float away, soft, density; // pixels of the hand's frame, the first two
+    };
+    const float a = CardHalf - 1, s = sight.scale;
+    const Mask card =
+        Filled(canvas.Width(), canvas.Height(),
+               Shape(Straight(sight({{-a, -1}, {a, -1}, {a, -2 * a}, {-a, -2 * a}, {-a, -1}}))));
+    const Mask around = Mask(card).Subtract(thumb);
+    for (const Layer& layer : {Layer{3, 1.6f, 0.8f}, Layer{11, 5, 0.6f}}) {
+        const Vector2 off = Vector2{0.75f, 0.6f} * (layer.away * s);
+        Mask shadow(canvas.Width(), canvas.Height());
+        shadow.Each([&](float x, float y) { return thumb.Sample(x - off.x, y - off.y); });
+        canvas.Glaze(shadow.Blur(layer.soft * s).Multiply(around), Mix(palette::Slate, palette::Rust, 0.4f),
+                     layer.density);
+    }
 }
 
 // The cloud that the arm comes out of. Its crest crosses the upper border of the sleeve, behind the elbow if the arm lies
@@ -131,6 +151,8 @@ Canvas GreetingHand(int greeting)
     hand.Paint(canvas);
     // The border of flesh is found pixel by pixel, without smooth edges; half a pixel aside, each pixel is the mean of four.
     canvas = Placed(canvas, {0, 0}, 0, 1, Size, Size, {0.5f, 0.5f});
+    const Mask thumb = ThumbOnCard(arm, InPicture, Size, Size);
+    const Canvas before = Canvas(canvas).CutOut(thumb);
     PaintWear(canvas, InPicture, arm);
     // Behind the elbow and below the crest of the bank it is all cloud, and at the borders that arms come from.
     const CloudBank bank = BankOf(Greetings[greeting], greeting >= 2);
@@ -147,6 +169,8 @@ Canvas GreetingHand(int greeting)
                           2));
     PaintTool(canvas, InPicture, arm, hand);
     PaintBlankCard(canvas, InPicture, arm.seed + 1000);
+    ShadeUnderThumb(canvas, thumb, InPicture);
+    canvas.Lay(before, 0, 0);
     SketchPaper().Show(canvas, 0.6f);
     Canvas picture(Size, Size);
     bank.PaintBehind(picture);
@@ -221,6 +245,9 @@ Canvas GreetingCard(int greeting)
     canvas.Lay(Placed(text, middle, level, 1, Size, Size, place), 0, 0);
     PaintFastening(canvas, OnCard, words.arm);
     canvas.CutOut(card);
+    const Mask thumb = ThumbOnCard(words.arm, OnCard, Size, Size);
+    ShadeUnderThumb(canvas, thumb, OnCard);
+    canvas.CutOut(Mask(Size, Size, 1).Subtract(thumb));
     return Squeezed(canvas, Size / 2, Size / 2);
 }
 

@@ -9,8 +9,9 @@ namespace atelier
 
 // Where pole, pin and shaft run upright in the hand's frame.
 constexpr float PoleX = 44, PinX = 24, ShaftX = 30;
-// The planes in which they lie: what of the hand is nearer hides them.
-constexpr float PoleZ = -40, PinZ = 34, ShaftZ = -84;
+// The planes in which they lie, as of DrawnHand::InFrontOf: what of the hand is nearer hides them. The pole comes out of the
+// fist towards the viewer and goes into it from behind.
+constexpr float PoleZ = 160, PoleSlope = 0.6f, PinZ = 34, ShaftZ = -84;
 
 // clang-format off
 static const Stuff Wood   = {Mix(palette::Ochre, palette::Rust, 0.45f) * 0.8f, Mix(palette::Ink, palette::Rust, 0.3f), 1.1f, 0.5f, 0.9f};
@@ -108,14 +109,14 @@ private:
 // A lamplighter's pole: a brass head with a burning wick on a side arm that looks out from behind the card.
 static void Pole(Bench& bench)
 {
-    bench.Bar({{PoleX, -60}, {PoleX, 690}}, 12, 12, Wood);
-    bench.Bar({{PoleX, 622}, {PoleX, 680}}, 15, 14, Brass);
-    bench.Knob({PoleX, 696}, 19, Brass);
+    bench.Bar({{PoleX, -60}, {PoleX, 690}}, 15, 15, Wood);
+    bench.Bar({{PoleX, 622}, {PoleX, 680}}, 18, 17, Brass);
+    bench.Knob({PoleX, 696}, 21, Brass);
     bench.Lines({{{PoleX - 4, 350}, {PoleX - 3, 410}, {PoleX - 4, 480}},
                  {{PoleX + 4, 380}, {PoleX + 5, 450}, {PoleX + 4, 560}}},
                 2.2f, palette::Ink, 0.6f);
-    bench.Bar({{PoleX, -30}, {PoleX, 52}}, 15, 15, Brass);
-    bench.Knob({PoleX, 26}, 20, Brass);
+    bench.Bar({{PoleX, -30}, {PoleX, 52}}, 18, 18, Brass);
+    bench.Knob({PoleX, 26}, 22, Brass);
     bench.Bar({{PoleX + 10, 26}, {104, 30}, {150, 18}, {168, -20}, {170, -58}}, 8, 7, Brass);
     bench.Bar({{170, -48}, {170, -74}}, 12, 9, Brass);
     // The flame brings a little of its own light along, where the picture is clear.
@@ -191,11 +192,12 @@ void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHa
 {
     Canvas layer(canvas.Width(), canvas.Height());
     Bench bench(layer, sight, arm.seed + 400);
-    float z = 0;
+    float z = 0, slope = 0;
     switch (arm.gesture) {
     case Gesture::Fist:
         Pole(bench);
         z = PoleZ;
+        slope = PoleSlope;
         break;
     case Gesture::Pinch:
         Pin(bench);
@@ -208,7 +210,7 @@ void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHa
     default:
         return;
     }
-    const Mask hidden = hand.InFrontOf(z);
+    const Mask hidden = hand.InFrontOf(z, slope);
     layer.CutOut(Mask(canvas.Width(), canvas.Height(), 1).Subtract(hidden));
     // It throws a shadow on the palm behind it, and the fingers before it throw one on it.
     Mask shadow(canvas.Width(), canvas.Height());

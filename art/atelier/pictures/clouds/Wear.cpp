@@ -4,6 +4,8 @@
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/clouds/RoundArm.h"
 
+#include <array>
+
 namespace atelier
 {
 
@@ -12,7 +14,8 @@ static Mask Sleeve(const Canvas& canvas, const RoundArm& limb, float from, float
 {
     const Line part = Part(limb.along, from, 1);
     const float half = limb.Half(from);
-    Shape shape = Limb(part, half * mouth, half * (mouth + end) * 0.5f + 8, limb.Half(1) * end);
+    Shape shape =
+        Limb(part, half * mouth, limb.Half(0.5f * (from + 1)) * (mouth + end) * 0.5f, limb.Half(1) * end);
     const Vector2 d = DirectionAt(part, 0);
     shape.Add(Ellipse(part.front(), half * 0.2f, half * mouth, Angle(d)));
     return Melted(canvas.Width(), canvas.Height(), shape, 4).Shake(shake, 70, seed);
@@ -24,10 +27,17 @@ static Mask OpenSleeve(const Canvas& canvas, const RoundArm& limb, float from, f
 {
     const Line part = Part(limb.along, from, 1);
     const float half = limb.Half(from);
-    const Shape shape = Limb(part, half * mouth, half * (mouth + end) * 0.5f + 8, limb.Half(1) * end);
+    const Shape shape =
+        Limb(part, half * mouth, limb.Half(0.5f * (from + 1)) * (mouth + end) * 0.5f, limb.Half(1) * end);
     return Melted(canvas.Width(), canvas.Height(), shape, 3)
         .Shake(shake, 70, seed)
         .Erase(Opening(limb, from, mouth, depth));
+}
+
+static void PaintCloth(Canvas& canvas, const Mask& cloth, Stuff stuff, float scale, uint32_t seed)
+{
+    stuff.inkOver = true;
+    PaintBody(canvas, cloth, stuff, scale, seed);
 }
 
 static void InkLines(Canvas& canvas, Mask& lines, const Mask* within, float strength = 0.85f)
@@ -50,37 +60,79 @@ static void Folds(Pen& pen, const RoundArm& limb, float from, int count, uint32_
 
 static void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
-    const Mask cloth = Sleeve(canvas, limb, 0.40f, 1.24f, 1.3f, 6, seed);
-    PaintBody(canvas, cloth, {Mix(palette::Slate, palette::Night, 0.35f), palette::Ink, 1.1f, 0.8f, 1.2f}, 1,
-              seed);
-    Mask cuff = Sleeve(canvas, limb, 0.36f, 1.3f, 1.0f, 3, seed + 1);
-    cuff.Multiply(Mask(cuff.Width(), cuff.Height())
-                      .Fill(Sausage({limb.At(0.42f, -1.6f), limb.At(0.42f, 1.6f)}, {46, 46})));
-    PaintBody(canvas, cuff, {palette::Slate, palette::Ink, 1.1f, 0.3f, 1.2f}, 1, seed + 2);
-    Mask lines(canvas.Width(), canvas.Height());
-    Pen pen(lines, SketchPaper(), {.width = 4, .wobble = 1.2f, .skip = 0.2f}, seed + 3);
-    for (int i = -8; i <= 8; i++) { // the ribs of the knitting
-        const float u = float(i) * 0.15f;
-        pen.Stroke(Through({limb.At(0.365f, u), limb.At(0.42f, u * 1.03f), limb.At(0.485f, u)}),
-                   {0.5f, 0.9f, 0.3f});
-    }
-    InkLines(canvas, lines, &cuff, 0.7f);
-    Mask folds(canvas.Width(), canvas.Height());
-    Pen fold(folds, SketchPaper(), {.width = 5, .wobble = 2, .skip = 0.25f}, seed + 4);
-    Folds(fold, limb, 0.5f, 12, seed + 5);
-    InkLines(canvas, folds, &cloth);
+    const int width = canvas.Width(), height = canvas.Height();
+    constexpr float Mouth = 0.31f, Cuff = 0.42f, Wide = 1.16f, Depth = 26;
+    const LinearColour wool = Mix(palette::Slate, palette::Mist, 0.22f),
+                       dark = Mix(palette::Night, palette::Ink, 0.3f);
+    const Stuff knitted = {wool, palette::Night, 0.5f, 0.3f, 1.1f};
     // Soot.
-    Mask soot(canvas.Width(), canvas.Height());
+    Mask soot(width, height);
     Pen drops(soot, SketchPaper(), {.width = 3}, seed + 6);
-    drops.Splatter(limb.At(0.1f, 0.1f), 190, 60, 5);
-    InkLines(canvas, soot.Multiply(canvas.Alpha()), nullptr, 0.5f);
+    drops.Splatter(limb.At(0.1f, 0.1f), 190, 60, 4);
+    InkLines(canvas, soot.Multiply(canvas.Alpha()), nullptr, 0.4f);
+    PaintOpening(canvas, limb, Mouth, Wide, Depth, Mix(dark, palette::Ink, 0.5f), seed + 30);
+    const Mask cloth = OpenSleeve(canvas, limb, Cuff - 0.04f, Wide, 1.3f, Depth, 5, seed);
+    Mask cuff = Melted(width, height,
+                       Limb(Part(limb.along, Mouth, Cuff), limb.Half(Mouth) * Wide,
+                            limb.Half(0.5f * (Mouth + Cuff)) * (Wide + 0.05f), limb.Half(Cuff) * Wide),
+                       3);
+    cuff.Fill(Opening(limb, Cuff, Wide, Depth)).Shake(3, 40, seed + 1);
+    cuff.Erase(Opening(limb, Mouth, Wide, Depth));
+    // What runs along the arm at an angle round it, and what goes round it.
+    const auto lengthwise = [&](float angle, float from, float to) {
+        std::vector<Vector2> points;
+        for (int i = 0; i <= 4; i++) {
+            const float t = Mix(from, to, float(i) / 4);
+            points.push_back(limb.At(t, Sin(angle) * Wide) +
+                             DirectionAt(limb.along, t) * (Depth * Cos(angle)));
+        }
+        return points;
+    };
+    PaintCloth(canvas, cloth, knitted, 1, seed);
+    // Stitch by stitch, in rows.
+    Mask stitches(width, height);
+    Pen stitch(stitches, SketchPaper(), {.width = 2.2f, .wobble = 0.5f, .skip = 0.2f, .pool = 0.1f},
+               seed + 3);
+    constexpr float Row = 0.02f, Apart = 0.13f;
+    for (float t = Cuff; t < 0.9f; t += Row)
+        for (float angle = -1.4f; angle < 1.4f; angle += Apart) {
+            const std::vector<Vector2> middle = lengthwise(angle, t, t + 0.8f * Row);
+            for (const float side : {-0.45f, 0.45f})
+                stitch.Stroke(Straight({lengthwise(angle + side * Apart, t, t + Row).front(), middle.back()}),
+                              {0.3f, 0.9f, 0.3f});
+        }
+    canvas.Cover(stitches.Multiply(cloth), dark, 0.5f);
+    ShadeRound(canvas, limb, cloth, Wide, dark, 0.85f, seed + 32);
+    PaintFolds(canvas, limb,
+               {{0.55f, -1.0f, 0.60f, -0.2f, 0.6f},
+                {0.53f, 1.0f, 0.59f, 0.2f, 0.7f},
+                {0.64f, -1.0f, 0.67f, 0.1f, 0.7f}},
+               Wide, Depth, cloth, dark, Mix(wool, palette::Mist, 0.5f), seed + 2);
+    Mask below = Mask(cuff).Blur(3);
+    const Vector2 on = DirectionAt(limb.along, Cuff);
+    Mask cast(width, height);
+    cast.Each([&](float x, float y) { return below.Sample(x - 14 * on.x - 4, y - 14 * on.y); });
+    canvas.Glaze(cast.Blur(2).Multiply(cloth), dark, 0.9f);
+    PaintCloth(canvas, cuff, knitted, 1, seed + 33);
+    // The cuff's ribs: a dark furrow beside each, and light on it.
+    Mask furrows(width, height), ridges(width, height);
+    Pen furrow(furrows, SketchPaper(), {.width = 5, .wobble = 0.8f, .skip = 0.1f}, seed + 4);
+    Pen ridge(ridges, SketchPaper(), {.width = 3, .wobble = 0.8f, .skip = 0.25f}, seed + 5);
+    for (float angle = -1.45f; angle < 1.5f; angle += 0.17f) {
+        furrow.nib.width = 1.5f + 4 * Cos(angle);
+        furrow.Stroke(Through(lengthwise(angle, Mouth + 0.006f, Cuff - 0.004f)), {0.5f, 0.9f, 0.4f});
+        ridge.Stroke(Through(lengthwise(angle - 0.07f, Mouth + 0.012f, Cuff - 0.02f)), {0.3f, 0.8f, 0.2f});
+    }
+    canvas.Cover(furrows.Multiply(cuff), dark, 0.75f);
+    canvas.Cover(ridges.Multiply(cuff), Mix(wool, palette::Mist, 0.6f), 0.5f);
+    ShadeRound(canvas, limb, cuff, Wide, dark, 0.8f, seed + 34);
 }
 
 static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.66f, 1.34f, 1.3f, 7, seed);
-    PaintBody(canvas, cloth, {Mix(palette::Mist, palette::Slate, 0.45f), palette::Night, 1.1f, 0.8f, 1.2f}, 1,
-              seed);
+    PaintCloth(canvas, cloth, {Mix(palette::Mist, palette::Slate, 0.45f), palette::Night, 1.1f, 0.8f, 1.2f},
+               1, seed);
     Mask lines(canvas.Width(), canvas.Height());
     Pen pen(lines, SketchPaper(), {.width = 5, .wobble = 1.5f, .skip = 0.2f}, seed + 1);
     for (const float t : {0.70f, 0.735f})
@@ -93,9 +145,9 @@ static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
         const Line ring = limb.Ring(t, 1.12f, 14);
         const Mask strand =
             Melted(canvas.Width(), canvas.Height(), Shaken(Limb(ring, 12, 14, 12), 1.5f, 14, seed + 3), 2);
-        PaintBody(canvas, strand,
-                  {Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Rust, 0.9f, 0.2f, 0.9f}, 0.7f,
-                  seed + 4 + uint32_t(turn));
+        PaintCloth(canvas, strand,
+                   {Mix(palette::Parchment, palette::Ochre, 0.45f), palette::Rust, 0.9f, 0.2f, 0.9f}, 0.7f,
+                   seed + 4 + uint32_t(turn));
         Mask lay(canvas.Width(), canvas.Height());
         Pen twist(lay, SketchPaper(), {.width = 3.2f, .skip = 0}, seed + 8);
         for (float s = 0.01f; s < 1; s += 0.055f) {
@@ -162,7 +214,7 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
                3);
     roll.Fill(Opening(limb, Roll, Wide + 0.04f, Depth)).Shake(4, 60, seed + 31);
     roll.Erase(Opening(limb, Mouth, Wide, Depth));
-    PaintBody(canvas, cloth, linen, 1, seed);
+    PaintCloth(canvas, cloth, linen, 1, seed);
     ShadeRound(canvas, limb, cloth, Wide, shade, 0.8f, seed + 32);
     Mask below = Mask(roll).Blur(3);
     const Vector2 on = DirectionAt(limb.along, Roll);
@@ -177,7 +229,7 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
                 {0.665f, 1.0f, 0.67f, 0.45f, 0.55f},
                 {0.70f, 1.0f, 0.73f, -0.3f, 0.7f}},
                Wide, Depth, cloth, shade, palette::Bone, seed + 2);
-    PaintBody(canvas, roll, linen, 1, seed + 33);
+    PaintCloth(canvas, roll, linen, 1, seed + 33);
     ShadeRound(canvas, limb, roll, Wide + 0.04f, shade, 0.75f, seed + 34);
     PaintFolds(canvas, limb, {{0.48f, -1.0f, 0.505f, -0.5f, 0.35f}, {0.505f, 1.0f, 0.48f, 0.2f, 0.55f}}, Wide,
                Depth, roll, shade, palette::Bone, seed + 35);
@@ -206,11 +258,112 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
     canvas.Cover(dust.Subtract(cloth).Subtract(roll), Mix(palette::Bone, palette::Mist, 0.08f), 0.62f);
 }
 
+// A moth on the wrist, which one sees from the side that the arm turns to the viewer: its far wings are foreshortened, and
+// all of them stand off the arm, where their shadow lies.
+static void Moth(Canvas& canvas, const RoundArm& limb, uint32_t seed)
+{
+    const int width = canvas.Width(), height = canvas.Height();
+    const Vector2 at = limb.At(0.13f, 0.15f), ahead = Normalised(Vector2{-0.30f, -1}),
+                  aside = {-ahead.y, ahead.x};
+    constexpr float Far = 0.6f, FarLift = 0.42f, NearLift = 0.10f;
+    // `x` from the body's middle to the side of a wing, `y` towards the head.
+    const auto wing = [&](float side, std::vector<Vector2> points) {
+        for (Vector2& p : points)
+            p = at + aside * (side * p.x * (side > 0 ? Far : 1)) +
+                ahead * (p.y + p.x * (side > 0 ? FarLift : -NearLift));
+        return points;
+    };
+    const std::vector<Vector2> hind = {{2, 16},   {34, 10},  {64, -6},  {74, -26}, {66, -48},
+                                       {46, -56}, {24, -48}, {10, -28}, {2, -6}};
+    const std::vector<Vector2> fore = {{2, 28},  {28, 44}, {62, 60}, {96, 66}, {104, 56},
+                                       {98, 34}, {82, 16}, {52, 2},  {24, 0},  {2, 8}};
+    const Shape body =
+        Sausage({at + ahead * 38, at + ahead * 18, at - ahead * 8, at - ahead * 42}, {7, 10, 8, 3});
+    const Mask skin = canvas.Alpha();
+    Mask all = Filled(width, height, body);
+    for (const float side : {-1.0f, 1.0f}) {
+        all.Fill(Round(wing(side, hind)));
+        all.Fill(Round(wing(side, fore)));
+    }
+    for (const auto& [away, soft, density] : {std::array{7.0f, 2.5f, 0.6f}, {17.0f, 6.0f, 0.8f}}) {
+        Mask shadow(width, height);
+        const Vector2 off = Vector2{0.7f, 0.72f} * away;
+        shadow.Each([&](float x, float y) { return all.Sample(x - off.x, y - off.y); });
+        canvas.Glaze(shadow.Blur(soft).Multiply(skin), Mix(palette::Slate, palette::Rust, 0.35f), density);
+    }
+    for (const float side : {1.0f, -1.0f}) {
+        const auto paint = [&](const std::vector<Vector2>& outline, const Stuff& stuff,
+                               const std::vector<std::vector<Vector2>>& veins,
+                               const std::vector<Vector2>& band, LinearColour dark, uint32_t number) {
+            const Mask shape = Melted(width, height, Round(wing(side, outline)), 1.2f);
+            PaintCloth(canvas, shape, stuff, 0.5f, seed + number);
+            Mask bands(width, height), lines(width, height);
+            bands.Fill(Limb(Through(wing(side, band)), 3, 8, 3));
+            canvas.Glaze(bands.Blur(1.5f).Multiply(shape), dark, 0.9f);
+            Pen pen(lines, SketchPaper(), {.width = 2.2f, .wobble = 0.4f, .skip = 0.05f}, seed + number + 1);
+            for (const std::vector<Vector2>& vein : veins)
+                pen.Stroke(Through(wing(side, vein)), {0.9f, 0.7f, 0.15f});
+            InkLines(canvas, lines, &shape, 0.75f);
+        };
+        // Both wings spring from the thorax; the hind one comes out from under the fore one.
+        paint(hind, {Mix(palette::Ochre, palette::Parchment, 0.4f), palette::Rust, 0.9f, 0.4f, 1},
+              {{{4, 8}, {34, -2}, {68, -18}},
+               {{4, 4}, {32, -16}, {64, -42}},
+               {{4, 0}, {26, -22}, {46, -52}},
+               {{4, -4}, {16, -24}, {26, -44}}},
+              {{66, -6}, {58, -30}, {36, -44}, {18, -42}}, Mix(palette::Rust, palette::Ink, 0.4f), 5);
+        Mask cast(width, height);
+        const Mask over = Filled(width, height, Round(wing(side, fore)));
+        cast.Each([&](float x, float y) { return over.Sample(x - 4, y - 6); });
+        canvas.Glaze(cast.Blur(2.5f).Multiply(Filled(width, height, Round(wing(side, hind)))),
+                     Mix(palette::Rust, palette::Ink, 0.5f), 0.6f);
+        paint(fore, {Mix(palette::Mist, palette::Parchment, 0.5f), palette::Night, 0.8f, 0.5f, 1},
+              {{{4, 26}, {34, 42}, {66, 58}, {96, 64}},
+               {{4, 22}, {40, 34}, {100, 52}},
+               {{4, 18}, {40, 24}, {94, 34}},
+               {{4, 14}, {36, 12}, {78, 18}}},
+              {{84, 62}, {78, 44}, {72, 28}, {62, 10}}, Mix(palette::Slate, palette::Night, 0.4f), 7);
+        Mask eye(width, height), pupil(width, height);
+        eye.Fill(Round(wing(side, {{50, 40}, {58, 32}, {50, 23}, {42, 32}})));
+        pupil.Fill(Round(wing(side, {{50, 36}, {54, 32}, {50, 28}, {46, 32}})));
+        canvas.Cover(eye, Mix(palette::Rust, palette::Ochre, 0.4f), 0.9f);
+        canvas.Cover(pupil, palette::Ink, 0.9f);
+    }
+    PaintCloth(canvas, Melted(width, height, body, 1),
+               {Mix(palette::Slate, palette::Parchment, 0.25f), palette::Ink, 0.9f, 0.6f, 1}, 0.5f, seed + 8);
+    // Fur on the thorax, rings on the abdomen, feelers and the feet before it.
+    Mask lines(width, height);
+    Pen pen(lines, SketchPaper(), {.width = 2.2f, .wobble = 0.4f, .skip = 0.05f}, seed + 9);
+    const auto p = [&](float x, float y) { return at + aside * x + ahead * y; };
+    Dice dice(seed + 10);
+    for (int i = 0; i < 46; i++) {
+        const float x = dice.Range(-10, 10), y = dice.Range(2, 32);
+        pen.Stroke(Straight({p(x, y), p(1.35f * x + dice.Range(-1, 1), y - dice.Range(5, 9))}),
+                   {0.6f, 0.8f, 0.1f});
+    }
+    for (float y = -4; y > -38; y -= 6)
+        pen.Stroke(Through({p(-0.19f * (46 + y), y), p(0, y - 3), p(0.19f * (46 + y), y)}),
+                   {0.4f, 0.8f, 0.4f});
+    pen.nib.width = 2.6f;
+    for (const float side : {-1.0f, 1.0f}) {
+        const float wide = side > 0 ? 0.7f : 1;
+        pen.Stroke(Through({p(3 * side, 42), p(12 * side * wide, 58), p(26 * side * wide, 68)}),
+                   {0.6f, 0.8f, 0.5f});
+        for (int i = 0; i < 5; i++) {
+            const float t = 0.25f + 0.15f * float(i);
+            const Vector2 on = {side * wide * Mix(4, 26, t), Mix(44, 68, Pow(t, 0.8f))};
+            pen.Stroke(Straight({p(on.x, on.y), p(on.x + 3 * side, on.y - 5)}), {0.4f, 0.5f, 0.1f});
+        }
+        pen.Stroke(Through({p(5 * side, 34), p(14 * side, 42), p(13 * side, 50)}), {0.6f, 0.8f, 0.4f});
+    }
+    canvas.Cover(lines, palette::Ink, 0.85f);
+}
+
 static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const Mask cloth = Sleeve(canvas, limb, 0.34f, 1.2f, 1.4f, 5, seed);
-    PaintBody(canvas, cloth, {Mix(palette::Moss, palette::Slate, 0.35f), palette::Ink, 1.2f, 0.8f, 1.2f}, 1,
-              seed);
+    PaintCloth(canvas, cloth, {Mix(palette::Moss, palette::Slate, 0.35f), palette::Ink, 1.2f, 0.8f, 1.2f}, 1,
+               seed);
     const LinearColour dark = Mix(palette::Moss * 0.5f, palette::Ink, 0.5f);
     ShadeRound(canvas, limb, cloth, 1.3f, dark, 0.9f, seed + 30);
     PaintFolds(canvas, limb,
@@ -240,37 +393,12 @@ static void Lace(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     const Line band = limb.Ring(0.335f, 1.26f, 14);
     scallops.Add(Limb(band, 26, 30, 26));
     const Mask lace = Melted(canvas.Width(), canvas.Height(), scallops, 2);
-    PaintBody(canvas, lace, {palette::Bone, palette::Slate, 0.8f, 0.3f, 0.9f}, 0.7f, seed + 4);
+    PaintCloth(canvas, lace, {palette::Bone, palette::Slate, 0.8f, 0.3f, 0.9f}, 0.7f, seed + 4);
     ShadeRound(canvas, limb, lace, 1.25f, Mix(palette::Slate, palette::Moss, 0.3f), 0.45f, seed + 31);
     pen.Stroke(limb.Ring(0.355f, 1.2f, 14), {0.7f, 0.9f, 0.6f});
     InkLines(canvas, threads, &lace, 0.8f);
 
-    // One that she let go again has come back.
-    const Vector2 at = limb.At(0.13f, 0.2f), d = Normalised(Vector2{-0.35f, -1}), n = {-d.y, d.x};
-    const auto p = [&](float x, float y) { return at + n * x + d * y; };
-    for (const float side : {-1.0f, 1.0f}) {
-        const auto q = [&](float x, float y) { return p(side * x, y); };
-        const Mask hind = Melted(canvas.Width(), canvas.Height(),
-                                 Round({q(4, 4), q(44, -4), q(58, -38), q(36, -58), q(12, -30)}), 2);
-        const Mask fore = Melted(canvas.Width(), canvas.Height(),
-                                 Round({q(3, 24), q(48, 58), q(92, 56), q(84, 22), q(46, -4), q(6, 0)}), 2);
-        PaintBody(canvas, hind, {Mix(palette::Ochre, palette::Parchment, 0.4f), palette::Rust, 1, 0.5f, 1},
-                  0.6f, seed + 5);
-        PaintBody(canvas, fore, {Mix(palette::Mist, palette::Parchment, 0.4f), palette::Night, 1, 0.6f, 1},
-                  0.6f, seed + 6);
-        Mask marks(canvas.Width(), canvas.Height());
-        Pen ink(marks, SketchPaper(), {.width = 3, .skip = 0.1f}, seed + 7);
-        ink.Stroke(Ellipse(q(60, 34), 9, 9), {0.8f, 1, 0.8f});
-        ink.Dot(q(60, 34), 4);
-        Strokes(ink, {{q(10, 16), q(40, 30), q(84, 36)},
-                      {q(12, 20), q(44, 46), q(80, 54)},
-                      {q(12, -6), q(34, -22), q(44, -48)}});
-        ink.Stroke(Through({q(3, 42), q(10, 60), q(22, 68)}), {0.6f, 0.8f, 0.8f});
-        InkLines(canvas, marks, nullptr, 0.85f);
-    }
-    PaintBody(canvas,
-              Melted(canvas.Width(), canvas.Height(), Sausage({p(0, 40), p(0, 10), p(0, -34)}, {7, 9, 5}), 1),
-              {Mix(palette::Night, palette::Slate, 0.4f), palette::Ink, 1, 0.6f, 1}, 0.6f, seed + 8);
+    Moth(canvas, limb, seed);
 }
 
 static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
@@ -282,11 +410,11 @@ static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     constexpr float Top = 0.13f, End = 0.53f, Wide = 1.55f, Depth = 52;
     const Line opening = Opening(limb, End, Wide, Depth);
     const Mask hole = Filled(width, height, Shaken(opening, 3, 60, seed + 1));
-    PaintBody(canvas, hole, {Mix(hide, palette::Ink, 0.72f), palette::Ink, 0.6f, 0, 1.2f, palette::Rust, 0},
-              1, seed + 30);
+    PaintCloth(canvas, hole, {Mix(hide, palette::Ink, 0.72f), palette::Ink, 0.6f, 0, 1.2f, palette::Rust, 0},
+               1, seed + 30);
     const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.12f, 1.3f, 6, seed);
     const LinearColour night = Mix(palette::Night, palette::Slate, 0.4f);
-    PaintBody(canvas, cloth, {night, palette::Ink, 0.7f, 0.8f, 1.2f}, 1, seed);
+    PaintCloth(canvas, cloth, {night, palette::Ink, 0.7f, 0.8f, 1.2f}, 1, seed);
     ShadeRound(canvas, limb, cloth, 1.2f, palette::Ink, 0.7f, seed + 31);
     PaintFolds(canvas, limb,
                {{0.59f, -1.0f, 0.63f, -0.1f, 0.7f},
@@ -308,7 +436,7 @@ static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Mask cuff = Melted(width, height, shape, 4);
     cuff.Fill(Opening(limb, Top, 1.1f, 13)).Shake(3, 60, seed + 1);
     cuff.Erase(opening);
-    PaintBody(canvas, cuff, {hide, deep, 0.9f, 0.6f, 1.25f}, 1, seed + 2);
+    PaintCloth(canvas, cuff, {hide, deep, 0.9f, 0.6f, 1.25f}, 1, seed + 2);
     ShadeRound(canvas, limb, cuff, 1.3f, deep, 0.85f, seed + 33);
     Mask lines(width, height);
     Pen pen(lines, SketchPaper(), {.width = 4, .wobble = 1, .skip = 0.15f}, seed + 3);
@@ -356,7 +484,7 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     ShadeRound(canvas, limb, bare, 1, shade, 0.75f, seed + 30);
     PaintOpening(canvas, limb, Mouth, Wide, Depth, Mix(palette::Rust, palette::Ink, 0.65f), seed + 31);
     const Mask cloth = OpenSleeve(canvas, limb, Mouth, Wide, 1.35f, Depth, 4, seed);
-    PaintBody(canvas, cloth, {woven, palette::Rust, 0.5f, 0.5f, 1.2f}, 1, seed);
+    PaintCloth(canvas, cloth, {woven, palette::Rust, 0.5f, 0.5f, 1.2f}, 1, seed);
     // Checks that go round the arm as the cloth does: closer to each other towards its outlines.
     Mask checks(width, height), threads(width, height);
     DryBrush brush(checks, SketchPaper(), {.width = 15, .count = 18, .thickness = 1.7f, .load = 0.9f},
@@ -393,21 +521,33 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     Pen pen(hem, SketchPaper(), {.width = 4, .wobble = 1, .skip = 0.15f}, seed + 2);
     pen.Stroke(limb.Turn(Mouth + 0.022f, Wide, Depth, 0), {0.6f, 0.9f, 0.5f});
     InkLines(canvas, hem, &cloth);
-    // A wire wound round the wrist, whose end looks for somebody.
+    // A wire wound round the wrist, whose end looks for somebody. It presses into the flesh, and its turns go on behind the
+    // arm, a little beyond whose outlines one sees them.
     Mask wire(canvas.Width(), canvas.Height());
     Pen copper(wire, SketchPaper(), {.width = 7, .least = 0.6f, .wobble = 0.6f, .skip = 0}, seed + 4);
-    constexpr float FirstTurn = 0.17f, TurnApart = 0.032f;
+    constexpr float FirstTurn = 0.17f, TurnApart = 0.032f, Beyond = 1.35f, Bend = 64, Thick = 4;
     for (int turn = 0; turn < 5; turn++)
-        copper.Stroke(limb.Turn(FirstTurn + TurnApart * float(turn), 1.03f, 24, 0.5f * TurnApart),
-                      {0.7f, 1, 0.7f});
-    // It throws a shadow on the skin.
-    Mask below(canvas.Width(), canvas.Height());
-    below.Each([&](float x, float y) { return wire.Sample(x - 3, y - 5); });
-    canvas.Glaze(below.Blur(2).Multiply(canvas.Alpha()), Mix(palette::Slate, palette::Rust, 0.4f), 0.6f);
-    const Vector2 start = limb.Turn(FirstTurn, 1.03f, 24, 0.5f * TurnApart).front();
+        copper.Stroke(limb.Turn(FirstTurn + TurnApart * float(turn), Beyond, Bend, 0.5f * TurnApart),
+                      {1, 1, 1});
+    wire.Multiply(canvas.Alpha().Outside(3 * Thick).Curve(Thick + 0.5f, Thick - 0.5f));
+    // Its shadow on the skin, and the flesh that swells between the turns.
+    Mask below(canvas.Width(), canvas.Height()), above(canvas.Width(), canvas.Height());
+    const Vector2 way = DirectionAt(limb.along, FirstTurn);
+    below.Each([&](float x, float y) { return wire.Sample(x - 6 * way.x - 2, y - 6 * way.y - 2); });
+    above.Each([&](float x, float y) { return wire.Sample(x + 8 * way.x, y + 8 * way.y); });
+    canvas.Glaze(below.Blur(2.4f).Multiply(canvas.Alpha()), Mix(palette::Slate, palette::Rust, 0.4f), 0.9f);
+    const Mask inside = canvas.Alpha().Inside(30);
+    above.Blur(2.4f).By([&](float x, float y) { return Smooth(6, 24, inside.Sample(x, y)); });
+    canvas.Cover(above, palette::Bone, 0.25f);
+    // From where the first turn comes round the arm.
+    const Line first = limb.Turn(FirstTurn, Beyond, Bend, 0.5f * TurnApart);
+    const Mask arm = canvas.Alpha();
+    Vector2 start = first.front();
+    for (float t = 0; arm.Sample(start.x, start.y) < 0.5f && t < 0.5f; t += 0.01f)
+        start = PointAt(first, t);
     const Line aerial =
-        Through({start, start + Vector2{-52, 22}, start + Vector2{-112, 6}, start + Vector2{-136, -58},
-                 start + Vector2{-196, -66}, start + Vector2{-226, -126}});
+        Through({start, start + Vector2{-46, -4}, start + Vector2{-102, 2}, start + Vector2{-130, -54},
+                 start + Vector2{-190, -62}, start + Vector2{-220, -122}});
     copper.Stroke(aerial, {0.8f, 0.9f, 0.7f});
     canvas.Cover(Mask(wire).Blur(1.4f).Curve(0.1f, 0.4f), palette::Ink, 0.95f);
     canvas.Cover(wire.Blur(0.5f).Curve(0.75f, 1), Mix(palette::Amber, palette::Rust, 0.25f));

@@ -118,9 +118,15 @@ static void Paint(Canvas& canvas, const Study& study, const Skin& skin, float s,
 }
 
 // Blood is near below the skin at the joints and in the fingertips.
-static void Flush(Canvas& canvas, const Skeleton& hand, const Study& study, const Sight& sight)
+static void Flush(Canvas& canvas, const Skeleton& hand, const Study& study, const Sight& sight,
+                  const Skin& skin)
 {
     Mask warm(canvas.Width(), canvas.Height());
+    // Not on what lies before or behind the joint.
+    const auto near = [&](float apart, float radius) {
+        const float far = Abs(apart) / radius;
+        return skin.closeUp ? Smooth(2.8f, 1.4f, far) : far < 2.2f ? 1.0f : 0.0f;
+    };
     const auto add = [&](Point3 p, float radius, float strength) {
         const Vector2 at = sight({p.x, p.y});
         const float r = radius * sight.scale;
@@ -128,9 +134,10 @@ static void Flush(Canvas& canvas, const Skeleton& hand, const Study& study, cons
              y < std::min(canvas.Height(), Floor(at.y + 2.2f * r)); y++)
             for (int x = std::max(0, Floor(at.x - 2.2f * r));
                  x < std::min(canvas.Width(), Floor(at.x + 2.2f * r)); x++)
-                if (study.body.At(x, y) > 0 && Abs(study.depth.At(x, y) - p.z) < 2.2f * radius)
+                if (study.body.At(x, y) > 0)
                     warm.At(x, y) =
-                        Max(warm.At(x, y), strength * Bell(Length(Vector2{float(x), float(y)} - at) / r));
+                        Max(warm.At(x, y), strength * Bell(Length(Vector2{float(x), float(y)} - at) / r) *
+                                               near(study.depth.At(x, y) - p.z, radius));
     };
     for (const auto& digit : hand.digits) {
         add(digit[2].b, 1.3f * digit[2].halfA, 0.55f);
@@ -158,6 +165,14 @@ static void DrawHatching(Canvas& canvas, const Skeleton* hand, const Study& stud
             for (float n = 0.5f; n < count; n += 1)
                 pen.Stroke(Ring(part, n / count, -Pi, Pi, 0, 1.0f), 0.35f * part.halfA, {0.2f, 0.75f, 0.1f},
                            0.66f, 1.1f);
+            // Across them along the bone, where it is darkest.
+            const float around = skin.closeUp ? 2 * Pi * part.halfA / (10.0f * skin.pen) : 0;
+            for (float n = 0; n < around; n += 1) {
+                std::vector<Point3> along;
+                for (float t = 0.04f; t < 1; t += 0.08f)
+                    along.push_back(Round(part, t, 2 * Pi * n / around, 1.0f));
+                pen.Stroke(along, 0.35f * part.halfA, {0.1f, 0.6f, 0.1f}, 0.86f, 1.2f);
+            }
         }
     Mask tone = study.dark;
     tone.Blur(2 * s).Curve(0.72f, 1.15f).Multiply(study.palm);
@@ -165,6 +180,28 @@ static void DrawHatching(Canvas& canvas, const Skeleton* hand, const Study& stud
         pen.pen, tone,
         {.angle = 0.9f + sight.turn, .spacing = 7.0f * s, .length = 40 * s, .bend = 6 * s, .faintest = 0.15f},
         seed + 1);
+    if (skin.closeUp) {
+        // Hairs where it begins to turn away, the whole hand over.
+        Mask turning = study.dark;
+        turning.Blur(2 * s).Curve(0.36f, 0.95f).Multiply(study.body);
+        pen.pen.nib.width = 1.5f * s;
+        Hatch(pen.pen, turning,
+              {.angle = 1.15f + sight.turn,
+               .spacing = 4.6f * s,
+               .length = 30 * s,
+               .bend = 5 * s,
+               .faintest = 0.1f},
+              seed + 3);
+        Mask deepest = study.dark;
+        deepest.Blur(2 * s).Curve(0.86f, 1.2f).Multiply(study.palm);
+        Hatch(pen.pen, deepest,
+              {.angle = 0.25f + sight.turn,
+               .spacing = 6.0f * s,
+               .length = 26 * s,
+               .bend = 4 * s,
+               .faintest = 0.15f},
+              seed + 2);
+    }
     canvas.Cover(lines.Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.08f), 0.62f * skin.deep);
 }
 
@@ -181,9 +218,10 @@ static void DrawOutline(Canvas& canvas, const Study& study, const Skin& skin, fl
 {
     const int width = canvas.Width(), height = canvas.Height();
     const Noise noise(seed);
-    const Mask whole = skin.inner < 1 ? Joined(study.edges, 2 * s) : study.edges;
+    const Mask whole = skin.inner < 1 ? Joined(study.edges, (skin.closeUp ? 3.5f : 2.0f) * s) : study.edges;
     const Mask near = whole.Outside(9 * s), rim = study.body.Inside(9 * s);
     const Mask dark = study.dark.Blurred(3 * s);
+    const float outerWeight = skin.closeUp ? 0.85f : 1;
     Mask contour(width, height);
     for (int y = 0; y < height; y++)
         for (int x = 0; x < width; x++) {
@@ -192,8 +230,8 @@ static void DrawOutline(Canvas& canvas, const Study& study, const Skin& skin, fl
             const float fx = float(x), fy = float(y);
             const float wander = noise.Gradient(fx / (38 * s), fy / (38 * s));
             const float t = Smooth(0.25f, 0.95f, dark.At(x, y));
-            const float outer =
-                s * (Mix(1.9f, 5.2f, t) + (0.7f + t) * wander) * Smooth(-0.75f, -0.5f, wander + 0.4f * t);
+            const float outer = outerWeight * s * (Mix(1.9f, 5.2f, t) + (0.7f + t) * wander) *
+                                Smooth(-0.75f, -0.5f, wander + 0.4f * t);
             const float inner =
                 skin.inner * s * (Mix(1.5f, 3.2f, t) + skin.inner * (0.5f + 0.6f * t) * wander);
             const float line =
@@ -216,16 +254,14 @@ static void DrawNail(Canvas& canvas, SurfacePen& pen, const Phalanx& part, const
     Mask plate(canvas.Width(), canvas.Height());
     const Vector2 centre = sight({part.b.x, part.b.y});
     const float room = 1.4f * length * sight.scale;
-    const float turn = sight.turn;
     for (int y = std::max(0, Floor(centre.y - room)); y < std::min(canvas.Height(), Floor(centre.y + room));
          y++)
         for (int x = std::max(0, Floor(centre.x - room));
              x < std::min(canvas.Width(), Floor(centre.x + room)); x++) {
             if (study.body.At(x, y) < 0.5f)
                 continue;
-            const Vector2 d = (Vector2{float(x), float(y)} - sight.centre) * (1 / sight.scale);
-            const Point3 p = {d.x * Cos(turn) + d.y * Sin(turn),
-                              -d.x * Sin(turn) + d.y * Cos(turn) - sight.cardHalf, study.depth.At(x, y)};
+            const Vector2 at = sight.Back({float(x), float(y)});
+            const Point3 p = {at.x, at.y, study.depth.At(x, y)};
             const Point3 on = p - part.a;
             const float t = (Dot(on, part.along) / length - middle) / reach;
             const float half = Mix(part.halfA, part.halfB, 0.7f) * wide;
@@ -270,7 +306,8 @@ static void DrawMarks(Canvas& canvas, const Skeleton& hand, const Study& study, 
             pen.Stroke(Ring(part, -2.2f * t, Pi - behind, Pi + behind, -1.2f * t, 1.1f), slack, press);
             pen.Stroke(Ring(part, 0.2f * t, Pi - 0.55f, Pi + 0.55f, 0, 1.1f), slack,
                        {0.1f, 0.7f * skin.age + 0.2f, 0.1f});
-            pen.Stroke(Ring(part, 2.4f * t, Pi - behind, Pi + behind, 1.2f * t, 1.1f), slack, press);
+            if (k > 1 || i != Thumb || !skin.closeUp) // there the thumb's skin is taut
+                pen.Stroke(Ring(part, 2.4f * t, Pi - behind, Pi + behind, 1.2f * t, 1.1f), slack, press);
         }
     for (int i = 0; i < 4; i++) // where the fingers leave the palm
         for (const float t : {0.40f, 0.47f})
@@ -304,6 +341,17 @@ static void DrawMarks(Canvas& canvas, const Skeleton& hand, const Study& study, 
                  true, {0.15f, 0.5f + 0.4f * skin.age, 0.05f});
         }
         over({{16, 2}, {2, -1}, {-12, 2}}, true, {0.1f, 0.7f, 0.1f});
+        if (skin.closeUp) {
+            // Slack skin behind the knuckles, and a vein between the sinews.
+            pen.pen.nib.width = 1.8f * s;
+            for (const Vector2 head : {Vector2{25, 82}, {3, 86}, {-17, 79}, {-34, 67}})
+                for (const float before : {0.0f, 4.5f})
+                    over({{head.x - 5.5f, head.y - before + 1.5f},
+                          {head.x, head.y - before},
+                          {head.x + 5.5f, head.y - before + 1.5f}},
+                         true, {0.05f, 0.35f + 0.4f * skin.age, 0.05f});
+            over({{-4, 18}, {-12, 32}, {-9, 46}, {-13, 60}, {-8, 72}}, true, {0.1f, 0.5f * skin.age, 0.05f});
+        }
     }
     pen.pen.nib.width = 1.8f * s;
     for (int i = 0; i < Solid::Digits; i++)
@@ -315,7 +363,7 @@ void DrawHand(Canvas& canvas, const Skeleton& hand, const Study& study, const Si
               uint32_t seed)
 {
     Paint(canvas, study, skin, sight.scale, seed);
-    Flush(canvas, hand, study, sight);
+    Flush(canvas, hand, study, sight, skin);
     DrawHatching(canvas, &hand, study, sight, skin, seed + 20);
     DrawMarks(canvas, hand, study, sight, skin, seed + 30);
     DrawOutline(canvas, study, skin, sight.scale * skin.pen, seed + 40);

@@ -15,6 +15,8 @@ struct Skin {
     float deep = 1; // strength of the darker washes and of the hatching: less where much light is thrown back
     float inner = 1; // weight of the outlines within the hand
     float pen = 1;   // width of the strokes, for a hand of 2.5 pixels a millimetre in its frame
+    bool closeUp =
+        false; // it is seen from near: two layers of hatching, and the skin's wrinkles behind the knuckles
 };
 
 // The shadows that parts throw and the colours of skin are washes, form is a pen's hatching round the bones, and the

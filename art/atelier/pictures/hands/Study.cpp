@@ -23,6 +23,29 @@ bool Study::Sees(Vector2 place, float z, float slack) const
     return z > depth.At(x, y) - slack;
 }
 
+void Study::CloseGaps()
+{
+    constexpr int Enough = 6; // of the eight pixels round one
+    const Mask before = body;
+    for (int y = 1; y + 1 < body.Height(); y++)
+        for (int x = 1; x + 1 < body.Width(); x++) {
+            if (before.At(x, y) > 0)
+                continue;
+            int around = 0;
+            float deepest = 1e6f;
+            for (int dy = -1; dy <= 1; dy++)
+                for (int dx = -1; dx <= 1; dx++)
+                    if (before.At(x + dx, y + dy) > 0) {
+                        around++;
+                        deepest = Min(deepest, depth.At(x + dx, y + dy));
+                    }
+            if (around < Enough)
+                continue;
+            body.At(x, y) = dark.At(x, y) = cast.At(x, y) = edges.At(x, y) = 1;
+            depth.At(x, y) = deepest;
+        }
+}
+
 Frame FrameOf(const Solid& solid, const Sight& sight, float room, int width, int height)
 {
     Vector2 from = {1e6f, 1e6f}, to = {-1e6f, -1e6f};
@@ -42,14 +65,6 @@ Frame FrameOf(const Solid& solid, const Sight& sight, float room, int width, int
     const int left = std::clamp(Floor(from.x), 0, width - 1), top = std::clamp(Floor(from.y), 0, height - 1);
     return {left, top, std::clamp(Floor(to.x) + 1, left + 1, width) - left,
             std::clamp(Floor(to.y) + 1, top + 1, height) - top};
-}
-
-// A place of the canvas in the hand's frame.
-static Vector2 InHand(const Sight& sight, Vector2 place)
-{
-    const Vector2 d = (place - sight.centre) * (1 / sight.scale);
-    return {d.x * Cos(sight.turn) + d.y * Sin(sight.turn),
-            -d.x * Sin(sight.turn) + d.y * Cos(sight.turn) - sight.cardHalf};
 }
 
 // How much of the light is kept off by what lies between: 0 to 1.
@@ -101,7 +116,7 @@ static void TraceSurface(Study& study, std::vector<int>& parts, const Skeleton& 
             Vector2 from = {1e6f, 1e6f}, to = {-1e6f, -1e6f};
             for (const Vector2 corner :
                  {Vector2{0, 0}, Vector2{Tile, 0}, Vector2{0, Tile}, Vector2{Tile, Tile}}) {
-                const Vector2 p = InHand(sight, Vector2{float(left), float(top)} + corner);
+                const Vector2 p = sight.Back(Vector2{float(left), float(top)} + corner);
                 from = {Min(from.x, p.x), Min(from.y, p.y)};
                 to = {Max(to.x, p.x), Max(to.y, p.y)};
             }
@@ -114,7 +129,7 @@ static void TraceSurface(Study& study, std::vector<int>& parts, const Skeleton& 
                 continue;
             for (int y = top; y < std::min(height, top + Tile); y++)
                 for (int x = left; x < std::min(width, left + Tile); x++) {
-                    const Vector2 at = InHand(sight, {float(x) + 0.5f, float(y) + 0.5f});
+                    const Vector2 at = sight.Back({float(x) + 0.5f, float(y) + 0.5f});
                     Point3 p = {at.x, at.y, Reach};
                     bool hit = false;
                     for (int step = 0; step < 90 && p.z > -Reach && !hit; step++) {
@@ -143,7 +158,7 @@ static void Shade(Study& study, const Skeleton& hand, const Sight& sight)
     const auto place = [&](float x, float y) {
         const int px = std::min(Floor(x), study.body.Width() - 1),
                   py = std::min(Floor(y), study.body.Height() - 1);
-        const Vector2 at = InHand(sight, {float(px) + 0.5f, float(py) + 0.5f});
+        const Vector2 at = sight.Back({float(px) + 0.5f, float(py) + 0.5f});
         return Point3{at.x, at.y, study.depth.At(px, py)};
     };
     Mask hidden(study.body.Width(), study.body.Height());

@@ -24,6 +24,8 @@ struct Study {
     Mask edges; // 1 on pixels where a nearer part ends before a farther one, or before nothing
     Mask folds; // 0 to 1 where flesh meets flesh
     bool Sees(Vector2 place, float z, float slack) const;
+    // Makes pixels dark flesh that flesh is all around: in a gap between parts that nearly touch, single rays find none.
+    void CloseGaps();
 };
 
 // The part of a canvas of this size that shows a body, with so much room about it, in pixels of the hand's frame.
