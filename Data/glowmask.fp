@@ -28,7 +28,7 @@ const float fallen = 5.43;     // delta, from which that is all there is: a whit
 // Hazes: where on the screen, how much of what lies under them they hide, and their colours.
 const vec2 aspect = vec2(1.33, 1.0);
 const vec2 moonPlace = vec2(0.22, 0.62), firePlace = vec2(0.0, -0.10);
-const float moonHaze = 0.09, fireHaze = 0.15;
+const float moonHaze = 0.10, fireHaze = 0.17;
 const vec3 moonLight = vec3(0.62, 0.66, 0.80), fireLight = vec3(0.85, 0.47, 0.20);
 const float wayEnds = 12.6, fireBurns = 14.8; // delta
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
@@ -73,7 +73,7 @@ vec4 Night()
 {
     vec2 byMoon = (onScreen - moonPlace) * aspect, byFire = (onScreen - firePlace) * aspect;
     float tooth = Tooth(gl_FragCoord.xy);
-    float moon = tooth * moonHaze * (1.0 - smoothstep(wayEnds, fireBurns, delta)) * exp(-1.3 * dot(byMoon, byMoon));
+    float moon = tooth * moonHaze * (1.0 - smoothstep(wayEnds, fireBurns, delta)) * exp(-1.0 * dot(byMoon, byMoon));
     float fire = tooth * fireHaze * smoothstep(wayEnds, fireBurns, delta) * exp(-2.4 * dot(byFire, byFire));
     float thin = mist * tooth + moon + fire;
     return vec4((night * tooth + moonLight * moon + fireLight * fire) / thin, thin);

@@ -18,12 +18,12 @@ Mask RoofPatch()
 void PaintRoof(Canvas& canvas)
 {
     constexpr float Half = (Size - RoofLeft) / 2;
-    constexpr int Rows = 6;
+    constexpr int Rows = 4;
     struct Slope {
         float light; // on its tiles
         int seed;
     };
-    constexpr Slope Right = {1.0f, 11}, Left = {0.34f, 23}, Upper = {0.72f, 37}, Lower = {0.50f, 53};
+    constexpr Slope Right = {1.0f, 11}, Left = {0.42f, 23}, Upper = {0.78f, 37}, Lower = {0.58f, 53};
     const Noise own(541), worn(542);
     canvas.Cover(RoofPatch(), [&](float x, float y) {
         const float u = (x - RoofLeft) / Half - 1, v = y / Half - 1;
@@ -32,15 +32,15 @@ void PaintRoof(Canvas& canvas)
         const float out = Max(Abs(u), Abs(v)), along = onSide ? v : u;
         const float bent = out + 0.012f * worn.Gradient(x / 20, y / 20);
         const float row = bent * Rows, line = float(Floor(row)), down = row - line;
-        const float column = along * 5.5f + 0.5f * line + 0.1f * own.Gradient(line, 0.5f);
+        const float column = along * 3.6f + 0.5f * line + 0.1f * own.Gradient(line, 0.5f);
         const float across = Fraction(column) * 2 - 1;
         const float tint = own.Value(float(Floor(column)) * 1.3f + float(slope.seed), line * 1.7f);
-        LinearColour tile = Mix(Mix(palette::Rust, palette::Slate, 0.35f), RimAt(x), 0.20f + 0.45f * tint) *
+        LinearColour tile = Mix(Mix(palette::Rust, palette::Slate, 0.35f), RimAt(x), 0.40f + 0.40f * tint) *
                             (slope.light * (0.85f + 0.4f * worn.Fbm(x / 9, y / 9, 3)));
         const float edge = 0.84f - 0.14f * across * across; // of a rounded tile, over the next row
         tile = Mix(tile, RimAt(x) * (0.35f + 0.65f * slope.light), 0.75f * Hill(edge - 0.10f, 0.14f, down));
         tile = Mix(tile, palette::Ink * 0.5f,
-                   Max(Smooth(edge, edge + 0.07f, down), Smooth(0.84f, 0.96f, Abs(across))));
+                   Max(Smooth(edge, edge + 0.07f, down), 0.8f * Smooth(0.88f, 0.97f, Abs(across))));
         const float offHip = Abs(Abs(u) - Abs(v)) * Half, cap = Abs(Fraction(out * 9) - 0.5f);
         const LinearColour ridge =
             Mix(RimAt(x) * (0.6f + 0.4f * slope.light), palette::Ink, Smooth(0.40f, 0.48f, cap));

@@ -289,6 +289,18 @@ static void LightWindows(Canvas& canvas, const Paper& paper)
     canvas.Cover(frame, palette::Ink * 0.5f);
 }
 
+// The wall that the lamp shines on goes into the dark at its corners: of one that is seen edge-on little is left, and light
+// there would be a stair of bright steps. What filtering adds from beyond its right edge goes with it.
+static void DarkenByLamp(Canvas& canvas)
+{
+    canvas.Cover(Mask(Side, Side, 0, true).Each([](float x, float y) {
+        const float corner = Min(x - 3 * WallWidth, Size - x);
+        const float dark = x < 2 ? 1 : IsByLamp(x) * Smooth(44, 12, corner);
+        return y < RoofFoot && x >= RoofLeft ? 0 : dark;
+    }),
+                 palette::Ink * 0.4f, 0.93f);
+}
+
 // The wall at s above 0.75 looks at whoever comes along the way and no light reaches it, nor the first one. They are
 // whitewashed, their corner posts too; their beams are black.
 Canvas HouseWalls()
@@ -343,13 +355,6 @@ Canvas HouseWalls()
     });
     canvas.Cover(
         posts, [](float x, float) { return RimAt(x); }, 0.96f);
-    // The wall that the lamp shines on goes into the dark at its corners: of one that is seen edge-on little is left, and
-    // light there would be a stair of bright steps.
-    canvas.Cover(Mask(Side, Side, 0, true).Each([](float x, float) {
-        const float corner = Min(x - 3 * WallWidth, Size - x);
-        return IsByLamp(x) * Smooth(44, 12, corner);
-    }),
-                 palette::Ink * 0.4f, 0.93f);
     edges.Subtract(wood).Subtract(plinth);
     canvas.Cover(edges, palette::Ink, 0.9f);
     canvas.Cover(wood, [&](float x, float y) {
@@ -360,6 +365,7 @@ Canvas HouseWalls()
     canvas.Cover(doors, palette::Ink, 0.92f);
     LightWindows(canvas, paper);
     PaintRoofLines(canvas, paper);
+    DarkenByLamp(canvas);
     PaintRoof(canvas);
     paper.Show(canvas, 0.6f);
     Canvas front = canvas.Crop(2 * int(WallWidth), 0, int(WallWidth), Side);

@@ -144,10 +144,12 @@ TEST(FX_PathPictures, TheWallThatTheLampShinesOnGoesIntoTheDarkAtItsCorners)
 {
     const Raster walls = LoadPicture("budentextur.jpg");
     ASSERT_EQ(1024, walls.width);
-    for (int y = 320; y < 720; y++)
+    for (int y = 320; y < 720; y++) {
         for (int from = 0; from < 10; from++)
             for (const int x : {768 + 2 + from, 1023 - from})
                 ASSERT_LE(At(walls, x, y, 0), 100) << x << ' ' << y;
+        ASSERT_LE(At(walls, 0, y, 0), 150) << "half of it is seen at the edge " << y;
+    }
     double middle = 0;
     for (int y = 540; y < 720; y++)
         for (int x = 820; x < 870; x++)
