@@ -46,7 +46,7 @@ const float barkEdge = 12.0;             // how sharply they are told apart
 const vec2 blackEnd = vec2(0.02, 0.12);  // light at which black begins to give way to the scene, and has
 const float landTaps = 4.0;              // along the picture's foot:
 const vec2 landLight = vec2(0.12, 0.32); // blue there if the land has no light, and if it has all its light
-const float unlit = 0.30;                // part of the light that is left while the land has none
+const float unlit = 0.12;                // part of the light that is left while the land has none
 const vec2 skyTap = vec2(0.65, 0.72);    // sky for the second camera, land for the first and the third,
 const vec2 firstTap = vec2(0.50, 0.866); // and this is sky for the first
 const float lastIntensity = 0.25;        // of the last camera,
@@ -65,13 +65,13 @@ const vec3 moonlight = vec3(0.50, 0.58, 0.72);
 const vec3 night = vec3(0.112, 0.142, 0.272);
 const vec3 nightAbove = vec3(0.060, 0.078, 0.160);
 const vec2 nightHeights = vec2(0.35, 1.05);
-const vec4 moonsAcross = vec4(0.84, 0.84, 0.50, 0.87);
-const vec4 moonsUp = vec4(0.755, 0.790, 0.815, 0.850);
+const vec4 moonsAcross = vec4(0.84, 0.86, 0.13, 0.535);
+const vec4 moonsUp = vec4(0.745, 0.830, 0.845, 0.700);
 const float moonRadius = 0.042;
 const vec3 moonPaper = vec3(0.86, 0.84, 0.76), moonSeas = vec3(0.66, 0.66, 0.64);
 const vec2 seaSizes = vec2(34.0, 80.0); // features in the picture's height
 const vec2 seaShare = vec2(0.40, 0.65);
-const vec2 moonGlow = vec2(0.30, 9.0); // part of the moonlight, and how fast it is lost
+const vec2 moonGlow = vec2(0.40, 6.5); // part of the moonlight, and how fast it is lost
 const float starsEach = 26.0;          // cells in the picture's height, of which each has one or none
 const vec2 starShare = vec2(0.80, 1.00);
 const vec2 starSize = vec2(0.02, 0.06);    // in cells
@@ -79,9 +79,9 @@ const vec2 starsFade = vec2(0.05, 0.30);   // about the moon
 const vec2 skyWash = vec2(0.86, 0.28);     // least light, and gained where the wash has run together
 
 // The lands. The border of each is a line with a slope and a swell; its furrows run to a point above it.
-const vec4 farBorders = vec4(0.84, 0.58, 0.80, 0.60), farSlopes = vec4(-0.16, 0.04, -0.12, -0.05);
-const vec4 fieldBorders = vec4(0.51, 0.49, 0.50, 0.50), fieldSlopes = vec4(-0.03, 0.05, 0.03, -0.03);
-const vec4 nearBorders = vec4(0.17, 0.32, 0.12, 0.34), nearSlopes = vec4(0.20, -0.18, 0.26, 0.10);
+const vec4 farBorders = vec4(0.84, 0.54, 0.80, 0.52), farSlopes = vec4(-0.16, 0.04, -0.12, -0.05);
+const vec4 fieldBorders = vec4(0.51, 0.45, 0.54, 0.42), fieldSlopes = vec4(-0.03, 0.05, 0.03, -0.03);
+const vec4 nearBorders = vec4(0.17, 0.25, 0.12, 0.21), nearSlopes = vec4(0.20, -0.18, 0.26, 0.10);
 const vec3 swells = vec3(0.10, 0.03, 0.05);
 const vec3 swellSizes = vec3(2.3, 2.9, 1.9); // features in the picture's width
 const vec3 borderSeeds = vec3(0.0, 2.0, 4.0), borderSteps = vec3(3.1, 5.7, 7.9); // and gained by each camera
@@ -92,7 +92,7 @@ const vec3 pointHeights = vec3(0.14, 0.06, 0.16); // above the border
 const vec3 furrowsEach = vec3(5.0, 3.4, 3.0);     // in the picture's height, where they are as far from the point
 const float drawnLines = 384.0;                   // that the picture's height can show,
 const vec2 tooFine = vec2(0.12, 0.45);            // and furrows to one of them, where they begin to fade and are gone
-const float wobble = 0.22, wobbles = 9.0;         // of furrows, in furrows and on the way to the point
+const float wobble = 0.16, wobbles = 6.0;         // of furrows, in furrows and on the way to the point
 const float furrowWidth = 0.10, frostWidth = 0.07, frostAside = 0.22; // in furrows
 const float softest = 0.05;
 const vec2 dryGrain = vec2(1.3, 5.0); // features across a furrow and along it
@@ -102,6 +102,8 @@ const vec2 parcelTone = vec2(0.80, 0.40), farWash = vec2(0.82, 0.36);
 const vec2 poolSizes = vec2(5.0, 11.0), speckSizes = vec2(23.0, 47.0); // features of the wash
 const float pools = 0.65;                                               // part of it that these are
 const vec3 parchment = vec3(0.50, 0.465, 0.395), parchmentLow = vec3(0.27, 0.275, 0.30);
+const vec3 slopeGlow = vec3(0.55, 0.85, 2.2); // light away from the moon, gained beneath it, how fast that is lost,
+const float farGlow = 0.35;                  // and how much of its colour a land that is no slope takes there
 const vec2 parchmentHeights = vec2(0.45, 0.75);
 const vec3 farBlue = vec3(0.150, 0.185, 0.290);
 const vec3 earth = vec3(0.095, 0.120, 0.215), earthLit = vec3(0.285, 0.340, 0.475);
@@ -113,20 +115,31 @@ const vec3 furrowFrost = vec3(0.07, 0.16, 0.16); // and parts of frost in furrow
 const vec3 borderFrost = vec3(0.18, 0.55, 0.55); // and on the border, where the wash lets it be found
 const vec2 borderFound = vec2(0.30, 0.70);
 const float borderWidth = 0.006;
+const vec2 borderLine = vec2(0.55, 0.0035); // part of the light that it takes, and half its width
 // Grass on the borders of the field and of the near one, and along the picture's foot.
 const float footRoots = -0.02;
 const vec3 grassHeights = vec3(0.022, 0.070, 0.200), grassEach = vec3(90.0, 40.0, 24.0); // blades in the width
 const vec3 grassLight = vec3(1.6, 1.6, 1.0);                                              // times ink's
 const float grassLayers = 4.0;
-const float tuftsEach = 0.22;             // to a blade
+const float tuftsEach = 0.16;                     // to a blade,
+const vec2 tufts = vec2(0.40, 0.90);              // from nothing to full height
+const float tuftWidth = 2.6;                      // of those before a trunk, in half widths,
+const float tuftRoots = 0.015, rootsEach = 70.0;  // which are not on a line
 const vec2 bladeHeights = vec2(0.3, 0.7); // least, and gained by the tallest
-const float bladeLean = 0.85, bladeWidth = 0.11;
+const float bladeLean = 1.00, bladeWidth = 0.11;
+// The fence on the near border of the second camera and the last.
+const float posts = 7.0;                           // in the picture's width
+const float postHeight = 0.085, postDepth = 0.012; // above the border, and below
+const vec2 postHeights = vec2(0.85, 0.30);         // parts of it: least, and gained by the tallest
+const float postWidth = 0.035, postLean = 0.16;    // half of it, in the way from post to post
+const vec2 wireHeights = vec2(0.74, 0.42), wireSags = vec2(-0.11, -0.08); // in posts
+const float wireWidth = 0.0022, wireInk = 0.8;
 
 // The farm, of which the house is two units wide.
-const vec4 farms = vec4(0.60, 0.78, 0.57, 0.19);
-const float farmSize = 0.020, farmFoot = 0.010; // and how far below the border it stands
+const vec4 farms = vec4(0.60, 0.78, 0.545, 0.16);
+const float farmSize = 0.024, farmFoot = 0.010; // and how far below the border it stands
 const vec2 barn = vec2(1.65, -0.10);
-const vec2 gables = vec2(1.9, 1.6); // height of the house's and the barn's, which is cut at 1
+const vec2 gables = vec2(2.3, 1.7); // height of the house's and the barn's, which is cut at 1
 const vec3 pane = vec3(-0.25, 0.55, 0.24);
 const vec3 lamp = vec3(0.96, 0.72, 0.36);
 const vec2 lampGlow = vec2(0.22, 1.1); // part of it, and how fast it is lost
@@ -134,7 +147,7 @@ const vec2 lampGlow = vec2(0.22, 1.1); // part of it, and how fast it is lost
 // The wood behind the field.
 const float woodTrunks = 11.0;
 const vec2 woodWidths = vec2(0.0045, 0.017); // half of them, of the farthest trunk and of the nearest,
-const vec2 woodInk = vec2(0.22, 0.62);       // and parts of ink
+const vec2 woodInk = vec2(0.30, 0.52);       // and parts of ink
 const vec2 woodForks = vec2(0.06, 0.20);     // lowest height above the foot, and gained by the highest
 const float woodLean = 0.12;
 const float woodFoot = 0.02; // below the field's border
@@ -144,25 +157,26 @@ const vec4 secondOak = vec4(0.140, 0.040, 0.11, 0.03), secondAsh = vec4(0.290, 0
 const vec4 thirdOak = vec4(0.740, 0.036, 0.06, 0.04), thirdAsh = vec4(0.270, 0.020, 0.08, -0.03);
 const vec4 lastOak = vec4(0.440, 0.046, 0.08, 0.02), lastAsh = vec4(0.610, 0.022, 0.10, 0.05);
 const vec2 feet = vec2(0.060, 0.035);       // of oak and ash, below the field's border
-const float youngest = 0.35;                // part of its size that a tree has when its mist begins to lift
-const vec2 firstGrow = vec2(0.05, 0.92);    // between these intensities, the first camera's,
-const vec2 othersGrow = vec2(-0.05, 0.40);  // and the second's and third's
+const float youngest = 0.35;                // part of its size that a tree has before
+const vec2 growing = vec2(0.03, 0.42); // ways of the mist at which trees begin to grow, and have
+const vec2 toes = vec2(0.30, 4.0);            // depth of those, in half widths, and features in footWidth
 const float footWidth = 1.9, footDepth = 0.6; // of the round that a trunk stands on, in half widths
 const float sway = 0.05, swayPeriods = 7.0; // of a trunk, in the picture's width and height
 const vec2 boughSlope = vec2(0.62, 0.20);   // and by how much the two sides differ
 const float boughBend = 1.3;
-const float boughWave = 0.03;
+const float boughWave = 0.02;
 const vec3 forks = vec3(0.045, 0.040, 0.035); // of boughs, twigs and twiglets, each above the one before
 const float uneven = 0.45;                    // part by which two sides differ
 const vec3 twigSlopes = vec3(0.45, 0.34, 0.30);
-const vec3 taperings = vec3(0.35, 0.45, 5.0);
+const vec3 taperings = vec3(0.35, 0.45, 8.0);
+const float tipWidth = 0.010;          // from where what grows across another thins out
 const float thinnest = 0.0011;          // that is drawn; what is thinner is paler
 const vec2 trunkFlare = vec2(0.35, 0.14); // part of the width, and height at which it is lost
-const vec2 roots = vec2(0.32, 0.27);    // parts of the width: of all, and gained by some
-const float rootHeight = 60.0, rootsEach = 120.0;
+const vec2 roots = vec2(0.30, 0.50);    // parts of the width: least, and gained by some
+const float rootHeight = 60.0, rootSizes = 60.0;
 const vec3 shadowShape = vec3(1.3, 1.4, 0.05); // length to height, away from the moon, and softness with distance
 const vec2 shadowDepth = vec2(0.60, 0.25);     // part of the light that it takes, and distance at which it thins out
-const vec2 barkLines = vec2(170.0, 15.0);      // features
+const vec2 barkLines = vec2(230.0, 13.0);      // features
 const vec2 barkShare = vec2(0.50, 0.80);
 const float barkLight = 1.3;                   // times ink's,
 const vec2 barkHeights = vec2(0.05, 0.30);     // above the border
@@ -181,23 +195,25 @@ const vec2 strandShape = vec2(0.75, 2.40);    // in a disc that is drawn out upw
 const vec2 strandHeights = vec2(0.55, 0.8);   // here
 const vec2 limbEdge = vec2(0.30, 0.24);       // softness of limbs and strings
 const float bell = 0.8;                       // by which a tap at the disc's rim counts less than one in the middle
-const vec2 limbInk = vec2(0.70, 0.55);        // of the second and the last
+const vec2 limbFeet = vec2(0.47, 0.53);        // heights below which it is a shadow
+const vec2 limbInk = vec2(0.22, 0.25);        // of the second and the last
 
 
 // Mist.
 const float drift = 0.06;              // each second
 const float nextTarget = 0.45, firstTarget = 0.95;
 const float targetMargin = 0.00002;    // which ends the clock after ten seconds
-const vec2 lifting = vec2(0.02, 0.36); // intensities at which the mist begins to lift, and has
+const float firstKnown = 0.02;         // intensity at which the first tree is told from the others
+const vec2 lifting = vec2(0.05, 0.22); // ways of the mist at which it begins to lift, and has
 const vec2 veilFeet = vec2(-0.10, 0.10); // above the field's border, from where until where it thickens,
-const vec2 veilShare = vec2(0.80, 0.20); // and what it covers at least, and where the vapour is thick
+const vec2 veilShare = vec2(0.90, 0.10); // and what it covers at least, and where the vapour is thick
 const vec3 mistDark = vec3(0.150, 0.185, 0.295), mistLight = vec3(0.40, 0.45, 0.55);
 const vec2 vapourSizes = vec2(2.6, 6.5); // features in the picture's width and height
 const vec3 vapourParts = vec3(0.55, 0.30, 0.15);
 const vec2 vapourLight = vec2(0.25, 0.75);
-const vec2 lowMist = vec2(0.075, 0.030); // height above the border and below, by which it thins out
+const vec2 lowMist = vec2(0.100, 0.040); // height above the border and below, by which it thins out
 const vec2 lowShare = vec2(0.20, 0.70);  // of vapour,
-const float lowCover = 0.75;             // and what it covers there
+const float lowCover = 0.85;             // and what it covers there
 const float before = 0.30;               // part of that which lies before the trees
 
 // Even: neighbours differ as much as they can.
@@ -333,18 +349,32 @@ vec3 Furrows(vec2 place, float below, float point, float height, float each)
 float Grass(float along, float above, float tallest, float each, float seed)
 {
     float cover = 0.0;
-    float layers = above > -0.01 && above < tallest ? grassLayers : 0.0;
+    float layers = above > -0.002 && above < tallest ? grassLayers : 0.0;
     for (float i = 0.0; i < layers; i += 1.0) {
-        float tuft = Wave(tuftsEach * each * along + 17.0 * i + seed);
+        float tuft = smoothstep(tufts.x, tufts.y, Wave(tuftsEach * each * along + seed));
         float root = each * along + 0.37 * i + seed;
         vec2 blade = Mixed(vec2(floor(root), i + seed));
-        float high = tallest * (bladeHeights.x + bladeHeights.y * Hashed(blade.x, blade.y)) * tuft * tuft;
+        float high = tallest * (bladeHeights.x + bladeHeights.y * Hashed(blade.x, blade.y)) * tuft;
         float up = max(above, 0.0) / (high + 0.0001);
         float lean = bladeLean * (Hashed(blade.y, blade.x + 1.0) - 0.5);
         float inside = bladeWidth * (1.0 - up) - abs(fract(root) - 0.5 - lean * up * up);
-        cover = max(cover, smoothstep(-inkEdge * each, inkEdge * each, inside) * step(up, 1.0));
+        cover = max(cover, smoothstep(-inkEdge * each, inkEdge * each, inside) * step(up, 1.0) * step(0.0, above));
     }
     return cover;
+}
+
+// How much of a place that is so high above its feet is covered by a fence of posts and two wires.
+float Fence(float along, float above, float seed)
+{
+    float post = posts * along + 0.37 * seed;
+    float part = fract(post) - 0.5;
+    vec2 mixed = Mixed(vec2(floor(post), 8.3 + seed));
+    float high = postHeight * (postHeights.x + postHeights.y * Hashed(mixed.y, mixed.x + 1.0));
+    float lean = postLean * (Hashed(mixed.x, mixed.y) - 0.5) * above / high;
+    float inside = min(postWidth - abs(part - lean), posts * (high - above));
+    float cover = smoothstep(-inkEdge * posts, inkEdge * posts, inside) * step(-postDepth, above);
+    vec2 wires = abs(above - postHeight * (wireHeights + wireSags * (1.0 - 4.0 * part * part)));
+    return max(cover, wireInk * (1.0 - smoothstep(0.0, wireWidth, min(wires.x, wires.y))));
 }
 
 // How much of a place is covered by a trunk, by the side of it that the moon reaches, and by its shadow on the land
@@ -353,19 +383,21 @@ float Grass(float along, float above, float tallest, float each, float seed)
 vec3 Trunk(vec2 place, float foot, vec4 shape, float kind, float size, float moonAcross)
 {
     float round = (place.s - shape.x) / (footWidth * shape.y * size);
-    foot -= footDepth * shape.y * size * max(1.0 - round * round, 0.0);
+    foot -= shape.y * size * (footDepth * max(1.0 - round * round, 0.0) + toes.x * Wave(toes.y * round + kind));
     float below = max(foot - place.t, 0.0);
     float moonAside = moonAcross - shape.x;
     float up = (max(place.t - foot, 0.0) + shadowShape.x * below) / size;
     float aside = (place.s - shape.x + shadowShape.y * moonAside * below) / size -
                   sway * (Wave(swayPeriods * up + kind) - Wave(kind)) - shape.w * up;
     float side = sign(aside);
+    float pointed = mix(1.0, smoothstep(0.0, tipWidth, abs(aside)), min(16.0 * max(up - shape.z, 0.0), 1.0));
     float bough = max(up - shape.z, 0.0);
     float twig = max(bough - forks.x * (1.0 + uneven * side), 0.0);
     float spread = (boughSlope.x + boughSlope.y * side * sin(kind)) * bough * (1.0 - boughBend * bough) +
                    boughWave * (Wave(13.0 * up + kind + 4.0 * side) - 0.5) * min(20.0 * bough, 1.0);
     float away = abs(aside) - spread;
     float other = sign(away);
+    pointed *= mix(1.0, smoothstep(0.0, tipWidth, abs(away)), min(16.0 * twig, 1.0));
     away = abs(away) - twigSlopes.x * twig * (1.0 - boughBend * twig);
     float twiglet = max(twig - forks.y * (1.0 + uneven * other * side), 0.0);
     away = abs(away) - twigSlopes.y * twiglet;
@@ -373,9 +405,9 @@ vec3 Trunk(vec2 place, float foot, vec4 shape, float kind, float size, float moo
     away = abs(abs(away) - twigSlopes.z * tip);
 
     float flare = 1.0 + trunkFlare.x * (1.0 - smoothstep(0.0, trunkFlare.y, up)) +
-                  exp(-rootHeight * up) * (roots.x + roots.y * Wave(rootsEach * aside + kind));
+                  exp(-rootHeight * up) * (roots.x + roots.y * Wave(rootSizes * aside + kind));
     float width = shape.y * (1.0 - up) * flare * (1.0 - taperings.x * min(14.0 * bough, 1.0)) *
-                  (1.0 - taperings.y * min(16.0 * twig, 1.0)) * exp(-taperings.z * bough);
+                  (1.0 - taperings.y * min(16.0 * twig, 1.0)) * exp(-taperings.z * bough) * pointed;
     float drawn = max(width, thinnest / size);
     float soft = (inkEdge + shadowShape.z * below) / size;
     float cover = (1.0 - smoothstep(drawn - soft, drawn + soft, away)) * clamp(2.0 * width / drawn - 0.2, 0.0, 1.0);
@@ -443,7 +475,7 @@ float Vapour(vec2 place)
 float Drifted(float first)
 {
     float left = max(nextTarget - blur_intensity, 0.0);
-    float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - lifting.x) / (firstTarget - lifting.x);
+    float firstLeft = max(firstTarget - blur_intensity, 0.0) * (nextTarget - firstKnown) / (firstTarget - firstKnown);
     return -drift * log(mix(left, firstLeft, first) + targetMargin);
 }
 
@@ -478,7 +510,9 @@ vec3 Painted(vec2 place, float own)
     float speck = Tooth(place * speckSizes + pool);
     float washed = mix(speck, pool, pools);
     vec3 slope = mix(parchmentLow, parchment, smoothstep(parchmentHeights.x, parchmentHeights.y, place.t));
-    vec3 farLand = mix(farBlue, slope, camera.x + camera.z);
+    float glow = exp(-slopeGlow.z * length((place - moon) * vec2(shownAspect, 1.0)));
+    vec3 farLand = mix(mix(farBlue, parchment, farGlow * glow), slope * (slopeGlow.x + slopeGlow.y * glow),
+                       camera.x + camera.z);
     farLand *= (farWash.x + farWash.y * washed) * (parcelTone.x + parcelTone.y * furrows.z);
     float lit = clamp(dot(earthWash, vec3(1.0, washed, below)) - nearEarth * here.z, 0.0, 1.0);
     vec3 land = mix(mix(earth, earthLit, lit), farLand, here.x);
@@ -493,15 +527,16 @@ vec3 Painted(vec2 place, float own)
                       smoothstep(-inkEdge, inkEdge, borders.x - place.t));
     colour = mix(land, Farm(colour, place - home), behind);
 
-    float grown = mix(mix(smoothstep(othersGrow.x, othersGrow.y, blur_intensity), risen, last),
-                      smoothstep(firstGrow.x, firstGrow.y, blur_intensity), first);
+    float moved = Drifted(first);
+    float grown = mix(clamp((moved - growing.x) / (growing.y - growing.x), 0.0, 1.0), risen, last);
+    grown *= 2.0 - grown;
     vec4 oak = camera.x * firstOak + camera.y * secondOak + camera.z * thirdOak + camera.w * lastOak;
     vec4 ash = camera.x * firstAsh + camera.y * secondAsh + camera.z * thirdAsh + camera.w * lastAsh;
-    vec4 trees = Trees(place, borders.y, oak, ash, mix(youngest, 1.0, grown), moon.x, own * (1.0 - here.z));
-    float limb = Limb(place, last, own * behind * (camera.y + camera.w));
+    float size = mix(youngest, 1.0, grown);
+    vec4 trees = Trees(place, borders.y, oak, ash, size, moon.x, own);
+    float limb = Limb(place, last, own * behind * (camera.y + camera.w)) * smoothstep(limbFeet.x, limbFeet.y, place.t);
     colour = mix(colour, ink, behind * max(trees.x, limb * dot(limbInk, camera.yw)));
 
-    float moved = Drifted(first);
     float vapour = Vapour(vapourSizes * place + moved * vec2(1.0, 0.3) + 5.3 * number);
     vec3 mist = mix(mistDark, mistLight, smoothstep(vapourLight.x, vapourLight.y, vapour));
     float low = lowCover * exp(-max(over, 0.0) / lowMist.x - max(-over, 0.0) / lowMist.y) *
@@ -512,12 +547,19 @@ vec3 Painted(vec2 place, float own)
     vec3 trunk = mix(ink * (1.0 + barkLight * bark), mist, before * low) + moonlight * (rimLight * trees.z);
     colour = mix(colour, trunk, trees.y);
 
-    float lifted = last > 0.0 ? smoothstep(0.0, 1.0, risen) : smoothstep(lifting.x, lifting.y, blur_intensity);
+    float lifted = last > 0.0 ? smoothstep(0.0, 1.0, risen) : smoothstep(lifting.x, lifting.y, moved);
     colour = mix(colour, mist, (1.0 - lifted) * smoothstep(veilFeet.x, veilFeet.y, over) *
                                    dot(veilShare, vec2(1.0, vapour)));
-    float grass = Grass(place.s, place.t - dot(here, vec3(borders.yz, footRoots)), dot(here, grassHeights),
+    vec2 rooted = step(abs(place.s - vec2(oak.x, ash.x)), tuftWidth * size * vec2(oak.y, ash.y));
+    float tuft = max(rooted.x * (borders.y - feet.x - oak.y * size), rooted.y * (borders.y - feet.y - ash.y * size));
+    tuft -= tuftRoots * Wave(rootsEach * place.s);
+    float root = here.y * tuft > borders.z ? tuft : dot(here, vec3(borders.yz, footRoots));
+    float grass = Grass(place.s, place.t - root, dot(here, grassHeights),
                         dot(here, grassEach), number + dot(here, vec3(0.0, 1.0, 3.0)));
     colour = mix(colour, ink * dot(here, grassLight), grass * (1.0 - here.x * trees.y));
+    colour = mix(colour, ink, Fence(place.s, place.t - borders.z, number) * (camera.y + camera.w));
+    float line = min(abs(over), abs(place.t - borders.z));
+    colour *= 1.0 - borderLine.x * (1.0 - smoothstep(0.5 * borderLine.y, borderLine.y, line)) * (1.0 - trees.y);
     return colour * mix(unlit, 1.0, LandLight(own > 0.0)) * (1.0 + grain * (2.0 * inkTooth - 1.0));
 }
 
