@@ -399,22 +399,20 @@ static void DrawBrokenChord(Quill& pen, int bar)
                  triad.sign[1]);
 }
 
-// What is drawn, as a pen on soft paper leaves it: wider edges along the way than across it. The picture is not mipmapped,
-// and far off, where one pixel in ten of it is seen, a hard line is a row of dots that jump.
-static void Soften(Mask& drawn)
+// What is drawn, as a pen on soft paper leaves it: `along` pixels to each side along the way, a bell of `across`. The picture
+// is not mipmapped, and far off, where one pixel in ten of it is seen, a hard line is a row of dots that jump.
+static void Soften(Mask& drawn, int along, float across)
 {
-    constexpr int Along = 2; // pixels to each side
-    constexpr float Across = 1.1f;
-    drawn.Blur(Across);
+    drawn.Blur(across);
     const Mask sharp = drawn;
     for (int y = 0; y < Height; y++) {
         float sum = 0;
-        for (int x = -Along; x < Along; x++)
+        for (int x = -along; x < along; x++)
             sum += sharp.At(Wrap(x, Width), y);
         for (int x = 0; x < Width; x++) {
-            sum += sharp.At(Wrap(x + Along, Width), y);
-            drawn.At(x, y) = Max(0, sum) / float(2 * Along + 1);
-            sum -= sharp.At(Wrap(x - Along, Width), y);
+            sum += sharp.At(Wrap(x + along, Width), y);
+            drawn.At(x, y) = Max(0, sum) / float(2 * along + 1);
+            sum -= sharp.At(Wrap(x - along, Width), y);
         }
     }
 }
@@ -446,9 +444,9 @@ Canvas ScoreStrip()
         DrawChord(pen, bar);
         DrawBrokenChord(pen, bar);
     }
-    Soften(ruled);
-    Soften(ink);
-    canvas.Cover(ruled, Mix(palette::Slate, palette::Rust, 0.45f), 0.62f);
+    Soften(ruled, 2, 1.1f);
+    Soften(ink, 1, 0.7f);
+    canvas.Cover(ruled, Mix(palette::Slate, palette::Rust, 0.45f), 0.66f);
     canvas.Cover(ink, palette::Ink, 0.96f);
     paper.Show(canvas, 0.4f);
     AllowForMist(canvas);
