@@ -13,16 +13,17 @@
 // The scene of the names fills the screen, with an alpha of 1. What was drawn is a tree of cubes on a land of fields,
 // both of which throw hard black on each other. It is painted anew here as a landscape in ink: night and its moon, a
 // far land with a farm on it, a wood, a ploughed field on which two trees grow as the drawn one does, and a nearer
-// field with grass before it. The drawn tree is kept where it stands before the sky, which is where the second camera
-// and the last one look: the share of black and bark in a disc about each place is compared with a bar, which joins the
-// cubes into limbs with round edges. Bark is told from land by its hue. The first camera looks at stumps from near by
-// and the third into a tangle with its shadow, from above; there a slope covers them.
+// field with grass before it, and for some cameras a fence. The drawn tree is a shade behind the wood where it stands
+// before the sky, which is where the second camera and the last one look: the share of black and bark in a disc about
+// each place is compared with a bar, which joins the cubes into limbs with round edges. Bark is told from land by its
+// hue. The first camera looks at stumps from near by and the third into a tangle with its shadow, from above; there a
+// slope covers them.
 //
 // The effect lets blur_intensity grow with the tree, from -0.75. It approaches 0.45, for the first tree 0.95, as
-// exp(-t) approaches 0: the logarithm of what is left is a clock, and by it the mist drifts. It hides the wood and the
-// trees while they are but stumps, and lifts as they grow; some of it stays along the ridge. The last camera has a
-// constant intensity of 0.25 and rises with its tree: there the height of the land's far border tells how far the tree
-// has grown.
+// exp(-t) approaches 0: the logarithm of what is left is a clock, by which the mist drifts and the trees grow. The mist
+// hides all but the fields while the trees are young, and lifts; some of it stays along the field's border. The last
+// camera has a constant intensity of 0.25 and rises with its tree: there the height of the land's far border tells how
+// far the tree has grown.
 //
 // What this costs without a graphics card is the number of texture reads, and of noises. The software rasteriser
 // computes both sides of an if and throws one away; only a loop that is over for all pixels at hand is really left, and
@@ -158,21 +159,21 @@ const vec4 thirdOak = vec4(0.740, 0.036, 0.06, 0.04), thirdAsh = vec4(0.270, 0.0
 const vec4 lastOak = vec4(0.440, 0.046, 0.08, 0.02), lastAsh = vec4(0.610, 0.022, 0.10, 0.05);
 const vec2 feet = vec2(0.060, 0.035);       // of oak and ash, below the field's border
 const float youngest = 0.35;                // part of its size that a tree has before
-const vec2 growing = vec2(0.03, 0.42); // ways of the mist at which trees begin to grow, and have
+const vec2 growing = vec2(0.03, 0.42);      // ways of the mist at which trees begin to grow, and have
 const vec2 toes = vec2(0.30, 4.0);            // depth of those, in half widths, and features in footWidth
 const float footWidth = 1.9, footDepth = 0.6; // of the round that a trunk stands on, in half widths
-const float sway = 0.05, swayPeriods = 7.0; // of a trunk, in the picture's width and height
-const vec2 boughSlope = vec2(0.62, 0.20);   // and by how much the two sides differ
+const float sway = 0.05, swayPeriods = 7.0;   // of a trunk, in the picture's width and height
+const vec2 boughSlope = vec2(0.62, 0.20);     // and by how much the two sides differ
 const float boughBend = 1.3;
 const float boughWave = 0.02;
 const vec3 forks = vec3(0.045, 0.040, 0.035); // of boughs, twigs and twiglets, each above the one before
 const float uneven = 0.45;                    // part by which two sides differ
 const vec3 twigSlopes = vec3(0.45, 0.34, 0.30);
 const vec3 taperings = vec3(0.35, 0.45, 8.0);
-const float tipWidth = 0.010;          // from where what grows across another thins out
-const float thinnest = 0.0011;          // that is drawn; what is thinner is paler
+const float tipWidth = 0.010;           // from where what grows across another thins out
+const float thinnest = 0.0011;            // that is drawn; what is thinner is paler
 const vec2 trunkFlare = vec2(0.35, 0.14); // part of the width, and height at which it is lost
-const vec2 roots = vec2(0.30, 0.50);    // parts of the width: least, and gained by some
+const vec2 roots = vec2(0.30, 0.50);      // parts of the width: least, and gained by some
 const float rootHeight = 60.0, rootSizes = 60.0;
 const vec3 shadowShape = vec3(1.3, 1.4, 0.05); // length to height, away from the moon, and softness with distance
 const vec2 shadowDepth = vec2(0.60, 0.25);     // part of the light that it takes, and distance at which it thins out
@@ -195,9 +196,8 @@ const vec2 strandShape = vec2(0.75, 2.40);    // in a disc that is drawn out upw
 const vec2 strandHeights = vec2(0.55, 0.8);   // here
 const vec2 limbEdge = vec2(0.30, 0.24);       // softness of limbs and strings
 const float bell = 0.8;                       // by which a tap at the disc's rim counts less than one in the middle
-const vec2 limbFeet = vec2(0.47, 0.53);        // heights below which it is a shadow
+const vec2 limbFeet = vec2(0.47, 0.53);       // heights below which it is a shadow
 const vec2 limbInk = vec2(0.22, 0.25);        // of the second and the last
-
 
 // Mist.
 const float drift = 0.06;              // each second

@@ -12,7 +12,7 @@ namespace atelier
 constexpr float Size = 1024;
 constexpr int Side = 1024;
 
-// The haze of postprocessing_blur.fp, which covers the far border.
+// What the land ends in.
 constexpr LinearColour NightMist = {FromScreen(0.21f), FromScreen(0.26f), FromScreen(0.36f)};
 
 // A phase that grows by one from furrow to furrow; the strokes of the pen follow it.
@@ -196,8 +196,8 @@ static void PaintHedges(Canvas& canvas, const Mask& between, Dice& dice)
 
 // Seen from above and from near, under the moon: each patch ploughed its own way, in pen strokes over a wash,
 // with hedges and ditches between them, a pond, and tracks that lead to the tree in the middle. All of it is
-// parchment and mist of nearly one tone, the ground on which the tree is ink; the far border is the mist from
-// which postprocessing_blur.fp lets the sky rise.
+// parchment and mist of nearly one tone, the ground on which the tree is ink, and mist at the
+// far border.
 Canvas FieldOfTheNames()
 {
     const PatchedLand land;

@@ -25,7 +25,7 @@ TEST(FX_CreditsPictures, TheBarkOfTheNamesTreesIsWarmerThanTheirLand)
 
 TEST(FX_CreditsPictures, TheLandOfTheNamesIsAsColdAsItsNight)
 {
-    // Lit by half as much again, parchment would be a tan patch between banks of blue mist.
+    // Lit by half as much again, parchment would be a tan patch in a blue night.
     const Raster land = LoadPicture("ackerbau_tiled2_2.jpg");
     ASSERT_EQ(3, land.channels);
     EXPECT_LT(WarmPart(land, 0.15), 0.001);
@@ -34,8 +34,7 @@ TEST(FX_CreditsPictures, TheLandOfTheNamesIsAsColdAsItsNight)
 
 TEST(FX_CreditsPictures, TheFurrowsOfTheNamesLandAreBroadAndDrawn)
 {
-    // Where the second camera looks between two banks of mist the furrows run down the picture. A screen's pixel is
-    // about a texel there: what is narrower than a dozen of them is a smear.
+    // Before the second camera the furrows run down the picture. A screen's pixel is about a texel there: what is narrower than a dozen of them is a smear.
     const Raster land = LoadPicture("ackerbau_tiled2_2.jpg");
     ASSERT_EQ(3, land.channels);
     const auto tone = [&](int x) {
