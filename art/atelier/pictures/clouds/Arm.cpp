@@ -137,7 +137,8 @@ DrawnHand::DrawnHand(const Arm& arm, const Sight& whole, int newWidth, int newHe
     top = frame.top;
     const Sight part = whole.From({float(left), float(top)});
     Study study = Studied(hand, part, frame.width, frame.height);
-    study.CloseGaps();
+    for (int widest = 0; widest < 3; widest++)
+        study.CloseGaps();
     drawn = Canvas(frame.width, frame.height);
     DrawHand(drawn, hand, study, part, SkinOf(arm), arm.seed);
     depth = study.depth;

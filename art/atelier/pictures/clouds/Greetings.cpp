@@ -95,7 +95,7 @@ static void ShadeUnderThumb(Canvas& canvas, const Mask& thumb, const Sight& sigh
         const Vector2 off = Vector2{0.75f, 0.6f} * (layer.away * s);
         Mask shadow(canvas.Width(), canvas.Height());
         shadow.Each([&](float x, float y) { return thumb.Sample(x - off.x, y - off.y); });
-        canvas.Glaze(shadow.Blur(layer.soft * s).Multiply(around), Mix(palette::Slate, palette::Rust, 0.4f),
+        canvas.Glaze(shadow.Blur(layer.soft * s).Multiply(around), Mix(palette::Ochre, palette::Night, 0.62f),
                      layer.density);
     }
 }
@@ -117,7 +117,7 @@ static Vector2 FootOf(const Arm& arm, const Line& along, float side, Vector2 cre
     constexpr float AboveUpright = 38, BelowLevel = 14, Wide = 1.4f;
     const Vector2 d = DirectionAt(along, ElbowAt);
     const float below = Mix(-AboveUpright, BelowLevel, Abs(Dot({d.y, -d.x}, up)));
-    float t = 0.4f;
+    float t = 0.5f;
     Vector2 p;
     do {
         const Vector2 on = DirectionAt(along, t);

@@ -61,9 +61,9 @@ static void Folds(Pen& pen, const RoundArm& limb, float from, int count, uint32_
 static void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
     const int width = canvas.Width(), height = canvas.Height();
-    constexpr float Mouth = 0.31f, Cuff = 0.42f, Wide = 1.16f, Depth = 26;
+    constexpr float Mouth = 0.26f, Cuff = 0.365f, Wide = 1.16f, Depth = 26;
     const LinearColour wool = Mix(palette::Slate, palette::Mist, 0.22f),
-                       dark = Mix(palette::Night, palette::Ink, 0.3f);
+                       dark = Mix(palette::Night, palette::Slate, 0.2f);
     const Stuff knitted = {wool, palette::Night, 0.5f, 0.3f, 1.1f};
     // Soot.
     Mask soot(width, height);
@@ -102,7 +102,7 @@ static void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
                               {0.3f, 0.9f, 0.3f});
         }
     canvas.Cover(stitches.Multiply(cloth), dark, 0.5f);
-    ShadeRound(canvas, limb, cloth, Wide, dark, 0.85f, seed + 32);
+    ShadeRound(canvas, limb, cloth, Wide, dark, 0.65f, seed + 32);
     PaintFolds(canvas, limb,
                {{0.55f, -1.0f, 0.60f, -0.2f, 0.6f},
                 {0.53f, 1.0f, 0.59f, 0.2f, 0.7f},
@@ -112,7 +112,7 @@ static void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     const Vector2 on = DirectionAt(limb.along, Cuff);
     Mask cast(width, height);
     cast.Each([&](float x, float y) { return below.Sample(x - 14 * on.x - 4, y - 14 * on.y); });
-    canvas.Glaze(cast.Blur(2).Multiply(cloth), dark, 0.9f);
+    canvas.Glaze(cast.Blur(2).Multiply(cloth), dark, 0.8f);
     PaintCloth(canvas, cuff, knitted, 1, seed + 33);
     // The cuff's ribs: a dark furrow beside each, and light on it.
     Mask furrows(width, height), ridges(width, height);
@@ -125,20 +125,28 @@ static void Wool(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     }
     canvas.Cover(furrows.Multiply(cuff), dark, 0.75f);
     canvas.Cover(ridges.Multiply(cuff), Mix(wool, palette::Mist, 0.6f), 0.5f);
-    ShadeRound(canvas, limb, cuff, Wide, dark, 0.8f, seed + 34);
+    ShadeRound(canvas, limb, cuff, Wide, dark, 0.65f, seed + 34);
 }
 
 static void Rope(Canvas& canvas, const RoundArm& limb, uint32_t seed)
 {
-    const Mask cloth = Sleeve(canvas, limb, 0.66f, 1.34f, 1.3f, 7, seed);
-    PaintCloth(canvas, cloth, {Mix(palette::Mist, palette::Slate, 0.45f), palette::Night, 1.1f, 0.8f, 1.2f},
-               1, seed);
-    Mask lines(canvas.Width(), canvas.Height());
-    Pen pen(lines, SketchPaper(), {.width = 5, .wobble = 1.5f, .skip = 0.2f}, seed + 1);
-    for (const float t : {0.70f, 0.735f})
-        pen.Stroke(limb.Ring(t, 1.3f, 26), {0.6f, 1, 0.4f});
-    Folds(pen, limb, 0.7f, 9, seed + 2);
-    InkLines(canvas, lines, &cloth);
+    // A sleeve pushed up to the elbow.
+    constexpr float Mouth = 0.575f, Wide = 1.2f, Depth = 34;
+    const LinearColour linen = Mix(palette::Mist, palette::Slate, 0.45f),
+                       dark = Mix(palette::Night, palette::Slate, 0.25f);
+    PaintOpening(canvas, limb, Mouth, Wide, Depth, Mix(dark, palette::Ink, 0.5f), seed + 30);
+    const Mask cloth = OpenSleeve(canvas, limb, Mouth, Wide, 1.3f, Depth, 5, seed);
+    PaintCloth(canvas, cloth, {linen, palette::Night, 0.5f, 0.6f, 1.2f}, 1, seed);
+    ShadeRound(canvas, limb, cloth, Wide, dark, 0.85f, seed + 31);
+    PaintFolds(canvas, limb,
+               {{0.625f, -1.0f, 0.65f, -0.2f, 0.6f},
+                {0.63f, 1.0f, 0.67f, 0.1f, 0.7f},
+                {0.68f, -1.0f, 0.70f, 0.2f, 0.7f}},
+               Wide, Depth, cloth, dark, Mix(linen, palette::Bone, 0.4f), seed + 2);
+    Mask hem(canvas.Width(), canvas.Height());
+    Pen pen(hem, SketchPaper(), {.width = 3.4f, .wobble = 1, .skip = 0.2f}, seed + 1);
+    pen.Stroke(limb.Turn(Mouth + 0.022f, Wide, Depth, 0), {0.6f, 0.9f, 0.5f});
+    InkLines(canvas, hem, &cloth);
     // Three turns of rope round the wrist.
     for (int turn = 0; turn < 3; turn++) {
         const float t = 0.15f + 0.045f * float(turn);

@@ -251,6 +251,8 @@ static void DrawNail(Canvas& canvas, SurfacePen& pen, const Phalanx& part, const
     const float length = Length(part.b - part.a), wide = thumb ? 1.12f : 1.0f;
     // Where a place of the skin lies on the nail: -1 to 1 along and across it.
     const float middle = 0.76f, reach = thumb ? 0.27f : 0.25f;
+    constexpr int Least = 30; // pixels of the hand's frame: less is a nail that looks round a corner
+    int pixels = 0;
     Mask plate(canvas.Width(), canvas.Height());
     const Vector2 centre = sight({part.b.x, part.b.y});
     const float room = 1.4f * length * sight.scale;
@@ -267,9 +269,13 @@ static void DrawNail(Canvas& canvas, SurfacePen& pen, const Phalanx& part, const
             const float half = Mix(part.halfA, part.halfB, 0.7f) * wide;
             const float u = Dot(on, part.across) / (0.74f * half), out = -Dot(on, part.palmar) / half;
             const float round = Length(Vector2{t * t, u * u});
-            if (out > 0.25f && out < 1.6f && round < 1)
+            if (out > 0.25f && out < 1.6f && round < 1) {
                 plate.At(x, y) = 1;
+                pixels++;
+            }
         }
+    if (float(pixels) < Least * sight.scale * sight.scale)
+        return;
     plate.Blur(0.8f * sight.scale);
     canvas.Cover(plate, Mix(palette::Bone, palette::Parchment, 0.25f), 0.62f);
     const Mask in = plate.Inside(6 * sight.scale);

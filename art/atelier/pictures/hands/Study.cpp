@@ -25,7 +25,7 @@ bool Study::Sees(Vector2 place, float z, float slack) const
 
 void Study::CloseGaps()
 {
-    constexpr int Enough = 6; // of the eight pixels round one
+    constexpr int Enough = 5; // of the eight pixels round one
     const Mask before = body;
     for (int y = 1; y + 1 < body.Height(); y++)
         for (int x = 1; x + 1 < body.Width(); x++) {
