@@ -37,7 +37,7 @@ constexpr float IsByLamp(float x)
 constexpr LinearColour RimAt(float x)
 {
     return IsByLamp(x) > 0 ? LinearColour{0.98f, 0.47f, 0.30f}
-                           : Mix(palette::Mist, palette::Bone, 0.9f) * 1.12f;
+                           : Mix(palette::Mist, palette::Bone, 0.9f) * 1.5f;
 }
 
 // The second wall is seen from the plaza, when the way lies behind: by then the moon is on it.

@@ -86,7 +86,7 @@ static void PaintPlaster(Canvas& canvas, const HouseNoise& noise)
         const float first = Smooth(1.02f, 0.98f, x / WallWidth);
         const LinearColour lime = white * Mix(Limed, LinearColour{1, 1, 1}, first);
         // Under the moon's rims and the lamps the walls themselves are a value below white.
-        const LinearColour dim = Mix(palette::Slate, palette::Bone, 0.84f + 0.10f * Clamp(t));
+        const LinearColour dim = Mix(palette::Slate, palette::Bone, 0.84f + 0.10f * Clamp(t)) * 1.25f;
         const LinearColour plaster =
             Mix(Mix(clay * Reddened, lime, Whitewash(x)), dim, Max(first, IsBack(x))) *
             (1 + 0.14f * strokes + Mix(0.20f, 0, IsUnlit(x)) * noise.grit.Fbm(x / 4, y / 4, 2));
