@@ -28,8 +28,8 @@ const float fallen = 5.43;     // delta, from which that is all there is: a whit
 // Hazes: where on the screen, how much of what lies under them they hide, and their colours.
 const vec2 aspect = vec2(1.33, 1.0);
 const vec2 moonPlace = vec2(0.22, 0.62), firePlace = vec2(0.0, -0.10);
-const float moonHaze = 0.10, fireHaze = 0.17;
-const vec3 moonLight = vec3(0.62, 0.66, 0.80), fireLight = vec3(0.85, 0.47, 0.20);
+const float moonHaze = 0.08, fireHaze = 0.135;
+const vec3 moonLight = vec3(0.77, 0.82, 1.0), fireLight = vec3(1.0, 0.55, 0.24); // as pure as can be: a haze hides little
 const float wayEnds = 12.6, fireBurns = 14.8; // delta
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
 

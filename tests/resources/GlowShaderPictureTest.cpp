@@ -85,16 +85,16 @@ TEST_F(GlowShader, SendsASecondWaveLikeTheFirst)
 
 // The mist over black is 0.066, 0.080 and 0.154 of 255, that is 17, 20 and 39, and by 14 parts in 100 thinner and by 16
 // thicker where the paper has its tooth: 14 to 20, 17 to 24 and 33 to 46. The haze of the moon adds nothing far from it, and
-// 0.09 times 0.62, 0.66 and 0.80 of 255 where it stands, as much thicker with the tooth: up to 17, 18 and 22. Together they
-// hide 0.134 to 0.285 of what lies under them: of a white 34 to 73 levels.
+// 0.08 times 0.77, 0.82 and 1 of 255 where it stands, as much thicker with the tooth: up to 18, 19 and 24. Together they
+// hide 0.134 to 0.274 of what lies under them: of a white 34 to 70 levels.
 TEST_F(GlowShader, IsAThinMistOverWhatLiesUnderItWhenAllHasBeenSeen)
 {
     const struct {
         float under;
         int darkest[3], brightest[3];
     } rows[] = {
-        {0, {13, 16, 32}, {37, 42, 68}},
-        {1, {219, 223, 249}, {237, 240, 255}},
+        {0, {13, 16, 32}, {39, 44, 71}},
+        {1, {221, 225, 249}, {239, 242, 255}},
     };
     StartBands();
     BlendAsTheEffectDoes();
@@ -133,8 +133,8 @@ TEST_F(GlowShader, LaysAWarmHazeAboutTheFireOnceTheWayIsDone)
     };
     const int middle = side / 2 - 10, lowest = side - 20; // the top row comes first
     const Picture way = Draw(8), plaza = Draw(20);
-    // 0.15 times 0.85 of 255 is 32 of red, 0.15 times 0.20 of it 8 of blue.
-    EXPECT_NEAR(17 + 32, mean(plaza, middle, middle).red, 5);
+    // 0.135 of 255 is 34 of red, and 0.24 of that 8 of blue.
+    EXPECT_NEAR(17 + 34, mean(plaza, middle, middle).red, 5);
     EXPECT_NEAR(39 + 8, mean(plaza, middle, middle).blue, 5);
     EXPECT_LT(mean(way, middle, middle).red, mean(way, middle, middle).blue - 15);
     // In the corners it is as cold as it was.
@@ -161,7 +161,7 @@ TEST_F(GlowShader, LaysAColdHazeAboutTheMoonAsLongAsOneIsOnTheWay)
     // 0.61 of the width from the left, and 0.19 of the height from the top.
     const int x = 73, y = 23;
     const Picture way = Draw(8), plaza = Draw(20);
-    EXPECT_NEAR(39 + 18, blueAt(way, x, y), 6);
+    EXPECT_NEAR(39 + 20, blueAt(way, x, y), 6);
     EXPECT_GE(blueAt(way, x, y), blueAt(way, 6, side - 6) + 9);
     EXPECT_GE(blueAt(way, x, y), blueAt(plaza, x, y) + 9);
 }
