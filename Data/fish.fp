@@ -60,9 +60,13 @@ float Tooth(vec2 place)
 const vec3 zenith = vec3(0.020, 0.028, 0.070);
 const vec3 nightBlue = vec3(0.105, 0.130, 0.250);
 const vec3 mist = vec3(0.30, 0.34, 0.44);
-const vec3 water = vec3(0.030, 0.042, 0.090);
+const vec3 water = vec3(0.038, 0.052, 0.108);
 const vec3 emberLight = vec3(0.62, 0.22, 0.05); // of the fire itself, where no tongue is drawn
 const float emberSize = 0.43;                    // units of the mesh
+const vec3 moonLight = vec3(0.80, 0.77, 0.68);
+const vec3 moon = vec3(-0.576, 0.747, 0.333);      // over the way on which the fish comes and goes, length 1
+const vec3 moonShade = vec3(-0.583, 0.752, 0.308); // middle of what the crescent is cut out with
+const float moonRadius = 0.055;                    // radians
 const float skyline = -0.13; // height of the horizon, as a sine
 
 // A night over water, in washes: banks of cloud, a few stars, a skyline, and below it strokes of light on the waves. The
@@ -82,7 +86,18 @@ vec3 Night()
     float bank = smoothstep(0.40, 0.72, vapour);
     float rim = bank * (1.0 - smoothstep(0.55, 0.75, vapour)); // pigment pools at the edge of a wash
     vec3 sky = mix(nightBlue, zenith, smoothstep(0.0, 0.62, up));
-    sky = mix(sky, 0.62 * mist, (0.55 * bank - 0.25 * rim) * (1.0 - 0.75 * smoothstep(0.0, 0.7, up)));
+    sky = mix(sky, 0.62 * mist, (0.60 * bank - 0.25 * rim) * (1.0 - 0.60 * smoothstep(0.0, 0.7, up)));
+
+    // A thin moon, its dark side a breath lighter than the sky, with a halo in the vapour.
+    float fromMoon = acos(clamp(dot(way, moon), -1.0, 1.0));
+    float ragged = moonRadius * (0.985 + 0.03 * Tooth(90.0 * way.xy));
+    float fromShade = acos(clamp(dot(way, moonShade), -1.0, 1.0));
+    float disc = smoothstep(0.0025, -0.0025, fromMoon - ragged);
+    float lune = disc * smoothstep(-0.006, 0.006, fromShade - ragged);
+    float veil = 1.0 - 0.55 * bank;
+    sky += disc * vec3(0.030, 0.035, 0.055) * veil;
+    sky = mix(sky, moonLight * (0.82 + 0.30 * Tooth(60.0 * way.xz)), lune * veil);
+    sky += vec3(0.105, 0.110, 0.125) * exp(-55.0 * fromMoon * fromMoon) * (0.35 + 0.9 * vapour);
 
     vec2 field = vec2(34.0 * turn, 34.0 * height);
     vec2 cell = floor(field);
@@ -90,7 +105,7 @@ vec3 Night()
     float chance = Hashed(key.x, key.y);
     vec2 spot = field - cell - 0.25 - 0.5 * vec2(fract(17.0 * chance), fract(59.0 * chance));
     float star = step(0.90, chance) * smoothstep(0.085, 0.0, length(spot)) * fract(113.0 * chance);
-    sky += star * (1.0 - bank) * smoothstep(0.02, 0.25, up) * vec3(0.62, 0.66, 0.70);
+    sky += star * (1.0 - bank) * (1.0 - disc) * smoothstep(0.02, 0.25, up) * vec3(0.62, 0.66, 0.70);
 
     // The waves: lines of a pen that lie level, broken, and too fine to be told apart towards the skyline. They pass away
     // below, as the fish flies.
@@ -100,7 +115,7 @@ vec3 Night()
     float wave = 0.66 * Tooth(vec2(0.20, 0.95) * swell) + 0.34 * Tooth(vec2(0.55, 2.4) * swell + 7.3);
     float contour = abs(fract(3.0 * wave + 0.3) - 0.5);
     float broken = Tooth(vec2(0.45, 1.7) * swell + 5.0);
-    float crest = smoothstep(0.02 + 0.20 * broken, 0.05 * broken, contour) * smoothstep(0.40, 0.68, broken);
+    float crest = smoothstep(0.02 + 0.20 * broken, 0.05 * broken, contour) * smoothstep(0.34, 0.62, broken);
     float blended = smoothstep(10.0, 34.0, near);
     crest = mix(crest, 0.20, blended) * smoothstep(0.0, 0.012, down);
     float path = exp(-34.0 * aside * aside);

@@ -246,6 +246,36 @@ TEST_F(SwimmingFish, ShowsEachSurfaceInItsOwnColour)
     EXPECT_GT(bluish, 4000) << "skin in a cold light";
 }
 
+// How bright the picture's upper left corner is, where the fish is not.
+static int CornerOf(const Picture& picture)
+{
+    const unsigned char* pixel = picture.At(3, 3);
+    return pixel[0] + pixel[1] + pixel[2];
+}
+
+TEST_F(SwimmingFish, HasTheNightBehindItWhereThereIsPerspective)
+{
+    Aside();
+    EXPECT_EQ(0, CornerOf(Draw(0.3f, 1.0f)));
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(45, double(width) / height, 0.1, 100);
+    // The fish is seen under the tangent of an angle, to the right. It takes the light along where it leaves the picture
+    // there, and the eye gets used to the dark. On the left, where it comes in, nothing is dark.
+    const struct {
+        double tangent;
+        bool night;
+    } rows[] = {{0, true}, {0.45, true}, {0.9, false}, {1.05, false}, {3, true}, {-0.9, true}};
+    for (const auto& row : rows) {
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glTranslated(20 * row.tangent, -3, -20);
+        const int corner = CornerOf(Draw(0.3f, 1.0f));
+        EXPECT_LT(corner, 300) << "it stays a night";
+        EXPECT_EQ(row.night, corner > 30) << row.tangent << ": " << corner;
+    }
+}
+
 TEST_F(SwimmingFish, LooksAtTheViewerWithItsMouthOpen)
 {
     glMatrixMode(GL_PROJECTION);
