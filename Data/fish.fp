@@ -69,37 +69,35 @@ const vec3 moonShade = vec3(-0.583, 0.752, 0.308); // middle of what the crescen
 const float moonRadius = 0.055;                    // radians
 const float skyline = -0.13; // height of the horizon, as a sine
 
+// Three noises serve all that is painted without a texture: the vapour of the sky, the waves of the sea or the bristles of
+// the fire, whichever a place belongs to. Without a graphics card they are most of what a picture of this shader costs.
+vec3 Noises(vec2 first, vec2 second, vec2 third) { return vec3(Tooth(first), Tooth(second), Tooth(third)); }
+
+// 1 in this direction, falling off as a bell does over that width in radians, without its angle being needed.
+float BellAround(vec3 way, vec3 direction, float width) { return exp((dot(way, direction) - 1.0) * 2.0 / (width * width)); }
+
 // A night over water, in washes: banks of cloud, a few stars, a skyline, and below it strokes of light on the waves. The
 // fire is seen in the vapour around it and in the water below.
-vec3 Night()
+vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
 {
-    vec3 way = normalize(sight);
-    float turn = atan(way.x, way.z);
-    vec3 ahead = -normalize(vec3(gl_ModelViewMatrix[0].z, 0.0, gl_ModelViewMatrix[2].z));
-    float height = way.y - skyline * dot(way, ahead);
     float up = max(height, 0.0);
     float down = max(-height, 0.0);
+    vec3 toFire = normalize(hearth);
 
-    vec2 drift = vec2(2.6 * turn + 0.02 * fTime0_X, 11.0 * up / (0.35 + up));
-    float large = Tooth(drift + 3.7);
-    float vapour = 0.55 * large + 0.30 * Tooth(2.3 * drift + large) + 0.15 * Tooth(vec2(4.0, 7.0) * drift);
+    float vapour = dot(noise, vec3(0.55, 0.30, 0.15));
     float bank = smoothstep(0.40, 0.72, vapour);
     float rim = bank * (1.0 - smoothstep(0.55, 0.75, vapour)); // pigment pools at the edge of a wash
     vec3 sky = mix(nightBlue, zenith, smoothstep(0.0, 0.62, up));
     sky = mix(sky, 0.62 * mist, (0.60 * bank - 0.25 * rim) * (1.0 - 0.60 * smoothstep(0.0, 0.7, up)));
 
     // A thin moon, its dark side a breath lighter than the sky, with a halo in the vapour.
-    float fromMoon = acos(clamp(dot(way, moon), -1.0, 1.0));
-    float ragged = moonRadius * (0.985 + 0.03 * Tooth(90.0 * way.xy));
-    float fromShade = acos(clamp(dot(way, moonShade), -1.0, 1.0));
-    float disc = smoothstep(0.0025, -0.0025, fromMoon - ragged);
-    float lune = disc * smoothstep(-0.006, 0.006, fromShade - ragged);
+    float disc = smoothstep(moonRadius + 0.0015, moonRadius - 0.0015, length(way - moon));
+    float lune = disc * smoothstep(moonRadius - 0.006, moonRadius + 0.006, length(way - moonShade));
     float veil = 1.0 - 0.55 * bank;
     sky += disc * vec3(0.030, 0.035, 0.055) * veil;
-    sky = mix(sky, moonLight * (0.82 + 0.30 * Tooth(60.0 * way.xz)), lune * veil);
-    sky += vec3(0.105, 0.110, 0.125) * exp(-55.0 * fromMoon * fromMoon) * (0.35 + 0.9 * vapour);
+    sky = mix(sky, moonLight * (0.80 + 0.30 * noise.z), lune * veil);
+    sky += vec3(0.105, 0.110, 0.125) * BellAround(way, moon, 0.135) * (0.35 + 0.9 * vapour);
 
-    vec2 field = vec2(34.0 * turn, 34.0 * height);
     vec2 cell = floor(field);
     vec2 key = Mixed(cell);
     float chance = Hashed(key.x, key.y);
@@ -107,27 +105,22 @@ vec3 Night()
     float star = step(0.90, chance) * smoothstep(0.085, 0.0, length(spot)) * fract(113.0 * chance);
     sky += star * (1.0 - bank) * (1.0 - disc) * smoothstep(0.02, 0.25, up) * vec3(0.62, 0.66, 0.70);
 
-    // The waves: lines of a pen that lie level, broken, and too fine to be told apart towards the skyline. They pass away
-    // below, as the fish flies.
-    float aside = turn - atan(hearth.x, hearth.z);
-    float near = 0.55 / (down + 0.004);
-    vec2 swell = near * vec2(dot(way, vec3(ahead.z, 0.0, -ahead.x)), 1.0) + vec2(0.0, -4.0 * fTime0_X);
-    float wave = 0.66 * Tooth(vec2(0.20, 0.95) * swell) + 0.34 * Tooth(vec2(0.55, 2.4) * swell + 7.3);
+    // The waves: lines of a pen that lie level, broken, and too fine to be told apart towards the skyline.
+    float wave = 0.66 * noise.x + 0.34 * noise.y;
+    float broken = noise.z;
     float contour = abs(fract(3.0 * wave + 0.3) - 0.5);
-    float broken = Tooth(vec2(0.45, 1.7) * swell + 5.0);
     float crest = smoothstep(0.02 + 0.20 * broken, 0.05 * broken, contour) * smoothstep(0.34, 0.62, broken);
-    float blended = smoothstep(10.0, 34.0, near);
-    crest = mix(crest, 0.20, blended) * smoothstep(0.0, 0.012, down);
-    float path = exp(-34.0 * aside * aside);
+    crest = mix(0.20, crest, smoothstep(0.012, 0.051, down)) * smoothstep(0.0, 0.012, down);
+    float apart = dot(way.xz, hearth.xz) / max(length(way.xz) * length(hearth.xz), 1e-6); // cosine, as on a map
+    float path = exp((apart - 1.0) * 68.0);
     vec3 sea = mix(nightBlue * 0.85, water, smoothstep(0.0, 0.13, down)) * (0.8 + 0.4 * wave);
     sea += crest * (0.26 * mist + 0.62 * warmLight * path * smoothstep(0.42, 0.05, down));
+
     vec3 scene = mix(sky, sea, smoothstep(0.0015, -0.0015, height));
-    float away = length(hearth);
-    float off = acos(clamp(dot(way, hearth) / away, -1.0, 1.0));
-    float ember = off * away / emberSize;
-    scene += emberLight * exp(-ember * ember);
-    scene += vec3(0.16, 0.075, 0.022) * exp(-9.0 * off * off) * (0.55 + 0.75 * vapour);
-    scene *= 0.94 + 0.12 * Tooth(0.52 * gl_FragCoord.xy); // the paper's grain
+    scene += emberLight * BellAround(way, toFire, emberSize / length(hearth));
+    scene += vec3(0.16, 0.075, 0.022) * BellAround(way, toFire, 0.33) * (0.55 + 0.75 * vapour);
+    vec2 tooth = Mixed(floor(0.52 * gl_FragCoord.xy)); // of the paper
+    scene *= 0.95 + 0.10 * Hashed(tooth.x, tooth.y);
     return seen * scene;
 }
 
@@ -160,8 +153,7 @@ void main()
         float ink = (1.0 - smoothstep(0.12 * thin, 0.22 * thin, between)) * (1.0 - spine);
         float fork = abs(between - 0.5 + 0.22 * smoothstep(0.35, 1.0, reach));
         float ray = (1.0 - smoothstep(0.03, 0.07, fork)) * smoothstep(0.12, 0.5, reach);
-        float uneven = Tooth(vec2(60.0 * skinCoord.s, 5.0 * reach));
-        float edge = smoothstep(0.72, 0.93, reach + 0.10 * (uneven - 0.5));
+        float edge = smoothstep(0.72, 0.93, reach + 0.03 * sin(61.0 * skinCoord.s));
         vec3 skin = texture2D(sampler0, 0.15 * skinCoord).rgb;
         colour = mix(mix(skin, vec3(0.78, 0.46, 0.17), 0.65) * (1.25 - 0.45 * reach), vec3(0.09, 0.06, 0.07),
                      max(0.8 * ink, 0.6 * ray));
@@ -187,21 +179,37 @@ void main()
 
     light += 0.35 * through * colour; // what shines through a fin from all sides
 
-    vec3 behind = Night();
-    if (is(fire)) {
+    vec3 way = normalize(sight);
+    vec3 level = vec3(-gl_ModelViewMatrix[0].z, 0.0, -gl_ModelViewMatrix[2].z);
+    vec3 ahead = level / max(length(level), 1e-6); // none where one looks straight up or down
+    float height = way.y - skyline * dot(way, ahead);
+    vec2 field = vec2(1.6 * way.x / max(0.6 + way.z, 0.2), height); // of the sky, as seen from where it is flown over
+    float up = max(height, 0.0);
+    vec2 drift = vec2(2.6 * field.x + 0.02 * fTime0_X, 11.0 * up / (0.35 + up));
+    // They pass away below, as the fish flies.
+    float near = 0.55 / (max(-height, 0.0) + 0.004);
+    vec2 swell = near * vec2(dot(way, vec3(ahead.z, 0.0, -ahead.x)), 1.0) + vec2(0.0, -4.0 * fTime0_X);
+    float hair = 8.0 * stroke.x + 29.0 * stroke.z;
+    bool burns = is(fire);
+    bool isSea = height < 0.0;
+    vec3 noise = Noises(burns ? vec2(3.0 * stroke.x + 13.0 * stroke.z, 2.0 * stroke.y)
+                              : isSea ? vec2(0.20, 0.95) * swell : drift + 3.7,
+                        burns ? vec2(hair, 0.8 * stroke.y) : isSea ? vec2(0.55, 2.4) * swell + 7.3 : 2.3 * drift,
+                        burns ? vec2(0.6 * hair, 3.0 * stroke.y)
+                              : isSea ? vec2(0.45, 1.7) * swell + 5.0 : vec2(4.0, 7.0) * drift);
+    vec3 behind = Night(way, height, 34.0 * field, noise);
+    if (burns) {
         // Bristles: each carries paint for its own way, and runs dry towards the tip and the sides.
         float along = stroke.y;
         float side = abs(stroke.x);
-        float hair = 8.0 * stroke.x + 29.0 * stroke.z;
-        float flow = 7.0 * along - 1.5 * strokeSpeed * fTime0_X + 9.0 * Tooth(vec2(0.6 * hair, 3.0 * along));
-        float bristle = 0.40 * Tooth(vec2(3.0 * stroke.x + 13.0 * stroke.z, 2.0 * along)) +
-                        0.40 * Tooth(vec2(hair, 0.8 * along)) + 0.20 * (0.5 + 0.5 * sin(flow));
+        float flow = 7.0 * along - 1.5 * strokeSpeed * fTime0_X + 9.0 * noise.z;
+        float bristle = 0.40 * noise.x + 0.40 * noise.y + 0.20 * (0.5 + 0.5 * sin(flow));
         float load = 1.25 - 1.0 * along - 0.5 * smoothstep(0.7, 0.95, along) - 0.75 * side * side;
         cover = smoothstep(0.0, 0.45, load - bristle) * smoothstep(0.0, 0.16, along) * smoothstep(0.1, 0.6, stroke.w);
         float heat = clamp(1.5 * (load - bristle) - 0.25 * along, 0.0, 1.0);
         light = mix(vec3(0.86, 0.27, 0.04), vec3(1.10, 0.62, 0.15), smoothstep(0.0, 0.5, heat));
         light = mix(light, vec3(1.25, 1.0, 0.52), smoothstep(0.45, 1.0, heat));
-        behind += vec3(0.50, 0.15, 0.03) * (1.0 - 0.6 * along);
+        behind = vec3(0.50, 0.15, 0.03) * (1.0 - 0.6 * along) + 0.6 * nightBlue;
     }
     if (is(night))
         cover = 0.0;
