@@ -36,7 +36,7 @@ struct Stuff {
     float contour = 1;                 // weight of the outline
     LinearColour back = palette::Mist; // of the light thrown back into the shadow
     float rim = 0.6f;                  // strength of the edge of light on the other side
-    bool inkOver = false; // the outline covers the soft edge of the paint, on light stuff before the dark
+    bool inkOver = false;              // the outline also covers the soft edge of the paint, else a light rim
 };
 
 // Paints a body. Where `open` (optional) is 1 it grows out of what is there: no outline, no paint of its own.

@@ -90,12 +90,11 @@ static void ShadeUnderThumb(Canvas& canvas, const Mask& thumb, const Sight& sigh
     const Mask card =
         Filled(canvas.Width(), canvas.Height(),
                Shape(Straight(sight({{-a, -1}, {a, -1}, {a, -2 * a}, {-a, -2 * a}, {-a, -1}}))));
-    const Mask around = Mask(card).Subtract(thumb);
     for (const Layer& layer : {Layer{3, 1.6f, 0.8f}, Layer{11, 5, 0.6f}}) {
         const Vector2 off = Vector2{0.75f, 0.6f} * (layer.away * s);
         Mask shadow(canvas.Width(), canvas.Height());
         shadow.Each([&](float x, float y) { return thumb.Sample(x - off.x, y - off.y); });
-        canvas.Glaze(shadow.Blur(layer.soft * s).Multiply(around), Mix(palette::Ochre, palette::Night, 0.62f),
+        canvas.Glaze(shadow.Blur(layer.soft * s).Multiply(card), Mix(palette::Ochre, palette::Night, 0.62f),
                      layer.density);
     }
 }
@@ -143,14 +142,32 @@ static CloudBank BankOf(const Greeting& greeting, bool rust)
             {FootOf(greeting.arm, along, -1, crest, up), FootOf(greeting.arm, along, 1, crest, up)}};
 }
 
+// The border of flesh is found pixel by pixel: there each becomes the mean of its neighbours, and within the pen's finest
+// lines stay as they are.
+static void SmoothBorder(Canvas& canvas)
+{
+    constexpr float Wide = 2; // pixels, to both sides of the border
+    const int width = canvas.Width(), height = canvas.Height();
+    // Half a pixel aside each is the mean of four.
+    Canvas soft = Placed(canvas, {0, 0}, 0, 1, width, height, {0.5f, 0.5f});
+    soft = Placed(soft, {0, 0}, 0, 1, width, height, {-0.5f, -0.5f});
+    const Mask alpha = canvas.Alpha(), in = alpha.Inside(2 * Wide), out = alpha.Outside(2 * Wide);
+    for (int y = 0; y < height; y++)
+        for (int x = 0; x < width; x++) {
+            const float near = Smooth(Wide + 1, Wide, Max(in.At(x, y), out.At(x, y)));
+            const Pixel& to = soft.At(x, y);
+            Pixel& p = canvas.At(x, y);
+            p = {Mix(p.r, to.r, near), Mix(p.g, to.g, near), Mix(p.b, to.b, near), Mix(p.a, to.a, near)};
+        }
+}
+
 Canvas GreetingHand(int greeting)
 {
     const Arm& arm = Greetings[greeting].arm;
     Canvas canvas(Size, Size);
     const DrawnHand hand(arm, InPicture, Size, Size);
     hand.Paint(canvas);
-    // The border of flesh is found pixel by pixel, without smooth edges; half a pixel aside, each pixel is the mean of four.
-    canvas = Placed(canvas, {0, 0}, 0, 1, Size, Size, {0.5f, 0.5f});
+    SmoothBorder(canvas);
     const Mask thumb = ThumbOnCard(arm, InPicture, Size, Size);
     const Canvas before = Canvas(canvas).CutOut(thumb);
     PaintWear(canvas, InPicture, arm);

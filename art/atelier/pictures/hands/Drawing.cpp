@@ -240,11 +240,12 @@ static void DrawOutline(Canvas& canvas, const Study& study, const Skin& skin, fl
             contour.At(x, y) = line;
         }
     canvas.Cover(contour, palette::Ink, 0.94f);
-    canvas.Cover(Mask(study.folds).Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.15f), 0.72f);
+    canvas.Cover(Mask(study.folds).Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.15f),
+                 skin.closeUp ? 0.5f : 0.72f);
 }
 
 static void DrawNail(Canvas& canvas, SurfacePen& pen, const Phalanx& part, const Study& study,
-                     const Sight& sight, bool thumb)
+                     const Sight& sight, const Skin& skin, bool thumb)
 {
     if (part.palmar.z > 0.55f)
         return;
@@ -253,7 +254,7 @@ static void DrawNail(Canvas& canvas, SurfacePen& pen, const Phalanx& part, const
     const float middle = 0.76f, reach = thumb ? 0.27f : 0.25f;
     constexpr int Least = 30; // pixels of the hand's frame: less is a nail that looks round a corner
     int pixels = 0;
-    Mask plate(canvas.Width(), canvas.Height());
+    Mask plate(canvas.Width(), canvas.Height()), border(canvas.Width(), canvas.Height());
     const Vector2 centre = sight({part.b.x, part.b.y});
     const float room = 1.4f * length * sight.scale;
     for (int y = std::max(0, Floor(centre.y - room)); y < std::min(canvas.Height(), Floor(centre.y + room));
@@ -269,22 +270,27 @@ static void DrawNail(Canvas& canvas, SurfacePen& pen, const Phalanx& part, const
             const float half = Mix(part.halfA, part.halfB, 0.7f) * wide;
             const float u = Dot(on, part.across) / (0.74f * half), out = -Dot(on, part.palmar) / half;
             const float round = Length(Vector2{t * t, u * u});
-            if (out > 0.25f && out < 1.6f && round < 1) {
+            if (out <= 0.25f || out >= 1.6f)
+                continue;
+            if (round < 1) {
                 plate.At(x, y) = 1;
                 pixels++;
             }
+            if (skin.closeUp)
+                border.At(x, y) = Smooth(0.74f, 0.86f, round) * Smooth(1.06f, 0.96f, round);
         }
     if (float(pixels) < Least * sight.scale * sight.scale)
         return;
     plate.Blur(0.8f * sight.scale);
     canvas.Cover(plate, Mix(palette::Bone, palette::Parchment, 0.25f), 0.62f);
-    const Mask in = plate.Inside(6 * sight.scale);
-    Mask border(canvas.Width(), canvas.Height());
-    for (int y = 0; y < canvas.Height(); y++)
-        for (int x = 0; x < canvas.Width(); x++)
-            if (plate.At(x, y) > 0.4f)
-                border.At(x, y) = Smooth(2.6f * sight.scale, 1.2f * sight.scale, in.At(x, y)) *
-                                  Smooth(0.4f, 0.6f, plate.At(x, y));
+    if (!skin.closeUp) {
+        const Mask in = plate.Inside(6 * sight.scale);
+        for (int y = 0; y < canvas.Height(); y++)
+            for (int x = 0; x < canvas.Width(); x++)
+                if (plate.At(x, y) > 0.4f)
+                    border.At(x, y) = Smooth(2.6f * sight.scale, 1.2f * sight.scale, in.At(x, y)) *
+                                      Smooth(0.4f, 0.6f, plate.At(x, y));
+    }
     canvas.Cover(border, palette::Ink, 0.8f);
     // The white of its end.
     pen.Stroke(Ring(part, 0.93f, Pi - 0.6f, Pi + 0.6f, 0.02f, 1.0f), 0.6f * part.halfA, {0.3f, 0.7f, 0.2f});
@@ -361,7 +367,7 @@ static void DrawMarks(Canvas& canvas, const Skeleton& hand, const Study& study, 
     }
     pen.pen.nib.width = 1.8f * s;
     for (int i = 0; i < Solid::Digits; i++)
-        DrawNail(canvas, pen, hand.digits[i][2], study, sight, i == Thumb);
+        DrawNail(canvas, pen, hand.digits[i][2], study, sight, skin, i == Thumb);
     canvas.Cover(lines.Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.15f), 0.82f);
 }
 

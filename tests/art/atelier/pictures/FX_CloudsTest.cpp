@@ -29,7 +29,7 @@ TEST(FX_CloudsPictures, TheCardsLieBeforeTheHandsWhereTheShowLaysTheirFaces)
         bool thumb; // holds the card
     } pairs[] = {{"greetings_01.png", "greetings_02.png", 0.6, false},
                  {"greetings_03.png", "greetings_04.png", 0.25, true},
-                 {"greetings_05.png", "greetings_06.png", 0.25, true},
+                 {"greetings_05.png", "greetings_06.png", 0.2, true},
                  {"greetings_07.png", "greetings_08.png", 0.6, false},
                  {"greetings_09.png", "greetings_11.png", -0.1, false},
                  {"greetings_12.png", "greetings_13.png", 0.6, true}};
