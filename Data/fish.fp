@@ -91,7 +91,7 @@ vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
     sky = mix(sky, 0.62 * mist, (0.60 * bank - 0.25 * rim) * (1.0 - 0.60 * smoothstep(0.0, 0.7, up)));
 
     // A thin moon, its dark side a breath lighter than the sky, with a halo in the vapour.
-    float disc = smoothstep(moonRadius + 0.0015, moonRadius - 0.0015, length(way - moon));
+    float disc = 1.0 - smoothstep(moonRadius - 0.0015, moonRadius + 0.0015, length(way - moon));
     float lune = disc * smoothstep(moonRadius - 0.006, moonRadius + 0.006, length(way - moonShade));
     float veil = 1.0 - 0.55 * bank;
     sky += disc * vec3(0.030, 0.035, 0.055) * veil;
@@ -102,21 +102,21 @@ vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
     vec2 key = Mixed(cell);
     float chance = Hashed(key.x, key.y);
     vec2 spot = field - cell - 0.25 - 0.5 * vec2(fract(17.0 * chance), fract(59.0 * chance));
-    float star = step(0.90, chance) * smoothstep(0.085, 0.0, length(spot)) * fract(113.0 * chance);
+    float star = step(0.90, chance) * (1.0 - smoothstep(0.0, 0.085, length(spot))) * fract(113.0 * chance);
     sky += star * (1.0 - bank) * (1.0 - disc) * smoothstep(0.02, 0.25, up) * vec3(0.62, 0.66, 0.70);
 
     // The waves: lines of a pen that lie level, broken, and too fine to be told apart towards the skyline.
     float wave = 0.66 * noise.x + 0.34 * noise.y;
     float broken = noise.z;
     float contour = abs(fract(3.0 * wave + 0.3) - 0.5);
-    float crest = smoothstep(0.02 + 0.20 * broken, 0.05 * broken, contour) * smoothstep(0.34, 0.62, broken);
+    float crest = (1.0 - smoothstep(0.05 * broken, 0.02 + 0.20 * broken, contour)) * smoothstep(0.34, 0.62, broken);
     crest = mix(0.20, crest, smoothstep(0.012, 0.051, down)) * smoothstep(0.0, 0.012, down);
     float apart = dot(way.xz, hearth.xz) / max(length(way.xz) * length(hearth.xz), 1e-6); // cosine, as on a map
     float path = exp((apart - 1.0) * 68.0);
     vec3 sea = mix(nightBlue * 0.85, water, smoothstep(0.0, 0.13, down)) * (0.8 + 0.4 * wave);
-    sea += crest * (0.26 * mist + 0.62 * warmLight * path * smoothstep(0.42, 0.05, down));
+    sea += crest * (0.26 * mist + 0.62 * warmLight * path * (1.0 - smoothstep(0.05, 0.42, down)));
 
-    vec3 scene = mix(sky, sea, smoothstep(0.0015, -0.0015, height));
+    vec3 scene = mix(sea, sky, smoothstep(-0.0015, 0.0015, height));
     scene += emberLight * BellAround(way, toFire, emberSize / length(hearth));
     scene += vec3(0.16, 0.075, 0.022) * BellAround(way, toFire, 0.33) * (0.55 + 0.75 * vapour);
     vec2 tooth = Mixed(floor(0.52 * gl_FragCoord.xy)); // of the paper
