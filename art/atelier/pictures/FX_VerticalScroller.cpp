@@ -216,66 +216,84 @@ static void DrawChickLeaving(Page& page, Vector2 at)
     const Mask inside = Filled(W, H, ball);
     const Noise ruffle(44);
     Mask down(W, H), sheen(W, H), lit(W, H);
-    Pen dark(down, SketchPaper(), {.width = 11, .wobble = 1, .wave = 30, .skip = 0, .dry = 0, .pool = 0}, 41),
-        grey(sheen, SketchPaper(), {.width = 6, .wobble = 1, .wave = 30, .skip = 0, .dry = 0.2f, .pool = 0},
-             42),
-        light(lit, SketchPaper(), {.width = 7, .wobble = 1, .wave = 30, .skip = 0, .dry = 0.15f, .pool = 0},
-              45);
-    // A feather from a place outwards, away from the middle of the body or, higher up, of the head.
+    Pen dark(down, SketchPaper(), {.width = 5.5f, .wobble = 1, .wave = 24, .skip = 0, .dry = 0, .pool = 0},
+             41),
+        grey(sheen, SketchPaper(),
+             {.width = 3.2f, .wobble = 1, .wave = 24, .skip = 0, .dry = 0.2f, .pool = 0}, 42),
+        light(lit, SketchPaper(),
+              {.width = 3, .wobble = 0.8f, .wave = 22, .skip = 0.05f, .dry = 0.1f, .pool = 0}, 45);
+    // A feather from a place outwards, away from the middle of the body or, higher up, of the head. None lies quite like
+    // its neighbour.
     const auto feather = [&](Pen& pen, Vector2 p, float length) {
         const Vector2 middle = at + Mix(Vector2{-8, 10}, Vector2{20, -50}, Smooth(20, -90, p.y - at.y));
-        const float a = Angle(p - middle) + 0.25f + 0.7f * ruffle.Fbm(p.x / 70, p.y / 70, 2);
+        const float a =
+            Angle(p - middle) + 0.25f + 0.9f * ruffle.Fbm(p.x / 60, p.y / 60, 3) + 0.32f * page.dice.Bell();
         const Vector2 d = {Cos(a), Sin(a) + 0.18f}, n = {-d.y, d.x};
-        pen.Stroke(Through({p, p + d * (length * 0.5f) + n * (length * 0.05f),
-                            p + d * length + n * (length * 0.2f)}),
-                   {.start = 0.5f, .middle = 0.9f, .end = 0});
+        const float bow = page.dice.Range(-0.06f, 0.26f);
+        pen.Stroke(Through({p, p + d * (length * 0.5f) + n * (length * 0.25f * bow),
+                            p + d * length + n * (length * bow)}),
+                   {.start = 0.4f, .middle = 0.9f, .end = 0});
     };
-    for (int i = 0; i < 120; i++) { // the rim, evenly round
-        const Vector2 p = PointAt(ball, (float(i) + 0.5f * page.dice.Unit()) / 120);
-        feather(dark, Mix(p, at, 0.22f), page.dice.Range(44, 70));
+    for (int i = 0; i < 330; i++) { // the rim: down of any length
+        const Vector2 p = PointAt(ball, (float(i) + page.dice.Unit()) / 330);
+        const float far = page.dice.Unit();
+        feather(dark, Mix(p, at, page.dice.Range(0.06f, 0.26f)), 26 + 34 * far * far + 10 * page.dice.Unit());
     }
-    for (int i = 0; i < 420; i++) {
+    for (int i = 0; i < 1500; i++) {
         const Vector2 p = at + Vector2{page.dice.Range(-96, 92), page.dice.Range(-112, 96)};
-        if (inside.Sample(p.x, p.y) > 0.5f && page.dice.Chance(0.26f))
-            feather(grey, p, page.dice.Range(30, 48));
+        if (inside.Sample(p.x, p.y) > 0.5f && page.dice.Chance(0.30f))
+            feather(grey, p, page.dice.Range(12, 34));
     }
-    for (int i = 0; i < 64; i++) { // the moon is behind it on the right: from the crown down to the breast
-        const float t = (float(i) + 0.6f * page.dice.Unit()) / 64;
-        const Vector2 p = PointAt(ball, t), q = p - at;
-        const float moon = Smooth(-70, 40, q.x - 0.35f * q.y);
-        light.nib.ink = 0.35f + 0.65f * moon;
-        light.nib.width = 4.5f + 3 * moon;
-        feather(light, Mix(p, at, 0.10f), page.dice.Range(30, 44));
+    // The moon is behind it on the right: light lies in the tips of the down there, in tufts, and is lost on the other side.
+    for (int i = 0; i < 620; i++) {
+        const Vector2 p = PointAt(ball, (float(i) + page.dice.Unit()) / 620), q = p - at;
+        const float moon = Smooth(-80, 60, q.x - 0.45f * q.y),
+                    tuft = 0.5f + ruffle.Fbm(p.x / 22 + 40, p.y / 22, 2);
+        if (!page.dice.Chance(Clamp((0.10f + 0.42f * moon) * (0.15f + 1.2f * tuft))))
+            continue;
+        light.nib.ink = (0.30f + 0.55f * moon) * page.dice.Range(0.55f, 1);
+        light.nib.width = 2.2f + 1.5f * moon * page.dice.Unit();
+        feather(light, Mix(p, at, page.dice.Range(-0.10f, 0.12f)),
+                page.dice.Range(10, 22) + 16 * moon * page.dice.Unit());
     }
-    for (int i = -2; i <= 2; i++) { // what stands up on its head
-        const float k = float(i);
-        dark.Stroke(Through({at + Vector2{26 + 5 * k, -108}, at + Vector2{24 + 9 * k, -140},
-                             at + Vector2{14 + 17 * k, -166 + 7 * Abs(k)}}),
-                    {.start = 0.7f, .middle = 0.8f, .end = 0});
-        light.nib.width = 5;
-        light.nib.ink = 0.9f;
-        light.Stroke(Through({at + Vector2{29 + 5 * k, -116}, at + Vector2{27 + 9 * k, -142},
-                              at + Vector2{17 + 17 * k, -166 + 7 * Abs(k)}}),
-                     {.start = 0.4f, .middle = 0.8f, .end = 0});
+    for (int i = 0; i < 90; i++) { // and a few hairs of it in the middle
+        const Vector2 p = at + Vector2{page.dice.Range(-60, 84), page.dice.Range(-20, 92)};
+        light.nib.ink = 0.34f;
+        light.nib.width = 2;
+        if (inside.Sample(p.x, p.y) > 0.5f && page.dice.Chance(0.25f + 0.5f * Smooth(-40, 60, p.x - at.x)))
+            feather(light, p, page.dice.Range(12, 26));
+    }
+    for (int i = 0; i < 13; i++) { // what stands up on its head
+        const float k = page.dice.Range(-2.4f, 2.4f), tall = page.dice.Range(0.6f, 1.1f);
+        Pen& pen = i % 3 == 0 ? light : dark;
+        light.nib.width = 2.8f;
+        light.nib.ink = 0.7f;
+        pen.Stroke(Through({at + Vector2{26 + 5 * k, -110}, at + Vector2{24 + 9 * k, -110 - 32 * tall},
+                            at + Vector2{14 + 17 * k, -110 - (58 - 7 * Abs(k)) * tall}}),
+                   {.start = 0.6f, .middle = 0.9f, .end = 0});
     }
     page.dark.Unite(down);
     page.washes.Unite(sheen.Scale(0.46f));
-    // The stub of a wing: five quills over each other.
-    for (int i = 0; i < 5; i++) {
-        const float k = float(i);
-        light.nib.width = 5;
-        light.nib.ink = 0.55f;
-        light.Stroke(Through({at + Vector2{-34 + 5 * k, 6 + 5 * k}, at + Vector2{-56 + 5 * k, 36 + 6 * k},
-                              at + Vector2{-92 + 13 * k, 58 + 9 * k - 1.2f * k * k}}),
+    // The stub of a wing: quills over each other, fine and worn.
+    for (int i = 0; i < 9; i++) {
+        const float k = 0.55f * float(i) + 0.3f * page.dice.Bell(), worn = page.dice.Range(0.75f, 1);
+        const Vector2 root = at + Vector2{-34 + 5 * k, 6 + 5 * k};
+        light.nib.width = page.dice.Range(2.2f, 3.2f);
+        light.nib.ink = page.dice.Range(0.35f, 0.6f);
+        light.Stroke(Through({root, root + Vector2{-22, 30 + k} * worn,
+                              root + Vector2{-58 + 8 * k, 52 + 4 * k - 1.2f * k * k} * worn}),
                      {.start = 0.2f, .middle = 0.8f, .end = 0});
     }
     page.lines.Screen(lit);
 
     // Its beak, and the one eye that sees you.
-    page.accents.Fill(Round(
-        {at + Vector2{88, -76}, at + Vector2{106, -82}, at + Vector2{140, -58}, at + Vector2{92, -58}}));
-    page.accents.Fill(Round(
-        {at + Vector2{92, -53}, at + Vector2{128, -52}, at + Vector2{108, -40}, at + Vector2{90, -44}}));
+    for (const Line& half : {Round({at + Vector2{88, -76}, at + Vector2{106, -82}, at + Vector2{140, -58},
+                                    at + Vector2{92, -58}}),
+                             Round({at + Vector2{92, -53}, at + Vector2{128, -52}, at + Vector2{108, -40},
+                                    at + Vector2{90, -44}})}) {
+        page.lines.Erase(half);
+        page.accents.Fill(half);
+    }
     const Vector2 eye = at + Vector2{44, -70};
     page.lines.Erase(Ellipse(eye, 42, 43)).Fill(Shaken(Ellipse(eye, 35, 36), 1, 20, 43));
     page.washes.Erase(Ellipse(eye, 42, 43));
