@@ -14,6 +14,7 @@ varying vec2 skinCoord;
 varying vec3 sight;
 varying vec3 hearth;
 varying float seen;
+varying float lit;
 varying vec4 stroke;
 
 // Which tile of the texture a face lies in says what it is made of.
@@ -30,12 +31,15 @@ const vec3 warmLight = vec3(0.94, 0.62, 0.30);
 const vec3 fromAbove = vec3(-0.34, 0.66, 0.67);
 const vec3 fromBelow = vec3(0.50, -0.78, 0.37);
 
+const float toothGrain = 0.9;            // features in a pixel
+const vec2 ropeDries = vec2(19.0, 50.0); // between these places behind the fish, units of the world
+const float worldScale = 6.0;            // of the fish
 const float strokeSpeed = 8.5; // of the tail, radians a second; see fish.vp
 const float dimming = 0.5; // the power of the brightness
 
 bool is(float kind) { return abs(material - kind) < 0.5; }
 
-float lit(vec3 n, vec3 toLight, float through)
+float Shine(vec3 n, vec3 toLight, float through)
 {
     float facing = dot(n, toLight);
     return max(facing, 0.0) + through * max(-facing, 0.0);
@@ -93,10 +97,10 @@ vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
     // A thin moon, its dark side a breath lighter than the sky, with a halo in the vapour.
     float disc = 1.0 - smoothstep(moonRadius - 0.0015, moonRadius + 0.0015, length(way - moon));
     float lune = disc * smoothstep(moonRadius - 0.006, moonRadius + 0.006, length(way - moonShade));
-    float veil = 1.0 - 0.55 * bank;
+    float veil = lit * (1.0 - 0.55 * bank);
     sky += disc * vec3(0.030, 0.035, 0.055) * veil;
     sky = mix(sky, moonLight * (0.80 + 0.30 * noise.z), lune * veil);
-    sky += vec3(0.105, 0.110, 0.125) * BellAround(way, moon, 0.135) * (0.35 + 0.9 * vapour);
+    sky += vec3(0.105, 0.110, 0.125) * BellAround(way, moon, 0.135) * lit * (0.35 + 0.9 * vapour);
 
     vec2 cell = floor(field);
     vec2 key = Mixed(cell);
@@ -168,9 +172,9 @@ void main()
     }
 
     vec3 above = normalize(fromAbove);
-    float cold = lit(n, above, through);
-    float warm = lit(n, normalize(fromBelow), through);
-    float glow = lit(n, normalize(toTail), through);
+    float cold = Shine(n, above, through);
+    float warm = Shine(n, normalize(fromBelow), through);
+    float glow = Shine(n, normalize(toTail), through);
     float shine = pow(max(dot(n, normalize(above + view)), 0.0), gloss);
     float rim = pow(1.0 - max(dot(n, view), 0.0), 2.5);
 
@@ -205,15 +209,23 @@ void main()
         float flow = 7.0 * along - 1.5 * strokeSpeed * fTime0_X + 9.0 * noise.z;
         float bristle = 0.40 * noise.x + 0.40 * noise.y + 0.20 * (0.5 + 0.5 * sin(flow));
         float load = 1.25 - 1.0 * along - 0.5 * smoothstep(0.7, 0.95, along) - 0.75 * side * side;
-        cover = smoothstep(0.0, 0.45, load - bristle) * smoothstep(0.0, 0.16, along) * smoothstep(0.1, 0.6, stroke.w);
+        cover = smoothstep(0.0, 0.45, load - bristle) * smoothstep(0.0, 0.05, along) * smoothstep(0.1, 0.6, stroke.w);
         float heat = clamp(1.5 * (load - bristle) - 0.25 * along, 0.0, 1.0);
         light = mix(vec3(0.86, 0.27, 0.04), vec3(1.10, 0.62, 0.15), smoothstep(0.0, 0.5, heat));
         light = mix(light, vec3(1.25, 1.0, 0.52), smoothstep(0.45, 1.0, heat));
         behind = vec3(0.50, 0.15, 0.03) * (1.0 - 0.6 * along) + 0.6 * nightBlue;
     }
-    if (is(night))
+    gl_FragDepth = gl_FragCoord.z;
+    if (is(night)) {
+        // The rope of light comes after this, and runs dry on the paper: towards its end the night lies before it, in ever
+        // more grains of the tooth.
         cover = 0.0;
-    else if (cover < (is(fire) ? 0.30 : 0.12))
+        vec2 grain = Mixed(floor(toothGrain * gl_FragCoord.xy) + 17.0);
+        float link = mix(ropeDries.x, ropeDries.y, sqrt(Hashed(grain.x, grain.y)));
+        float depth = gl_ModelViewMatrix[3].z + link / worldScale * gl_ModelViewMatrix[2].z;
+        vec2 clip = gl_ProjectionMatrix[2].zw * depth + gl_ProjectionMatrix[3].zw;
+        gl_FragDepth = gl_ModelViewMatrix[2].z < 0.0 && depth < 0.0 ? clamp(0.5 + 0.5 * clip.x / clip.y, 0.0, 0.99999) : 0.99999;
+    } else if (cover < (is(fire) ? 0.30 : 0.12))
         discard;
     light = mix(behind, light, cover);
     // In the dark it still glimmers: the fish that is in your face for half a second is seen while it goes.

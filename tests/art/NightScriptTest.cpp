@@ -84,7 +84,9 @@ TEST_F(TheNight, PutsEverythingOnABeat)
 {
     for (const NightScript::Entry& entry : night.entries) {
         EXPECT_EQ(0u, entry.start % bar) << entry.effect;
-        EXPECT_EQ(0u, entry.stop % bar) << entry.effect;
+        // Both moments belong to an entry: a black overlay that gives way to one below leaves ahead of the beat.
+        const bool givesWay = entry.effect == "BlackFlashOverlay" && entry.stop < night.end;
+        EXPECT_EQ(0u, (entry.stop + (givesWay ? 1 : 0)) % bar) << entry.effect;
     }
     for (const NightScript::Message& message : night.messages)
         EXPECT_EQ(0u, message.time % beat) << message.effect << " " << message.name << " " << message.time;
@@ -164,7 +166,8 @@ TEST_F(TheNight, OverlaysLieOverItAllUntilTheBlackOneGoesDownBehindTheRoll)
         const bool overlay = entry.effect.find("Overlay") != std::string::npos;
         if (overlay && entry.layer >= 90) {
             EXPECT_EQ(0u, entry.start) << entry.effect;
-            EXPECT_EQ(entry.effect == "WhiteFlashOverlay" ? night.end : dawn, entry.stop) << entry.effect;
+            // At dawn the black one would cover the fish for the frame of its own flash.
+            EXPECT_EQ(entry.effect == "WhiteFlashOverlay" ? night.end : dawn - 1, entry.stop) << entry.effect;
         }
         if (!overlay) {
             EXPECT_LT(entry.layer, 90u) << entry.effect;

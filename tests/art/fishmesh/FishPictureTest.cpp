@@ -260,19 +260,58 @@ TEST_F(SwimmingFish, HasTheNightBehindItWhereThereIsPerspective)
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluPerspective(45, double(width) / height, 0.1, 100);
-    // The fish is seen under the tangent of an angle, to the right. It takes the light along where it leaves the picture
-    // there, and the eye gets used to the dark. On the left, where it comes in, nothing is dark.
+    // The fish is seen under the tangent of an angle, to the right. It takes two thirds of the light along where it leaves
+    // the picture there, and the eye gets used to the dark. On the left, where it comes in, nothing is dark.
     const struct {
         double tangent;
-        bool night;
-    } rows[] = {{0, true}, {0.45, true}, {0.9, false}, {1.05, false}, {3, true}, {-0.9, true}};
+        bool dark;
+    } rows[] = {{0, false}, {0.45, false}, {0.9, true}, {1.05, true}, {3, false}, {-0.9, false}};
     for (const auto& row : rows) {
         glMatrixMode(GL_MODELVIEW);
         glLoadIdentity();
         glTranslated(20 * row.tangent, -3, -20);
         const int corner = CornerOf(Draw(0.3f, 1.0f));
+        EXPECT_GT(corner, 8) << row.tangent;
         EXPECT_LT(corner, 300) << "it stays a night";
-        EXPECT_EQ(row.night, corner > 30) << row.tangent << ": " << corner;
+        EXPECT_EQ(row.dark, corner < 45) << row.tangent << ": " << corner;
+    }
+}
+
+TEST_F(SwimmingFish, HidesItsRopeInMoreAndMoreGrainsOfTheNight)
+{
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(45, double(width) / height, 1, 200);
+    // In the show it is six times as large. White walls stand so far behind it, and this share of them is to be seen: of
+    // what lies between 19 and 50 units the square is hidden.
+    const struct {
+        float behind;
+        double share;
+    } rows[] = {{15, 1}, {30, 0.87}, {45, 0.30}, {55, 0}};
+    for (const auto& row : rows) {
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glTranslatef(0, -4, -30);
+        glRotatef(180, 0, 1, 0);
+        glScalef(6, 6, 6);
+        Draw(0.3f, 1.0f);
+        glLoadIdentity();
+        const float away = -30 - row.behind;
+        glColor3f(1, 1, 1);
+        glDisable(GL_TEXTURE_2D);
+        glBegin(GL_QUADS);
+        for (const auto& [x, y] :
+             {std::pair(-90.0f, -60.0f), {90.0f, -60.0f}, {90.0f, 60.0f}, {-90.0f, 60.0f}})
+            glVertex3f(x, y, away);
+        glEnd();
+        glEnable(GL_TEXTURE_2D);
+        const Picture picture = Grab();
+        const int top = 40; // rows in which there is no fish
+        int white = 0;
+        for (int y = 0; y < top; y++)
+            for (int x = 0; x < width; x++)
+                white += picture.At(x, y)[2] == 255 ? 1 : 0;
+        EXPECT_NEAR(row.share, double(white) / (top * width), 0.08) << row.behind;
     }
 }
 

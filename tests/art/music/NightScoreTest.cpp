@@ -115,7 +115,7 @@ TEST_F(NightScore, HasNineSectionsThatBeginWhereTheScenesBegin)
     for (const auto& [section, effect] : scenes)
         EXPECT_EQ(Find(section).firstBar * 1800u, script.StartOf(effect)) << section;
     // The roll has an overlay of its own from there on, and the fish swims a bar into it.
-    EXPECT_EQ(Find("home").firstBar * 1800u, script.StopOf("BlackFlashOverlay"));
+    EXPECT_EQ(Find("home").firstBar * 1800u - 1, script.StopOf("BlackFlashOverlay"));
     EXPECT_EQ((Find("home").firstBar + 1) * 1800u, script.StopOf("FX_RopeThing"));
     EXPECT_EQ(207 * 1800u, script.end);
 }
