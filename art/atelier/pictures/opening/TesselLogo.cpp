@@ -2,7 +2,6 @@
 #include "art/atelier/pictures/opening/Opening.h"
 
 #include "art/atelier/PenAlphabet.h"
-#include "art/atelier/pictures/Wood.h"
 
 namespace atelier
 {
@@ -15,16 +14,6 @@ constexpr LinearColour Tones[] = {palette::Bone,  palette::Parchment, palette::B
                                   palette::Amber, palette::Bone,      palette::Slate};
 
 constexpr LinearColour sunlight = {1.04f, 0.86f, 0.62f}, dusk = {0.70f, 0.69f, 0.78f};
-
-// Where a branch comes out before the word, in the directions of the trees that stand behind it.
-struct Hold {
-    Vector2 from;
-    float angle, length, width; // radians, pixels
-};
-constexpr Hold holds[] = {
-    {{166, 356}, -2.05f, 120, 8}, {{322, 122}, 0.80f, 110, 7},  {{470, 300}, -2.45f, 90, 6},
-    {{590, 366}, -1.05f, 120, 8}, {{600, 372}, -2.35f, 105, 7}, {{926, 384}, -1.85f, 130, 7},
-};
 
 struct Tessera {
     Vector2 centre;
@@ -103,7 +92,8 @@ Canvas TesselLogo()
     }
     mortar.Shake(3, 18, 14);
 
-    // The word lies in the branches: its shadow falls away from the sun, which stands low on the left, and is close.
+    // The word's shadow is close and falls away from the sun, which stands low on the left. The wood passes behind the word,
+    // so no branch may hold it.
     Canvas canvas(W, H);
     Mask shadow(W, H);
     for (int y = 8; y < H; y++)
@@ -119,7 +109,7 @@ Canvas TesselLogo()
         canvas.Cover(faces[i], [&](float x, float y) {
             const LinearColour place = Mix(sunlight, dusk, Smooth(120, 940, x + 0.35f * y));
             return Tones[i] * place *
-                   (0.74f + 0.36f * uneven.Value(x / 13 + float(i) * 7, y / 13) +
+                   (0.88f + 0.36f * uneven.Value(x / 13 + float(i) * 7, y / 13) +
                     0.1f * uneven.Gradient(x / 3, y / 3));
         });
     // Each is cut with an edge: the sides to the sun catch it, those away from it are blue, and it is a little darker
@@ -132,19 +122,12 @@ Canvas TesselLogo()
                 lit.At(x, y) = Max(lit.At(x, y), face.At(x, y) * (1 - face.At(x - 4, y - 1)));
                 shaded.At(x, y) = Max(shaded.At(x, y), face.At(x, y) * (1 - face.At(x + 5, y + 3)));
             }
-    canvas.Glaze(shaded.Blur(0.8f), Mix(palette::Ink, palette::Night, 0.5f), 0.62f);
+    canvas.Glaze(shaded.Blur(0.8f), Mix(palette::Ink, palette::Night, 0.5f), 0.5f);
     canvas.Light(lit.Blur(0.7f).By([](float x, float) { return Mix(0.75f, 0.22f, Smooth(100, 900, x)); }),
                  palette::Amber, 0.8f);
     canvas.Glaze(below, palette::Rust, 0.35f);
     canvas.Cover(cracks, palette::Ink, 0.45f);
     canvas.Cover(edges, palette::Ink, 0.85f);
-    // Twigs of the trees behind it have grown over the word and hold it.
-    Mask twigs(W, H);
-    Pen wood(twigs, paper, {.width = 6, .wobble = 1, .wave = 30, .skip = 0, .dry = 0.1f, .pool = 0.1f}, 18);
-    const DeadTree habit = {.gnarl = 0.26f, .rise = 0.05f, .spread = 0.6f, .density = 0.8f};
-    for (const Hold& hold : holds)
-        DrawBranch(wood, hold.from, hold.angle, hold.length, hold.width, 3, habit, dice);
-    canvas.Cover(twigs.FadeToBorder(24), palette::Ink, 0.92f);
     paper.Show(canvas, 0.7f);
     return canvas;
 }
