@@ -84,6 +84,8 @@ float BellAround(vec3 way, vec3 direction, float width) { return exp((dot(way, d
 // fire is seen in the vapour around it and in the water below.
 vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
 {
+    vec2 tooth = Mixed(floor(0.52 * gl_FragCoord.xy)); // of the paper
+    float grain = Hashed(tooth.x, tooth.y);
     float up = max(height, 0.0);
     float down = max(-height, 0.0);
     vec3 toFire = normalize(hearth);
@@ -115,6 +117,7 @@ vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
     float contour = abs(fract(3.0 * wave + 0.3) - 0.5);
     float crest = (1.0 - smoothstep(0.05 * broken, 0.02 + 0.20 * broken, contour)) * smoothstep(0.34, 0.62, broken);
     crest = mix(0.20, crest, smoothstep(0.012, 0.051, down)) * smoothstep(0.0, 0.012, down);
+    crest *= 0.30 + 0.70 * smoothstep(0.0, 0.35, crest + 0.9 * grain - 0.55); // the brush is dry
     float apart = dot(way.xz, hearth.xz) / max(length(way.xz) * length(hearth.xz), 1e-6); // cosine, as on a map
     float path = exp((apart - 1.0) * 68.0);
     vec3 sea = mix(nightBlue * 0.85, water, smoothstep(0.0, 0.13, down)) * (0.8 + 0.4 * wave);
@@ -123,8 +126,7 @@ vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
     vec3 scene = mix(sea, sky, smoothstep(-0.0015, 0.0015, height));
     scene += emberLight * BellAround(way, toFire, emberSize / length(hearth));
     scene += vec3(0.16, 0.075, 0.022) * BellAround(way, toFire, 0.33) * (0.55 + 0.75 * vapour);
-    vec2 tooth = Mixed(floor(0.52 * gl_FragCoord.xy)); // of the paper
-    scene *= 0.95 + 0.10 * Hashed(tooth.x, tooth.y);
+    scene *= 0.95 + 0.10 * grain;
     return seen * scene;
 }
 
