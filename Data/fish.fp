@@ -151,7 +151,7 @@ void main()
     } else if (is(membrane)) {
         // No scales here: the skin's colours spread wide. A spine stands at every tenth of the tile, bone-pale between
         // two strokes of ink; finer rays fork in the gaps. The membrane thins out to its edge, where the night shows
-        // through it, and at its root lies the body's shadow.
+        // through it, has spots, and at its root lies the body's shadow.
         float reach = skinCoord.t; // 0 at the body
         float between = abs(fract(10.0 * skinCoord.s + 0.5) - 0.5); // 0 on a spine, 0.5 in the middle of a gap
         float thin = 1.0 - 0.55 * reach;
@@ -165,6 +165,8 @@ void main()
                      max(0.8 * ink, 0.6 * ray));
         colour = mix(colour, vec3(0.86, 0.72, 0.50) * (1.0 - 0.4 * reach), 0.85 * spine);
         colour *= 0.35 + 0.65 * smoothstep(0.04, 0.26, reach);
+        float spot = sin(24.0 * reach + 3.0 * sin(29.0 * skinCoord.s)) * sin(71.0 * skinCoord.s + 6.0 * reach);
+        colour *= 1.0 - 0.42 * smoothstep(0.15, 0.75, spot) * (1.0 - spine);
         through = 0.9 * (1.0 - 0.5 * max(spine, ink));
         wet = 0.2;
         cover = mix(1.0, 0.66 + 0.34 * max(spine, max(ink, ray)), smoothstep(0.15, 0.6, reach)) * (1.0 - edge);
@@ -183,7 +185,7 @@ void main()
     vec3 light = colour * (0.18 + 1.30 * cold * coldLight + 0.5 * warm * warmLight + 1.2 * glow * warmLight);
     light += wet * (shine * coldLight + rim * (0.55 * coldLight + 0.5 * glow * warmLight));
 
-    light += 0.35 * through * colour; // what shines through a fin from all sides
+    light += 0.55 * through * colour; // what shines through a fin from all sides
 
     vec3 way = normalize(sight);
     vec3 level = vec3(-gl_ModelViewMatrix[0].z, 0.0, -gl_ModelViewMatrix[2].z);
