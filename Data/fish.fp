@@ -34,8 +34,9 @@ const vec3 fromBelow = vec3(0.50, -0.78, 0.37);
 const float toothGrain = 0.9;            // features in a pixel
 const vec2 ropeDries = vec2(19.0, 50.0); // between these places behind the fish, units of the world
 const float worldScale = 6.0;            // of the fish
-const float strokeSpeed = 8.5; // of the tail, radians a second; see fish.vp
-const float dimming = 0.5; // the power of the brightness
+const float farthest = 0.99999;          // depth of the night where no rope is
+const float strokeSpeed = 8.5;           // of the tail, radians a second; see fish.vp
+const float dimming = 0.5;               // the power of the brightness
 
 bool is(float kind) { return abs(material - kind) < 0.5; }
 
@@ -73,15 +74,19 @@ const vec3 moonShade = vec3(-0.583, 0.752, 0.308); // middle of what the crescen
 const float moonRadius = 0.055;                    // radians
 const float skyline = -0.13; // height of the horizon, as a sine
 
-// Three noises serve all that is painted without a texture: the vapour of the sky, the waves of the sea or the bristles of
-// the fire, whichever a place belongs to. Without a graphics card they are most of what a picture of this shader costs.
+// Three noises serve all that is painted without a texture: the vapour of the sky, the waves of the sea or the bristles
+// of the fire, whichever a place belongs to. Without a graphics card they are most of what a picture of this shader
+// costs.
 vec3 Noises(vec2 first, vec2 second, vec2 third) { return vec3(Tooth(first), Tooth(second), Tooth(third)); }
 
 // 1 in this direction, falling off as a bell does over that width in radians, without its angle being needed.
-float BellAround(vec3 way, vec3 direction, float width) { return exp((dot(way, direction) - 1.0) * 2.0 / (width * width)); }
+float BellAround(vec3 way, vec3 direction, float width)
+{
+    return exp((dot(way, direction) - 1.0) * 2.0 / (width * width));
+}
 
-// A night over water, in washes: banks of cloud, a few stars, a skyline, and below it strokes of light on the waves. The
-// fire is seen in the vapour around it and in the water below.
+// A night over water, in washes: banks of cloud, a few stars, a skyline, and below it strokes of light on the waves.
+// The fire is seen in the vapour around it and in the water below.
 vec3 Night(vec3 way, float height, vec2 field, vec3 noise)
 {
     vec2 tooth = Mixed(floor(0.52 * gl_FragCoord.xy)); // of the paper
@@ -221,14 +226,15 @@ void main()
     }
     gl_FragDepth = gl_FragCoord.z;
     if (is(night)) {
-        // The rope of light comes after this, and runs dry on the paper: towards its end the night lies before it, in ever
-        // more grains of the tooth.
+        // The rope of light comes after this, and runs dry on the paper: towards its end the night lies before it, in
+        // ever more grains of the tooth.
         cover = 0.0;
         vec2 grain = Mixed(floor(toothGrain * gl_FragCoord.xy) + 17.0);
         float link = mix(ropeDries.x, ropeDries.y, sqrt(Hashed(grain.x, grain.y)));
         float depth = gl_ModelViewMatrix[3].z + link / worldScale * gl_ModelViewMatrix[2].z;
         vec2 clip = gl_ProjectionMatrix[2].zw * depth + gl_ProjectionMatrix[3].zw;
-        gl_FragDepth = gl_ModelViewMatrix[2].z < 0.0 && depth < 0.0 ? clamp(0.5 + 0.5 * clip.x / clip.y, 0.0, 0.99999) : 0.99999;
+        bool ropeAhead = gl_ModelViewMatrix[2].z < 0.0 && depth < 0.0;
+        gl_FragDepth = ropeAhead ? clamp(0.5 + 0.5 * clip.x / clip.y, 0.0, farthest) : farthest;
     } else if (cover < (is(fire) ? 0.30 : 0.12))
         discard;
     light = mix(behind, light, cover);

@@ -29,7 +29,8 @@ const float fallen = 5.43;     // delta, from which that is all there is: a whit
 const vec2 aspect = vec2(1.33, 1.0);
 const vec2 moonPlace = vec2(0.22, 0.62), firePlace = vec2(0.0, -0.10);
 const float moonHaze = 0.08, fireHaze = 0.135;
-const vec3 moonLight = vec3(0.77, 0.82, 1.0), fireLight = vec3(1.0, 0.55, 0.24); // as pure as can be: a haze hides little
+// As pure as can be: a haze hides little.
+const vec3 moonLight = vec3(0.77, 0.82, 1.0), fireLight = vec3(1.0, 0.55, 0.24);
 const float wayEnds = 12.6, fireBurns = 14.8; // delta
 const float border = 0.00048828; // half a texel at 1024: the mask repeats, its halo must not
 
@@ -67,8 +68,9 @@ float Tooth(vec2 place)
     return 0.86 + 0.18 * Cloud(place * 0.021) + 0.12 * Cloud(along * vec2(0.03, 0.3));
 }
 
-// The night before the village: a thin mist. In it stands the haze of the moon, which is ahead on the way, and, once the way
-// is done, that of the fire on the plaza, which the camera looks at then. What no light reaches is seen before these.
+// The night before the village: a thin mist. In it stands the haze of the moon, which is ahead on the way, and, once
+// the way is done, that of the fire on the plaza, which the camera looks at then. What no light reaches is seen before
+// these.
 vec4 Night()
 {
     vec2 byMoon = (onScreen - moonPlace) * aspect, byFire = (onScreen - firePlace) * aspect;
