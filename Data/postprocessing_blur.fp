@@ -95,16 +95,17 @@ const float drawnLines = 384.0;                   // that the picture's height c
 const vec2 tooFine = vec2(0.12, 0.45);            // and furrows to one of them, where they begin to fade and are gone
 const float wobble = 0.16, wobbles = 6.0;         // of furrows, in furrows and on the way to the point
 const float furrowWidth = 0.10, frostWidth = 0.07, frostAside = 0.22; // in furrows
-const float softest = 0.05;
-const vec2 dryGrain = vec2(1.3, 5.0); // features across a furrow and along it
-const vec2 inkDry = vec2(0.25, 0.60), frostDry = vec2(0.30, 0.65);
+const float softest = 0.025;
+const vec2 dryGrain = vec2(9.0, 4.0); // features across a furrow and along it
+const vec2 inkDry = vec2(0.30, 0.42), frostDry = vec2(0.38, 0.52);
 const float parcelsEach = 0.09; // of furrows, on the far land, of which each has a tone of its own
 const vec2 parcelTone = vec2(0.80, 0.40), farWash = vec2(0.82, 0.36);
 const vec2 poolSizes = vec2(5.0, 11.0), speckSizes = vec2(23.0, 47.0); // features of the wash
 const float pools = 0.65;                                               // part of it that these are
 const vec3 parchment = vec3(0.50, 0.465, 0.395), parchmentLow = vec3(0.27, 0.275, 0.30);
-const vec3 slopeGlow = vec3(0.55, 0.85, 2.2); // light away from the moon, gained beneath it, how fast that is lost,
-const float farGlow = 0.35;                  // and how much of its colour a land that is no slope takes there
+const vec3 slopeGlow = vec3(0.47, 0.95, 2.5); // light away from the moon, gained by it, and how fast that is lost,
+const vec2 slopeWarm = vec2(0.35, 0.65);      // part of it that is parchment, in the same way,
+const float farGlow = 0.35;                   // and how much of its colour a land that is no slope takes there
 const vec2 parchmentHeights = vec2(0.45, 0.75);
 const vec3 farBlue = vec3(0.150, 0.185, 0.290);
 const vec3 earth = vec3(0.095, 0.120, 0.215), earthLit = vec3(0.285, 0.340, 0.475);
@@ -117,7 +118,7 @@ const vec3 borderFrost = vec3(0.18, 0.55, 0.55); // and on the border, where the
 const vec2 borderFound = vec2(0.30, 0.70);
 const float borderWidth = 0.006;
 const vec2 borderLine = vec2(0.55, 0.0035); // part of the light that it takes, and half its width
-// Grass on the borders of the field and of the near one, and along the picture's foot.
+// Grass on the borders of both fields and along the picture's foot.
 const float footRoots = -0.02;
 const vec3 grassHeights = vec3(0.022, 0.070, 0.200), grassEach = vec3(90.0, 40.0, 24.0); // blades in the width
 const vec3 grassLight = vec3(1.6, 1.6, 1.0);                                              // times ink's
@@ -197,7 +198,7 @@ const vec2 strandHeights = vec2(0.55, 0.8);   // here
 const vec2 limbEdge = vec2(0.30, 0.24);       // softness of limbs and strings
 const float bell = 0.8;                       // by which a tap at the disc's rim counts less than one in the middle
 const vec2 limbFeet = vec2(0.47, 0.53);       // heights below which it is a shadow
-const vec2 limbInk = vec2(0.22, 0.25);        // of the second and the last
+const vec2 limbInk = vec2(0.12, 0.10);        // of the second and the last
 
 // Mist.
 const float drift = 0.06;              // each second
@@ -404,8 +405,9 @@ vec3 Trunk(vec2 place, float foot, vec4 shape, float kind, float size, float moo
     float tip = max(twiglet - forks.z * (1.0 - uneven * other), 0.0);
     away = abs(abs(away) - twigSlopes.z * tip);
 
-    float flare = 1.0 + trunkFlare.x * (1.0 - smoothstep(0.0, trunkFlare.y, up)) +
+    float flare = trunkFlare.x * (1.0 - smoothstep(0.0, trunkFlare.y, up)) +
                   exp(-rootHeight * up) * (roots.x + roots.y * Wave(rootSizes * aside + kind));
+    flare = place.t > foot ? 1.0 + flare : 1.0; // a shadow lies behind the roots
     float width = shape.y * (1.0 - up) * flare * (1.0 - taperings.x * min(14.0 * bough, 1.0)) *
                   (1.0 - taperings.y * min(16.0 * twig, 1.0)) * exp(-taperings.z * bough) * pointed;
     float drawn = max(width, thinnest / size);
@@ -511,8 +513,8 @@ vec3 Painted(vec2 place, float own)
     float washed = mix(speck, pool, pools);
     vec3 slope = mix(parchmentLow, parchment, smoothstep(parchmentHeights.x, parchmentHeights.y, place.t));
     float glow = exp(-slopeGlow.z * length((place - moon) * vec2(shownAspect, 1.0)));
-    vec3 farLand = mix(mix(farBlue, parchment, farGlow * glow), slope * (slopeGlow.x + slopeGlow.y * glow),
-                       camera.x + camera.z);
+    slope = mix(farBlue, slope, slopeWarm.x + slopeWarm.y * glow) * (slopeGlow.x + slopeGlow.y * glow);
+    vec3 farLand = mix(mix(farBlue, parchment, farGlow * glow), slope, camera.x + camera.z);
     farLand *= (farWash.x + farWash.y * washed) * (parcelTone.x + parcelTone.y * furrows.z);
     float lit = clamp(dot(earthWash, vec3(1.0, washed, below)) - nearEarth * here.z, 0.0, 1.0);
     vec3 land = mix(mix(earth, earthLit, lit), farLand, here.x);

@@ -231,7 +231,7 @@ TEST_F(MistShader, JoinsTheDrawnTreesCubesBeforeTheSky)
             beside = std::max(
                 beside, std::abs(MeanOf(scene, 140, 144, y, y + 2, 2) - MeanOf(bare, 140, 144, y, y + 2, 2)));
         }
-        EXPECT_LT(gap, 0.95 * without) << camera;
+        EXPECT_LT(gap, 0.975 * without) << camera;
         EXPECT_LT(beside, 1) << camera;
     }
 }
@@ -246,9 +246,9 @@ TEST_F(MistShader, DrawsALimbThatTheLightReachesLikeOneInTheShade)
     for (int channel = 0; channel < 3; channel++)
         EXPECT_NEAR(MeanOf(first, 138, 150, 160, 186, channel), MeanOf(second, 138, 150, 160, 186, channel),
                     3);
-    // 22 % of ink, of which the blue is 18, over the night, with a little mist before it.
+    // 12 % of ink, of which the blue is 18, over the night, with a little mist before it.
     const double night = MeanOf(bare, 138, 150, 160, 186, 2);
-    EXPECT_NEAR(0.78 * night + 0.22 * 18, MeanOf(first, 138, 150, 160, 186, 2), 6);
+    EXPECT_NEAR(0.88 * night + 0.12 * 18, MeanOf(first, 138, 150, 160, 186, 2), 6);
 }
 
 TEST_F(MistShader, KeepsTheFieldBeforeTheDrawnTreeAndItsShadow)
@@ -273,21 +273,27 @@ TEST_F(MistShader, KnowsTheLastCameraWhateverItsTreeHides)
                 << x << " " << y;
 }
 
-TEST_F(MistShader, HasAParchmentSlopeWhereTheCameraLooksDownAndABlueLandElsewhere)
+TEST_F(MistShader, HasASlopeOfParchmentByTheMoonWhereTheCameraLooksDown)
 {
     Start(side);
-    for (Camera camera : {firstCamera, secondCamera, thirdCamera, lastCamera}) {
+    // Beside the moon and below it, and at the other end: first column and row of 14 by 8.
+    struct Slope {
+        Camera camera;
+        int nearLeft, nearLow, farLeft, farLow;
+    };
+    for (const Slope& slope : {Slope{firstCamera, 196, 172, 2, 160}, Slope{thirdCamera, 40, 190, 240, 160}}) {
+        const Picture scene = DrawScene(slope.camera);
+        const auto warmth = [&](int left, int low) {
+            return MeanOf(scene, left, left + 14, low, low + 8, 0) -
+                   MeanOf(scene, left, left + 14, low, low + 8, 2);
+        };
+        EXPECT_GT(warmth(slope.nearLeft, slope.nearLow), 8) << slope.camera;
+        EXPECT_LT(warmth(slope.farLeft, slope.farLow), warmth(slope.nearLeft, slope.nearLow) - 8)
+            << slope.camera;
+    }
+    for (Camera camera : {secondCamera, lastCamera}) {
         const Picture scene = DrawScene(camera);
-        const bool slope = camera == firstCamera || camera == thirdCamera;
-        const int low = slope ? 182 : 133, high = slope ? 192 : 138;
-        // Near the moon, if it is a slope.
-        const int left = camera == firstCamera ? 160 : camera == thirdCamera ? 50 : 130;
-        const double red = MeanOf(scene, left, left + 30, low, high, 0);
-        const double blue = MeanOf(scene, left, left + 30, low, high, 2);
-        if (slope)
-            EXPECT_GT(red, blue + 10) << camera;
-        else
-            EXPECT_GT(blue, red + 15) << camera;
+        EXPECT_GT(MeanOf(scene, 130, 160, 133, 138, 2), MeanOf(scene, 130, 160, 133, 138, 0) + 15) << camera;
     }
 }
 
@@ -314,7 +320,7 @@ TEST_F(MistShader, DrawsFurrowsThatRunTogetherFarOff)
     // 0.26 below it 21.8, and 0.19 below it 29.8.
     EXPECT_NEAR(18.3, Waves(scene, 145, 152), 1.5);
     EXPECT_NEAR(21.8, Waves(scene, 171, 178), 1.5);
-    EXPECT_NEAR(29.8, Waves(scene, 207, 214), 2);
+    EXPECT_NEAR(29.8, Waves(scene, 207, 214), 2.5);
 }
 
 TEST_F(MistShader, LetsGrassStandAtItsFoot)

@@ -80,10 +80,10 @@ static void MeasureSurroundings(const Ways& ways, Mask& around, Mask& moment)
 // Limbs have no light within: that would make glass tubes of them. It runs as a thread along both edges, and faintly.
 // `root` and `end`: where on the way of a limb it begins and ends, 0 to 1, and how far from its middle.
 constexpr float FleshLight = 0.6f;
-struct Reach {
+struct EdgeEnd {
     float at, half;
 };
-static void TraceEdges(Ways& ways, const std::vector<Vector2>& limb, Reach root, Reach end, float from,
+static void TraceEdges(Ways& ways, const std::vector<Vector2>& limb, EdgeEnd root, EdgeEnd end, float from,
                        float to)
 {
     const Line middle = Through(limb);
