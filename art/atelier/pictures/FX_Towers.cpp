@@ -134,38 +134,41 @@ static const Canvas& TowerPanorama()
     return panorama;
 }
 
-// A lamp in the middle, among the towers, throws its light both ways: a narrow waist, and rays that spread
-// and thin out in the haze.
+// A lamp in the middle, among the towers, throws its light both ways. It is born as a small glow and spreads in the
+// strokes of a dry brush, which bend a little as the threads of the sky do, and of which each runs out at its own
+// place: all before the view ends. Nothing is finer than six pixels across: far off only one in six is seen.
 static Canvas Beam()
 {
     constexpr int W = 512, H = 64;
-    const Noise ray(621), haze(622);
-    Mask motes(W, H);
-    Dice dice(623);
-    Pen dust(motes, SketchPaper(256), {}, 624);
-    for (int i = 0; i < 170; i++)
-        dust.Dot({dice.Range(10, W - 10), H / 2.0f + dice.Bell() * 9}, dice.Range(0.5f, 1.3f));
-    motes.Blur(0.5f);
+    constexpr float Reach = 0.27f; // of the way to the picture's end, for the longest stroke
+    const Noise bristle(621), tooth(622), haze(623);
     const Mask shape =
         Mask(W, H)
             .Each([&](float x, float y) {
-                const float along = Abs(x - W / 2.0f) / (W / 2.0f), across = (y - H / 2.0f) / (H / 2.0f);
-                const float half = 0.19f + 0.46f * along;
-                const float in = across / half;
-                const float rays =
-                    0.65f + 0.6f * ray.Fbm(in * 4 + (x < W / 2.0f ? 0.0f : 9.0f), along * 1.5f, 4);
-                const float smoke = 0.85f + 0.5f * haze.Fbm(x / 60, y / 22, 4);
-                const float thinned = Pow(1 - along, 1.6f) * 0.75f / (0.55f + 1.4f * along);
-                const float core = Bell(in / 0.26f) * Pow(1 - along, 1.5f);
-                return Clamp((Bell(in / 0.75f) * rays * smoke * thinned + 0.34f * core * smoke) *
-                             (1 + 0.8f * motes.At(Floor(x), Floor(y))));
+                const bool left = x < W / 2.0f;
+                const float along = Abs(x - W / 2.0f) / (W / 2.0f), part = along / Reach;
+                const float bend = (left ? 0.36f : -0.30f) * part * part;
+                const float across = (y - H / 2.0f) / (H / 2.0f);
+                const float in = (across - bend) / (0.30f + 1.3f * along);
+                const float side = left ? 0.0f : 9.0f;
+                const float apart = Smooth(0, 0.07f, along); // both ways are one at the lamp
+                const float own = apart * bristle.Fbm(in * 1.5f + side, 0.5f, 2);
+                const float end = Reach * (0.72f + 0.7f * own - 0.2f * in * in), out = along / end;
+                const float dry = Mix(0.1f, tooth.Fbm(in * 2 + side, x / 13, 2), apart);
+                const float stroke = Smooth(1, 0.1f, out) * (0.75f + 0.7f * own) *
+                                     Smooth(-0.9f + 1.2f * out, 0.1f + 1.2f * out, dry);
+                const float air = 0.30f * Pow(Max(0, 1 - part), 2) * (1 + 0.5f * haze.Fbm(x / 30, y / 20, 3));
+                const float spread = 0.14f / (0.14f + along);
+                const float lamp = 0.30f * Bell(Length({(x - W / 2.0f) / 9, across / 0.46f}));
+                return Clamp(Bell(in / 0.66f) * (0.52f * stroke + air) * spread + lamp);
             })
             .FadeToBorder(7);
     Canvas canvas(W, H);
-    canvas.Cover(shape, [](float x, float y) {
-        const float along = Abs(x - W / 2.0f) / (W / 2.0f), across = Abs(y - H / 2.0f) / (H / 2.0f);
-        return Mix(Mix(palette::Bone, palette::Amber, 0.75f), Mix(palette::Amber, palette::Rust, 0.4f),
-                   Clamp(0.9f * across + 0.7f * along));
+    canvas.Cover(shape, [](float x, float) {
+        const float along = Abs(x - W / 2.0f) / (W / 2.0f);
+        return Mix(Mix(palette::Amber, palette::Bone, 0.22f),
+                   Mix(Mix(palette::Amber, palette::Rust, 0.25f), palette::Mist, 0.25f),
+                   Smooth(0, Reach, along));
     });
     return canvas;
 }

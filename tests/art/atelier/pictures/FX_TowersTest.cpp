@@ -22,6 +22,36 @@ TEST(FX_TowersPictures, LightThatIsAddedUpManyTimesIsFaint)
     EXPECT_GT(lit, 0.01 * all);
 }
 
+// It is laid over 520 units, six wide, and drawn without mipmaps: what is narrow would be a dotted line, and what reaches as
+// far as the eye does a ruled one.
+TEST(FX_TowersPictures, ABeamIsBornInTheMiddleAndRunsOutBeforeTheViewEnds)
+{
+    const Raster beam = LoadPicture("beam_1.png");
+    ASSERT_EQ(512, beam.width);
+    ASSERT_EQ(64, beam.height);
+    ASSERT_EQ(4, beam.channels);
+    const auto brightest = [&](int x) {
+        int most = 0;
+        for (int y = 0; y < 64; y++)
+            most = std::max<int>(most, At(beam, x, y, 3));
+        return most;
+    };
+    EXPECT_GE(brightest(256), 150);
+    for (const int side : {-1, 1}) {
+        int last = brightest(256);
+        for (const int away : {20, 45, 65}) { // units
+            EXPECT_LT(brightest(256 + side * away), 0.75 * last) << side * away;
+            last = brightest(256 + side * away);
+        }
+        EXPECT_GE(brightest(256 + side * 30), 20) << side;
+        for (int away = 90; away < 255; away += 5)
+            EXPECT_EQ(0, brightest(256 + side * away)) << side * away;
+    }
+    for (int x = 0; x < 512; x++)
+        for (int y = 1; y < 64; y++)
+            ASSERT_LE(std::abs(At(beam, x, y, 3) - At(beam, x, y - 1, 3)), 50) << x << ' ' << y;
+}
+
 // A tower is a box that is cut straight, and its walls are seen edge-on without mipmaps.
 TEST(FX_TowersPictures, TheTowersWallsEndInBattlementsAndGoIntoTheDarkAtTheirCorners)
 {
