@@ -13,41 +13,44 @@ Mask RoofPatch()
     return Filled(Side, Side, Rectangle(RoofLeft, 0, Size, RoofFoot));
 }
 
-// Four slopes meet on hips: rows of tiles all round, the moon on their rims. The slope on the right falls towards the
-// front of a house and the fire of the plaza.
+// Two slopes of shingles fall from a ridge, in night and ink, with little of the moon on their edges: when the pillars
+// bend, the lamp shines on this, or nothing does, and a house has to end in a dark roof both times. It is darkest at
+// its border, where a wall begins.
 void PaintRoof(Canvas& canvas)
 {
     constexpr float Half = (Size - RoofLeft) / 2;
-    constexpr int Rows = 4;
-    struct Slope {
-        float light; // on its tiles
-        int seed;
-    };
-    constexpr Slope Right = {1.0f, 11}, Left = {0.42f, 23}, Upper = {0.78f, 37}, Lower = {0.58f, 53};
+    constexpr float Rows = 5;
     const Noise own(541), worn(542);
     canvas.Cover(RoofPatch(), [&](float x, float y) {
         const float u = (x - RoofLeft) / Half - 1, v = y / Half - 1;
-        const bool onSide = Abs(u) > Abs(v);
-        const Slope slope = onSide ? (u > 0 ? Right : Left) : (v > 0 ? Lower : Upper);
-        const float out = Max(Abs(u), Abs(v)), along = onSide ? v : u;
-        const float bent = out + 0.012f * worn.Gradient(x / 20, y / 20);
-        const float row = bent * Rows, line = float(Floor(row)), down = row - line;
-        const float column = along * 3.6f + 0.5f * line + 0.1f * own.Gradient(line, 0.5f);
+        const float out = Abs(v) + 0.03f * worn.Fbm(x / 34, y / 34, 2);
+        const float row = out * Rows, line = float(Floor(row)), down = row - line;
+        const float column = u * 4.5f + 0.5f * line + 0.25f * own.Gradient(line * 3 + (v < 0 ? 40 : 0), 0.5f);
         const float across = Fraction(column) * 2 - 1;
-        const float tint = own.Value(float(Floor(column)) * 1.3f + float(slope.seed), line * 1.7f);
-        LinearColour tile = Mix(Mix(palette::Rust, palette::Slate, 0.35f), RimAt(x), 0.40f + 0.40f * tint) *
-                            (slope.light * (0.85f + 0.4f * worn.Fbm(x / 9, y / 9, 3)));
-        const float edge = 0.84f - 0.14f * across * across; // of a rounded tile, over the next row
-        tile = Mix(tile, RimAt(x) * (0.35f + 0.65f * slope.light), 0.75f * Hill(edge - 0.10f, 0.14f, down));
-        tile = Mix(tile, palette::Ink * 0.5f,
-                   Max(Smooth(edge, edge + 0.07f, down), 0.8f * Smooth(0.88f, 0.97f, Abs(across))));
-        const float offHip = Abs(Abs(u) - Abs(v)) * Half, cap = Abs(Fraction(out * 9) - 0.5f);
-        const LinearColour ridge =
-            Mix(RimAt(x) * (0.6f + 0.4f * slope.light), palette::Ink, Smooth(0.40f, 0.48f, cap));
-        tile = Mix(tile, palette::Ink * 0.5f, Smooth(11, 8, offHip));
-        tile = Mix(tile, ridge, Smooth(7, 5, offHip));
-        return Mix(tile, RimAt(x), Smooth(0.955f, 0.975f, out)); // the gutter
+        const float tint = own.Value(float(Floor(column)) * 1.3f + (v < 0 ? 37.0f : 11.0f), line * 1.7f);
+        LinearColour shingle =
+            Mix(palette::Ink, Mix(palette::Rust, palette::Slate, 0.5f), 0.10f + 0.20f * tint) *
+            (0.8f + 0.5f * worn.Fbm(x / 5, y / 26, 3));
+        const float edge = 0.80f - 0.10f * across * across + 0.10f * tint; // ragged, over the next row
+        shingle = Mix(shingle, Mix(palette::Slate, palette::Rust, 0.5f),
+                      0.45f * tint * Hill(edge - 0.08f, 0.10f, down));
+        shingle = Mix(shingle, palette::Ink * 0.25f,
+                      Max(Smooth(edge, edge + 0.06f, down), 0.8f * Smooth(0.86f, 0.96f, Abs(across))));
+        shingle = Mix(shingle, Mix(palette::Slate, palette::Rust, 0.4f) * 0.7f, 0.8f * Hill(0, 0.05f, out));
+        return shingle * Mix(0.20f, 0.7f, Smooth(0, 30, Min(Half - Abs(u) * Half, Half - Abs(v) * Half)));
     });
+}
+
+// 1 on the walls that the lamp shines on when the pillars bend: they end in a deep, dark roof.
+static float EndsInTheDark(float x)
+{
+    return x < BackLeft ? 1.0f : IsByLamp(x);
+}
+
+// How far down the eaves hang.
+static float EavesAt(float x)
+{
+    return WallTop + 50 + 14 * EndsInTheDark(x) + 22 * IsByLamp(x);
 }
 
 // Tiles in rows, the lower over the upper's joints: dark, each its own way, the moon on some of their rims. `foot` is
@@ -64,16 +67,20 @@ static void LayTiles(Canvas& canvas, const Mask& where, const std::function<floa
         const LinearColour night = Mix(palette::Ink, RimAt(x), 0.10f + 0.24f * tint),
                            day = Mix(Mix(palette::Slate, palette::Rust, 0.25f + 0.25f * tint), palette::Ink,
                                      0.35f);
-        const LinearColour tile =
-            Mix(day, night, unlit) * (0.85f + 0.35f * worn.Fbm(x / Size * 24, y / Size * 24, 4));
+        const LinearColour wood =
+            Mix(palette::Ink, Mix(palette::Rust, palette::Slate, 0.5f), 0.08f + 0.16f * tint);
+        const LinearColour tile = Mix(Mix(day, night, unlit), wood, EndsInTheDark(x)) *
+                                  (0.85f + 0.35f * worn.Fbm(x / Size * 24, y / Size * 24, 4));
         const float edge = 0.86f - 0.16f * across * across;
         LinearColour rim = Mix(tile, Mix(palette::Mist, RimAt(x), unlit),
-                               Mix(0.45f, 0.9f, unlit) * Hill(edge - 0.07f, Mix(0.08f, 0.15f, unlit), v));
+                               Mix(Mix(0.45f, 0.9f, unlit), 0.12f, EndsInTheDark(x)) *
+                                   Hill(edge - 0.07f, Mix(0.08f, 0.15f, unlit), v));
         rim = Mix(rim, palette::Ink * 0.7f,
                   Max(Smooth(edge, edge + 0.06f, v), Smooth(0.86f, 0.97f, Abs(across))));
         // The moon on the ridge.
         return Mix(rim, RimAt(x),
-                   unlit * Smooth(WallTop + 13, WallTop + 9, y + 3 * worn.Fbm(x / Size * 24, 0.5f, 2)));
+                   (unlit - EndsInTheDark(x)) * Smooth(WallTop - 2, WallTop, y) *
+                       Smooth(WallTop + 13, WallTop + 9, y + 3 * worn.Fbm(x / Size * 24, 0.5f, 2)));
     });
 }
 
@@ -86,7 +93,7 @@ void PaintRoofLines(Canvas& canvas, const Paper& paper)
     const Noise sag(543, 16, 4);
     const auto eaves = [&](float x) {
         const float tile = Fraction(x / Size * 48) * 2 - 1;
-        return WallTop + 50 - 5 * tile * tile + 5 * sag.Fbm(x / Size * 16, 0.3f, 2);
+        return EavesAt(x) - 5 * tile * tile + 5 * sag.Fbm(x / Size * 16, 0.3f, 2);
     };
     const auto isRoof = [&](float x, float y, float lower) {
         const float foot = IsBack(x) > 0 ? gable(x) : eaves(x);
@@ -96,7 +103,7 @@ void PaintRoofLines(Canvas& canvas, const Paper& paper)
     Mask shade = Mask(Side, Side, 0, true).Each([&](float x, float y) { return isRoof(x, y, 20); });
     canvas.Glaze(shade.Blur(6).Subtract(roof), Mix(palette::Slate, palette::Ink, 0.5f), 0.85f);
     LayTiles(
-        canvas, roof, [&](float x) { return IsBack(x) > 0 ? gable(x) : WallTop + 50.0f; }, 26);
+        canvas, roof, [&](float x) { return IsBack(x) > 0 ? gable(x) : EavesAt(x); }, 26);
     Mask boards(Side, Side), joints(Side, Side);
     Pen board(boards, paper, {.width = 15, .least = 0.7f, .wobble = 1, .wave = 60, .skip = 0, .dry = 0.1f},
               544);

@@ -124,19 +124,46 @@ TEST(FX_PathPictures, TheUnlitWallsOfTheHousesGoFromBlackToWhite)
     const Raster walls = LoadPicture("budentextur.jpg");
     ASSERT_EQ(1024, walls.width);
     for (const int left : {0, 256, 768}) {
-        int dark = 0, bright = 0;
-        for (int y = 300; y < 720; y++)
+        int dark = 0, bright = 0; // below the eaves
+        for (int y = 350; y < 720; y++)
             for (int x = left; x < left + 256; x++) {
                 const int sum = At(walls, x, y, 0) + At(walls, x, y, 1) + At(walls, x, y, 2);
                 dark += sum < 3 * 60 ? 1 : 0;
                 bright += sum > 3 * 170 ? 1 : 0;
             }
-        EXPECT_GE(dark, 256 * 420 / 8) << left;
-        EXPECT_GE(bright, 256 * 420 / 3) << left;
-        EXPECT_GE(At(walls, left + 128, 258, 0), 200) << "the ridge " << left;
+        EXPECT_GE(dark, 256 * 370 / 8) << left;
+        EXPECT_GE(bright, 256 * 370 / 3) << left;
     }
     for (const int left : {0, 256})
         EXPECT_GE(At(walls, left + 4, 450, 0), 210) << "the post at the corner " << left;
+    EXPECT_GE(At(walls, 256 + 128, 259, 0), 200) << "the moon on the ridge of the gable";
+}
+
+// On the beat the pillars bend, until their tops look at the camera, and those the lamp may shine on.
+TEST(FX_PathPictures, APillarEndsInADarkRoofWhicheverWayItBends)
+{
+    const Raster walls = LoadPicture("budentextur.jpg");
+    ASSERT_EQ(1024, walls.width);
+    const auto mean = [&](int x0, int y0, int x1, int y1) {
+        double sum = 0;
+        for (int y = y0; y < y1; y++)
+            for (int x = x0; x < x1; x++)
+                sum += At(walls, x, y, 0) + At(walls, x, y, 1) + At(walls, x, y, 2);
+        return sum / (3.0 * (x1 - x0) * (y1 - y0));
+    };
+    EXPECT_LE(mean(768, 0, 1024, 256), 45) << "its top";
+    int bright = 0;
+    for (int y = 0; y < 256; y++)
+        for (int x = 768; x < 1024; x++)
+            bright += At(walls, x, y, 0) > 110 ? 1 : 0;
+    EXPECT_LE(bright, 256 * 256 / 200);
+    // The last row of a pillar's walls may lie up to eleven pixels beyond their upper edge.
+    for (const int left : {0, 768}) {
+        EXPECT_LE(mean(left, 245, left + 256, 310), 75) << left;
+        EXPECT_GE(mean(left + 40, 410, left + 216, 480), 2 * mean(left, 245, left + 256, 310)) << left;
+    }
+    EXPECT_LE(mean(512, 245, 768, 300), 75);
+    EXPECT_LE(mean(256, 245, 512, 254), 140) << "the gable's";
 }
 
 // It is seen edge-on, one or two pixels wide, on walls that bend: what is bright there is a stair.
