@@ -21,18 +21,18 @@ Canvas FieldTile()
         return VillageEarth(g.x, g.y);
     });
     Mask lines(Side, Side, 0, true);
-    Pen pen(lines, SketchPaper(), {.width = 3.4f, .wobble = 1.2f, .wave = 40, .skip = 0.5f, .dry = 0.5f},
+    Pen pen(lines, SketchPaper(), {.width = 4.6f, .wobble = 1.4f, .wave = 50, .skip = 0.4f, .dry = 0.5f},
             310);
     Dice dice(311);
     const auto everywhere = [](Vector2) { return true; };
-    HatchFurrows(pen, dice, 900, ShadedSide, {0, -19}, {Repeat, 19}, toSheet, everywhere);
-    pen.nib.width = 1.6f;
-    HatchFurrows(pen, dice, 1500, WholeFurrow, {0, -19}, {Repeat, 19}, toSheet, everywhere);
+    HatchFurrows(pen, dice, 420, ShadedSide, {0, -19}, {Repeat, 19}, toSheet, everywhere);
+    pen.nib.width = 2.2f;
+    HatchFurrows(pen, dice, 260, WholeFurrow, {0, -19}, {Repeat, 19}, toSheet, everywhere);
     canvas.Cover(lines, palette::Ink, 0.7f);
     // Stubble, drawn long: the picture is laid out nearly three times as wide as it is deep.
     Mask stubble(Side, Side, 0, true);
     Pen straw(stubble, SketchPaper(), {.width = 2.0f, .wobble = 0.4f, .skip = 0.2f}, 312);
-    for (int i = 0; i < 1500; i++) {
+    for (int i = 0; i < 700; i++) {
         const Vector2 p = {dice.Range(0, Size), dice.Range(0, Size)};
         const Vector2 g = toGround(p.x, p.y);
         if (Abs(Fraction(VillageFurrow(g.x, g.y)) - 0.5f) < 0.2f)

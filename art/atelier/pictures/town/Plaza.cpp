@@ -113,9 +113,12 @@ static LinearColour EarthAt(Vector2 g)
     static const Noise soil(SoilSeed);
     // The land lies darker and drier in places; not where the field's picture goes on.
     const float lie = soil.Fbm(g.x / 9, g.y / 6, 3) * Smooth(-28, -16, g.x);
-    const LinearColour field =
-        Mix(VillageEarth(g.x + PlazaX, g.y) * (1 + 0.55f * lie), Mix(palette::Moss, palette::Slate, 0.35f),
-            0.22f * Smooth(0.05f, 0.5f, lie));
+    // The furrows sink into the distance beyond the camera's round.
+    const float far = Smooth(21, 36, Length({g.x, g.y - 10})) * Smooth(-30, -14, g.x);
+    const LinearColour ploughed =
+        Mix(VillageEarth(g.x + PlazaX, g.y), Mix(palette::Slate, palette::Ink, 0.5f) * 0.72f, 0.85f * far);
+    const LinearColour field = Mix(ploughed * (1 + 0.55f * lie), Mix(palette::Moss, palette::Slate, 0.35f),
+                                   0.22f * Smooth(0.05f, 0.5f, lie));
     const float t = 0.5f + 0.7f * soil.Fbm(g.x / 2.2f, g.y / 2.2f, 5);
     const Noise::WorleyCell pebble =
         soil.Worley(g.x / 0.17f + 0.3f * soil.Gradient(g.x / 0.4f, g.y / 0.4f), g.y / 0.17f);
@@ -186,7 +189,7 @@ static float ShadowAt(Vector2 g)
 static void DrawFurrowsAround(Canvas& canvas, Dice& dice)
 {
     Mask lines(Side, Side);
-    Pen plough(lines, SketchPaper(), {.width = 2.8f, .wobble = 1.2f, .wave = 50, .skip = 0.45f, .dry = 0.4f},
+    Pen plough(lines, SketchPaper(), {.width = 4.2f, .wobble = 1.6f, .wave = 60, .skip = 0.4f, .dry = 0.4f},
                331);
     const auto toSheet = [](Vector2 g) {
         return Vector2{Middle + (g.x - PlazaX) * PerUnit, Middle - g.y * PerUnit};
@@ -195,14 +198,14 @@ static void DrawFurrowsAround(Canvas& canvas, Dice& dice)
         const Vector2 m = {g.x - PlazaX, g.y};
         return Length(m) + Raggedness(m) > 14.4f;
     };
-    HatchFurrows(plough, dice, 6500, ShadedSide, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
-    plough.nib.width = 1.4f;
-    HatchFurrows(plough, dice, 9000, WholeFurrow, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
+    HatchFurrows(plough, dice, 2900, ShadedSide, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
+    plough.nib.width = 2.0f;
+    HatchFurrows(plough, dice, 1500, WholeFurrow, {PlazaX - 30, -30}, {PlazaX + 30, 30}, toSheet, field);
     canvas.Cover(lines, palette::Ink, 0.7f);
     // The camera comes as near as its own height: clods and stubble are drawn one by one.
     Mask stubble(Side, Side);
     Pen straw(stubble, SketchPaper(), {.width = 1.9f, .wobble = 0.5f, .skip = 0.25f}, 337);
-    for (int i = 0; i < 9000; i++) {
+    for (int i = 0; i < 4200; i++) {
         const Vector2 g = {dice.Range(-30, 30), dice.Range(-30, 30)};
         const Vector2 p = toSheet({g.x + PlazaX, g.y});
         const float across = Abs(Fraction(VillageFurrow(g.x + PlazaX, g.y)) - 0.5f);

@@ -4,7 +4,8 @@
 namespace atelier
 {
 
-constexpr float FurrowUnits = 0.64f;
+// Broad ones: the show draws the ground without mipmaps, and what is narrow is a noise from ten units on.
+constexpr float FurrowUnits = 1.45f;
 
 // The mist over black, and how much of what lies under it is hidden: `night` and `mist` of glowmask.fp.
 constexpr float MistAlone[3] = {0.066f, 0.080f, 0.154f}, MistHides = 0.156f;
@@ -31,28 +32,32 @@ float VillageFurrow(float X, float Z)
 {
     static const Noise bend(301, 3, 0), sway(304, 1, 0);
     const float along = X / Repeat;
-    return Z / FurrowUnits + 0.75f * sway.Gradient(along, Z / 9) + 0.30f * bend.Gradient(along * 3, Z / 3);
+    return Z / FurrowUnits + 0.68f * sway.Gradient(along, Z / 9) + 0.20f * bend.Gradient(along * 3, Z / 3);
 }
 
 LinearColour VillageEarth(float X, float Z)
 {
     // What is large changes across the way only: along it, it would show where the land repeats.
-    static const Noise tint(302, 11, 0), strip(307, 1, 0), clod(303, 128, 0), grit(305, 512, 0),
-        wet(306, 7, 0);
+    static const Noise tint(302, 11, 0), strip(307, 1, 0), clod(303, 128, 0), sod(308, 36, 0),
+        crumb(309, 52, 0), grit(305, 512, 0), wet(306, 7, 0);
     const float u = X / Repeat;
     const float t = 0.5f + 0.42f * tint.Fbm(u * 11, Z / 1.3f, 4) + 0.5f * strip.Gradient(0.3f, Z / 4.5f);
-    LinearColour earth = Mix(Mix(palette::Slate, palette::Ink, 0.5f),
+    LinearColour earth = Mix(Mix(Mix(palette::Slate, palette::Rust, 0.09f), palette::Ink, 0.5f),
                              Mix(palette::Moss, palette::Slate, 0.35f), 0.55f * Smooth(0.1f, 0.9f, t));
     earth = Mix(earth, Mix(palette::Ochre, palette::Slate, 0.45f), 0.22f * Smooth(0.55f, 1.0f, t));
-    const float f = Fraction(VillageFurrow(X, Z));
-    const float lump = clod.Fbm(u * 128, Z / 0.20f, 3);
-    const float ridge = Smooth(0.12f, 0.48f, f + 0.10f * lump) * Smooth(1.0f, 0.66f, f + 0.10f * lump);
-    const float grain = 1 + 0.62f * grit.Gradient(u * 512, Z / 0.08f) + 0.35f * lump;
-    // The harrow went over it: finer lines in each furrow, which come and go.
-    const float tine = Fraction(VillageFurrow(X, Z) * 5 + 0.5f * lump);
-    const float harrowed = Hill(0.5f, 0.36f, tine) * Smooth(-0.35f, 0.35f, clod.Fbm(u * 16, Z / 0.9f, 2));
-    LinearColour c = earth * (0.52f + 0.45f * ridge + 0.30f * harrowed) * grain;
-    c = Mix(c, palette::Mist, 0.20f * Hill(0.62f, 0.16f, f + 0.12f * lump) * Smooth(-0.2f, 0.5f, lump));
+    // From the foot of one furrow its slice rises to a crest, which the moon touches, and breaks off in ink.
+    const float sods = sod.Fbm(u * 36, Z / 0.40f, 3), lump = clod.Fbm(u * 128, Z / 0.20f, 2);
+    const float f = Fraction(VillageFurrow(X, Z) + 0.09f * sods);
+    const float slice = Smooth(0.02f, 0.55f, f) * Smooth(0.84f, 0.74f, f);
+    const float grain = 1 + 0.14f * grit.Gradient(u * 512, Z / 0.08f) + 0.45f * sods + 0.16f * lump;
+    LinearColour c = earth * (0.40f + 0.72f * slice) * grain;
+    // Clods, each with its own tone and a dark gap about it.
+    const Noise::WorleyCell lumps = crumb.Worley(u * 52 + 0.3f * sods, Z / 0.26f + 0.3f * lump);
+    const float gap = Smooth(0.20f, 0.02f, lumps.second - lumps.nearest), own = float(lumps.name & 255) / 255;
+    c = c * Mix(1, (0.78f + 0.44f * own) * (1 - 0.55f * gap), Smooth(0.15f, 0.45f, f));
+    const float crest = Hill(0.66f, 0.11f, f) * Smooth(-0.15f, 0.30f, sods + 0.4f * lump);
+    c = Mix(c, palette::Mist, 0.26f * crest);
+    c = Mix(c, palette::Ink * 0.5f, 0.85f * Hill(0.83f, 0.10f, f) * Smooth(-0.55f, -0.1f, sods));
     // Water stands in some furrows.
     const float pool =
         Smooth(0.20f, 0.34f, wet.Fbm(u * 7, Z / 2.4f, 3)) * Hill(0.02f, 0.17f, Fraction(f + 0.5f) - 0.5f);

@@ -36,7 +36,7 @@ LinearColour VillageEarth(float X, float Z);
 struct FurrowPart {
     float from, to; // of a furrow's width
 };
-constexpr FurrowPart ShadedSide = {0.79f, 1.02f}, WholeFurrow = {0, 1};
+constexpr FurrowPart ShadedSide = {0.76f, 0.92f}, WholeFurrow = {0, 1};
 void HatchFurrows(Pen& pen, Dice& dice, int strokes, FurrowPart part, Vector2 low, Vector2 high,
                   const std::function<Vector2(Vector2)>& place, const std::function<bool(Vector2)>& open);
 
