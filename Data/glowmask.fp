@@ -18,6 +18,9 @@ const vec3 amber = vec3(0.94, 0.69, 0.31);
 const vec3 bone = vec3(0.94, 0.90, 0.84);
 const vec3 night = vec3(0.066, 0.080, 0.154); // the mist over black
 const float mist = 0.156; // of it that hides what lies under it: the brightest part of the night, and a little
+// It lies on the ground: so much of it is where it is thickest, a little below the middle of the screen, and so much high
+// up, first on the way and then on the plaza, whose pillars would be washed out.
+const float lowMist = 1.18, highOnWay = 0.80, highOnPlaza = 0.45, mistPlace = -0.30, mistSpread = 2.6;
 const vec3 dusk = vec3(0.86, 0.68, 0.46); // what the unlit painting is seen through: a sun that goes down
 
 const float speed = 0.5;       // of the light, masks each delta
@@ -28,7 +31,7 @@ const float fallen = 5.43;     // delta, from which that is all there is: a whit
 // Hazes: where on the screen, how much of what lies under them they hide, and their colours.
 const vec2 aspect = vec2(1.33, 1.0);
 const vec2 moonPlace = vec2(0.22, 0.62), firePlace = vec2(0.0, -0.10);
-const float moonHaze = 0.08, fireHaze = 0.135;
+const float moonHaze = 0.08, fireHaze = 0.12;
 // As pure as can be: a haze hides little.
 const vec3 moonLight = vec3(0.77, 0.82, 1.0), fireLight = vec3(1.0, 0.55, 0.24);
 const float wayEnds = 12.6, fireBurns = 14.8; // delta
@@ -75,10 +78,14 @@ vec4 Night()
 {
     vec2 byMoon = (onScreen - moonPlace) * aspect, byFire = (onScreen - firePlace) * aspect;
     float tooth = Tooth(gl_FragCoord.xy);
-    float moon = tooth * moonHaze * (1.0 - smoothstep(wayEnds, fireBurns, delta)) * exp(-1.0 * dot(byMoon, byMoon));
-    float fire = tooth * fireHaze * smoothstep(wayEnds, fireBurns, delta) * exp(-2.4 * dot(byFire, byFire));
-    float thin = mist * tooth + moon + fire;
-    return vec4((night * tooth + moonLight * moon + fireLight * fire) / thin, thin);
+    float there = smoothstep(wayEnds, fireBurns, delta); // on the plaza
+    float above = onScreen.y - mistPlace;
+    float high = mix(highOnWay, highOnPlaza, there);
+    float laid = tooth * mix(high, lowMist, exp(-mistSpread * above * above));
+    float moon = tooth * moonHaze * (1.0 - there) * exp(-1.0 * dot(byMoon, byMoon));
+    float fire = tooth * fireHaze * there * exp(-3.0 * dot(byFire, byFire));
+    float thin = mist * laid + moon + fire;
+    return vec4((night * laid + moonLight * moon + fireLight * fire) / thin, thin);
 }
 
 void main()
