@@ -187,6 +187,19 @@ static Canvas Positive(const Mask& value, const Paper& paper)
     return canvas;
 }
 
+// The paper's edge at both sides, worn by pockets: it thins out in fibres and dents, so that no straight line is left over
+// the sand when the photograph is going. Above and below it is never seen.
+static Mask PaperLeft()
+{
+    constexpr float Thinned = 16; // pixels
+    const Noise dents(25), fibres(26);
+    return Mask(W, H).Each([&](float x, float y) {
+        const float side = Min(x, W - x), left = x < W / 2.0f ? 0.0f : 30.0f;
+        const float torn = 8 + 10 * dents.Fbm(y / 110, left, 4);
+        return Smooth(0, Thinned, side - torn + 5 * fibres.Fbm(x / 5, y / 9, 3)) * Smooth(3, 6, side);
+    });
+}
+
 // The print's border, a little worn at the corners, with a word in pen.
 static Canvas Border(const Paper& paper)
 {
@@ -223,6 +236,7 @@ static Canvas Photograph()
     const Paper& paper = SketchPaper();
     Canvas canvas = Positive(Exposed(paper), paper);
     canvas.Lay(Border(paper), 0, 0);
+    canvas.CutOut(PaperLeft());
     return Squeezed(canvas, 1024, 1024);
 }
 
@@ -230,7 +244,7 @@ static Canvas Photograph()
 PictureGroup FX_FlashHandPictures()
 {
     return {"FX_FlashHand", {
-        {"Data/foto.png",                   1024, 1024, Format::PngRgb, Photograph},
+        {"Data/foto.png",                   1024, 1024, Format::PngRgba,Photograph},
     }};
 }
 // clang-format on

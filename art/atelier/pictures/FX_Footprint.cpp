@@ -14,12 +14,12 @@ namespace atelier
 constexpr int W = 1024, H = 512;
 
 // clang-format off
-// From the heel along the hollow of the arch to the ball, and back along the outer edge, on which a foot rolls: it is nearly
-// straight, and about half of the foot's breadth touches the ground all the way.
+// From the heel along the hollow of the arch to the ball, and back along the outer edge, on which a foot rolls: it bulges
+// at the small toe, in the middle and at the heel, and about half of the foot's breadth touches the ground all the way.
 static const std::vector<Vector2> Sole = {
     {946, 268}, {928, 208}, {872, 178}, {802, 182}, {736, 206}, {672, 226}, {608, 216}, {540, 174}, {468, 130}, {388, 102},
-    {314, 104}, {268, 138}, {252, 196}, {258, 254}, {276, 308}, {304, 360}, {346, 408}, {408, 432}, {486, 434}, {570, 424},
-    {660, 414}, {744, 408}, {824, 396}, {892, 368}, {934, 320},
+    {314, 104}, {268, 138}, {252, 196}, {258, 254}, {276, 308}, {302, 360}, {342, 410}, {404, 438}, {478, 432}, {556, 416},
+    {628, 420}, {690, 418}, {756, 396}, {826, 394}, {892, 370}, {934, 322},
 };
 struct Toe {
     Vector2 middle;
@@ -27,34 +27,39 @@ struct Toe {
 };
 // The tips lie on an arc; each toe is as near to the ball as its neighbours.
 static const Toe Toes[] = {
-    {{162, 140}, 78, 55, -0.10f},
-    {{154, 229}, 47, 31,  0.05f},
-    {{174, 289}, 42, 28,  0.10f},
-    {{206, 344}, 38, 26,  0.14f},
-    {{258, 396}, 36, 28,  0.16f},
+    {{170, 142}, 80, 56, -0.10f},
+    {{166, 231}, 49, 33,  0.05f},
+    {{187, 292}, 45, 30,  0.12f},
+    {{219, 347}, 41, 28,  0.18f},
+    {{268, 397}, 38, 28,  0.24f},
 };
 // clang-format on
 
-// Where the foot presses, 0 to 1: deepest under heel, ball and toes, hardly at the arch.
-static Mask Pressed()
+// Where the foot is, 0 to 1. The pad of a toe is broadest at its tip; what joins it to the ball has amount `joint`.
+static Mask Foot(float joint)
 {
     Mask foot = Filled(W, H, Round(Sole));
-    // The pad of a toe is broadest at its tip. The sand keeps a trace of what joins it to the ball.
     for (const Toe& toe : Toes) {
         const auto back = [&](float part) {
             return toe.middle + Vector2{Cos(toe.turn), Sin(toe.turn)} * (toe.length * part);
         };
         foot.Fill(Limb(Straight({back(0.3f), back(2.1f)}), toe.breadth * 0.82f, toe.breadth * 0.7f,
                        toe.breadth * 0.75f),
-                  0.55f);
+                  joint);
         foot.Fill(Ellipse(back(-0.16f), toe.length * 0.84f, toe.breadth, toe.turn));
         foot.Fill(Ellipse(back(0.42f), toe.length * 0.62f, toe.breadth * 0.74f, toe.turn));
     }
-    foot.Shake(4, 46, 11).Shake(1.5f, 9, 12);
+    return foot.Shake(8, 120, 31).Shake(4, 46, 11).Shake(1, 9, 12);
+}
+
+// Where the foot presses, 0 to 1: deepest under heel, ball and toes, hardly at the arch. The sand keeps a trace of what
+// joins the toes to the ball.
+static Mask Pressed()
+{
     const auto under = [](float x, float y, float cx, float cy, float rx, float ry) {
         return Bell(Length({(x - cx) / rx, (y - cy) / ry}));
     };
-    return foot.By([&](float x, float y) {
+    return Foot(0.55f).By([&](float x, float y) {
         return Clamp(0.66f + 0.36f * under(x, y, 848, 280, 120, 100) +
                      0.36f * under(x, y, 360, 262, 110, 150) + 0.16f * under(x, y, 620, 370, 190, 60) +
                      0.36f * Smooth(250, 220, x) - 0.3f * under(x, y, 636, 232, 110, 54));
@@ -62,12 +67,12 @@ static Mask Pressed()
 }
 
 // The ridges of the skin, 1 on a ridge and 0 between: whorls under ball and heel that run into each other
-// across the arch, and one in each toe.
-static Mask Ridges()
+// across the arch, and one in each toe. The higher `bar`, 0 to 1, the thinner they are.
+static Mask Ridges(float bar)
 {
-    constexpr float Spacing = 13.5f, Melt = 64;
+    constexpr float Spacing = 12, Melt = 64;
     const Noise warp(17), width(18);
-    return Mask(W, H).Each([&](float x, float y) {
+    const Mask ways = Mask(W, H).Each([&](float x, float y) {
         const Vector2 p =
             Vector2{x, y} + Vector2{warp.Fbm(x / 120, y / 120, 3), warp.Fbm(x / 120 + 40, y / 120, 3)} * 26;
         const auto from = [p](float cx, float cy, float stretch) {
@@ -78,9 +83,16 @@ static Mask Ridges()
         for (const Toe& toe : Toes)
             if (Length(Vector2{x, y} - toe.middle) < toe.length + 8)
                 way = 1.5f * from(toe.middle.x, toe.middle.y, 1.5f) + 7 * toe.turn;
-        const float wave = 0.5f + 0.5f * Cos(2 * Pi * way / Spacing);
+        return way;
+    });
+    return Mask(W, H).Each([&](float x, float y) {
+        const float wave = 0.5f + 0.5f * Cos(2 * Pi * ways.At(Floor(x), Floor(y)) / Spacing);
+        // Between whorls the way hardly grows: a ridge would be a blot there.
+        const float growth = 0.25f * Length({ways.Sample(x + 2, y) - ways.Sample(x - 2, y),
+                                             ways.Sample(x, y + 2) - ways.Sample(x, y - 2)});
         // Here and there a ridge breaks off, and all differ in breadth.
-        return Smooth(0.30f, 0.66f, wave + 0.22f * width.Fbm(x / 15, y / 15, 2));
+        return Smooth(bar - 0.18f, bar + 0.18f, wave + 0.22f * width.Fbm(x / 15, y / 15, 2)) *
+               Smooth(0.25f, 0.6f, growth);
     });
 }
 
@@ -100,20 +112,26 @@ static Mask Relief(const Mask& pressed, const Mask& ridges)
     });
 }
 
+// The print lies on pale sand and, where the sand is taken away, on black. So what is dark in it is paint that covers,
+// and what is light is a thin veil of a warm colour: it brightens sand, and leaves black nearly black. On black only the
+// ridges of the skin draw the foot, as lines of a lamp's light that comes from one side.
 static Canvas Footprint()
 {
     const Paper& paper = SketchPaper();
-    const Mask pressed = Pressed(), ridges = Ridges();
+    const Mask pressed = Pressed(), ridges = Ridges(0.58f);
     const Mask floor = pressed.Blurred(5), relief = Relief(pressed, ridges);
-    const Noise lumps(14), crumbs(13);
+    const Noise lumps(14), crumbs(13), dots(30);
     const Mask window = Mask(W, H, 1).FadeToBorder(40);
     // The light is low: the wall on its side lies in its own shadow and throws another across the floor, the wall
     // opposite shines, and so does the outer side of what was pushed up.
-    Mask shadow(W, H), lit(W, H), turned(W, H), damp(W, H);
+    Mask shadow(W, H), lit(W, H), turned(W, H), damp(W, H), wall(W, H), thrown(W, H);
     for (int y = 0; y < H; y++)
         for (int x = 0; x < W; x++) {
             const float fx = float(x) + 0.5f, fy = float(y) + 0.5f;
-            const float deep = Clamp(floor.At(x, y) * 1.15f), ragged = lumps.Fbm(fx / 24, fy / 24, 3);
+            const float ragged = lumps.Fbm(fx / 24, fy / 24, 3), dot = dots.Fbm(fx / 5, fy / 5, 2);
+            // Towards its edge the floor breaks up into grains.
+            const float under = floor.At(x, y);
+            const float deep = Smooth(0.06f, 0.5f, under + 0.12f * dot * Smooth(0.02f, 0.15f, under));
             float cast = 0;
             for (const float reach : {12.0f, 24.0f, 38.0f, 54.0f}) {
                 const float far = reach * (1 + 0.3f * ragged);
@@ -124,20 +142,50 @@ static Canvas Footprint()
                                 0.18f * (relief.Sample(fx, fy + 2) - relief.Sample(fx, fy - 2));
             lit.At(x, y) = Smooth(0.15f, 2.8f, slope) * window.At(x, y);
             turned.At(x, y) = Smooth(0.12f, 2.4f, -slope) * window.At(x, y);
-            damp.At(x, y) = deep * (0.62f + 0.14f * ragged + 0.1f * crumbs.Fbm(fx / 5, fy / 5, 2));
+            damp.At(x, y) = deep * (0.86f + 0.2f * ragged + 0.12f * crumbs.Fbm(fx / 5, fy / 5, 2)) *
+                            (1 - Smooth(0.8f, 2.8f, slope));
+            wall.At(x, y) = Smooth(0.8f, 2.8f, slope) * deep * window.At(x, y);
+            for (const float reach : {10.0f, 18.0f, 30.0f, 44.0f}) {
+                const float far = reach * (1 + 0.3f * ragged);
+                const float above = relief.Sample(fx - far, fy - 0.4f * far) - relief.At(x, y) - 0.12f * far;
+                thrown.At(x, y) = Max(thrown.At(x, y), Smooth(0, 7, above) * (1 - deep) * window.At(x, y));
+            }
         }
     damp.By([&](float x, float y) { return 0.85f + 0.6f * (0.5f - paper.Height(Floor(x), Floor(y))); });
+    const LinearColour dark = Mix(palette::Ink, palette::Rust, 0.3f) * 0.12f;
     Canvas canvas(W, H);
-    canvas.Cover(damp, Mix(Mix(palette::Rust, palette::Slate, 0.42f), palette::Ochre, 0.3f) * 0.9f);
-    canvas.Cover(shadow, Mix(palette::Ink, palette::Rust, 0.22f), 0.84f);
-    canvas.Cover(turned, Mix(palette::Ink, palette::Rust, 0.3f), 0.9f);
-    canvas.Cover(lit.Blur(1.2f), Mix(palette::Parchment, palette::Bone, 0.4f), 0.74f);
-    // The ridges of the skin, where the sand was damp enough to keep them.
+    canvas.Cover(thrown.Blur(3), Mix(dark, palette::Rust, 0.1f), 0.5f);
+    // The floor is lit from one side: there it is warm; on the other, and towards its edges, no more than dark.
+    const Mask within = pressed.Blurred(18);
+    const auto inside = [&](float x, float y) { return Smooth(0.34f, 0.72f, within.At(Floor(x), Floor(y))); };
+    const auto side = [](float x, float y) { return Smooth(120, 440, y + 0.12f * x); };
+    canvas.Cover(
+        damp,
+        [&](float x, float y) {
+            return Mix(dark, Mix(palette::Rust, palette::Ochre, 0.15f),
+                       Mix(0.06f, 0.24f, side(x, y)) * inside(x, y));
+        },
+        0.62f);
+    canvas.Cover(shadow, dark, 0.6f);
+    canvas.Cover(turned, dark, 0.6f);
+    // The light lies on the ridges, more of it the farther they are from the wall that throws the shadow.
     Mask skin = ridges;
-    skin.Multiply(pressed).By([&](float x, float y) {
-        return Smooth(-0.25f, 0.3f, lumps.Fbm(x / 90 + 7, y / 90, 3)) * (1 - lit.At(Floor(x), Floor(y)));
+    skin.Multiply(floor).By([&](float x, float y) {
+        const int column = Floor(x), row = Floor(y);
+        const float worn = Smooth(-0.35f, 0.2f, lumps.Fbm(x / 90 + 7, y / 90, 3));
+        return worn * (1 - 0.85f * shadow.At(column, row)) * (1 - turned.At(column, row)) *
+               Smooth(-0.5f, 0.2f, dots.Fbm(x / 4 + 9, y / 4, 2)) * (0.35f + 0.65f * side(x, y)) *
+               (0.3f + 0.7f * inside(x, y));
     });
-    canvas.Cover(skin, Mix(palette::Ink, palette::Rust, 0.3f), 0.2f);
+    canvas.Cover(skin, Mix(palette::Ochre, palette::Parchment, 0.12f) * 1.05f, 0.66f);
+    // The wall opposite the light, and the grains of what was pushed up; between the toes it lies in the toes' shadow.
+    const Mask toes = Mask(W, H).Each([](float x, float y) { return Smooth(370, 300, x - 0.1f * y); });
+    canvas.Cover(wall.Blur(3.5f).Subtract(Mask(toes).Scale(0.5f)), Mix(palette::Amber, palette::Ochre, 0.3f),
+                 0.32f);
+    Mask rim = lit.Blur(1.6f);
+    rim.Subtract(wall).Subtract(toes).By(
+        [&](float x, float y) { return 0.15f + 1.1f * Smooth(-0.1f, 0.5f, dots.Fbm(x / 4, y / 4, 2)); });
+    canvas.Cover(rim, Mix(palette::Amber, palette::Bone, 0.35f), 0.28f);
     // Crumbs thrown out in front of the toes and behind the heel, and pen strokes in the shadow of the wall.
     Mask drops(W, H), strokes(W, H);
     Pen pen(drops, paper, {.width = 2}, 15),
@@ -155,23 +203,25 @@ static Canvas Footprint()
     return Squeezed(canvas, 512, 256);
 }
 
-// The same print as light: its ridges are grains that glow, most where the foot pressed hardest. It comes so near that
-// it keeps the size in which it is drawn, and it is added to bright sand: with hardly any blue and not much green, or the
-// sum would be white.
+// The same print as light: a thin line on each ridge, and an even light between them that ends where the foot does, so
+// that ripples of sand under it do not hide its outline. It comes so near that it keeps the size in which it is drawn,
+// and it is added to bright sand: with hardly any blue and not much green, or the sum would be white.
 static Canvas FootprintWhite()
 {
-    const Mask pressed = Pressed();
     const Noise breath(20), grain(29);
-    Mask ridges = Ridges();
-    ridges.Multiply(pressed.Blurred(2)).By([&](float x, float y) {
+    const Mask foot = Foot(0).Blur(3);
+    Mask outline = foot;
+    outline.Subtract(foot).Scale(4);
+    Mask ridges = Ridges(0.78f);
+    ridges.Multiply(foot).By([&](float x, float y) {
         return (0.7f + 0.9f * breath.Fbm(x / 110, y / 110, 3)) *
                (0.55f + 0.75f * Smooth(-0.5f, 0.6f, grain.Fbm(x / 3.4f, y / 3.4f, 2)));
     });
     const LinearColour ember = Mix(palette::Ochre, palette::Rust, 0.35f);
     Canvas canvas(W, H, palette::Black);
-    canvas.Light(ridges, ember, 0.38f);
-    canvas.Light(ridges.Blurred(4), ember, 0.10f);
-    canvas.Light(pressed.Blurred(14), palette::Rust, 0.10f);
+    canvas.Light(ridges, ember, 0.15f);
+    canvas.Light(outline, ember, 0.05f);
+    canvas.Light(foot, ember, 0.045f);
     DarkenBorder(canvas, 70);
     return canvas;
 }
@@ -198,7 +248,7 @@ static std::vector<Fork> MakeForks(float size, Dice& dice)
 
 // Wind-ribbed sand, a tile. In the scene a tile is 30 units across the walk and 15 along it, so ribs are
 // drawn twice as steep as they will lie. It lies once across the walk, and its corner is what the far band to the
-// horizon is made of: towards both sides the sand is lost in the mist that this band is.
+// horizon is made of: towards both sides the sand is lost in the haze that this band is.
 static Canvas Sand()
 {
     constexpr int Size = 1024, Ribs = 21;
@@ -271,14 +321,15 @@ static Canvas Sand()
     });
     canvas.Cover(specks, Mix(palette::Rust, palette::Ink, 0.3f), 0.3f);
     paper.Show(canvas, 0.5f);
-    canvas.Cover(Mask(Size, Size, 0, true).Each([&](float x, float y) {
-        const float border = Min(x, Size - x);
-        const float side = border + (68 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) +
-                                     30 * grain.Fbm(x / 4, y / 4, 2)) *
-                                        Smooth(0, 60, border);
-        return Smooth(240, 12, side);
-    }),
-                 Mix(palette::Slate, palette::Ink, 0.5f));
+    // The haze of dusk, into which the ribs are lost long before it is all that is left.
+    canvas.Cover(
+        Mask(Size, Size, 0, true).Each([&](float x, float y) {
+            const float border = Min(x, Size - x);
+            const float side =
+                border + 60 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) * Smooth(0, 60, border);
+            return Smooth(300, 12, side);
+        }),
+        Mix(Mix(palette::Parchment, palette::Ochre, 0.4f), Mix(palette::Slate, palette::Rust, 0.25f), 0.4f));
     return canvas;
 }
 

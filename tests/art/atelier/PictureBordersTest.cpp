@@ -19,7 +19,8 @@ static const std::map<std::string, std::string> sidesThatGoOn = {
     {"skybox_tower_back.jpg", "lr"},
     {"skybox_tower_right.jpg", "lr"},
     {"skybox_tower_front.jpg", "lr"},
-    // the lower edge of the screen
+    // the edges of the screen
+    {"foto.png", "tb"},
     {"waldsterben.png", "b"},
     {"waldsterben2.png", "b"},
     // the hinge of the fish
