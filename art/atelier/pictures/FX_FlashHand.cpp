@@ -171,8 +171,11 @@ static Canvas Positive(const Mask& value, const Paper& paper)
         // Grain: silver in clumps, most visible where it is neither dark nor white.
         const float g = 0.6f * grain.Gradient(x / 1.7f, y / 1.7f) + 0.5f * clumps.Fbm(x / 3.6f, y / 3.6f, 2);
         v += g * (0.035f + 0.24f * v * Smooth(1.25f, 0.2f, v));
-        return Mix(Mix(palette::Ink, palette::Rust, 0.12f) * 0.8f,
-                   Mix(palette::Bone, palette::Parchment, 0.15f), Clamp(Pow(Max(v, 0), 1.15f)));
+        // Toned brown, so that what is between dark and white is never grey over the sand.
+        const float light = Clamp(Pow(Max(v, 0), 1.15f));
+        const LinearColour toned = Mix(LinearColour{1, 1, 1}, {1.1f, 0.93f, 0.74f}, Smooth(1, 0.3f, light));
+        return toned * Mix(Mix(palette::Ink, palette::Rust, 0.12f) * 0.8f,
+                           Mix(palette::Bone, palette::Parchment, 0.15f), light);
     });
     Mask dust(W, H);
     Dice dice(22);

@@ -185,7 +185,7 @@ static Canvas Footprint()
     Mask rim = lit.Blur(1.6f);
     rim.Subtract(wall).Subtract(toes).By(
         [&](float x, float y) { return 0.15f + 1.1f * Smooth(-0.1f, 0.5f, dots.Fbm(x / 4, y / 4, 2)); });
-    canvas.Cover(rim, Mix(palette::Amber, palette::Bone, 0.35f), 0.28f);
+    canvas.Cover(rim, Mix(palette::Amber, palette::Bone, 0.12f), 0.24f);
     // Crumbs thrown out in front of the toes and behind the heel, and pen strokes in the shadow of the wall.
     Mask drops(W, H), strokes(W, H);
     Pen pen(drops, paper, {.width = 2}, 15),
@@ -321,15 +321,20 @@ static Canvas Sand()
     });
     canvas.Cover(specks, Mix(palette::Rust, palette::Ink, 0.3f), 0.3f);
     paper.Show(canvas, 0.5f);
-    // The haze of dusk, into which the ribs are lost long before it is all that is left.
+    // The haze of dusk, into which the ribs are lost long before it is all that is left. It is brightest before it is
+    // that, as air is over a horizon.
+    const auto side = [&](float x, float y) {
+        const float border = Min(x, Size - x);
+        return border + 60 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) * Smooth(0, 60, border);
+    };
+    const LinearColour dusk =
+        Mix(Mix(palette::Parchment, palette::Ochre, 0.4f), Mix(palette::Slate, palette::Rust, 0.25f), 0.55f);
     canvas.Cover(
-        Mask(Size, Size, 0, true).Each([&](float x, float y) {
-            const float border = Min(x, Size - x);
-            const float side =
-                border + 60 * swell.Fbm(x / Size * 5, y / Size * 3 + 0.5f, 3) * Smooth(0, 60, border);
-            return Smooth(300, 12, side);
-        }),
-        Mix(Mix(palette::Parchment, palette::Ochre, 0.4f), Mix(palette::Slate, palette::Rust, 0.25f), 0.4f));
+        Mask(Size, Size, 0, true).Each([&](float x, float y) { return Smooth(320, 60, side(x, y)); }),
+        [&](float x, float y) {
+            return Mix(dusk, Mix(palette::Amber, palette::Parchment, 0.6f),
+                       0.6f * Smooth(10, 110, side(x, y)));
+        });
     return canvas;
 }
 

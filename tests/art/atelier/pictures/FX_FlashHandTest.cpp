@@ -31,3 +31,18 @@ TEST(FX_FlashHandPictures, ThePhotographIsWholeAndItsPaperHasNoStraightSides)
     EXPECT_LT(*left.rbegin(), 38) << "the border is left";
     EXPECT_LT(*right.rbegin(), 38);
 }
+
+TEST(FX_FlashHandPictures, ThePhotographIsTonedBrown)
+{
+    const Raster photograph = LoadPicture("foto.png");
+    ASSERT_EQ(4, photograph.channels);
+    double red = 0, green = 0, blue = 0;
+    for (int y = 200; y < 600; y++)
+        for (int x = 700; x < 900; x++) {
+            red += At(photograph, x, y, 0);
+            green += At(photograph, x, y, 1);
+            blue += At(photograph, x, y, 2);
+        }
+    EXPECT_GT(red, 1.15 * green);
+    EXPECT_GT(green, 1.15 * blue);
+}
