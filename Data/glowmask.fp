@@ -82,8 +82,11 @@ vec4 Night()
     float above = onScreen.y - mistPlace;
     float high = mix(highOnWay, highOnPlaza, there);
     float laid = tooth * mix(high, lowMist, exp(-mistSpread * above * above));
-    float moon = tooth * moonHaze * (1.0 - there) * exp(-1.0 * dot(byMoon, byMoon));
-    float fire = tooth * fireHaze * there * exp(-3.0 * dot(byFire, byFire));
+    float moon = 0.0, fire = 0.0; // hardly ever both
+    if (there < 1.0)
+        moon = tooth * moonHaze * (1.0 - there) * exp(-1.0 * dot(byMoon, byMoon));
+    if (there > 0.0)
+        fire = tooth * fireHaze * there * exp(-3.0 * dot(byFire, byFire));
     float thin = mist * laid + moon + fire;
     return vec4((night * laid + moonLight * moon + fireLight * fire) / thin, thin);
 }
