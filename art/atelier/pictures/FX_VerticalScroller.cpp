@@ -77,7 +77,7 @@ static void DrawBrush(Page& page, Vector2 at)
     DryBrush trail(page.accents, SketchPaper(),
                    {.width = 26, .count = 16, .thickness = 1.8f, .load = 0.62f, .ragged = 0.3f}, 32);
     trail.Stroke(Through(
-        {at + Vector2{-200, 76}, at + Vector2{-120, 116}, at + Vector2{60, 96}, at + Vector2{220, 112}}));
+        {at + Vector2{-200, 76}, at + Vector2{-120, 110}, at + Vector2{60, 88}, at + Vector2{220, 102}}));
 }
 
 static void DrawGear(Page& page, Vector2 at, float radius, int teeth, float turn, uint32_t seed)
@@ -124,16 +124,21 @@ static void DrawLamp(Page& page, Vector2 at)
               5);
     page.lights.Fill(Round({at + Vector2{0, -44}, at + Vector2{13, -8}, at + Vector2{10, 28},
                             at + Vector2{0, 40}, at + Vector2{-11, 26}, at + Vector2{-12, -6}}));
-    // The beam is low, as the name says.
-    for (int i = 0; i < 14; i++) {
-        const float a = 0.16f + 0.042f * float(i), r0 = 96, r1 = 166 + page.dice.Range(0, 66);
+    // Its light goes out from the glass on both sides, the longest rays a little downwards, as the name says.
+    const Vector2 flame = at + Vector2{0, -6};
+    constexpr int Rays = 8;
+    for (int i = 0; i < Rays; i++) {
+        const float a = -0.86f + 1.32f * float(i) / (Rays - 1);
+        const float from = 86 + page.dice.Range(0, 5);
+        const float to = from + (i % 2 == 0 ? 44.0f : 80.0f) * (0.75f + 0.5f * Bell((a - 0.1f) / 0.5f));
         for (float side = -1; side < 2; side += 2) {
-            page.amber.nib.width = 3;
+            const Vector2 d = {side * Cos(a), Sin(a)};
+            const float wander = page.dice.Range(-1.5f, 1.5f), r0 = from, r1 = to + page.dice.Range(-8, 8);
+            page.amber.nib.width = 5;
             page.amber.Stroke(
-                Through({at + Vector2{side * Cos(a) * r0, Sin(a) * r0},
-                         at + Vector2{side * Cos(a) * (r0 + r1) * 0.5f, Sin(a) * (r0 + r1) * 0.5f},
-                         at + Vector2{side * Cos(a) * r1, Sin(a) * r1}}),
-                {.start = 0.5f, .middle = 0.5f, .end = 0});
+                Through({flame + d * r0, flame + d * (0.5f * (r0 + r1)) + Vector2{-d.y, d.x} * wander,
+                         flame + d * r1}),
+                {.start = 0.9f, .middle = 0.8f, .end = 0.1f});
         }
     }
 }
@@ -149,12 +154,12 @@ static void DrawInkpot(Page& page, Vector2 at)
                         at + Vector2{34, -44}, at + Vector2{-34, -44}}),
               4);
     page.Draw(Ellipse(at + Vector2{0, -72}, 38, 10), 4);
-    page.Body(Limb(Through({at + Vector2{6, -68}, at + Vector2{90, -150}, at + Vector2{190, -220}}), 4, 9, 3),
+    page.Body(Limb(Through({at + Vector2{6, -68}, at + Vector2{88, -132}, at + Vector2{178, -180}}), 4, 9, 3),
               4);
     for (int i = 0; i < 26; i++) {
         const float t = 0.35f + 0.024f * float(i);
         const Vector2 p =
-            PointAt(Through({at + Vector2{6, -68}, at + Vector2{90, -150}, at + Vector2{190, -220}}), t);
+            PointAt(Through({at + Vector2{6, -68}, at + Vector2{88, -132}, at + Vector2{178, -180}}), t);
         page.Draw(Through({p, p + Vector2{34, -2}, p + Vector2{58, -22}}), 2.6f,
                   {.start = 0.6f, .middle = 0.6f, .end = 0});
         page.Draw(Through({p, p + Vector2{-8, -26}, p + Vector2{10, -52}}), 2.6f,
@@ -340,7 +345,7 @@ static Canvas Page1()
     page.Words("reed, music box, felt, fifty strings", 1456, Small);
     page.Words("that nobody has ever seen", 1520, Small);
 
-    DrawBrush(page, {Middle - 20, 1688});
+    DrawBrush(page, {Middle - 20, 1652});
     page.Words("ochre", 1904, 86);
     page.Aside("everything that was drawn", 1986, 46);
     page.Words("and the hand that drew it", 2058, Small);
@@ -362,7 +367,7 @@ static Canvas Page2()
     page.Words("lowbeam", 1268, 86);
     page.Aside("light, and when it goes out", 1350, 46);
     page.Words("the course of the night, bar by bar", 1422, Small);
-    page.Rule(1496, 210);
+    page.Rule(1476, 210);
 
     DrawInkpot(page, {Middle - 40, 1750});
     page.Words("with a pen, a dry brush, two washes", 1920, Small);
