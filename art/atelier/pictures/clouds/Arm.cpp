@@ -9,17 +9,17 @@ namespace atelier
 // How the six hold their cards, by gesture.
 // clang-format off
 static const Pose Poses[] = {
-    {.right = true, .turn = 208, .lean = 22, .roll = 72,
-     .fingers = {{2, 74, 98, 60}, {0, 80, 100, 60}, {-2, 86, 100, 60}, {-5, 92, 98, 58}},
-     .thumb = {{0.46f, 0.62f, 0.62f}, {0.04f, 0.86f, 0.50f}, {-0.66f, 0.74f, 0.14f}}, .nail = {0, -0.3f, 0.95f},
-     .pad = {77, 116}, .lift = -40, .size = 2.42f, .girth = 1.1f, .fleshy = 0.76f},
+    {.right = true, .turn = 184, .lean = 0, .roll = 78,
+     .fingers = {{5, 78, 98, 60}, {1, 84, 100, 60}, {-3, 89, 100, 60}, {-8, 95, 98, 58}},
+     .thumb = {{0.70f, 0.55f, 0.35f}, {0.82f, 0.55f, 0}, {0.90f, 0.43f, -0.05f}}, .nail = {-0.2f, -0.2f, 0.95f},
+     .pad = {30, 92}, .lift = -40, .size = 2.42f, .girth = 1.1f, .fleshy = 1},
     {.right = false, .turn = 20, .lean = 0, .roll = 20,
      .fingers = {{0, 20, 28, 16, true}, {-6, 18, 30, 18, true}, {-12, 14, 30, 16, true}, {-21, 8, 24, 12}},
      .thumb = {{0.78f, 0.54f, 0.36f}, {0.55f, 0.72f, 0.42f}, {-0.20f, 0.94f, 0.24f}}, .nail = {-0.4f, -0.25f, 0.8f},
      .pad = {-115, -50}, .lift = 0, .size = 2.75f, .thumbGirth = 0.86f, .bony = 1.02f},
-    {.right = true, .turn = -50, .lean = 0, .roll = 75,
+    {.right = true, .turn = -50, .lean = 0, .roll = 62,
      .fingers = {{6, 4, 10, 6}, {1, 2, 10, 6}, {-3, 2, 12, 8}, {-8, 2, 14, 8}},
-     .thumb = {{0.75f, 0.55f, 0.35f}, {0.42f, 0.76f, 0.50f}, {-0.02f, 0.87f, 0.46f}}, .nail = {-0.4f, 0.2f, 0.8f},
+     .thumb = {{0.68f, 0.52f, 0.50f}, {0.42f, 0.76f, 0.50f}, {-0.02f, 0.87f, 0.46f}}, .nail = {-0.4f, 0.2f, 0.8f},
      .pad = {-24, -26}, .lift = 0, .size = 2.6f},
     {.right = false, .turn = 24, .lean = 0, .roll = 24,
      .fingers = {{24, 60, 54, 26}, {-4, 26, 34, 18}, {-18, 14, 26, 14}, {-34, 4, 18, 12}},
@@ -29,8 +29,8 @@ static const Pose Poses[] = {
      .fingers = {{4, 82, 98, 56}, {1, 88, 104, 80}, {-2, 92, 106, 92}, {-5, 96, 106, 96}},
      .thumb = {{0.42f, 0.55f, 0.72f}, {0.05f, 0.72f, 0.70f}, {-0.78f, 0.60f, 0.12f}}, .nail = {0, -0.3f, 0.95f},
      .pad = {2, 150}, .lift = 0, .size = 2.7f, .girth = 1.15f},
-    {.right = false, .turn = 20, .lean = -6, .roll = 16,
-     .fingers = {{8, 20, 28, 18, true}, {2, 62, 98, 50}, {0, 70, 100, 52}, {-4, 78, 100, 56}},
+    {.right = false, .turn = 28, .lean = -6, .roll = 16,
+     .fingers = {{4, 14, 22, 14, true}, {0, 10, 22, 14}, {-4, 14, 30, 18}, {-9, 22, 40, 24}},
      .thumb = {{0.70f, 0.60f, 0.35f}, {0.45f, 0.80f, 0.45f}, {0.10f, 0.96f, 0.20f}}, .nail = {-0.3f, -0.1f, 0.95f},
      .pad = {-8, -34}, .lift = 0, .size = 2.3f, .girth = 1.12f, .thumbGirth = 0.9f},
 };
@@ -67,8 +67,8 @@ static std::vector<Vector2> ForearmWay(const Arm& arm, const Skeleton& hand)
     const Vector2 from = {hand.wrist.x, hand.wrist.y};
     const Vector2 back = Normalised(Vector2{hand.toFingers.x, hand.toFingers.y}) * -1,
                   on = Normalised(arm.elbow - from);
-    // A hand bent back as far as it goes has its corner at the wrist.
-    const float limp = arm.gesture == Gesture::Tray ? 0.42f : 1.0f;
+    // A hand that is bent back has more of its bend at the wrist.
+    const float limp = arm.gesture == Gesture::Tray ? 0.8f : 1.0f;
     const float bend = limp * Bend * (1 - Max(0, Dot(back, on)));
     const Vector2 middle = from + back * (0.55f * bend) + on * (0.3f * bend);
     return {from, Mix(middle, arm.elbow, 0.1f), Mix(middle, arm.elbow, 0.5f), arm.elbow};
@@ -81,7 +81,14 @@ Line Forearm(const Sight& sight, const Arm& arm)
 
 float ForearmHalf(const Arm& arm, float t)
 {
-    return arm.girth * (50 + 54 * Smooth(0.06f, 0.62f, t));
+    // Half its width at the wrist, and how much is added from one part of the way to another.
+    struct Girth {
+        float wrist, swell, from, to;
+    };
+    const Girth girth = arm.gesture == Gesture::Tray   ? Girth{42, 36, 0.12f, 0.70f}
+                        : arm.gesture == Gesture::Fist ? Girth{44, 58, 0.08f, 0.56f}
+                                                       : Girth{50, 54, 0.06f, 0.62f};
+    return arm.girth * (girth.wrist + girth.swell * Smooth(girth.from, girth.to, t));
 }
 
 // What stands out at a wrist that is bent back, which one sees from the thumb's side: the heel of the hand, the end of the
@@ -99,10 +106,8 @@ static void AddWrist(Skeleton& hand, const Arm& arm, const Line& line)
         hand.flesh.palm.push_back({at(t, u, out), at(t2, u2, out2), half, half2, melt});
     };
     add(0.10f, 0.42f, -14, 0.15f, 0.46f, -18, 22, 18, 12); // the radius
-    add(0.02f, -0.30f, -1, 0.30f, -0.42f, -5, 5.5f, 4, 9); // two sinews of the palm's side
-    add(0.02f, -0.66f, 0, 0.24f, -0.72f, -5, 5, 3.5f, 8);
-    add(0.00f, 0.12f, 0, 0.26f, 0.30f, -6, 6, 4, 9);       // the thumb's
-    add(0.34f, 0.62f, -44, 0.52f, 0.60f, -48, 52, 56, 26); // the flesh at the back
+    add(0.02f, -0.30f, -1, 0.18f, -0.34f, -6, 5, 3.5f, 9); // a sinew of the palm's side
+    add(0.00f, 0.12f, 0, 0.18f, 0.20f, -6, 5.5f, 4, 9);    // the thumb's
     const Point3 heel = hand({4, -5, 9});
     hand.flesh.palm.push_back({heel, hand({-10, -5, 8}), 30, 30, 16});
 }
@@ -118,12 +123,24 @@ static Skeleton HandOf(const Arm& arm)
                                    {b.x, b.y, hand.wrist.z},
                                    ForearmHalf(arm, t),
                                    ForearmHalf(arm, u),
-                                   24});
+                                   t < 0.1f ? 24.0f : 8.0f});
     };
     for (float t = 0.03f; t < 0.7f; t += 0.09f)
         add(t, t + 0.09f);
     if (arm.gesture == Gesture::Tray)
         AddWrist(hand, arm, line);
+    if (arm.gesture == Gesture::Fist) {
+        // The end of the ulna stands out at the back of the wrist, on the little finger's side.
+        const auto at = [&](float t) {
+            const float r = ForearmHalf(arm, t);
+            const Vector2 d = DirectionAt(line, t), across = {d.y, -d.x};
+            const Vector2 p = PointAt(line, t) + across * (0.78f * r);
+            return Point3{p.x, p.y, hand.wrist.z + 0.42f * r};
+        };
+        hand.flesh.palm.push_back({at(0.08f), at(0.12f), 23, 19, 18});
+        const float size = Length(hand.outOfPalm);
+        hand.flesh.palm.push_back({hand({-4, -8, -6}), hand({-3, 20, -7}), 9 * size, 9 * size, 10 * size});
+    }
     return hand;
 }
 
@@ -180,7 +197,7 @@ Mask ThumbOnCard(const Arm& arm, const Sight& sight, int width, int height)
                     at.y > -2 * sight.cardHalf - Margin)
                     before.At(x, y) = 1;
             }
-    return before.Blur(0.5f);
+    return before.Blur(1.2f).Curve(0.2f, 0.8f); // no steps where it is seen from near
 }
 
 } // namespace atelier

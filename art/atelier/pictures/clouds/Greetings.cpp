@@ -52,10 +52,10 @@ static const Greeting Greetings[] = {
     // to                tail                        emblem         roll  place            large   small   aside   above  below  emblem       rises  seed  elbow        girth  tan    wear, gesture
     {"lamplighters",    "who leave one burning",     LanternEmblem, 69, {0.327f, 0.380f}, 0.108f, 0.062f,  0.010f, 0.12f, 1.00f, 0.48f, false, 38, {100, {-430, 830}, 0.95f, 0.45f, Wear::Wool, Gesture::Fist}},
     {"ferrymen",        "who wait on the far side",  FerryEmblem,   54, {0.326f, 0.320f}, 0.116f, 0.060f, -0.026f, 0.30f, 1.10f, 0.50f, false, 21, {200, {-70, 806},  1.10f, 0.72f, Wear::Rope, Gesture::Lean}},
-    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  -2, {300, {-400, 860}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
+    {"night bakers",    "awake for our morning",     LoafEmblem,    18, {0.51f, 0.495f},  0.090f, 0.056f,  0,      0.50f, 1.15f, 0.58f, true,  -2, {300, {-500, 830}, 1.08f, 0.35f, Wear::Flour, Gesture::Tray}},
     {"moth collectors", "who let them go again",     MothEmblem,    36, {0.410f, 0.312f}, 0.100f, 0.062f, -0.042f, 0.12f, 0.90f, 0.54f, false, 15, {400, {-190, 815}, 0.90f, 0.10f, Wear::Lace, Gesture::Pinch}},
     {"tower guards",    "and all is well",           TowerEmblem,   18, {0.50f, 0.470f},  0.096f, 0.062f,  0,      0.12f, 1.45f, 0.58f, true,  0, {500, {-400, 850}, 1.06f, 0.60f, Wear::Leather, Gesture::Clench}},
-    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, 15, {600, {-200, 806}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
+    {"radio hams",      "is anybody there?",         MastEmblem,    38, {0.408f, 0.322f}, 0.112f, 0.064f, -0.045f, 0.12f, 0.90f, 0.54f, false, 15, {600, {-110, 826}, 0.96f, 0.25f, Wear::Wire, Gesture::Corner}},
 };
 // clang-format on
 

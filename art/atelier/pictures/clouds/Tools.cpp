@@ -9,9 +9,8 @@ namespace atelier
 
 // Where pole, pin and shaft run upright in the hand's frame.
 constexpr float PoleX = 44, PinX = 24, ShaftX = 30;
-// The planes in which they lie, as of DrawnHand::InFrontOf: what of the hand is nearer hides them. The pole comes out of the
-// fist towards the viewer and goes into it from behind.
-constexpr float PoleZ = 160, PoleSlope = 0.6f, PinZ = 34, ShaftZ = -84;
+// The planes in which they lie, as of DrawnHand::InFrontOf: what of the hand is nearer hides them. The thumb lies on the pole.
+constexpr float PoleZ = -62, PoleSlope = 0, PinZ = 34, ShaftZ = -84;
 
 // clang-format off
 static const Stuff Wood   = {Mix(palette::Ochre, palette::Rust, 0.45f) * 0.8f, Mix(palette::Ink, palette::Rust, 0.3f), 1.1f, 0.5f, 0.9f};

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "art/atelier/DryBrush.h"
 #include "art/atelier/Glow.h"
 #include "art/atelier/Wash.h"
 #include "art/atelier/pictures/clouds/Cloth.h"
@@ -135,7 +134,7 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
     const Stuff linen = {Mix(palette::Bone, palette::Mist, 0.1f), Mix(palette::Slate, palette::Night, 0.2f),
                          0.4f, 0.4f, 1.1f};
     const LinearColour shade = Mix(Mix(palette::Slate, palette::Rust, 0.3f), palette::Mist, 0.1f);
-    constexpr float Mouth = 0.44f, Roll = 0.55f, Depth = 34, Wide = 1.42f;
+    constexpr float Mouth = 0.46f, Roll = 0.56f, Depth = 26, Wide = 1.26f;
     const int width = canvas.Width(), height = canvas.Height();
     // The forearm is round, and the sinews of a wrist that is bent back are taut.
     Mask bare(width, height);
@@ -148,17 +147,21 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
         .Multiply(canvas.Alpha());
     ShadeRound(canvas, limb, bare, 1, shade, 0.3f, seed + 36);
     PaintSinews(canvas, limb,
-                {{{0.0f, -0.30f}, {0.10f, -0.30f}, {0.20f, -0.33f}, {0.33f, -0.36f}},
-                 {{0.03f, -0.62f}, {0.12f, -0.60f}, {0.26f, -0.62f}},
-                 {{0.05f, 0.22f}, {0.11f, 0.10f}, {0.20f, 0.10f}, {0.30f, 0.20f}}},
+                {{{0.01f, -0.34f}, {0.07f, -0.32f}, {0.17f, -0.30f}},
+                 {{0.05f, 0.26f}, {0.09f, 0.16f}, {0.18f, 0.14f}}},
                 shade, seed + 37);
-    // A few long strokes on the shadow's side of the forearm.
+    // On the shadow's side the pen goes round the forearm.
     Mask strokes(width, height);
-    Pen stroke(strokes, SketchPaper(), {.width = 4.0f, .wobble = 1, .skip = 0.1f}, seed + 3);
-    for (int i = 0; i < 6; i++) {
-        const float u = 0.5f + 0.08f * float(i), from = 0.2f - 0.012f * float(i);
-        stroke.Stroke(Through({limb.At(from, u), limb.At(0.3f, u + 0.03f), limb.At(0.46f, u + 0.01f)}),
-                      {0.1f, 0.7f, 0.3f});
+    Pen stroke(strokes, SketchPaper(), {.width = 2.8f, .wobble = 0.8f, .skip = 0.15f}, seed + 3);
+    Dice dice(seed + 38);
+    for (float t = 0.11f; t < Mouth + 0.03f; t += 0.0125f) {
+        std::vector<Vector2> points;
+        const float from = dice.Range(0.42f, 0.66f);
+        for (int i = 0; i <= 4; i++) {
+            const float u = Mix(from, 0.985f, float(i) / 4);
+            points.push_back(limb.At(t, u) + DirectionAt(limb.along, t) * (Depth * Sqrt(1 - u * u)));
+        }
+        stroke.Stroke(Through(points), {0.05f, 0.6f, 0.8f});
     }
     InkLines(canvas, strokes.Multiply(canvas.Alpha()), nullptr, 0.5f);
     PaintOpening(canvas, limb, Mouth, Wide, Depth,
@@ -196,10 +199,10 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
         Vector2 place;
         float radius, amount;
     };
-    const Heap heaps[] = {{sight({-168, 46}), 46, 0.8f},     {sight({-96, 66}), 40, 0.9f},
-                          {sight({-20, 74}), 34, 1},         {sight({66, 46}), 46, 0.8f},
-                          {sight({158, 42}), 44, 0.9f},      {sight({236, 24}), 36, 0.8f},
-                          {limb.At(0.16f, -0.2f), 56, 0.6f}, {limb.At(0.36f, -0.1f), 70, 0.5f}};
+    const Heap heaps[] = {{sight({-150, 84}), 42, 0.8f},      {sight({-90, 76}), 40, 0.9f},
+                          {sight({-20, 70}), 34, 1},          {sight({66, 46}), 46, 0.8f},
+                          {sight({158, 6}), 44, 0.9f},        {sight({236, -30}), 36, 0.8f},
+                          {limb.At(0.19f, -0.40f), 34, 0.8f}, {limb.At(0.37f, -0.35f), 44, 0.7f}};
     const Noise drift(seed + 6);
     Mask dust(canvas.Width(), canvas.Height());
     dust.Each([&](float x, float y) {
@@ -270,24 +273,28 @@ static void Leather(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     PaintCloth(canvas, hole, {Mix(hide, palette::Ink, 0.72f), palette::Ink, 0.6f, 0, 1.2f, palette::Rust, 0},
                1, seed + 30);
     const Mask cloth = Sleeve(canvas, limb, 0.5f, 1.12f, 1.3f, 6, seed);
-    const LinearColour night = Mix(palette::Night, palette::Slate, 0.4f);
-    PaintCloth(canvas, cloth, {night, palette::Ink, 0.7f, 0.8f, 1.2f}, 1, seed);
-    ShadeRound(canvas, limb, cloth, 1.2f, palette::Ink, 0.7f, seed + 31);
+    const LinearColour night = Mix(palette::Night, palette::Slate, 0.75f);
+    PaintCloth(canvas, cloth, {night, palette::Ink, 0.7f, 0.8f, 1.2f, palette::Slate, 0}, 1, seed);
+    ShadeRound(canvas, limb, cloth, 1.2f, palette::Ink, 0.6f, seed + 31);
     PaintFolds(canvas, limb,
-               {{0.59f, -1.0f, 0.63f, -0.1f, 0.7f},
-                {0.60f, 1.0f, 0.66f, 0.2f, 0.8f},
-                {0.67f, -1.0f, 0.70f, 0.0f, 0.7f}},
-               1.15f, 20, cloth, palette::Ink, Mix(night, palette::Mist, 0.2f), seed + 32);
-    const Vector2 on = DirectionAt(limb.along, End), middle = PointAt(limb.along, End);
+               {{0.505f, -1.0f, 0.485f, 0.45f, 1.0f},
+                {0.495f, 1.0f, 0.515f, -0.30f, 1.1f},
+                {0.545f, -1.0f, 0.530f, 0.30f, 1.0f},
+                {0.545f, 1.0f, 0.565f, -0.35f, 1.1f},
+                {0.590f, -1.0f, 0.580f, 0.10f, 1.0f},
+                {0.600f, 1.0f, 0.620f, -0.10f, 1.0f}},
+               1.15f, 34, cloth, palette::Ink, Mix(palette::Slate, palette::Mist, 0.6f), seed + 32);
+    // The cuff's shadow on it, deepest where the cloth comes out of the dark.
+    const Vector2 on = DirectionAt(limb.along, End);
+    const Mask soft = Mask(hole).Blur(3);
     Mask cast(width, height);
-    cast.Each(
-            [&](float x, float y) {
-                return Smooth(0.9f * Depth, -0.5f * Depth, Dot(Vector2{x, y} - middle, on));
-            },
-            2)
+    cast.Each([&](float x, float y) {
+            const auto within = [&](float reach) { return soft.Sample(x - reach * on.x, y - reach * on.y); };
+            return 1 - 0.45f * within(26) - 0.35f * within(48) - 0.2f * within(70);
+        })
         .Multiply(cloth)
         .Multiply(hole);
-    canvas.Cover(cast, palette::Ink, 0.8f);
+    canvas.Cover(cast, palette::Ink, 0.88f);
     const Shape shape = Limb(Part(limb.along, Top, End), limb.Half(Top) * 1.1f, limb.Half(0.33f) * 1.26f,
                              limb.Half(End) * Wide);
     Mask cuff = Melted(width, height, shape, 4);
@@ -328,7 +335,7 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     const int width = canvas.Width(), height = canvas.Height();
     const LinearColour shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f);
     const LinearColour woven = Mix(palette::Ochre, palette::Parchment, 0.15f);
-    constexpr float Mouth = 0.43f, Wide = 1.3f, Depth = 30;
+    constexpr float Mouth = 0.45f, Cuff = 0.525f, Wide = 1.24f, Depth = 34;
     Mask bare(width, height);
     const Vector2 wrist = limb.At(0.08f, 0), down = DirectionAt(limb.along, 0.2f);
     bare.Each(
@@ -340,19 +347,25 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
     canvas.Glaze(bare, Mix(palette::Parchment, palette::Rust, 0.25f), 0.3f);
     ShadeRound(canvas, limb, bare, 1, shade, 0.75f, seed + 30);
     PaintOpening(canvas, limb, Mouth, Wide, Depth, Mix(palette::Rust, palette::Ink, 0.65f), seed + 31);
-    const Mask cloth = OpenSleeve(canvas, limb, Mouth, Wide, 1.35f, Depth, 4, seed);
+    const Mask cloth = OpenSleeve(canvas, limb, Cuff - 0.03f, Wide, 1.14f, Depth, 4, seed);
+    Mask cuff =
+        Melted(width, height,
+               Limb(Part(limb.along, Mouth, Cuff), limb.Half(Mouth) * Wide,
+                    limb.Half(0.5f * (Mouth + Cuff)) * (Wide + 0.02f), limb.Half(Cuff) * (Wide + 0.02f)),
+               3);
+    cuff.Fill(Opening(limb, Cuff, Wide + 0.02f, Depth)).Shake(2, 60, seed + 34);
+    cuff.Erase(Opening(limb, Mouth, Wide, Depth));
     PaintCloth(canvas, cloth, {woven, palette::Rust, 0.5f, 0.5f, 1.2f}, 1, seed);
     // Checks that go round the arm as the cloth does: closer to each other towards its outlines.
     Mask checks(width, height), threads(width, height);
-    DryBrush brush(checks, SketchPaper(), {.width = 15, .count = 18, .thickness = 1.7f, .load = 0.9f},
-                   seed + 1);
-    Pen thread(threads, SketchPaper(), {.width = 3, .wobble = 0.8f, .skip = 0.1f}, seed + 32);
-    for (float t = Mouth + 0.035f; t < 0.98f; t += 0.06f) {
-        brush.Stroke(limb.Turn(t, Wide, Depth, 0));
-        thread.Stroke(limb.Turn(t + 0.03f, Wide, Depth, 0), {0.8f, 0.9f, 0.8f});
+    Pen thread(threads, SketchPaper(), {.width = 2.6f, .wobble = 0.8f, .skip = 0.1f}, seed + 32);
+    for (float t = Cuff + 0.035f; t < 0.98f; t += 0.075f) {
+        checks.Screen(
+            Filled(width, height, Limb(limb.Turn(t, Wide + 0.04f, 1.4f * Depth, 0), 6, 11, 6)).Scale(0.6f));
+        thread.Stroke(limb.Turn(t + 0.0375f, Wide + 0.04f, 1.4f * Depth, 0), {0.8f, 0.9f, 0.8f});
     }
-    constexpr float CheckApart = 0.36f; // radians round the arm
-    for (int i = -4; i <= 4; i++) {
+    constexpr float CheckApart = 0.42f; // radians round the arm
+    for (int i = -3; i <= 3; i++) {
         const auto lengthwise = [&](float angle) {
             std::vector<Vector2> points;
             for (const float t : {Mouth - 0.01f, 0.5f, 0.6f, 0.7f, 0.85f, 0.97f})
@@ -360,24 +373,47 @@ static void Wire(Canvas& canvas, const RoundArm& limb, uint32_t seed)
                                  DirectionAt(limb.along, t) * (Depth * Cos(angle)));
             return Through(points);
         };
-        const float angle = CheckApart * float(i);
-        brush.bristles.width = 3 + 13 * Cos(angle);
-        brush.Stroke(lengthwise(angle));
+        const float angle = CheckApart * float(i), half = 2 + 9 * Cos(angle);
+        checks.Screen(Filled(width, height, Limb(lengthwise(angle), half, half, half)).Scale(0.6f));
         thread.Stroke(lengthwise(angle + 0.5f * CheckApart), {0.8f, 0.9f, 0.8f});
     }
-    canvas.Glaze(checks.Multiply(cloth), Mix(palette::Rust, palette::Ink, 0.25f), 0.8f);
-    canvas.Cover(threads.Multiply(cloth), Mix(palette::Bone, palette::Ochre, 0.2f), 0.5f);
+    // The folds draw them in and out.
+    canvas.Glaze(checks.Shake(5, 46, seed + 36).Multiply(cloth), Mix(palette::Rust, palette::Ink, 0.25f),
+                 0.8f);
+    canvas.Cover(threads.Shake(5, 46, seed + 36).Multiply(cloth), Mix(palette::Bone, palette::Ochre, 0.2f),
+                 0.4f);
     const LinearColour dark = Mix(palette::Rust, palette::Ink, 0.55f);
     ShadeRound(canvas, limb, cloth, Wide, dark, 0.8f, seed + 33);
     PaintFolds(canvas, limb,
-               {{0.50f, -1.0f, 0.56f, -0.2f, 0.6f},
-                {0.53f, 1.0f, 0.60f, 0.2f, 0.7f},
-                {0.60f, -1.0f, 0.64f, 0.0f, 0.7f}},
+               {{0.535f, -1.0f, 0.56f, 0.1f, 0.9f},
+                {0.545f, 1.0f, 0.59f, 0.0f, 1.0f},
+                {0.585f, -1.0f, 0.62f, 0.1f, 0.9f},
+                {0.61f, 1.0f, 0.65f, 0.1f, 0.9f}},
                Wide, Depth, cloth, dark, Mix(woven, palette::Bone, 0.4f), seed + 3);
-    Mask hem(width, height);
-    Pen pen(hem, SketchPaper(), {.width = 4, .wobble = 1, .skip = 0.15f}, seed + 2);
-    pen.Stroke(limb.Turn(Mouth + 0.022f, Wide, Depth, 0), {0.6f, 0.9f, 0.5f});
-    InkLines(canvas, hem, &cloth);
+    // A plain cuff, buttoned, and its shadow on the sleeve that is gathered into it.
+    const Mask cuffs = Mask(cuff).Blur(3);
+    const Vector2 on = DirectionAt(limb.along, Cuff);
+    Mask shadow(width, height);
+    shadow.Each([&](float x, float y) { return cuffs.Sample(x - 12 * on.x - 4, y - 12 * on.y); });
+    canvas.Glaze(shadow.Blur(2).Multiply(cloth), dark, 0.8f);
+    const LinearColour linen = Mix(palette::Parchment, palette::Bone, 0.4f);
+    PaintCloth(canvas, cuff, {linen, palette::Rust, 0.4f, 0.3f, 1.1f}, 1, seed + 35);
+    ShadeRound(canvas, limb, cuff, Wide, Mix(palette::Slate, palette::Rust, 0.45f), 0.75f, seed + 37);
+    Mask seams(width, height), button(width, height);
+    Pen pen(seams, SketchPaper(), {.width = 2.6f, .wobble = 0.8f, .skip = 0.2f}, seed + 2);
+    for (const float t : {Mouth + 0.012f, Cuff - 0.012f})
+        pen.Stroke(limb.Turn(t, Wide, Depth, 0), {0.6f, 0.9f, 0.5f});
+    const auto onCuff = [&](float t, float u) {
+        return limb.At(t, u * Wide) + DirectionAt(limb.along, t) * (Depth * Sqrt(1 - u * u));
+    };
+    pen.Stroke(
+        Through({onCuff(Mouth + 0.004f, -0.5f), onCuff(0.5f * (Mouth + Cuff), -0.51f), onCuff(Cuff, -0.5f)}),
+        {0.9f, 0.9f, 0.7f});
+    const Vector2 buttonAt = onCuff(0.5f * (Mouth + Cuff), -0.36f);
+    pen.Stroke(Ellipse(buttonAt, 8, 8), {0.9f, 1, 0.9f});
+    button.Fill(Ellipse(buttonAt, 8, 8));
+    canvas.Cover(button, Mix(palette::Rust, palette::Ink, 0.35f));
+    InkLines(canvas, seams, &cuff);
     // A wire wound round the wrist, whose end looks for somebody. It presses into the flesh, and its turns go on behind the
     // arm, a little beyond whose outlines one sees them.
     Mask wire(canvas.Width(), canvas.Height());

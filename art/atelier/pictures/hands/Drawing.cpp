@@ -239,6 +239,9 @@ static void DrawOutline(Canvas& canvas, const Study& study, const Skin& skin, fl
                     Smooth(inner + 0.6f * s, inner - 0.6f * s, near.At(x, y)) * Smooth(0.3f, 0.8f, inner));
             contour.At(x, y) = line;
         }
+    // It was found pixel by pixel: from near its steps would show.
+    if (skin.closeUp)
+        contour.Blur(0.8f).Curve(0.06f, 0.70f);
     canvas.Cover(contour, palette::Ink, 0.94f);
     canvas.Cover(Mask(study.folds).Multiply(study.body), Mix(palette::Ink, palette::Rust, 0.15f),
                  skin.closeUp ? 0.5f : 0.72f);
