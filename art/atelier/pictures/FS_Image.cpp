@@ -233,10 +233,10 @@ static void PaintHer(Canvas& canvas, const Paper& paper)
                 {{Part(Through(HerFront), 0.05f, 0.72f), 4},
                  {Part(Through(HerBack), 0, 0.99f), 4},
                  {Through({{662, 331}, {672, 358}, {690, 394}, {712, 414}, {726, 424}}), 3.2f}, // neckline
-                 {Through({{700, 336}, {716, 340}, {730, 352}}), 2.2f},             // before the far arm
-                 {Through({{756, 364}, {742, 370}, {726, 367}, {710, 373}}), 2.4f}, // the collarbones
-                 {Through({{758, 358}, {753, 349}, {744, 343}}), 1.8f},
-                 {Through({{800, 366}, {776, 373}, {756, 366}}), 2}, // the sinew of the throat
+                 {Through({{700, 336}, {716, 340}, {730, 352}}), 2.2f}, // before the far arm
+                 {Through({{762, 362}, {756, 351}, {745, 343}}), 1.8f}, // the far collarbone
+                 // From the ear to where the collarbones meet.
+                 {Through({{822, 389}, {804, 383}, {784, 374}, {768, 367}}), 2.6f},
                  {Through({{797, 402}, {777, 396}, {757, 400}, {737, 416}}), 2.8f}}, // the nape
                 0.25f, 93);
 }

@@ -183,9 +183,16 @@ void PaintHerHold(Canvas& canvas)
               {{540, 306, 0}, {HerHold[4].x, HerHold[4].y, 0}, 10.5f, 8}},
              7);
     PaintFlesh(canvas, arm, true, HerFlesh, HerHold[0] + Vector2{14, -4}, 46, 147);
+    // The round of the shoulder lies before the chest, and shades it; the collarbone comes out of it.
+    const std::vector<Vector2> round = {{712, 358}, {726, 360}, {738, 366}, {744, 376}, {744, 386}};
+    Mask shade(W, H);
+    shade.Fill(Limb(Moved(Through({{738, 366}, {747, 376}, {747, 390}, {738, 402}}), {2, 0}), 1, 5, 1));
+    canvas.Glaze(shade.Blur(2.5f), HerShade, 0.42f);
     Mask lines(W, H);
-    Pen pen(lines, SketchPaper(), {.width = 2.4f, .wobble = 0.5f, .skip = 0.1f}, 148);
+    Pen pen(lines, SketchPaper(), {.width = 2.4f, .wobble = 0.5f, .skip = 0.05f}, 148);
     pen.Stroke(Through({{664, 405}, {684, 416}, {706, 416}, {720, 408}}), {0.1f, 0.9f, 0}); // the armpit
+    pen.Stroke(Through(round), {0.2f, 0.8f, 0});
+    pen.Stroke(Through({{736, 365}, {751, 361}, {767, 366}}), {0.1f, 0.9f, 0.5f});
     canvas.Cover(lines, DarkInk, 0.7f);
 }
 

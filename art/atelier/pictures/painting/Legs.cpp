@@ -25,8 +25,8 @@ static const std::vector<Vector2> PushingShoe = {
     {235, 713}, {220, 704}, {210, 690}};
 // The shoe that stands flat, its heel below the shin.
 const std::vector<Vector2> StandingShoe = {
-    {544, 682}, {536, 698}, {529, 716}, {529, 737}, {553, 738}, {560, 731}, {590, 737}, {636, 738}, {658, 736}, {663, 727},
-    {648, 715}, {618, 705}, {590, 686}};
+    {544, 682}, {536, 698}, {529, 716}, {529, 734}, {553, 735}, {562, 729}, {590, 734}, {636, 739}, {662, 738}, {668, 731},
+    {650, 719}, {620, 707}, {590, 686}};
 // clang-format on
 
 // The sun stands low behind them: one shadow lies before all three feet, and comes towards us. It is darkest and has
@@ -74,10 +74,11 @@ void PaintGroundShadow(Canvas& canvas, const Paper& paper, const Mask& within)
     canvas.Cover(strokes.Multiply(within), dusk, 0.5f);
 }
 
-// A shoe of soft leather; `welt` is the seam over its sole.
+// A shoe of soft leather: `welt` is the seam over its sole, `heel` a block below it, `laces` cross its instep.
 static void PaintShoe(Canvas& canvas, const Paper& paper, const std::vector<Vector2>& shoe,
-                      const std::vector<Vector2>& welt, const std::vector<std::vector<Vector2>>& gleams,
-                      uint32_t seed)
+                      const std::vector<Vector2>& welt, const std::vector<Vector2>& heel,
+                      const std::vector<std::vector<Vector2>>& laces,
+                      const std::vector<std::vector<Vector2>>& gleams, uint32_t seed)
 {
     const Mask leather = Filled(W, H, Round(shoe)).Shake(1, 30, seed);
     PaintFigure(canvas, paper, leather, Trousers, DarkInk, seed + 1);
@@ -86,6 +87,7 @@ static void PaintShoe(Canvas& canvas, const Paper& paper, const std::vector<Vect
     sole.Fill(
         Between(welt, std::vector<Vector2>{welt.front() + Vector2{0, 24}, welt.back() + Vector2{0, 24}}));
     canvas.Cover(sole.Multiply(leather), DarkInk, 0.85f);
+    canvas.Cover(Filled(W, H, Shape(Straight(heel))).Blur(0.7f), DarkInk);
     InkContours(canvas, paper, {{Round(shoe), 3.4f}, {seam, 2.2f}}, 0.1f, seed + 2);
     Mask light(W, H); // on the leather
     Pen pen(light, paper, {.width = 3.2f, .wobble = 0.5f, .skip = 0.3f, .dry = 0.5f}, seed + 3);
@@ -93,6 +95,9 @@ static void PaintShoe(Canvas& canvas, const Paper& paper, const std::vector<Vect
         pen.Stroke(Through(gleam), {.start = 0.1f, .middle = 0.9f, .end = 0});
     pen.nib.width = 1.8f;
     pen.Stroke(Moved(seam, {0, -2}), {0, 0.7f, 0});
+    pen.nib = {.width = 2.2f, .wobble = 0.4f, .skip = 0};
+    for (const std::vector<Vector2>& lace : laces)
+        pen.Stroke(Through(lace), {.start = 0.7f, .middle = 0.9f, .end = 0.7f});
     canvas.Cover(light, palette::Ochre, 0.7f);
 }
 
@@ -122,7 +127,9 @@ static void PaintEdgeOfSun(Canvas& canvas, const std::vector<std::vector<Vector2
 void PaintHisPushingLeg(Canvas& canvas, const Paper& paper)
 {
     PaintShoe(canvas, paper, PushingShoe, {{146, 692}, {160, 709}, {188, 724}, {220, 730}, {247, 729}},
-              {{{196, 704}, {214, 715}, {238, 722}}, {{148, 676}, {162, 670}, {176, 674}}}, 78);
+              {{142, 692}, {132, 705}, {152, 723}, {165, 714}, {142, 692}},
+              {{{209, 702}, {200, 710}}, {{219, 709}, {210, 717}}},
+              {{{222, 716}, {232, 720}, {240, 724}}, {{148, 676}, {162, 670}, {176, 674}}}, 78);
     PaintClothed(canvas, PushingLeg, Trousers, palette::Ink, 170);
     PaintFolds(canvas,
                {{{292, 586}, {274, 604}, {268, 630}},
@@ -137,8 +144,10 @@ void PaintHisPushingLeg(Canvas& canvas, const Paper& paper)
 
 void PaintHisStandingLeg(Canvas& canvas, const Paper& paper)
 {
-    PaintShoe(canvas, paper, StandingShoe, {{530, 727}, {560, 726}, {600, 730}, {660, 729}},
-              {{{596, 700}, {620, 709}, {646, 719}}, {{540, 700}, {536, 712}, {536, 720}}}, 79);
+    PaintShoe(canvas, paper, StandingShoe, {{530, 727}, {560, 726}, {600, 730}, {664, 731}},
+              {{529, 727}, {527, 743}, {556, 743}, {560, 727}, {529, 727}},
+              {{{584, 702}, {596, 697}}, {{594, 708}, {606, 703}}, {{605, 713}, {617, 708}}},
+              {{{624, 712}, {638, 716}, {652, 724}}, {{540, 700}, {536, 712}, {536, 720}}}, 79);
     PaintClothed(canvas, StandingLeg, Trousers, palette::Ink, 171);
     // Cloth is drawn over the knee, and is pressed together in its hollow.
     PaintFolds(canvas,
