@@ -126,7 +126,22 @@ static void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
              21);
     Pen pen(ink, paper, {.width = 4, .wobble = 0.8f, .wave = 30, .skip = 0.2f}, 22);
     Dice dice(23);
-    // Long bones first, the spine over them.
+    // The rays of the dorsal fin stand on bones of their own, which reach down between the spines of the back: thick where
+    // the ray is hinged, thin below.
+    for (int i = 0; i < 15; i++) {
+        const float x = 640 + 21.0f * float(i), tall = 110 * Hill(760, 260, x) + 44;
+        const Vector2 foot = {x + 56, SpineY(x) - 176 + 0.0009f * (x - 740) * (x - 740)};
+        const Vector2 deep = foot + Vector2{-50, 66} * Mix(1.1f, 0.75f, float(i) / 14);
+        ribs.nib.width = 6.5f;
+        ribs.Stroke(Through({foot, Mix(foot, deep, 0.5f) + Vector2{6, 5}, deep}),
+                    {.start = 1, .middle = 0.65f, .end = 0.1f});
+        bone.Fill(Shaken(Ellipse(foot, 5, 4, -0.9f), 0.8f, 8, 40 + unsigned(i)));
+        ribs.nib.width = 5;
+        ribs.Stroke(
+            Through({foot, foot + Vector2{tall * 0.35f, -tall * 0.6f}, foot + Vector2{tall * 0.9f, -tall}}),
+            {.start = 0.9f, .middle = 0.7f, .end = 0.05f});
+    }
+    // Long bones, the spine over them.
     for (float x = 520; x < 1430; x += Mix(40, 27, Smooth(520, 1430, x))) {
         const float y = SpineY(x), along = (x - 520) / 910;
         const float back = Mix(0.5f, 1.2f, along);
@@ -149,15 +164,6 @@ static void DrawSpine(Mask& bone, Mask& ink, const Paper& paper)
                              {x + below * (bend + (broken ? 0.15f : 0.02f) * belly),
                               y + below * (broken ? 0.7f : 1)}}),
                     {.start = 1, .middle = 0.75f, .end = broken ? 0.6f : 0.1f});
-    }
-    // The rays of the dorsal fin stand on their own little bones.
-    for (int i = 0; i < 15; i++) {
-        const float x = 640 + 21.0f * float(i), tall = 110 * Hill(760, 260, x) + 44;
-        const Vector2 foot = {x + 56, SpineY(x) - 188 + 0.0011f * (x - 740) * (x - 740) * 0.4f};
-        ribs.nib.width = 5;
-        ribs.Stroke(
-            Through({foot, foot + Vector2{tall * 0.35f, -tall * 0.6f}, foot + Vector2{tall * 0.9f, -tall}}),
-            {.start = 0.9f, .middle = 0.7f, .end = 0.05f});
     }
     // The tail fin: two fans of rays from the last vertebrae.
     for (int i = -9; i <= 9; i++) {
