@@ -105,8 +105,8 @@ static float Relief(const Vector3& p, float angle)
     const float edge = -0.455f - 0.075f * (std::cos(angle) * std::cos(angle));
     const float behind = p.z - edge;
     const float cover =
-        side * (0.020f * SmoothStep(-0.16f, -0.01f, behind) * SmoothStep(0.025f, 0.0f, behind) -
-                0.012f * Hump((behind - 0.04f) / 0.022f));
+        side * (0.012f * SmoothStep(-0.16f, -0.01f, behind) * SmoothStep(0.025f, 0.0f, behind) -
+                0.006f * Hump((behind - 0.04f) / 0.022f));
 
     const float trunk = SmoothStep(-0.36f, -0.22f, p.z) * SmoothStep(0.42f, 0.1f, p.z);
     const float lean = p.z + 0.10f * std::cos(angle); // ribs lean backwards going down

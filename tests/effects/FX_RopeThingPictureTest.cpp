@@ -12,7 +12,7 @@ class FX_RopeThingPicture : public ScenePictureFixture
 {
 protected:
     // How many pixels of a square of 11 round this place of the world are on fire, under the camera that the effect has
-    // left: bright for this picture, and far more red than blue.
+    // left: bright for this picture, and four times as red as blue, which its image in the water is not.
     static int FireAt(const Picture& picture, const Vec3 place, float brightness)
     {
         GLdouble view[16], lens[16], x, y, depth;
@@ -27,7 +27,7 @@ protected:
             for (int column = int(x) - 5; column <= int(x) + 5; column++)
                 if (row >= 0 && row < picture.height && column >= 0 && column < picture.width) {
                     const unsigned char* pixel = picture.At(column, row);
-                    sum += float(pixel[0]) > red && 2 * pixel[2] < pixel[0] ? 1 : 0;
+                    sum += float(pixel[0]) > red && 4 * pixel[2] < pixel[0] ? 1 : 0;
                 }
         return sum;
     }

@@ -21,11 +21,19 @@ struct SkinNoise {
     Noise tint = Noise(641), bend = Noise(642), own = Noise(643), wrinkle = Noise(648);
 };
 
+// The gill cover ends in lobes, of which no two are of one size: 0 where two meet, 1 in the middle of one.
+static float GillLobe(float y)
+{
+    const float place = y / 30 + 0.35f * Sin(y / 41) + 0.15f * Sin(y / 17);
+    const float across = 2 * (place - float(Floor(place))) - 1;
+    return 1 - across * across;
+}
+
 // Where the gill cover ends, and the scales begin.
 static float GillAt(float y)
 {
     const float gill = 128, v = (y - 260) / 260;
-    return gill + 14 - 52 * v * v;
+    return gill + 10 - 52 * v * v + 8 * GillLobe(y);
 }
 
 struct FishScale {
@@ -73,19 +81,23 @@ static LinearColour ScalyColour(float x, float y, float v, const SkinNoise& nois
 {
     LinearColour c = Mix(backColour, Mix(palette::Rust, palette::Ochre, 0.45f), Smooth(0.16f, 0.36f, v));
     c = Mix(c, flankColour, Smooth(0.32f, 0.52f, v));
-    c = Mix(c, bellyColour, Smooth(0.58f, 0.84f, v));
+    // The belly begins on single scales, in strokes of a dry brush.
+    const FishScale s = ScaleAt(x, y, noise);
+    const float broken = 0.26f * (s.name - 0.5f) + 0.16f * noise.bend.Fbm(x / 7, y / 80, 3);
+    c = Mix(c, Mix(flankColour, bellyColour, 0.45f), Smooth(0.52f, 0.72f, v + broken));
+    c = Mix(c, bellyColour, Smooth(0.72f, 0.96f, v + broken));
     // Towards the tail the gold sinks into rust.
     c = Mix(c, Mix(palette::Rust, palette::Slate, 0.35f),
             0.55f * Smooth(330, 520, x) * Smooth(0.9f, 0.5f, v));
-    const FishScale s = ScaleAt(x, y, noise);
     const float edge = 1 - 0.5f * s.u * s.u - s.v; // to the free edge
     LinearColour skin = c * (0.72f + 0.5f * s.name);
-    skin = skin * (0.92f + 0.16f * Smooth(0.7f, 0.15f, edge)); // domed
+    const float below = Smooth(0.6f, 0.9f, v);
+    skin = skin * (0.92f - 0.10f * below + (0.16f + 0.20f * below) * Smooth(0.7f, 0.15f, edge)); // domed
     skin = Mix(skin, Mix(c, palette::Bone, 0.55f), 0.42f * Hill(0.17f, 0.10f, edge) * Smooth(0.15f, 0.5f, v));
     skin = Mix(skin, palette::Mist, 0.18f * Hill(0.17f, 0.10f, edge) * Smooth(0.3f, 0.1f, v));
     skin =
-        skin * (1 - (0.45f + 0.35f * s.size) * Smooth(0.12f, 0.015f, edge)); // small scales have thin edges
-    return skin * (1 - 0.75f * Smooth(26, 0, x - GillAt(y))); // in the shadow of the gill cover
+        skin * (1 - (0.58f + 0.22f * s.size) * Smooth(0.13f, 0.015f, edge)); // small scales have thin edges
+    return skin * (1 - 0.70f * Smooth(17, 0, x - GillAt(y))); // in the shadow of the gill cover
 }
 
 // The head is bare: leathery above, a cheek of copper, a bone-pale jaw.
@@ -98,12 +110,12 @@ static LinearColour HeadColour(float x, float y, float v, const SkinNoise& noise
     const float crease = noise.wrinkle.Ridges(x / 30 + 0.4f * noise.tint.Gradient(x / 30, y / 60), y / 95, 3);
     head = head * (0.80f + 0.34f * noise.tint.Fbm(x / 12, y / 30, 4) + 0.20f * (1 - Pow(crease, 3)));
     head = head * (1 - 0.35f * Pow(crease, 6));
-    // Before its edge the gill cover is dark, the edge itself glows, behind it lies its shadow.
-    const float toGill = GillAt(y) - x;
-    head = Mix(head, Mix(palette::Rust, palette::Ink, 0.45f),
-               0.60f * Smooth(34, 9, toGill) * Smooth(0.10f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
-    head = Mix(head, palette::Amber,
-               0.9f * Hill(4, 6, toGill) * Smooth(0.12f, 0.3f, v) * Smooth(0.95f, 0.75f, v));
+    // Rays run to the lobes of the gill cover, with dark furrows between them, and the edge of each glows.
+    const float toGill = GillAt(y) - x, lobe = GillLobe(y);
+    const float sides = Smooth(0.10f, 0.3f, v) * Smooth(1.0f, 0.8f, v);
+    head = Mix(head, Mix(palette::Rust, palette::Ink, 0.55f),
+               0.75f * Smooth(0.75f, 0.15f, lobe) * Smooth(58, 6, toGill) * sides);
+    head = Mix(head, palette::Amber, 0.75f * Hill(4, 4, toGill) * Smooth(0.2f, 0.8f, lobe) * sides);
     return head;
 }
 
@@ -162,9 +174,10 @@ static void PaintFreckles(Canvas& canvas, const Paper& paper, Dice& dice)
 static void DrawCheek(Pen& pen, Dice& dice)
 {
     Line gill;
-    for (float y = 46; y < 476; y += 4)
-        gill.push_back({GillAt(y) + 3, y});
-    pen.Stroke(Enlarged(gill), {.start = 0.3f, .middle = 1, .end = 0.2f});
+    pen.nib.width = 6;
+    for (float y = 46; y < 492; y += 1.5f)
+        gill.push_back({GillAt(y) + 1.5f, y});
+    pen.Stroke(Enlarged(gill), {.start = 0.3f, .middle = 1, .end = 0.3f});
     // The plates of the cheek, and the folds at the corner of the mouth.
     pen.nib.width = 6;
     pen.Stroke(Enlarged(Through({{100, 150}, {112, 250}, {104, 352}, {84, 408}})),
@@ -242,6 +255,19 @@ static void DrawThroat(Mask& pale, Pen& pen, const Paper& paper, Dice& dice)
         pen.Dot(Vector2{dice.Range(24, 122), dice.Range(436, 508)} * fine, dice.Range(0.8f, 1.9f));
 }
 
+// The seam along the middle of the belly: a row of keeled scales that lean to the tail.
+static void DrawSeam(Pen& pen, Dice& dice)
+{
+    pen.nib.width = 4;
+    pen.Stroke(Enlarged(Straight({{112, 509}, {300, 509.5f}, {506, 509}})),
+               {.start = 0.3f, .middle = 1, .end = 0.4f});
+    pen.nib.width = 3;
+    for (float x = 118; x < 500; x += 9)
+        pen.Stroke(
+            Enlarged(Through({{x, 509}, {x - 3, 502}, {x - 9 + dice.Range(-1, 1), 495 + dice.Range(-2, 2)}})),
+            {.start = 0.9f, .middle = 0.8f, .end = 0});
+}
+
 // The skin unwrapped side-on: head at the left, back at the top, belly at the bottom. It lies on the fish
 // four times as long as it is drawn: scales are few, large and drawn narrow and tall, the back is barred, the
 // gill has a burning edge, the belly is pale. The head comes so near that it alone is half the screen, so it
@@ -262,6 +288,7 @@ static Canvas FishSkin()
     HatchSkin(pen, noise);
     Mask pale(skinSide, skinSide);
     DrawThroat(pale, pen, paper, dice);
+    DrawSeam(pen, dice);
     canvas.Light(pale, palette::Bone, 0.55f);
     canvas.Cover(ink, palette::Ink, 0.85f);
     paper.Show(canvas, 0.4f);
