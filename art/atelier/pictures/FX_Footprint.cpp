@@ -186,6 +186,18 @@ static Canvas Footprint()
     rim.Subtract(wall).Subtract(toes).By(
         [&](float x, float y) { return 0.15f + 1.1f * Smooth(-0.1f, 0.5f, dots.Fbm(x / 4, y / 4, 2)); });
     canvas.Cover(rim, Mix(palette::Amber, palette::Bone, 0.12f), 0.24f);
+    // Grains around the foot that catch the light, fewer the farther from it and the nearer to the picture's border: on
+    // black they are all the ground there is.
+    const Mask far = floor.Outside(110), open = Mask(W, H, 1).FadeToBorder(110);
+    Mask grains(W, H);
+    grains.Each([&](float x, float y) {
+        const int column = Floor(x), row = Floor(y);
+        const float rare = 0.34f + 0.3f * far.At(column, row) / 110 + 0.3f * (1 - open.At(column, row)) +
+                           0.14f * lumps.Fbm(x / 60, y / 60 + 20, 3);
+        return Smooth(rare, rare + 0.16f, dots.Gradient(x / 3.8f + 70, y / 3.8f)) *
+               Smooth(0.3f, 0.1f, floor.At(column, row)) * window.At(column, row);
+    });
+    canvas.Cover(grains.Subtract(Mask(toes).Scale(0.6f)), Mix(palette::Ochre, palette::Amber, 0.5f), 0.42f);
     // Crumbs thrown out in front of the toes and behind the heel, and pen strokes in the shadow of the wall.
     Mask drops(W, H), strokes(W, H);
     Pen pen(drops, paper, {.width = 2}, 15),

@@ -161,3 +161,18 @@ TEST(FX_FootprintPictures, TheBandBehindTheSandIsOfTheSandsOwnLight)
     }
     EXPECT_GT(At(sand, 0, 0, 0), At(sand, 0, 0, 2)) << "the dusk is warm";
 }
+
+TEST(FX_FootprintPictures, GrainsAroundThePrintAreGroundToItWithoutSand)
+{
+    const Raster print = LoadPicture("footprint.png");
+    ASSERT_EQ(4, print.channels);
+    // The hollow beside the arch, which the sole leaves free.
+    int grains = 0, places = 0;
+    for (int y = 60; y < 90; y++)
+        for (int x = 300; x < 360; x++) {
+            grains += Over(print, 0, x, y, 0) > 30 ? 1 : 0;
+            places++;
+        }
+    EXPECT_GT(grains, 20);
+    EXPECT_LT(grains, places / 5) << "sparse";
+}
