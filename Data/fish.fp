@@ -77,6 +77,7 @@ const vec3 moonLight = vec3(0.80, 0.77, 0.68);
 const vec3 moon = vec3(-0.576, 0.747, 0.333);      // over the way on which the fish comes and goes, length 1
 const vec3 moonShade = vec3(-0.583, 0.752, 0.308); // middle of what the crescent is cut out with
 const float moonRadius = 0.055;                    // radians
+const float seaSpeed = 0.3;  // doublings of the distance a second
 const float skyline = -0.13; // height of the horizon, as a sine
 
 // 1 in this direction, falling off as a bell does over that width in radians, without its angle being needed.
@@ -133,7 +134,7 @@ vec3 Night(vec3 way, vec2 field, vec2 noise)
     vec2 tooth = Mixed(floor(0.52 * gl_FragCoord.xy)); // of the paper
     float grain = Hashed(tooth.x, tooth.y);
     float vapour = dot(noise, vec2(0.58, 0.42));
-    vec3 scene = mix(Sea(way, max(-field.y, 0.0), noise.x, noise.y + 0.5 * (noise.x - 0.5), grain),
+    vec3 scene = mix(Sea(way, max(-field.y, 0.0), noise.x, noise.y + 0.35 * (noise.x - 0.5), grain),
                      Sky(way, field, vapour), smoothstep(-0.0015, 0.0015, field.y));
     vec3 toFire = normalize(hearth);
     scene += emberLight * BellAround(way, toFire, emberSize / length(hearth));
@@ -232,11 +233,11 @@ void main()
     vec2 field = vec2(1.6 * way.x / max(0.6 + way.z, 0.2), height); // of the sky, as seen from where it is flown over
     float up = max(height, 0.0);
     vec2 drift = vec2(2.6 * field.x + 0.02 * fTime0_X, 11.0 * up / (0.35 + up));
-    // The strokes of the sea stand at every distance in the same number, so that none is large: its distance is cut
-    // where it doubles. It passes below, as the fish flies.
+    // The strokes of the sea are as many where its distance doubles from one unit as from ten, so that none is large. It
+    // passes below, as the fish flies, so slowly that the eye can follow.
     float far = 0.55 / (max(-height, 0.0) + 0.004);
-    float nearness = exp2(-floor(log2(far)));
-    vec2 waves = nearness * vec2(far * dot(way, vec3(ahead.z, 0.0, -ahead.x)), far - 4.0 * fTime0_X) + 31.7 * nearness;
+    float aside = dot(way, vec3(ahead.z, 0.0, -ahead.x));
+    vec2 waves = vec2(aside * sqrt(far), log2(far) - seaSpeed * fTime0_X);
 
     // Three noises serve all that is painted without a texture: the vapour of the sky or the waves of the sea, and the
     // bristles that the rope ends in, or those of the fire. Without a graphics card they cost as much as all the rest.
@@ -246,7 +247,7 @@ void main()
     vec3 noise = vec3(Tooth(burns ? vec2(3.0 * stroke.x + 13.0 * stroke.z, 2.0 * stroke.y)
                                   : isSea ? vec2(2.2, 2.0) * waves : drift + vec2(0.5 * drift.y, 0.0) + 3.7),
                       Tooth(burns ? vec2(hair, 0.8 * stroke.y)
-                                  : isSea ? vec2(15.0, 25.0) * waves : 2.6 * drift - vec2(1.1 * drift.y, 0.0)),
+                                  : isSea ? vec2(13.0, 34.0) * waves : 2.6 * drift - vec2(1.1 * drift.y, 0.0)),
                       Tooth(burns ? vec2(0.6 * hair, 3.0 * stroke.y) : stroke.xy));
 
     vec4 front = burns ? Fire(noise) : Surface();
