@@ -42,6 +42,20 @@ TEST(PenAlphabet, DefinesEachLetterOnceAndInsideItsHeights)
     }
 }
 
+TEST(PenAlphabet, TheEszettIsNoB)
+{
+    // Its stem goes as far below the line as the tail of a comma, at the least; ten pixels to a unit.
+    const auto lowest = [](const std::string& letter) {
+        float y = -1000;
+        for (const WrittenStroke& stroke : Writing(letter, {0, 0}, {.size = 90, .slant = 0, .lively = 0}))
+            for (const Vector2& p : stroke.line)
+                y = Max(y, p.y);
+        return y;
+    };
+    EXPECT_GT(lowest("ß"), 15);
+    EXPECT_LT(lowest("B"), 5);
+}
+
 TEST(PenAlphabet, AnchorsAtTheLeftInTheMiddleAndAtTheRight)
 {
     const LetterStyle style = {.size = 50, .slant = 0, .lively = 0};

@@ -19,7 +19,7 @@ static const Pose Poses[] = {
      .pad = {-115, -50}, .lift = 0, .size = 2.75f, .thumbGirth = 0.86f, .bony = 1.02f},
     {.right = true, .turn = -50, .lean = 0, .roll = 62,
      .fingers = {{6, 4, 10, 6}, {1, 2, 10, 6}, {-3, 2, 12, 8}, {-8, 2, 14, 8}},
-     .thumb = {{0.68f, 0.52f, 0.50f}, {0.42f, 0.76f, 0.50f}, {-0.02f, 0.87f, 0.46f}}, .nail = {-0.4f, 0.2f, 0.8f},
+     .thumb = {{0.73f, 0.54f, 0.40f}, {0.42f, 0.76f, 0.50f}, {-0.02f, 0.87f, 0.46f}}, .nail = {-0.4f, 0.2f, 0.8f},
      .pad = {-24, -26}, .lift = 0, .size = 2.6f},
     {.right = false, .turn = 24, .lean = 0, .roll = 24,
      .fingers = {{24, 60, 54, 26}, {-4, 26, 34, 18}, {-18, 14, 26, 14}, {-34, 4, 18, 12}},
@@ -54,7 +54,7 @@ static Skin SkinOf(const Arm& arm)
             .shade = Mix(Mix(palette::Slate, palette::Rust, 0.38f), palette::Mist, 0.12f),
             .age = arm.tan,
             .deep = closed ? 0.6f : 1,
-            .inner = closed ? 0.7f : 1,
+            .inner = closed || arm.gesture == Gesture::Tray ? 0.7f : 1,
             .pen = 0.7f,
             .closeUp = true};
 }

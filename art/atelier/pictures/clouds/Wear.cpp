@@ -199,9 +199,8 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
         Vector2 place;
         float radius, amount;
     };
-    const Heap heaps[] = {{sight({-150, 84}), 42, 0.8f},      {sight({-90, 76}), 40, 0.9f},
-                          {sight({-20, 70}), 34, 1},          {sight({66, 46}), 46, 0.8f},
-                          {sight({158, 6}), 44, 0.9f},        {sight({236, -30}), 36, 0.8f},
+    const Heap heaps[] = {{sight({-150, 22}), 40, 0.8f},      {sight({-100, 32}), 32, 0.8f},
+                          {sight({-40, 6}), 24, 0.9f},        {sight({240, -40}), 30, 0.7f},
                           {limb.At(0.19f, -0.40f), 34, 0.8f}, {limb.At(0.37f, -0.35f), 44, 0.7f}};
     const Noise drift(seed + 6);
     Mask dust(canvas.Width(), canvas.Height());
@@ -215,7 +214,11 @@ static void Flour(Canvas& canvas, const Sight& sight, const RoundArm& limb, uint
     Pen drops(dust, SketchPaper(), {.width = 2}, seed + 4);
     drops.Splatter(sight({40, 56}), 190, 60, 2.2f);
     const Mask inside = canvas.Alpha().Inside(20);
-    dust.By([&](float x, float y) { return Smooth(3, 15, inside.Sample(x, y)); });
+    // On ink and in the shadow it would be a grey smudge.
+    dust.By([&](float x, float y) {
+        const Pixel& under = canvas.At(Floor(x), Floor(y));
+        return Smooth(3, 15, inside.Sample(x, y)) * Smooth(0.2f, 0.4f, under.g);
+    });
     canvas.Cover(dust.Subtract(cloth).Subtract(roll), Mix(palette::Bone, palette::Mist, 0.08f), 0.62f);
 }
 
