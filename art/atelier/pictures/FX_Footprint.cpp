@@ -18,8 +18,8 @@ constexpr int W = 1024, H = 512;
 // at the small toe, in the middle and at the heel, and about half of the foot's breadth touches the ground all the way.
 static const std::vector<Vector2> Sole = {
     {946, 268}, {928, 208}, {872, 178}, {802, 182}, {736, 206}, {672, 226}, {608, 216}, {540, 174}, {468, 130}, {388, 102},
-    {314, 104}, {268, 138}, {252, 196}, {258, 254}, {276, 308}, {302, 360}, {342, 410}, {404, 438}, {478, 432}, {556, 416},
-    {628, 420}, {690, 418}, {756, 396}, {826, 394}, {892, 370}, {934, 322},
+    {314, 104}, {268, 138}, {252, 196}, {258, 254}, {276, 308}, {302, 360}, {342, 410}, {404, 438}, {478, 432}, {556, 422},
+    {628, 427}, {690, 421}, {756, 396}, {826, 394}, {892, 370}, {934, 322},
 };
 struct Toe {
     Vector2 middle;
@@ -163,10 +163,10 @@ static Canvas Footprint()
         damp,
         [&](float x, float y) {
             return Mix(dark, Mix(palette::Rust, palette::Ochre, 0.15f),
-                       Mix(0.06f, 0.24f, side(x, y)) * inside(x, y));
+                       Mix(0.12f, 0.32f, side(x, y)) * inside(x, y));
         },
         0.62f);
-    canvas.Cover(shadow, dark, 0.6f);
+    canvas.Cover(shadow, dark, 0.5f);
     canvas.Cover(turned, dark, 0.6f);
     // The light lies on the ridges, more of it the farther they are from the wall that throws the shadow.
     Mask skin = ridges;
