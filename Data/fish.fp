@@ -233,15 +233,15 @@ void main()
     vec2 field = vec2(1.6 * way.x / max(0.6 + way.z, 0.2), height); // of the sky, as seen from where it is flown over
     float up = max(height, 0.0);
     vec2 drift = vec2(2.6 * field.x + 0.02 * fTime0_X, 11.0 * up / (0.35 + up));
-    // The strokes of the sea are as many where its distance doubles from one unit as from ten, so that none is large. It
-    // passes below, as the fish flies, so slowly that the eye can follow.
+    // The strokes of the sea are as many where its distance doubles from one unit as from ten, so that none is large.
+    // It passes below, as the fish flies, so slowly that the eye can follow.
     float far = 0.55 / (max(-height, 0.0) + 0.004);
     float aside = dot(way, vec3(ahead.z, 0.0, -ahead.x));
     vec2 waves = vec2(aside * sqrt(far), log2(far) - seaSpeed * fTime0_X);
 
     // Three noises serve all that is painted without a texture: the vapour of the sky or the waves of the sea, and the
-    // bristles that the rope ends in, or those of the fire. Without a graphics card each costs some half a millisecond of
-    // the 17 that a picture of 640 by 480 takes.
+    // bristles that the rope ends in, or those of the fire. Without a graphics card each costs some half a millisecond
+    // of the 17 that a picture of 640 by 480 takes.
     bool burns = is(fire);
     bool isSea = height < 0.0;
     float hair = 8.0 * stroke.x + 29.0 * stroke.z;
