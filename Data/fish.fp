@@ -73,6 +73,8 @@ const vec3 water = vec3(0.038, 0.052, 0.108);
 const vec3 emberPath = vec3(0.80, 0.34, 0.06);  // on the water
 const vec3 emberLight = vec3(0.62, 0.22, 0.05); // of the fire itself, where no tongue is drawn
 const float emberSize = 0.43;                    // units of the mesh
+const vec3 ballCore = vec3(1.10, 0.62, 0.20), ballSkirt = vec3(0.85, 0.30, 0.06); // of fire, where there is no rope
+const vec2 ballSizes = vec2(0.35, 0.85);
 const vec3 moonLight = vec3(0.80, 0.77, 0.68);
 const vec3 moon = vec3(-0.576, 0.747, 0.333);      // over the way on which the fish comes and goes, length 1
 const vec3 moonShade = vec3(-0.583, 0.752, 0.308); // middle of what the crescent is cut out with
@@ -99,7 +101,7 @@ vec3 Sky(vec3 way, vec2 field, float vapour)
     float disc = 1.0 - smoothstep(moonRadius - 0.0015, moonRadius + 0.0015, length(way - moon));
     float lune = disc * smoothstep(moonRadius - 0.006, moonRadius + 0.006, length(way - moonShade));
     float veil = lit * (1.0 - 0.55 * bank);
-    sky += disc * vec3(0.030, 0.035, 0.055) * veil;
+    sky += disc * vec3(0.008, 0.010, 0.016) * veil;
     sky = mix(sky, moonLight * (0.80 + 0.30 * vapour), lune * veil);
     sky += vec3(0.105, 0.110, 0.125) * BellAround(way, moon, 0.135) * lit * (0.35 + 0.9 * vapour);
 
@@ -107,7 +109,8 @@ vec3 Sky(vec3 way, vec2 field, float vapour)
     vec2 key = Mixed(cell);
     float chance = Hashed(key.x, key.y);
     vec2 spot = 34.0 * field - cell - 0.25 - 0.5 * vec2(fract(17.0 * chance), fract(59.0 * chance));
-    float star = step(0.90, chance) * (1.0 - smoothstep(0.0, 0.085, length(spot))) * fract(113.0 * chance);
+    float point = 1.0 - smoothstep(0.0, 0.085, length(spot * vec2(1.0, 1.7)));
+    float star = step(0.90, chance) * point * fract(113.0 * chance);
     return sky + star * (1.0 - bank) * (1.0 - disc) * smoothstep(0.02, 0.25, up) * vec3(0.62, 0.66, 0.70);
 }
 
@@ -138,6 +141,9 @@ vec3 Night(vec3 way, vec2 field, vec2 noise)
                      Sky(way, field, vapour), smoothstep(-0.0015, 0.0015, field.y));
     vec3 toFire = normalize(hearth);
     scene += emberLight * BellAround(way, toFire, emberSize / length(hearth));
+    vec3 ball = ballCore * BellAround(way, toFire, ballSizes.x / length(hearth)) +
+                ballSkirt * BellAround(way, toFire, ballSizes.y / length(hearth));
+    scene += bare * ball * (0.5 + noise.x + 0.6 * (noise.y - 0.5));
     scene += vec3(0.16, 0.075, 0.022) * BellAround(way, toFire, 0.33) * (0.55 + 0.75 * vapour);
     return seen * scene * (0.95 + 0.10 * grain);
 }
@@ -219,9 +225,8 @@ vec4 Fire(vec3 noise)
     float heat = clamp(1.5 * (load - bristle) - 0.25 * along, 0.0, 1.0);
     vec3 light = mix(vec3(0.86, 0.27, 0.04), vec3(1.10, 0.62, 0.15), smoothstep(0.0, 0.5, heat));
     light = mix(light, vec3(1.25, 1.0, 0.52), smoothstep(0.45, 1.0, heat));
-    vec3 behind = mix(vec3(0.50, 0.15, 0.03) * (1.0 - 0.6 * along) + 0.6 * nightBlue, vec3(0.62, 0.20, 0.03), bare);
-    // Where the light of the rope does not lie on them, they burn the more.
-    return vec4(mix(behind, light, cover) * (1.0 + 0.9 * bare), cover);
+    vec3 behind = vec3(0.50, 0.15, 0.03) * (1.0 - 0.6 * along) + 0.6 * nightBlue;
+    return vec4(mix(behind, light, cover), cover);
 }
 
 void main()
@@ -233,6 +238,7 @@ void main()
     vec2 field = vec2(1.6 * way.x / max(0.6 + way.z, 0.2), height); // of the sky, as seen from where it is flown over
     float up = max(height, 0.0);
     vec2 drift = vec2(2.6 * field.x + 0.02 * fTime0_X, 11.0 * up / (0.35 + up));
+    drift = mat2(0.94, 0.34, -0.34, 0.94) * drift; // turned, so that no bank has an upright side
     // The strokes of the sea are as many where its distance doubles from one unit as from ten, so that none is large.
     // It passes below, as the fish flies, so slowly that the eye can follow.
     float far = 0.55 / (max(-height, 0.0) + 0.004);
@@ -251,8 +257,8 @@ void main()
                                   : isSea ? vec2(13.0, 34.0) * waves : 2.6 * drift - vec2(1.1 * drift.y, 0.0)),
                       Tooth(burns ? vec2(0.6 * hair, 3.0 * stroke.y) : stroke.xy));
 
-    vec4 front = burns ? Fire(noise) : Surface();
     vec3 behind = Night(way, field, noise.xy);
+    vec4 front = burns ? Fire(noise) : Surface();
     gl_FragDepth = gl_FragCoord.z;
     if (is(night)) {
         front.w = 0.0;
