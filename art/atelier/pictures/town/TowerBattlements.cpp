@@ -114,7 +114,7 @@ static void BuildMerlons(Canvas& canvas, const TowerNoise& noise)
         // In the shade of its coping, lit on its left edge.
         const float shade = caps.Sample(x, y - 5) * (1 - caps.Sample(x, y));
         const float edge = 1 - front.Sample(x - 1.5f, y);
-        const float other = Floor(x / WallWidth) % 2 == 1 ? 0.8f : 1.0f;
+        const float other = IsShaded(x) ? 0.8f : 1.0f;
         return Mix(StoneOfParapet(x, y - Head, noise) * (other * Mix(1, 0.4f, shade)),
                    Mix(palette::Mist, palette::Bone, 0.3f), 0.6f * edge * (1 - shade));
     });
@@ -135,7 +135,7 @@ void BuildBattlements(Canvas& canvas, const TowerNoise& noise)
         return down < MerlonFoot ? 0.0f : CorbelsAt(x, down);
     });
     canvas.Cover(stone, [&](float x, float y) {
-        const float down = y - Head, other = Floor(x / WallWidth) % 2 == 1 ? 0.8f : 1.0f;
+        const float down = y - Head, other = IsShaded(x) ? 0.8f : 1.0f;
         // Corbels stand before the dark, each with a light side and a dark one.
         const float side = Fraction(x / ArchPitch + 0.5f) - 0.5f; // from a corbel's middle
         const float round = down > ArchSpring ? Mix(0.85f, 0.35f, Smooth(-0.12f, 0.2f, side)) : 1.0f;

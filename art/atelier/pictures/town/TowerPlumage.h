@@ -21,6 +21,7 @@ public:
     struct FeatherPlace {
         float u, v; // across -1 to 1, along 0 to 1 at the tip
         int row, column;
+        bool grown; // whether a feather lies here at all
     };
 
     Plumage();
@@ -30,6 +31,12 @@ public:
 private:
     // How far down a feather reaches, in its lengths, beside its shaft (u from -1 to 1).
     static float Edge(float u) { return 1 - 0.34f * u * u - 0.12f * Pow(Abs(u), 6); }
+    // They lean as the band turns, so that no wall has a middle to which both sides are alike.
+    static constexpr float Lean = 0.38f;
+    Vector2 MiddleOf(int row, int column) const;
+    // The feathers lie in a band that winds round the tower, whole where it hangs on the moulding and ragged below. They thin
+    // out towards the foot. The rows above `row` have to be in `grown`.
+    bool Grows(int row, int column) const;
     // By which part of its width a row lies beside the one above.
     float Shift(int row) const
     {
@@ -41,7 +48,8 @@ private:
     }
 
     std::vector<float> top, length; // of the rows, pixels
-    Noise sway;
+    std::vector<uint8_t> grown;     // of row * Columns + column
+    Noise sway, zone;
 };
 
 // A pheasant's colours from the head down: dark green, a pale ring, copper, and the bars of the tail. `h` is the height, as

@@ -14,37 +14,28 @@ namespace atelier
 
 using namespace towers;
 
-// Pixels to the nearer of a wall's two corners.
-static float ToCorner(float x)
-{
-    const float across = Fraction(x / WallWidth);
-    return Min(across, 1 - across) * WallWidth;
-}
-
-// Where the stones show, 0 to 1: patches a few feathers wide, none so large that one would know a wall by it.
-static float Bare(float x, float y, const TowerNoise& noise)
-{
-    const float patch =
-        noise.zone.Fbm(x / Girth * 16, y / Down * 32, 4) + 0.55f * Smooth(0.45f, 1.0f, HeightAt(y));
-    return Smooth(0.20f, 0.25f, patch);
-}
-
 static LinearColour TowerColour(float x, float y, const Plumage& plumage, const TowerNoise& noise)
 {
     const Plumage::FeatherPlace f = plumage.At(x, y);
     const uint32_t name = uint32_t(f.row * Plumage::Columns + f.column) * 2654435761u;
-    const float own = float(name >> 12 & 255) / 255;
-    // The borders between the zones run along the feathers, elsewhere on each wall.
-    constexpr float Lower[4] = {0.03f, -0.05f, 0.06f, -0.02f};
-    const float h = HeightAt(y) + Lower[Wrap(Floor(x / WallWidth), 4)] +
+    // Neighbours are of nearly one colour, which changes along the band.
+    const float own = Clamp(0.60f * float(name >> 12 & 255) / 255 + 0.18f +
+                            0.5f * noise.zone.Fbm(x / Girth * 16 + 5, y / Down * 32, 2));
+    // The borders between the zones run along the feathers, higher on one side of the tower than on the other.
+    const float h = HeightAt(y) + 0.05f * Cos(2 * Pi * x / Girth) +
                     0.07f * noise.zone.Gradient(float(f.column) * 0.57f, float(f.row) * 0.4f);
     // Barbs run from the shaft outwards and down.
     const float comb = noise.barb.Value((f.v * 30 - Abs(f.u) * 10) * 0.8f, float(f.column) + 0.5f);
     LinearColour c = FeatherColour(f, h, own, comb);
     // Rounded like a slate, and in the shade of the row above it.
-    c = c * (1.05f - 0.35f * f.u * f.u + 0.18f * f.u);
-    c = c * (1 - 0.70f * Smooth(0.58f, 0.34f, f.v));
-    c = Mix(c, AshlarColour(x, y, noise), Bare(x, y, noise));
+    c = c * (1.05f - 0.30f * f.u * f.u - 0.22f * f.u);
+    c = c * (1 - 0.62f * Smooth(0.58f, 0.34f, f.v));
+    // So is the band itself, whose upper edge is nearer the light than its lower one.
+    c = c * (1.12f - 0.45f * Smooth(0.5f, 0.85f, TurnAt(x, y)));
+    if (!f.grown) {
+        const bool shaded = plumage.At(x - 2.5f, y - 6).grown; // by the feathers that end above
+        c = AshlarColour(x, y, noise) * (shaded ? 0.5f : 1.0f);
+    }
     return Mix(c, palette::Ink,
                0.5f * Smooth(0.50f, 0.66f, noise.chip.Gradient(x / Girth * 96, y / Down * 384)));
 }
@@ -82,34 +73,55 @@ static void GrowIvy(Canvas& canvas, const Paper& paper)
     });
 }
 
-// Nothing lights the towers in the scene. Of two walls that meet one lies in the shade of the night, so that a tower is
-// seen to have sides.
 static void ShadeEveryOtherWall(Canvas& canvas)
 {
     const Noise drift(533, 16, 64);
     canvas.Glaze(Sheet().Each([&](float x, float y) {
-        const bool shaded = Floor(x / WallWidth) % 2 == 1;
-        return shaded ? 0.8f + 0.5f * drift.Fbm(x / Girth * 16, y / Down * 64, 3) : 0.0f;
+        return IsShaded(x) ? 0.8f + 0.5f * drift.Fbm(x / Girth * 16, y / Down * 64, 3) : 0.0f;
     }),
-                 Mix(palette::Slate, palette::Mist, 0.25f), 0.75f);
+                 Mix(palette::Slate, palette::Mist, 0.25f), 0.68f);
 }
 
-// Walls are round, and go into the dark towards their corners: of one that is seen edge-on a few pixels have to show all of
-// it, and where bright and dark lay side by side the strip would crawl.
-static void DarkenCorners(Canvas& canvas, const Paper& paper)
+// The moon stands on the left: a wall is pale at its left corner and goes into the dark towards its right one, where the
+// next begins. Both are drawn out over many pixels: of a wall that is seen edge-on a few have to show all of it, and where
+// bright and dark lay side by side the strip would crawl.
+static void ShadeCorners(Canvas& canvas, const Paper& paper)
 {
     const Noise uneven(526, 8, 64);
     canvas.Cover(Sheet().Each([&](float x, float y) {
-        const float corner = ToCorner(x);
-        const float strayed = corner + 6 * uneven.Fbm(x / Girth * 8, y / Down * 64, 3);
-        return 0.95f * Smooth(46, 6, Mix(corner, strayed, Smooth(4, 20, corner)));
+        const float left = Fraction(x / WallWidth) * WallWidth, right = WallWidth - left;
+        const float strayed = right + 12 * uneven.Fbm(x / Girth * 8, y / Down * 64, 3);
+        return 0.96f * Smooth(62, 5, Mix(right, strayed, Smooth(4, 20, right)));
     }),
                  Dark);
+    canvas.Light(Sheet().Each([&](float x, float y) {
+        const float left = Fraction(x / WallWidth) * WallWidth;
+        const float worn = 0.8f + 0.5f * uneven.Fbm(x / Girth * 8 + 3, y / Down * 256, 3);
+        return Smooth(22, 0, left) * Smooth(0, 2.5f, left) * worn * (IsShaded(x) ? 0.6f : 1);
+    }),
+                 Mix(palette::Slate, palette::Mist, 0.5f), 0.17f);
     Mask ink = Sheet();
     Pen pen(ink, paper, {.width = 1.3f, .wobble = 0.5f, .wave = 16, .skip = 0.3f}, 530);
-    Hatch(pen, Sheet().Each([](float x, float) { return 0.8f * Hill(27, 16, ToCorner(x)); }),
+    Hatch(pen, Sheet().Each([](float x, float) {
+        return 0.7f * Hill(34, 18, (1 - Fraction(x / WallWidth)) * WallWidth);
+    }),
           {.angle = 0.5f, .spacing = 5, .length = 22, .bend = 2}, 534);
-    canvas.Cover(ink, palette::Ink, 0.6f);
+    canvas.Cover(ink, palette::Ink, 0.5f);
+}
+
+// The box of a tower has its walls in the order 3, 2, 1, 0 of the atlas, and turns two of them over: as one walks round it,
+// these run from their right edge in the atlas to their left one.
+static Canvas PutOnTheBox(const Canvas& round)
+{
+    constexpr int Wide = int(WallWidth);
+    Canvas atlas(Across, Down);
+    for (int y = 0; y < Down; y++)
+        for (int x = 0; x < Across; x++) {
+            const int wall = x / Wide, in = x % Wide;
+            const bool turnedOver = wall == 1 || wall == 2;
+            atlas.At(x, y) = round.At((3 - wall) * Wide + (turnedOver ? Wide - 1 - in : in), y);
+        }
+    return atlas;
 }
 
 // A tower is a pheasant turned to stone: a dark head, a pale ring, a breast of copper scales, and the barred
@@ -130,13 +142,14 @@ Canvas TowerWalls()
     Mask ink = Sheet();
     Pen pen(ink, paper, {.width = 1.5f, .wobble = 0.5f, .wave = 14, .skip = 0.25f}, 524);
     plumage.Draw(pen);
-    canvas.Cover(ink.By([&](float x, float y) { return 1 - Bare(x, y, noise); }), palette::Ink, 0.72f);
-    LayStringCourses(canvas, paper);
+    canvas.Cover(ink, palette::Ink, 0.6f);
+    LayMoulding(canvas, paper);
     GrowIvy(canvas, paper);
     ShadeEveryOtherWall(canvas);
     LightWindows(canvas, paper);
-    DarkenCorners(canvas, paper);
+    ShadeCorners(canvas, paper);
     BuildBattlements(canvas, noise);
+    canvas = PutOnTheBox(canvas);
     PaintSlates(canvas, noise);
     // The foot stands in the dark, the head against the sky.
     canvas.Tone(Mask(Across, Down).Each([](float, float y) { return Smooth(Foot + 40, Head + 420, y); }, 4),

@@ -2,7 +2,6 @@
 #include "art/atelier/pictures/town/TowerWindows.h"
 
 #include "art/atelier/Pen.h"
-#include "art/atelier/pictures/town/TowerCourses.h"
 
 #include <vector>
 
@@ -16,29 +15,34 @@ struct TowerWindow {
 
 static std::vector<TowerWindow> TowerWindows()
 {
-    constexpr float Top = 150, Bottom = 900; // of the rows, pixels below the head
+    constexpr float Top = 165, Bottom = 900; // pixels below the head
+    constexpr float OnMoulding = MouldingTurn - 0.05f;
     std::vector<TowerWindow> windows;
     Dice dice(548);
-    for (int wall = 0; wall < 4; wall++) {
-        const float middle = WallWidth * (float(wall) + 0.5f);
-        int row = 0;
-        for (float down = Top; down < Bottom; row++) {
-            const float up = 1 - down / (Foot - Head); // nearer the foot they are smaller
-            const bool three = row % 2 == 0;
-            float foot = Head + down;
-            const float size = Mix(0.75f, 1.0f, up), high = 21 * size;
-            for (const float course : Courses[wall]) // stands on it rather than across it
-                if (foot - high - 6 < Head + course && foot + 12 > Head + course)
-                    foot = Head + course - 6;
-            for (int i = 0; i < (three ? 3 : 2); i++) {
-                const float aside = three ? 27 * float(i - 1) : 27 * (float(i) - 0.5f);
-                const bool onStair = i == (row / 2 + wall) % (three ? 3 : 2);
-                const float lamp = onStair ? dice.Range(0.7f, 0.95f) : 0;
-                windows.push_back({middle + aside + dice.Range(-1, 1), foot, 3.9f * size, high, lamp});
+    for (int wall = 0; wall < 4; wall++)
+        for (int turn = 0; turn < 4; turn++) {
+            // Most light the stair, which winds behind the stone; some rooms have a slit to the other side.
+            const int count = dice.Chance(0.55f) ? 2 : 1;
+            const float first = dice.Range(-34, 30);
+            for (int i = 0; i < count; i++) {
+                const float aside = i == 0 ? first : first + (first < 0 ? 1.0f : -1.0f) * dice.Range(22, 44);
+                const float x = WallWidth * (float(wall) + 0.5f) + aside;
+                const float foot = Head + Turn * (float(turn) + OnMoulding - x / Girth) - dice.Range(0, 16);
+                const float up = 1 - (foot - Head) / (Foot - Head); // nearer the foot they are smaller
+                const float size = Mix(0.72f, 0.88f, up) * dice.Range(0.88f, 1.08f);
+                const bool slit = i == 1 && dice.Chance(0.5f);
+                const float lamp = !slit && dice.Chance(i == 0 ? 0.85f : 0.3f) ? dice.Range(0.85f, 1.0f) : 0;
+                if (foot > Head + Top && foot < Head + Bottom)
+                    windows.push_back({x, foot, (slit ? 1.8f : 3.9f) * size, 21 * size, lamp});
             }
-            down += Mix(62, 84, up);
+            // And some look out from among the feathers.
+            const float x = WallWidth * (float(wall) + 0.5f) + dice.Range(-40, 34);
+            const float foot =
+                Head + Turn * (float(turn) + MouldingTurn + dice.Range(0.18f, 0.48f) - x / Girth);
+            const float lamp = dice.Chance(0.65f) ? dice.Range(0.8f, 1.0f) : 0;
+            if (foot > Head + Top && foot < Head + Bottom)
+                windows.push_back({x, foot, 3.1f, 17, lamp});
         }
-    }
     return windows;
 }
 
@@ -76,7 +80,7 @@ void LightWindows(Canvas& canvas, const Paper& paper)
     const Mask lamps = light;
     canvas.Light(lamps.Blurred(7), palette::Amber, 0.30f);
     canvas.Light(lamps.Blurred(20), palette::Ochre, 0.55f);
-    canvas.Cover(stones, Mix(palette::Slate, palette::Mist, 0.5f), 0.8f);
+    canvas.Cover(stones, Mix(palette::Slate, palette::Mist, 0.35f), 0.62f);
     canvas.Cover(reveal, palette::Ink, 0.92f);
     canvas.Cover(panes, Mix(palette::Night, palette::Slate, 0.55f), 0.9f);
     const Noise curtain(532);

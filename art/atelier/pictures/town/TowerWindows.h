@@ -7,8 +7,8 @@
 namespace atelier::towers
 {
 
-// Somebody is up there, in some of the rooms. One sees the same wall of two or three towers at once: so all windows are
-// alike and stand in rows, as all towers of one builder have them, and what is lit is the stair, which winds up round each.
+// Somebody is up there, in some of the rooms. One sees the same wall of two or three towers at once: so windows are small and
+// few, at no even distances, and stand on the moulding along the stair, which winds up round each.
 void LightWindows(Canvas& canvas, const Paper& paper);
 
 } // namespace atelier::towers

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace atelier;
 
 TEST(FX_TowersPictures, LightThatIsAddedUpManyTimesIsFaint)
@@ -53,7 +55,7 @@ TEST(FX_TowersPictures, ABeamIsBornInTheMiddleAndRunsOutBeforeTheViewEnds)
 }
 
 // A tower is a box that is cut straight, and its walls are seen edge-on without mipmaps.
-TEST(FX_TowersPictures, TheTowersWallsEndInBattlementsAndGoIntoTheDarkAtTheirCorners)
+TEST(FX_TowersPictures, TheTowersWallsEndInBattlementsAndGoIntoTheDarkAtOneOfTheirCorners)
 {
     const Raster walls = LoadPicture("fasanenbude.jpg");
     ASSERT_EQ(512, walls.width);
@@ -71,7 +73,7 @@ TEST(FX_TowersPictures, TheTowersWallsEndInBattlementsAndGoIntoTheDarkAtTheirCor
     for (int i = 0; i < 16; i++) {
         const int merlon = 32 * i, gap = merlon + 16;
         EXPECT_GE(mean(merlon, 540, merlon + 3, 552), 45) << i;
-        EXPECT_LE(mean(gap - 3, 511, gap + 3, 530), 22) << i;
+        EXPECT_LE(mean(gap - 3, 511, gap + 2, 530), 22) << i;
         if (i % 4 == 0) {
             EXPECT_GE(mean(merlon, 514, merlon + 3, 524), 55) << i;
         }
@@ -82,9 +84,46 @@ TEST(FX_TowersPictures, TheTowersWallsEndInBattlementsAndGoIntoTheDarkAtTheirCor
         EXPECT_LE(mean(wall + 10, 622, wall + 117, 630), 0.55 * coping)
             << "the shade below the corbels " << wall;
     }
-    for (const int corner : {128, 256, 384}) {
-        EXPECT_LE(mean(corner - 4, 720, corner + 4, 1400), 28) << corner;
-        EXPECT_GE(mean(corner - 80, 800, corner - 48, 1000), 40) << "the middle of the wall before it";
+    // The box turns two of the walls over: where the shaded corner of each lies, and where the moonlit one.
+    const struct {
+        int dark, moonlit;
+    } corners[4] = {{120, 2}, {130, 248}, {258, 376}, {504, 386}};
+    for (int wall = 0; wall < 4; wall++) {
+        const double dark = mean(corners[wall].dark, 720, corners[wall].dark + 5, 1400);
+        EXPECT_LE(dark, 28) << wall;
+        EXPECT_GE(mean(corners[wall].moonlit, 720, corners[wall].moonlit + 5, 1400), 1.5 * dark) << wall;
+        EXPECT_GE(mean(128 * wall + 48, 800, 128 * wall + 80, 1000), 40) << "the middle of the wall " << wall;
+    }
+}
+
+// As one walks round a tower, one wall's right edge meets the next one's left edge. What winds round it is not cut there: the
+// feathers are warm and the stone is cold on both sides of a corner, at the same heights.
+TEST(FX_TowersPictures, TheFeathersOfATowerGoOnRoundItsCorners)
+{
+    const Raster walls = LoadPicture("fasanenbude.jpg");
+    ASSERT_EQ(512, walls.width);
+    // The first pixels of strips that lie side by side on the tower: the last of a wall, the first of the next.
+    const int meeting[4][2] = {{484, 376}, {268, 248}, {140, 0}, {108, 384}};
+    constexpr int Rise = 13; // from the middle of one strip to that of the next
+    // From -1, all blue, to 1, all red, however dark it is.
+    const auto warmth = [&](int x0, int y0) {
+        double red = 1, blue = 1;
+        for (int y = y0; y < y0 + 16; y++)
+            for (int x = x0; x < x0 + 8; x++) {
+                red += At(walls, x, y, 0);
+                blue += At(walls, x, y, 2);
+            }
+        return (red - blue) / (red + blue);
+    };
+    for (const auto& [right, left] : meeting) {
+        double a = 0, b = 0, aa = 0, bb = 0, ab = 0, count = 0;
+        for (int y = 720; y < 1200; y += 16, count++) {
+            const double here = warmth(right, y + Rise), there = warmth(left, y);
+            a += here, b += there, aa += here * here, bb += there * there, ab += here * there;
+        }
+        const double correlation =
+            (count * ab - a * b) / std::sqrt((count * aa - a * a) * (count * bb - b * b));
+        EXPECT_GE(correlation, 0.5) << right << ' ' << left;
     }
 }
 
@@ -103,7 +142,7 @@ TEST(FX_TowersPictures, NoWindowOfATowerIsSoLargeThatItWouldBeKnownAgain)
             rows = inRow > 0 ? rows + 1 : 0;
             longest = std::max(longest, rows);
         }
-        EXPECT_GE(lit, 100) << wall;
+        EXPECT_GE(lit, 40) << wall; // a window or two
         EXPECT_LE(lit, 128 * 780 / 50) << wall;
         EXPECT_LE(longest, 60) << wall;
     }
