@@ -143,20 +143,6 @@ TEST(AtelierHands, AThumbMayBeSlimmerThanItsHand)
     }
 }
 
-TEST(AtelierHands, FleshFillsTheFurrowsAtTheBackOfAHandAndNotItsKnuckles)
-{
-    Pose pose = HalfClosed();
-    const Skeleton lean = Posed(pose);
-    pose.fleshy = 1;
-    const Skeleton full = Posed(pose);
-    const auto raised = [&](float x, float y) {
-        return lean.OnPalm(x, y, true).z - full.OnPalm(x, y, true).z;
-    };
-    EXPECT_GT(raised(13, 60), 2) << "between the bones of forefinger and middle finger";
-    EXPECT_GT(raised(-24, 52), 2) << "between those of ring finger and little finger";
-    EXPECT_NEAR(0, raised(3, 90), 0.6f) << "a knuckle";
-}
-
 TEST(AtelierHands, WhatIsNearerHidesWhatIsBehindAndEndsWithAnEdge)
 {
     Skeleton two; // one finger before another

@@ -9,10 +9,10 @@ namespace atelier
 // How the six hold their cards, by gesture.
 // clang-format off
 static const Pose Poses[] = {
-    {.right = true, .turn = 184, .lean = 0, .roll = 78,
-     .fingers = {{5, 78, 98, 60}, {1, 84, 100, 60}, {-3, 89, 100, 60}, {-8, 95, 98, 58}},
-     .thumb = {{0.70f, 0.55f, 0.35f}, {0.82f, 0.55f, 0}, {0.90f, 0.43f, -0.05f}}, .nail = {-0.2f, -0.2f, 0.95f},
-     .pad = {30, 92}, .lift = -40, .size = 2.42f, .girth = 1.1f, .fleshy = 1},
+    {.right = false, .turn = 16, .lean = 4, .roll = 59,
+     .fingers = {{4, 82, 94, 52}, {1, 87, 100, 70}, {-2, 90, 102, 84}, {-6, 93, 100, 86}},
+     .thumb = {{0.42f, 0.55f, 0.72f}, {0.00f, 0.78f, 0.62f}, {-0.72f, 0.68f, 0.10f}}, .nail = {0, -0.3f, 0.95f},
+     .pad = {22, 152}, .lift = 0, .size = 2.66f, .girth = 1.06f, .thumbGirth = 0.94f, .bony = 1.04f},
     {.right = false, .turn = 20, .lean = 0, .roll = 20,
      .fingers = {{0, 20, 28, 16, true}, {-6, 18, 30, 18, true}, {-12, 14, 30, 16, true}, {-21, 8, 24, 12}},
      .thumb = {{0.78f, 0.54f, 0.36f}, {0.55f, 0.72f, 0.42f}, {-0.20f, 0.94f, 0.24f}}, .nail = {-0.4f, -0.25f, 0.8f},
@@ -86,7 +86,7 @@ float ForearmHalf(const Arm& arm, float t)
         float wrist, swell, from, to;
     };
     const Girth girth = arm.gesture == Gesture::Tray   ? Girth{42, 36, 0.12f, 0.70f}
-                        : arm.gesture == Gesture::Fist ? Girth{44, 58, 0.08f, 0.56f}
+                        : arm.gesture == Gesture::Fist ? Girth{50, 44, 0.06f, 0.60f}
                                                        : Girth{50, 54, 0.06f, 0.62f};
     return arm.girth * (girth.wrist + girth.swell * Smooth(girth.from, girth.to, t));
 }
@@ -112,6 +112,21 @@ static void AddWrist(Skeleton& hand, const Arm& arm, const Line& line)
     hand.flesh.palm.push_back({heel, hand({-10, -5, 8}), 30, 30, 16});
 }
 
+// A wrist that is bent towards the little finger: on the thumb's side the outline runs straight from the root of the thumb
+// into the swell of the forearm, and on the other side it turns in a wide bow.
+static void FillWrist(Skeleton& hand, const Arm& arm, const Line& line)
+{
+    const auto at = [&](float t, float u, float half) {
+        const Vector2 d = DirectionAt(line, t), across = {d.y, -d.x};
+        const Vector2 p = PointAt(line, t) + across * (u * (ForearmHalf(arm, t) - half));
+        return Point3{p.x, p.y, hand.wrist.z};
+    };
+    constexpr float AtWrist = 38, AtArm = 40, AtHeel = 34;
+    hand.flesh.palm.push_back({hand({9, -6, -1}), at(0.40f, -1, AtArm), AtWrist, AtArm, 30});
+    hand.flesh.palm.push_back({hand({9, -6, -1}), hand({20, 22, 2}), AtWrist, AtWrist - 4, 30});
+    hand.flesh.palm.push_back({hand({-14, 14, 0}), at(0.22f, 1, AtArm), AtHeel, AtArm, 24});
+}
+
 // The hand with as much of the forearm as no sleeve hides.
 static Skeleton HandOf(const Arm& arm)
 {
@@ -129,18 +144,8 @@ static Skeleton HandOf(const Arm& arm)
         add(t, t + 0.09f);
     if (arm.gesture == Gesture::Tray)
         AddWrist(hand, arm, line);
-    if (arm.gesture == Gesture::Fist) {
-        // The end of the ulna stands out at the back of the wrist, on the little finger's side.
-        const auto at = [&](float t) {
-            const float r = ForearmHalf(arm, t);
-            const Vector2 d = DirectionAt(line, t), across = {d.y, -d.x};
-            const Vector2 p = PointAt(line, t) + across * (0.78f * r);
-            return Point3{p.x, p.y, hand.wrist.z + 0.42f * r};
-        };
-        hand.flesh.palm.push_back({at(0.08f), at(0.12f), 23, 19, 18});
-        const float size = Length(hand.outOfPalm);
-        hand.flesh.palm.push_back({hand({-4, -8, -6}), hand({-3, 20, -7}), 9 * size, 9 * size, 10 * size});
-    }
+    if (arm.gesture == Gesture::Fist)
+        FillWrist(hand, arm, line);
     return hand;
 }
 

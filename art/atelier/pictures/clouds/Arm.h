@@ -13,7 +13,7 @@ enum class Wear { Wool, Rope, Flour, Lace, Leather, Wire };
 // Of a hand only the thumb may lie before the card. The show fades the hand and not the card's face, so that the thumb
 // belongs to the hand's picture alone, and the face is open where the thumb lies on it.
 enum class Gesture {
-    Fist,   // round a pole that the card is nailed to, seen from the back, the thumb along the pole
+    Fist,   // round a pole that the card is nailed to, aslant in the hand, the thumb across the forefinger
     Lean,   // the card leans on the open hand, held by the thumb
     Tray,   // the card stands on the flat hand, held by the thumb
     Pinch,  // thumb and forefinger hold a pin that goes through the card, the others are spread like a fan

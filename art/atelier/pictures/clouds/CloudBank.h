@@ -15,7 +15,8 @@ struct CloudBank {
     float level;   // radians, clockwise: how far the canvas is turned before the bank is seen upright
     const CloudTones& tones;
     uint32_t seed;
-    // Where the outlines of what comes out of it go down into it, the left one and the right one; billows lie before them.
+    // Where the outlines of what comes out of it go down into it, the left one first, all others on the right; billows
+    // lie before them.
     std::vector<Vector2> feet = {};
 
     void PaintBehind(Canvas& canvas) const;

@@ -126,6 +126,11 @@ static Vector2 FootOf(const Arm& arm, const Line& along, float side, Vector2 cre
     return p;
 }
 
+// For a sleeve that lies more level than this, the bank's crest is so far behind the elbow, and there is more cloud before it
+// at these parts of the forearm's length, so many times its half width to the right of its middle.
+constexpr float LiesLevel = 0.9f, BankAtLevel = 34;
+constexpr Vector2 LevelFeet[] = {{0.55f, 1.25f}, {0.48f, 1.25f}, {0.42f, 1.25f}, {0.72f, -1.4f}};
+
 static CloudBank BankOf(const Greeting& greeting, bool rust)
 {
     const float level = greeting.rises * Pi / 180;
@@ -133,13 +138,24 @@ static CloudBank BankOf(const Greeting& greeting, bool rust)
     const Line along = Forearm(InPicture, greeting.arm);
     const Vector2 on = DirectionAt(along, ElbowAt), side = {on.y, -on.x};
     const float lies = Abs(Dot(side, up)), half = 1.3f * ForearmHalf(greeting.arm, ElbowAt);
-    const Vector2 crest = PointAt(along, ElbowAt) + on * (BankBehindElbow + BankFarther * lies) +
+    const bool levelSleeve = lies > LiesLevel;
+    const Vector2 crest = PointAt(along, ElbowAt) +
+                          on * (BankBehindElbow + (levelSleeve ? BankAtLevel : BankFarther * lies)) +
                           up * ((half + BankAbove) * lies);
-    return {crest,
-            level,
-            rust ? AmberNight : BlueNight,
-            greeting.arm.seed + 97,
-            {FootOf(greeting.arm, along, -1, crest, up), FootOf(greeting.arm, along, 1, crest, up)}};
+    CloudBank bank = {
+        crest,
+        level,
+        rust ? AmberNight : BlueNight,
+        greeting.arm.seed + 97,
+        {FootOf(greeting.arm, along, -1, crest, up), FootOf(greeting.arm, along, 1, crest, up)}};
+    // A sleeve that lies level goes in slowly: its outlines are covered farther on, below as far as its cuff.
+    if (levelSleeve)
+        for (const Vector2 place : LevelFeet) {
+            const Vector2 d = DirectionAt(along, place.x);
+            bank.feet.push_back(PointAt(along, place.x) +
+                                Vector2{d.y, -d.x} * (place.y * ForearmHalf(greeting.arm, place.x)));
+        }
+    return bank;
 }
 
 // The border of flesh is found pixel by pixel: there each becomes the mean of its neighbours, and within the pen's finest

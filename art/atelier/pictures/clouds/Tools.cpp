@@ -9,8 +9,9 @@ namespace atelier
 
 // Where pole, pin and shaft run upright in the hand's frame.
 constexpr float PoleX = 44, PinX = 24, ShaftX = 30;
-// The planes in which they lie, as of DrawnHand::InFrontOf: what of the hand is nearer hides them. The thumb lies on the pole.
-constexpr float PoleZ = -62, PoleSlope = 0, PinZ = 34, ShaftZ = -84;
+// The planes in which they lie, as of DrawnHand::InFrontOf: what of the hand is nearer hides them. The fist
+// round the pole leans: its little finger is farther away than its forefinger.
+constexpr float PoleZ = 2, PoleSlope = 0.46f, PinZ = 34, ShaftZ = -84;
 
 // clang-format off
 static const Stuff Wood   = {Mix(palette::Ochre, palette::Rust, 0.45f) * 0.8f, Mix(palette::Ink, palette::Rust, 0.3f), 1.1f, 0.5f, 0.9f};
@@ -192,11 +193,13 @@ void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHa
     Canvas layer(canvas.Width(), canvas.Height());
     Bench bench(layer, sight, arm.seed + 400);
     float z = 0, slope = 0;
+    float below = 8; // how far down the fingers' shadow reaches, in the hand's frame
     switch (arm.gesture) {
     case Gesture::Fist:
         Pole(bench);
         z = PoleZ;
         slope = PoleSlope;
+        below = 20;
         break;
     case Gesture::Pinch:
         Pin(bench);
@@ -219,27 +222,35 @@ void PaintTool(Canvas& canvas, const Sight& sight, const Arm& arm, const DrawnHa
     canvas.Glaze(shadow.Blur(5 * s).Subtract(hidden).Multiply(canvas.Alpha()),
                  Mix(palette::Slate, palette::Rust, 0.4f), 0.55f);
     Mask under(canvas.Width(), canvas.Height());
-    under.Each([&](float x, float y) { return hidden.Sample(x - 7 * s, y - 8 * s); });
+    under.Each([&](float x, float y) { return hidden.Sample(x - 7 * s, y - below * s); });
     layer.Glaze(under.Blur(4 * s).Multiply(layer.Alpha()), palette::Ink, 0.8f);
     canvas.Lay(layer, 0, 0);
 }
 
+// Each nail's head as one draws it with a pen: an uneven outline, two strokes of hatching on its dark side, a speck of light.
 static void Nails(Bench& bench)
 {
+    constexpr float Half = 7.5f, Hatches[] = {0.66f, 0.38f};
     const float s = bench.sight.scale;
+    const int width = bench.canvas.Width(), height = bench.canvas.Height();
     for (const float y : {-22.0f, -50.0f}) {
-        const Vector2 place = bench.sight({PoleX, y});
-        bench.ShadowOf(Ellipse(place, 7 * s, 7 * s), 5);
-        bench.Knob({PoleX, y}, 7.5f, Brass);
-        const int width = bench.canvas.Width(), height = bench.canvas.Height();
-        const Vector2 away = Vector2{2.4f, 2.2f} * s;
-        bench.canvas.Glaze(
-            Filled(width, height, Ellipse(place, 7 * s, 7 * s))
-                .Subtract(Filled(width, height, Ellipse(place - away, 7 * s, 7 * s)).Blur(1.2f * s)),
-            Mix(palette::Rust, palette::Ink, 0.3f), 1.1f);
-        bench.canvas.Cover(
-            Filled(width, height, Ellipse(place - away * 0.9f, 1.7f * s, 1.4f * s)).Blur(0.5f * s),
-            palette::Bone, 0.9f);
+        const Vector2 middle = {PoleX, y};
+        const auto arc = [&](float radius, float from, float to) {
+            std::vector<Vector2> points;
+            for (int i = 0; i <= 12; i++) {
+                const float a = Mix(from, to, float(i) / 12);
+                points.push_back(middle + Vector2{Cos(a), 0.94f * Sin(a)} * radius);
+            }
+            return points;
+        };
+        bench.ShadowOf(Ellipse(bench.sight(middle), Half * s, Half * s), 5);
+        const Line head = Through(bench.sight(arc(Half, 0, 2 * Pi)));
+        bench.canvas.Cover(Filled(width, height, Shaken(head, 0.4f * s, 9 * s, ++bench.seed)),
+                           Mix(palette::Ochre, palette::Rust, 0.25f));
+        bench.Lines({arc(Half, 0.6f, 2.2f * Pi)}, 1.9f, palette::Ink, 0.95f);
+        for (const float part : Hatches)
+            bench.Lines({arc(part * Half, -0.35f, 1.9f)}, 1.3f, palette::Ink, 0.85f);
+        bench.Lines({arc(0.55f * Half, 3.4f, 4.4f)}, 1.5f, Mix(palette::Amber, palette::Bone, 0.5f), 0.9f);
     }
 }
 

@@ -147,12 +147,6 @@ static void ClothePalm(Skeleton& hand, const Phalanx digits[][3], const Pose& po
         add(head + Point3{0, 0, -2.4f}, head + Point3{0, 1, -2.4f}, 9.3f * pose.bony * girth,
             9.3f * pose.bony * girth, 3.5f);
     }
-    for (int i = 0; pose.fleshy > 0 && i < 3; i++) {
-        const Point3 head = Mix(Measures[i].knuckle, Measures[i + 1].knuckle, 0.5f);
-        const Point3 root = Mix(roots[i], roots[i + 1], 0.5f);
-        add(root, Mix(root, head, 0.82f) + Point3{0, 0, -1}, 12.5f * girth * pose.fleshy,
-            10.5f * girth * pose.fleshy, 9);
-    }
     // The balls of the thumb and of the little finger, the heel, the web.
     const Phalanx& root = digits[Thumb][0];
     add({12, 14, 6}, Mix(root.a, root.b, 0.62f) + root.palmar * 1.0f, 14 * girth, 13.5f * girth, 8);

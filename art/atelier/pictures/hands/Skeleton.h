@@ -39,7 +39,6 @@ struct Pose {
     float girth = 1;      // thickness of the digits
     float thumbGirth = 1; // of the thumb beside the fingers
     float bony = 1;       // thickness of their joints
-    float fleshy = 0;     // how much flesh lies between the bones of the palm, at its back: 0 to 1
 };
 
 // A part of a digit as it lies in the picture.
