@@ -17,6 +17,7 @@ varying float seen;
 varying float lit;
 varying vec4 stroke;
 varying float bare;
+varying float against;
 
 // Which tile of the texture a face lies in says what it is made of.
 varying float material;
@@ -209,6 +210,9 @@ vec4 Surface()
 
     light += 0.55 * through * colour; // what shines through a fin from all sides
     light *= 1.55 / (1.0 + 0.85 * max(light.r, max(light.g, light.b))); // pale places keep their scales
+    // Against the fire only fins let light through, and a breath of it goes round the body.
+    light *= mix(1.0, is(membrane) ? 0.75 : 0.14, against);
+    light += against * emberLight * (0.9 * rim);
     return vec4(light, cover);
 }
 
